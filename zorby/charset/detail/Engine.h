@@ -1,0 +1,37 @@
+#pragma once
+
+#include <zorby/charset/detail/KeyTableRows.h>
+
+namespace zorby {
+
+// The MARC-8 alphabet in force, one for the whole library.
+extern unsigned char currentAlphabet;
+
+constexpr bool IsPrintableASCII(unsigned char c) {
+    return c >= 0x20 && c <= 0x7E;
+}
+constexpr bool IsASCIILetter(unsigned char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+constexpr bool IsASCIIDigit(unsigned char c) {
+    return c >= '0' && c <= '9';
+}
+constexpr bool IsDiacritic(unsigned char code) {
+    return code >= 0xA3 && code <= 0xBE;
+}
+
+inline constexpr unsigned char kGlyphMissing = 0x7F;
+
+// The one mapping from the `Qm` code to a display code. With `keepControls` carriage return, line
+// feed and tab stay.
+constexpr unsigned char DisplayCode(unsigned char code, int type, int keepControls) {
+    if (IsPrintableASCII(code)) return code;
+    if (keepControls != 0 && (code == '\r' || code == '\n' || code == '\t')) return code;
+    if (type == 1) {
+        const unsigned char display = kKeyTable[code].displayAnsi;
+        return display == kNoAnsiGlyph ? kGlyphMissing : display;
+    }
+    return type == 2 ? kKeyTable[code].displayFont : static_cast<unsigned char>(0);
+}
+
+}  // namespace zorby

@@ -1,0 +1,70 @@
+#include <zorby/record/CommFormat.h>
+
+#include <algorithm>
+
+namespace zorby {
+namespace {
+
+constexpr char kUnknownLeaderByte = '|';
+constexpr std::size_t kDataLimit = 99999;  // bytes of data that a field may not reach
+
+// `size` digits, zero-padded; a number with more keeps its left ones.
+void PutDecimal(char* target, std::size_t size, std::size_t number) {
+    std::size_t digits = 1;
+    for (std::size_t rest = number; rest >= 10; rest /= 10) ++digits;
+    for (; digits > size; --digits) number /= 10;
+    for (std::size_t i = size; i-- > 0; number /= 10) {
+        target[i] = static_cast<char>('0' + number % 10);
+    }
+}
+
+// Bytes of data that a record of `total` bytes gives up, in whole tens.
+std::size_t BytesToCut(std::size_t total, std::size_t dataSize) {
+    if (total <= kLongestRecord) return 0;
+    return std::min((total - 99990) / 10 * 10, dataSize);
+}
+
+}  // namespace
+
+void CommFormatWriter::Clear() {
+    leader_.clear();
+    directory_.clear();
+    data_.clear();
+}
+
+void CommFormatWriter::SetLeader(std::string_view leader) {
+    leader_.assign(leader.substr(0, kLeaderSize));
+}
+
+bool CommFormatWriter::AddField(std::string_view tag, std::string_view content) {
+    const std::size_t length = content.size() + 1;
+    if (data_.size() + length >= kDataLimit) return false;
+    char entry[kDirectoryEntrySize] = {'0', '0', '0'};
+    std::copy_n(tag.data(), std::min(tag.size(), std::size_t{3}), entry);
+    PutDecimal(entry + 3, 4, std::min(length, kLongestField));
+    PutDecimal(entry + 7, 5, data_.size());
+    directory_.append(entry, sizeof entry);
+    data_.append(content);
+    data_ += kFieldEnd;
+    return true;
+}
+
+std::size_t CommFormatWriter::Finish(std::string& record) const {
+    constexpr std::size_t kEnds = 2;  // of directory and record
+    record.clear();
+    if (directory_.empty() || data_.empty()) return 0;
+    const std::size_t total = kLeaderSize + directory_.size() + data_.size() + kEnds;
+    const std::size_t cut = BytesToCut(total, data_.size());
+    record.reserve(total - cut);
+    record = leader_;
+    record.resize(kLeaderSize, kUnknownLeaderByte);
+    PutDecimal(record.data() + kLeaderLength, 5, total - cut);
+    PutDecimal(record.data() + kLeaderBaseAddress, 5, kLeaderSize + directory_.size() + 1);
+    record += directory_;
+    record += kFieldEnd;
+    record.append(data_, 0, data_.size() - cut);
+    record += kRecordEnd;
+    return cut;
+}
+
+}  // namespace zorby

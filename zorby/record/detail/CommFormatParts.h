@@ -1,0 +1,47 @@
+#pragma once
+
+#include <zorby/record/CommFormat.h>
+
+#include <algorithm>
+
+namespace zorby {
+
+// The number that `size` digits at `at` stand for; -1 if they are no digits or not all there.
+inline int DecimalField(std::string_view bytes, std::size_t at, std::size_t size) {
+    if (at + size > bytes.size()) return -1;
+    int number = 0;
+    for (const char c : bytes.substr(at, size)) {
+        if (c < '0' || c > '9') return -1;
+        number = number * 10 + (c - '0');
+    }
+    return number;
+}
+
+inline bool IsTag(std::string_view tag) {
+    return tag.size() == 3 &&
+           std::all_of(tag.begin(), tag.end(), [](char c) { return c > ' ' && c < 0x7F; });
+}
+
+struct ContentFault {
+    CommFormatReason reason = CFR_None;
+    std::size_t offset = 0;  // in the content
+};
+
+// Two indicators and coded subfields in a data field. A tag that is no number may have any content.
+inline ContentFault CheckContent(const CommFormatField& field) {
+    const std::string_view content = field.content;
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (field.IsControlField() || !std::all_of(field.tag.begin(), field.tag.end(), isDigit)) {
+        return {};
+    }
+    const std::size_t first = content.find(kDelimiter);
+    if (std::min(first, content.size()) != 2) return {CFR_Indicators, 0};
+    for (std::size_t at = first; at != content.npos; at = content.find(kDelimiter, at + 2)) {
+        if (at + 1 == content.size() || content[at + 1] == kDelimiter) {
+            return {CFR_SubfieldCode, at};
+        }
+    }
+    return {};
+}
+
+}  // namespace zorby
