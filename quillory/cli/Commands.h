@@ -1,0 +1,20 @@
+#pragma once
+
+#include <quillory/cli/Reporter.h>
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+namespace quillory {
+
+// Each adds a command to the program; `run` is what to do if it is the one that was called.
+// FileError and ClosedPipe are left to the caller.
+using Run = std::function<Status()>;
+
+void AddConvert(CLI::App& program, Run& run);
+void AddShow(CLI::App& program, Run& run);
+
+}  // namespace quillory

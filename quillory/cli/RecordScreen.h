@@ -1,0 +1,18 @@
+#pragma once
+
+#include <quillory/exchange/Record.h>
+
+#include <string>
+
+namespace quillory {
+
+struct ScreenOptions {
+    std::size_t width = 0;  // columns, 0 for no limit
+    bool colour = false;
+};
+
+// Appends a record as a person reads it: a line a field, blank indicators as "#", "$" before each
+// code. The text is UTF-8; bytes that are none, and control characters, are shown as "<1B>".
+void AppendScreen(const Record& record, const ScreenOptions& options, std::string& text);
+
+}  // namespace quillory

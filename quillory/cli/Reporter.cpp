@@ -1,0 +1,71 @@
+#include <quillory/cli/Reporter.h>
+
+#include <cstdio>
+
+namespace quillory {
+namespace {
+
+constexpr std::uint64_t kSaidInFull = 5;
+
+// Bytes of a record on their way to a terminal: none that could steer it.
+std::string Printable(std::string_view text) {
+    std::string printable;
+    for (const char c : text) printable += c >= ' ' && c < 0x7F ? c : '?';
+    return printable;
+}
+
+}  // namespace
+
+std::string Counted(std::uint64_t count, std::string_view noun) {
+    return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+void Reporter::BeginFile(const std::string& name) {
+    file_ = name;
+    counts_.clear();
+}
+
+void Reporter::EndFile() {
+    for (const auto& [kind, count] : counts_) {
+        if (all_ || count <= kSaidInFull) continue;
+        Say(file_ + ": " + std::to_string(count - kSaidInFull) + " more: " + kind);
+    }
+}
+
+std::string Reporter::PlaceOf(const Item& item) const {
+    std::string place = file_ + ": ";
+    if (item.kind == kItemStray) {
+        place += item.number == 0 ? "before the first record"
+                                  : "after record " + std::to_string(item.number);
+    } else {
+        place += "record " + std::to_string(item.number);
+    }
+    place += " at byte " + std::to_string(item.offset);
+    const std::string_view number =
+        item.kind == kItemRecord ? item.record.ControlNumber() : item.controlNumber;
+    if (!number.empty()) place += " (001 " + Printable(number) + ")";
+    return place;
+}
+
+void Reporter::Say(const Item& item, std::string_view kind, std::string_view text) {
+    std::uint64_t& count = counts_[std::string(kind)];
+    ++count;
+    if (!all_ && count > kSaidInFull) return;
+    Say(PlaceOf(item) + ": " + std::string(text));
+}
+
+void Reporter::SayFault(const Item& item, std::string_view outcome) {
+    std::string text;
+    if (!item.tag.empty()) text += "field " + Printable(item.tag) + ": ";
+    text += item.reason;
+    if (item.faultOffset != item.offset) text += " (byte " + std::to_string(item.faultOffset) + ")";
+    if (item.kind == kItemStray) text += " (" + Counted(item.bytes.size(), "byte") + ")";
+    if (!outcome.empty()) text += "; " + std::string(outcome);
+    Say(item, item.reason, text);
+}
+
+void Reporter::Say(std::string_view text) const {
+    std::fprintf(stderr, "quillory: %.*s\n", static_cast<int>(text.size()), text.data());
+}
+
+}  // namespace quillory

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <quillory/exchange/Record.h>
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+// Exit statuses of every command.
+enum Status : int { kStatusWell = 0, kStatusFindings = 1, kStatusFailed = 2 };
+
+// Messages on standard error. Of one kind of message the first few of a file are said in full and
+// the others are counted, unless all are asked for.
+class Reporter {
+public:
+    Reporter(bool quiet, bool all) : quiet_(quiet), all_(all) {}
+
+    void BeginFile(const std::string& name);
+    // Says how many messages of the file were only counted.
+    void EndFile();
+
+    // What is wrong with an item, and what became of it. `kind` groups messages.
+    void Say(const Item& item, std::string_view kind, std::string_view text);
+    // As Say, where the item's reason and the place of its fault are the message.
+    void SayFault(const Item& item, std::string_view outcome);
+    // About the file or the work as a whole.
+    void Say(std::string_view text) const;
+
+    bool Quiet() const { return quiet_; }
+
+private:
+    std::string PlaceOf(const Item& item) const;
+
+    bool quiet_;
+    bool all_;
+    std::string file_;
+    std::map<std::string, std::uint64_t, std::less<>> counts_;
+};
+
+// "1 record", "2 records".
+std::string Counted(std::uint64_t count, std::string_view noun);
+
+}  // namespace quillory

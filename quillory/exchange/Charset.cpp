@@ -1,0 +1,73 @@
+#include <quillory/exchange/Charset.h>
+#include <zorby/charset/PlainRun.h>
+
+#include <utf8proc.h>
+
+namespace quillory {
+namespace {
+
+constexpr char kUtf8Label = 'a';
+
+struct Utf8Counts {
+    std::size_t valid = 0;    // characters beyond ASCII
+    std::size_t invalid = 0;  // bytes
+};
+
+void CountUtf8(std::string_view text, Utf8Counts& counts) {
+    const char* p = text.data();
+    const char* const end = p + text.size();
+    while ((p += zorby::PlainRunLength(p, end)) != end) {
+        utf8proc_int32_t codePoint = 0;
+        const utf8proc_ssize_t size =
+            utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(p), end - p, &codePoint);
+        if (size < 1) {
+            ++counts.invalid;
+        } else if (size > 1) {
+            ++counts.valid;
+        }
+        p += size < 1 ? 1 : size;
+    }
+}
+
+}  // namespace
+
+std::string_view CharsetName(Charset charset) {
+    switch (charset) {
+        case kCharsetMarc8:
+            return "MARC-8";
+        case kCharsetUtf8:
+            return "UTF-8";
+        case kCharsetLatin1:
+            return "Latin-1";
+        case kCharsetAuto:
+            break;
+    }
+    return "auto";
+}
+
+Charset LabelledCharset(std::string_view leader) {
+    const bool isUtf8 = leader.size() > zorby::kLeaderCharacterCode &&
+                        leader[zorby::kLeaderCharacterCode] == kUtf8Label;
+    return isUtf8 ? kCharsetUtf8 : kCharsetMarc8;
+}
+
+char LabelFor(Charset charset) {
+    return charset == kCharsetUtf8 ? kUtf8Label : ' ';
+}
+
+bool IsValidUtf8(std::string_view text) {
+    Utf8Counts counts;
+    CountUtf8(text, counts);
+    return counts.invalid == 0;
+}
+
+Charset ActualCharset(const Record& record) {
+    const Charset labelled = LabelledCharset(record.leader);
+    Utf8Counts counts;
+    for (const zorby::CommFormatField& field : record.fields) CountUtf8(field.content, counts);
+    if (counts.valid > 0 && counts.invalid == 0) return kCharsetUtf8;
+    if (counts.valid == 0 && counts.invalid > 0) return kCharsetMarc8;
+    return labelled;
+}
+
+}  // namespace quillory

@@ -1,0 +1,75 @@
+#include <quillory/exchange/Form.h>
+#include <quillory/exchange/MarcReader.h>
+#include <quillory/exchange/Microlif.h>
+#include <quillory/exchange/Mrk.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+constexpr std::array<std::pair<std::string_view, Form>, 8> kEndings{{
+    {".mrc", kFormMarc},
+    {".marc", kFormMarc},
+    {".iso", kFormMarc},
+    {".iso2709", kFormMarc},
+    {".mrk", kFormMrk},
+    {".mrk8", kFormMrk},
+    {".lif", kFormMicrolif},
+    {".001", kFormMicrolif},
+}};
+
+}  // namespace
+
+Form FormOfName(std::string_view name) {
+    if (name.ends_with(".gz")) name.remove_suffix(3);
+    std::string lower(name);
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+    for (const auto& [ending, form] : kEndings) {
+        if (lower.ends_with(ending)) return form;
+    }
+    return kFormUnknown;
+}
+
+Form FormOfContent(Input& input) {
+    constexpr std::size_t kLook = 256;
+    constexpr std::string_view kFiller("\n\r\t \0\x1A\x1D\xEF\xBB\xBF", 10);
+    std::string_view head = input.Peek(kLook);
+    head.remove_prefix(std::min(head.find_first_not_of(kFiller), head.size()));
+    if (head.starts_with("LDR") || head.starts_with("HDR")) return kFormMicrolif;
+    const auto digits = std::min(head.find_first_not_of("0123456789"), head.size());
+    if (head.starts_with("=LDR") || (head.starts_with('=') && head.substr(4).starts_with("  "))) {
+        return kFormMrk;
+    }
+    return digits >= 5 ? kFormMarc : kFormUnknown;
+}
+
+std::unique_ptr<RecordReader> MakeReader(Form form, Input& input, bool lenient) {
+    switch (form) {
+        case kFormMrk:
+            return std::make_unique<MrkReader>(input);
+        case kFormMicrolif:
+            return std::make_unique<MicrolifReader>(input);
+        default:
+            return std::make_unique<MarcReader>(input, lenient);
+    }
+}
+
+std::unique_ptr<RecordWriter> MakeWriter(Form form, Output& output, Oversize oversize) {
+    switch (form) {
+        case kFormMrk:
+            return std::make_unique<MrkWriter>(output);
+        case kFormMicrolif:
+            return std::make_unique<MicrolifWriter>(output);
+        default:
+            return std::make_unique<MarcWriter>(output, oversize);
+    }
+}
+
+}  // namespace quillory

@@ -1,0 +1,144 @@
+#include <quillory/exchange/Input.h>
+
+#include <zlib.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace quillory {
+namespace {
+
+constexpr std::size_t kBufferSize = std::size_t{1} << 20;
+constexpr std::string_view kGzipMagic = "\x1F\x8B";
+
+}  // namespace
+
+// Unpacks gzip data, one member after the other.
+class Input::Unpacker {
+public:
+    explicit Unpacker(Input& input) : input_(input), packed_(kBufferSize / 4) {
+        constexpr int kGzipOnly = 15 + 16;  // largest window, gzip header
+        if (inflateInit2(&stream_, kGzipOnly) != Z_OK) throw FileError(input.name_ + ": no memory");
+    }
+    ~Unpacker() { inflateEnd(&stream_); }
+    Unpacker(const Unpacker&) = delete;
+    Unpacker& operator=(const Unpacker&) = delete;
+
+    void Give(std::string_view packed) {
+        std::memcpy(packed_.data(), packed.data(), packed.size());
+        stream_.next_in = Bytes(packed_.data());
+        stream_.avail_in = static_cast<uInt>(packed.size());
+    }
+
+    std::size_t Unpack(char* target, std::size_t size) {
+        stream_.next_out = Bytes(target);
+        stream_.avail_out = static_cast<uInt>(size);
+        while (stream_.avail_out == size) {
+            if (stream_.avail_in == 0 && !Refill()) return 0;
+            if (memberEnded_) {
+                inflateReset(&stream_);
+                memberEnded_ = false;
+            }
+            const int result = inflate(&stream_, Z_NO_FLUSH);
+            memberEnded_ = result == Z_STREAM_END;
+            if (result != Z_OK && !memberEnded_) {
+                throw FileError(input_.name_ + ": damaged gzip data");
+            }
+        }
+        return size - stream_.avail_out;
+    }
+
+private:
+    static Bytef* Bytes(char* p) { return reinterpret_cast<Bytef*>(p); }
+
+    bool Refill() {
+        const std::size_t size = input_.ReadRaw(packed_.data(), packed_.size());
+        if (size == 0 && !memberEnded_) throw FileError(input_.name_ + ": gzip data cut short");
+        stream_.next_in = Bytes(packed_.data());
+        stream_.avail_in = static_cast<uInt>(size);
+        return size != 0;
+    }
+
+    Input& input_;
+    std::vector<char> packed_;
+    z_stream stream_{};
+    bool memberEnded_ = false;
+};
+
+Input::Input(const std::string& path) : name_(path == "-" ? "standard input" : path) {
+    descriptor_ = path == "-" ? dup(STDIN_FILENO) : open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor_ < 0) throw FileError(name_ + ": " + std::strerror(errno));
+    struct stat status {};
+    if (fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode)) {
+        fileSize_ = static_cast<std::uint64_t>(status.st_size);
+    }
+    buffer_.resize(kBufferSize);
+}
+
+Input::~Input() {
+    close(descriptor_);
+}
+
+bool Input::IsSameFileAs(const std::string& path) const {
+    struct stat mine {};
+    struct stat other {};
+    return fstat(descriptor_, &mine) == 0 && stat(path.c_str(), &other) == 0 &&
+           S_ISREG(mine.st_mode) && mine.st_dev == other.st_dev && mine.st_ino == other.st_ino;
+}
+
+std::size_t Input::ReadRaw(char* target, std::size_t size) {
+    for (;;) {
+        const ssize_t got = read(descriptor_, target, size);
+        if (got >= 0) {
+            bytesRead_ += static_cast<std::uint64_t>(got);
+            return static_cast<std::size_t>(got);
+        }
+        if (errno != EINTR) throw FileError(name_ + ": " + std::strerror(errno));
+    }
+}
+
+std::size_t Input::ReadSome(char* target, std::size_t size) {
+    return unpacker_ ? unpacker_->Unpack(target, size) : ReadRaw(target, size);
+}
+
+// Makes room behind the window, then reads until it has `size` bytes.
+void Input::Fill(std::size_t size) {
+    if (begin_ + size > buffer_.size()) {
+        std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+        end_ -= begin_;
+        begin_ = 0;
+        if (size > buffer_.size()) buffer_.resize(std::max(size, buffer_.size() * 2));
+    }
+    while (!atEnd_ && end_ - begin_ < size) {
+        const std::size_t got = ReadSome(buffer_.data() + end_, buffer_.size() - end_);
+        atEnd_ = got == 0;
+        end_ += got;
+    }
+}
+
+std::string_view Input::Peek(std::size_t size) {
+    if (!begun_) {
+        begun_ = true;
+        Fill(kGzipMagic.size());
+        const std::string_view head(buffer_.data(), end_);
+        if (head.starts_with(kGzipMagic)) {
+            unpacker_ = std::make_unique<Unpacker>(*this);
+            unpacker_->Give(head.substr(0, kBufferSize / 4));
+            end_ = 0;
+        }
+    }
+    if (end_ - begin_ < size && !atEnd_) Fill(size);
+    return {buffer_.data() + begin_, end_ - begin_};
+}
+
+void Input::Skip(std::size_t size) {
+    const std::size_t taken = std::min(size, end_ - begin_);
+    begin_ += taken;
+    offset_ += taken;
+}
+
+}  // namespace quillory

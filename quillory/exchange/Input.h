@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillory {
+
+// A file that can't be opened, read or written. The text names the file and the reason.
+class FileError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// The bytes of a file or of standard input ("-"), in order, through a window that moves forward. A
+// file in gzip form is unpacked. Memory is bounded by the largest window that is asked for.
+class Input {
+public:
+    // Throws FileError.
+    explicit Input(const std::string& path);
+    ~Input();
+    Input(const Input&) = delete;
+    Input& operator=(const Input&) = delete;
+
+    // At least `size` bytes from the place reached, or all that are left. The view holds until the
+    // next call. Throws FileError.
+    std::string_view Peek(std::size_t size);
+    // Moves on by `size` bytes, at most those in the window.
+    void Skip(std::size_t size);
+
+    // Bytes before the place reached; of a gzip file, unpacked.
+    std::uint64_t Offset() const { return offset_; }
+    // Bytes of the file itself that have been read, and its size, 0 if not known.
+    std::uint64_t BytesRead() const { return bytesRead_; }
+    std::uint64_t FileSize() const { return fileSize_; }
+
+    const std::string& Name() const { return name_; }
+    // The device and file number, to tell one file from another; false where there is none.
+    bool IsSameFileAs(const std::string& path) const;
+
+private:
+    class Unpacker;
+
+    void Fill(std::size_t size);
+    std::size_t ReadSome(char* target, std::size_t size);
+    std::size_t ReadRaw(char* target, std::size_t size);
+
+    std::string name_;
+    int descriptor_ = -1;
+    std::uint64_t fileSize_ = 0;
+    std::uint64_t bytesRead_ = 0;
+    std::uint64_t offset_ = 0;
+    std::vector<char> buffer_;
+    std::size_t begin_ = 0;
+    std::size_t end_ = 0;
+    bool atEnd_ = false;
+    bool begun_ = false;
+    std::unique_ptr<Unpacker> unpacker_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <quillory/exchange/LineBlock.h>
+#include <quillory/exchange/Record.h>
+
+namespace quillory {
+
+// What the readers of text forms have in common: a record is a block of lines, and each is either
+// read or damaged as a whole.
+class LineReader : public RecordReader {
+public:
+    bool Next(Item& item) final;
+
+protected:
+    LineReader(Input& input, const LineBlock& block) : input_(input), block_(block) {}
+
+    // Bytes at the front of `block` that are of no record, and what they are; 0 if there are none.
+    virtual std::size_t StrayBytes(std::string_view block, std::string& what) const = 0;
+    // Reads a block into `item.record`, with views that last until the next call. On a fault, false
+    // with the reason, tag and offset in the item, which holds the offset of the block.
+    virtual bool Read(std::string_view block, Item& item) = 0;
+
+private:
+    Input& input_;
+    const LineBlock& block_;
+    std::uint64_t count_ = 0;
+    std::size_t taken_ = 0;
+};
+
+}  // namespace quillory

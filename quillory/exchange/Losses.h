@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+
+namespace quillory {
+
+// What became of a character that an output could not carry.
+enum LossKind : std::int32_t {
+    kLossReference,    // a code point, written as &#xXXXX; nothing is lost
+    kLossReplaced,     // a byte that is no character, written as U+FFFD
+    kLossNoLetter,     // a diacritic (code point) without a letter, set on a blank
+    kLossMicrolifSign  // a byte that old MicroLIF does not give back
+};
+
+// Counts by kind and character.
+class Losses {
+public:
+    void Add(LossKind kind, std::uint32_t character, std::uint64_t count = 1) {
+        counts_[{kind, character}] += count;
+    }
+    void Add(const Losses& other);
+    void Clear() { counts_.clear(); }
+    bool Empty() const { return counts_.empty(); }
+    // True if anything was not carried in full.
+    bool Real() const;
+
+    // One line a character, each led by `lead`.
+    std::string Text(const std::string& lead) const;
+
+private:
+    std::map<std::pair<LossKind, std::uint32_t>, std::uint64_t> counts_;
+};
+
+}  // namespace quillory

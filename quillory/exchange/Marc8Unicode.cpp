@@ -1,0 +1,282 @@
+#include <quillory/exchange/CharacterReference.h>
+#include <quillory/exchange/Marc8Unicode.h>
+
+#include <yaz/yaz-iconv.h>
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+namespace quillory {
+namespace {
+
+constexpr char kEscape = '\x1B';
+
+bool IsControl(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7F;
+}
+
+bool IsHigh(char c) {
+    return static_cast<unsigned char>(c) >= 0x80;
+}
+
+}  // namespace
+
+// One direction of libyaz; each call starts afresh.
+class Marc8Unicode::Converter {
+public:
+    enum Outcome { kDone, kIncomplete, kFailed };
+
+    Converter(const char* to, const char* from) : handle_(yaz_iconv_open(to, from)) {
+        if (handle_ == nullptr) throw std::runtime_error("libyaz has no converter for MARC-8");
+    }
+    ~Converter() { yaz_iconv_close(handle_); }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+
+    // The result replaces `out`.
+    Outcome Convert(std::string in, std::string& out) {
+        constexpr std::size_t kGrowth = 8;  // bytes for one byte, escapes included
+        out.resize(in.size() * kGrowth + 64);
+        char* source = in.data();
+        std::size_t sourceLeft = in.size();
+        char* target = out.data();
+        std::size_t targetLeft = out.size();
+        yaz_iconv(handle_, nullptr, nullptr, nullptr, nullptr);
+        const std::size_t result = yaz_iconv(handle_, &source, &sourceLeft, &target, &targetLeft);
+        const int error = yaz_iconv_error(handle_);
+        yaz_iconv(handle_, nullptr, nullptr, &target, &targetLeft);
+        out.resize(out.size() - targetLeft);
+        if (result != static_cast<std::size_t>(-1)) return kDone;
+        return error == YAZ_ICONV_EINVAL ? kIncomplete : kFailed;
+    }
+
+private:
+    yaz_iconv_t handle_;
+};
+
+// Reads MARC-8 in units of diacritics and a letter, under the sets that escapes have designated.
+class Marc8Unicode::Decoder {
+public:
+    Decoder(std::string_view text, Marc8Unicode& owner, std::string& out, Losses& losses)
+        : text_(text), owner_(owner), out_(out), losses_(losses) {}
+
+    void Run() {
+        while (at_ < text_.size()) {
+            if (text_[at_] == kEscape) {
+                TakeEscape();
+            } else if (IsControl(text_[at_])) {
+                out_ += text_[at_++];
+            } else {
+                TakeUnit();
+            }
+        }
+    }
+
+private:
+    struct Set {
+        std::string escape;     // that designates it; empty for the default
+        std::size_t width = 1;  // bytes of a character
+    };
+
+    char Byte(std::size_t at) const { return at < text_.size() ? text_[at] : '\0'; }
+    std::size_t CharacterSize(std::size_t at) const;
+    void TakeEscape();
+    void TakeUnit();
+    void Lose(std::string_view bytes);
+    void CheckDoubleMarks(std::string_view unit);
+
+    std::string_view text_;
+    Marc8Unicode& owner_;
+    std::string& out_;
+    Losses& losses_;
+    std::size_t at_ = 0;
+    Set g0_;
+    Set g1_;
+    bool doubleMarkOpen_ = false;
+};
+
+// A final byte behind intermediates: "(" and "," designate G0, ")" and "-" G1, "$" a set of three
+// bytes a character; "!" is part of the final. One letter alone is a set of technique 1.
+void Marc8Unicode::Decoder::TakeEscape() {
+    std::size_t at = at_ + 1;
+    Set set;
+    bool isG1 = false;
+    const char first = Byte(at);
+    if (first == 's' || first == 'g' || first == 'b' || first == 'p') {
+        if (first != 's') set.escape = text_.substr(at_, 2);
+        g0_ = set;
+        at_ += 2;
+        return;
+    }
+    if (Byte(at) == '$') {
+        set.width = 3;
+        ++at;
+    }
+    if (std::string_view("(,)-").find(Byte(at)) != std::string_view::npos) {
+        isG1 = Byte(at) == ')' || Byte(at) == '-';
+        ++at;
+    } else if (set.width == 1) {
+        Lose(text_.substr(at_++, 1));
+        return;
+    }
+    if (Byte(at) == '!') ++at;
+    if (at >= text_.size() || Byte(at) <= ' ' || IsHigh(Byte(at))) {
+        Lose(text_.substr(at_++, 1));
+        return;
+    }
+    set.escape = text_.substr(at_, at + 1 - at_);
+    (isG1 ? g1_ : g0_) = set;
+    at_ = at + 1;
+}
+
+std::size_t Marc8Unicode::Decoder::CharacterSize(std::size_t at) const {
+    const char c = text_[at];
+    const std::size_t width = c == ' ' ? 1 : IsHigh(c) ? g1_.width : g0_.width;
+    return std::min(width, text_.size() - at);
+}
+
+void Marc8Unicode::Decoder::Lose(std::string_view bytes) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    for (const char c : bytes) losses_.Add(kLossReplaced, static_cast<unsigned char>(c));
+    quillory::AppendUtf8(kReplacement, out_);
+}
+
+// libyaz passes over the second half of a double diacritic; without its first half it is lost.
+void Marc8Unicode::Decoder::CheckDoubleMarks(std::string_view unit) {
+    if (!g1_.escape.empty()) return;
+    for (const char c : unit) {
+        if (c == '\xEB' || c == '\xFA') doubleMarkOpen_ = true;
+        if (c != '\xEC' && c != '\xFB') continue;
+        if (!doubleMarkOpen_) losses_.Add(kLossReplaced, static_cast<unsigned char>(c));
+        doubleMarkOpen_ = false;
+    }
+}
+
+void Marc8Unicode::Decoder::TakeUnit() {
+    std::string converted;
+    std::size_t end = at_ + CharacterSize(at_);
+    const std::string sets = g0_.escape + g1_.escape;
+    const auto unit = [&] { return text_.substr(at_, end - at_); };
+    auto outcome = owner_.toUtf8_->Convert(sets + std::string(unit()), converted);
+    while (outcome == Converter::kIncomplete && end < text_.size() && !IsControl(text_[end])) {
+        end += CharacterSize(end);
+        outcome = owner_.toUtf8_->Convert(sets + std::string(unit()), converted);
+    }
+    CheckDoubleMarks(unit());
+    if (outcome == Converter::kIncomplete) {
+        outcome = owner_.toUtf8_->Convert(sets + std::string(unit()) + " ", converted);
+        if (outcome == Converter::kDone && converted.size() > 1) {
+            losses_.Add(kLossNoLetter, DecodeUtf8(std::string_view(converted).substr(1)).codePoint);
+        }
+    }
+    if (outcome == Converter::kDone && !converted.empty()) {
+        out_ += Normalized(converted, owner_.form_);
+    } else {
+        Lose(unit());
+    }
+    at_ = end;
+}
+
+Marc8Unicode::Marc8Unicode(NormalForm form)
+    : form_(form),
+      toUtf8_(std::make_unique<Converter>("UTF-8", "MARC-8")),
+      toMarc8_(std::make_unique<Converter>("MARC-8", "UTF-8")) {}
+
+Marc8Unicode::~Marc8Unicode() = default;
+
+void Marc8Unicode::AppendUtf8(std::string_view marc8, std::string& utf8, Losses& losses) {
+    Decoder(marc8, *this, utf8, losses).Run();
+}
+
+// libyaz must give it back, too: it passes over some characters without a word. A blank before it
+// carries a combining character.
+bool Marc8Unicode::HasCharacter(char32_t codePoint) {
+    std::string utf8 = " ";
+    quillory::AppendUtf8(codePoint, utf8);
+    std::string marc8;
+    std::string back;
+    return toMarc8_->Convert(utf8, marc8) == Converter::kDone &&
+           toUtf8_->Convert(marc8, back) == Converter::kDone && back == utf8;
+}
+
+const std::u32string& Marc8Unicode::PlanFor(char32_t codePoint) {
+    const auto known = plans_.find(codePoint);
+    if (known != plans_.end()) return known->second;
+    std::u32string& plan = plans_[codePoint];
+    if (HasCharacter(codePoint)) {
+        plan = codePoint;
+        return plan;
+    }
+    std::array<utf8proc_int32_t, 8> parts{};
+    int boundClass = 0;
+    const utf8proc_ssize_t count =
+        utf8proc_decompose_char(static_cast<utf8proc_int32_t>(codePoint), parts.data(),
+                                parts.size(), UTF8PROC_DECOMPOSE, &boundClass);
+    for (utf8proc_ssize_t i = 0; i < std::min<utf8proc_ssize_t>(count, parts.size()); ++i) {
+        plan += static_cast<char32_t>(parts[static_cast<std::size_t>(i)]);
+    }
+    // The horn is no diacritic of MARC-8, but two letters have it.
+    constexpr char32_t kHorn = 0x031B;
+    if (const std::size_t horn = plan.find(kHorn); horn != plan.npos && horn > 0) {
+        constexpr std::u32string_view kPlain = U"oOuU";
+        constexpr std::u32string_view kHorned = U"\u01A1\u01A0\u01B0\u01AF";
+        const std::size_t letter = kPlain.find(plan[0]);
+        plan.erase(horn, 1);
+        plan[0] = letter == kPlain.npos ? kHorn : kHorned[letter];
+    }
+    const bool allThere =
+        plan.size() > 1 &&
+        std::all_of(plan.begin(), plan.end(), [this](char32_t part) { return HasCharacter(part); });
+    if (!allThere) plan.clear();
+    return plan;
+}
+
+// Characters that MARC-8 has each for itself may still not stand together; they are written out
+// then.
+void Marc8Unicode::AppendPlanned(std::string_view planned, std::string& marc8, Losses& losses) {
+    std::string converted;
+    if (toMarc8_->Convert(std::string(planned), converted) == Converter::kDone) {
+        marc8 += converted;
+        return;
+    }
+    while (!planned.empty()) {
+        const Utf8Char c = DecodeUtf8(planned);
+        if (c.codePoint < 0x80) {
+            marc8 += planned.front();
+        } else {
+            losses.Add(kLossReference, c.codePoint);
+            AppendReference(c.codePoint, marc8);
+        }
+        planned.remove_prefix(c.size);
+    }
+}
+
+void Marc8Unicode::AppendMarc8(std::string_view utf8, std::string& marc8, Losses& losses) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    std::string planned;
+    const auto flush = [&] {
+        AppendPlanned(planned, marc8, losses);
+        planned.clear();
+    };
+    while (!utf8.empty()) {
+        const Utf8Char c = DecodeUtf8(utf8);
+        if (!c.valid) {
+            losses.Add(kLossReplaced, static_cast<unsigned char>(utf8.front()));
+            AppendReference(kReplacement, planned);
+        } else if (c.codePoint < 0x20 || c.codePoint == 0x7F) {
+            flush();
+            marc8 += utf8.front();
+        } else if (const std::u32string& plan = PlanFor(c.codePoint); !plan.empty()) {
+            for (const char32_t part : plan) quillory::AppendUtf8(part, planned);
+        } else {
+            losses.Add(kLossReference, c.codePoint);
+            AppendReference(c.codePoint, planned);
+        }
+        utf8.remove_prefix(c.size);
+    }
+    flush();
+}
+
+}  // namespace quillory

@@ -1,0 +1,152 @@
+#include <quillory/exchange/MarcReader.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+using zorby::CommFormatFault;
+
+// A record of more bytes than this is taken for a file that holds no records.
+constexpr std::size_t kLongestDamage = std::size_t{4} << 20;
+
+// What systems put between records: line ends, blanks, NUL, the old end-of-file byte, a doubled
+// record end, the byte order mark of UTF-8.
+constexpr std::string_view kFiller("\n\r\t \0\x1A\x1D\xEF\xBB\xBF", 10);
+
+std::size_t StatedLength(std::string_view bytes) {
+    std::size_t length = 0;
+    for (const char c : bytes.substr(0, 5)) {
+        if (c < '0' || c > '9') return 0;
+        length = length * 10 + static_cast<std::size_t>(c - '0');
+    }
+    return bytes.size() < 5 ? 0 : length;
+}
+
+// Where in damaged bytes a sound record begins that ends with them; their size if there is none.
+std::size_t FindSoundTail(std::string_view bytes) {
+    zorby::CommFormatFields fields;
+    for (std::size_t at = 1; at + zorby::kLeaderSize < bytes.size(); ++at) {
+        const std::string_view tail = bytes.substr(at);
+        if (StatedLength(tail) == tail.size() && !ReadCommFormat(tail, fields)) return at;
+    }
+    return bytes.size();
+}
+
+// The content of field 001 in damaged bytes, if it is where it nearly always is.
+std::string_view LikelyControlNumber(std::string_view bytes) {
+    constexpr std::size_t kLongest = 64;
+    if (bytes.substr(std::min(bytes.size(), zorby::kLeaderSize), 3) != "001") return {};
+    const std::size_t directoryEnd = bytes.find(zorby::kFieldEnd);
+    const std::size_t start = directoryEnd == bytes.npos ? bytes.size() : directoryEnd + 1;
+    const std::size_t end = bytes.find(zorby::kFieldEnd, start);
+    return end != bytes.npos && end - start <= kLongest ? bytes.substr(start, end - start)
+                                                        : std::string_view{};
+}
+
+}  // namespace
+
+void MarcReader::Give(Item& item, ItemKind kind, std::string_view bytes) {
+    item.kind = kind;
+    item.offset = input_.Offset();
+    item.faultOffset = item.offset;
+    item.bytes = bytes;
+    item.continues = false;
+    item.reason.clear();
+    item.tag.clear();
+    item.controlNumber.clear();
+    if (kind != kItemStray) ++count_;
+    item.number = count_;
+    taken_ = bytes.size();
+}
+
+void MarcReader::SetFault(Item& item, const CommFormatFault& fault) {
+    item.reason = CommFormatFaultText(fault.reason);
+    item.faultOffset = item.offset + fault.offset;
+    item.tag = fault.tag;
+}
+
+bool MarcReader::TakeStrayBytes(Item& item) {
+    if (kFiller.find(input_.Peek(1).front()) == kFiller.npos) return false;
+    const std::string_view window = input_.Peek(zorby::kLongestRecord);
+    const std::size_t size = std::min(window.find_first_not_of(kFiller), window.size());
+    Give(item, kItemStray, window.substr(0, size));
+    item.reason = "stray bytes between records";
+    return true;
+}
+
+bool MarcReader::TakeSoundRecord(Item& item) {
+    const std::size_t length = StatedLength(input_.Peek(zorby::kLeaderSize));
+    if (length <= zorby::kLeaderSize) return false;
+    const std::string_view window = input_.Peek(length);
+    if (length > window.size()) return false;
+    const std::string_view bytes = window.substr(0, length);
+    std::swap(fields_.fields, item.record.fields);
+    const CommFormatFault fault = ReadCommFormat(bytes, fields_);
+    std::swap(fields_.fields, item.record.fields);
+    if (fault) return false;
+    Give(item, kItemRecord, bytes);
+    item.record.leader = fields_.leader;
+    item.record.bytes = bytes;
+    return true;
+}
+
+bool MarcReader::Rescue(Item& item, std::string_view bytes) {
+    const CommFormatFault fault = RescueCommFormat(bytes, rescue_);
+    if (fault) {
+        item.reason += "; can't be read with certainty: " + CommFormatFaultText(fault.reason);
+        return false;
+    }
+    item.kind = kItemRecord;
+    item.record.leader = rescue_.leader;
+    item.record.fields = rescue_.fields;
+    item.record.bytes = {};
+    return true;
+}
+
+void MarcReader::TakeEndlessDamage(Item& item, std::string_view window) {
+    Give(item, kItemDamaged, window);
+    if (inEndlessDamage_) --count_;
+    item.number = count_;
+    item.reason = "no record end (0x1D) within 4 MiB";
+    item.continues = inEndlessDamage_;
+    inEndlessDamage_ = true;
+}
+
+void MarcReader::TakeDamage(Item& item) {
+    const std::string_view window = input_.Peek(kLongestDamage);
+    const std::size_t end = window.find(zorby::kRecordEnd);
+    if (end == window.npos && window.size() >= kLongestDamage) {
+        TakeEndlessDamage(item, window);
+        return;
+    }
+    const std::string_view chunk = window.substr(0, end == window.npos ? end : end + 1);
+    const std::string_view bytes = chunk.substr(0, FindSoundTail(chunk));
+    if (bytes.size() < chunk.size() && !inEndlessDamage_) {
+        Give(item, kItemStray, bytes);
+        item.reason = "text between records";
+        return;
+    }
+    Give(item, kItemDamaged, bytes);
+    item.continues = std::exchange(inEndlessDamage_, false);
+    if (item.continues) item.number = --count_;
+    SetFault(item, ReadCommFormat(bytes, fields_));
+    item.controlNumber = LikelyControlNumber(bytes);
+    if (end == window.npos && StatedLength(bytes) == 0) {
+        item.reason = "no MARC record: it does not begin with a length in five digits";
+        item.faultOffset = item.offset;
+    } else if (lenient_ && !item.continues) {
+        Rescue(item, bytes);
+    }
+}
+
+bool MarcReader::Next(Item& item) {
+    input_.Skip(std::exchange(taken_, 0));
+    if (input_.Peek(1).empty()) return false;
+    if (!inEndlessDamage_ && (TakeStrayBytes(item) || TakeSoundRecord(item))) return true;
+    TakeDamage(item);
+    return true;
+}
+
+}  // namespace quillory

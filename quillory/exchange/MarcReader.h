@@ -1,0 +1,35 @@
+#pragma once
+
+#include <quillory/exchange/Input.h>
+#include <quillory/exchange/Record.h>
+
+namespace quillory {
+
+// Reads ISO 2709 records. Damage ends at the next record end (0x1D), and a sound record behind
+// other bytes before that end is found again.
+class MarcReader : public RecordReader {
+public:
+    // With `lenient` a damaged record is read from its terminators where that is certain.
+    MarcReader(Input& input, bool lenient) : input_(input), lenient_(lenient) {}
+
+    bool Next(Item& item) override;
+
+private:
+    bool TakeStrayBytes(Item& item);
+    bool TakeSoundRecord(Item& item);
+    void TakeDamage(Item& item);
+    void TakeEndlessDamage(Item& item, std::string_view window);
+    bool Rescue(Item& item, std::string_view bytes);
+    void Give(Item& item, ItemKind kind, std::string_view bytes);
+    void SetFault(Item& item, const zorby::CommFormatFault& fault);
+
+    Input& input_;
+    bool lenient_;
+    bool inEndlessDamage_ = false;
+    std::uint64_t count_ = 0;
+    std::size_t taken_ = 0;  // bytes of the item given last
+    zorby::CommFormatFields fields_;
+    zorby::CommFormatRescue rescue_;
+};
+
+}  // namespace quillory

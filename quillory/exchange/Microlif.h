@@ -1,0 +1,34 @@
+#pragma once
+
+#include <quillory/exchange/LineReader.h>
+#include <zorby/record/Pmarc.h>
+
+#include <string>
+
+namespace quillory {
+
+// Old MicroLIF text: one field a line, the record ended by "^`". Line ends may be CR LF, LF or CR,
+// and the length in the head may be any.
+class MicrolifReader : public LineReader {
+public:
+    explicit MicrolifReader(Input& input);
+
+protected:
+    std::size_t StrayBytes(std::string_view block, std::string& what) const override;
+    bool Read(std::string_view block, Item& item) override;
+
+private:
+    bool TakeFields(Item& item);
+
+    zorby::CPmarc pmarc_;
+    std::string leader_;
+};
+
+// Appends a record as old MicroLIF.
+void AppendMicrolif(const Record& record, std::string& text);
+
+// Signs of a field that the form does not give back: underscores of a data field, line ends, and
+// the ends of field and record at the end of a field.
+std::string MicrolifLosses(const zorby::CommFormatField& field);
+
+}  // namespace quillory

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <quillory/exchange/LineReader.h>
+
+#include <string>
+
+namespace quillory {
+
+// The customary line form of MARC records: "=245  10$aTitle /$cName.", a blank line between
+// records. A blank indicator, and a blank in a control field, is written as a backslash. Signs that
+// the form uses stand in braces: {dollar}, {lcub}, {rcub}, {bsol} in control fields, and a control
+// byte as two hexadecimal digits such as {0A}.
+class MrkReader : public LineReader {
+public:
+    explicit MrkReader(Input& input);
+
+protected:
+    std::size_t StrayBytes(std::string_view block, std::string& what) const override;
+    bool Read(std::string_view block, Item& item) override;
+
+private:
+    bool ReadLine(std::string_view line, Item& item);
+    bool ReadData(std::string_view text, Item& item);
+    std::string_view Hold(std::size_t start) const;
+
+    std::string text_;  // leader and contents of the record, unescaped
+};
+
+// Appends a record in the line form, with the blank line behind it.
+void AppendMrk(const Record& record, std::string& text);
+
+}  // namespace quillory

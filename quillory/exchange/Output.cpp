@@ -1,0 +1,192 @@
+#include <quillory/exchange/Output.h>
+
+#define ZLIB_CONST
+#include <zlib.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace quillory {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kBufferSize = std::size_t{1} << 18;
+
+// Names of unfinished files, where a signal handler can reach them.
+std::array<std::atomic<char*>, 8> unfinished{};
+
+void Remember(const std::string& path) {
+    char* copy = strdup(path.c_str());
+    for (auto& slot : unfinished) {
+        char* none = nullptr;
+        if (slot.compare_exchange_strong(none, copy)) return;
+    }
+    std::free(copy);
+}
+
+void Forget(const std::string& path) {
+    for (auto& slot : unfinished) {
+        char* name = slot.load();
+        if (name == nullptr || path != name) continue;
+        slot.store(nullptr);
+        std::free(name);
+        return;
+    }
+}
+
+extern "C" void EndBySignal(int signal) {
+    for (auto& slot : unfinished) {
+        const char* name = slot.load();
+        if (name != nullptr) unlink(name);
+    }
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
+bool IsPlainOrAbsent(const fs::path& path) {
+    std::error_code error;
+    const fs::file_status status = fs::status(path, error);
+    return !fs::exists(status) || fs::is_regular_file(status);
+}
+
+// The mode of the file that is replaced, or what the process gives to new files.
+mode_t ModeFor(const fs::path& path) {
+    struct stat status {};
+    if (stat(path.c_str(), &status) == 0) return status.st_mode & 07777;
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+}  // namespace
+
+class Output::Packer {
+public:
+    explicit Packer(Output& output) : output_(output), packed_(kBufferSize) {
+        constexpr int kGzip = 15 + 16;
+        constexpr int kMemoryLevel = 8;
+        if (deflateInit2(&stream_, Z_DEFAULT_COMPRESSION, Z_DEFLATED, kGzip, kMemoryLevel,
+                         Z_DEFAULT_STRATEGY) != Z_OK) {
+            throw FileError(output.name_ + ": no memory");
+        }
+    }
+    ~Packer() { deflateEnd(&stream_); }
+    Packer(const Packer&) = delete;
+    Packer& operator=(const Packer&) = delete;
+
+    void Pack(std::string_view bytes, int flush) {
+        stream_.next_in = reinterpret_cast<const Bytef*>(bytes.data());
+        stream_.avail_in = static_cast<uInt>(bytes.size());
+        do {
+            stream_.next_out = reinterpret_cast<Bytef*>(packed_.data());
+            stream_.avail_out = static_cast<uInt>(packed_.size());
+            deflate(&stream_, flush);
+            output_.WriteRaw({packed_.data(), packed_.size() - stream_.avail_out});
+        } while (stream_.avail_out == 0);
+    }
+
+private:
+    Output& output_;
+    std::vector<char> packed_;
+    z_stream stream_{};
+};
+
+Output::Output(const std::string& path) : name_(path == "-" ? "standard output" : path) {
+    buffer_.resize(kBufferSize);
+    if (path == "-") {
+        descriptor_ = dup(STDOUT_FILENO);
+    } else if (IsPlainOrAbsent(path)) {
+        std::error_code error;
+        const fs::path real = fs::weakly_canonical(path, error);
+        finalPath_ = error ? path : real.string();
+        temporaryPath_ = finalPath_ + ".XXXXXX";
+        descriptor_ = mkostemp(temporaryPath_.data(), O_CLOEXEC);
+        if (descriptor_ >= 0) {
+            Remember(temporaryPath_);
+            fchmod(descriptor_, ModeFor(finalPath_));
+        }
+    } else {
+        descriptor_ = open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    }
+    if (descriptor_ < 0) {
+        temporaryPath_.clear();
+        throw FileError(name_ + ": " + std::strerror(errno));
+    }
+    if (path.ends_with(".gz")) packer_ = std::make_unique<Packer>(*this);
+}
+
+Output::~Output() {
+    if (descriptor_ >= 0) close(descriptor_);
+    if (!temporaryPath_.empty()) {
+        unlink(temporaryPath_.c_str());
+        Forget(temporaryPath_);
+    }
+}
+
+void Output::WriteRaw(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
+        if (written >= 0) {
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno == EPIPE) {
+            throw ClosedPipe();
+        } else if (errno != EINTR) {
+            throw FileError(name_ + ": can't be written: " + std::strerror(errno));
+        }
+    }
+}
+
+void Output::WriteThrough(std::string_view bytes) {
+    if (packer_) {
+        packer_->Pack(bytes, Z_NO_FLUSH);
+    } else {
+        WriteRaw(bytes);
+    }
+}
+
+void Output::WriteLarge(std::string_view bytes) {
+    Flush();
+    if (bytes.size() < buffer_.size()) {
+        Write(bytes);
+    } else {
+        WriteThrough(bytes);
+    }
+}
+
+void Output::Flush() {
+    const std::size_t used = used_;
+    used_ = 0;
+    WriteThrough({buffer_.data(), used});
+}
+
+void Output::Finish() {
+    Flush();
+    if (packer_) packer_->Pack({}, Z_FINISH);
+    const int closed = close(descriptor_);
+    descriptor_ = -1;
+    if (closed != 0) {
+        throw FileError(name_ + ": can't be written: " + std::strerror(errno));
+    }
+    if (finalPath_.empty()) return;
+    if (rename(temporaryPath_.c_str(), finalPath_.c_str()) != 0) {
+        throw FileError(name_ + ": can't take its name: " + std::strerror(errno));
+    }
+    Forget(temporaryPath_);
+    temporaryPath_.clear();
+}
+
+void RemoveUnfinishedFilesOnSignals() {
+    std::signal(SIGPIPE, SIG_IGN);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, EndBySignal);
+}
+
+}  // namespace quillory

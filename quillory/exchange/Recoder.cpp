@@ -1,0 +1,68 @@
+#include <quillory/exchange/Recoder.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace quillory {
+namespace {
+
+// Whether all of the fields are printable ASCII, the same in every character set.
+bool IsPlain(const Record& record) {
+    return std::all_of(record.fields.begin(), record.fields.end(),
+                       [](const auto& field) { return TextConverter::IsUntouched(field.content); });
+}
+
+}  // namespace
+
+TextConverter& Recoder::ConverterFor(Charset from) {
+    auto& converter = converters_[static_cast<std::size_t>(from)];
+    if (!converter) {
+        converter = std::make_unique<TextConverter>(from, options_.to,
+                                                    options_.form.value_or(kNormalFormC));
+    }
+    return *converter;
+}
+
+void Recoder::SetLabel(Record& record, Charset charset) {
+    const char label = LabelFor(charset);
+    if (record.leader[zorby::kLeaderCharacterCode] == label) return;
+    leader_ = record.leader;
+    leader_[zorby::kLeaderCharacterCode] = label;
+    record.leader = leader_;
+}
+
+// Contents are put side by side first, and the views set when the text has its final place.
+void Recoder::Replace(Record& record, TextConverter& converter, Losses& losses) {
+    text_.clear();
+    std::vector<std::size_t> ends;
+    ends.reserve(record.fields.size());
+    for (const zorby::CommFormatField& field : record.fields) {
+        converter.Append(field.content, text_, losses);
+        ends.push_back(text_.size());
+    }
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < ends.size(); ++i) {
+        record.fields[i].content = std::string_view(text_).substr(start, ends[i] - start);
+        start = ends[i];
+    }
+    record.bytes = {};
+}
+
+Recoder::Result Recoder::Recode(Record& record, Losses& losses) {
+    Result result;
+    const Charset label = LabelledCharset(record.leader);
+    const bool forced = options_.from != kCharsetAuto;
+    if (options_.to == kCharsetAuto && !forced) return result;
+
+    const Charset to = options_.to == kCharsetAuto ? options_.from : options_.to;
+    if (!IsPlain(record)) {
+        result.from = forced ? options_.from : ActualCharset(record);
+        result.mislabelled = !forced && result.from != label;
+        const bool normalize = to == kCharsetUtf8 && options_.form.has_value();
+        if (result.from != to || normalize) Replace(record, ConverterFor(result.from), losses);
+    }
+    SetLabel(record, to);
+    return result;
+}
+
+}  // namespace quillory

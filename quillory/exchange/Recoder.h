@@ -1,0 +1,42 @@
+#pragma once
+
+#include <quillory/exchange/TextConverter.h>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace quillory {
+
+struct RecoderOptions {
+    Charset from = kCharsetAuto;     // auto: as the record says and is
+    Charset to = kCharsetAuto;       // auto: stays
+    std::optional<NormalForm> form;  // C where not given; given, text that was UTF-8 takes it too
+};
+
+// Takes records from character set to character set; leader byte 09 follows.
+class Recoder {
+public:
+    explicit Recoder(RecoderOptions options) : options_(options) {}
+
+    struct Result {
+        Charset from = kCharsetAuto;  // auto if nobody had to know
+        bool mislabelled = false;     // the leader says another set
+    };
+
+    // Changes the record in place. Its views hold until the next call, if what they viewed does.
+    Result Recode(Record& record, Losses& losses);
+
+private:
+    TextConverter& ConverterFor(Charset from);
+    void Replace(Record& record, TextConverter& converter, Losses& losses);
+    void SetLabel(Record& record, Charset charset);
+
+    RecoderOptions options_;
+    std::array<std::unique_ptr<TextConverter>, 4> converters_;  // by the set that they read
+    std::string text_;
+    std::string leader_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,120 @@
+#include <quillory/exchange/Microlif.h>
+#include <quillory/exchange/Mrk.h>
+#include <quillory/exchange/RecordWriter.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+using zorby::CommFormatField;
+
+std::string Bytes(std::size_t count) {
+    return std::to_string(count) + " bytes";
+}
+
+std::size_t SizeOf(const CommFormatField& field) {
+    return field.content.size() + 1;
+}
+
+std::size_t SizeOf(const Record& record) {
+    std::size_t size = zorby::kLeaderSize + 2;
+    for (const CommFormatField& field : record.fields) {
+        size += zorby::kDirectoryEntrySize + SizeOf(field);
+    }
+    return size;
+}
+
+const CommFormatField& LargestField(const Record& record) {
+    return *std::max_element(
+        record.fields.begin(), record.fields.end(),
+        [](const auto& a, const auto& b) { return a.content.size() < b.content.size(); });
+}
+
+std::string Named(const CommFormatField& field) {
+    return "field " + std::string(field.tag) + " of " + Bytes(SizeOf(field));
+}
+
+}  // namespace
+
+// Why a record can't be written as it is.
+WriteResult MarcWriter::Refuse(const Record& record) const {
+    if (record.fields.empty()) return {false, false, "no field to write"};
+    if (oversize_ == kOversizeCut) return {};
+    const CommFormatField& largest = LargestField(record);
+    if (SizeOf(largest) > zorby::kLongestField) {
+        return {false, false, Named(largest) + " is over the format's 9,999"};
+    }
+    const std::size_t size = SizeOf(record);
+    if (size <= zorby::kLongestRecord) return {};
+    return {false, false,
+            "a record of " + Bytes(size) +
+                " is over the format's 99,999 (largest: " + Named(largest) + ")"};
+}
+
+WriteResult MarcWriter::WriteAll(const Record& record) {
+    writer_.Clear();
+    writer_.SetLeader(MendLeader(record.leader));
+    WriteResult result;
+    for (const CommFormatField& field : record.fields) {
+        if (!writer_.AddField(field.tag, field.content)) {
+            result.reason += Named(field) + " left out; ";
+        } else if (SizeOf(field) > zorby::kLongestField) {
+            result.reason += Named(field) + " stands as 9,999 in the directory; ";
+        }
+    }
+    const std::size_t cut = writer_.Finish(text_);
+    if (cut != 0) result.reason += Bytes(cut) + " cut off the end of the record; ";
+    if (!result.reason.empty()) result.reason.resize(result.reason.size() - 2);
+    output_.Write(text_);
+    return result;
+}
+
+std::string_view MarcWriter::MendLeader(std::string_view leader) {
+    constexpr std::string_view kCounts = "22";
+    constexpr std::string_view kEntryMap = "4500";
+    if (leader.substr(zorby::kLeaderIndicatorCount, kCounts.size()) == kCounts &&
+        leader.substr(zorby::kLeaderEntryMap, kEntryMap.size()) == kEntryMap) {
+        return leader;
+    }
+    leader_ = leader;
+    leader_.replace(zorby::kLeaderIndicatorCount, kCounts.size(), kCounts);
+    leader_.replace(zorby::kLeaderEntryMap, kEntryMap.size(), kEntryMap);
+    return leader_;
+}
+
+WriteResult MarcWriter::Write(const Record& record, Losses&) {
+    if (record.bytes.empty()) {
+        WriteResult refused = Refuse(record);
+        return refused.written ? WriteAll(record) : refused;
+    }
+    const std::string_view leader = MendLeader(record.leader);
+    if (leader.data() == record.bytes.data()) {
+        output_.Write(record.bytes);
+        return {};
+    }
+    output_.Write(leader);
+    output_.Write(record.bytes.substr(zorby::kLeaderSize));
+    return {true, leader.data() == leader_.data(), {}};
+}
+
+WriteResult MrkWriter::Write(const Record& record, Losses&) {
+    text_.clear();
+    AppendMrk(record, text_);
+    output_.Write(text_);
+    return {};
+}
+
+WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
+    for (const CommFormatField& field : record.fields) {
+        for (const char c : MicrolifLosses(field)) {
+            losses.Add(kLossMicrolifSign, static_cast<unsigned char>(c));
+        }
+    }
+    text_.clear();
+    AppendMicrolif(record, text_);
+    output_.Write(text_);
+    return {};
+}
+
+}  // namespace quillory

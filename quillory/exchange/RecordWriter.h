@@ -1,0 +1,70 @@
+#pragma once
+
+#include <quillory/exchange/Losses.h>
+#include <quillory/exchange/Output.h>
+#include <quillory/exchange/Record.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+// What to do with a field of over 9,999 bytes or a record of over 99,999.
+enum Oversize : std::int32_t { kOversizeRefuse, kOversizeCut };
+
+struct WriteResult {
+    bool written = true;
+    bool leaderMended = false;  // its structural bytes were others
+    std::string reason;         // why it was not written, or what was cut; empty if all is well
+};
+
+// Writes records to an output in one of the forms. What a form can't give back is counted in
+// `losses`.
+class RecordWriter {
+public:
+    virtual ~RecordWriter() = default;
+    virtual WriteResult Write(const Record& record, Losses& losses) = 0;
+};
+
+// ISO 2709. A record that comes in this form goes out byte for byte, but for its leader: bytes
+// 10-11 are always "22" and 20-23 "4500", as the structure is.
+class MarcWriter : public RecordWriter {
+public:
+    MarcWriter(Output& output, Oversize oversize) : output_(output), oversize_(oversize) {}
+    WriteResult Write(const Record& record, Losses& losses) override;
+
+private:
+    WriteResult Refuse(const Record& record) const;
+    WriteResult WriteAll(const Record& record);
+    // The leader to write, which is the record's own if that is sound.
+    std::string_view MendLeader(std::string_view leader);
+
+    Output& output_;
+    Oversize oversize_;
+    zorby::CommFormatWriter writer_;
+    std::string leader_;
+    std::string text_;
+};
+
+class MrkWriter : public RecordWriter {
+public:
+    explicit MrkWriter(Output& output) : output_(output) {}
+    WriteResult Write(const Record& record, Losses& losses) override;
+
+private:
+    Output& output_;
+    std::string text_;
+};
+
+class MicrolifWriter : public RecordWriter {
+public:
+    explicit MicrolifWriter(Output& output) : output_(output) {}
+    WriteResult Write(const Record& record, Losses& losses) override;
+
+private:
+    Output& output_;
+    std::string text_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <utf8proc.h>
+
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+enum NormalForm : std::int32_t { kNormalFormC, kNormalFormD };
+
+struct Utf8Char {
+    char32_t codePoint = 0;
+    std::size_t size = 1;  // bytes
+    bool valid = false;
+};
+
+// The character at the front of a text that is not empty.
+inline Utf8Char DecodeUtf8(std::string_view text) {
+    utf8proc_int32_t codePoint = 0;
+    const utf8proc_ssize_t size =
+        utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
+                         static_cast<utf8proc_ssize_t>(text.size()), &codePoint);
+    if (size < 1) return {0, 1, false};
+    return {static_cast<char32_t>(codePoint), static_cast<std::size_t>(size), true};
+}
+
+inline void AppendUtf8(char32_t codePoint, std::string& text) {
+    utf8proc_uint8_t bytes[4];
+    const utf8proc_ssize_t size =
+        utf8proc_encode_char(static_cast<utf8proc_int32_t>(codePoint), bytes);
+    text.append(bytes, bytes + size);
+}
+
+inline bool IsCombining(char32_t codePoint) {
+    return utf8proc_get_property(static_cast<utf8proc_int32_t>(codePoint))->combining_class != 0;
+}
+
+// The text in a normal form. A text that is no UTF-8 stays as it is.
+std::string Normalized(std::string_view text, NormalForm form);
+
+}  // namespace quillory

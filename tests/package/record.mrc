@@ -1,0 +1,1 @@
+00256nam  2200085 a 4500001001000000008004100010100004500051245004300096653003100139example-1240101s1808    gw            000 1 ger d1 aGoethe, Johann Wolfgang von,d1749-1832.10aFaust :beine Tragèodie /cvon Goethe.  aDramaaMèarchenaTèubinger

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+// A folder of its own for a test, gone with everything in it afterwards.
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "zorby-XXXXXX").string();
+        if (!::mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder");
+        path_ = pattern;
+    }
+
+    ~TemporaryFolder() { std::filesystem::remove_all(path_); }
+
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    std::string Path(const std::string& name = "") const { return (path_ / name).string(); }
+
+    std::string Read(const std::string& name) const {
+        std::ifstream file(path_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    void Write(const std::string& name, const std::string& text) const {
+        std::ofstream(path_ / name, std::ios::binary) << text;
+    }
+
+    std::ptrdiff_t FileCount() const {
+        return std::distance(std::filesystem::directory_iterator(path_), {});
+    }
+
+private:
+    std::filesystem::path path_;
+};

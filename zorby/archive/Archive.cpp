@@ -1,0 +1,178 @@
+#include <zorby/archive/Archive.h>
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <utility>
+
+namespace zorby {
+namespace {
+
+constexpr std::uint32_t kLongLength = 0xFF;      // 16 bits of length follow
+constexpr std::uint32_t kWideMarker = 0xFFFE;    // a length and 2-byte characters follow
+constexpr std::uint32_t kLongerLength = 0xFFFF;  // 32 bits of length follow
+constexpr std::size_t kPieceSize = 4096;
+constexpr char kNotNarrow = '?';
+
+std::string Narrow(std::string_view wide) {
+    std::string narrow(wide.size() / 2, kNotNarrow);
+    for (std::size_t i = 0; i < narrow.size(); ++i) {
+        if (wide[2 * i + 1] == 0) narrow[i] = wide[2 * i];
+    }
+    return narrow;
+}
+
+}  // namespace
+
+CArchive::CArchive(Stream& stream, Mode mode) : stream_(stream), mode_(mode) {}
+
+CArchive::~CArchive() {
+    try {
+        Close();
+    } catch (...) {
+        // A destructor that throws would end the program; Close tells whoever asks.
+        open_ = false;
+    }
+}
+
+void CArchive::Close() {
+    if (!std::exchange(open_, false)) return;
+    if (IsStoring()) stream_.Flush();
+}
+
+void CArchive::Read(void* buffer, std::size_t size) {
+    ReadWhole(buffer, size, Loading().GetPosition());
+}
+
+void CArchive::Write(const void* bytes, std::size_t size) {
+    Storing().Write(bytes, size);
+}
+
+CArchive& CArchive::operator<<(unsigned char value) {
+    Put(value, 1);
+    return *this;
+}
+
+CArchive& CArchive::operator<<(char value) {
+    return *this << static_cast<unsigned char>(value);
+}
+
+CArchive& CArchive::operator<<(std::int32_t value) {
+    return *this << static_cast<std::uint32_t>(value);
+}
+
+CArchive& CArchive::operator<<(std::uint32_t value) {
+    Put(value, 4);
+    return *this;
+}
+
+CArchive& CArchive::operator<<(std::string_view text) {
+    WriteLength(text.size());
+    Write(text.data(), text.size());
+    return *this;
+}
+
+CArchive& CArchive::operator>>(unsigned char& value) {
+    value = static_cast<unsigned char>(Number(1, Loading().GetPosition()));
+    return *this;
+}
+
+CArchive& CArchive::operator>>(char& value) {
+    value = static_cast<char>(Number(1, Loading().GetPosition()));
+    return *this;
+}
+
+CArchive& CArchive::operator>>(std::int32_t& value) {
+    value = static_cast<std::int32_t>(Number(4, Loading().GetPosition()));
+    return *this;
+}
+
+CArchive& CArchive::operator>>(std::uint32_t& value) {
+    value = Number(4, Loading().GetPosition());
+    return *this;
+}
+
+CArchive& CArchive::operator>>(std::string& text) {
+    const std::uint64_t itemStart = Loading().GetPosition();
+    std::uint32_t length = 0;
+    if (ReadLength(length, itemStart)) {
+        text = ReadBytes(length, itemStart);
+        return *this;
+    }
+    // A second marker in place of the length leaves no length to read by.
+    if (!ReadLength(length, itemStart)) Fail(CArchiveException::kEndOfFile, itemStart);
+    text = Narrow(ReadBytes(std::uint64_t{2} * length, itemStart));
+    return *this;
+}
+
+Stream& CArchive::Loading() const {
+    if (!open_) Fail(CArchiveException::kClosed, stream_.GetPosition());
+    if (!IsLoading()) Fail(CArchiveException::kWriteOnly, stream_.GetPosition());
+    return stream_;
+}
+
+Stream& CArchive::Storing() const {
+    if (!open_) Fail(CArchiveException::kClosed, stream_.GetPosition());
+    if (!IsStoring()) Fail(CArchiveException::kReadOnly, stream_.GetPosition());
+    return stream_;
+}
+
+std::uint32_t CArchive::Number(std::size_t size, std::uint64_t itemStart) {
+    std::array<unsigned char, 4> bytes{};
+    ReadWhole(bytes.data(), size, itemStart);
+    std::uint32_t number = 0;
+    for (std::size_t i = size; i-- > 0;) number = number << 8 | bytes[i];
+    return number;
+}
+
+void CArchive::Put(std::uint32_t number, std::size_t size) {
+    std::array<unsigned char, 4> bytes{};
+    for (std::size_t i = 0; i < size; ++i) {
+        bytes[i] = static_cast<unsigned char>(number >> (8 * i) & 0xFF);
+    }
+    Write(bytes.data(), size);
+}
+
+void CArchive::ReadWhole(void* buffer, std::size_t size, std::uint64_t itemStart) {
+    if (stream_.Read(buffer, size) != size) Fail(CArchiveException::kEndOfFile, itemStart);
+}
+
+// False where the wide marker stands in place of a length.
+bool CArchive::ReadLength(std::uint32_t& length, std::uint64_t itemStart) {
+    length = Number(1, itemStart);
+    if (length != kLongLength) return true;
+    length = Number(2, itemStart);
+    if (length == kWideMarker) return false;
+    if (length == kLongerLength) length = Number(4, itemStart);
+    return true;
+}
+
+// In growing pieces, since a damaged length may promise far more than the stream holds.
+std::string CArchive::ReadBytes(std::uint64_t size, std::uint64_t itemStart) {
+    std::string bytes;
+    while (bytes.size() < size) {
+        const std::size_t done = bytes.size();
+        const std::size_t piece = std::max(kPieceSize, done);
+        bytes.resize(std::min<std::uint64_t>(size, done + piece));
+        ReadWhole(bytes.data() + done, bytes.size() - done, itemStart);
+    }
+    return bytes;
+}
+
+void CArchive::WriteLength(std::size_t length) {
+    if (length > std::numeric_limits<std::uint32_t>::max()) {
+        Fail(CArchiveException::kWriteFailed, Storing().GetPosition());
+    }
+    const auto number = static_cast<std::uint32_t>(length);
+    if (number < kLongLength) return Put(number, 1);
+    Put(kLongLength, 1);
+    if (number < kWideMarker) return Put(number, 2);
+    Put(kLongerLength, 2);
+    Put(number, 4);
+}
+
+void CArchive::Fail(CArchiveException::Cause cause, std::uint64_t offset) const {
+    throw CArchiveException(cause, stream_.GetName(), offset);
+}
+
+}  // namespace zorby

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <zorby/Export.h>
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace zorby {
+
+// The one failure of archives and streams. what() is a whole sentence for a person: the stream's
+// name where it has one, the byte offset, the reason and the system's own words where there are
+// any.
+class ZORBY_EXPORT CArchiveException : public std::runtime_error {
+public:
+    // Numbers are stable: they are shown to users as a code for technical support.
+    enum Cause : std::int32_t {
+        kReadOnly = 2,      // storing through a loading archive, or into a read-only stream
+        kEndOfFile = 3,     // the stream ended before the item did
+        kWriteOnly = 4,     // loading through a storing archive
+        kCannotOpen = 8,    // the file can't be opened as asked
+        kReadFailed = 9,    // the device failed while reading
+        kWriteFailed = 10,  // the device failed while writing, or the item has no stored form
+        kSeekFailed = 11,   // the stream has no such position
+        kClosed = 12,       // the archive or the file isn't open
+    };
+
+    // `streamName` may be empty. `offset` counts bytes from the start of the stream. `systemError`
+    // is the value of errno, or 0 where the system had no part in the failure.
+    CArchiveException(Cause cause, std::string streamName, std::uint64_t offset,
+                      int systemError = 0);
+    ~CArchiveException() override;
+
+    Cause GetCause() const { return cause_; }
+    const std::string& GetStreamName() const { return streamName_; }
+    // For an item that couldn't be read whole: where the item begins.
+    std::uint64_t GetOffset() const { return offset_; }
+    int GetSystemError() const { return systemError_; }
+
+private:
+    Cause cause_;
+    std::string streamName_;
+    std::uint64_t offset_;
+    int systemError_;
+};
+
+}  // namespace zorby

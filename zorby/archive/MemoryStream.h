@@ -1,0 +1,51 @@
+#pragma once
+
+#include <zorby/archive/Stream.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zorby {
+
+// A block of memory that grows as it is written, in whole steps of 1,024 bytes.
+class ZORBY_EXPORT MemoryStream : public Stream {
+public:
+    MemoryStream();
+    // Begins with these bytes, at position 0.
+    explicit MemoryStream(std::string bytes);
+    ~MemoryStream() override;
+
+    std::size_t Read(void* buffer, std::size_t size) override;
+    void Write(const void* bytes, std::size_t size) override;
+    void Flush() override;
+    std::uint64_t GetPosition() const override { return position_; }
+    void Seek(std::uint64_t position) override;
+
+    // All that was written, wherever the position stands.
+    const std::string& GetBytes() const { return bytes_; }
+
+private:
+    std::string bytes_;
+    std::uint64_t position_ = 0;
+};
+
+// A view of a block that the caller keeps, unchanged, for as long as the stream lives. Write throws
+// with kReadOnly.
+class ZORBY_EXPORT MemoryViewStream : public Stream {
+public:
+    explicit MemoryViewStream(std::string_view bytes);
+    ~MemoryViewStream() override;
+
+    std::size_t Read(void* buffer, std::size_t size) override;
+    void Write(const void* bytes, std::size_t size) override;
+    void Flush() override;
+    std::uint64_t GetPosition() const override { return position_; }
+    void Seek(std::uint64_t position) override;
+
+private:
+    std::string_view bytes_;
+    std::uint64_t position_ = 0;
+};
+
+}  // namespace zorby

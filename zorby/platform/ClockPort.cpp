@@ -1,0 +1,38 @@
+#include <zorby/platform/ClockPort.h>
+#include <zorby/platform/detail/PortSlot.h>
+
+#include <chrono>
+#include <thread>
+
+namespace zorby {
+
+namespace {
+
+class SteadyClock : public ClockPort {
+public:
+    std::int64_t Milliseconds() const override {
+        const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
+        return std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count();
+    }
+
+    void Wait(std::int64_t milliseconds) override {
+        std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+    }
+};
+
+PortSlot<ClockPort, SteadyClock>& Slot() {
+    static PortSlot<ClockPort, SteadyClock> slot;
+    return slot;
+}
+
+}  // namespace
+
+ClockPort& CurrentClockPort() {
+    return Slot().Get();
+}
+
+void SetClockPort(ClockPort* port) {
+    Slot().Set(port);
+}
+
+}  // namespace zorby

@@ -1,0 +1,50 @@
+#include <zorby/platform/MessagePort.h>
+#include <zorby/platform/detail/PortSlot.h>
+
+#include <cstdio>
+
+namespace zorby {
+
+namespace {
+
+// Works without the heap, since its messages may tell of an exhausted one.
+class ConsoleMessages : public MessagePort {
+public:
+    void ShowMessage(std::string_view text, std::string_view title, MessageIcon) override {
+        Write(title);
+        Write(": ");
+        Write(text);
+        Write("\n");
+    }
+
+    void RequestClose() override {}
+
+private:
+    static void Write(std::string_view text) {
+        for (const char byte : text) {
+            if (byte != '\r') std::fputc(byte, stderr);
+        }
+    }
+};
+
+PortSlot<MessagePort, ConsoleMessages>& Slot() {
+    static PortSlot<MessagePort, ConsoleMessages> slot;
+    return slot;
+}
+
+}  // namespace
+
+void RecordedMessages::ShowMessage(std::string_view text, std::string_view title,
+                                   MessageIcon icon) {
+    messages.push_back({std::string(text), std::string(title), icon});
+}
+
+MessagePort& CurrentMessagePort() {
+    return Slot().Get();
+}
+
+void SetMessagePort(MessagePort* port) {
+    Slot().Set(port);
+}
+
+}  // namespace zorby

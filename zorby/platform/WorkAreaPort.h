@@ -1,0 +1,38 @@
+#pragma once
+
+#include <zorby/Export.h>
+
+namespace zorby {
+
+// The part of the screen that windows may cover, without task bars, in pixels. Right and bottom
+// are the first positions outside.
+struct WorkArea {
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+};
+
+class ZORBY_EXPORT WorkAreaPort {
+public:
+    virtual ~WorkAreaPort() = default;
+    virtual WorkArea Get() const = 0;
+};
+
+// Answers with a given area.
+class ZORBY_EXPORT FixedWorkArea : public WorkAreaPort {
+public:
+    explicit FixedWorkArea(const WorkArea& area = {0, 0, 1024, 768}) : area_(area) {}
+    WorkArea Get() const override { return area_; }
+
+private:
+    WorkArea area_;
+};
+
+// The port in force. Plain: a FixedWorkArea of 1024 x 768.
+ZORBY_EXPORT WorkAreaPort& CurrentWorkAreaPort();
+
+// Puts a port in force that the caller owns and keeps alive; null restores the plain one.
+ZORBY_EXPORT void SetWorkAreaPort(WorkAreaPort* port);
+
+}  // namespace zorby

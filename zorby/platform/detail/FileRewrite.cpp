@@ -1,0 +1,177 @@
+#include <zorby/platform/detail/FileRewrite.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <optional>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace zorby {
+
+namespace {
+
+// Owns a file descriptor. Closing leaves errno alone, which still tells why the owner gave up.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    ~Descriptor() {
+        const int reason = errno;
+        if (number_ >= 0) ::close(number_);
+        errno = reason;
+    }
+
+    int Number() const { return number_; }
+    bool IsOpen() const { return number_ >= 0; }
+    bool Close() { return ::close(std::exchange(number_, -1)) == 0; }
+
+private:
+    int number_;
+};
+
+// A new file beside the one that it shall replace, gone again unless it does.
+class Replacement {
+public:
+    Replacement(int folder, const std::string& name, mode_t mode)
+        : folder_(folder), name_("." + name + ".new"), file_(Create(mode)) {}
+
+    ~Replacement() {
+        const int reason = errno;
+        if (isLeftOver_) ::unlinkat(folder_, name_.c_str(), 0);
+        errno = reason;
+    }
+
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+
+    bool IsOpen() const { return file_.IsOpen(); }
+
+    bool TakeOver(const struct stat& old) {
+        // Only root can give the file away; for others the writer is the owner from now on.
+        if (::fchown(file_.Number(), old.st_uid, old.st_gid) != 0 && errno != EPERM) return false;
+        return ::fchmod(file_.Number(), old.st_mode & 07777) == 0;
+    }
+
+    bool Write(std::string_view text) {
+        while (!text.empty()) {
+            const ssize_t written = ::write(file_.Number(), text.data(), text.size());
+            if (written < 0 && errno != EINTR) return false;
+            if (written > 0) text.remove_prefix(static_cast<std::size_t>(written));
+        }
+        return ::fsync(file_.Number()) == 0 && file_.Close();
+    }
+
+    bool Replace(const std::string& name) {
+        if (::renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return false;
+        isLeftOver_ = false;
+        // Some file systems can't sync a folder, and say so by EINVAL.
+        return ::fsync(folder_) == 0 || errno == EINVAL;
+    }
+
+private:
+    // The folder is locked, so that a file of this name is the litter of a run that was killed.
+    int Create(mode_t mode) {
+        ::unlinkat(folder_, name_.c_str(), 0);
+        const int file =
+            ::openat(folder_, name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        isLeftOver_ = file >= 0;
+        return file;
+    }
+
+    int folder_;
+    std::string name_;
+    bool isLeftOver_ = false;
+    Descriptor file_;
+};
+
+bool ReadAll(int file, std::string& text) {
+    std::array<char, 16384> block{};
+    while (true) {
+        const ssize_t count = ::read(file, block.data(), block.size());
+        if (count == 0) return true;
+        if (count < 0 && errno != EINTR) return false;
+        if (count > 0) text.append(block.data(), static_cast<std::size_t>(count));
+    }
+}
+
+struct FileContent {
+    std::string text;
+    struct stat status {};
+};
+
+// Opens without blocking, for what is there may be a pipe that nobody writes to.
+std::optional<FileContent> ReadFileAt(int folder, const std::string& name) {
+    const Descriptor file(::openat(folder, name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    FileContent content;
+    if (!file.IsOpen() || ::fstat(file.Number(), &content.status) != 0) return std::nullopt;
+    if (!S_ISREG(content.status.st_mode)) {
+        errno = EINVAL;
+        return std::nullopt;
+    }
+    if (!ReadAll(file.Number(), content.text)) return std::nullopt;
+    return content;
+}
+
+// Follows links by hand, since the last one may lead to a file that is yet to be made.
+std::optional<std::filesystem::path> RealFile(std::filesystem::path path) {
+    constexpr int kMostLinks = 40;
+    std::error_code error;
+    for (int links = 0; std::filesystem::is_symlink(path, error); ++links) {
+        if (links == kMostLinks) {
+            errno = ELOOP;
+            return std::nullopt;
+        }
+        path = path.parent_path() / std::filesystem::read_symlink(path, error);
+    }
+    return path;
+}
+
+bool Lock(int folder) {
+    while (::flock(folder, LOCK_EX) != 0) {
+        if (errno != EINTR) return false;
+    }
+    return true;
+}
+
+bool RewriteFileAt(int folder, const std::string& name,
+                   const std::function<std::string(std::string_view)>& change) {
+    const std::optional<FileContent> old = ReadFileAt(folder, name);
+    if (!old && errno != ENOENT) return false;
+    const std::string_view oldText = old ? std::string_view(old->text) : std::string_view();
+    const std::string text = change(oldText);
+    if (text == oldText) return true;
+    if (old && ::faccessat(folder, name.c_str(), W_OK, AT_EACCESS) != 0) return false;
+
+    // Private until it has the mode of the old one, which may hide secrets.
+    Replacement replacement(folder, name, old ? 0600 : 0666);
+    return replacement.IsOpen() && (!old || replacement.TakeOver(old->status)) &&
+           replacement.Write(text) && replacement.Replace(name);
+}
+
+}  // namespace
+
+bool ReadFile(const std::string& path, std::string& text) {
+    std::optional<FileContent> content = ReadFileAt(AT_FDCWD, path);
+    if (content) text = std::move(content->text);
+    return content.has_value();
+}
+
+bool RewriteFile(const std::string& path,
+                 const std::function<std::string(std::string_view)>& change) {
+    const std::optional<std::filesystem::path> file = RealFile(path);
+    if (!file) return false;
+    const std::filesystem::path parent = file->has_parent_path() ? file->parent_path() : ".";
+    const Descriptor folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return folder.IsOpen() && Lock(folder.Number()) &&
+           RewriteFileAt(folder.Number(), file->filename().string(), change);
+}
+
+}  // namespace zorby

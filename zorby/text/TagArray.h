@@ -1,0 +1,25 @@
+#pragma once
+
+#include <zorby/Export.h>
+
+#include <vector>
+
+namespace zorby {
+
+// MARC tags by number, in the order in which they were added.
+class ZORBY_EXPORT CTagArray : public std::vector<unsigned> {
+public:
+    CTagArray();
+    CTagArray(const CTagArray&);
+    CTagArray& operator=(const CTagArray&);
+    virtual ~CTagArray();
+
+    // 1 if the tag is there, else 0.
+    int Find(unsigned tag) const;
+    // Leaves the same tags in some order that no caller may count on.
+    void Sort();
+    // Leaves the tags that were there, each at least once, and no two equal ones side by side.
+    void RemoveDuplicates();
+};
+
+}  // namespace zorby
