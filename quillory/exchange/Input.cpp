@@ -20,7 +20,7 @@ constexpr std::string_view kGzipMagic = "\x1F\x8B";
 // Unpacks gzip data, one member after the other.
 class Input::Unpacker {
 public:
-    explicit Unpacker(Input& input) : input_(input), packed_(kBufferSize / 4) {
+    explicit Unpacker(Input& input) : input_(input), packed_(kBufferSize) {
         constexpr int kGzipOnly = 15 + 16;  // largest window, gzip header
         if (inflateInit2(&stream_, kGzipOnly) != Z_OK) throw FileError(input.name_ + ": no memory");
     }
@@ -127,7 +127,7 @@ std::string_view Input::Peek(std::size_t size) {
         const std::string_view head(buffer_.data(), end_);
         if (head.starts_with(kGzipMagic)) {
             unpacker_ = std::make_unique<Unpacker>(*this);
-            unpacker_->Give(head.substr(0, kBufferSize / 4));
+            unpacker_->Give(head);
             end_ = 0;
         }
     }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -19,6 +20,19 @@ bool IsControl(char c) {
 
 bool IsHigh(char c) {
     return static_cast<unsigned char>(c) >= 0x80;
+}
+
+void AppendWrittenOut(std::string_view utf8, std::string& marc8, Losses& losses) {
+    while (!utf8.empty()) {
+        const Utf8Char c = DecodeUtf8(utf8);
+        if (c.codePoint < 0x80) {
+            marc8 += utf8.front();
+        } else {
+            losses.Add(kLossReference, c.codePoint);
+            AppendReference(c.codePoint, marc8);
+        }
+        utf8.remove_prefix(c.size);
+    }
 }
 
 }  // namespace
@@ -81,11 +95,12 @@ private:
     };
 
     char Byte(std::size_t at) const { return at < text_.size() ? text_[at] : '\0'; }
-    std::size_t CharacterSize(std::size_t at) const;
     void TakeEscape();
     void TakeUnit();
+    bool TakeSecondHalf();
+    void TakeCharacter(std::string& unit);
+    void TakeLoneDiacritic(const std::string& sets, const std::string& unit);
     void Lose(std::string_view bytes);
-    void CheckDoubleMarks(std::string_view unit);
 
     std::string_view text_;
     Marc8Unicode& owner_;
@@ -131,52 +146,59 @@ void Marc8Unicode::Decoder::TakeEscape() {
     at_ = at + 1;
 }
 
-std::size_t Marc8Unicode::Decoder::CharacterSize(std::size_t at) const {
-    const char c = text_[at];
-    const std::size_t width = c == ' ' ? 1 : IsHigh(c) ? g1_.width : g0_.width;
-    return std::min(width, text_.size() - at);
-}
-
 void Marc8Unicode::Decoder::Lose(std::string_view bytes) {
     constexpr char32_t kReplacement = 0xFFFD;
     for (const char c : bytes) losses_.Add(kLossReplaced, static_cast<unsigned char>(c));
     quillory::AppendUtf8(kReplacement, out_);
 }
 
-// libyaz passes over the second half of a double diacritic; without its first half it is lost.
-void Marc8Unicode::Decoder::CheckDoubleMarks(std::string_view unit) {
-    if (!g1_.escape.empty()) return;
-    for (const char c : unit) {
-        if (c == '\xEB' || c == '\xFA') doubleMarkOpen_ = true;
-        if (c != '\xEC' && c != '\xFB') continue;
-        if (!doubleMarkOpen_) losses_.Add(kLossReplaced, static_cast<unsigned char>(c));
-        doubleMarkOpen_ = false;
+// The first half of a double diacritic stands for both; a second half without it is lost.
+bool Marc8Unicode::Decoder::TakeSecondHalf() {
+    const char c = Byte(at_);
+    if (!g1_.escape.empty() || (c != '\xEC' && c != '\xFB')) return false;
+    if (!std::exchange(doubleMarkOpen_, false)) Lose(text_.substr(at_, 1));
+    ++at_;
+    return true;
+}
+
+void Marc8Unicode::Decoder::TakeCharacter(std::string& unit) {
+    const char c = text_[at_];
+    const std::size_t width = c == ' ' ? 1 : IsHigh(c) ? g1_.width : g0_.width;
+    const std::size_t size = std::min(width, text_.size() - at_);
+    if (g1_.escape.empty() && (c == '\xEB' || c == '\xFA')) doubleMarkOpen_ = true;
+    unit += text_.substr(at_, size);
+    at_ += size;
+}
+
+void Marc8Unicode::Decoder::TakeLoneDiacritic(const std::string& sets, const std::string& unit) {
+    std::string converted;
+    if (owner_.toUtf8_->Convert(sets + unit + " ", converted) != Converter::kDone ||
+        converted.size() < 2) {
+        Lose(unit);
+        return;
     }
+    losses_.Add(kLossNoLetter, DecodeUtf8(std::string_view(converted).substr(1)).codePoint);
+    out_ += converted;
 }
 
 void Marc8Unicode::Decoder::TakeUnit() {
-    std::string converted;
-    std::size_t end = at_ + CharacterSize(at_);
     const std::string sets = g0_.escape + g1_.escape;
-    const auto unit = [&] { return text_.substr(at_, end - at_); };
-    auto outcome = owner_.toUtf8_->Convert(sets + std::string(unit()), converted);
-    while (outcome == Converter::kIncomplete && end < text_.size() && !IsControl(text_[end])) {
-        end += CharacterSize(end);
-        outcome = owner_.toUtf8_->Convert(sets + std::string(unit()), converted);
+    std::string unit;
+    std::string converted;
+    auto outcome = Converter::kIncomplete;
+    while (outcome == Converter::kIncomplete && at_ < text_.size() && !IsControl(text_[at_])) {
+        if (TakeSecondHalf()) continue;
+        TakeCharacter(unit);
+        outcome = owner_.toUtf8_->Convert(sets + unit, converted);
     }
-    CheckDoubleMarks(unit());
+    if (unit.empty()) return;
     if (outcome == Converter::kIncomplete) {
-        outcome = owner_.toUtf8_->Convert(sets + std::string(unit()) + " ", converted);
-        if (outcome == Converter::kDone && converted.size() > 1) {
-            losses_.Add(kLossNoLetter, DecodeUtf8(std::string_view(converted).substr(1)).codePoint);
-        }
-    }
-    if (outcome == Converter::kDone && !converted.empty()) {
+        TakeLoneDiacritic(sets, unit);
+    } else if (outcome == Converter::kDone && !converted.empty()) {
         out_ += Normalized(converted, owner_.form_);
     } else {
-        Lose(unit());
+        Lose(unit);
     }
-    at_ = end;
 }
 
 Marc8Unicode::Marc8Unicode(NormalForm form)
@@ -233,23 +255,34 @@ const std::u32string& Marc8Unicode::PlanFor(char32_t codePoint) {
     return plan;
 }
 
-// Characters that MARC-8 has each for itself may still not stand together; they are written out
-// then.
+bool Marc8Unicode::ConvertChecked(std::string_view utf8, std::string& marc8) {
+    if (toMarc8_->Convert(std::string(utf8), marc8) != Converter::kDone) return false;
+    std::string back;
+    Losses losses;
+    AppendUtf8(marc8, back, losses);
+    return losses.Empty() && Normalized(back, kNormalFormC) == Normalized(utf8, kNormalFormC);
+}
+
+// libyaz loses an escape where one set follows another directly: what does not come back goes out
+// letter by letter, and what does not come back even so is written out.
 void Marc8Unicode::AppendPlanned(std::string_view planned, std::string& marc8, Losses& losses) {
     std::string converted;
-    if (toMarc8_->Convert(std::string(planned), converted) == Converter::kDone) {
+    if (ConvertChecked(planned, converted)) {
         marc8 += converted;
         return;
     }
     while (!planned.empty()) {
-        const Utf8Char c = DecodeUtf8(planned);
-        if (c.codePoint < 0x80) {
-            marc8 += planned.front();
-        } else {
-            losses.Add(kLossReference, c.codePoint);
-            AppendReference(c.codePoint, marc8);
+        std::size_t size = DecodeUtf8(planned).size;
+        while (size < planned.size() && IsCombining(DecodeUtf8(planned.substr(size)).codePoint)) {
+            size += DecodeUtf8(planned.substr(size)).size;
         }
-        planned.remove_prefix(c.size);
+        const std::string_view letter = planned.substr(0, size);
+        if (ConvertChecked(letter, converted)) {
+            marc8 += converted;
+        } else {
+            AppendWrittenOut(letter, marc8, losses);
+        }
+        planned.remove_prefix(size);
     }
 }
 
@@ -260,17 +293,23 @@ void Marc8Unicode::AppendMarc8(std::string_view utf8, std::string& marc8, Losses
         AppendPlanned(planned, marc8, losses);
         planned.clear();
     };
+    bool afterReference = false;
     while (!utf8.empty()) {
         const Utf8Char c = DecodeUtf8(utf8);
+        // A combining character goes the way of its letter.
+        const bool writtenOut = afterReference && c.valid && IsCombining(c.codePoint);
+        afterReference = false;
         if (!c.valid) {
             losses.Add(kLossReplaced, static_cast<unsigned char>(utf8.front()));
             AppendReference(kReplacement, planned);
         } else if (c.codePoint < 0x20 || c.codePoint == 0x7F) {
             flush();
             marc8 += utf8.front();
-        } else if (const std::u32string& plan = PlanFor(c.codePoint); !plan.empty()) {
+        } else if (const std::u32string& plan = PlanFor(c.codePoint);
+                   !plan.empty() && !writtenOut) {
             for (const char32_t part : plan) quillory::AppendUtf8(part, planned);
         } else {
+            afterReference = true;
             losses.Add(kLossReference, c.codePoint);
             AppendReference(c.codePoint, planned);
         }

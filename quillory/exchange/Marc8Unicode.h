@@ -29,6 +29,8 @@ private:
     class Decoder;
 
     const std::u32string& PlanFor(char32_t codePoint);
+    // False if the text does not come back from MARC-8.
+    bool ConvertChecked(std::string_view utf8, std::string& marc8);
     void AppendPlanned(std::string_view planned, std::string& marc8, Losses& losses);
     bool HasCharacter(char32_t codePoint);
 

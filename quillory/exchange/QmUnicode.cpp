@@ -52,6 +52,15 @@ unsigned char SecondHalf(unsigned char firstHalf) {
     return firstHalf == kTildeFirst ? kTildeSecond : static_cast<unsigned char>(0);
 }
 
+// The engine moves no diacritic over a change of alphabet: in another alphabet, and straight behind
+// it, a text with diacritics can be read in two ways.
+bool TakesMarks(std::string_view before, unsigned char base) {
+    const auto isBasic = [](unsigned char code) {
+        return zorby::KeyRecordOf(code).alphabet == zorby::kAlphabetBasic;
+    };
+    return isBasic(base) && (before.empty() || isBasic(static_cast<unsigned char>(before.back())));
+}
+
 // A code that stands for a character of its own, on which a diacritic can be set.
 bool IsBase(unsigned code) {
     return code >= 0x20 && code != 0x7F && !IsMark(code) && code != kHookAbove;
@@ -143,11 +152,13 @@ std::size_t QmUnicode::AppendLigature(std::string_view qm, std::string& utf8) co
 }
 
 // A character, with its diacritic if one follows. Result: codes taken, 0 if it is refused.
-std::size_t QmUnicode::AppendLetter(std::string_view qm, std::string& utf8) const {
+std::size_t QmUnicode::AppendLetter(std::string_view before, std::string_view qm,
+                                    std::string& utf8) const {
     const unsigned char base = At(qm, 0);
     const unsigned char mark = At(qm, 1);
     if (!IsBase(base)) return 0;
     const bool hasMark = IsMark(mark);
+    if (hasMark && !TakesMarks(before, base)) return 0;
     if (hasMark && IsDoubleMark(mark)) return AppendLigature(qm, utf8);
     if (hasMark && IsMark(At(qm, 2))) return 0;
     const Sequence& sequence = hasMark ? marked_[base][mark - kFirstMark] : single_[base];
@@ -157,14 +168,16 @@ std::size_t QmUnicode::AppendLetter(std::string_view qm, std::string& utf8) cons
 }
 
 // The last byte of a plain run may be a letter with a diacritic behind it.
-bool QmUnicode::AppendUtf8(std::string_view qm, std::string& utf8) const {
+bool QmUnicode::AppendUtf8(std::string_view text, std::string& utf8) const {
+    std::string_view qm = text;
     while (!qm.empty()) {
         const std::size_t run = zorby::PlainRunLength(qm.data(), qm.data() + qm.size());
         const std::size_t plain = run == qm.size() ? run : run - std::min<std::size_t>(run, 1);
         utf8.append(qm.substr(0, plain));
         qm.remove_prefix(plain);
         if (qm.empty()) break;
-        const std::size_t taken = AppendLetter(qm, utf8);
+        const std::string_view before = text.substr(0, text.size() - qm.size());
+        const std::size_t taken = AppendLetter(before, qm, utf8);
         if (taken == 0) return false;
         qm.remove_prefix(taken);
     }
@@ -184,6 +197,8 @@ std::size_t QmUnicode::AppendCodes(std::string_view utf8, std::string& qm) const
     const Utf8Char base = DecodeUtf8(utf8);
     const Codes* letter = base.valid ? Find(base.codePoint) : nullptr;
     if (letter == nullptr || !IsBase(letter->first)) return 0;
+    const bool takesMarks = TakesMarks(qm, letter->first);
+    if (letter->second != 0 && !takesMarks) return 0;
     qm += static_cast<char>(letter->first);
     if (letter->second != 0) qm += static_cast<char>(letter->second);
     std::size_t taken = base.size;
@@ -192,7 +207,7 @@ std::size_t QmUnicode::AppendCodes(std::string_view utf8, std::string& qm) const
     const Utf8Char next = DecodeUtf8(utf8.substr(taken));
     if (!next.valid || !IsCombining(next.codePoint)) return taken;
     const Codes* mark = Find(next.codePoint);
-    const bool bare = letter->second == 0 && letter->first < kFirstPrecomposed;
+    const bool bare = takesMarks && letter->second == 0 && letter->first < kFirstPrecomposed;
     if (mark == nullptr || !IsMark(mark->first) || !bare) return 0;
     qm += static_cast<char>(mark->first);
     taken += next.size;

@@ -17,7 +17,7 @@ public:
     explicit QmUnicode(NormalForm form);
 
     // Appends the text in UTF-8, in the normal form. On false the output is to be thrown away.
-    bool AppendUtf8(std::string_view qm, std::string& utf8) const;
+    bool AppendUtf8(std::string_view text, std::string& utf8) const;
 
     // Appends the text in the one-byte code, whether its letters are precomposed or not. On false
     // the output is to be thrown away.
@@ -42,7 +42,7 @@ private:
     static void Decompose(Sequence& sequence);
     void AddSequence(Codes codes, const std::string& utf8, Sequence& sequence);
     const Codes* Find(char32_t codePoint) const;
-    std::size_t AppendLetter(std::string_view qm, std::string& utf8) const;
+    std::size_t AppendLetter(std::string_view before, std::string_view qm, std::string& utf8) const;
     std::size_t AppendLigature(std::string_view qm, std::string& utf8) const;
     std::size_t AppendCodes(std::string_view utf8, std::string& qm) const;
 

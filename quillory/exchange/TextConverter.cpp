@@ -13,6 +13,12 @@ namespace {
 constexpr char kDelimiter = zorby::kDelimiter;
 constexpr std::string_view kEscapeToBasic = "\x1Bs";
 
+// Such a diacritic has no letter, since in MARC-8 it stands before it.
+bool EndsWithDiacritic(std::string_view marc8) {
+    constexpr unsigned char kFirstDiacritic = 0xE0;
+    return !marc8.empty() && static_cast<unsigned char>(marc8.back()) >= kFirstDiacritic;
+}
+
 // Latin-1 bytes are the first 256 code points.
 void AppendLatin1AsUtf8(std::string_view latin1, std::string& utf8) {
     for (const char c : latin1) AppendUtf8(static_cast<unsigned char>(c), utf8);
@@ -79,14 +85,13 @@ bool TextConverter::EngineToUtf8(std::string_view marc8, std::string& out) {
     zorby::CSMARCToZorby(codes_);
     check_ = codes_;
     zorby::CSZorbyToMARC(check_);
-    if (check_ != marc8) return false;
+    if (check_ != marc8 || EndsWithDiacritic(marc8)) return false;
     const std::size_t start = out.size();
     if (qm_.AppendUtf8(codes_, out)) return true;
     out.resize(start);
     return false;
 }
 
-// A diacritic at the end of MARC-8 has lost its letter.
 bool TextConverter::EngineToMarc8(std::string_view utf8, std::string& out) {
     codes_.clear();
     if (!qm_.AppendQm(utf8, codes_) || codes_.empty()) return false;
@@ -96,12 +101,11 @@ bool TextConverter::EngineToMarc8(std::string_view utf8, std::string& out) {
     zorby::CSZorbyToMARC(marc8);
     const std::size_t start = out.size();
     out += marc8;
-    const auto lastByte = static_cast<unsigned char>(marc8.back());
+    const bool endsWithDiacritic = EndsWithDiacritic(marc8);
     const bool endsBasic =
         zorby::KeyRecordOf(last).alphabet == zorby::kAlphabetBasic || zorby::CSIsDiacritic(last);
     zorby::CSMARCToZorby(marc8);
-    constexpr unsigned char kFirstDiacritic = 0xE1;
-    if (marc8 != codes_ || lastByte >= kFirstDiacritic) {
+    if (marc8 != codes_ || endsWithDiacritic) {
         out.resize(start);
         return false;
     }
@@ -124,7 +128,8 @@ void TextConverter::AppendUtf8AsMarc8(std::string_view text, std::string& out, L
         kept = WithReferencesKept(text);
         text = kept;
     }
-    if (!EngineToMarc8(text, out)) SlowRoad().AppendMarc8(text, out, losses);
+    if (EngineToMarc8(text, out)) return;
+    SlowRoad().AppendMarc8(Normalized(text, kNormalFormC), out, losses);
 }
 
 void TextConverter::AppendUtf8(std::string_view text, std::string& out, Losses& losses) {
@@ -162,7 +167,8 @@ void TextConverter::AppendText(std::string_view text, std::string& out, Losses& 
     }
 }
 
-// Text runs from one delimiter to the next; the byte behind a delimiter is a subfield code.
+// Text runs from one delimiter to the next; behind a delimiter stands a subfield code, unless the
+// byte there is part of a character.
 void TextConverter::Append(std::string_view content, std::string& out, Losses& losses) {
     while (!content.empty()) {
         const std::size_t end = std::min(content.find(kDelimiter), content.size());
@@ -172,8 +178,10 @@ void TextConverter::Append(std::string_view content, std::string& out, Losses& l
         } else {
             AppendText(text, out, losses);
         }
-        out += content.substr(end, 2);
-        content.remove_prefix(std::min(end + 2, content.size()));
+        const std::string_view rest = content.substr(end);
+        const bool hasCode = rest.size() > 1 && zorby::PlainRunLength(&rest[1], &rest[2]) == 1;
+        out += rest.substr(0, hasCode ? 2 : 1);
+        content.remove_prefix(std::min(end + (hasCode ? 2 : 1), content.size()));
     }
 }
 

@@ -48,8 +48,7 @@ CArchiveException FailureOf(Action action) {
 TEST(Archive, NumbersAreLittleEndianWithoutPadding) {
     const auto byte = static_cast<unsigned char>(0xFE);
     EXPECT_EQ(Stored(byte, 'a', std::int32_t{-2}, std::uint32_t{0x80000001}),
-              "\xFE"
-              "a\xFE\xFF\xFF\xFF\x01\x00\x00\x80"s);
+              "\376a\xFE\xFF\xFF\xFF\x01\x00\x00\x80"s);
 }
 
 TEST(Archive, TextLengthHasThreeForms) {
@@ -77,19 +76,13 @@ TEST(Archive, TextLengthHasThreeForms) {
 }
 
 TEST(Archive, LongFormsOfShortLengthsAreRead) {
-    EXPECT_EQ(LoadedText("\xFF\x02\x00"
-                         "ab"s),
-              "ab");
-    EXPECT_EQ(LoadedText("\xFF\xFF\xFF\x02\x00\x00\x00"
-                         "a\0"s),
-              "a\0"s);
+    EXPECT_EQ(LoadedText("\xFF\x02\000ab"s), "ab");
+    EXPECT_EQ(LoadedText("\xFF\xFF\xFF\x02\x00\x00\000a\0"s), "a\0"s);
 }
 
 TEST(Archive, WideTextIsNarrowed) {
     EXPECT_EQ(LoadedText("\xFF\xFE\xFF\x00"s), "");
-    EXPECT_EQ(LoadedText("\xFF\xFE\xFF\x04"
-                         "a\0\xE9\0\xAC\x20\0\0"s),
-              "a\xE9?\0"s);
+    EXPECT_EQ(LoadedText("\xFF\xFE\xFF\004a\0\xE9\0\xAC\x20\0\0"s), "a\xE9?\0"s);
     std::string wide = "\xFF\xFE\xFF\xFF\x00\x80"s;
     for (int i = 0; i < 0x8000; ++i) wide += "x\0"s;
     EXPECT_EQ(LoadedText(wide), std::string(0x8000, 'x'));
@@ -98,19 +91,14 @@ TEST(Archive, WideTextIsNarrowed) {
 TEST(Archive, LengthsBeyondTheStreamEndAsEndOfFile) {
     const std::vector<std::string> damaged = {
         ""s,
-        "\x05"
-        "abcd"s,
+        "\005abcd"s,
         "\xFF"s,
         "\xFF\x01"s,
         "\xFF\xFF\xFF\xFF\xFF\xFF"s,
-        "\xFF\xFF\xFF\xFF\xFF\xFF\xFF"
-        "abc"s,
-        "\xFF\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"
-        "abc"s,
-        "\xFF\xFE\xFF\xFF\xFE\xFF\x01"
-        "a"s,
-        "\xFF\xFE\xFF\x01"
-        "a"s,
+        "\xFF\xFF\xFF\xFF\xFF\xFF\377abc"s,
+        "\xFF\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF\377abc"s,
+        "\xFF\xFE\xFF\xFF\xFE\xFF\001a"s,
+        "\xFF\xFE\xFF\001a"s,
     };
     for (const std::string& bytes : damaged) {
         MemoryViewStream stream(bytes);
@@ -217,8 +205,7 @@ TEST(List, AbsurdCountEndsAtTheEndOfTheStream) {
     std::vector<std::int32_t> numbers;
     const CArchiveException failure = FailureOf([&] {
         LoadList(
-            "\xFF\xFF\xFF\x7F"
-            "\1\0\0\0"
+            "\xFF\xFF\xFF\177\1\0\0\0"
             "\2\0"s,
             numbers);
     });

@@ -161,10 +161,7 @@ TEST(FileStream, ReadWriteCreatesAMissingFileAndKeepsAnother) {
 TEST(FileStream, ArchiveLeavesTheFileBehindItsLastItem) {
     const Folder folder;
     FileStream stream(folder.File("queue.prn"), FileStream::kReadWrite);
-    stream.Write(
-        "\x01"
-        "abc",
-        4);
+    stream.Write("\001abc", 4);
     stream.Seek(0);
     std::string text;
     {

@@ -15,10 +15,7 @@ std::string SoundRecord() {
     CommFormatWriter writer;
     writer.SetLeader("00000nam a2200000 a 4500");
     writer.AddField("001", "id-1");
-    writer.AddField("245",
-                    "10\x1F"
-                    "aTitle /\x1F"
-                    "cName.");
+    writer.AddField("245", "10\037aTitle /\037cName.");
     writer.AddField("245", "  ");
     writer.AddField("CAT", "no indicators");
     std::string bytes;
@@ -32,10 +29,8 @@ TEST(CommFormat, ReadsWhatWasWritten) {
     ASSERT_FALSE(ReadCommFormat(bytes, record)) << CommFormatFaultText(CFR_None);
     const std::vector<std::string> fields(record.begin(), record.end());
     EXPECT_EQ(fields, (std::vector<std::string>{"000" + bytes.substr(0, 24), "001id-1",
-                                                "24510\x1F"
-                                                "aTitle /\x1F"
-                                                "cName.",
-                                                "245  ", "CATno indicators"}));
+                                                "24510\037aTitle /\037cName.", "245  ",
+                                                "CATno indicators"}));
     std::string again;
     record.ConvertToUSMARCCommFormat(again);
     EXPECT_EQ(again, bytes);
@@ -122,11 +117,7 @@ TEST(CommFormat, RescuesWhatIsCertain) {
 TEST(CommFormat, TooLongIsToldFromWrong) {
     CommFormatWriter writer;
     writer.SetLeader("00000nam a2200000 a 4500");
-    for (int i = 0; i < 11; ++i)
-        writer.AddField("500",
-                        "  \x1F"
-                        "a" +
-                            std::string(9000, 'x'));
+    for (int i = 0; i < 11; ++i) writer.AddField("500", "  \037a" + std::string(9000, 'x'));
     std::string bytes;
     writer.Finish(bytes);
     bytes.insert(bytes.size() - 2, 2000, 'y');

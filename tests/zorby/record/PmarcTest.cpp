@@ -96,10 +96,7 @@ TEST(Pmarc, AgreesWithThePlainWordingOverRandomLists) {
             std::snprintf(digits, sizeof digits, "%03d", tag);
             if (random() % 4 == 0) {  // a line of MicroLIF, which goes to the end
                 std::string line = std::string(digits) + "xx_atext";
-                plain.fields.push_back(tag > 9 ? std::string(digits) +
-                                                     "xx\x1F"
-                                                     "atext"
-                                               : line);
+                plain.fields.push_back(tag > 9 ? std::string(digits) + "xx\037atext" : line);
                 record.AddOldMicrolifField(line.data(), static_cast<int>(line.size()));
                 continue;
             }
@@ -162,12 +159,9 @@ TEST(Pmarc, ControlFieldsAndAstaAdd) {
     record.AstaAdd(100, '1', '_', 'd', 0, "1819");
     record.AstaAdd(100, '0', '0', 'a', 1, "Other");
     record.AstaAdd(1, '0', '0', 'a', 1, "id\xB7");
-    EXPECT_EQ(Fields(record), (std::vector<std::string>{"001id ", "008ab c ",
-                                                        "1001 \x1F"
-                                                        "aMelville\x1F"
-                                                        "d1819",
-                                                        "10000\x1F"
-                                                        "aOther"}));
+    EXPECT_EQ(Fields(record),
+              (std::vector<std::string>{"001id ", "008ab c ", "1001 \037aMelville\037d1819",
+                                        "10000\037aOther"}));
     std::string lines = ">";
     record.GetRecordAsCString(lines);
     EXPECT_EQ(lines.substr(0, 8), ">001id \r");
@@ -181,9 +175,7 @@ TEST(Pmarc, CommFormat) {
     record.AstaAdd(245, '1', '0', 'a', 1, "Title");
     EXPECT_EQ(CommFormat(record),
               "00048nam a2200037 a 4500"
-              "245001000000\x1E"
-              "10\x1F"
-              "aTitle\x1E\x1D");
+              "245001000000\03610\037aTitle\x1E\x1D");
     CPmarc bare;
     bare.AstaAdd(245, '1', '0', 'a', 1, "Title");
     EXPECT_EQ(CommFormat(bare).substr(0, 24), "00048|||||||00037|||||||");
@@ -243,19 +235,10 @@ TEST(Pmarc, OldMicrolif) {
 TEST(Pmarc, ReadsOldMicrolifLines) {
     const std::pair<std::string, std::string> kCases[] = {
         {"LDR00046nam^", "00000046nam"},
-        {"2x5 0_aA_b`B^",
-         "205 0\x1F"
-         "aA\x1F"
-         "b`B"},
-        {"24500_aEnd^`",
-         "24500\x1F"
-         "aEnd"},
-        {"24500_aEnd\x1E\x1D",
-         "24500\x1F"
-         "aEnd"},
-        {"24500_aEnd^\r\n",
-         "24500\x1F"
-         "aEnd^\r\n"},
+        {"2x5 0_aA_b`B^", "205 0\037aA\037b`B"},
+        {"24500_aEnd^`", "24500\037aEnd"},
+        {"24500_aEnd\x1E\x1D", "24500\037aEnd"},
+        {"24500_aEnd^\r\n", "24500\037aEnd^\r\n"},
         {"008a_b^", "008a_b"},
         {"24", "24"},
     };

@@ -1,0 +1,122 @@
+#include <quillory/exchange/MarcReader.h>
+#include <quillory/exchange/Recoder.h>
+#include <quillory/exchange/RecordWriter.h>
+#include <quillory/exchange/TextConverter.h>
+
+#include <benchmark/benchmark.h>
+
+#include <benchmarks/CatalogueRecord.h>
+#include <benchmarks/CatalogueText.h>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace quillory::bench {
+namespace {
+
+using zorby::bench::BuildCatalogueRecord;
+using zorby::bench::LatinMarc8;
+using zorby::bench::Pieces;
+
+constexpr std::size_t kTextSize = std::size_t{64} << 10;
+constexpr std::size_t kFieldSize = 80;
+
+// Fields that the one-byte code holds.
+std::vector<std::string> LatinFields() {
+    return Pieces(LatinMarc8(kTextSize), kFieldSize);
+}
+
+// Fields of a title in basic Cyrillic, which the one-byte code does not hold.
+std::vector<std::string> CyrillicFields() {
+    return std::vector<std::string>(kTextSize / kFieldSize,
+                                    "\x1B(NwOJNA I MIR \x1B(B/ letters \x1B(NIZ pETERBURGA\x1B(B");
+}
+
+std::vector<std::string> Converted(const std::vector<std::string>& fields, Charset from,
+                                   Charset to) {
+    TextConverter converter(from, to, kNormalFormC);
+    Losses losses;
+    std::vector<std::string> converted(fields.size());
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        converter.Append(fields[i], converted[i], losses);
+    }
+    return converted;
+}
+
+void ConvertFields(benchmark::State& state, const std::vector<std::string>& fields, Charset from,
+                   Charset to) {
+    TextConverter converter(from, to, kNormalFormC);
+    Losses losses;
+    std::string out;
+    std::int64_t bytes = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        out.clear();
+        for (const std::string& field : fields) {
+            converter.Append(field, out, losses);
+            bytes += static_cast<std::int64_t>(field.size());
+        }
+        benchmark::DoNotOptimize(out.data());
+    }
+    state.SetBytesProcessed(bytes);
+}
+
+void ToUtf8(benchmark::State& state, std::vector<std::string> (*fields)()) {
+    ConvertFields(state, fields(), kCharsetMarc8, kCharsetUtf8);
+}
+BENCHMARK_CAPTURE(ToUtf8, latin, LatinFields);
+BENCHMARK_CAPTURE(ToUtf8, cyrillic, CyrillicFields);
+
+void ToMarc8(benchmark::State& state, std::vector<std::string> (*fields)()) {
+    ConvertFields(state, Converted(fields(), kCharsetMarc8, kCharsetUtf8), kCharsetUtf8,
+                  kCharsetMarc8);
+}
+BENCHMARK_CAPTURE(ToMarc8, latin, LatinFields);
+BENCHMARK_CAPTURE(ToMarc8, cyrillic, CyrillicFields);
+
+// A file of records that goes when the benchmark ends.
+class RecordFile {
+public:
+    explicit RecordFile(std::size_t records)
+        : path_(std::filesystem::temp_directory_path() / "quillory_bench.mrc") {
+        std::string record;
+        BuildCatalogueRecord().ConvertToUSMARCCommFormat(record);
+        std::ofstream file(path_, std::ios::binary);
+        for (std::size_t i = 0; i < records; ++i) file << record;
+    }
+    ~RecordFile() { std::filesystem::remove(path_); }
+    RecordFile(const RecordFile&) = delete;
+    RecordFile& operator=(const RecordFile&) = delete;
+
+    std::string Path() const { return path_.string(); }
+    std::size_t Size() const { return std::filesystem::file_size(path_); }
+
+private:
+    std::filesystem::path path_;
+};
+
+// Records from a file, through the character sets, to nowhere.
+void CarryRecords(benchmark::State& state, Charset to) {
+    const RecordFile file(10000);
+    for ([[maybe_unused]] auto _ : state) {
+        Input input(file.Path());
+        Output output("/dev/null");
+        MarcReader reader(input, false);
+        MarcWriter writer(output, kOversizeRefuse);
+        Recoder recoder({kCharsetAuto, to, {}});
+        Losses losses;
+        Item item;
+        while (reader.Next(item)) {
+            recoder.Recode(item.record, losses);
+            writer.Write(item.record, losses);
+        }
+        output.Finish();
+    }
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) *
+                            static_cast<std::int64_t>(file.Size()));
+}
+BENCHMARK_CAPTURE(CarryRecords, unchanged, kCharsetAuto)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(CarryRecords, toUtf8, kCharsetUtf8)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace quillory::bench

@@ -1,0 +1,128 @@
+#include <quillory/exchange/Output.h>
+#include <quillory/exchange/RecordWriter.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <random>
+#include <string>
+#include <sys/stat.h>
+
+#include "TemporaryFile.h"
+
+namespace quillory {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string ReadInput(const std::string& path) {
+    Input input(path);
+    std::string all;
+    for (std::string_view window = input.Peek(1); !window.empty(); window = input.Peek(1)) {
+        all += window;
+        input.Skip(window.size());
+    }
+    return all;
+}
+
+std::string RandomBytes(std::size_t size) {
+    std::mt19937 random(9);
+    std::string bytes(size, '\0');
+    for (char& c : bytes) c = static_cast<char>(random() % 64);
+    return bytes;
+}
+
+TEST(Output, TakesItsNameOnlyWhenItIsWhole) {
+    const TemporaryFile file("old");
+    chmod(file.Path().c_str(), 0640);
+    {
+        Output output(file.Path());
+        output.Write("new");
+        output.Flush();
+        EXPECT_EQ(file.Read(), "old");
+    }
+    EXPECT_EQ(file.Read(), "old");
+    Output output(file.Path());
+    output.Write("new");
+    output.Finish();
+    EXPECT_EQ(file.Read(), "new");
+    EXPECT_EQ(fs::status(file.Path()).permissions(), fs::perms{0640});
+    for (const auto& entry : fs::directory_iterator(fs::path(file.Path()).parent_path())) {
+        const std::string name = entry.path().string();
+        EXPECT_TRUE(name == file.Path() || !name.starts_with(file.Path())) << name;
+    }
+}
+
+TEST(Output, SaysWhenItCantBeWritten) {
+    EXPECT_THROW(Output("/no/such/folder/file"), FileError);
+    EXPECT_THROW(Input("/no/such/file"), FileError);
+    if (!fs::exists("/dev/full")) GTEST_SKIP();
+    Output output("/dev/full");
+    output.Write("x");
+    EXPECT_THROW(output.Finish(), FileError);
+}
+
+TEST(Output, GzipBothWays) {
+    const std::string bytes = RandomBytes(3000000);
+    const TemporaryFile file("", ".gz");
+    {
+        Output output(file.Path());
+        for (std::size_t at = 0; at < bytes.size(); at += 70001) {
+            output.Write(std::string_view(bytes).substr(at, 70001));
+        }
+        output.Finish();
+    }
+    const std::string packed = file.Read();
+    EXPECT_LT(packed.size(), bytes.size());
+    EXPECT_EQ(ReadInput(file.Path()), bytes);
+    const TemporaryFile twoMembers(packed + packed);
+    EXPECT_EQ(ReadInput(twoMembers.Path()), bytes + bytes);
+    const TemporaryFile cut(packed.substr(0, packed.size() / 2));
+    EXPECT_THROW(ReadInput(cut.Path()), FileError);
+    const TemporaryFile plain(bytes);
+    EXPECT_EQ(ReadInput(plain.Path()), bytes);
+}
+
+TEST(MarcWriter, OversizeIsRefusedOrCut) {
+    const std::string longField = "  \037a" + std::string(9996, 'x');
+    const std::string fitting = longField.substr(0, 9998);
+    struct Case {
+        std::vector<std::string> contents;
+        Oversize oversize;
+        bool written;
+        std::string reason;
+    };
+    const Case kCases[] = {
+        {{fitting}, kOversizeRefuse, true, ""},
+        {{longField},
+         kOversizeRefuse,
+         false,
+         "field 500 of 10001 bytes is over the format's 9,999"},
+        {{longField},
+         kOversizeCut,
+         true,
+         "field 500 of 10001 bytes stands as 9,999 in the directory"},
+        {std::vector<std::string>(10, fitting), kOversizeRefuse, false,
+         "a record of 100136 bytes is over the format's 99,999 (largest: field 500 of 9999 bytes)"},
+        {std::vector<std::string>(10, fitting), kOversizeCut, true,
+         "140 bytes cut off the end of the record"},
+        {{}, kOversizeCut, false, "no field to write"},
+    };
+    for (const Case& c : kCases) {
+        const TemporaryFile file;
+        Output output(file.Path());
+        MarcWriter writer(output, c.oversize);
+        Record record;
+        record.leader = "00000nam a2200000 a 4500";
+        for (const std::string& content : c.contents) record.fields.push_back({"500", content});
+        Losses losses;
+        const WriteResult result = writer.Write(record, losses);
+        output.Finish();
+        EXPECT_EQ(result.written, c.written);
+        EXPECT_EQ(result.reason, c.reason);
+        EXPECT_EQ(file.Read().empty(), !c.written);
+    }
+}
+
+}  // namespace
+}  // namespace quillory

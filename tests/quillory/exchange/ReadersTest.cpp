@@ -1,0 +1,282 @@
+#include <quillory/exchange/Form.h>
+#include <quillory/exchange/MarcReader.h>
+#include <quillory/exchange/Microlif.h>
+#include <quillory/exchange/Mrk.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "TemporaryFile.h"
+
+namespace quillory {
+namespace {
+
+std::string MarcOf(const std::string& id, const std::string& title) {
+    zorby::CommFormatWriter writer;
+    writer.SetLeader("00000nam  2200000 a 4500");
+    writer.AddField("001", id);
+    writer.AddField("245", "10\037a" + title);
+    std::string bytes;
+    writer.Finish(bytes);
+    return bytes;
+}
+
+struct Found {
+    ItemKind kind;
+    std::string bytes;
+    std::string id;
+    std::string reason;
+    std::uint64_t number;
+    std::uint64_t offset;
+};
+
+std::vector<Found> ReadAll(Form form, const std::string& bytes, bool lenient = false) {
+    const TemporaryFile file(bytes);
+    Input input(file.Path());
+    const auto reader = MakeReader(form, input, lenient);
+    std::vector<Found> all;
+    Item item;
+    while (reader->Next(item)) {
+        all.push_back({item.kind, std::string(item.bytes), std::string(item.record.ControlNumber()),
+                       item.reason, item.number, item.offset});
+    }
+    return all;
+}
+
+std::string Kinds(const std::vector<Found>& all) {
+    std::string kinds;
+    for (const Found& found : all) kinds += "RDS"[found.kind];
+    return kinds;
+}
+
+TEST(MarcReader, NamesWhatItFinds) {
+    const std::string a = MarcOf("a", "First");
+    const std::string b = MarcOf("b", "Second");
+    std::string wrongLength = a;
+    wrongLength[4] = '0';
+    struct Case {
+        std::string bytes;
+        std::string kinds, lenientKinds;
+    };
+    const Case kCases[] = {
+        {"", "", ""},
+        {a + b, "RR", "RR"},
+        {"\xEF\xBB\xBF" + a + "\r\n" + b + "\n", "SRSRS", "SRSRS"},
+        {a + std::string("\0\x1A\x1D ", 4) + b, "RSR", "RSR"},
+        {wrongLength + b, "DR", "RR"},
+        {a + "some words" + b, "RSR", "RSR"},
+        {a + b.substr(0, 40), "RD", "RD"},
+        {a + "00010" + b, "RSR", "RSR"},
+        {"no MARC at all", "D", "D"},
+        {wrongLength + "text" + b, "DSR", "RSR"},
+        {a.substr(0, a.size() - 1), "D", "R"},
+    };
+    for (const Case& c : kCases) {
+        EXPECT_EQ(Kinds(ReadAll(kFormMarc, c.bytes)), c.kinds) << c.bytes;
+        EXPECT_EQ(Kinds(ReadAll(kFormMarc, c.bytes, true)), c.lenientKinds) << c.bytes;
+    }
+}
+
+// Whatever lies between them, sound records survive, and every byte is in some item, in order.
+TEST(MarcReader, SoundRecordsSurviveRandomDamage) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 300; ++round) {
+        std::string bytes;
+        std::vector<std::string> ids;
+        for (int i = 0; i < 6; ++i) {
+            std::string record = MarcOf("id" + std::to_string(i), std::string(random() % 50, 'x'));
+            if (random() % 3 == 0) {  // damage in its leader or directory, or it is cut at its end
+                record[random() % 40] = "x\x1E\x1F\xFF"[random() % 4];
+            } else {
+                ids.push_back("id" + std::to_string(i));
+            }
+            bytes += record;
+            for (std::size_t j = random() % 3; j > 0; --j) bytes += "\n x0\x1A"[random() % 5];
+        }
+        std::string together;
+        std::vector<std::string> found;
+        for (const Found& item : ReadAll(kFormMarc, bytes)) {
+            EXPECT_EQ(item.offset, together.size());
+            together += item.bytes;
+            if (item.kind == kItemRecord) found.push_back(item.id);
+        }
+        ASSERT_EQ(together, bytes);
+        for (const std::string& id : ids) {
+            EXPECT_NE(std::find(found.begin(), found.end(), id), found.end()) << id;
+        }
+    }
+}
+
+TEST(MarcReader, EndlessDamageIsOneRecordInPieces) {
+    const std::string bytes =
+        std::string(std::size_t{9} << 20, 'x') + "\x1D" + MarcOf("z", "After");
+    const auto all = ReadAll(kFormMarc, bytes);
+    ASSERT_EQ(Kinds(all), "DDDR");
+    EXPECT_EQ(all[2].number, 1U);
+    EXPECT_EQ(all[3].number, 2U);
+    EXPECT_EQ(all[0].bytes.size() + all[1].bytes.size() + all[2].bytes.size() + all[3].bytes.size(),
+              bytes.size());
+}
+
+Record View(const std::vector<std::string>& texts) {
+    Record record;
+    record.leader = texts[0];
+    for (std::size_t i = 1; i < texts.size(); ++i) {
+        const std::string_view text = texts[i];
+        record.fields.push_back({text.substr(0, 3), text.substr(3)});
+    }
+    return record;
+}
+
+std::vector<std::string> Texts(const Record& record) {
+    std::vector<std::string> texts{std::string(record.leader)};
+    for (const auto& field : record.fields) {
+        texts.push_back(std::string(field.tag) + std::string(field.content));
+    }
+    return texts;
+}
+
+TEST(Mrk, ReadsAndWritesTheCustomaryForm) {
+    const std::vector<std::string> texts{"00000nam a2200000 i 4500", "001a 1\\",
+                                         "24510\037aTitle ${}\\ /\037cName.", "9XXany\x1Fthing",
+                                         "500  "};
+    const std::string mrk =
+        "=LDR  00000nam\\a2200000\\i\\4500\n"
+        "=001  a\\1{bsol}\n"
+        "=245  10$aTitle {dollar}{lcub}{rcub}\\ /$cName.\n"
+        "=9XX  any$thing\n"
+        "=500  \\\\\n\n";
+    std::string written;
+    AppendMrk(View(texts), written);
+    EXPECT_EQ(written, mrk);
+
+    const std::string variants =
+        "\n=LDR  00000nam a2200000 i 4500\r\n=001  a 1{bsol}\r\n"
+        "=245  10$aTitle {dollar}{lcub}{rcub}\\ /$cName.\r\n=9XX  any$thing\r\n=500  # \r\n"
+        "=LDR  00000nam\\a2200000\\i\\4500\n=001  b";
+    const TemporaryFile file(variants);
+    Input input(file.Path());
+    MrkReader reader(input);
+    Item item;
+    ASSERT_TRUE(reader.Next(item));
+    ASSERT_EQ(item.kind, kItemRecord) << item.reason;
+    EXPECT_EQ(Texts(item.record), texts);
+    ASSERT_TRUE(reader.Next(item));
+    EXPECT_EQ(item.record.ControlNumber(), "b");
+    EXPECT_FALSE(reader.Next(item));
+}
+
+TEST(Mrk, NamesBadLines) {
+    const std::pair<std::string, std::string> kCases[] = {
+        {"=245  10$aNo leader\n", "no leader (=LDR)"},
+        {"=LDR  x\n245  10$aText\n", "a line that does not begin with = and a tag"},
+        {"=LDR  x\n=245  1\n", "a data field without two indicators"},
+        {"=LDR  x\n=245  10Text\n", "text before the first subfield ($)"},
+        {"=LDR  x\n=245  10$aText$\n", "a subfield sign ($) without a code"},
+        {"=LDR  x\n=245  10$aText$$b\n", "a subfield sign ($) without a code"},
+        {"=LDR  x\n=001  a\n=LDR  y\n", ""},
+    };
+    for (const auto& [text, reason] : kCases) {
+        const auto all = ReadAll(kFormMrk, text + "\n=LDR  y\n=001  next\n");
+        ASSERT_GE(all.size(), 2U);
+        EXPECT_EQ(all[0].reason, reason) << text;
+        EXPECT_EQ(all.back().id, "next") << text;
+    }
+}
+
+// Any content survives the line form; text without its signs survives old MicroLIF.
+TEST(LineForms, RandomRecordsComeBack) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 500; ++round) {
+        std::vector<std::string> texts{"00000nam a2200000 i 4500"};
+        for (int i = 0; i < 5; ++i) {
+            const bool control = random() % 3 == 0;
+            std::string text = control ? "008" : random() % 4 == 0 ? "CAT" : "59012\037a";
+            for (std::size_t j = random() % 20; j > 0; --j) {
+                const char c = static_cast<char>(random() % 256);
+                const bool structural = c == '\x1D' || c == '\x1E' || (c == '\x1F' && !control);
+                text += structural ? '$' : c;
+            }
+            texts.push_back(text);
+        }
+        std::string mrk;
+        AppendMrk(View(texts), mrk);
+        const TemporaryFile file(mrk);
+        Input input(file.Path());
+        MrkReader reader(input);
+        Item item;
+        ASSERT_TRUE(reader.Next(item));
+        ASSERT_EQ(item.kind, kItemRecord) << item.reason << mrk;
+        ASSERT_EQ(Texts(item.record), texts);
+        EXPECT_FALSE(reader.Next(item));
+
+        bool carried = true;
+        for (const auto& field : item.record.fields) {
+            carried = carried && MicrolifLosses(field).empty() && field.tag != "CAT" &&
+                      field.content.find_first_of("\x1D\x1E\x1F", field.IsControlField() ? 0 : 3) ==
+                          std::string_view::npos;
+        }
+        if (!carried) continue;
+        std::string microlif;
+        AppendMicrolif(View(texts), microlif);
+        const TemporaryFile lif(microlif);
+        Input lifInput(lif.Path());
+        MicrolifReader lifReader(lifInput);
+        ASSERT_TRUE(lifReader.Next(item));
+        auto back = Texts(item.record);
+        back[0].replace(0, 5, "00000");
+        for (const std::string& text : texts) {
+            if (text.size() == 3) continue;
+            EXPECT_NE(std::find(back.begin(), back.end(), text), back.end());
+        }
+    }
+}
+
+TEST(Microlif, ReadsWhatOthersWrite) {
+    const std::string one = "LDR00999nam  22     2  4500^@008a_b^@245 0_aAbout whales.^`@";
+    for (const std::string lineEnd : {"\r\n", "\n", "\r"}) {
+        std::string text = "HDRsome maker@" + one + one;
+        for (std::size_t at = text.find('@'); at != text.npos; at = text.find('@')) {
+            text.replace(at, 1, lineEnd);
+        }
+        const TemporaryFile file(text);
+        Input input(file.Path());
+        MicrolifReader reader(input);
+        Item item;
+        ASSERT_TRUE(reader.Next(item));
+        EXPECT_EQ(item.reason, "file header");
+        for (int i = 0; i < 2; ++i) {
+            ASSERT_TRUE(reader.Next(item));
+            ASSERT_EQ(item.kind, kItemRecord) << item.reason;
+            EXPECT_EQ(Texts(item.record),
+                      (std::vector<std::string>{"00999nam  22     2  4500", "008a_b",
+                                                "245 0\037aAbout whales."}));
+        }
+        EXPECT_FALSE(reader.Next(item)) << testing::PrintToString(lineEnd);
+    }
+    EXPECT_EQ(ReadAll(kFormMicrolif, "245 0_aNo head^`\r\n")[0].reason, "no head (LDR)");
+    EXPECT_EQ(ReadAll(kFormMicrolif, "LDRx^\r\n245 0Text^`\r\n")[0].reason,
+              "no two indicators before the first delimiter (_)");
+}
+
+TEST(Form, IsToldByContentAndName) {
+    const std::pair<std::string, Form> kContents[] = {
+        {"\r\n00026nam", kFormMarc}, {"LDR00123", kFormMicrolif},    {"=LDR  000", kFormMrk},
+        {"=245  10$a", kFormMrk},    {"\xFF\xD8\xFF", kFormUnknown}, {"", kFormUnknown},
+    };
+    for (const auto& [content, form] : kContents) {
+        const TemporaryFile file(content);
+        Input input(file.Path());
+        EXPECT_EQ(FormOfContent(input), form) << content;
+    }
+    EXPECT_EQ(FormOfName("dir.mrk/a.MRC.gz"), kFormMarc);
+    EXPECT_EQ(FormOfName("a.lif"), kFormMicrolif);
+    EXPECT_EQ(FormOfName("a.txt"), kFormUnknown);
+}
+
+}  // namespace
+}  // namespace quillory

@@ -1,0 +1,69 @@
+#include <quillory/exchange/Recoder.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace quillory {
+namespace {
+
+Record RecordOf(std::string_view leader, std::string_view title) {
+    Record record;
+    record.leader = leader;
+    record.fields = {{"001", "id"}, {"245", title}};
+    record.bytes = "verbatim";
+    return record;
+}
+
+constexpr std::string_view kMarc8Leader = "00000nam  2200000 a 4500";
+constexpr std::string_view kUtf8Leader = "00000nam a2200000 a 4500";
+
+TEST(Recoder, LabelFollowsAndLiesAreNoticed) {
+    struct Case {
+        std::string_view leader;
+        std::string title;
+        Charset from, to;
+        char label;
+        std::string result;
+        bool mislabelled;
+    };
+    const Case kCases[] = {
+        {kMarc8Leader, "  \037a\342e", kCharsetAuto, kCharsetUtf8, 'a', "  \037aé", false},
+        {kUtf8Leader, "  \037aé", kCharsetAuto, kCharsetMarc8, ' ', "  \037a\342e", false},
+        {kMarc8Leader, "  \037aplain", kCharsetAuto, kCharsetUtf8, 'a', "  \037aplain", false},
+        {kMarc8Leader, "  \037aé", kCharsetAuto, kCharsetUtf8, 'a', "  \037aé", true},
+        {kMarc8Leader, "  \037aé", kCharsetAuto, kCharsetMarc8, ' ', "  \037a\342e", true},
+        {kUtf8Leader, "  \037a\342e", kCharsetAuto, kCharsetUtf8, 'a', "  \037aé", true},
+        // Forced: the bytes are read as told.
+        {kUtf8Leader, "  \037a\xE9", kCharsetLatin1, kCharsetUtf8, 'a', "  \037aé", false},
+        {kMarc8Leader, "  \037a\xC3\xA9", kCharsetMarc8, kCharsetUtf8, 'a', "  \037a\u00A9\u266D",
+         false},
+        // Mostly UTF-8, with one bad byte: it stays UTF-8.
+        {kUtf8Leader, "  \037aé \xFF", kCharsetAuto, kCharsetUtf8, 'a', "  \037aé \xFF", false},
+        {kMarc8Leader, "  \037a\xFF\xE9", kCharsetAuto, kCharsetAuto, ' ', "  \037a\xFF\xE9",
+         false},
+    };
+    for (const Case& c : kCases) {
+        Recoder recoder({c.from, c.to, {}});
+        Record record = RecordOf(c.leader, c.title);
+        Losses losses;
+        const Recoder::Result result = recoder.Recode(record, losses);
+        EXPECT_EQ(record.fields[1].content, c.result);
+        EXPECT_EQ(record.leader[9], c.label) << c.result;
+        EXPECT_EQ(result.mislabelled, c.mislabelled) << c.result;
+        EXPECT_EQ(record.bytes.empty(), c.result != c.title) << c.result;
+    }
+}
+
+TEST(Recoder, NormalFormOnRequest) {
+    Losses losses;
+    Record record = RecordOf(kUtf8Leader, "  \037a\u00E9");
+    Recoder({kCharsetAuto, kCharsetUtf8, {}}).Recode(record, losses);
+    EXPECT_EQ(record.fields[1].content, "  \037a\u00E9");
+    Recoder recoder({kCharsetAuto, kCharsetUtf8, kNormalFormD});
+    recoder.Recode(record, losses);
+    EXPECT_EQ(record.fields[1].content, "  \037ae\u0301");
+}
+
+}  // namespace
+}  // namespace quillory
