@@ -9,6 +9,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zorby {
 namespace {
@@ -72,8 +73,73 @@ void CheckMarc(const std::string& text) {
     const std::string back = ToQm(marc);
     Expect(ToMarc(back) == marc, "MARC-8 of simple text comes back");
     Expect(KeyOf(back) == KeyOf(text), "simple text sorts the same when it comes back");
+}
 
-    Expect(ToQm(text).size() <= text.size(), "decoding never grows");
+// The plain way to decode, by a walk of the whole table for each character.
+class TableWalk {
+public:
+    std::string ToQm(const std::string& marc) {
+        std::string qm;
+        bool pending = false;
+        for (std::size_t at = 0; at < marc.size();) {
+            unsigned char code = 0;
+            std::size_t consumed = 1;
+            if (!Decode(std::string_view(marc).substr(at), code, consumed)) {
+                ++at;
+                continue;
+            }
+            qm += static_cast<char>(code);
+            const bool isDiacritic = CSIsDiacritic(code) != 0;
+            if (pending && !isDiacritic && qm.size() > 1) std::swap(qm.end()[-1], qm.end()[-2]);
+            pending = isDiacritic;
+            at += consumed;
+        }
+        return qm.substr(0, qm.find('\0'));
+    }
+
+private:
+    bool Decode(std::string_view rest, unsigned char& code, std::size_t& consumed) {
+        bool known = true;
+        code = 0;
+        if (rest.front() == kEscape) {
+            const std::size_t letter = rest.size() > 1 ? kEscapeLetters.find(rest[1]) : rest.npos;
+            known = letter != rest.npos;
+            alphabet_ = known ? static_cast<unsigned char>(letter) : kAlphabetBasic;
+            if (rest.size() < 2) return false;
+            rest.remove_prefix(2);
+            consumed = rest.empty() || rest[0] == 0x1E || rest[0] == 0x1F ? 2 : 3;
+            if (consumed == 2) return true;
+        }
+        return Find(rest, code, consumed) && known;
+    }
+
+    bool Find(std::string_view rest, unsigned char& code, std::size_t& consumed) const {
+        bool found = false;
+        for (unsigned row = 0; row < 256; ++row) {
+            const KeyRecord& record = KeyRecordOf(static_cast<unsigned char>(row));
+            if (record.alphabet != alphabet_) continue;
+            if (rest.size() > 1 && record.marc2 == Byte(rest[0]) && record.marc1 == Byte(rest[1])) {
+                code = static_cast<unsigned char>(row);
+                ++consumed;
+                return true;
+            }
+            if (!found && record.marc2 == 0 && record.marc1 == Byte(rest[0])) {
+                code = static_cast<unsigned char>(row);
+                found = true;
+            }
+        }
+        return found;
+    }
+
+    static constexpr char kEscape = 0x1B;
+    static constexpr std::string_view kEscapeLetters = "sgbp";  // in the order of alphabets
+    unsigned char alphabet_ = kAlphabetBasic;
+};
+
+void CheckDecoding(const std::string& text) {
+    const std::string qm = ToQm(text);
+    Expect(qm.size() <= text.size(), "decoding never grows");
+    Expect(qm == TableWalk().ToQm(text), "decoding is a walk of the table");
 }
 
 void CheckValidity(const std::string& text) {
@@ -160,6 +226,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     CSSetDisplayType(data[1] % 4);
     CSDotInMiddleOfLine();
     CheckMarc(text);
+    CheckDecoding(text);
     CheckValidity(text);
     CheckDisplay(text, data[1] % 4, keepControls);
     CheckLatin1(text, keepControls);

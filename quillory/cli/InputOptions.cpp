@@ -56,6 +56,7 @@ Status ReadFiles(const InputOptions& options, Reporter& reporter,
     const std::vector<std::string> standardInput{"-"};
     const auto& files = options.files.empty() ? standardInput : options.files;
     std::vector<std::unique_ptr<Input>> inputs;
+    inputs.reserve(files.size());
     for (const std::string& file : files) inputs.push_back(std::make_unique<Input>(file));
 
     Status status = kStatusWell;

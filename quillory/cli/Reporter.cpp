@@ -65,6 +65,7 @@ void Reporter::SayFault(const Item& item, std::string_view outcome) {
 }
 
 void Reporter::Say(std::string_view text) const {
+    if (text.ends_with('\n')) text.remove_suffix(1);
     std::fprintf(stderr, "quillory: %.*s\n", static_cast<int>(text.size()), text.data());
 }
 

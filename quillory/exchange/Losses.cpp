@@ -16,7 +16,7 @@ std::string Format(const char* format, unsigned value) {
 // "U+00DF (ß)", without the character itself where it is none to be seen.
 std::string CodePointName(std::uint32_t codePoint) {
     const auto code = static_cast<utf8proc_int32_t>(codePoint);
-    const std::string name = Format("U+%04X", codePoint);
+    std::string name = Format("U+%04X", codePoint);
     if (utf8proc_charwidth(code) < 1) return name;
     utf8proc_uint8_t bytes[4];
     const utf8proc_ssize_t size = utf8proc_encode_char(code, bytes);
@@ -33,7 +33,8 @@ std::string Describe(LossKind kind, std::uint32_t character) {
         case kLossNoLetter:
             return CodePointName(character) + " has no letter to stand on, set on a blank";
         case kLossMicrolifSign:
-            return Format("byte 0x%02X", character) + " does not come back from old MicroLIF";
+            return Format(character < ' ' ? "byte 0x%02X" : "%c", character) +
+                   " does not come back from old MicroLIF";
     }
     return {};
 }

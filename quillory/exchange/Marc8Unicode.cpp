@@ -79,7 +79,9 @@ public:
     void Run() {
         while (at_ < text_.size()) {
             if (text_[at_] == kEscape) {
-                TakeEscape();
+                const std::size_t size = ReadEscape();
+                if (size == 0) Lose(text_.substr(at_, 1));
+                at_ += std::max<std::size_t>(size, 1);
             } else if (IsControl(text_[at_])) {
                 out_ += text_[at_++];
             } else {
@@ -95,7 +97,7 @@ private:
     };
 
     char Byte(std::size_t at) const { return at < text_.size() ? text_[at] : '\0'; }
-    void TakeEscape();
+    std::size_t ReadEscape();
     void TakeUnit();
     bool TakeSecondHalf();
     void TakeCharacter(std::string& unit);
@@ -113,8 +115,9 @@ private:
 };
 
 // A final byte behind intermediates: "(" and "," designate G0, ")" and "-" G1, "$" a set of three
-// bytes a character; "!" is part of the final. One letter alone is a set of technique 1.
-void Marc8Unicode::Decoder::TakeEscape() {
+// bytes a character; "!" is part of the final. One letter alone is a set of technique 1. Result:
+// bytes of the escape, 0 if it is none.
+std::size_t Marc8Unicode::Decoder::ReadEscape() {
     std::size_t at = at_ + 1;
     Set set;
     bool isG1 = false;
@@ -122,10 +125,9 @@ void Marc8Unicode::Decoder::TakeEscape() {
     if (first == 's' || first == 'g' || first == 'b' || first == 'p') {
         if (first != 's') set.escape = text_.substr(at_, 2);
         g0_ = set;
-        at_ += 2;
-        return;
+        return 2;
     }
-    if (Byte(at) == '$') {
+    if (first == '$') {
         set.width = 3;
         ++at;
     }
@@ -133,17 +135,13 @@ void Marc8Unicode::Decoder::TakeEscape() {
         isG1 = Byte(at) == ')' || Byte(at) == '-';
         ++at;
     } else if (set.width == 1) {
-        Lose(text_.substr(at_++, 1));
-        return;
+        return 0;
     }
     if (Byte(at) == '!') ++at;
-    if (at >= text_.size() || Byte(at) <= ' ' || IsHigh(Byte(at))) {
-        Lose(text_.substr(at_++, 1));
-        return;
-    }
+    if (at >= text_.size() || Byte(at) <= ' ' || IsHigh(Byte(at))) return 0;
     set.escape = text_.substr(at_, at + 1 - at_);
     (isG1 ? g1_ : g0_) = set;
-    at_ = at + 1;
+    return at + 1 - at_;
 }
 
 void Marc8Unicode::Decoder::Lose(std::string_view bytes) {
@@ -181,15 +179,24 @@ void Marc8Unicode::Decoder::TakeLoneDiacritic(const std::string& sets, const std
     out_ += converted;
 }
 
+// An escape may stand between a diacritic and its letter.
 void Marc8Unicode::Decoder::TakeUnit() {
     const std::string sets = g0_.escape + g1_.escape;
     std::string unit;
     std::string converted;
     auto outcome = Converter::kIncomplete;
-    while (outcome == Converter::kIncomplete && at_ < text_.size() && !IsControl(text_[at_])) {
-        if (TakeSecondHalf()) continue;
-        TakeCharacter(unit);
-        outcome = owner_.toUtf8_->Convert(sets + unit, converted);
+    while (outcome == Converter::kIncomplete && at_ < text_.size()) {
+        if (text_[at_] == kEscape) {
+            const std::size_t size = ReadEscape();
+            if (size == 0) break;
+            unit += text_.substr(at_, size);
+            at_ += size;
+        } else if (IsControl(text_[at_])) {
+            break;
+        } else if (!TakeSecondHalf()) {
+            TakeCharacter(unit);
+            outcome = owner_.toUtf8_->Convert(sets + unit, converted);
+        }
     }
     if (unit.empty()) return;
     if (outcome == Converter::kIncomplete) {

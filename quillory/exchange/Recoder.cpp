@@ -17,7 +17,7 @@ bool IsPlain(const Record& record) {
 TextConverter& Recoder::ConverterFor(Charset from) {
     auto& converter = converters_[static_cast<std::size_t>(from)];
     if (!converter) {
-        converter = std::make_unique<TextConverter>(from, options_.to,
+        converter = std::make_unique<TextConverter>(from, TargetFor(from),
                                                     options_.form.value_or(kNormalFormC));
     }
     return *converter;
@@ -48,20 +48,26 @@ void Recoder::Replace(Record& record, TextConverter& converter, Losses& losses) 
     record.bytes = {};
 }
 
+Charset Recoder::TargetFor(Charset from) const {
+    return options_.to == kCharsetAuto ? from : options_.to;
+}
+
 Recoder::Result Recoder::Recode(Record& record, Losses& losses) {
     Result result;
-    const Charset label = LabelledCharset(record.leader);
     const bool forced = options_.from != kCharsetAuto;
-    if (options_.to == kCharsetAuto && !forced) return result;
+    if (options_.to == kCharsetAuto && !forced && !options_.form) return result;
 
-    const Charset to = options_.to == kCharsetAuto ? options_.from : options_.to;
-    if (!IsPlain(record)) {
-        result.from = forced ? options_.from : ActualCharset(record);
-        result.mislabelled = !forced && result.from != label;
-        const bool normalize = to == kCharsetUtf8 && options_.form.has_value();
-        if (result.from != to || normalize) Replace(record, ConverterFor(result.from), losses);
+    if (IsPlain(record)) {
+        const Charset target = TargetFor(options_.from);
+        if (target != kCharsetAuto) SetLabel(record, target);
+        return result;
     }
-    SetLabel(record, to);
+    result.from = forced ? options_.from : ActualCharset(record);
+    result.mislabelled = !forced && result.from != LabelledCharset(record.leader);
+    const Charset target = TargetFor(result.from);
+    const bool normalize = target == kCharsetUtf8 && options_.form.has_value();
+    if (result.from != target || normalize) Replace(record, ConverterFor(result.from), losses);
+    SetLabel(record, target);
     return result;
 }
 

@@ -30,6 +30,7 @@ public:
 
 private:
     TextConverter& ConverterFor(Charset from);
+    Charset TargetFor(Charset from) const;
     void Replace(Record& record, TextConverter& converter, Losses& losses);
     void SetLabel(Record& record, Charset charset);
 

@@ -21,7 +21,9 @@ bool EndsWithDiacritic(std::string_view marc8) {
 
 // Latin-1 bytes are the first 256 code points.
 void AppendLatin1AsUtf8(std::string_view latin1, std::string& utf8) {
-    for (const char c : latin1) AppendUtf8(static_cast<unsigned char>(c), utf8);
+    std::string written;
+    for (const char c : latin1) AppendUtf8(static_cast<unsigned char>(c), written);
+    utf8 += WithoutReferences(written);
 }
 
 void AppendUtf8AsLatin1(std::string_view utf8, std::string& latin1, Losses& losses) {
@@ -138,7 +140,7 @@ void TextConverter::AppendUtf8(std::string_view text, std::string& out, Losses& 
             AppendMarc8AsUtf8(text, out, losses);
             break;
         case kCharsetLatin1:
-            AppendLatin1AsUtf8(WithoutReferences(text), out);
+            AppendLatin1AsUtf8(text, out);
             break;
         default:
             AppendValidUtf8(text, out, losses);

@@ -6,6 +6,7 @@
 #include <array>
 #include <cstring>
 #include <memory>
+#include <new>
 
 namespace zorby {
 namespace {
@@ -43,7 +44,7 @@ constexpr bool IsASCIIPunctuation(unsigned char c) {
 // Writes the key of `text` to `key`, which has room for two bytes a character, and returns its
 // length. Both sort bytes are always written and the cursor moves over those that count: the kinds
 // of character alternate too often for branches.
-std::size_t WriteKey(const std::string& text, char* key) {
+std::size_t WriteKey(std::string_view text, char* key) {
     unsigned blankWritten = 0;
     unsigned previousWasLetter = 0;
     char* out = key;
@@ -114,10 +115,15 @@ constexpr std::array<CodeRange, 11> kPunctuation{{
 
 void CSpConvertForCompare(std::string* text) {
     CSResetAlphabet();
-    text->resize(std::strlen(text->c_str()));
-    const std::unique_ptr<char[]> key(new char[2 * text->size() + 2]);
-    const std::string_view written(key.get(), WriteKey(*text, key.get()));
-    *text = written.substr(0, written.find('\0'));
+    const std::string_view whole = std::string_view(*text).substr(0, text->find('\0'));
+    const std::unique_ptr<char[]> key(new (std::nothrow) char[2 * whole.size() + 2]);
+    if (!key) return;
+    const std::string_view written(key.get(), WriteKey(whole, key.get()));
+    try {
+        *text = written.substr(0, written.find('\0'));
+    } catch (const std::bad_alloc&) {
+        return;  // left unconverted
+    }
 }
 
 int CSZorbyComparePreConv(std::string_view a, std::string_view b) {

@@ -38,8 +38,8 @@ ZORBY_EXPORT void CSISO8859ToQm(std::string& text);
 ZORBY_EXPORT int CSQmGetWorstCaseSenarioMARCSize(const char* text);
 
 // Whether one character of MARC-8 at `position`, in the alphabet in force, is valid; an escape
-// before it takes effect. `consumed` gets the bytes looked at, at least 1 and never beyond the
-// terminator that ends the text. The structural bytes 0x1D to 0x1F are valid.
+// before it takes effect. `consumed` gets the bytes looked at: at least 1 and, but for an empty
+// text, never beyond its terminator. The structural bytes 0x1D to 0x1F are valid.
 ZORBY_EXPORT int CSMARCCharIsValid(const char* position, int* consumed);
 
 // The byte that shows a blank indicator in the current display type.

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <new>
 #include <string>
 
 namespace zorby {
@@ -86,6 +87,7 @@ int CSQmToISO8859(std::string& text, int keepControls) {
     for (std::size_t i = 0; display[i] != 0; ++i) {
         const auto letter = static_cast<unsigned char>(display[i]);
         if (letter == kGlyphMissing) {
+            text.resize(display.size() - 1);
             text.replace(0, latin1.size(), latin1);
             return 0;
         }
@@ -100,14 +102,18 @@ int CSQmToISO8859(std::string& text, int keepControls) {
 void CSISO8859ToQm(std::string& text) {
     CSResetAlphabet();
     std::string codes;
-    codes.reserve(text.size() * 2);
+    try {
+        codes.reserve(text.size() * 2);
+    } catch (const std::bad_alloc&) {
+        return;
+    }
     for (const char c : text) {
         if (c == 0) break;
         const QmPair pair = kFromLatin1[static_cast<unsigned char>(c)];
         if (pair.first != 0) codes += static_cast<char>(pair.first);
         if (pair.second != 0) codes += static_cast<char>(pair.second);
     }
-    text = codes;
+    text.swap(codes);
 }
 
 }  // namespace zorby

@@ -5,6 +5,7 @@
 namespace zorby {
 namespace {
 
+constexpr std::size_t kTagSize = 3;
 constexpr char kUnknownLeaderByte = '|';
 constexpr std::size_t kDataLimit = 99999;  // bytes of data that a field may not reach
 
@@ -40,7 +41,8 @@ bool CommFormatWriter::AddField(std::string_view tag, std::string_view content) 
     const std::size_t length = content.size() + 1;
     if (data_.size() + length >= kDataLimit) return false;
     char entry[kDirectoryEntrySize] = {'0', '0', '0'};
-    std::copy_n(tag.data(), std::min(tag.size(), std::size_t{3}), entry);
+    const std::size_t tagSize = std::min(tag.size(), kTagSize);
+    std::copy_n(tag.data(), tagSize, entry + kTagSize - tagSize);
     PutDecimal(entry + 3, 4, std::min(length, kLongestField));
     PutDecimal(entry + 7, 5, data_.size());
     directory_.append(entry, sizeof entry);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace zorby {
 namespace {
@@ -50,6 +51,17 @@ std::string_view Stripped(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kWhiteSpace) + 1 - first);
 }
 
+// The text may be part of the field, whose old bytes stay until the new ones are there.
+void AppendSubfield(std::string& field, char code, std::string_view text) {
+    const std::size_t size = field.size() + text.size() + 2;
+    std::string grown;
+    grown.reserve(std::max(size, 2 * field.size()));
+    grown.append(field);
+    if (code != 0) grown.append({kDelimiter, code});
+    grown.append(text);
+    field.swap(grown);
+}
+
 char WithoutUnderscore(char indicator) {
     return indicator == '_' ? ' ' : indicator;
 }
@@ -65,9 +77,10 @@ void CPmarc::Run::Append(std::uint32_t tag, std::string_view tagBytes, std::stri
         if (found == tags.end()) found = tags.insert(found, {tag, {}});
         found->at.push_back(static_cast<std::uint32_t>(fields.size()));
     }
-    std::string& field = fields.emplace_back();
+    std::string field;
     field.reserve(tagBytes.size() + content.size());
     field.append(tagBytes).append(content);
+    fields.push_back(std::move(field));
 }
 
 const CPmarc::Run::Positions* CPmarc::Run::PositionsOf(std::uint32_t tag) const {
@@ -168,11 +181,7 @@ int CPmarc::AddOneSubfield(unsigned tag, int occurrence, char code, std::string_
     std::string* field = FindField(tag, occurrence);
     if (field == nullptr) return 0;
     if (field->size() < kIndicatorEnd) field->append(2, ' ');
-    if (code != 0) {
-        *field += kDelimiter;
-        *field += code;
-    }
-    field->append(text);
+    AppendSubfield(*field, code, text);
     return 1;
 }
 
@@ -182,7 +191,8 @@ int CPmarc::FieldAddSubfield(unsigned tag, int occurrence, char code, std::strin
     if (separator == 0 || text.find(separator) == 0) {
         return AddOneSubfield(tag, occurrence, code, text);
     }
-    for (;;) {
+    const std::string whole(text);
+    for (text = whole;;) {
         const std::size_t end = text.find(separator);
         if (AddOneSubfield(tag, occurrence, code, Stripped(text.substr(0, end))) == 0) return 0;
         if (end == text.npos) return 1;
@@ -195,23 +205,27 @@ int CPmarc::FieldAddControlField(unsigned tag, int occurrence, std::string_view 
     if (tag >= kFirstDataTag || text.empty()) return 0;
     std::string* field = FindField(tag, occurrence);
     if (field == nullptr) {
+        const std::string own(text);  // a new field may move the others
         FieldNew(static_cast<int>(tag), occurrence);
         field = FindField(tag, occurrence);
+        field->append(own);
+    } else {
+        field->append(text);
     }
-    field->append(text);
     if (dotsToBlanks != 0) std::replace(field->begin(), field->end(), kDot, ' ');
     return 1;
 }
 
 void CPmarc::AstaAdd(unsigned tag, char first, char second, char code, int newField,
                      std::string_view text) {
+    const std::string own(text);  // a new field may move the others
     int occurrence = 1;
     if (newField != 0 || FindField(tag, 1) == nullptr) FieldNew(static_cast<int>(tag), occurrence);
     FieldSetIndicators(tag, occurrence, first == kDot ? ' ' : first, second == kDot ? ' ' : second);
     if (tag < kFirstDataTag) {
-        FieldAddControlField(tag, occurrence, text, 1);
+        FieldAddControlField(tag, occurrence, own, 1);
     } else {
-        FieldAddSubfield(tag, occurrence, code, text, 0);
+        FieldAddSubfield(tag, occurrence, code, own, 0);
     }
 }
 

@@ -103,6 +103,7 @@ private:
 
     Place Find(unsigned tag, int occurrence);
     std::string* FindField(unsigned tag, int occurrence);
+    void WriteCommFormat(std::string& record) const;
     int AddOneSubfield(unsigned tag, int occurrence, char code, std::string_view text);
 
     std::vector<Run> runs_;

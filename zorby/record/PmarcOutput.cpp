@@ -3,6 +3,7 @@
 #include <zorby/record/detail/FieldParts.h>
 
 #include <algorithm>
+#include <new>
 
 namespace zorby {
 namespace {
@@ -36,6 +37,15 @@ void CPmarc::GetRecordAsCString(std::string& text) const {
 }
 
 void CPmarc::ConvertToUSMARCCommFormat(std::string& record) const {
+    record.clear();
+    try {
+        WriteCommFormat(record);
+    } catch (const std::bad_alloc&) {
+        record.clear();
+    }
+}
+
+void CPmarc::WriteCommFormat(std::string& record) const {
     CommFormatWriter writer;
     bool leaderSeen = false;
     for (const std::string& field : *this) {

@@ -239,7 +239,8 @@ TEST(LineForms, RandomRecordsComeBack) {
 TEST(Microlif, ReadsWhatOthersWrite) {
     const std::string one = "LDR00999nam  22     2  4500^@008a_b^@245 0_aAbout whales.^`@";
     for (const std::string lineEnd : {"\r\n", "\n", "\r"}) {
-        std::string text = "HDRsome maker@" + one + one;
+        std::string text = "HDRsome maker@";
+        text.append(one).append(one);
         for (std::size_t at = text.find('@'); at != text.npos; at = text.find('@')) {
             text.replace(at, 1, lineEnd);
         }

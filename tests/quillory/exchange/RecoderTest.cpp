@@ -63,6 +63,9 @@ TEST(Recoder, NormalFormOnRequest) {
     Recoder recoder({kCharsetAuto, kCharsetUtf8, kNormalFormD});
     recoder.Recode(record, losses);
     EXPECT_EQ(record.fields[1].content, "  \037ae\u0301");
+    Recoder stays({kCharsetAuto, kCharsetAuto, kNormalFormC});
+    stays.Recode(record, losses);
+    EXPECT_EQ(record.fields[1].content, "  \037a\u00E9");
 }
 
 }  // namespace

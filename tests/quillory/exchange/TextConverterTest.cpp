@@ -54,11 +54,10 @@ const Twin kTwins[] = {
     {"\x1B$1!0!\x1B(B", "\u4E00"},
     {"a\x1B(NaB\x1B(B z", "a\u0410\u0431 z"},
     {"tab\there", "tab\there"},
-    {"\x88The \211End",
-     "\u0098The \u009C"
-     "End"},
+    {"\x88The \x89 End", "\u0098The \u009C End"},
     {"\xBC\xE2\xBC", "\u01A1\u1EDB"},  // o-hook, alone and with acute
     {"\xE2 ", " \u0301"},
+    {"\xE2\x1B(Sa\x1B(Bz", "\u03ACz"},  // an escape between the diacritic and its letter
 };
 
 TEST(TextConverter, TwinsBothWays) {
@@ -145,6 +144,7 @@ TEST(TextConverter, LossesAreCounted) {
         {kCharsetUtf8, kCharsetLatin1, "e\u0301 \u0142", "\xE9 &#x0142;",
          "U+0142 (\u0142) is not in the character set, written as &#x0142;: 1\n"},
         {kCharsetLatin1, kCharsetMarc8, "\xE9\xDF", "\342e\xC7", ""},
+        {kCharsetLatin1, kCharsetUtf8, "\xE9 &#x0142;", "é \u0142", ""},
         {kCharsetMarc8, kCharsetLatin1, "\342e", "\xE9", ""},
     };
     for (const Case& c : kCases) {

@@ -35,8 +35,9 @@ TEST(Compare, Keys) {
         {"a\x7F", "a"},
         {"\x84\x82\x98", "aed\377d"},
     };
-    for (const auto& [text, key] : kCases)
+    for (const auto& [text, key] : kCases) {
         EXPECT_EQ(Key(text), key) << testing::PrintToString(text);
+    }
 }
 
 TEST(Compare, KeysAndTexts) {

@@ -167,6 +167,19 @@ TEST(Pmarc, ControlFieldsAndAstaAdd) {
     EXPECT_EQ(lines.substr(0, 8), ">001id \r");
 }
 
+// A text may be a part of the record that it is added to.
+TEST(Pmarc, TakesItsOwnTexts) {
+    CPmarc record;
+    const std::string title = "A title that is too long to be held in place";
+    record.AstaAdd(245, '1', '0', 'a', 1, title);
+    const auto text = [&record] { return std::string_view(*record.begin()).substr(7, 44); };
+    record.FieldAddSubfield(245, 1, 'b', text(), 0);
+    record.FieldAddSubfield(245, 1, 'c', text(), ' ');
+    for (int i = 0; i < 20; ++i) record.AstaAdd(500, ' ', ' ', 'a', 1, text());
+    EXPECT_EQ(record.begin()->substr(5, 92), "\037a" + title + "\037b" + title);
+    EXPECT_EQ(std::string_view(*std::next(record.begin(), 20)).substr(7), title);
+}
+
 TEST(Pmarc, CommFormat) {
     CPmarc record;
     EXPECT_EQ(CommFormat(record), "");

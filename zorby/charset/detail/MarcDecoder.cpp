@@ -58,9 +58,9 @@ constexpr DecodeIndex kDecode = BuildDecodeIndex();
 
 // Sets the alphabet that the escape at `p` names. An unknown one sets the basic alphabet.
 bool TakeEscape(const unsigned char* p) {
-    for (unsigned char alphabet = 0; alphabet < kEscapes.size(); ++alphabet) {
+    for (std::size_t alphabet = 0; alphabet < kEscapes.size(); ++alphabet) {
         if (p[1] == kEscapes[alphabet][1]) {
-            currentAlphabet = alphabet;
+            currentAlphabet = static_cast<unsigned char>(alphabet);
             return true;
         }
     }

@@ -75,7 +75,8 @@ public:
 
     void InsertAfter(const IniLine& line, const std::vector<std::string>& contents) {
         std::string block;
-        if (!line.lineEnd.ends_with('\n')) block += LineEnd();
+        if (line.lineEnd.empty()) block += LineEnd();
+        if (line.lineEnd == "\r") block += '\n';
         for (const std::string& content : contents) block.append(content).append(LineEnd());
         changed_.insert(Start(line) + line.content.size() + line.lineEnd.size(), block);
     }

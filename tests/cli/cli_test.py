@@ -1,0 +1,291 @@
+#!/usr/bin/env python3
+"""The program as people run it: files in, files out, statuses, and other tools reading what it wrote.
+
+usage: cli_test.py QUILLORY SAMPLES_FOLDER
+"""
+import gzip
+import os
+import pathlib
+import random
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unicodedata
+import unittest
+
+QUILLORY = sys.argv[1]
+SAMPLES = pathlib.Path(sys.argv[2]) / "catalogue.mrk"
+HERE = pathlib.Path(__file__).parent
+RECORD_END, FIELD_END, DELIMITER = b"\x1d", b"\x1e", b"\x1f"
+
+
+def run(*arguments, stdin=b""):
+    done = subprocess.run([QUILLORY, *map(str, arguments)], input=stdin, capture_output=True,
+                          timeout=120)
+    return done.returncode, done.stdout, done.stderr.decode()
+
+
+def fields_of(record):
+    """Leader and fields of one ISO 2709 record, read independently of the program."""
+    base = int(record[12:17])
+    directory = record[24:base - 1]
+    fields = []
+    for at in range(0, len(directory), 12):
+        tag, length, start = directory[at:at + 3], directory[at + 3:at + 7], directory[at + 7:at + 12]
+        begin = base + int(start)
+        fields.append((tag, record[begin:begin + int(length) - 1]))
+    return record[:24], fields
+
+
+def records_of(data):
+    return [record + RECORD_END for record in data.split(RECORD_END)[:-1]]
+
+
+def dump(data):
+    """The lines that marc_record_dump.pl prints."""
+    lines = []
+    for record in records_of(data):
+        leader, fields = fields_of(record)
+        lines.append(b"LDR|" + leader)
+        for tag, content in fields:
+            if tag < b"010":
+                lines.append(tag + b"|" + content)
+                continue
+            subfields = [b"$" + part for part in content[2:].split(DELIMITER)[1:]]
+            lines.append(b"|".join([tag, content[:2], *subfields]))
+        lines.append(b"")
+    return b"\n".join(lines) + b"\n"
+
+
+class Cli(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quillory-cli-"))
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def path(self, name, data=None):
+        path = self.folder / name
+        if data is not None:
+            path.write_bytes(data)
+        return path
+
+    def convert(self, source, name, *options):
+        target = self.path(name)
+        status, out, err = run("convert", source, "-o", target, *options)
+        self.assertEqual((status, out), (0, b""), err)
+        return target
+
+
+class Roads(Cli):
+    def setUp(self):
+        super().setUp()
+        self.utf8 = self.convert(SAMPLES, "utf8.mrc")
+        self.marc8 = self.convert(self.utf8, "marc8.mrc", "--to-charset", "marc8")
+
+    def test_the_way_there_and_back(self):
+        back = self.convert(self.marc8, "back.mrc", "--to-charset", "utf8")
+        self.assertEqual(back.read_bytes(), self.utf8.read_bytes())
+        mrk = self.convert(self.utf8, "back.mrk")
+        again = self.convert(mrk, "again.mrc")
+        self.assertEqual(again.read_bytes(), self.utf8.read_bytes())
+        nfd = self.convert(self.utf8, "nfd.mrc", "--to-charset", "utf8", "--normalize", "nfd")
+        self.assertNotEqual(nfd.read_bytes(), self.utf8.read_bytes())
+        nfc = self.convert(nfd, "nfc.mrc", "--to-charset", "utf8", "--normalize", "nfc")
+        self.assertEqual(nfc.read_bytes(), self.utf8.read_bytes())
+
+    def test_unchanged_records_go_through_byte_for_byte(self):
+        for source in (self.utf8, self.marc8):
+            same = self.convert(source, "same.mrc")
+            self.assertEqual(same.read_bytes(), source.read_bytes())
+
+    def test_leader_says_the_character_set(self):
+        for source, label in ((self.utf8, b"a"), (self.marc8, b" ")):
+            for record in records_of(source.read_bytes()):
+                self.assertEqual(record[9:10], label)
+
+    @unittest.skipUnless(shutil.which("yaz-marcdump"), "no yaz-marcdump")
+    def test_yaz_reads_the_same(self):
+        for source in (self.utf8, self.marc8):
+            done = subprocess.run(["yaz-marcdump", "-o", "marc", source], capture_output=True)
+            self.assertEqual(dump(done.stdout), dump(source.read_bytes()))
+            done = subprocess.run(["yaz-marcdump", "-n", source], capture_output=True)
+            self.assertEqual((done.stdout, done.stderr), (b"", b""))
+        done = subprocess.run(["yaz-marcdump", "-f", "MARC-8", "-t", "UTF-8", "-o", "marc", "-l",
+                               "9=97", self.marc8], capture_output=True)
+        theirs = unicodedata.normalize("NFC", dump(done.stdout).decode())
+        ours = dump(self.utf8.read_bytes()).decode()
+        to_char = lambda match: chr(int(match[1], 16))
+        theirs = re.sub("&#x([0-9A-F]+);", to_char, theirs)
+        leader = re.compile(r"^LDR\|.{24}$", re.MULTILINE)  # lengths differ by the normal form
+        self.assertEqual(unicodedata.normalize("NFC", leader.sub("", theirs)), leader.sub("", ours))
+
+    def test_marc_record_reads_the_same(self):
+        if subprocess.run(["perl", "-MMARC::Record", "-e", "1"], capture_output=True).returncode:
+            self.skipTest("no MARC::Record")
+        for source, form in ((self.utf8, "utf8"), (self.marc8, "raw")):
+            done = subprocess.run(["perl", HERE / "marc_record_dump.pl", source, form],
+                                  capture_output=True)
+            self.assertEqual((done.returncode, done.stderr), (0, b""))
+            self.assertEqual(done.stdout, dump(source.read_bytes()))
+
+    def test_microlif_carries_what_it_can(self):
+        status, out, err = run("convert", self.utf8, "--to", "microlif")
+        self.assertIn(status, (0, 1), err)
+        text = self.path("a.lif", out)
+        for record in re.findall(rb"LDR(\d{5}).*?\^`\r\n", out, re.DOTALL):
+            self.assertGreater(int(record), 24)
+        status, back, err = run("convert", text)
+        self.assertEqual(status, 0, err)
+        self.assertEqual(len(records_of(back)), len(records_of(self.utf8.read_bytes())))
+
+    def test_show_is_readable(self):
+        status, out, err = run("show", self.marc8)
+        self.assertEqual(status, 0, err)
+        self.assertEqual(out.decode().count("\nLDR"), len(records_of(self.marc8.read_bytes())) - 1)
+        without_leader = lambda text: re.sub(rb"LDR.*", b"", text)
+        self.assertEqual(without_leader(out), without_leader(run("show", self.utf8)[1]))
+        narrow = run("show", self.utf8, "--width", "60", "--record", "1")[1].decode()
+        self.assertEqual(narrow.count("LDR"), 1)
+        self.assertLessEqual(max(map(len, narrow.splitlines())), 60)
+        self.assertNotIn(b"\x1b", out)
+
+    def test_standard_input_and_gzip(self):
+        data = self.utf8.read_bytes()
+        self.assertEqual(run("convert", stdin=data)[1], data)
+        self.assertEqual(run("convert", "-", stdin=gzip.compress(data))[1], data)
+        packed = self.convert(self.utf8, "a.mrk.gz")
+        self.assertEqual(gzip.decompress(packed.read_bytes()),
+                         self.convert(self.utf8, "a.mrk").read_bytes())
+        self.assertEqual(run("convert", packed)[1], data)
+
+
+class Damage(Cli):
+    def setUp(self):
+        super().setUp()
+        self.sound = records_of(self.convert(SAMPLES, "sound.mrc").read_bytes())
+
+    def test_every_byte_is_written_or_kept(self):
+        chance = random.Random(4)
+        for turn in range(20):
+            pieces = []
+            for record in self.sound:
+                broken = bytearray(record)
+                if chance.random() < 0.3:
+                    broken[chance.randrange(len(broken))] = chance.choice(b"\x1d\x1e\x1f 0x\xff")
+                pieces.append(bytes(broken) + chance.choice([b"", b"", b"\n", b"\0\0", b"text"]))
+            data = b"".join(pieces)[:chance.choice([None, -7])]
+            source, rejects = self.path("in.mrc", data), self.path("rejects")
+            status, out, err = run("convert", source, "--rejects", rejects)
+            self.assertIn(status, (0, 1), err)
+            kept = rejects.read_bytes()
+            self.assertEqual(len(out) + len(kept), len(data), err)
+            self.assertEqual(sorted(out + kept), sorted(data))
+            self.assertEqual(status == 1, kept != b"", err)
+            for record in self.sound:
+                if data.count(record):
+                    self.assertIn(record, out)
+
+    def test_damage_is_named(self):
+        first = self.sound[0]
+        cases = [
+            (b"", "an empty file"),
+            (b"\xff\xd8\xff\xe0 no MARC", "record 1 at byte 0: no MARC record"),
+            (first + b"00010" + first[5:], "record 2 at byte %d (001 " % len(first)),
+            (first[:100], "record 1 at byte 0: cut short: no record end (0x1D) (byte 100)"),
+            (first + b"\n" + first, "after record 1 at byte %d: stray bytes" % len(first)),
+        ]
+        for data, message in cases:
+            status, _, err = run("convert", self.path("in.mrc", data))
+            self.assertEqual(status, 1)
+            self.assertIn("in.mrc: ", err)
+            self.assertIn(message, err)
+
+    def test_many_messages_are_counted(self):
+        data = b"\n".join(self.sound * 3)
+        _, _, err = run("convert", self.path("in.mrc", data))
+        self.assertLessEqual(len(err.splitlines()), 8)
+        self.assertIn("%d more: stray bytes" % (len(self.sound) * 3 - 6), err)
+        _, _, err = run("convert", "--verbose", self.path("in.mrc", data))
+        self.assertGreaterEqual(len(err.splitlines()), len(self.sound) * 3 - 1)
+
+    def test_lenient_reads_what_is_certain(self):
+        wrong = b"00099" + self.sound[0][5:]
+        status, out, err = run("convert", "--lenient", self.path("in.mrc", wrong))
+        self.assertEqual((status, out), (1, self.sound[0]))
+        self.assertIn("read from its terminators", err)
+
+    def test_a_lying_leader_is_noticed(self):
+        accents = next(r for r in self.sound if "é".encode() in r)
+        lying = accents[:9] + b" " + accents[10:]
+        status, out, err = run("convert", "--to-charset", "utf8", self.path("in.mrc", lying))
+        self.assertEqual((status, out), (0, accents))
+        self.assertIn("leader byte 09 says MARC-8, the bytes are UTF-8", err)
+        _, forced, _ = run("convert", "--to-charset", "utf8", "--from-charset", "marc8",
+                           self.path("in.mrc", lying))
+        self.assertNotEqual(forced, accents)
+
+    def test_oversize_is_refused_or_cut(self):
+        mrk = b"=LDR  00000nam a2200000 i 4500\n=001  big\n=500  \\\\$a" + b"x" * 12000 + b"\n"
+        source, rejects = self.path("big.mrk", mrk), self.path("rejects")
+        status, out, err = run("convert", source, "--to", "marc", "--rejects", rejects)
+        self.assertEqual((status, out), (1, b""))
+        self.assertIn("(001 big): field 500 of 12005 bytes is over the format's 9,999", err)
+        self.assertEqual(rejects.read_bytes(), mrk)
+        status, out, err = run("convert", source, "--to", "marc", "--oversize", "cut")
+        self.assertEqual((status, len(out)), (1, 24 + 24 + 1 + 4 + 12005 + 1))
+        self.assertIn("stands as 9,999 in the directory", err)
+
+
+class Ends(Cli):
+    def test_usage_and_files_that_fail(self):
+        self.assertEqual(run("--help")[0], 0)
+        self.assertEqual(run("convert", "--help")[0], 0)
+        self.assertIn(b"quillory ", run("--version")[1])
+        sample = self.convert(SAMPLES, "a.mrc")
+        before = sample.read_bytes()
+        for arguments in ([], ["nothing"], ["convert", "--to", "x"], ["show", "--record", "x"],
+                          ["convert", self.path("none.mrc")], ["convert", self.folder],
+                          ["convert", sample, "-o", sample], ["convert", sample, "--rejects", sample],
+                          ["convert", sample, "-o", self.path("b"), "--rejects", self.path("b")],
+                          ["convert", sample, "-o", "/dev/full"],
+                          ["convert", sample, "-o", self.folder / "no" / "where"]):
+            status, _, err = run(*arguments)
+            self.assertEqual(status, 2, arguments)
+            self.assertNotEqual(err, "")
+        self.assertEqual(sample.read_bytes(), before)
+        self.assertEqual(os.listdir(self.folder), ["a.mrc"])
+
+    def test_a_closed_pipe_ends_the_work(self):
+        data = self.convert(SAMPLES, "a.mrc").read_bytes()
+        source = self.path("long.mrc", data * 200)
+        for command in ("convert", "show"):
+            child = subprocess.Popen([QUILLORY, command, source], stdout=subprocess.PIPE,
+                                     stderr=subprocess.PIPE)
+            child.stdout.read(10)
+            child.stdout.close()
+            self.assertEqual(child.stderr.read(), b"")
+            child.stderr.close()
+            self.assertEqual(child.wait(60), 0)
+
+    def test_an_interrupted_run_leaves_nothing(self):
+        data = self.convert(SAMPLES, "a.mrc").read_bytes()
+        for number in (signal.SIGINT, signal.SIGTERM):
+            target = self.path("out.mrc", b"old")
+            child = subprocess.Popen([QUILLORY, "convert", "-o", target], stdin=subprocess.PIPE)
+            child.stdin.write(data * 50)
+            child.stdin.flush()
+            deadline = time.monotonic() + 60
+            while len(os.listdir(self.folder)) < 3 and time.monotonic() < deadline:
+                time.sleep(0.01)
+            child.send_signal(number)
+            self.assertEqual(child.wait(60), -number)
+            child.stdin.close()
+            self.assertEqual(target.read_bytes(), b"old")
+            self.assertEqual(sorted(os.listdir(self.folder)), ["a.mrc", "out.mrc"])
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1], verbosity=1)
