@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Compares quillory with yaz-marcdump, side by side on one machine.
 #
-# usage: peers.sh [--memory] [FILE.mrc...]
+# usage: peers.sh [--memory] [FILE...]
 #
-# Takes the sound records of the files (data/samples/*.mrc if none is given), brings them to MARC-8,
+# Takes the sound records of the files (data/samples if none is given), brings them to MARC-8,
 # repeats them to 200 MB, and runs both programs on that in turn. --memory also measures the memory
 # for a file of 2 GB.
 # Environment: QUILLORY the program, ROUNDS (5) runs of each, of which the best counts, MEGABYTES
@@ -117,7 +117,7 @@ for argument in "$@"; do
         *) files+=("$argument") ;;
     esac
 done
-((${#files[@]})) || mapfile -t files < <(compgen -G "$root/data/samples/*.mrc" || true)
+((${#files[@]})) || mapfile -t files < <(compgen -G "$root/data/samples/*.mr[ck]" || true)
 ((${#files[@]})) || die "no files of records: give some as arguments"
 [[ -x $quillory ]] || die "$quillory: there is no such program; build it first"
 

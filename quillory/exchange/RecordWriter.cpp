@@ -53,9 +53,11 @@ WriteResult MarcWriter::Refuse(const Record& record) const {
 }
 
 WriteResult MarcWriter::WriteAll(const Record& record) {
+    const std::string_view leader = MendLeader(record.leader);
     writer_.Clear();
-    writer_.SetLeader(MendLeader(record.leader));
+    writer_.SetLeader(leader);
     WriteResult result;
+    result.leaderMended = leader.data() == leader_.data();
     for (const CommFormatField& field : record.fields) {
         if (!writer_.AddField(field.tag, field.content)) {
             result.reason += Named(field) + " left out; ";

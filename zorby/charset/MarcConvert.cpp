@@ -54,9 +54,8 @@ bool MarcWriter::WriteCharacter(unsigned char code, unsigned char next) {
     const KeyRecord& row = kKeyTable[code];
     if (row.alphabet != currentAlphabet) {
         if (row.alphabet != kAlphabetNone) {
-            const unsigned char* escape = EscapeTo(row.alphabet);
-            Put(escape[0]);
-            Put(escape[1]);
+            Put(kEscapes[row.alphabet][0]);
+            Put(kEscapes[row.alphabet][1]);
         }
         Put(row.marc1);
         currentAlphabet = row.alphabet;
@@ -84,7 +83,7 @@ void CSMARCToZorby(std::string& text) {
     bool pendingDiacritic = false;
     bool ended = false;
     while (p != end && !ended) {
-        if (!pendingDiacritic && currentAlphabet == kAlphabetBasic) {
+        if (!pendingDiacritic && currentAlphabet == kAlphabetBasic && IsPrintableASCII(*Bytes(p))) {
             const std::size_t run = PlainRunLength(p, end);
             if (out != p) std::memmove(out, p, run);
             out += run;

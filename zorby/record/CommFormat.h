@@ -104,6 +104,8 @@ class ZORBY_EXPORT CommFormatWriter {
 public:
     // Forgets all fields; the buffers stay.
     void Clear();
+    // Makes room for fields of so many bytes in all.
+    void Reserve(std::size_t fields, std::size_t bytes);
 
     // The leader as far as it is known, at most 24 bytes; the rest is filled with vertical bars.
     void SetLeader(std::string_view leader);

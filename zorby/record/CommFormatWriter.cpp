@@ -33,6 +33,11 @@ void CommFormatWriter::Clear() {
     data_.clear();
 }
 
+void CommFormatWriter::Reserve(std::size_t fields, std::size_t bytes) {
+    directory_.reserve(fields * kDirectoryEntrySize);
+    data_.reserve(std::min(bytes, kDataLimit));
+}
+
 void CommFormatWriter::SetLeader(std::string_view leader) {
     leader_.assign(leader.substr(0, kLeaderSize));
 }

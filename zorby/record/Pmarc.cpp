@@ -1,5 +1,6 @@
 #include <zorby/record/CommFormat.h>
 #include <zorby/record/Pmarc.h>
+#include <zorby/record/detail/FieldParts.h>
 
 #include <algorithm>
 #include <array>
@@ -51,15 +52,35 @@ std::string_view Stripped(std::string_view text) {
     return text.substr(first, text.find_last_not_of(kWhiteSpace) + 1 - first);
 }
 
-// The text may be part of the field, whose old bytes stay until the new ones are there.
+void AppendSubfieldInPlace(std::string& field, char code, std::string_view text) {
+    if (code != 0) {
+        field += kDelimiter;
+        field += code;
+    }
+    field.append(text);
+}
+
+// The text may be part of the field, whose old bytes have to stay until the new ones are there.
 void AppendSubfield(std::string& field, char code, std::string_view text) {
+    constexpr std::size_t kRoomAhead = 48;  // another subfield or two
     const std::size_t size = field.size() + text.size() + 2;
+    if (size <= field.capacity()) {
+        AppendSubfieldInPlace(field, code, text);
+        return;
+    }
     std::string grown;
-    grown.reserve(std::max(size, 2 * field.size()));
+    grown.reserve(std::max(size + kRoomAhead, 2 * field.size()));
     grown.append(field);
-    if (code != 0) grown.append({kDelimiter, code});
-    grown.append(text);
+    AppendSubfieldInPlace(grown, code, text);
     field.swap(grown);
+}
+
+// A new field may move the others, and with them what short strings hold in place. The text, or its
+// copy in `copy`, which is empty and needs no memory for a short one.
+std::string_view Unmoved(std::string_view text, std::string& copy) {
+    if (text.size() > copy.capacity()) return text;
+    copy = text;
+    return copy;
 }
 
 char WithoutUnderscore(char indicator) {
@@ -68,43 +89,83 @@ char WithoutUnderscore(char indicator) {
 
 }  // namespace
 
+CPmarc::CPmarc(CPmarc&& other) noexcept {
+    *this = std::move(other);
+}
+
+CPmarc& CPmarc::operator=(CPmarc&& other) noexcept {
+    fields_ = std::exchange(other.fields_, {});
+    runs_ = std::exchange(other.runs_, {});
+    last_ = std::exchange(other.last_, {});
+    sorted_ = std::exchange(other.sorted_, true);
+    return *this;
+}
+
 CPmarc::~CPmarc() = default;
 
-void CPmarc::Run::Append(std::uint32_t tag, std::string_view tagBytes, std::string_view content) {
-    if (IsMixed(place)) {
-        auto found = std::find_if(tags.begin(), tags.end(),
-                                  [tag](const Positions& entry) { return entry.tag == tag; });
-        if (found == tags.end()) found = tags.insert(found, {tag, {}});
-        found->at.push_back(static_cast<std::uint32_t>(fields.size()));
-    }
-    std::string field;
-    field.reserve(tagBytes.size() + content.size());
-    field.append(tagBytes).append(content);
-    fields.push_back(std::move(field));
-}
-
-const CPmarc::Run::Positions* CPmarc::Run::PositionsOf(std::uint32_t tag) const {
+std::uint32_t CPmarc::Run::Count(std::uint32_t tag) const {
+    if (!IsMixed(place)) return count;
     const auto found = std::find_if(tags.begin(), tags.end(),
-                                    [tag](const Positions& entry) { return entry.tag == tag; });
-    return found == tags.end() ? nullptr : &*found;
+                                    [tag](const TagCount& entry) { return entry.tag == tag; });
+    return found == tags.end() ? 0 : found->count;
 }
 
-std::size_t CPmarc::Run::Count(std::uint32_t tag) const {
-    if (!IsMixed(place)) return fields.size();
-    const Positions* positions = PositionsOf(tag);
-    return positions == nullptr ? 0 : positions->at.size();
+void CPmarc::Run::CountOneMore(std::uint32_t tag) {
+    ++count;
+    if (!IsMixed(place)) return;
+    auto found = std::find_if(tags.begin(), tags.end(),
+                              [tag](const TagCount& entry) { return entry.tag == tag; });
+    if (found == tags.end()) found = tags.insert(found, {tag, 0});
+    ++found->count;
 }
 
-// `occurrence` counts from 0 here, and is below Count.
-std::size_t CPmarc::Run::Position(std::uint32_t tag, std::size_t occurrence) const {
-    return IsMixed(place) ? PositionsOf(tag)->at[occurrence] : occurrence;
+void CPmarc::InsertRun(std::size_t at, std::uint32_t place) {
+    constexpr std::size_t kUsualRuns = 32;
+    constexpr std::size_t kUsualFields = 48;
+    if (runs_.empty()) {
+        runs_.reserve(kUsualRuns);
+        fields_.reserve(kUsualFields);
+    }
+    const auto run = runs_.emplace(runs_.begin() + static_cast<std::ptrdiff_t>(at));
+    run->place = place;
+}
+
+// Puts a field at the end of a run, and gives its number.
+std::uint32_t CPmarc::Append(std::size_t run, std::string_view tag, std::string_view content) {
+    const auto number = static_cast<std::uint32_t>(fields_.size());
+    Field field;
+    field.text.reserve(tag.size() + content.size());
+    field.text.append(tag).append(content);
+    fields_.push_back(std::move(field));
+    Run& home = runs_[run];
+    (home.last == kNone ? home.first : fields_[home.last].next) = number;
+    home.last = number;
+    home.CountOneMore(TagOrder(tag));
+    return number;
 }
 
 void CPmarc::FieldAppend(std::string_view tag, std::string_view content) {
-    const std::uint32_t order = TagOrder(tag);
-    const std::uint32_t place = PlaceOf(order);
-    if (runs_.empty() || runs_.back().place != place) runs_.emplace_back().place = place;
-    runs_.back().Append(order, tag, content);
+    const std::uint32_t place = PlaceOf(TagOrder(tag));
+    if (runs_.empty() || runs_.back().place != place) {
+        sorted_ = sorted_ && (runs_.empty() || runs_.back().place < place);
+        InsertRun(runs_.size(), place);
+    }
+    Append(runs_.size() - 1, tag, content);
+}
+
+// Where a new field goes: behind all runs that come before it or are its own.
+CPmarc::Gap CPmarc::FindGap(std::uint32_t place, std::uint32_t tag) const {
+    Gap gap;
+    if (sorted_ && !runs_.empty() && runs_.back().place <= place) {
+        gap.run = runs_.size() - 1;
+        gap.index = fields_.size() - runs_.back().count;
+    }
+    for (; gap.run < runs_.size() && runs_[gap.run].place <= place; ++gap.run) {
+        const Run& run = runs_[gap.run];
+        gap.index += run.count;
+        if (run.place == place) gap.sameTag += run.Count(tag);
+    }
+    return gap;
 }
 
 int CPmarc::FieldNew(int tag, int& occurrence) {
@@ -114,51 +175,67 @@ int CPmarc::FieldNew(int tag, int& occurrence) {
     const TagBytes bytes = Digits(number);
     const std::uint32_t order = TagOrder(View(bytes));
     const std::uint32_t place = PlaceOf(order);
-
-    std::size_t index = 0;
-    std::size_t sameTag = 0;
-    auto run = runs_.begin();
-    for (; run != runs_.end() && run->place <= place; ++run) {
-        index += run->fields.size();
-        if (run->place == place) sameTag += run->Count(order);
-    }
-    if (run == runs_.begin() || (run - 1)->place != place) {
-        run = runs_.insert(run, Run{place, {}, {}}) + 1;
-    }
-    (run - 1)->Append(order, View(bytes), number < kFirstDataTag ? "" : "  ");
-    occurrence = static_cast<int>(sameTag) + 1;
-    return static_cast<int>(index);
+    Gap gap = FindGap(place, order);
+    if (gap.run == 0 || runs_[gap.run - 1].place != place) InsertRun(gap.run++, place);
+    const std::uint32_t field =
+        Append(gap.run - 1, View(bytes), number < kFirstDataTag ? "" : "  ");
+    occurrence = static_cast<int>(gap.sameTag) + 1;
+    last_ = {number, occurrence, field, static_cast<int>(gap.index)};
+    return last_.index;
 }
 
-CPmarc::Place CPmarc::Find(unsigned tag, int occurrence) {
+// The field with the same tag so many occurrences further in the same run; none if there are fewer.
+CPmarc::Place CPmarc::FindFurther(const Place& from, int steps) const {
+    const TagBytes bytes = Digits(from.tag);
+    Place place = from;
+    place.occurrence += steps;
+    while (steps > 0) {
+        place.field = fields_[place.field].next;
+        if (place.field == kNone) return {};
+        ++place.index;
+        if (TagOf(fields_[place.field].text) == View(bytes)) --steps;
+    }
+    return place;
+}
+
+const CPmarc::Place& CPmarc::Find(unsigned tag, int occurrence) const {
+    if (last_.tag == tag && last_.occurrence == occurrence && occurrence != 0) return last_;
+    const Place place = Search(tag, occurrence);
+    if (place.occurrence != 0) return last_ = place;
+    static constexpr Place kNowhere;
+    return kNowhere;
+}
+
+CPmarc::Place CPmarc::Search(unsigned tag, int occurrence) const {
     if (tag > kLastTag || occurrence < 1) return {};
+    if (last_.tag == tag && last_.occurrence != 0 && last_.occurrence < occurrence) {
+        const Place place = FindFurther(last_, occurrence - last_.occurrence);
+        if (place.occurrence != 0) return place;
+    }
     const TagBytes bytes = Digits(tag);
     const std::uint32_t order = TagOrder(View(bytes));
-    const std::uint32_t place = PlaceOf(order);
-    auto left = static_cast<std::size_t>(occurrence) - 1;
-    std::size_t index = 0;
-    for (Run& run : runs_) {
-        if (run.place == place) {
-            const std::size_t count = run.Count(order);
-            if (left < count) {
-                const std::size_t position = run.Position(order, left);
-                return {&run, position, index + position};
-            }
-            left -= count;
+    Place before{tag, 0, kNone, -1};
+    for (const Run& here : runs_) {
+        const int count = here.place == PlaceOf(order) ? static_cast<int>(here.Count(order)) : 0;
+        if (before.occurrence + count >= occurrence && count > 0) {
+            const bool isFirst = TagOf(fields_[here.first].text) == View(bytes);
+            const Place first{tag, before.occurrence + (isFirst ? 1 : 0), here.first,
+                              before.index + 1};
+            return FindFurther(first, occurrence - first.occurrence);
         }
-        index += run.fields.size();
+        before.occurrence += count;
+        before.index += static_cast<int>(here.count);
     }
     return {};
 }
 
 std::string* CPmarc::FindField(unsigned tag, int occurrence) {
-    const Place place = Find(tag, occurrence);
-    return place.run == nullptr ? nullptr : &place.run->fields[place.position];
+    const Place& place = Find(tag, occurrence);
+    return place.occurrence == 0 ? nullptr : &fields_[place.field].text;
 }
 
 int CPmarc::FieldGetIndexForTagOccurance(unsigned tag, int occurrence) const {
-    const Place place = const_cast<CPmarc*>(this)->Find(tag, occurrence);
-    return place.run == nullptr ? -1 : static_cast<int>(place.index);
+    return Find(tag, occurrence).index;
 }
 
 int CPmarc::FieldExists(int tag, int occurrence) const {
@@ -205,10 +282,11 @@ int CPmarc::FieldAddControlField(unsigned tag, int occurrence, std::string_view 
     if (tag >= kFirstDataTag || text.empty()) return 0;
     std::string* field = FindField(tag, occurrence);
     if (field == nullptr) {
-        const std::string own(text);  // a new field may move the others
+        std::string copy;
+        text = Unmoved(text, copy);
         FieldNew(static_cast<int>(tag), occurrence);
         field = FindField(tag, occurrence);
-        field->append(own);
+        field->append(text);
     } else {
         field->append(text);
     }
@@ -218,14 +296,15 @@ int CPmarc::FieldAddControlField(unsigned tag, int occurrence, std::string_view 
 
 void CPmarc::AstaAdd(unsigned tag, char first, char second, char code, int newField,
                      std::string_view text) {
-    const std::string own(text);  // a new field may move the others
+    std::string copy;
+    text = Unmoved(text, copy);
     int occurrence = 1;
     if (newField != 0 || FindField(tag, 1) == nullptr) FieldNew(static_cast<int>(tag), occurrence);
     FieldSetIndicators(tag, occurrence, first == kDot ? ' ' : first, second == kDot ? ' ' : second);
     if (tag < kFirstDataTag) {
-        FieldAddControlField(tag, occurrence, own, 1);
+        FieldAddControlField(tag, occurrence, text, 1);
     } else {
-        FieldAddSubfield(tag, occurrence, code, own, 0);
+        FieldAddSubfield(tag, occurrence, code, text, 0);
     }
 }
 
@@ -234,9 +313,7 @@ void CPmarc::Clear() {
 }
 
 std::size_t CPmarc::FieldCount() const {
-    std::size_t count = 0;
-    for (const Run& run : runs_) count += run.fields.size();
-    return count;
+    return fields_.size();
 }
 
 }  // namespace zorby

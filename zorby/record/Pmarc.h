@@ -26,9 +26,9 @@ public:
 
     CPmarc() = default;
     CPmarc(const CPmarc&) = default;
-    CPmarc(CPmarc&&) noexcept = default;
+    CPmarc(CPmarc&& other) noexcept;
     CPmarc& operator=(const CPmarc&) = default;
-    CPmarc& operator=(CPmarc&&) noexcept = default;
+    CPmarc& operator=(CPmarc&& other) noexcept;
     virtual ~CPmarc();
 
     // Adds an empty field at its place and gives its occurrence. Result: its index.
@@ -77,36 +77,55 @@ public:
     const_iterator end() const;
 
 private:
+    static constexpr std::uint32_t kNone = UINT32_MAX;
+
+    struct Field {
+        std::string text;
+        std::uint32_t next = kNone;  // the field behind it in its run
+    };
+    struct TagCount {
+        std::uint32_t tag = 0;
+        std::uint32_t count = 0;
+    };
     // Neighbours in the list that FieldNew puts in one place: fields of one tag, or of 5XX, or of
     // 6XX.
     struct Run {
         std::uint32_t place = 0;
-        std::vector<std::string> fields;
-        // For each tag of a mixed run, the positions of its fields.
-        struct Positions {
-            std::uint32_t tag = 0;
-            std::vector<std::uint32_t> at;
-        };
-        std::vector<Positions> tags;
+        std::uint32_t first = kNone;
+        std::uint32_t last = kNone;
+        std::uint32_t count = 0;
+        std::vector<TagCount> tags;  // of a mixed run
 
-        void Append(std::uint32_t tag, std::string_view tagBytes, std::string_view content);
-        std::size_t Count(std::uint32_t tag) const;
-        std::size_t Position(std::uint32_t tag, std::size_t occurrence) const;
-        const Positions* PositionsOf(std::uint32_t tag) const;
+        std::uint32_t Count(std::uint32_t tag) const;
+        void CountOneMore(std::uint32_t tag);
     };
-
+    // A field that was found, and where.
     struct Place {
-        Run* run = nullptr;
-        std::size_t position = 0;
+        unsigned tag = 0;
+        int occurrence = 0;  // 0 if there is none
+        std::uint32_t field = kNone;
+        int index = -1;  // in the list
+    };
+    struct Gap {
+        std::size_t run = 0;  // the first run behind it
         std::size_t index = 0;
+        std::size_t sameTag = 0;  // fields before it with the tag
     };
 
-    Place Find(unsigned tag, int occurrence);
+    void InsertRun(std::size_t at, std::uint32_t place);
+    Gap FindGap(std::uint32_t place, std::uint32_t tag) const;
+    std::uint32_t Append(std::size_t run, std::string_view tag, std::string_view content);
+    const Place& Find(unsigned tag, int occurrence) const;
+    Place Search(unsigned tag, int occurrence) const;
+    Place FindFurther(const Place& from, int steps) const;
     std::string* FindField(unsigned tag, int occurrence);
     void WriteCommFormat(std::string& record) const;
     int AddOneSubfield(unsigned tag, int occurrence, char code, std::string_view text);
 
-    std::vector<Run> runs_;
+    std::vector<Field> fields_;  // in the order in which they were made
+    std::vector<Run> runs_;      // in list order
+    bool sorted_ = true;         // every run's place is above that before it
+    mutable Place last_;         // made or found last: most calls are about it or the next
 };
 
 // Walks the fields in list order. Any change of the record ends its use.
@@ -119,13 +138,11 @@ public:
     using reference = const std::string&;
 
     const_iterator() = default;
-    reference operator*() const { return run_->fields[position_]; }
-    pointer operator->() const { return &run_->fields[position_]; }
+    reference operator*() const { return record_->fields_[field_].text; }
+    pointer operator->() const { return &record_->fields_[field_].text; }
     const_iterator& operator++() {
-        if (++position_ == run_->fields.size()) {
-            ++run_;
-            position_ = 0;
-        }
+        field_ = record_->fields_[field_].next;
+        if (field_ == kNone) EnterRun(run_ + 1);
         return *this;
     }
     const_iterator operator++(int) {
@@ -137,17 +154,23 @@ public:
 
 private:
     friend class CPmarc;
-    explicit const_iterator(const Run* run) : run_(run) {}
+    const_iterator(const CPmarc* record, std::size_t run) : record_(record) { EnterRun(run); }
 
-    const Run* run_ = nullptr;
-    std::size_t position_ = 0;
+    void EnterRun(std::size_t run) {
+        run_ = run;
+        field_ = run < record_->runs_.size() ? record_->runs_[run].first : kNone;
+    }
+
+    const CPmarc* record_ = nullptr;
+    std::size_t run_ = 0;
+    std::uint32_t field_ = kNone;
 };
 
 inline CPmarc::const_iterator CPmarc::begin() const {
-    return const_iterator(runs_.data());
+    return {this, 0};
 }
 inline CPmarc::const_iterator CPmarc::end() const {
-    return const_iterator(runs_.data() + runs_.size());
+    return {this, runs_.size()};
 }
 
 }  // namespace zorby

@@ -47,6 +47,9 @@ void CPmarc::ConvertToUSMARCCommFormat(std::string& record) const {
 
 void CPmarc::WriteCommFormat(std::string& record) const {
     CommFormatWriter writer;
+    std::size_t bytes = 0;
+    for (const std::string& field : *this) bytes += field.size();
+    writer.Reserve(FieldCount(), bytes);
     bool leaderSeen = false;
     for (const std::string& field : *this) {
         if (TagNumber(field) == 0 && !leaderSeen) {

@@ -162,6 +162,9 @@ TEST(Pmarc, ControlFieldsAndAstaAdd) {
     EXPECT_EQ(Fields(record),
               (std::vector<std::string>{"001id ", "008ab c ", "1001 \037aMelville\037d1819",
                                         "10000\037aOther"}));
+    CPmarc moved = std::move(record);
+    EXPECT_EQ(record.FieldExists(100, 2), 0);  // NOLINT: a record that was moved from is empty
+    record = std::move(moved);
     std::string lines = ">";
     record.GetRecordAsCString(lines);
     EXPECT_EQ(lines.substr(0, 8), ">001id \r");
