@@ -2,8 +2,9 @@
 
 #include <quillory/exchange/Losses.h>
 #include <quillory/exchange/Utf8.h>
+#include <quillory/exchange/YazConverter.h>
 
-#include <memory>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -11,34 +12,52 @@
 
 namespace quillory {
 
-// Carries text between MARC-8 with all its scripts and UTF-8, through libyaz, one subfield at a
-// time. The slow road for what the one-byte code does not hold.
+// Carries text between MARC-8 with all its scripts and UTF-8, one subfield at a time. libyaz is
+// asked for one letter with its diacritics at a time, and what it says is kept.
 class Marc8Unicode {
 public:
     explicit Marc8Unicode(NormalForm form);
-    ~Marc8Unicode();
-    Marc8Unicode(const Marc8Unicode&) = delete;
-    Marc8Unicode& operator=(const Marc8Unicode&) = delete;
 
     void AppendUtf8(std::string_view marc8, std::string& utf8, Losses& losses);
     // Characters that MARC-8 has not go out as &#xXXXX;
     void AppendMarc8(std::string_view utf8, std::string& marc8, Losses& losses);
 
 private:
-    class Converter;
     class Decoder;
+    class Encoder;
 
-    const std::u32string& PlanFor(char32_t codePoint);
-    // False if the text does not come back from MARC-8.
-    bool ConvertChecked(std::string_view utf8, std::string& marc8);
-    void AppendPlanned(std::string_view planned, std::string& marc8, Losses& losses);
-    bool HasCharacter(char32_t codePoint);
+    // What bytes under designated sets are.
+    struct Decoded {
+        YazConverter::Outcome outcome = YazConverter::kFailed;
+        std::string utf8;  // in the normal form
+    };
+    // How a letter with its diacritics stands in MARC-8.
+    struct Encoded {
+        std::string set;    // escape of the set that its bytes are of; empty for the default
+        std::string bytes;  // without that escape
+        std::vector<char32_t> writtenOut;  // behind the bytes, as references
+    };
+
+    // Units under the same sets, by their bytes as a number.
+    struct Sets {
+        std::string escapes;
+        std::unordered_map<std::uint64_t, Decoded> units;
+    };
+
+    Sets& SetsFor(const std::string& escapes);
+    const Decoded& Decode(Sets& sets, const std::string& unit);
+    const Encoded& Encode(std::string_view letter);
+    Encoded EncodeAfresh(std::string_view given);
+    static bool SplitSet(std::string_view marc8, Encoded& encoded);
+    bool EncodeFirst(std::string_view letter, Encoded& encoded);
+    bool EncodeWhole(std::string_view letter, Encoded& encoded);
 
     NormalForm form_;
-    std::unique_ptr<Converter> toUtf8_;
-    std::unique_ptr<Converter> toMarc8_;
-    // What to write for a code point: itself, its parts, or nothing if MARC-8 has neither.
-    std::unordered_map<char32_t, std::u32string> plans_;
+    YazConverter toUtf8_;
+    YazConverter toMarc8_;
+    std::unordered_map<std::string, Sets> sets_;
+    Decoded notKept_;
+    std::unordered_map<std::string, Encoded> encoded_;
 };
 
 }  // namespace quillory

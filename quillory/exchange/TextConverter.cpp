@@ -19,6 +19,24 @@ bool EndsWithDiacritic(std::string_view marc8) {
     return !marc8.empty() && static_cast<unsigned char>(marc8.back()) >= kFirstDiacritic;
 }
 
+// An escape to a set that the engine does not know.
+bool HasOtherScript(std::string_view marc8) {
+    const std::size_t escape = marc8.find(kEscapeToBasic.front());
+    return escape + 1 < marc8.size() &&
+           std::string_view("sgbp").find(marc8[escape + 1]) == std::string_view::npos;
+}
+
+bool HasCombining(std::string_view utf8) {
+    const char* p = utf8.data();
+    const char* const end = p + utf8.size();
+    while ((p += zorby::PlainRunLength(p, end)) != end) {
+        const Utf8Char c = DecodeUtf8({p, static_cast<std::size_t>(end - p)});
+        if (c.valid && IsCombining(c.codePoint)) return true;
+        p += c.size;
+    }
+    return false;
+}
+
 // Latin-1 bytes are the first 256 code points.
 void AppendLatin1AsUtf8(std::string_view latin1, std::string& utf8) {
     std::string written;
@@ -83,6 +101,7 @@ Marc8Unicode& TextConverter::SlowRoad() {
 // it gives the same bytes back. An escape to the basic set at the very end says nothing.
 bool TextConverter::EngineToUtf8(std::string_view marc8, std::string& out) {
     if (marc8.ends_with(kEscapeToBasic)) marc8.remove_suffix(kEscapeToBasic.size());
+    if (HasOtherScript(marc8)) return false;
     codes_ = marc8;
     zorby::CSMARCToZorby(codes_);
     check_ = codes_;
@@ -120,7 +139,8 @@ void TextConverter::AppendMarc8AsUtf8(std::string_view text, std::string& out, L
     if (!EngineToUtf8(text, out)) SlowRoad().AppendUtf8(text, out, losses);
     const std::string_view written = std::string_view(out).substr(start);
     if (!MayHoldReference(written)) return;
-    const std::string plain = Normalized(WithoutReferences(written), form_);
+    std::string plain = WithoutReferences(written);
+    if (form_ == kNormalFormD || HasCombining(plain)) plain = Normalized(plain, form_);
     out.replace(start, out.size() - start, plain);
 }
 
@@ -131,7 +151,7 @@ void TextConverter::AppendUtf8AsMarc8(std::string_view text, std::string& out, L
         text = kept;
     }
     if (EngineToMarc8(text, out)) return;
-    SlowRoad().AppendMarc8(Normalized(text, kNormalFormC), out, losses);
+    SlowRoad().AppendMarc8(text, out, losses);
 }
 
 void TextConverter::AppendUtf8(std::string_view text, std::string& out, Losses& losses) {
@@ -172,6 +192,10 @@ void TextConverter::AppendText(std::string_view text, std::string& out, Losses& 
 // Text runs from one delimiter to the next; behind a delimiter stands a subfield code, unless the
 // byte there is part of a character.
 void TextConverter::Append(std::string_view content, std::string& out, Losses& losses) {
+    if (IsUntouched(content)) {
+        out += content;
+        return;
+    }
     while (!content.empty()) {
         const std::size_t end = std::min(content.find(kDelimiter), content.size());
         const std::string_view text = content.substr(0, end);

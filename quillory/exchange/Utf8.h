@@ -32,7 +32,12 @@ inline void AppendUtf8(char32_t codePoint, std::string& text) {
     text.append(bytes, bytes + size);
 }
 
+// Whether a character may be drawn into the one before it by a normal form: combining characters,
+// and the vowels and finals of Hangul.
 inline bool IsCombining(char32_t codePoint) {
+    constexpr char32_t kFirstCombining = 0x0300;
+    if (codePoint < kFirstCombining) return false;
+    if (codePoint >= 0x1160 && codePoint <= 0x11FF) return true;
     return utf8proc_get_property(static_cast<utf8proc_int32_t>(codePoint))->combining_class != 0;
 }
 

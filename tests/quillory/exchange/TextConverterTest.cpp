@@ -52,15 +52,18 @@ const Twin kTwins[] = {
     {"\x1Bga\x1Bs-", "\u03B1-"},
     {"Stra\307e \3105", "Straße €5"},  // beyond the one-byte code
     {"\x1B$1!0!\x1B(B", "\u4E00"},
-    {"a\x1B(NaB\x1B(B z", "a\u0410\u0431 z"},
+    {"a\x1B(NaB \x1B(Bz", "a\u0410\u0431 z"},
     {"tab\there", "tab\there"},
     {"\x88The \x89 End", "\u0098The \u009C End"},
     {"\xBC\xE2\xBC", "\u01A1\u1EDB"},  // o-hook, alone and with acute
     {"\xE2 ", " \u0301"},
-    {"\xE2\x1B(Sa\x1B(Bz", "\u03ACz"},  // an escape between the diacritic and its letter
+    {"\x1B(S\xE2\141\x1B(2`\x1B(Bz", "\u03AC\u05D0z"},  // one set straight behind another
 };
 
 TEST(TextConverter, TwinsBothWays) {
+    // An escape may stand between a diacritic and its letter, and before every blank.
+    EXPECT_EQ(ToUtf8("\xE2\x1B(Sa\x1B(Bz"), "\u03ACz");
+    EXPECT_EQ(ToUtf8("\x1B(Na\x1B(B \x1B(NB\x1B(B"), "\u0410 \u0431");
     for (const Twin& twin : kTwins) {
         EXPECT_EQ(ToUtf8(twin.marc8), twin.utf8) << testing::PrintToString(twin.marc8);
         EXPECT_EQ(ToMarc8(twin.utf8), twin.marc8) << twin.utf8;
