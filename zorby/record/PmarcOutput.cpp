@@ -95,8 +95,9 @@ void CPmarc::AddOldMicrolifField(char* line, int length) {
     std::string field(line, size);
     while (!field.empty() && IsAnEnd(field.back())) field.pop_back();
     if (field.empty()) return;
-    if (TagOf(field) > "009")
+    if (TagOf(field) > "009") {
         std::replace(field.begin(), field.end(), kMicrolifDelimiter, kDelimiter);
+    }
     FieldAppend(TagOf(field), ContentOf(field));
 }
 
