@@ -1,0 +1,59 @@
+#pragma once
+
+#include <zorby/Export.h>
+#include <zorby/format/InfoAboutList.h>
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zorby {
+
+// A subfield that a new record begins with, its text in the Qm code. In a list, a record of tag 0
+// continues the field that the record before it began.
+class ZORBY_EXPORT CInfoAboutDefaultData : public CObject {
+public:
+    static const CRuntimeClass kRuntimeClass;
+    const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+    void Serialize(CArchive& archive) override;
+
+    void Create(unsigned tag, char first, char second, char code, std::string_view data);
+    // Tag 0 and both indicators NUL.
+    void Create(char code, std::string_view data);
+    void CloneFrom(const CInfoAboutDefaultData& other);
+
+    unsigned GetTag() const { return tag_; }
+    // The first indicator for 1, the second for any other number; NUL for a blank ("_").
+    char GetIndicator(int which) const;
+    // The same as stored.
+    char GetIndicatorRaw(int which) const { return which == 1 ? first_ : second_; }
+    char GetSubCode() const { return code_; }
+    const std::string& GetDefaultData() const { return data_; }
+
+private:
+    unsigned tag_ = 0;
+    char first_ = 0;
+    char second_ = 0;
+    char code_ = 0;
+    std::string data_;
+};
+
+class ZORBY_EXPORT CInfoAboutDefaultDataList : public InfoAboutList<CInfoAboutDefaultData> {
+public:
+    static const CRuntimeClass kRuntimeClass;
+    const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+
+    void AddDefaultData(unsigned tag, char first, char second, char code, std::string_view data);
+    void AddDefaultData(char code, std::string_view data);
+    // Appends copies of all records.
+    void CloneFrom(const CInfoAboutDefaultDataList& other);
+
+    // The one walk of the list; null at the end.
+    const CInfoAboutDefaultData* GetFirst();
+    const CInfoAboutDefaultData* GetNext();
+
+private:
+    std::size_t next_ = 0;
+};
+
+}  // namespace zorby

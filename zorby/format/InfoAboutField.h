@@ -1,0 +1,55 @@
+#pragma once
+
+#include <zorby/Export.h>
+#include <zorby/format/InfoAboutList.h>
+#include <zorby/text/TagArray.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace zorby {
+
+// A MARC field: its tag as a number (008 is 8), its name in the Qm code, and its flags.
+class ZORBY_EXPORT CInfoAboutField : public CObject {
+public:
+    static const CRuntimeClass kRuntimeClass;
+    const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+    // Stores all but the user-defined flag, and sets that to 0 on loading.
+    void Serialize(CArchive& archive) override;
+
+    void Create(unsigned tag, std::string_view name, int repeatable, int mandatory,
+                int userDefined);
+
+    unsigned GetTag() const { return tag_; }
+    const std::string& GetName() const { return name_; }
+    void GetName(std::string& name) const { name = name_; }
+    // Nonzero for a field that may repeat, that a record must have, that was added at run time.
+    int Repeatable() const { return repeatable_; }
+    int Mandatory() const { return mandatory_; }
+    int IsUserDefined() const { return userDefined_; }
+
+private:
+    unsigned tag_ = 0;
+    std::string name_;
+    int repeatable_ = 0;
+    int mandatory_ = 0;
+    int userDefined_ = 0;
+};
+
+class ZORBY_EXPORT CInfoAboutFieldList : public InfoAboutList<CInfoAboutField> {
+public:
+    static const CRuntimeClass kRuntimeClass;
+    const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+
+    // The first field of the tag, or null.
+    const CInfoAboutField* Find(unsigned tag) const;
+    void AddField(unsigned tag, std::string_view name, int repeatable, int mandatory,
+                  int userDefined);
+    // Each tag from low to high, both included, in the order of the list.
+    std::unique_ptr<CTagArray> AllTags(unsigned low, unsigned high) const;
+    // Deletes the records whose user-defined flag is set.
+    void RemoveUserDefined();
+};
+
+}  // namespace zorby

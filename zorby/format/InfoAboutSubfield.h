@@ -1,0 +1,64 @@
+#pragma once
+
+#include <zorby/Export.h>
+#include <zorby/format/InfoAboutList.h>
+
+#include <string>
+#include <string_view>
+
+namespace zorby {
+
+// A subfield of a MARC field: its code, the tag of the field, its name in the Qm code, its flags.
+class ZORBY_EXPORT CInfoAboutSubfield : public CObject {
+public:
+    static const CRuntimeClass kRuntimeClass;
+    const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+    // Stores all but the user-defined flag, and sets that to 0 on loading.
+    void Serialize(CArchive& archive) override;
+
+    void Create(unsigned tag, char code, std::string_view name, int repeatable, int mandatory,
+                int prompt, int priority, int userDefined);
+
+    unsigned GetTag() const { return tag_; }
+    char GetCode() const { return code_; }
+    const std::string& GetName() const { return name_; }
+    void GetName(std::string& name) const { name = name_; }
+    // Nonzero for a subfield that may repeat, that its field must have, that a new field prompts
+    // for, that has priority, that was added at run time.
+    int Repeatable() const { return repeatable_; }
+    int Mandatory() const { return mandatory_; }
+    int Prompt() const { return prompt_; }
+    int Priority() const { return priority_; }
+    int IsUserDefined() const { return userDefined_; }
+
+private:
+    char code_ = 0;
+    unsigned tag_ = 0;
+    std::string name_;
+    int repeatable_ = 0;
+    int mandatory_ = 0;
+    int prompt_ = 0;
+    int priority_ = 0;
+    int userDefined_ = 0;
+};
+
+class ZORBY_EXPORT CInfoAboutSubfieldList : public InfoAboutList<CInfoAboutSubfield> {
+public:
+    static const CRuntimeClass kRuntimeClass;
+    const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+
+    // The first subfield with both, or null.
+    const CInfoAboutSubfield* Find(unsigned tag, char code) const;
+    void AddSubfield(unsigned tag, char code, std::string_view name, int repeatable, int mandatory,
+                     int prompt, int priority, int userDefined);
+    // Appends each code of the tag, in the order of the list.
+    void AllSubfieldCodesForTag(unsigned tag, std::string& codes) const;
+    // Appends each code of the tag whose prompt flag is set.
+    void GetSubfieldsToPromptFor(unsigned tag, std::string& codes) const;
+    // 1 if the first match has the priority flag set, else 0.
+    int GetPriority(unsigned tag, char code) const;
+    // Deletes the records whose user-defined flag is set.
+    void RemoveUserDefined();
+};
+
+}  // namespace zorby

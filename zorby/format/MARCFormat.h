@@ -1,0 +1,110 @@
+#pragma once
+
+#include <zorby/Export.h>
+#include <zorby/format/DisplayOptions.h>
+#include <zorby/format/InfoAboutField.h>
+#include <zorby/format/InfoAboutIndicator.h>
+#include <zorby/format/InfoAboutSubfield.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zorby {
+
+// The dictionary of the MARC 21 bibliographic format: fields, subfields and indicators. Programs
+// ask through static operations, which act on the one dictionary in force and answer as if it were
+// empty while there is none. Unguarded: it belongs to the host's user-interface thread.
+class ZORBY_EXPORT CMARCFormat : public CObject {
+public:
+    static const CRuntimeClass kRuntimeClass;
+    const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+    void Serialize(CArchive& archive) override;
+
+    // Puts the dictionary of "MARCBibl.tfm" in the folder of the ApplicationPort in force, adds the
+    // user-defined list given and then the one of the holdings settings, and gives 1. If the file
+    // can't be opened, tells the user and gives 0; a damaged one throws CArchiveException. In both
+    // cases no dictionary is in force then, not even one that was before.
+    static int InitializeYourself(std::string_view userDefined);
+    // Safe without a dictionary.
+    static void FreeYourself();
+    // The dictionary in force, or null.
+    static const CMARCFormat* TheOneAndOnly();
+
+    // Adds what ParseUDSubfields finds without bare tags, as far as it is unknown. A new field has
+    // blank indicators.
+    static void AddUserDefined(std::string_view list);
+    // Removes user-defined fields and subfields; their default indicators stay.
+    static void RemoveUserDefined();
+    // Appends the fields and subfields that a user-defined list names, such as
+    // "590ab 591-595 900a\901b": three digits for a field, and a code behind them for a subfield. A
+    // token of a bare tag counts only if `allowBareTags` is nonzero; while that is 0, a token
+    // without any valid code ends the list.
+    static void ParseUDSubfields(std::string_view list, std::vector<std::string>& entries,
+                                 int allowBareTags);
+
+    // Lookups by tag, code and indicator (1 or 2) give the first match in the dictionary, or null.
+    static const CInfoAboutField* FindField(unsigned tag);
+    static const CInfoAboutSubfield* FindSubfield(unsigned tag, char code);
+    // Each tag from low to high in the dictionary's order. While the holdings are Alexandria's, 900
+    // and 92 follow, whatever the range.
+    static std::unique_ptr<CTagArray> AllTags(unsigned low, unsigned high);
+    // Appends the codes in the dictionary's order, and "a" for Alexandria's 900 and 92.
+    static void AllSubfieldCodes(unsigned tag, std::string& codes);
+    static void GetSubfieldsToPromptFor(unsigned tag, std::string& codes);
+    static int GetPriority(unsigned tag, char code);
+    // 1 for a user-defined field, else 0, for an unknown tag too.
+    static int IsUDField(unsigned tag);
+    // 1 for a lower-case letter, a digit or a character from "!" to "?", else 0.
+    static int IsAnyValidSubfield(char code);
+
+    static const CInfoAboutIndicatorValue* GetIndicatorValueMatchFirst(unsigned tag, int which);
+    static const CInfoAboutIndicatorValue* GetIndicatorValueMatchNext(unsigned tag, int which);
+    static void GetIndicatorExplanationFor(unsigned tag, int which, std::string& text);
+    static void GetIndicatorNameFor(unsigned tag, int which, EDISPLAYOPTIONS option,
+                                    std::string& text);
+    static char DefaultIndicator(unsigned tag, int which);
+
+    // Texts for display, such as "Title statement (245)", "a (Title)". An unknown option counts as
+    // EDO_NameOnly. What the dictionary doesn't know is called "User defined 901" or "User defined
+    // $x"; an unknown indicator value is called so, whatever the option. A tag below 10 has no
+    // subfields: any code of it gives the field's name, without a code.
+    static void FieldName(unsigned tag, EDISPLAYOPTIONS option, std::string& text);
+    static void SubfieldName(unsigned tag, char code, EDISPLAYOPTIONS option, std::string& text);
+    static std::string IndicatorValue(unsigned tag, int which, char value, EDISPLAYOPTIONS option);
+
+    // For building a dictionary that Serialize then stores. "#" for a blank indicator becomes "_".
+    void SetName(std::string_view name) { name_ = name; }
+    // Adds the default indicators too. The last argument is ignored.
+    void AddField(unsigned tag, char first, char second, std::string_view name, int repeatable,
+                  int mandatory, int unused);
+    void AddSubfield(unsigned tag, char code, std::string_view name, int repeatable, int mandatory,
+                     int prompt, int priority);
+    void AddIndicatorValue(unsigned tag, int which, char value, std::string_view name);
+    void AddIndicatorExpl(unsigned tag, int which, std::string_view text);
+    void AddIndicatorName(unsigned tag, int which, std::string_view name);
+
+    const std::string& GetName() const { return name_; }
+    const CInfoAboutFieldList& GetFields() const { return fields_; }
+    const CInfoAboutSubfieldList& GetSubfields() const { return subfields_; }
+    const CInfoAboutIndicatorDefaultList& GetIndicatorDefaults() const { return defaults_; }
+    const CInfoAboutIndicatorExplanationList& GetIndicatorExplanations() const {
+        return explanations_;
+    }
+    const CInfoAboutIndicatorNameList& GetIndicatorNames() const { return indicatorNames_; }
+    const CInfoAboutIndicatorValueList& GetIndicatorValues() const { return values_; }
+
+private:
+    void AddUserDefinedEntry(const std::string& entry);
+
+    std::string name_;
+    CInfoAboutFieldList fields_;
+    CInfoAboutIndicatorDefaultList defaults_;
+    CInfoAboutIndicatorExplanationList explanations_;
+    CInfoAboutIndicatorNameList indicatorNames_;
+    CInfoAboutIndicatorValueList values_;
+    CInfoAboutSubfieldList subfields_;
+};
+
+}  // namespace zorby

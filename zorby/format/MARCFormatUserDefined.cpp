@@ -1,0 +1,116 @@
+#include <zorby/format/MARCFormat.h>
+#include <zorby/format/detail/DisplayText.h>
+
+#include <algorithm>
+#include <charconv>
+#include <unordered_set>
+#include <utility>
+
+namespace zorby {
+namespace {
+
+constexpr std::size_t kTagWidth = 3;
+constexpr std::size_t kEntryWidth = 4;  // a tag and a code
+constexpr std::size_t kRangeWidth = 7;  // such as 590-595
+
+bool IsDigit(char c) {
+    return '0' <= c && c <= '9';
+}
+
+bool IsValid(char code) {
+    return CMARCFormat::IsAnyValidSubfield(code) != 0;
+}
+
+std::string_view Trimmed(std::string_view text) {
+    constexpr const char* kWhiteSpace = " \t\n\v\f\r";
+    const std::size_t start = text.find_first_not_of(kWhiteSpace);
+    if (start == std::string_view::npos) return {};
+    return text.substr(start, text.find_last_not_of(kWhiteSpace) + 1 - start);
+}
+
+// The leading digits; 0 without any.
+unsigned Number(std::string_view text) {
+    unsigned number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+class Parser {
+public:
+    Parser(std::vector<std::string>& entries, bool allowBareTags)
+        : entries_(entries), allowBareTags_(allowBareTags) {
+        for (const std::string& entry : entries_) Remember(entry);
+    }
+
+    void Parse(std::string_view list) {
+        bool goesOn = true;
+        while (goesOn && !list.empty()) {
+            const std::size_t end = std::min(list.find_first_of(" \\"), list.size());
+            goesOn = AddToken(Trimmed(list.substr(0, end)));
+            list.remove_prefix(std::min(end + 1, list.size()));
+        }
+    }
+
+private:
+    // False where the list ends early.
+    bool AddToken(std::string_view token) {
+        const bool isBareTag = allowBareTags_ && token.size() == kTagWidth;
+        if (token.size() <= kTagWidth && !isBareTag) return true;
+        if (token.size() == kRangeWidth && token[kTagWidth] == '-') {
+            AddRange(token.substr(0, kTagWidth), token.substr(kTagWidth + 1));
+            return true;
+        }
+        const std::string_view tag = token.substr(0, kTagWidth);
+        if (!std::ranges::all_of(tag, IsDigit)) return true;
+        return AddFieldAndSubfields(tag, token.substr(kTagWidth));
+    }
+
+    void AddRange(std::string_view first, std::string_view last) {
+        if (first > last) return;
+        for (unsigned tag = Number(first); tag <= Number(last); ++tag) Append(TagText(tag));
+    }
+
+    bool AddFieldAndSubfields(std::string_view tag, std::string_view codes) {
+        const bool hasCode = codes.empty() || std::ranges::any_of(codes, IsValid);
+        if (!hasCode && !allowBareTags_) return false;
+        AppendNew(std::string(tag));
+        for (const char code : codes) {
+            if (IsValid(code)) AppendNew(std::string(tag) + code);
+        }
+        return true;
+    }
+
+    void AppendNew(std::string entry) {
+        if (!known_.contains(entry)) Append(std::move(entry));
+    }
+
+    void Append(std::string entry) {
+        Remember(entry);
+        entries_.push_back(std::move(entry));
+    }
+
+    // A tag counts as known where it is an entry, a tag with a code where it occurs in an entry.
+    void Remember(const std::string& entry) {
+        if (entry.size() <= kTagWidth) known_.insert(entry);
+        for (std::size_t at = 0; at + kEntryWidth <= entry.size(); ++at) {
+            known_.insert(entry.substr(at, kEntryWidth));
+        }
+    }
+
+    std::vector<std::string>& entries_;
+    std::unordered_set<std::string> known_;
+    bool allowBareTags_;
+};
+
+}  // namespace
+
+void CMARCFormat::ParseUDSubfields(std::string_view list, std::vector<std::string>& entries,
+                                   int allowBareTags) {
+    Parser(entries, allowBareTags != 0).Parse(list);
+}
+
+int CMARCFormat::IsAnyValidSubfield(char code) {
+    return ('!' <= code && code <= '?') || ('a' <= code && code <= 'z') ? 1 : 0;
+}
+
+}  // namespace zorby

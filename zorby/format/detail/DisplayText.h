@@ -1,0 +1,17 @@
+#pragma once
+
+#include <zorby/format/DisplayOptions.h>
+
+#include <string>
+#include <string_view>
+
+namespace zorby {
+
+// A name and its code as the option says. An unknown option counts as EDO_NameOnly.
+void DisplayText(EDISPLAYOPTIONS option, std::string_view name, std::string_view code,
+                 std::string& text);
+
+// A MARC tag as it is written: three digits, or more where it has more.
+std::string TagText(unsigned tag);
+
+}  // namespace zorby

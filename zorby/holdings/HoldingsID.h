@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstdint>
+
+namespace zorby {
+
+// The elements of holdings data, a family of numbers to each system: 100 to 103 (HT_TYPE_1),
+// 150 to 156 (2), 200 to 216 (3, 13), 250 to 262 and 264 (10), 300 to 313 (4), 400 to 408 (5),
+// 500 to 511 (7), 600 to 620 (8, 9), 700 to 705 (6), 800 to 808 (11), 900 to 909 (12, 15),
+// 950 to 964 (14). Those named here have a role of their own; the others are what the dictionary
+// says. Where a call number comes in parts, HID_..._CALL_NUMBER takes a whole one.
+enum EHOLDINGSID : std::int32_t {
+    HID_TYPE_1_CALL_NUMBER = 101,
+    HID_TYPE_1_BAR_CODE = 102,
+
+    HID_TYPE_2_CALL_NUMBER_PART_1 = 151,
+    HID_TYPE_2_CALL_NUMBER = 152,
+    HID_TYPE_2_CALL_NUMBER_PART_3 = 153,
+    HID_TYPE_2_CALL_NUMBER_PART_4 = 154,
+    HID_TYPE_2_BAR_CODE = 155,
+
+    HID_FOLLETT_BAR_CODE = 200,
+    HID_FOLLETT_CALL_NUMBER = 201,
+    HID_FOLLETT_ITEM_A_1 = 202,  // two repeating items, three occurrences of each
+    HID_FOLLETT_ITEM_B_1 = 203,
+    HID_FOLLETT_ITEM_A_2 = 204,
+    HID_FOLLETT_ITEM_B_2 = 205,
+    HID_FOLLETT_ITEM_A_3 = 206,
+    HID_FOLLETT_ITEM_B_3 = 207,
+    HID_FOLLETT_FUND = 213,
+
+    HID_FOLLETT_UNISON_BAR_CODE = 251,
+    HID_FOLLETT_UNISON_CALL_NUMBER = 252,
+    HID_FOLLETT_UNISON_FUND = 258,
+
+    HID_TYPE_4_CALL_NUMBER_PART_1 = 301,
+    HID_TYPE_4_CALL_NUMBER = 302,
+    HID_TYPE_4_CALL_NUMBER_PART_3 = 303,
+    HID_TYPE_4_CALL_NUMBER_PART_4 = 304,
+    HID_TYPE_4_BAR_CODE = 305,
+
+    HID_TYPE_5_CALL_NUMBER = 400,
+    HID_TYPE_5_BAR_CODE = 401,
+    HID_TYPE_5_ITEM_1 = 407,  // two occurrences of a repeating item
+    HID_TYPE_5_ITEM_2 = 408,
+
+    HID_DYNIX_BAR_CODE = 500,
+    HID_DYNIX_CALL_NUMBER = 502,
+
+    HID_LWLP_AUTOMATIC = 600,  // filled by itself; doesn't count as data
+    HID_LWLP_CALL_NUMBER = 603,
+    HID_LWLP_CALL_NUMBER_PART_2 = 604,
+    HID_LWLP_BAR_CODE = 607,
+
+    HID_TYPE_6_BAR_CODE = 700,
+    HID_TYPE_6_CALL_NUMBER = 702,
+    HID_TYPE_6_CALL_NUMBER_PART_2 = 703,
+
+    HID_TYPE_11_CALL_NUMBER = 802,
+    HID_TYPE_11_BAR_CODE = 803,
+
+    HID_TYPE_12_CALL_NUMBER = 900,
+    HID_TYPE_12_BAR_CODE = 901,
+    HID_TYPE_12_ITEM_1 = 906,  // two occurrences of a repeating item
+    HID_TYPE_12_ITEM_2 = 907,
+
+    HID_ALEXANDRIA_CALL_NUMBER = 952,
+    HID_ALEXANDRIA_BAR_CODE = 953,
+};
+
+}  // namespace zorby

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <zorby/Export.h>
+#include <zorby/holdings/HoldingsType.h>
+#include <zorby/holdings/InfoAboutHoldingsField.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zorby {
+
+// A system that keeps holdings: its names, and its elements in the order of entry forms and menus.
+class ZORBY_EXPORT CInfoAboutHoldingsType : public CObject {
+public:
+    static const CRuntimeClass kRuntimeClass;
+    const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+    // Loading adds names and fields behind those there are.
+    void Serialize(CArchive& archive) override;
+
+    // The only name from now on is `name`; fields stay. The flags and the option are kept for the
+    // host.
+    void Create(std::string_view name, EHOLDINGSTYPE type, std::uint32_t typeFlags, int typeOption);
+    void AddOldName(std::string_view name);
+    void AddField(std::string_view name, unsigned tag, std::int8_t subfield, char repeatDelimiter,
+                  EHOLDINGSID id, int onePerRecord, std::string_view helpText);
+    void AddField(std::string_view name, std::int32_t extraValue, unsigned tag,
+                  std::int8_t subfield, char repeatDelimiter, EHOLDINGSID id, int onePerRecord,
+                  std::string_view helpText);
+
+    // The present name, or empty without any.
+    std::string GetName() const;
+    // The present name and then the former ones.
+    const std::vector<std::string>& GetNames() const { return names_; }
+    EHOLDINGSTYPE GetHoldingsTypeID() const { return holdingsTypeID_; }
+    std::uint32_t GetTypeFlags() const { return typeFlags_; }
+    int GetTypeOption() const { return typeOption_; }
+
+    // The number of fields.
+    int GetSize() const { return static_cast<int>(fields_.size()); }
+    // Null outside the list, here and where no field matches.
+    const CInfoAboutHoldingsField* GetAt(int index) const;
+    const CInfoAboutHoldingsField* GetFieldInfo(EHOLDINGSID id) const;
+    const CInfoAboutHoldingsField* FindFieldAndSubfield(unsigned tag, std::int8_t subfield) const;
+    // Empty for an unknown element.
+    void GetFieldNameFromID(EHOLDINGSID id, std::string& name) const;
+    std::string GetHelpStringForID(EHOLDINGSID id) const;
+
+    bool FindField(unsigned tag) const;
+    // True if any field of the tag may occur once only.
+    bool FieldIsOnePerRecord(unsigned tag) const;
+    // The tags of the fields, each once, without leading zeros, divided by ",". A tag whose digits
+    // occur in the text already is left out. HT_MANDARIN_EZ has "001,852,989".
+    std::string GetCurrentHoldingsFields() const;
+
+private:
+    std::uint32_t typeFlags_ = 0;
+    std::vector<std::string> names_;
+    EHOLDINGSTYPE holdingsTypeID_ = HT_NONE;
+    std::vector<std::unique_ptr<CInfoAboutHoldingsField>> fields_;
+    int typeOption_ = 0;
+};
+
+}  // namespace zorby

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <zorby/settings/KeysNValues.h>
+
+#include <string>
+#include <string_view>
+
+namespace zorby {
+
+// The holdings settings of the user's profile as they are at construction. A value that isn't
+// stored is an empty text.
+class HoldingsSettings {
+public:
+    HoldingsSettings();
+
+    bool IsEasy() const;
+    std::string Get(std::string_view key) const;
+    // A value of the text that holds what only some systems need.
+    std::string GetExtra(std::string_view key) const;
+    // The same, or a default where the text is empty.
+    std::string GetExtraOr(std::string_view key, std::string_view defaultValue) const;
+    bool HasExtra() const;
+
+    // Set a value and write all settings to the profile.
+    void Set(std::string_view key, std::string_view value);
+    void SetExtra(std::string_view key, std::string_view value);
+
+private:
+    CKeysNValues Extra() const;
+
+    CKeysNValues keys_;
+};
+
+}  // namespace zorby
