@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace datatool {
+
+// A cell is UTF-8 with the escapes \t, \n, \\ and \xHH, a byte of the one-byte code of the data
+// files. `fault` is empty if the cell is in order.
+struct CellText {
+    std::string text;
+    std::string fault;
+};
+
+CellText DecodeCell(std::string_view cell);
+// A cell that gives the text back byte for byte.
+std::string EncodeCell(std::string_view text);
+
+}  // namespace datatool

@@ -1,0 +1,25 @@
+#include <zorby/archive/Archive.h>
+#include <zorby/archive/MemoryStream.h>
+
+#include <tools/zorby-data/Compiler.h>
+
+namespace datatool {
+
+void Compile(Compiler& compiler, const std::vector<std::string>& sources, Faults& faults) {
+    SourceReader reader(compiler.Takers(), faults);
+    for (std::size_t file = 0; file < sources.size(); ++file) {
+        compiler.BeginFile();
+        reader.Read(file, sources[file]);
+    }
+    if (reader.TookAllSections()) compiler.CheckReferences();
+}
+
+std::string Stored(zorby::CObject& dictionary) {
+    zorby::MemoryStream stream;
+    zorby::CArchive archive(stream, zorby::CArchive::store);
+    dictionary.Serialize(archive);
+    archive.Close();
+    return stream.GetBytes();
+}
+
+}  // namespace datatool
