@@ -15,6 +15,8 @@ namespace quillory {
 using Run = std::function<Status()>;
 
 void AddConvert(CLI::App& program, Run& run);
+void AddDescribe(CLI::App& program, Run& run);
+void AddSettings(CLI::App& program, Run& run);
 void AddShow(CLI::App& program, Run& run);
 
 }  // namespace quillory

@@ -100,6 +100,35 @@ void AppendTag(std::string_view tag, std::string_view indicators, const ScreenOp
     text += ' ' + shown + "  ";
 }
 
+// The field that a field in another script stands for, by its link in $6.
+std::string_view NamedTag(const zorby::CommFormatField& field) {
+    const std::size_t link = field.content.find("\0376");
+    const bool isLinked = field.tag == "880" && link != field.content.npos;
+    return isLinked ? field.content.substr(link + 2, 3) : field.tag;
+}
+
+void AppendNamedSubfields(const zorby::CommFormatField& field, const ScreenOptions& options,
+                          std::string& text) {
+    const std::string_view tag = NamedTag(field);
+    AppendTag(field.tag, field.content.substr(0, 2), options, text);
+    text += options.fieldName(tag) + '\n';
+    std::string_view rest = field.content.substr(std::min<std::size_t>(2, field.content.size()));
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find(zorby::kDelimiter, 1), rest.size());
+        const std::string_view subfield = rest.substr(0, end);
+        text.append(kTextColumn, ' ');
+        Line line(options, text);
+        if (subfield.size() > 1 && subfield.front() == zorby::kDelimiter) {
+            line.Add(Visible(options.subfieldName(tag, subfield[1])) + ": " +
+                     Visible(subfield.substr(2)));
+        } else {
+            line.Add(Visible(subfield));
+        }
+        text += '\n';
+        rest.remove_prefix(end);
+    }
+}
+
 void AppendData(const zorby::CommFormatField& field, const ScreenOptions& options,
                 std::string& text) {
     AppendTag(field.tag, field.content.substr(0, 2), options, text);
@@ -127,7 +156,12 @@ void AppendScreen(const Record& record, const ScreenOptions& options, std::strin
     for (const zorby::CommFormatField& field : record.fields) {
         if (field.IsControlField()) {
             AppendTag(field.tag, {}, options, text);
+            if (options.fieldName) {
+                text += options.fieldName(field.tag) + '\n' + std::string(kTextColumn, ' ');
+            }
             text += Visible(field.content) + '\n';
+        } else if (options.subfieldName) {
+            AppendNamedSubfields(field, options, text);
         } else {
             AppendData(field, options, text);
         }

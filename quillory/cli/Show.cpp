@@ -1,12 +1,19 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputOptions.h>
+#include <quillory/cli/Library.h>
 #include <quillory/cli/RecordScreen.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/exchange/QmText.h>
+#include <zorby/format/MARCFormat.h>
+#include <zorby/settings/Profile.h>
+#include <zorby/settings/ProfileKeys.h>
 
 #include <CLI/CLI.hpp>
 
+#include <charconv>
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -18,6 +25,7 @@ struct ShowOptions {
     std::size_t width = 0;
     bool widthGiven = false;
     std::uint64_t record = 0;  // 0 for all
+    bool names = false;
 };
 
 ScreenOptions ScreenOf(const ShowOptions& options) {
@@ -34,6 +42,33 @@ ScreenOptions ScreenOf(const ShowOptions& options) {
     return screen;
 }
 
+std::optional<unsigned> NumberOf(std::string_view tag) {
+    unsigned number = 0;
+    const auto read = std::from_chars(tag.data(), tag.data() + tag.size(), number);
+    const bool isTag = tag.size() == 3 && read.ptr == tag.data() + tag.size();
+    return isTag ? std::optional(number) : std::nullopt;
+}
+
+// Names as the settings want names and codes to be shown.
+void AddNames(ScreenOptions& screen) {
+    const auto display =
+        static_cast<zorby::EDISPLAYOPTIONS>(zorby::GetZorbyProfileInt(zorby::ZP_DisplayNameOrMARC));
+    screen.fieldName = [display](std::string_view tag) {
+        std::string name;
+        if (const auto number = NumberOf(tag)) {
+            zorby::CMARCFormat::FieldName(*number, display, name);
+        }
+        return QmToUtf8(name);
+    };
+    screen.subfieldName = [display](std::string_view tag, char code) {
+        std::string name = "$" + std::string(1, code);
+        if (const auto number = NumberOf(tag)) {
+            zorby::CMARCFormat::SubfieldName(*number, code, display, name);
+        }
+        return QmToUtf8(name);
+    };
+}
+
 class Shower {
 public:
     explicit Shower(const ShowOptions& options)
@@ -41,7 +76,9 @@ public:
           screen_(ScreenOf(options)),
           reporter_(options.input.quiet, options.input.verbose),
           recoder_({options.input.charset, kCharsetUtf8, {}}),
-          output_("-") {}
+          output_("-") {
+        if (options.names) AddNames(screen_);
+    }
 
     Status Run() {
         try {
@@ -104,13 +141,20 @@ void AddShow(CLI::App& program, Run& run) {
     auto options = std::make_shared<ShowOptions>();
     CLI::App* command = program.add_subcommand("show", "Show records as a person reads them");
     AddInputOptions(*command, options->input);
+    command->add_flag("--names", options->names, "With the names of fields and subfields");
     command->add_option("--record", options->record, "Only the record of this number, from 1");
     CLI::Option* width =
         command->add_option("--width", options->width,
                             "Columns of a line, 0 for no limit; the terminal's if not given");
     command->callback([options, width, &run] {
         options->widthGiven = width->count() > 0;
-        run = [options] { return Shower(*options).Run(); };
+        run = [options] {
+            if (options->names) {
+                LoadSettings();
+                if (!LoadDictionaries({})) return kStatusFailed;
+            }
+            return Shower(*options).Run();
+        };
     });
 }
 

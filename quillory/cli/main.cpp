@@ -16,6 +16,8 @@ int RunProgram(int argc, char** argv) {
     Run run;
     AddConvert(program, run);
     AddShow(program, run);
+    AddDescribe(program, run);
+    AddSettings(program, run);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -56,6 +56,11 @@ void MarcReader::Give(Item& item, ItemKind kind, std::string_view bytes) {
     item.reason.clear();
     item.tag.clear();
     item.controlNumber.clear();
+    if (kind != kItemRecord) {
+        item.record.leader = {};
+        item.record.fields.clear();
+        item.record.bytes = {};
+    }
     if (kind != kItemStray) ++count_;
     item.number = count_;
     taken_ = bytes.size();

@@ -4,6 +4,7 @@
 usage: cli_test.py QUILLORY SAMPLES_FOLDER
 """
 import gzip
+import json
 import os
 import pathlib
 import random
@@ -237,6 +238,85 @@ class Damage(Cli):
         status, out, err = run("convert", source, "--to", "marc", "--oversize", "cut")
         self.assertEqual((status, len(out)), (1, 24 + 24 + 1 + 4 + 12005 + 1))
         self.assertIn("stands as 9,999 in the directory", err)
+
+
+class Dictionary(Cli):
+    """Settings go to a home of the test's own; the data files are those of the build."""
+
+    def setUp(self):
+        super().setUp()
+        os.environ["QUILLORY_HOME"] = str(self.folder / "home")
+        self.addCleanup(os.environ.pop, "QUILLORY_HOME")
+
+    def say(self, *arguments):
+        status, out, err = run(*arguments)
+        self.assertEqual(status, 0, err)
+        return out.decode()
+
+    def test_describe(self):
+        cases = [
+            (["245"], "245 (Title Statement), not repeatable, required"),
+            (["245", "--display", "0"], "Title Statement (245), "),
+            (["245a"], "$a (Title)"),
+            (["245$a", "--display", "3"], "$a "),
+            (["245/2"], "Second indicator (Nonfiling characters)"),
+            (["650", "--subfields"], "$x (General subdivision)"),
+            (["--search", "publication DATE"], "260c"),
+            (["590", "--user-defined", "590ab"], "590 (User defined), repeatable, user-defined"),
+            (["--holdings"], " 7  Dynix"),
+            (["--holdings", "7"], "949 $d"),
+            (["--holdings", "Dynix"], "949 $b"),
+        ]
+        for arguments, text in cases:
+            self.assertIn(text, self.say("describe", *arguments))
+        indicator = json.loads(self.say("describe", "245/2", "--format", "json", "--display", "1"))
+        self.assertEqual(indicator["name"], "Nonfiling characters")
+        self.assertEqual([value["value"] for value in indicator["values"]], list("0123456789"))
+        for what in ("999", "245~", "245/3", "xyz", "24"):
+            status, _, err = run("describe", what)
+            self.assertEqual(status, 2, what)
+            self.assertIn(what[:3], err)
+        self.assertEqual(run("describe", "--search", "no such words")[0], 1)
+
+    def test_settings_are_kept(self):
+        self.assertEqual(self.say("settings", "ZP_DisplayNameOrMARC"), "2\n")
+        self.say("settings", "DisplayNameOrMARC", "0")
+        self.assertEqual(self.say("settings", "12"), "0\n")
+        self.assertIn("Title Statement (245)", self.say("describe", "245"))
+        self.say("settings", "4", "Łódź é 7")
+        self.assertEqual(self.say("settings", "NextSeqNo"), "Łódź é 7\n")
+        self.say("settings", "holdings.EasyOrCustom", "Easy")
+        self.say("settings", "holdings.HoldingsType", "Alexandria")
+        self.assertIn("in force", self.say("describe", "--holdings", "14"))
+        self.assertIn("Alexandria default call number", self.say("describe", "900"))
+        self.assertEqual(self.say("settings", "holdings.HoldingsType"), "Alexandria\n")
+        self.assertIn("164 ZP_SortSubjects", self.say("settings"))
+        for arguments in (["12", "x"], ["none"], ["holdings.None"], ["4", "\u4e00"],
+                          ["holdings.HoldingsType", "none"], ["holdings.EasyOrCustom", "none"]):
+            self.assertEqual(run("settings", *arguments)[0], 2, arguments)
+
+    def test_missing_and_damaged_data(self):
+        data = self.folder / "data"
+        data.mkdir()
+        os.environ["QUILLORY_DATA"] = str(data)
+        self.addCleanup(os.environ.pop, "QUILLORY_DATA")
+        status, _, err = run("describe", "245")
+        self.assertEqual(status, 2)
+        self.assertIn('zorby.hld"could not be opened.  Can\'t start program.  Code: ', err)
+        real = pathlib.Path(QUILLORY).resolve().parent / "../share/quillory"
+        shutil.copy(real / "zorby.hld", data)
+        whole = (real / "MARCBibl.tfm").read_bytes()
+        for size in (0, 1, 100, len(whole) // 2, len(whole) - 1):
+            (data / "MARCBibl.tfm").write_bytes(whole[:size])
+            status, _, err = run("describe", "245")
+            self.assertEqual(status, 2)
+            self.assertIn("MARCBibl.tfm", err)
+
+    def test_show_with_names(self):
+        out = self.say("show", "--names", "--record", "2", SAMPLES)
+        self.assertIn("245 10  245 (Title Statement)\n        $a (Title): Du côté", out)
+        linked = self.say("show", "--names", "--record", "12", SAMPLES)
+        self.assertRegex(linked, r"880 1.  \d\d\d \([A-Z]")
 
 
 class Ends(Cli):

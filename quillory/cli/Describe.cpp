@@ -1,0 +1,121 @@
+#include <quillory/cli/Commands.h>
+#include <quillory/cli/DictionaryText.h>
+#include <quillory/cli/Library.h>
+#include <quillory/exchange/Output.h>
+#include <zorby/settings/Profile.h>
+#include <zorby/settings/ProfileKeys.h>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+
+namespace quillory {
+namespace {
+
+struct DescribeOptions {
+    std::string what;
+    bool subfields = false;
+    std::string search;
+    bool holdings = false;
+    std::string format = "text";
+    std::string userDefined;
+    int display = -1;  // as the settings have it
+};
+
+using Printer = std::function<std::string(const Document&)>;
+
+zorby::EDISPLAYOPTIONS DisplayOf(const DescribeOptions& options) {
+    const int display = options.display >= 0
+                            ? options.display
+                            : zorby::GetZorbyProfileInt(zorby::ZP_DisplayNameOrMARC);
+    return static_cast<zorby::EDISPLAYOPTIONS>(display);
+}
+
+Status Print(const Document& document, const Printer& printer, const DescribeOptions& options) {
+    Output output("-");
+    output.Write(options.format == "json" ? document.dump(2) + "\n" : printer(document));
+    output.Finish();
+    return document.empty() ? kStatusFindings : kStatusWell;
+}
+
+Status Unknown(const std::string& what) {
+    throw FileError("the dictionary does not know " + what);
+}
+
+// 245, 245a, 245$a or 245/2.
+Status DescribePlace(const DescribeOptions& options) {
+    const std::string& what = options.what;
+    const zorby::EDISPLAYOPTIONS display = DisplayOf(options);
+    const bool hasTag = what.size() >= 3 && what.find_first_not_of("0123456789") >= 3;
+    if (!hasTag) {
+        throw FileError(what + " is no place: 245 is a field, 245a a subfield, 245/2 an indicator");
+    }
+    const auto tag = static_cast<unsigned>(std::stoi(what.substr(0, 3)));
+    const std::string rest = what.substr(what.size() > 4 && what[3] == '$' ? 4 : 3);
+    Document document;
+    if (rest.empty()) {
+        document = DescribeField(tag, display, options.subfields);
+        return document.is_null() ? Unknown("field " + what) : Print(document, FieldText, options);
+    }
+    if (rest == "/1" || rest == "/2") {
+        document = DescribeIndicator(tag, rest[1] - '0', display);
+        return document.is_null() ? Unknown("indicator " + what)
+                                  : Print(document, IndicatorText, options);
+    }
+    if (rest.size() == 1) document = DescribeSubfield(tag, rest[0], display);
+    return document.is_null() ? Unknown("subfield " + what)
+                              : Print(document, SubfieldText, options);
+}
+
+Status DescribeHoldings(const DescribeOptions& options) {
+    const std::string& type = options.what;
+    if (type.empty()) return Print(DescribeHoldingsTypes(), HoldingsTypesText, options);
+    const Document document = DescribeHoldingsType(type);
+    if (document.is_null()) return Unknown("holdings type " + type);
+    return Print(document, HoldingsTypeText, options);
+}
+
+Status RunDescribe(const DescribeOptions& options) {
+    LoadSettings();
+    if (!LoadDictionaries(options.userDefined)) return kStatusFailed;
+    if (options.holdings) return DescribeHoldings(options);
+    if (!options.search.empty()) {
+        return Print(SearchDictionary(options.search, DisplayOf(options)), SearchText, options);
+    }
+    return DescribePlace(options);
+}
+
+}  // namespace
+
+void AddDescribe(CLI::App& program, Run& run) {
+    auto options = std::make_shared<DescribeOptions>();
+    CLI::App* command =
+        program.add_subcommand("describe", "What the dictionaries know of fields and holdings");
+    command->add_option("WHAT", options->what,
+                        "A field 245, a subfield 245a, an indicator 245/2, or a holdings type");
+    command->add_flag("--subfields", options->subfields, "With the field's subfields");
+    command->add_option("--search", options->search, "Find names that have all these words");
+    command->add_flag("--holdings", options->holdings,
+                      "The holdings systems, or the elements of the one named by WHAT");
+    command->add_option("--format", options->format, "text, or json for a program")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->option_text("text|json");
+    command->add_option("--user-defined", options->userDefined,
+                        "Fields and subfields of your own, such as \"590ab 591-595\"");
+    command
+        ->add_option("--display", options->display,
+                     "0 name and code, 1 name, 2 code and name, 3 code; as in the settings if not "
+                     "given")
+        ->check(CLI::Range(0, 3))
+        ->option_text("0|1|2|3");
+    command->callback([options, command, &run] {
+        if (options->what.empty() && options->search.empty() && !options->holdings) {
+            throw CLI::ParseError("describe what? " + command->help(), 2);
+        }
+        run = [options] { return RunDescribe(*options); };
+    });
+}
+
+}  // namespace quillory

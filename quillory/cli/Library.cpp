@@ -1,0 +1,84 @@
+#include <quillory/cli/Library.h>
+#include <quillory/exchange/Input.h>
+#include <zorby/archive/ArchiveException.h>
+#include <zorby/format/MARCFormat.h>
+#include <zorby/holdings/InfoAboutHoldingsTypeList.h>
+#include <zorby/platform/ApplicationPort.h>
+#include <zorby/settings/Profile.h>
+#include <zorby/settings/ProfileKeys.h>
+#include <zorby/text/General.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+namespace quillory {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Variable(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? std::string() : std::string(value);
+}
+
+fs::path HomeFolder() {
+    if (const std::string home = Variable("QUILLORY_HOME"); !home.empty()) return home;
+    if (const std::string data = Variable("XDG_DATA_HOME"); !data.empty()) {
+        return fs::path(data) / "quillory";
+    }
+    return fs::path(Variable("HOME")) / ".local" / "share" / "quillory";
+}
+
+// With its trailing separator. Without any data file, the folder where they should be.
+std::string DataFolder() {
+    if (const std::string data = Variable("QUILLORY_DATA"); !data.empty()) return data + "/";
+    const std::string beside = zorby::CurrentApplicationPort().Folder();
+    const bool isBeside = fs::exists(beside + "MARCBibl.tfm");
+    return isBeside ? beside : beside + "../share/quillory/";
+}
+
+void ReloadProfile() {
+    zorby::CGeneral::m_iniUserProfile.Initialize(zorby::GetZorbyProfilePath());
+}
+
+}  // namespace
+
+void LoadSettings() {
+    zorby::SetZorbyProfilePath((HomeFolder().string() + "/").c_str());
+    ReloadProfile();
+}
+
+void WriteSetting(int key, const std::string& value) {
+    std::error_code error;
+    fs::create_directories(HomeFolder(), error);
+    errno = 0;
+    zorby::WriteZorbyProfileString(key, value);
+    const int reason = errno;
+    ReloadProfile();
+    std::string written;
+    zorby::GetZorbyProfileString(key, written);
+    if (written != value) {
+        throw FileError(zorby::GetZorbyProfilePath() + ": can't be written" +
+                        (reason != 0 ? std::string(": ") + std::strerror(reason) : ""));
+    }
+}
+
+bool LoadDictionaries(const std::string& userDefined) {
+    const std::string folder = DataFolder();
+    zorby::FixedApplication application(folder, '/', false);
+    zorby::SetApplicationPort(&application);
+    bool loaded = false;
+    try {
+        loaded = zorby::CInfoAboutHoldingsTypeList::CreateTheOneAndOnly(folder) != 0 &&
+                 zorby::CMARCFormat::InitializeYourself(userDefined) != 0;
+    } catch (const zorby::CArchiveException& damage) {
+        zorby::SetApplicationPort(nullptr);
+        throw FileError(damage.what());
+    }
+    zorby::SetApplicationPort(nullptr);
+    return loaded;
+}
+
+}  // namespace quillory

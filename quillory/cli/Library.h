@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+namespace quillory {
+
+// Puts the user's settings in force: the profile files in the folder QUILLORY_HOME, or else in
+// quillory/ of the user's XDG data folder. Files that are not there are empty.
+void LoadSettings();
+
+// Writes a key of the profile. Throws FileError if it can't be written.
+void WriteSetting(int key, const std::string& value);
+
+// Puts the dictionaries of the format and of holdings in force, with the user-defined fields of the
+// profile and those of `userDefined`. The data files are looked for in QUILLORY_DATA, or else
+// beside the program and in share/quillory of its installation or build. False if one is not there,
+// which the user has been told; throws FileError for a damaged one.
+bool LoadDictionaries(const std::string& userDefined);
+
+}  // namespace quillory

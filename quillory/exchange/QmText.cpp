@@ -1,0 +1,35 @@
+#include <quillory/exchange/Marc8Unicode.h>
+#include <quillory/exchange/QmText.h>
+#include <quillory/exchange/QmUnicode.h>
+#include <zorby/charset/Convert.h>
+
+namespace quillory {
+namespace {
+
+const QmUnicode& Letters() {
+    static const QmUnicode letters(kNormalFormC);
+    return letters;
+}
+
+}  // namespace
+
+// What is no plain sequence of letters goes by way of MARC-8.
+std::string QmToUtf8(std::string_view qm) {
+    std::string utf8;
+    if (Letters().AppendUtf8(qm, utf8)) return utf8;
+    utf8.clear();
+    std::string marc8(qm);
+    zorby::CSZorbyToMARC(marc8);
+    Losses losses;
+    Marc8Unicode(kNormalFormC).AppendUtf8(marc8, utf8, losses);
+    return utf8;
+}
+
+bool Utf8ToQm(std::string_view utf8, std::string& qm) {
+    std::string codes;
+    if (!Letters().AppendQm(utf8, codes)) return false;
+    qm = codes;
+    return true;
+}
+
+}  // namespace quillory

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+// Text of the library, in its one-byte code, as UTF-8 in normal form C.
+std::string QmToUtf8(std::string_view qm);
+
+// The reverse. False if the code has not all of the characters; `qm` is untouched then.
+bool Utf8ToQm(std::string_view utf8, std::string& qm);
+
+}  // namespace quillory
