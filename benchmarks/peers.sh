@@ -30,7 +30,7 @@ import re, subprocess, sys, time
 with open(sys.argv[1], "wb") as output:
     began = time.perf_counter()
     run = subprocess.Popen(sys.argv[2:], stdout=output, stderr=subprocess.DEVNULL)
-    peak, seconds = 0, None
+    peak = 0
     while run.poll() is None:
         try:
             found = re.search(r"VmHWM:\s+(\d+)", open(f"/proc/{run.pid}/status").read())

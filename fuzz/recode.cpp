@@ -34,6 +34,16 @@ bool HasHalfMark(std::string_view utf8) {
     return false;
 }
 
+// A subfield code is one byte in every character set.
+bool HasPlainCodes(std::string_view content) {
+    for (std::size_t at = content.find('\x1F'); at != content.npos;
+         at = content.find('\x1F', at + 1)) {
+        if (at + 1 < content.size() && static_cast<unsigned char>(content[at + 1]) >= 0x80)
+            return false;
+    }
+    return true;
+}
+
 // Through another character set and back, UTF-8 is the same in its normal form.
 void CheckRoundTrip(std::string_view utf8, Charset through, NormalForm form) {
     Losses losses;
@@ -61,7 +71,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         Converted(content, from, kCharsetMarc8, form, losses);
         Converted(content, from, kCharsetLatin1, form, losses);
     }
-    if (!IsValidUtf8(content) || HasHalfMark(content)) return 0;
+    if (!IsValidUtf8(content) || HasHalfMark(content) || !HasPlainCodes(content)) return 0;
     CheckRoundTrip(content, kCharsetMarc8, form);
     CheckRoundTrip(content, kCharsetLatin1, form);
     return 0;

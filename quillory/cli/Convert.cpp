@@ -125,7 +125,7 @@ void Converter::TakeRecord(Item& item) {
     CountLosses(item);
     if (result.leaderMended) ++leadersMended_;
     if (!result.reason.empty()) {
-        const char* kind = result.written ? "too long, cut" : "can't be written";
+        const char* kind = result.written ? "not written in full" : "can't be written";
         reporter_.Say(item, kind, result.reason);
         status_ = kStatusFindings;
     }

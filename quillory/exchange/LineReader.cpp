@@ -1,8 +1,35 @@
 #include <quillory/exchange/LineReader.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace quillory {
+namespace {
+
+bool HoldsAnEnd(std::string_view text) {
+    return text.find_first_of("\x1D\x1E") != text.npos;
+}
+
+bool IsTag(std::string_view tag) {
+    return std::all_of(tag.begin(), tag.end(), [](char c) { return c > ' ' && c < 0x7F; });
+}
+
+// What no form of a record can hold. False with the reason in the item.
+bool CanBeWritten(Item& item) {
+    if (HoldsAnEnd(item.record.leader)) item.reason = "a field or record end in the leader";
+    for (const zorby::CommFormatField& field : item.record.fields) {
+        if (HoldsAnEnd(field.content))
+            item.reason = "a field or record end (0x1E, 0x1D) in a field";
+        if (!IsTag(field.tag)) item.reason = "a tag with bytes that no tag has";
+        if (!item.reason.empty()) {
+            item.tag = field.tag;
+            return false;
+        }
+    }
+    return item.reason.empty();
+}
+
+}  // namespace
 
 bool LineReader::Next(Item& item) {
     input_.Skip(std::exchange(taken_, 0));
@@ -24,7 +51,7 @@ bool LineReader::Next(Item& item) {
         return true;
     }
     item.number = ++count_;
-    item.kind = Read(block, item) ? kItemRecord : kItemDamaged;
+    item.kind = Read(block, item) && CanBeWritten(item) ? kItemRecord : kItemDamaged;
     item.controlNumber = item.record.ControlNumber();
     return true;
 }

@@ -32,6 +32,10 @@ std::string Describe(LossKind kind, std::uint32_t character) {
             return Format("byte 0x%02X", character) + " is no character, written as U+FFFD";
         case kLossNoLetter:
             return CodePointName(character) + " has no letter to stand on, set on a blank";
+        case kLossEscape:
+            return "byte 0x1B would be an escape of MARC-8, written as &#x001B;";
+        case kLossIndicator:
+            return Format("byte 0x%02X", character) + " is no indicator, written as a blank";
         case kLossMicrolifSign:
             return Format(character < ' ' ? "byte 0x%02X" : "%c", character) +
                    " does not come back from old MicroLIF";

@@ -38,6 +38,7 @@ private:
     void Designate(std::string_view set);
     void Put(const Encoded& letter);
     void WriteOut(char32_t codePoint);
+    void TakeControl(char c);
 
     Marc8Unicode& owner_;
     std::string& out_;
@@ -57,6 +58,16 @@ void Marc8Unicode::Encoder::WriteOut(char32_t codePoint) {
     Designate({});
     losses_.Add(kLossReference, codePoint);
     AppendReference(codePoint, out_);
+}
+
+void Marc8Unicode::Encoder::TakeControl(char c) {
+    Designate({});
+    if (c == kEscape) {
+        losses_.Add(kLossEscape, static_cast<unsigned char>(c));
+        AppendReference(static_cast<unsigned char>(c), out_);
+    } else {
+        out_ += c;
+    }
 }
 
 void Marc8Unicode::Encoder::Put(const Encoded& letter) {
@@ -84,6 +95,10 @@ std::size_t Marc8Unicode::Encoder::Take(std::string_view utf8) {
         losses_.Add(kLossReplaced, static_cast<unsigned char>(utf8.front()));
         Designate({});
         AppendReference(kReplacement, out_);
+        return 1;
+    }
+    if (first.codePoint < ' ') {
+        TakeControl(utf8.front());
         return 1;
     }
     std::size_t size = first.size;

@@ -112,8 +112,10 @@ std::string MicrolifLosses(const zorby::CommFormatField& field) {
     const std::string_view content = field.content;
     std::string lost;
     std::copy_if(content.begin(), content.end(), std::back_inserter(lost), [&](char c) {
-        return c == '\r' || c == '\n' || (c == '_' && !IsControlTag(field.tag));
+        return c == '\r' || c == '\n' || c == (IsControlTag(field.tag) ? zorby::kDelimiter : '_');
     });
+    std::copy_if(field.tag.begin(), field.tag.end(), std::back_inserter(lost),
+                 [](char c) { return c < '0' || c > '9'; });
     const std::size_t last = content.find_last_not_of("^`");
     lost += content.substr(last == content.npos ? 0 : last + 1);
     return lost;

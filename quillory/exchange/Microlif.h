@@ -27,8 +27,9 @@ private:
 // Appends a record as old MicroLIF.
 void AppendMicrolif(const Record& record, std::string& text);
 
-// Signs of a field that the form does not give back: underscores of a data field, line ends, and
-// the ends of field and record at the end of a field.
+// Signs of a field that the form does not give back: what is no digit in its tag, underscores of a
+// data field, delimiters of a control field, line ends, and the ends of field and record at the
+// end.
 std::string MicrolifLosses(const zorby::CommFormatField& field);
 
 }  // namespace quillory

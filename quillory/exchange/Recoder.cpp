@@ -12,6 +12,20 @@ bool IsPlain(const Record& record) {
                        [](const auto& field) { return TextConverter::IsUntouched(field.content); });
 }
 
+// The two bytes of a data field that are no text.
+std::string_view IndicatorsOf(const zorby::CommFormatField& field) {
+    const bool isData =
+        !field.IsControlField() && field.tag.find_first_not_of("0123456789") == field.tag.npos;
+    return field.content.substr(0, isData ? 2 : 0);
+}
+
+char CarriedIndicator(char indicator, Losses& losses) {
+    const auto byte = static_cast<unsigned char>(indicator);
+    if (byte < 0x80) return indicator;
+    losses.Add(kLossIndicator, byte);
+    return ' ';
+}
+
 }  // namespace
 
 TextConverter& Recoder::ConverterFor(Charset from) {
@@ -37,7 +51,9 @@ void Recoder::Replace(Record& record, TextConverter& converter, Losses& losses) 
     std::vector<std::size_t> ends;
     ends.reserve(record.fields.size());
     for (const zorby::CommFormatField& field : record.fields) {
-        converter.Append(field.content, text_, losses);
+        const std::string_view indicators = IndicatorsOf(field);
+        for (const char c : indicators) text_ += CarriedIndicator(c, losses);
+        converter.Append(field.content.substr(indicators.size()), text_, losses);
         ends.push_back(text_.size());
     }
     std::size_t start = 0;

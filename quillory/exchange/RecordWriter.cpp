@@ -108,7 +108,12 @@ WriteResult MrkWriter::Write(const Record& record, Losses&) {
 }
 
 WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
+    if (record.fields.empty()) return {false, false, "no field to write"};
+    WriteResult result;
     for (const CommFormatField& field : record.fields) {
+        if (field.content.empty()) {
+            result.reason = "field " + std::string(field.tag) + " has no content and is left out";
+        }
         for (const char c : MicrolifLosses(field)) {
             losses.Add(kLossMicrolifSign, static_cast<unsigned char>(c));
         }
@@ -116,7 +121,7 @@ WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
     text_.clear();
     AppendMicrolif(record, text_);
     output_.Write(text_);
-    return {};
+    return result;
 }
 
 }  // namespace quillory

@@ -80,6 +80,7 @@ Kind KindOfName(const std::string& path) {
 
 Status CompileFiles(Kind kind, const std::vector<std::string>& sources, const std::string& output) {
     std::vector<std::string> texts;
+    texts.reserve(sources.size());
     for (const std::string& source : sources) texts.push_back(ReadWhole(source, output));
     Faults faults(sources);
     const auto compiler = MakeCompiler(kind, faults);

@@ -27,8 +27,10 @@ void CheckDefaultsGoWithFields(const CMARCFormat& format) {
         const std::string field = TagAt(fields, at);
         const std::string indicators = TagAt(defaults, at);
         if (field == indicators) continue;
-        throw NoSource("default indicators don't go with the fields: number " + to_string(at + 1) +
-                       " of the fields is " + field + ", of the default indicators " + indicators);
+        std::string reason = "default indicators don't go with the fields: number ";
+        reason += to_string(at + 1) + " of the fields is " + field;
+        reason += ", of the default indicators " + indicators;
+        throw NoSource(reason);
     }
 }
 

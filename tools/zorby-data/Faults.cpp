@@ -3,7 +3,7 @@
 namespace datatool {
 
 void Faults::Add(const Place& place, std::string reason) {
-    reasons_.try_emplace(place, std::move(reason));
+    reasons_.emplace(place, std::move(reason));
 }
 
 std::string Faults::LineOf(const Place& place) const {

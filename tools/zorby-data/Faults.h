@@ -1,9 +1,10 @@
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <map>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace datatool {
@@ -15,7 +16,9 @@ struct Place {
     std::size_t line = 0;
     std::size_t column = 0;
 
-    auto operator<=>(const Place&) const = default;
+    bool operator<(const Place& other) const {
+        return std::tie(file, line, column) < std::tie(other.file, other.line, other.column);
+    }
 };
 
 // What is wrong with some sources.

@@ -33,12 +33,15 @@ public:
 
     // Two indicators or more, blanks as "_".
     static std::string GetDynixIndicators();
+    // Where the default call number is: "900a" until settings of the type's own are stored.
     static std::string GetFollettUnisonDCNLocation();
     static std::string GetLWLPCallTagAndSubs();
+    // The codes without their tag, "khip" unless others are stored.
     static std::string GetMandarinHoldingSubfields();
 
     // Where custom holdings are: entries of a tag and codes, divided by blanks. For HT_MANDARIN_EZ
-    // they are in 852.
+    // they are in 852. Call number and bar code are in "852khim" and "852p" unless other places are
+    // stored, and always there for HT_MANDARIN_EZ.
     static std::string GetCustomHoldingsFieldsAndSubfields();
     static std::string GetCustomCallNumber();
     static std::string GetCustomBarCode();

@@ -179,6 +179,9 @@ TEST(Mrk, NamesBadLines) {
         {"=LDR  x\n=245  10$aText$\n", "a subfield sign ($) without a code"},
         {"=LDR  x\n=245  10$aText$$b\n", "a subfield sign ($) without a code"},
         {"=LDR  x\n=001  a\n=LDR  y\n", ""},
+        {"=LDR  x\n=245  10$aA{1E}B\n", "a field or record end (0x1E, 0x1D) in a field"},
+        {"=LDR  {1D}\n=001  a\n", "a field or record end in the leader"},
+        {"=LDR  x\n=2 5  10$aA\n", "a tag with bytes that no tag has"},
     };
     for (const auto& [text, reason] : kCases) {
         const auto all = ReadAll(kFormMrk, text + "\n=LDR  y\n=001  next\n");
@@ -259,6 +262,8 @@ TEST(Microlif, ReadsWhatOthersWrite) {
         }
         EXPECT_FALSE(reader.Next(item)) << testing::PrintToString(lineEnd);
     }
+    EXPECT_EQ(MicrolifLosses({"CAT", "a_b\r^`"}), "_\rCAT^`");
+    EXPECT_EQ(MicrolifLosses({"008", "a_b\037c"}), "\037");
     EXPECT_EQ(ReadAll(kFormMicrolif, "245 0_aNo head^`\r\n")[0].reason, "no head (LDR)");
     EXPECT_EQ(ReadAll(kFormMicrolif, "LDRx^\r\n245 0Text^`\r\n")[0].reason,
               "no two indicators before the first delimiter (_)");

@@ -55,6 +55,16 @@ TEST(Recoder, LabelFollowsAndLiesAreNoticed) {
     }
 }
 
+TEST(Recoder, IndicatorsAreNoText) {
+    const std::string title = "\xB7\061\037a\xE2\145";
+    Record record = RecordOf(kMarc8Leader, title);
+    Losses losses;
+    Recoder recoder({kCharsetMarc8, kCharsetUtf8, {}});
+    recoder.Recode(record, losses);
+    EXPECT_EQ(record.fields[1].content, " 1\037a\u00E9");
+    EXPECT_EQ(losses.Text(""), "byte 0xB7 is no indicator, written as a blank: 1\n");
+}
+
 TEST(Recoder, NormalFormOnRequest) {
     Losses losses;
     Record record = RecordOf(kUtf8Leader, "  \037a\u00E9");

@@ -281,6 +281,7 @@ TEST(InfoAbout, TheWalkOverIndicatorValuesHasOnePlace) {
     EXPECT_EQ(list.GetIndicatorValueMatchNext(245, 1)->GetValue(), '5');
     EXPECT_EQ(list.GetIndicatorValueMatchFirst(245, 2)->GetValue(), '2');
     EXPECT_EQ(list.GetIndicatorValueMatchFirst(999, 1), nullptr);
+    EXPECT_EQ(list.GetIndicatorValueMatchNext(245, 1), nullptr);
 }
 
 TEST(InfoAbout, DefaultDataIsWalkedAndCopiedInOrder) {

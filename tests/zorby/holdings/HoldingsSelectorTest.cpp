@@ -114,6 +114,8 @@ TEST_F(HoldingsSelector, CustomFieldsAreTheUsersOwn) {
     EXPECT_TRUE(Selector::IsHoldingsFieldForCapitalization(949, 'd'));
     EXPECT_FALSE(Selector::IsHoldingsFieldForCapitalization(949, '4'));
     EXPECT_FALSE(Selector::IsHoldingsFieldForCapitalization(950, 'd'));
+    SetEasy("Basic", "CustomAllFAndS=949d|");
+    EXPECT_FALSE(Selector::IsCustomHoldingTag(949));
 }
 
 TEST_F(HoldingsSelector, MandarinsFieldsAreInOneTag) {
