@@ -18,8 +18,9 @@ bool IsTag(std::string_view tag) {
 bool CanBeWritten(Item& item) {
     if (HoldsAnEnd(item.record.leader)) item.reason = "a field or record end in the leader";
     for (const zorby::CommFormatField& field : item.record.fields) {
-        if (HoldsAnEnd(field.content))
+        if (HoldsAnEnd(field.content)) {
             item.reason = "a field or record end (0x1E, 0x1D) in a field";
+        }
         if (!IsTag(field.tag)) item.reason = "a tag with bytes that no tag has";
         if (!item.reason.empty()) {
             item.tag = field.tag;
