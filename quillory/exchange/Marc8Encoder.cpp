@@ -9,6 +9,7 @@ namespace quillory {
 namespace {
 
 constexpr char kEscape = '\x1B';
+constexpr char32_t kDelete = 0x7F;
 
 // Brings the basic set back. The sets of subscripts, superscripts and the three Greek symbols have
 // an escape of their own for that.
@@ -97,7 +98,7 @@ std::size_t Marc8Unicode::Encoder::Take(std::string_view utf8) {
         AppendReference(kReplacement, out_);
         return 1;
     }
-    if (first.codePoint < ' ') {
+    if (first.codePoint < ' ' || first.codePoint == kDelete) {
         TakeControl(utf8.front());
         return 1;
     }

@@ -31,6 +31,12 @@ const CommFormatField& LargestField(const Record& record) {
         [](const auto& a, const auto& b) { return a.content.size() < b.content.size(); });
 }
 
+void CountMicrolifLosses(const CommFormatField& field, Losses& losses) {
+    for (const char c : MicrolifLosses(field)) {
+        losses.Add(kLossMicrolifSign, static_cast<unsigned char>(c));
+    }
+}
+
 std::string Named(const CommFormatField& field) {
     return "field " + std::string(field.tag) + " of " + Bytes(SizeOf(field));
 }
@@ -110,13 +116,12 @@ WriteResult MrkWriter::Write(const Record& record, Losses&) {
 WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
     if (record.fields.empty()) return {false, false, "no field to write"};
     WriteResult result;
+    CountMicrolifLosses({"000", record.leader}, losses);
     for (const CommFormatField& field : record.fields) {
         if (field.content.empty()) {
             result.reason = "field " + std::string(field.tag) + " has no content and is left out";
         }
-        for (const char c : MicrolifLosses(field)) {
-            losses.Add(kLossMicrolifSign, static_cast<unsigned char>(c));
-        }
+        CountMicrolifLosses(field, losses);
     }
     text_.clear();
     AppendMicrolif(record, text_);
