@@ -39,9 +39,8 @@ Form FormOfName(std::string_view name) {
 
 Form FormOfContent(Input& input) {
     constexpr std::size_t kLook = 256;
-    constexpr std::string_view kFiller("\n\r\t \0\x1A\x1D\xEF\xBB\xBF", 10);
     std::string_view head = input.Peek(kLook);
-    head.remove_prefix(std::min(head.find_first_not_of(kFiller), head.size()));
+    head.remove_prefix(std::min(head.find_first_not_of(kRecordFiller), head.size()));
     if (head.starts_with("LDR") || head.starts_with("HDR")) return kFormMicrolif;
     const auto digits = std::min(head.find_first_not_of("0123456789"), head.size());
     if (head.starts_with("=LDR") || (head.starts_with('=') && head.substr(4).starts_with("  "))) {

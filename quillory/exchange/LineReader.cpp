@@ -14,10 +14,6 @@ bool IsTag(std::string_view tag) {
     return std::all_of(tag.begin(), tag.end(), [](char c) { return c > ' ' && c < 0x7F; });
 }
 
-bool IsData(const zorby::CommFormatField& field) {
-    return !field.IsControlField() && field.tag.find_first_not_of("0123456789") == field.tag.npos;
-}
-
 bool HasEmptyCode(std::string_view content) {
     return content.ends_with(zorby::kDelimiter) || content.find("\x1F\x1F") != content.npos;
 }
@@ -29,7 +25,7 @@ bool CanBeWritten(Item& item) {
         if (HoldsAnEnd(field.content)) {
             item.reason = "a field or record end (0x1E, 0x1D) in a field";
         }
-        if (IsData(field) && HasEmptyCode(field.content)) {
+        if (field.IsDataField() && HasEmptyCode(field.content)) {
             item.reason = "a delimiter (0x1F) without a subfield code";
         }
         if (!IsTag(field.tag)) item.reason = "a tag with bytes that no tag has";

@@ -11,10 +11,6 @@ using zorby::CommFormatFault;
 // A record of more bytes than this is taken for a file that holds no records.
 constexpr std::size_t kLongestDamage = std::size_t{4} << 20;
 
-// What systems put between records: line ends, blanks, NUL, the old end-of-file byte, a doubled
-// record end, the byte order mark of UTF-8.
-constexpr std::string_view kFiller("\n\r\t \0\x1A\x1D\xEF\xBB\xBF", 10);
-
 std::size_t StatedLength(std::string_view bytes) {
     std::size_t length = 0;
     for (const char c : bytes.substr(0, 5)) {
@@ -73,9 +69,9 @@ void MarcReader::SetFault(Item& item, const CommFormatFault& fault) {
 }
 
 bool MarcReader::TakeStrayBytes(Item& item) {
-    if (kFiller.find(input_.Peek(1).front()) == kFiller.npos) return false;
+    if (kRecordFiller.find(input_.Peek(1).front()) == kRecordFiller.npos) return false;
     const std::string_view window = input_.Peek(zorby::kLongestRecord);
-    const std::size_t size = std::min(window.find_first_not_of(kFiller), window.size());
+    const std::size_t size = std::min(window.find_first_not_of(kRecordFiller), window.size());
     Give(item, kItemStray, window.substr(0, size));
     item.reason = "stray bytes between records";
     return true;

@@ -5,6 +5,10 @@
 
 namespace quillory {
 
+// What systems put between records: line ends, blanks, NUL, the old end-of-file byte, a doubled
+// record end, the byte order mark of UTF-8.
+inline constexpr std::string_view kRecordFiller("\n\r\t \0\x1A\x1D\xEF\xBB\xBF", 10);
+
 // Reads ISO 2709 records. Damage ends at the next record end (0x1D), and a sound record behind
 // other bytes before that end is found again.
 class MarcReader : public RecordReader {

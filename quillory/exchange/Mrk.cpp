@@ -201,6 +201,9 @@ bool MrkReader::ReadLine(std::string_view line, Item& item) {
         return false;
     }
     if (tag == "LDR") {
+        if (text_.size() - start > zorby::kLeaderSize) {
+            return Fail(item, "a leader of over 24 bytes");
+        }
         text_.resize(start + zorby::kLeaderSize, ' ');
         item.record.leader = Hold(start);
     } else {

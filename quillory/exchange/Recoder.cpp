@@ -14,9 +14,7 @@ bool IsPlain(const Record& record) {
 
 // The two bytes of a data field that are no text.
 std::string_view IndicatorsOf(const zorby::CommFormatField& field) {
-    const bool isData =
-        !field.IsControlField() && field.tag.find_first_not_of("0123456789") == field.tag.npos;
-    return field.content.substr(0, isData ? 2 : 0);
+    return field.content.substr(0, field.IsDataField() ? 2 : 0);
 }
 
 char CarriedIndicator(char indicator, Losses& losses) {

@@ -70,6 +70,10 @@ struct CommFormatField {
 
     // Tags 001 to 009, and any other that begins "00".
     bool IsControlField() const { return tag[0] == '0' && tag[1] == '0'; }
+    // Any other numeric tag: two indicators, then subfields. A tag with letters may hold anything.
+    bool IsDataField() const {
+        return !IsControlField() && tag.find_first_not_of("0123456789") == tag.npos;
+    }
 };
 
 // The fields of one record in the order of its directory.

@@ -181,6 +181,7 @@ TEST(Mrk, NamesBadLines) {
         {"=LDR  x\n=001  a\n=LDR  y\n", ""},
         {"=LDR  x\n=245  10$aA{1E}B\n", "a field or record end (0x1E, 0x1D) in a field"},
         {"=LDR  x\n=245  10$aA\x1F\x1F\n", "a delimiter (0x1F) without a subfield code"},
+        {"=LDR  0123456789012345678901234\n", "a leader of over 24 bytes"},
         {"=LDR  {1D}\n=001  a\n", "a field or record end in the leader"},
         {"=LDR  x\n=2 5  10$aA\n", "a tag with bytes that no tag has"},
     };

@@ -27,13 +27,10 @@ struct ContentFault {
     std::size_t offset = 0;  // in the content
 };
 
-// Two indicators and coded subfields in a data field. A tag that is no number may have any content.
+// Two indicators and coded subfields in a data field.
 inline ContentFault CheckContent(const CommFormatField& field) {
     const std::string_view content = field.content;
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-    if (field.IsControlField() || !std::all_of(field.tag.begin(), field.tag.end(), isDigit)) {
-        return {};
-    }
+    if (!field.IsDataField()) return {};
     const std::size_t first = content.find(kDelimiter);
     if (std::min(first, content.size()) != 2) return {CFR_Indicators, 0};
     for (std::size_t at = first; at != content.npos; at = content.find(kDelimiter, at + 2)) {
