@@ -1,0 +1,264 @@
+#include <zorby/archive/Archive.h>
+#include <zorby/controlfields/MainMaterial.h>
+#include <zorby/controlfields/detail/PartBytes.h>
+#include <zorby/record/Pmarc.h>
+#include <zorby/text/General.h>
+
+#include <algorithm>
+#include <span>
+#include <tuple>
+#include <type_traits>
+
+namespace zorby {
+
+const CRuntimeClass CCFMainMaterial::kRuntimeClass =
+    RuntimeClassOf<CCFMainMaterial>("CCFMainMaterial");
+
+namespace {
+
+// In the 008 the material section begins 17 bytes further on than in the 006.
+constexpr std::size_t kFrom006To008 = 17;
+constexpr unsigned kFieldEnd = 1;
+
+template <class Buffer>
+void Blank(Buffer& buffer, std::size_t size) {
+    std::fill_n(buffer.begin(), size, detail::kBlank);
+}
+
+// "#" is the display form of a blank.
+template <class Buffer>
+void Fill(Buffer& buffer, std::size_t size, std::string_view text) {
+    Blank(buffer, size);
+    std::replace_copy(text.begin(), text.begin() + std::min(size, text.size()), buffer.begin(), '#',
+                      detail::kBlank);
+}
+
+template <class Buffer>
+std::string_view Bytes(const Buffer& buffer, std::size_t size) {
+    return {buffer.data(), size};
+}
+
+std::string_view Cut(std::string_view text, std::size_t size) {
+    return detail::UpToZero(text).substr(0, size);
+}
+
+}  // namespace
+
+CCFMainMaterial::CCFMainMaterial() {
+    Empty();
+    field007_.fill(detail::kBlank);
+}
+
+int CCFMainMaterial::Create(CFType type006, CFType type007, std::string_view leader,
+                            std::string_view block, std::string_view field007,
+                            std::string_view field008, std::string_view second006) {
+    field007 = Cut(field007, k007Size);
+    field008 = Cut(field008, k008Size);
+    second006 = Cut(second006, k006Size);
+    type006_ = type006;
+    type007_ = type007;
+    length007_ = static_cast<std::int32_t>(field007.size());
+    length008_ = static_cast<std::int32_t>(field008.size());
+    Fill(leader_, kLeaderSize, leader);
+    Fill(block_, kBlockSize, block);
+    Fill(field007_, k007Size, field007);
+    Fill(field008_, k008Size, field008);
+    Fill(image006_, k006Size, field008.substr(std::min(kFrom006To008, field008.size())));
+    image006_[0] = detail::kBlank;
+    AttachTables();
+    second006_.assign(second006.empty() ? 0 : k006Size, detail::kBlank);
+    Fill(second006_, second006_.size(), second006);
+    return 1;
+}
+
+void CCFMainMaterial::Empty() {
+    leader_.fill(detail::kBlank);
+    block_.fill(detail::kBlank);
+    field008_.fill(detail::kBlank);
+    image006_.fill(detail::kBlank);
+    Blank(field007_, k007Size);
+    type006_ = CF006None;
+    type007_ = CF007None;
+    length007_ = 0;
+    length008_ = 0;
+    leaderTable_ = table008_ = table007_ = table006_ = nullptr;
+}
+
+void CCFMainMaterial::AttachTables() {
+    leaderTable_ = kLeaderOffsets;
+    table008_ = OffsetsFor008(type006_);
+    table007_ = OffsetsFor007Type(type007_);
+    table006_ = OffsetsFor006Type(type006_);
+}
+
+template <class Material>
+auto CCFMainMaterial::FieldOf(Material& material, CFPart part) {
+    using Found = detail::Field<std::remove_pointer_t<decltype(material.leader_.data())>>;
+    if (PartBelongsTo(part, CFLdr, ByteZero::Included)) {
+        return Found{material.leaderTable_, {material.leader_.data(), kLeaderSize}};
+    }
+    if (PartBelongsTo(part, CF008Standard, ByteZero::Included) ||
+        PartBelongsTo(part, CF008Alternative, ByteZero::Included)) {
+        return Found{material.table008_, {material.field008_.data(), k008Size}};
+    }
+    if (PartBelongsTo(part, material.type006_, ByteZero::Excluded)) {
+        return Found{material.table006_, {material.image006_.data(), k006Size}};
+    }
+    if (PartBelongsTo(part, material.type007_, ByteZero::Included)) {
+        return Found{material.table007_, {material.field007_.data(), k007Size}};
+    }
+    return Found{};
+}
+
+int CCFMainMaterial::Get(CFPart part, std::string& text) const {
+    if (part == CFPCombinedFormOfItem) return GetCombinedFormOfItem(text);
+    return detail::ReadPart(FieldOf(*this, part), part, text);
+}
+
+int CCFMainMaterial::GetCombinedFormOfItem(std::string& text) const {
+    const CFPart formOfItem = detail::FormOfItemPart(type006_, CFPUndefined);
+    if (Get(formOfItem, text) == 0) return 0;
+    if (text == "s") return 1;
+    std::string designation;
+    const int found = Get(CFP007MicroformSMD, designation);
+    if (!text.empty() && designation != " ") text += designation;
+    return found;
+}
+
+detail::Field<char> CCFMainMaterial::Image006() {
+    return {table006_, {image006_.data(), k006Size}};
+}
+
+int CCFMainMaterial::Set(CFPart part, std::string_view text) {
+    if (part == CFPCombinedFormOfItem) return SetCombinedFormOfItem(text);
+    if (part == CFP006VisualFormOfItem && type006_ != CF006Visual) {
+        return detail::WritePart(Image006(), CFP006MusicSoundFormOfItem, text);
+    }
+    return detail::WritePart(FieldOf(*this, part), part, text);
+}
+
+int CCFMainMaterial::SetCombinedFormOfItem(std::string_view text) {
+    text = detail::UpToZero(text);
+    const CFPart formOfItem = detail::FormOfItemPart(type006_, CFP006BooksFormOfItem);
+    const int written = detail::WritePart(Image006(), formOfItem, text.substr(0, 1));
+    if (text.size() > 1) return Set(CFP007MicroformSMD, text.substr(1));
+    Blank(field007_, Field007().size());
+    return written;
+}
+
+int CCFMainMaterial::GetPartSize(CFPart part) const {
+    std::string text;
+    return Get(part, text) == 0 ? 0 : static_cast<int>(text.size());
+}
+
+int CCFMainMaterial::GetPartSizeNew(CFPart part) {
+    return WidthOfPart(part);
+}
+
+std::string_view CCFMainMaterial::Field007() const {
+    return Bytes(field007_, static_cast<std::size_t>(length007_));
+}
+
+std::string CCFMainMaterial::Field008() const {
+    std::string field(Bytes(field008_, k008Size));
+    const std::string_view section = Bytes(image006_, k006Size).substr(1);
+    section.copy(field.data() + kFrom006To008 + 1, section.size());
+    field.resize(static_cast<std::size_t>(length008_));
+    return field;
+}
+
+void CCFMainMaterial::GetAll(std::string& leader, std::string& field007, std::string& field008,
+                             std::string& second006) const {
+    leader = Bytes(leader_, kLeaderSize);
+    field007 = Field007();
+    field008 = Field008();
+    second006 = second006_;
+}
+
+std::string CCFMainMaterial::GetBlock() const {
+    return std::string(Bytes(block_, kBlockSize));
+}
+
+void CCFMainMaterial::Set007Complete(std::string_view field007) {
+    field007 = Cut(field007, k007Size);
+    length007_ = static_cast<std::int32_t>(field007.copy(field007_.data(), k007Size));
+    field007_[field007.size()] = '\0';
+}
+
+// Without a terminator of its own, the block counts on through the buffers behind it.
+std::size_t CCFMainMaterial::BlockLength() const {
+    std::size_t length = 0;
+    for (const std::string_view buffer :
+         {Bytes(block_, block_.size()), Bytes(field008_, field008_.size()),
+          Bytes(image006_, image006_.size()), Bytes(field007_, field007_.size())}) {
+        const std::string_view text = detail::UpToZero(buffer);
+        length += text.size();
+        if (text.size() < buffer.size()) break;
+    }
+    return length;
+}
+
+unsigned CCFMainMaterial::GetMARCSize() const {
+    const std::size_t block = BlockLength();
+    const std::string_view field007 = Field007();
+    const std::size_t size = kLeaderSize + (block == 0 ? 0 : block + kFieldEnd) +
+                             static_cast<std::size_t>(length008_) + kFieldEnd +
+                             (CGeneral::IsAllBlanks(field007) ? 0 : field007.size() + kFieldEnd) +
+                             second006_.size();
+    return static_cast<unsigned>(size);
+}
+
+void CCFMainMaterial::CloneFrom(const CCFMainMaterial& other) {
+    *this = other;
+}
+
+int CCFMainMaterial::IsEqualTo(const CCFMainMaterial& other) const {
+    const auto shape = [](const CCFMainMaterial& m) {
+        return std::tuple(Bytes(m.leader_, kLeaderSize), Bytes(m.block_, m.block_.size()),
+                          Bytes(m.field008_, static_cast<std::size_t>(m.length008_)), m.type006_,
+                          Bytes(m.image006_, m.image006_.size()), m.type007_, m.Field007());
+    };
+    return shape(*this) == shape(other);
+}
+
+void CCFMainMaterial::AddToPseudoMARC(CPmarc& record) const {
+    std::string leader;
+    std::string field007;
+    std::string field008;
+    std::string second006;
+    GetAll(leader, field007, field008, second006);
+    record.FieldAddControlField(0, 0, leader, 0);
+    if (!second006.empty()) record.FieldAddControlField(6, 0, second006, 0);
+    if (!CGeneral::IsAllBlanks(field007)) record.FieldAddControlField(7, 0, field007, 0);
+    if (!field008.empty()) record.FieldAddControlField(8, 0, field008, 0);
+}
+
+bool CCFMainMaterial::IsMicroform(CFType type006, const tagCFOFFSETENTRY* table,
+                                  std::string_view field006) {
+    const CFPart formOfItem = detail::FormOfItemPart(type006, CFPUndefined);
+    std::string code;
+    if (detail::ReadPart({table, field006}, formOfItem, code) == 0) return false;
+    return code == "a" || code == "b" || code == "c";
+}
+
+char CCFMainMaterial::FormOfItemFrom007Byte1(char designation) {
+    switch (designation) {
+        case 'b':
+        case 'c':
+        case 'd':
+            return 'a';  // microfilm
+        case 'e':
+        case 'f':
+            return 'b';  // microfiche
+        case 'g':
+            return 'c';  // microopaque
+        default:
+            return detail::kBlank;
+    }
+}
+
+const tagCFOFFSETENTRY* CCFMainMaterial::CFOFFSETENTRYARRAYFor006Type(CFType type006) {
+    return OffsetsFor006Type(type006);
+}
+
+}  // namespace zorby
