@@ -9,12 +9,16 @@
 
 namespace zorby {
 
+namespace detail {
+struct CodeList;
+}
+
 // The codes that an element of the control fields may take, each with its text, in display order.
 // An item is the code, a newline, the text, a newline; every code of a list is equally long, with
 // blanks where it stands for fewer characters. The combined form of item has a second code behind
 // the text. Codes and texts: MARC 21 Format for Bibliographic Data, MARC Code List for Languages,
-// MARC Code List for Countries, as of their day. The lists are shared and live as long as the
-// program; an object is cheap to make and to copy.
+// MARC Code List for Countries, as of their day. The lists are compiled in: what the pointers point
+// to lives as long as the program, and an object is cheap to make and to copy.
 class ZORBY_EXPORT CCFMenuData {
 public:
     // An element without a list gives an object without a menu.
@@ -24,9 +28,9 @@ public:
     virtual ~CCFMenuData();
 
     CFPart GetPart() const { return part_; }
-    // Null without a menu, as GetMenuText.
+    // Null without a menu.
     const char* GetMenuTitle() const;
-    // All texts, each terminated, and an empty one behind the last.
+    // All texts, each terminated, and an empty one behind the last. Null without a menu.
     const char* GetMenuText() const;
     // 0 without a menu.
     int GetCount() const;
@@ -41,8 +45,10 @@ public:
     // In the combined form of item an empty second code reads as a newline. 1, or 0 with `code`
     // untouched.
     int GetCodeFromIndex(int index, std::string& code) const;
-    // The first item whose code begins with `code`, or -1. In the combined form of item a second
-    // character must equal the second code.
+    // The first item that begins with `code`, from 0, or -1. So an empty code finds item 0, and a
+    // code that is longer than the item's goes on into its newline and text. In the combined form
+    // of item the first character must equal the code, a second one, if given, the second code (a
+    // newline equals an empty one), and more are passed over; an empty code finds nothing.
     int GetIndexFromCode(std::string_view code) const;
     // Empty if the code is not in the list.
     void GetTextFromCode(std::string_view code, std::string& text) const;
@@ -54,7 +60,7 @@ public:
 
 private:
     CFPart part_;
-    const char* const* menu_;            // title, items, null
+    const detail::CodeList* menu_;
     const char* const* walk_ = nullptr;  // the item that the walk gave last
 };
 
