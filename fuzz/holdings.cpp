@@ -3,11 +3,9 @@
 #include <zorby/settings/Profile.h>
 #include <zorby/text/General.h>
 
-#include <filesystem>
-#include <fstream>
+#include <fuzz/HoldingsDictionary.h>
 #include <fuzz/Persisted.h>
 #include <fuzzer/FuzzedDataProvider.h>
-#include <unistd.h>
 
 namespace zorby {
 namespace {
@@ -73,8 +71,7 @@ void CheckSettings(FuzzedDataProvider& data) {
     SetProfileFilePort(nullptr);
 }
 
-// A dictionary of a few types, by way of a file, which is how one comes in force.
-void PutInForce() {
+void PutAFewTypesInForce() {
     CInfoAboutHoldingsTypeList list;
     for (const int number : {1, 7, 8, 10, 14, 16}) {
         auto type = std::make_unique<CInfoAboutHoldingsType>();
@@ -83,13 +80,7 @@ void PutInForce() {
         type->AddField("Bar code", 852, 'p', '\0', HID_DYNIX_BAR_CODE, 0, "");
         list.AddType(std::move(type));
     }
-    const std::string folder = std::filesystem::temp_directory_path() /
-                               ("fuzz_holdings_" + std::to_string(getpid()) + "/");
-    std::filesystem::create_directory(folder);
-    std::ofstream(folder + "zorby.hld", std::ios::binary) << fuzz::Store(list);
-    Expect(CInfoAboutHoldingsTypeList::CreateTheOneAndOnly(folder) == 1,
-           "a dictionary that was stored loads");
-    std::filesystem::remove_all(folder);
+    fuzz::PutInForce(list);
 }
 
 }  // namespace
@@ -97,7 +88,7 @@ void PutInForce() {
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
     using namespace zorby;
-    if (!CInfoAboutHoldingsTypeList::TheOneAndOnly()) PutInForce();
+    if (!CInfoAboutHoldingsTypeList::TheOneAndOnly()) PutAFewTypesInForce();
     FuzzedDataProvider data(bytes, size);
     if (data.ConsumeBool()) {
         CheckFile(data.ConsumeRemainingBytesAsString());

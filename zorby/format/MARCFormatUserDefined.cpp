@@ -1,5 +1,6 @@
 #include <zorby/format/MARCFormat.h>
 #include <zorby/format/detail/DisplayText.h>
+#include <zorby/text/detail/WhiteSpace.h>
 
 #include <algorithm>
 #include <charconv>
@@ -19,13 +20,6 @@ bool IsDigit(char c) {
 
 bool IsValid(char code) {
     return CMARCFormat::IsAnyValidSubfield(code) != 0;
-}
-
-std::string_view Trimmed(std::string_view text) {
-    constexpr const char* kWhiteSpace = " \t\n\v\f\r";
-    const std::size_t start = text.find_first_not_of(kWhiteSpace);
-    if (start == std::string_view::npos) return {};
-    return text.substr(start, text.find_last_not_of(kWhiteSpace) + 1 - start);
 }
 
 // The leading digits; 0 without any.

@@ -1,6 +1,7 @@
 #include <zorby/record/CommFormat.h>
 #include <zorby/record/Pmarc.h>
 #include <zorby/record/detail/FieldParts.h>
+#include <zorby/text/detail/WhiteSpace.h>
 
 #include <algorithm>
 #include <array>
@@ -14,7 +15,6 @@ constexpr unsigned kLastTag = 999;
 constexpr std::size_t kTagSize = 3;
 constexpr std::size_t kIndicatorEnd = 5;
 constexpr char kDot = '\xB7';
-constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
 
 using TagBytes = std::array<char, kTagSize>;
 
@@ -44,12 +44,6 @@ constexpr bool IsMixed(std::uint32_t place) {
 std::uint32_t PlaceOf(std::uint32_t tag) {
     const std::uint32_t block = tag & 0xFF0000U;
     return IsMixed(block) ? block : tag;
-}
-
-std::string_view Stripped(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kWhiteSpace);
-    if (first == text.npos) return {};
-    return text.substr(first, text.find_last_not_of(kWhiteSpace) + 1 - first);
 }
 
 void AppendSubfieldInPlace(std::string& field, char code, std::string_view text) {
@@ -271,7 +265,7 @@ int CPmarc::FieldAddSubfield(unsigned tag, int occurrence, char code, std::strin
     const std::string whole(text);
     for (text = whole;;) {
         const std::size_t end = text.find(separator);
-        if (AddOneSubfield(tag, occurrence, code, Stripped(text.substr(0, end))) == 0) return 0;
+        if (AddOneSubfield(tag, occurrence, code, Trimmed(text.substr(0, end))) == 0) return 0;
         if (end == text.npos) return 1;
         text.remove_prefix(end + 1);
     }
