@@ -1,6 +1,7 @@
 #include <zorby/archive/Archive.h>
 #include <zorby/controlfields/AdditionalMaterial.h>
 #include <zorby/controlfields/detail/PartBytes.h>
+#include <zorby/controlfields/detail/StandardWorkforms.h>
 #include <zorby/record/Pmarc.h>
 #include <zorby/text/General.h>
 
@@ -17,12 +18,41 @@ namespace {
 
 constexpr unsigned char kVersion = 1;
 constexpr unsigned kFieldEnd = 1;
+constexpr std::size_t kFrom006To008 = 17;
 
 }  // namespace
 
 CCFAdditionalMaterial::CCFAdditionalMaterial() {
     field006_.fill(detail::kBlank);
     field007_.fill(detail::kBlank);
+}
+
+void CCFAdditionalMaterial::Create(MaterialType material, CFType type006, CFType type007,
+                                   std::string_view field007, std::string_view field006) {
+    material_ = material;
+    type006_ = type006;
+    type007_ = type007;
+    const std::size_t length =
+        std::min({field007.size(), k007Size, detail::Default007For(material).size()});
+    length007_ = static_cast<std::int32_t>(length);
+    field006_[0] = ByteZeroFor(field006);
+    const std::size_t shift = field006.size() == k006Size ? 0 : kFrom006To008;
+    for (std::size_t i = 1; i < k006Size; ++i) {
+        field006_[i] = i + shift < field006.size() ? field006[i + shift] : detail::kBlank;
+    }
+    field007.copy(field007_.data(), length);
+    table006_ = OffsetsFor006Type(type006_);
+    table007_ = OffsetsFor007Type(type007_);
+}
+
+char CCFAdditionalMaterial::ByteZeroFor(std::string_view field006) const {
+    constexpr std::string_view kMusicAndSound = "cdij";
+    const bool isMusicOrSound = type006_ == CF006MusicSound && !field006.empty();
+    if (isMusicOrSound && kMusicAndSound.find(field006[0]) != std::string_view::npos) {
+        return field006[0];
+    }
+    if (!isMusicOrSound && material_ == MTBookComputerFile) return 'm';
+    return ByteZeroForMaterialType(material_);
 }
 
 template <class Material>

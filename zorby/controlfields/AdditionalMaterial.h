@@ -27,6 +27,12 @@ public:
 
     CCFAdditionalMaterial();
 
+    // Fills the entry. `field006` is a 006 of 18 characters or a whole 008; position 0 goes by the
+    // material, but for music and sound recordings that bring a fitting one. The 007 is cut at the
+    // length of the material's standard 007; what lay behind it stays.
+    void Create(MaterialType material, CFType type006, CFType type007, std::string_view field007,
+                std::string_view field006);
+
     // `text` gets the bytes of the element up to a zero byte; 0 if the entry doesn't hold it. The
     // combined form of item (CFPCombinedFormOfItem) fails unless there is a 007 for microforms.
     int Get(CFPart part, std::string& text) const;
@@ -71,6 +77,7 @@ private:
     int SetCombinedFormOfItem(std::string_view text);
     std::string_view Field006() const { return {field006_.data(), k006Size}; }
     std::string_view Field007() const;
+    char ByteZeroFor(std::string_view field006) const;
     void Load(CArchive& archive);
 
     MaterialType material_ = kNoMaterial;

@@ -1,5 +1,6 @@
 #include <zorby/archive/SerializeList.h>
 #include <zorby/controlfields/AdditionalMaterialsList.h>
+#include <zorby/controlfields/detail/StandardWorkforms.h>
 
 #include <algorithm>
 #include <numeric>
@@ -29,6 +30,24 @@ void CCFAdditionalMaterialsList::AMAddDuplicateAtEnd(int index) {
     if (const CCFAdditionalMaterial* entry = GetAt(index)) {
         Add(std::make_unique<CCFAdditionalMaterial>(*entry));
     }
+}
+
+void CCFAdditionalMaterialsList::ChangeAdditionalMaterial(int index, MaterialType material,
+                                                          CFType type006, CFType type007,
+                                                          std::string_view field007,
+                                                          std::string_view field006) {
+    if (CCFAdditionalMaterial* entry = GetAt(index)) {
+        entry->Create(material, type006, type007, field007, field006);
+    }
+}
+
+void CCFAdditionalMaterialsList::GetDisplayableAM007006(int index, std::string& field007,
+                                                        std::string& field006,
+                                                        std::string& name) const {
+    const CCFAdditionalMaterial* entry = GetAt(index);
+    if (entry == nullptr) return;
+    entry->GetAll(field006, field007);
+    detail::NameOfMaterial(entry->GetMaterialType(), name);
 }
 
 int CCFAdditionalMaterialsList::Get(int index, CFPart part, std::string& text) const {

@@ -28,6 +28,12 @@ public:
     int AddEmptyAtEnd();
     void AMAddDuplicateAtEnd(int index);
 
+    void ChangeAdditionalMaterial(int index, MaterialType material, CFType type006, CFType type007,
+                                  std::string_view field007, std::string_view field006);
+    // The fields, and the name of the material.
+    void GetDisplayableAM007006(int index, std::string& field007, std::string& field006,
+                                std::string& name) const;
+
     int Get(int index, CFPart part, std::string& text) const;
     int Set(int index, CFPart part, std::string_view text);
     int GetPartSize(int index, CFPart part) const;

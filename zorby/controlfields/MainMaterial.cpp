@@ -1,6 +1,7 @@
 #include <zorby/archive/Archive.h>
 #include <zorby/controlfields/MainMaterial.h>
 #include <zorby/controlfields/detail/PartBytes.h>
+#include <zorby/controlfields/detail/StandardWorkforms.h>
 #include <zorby/record/Pmarc.h>
 #include <zorby/text/General.h>
 
@@ -153,6 +154,10 @@ int CCFMainMaterial::GetPartSize(CFPart part) const {
 
 int CCFMainMaterial::GetPartSizeNew(CFPart part) {
     return WidthOfPart(part);
+}
+
+std::string CCFMainMaterial::DefaultLdr(CFType type006, CFType type007) {
+    return detail::DefaultLdrFor(type006, type007);
 }
 
 std::string_view CCFMainMaterial::Field007() const {

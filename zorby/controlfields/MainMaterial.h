@@ -53,6 +53,9 @@ public:
     // Bytes of the element in whichever format holds it; 0 if none does.
     static int GetPartSizeNew(CFPart part);
 
+    // The Leader of the first standard workform of these types; empty if there is none.
+    static std::string DefaultLdr(CFType type006, CFType type007);
+
     CFType Get006Type() const { return type006_; }
     CFType Get007Type() const { return type007_; }
     void GetAll(std::string& leader, std::string& field007, std::string& field008,

@@ -52,6 +52,10 @@ void CInfoAboutDefaultDataList::CloneFrom(const CInfoAboutDefaultDataList& other
     }
 }
 
+void CInfoAboutDefaultDataList::RemoveAll() {
+    RemoveIf([](const CInfoAboutDefaultData&) { return true; });
+}
+
 const CInfoAboutDefaultData* CInfoAboutDefaultDataList::GetFirst() {
     next_ = 0;
     return GetNext();

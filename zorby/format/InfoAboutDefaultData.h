@@ -48,6 +48,8 @@ public:
     // Appends copies of all records.
     void CloneFrom(const CInfoAboutDefaultDataList& other);
 
+    void RemoveAll();
+
     // The one walk of the list; null at the end.
     const CInfoAboutDefaultData* GetFirst();
     const CInfoAboutDefaultData* GetNext();

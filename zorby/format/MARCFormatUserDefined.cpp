@@ -1,4 +1,5 @@
 #include <zorby/format/MARCFormat.h>
+#include <zorby/format/detail/ValidSubfieldCodes.h>
 #include <zorby/format/detail/DisplayText.h>
 #include <zorby/text/detail/WhiteSpace.h>
 
@@ -104,7 +105,7 @@ void CMARCFormat::ParseUDSubfields(std::string_view list, std::vector<std::strin
 }
 
 int CMARCFormat::IsAnyValidSubfield(char code) {
-    return ('!' <= code && code <= '?') || ('a' <= code && code <= 'z') ? 1 : 0;
+    return detail::kValidSubfieldCodes.find(code) != std::string_view::npos ? 1 : 0;
 }
 
 }  // namespace zorby

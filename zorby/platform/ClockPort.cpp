@@ -18,6 +18,13 @@ public:
     void Wait(std::int64_t milliseconds) override {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
     }
+
+    std::tm LocalTime() const override {
+        const std::time_t now = std::time(nullptr);
+        std::tm local{};
+        localtime_r(&now, &local);
+        return local;
+    }
 };
 
 PortSlot<ClockPort, SteadyClock>& Slot() {

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string_view>
+
+namespace zorby::detail {
+
+// Every code that a subfield may have, in the order in which a user is offered them.
+inline constexpr std::string_view kValidSubfieldCodes =
+    "abcdefghijklmnopqrstuvwxyz0123456789!\"#$%&'()*+,-./:;<=>?";
+
+}  // namespace zorby::detail
