@@ -1,3 +1,4 @@
+#include <zorby/controlfields/MainMaterial.h>
 #include <zorby/controlfields/MenuData.h>
 
 #include <benchmark/benchmark.h>
@@ -57,6 +58,39 @@ void MakeMenuData(benchmark::State& state) {
     }
 }
 BENCHMARK(MakeMenuData);
+
+constexpr CFPart kParts[] = {CFPLdrRecordStatus, CFP008Language, CFP006BooksBiography,
+                             CFP007MicroformBase, CFPCombinedFormOfItem};
+
+CCFMainMaterial Microform() {
+    CCFMainMaterial material;
+    material.Create(CF006Books, CF007Microform, "00000nam#a2200000#i#4500", "", "hd#bdu---bucu",
+                    "261121s2026####enka###j#a####000#1#eng#d", "");
+    return material;
+}
+
+void ForEachPart(benchmark::internal::Benchmark* benchmark) {
+    for (const CFPart part : kParts) benchmark->Arg(part);
+}
+
+// Aim: under 50 nanoseconds, as the next.
+void GetPart(benchmark::State& state) {
+    const CCFMainMaterial material = Microform();
+    const auto part = static_cast<CFPart>(state.range(0));
+    std::string text;
+    for ([[maybe_unused]] auto _ : state) {
+        benchmark::DoNotOptimize(material.Get(part, text));
+        benchmark::DoNotOptimize(text.data());
+    }
+}
+BENCHMARK(GetPart)->Apply(ForEachPart);
+
+void SetPart(benchmark::State& state) {
+    CCFMainMaterial material = Microform();
+    const auto part = static_cast<CFPart>(state.range(0));
+    for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(material.Set(part, "ad"));
+}
+BENCHMARK(SetPart)->Apply(ForEachPart);
 
 }  // namespace
 }  // namespace zorby::bench
