@@ -1,4 +1,5 @@
 #include <zorby/controlfields/GlobalEditing.h>
+#include <zorby/workforms/TemplateList.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -31,14 +32,44 @@ constexpr CCFDialogLayout kDateOfPublication = {
 constexpr CCFDialogLayout kTypeOfSoundRecording = {
     kNoPage, "Type of sound recording", CFPLdrTypeOfRecordSound, CFControlSRTypeGroup, {}, {}};
 
-bool IsAdditionalOnly(MaterialType material) {
-    return material == MTText || material == MTUnspecified || material == MTTactile ||
-           material == MTNotatedMusic;
-}
+// All materials that have a workform, and among them, in the order of its targets, those of the
+// date group, and those of which a recording's type may be chosen.
+constexpr MaterialType kMaterials[] = {MTBook,
+                                       MTComputerFile,
+                                       MTComputerFileDisk,
+                                       MTComputerFileOther,
+                                       MTGlobe,
+                                       MTAtlas,
+                                       MTMap,
+                                       MTKit,
+                                       MTMixed,
+                                       MTMusic,
+                                       MTSerial,
+                                       MTSoundDisc,
+                                       MTSoundTape,
+                                       MTSoundRecord,
+                                       MTSoundOther,
+                                       MTMotionPicture,
+                                       MTVideoTape,
+                                       MTVideoDisc,
+                                       MTVideoOther,
+                                       MTProjectedGraphic,
+                                       MTNonprojectedGraphic,
+                                       MTThreeDObject,
+                                       MTRemoteSensing,
+                                       MTBookComputerFile,
+                                       MTVideoPlain,
+                                       MTSoundNonmusical};
+constexpr MaterialType kMaterialsWithSoundType[] = {MTSoundDisc, MTSoundTape, MTSoundRecord,
+                                                    MTSoundOther};
 
-// A recording of type i alone leaves no choice of type.
-bool HasTypeOfSoundRecording(MaterialType material) {
-    return MTSoundDisc <= material && material <= MTSoundOther;
+// Serials come behind remote-sensing images.
+std::vector<MaterialType> MaterialsOfDateGroup() {
+    std::vector<MaterialType> materials(std::begin(kMaterials), std::end(kMaterials));
+    const auto serial = std::find(materials.begin(), materials.end(), MTSerial);
+    const auto remote = std::find(materials.begin(), materials.end(), MTRemoteSensing);
+    std::rotate(serial, std::next(serial), std::next(remote));
+    return materials;
 }
 
 void Append(Entries& entries, const CCFDialogLayout& row, const CTemplate* workform) {
@@ -51,12 +82,6 @@ void AppendForm(Entries& entries, const CCFDialogLayoutArray& form, const CTempl
         if (part == CFP008TypeOfDate || part == CFP006MusicSoundLiteraryText) continue;
         Append(entries, *row, workform);
     }
-}
-
-void AppendMaterial(Entries& entries, MaterialType material, const CTemplate* workform) {
-    AppendForm(entries, CCFDialogLayoutArray(material, 0), workform);
-    Append(entries, kDateOfPublication, workform);
-    if (HasTypeOfSoundRecording(material)) Append(entries, kTypeOfSoundRecording, workform);
 }
 
 // Merges two neighbouring runs into `merged`, in which the first run wins a draw.
@@ -89,16 +114,25 @@ void Sort(Entries& entries) {
 
 Entries SortedEntries(const CCFGlobalEditingEntryArray::TemplateSource& standardTemplate) {
     Entries entries;
-    for (int i = kFirstMaterialType; i <= kLastMaterialType; ++i) {
-        const auto material = static_cast<MaterialType>(i);
-        if (IsAdditionalOnly(material)) continue;
-        AppendMaterial(entries, material, standardTemplate(material));
+    for (const MaterialType material : kMaterials) {
+        AppendForm(entries, CCFDialogLayoutArray(material, 0), standardTemplate(material));
+    }
+    for (const MaterialType material : MaterialsOfDateGroup()) {
+        Append(entries, kDateOfPublication, standardTemplate(material));
+    }
+    for (const MaterialType material : kMaterialsWithSoundType) {
+        Append(entries, kTypeOfSoundRecording, standardTemplate(material));
     }
     Sort(entries);
     return entries;
 }
 
 }  // namespace
+
+int CCFGlobalEditingEntryArray::InitializeYourself() {
+    return InitializeFrom(
+        [](MaterialType material) { return CTemplateList::GetTemplate(material); });
+}
 
 int CCFGlobalEditingEntryArray::InitializeFrom(const TemplateSource& standardTemplate) {
     List& list = TheList();

@@ -41,9 +41,12 @@ public:
     // The standard workform of a material, or null. It must not use the list.
     using TemplateSource = std::function<const CTemplate*(MaterialType)>;
 
-    // Makes the list anew: the elements of all full forms, the date group as one target a material,
-    // and the type of sound recording for the materials of musical sound, sorted by
-    // CCFGlobalEditingEntryCompare. 0, or 1 with no list if memory doesn't suffice.
+    // Makes the list anew from the standard workforms: the elements of all full forms, the date
+    // group as one target a material, and the type of sound recording for the materials of musical
+    // sound, sorted by CCFGlobalEditingEntryCompare. 0, or 1 with no list if memory doesn't
+    // suffice.
+    static int InitializeYourself();
+    // The same with workforms from elsewhere.
     static int InitializeFrom(const TemplateSource& standardTemplate);
     // Safe without a list.
     static void DestroyYourself();

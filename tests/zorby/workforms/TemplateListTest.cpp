@@ -1,4 +1,5 @@
 #include <zorby/controlfields/AdditionalMaterialsList.h>
+#include <zorby/controlfields/GlobalEditing.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/workforms/TemplateList.h>
 
@@ -119,6 +120,21 @@ TEST_F(TemplateList, ImportsMayUseAWorkformOfTheUser) {
     CTemplateList::WriteZorbyTemplateMapProfileInt("Map", 500);
     EXPECT_EQ(Name(CTemplateList::GetImportTemplate(MTMap)), "Map");
     EXPECT_EQ(CTemplateList::GetZorbyTemplateMapProfileInt("Map"), 0);
+}
+
+TEST_F(TemplateList, TargetsOfGlobalEditsKnowTheirWorkform) {
+    Start();
+    ASSERT_EQ(CCFGlobalEditingEntryArray::InitializeYourself(), 0);
+    std::string dates;
+    for (int i = 0; i < CCFGlobalEditingEntryArray::GetSize(); ++i) {
+        const CCFGlobalEditingEntry* entry = CCFGlobalEditingEntryArray::GetAt(i);
+        if (entry->GetRow().PartNumber() != CFP008DateGroup) continue;
+        dates += Name(entry->GetTemplate()) + ";";
+    }
+    EXPECT_EQ(dates.substr(0, 20), std::string(kBook).substr(0, 20));
+    EXPECT_NE(dates.find("Map"), std::string::npos);
+    CCFGlobalEditingEntryArray::DestroyYourself();
+    EXPECT_EQ(CCFGlobalEditingEntryArray::GetSize(), 0);
 }
 
 TEST_F(TemplateList, Default007) {
