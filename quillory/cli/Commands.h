@@ -14,6 +14,7 @@ namespace quillory {
 // FileError and ClosedPipe are left to the caller.
 using Run = std::function<Status()>;
 
+void AddCodes(CLI::App& program, Run& run);
 void AddConvert(CLI::App& program, Run& run);
 void AddDescribe(CLI::App& program, Run& run);
 void AddSettings(CLI::App& program, Run& run);

@@ -1,3 +1,5 @@
+#include <quillory/cli/CodedDocument.h>
+#include <quillory/cli/CodedText.h>
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/DictionaryText.h>
 #include <quillory/cli/Library.h>
@@ -15,6 +17,7 @@ namespace quillory {
 namespace {
 
 struct DescribeOptions {
+    std::vector<std::string> words;  // of what is to be described
     std::string what;
     bool subfields = false;
     std::string search;
@@ -50,7 +53,9 @@ Status DescribePlace(const DescribeOptions& options) {
     const zorby::EDISPLAYOPTIONS display = DisplayOf(options);
     const bool hasTag = what.size() >= 3 && what.find_first_not_of("0123456789") >= 3;
     if (!hasTag) {
-        throw FileError(what + " is no place: 245 is a field, 245a a subfield, 245/2 an indicator");
+        throw FileError(what +
+                        " is no place: 245 is a field, 245a a subfield, 245/2 an indicator, 008/18 "
+                        "an element of a control field");
     }
     const auto tag = static_cast<unsigned>(std::stoi(what.substr(0, 3)));
     const std::string rest = what.substr(what.size() > 4 && what[3] == '$' ? 4 : 3);
@@ -77,7 +82,18 @@ Status DescribeHoldings(const DescribeOptions& options) {
     return Print(document, HoldingsTypeText, options);
 }
 
+// leader/06, 008/18, 007c/01, part 310; or all elements of a field.
+Status DescribeCodedPlace(const DescribeOptions& options) {
+    const NamedPlace place = FindPlace(options.what);
+    if (!place.error.empty()) throw FileError(place.error);
+    const bool isOne = options.what.find_first_of("/ ") != options.what.npos;
+    return Print(DescribeElements(place.elements, LoadCodeLists()),
+                 isOne ? ElementsText : ElementNamesText, options);
+}
+
 Status RunDescribe(const DescribeOptions& options) {
+    const bool isPlace = !options.holdings && options.search.empty();
+    if (isPlace && IsCodedPlace(options.what)) return DescribeCodedPlace(options);
     LoadSettings();
     if (!LoadDictionaries(options.userDefined)) return kStatusFailed;
     if (options.holdings) return DescribeHoldings(options);
@@ -92,9 +108,10 @@ Status RunDescribe(const DescribeOptions& options) {
 void AddDescribe(CLI::App& program, Run& run) {
     auto options = std::make_shared<DescribeOptions>();
     CLI::App* command =
-        program.add_subcommand("describe", "What the dictionaries know of fields and holdings");
-    command->add_option("WHAT", options->what,
-                        "A field 245, a subfield 245a, an indicator 245/2, or a holdings type");
+        program.add_subcommand("describe", "What is known of fields, codes and holdings");
+    command->add_option("WHAT", options->words,
+                        "A field 245, a subfield 245a, an indicator 245/2, an element leader/06, "
+                        "008/18, 007c/01 or part 310, or a holdings type");
     command->add_flag("--subfields", options->subfields, "With the field's subfields");
     command->add_option("--search", options->search, "Find names that have all these words");
     command->add_flag("--holdings", options->holdings,
@@ -111,6 +128,7 @@ void AddDescribe(CLI::App& program, Run& run) {
         ->check(CLI::Range(0, 3))
         ->option_text("0|1|2|3");
     command->callback([options, command, &run] {
+        options->what = CLI::detail::join(options->words, " ");
         if (options->what.empty() && options->search.empty() && !options->holdings) {
             throw CLI::ParseError("describe what? " + command->help(), 2);
         }

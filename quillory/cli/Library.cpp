@@ -81,4 +81,8 @@ bool LoadDictionaries(const std::string& userDefined) {
     return loaded;
 }
 
+CodeLists LoadCodeLists() {
+    return CodeLists(CodeStatus(DataFolder() + "marc21-codes.tsv"));
+}
+
 }  // namespace quillory

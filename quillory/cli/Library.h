@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillory/coded/CodeLists.h>
+
 #include <string>
 
 namespace quillory {
@@ -16,5 +18,9 @@ void WriteSetting(int key, const std::string& value);
 // beside the program and in share/quillory of its installation or build. False if one is not there,
 // which the user has been told; throws FileError for a damaged one.
 bool LoadDictionaries(const std::string& userDefined);
+
+// The codes of the control fields, with what marc21-codes.tsv, which lies beside the other data
+// files, says of them. Throws FileError.
+CodeLists LoadCodeLists();
 
 }  // namespace quillory

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <quillory/coded/Decoder.h>
 #include <quillory/exchange/Record.h>
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace quillory {
 
@@ -15,9 +17,13 @@ struct ScreenOptions {
     std::function<std::string(std::string_view tag, char code)> subfieldName;
 };
 
+// The Leader and the coded control fields of a record in its own character set, in their order.
+std::vector<DecodedField> DecodeRecord(const Record& record, const Decoder& decoder);
+
 // Appends a record as a person reads it: a line a field, or with names a line a subfield, blank
 // indicators as "#", "$" before each code. The text is UTF-8; bytes that are none, and control
-// characters, are shown as "<1B>".
-void AppendScreen(const Record& record, const ScreenOptions& options, std::string& text);
+// characters, are shown as "<1B>". What was decoded, if anything, stands below its fields.
+void AppendScreen(const Record& record, const std::vector<DecodedField>& decoded,
+                  const ScreenOptions& options, std::string& text);
 
 }  // namespace quillory

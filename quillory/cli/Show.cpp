@@ -26,6 +26,7 @@ struct ShowOptions {
     bool widthGiven = false;
     std::uint64_t record = 0;  // 0 for all
     bool names = false;
+    bool decode = false;
 };
 
 ScreenOptions ScreenOf(const ShowOptions& options) {
@@ -78,6 +79,7 @@ public:
           recoder_({options.input.charset, kCharsetUtf8, {}}),
           output_("-") {
         if (options.names) AddNames(screen_);
+        if (options.decode) lists_.emplace(LoadCodeLists());
     }
 
     Status Run() {
@@ -110,6 +112,9 @@ private:
 
     void Show(Item& item) {
         const std::string label(item.record.leader);
+        // Positions are those of the bytes as they came.
+        std::vector<DecodedField> decoded;
+        if (lists_) decoded = DecodeRecord(item.record, Decoder(*lists_));
         const Recoder::Result recoded = recoder_.Recode(item.record, losses_);
         item.record.leader = label;
         if (recoded.mislabelled) {
@@ -120,7 +125,7 @@ private:
         }
         text_ = shown_ ? "\n" : "";
         shown_ = true;
-        AppendScreen(item.record, screen_, text_);
+        AppendScreen(item.record, decoded, screen_, text_);
         output_.Write(text_);
     }
 
@@ -130,6 +135,7 @@ private:
     Recoder recoder_;
     Output output_;
     Losses losses_;
+    std::optional<CodeLists> lists_;
     std::string text_;
     bool shown_ = false;
     Status status_ = kStatusWell;
@@ -142,6 +148,9 @@ void AddShow(CLI::App& program, Run& run) {
     CLI::App* command = program.add_subcommand("show", "Show records as a person reads them");
     AddInputOptions(*command, options->input);
     command->add_flag("--names", options->names, "With the names of fields and subfields");
+    command->add_flag("--decode", options->decode,
+                      "With Leader, 006, 007 and 008 spelled out; a question mark stands before "
+                      "what the format has not");
     command->add_option("--record", options->record, "Only the record of this number, from 1");
     CLI::Option* width =
         command->add_option("--width", options->width,

@@ -17,6 +17,7 @@ int RunProgram(int argc, char** argv) {
     AddConvert(program, run);
     AddShow(program, run);
     AddDescribe(program, run);
+    AddCodes(program, run);
     AddSettings(program, run);
     try {
         program.parse(argc, argv);

@@ -312,6 +312,77 @@ class Dictionary(Cli):
             self.assertEqual(status, 2)
             self.assertIn("MARCBibl.tfm", err)
 
+    def test_describe_coded_fields(self):
+        cases = [
+            (["008/18"], "008/18-19  Form of composition (music)"),
+            (["008a/19"], "008/18-21  Illustrations (books)\n    up to 4 codes; part 302"),
+            (["007c/01"], "    s  Standalone device  (valid, but not in the library's list)"),
+            (["LDR/06"], "    b  Archival and manuscripts control  (obsolete since 1995)"),
+            (["part", "310"], "008/33  Literary form (books)"),
+            (["part 107"], "scr  Croatian  (obsolete since 2008, now hrv)"),
+            (["part", "2601"], "    ad  Microfilm reel"),
+            (["leader"], "leader/12-16  Base address of data"),
+            (["008/32"], "was Main entry in body of entry"),
+        ]
+        for arguments, text in cases:
+            self.assertIn(text, self.say("describe", *arguments))
+        [element] = json.loads(self.say("describe", "008/35", "--format", "json"))
+        codes = {code["code"]: code for code in element["codes"]}
+        self.assertEqual(codes["hrv"], {"code": "hrv", "text": "Croatian", "status": "newer",
+                                        "since": "2008"})
+        self.assertEqual(codes["mol"]["use"], "rum")
+        for what in ("008/40", "007x/01", "part 999", "leader/x", "008a/"):
+            status, _, err = run("describe", what)
+            self.assertEqual(status, 2, what)
+            self.assertRegex(err, "positions 00-39|no form x|such as 16|is no place")
+
+    def test_codes(self):
+        lines = self.say("codes").splitlines()
+        rows = [dict(zip(lines[0].split("\t"), line.split("\t"))) for line in lines[1:]]
+        self.assertEqual({len(line.split("\t")) for line in lines}, {12})
+        self.assertEqual({row["status"] for row in rows}, {"current", "newer", "obsolete", "local"})
+        listed = [row for row in rows if row["part"] == "106" and row["list"] ==
+                  "Place of publication" and row["status"] != "newer"]
+        self.assertGreaterEqual(len(listed), 330)
+        self.assertIn("008\tmaps\t25\t504", self.say("codes", "008e/25"))
+        book = self.say("codes", "008a/23", "part 310").splitlines()
+        self.assertEqual({line.split("\t")[3] for line in book[1:]}, {"304", "310"})
+        combined = json.loads(self.say("codes", "part 2601", "--format", "json"))
+        self.assertEqual(len(combined), 17)
+        self.assertEqual([row["second_code"] for row in combined if row["code"] == "c"], ["g"])
+        self.assertEqual(run("codes", "part 999")[0], 2)
+
+    def test_show_decode(self):
+        out = self.say("show", "--decode", "--width", "0", "--record", "2", SAMPLES)
+        self.assertRegex(out, r"\n        \(books\)\n        00-05  Date entered on file  +240109  2024")
+        self.assertRegex(out, r"\n        35-37  Language  +fre     French\n")
+        field = "240109s1913    yu ab?" + 8 * " " + "000 1 scr "
+        odd = ("=LDR  00000nam a2200000 a 4500\n=006  \n=007  \n=007  q\n=008  " +
+               field.replace(" ", "\\") + "\n=245  10$aOdd\n\n").encode()
+        status, out, err = run("show", "--decode", "--from", "mrk", "--width", "0", stdin=odd)
+        self.assertEqual(status, 0, err)
+        for text in (r"\?  +\? unknown code", r"scr +Croatian \(obsolete since 2008, now hrv\)",
+                     r"39 +Missing +\? 39 bytes, the format has 40", r"00-17 +Missing", r"00 +Missing",
+                     r"yu# +Serbia and Montenegro \(obsolete since 2007, now rb or mo\)"):
+            self.assertRegex(out.decode(), text)
+
+    def test_missing_and_damaged_codes(self):
+        data = self.folder / "data"
+        data.mkdir()
+        os.environ["QUILLORY_DATA"] = str(data)
+        self.addCleanup(os.environ.pop, "QUILLORY_DATA")
+        real = pathlib.Path(QUILLORY).resolve().parent / "../share/quillory/marc21-codes.tsv"
+        whole = real.read_bytes()
+        row = whole.index(b"\nleader\t") + 1
+        for bad, place in ((None, ""), (b"", ""), (whole[:row] + b"leader\tx" + whole[row:], ":"),
+                           (whole.replace(b"\tcurrent\t", b"\tcurious\t", 1), ":")):
+            if bad is not None:
+                (data / "marc21-codes.tsv").write_bytes(bad)
+            for arguments in (["describe", "008/18"], ["codes"], ["show", "--decode", SAMPLES]):
+                status, out, err = run(*arguments)
+                self.assertEqual((status, out), (2, b""), arguments)
+                self.assertRegex(err, r"marc21-codes\.tsv" + (r":\d+: " if place else ": "))
+
     def test_show_with_names(self):
         out = self.say("show", "--names", "--record", "2", SAMPLES)
         self.assertIn("245 10  245 (Title Statement)\n        $a (Title): Du côté", out)

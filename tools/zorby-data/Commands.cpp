@@ -1,3 +1,4 @@
+#include <quillory/coded/CodeStatus.h>
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/Output.h>
 #include <zorby/archive/Archive.h>
@@ -103,6 +104,18 @@ Status DumpFile(Kind kind, const std::string& path, const std::string& output) {
         return kStatusFaults;
     }
     return Tell(faults);
+}
+
+Status JoinCodes(const std::vector<std::string>& sources, const std::string& output) {
+    quillory::CodeStatus codes;
+    std::string joined;
+    for (const std::string& source : sources) {
+        const std::string text = ReadWhole(source, output);
+        codes.Add(text, source);
+        joined += text;
+    }
+    WriteWhole(output, joined);
+    return kStatusWell;
 }
 
 }  // namespace datatool

@@ -11,7 +11,7 @@ enum Status { kStatusWell = 0, kStatusFaults = 1, kStatusFailed = 2 };
 // The kind of data file that goes by this name. Throws quillory::FileError for any other.
 Kind KindOfName(const std::string& path);
 
-// Both tell faults on standard error. They throw quillory::FileError, and CArchiveException for a
+// The first two tell faults on standard error. They throw quillory::FileError, and CArchiveException for a
 // damaged data file.
 
 // Compiles sources into a data file, which is written only if they have no faults.
@@ -19,5 +19,9 @@ Status CompileFiles(Kind kind, const std::vector<std::string>& sources, const st
 // Writes a data file as a source. One that no source gives is refused. Faults that compiling would
 // find in the source are told, and it is written all the same.
 Status DumpFile(Kind kind, const std::string& path, const std::string& output);
+
+// Checks sources of codes and joins them into the file that quillory reads. Throws
+// quillory::FileError for the first fault.
+Status JoinCodes(const std::vector<std::string>& sources, const std::string& output);
 
 }  // namespace datatool

@@ -58,6 +58,14 @@ void AddDump(CLI::App& program, Options& options, Run& run) {
     });
 }
 
+void AddJoinCodes(CLI::App& program, Options& options, Run& run) {
+    CLI::App* command =
+        program.add_subcommand("join-codes", "Check sources of codes and join them into one file");
+    command->add_option("FILE", options.sources, "Sources")->required();
+    command->add_option("-o,--output", options.output, "The file of all codes")->required();
+    command->callback([&] { run = [&] { return JoinCodes(options.sources, options.output); }; });
+}
+
 int RunProgram(int argc, char** argv) {
     CLI::App program("zorby-data: compile and dump the dictionaries of the library", "zorby-data");
     program.set_version_flag("--version", "zorby-data " ZORBY_DATA_VERSION);
@@ -66,6 +74,7 @@ int RunProgram(int argc, char** argv) {
     Run run;
     AddCompile(program, options, run);
     AddDump(program, options, run);
+    AddJoinCodes(program, options, run);
     try {
         program.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -1,0 +1,70 @@
+#include <quillory/cli/CodedDocument.h>
+#include <quillory/cli/Commands.h>
+#include <quillory/cli/Library.h>
+#include <quillory/exchange/Output.h>
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace quillory {
+namespace {
+
+struct CodesOptions {
+    std::vector<std::string> places;
+    std::string format = "tsv";
+    std::string output = "-";
+};
+
+constexpr const char* kColumns[] = {"field",       "form", "positions", "part",  "list",  "code",
+                                    "second_code", "text", "status",    "since", "until", "use"};
+
+std::string Cell(const Document& value) {
+    return value.is_string() ? value.get<std::string>() : value.dump();
+}
+
+std::string Tsv(const Document& rows) {
+    std::string text;
+    for (const char* column : kColumns) text += (text.empty() ? "" : "\t") + std::string(column);
+    text += "\n";
+    for (const Document& row : rows) {
+        std::string line;
+        for (const char* column : kColumns) {
+            if (column != kColumns[0]) line += "\t";
+            line += Cell(row.at(column));
+        }
+        text += line + "\n";
+    }
+    return text;
+}
+
+Status RunCodes(const CodesOptions& options) {
+    std::vector<NamedElement> elements;
+    for (const std::string& name : options.places) {
+        const NamedPlace place = FindPlace(name);
+        if (!place.error.empty()) throw FileError(place.error);
+        elements.insert(elements.end(), place.elements.begin(), place.elements.end());
+    }
+    const Document rows = ListCodes(elements, LoadCodeLists());
+    Output output(options.output);
+    output.Write(options.format == "json" ? rows.dump(2) + "\n" : Tsv(rows));
+    output.Finish();
+    return rows.empty() ? kStatusFindings : kStatusWell;
+}
+
+}  // namespace
+
+void AddCodes(CLI::App& program, Run& run) {
+    auto options = std::make_shared<CodesOptions>();
+    CLI::App* command = program.add_subcommand("codes", "The code lists of the control fields");
+    command->add_option("LIST", options->places,
+                        "Only those of elements such as 008/35, 007s/03 or \"part 310\"");
+    command->add_option("--format", options->format, "tsv, or json for a program")
+        ->check(CLI::IsMember({"tsv", "json"}))
+        ->option_text("tsv|json");
+    command->add_option("-o,--output", options->output,
+                        "The file to write; standard output if not given");
+    command->callback([options, &run] { run = [options] { return RunCodes(*options); }; });
+}
+
+}  // namespace quillory

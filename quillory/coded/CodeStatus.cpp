@@ -1,0 +1,205 @@
+#include <quillory/coded/CodeStatus.h>
+#include <quillory/coded/Elements.h>
+#include <quillory/coded/Material.h>
+#include <quillory/exchange/Input.h>
+#include <quillory/exchange/Utf8.h>
+
+#include <algorithm>
+#include <charconv>
+#include <stdexcept>
+
+namespace quillory {
+namespace {
+
+using zorby::CFType;
+
+enum Column { kField, kForm, kPositions, kElement, kCode, kStatus, kSince, kUntil, kUse, kText };
+constexpr std::size_t kColumns = kText + 1;
+constexpr std::string_view kHeader =
+    "field\tform\tpositions\telement\tcode\tstatus\tsince\tuntil\tuse\ttext";
+constexpr std::string_view kAllForms = "all";
+
+using Cells = std::vector<std::string_view>;
+
+// Why a row does not fit.
+class BadRow : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+[[noreturn]] void Refuse(const char* what, std::string_view cell) {
+    throw BadRow(std::string(what) + " \"" + std::string(cell) + "\"");
+}
+
+Cells CellsOf(std::string_view line) {
+    Cells cells;
+    for (;;) {
+        const std::size_t tab = std::min(line.find('\t'), line.size());
+        cells.push_back(line.substr(0, tab));
+        if (tab == line.size()) break;
+        line.remove_prefix(tab + 1);
+    }
+    if (cells.size() != kColumns) {
+        throw BadRow(std::to_string(cells.size()) + " columns instead of " +
+                     std::to_string(kColumns));
+    }
+    return cells;
+}
+
+CFType FormOfAll(std::string_view field) {
+    if (field == "leader") return zorby::CFLdr;
+    if (field == "008") return zorby::CF008Standard;
+    if (field == "006") return zorby::CF006Unknown;
+    if (field == "007") return zorby::CF007Unknown;
+    Refuse("no coded field", field);
+}
+
+CFType FormOf(std::string_view field, std::string_view name) {
+    const CFType all = FormOfAll(field);
+    if (name == kAllForms) return all;
+    for (const CFType form : field == "007" ? FormsOf007() : FormsOf006()) {
+        if (name == FormName(form) && (field == "006" || field == "007")) return form;
+    }
+    Refuse("no form of its field", name);
+}
+
+int PositionOf(std::string_view text) {
+    int position = 0;
+    const char* end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, position);
+    if (text.size() != 2 || read.ptr != end) Refuse("no position", text);
+    return position;
+}
+
+// Only positions that are those of an element can ever be found again.
+void CheckPositions(CFType form, int first, int last, std::string_view cell) {
+    if (form == zorby::CF006Unknown || form == zorby::CF007Unknown) {
+        if (first == 0 && last == 0) return;
+        Refuse("only position 00 is the same in all forms, not", cell);
+    }
+    for (const Element& element : ElementsOf(form)) {
+        if (element.first == first && element.last == last) return;
+    }
+    Refuse("no element has the positions", cell);
+}
+
+std::string WithBlanks(std::string_view code) {
+    std::string text(code);
+    std::replace(text.begin(), text.end(), '#', ' ');
+    return text;
+}
+
+std::string YearOf(std::string_view cell) {
+    const bool isYear =
+        cell.empty() || (cell.size() == 4 && cell.find_first_not_of("0123456789") == cell.npos);
+    if (!isYear) Refuse("no year", cell);
+    return std::string(cell);
+}
+
+std::string TextOf(std::string_view cell) {
+    if (cell.empty()) throw BadRow("no text");
+    for (std::string_view rest = cell; !rest.empty();) {
+        const Utf8Char c = DecodeUtf8(rest);
+        if (!c.valid) throw BadRow("the text is not UTF-8");
+        rest.remove_prefix(c.size);
+    }
+    return std::string(cell);
+}
+
+Standing StandingOf(std::string_view cell) {
+    if (cell == "current") return Standing::Current;
+    if (cell == "obsolete") return Standing::Obsolete;
+    if (cell == "local") return Standing::Local;
+    Refuse("no status", cell);
+}
+
+PublishedCode CodeOf(const Cells& cells) {
+    PublishedCode code;
+    if (cells[kCode].empty()) throw BadRow("no code");
+    code.code = WithBlanks(cells[kCode]);
+    code.standing = StandingOf(cells[kStatus]);
+    code.since = YearOf(cells[kSince]);
+    code.until = YearOf(cells[kUntil]);
+    if (code.standing != Standing::Obsolete && !(code.until.empty() && cells[kUse].empty())) {
+        throw BadRow("an end or a successor of a code that is not obsolete");
+    }
+    code.use = cells[kUse];
+    code.text = TextOf(cells[kText]);
+    return code;
+}
+
+}  // namespace
+
+const PublishedCode* PublishedElement::Find(std::string_view code) const {
+    const PublishedCode* found = nullptr;
+    for (const PublishedCode& candidate : codes) {
+        if (candidate.code != code) continue;
+        if (candidate.standing != Standing::Obsolete) return &candidate;
+        if (found == nullptr) found = &candidate;
+    }
+    return found;
+}
+
+CodeStatus::CodeStatus(const std::string& path) {
+    Input input(path);
+    std::string text;
+    for (std::string_view window = input.Peek(1); !window.empty(); window = input.Peek(1)) {
+        text += window;
+        input.Skip(window.size());
+    }
+    Add(text, path);
+    if (elements_.empty()) throw FileError(path + ": has no codes");
+}
+
+void CodeStatus::Add(std::string_view text, const std::string& name) {
+    std::size_t number = 0;
+    bool hasHeader = false;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        const std::string_view line = text.substr(0, end);
+        text.remove_prefix(std::min(end + 1, text.size()));
+        ++number;
+        if (line.empty() || line.front() == '#') continue;
+        try {
+            if (line == kHeader) {
+                hasHeader = true;
+            } else if (hasHeader) {
+                AddRow(line);
+            } else {
+                throw BadRow("the first row does not name the columns");
+            }
+        } catch (const BadRow& fault) {
+            throw FileError(name + ":" + std::to_string(number) + ": " + fault.what());
+        }
+    }
+}
+
+void CodeStatus::AddRow(std::string_view line) {
+    const Cells cells = CellsOf(line);
+    const CFType form = FormOf(cells[kField], cells[kForm]);
+    const std::string_view positions = cells[kPositions];
+    const bool isRange = positions.size() == 5 && positions[2] == '-';
+    const int first = PositionOf(isRange ? positions.substr(0, 2) : positions);
+    const int last = isRange ? PositionOf(positions.substr(3)) : first;
+    CheckPositions(form, first, last, positions);
+    PublishedElement& element = elements_[{form, first}];
+    const PublishedCode code = CodeOf(cells);
+    for (const PublishedCode& other : element.codes) {
+        if (other.code == code.code && other.standing == code.standing) {
+            Refuse("a second row for code", cells[kCode]);
+        }
+    }
+    element.name = cells[kElement];
+    element.first = first;
+    element.last = last;
+    element.codes.push_back(code);
+}
+
+const PublishedElement* CodeStatus::Find(CFType form, int first) const {
+    if (first == 0 && IsFormOf006(form)) form = zorby::CF006Unknown;
+    if (first == 0 && IsFormOf007(form)) form = zorby::CF007Unknown;
+    const auto found = elements_.find({form, first});
+    return found == elements_.end() ? nullptr : &found->second;
+}
+
+}  // namespace quillory

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <zorby/controlfields/CFType.h>
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quillory {
+
+enum class Standing {
+    Current,
+    Obsolete,
+    Local,  // in use, though the format has it not
+};
+
+// A code of the published format.
+struct PublishedCode {
+    std::string code;  // as in the record
+    Standing standing = Standing::Current;
+    std::string since;  // year in which it came, where known
+    std::string until;  // year in which an obsolete code was given up, where known
+    std::string use;    // the codes that took an obsolete code's place, with a blank between
+    std::string text;   // UTF-8
+};
+
+struct PublishedElement {
+    std::string name;
+    int first = 0;
+    int last = 0;
+    std::vector<PublishedCode> codes;
+
+    // A code in force before an obsolete one. Null if the format never had it.
+    const PublishedCode* Find(std::string_view code) const;
+};
+
+// What the format allows now and what it allowed once, in contrast to the library's lists, which
+// are those of their day. The rows are tab-separated, in the columns
+//   field form positions element code status since until use text
+// with "#" for a blank in codes; the status is current, obsolete or local. A line that begins with
+// "#" is a comment.
+class CodeStatus {
+public:
+    CodeStatus() = default;
+    // Throws FileError, which names the line, for a file that is missing or has a row that does
+    // not fit.
+    explicit CodeStatus(const std::string& path);
+
+    // Adds the rows of a source; its name is told in errors. Throws FileError.
+    void Add(std::string_view text, const std::string& name);
+
+    // What is published of the element that begins at this position of the form. Null if nothing.
+    const PublishedElement* Find(zorby::CFType form, int first) const;
+
+private:
+    void AddRow(std::string_view line);
+
+    // Position 0 is the same in all forms of a field and lies under CF006Unknown or CF007Unknown.
+    std::map<std::pair<zorby::CFType, int>, PublishedElement> elements_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,145 @@
+#include <quillory/coded/Decoder.h>
+#include <quillory/coded/FreeValues.h>
+#include <quillory/coded/Material.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+using namespace zorby;
+
+std::string Bytes(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " byte" : " bytes");
+}
+
+std::string PlaceIn(const DecodedField& field, std::size_t first, std::size_t end) {
+    return field.tag + "/" + PositionsText(static_cast<int>(first), static_cast<int>(end) - 1);
+}
+
+// What the field lacks, or has too much of.
+void AddEnd(std::size_t length, std::string_view content, DecodedField& field) {
+    if (content.size() == length) return;
+    DecodedElement end;
+    end.text = Bytes(content.size()) + ", the format has " + std::to_string(length);
+    if (content.size() < length) {
+        end.place = PlaceIn(field, content.size(), length);
+        end.name = "Missing";
+        end.state = ElementState::Missing;
+    } else {
+        end.place = PlaceIn(field, length, content.size());
+        end.name = "Beyond the format";
+        end.value = content.substr(length);
+        end.state = ElementState::Excess;
+    }
+    field.elements.push_back(end);
+}
+
+void AddUndecoded(std::size_t first, std::size_t end, std::string_view content, const char* reason,
+                  DecodedField& field) {
+    end = std::min(end, content.size());
+    if (first >= end) return;
+    field.elements.push_back({PlaceIn(field, first, end),
+                              "Not decoded",
+                              std::string(content.substr(first, end - first)),
+                              ElementState::Undecoded,
+                              {},
+                              reason});
+}
+
+}  // namespace
+
+std::vector<CodeMeaning> Decoder::CodesIn(const Element& element, std::string_view value) const {
+    const auto length = static_cast<std::size_t>(lists_.CodeLengthOf(element));
+    if (IsAll(value, ' ') || IsAll(value, kFill)) {
+        return {lists_.Find(element, value.substr(0, length))};
+    }
+    std::vector<CodeMeaning> codes;
+    for (std::size_t i = 0; i < value.size(); i += length) {
+        const std::string_view code = value.substr(i, length);
+        if (!IsAll(code, ' ')) codes.push_back(lists_.Find(element, code));
+    }
+    return codes;
+}
+
+void Decoder::AddElement(const Element& element, std::string_view content,
+                         DecodedField& field) const {
+    const auto first = static_cast<std::size_t>(element.first);
+    const std::string_view value = content.substr(first, static_cast<std::size_t>(element.Width()));
+    if (element.IsUndefined() && (IsAll(value, ' ') || IsAll(value, kFill))) return;
+    DecodedElement decoded;
+    decoded.place = PlaceOf(element, field.tag == "008");
+    decoded.name = element.name;
+    decoded.value = value;
+    const auto freeValue =
+        element.IsUndefined() ? std::nullopt : ReadFreeValue(element.parts.front(), value);
+    if (element.IsUndefined()) {
+        decoded.state = ElementState::Undefined;
+        const std::string& former = lists_.FormerNameOf(element);
+        if (!former.empty()) decoded.name = former;
+        if (!former.empty()) decoded.codes = CodesIn(element, value);
+    } else if (freeValue) {
+        decoded.state = freeValue->fits ? ElementState::Free : ElementState::Misfit;
+        decoded.text = freeValue->text;
+    } else {
+        decoded.codes = CodesIn(element, value);
+    }
+    field.elements.push_back(decoded);
+}
+
+void Decoder::AddElements(CFType form, int first, int last, std::string_view content,
+                          DecodedField& field) const {
+    for (const Element& element : ElementsOf(form)) {
+        const bool isWanted = first <= element.first && element.first <= last &&
+                              static_cast<std::size_t>(element.first) < content.size();
+        if (isWanted) AddElement(element, content, field);
+    }
+}
+
+DecodedField Decoder::WithForm(std::string tag, CFType form, std::string_view content) const {
+    DecodedField field{std::move(tag), form, {}};
+    const int length = LengthOfForm(form);
+    AddElements(form, 0, length, content, field);
+    AddEnd(static_cast<std::size_t>(length), content, field);
+    return field;
+}
+
+DecodedField Decoder::Leader(std::string_view leader) const {
+    return WithForm("leader", CFLdr, leader);
+}
+
+DecodedField Decoder::Field006(std::string_view content) const {
+    const CFType form = MaterialOf006(content);
+    if (form != CF006None) return WithForm("006", form, content);
+    DecodedField field{"006", form, {}};
+    AddUndecoded(0, content.size(), content, "no form of material has this first byte", field);
+    AddEnd(static_cast<std::size_t>(LengthOfForm(CF006Books)), content, field);
+    return field;
+}
+
+DecodedField Decoder::Field007(std::string_view content) const {
+    const CFType form = CategoryOf007(content);
+    if (form != CF007None) return WithForm("007", form, content);
+    DecodedField field{"007", form, {}};
+    AddUndecoded(0, content.size(), content, "no category of material has this first byte", field);
+    if (content.empty()) AddEnd(1, content, field);
+    return field;
+}
+
+DecodedField Decoder::Field008(std::string_view content, std::string_view leader) const {
+    const int length = LengthOfForm(CF008Standard);
+    DecodedField field{"008", MaterialOfLeader(leader), {}};
+    AddElements(CF008Standard, 0, kFirstMaterial008 - 1, content, field);
+    if (field.form == CF006None) {
+        AddUndecoded(kFirstMaterial008, kLastMaterial008 + 1, content,
+                     "no material has such a type of record in its leader", field);
+    } else if (content.size() > kFirstMaterial008) {
+        AddElements(field.form, 1, LengthOfForm(field.form), content.substr(kMaterialOffset008),
+                    field);
+    }
+    AddElements(CF008Standard, kLastMaterial008 + 1, length, content, field);
+    AddEnd(static_cast<std::size_t>(length), content, field);
+    return field;
+}
+
+}  // namespace quillory

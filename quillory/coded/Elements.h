@@ -1,0 +1,51 @@
+#pragma once
+
+#include <zorby/controlfields/CFPart.h>
+#include <zorby/controlfields/CFType.h>
+
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+// The bytes of one element of a form, under one or several code lists of the library.
+struct Element {
+    zorby::CFType form;
+    int first;  // positions in the Leader, 006, 007 or 008; a form of 006 counts as in 006
+    int last;
+    std::vector<zorby::CFPart> parts;  // one for each list; empty for undefined positions
+    std::string name;                  // published; "Undefined" for undefined positions
+
+    int Width() const { return last - first + 1; }
+    bool IsUndefined() const { return parts.empty(); }
+};
+
+// The elements of a form by position. Empty for a form that has none, or whose positions are
+// stored and never interpreted.
+const std::vector<Element>& ElementsOf(zorby::CFType form);
+
+// Form of item and microform SMD as one element, the library's own. Its form is CF006None, and it
+// has no positions of its own.
+const Element& CombinedFormOfItem();
+
+// The element with this number. Null for a number that is none.
+const Element* ElementOfPart(zorby::CFPart part);
+
+// Bytes of a field of this form: 24, 40, 18, or those of the 007.
+int LengthOfForm(zorby::CFType form);
+
+// 008/18-34 are positions 1 to 17 of a form of 006.
+constexpr int kMaterialOffset008 = 17;
+constexpr int kFirstMaterial008 = 18;
+constexpr int kLastMaterial008 = 34;
+
+bool IsFormOf006(zorby::CFType form);
+bool IsFormOf007(zorby::CFType form);
+
+// "18-21", "06".
+std::string PositionsText(int first, int last);
+// "008/18-21", "006/01-04", "leader/06". A form of 006 is told as a place of 008 if wanted, but
+// for its position 0, which 008 has not.
+std::string PlaceOf(const Element& element, bool in008);
+
+}  // namespace quillory

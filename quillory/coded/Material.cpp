@@ -1,0 +1,118 @@
+#include <quillory/coded/Material.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace quillory {
+namespace {
+
+using namespace zorby;
+
+struct Form {
+    CFType type;
+    std::string_view name;
+    std::string_view letters;
+};
+
+constexpr Form kForms[] = {
+    {CFLdr, "all", ""},
+    {CF008Standard, "all", ""},
+    {CF006Books, "books", "at"},
+    {CF006ComputerFile, "computer files", "m"},
+    {CF006Map, "maps", "ef"},
+    {CF006MusicSound, "music", "cdij"},
+    {CF006Continuing, "continuing resources", "s"},
+    {CF006Visual, "visual materials", "gkor"},
+    {CF006Mixed, "mixed materials", "p"},
+    {CF007Map, "map", "a"},
+    {CF007Electronic, "electronic resource", "c"},
+    {CF007Globe, "globe", "d"},
+    {CF007Tactile, "tactile material", "f"},
+    {CF007Projected, "projected graphic", "g"},
+    {CF007Microform, "microform", "h"},
+    {CF007Nonprojected, "nonprojected graphic", "k"},
+    {CF007MotionPicture, "motion picture", "m"},
+    {CF007Kit, "kit", "o"},
+    {CF007NotatedMusic, "notated music", "q"},
+    {CF007RemoteSensing, "remote-sensing image", "r"},
+    {CF007Sound, "sound recording", "s"},
+    {CF007Text, "text", "t"},
+    {CF007Video, "videorecording", "v"},
+    {CF007Unspecified, "unspecified", "z"},
+};
+
+constexpr std::size_t kTypeOfRecord = 6;
+constexpr std::size_t kBibliographicLevel = 7;
+constexpr std::string_view kContinuingLevels = "bis";
+// Archival and manuscripts control, until 1995: mixed materials since.
+constexpr char kArchivalType = 'b';
+
+bool Is006(CFType type) {
+    return CF006None < type && type < CF007None;
+}
+
+const Form* FindForm(CFType type) {
+    const auto* form = std::find_if(std::begin(kForms), std::end(kForms),
+                                    [type](const Form& f) { return f.type == type; });
+    return form == std::end(kForms) ? nullptr : form;
+}
+
+CFType FormOfLetter(std::string_view field, bool of006, CFType none) {
+    if (field.empty()) return none;
+    for (const Form& form : kForms) {
+        const bool isCandidate = of006 ? Is006(form.type) : form.type > CF007None;
+        if (isCandidate && form.letters.find(field.front()) != form.letters.npos) return form.type;
+    }
+    return none;
+}
+
+std::vector<CFType> FormsBetween(CFType first, CFType last) {
+    std::vector<CFType> forms;
+    for (const Form& form : kForms) {
+        if (first <= form.type && form.type <= last) forms.push_back(form.type);
+    }
+    return forms;
+}
+
+}  // namespace
+
+CFType MaterialOfLeader(std::string_view leader) {
+    if (leader.size() <= kBibliographicLevel) return CF006None;
+    if (leader[kTypeOfRecord] == kArchivalType) return CF006Mixed;
+    // In the Leader no type is a serial's: that is told by the level.
+    const CFType form = FormOfLetter(leader.substr(kTypeOfRecord, 1), true, CF006None);
+    if (form == CF006Continuing) return CF006None;
+    const bool isContinuing =
+        kContinuingLevels.find(leader[kBibliographicLevel]) != kContinuingLevels.npos;
+    return form == CF006Books && isContinuing ? CF006Continuing : form;
+}
+
+CFType MaterialOf006(std::string_view field006) {
+    return FormOfLetter(field006, true, CF006None);
+}
+
+CFType CategoryOf007(std::string_view field007) {
+    return FormOfLetter(field007, false, CF007None);
+}
+
+const std::vector<CFType>& FormsOf006() {
+    static const std::vector<CFType> forms = FormsBetween(CF006Books, CF006Visual);
+    return forms;
+}
+
+const std::vector<CFType>& FormsOf007() {
+    static const std::vector<CFType> forms = FormsBetween(CF007Map, CF007Kit);
+    return forms;
+}
+
+std::string_view FormName(CFType form) {
+    const Form* found = FindForm(form);
+    return found == nullptr ? "" : found->name;
+}
+
+std::string_view FormLetters(CFType form) {
+    const Form* found = FindForm(form);
+    return found == nullptr ? "" : found->letters;
+}
+
+}  // namespace quillory
