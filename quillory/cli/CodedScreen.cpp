@@ -94,8 +94,9 @@ void AppendDecoded(const DecodedField& field, std::size_t indent, const ScreenOp
     const std::vector<Row> rows = RowsOf(field);
     // A field 008 does not say itself by which material it is read.
     const bool hasMaterial = field.tag == "008" && !FormName(field.form).empty();
-    if (hasMaterial)
+    if (hasMaterial) {
         text += std::string(indent, ' ') + "(" + std::string(FormName(field.form)) + ")\n";
+    }
     const std::size_t positions = Widest(rows, &Row::positions, std::string::npos);
     const std::size_t names = Widest(rows, &Row::name, std::string::npos);
     const std::size_t values = Widest(rows, &Row::value, kWidestValue);

@@ -27,7 +27,7 @@ std::string CodeLine(const Document& code) {
 
 std::string Capacity(const Document& element) {
     const int width = element.at("width").get<int>();
-    const std::string size = std::to_string(width) + (width == 1 ? " character" : " characters");
+    std::string size = std::to_string(width) + (width == 1 ? " character" : " characters");
     if (!element.contains("code_length")) return size;
     const int count = width / std::max(element.at("code_length").get<int>(), 1);
     return count > 1 ? "up to " + std::to_string(count) + " codes" : size;

@@ -11,8 +11,8 @@ enum Status { kStatusWell = 0, kStatusFaults = 1, kStatusFailed = 2 };
 // The kind of data file that goes by this name. Throws quillory::FileError for any other.
 Kind KindOfName(const std::string& path);
 
-// The first two tell faults on standard error. They throw quillory::FileError, and CArchiveException for a
-// damaged data file.
+// The first two tell faults on standard error. They throw quillory::FileError, and
+// CArchiveException for a damaged data file.
 
 // Compiles sources into a data file, which is written only if they have no faults.
 Status CompileFiles(Kind kind, const std::vector<std::string>& sources, const std::string& output);
