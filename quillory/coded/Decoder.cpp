@@ -112,8 +112,9 @@ DecodedField Decoder::Field006(std::string_view content) const {
     const CFType form = MaterialOf006(content);
     if (form != CF006None) return WithForm("006", form, content);
     DecodedField field{"006", form, {}};
-    AddUndecoded(0, content.size(), content, "no form of material has this first byte", field);
-    AddEnd(static_cast<std::size_t>(LengthOfForm(CF006Books)), content, field);
+    const auto length = static_cast<std::size_t>(LengthOfForm(CF006Books));
+    AddUndecoded(0, length, content, "no form of material has this first byte", field);
+    AddEnd(length, content, field);
     return field;
 }
 

@@ -5,6 +5,7 @@
 
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillory {
@@ -134,12 +135,15 @@ TEST(Decoder, NamesWhatIsMissingOrTooMuch) {
     EXPECT_EQ(Said(Decoded("006", "a"), "006/01-17"), "missing 1 byte, the format has 18");
 }
 
-// Every byte of a field is told of, but blanks and fill characters in undefined positions.
+// Every byte of a field is told of once, but blanks and fill characters in undefined positions.
 void ExpectAllTold(const DecodedField& field, const std::string& content) {
     std::string untold = content;
+    std::size_t end = 0;
     for (const DecodedElement& element : field.elements) {
         const auto first =
             static_cast<std::size_t>(std::stoi(element.place.substr(element.place.find('/') + 1)));
+        EXPECT_GE(first, end) << element.place << " is told twice";
+        end = first + element.value.size();
         if (element.state == ElementState::Missing) {
             EXPECT_EQ(first, content.size());
             continue;
@@ -152,7 +156,8 @@ void ExpectAllTold(const DecodedField& field, const std::string& content) {
 
 TEST(Decoder, TakesAnyLengthAndAnyBytes) {
     std::mt19937 random(7);
-    const std::string likely = " |#0123456789abcdefghijklmnopqrstuvwxyz-u\0\037\377";
+    using namespace std::string_view_literals;
+    const std::string_view likely = " |#0123456789abcdefghijklmnopqrstuvwxyz-u\0\037\377"sv;
     const std::vector<std::string> tags = {"leader", "006", "007", "008"};
     const std::string types = "acdefgijkmoprtbz ";
     for (std::size_t round = 0; round < 40; ++round) {
