@@ -89,8 +89,9 @@ TEST(OffsetTables, TablesCoverTheirFormsWithoutAGap) {
         const int end = type >= CF006None && type < CF007None ? 17 : ends.at(type);
         std::vector<bool> covered(static_cast<std::size_t>(end) + 1);
         for (const tagCFOFFSETENTRY& row : Rows(type)) {
-            for (int i = row.first; i <= row.last; ++i)
+            for (int i = row.first; i <= row.last; ++i) {
                 covered.at(static_cast<std::size_t>(i)) = true;
+            }
         }
         EXPECT_EQ(covered, std::vector<bool>(covered.size(), true));
     }
