@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""zorby-data: sources to data files and back, faults, and the dictionaries that the tree ships.
+"""zorby-data: sources to data files and back, faults, and the data files that the tree ships.
 
 usage: zorby_data_test.py ZORBY_DATA BUILT_DATA_FOLDER SAMPLES_FOLDER
 """
@@ -287,7 +287,7 @@ class DataFiles(InFolder):
         self.assert_round_trip("holdings", (BUILT / "zorby.hld").read_bytes())
 
     def test_truncated(self):
-        for name in ("MARCBibl.tfm", "zorby.hld"):
+        for name in ("MARCBibl.tfm", "zorby.hld", "zorby.ttm"):
             whole = (BUILT / name).read_bytes()
             for size in {0, 1, 3, 50, len(whole) // 2, len(whole) - 1}:
                 with self.subTest(name=name, size=size):
@@ -334,6 +334,172 @@ class DataFiles(InFolder):
         self.assertEqual([line.split(": ")[0] for line in run.err.splitlines()],
                          [f"standard output:{place}" for place in ("3:7", "7:3", "7:7")])
         self.assertEqual(run.out.decode(), (rows(HOLDINGS, "type", ["A", "8", "0", "2"]) * 2)[:-1])
+
+
+WORKFORM = """\
+name = "Book (not atlas or songbook)"
+id = 1
+base = ""
+material = "Book"
+form-006 = "Books"
+form-007 = "None"
+leader = "00000nam##2200000#i#4500"
+field-008 = "000000s########xx############000#u#und#d"
+field-007 = ""
+additional-006 = ""
+
+[[field]]
+tag = "245"
+indicators = "1_"
+subfields = ["a", ["b", "\u00e9"]]
+prompt = ""
+priority = 1
+subfield-priority = "a"
+
+[[field]]
+tag = "246"
+indicators = "3_"
+subfields = ["a"]
+
+[[help]]
+tag = "246"
+code = "a"
+examples = '''
+1 "\\
+2'''
+
+[[help]]
+tag = "245"
+code = "a"
+rules = "R"
+reminders = "M"
+examples = "E"
+
+[[indicator]]
+tag = "246"
+which = 2
+default = "1"
+name = "N"
+
+[[indicator]]
+tag = "245"
+which = 1
+explanation = "X"
+
+[[additional]]
+material = "Map"
+form-006 = "Map"
+form-007 = "Globe"
+field-006 = "f############ab###"
+field-007 = "da#ca#"
+"""
+STORED_WORKFORM = b"".join([
+    text(b"Book (not atlas or songbook)"), int32(1), text(b""), int32(1), b"\2", text(b""),
+    text(b"00000nam  2200000 i 4500"), text(b" " * 32),
+    text(b"000000s        xx            000 u und d"), text(b" " * 12 + b"000 u "),
+    text(b""), int32(0, 40, 602, 700),
+    counted(int32(245) + text(b"")),
+    counted(text(b"R") + int32(245) + b"a"),
+    counted(text(b"M") + int32(245) + b"a"),
+    counted(text(b'1 "\\\n2') + int32(246) + b"a", text(b"E") + int32(245) + b"a"),
+    counted(int32(245, 1) + text(b"X")),
+    counted(int32(246, 2) + text(b"N")),
+    counted(int32(246) + b"\0" + b"1"),
+    counted(int32(245, 1)),
+    counted(int32(245) + text(b"a") + int32(1)),
+    counted(int32(245) + b"1_a" + text(b""), int32(0) + b"\0\0b" + text(b"\xe6"),
+            int32(246) + b"3_a" + text(b"")),
+    b"\1" + counted(),
+    b"\1" + counted(b"\1f            ab   " + int32(6) + b"da ca " + int32(7, 604, 704)),
+])
+
+
+class Workforms(InFolder):
+    def compile_files(self, *sources):
+        out = self.folder / "compiled.ttm"
+        out.unlink(missing_ok=True)
+        paths = [self.write(f"{place}.toml", source) for place, source in enumerate(sources, 1)]
+        return paths, out, Run("compile", "workforms", *paths, "-o", out)
+
+    def assert_dumps(self, data, count):
+        sources = self.folder / "new" / "sources"
+        run = Run("dump", self.write("data.ttm", data), "-o", sources)
+        self.assertEqual((run.status, run.out, run.err), (WELL, b"", ""))
+        files = sorted(sources.iterdir())
+        self.assertEqual(len(files), count)
+        run = Run("compile", "workforms", *files, "-o", "-")
+        self.assertEqual((run.status, run.out), (WELL, data))
+
+    def test_every_key(self):
+        second = WORKFORM.replace('(not atlas or songbook)"\nid = 1', '2"\nid = 99').replace(
+            'base = ""', 'base = "Book (not atlas or songbook)"')
+        _, out, run = self.compile_files(WORKFORM, second)
+        self.assertEqual((run.status, run.err), (WELL, ""))
+        self.assertEqual(out.read_bytes()[:4 + len(STORED_WORKFORM)],
+                         int32(2) + STORED_WORKFORM)
+        self.assert_dumps(out.read_bytes(), 2)
+
+    def test_shipped(self):
+        data = (BUILT / "zorby.ttm").read_bytes()
+        self.assert_dumps(data, struct.unpack("<i", data[:4])[0])
+
+    def test_faults(self):
+        for old, new, *places in [
+                ('id = 1', 'id = 100', "2:6 from 1 to 99"),
+                ('id = 1', 'id = ', "2:6 "),
+                ('base = ""', 'base = "None"', "3:8 stands before"),
+                ('"Book"\n', '"Bok"\n', "4:12 none of this name"),
+                ('form-007 = "None"', 'form-007 = "Books"', "6:12 none of this name"),
+                ('i#4500', 'i#450', "7:10 23 characters, not 24"),
+                ('field-007 = ""', 'field-007 = "h"', "9:13 1 characters, not 0"),
+                ('"245"', '"24a"', "13:7 isn't a tag"),
+                ('"1_"', '"1"', "14:14 1 characters"),
+                ('["b", "\u00e9"]', '["b"], "cd", 1', "15:19 code and a text",
+                 "15:26 one character", "15:32 isn't a text"),
+                ('"\u00e9"', '"\u4e2d"', "15:25 U+4E2D"),
+                ('tag = "246"\n', 'tag = "245"\nprompt = "a"\n', "22:10 first field"),
+                ('rules = "R"', 'rule = "R"', "35:8 isn't a key"),
+                ('tag = "245"\ncode', 'tag = "246"\ncode', "33:7 the same as in"),
+                ('which = 2', 'which = 3', "41:9 from 1 to 2"),
+                ('code = "a"\n', "", "25:1 there is no code"),
+                ('form-006 = "Map"\n', '', "50:1 there is no form-006"),
+                ('id = 1\nbase = ""\n', '', "1:1 there is no id, base"),
+                ('(not atlas or songbook)', '2', "1:1 there is no workform"),
+                (WORKFORM, 'name = 1', "1:1 there is no id, base, material", "1:8 isn't a text"),
+        ]:
+            with self.subTest(new=new):
+                [path], out, run = self.compile_files(WORKFORM.replace(old, new, 1))
+                lines = run.err.splitlines()
+                self.assertEqual((run.status, len(lines)), (FAULTS, len(places)), run.err)
+                for line, expected in zip(lines, places):
+                    place, words = expected.split(" ", 1)
+                    self.assertTrue(line.startswith(f"{path}:{place}: "), (line, expected))
+                    self.assertIn(words, line)
+                self.assertFalse(out.exists())
+
+    def test_faults_of_all_sources(self):
+        paths, _, run = self.compile_files("id =", WORKFORM, WORKFORM.replace('"E"', "1"))
+        self.assertEqual([line.split(": ")[0] for line in run.err.splitlines()],
+                         [f"{paths[0]}:1:5", f"{paths[2]}:1:8", f"{paths[2]}:2:6",
+                          f"{paths[2]}:37:12"])
+
+    def test_what_no_source_gives(self):
+        data = int32(1) + STORED_WORKFORM
+        priority = int32(245) + text(b"a")
+        for old, new, words in [
+                (data, counted(), "there are no workforms"),
+                (priority + int32(1), priority + int32(2), "offset "),
+                (int32(0, 40, 602, 700), int32(0, 40, 602, 1), "workform 1: no name for form-007"),
+                (counted(text(b"R") + int32(245) + b"a"), counted(
+                    *[text(b"R") + int32(tag) + b"a" for tag in (245, 246)]), "different orders"),
+        ]:
+            with self.subTest(words=words):
+                path = self.write("data.ttm", data.replace(old, new, 1))
+                run = Run("dump", path, "-o", self.folder / "sources")
+                self.assertEqual(run.status, FAULTS, run.err)
+                self.assertIn(words, run.err)
+                self.assert_untouched([path])
+        self.assertEqual(Run("dump", BUILT / "zorby.ttm").status, FAILED)
 
 
 def rows_of(source):

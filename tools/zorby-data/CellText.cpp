@@ -97,6 +97,15 @@ std::string Readable(std::string_view text) {
     return cell;
 }
 
+// Takes each line and each line end by itself: the code has no sign for the latter.
+void ForEachLine(std::string_view text, const auto& take) {
+    while (!text.empty()) {
+        const std::size_t size = std::max<std::size_t>(1, std::min(text.find('\n'), text.size()));
+        take(text.substr(0, size));
+        text.remove_prefix(size);
+    }
+}
+
 std::string ByteForByte(std::string_view text) {
     std::string cell;
     for (const char byte : text) {
@@ -120,6 +129,30 @@ CellText DecodeCell(std::string_view cell) {
         cell.remove_prefix(taken);
     }
     return decoded;
+}
+
+CellText DecodeText(std::string_view utf8) {
+    CellText decoded;
+    ForEachLine(utf8, [&](std::string_view line) {
+        if (line == "\n") {
+            decoded.text += line;
+        } else if (decoded.fault.empty()) {
+            AppendPlain(line, decoded);
+        }
+    });
+    return decoded;
+}
+
+std::string EncodeText(std::string_view text) {
+    std::string utf8;
+    ForEachLine(text, [&](std::string_view line) {
+        if (line == "\n") {
+            utf8 += line;
+        } else {
+            Code().AppendUtf8(line, utf8);
+        }
+    });
+    return utf8;
 }
 
 // Some texts have no certain form in Unicode, such as a letter with two diacritics.

@@ -13,7 +13,11 @@ struct CellText {
 };
 
 CellText DecodeCell(std::string_view cell);
+// Lines of plain UTF-8, without escapes.
+CellText DecodeText(std::string_view utf8);
 // A cell that gives the text back byte for byte.
 std::string EncodeCell(std::string_view text);
+// Lines that give the text back where it has a certain form in Unicode.
+std::string EncodeText(std::string_view text);
 
 }  // namespace datatool

@@ -6,18 +6,21 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 
 #include <tools/zorby-data/Commands.h>
 #include <tools/zorby-data/Dump.h>
 #include <tools/zorby-data/FormatCompiler.h>
 #include <tools/zorby-data/HoldingsCompiler.h>
+#include <tools/zorby-data/WorkformCompiler.h>
 
 namespace datatool {
 namespace {
 
 std::unique_ptr<Compiler> MakeCompiler(Kind kind, Faults& faults) {
     if (kind == kKindFormat) return std::make_unique<FormatCompiler>(faults);
+    if (kind == kKindWorkforms) return std::make_unique<WorkformCompiler>(faults);
     return std::make_unique<HoldingsCompiler>(faults);
 }
 
@@ -56,11 +59,33 @@ void Load(const std::string& path, std::string_view bytes, zorby::CObject& dicti
     }
 }
 
-std::string Dumped(Kind kind, const std::string& path, std::string_view bytes) {
+std::vector<Source> Dumped(Kind kind, const std::string& path, std::string_view bytes) {
     Faults none({});
     const auto compiler = MakeCompiler(kind, none);
     Load(path, bytes, compiler->Dictionary());
-    return compiler->Dump();
+    return compiler->Sources();
+}
+
+std::vector<std::string> PathsOf(const std::vector<Source>& sources, const std::string& output) {
+    std::vector<std::string> paths;
+    paths.reserve(sources.size());
+    for (const Source& source : sources) {
+        paths.push_back(source.name.empty() ? output : output + '/' + source.name);
+    }
+    return paths;
+}
+
+std::vector<std::string> TextsOf(const std::vector<Source>& sources) {
+    std::vector<std::string> texts;
+    texts.reserve(sources.size());
+    for (const Source& source : sources) texts.push_back(source.text);
+    return texts;
+}
+
+void MakeFolder(const std::string& path) {
+    std::error_code error;
+    std::filesystem::create_directories(path, error);
+    if (error) throw quillory::FileError(path + ": " + error.message());
 }
 
 // Only what a source gives back is worth writing.
@@ -76,7 +101,8 @@ void CheckSame(std::string_view bytes, std::string_view again) {
 Kind KindOfName(const std::string& path) {
     if (path.ends_with(".tfm")) return kKindFormat;
     if (path.ends_with(".hld")) return kKindHoldings;
-    throw quillory::FileError(path + ": not named .tfm or .hld: say --kind format or holdings");
+    if (path.ends_with(".ttm")) return kKindWorkforms;
+    throw quillory::FileError(path + ": not named .tfm, .hld or .ttm: say what it is by --kind");
 }
 
 Status CompileFiles(Kind kind, const std::vector<std::string>& sources, const std::string& output) {
@@ -85,25 +111,29 @@ Status CompileFiles(Kind kind, const std::vector<std::string>& sources, const st
     for (const std::string& source : sources) texts.push_back(ReadWhole(source, output));
     Faults faults(sources);
     const auto compiler = MakeCompiler(kind, faults);
-    Compile(*compiler, texts, faults);
+    compiler->Compile(texts);
     if (faults.Empty()) WriteWhole(output, Stored(compiler->Dictionary()));
     return Tell(faults);
 }
 
 Status DumpFile(Kind kind, const std::string& path, const std::string& output) {
+    const bool isFolder = kind == kKindWorkforms;
+    if (isFolder && output == "-") throw quillory::FileError("name a folder for workforms by -o");
     const std::string bytes = ReadWhole(path, output);
-    Faults faults({output == "-" ? "standard output" : output});
     try {
-        const std::string source = Dumped(kind, path, bytes);
+        const std::vector<Source> sources = Dumped(kind, path, bytes);
+        const std::vector<std::string> paths = PathsOf(sources, output);
+        Faults faults(output == "-" ? std::vector<std::string>{"standard output"} : paths);
         const auto compiler = MakeCompiler(kind, faults);
-        Compile(*compiler, {source}, faults);
+        compiler->Compile(TextsOf(sources));
         CheckSame(bytes, Stored(compiler->Dictionary()));
-        WriteWhole(output, source);
+        if (isFolder) MakeFolder(output);
+        for (std::size_t at = 0; at < paths.size(); ++at) WriteWhole(paths[at], sources[at].text);
+        return Tell(faults);
     } catch (const NoSource& reason) {
         std::fprintf(stderr, "%s: %s\n", path.c_str(), reason.what());
         return kStatusFaults;
     }
-    return Tell(faults);
 }
 
 Status JoinCodes(const std::vector<std::string>& sources, const std::string& output) {

@@ -5,13 +5,13 @@
 
 namespace datatool {
 
-void Compile(Compiler& compiler, const std::vector<std::string>& sources, Faults& faults) {
-    SourceReader reader(compiler.Takers(), faults);
+void TableCompiler::Compile(const std::vector<std::string>& sources) {
+    SourceReader reader(Takers(), faults_);
     for (std::size_t file = 0; file < sources.size(); ++file) {
-        compiler.BeginFile();
+        BeginFile();
         reader.Read(file, sources[file]);
     }
-    if (reader.TookAllSections()) compiler.CheckReferences();
+    if (reader.TookAllSections()) CheckReferences();
 }
 
 std::string Stored(zorby::CObject& dictionary) {

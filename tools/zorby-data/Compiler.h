@@ -6,22 +6,42 @@
 #include <string>
 #include <vector>
 
+#include <tools/zorby-data/Dump.h>
 #include <tools/zorby-data/Faults.h>
 #include <tools/zorby-data/SourceReader.h>
 
 namespace datatool {
 
-// A dictionary of one kind of data file: built from the rows of its sources, or loaded and told as
-// a source again.
+// A dictionary of one kind of data file: built from its sources, or loaded and told as sources
+// again.
 class Compiler {
 public:
+    // What is wrong with the sources is added to `faults`, which has to stay.
+    explicit Compiler(Faults& faults) : faults_(faults) {}
     virtual ~Compiler() = default;
+    // The texts of the sources, in the order of the numbers by which the faults know them.
+    virtual void Compile(const std::vector<std::string>& sources) = 0;
+    virtual zorby::CObject& Dictionary() = 0;
+    // Throws NoSource.
+    virtual std::vector<Source> Sources() const = 0;
+
+protected:
+    Faults& faults_;
+};
+
+// One whose sources are tables of sections and rows; all of it goes into one source.
+class TableCompiler : public Compiler {
+public:
+    using Compiler::Compiler;
+
+    void Compile(const std::vector<std::string>& sources) override;
+    std::vector<Source> Sources() const override { return {{"", Dump()}}; }
+
+private:
     virtual std::vector<SectionTaker> Takers() = 0;
     virtual void BeginFile() {}
     // Adds faults between rows, once all sources are read.
     virtual void CheckReferences() {}
-    virtual zorby::CObject& Dictionary() = 0;
-    // The dictionary as the text of one source. Throws NoSource.
     virtual std::string Dump() const = 0;
 };
 
@@ -38,9 +58,6 @@ public:
 private:
     std::map<Key, Place> places_;
 };
-
-// The texts of the sources, in the order of the numbers by which the faults know them.
-void Compile(Compiler& compiler, const std::vector<std::string>& sources, Faults& faults);
 
 // The bytes of the data file.
 std::string Stored(zorby::CObject& dictionary);

@@ -2,9 +2,11 @@
 
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
+#include <zorby/workforms/TemplateList.h>
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 namespace datatool {
 
@@ -14,8 +16,16 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// The text of a source, and the name of its file where a dictionary makes several.
+struct Source {
+    std::string name;
+    std::string text;
+};
+
 // The dictionary as the text of one source. Throws NoSource.
 std::string DumpFormat(const zorby::CMARCFormat& format);
 std::string DumpHoldings(const zorby::CInfoAboutHoldingsTypeList& types);
+// A source for each workform. Throws NoSource.
+std::vector<Source> DumpWorkforms(const zorby::CTemplateList& workforms);
 
 }  // namespace datatool

@@ -11,16 +11,17 @@
 namespace datatool {
 
 // The dictionary of the MARC 21 format.
-class FormatCompiler : public Compiler {
+class FormatCompiler : public TableCompiler {
 public:
-    explicit FormatCompiler(Faults& faults) : faults_(faults) {}
+    using TableCompiler::TableCompiler;
 
-    std::vector<SectionTaker> Takers() override;
-    void CheckReferences() override;
     zorby::CObject& Dictionary() override { return format_; }
-    std::string Dump() const override { return DumpFormat(format_); }
 
 private:
+    std::vector<SectionTaker> Takers() override;
+    void CheckReferences() override;
+    std::string Dump() const override { return DumpFormat(format_); }
+
     // Of a row, in the order of the dictionary's fields.
     struct FieldPlaces {
         Place first;
@@ -42,7 +43,6 @@ private:
     unsigned TagOfField(Row& row);
     void CheckDefault(int field, int which, const Place& place);
 
-    Faults& faults_;
     zorby::CMARCFormat format_;
     std::vector<FieldPlaces> fieldPlaces_;
     std::vector<Reference> references_;

@@ -11,22 +11,22 @@ namespace datatool {
 
 // The dictionary of holdings systems. The rows behind that of a type, in the same source, are its
 // own.
-class HoldingsCompiler : public Compiler {
+class HoldingsCompiler : public TableCompiler {
 public:
-    explicit HoldingsCompiler(Faults& faults) : faults_(faults) {}
+    using TableCompiler::TableCompiler;
 
-    std::vector<SectionTaker> Takers() override;
-    void BeginFile() override { type_ = nullptr; }
     zorby::CObject& Dictionary() override { return types_; }
-    std::string Dump() const override { return DumpHoldings(types_); }
 
 private:
+    std::vector<SectionTaker> Takers() override;
+    void BeginFile() override { type_ = nullptr; }
+    std::string Dump() const override { return DumpHoldings(types_); }
+
     void TakeType(Row& row);
     void TakeFormerName(Row& row);
     void TakeElement(Row& row);
     bool HasType(const Row& row);
 
-    Faults& faults_;
     zorby::CInfoAboutHoldingsTypeList types_;
     zorby::CInfoAboutHoldingsType* type_ = nullptr;
     Keys<std::int32_t> numbers_;

@@ -15,7 +15,8 @@ using namespace datatool;
 
 using Run = std::function<Status()>;
 
-const std::map<std::string, Kind> kKinds{{"format", kKindFormat}, {"holdings", kKindHoldings}};
+const std::map<std::string, Kind> kKinds{
+    {"format", kKindFormat}, {"holdings", kKindHoldings}, {"workforms", kKindWorkforms}};
 
 struct Options {
     std::string kind;
@@ -28,7 +29,7 @@ CLI::Option* AddKind(CLI::App& command, const std::string& name, Options& option
                      const std::string& text) {
     return command.add_option(name, options.kind, text)
         ->check(CLI::IsMember(kKinds).description(""))
-        ->option_text("format|holdings");
+        ->option_text("format|holdings|workforms");
 }
 
 void AddCompile(CLI::App& program, Options& options, Run& run) {
@@ -48,7 +49,9 @@ void AddDump(CLI::App& program, Options& options, Run& run) {
     CLI::App* command = program.add_subcommand("dump", "Write a data file as a source");
     command->add_option("FILE", options.file, "The data file")->required();
     AddKind(*command, "--kind", options, "What the file holds; told by its name if not given");
-    command->add_option("-o,--output", options.output, "The source; standard output if not given");
+    command->add_option(
+        "-o,--output", options.output,
+        "The source, standard output if not given; for workforms the folder of their sources");
     command->callback([&] {
         run = [&] {
             const Kind kind =
@@ -67,7 +70,7 @@ void AddJoinCodes(CLI::App& program, Options& options, Run& run) {
 }
 
 int RunProgram(int argc, char** argv) {
-    CLI::App program("zorby-data: compile and dump the dictionaries of the library", "zorby-data");
+    CLI::App program("zorby-data: compile and dump the data files of the library", "zorby-data");
     program.set_version_flag("--version", "zorby-data " ZORBY_DATA_VERSION);
     program.require_subcommand(1);
     Options options;

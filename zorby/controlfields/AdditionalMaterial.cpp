@@ -113,6 +113,11 @@ void CCFAdditionalMaterial::GetAll(std::string& field006, std::string& field007)
     field007 = Field007();
 }
 
+void CCFAdditionalMaterial::Set006Complete(std::string_view field006) {
+    field006_.fill(detail::kBlank);
+    field006.copy(field006_.data(), k006Size);
+}
+
 void CCFAdditionalMaterial::Set007Complete(std::string_view field007) {
     field007 = detail::UpToZero(field007);
     const std::size_t length = field007.copy(field007_.data(), k007Size);

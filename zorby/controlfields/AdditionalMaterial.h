@@ -48,6 +48,8 @@ public:
     CFType Get007Type() const { return type007_; }
     // The 006 has 18 bytes.
     void GetAll(std::string& field006, std::string& field007) const;
+    // Replaces the 006, position 0 included; it is cut at 18 bytes, and what it lacks is blank.
+    void Set006Complete(std::string_view field006);
     // Replaces the 007 and its length but not its type; cut at 23 bytes. What lies beyond its
     // length stays readable by element.
     void Set007Complete(std::string_view field007);

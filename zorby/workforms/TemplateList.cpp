@@ -16,7 +16,6 @@ const CRuntimeClass CTemplateList::kRuntimeClass = RuntimeClassOf<CTemplateList>
 
 namespace {
 
-constexpr const char* kFallbackName = "Book (not atlas or songbook)";
 constexpr const char* kMapSection = "Zorby Template Map";
 
 std::unique_ptr<CTemplateList> theList;
@@ -45,8 +44,8 @@ bool Uses007Type(const CTemplate& workform, CFType type007) {
 }
 
 void ShowNoFallback(const std::string& path) {
-    const std::string text =
-        "File \"" + path + "\" holds no workform \"" + kFallbackName + "\".  Can't start program.";
+    const std::string text = "File \"" + path + "\" holds no workform \"" +
+                             CTemplateList::kFallbackName + "\".  Can't start program.";
     CurrentMessagePort().ShowMessage(text, CGeneral::GetApplicationName(), MessageIcon::kError);
 }
 
@@ -69,6 +68,11 @@ CTemplate* GetUserTemplate(int id) {
 
 void CTemplateList::Serialize(CArchive& archive) {
     SerializeList(archive, templates_);
+}
+
+const CTemplate* CTemplateList::GetAt(int index) const {
+    return 0 <= index && index < GetSize() ? templates_[static_cast<std::size_t>(index)].get()
+                                           : nullptr;
 }
 
 int CTemplateList::InitializeTemplateList(std::string_view folder) {

@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace zorby {
@@ -23,6 +24,14 @@ public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
     void Serialize(CArchive& archive) override;
+
+    // The workform that stands in for any other.
+    static constexpr const char* kFallbackName = "Book (not atlas or songbook)";
+
+    // For building a list that Serialize then stores. GetAt gives null outside the list.
+    void Add(std::unique_ptr<CTemplate> workform) { templates_.push_back(std::move(workform)); }
+    int GetSize() const { return static_cast<int>(templates_.size()); }
+    const CTemplate* GetAt(int index) const;
 
     // Puts the list of the file `folder` + "zorby.ttm" in force and gives 1. If the file can't be
     // opened, or holds no workform "Book (not atlas or songbook)", tells the user and gives 0; a

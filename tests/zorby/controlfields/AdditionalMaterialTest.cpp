@@ -79,6 +79,18 @@ TEST(AdditionalMaterial, CombinedFormOfItem) {
     EXPECT_EQ(Read(map, CFP007MicroformCategory), " ");
 }
 
+TEST(AdditionalMaterial, Whole006) {
+    CCFAdditionalMaterial book = Make();
+    std::string field006;
+    std::string field007;
+    for (const auto& [given, held] : {std::pair{"tz", "tz                "},
+                                      std::pair{"0123456789abcdefgh?", "0123456789abcdefgh"}}) {
+        book.Set006Complete(given);
+        book.GetAll(field006, field007);
+        EXPECT_EQ(field006, held);
+    }
+}
+
 TEST(AdditionalMaterial, SizeAndRecord) {
     CCFAdditionalMaterial book = Make();
     book.Set007Complete(std::string(14, 'x'));
