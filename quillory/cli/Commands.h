@@ -17,6 +17,7 @@ using Run = std::function<Status()>;
 void AddCodes(CLI::App& program, Run& run);
 void AddConvert(CLI::App& program, Run& run);
 void AddDescribe(CLI::App& program, Run& run);
+void AddRecords(CLI::App& program, Run& run);
 void AddSettings(CLI::App& program, Run& run);
 void AddShow(CLI::App& program, Run& run);
 

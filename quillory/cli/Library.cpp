@@ -1,5 +1,6 @@
 #include <quillory/cli/Library.h>
 #include <quillory/exchange/Input.h>
+#include <quillory/store/HomeFolder.h>
 #include <zorby/archive/ArchiveException.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
@@ -21,14 +22,6 @@ namespace fs = std::filesystem;
 std::string Variable(const char* name) {
     const char* value = std::getenv(name);
     return value == nullptr ? std::string() : std::string(value);
-}
-
-fs::path HomeFolder() {
-    if (const std::string home = Variable("QUILLORY_HOME"); !home.empty()) return home;
-    if (const std::string data = Variable("XDG_DATA_HOME"); !data.empty()) {
-        return fs::path(data) / "quillory";
-    }
-    return fs::path(Variable("HOME")) / ".local" / "share" / "quillory";
 }
 
 // With its trailing separator. Without any data file, the folder where they should be.

@@ -6,8 +6,8 @@
 
 namespace quillory {
 
-// Puts the user's settings in force: the profile files in the folder QUILLORY_HOME, or else in
-// quillory/ of the user's XDG data folder. Files that are not there are empty.
+// Puts the user's settings in force: the profile files in HomeFolder. Files that are not there are
+// empty.
 void LoadSettings();
 
 // Writes a key of the profile. Throws FileError if it can't be written.

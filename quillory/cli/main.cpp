@@ -18,6 +18,7 @@ int RunProgram(int argc, char** argv) {
     AddShow(program, run);
     AddDescribe(program, run);
     AddCodes(program, run);
+    AddRecords(program, run);
     AddSettings(program, run);
     try {
         program.parse(argc, argv);

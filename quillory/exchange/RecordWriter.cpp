@@ -9,7 +9,7 @@ namespace {
 
 using zorby::CommFormatField;
 
-std::string Bytes(std::size_t count) {
+std::string ByteCount(std::size_t count) {
     return std::to_string(count) + " bytes";
 }
 
@@ -38,13 +38,13 @@ void CountMicrolifLosses(const CommFormatField& field, Losses& losses) {
 }
 
 std::string Named(const CommFormatField& field) {
-    return "field " + std::string(field.tag) + " of " + Bytes(SizeOf(field));
+    return "field " + std::string(field.tag) + " of " + ByteCount(SizeOf(field));
 }
 
 }  // namespace
 
 // Why a record can't be written as it is.
-WriteResult MarcWriter::Refuse(const Record& record) const {
+WriteResult MarcAssembler::Refuse(const Record& record) const {
     if (record.fields.empty()) return {false, false, "no field to write"};
     if (oversize_ == kOversizeCut) return {};
     const CommFormatField& largest = LargestField(record);
@@ -54,11 +54,11 @@ WriteResult MarcWriter::Refuse(const Record& record) const {
     const std::size_t size = SizeOf(record);
     if (size <= zorby::kLongestRecord) return {};
     return {false, false,
-            "a record of " + Bytes(size) +
+            "a record of " + ByteCount(size) +
                 " is over the format's 99,999 (largest: " + Named(largest) + ")"};
 }
 
-WriteResult MarcWriter::WriteAll(const Record& record) {
+WriteResult MarcAssembler::AssembleFields(const Record& record) {
     const std::string_view leader = MendLeader(record.leader);
     writer_.Clear();
     writer_.SetLeader(leader);
@@ -72,13 +72,13 @@ WriteResult MarcWriter::WriteAll(const Record& record) {
         }
     }
     const std::size_t cut = writer_.Finish(text_);
-    if (cut != 0) result.reason += Bytes(cut) + " cut off the end of the record; ";
+    if (cut != 0) result.reason += ByteCount(cut) + " cut off the end of the record; ";
     if (!result.reason.empty()) result.reason.resize(result.reason.size() - 2);
-    output_.Write(text_);
+    bytes_ = text_;
     return result;
 }
 
-std::string_view MarcWriter::MendLeader(std::string_view leader) {
+std::string_view MarcAssembler::MendLeader(std::string_view leader) {
     constexpr std::string_view kCounts = "22";
     constexpr std::string_view kEntryMap = "4500";
     if (leader.substr(zorby::kLeaderIndicatorCount, kCounts.size()) == kCounts &&
@@ -91,19 +91,24 @@ std::string_view MarcWriter::MendLeader(std::string_view leader) {
     return leader_;
 }
 
-WriteResult MarcWriter::Write(const Record& record, Losses&) {
+WriteResult MarcAssembler::Assemble(const Record& record) {
     if (record.bytes.empty()) {
         WriteResult refused = Refuse(record);
-        return refused.written ? WriteAll(record) : refused;
+        return refused.written ? AssembleFields(record) : refused;
     }
+    bytes_ = record.bytes;
     const std::string_view leader = MendLeader(record.leader);
-    if (leader.data() == record.bytes.data()) {
-        output_.Write(record.bytes);
-        return {};
-    }
-    output_.Write(leader);
-    output_.Write(record.bytes.substr(zorby::kLeaderSize));
+    if (leader.data() == record.bytes.data()) return {};
+    text_ = leader;
+    text_ += record.bytes.substr(zorby::kLeaderSize);
+    bytes_ = text_;
     return {true, leader.data() == leader_.data(), {}};
+}
+
+WriteResult MarcWriter::Write(const Record& record, Losses&) {
+    WriteResult result = assembler_.Assemble(record);
+    if (result.written) output_.Write(assembler_.Bytes());
+    return result;
 }
 
 WriteResult MrkWriter::Write(const Record& record, Losses&) {

@@ -27,24 +27,37 @@ public:
     virtual WriteResult Write(const Record& record, Losses& losses) = 0;
 };
 
-// ISO 2709. A record that comes in this form goes out byte for byte, but for its leader: bytes
-// 10-11 are always "22" and 20-23 "4500", as the structure is.
-class MarcWriter : public RecordWriter {
+// Puts records into ISO 2709. A record that comes in this form keeps its bytes, but for its leader:
+// bytes 10-11 are always "22" and 20-23 "4500", as the structure is.
+class MarcAssembler {
 public:
-    MarcWriter(Output& output, Oversize oversize) : output_(output), oversize_(oversize) {}
-    WriteResult Write(const Record& record, Losses& losses) override;
+    explicit MarcAssembler(Oversize oversize) : oversize_(oversize) {}
+
+    WriteResult Assemble(const Record& record);
+    // The record assembled last; holds until the next one, and as long as that record's bytes.
+    std::string_view Bytes() const { return bytes_; }
 
 private:
     WriteResult Refuse(const Record& record) const;
-    WriteResult WriteAll(const Record& record);
+    WriteResult AssembleFields(const Record& record);
     // The leader to write, which is the record's own if that is sound.
     std::string_view MendLeader(std::string_view leader);
 
-    Output& output_;
     Oversize oversize_;
     zorby::CommFormatWriter writer_;
     std::string leader_;
     std::string text_;
+    std::string_view bytes_;
+};
+
+class MarcWriter : public RecordWriter {
+public:
+    MarcWriter(Output& output, Oversize oversize) : output_(output), assembler_(oversize) {}
+    WriteResult Write(const Record& record, Losses& losses) override;
+
+private:
+    Output& output_;
+    MarcAssembler assembler_;
 };
 
 class MrkWriter : public RecordWriter {

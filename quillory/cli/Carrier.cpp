@@ -1,0 +1,124 @@
+#include <quillory/cli/Carrier.h>
+#include <quillory/exchange/Input.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+namespace quillory {
+
+Carrier::Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter)
+    : options_(std::move(options)),
+      writer_(writer),
+      reporter_(reporter),
+      recoder_(options_.recoder) {
+    if (!options_.rejects.empty()) rejects_ = std::make_unique<Output>(options_.rejects);
+}
+
+void Carrier::Raise(Status status) {
+    status_ = std::max(status_, status);
+}
+
+void Carrier::Reject(const Item& item) {
+    if (rejects_) rejects_->Write(item.bytes);
+    status_ = kStatusFindings;
+}
+
+void Carrier::CountLosses(const Item& item) {
+    if (recordLosses_.Empty()) return;
+    if (options_.eachLoss) {
+        reporter_.Say(item, "characters not carried",
+                      "characters not carried:\n" + recordLosses_.Text("    "));
+    }
+    if (recordLosses_.Real()) status_ = kStatusFindings;
+    losses_.Add(recordLosses_);
+    recordLosses_.Clear();
+}
+
+void Carrier::TakeRecord(Item& item) {
+    if (!item.reason.empty()) {
+        reporter_.SayFault(item, "read from its terminators");
+        status_ = kStatusFindings;
+    }
+    const Recoder::Result recoded = recoder_.Recode(item.record, recordLosses_);
+    if (recoded.mislabelled) {
+        ++mislabelled_;
+        reporter_.Say(item, "leader byte 09 names another character set",
+                      "leader byte 09 says " +
+                          std::string(CharsetName(LabelledCharset(item.bytes))) +
+                          ", the bytes are " + std::string(CharsetName(recoded.from)));
+    }
+    const WriteResult result = writer_.Write(item.record, recordLosses_);
+    CountLosses(item);
+    if (result.leaderMended) ++leadersMended_;
+    if (!result.reason.empty()) {
+        const char* kind = result.written ? "not written in full" : "can't be written";
+        reporter_.Say(item, kind, result.reason);
+        status_ = kStatusFindings;
+    }
+    if (result.written) {
+        ++written_;
+    } else {
+        ++rejected_;
+        Reject(item);
+    }
+}
+
+void Carrier::Take(Item& item) {
+    if (item.kind == kItemRecord) {
+        TakeRecord(item);
+        return;
+    }
+    if (!item.continues) {
+        if (item.kind == kItemStray) {
+            ++stray_;
+        } else {
+            ++rejected_;
+        }
+        reporter_.SayFault(item, "");
+    }
+    Reject(item);
+}
+
+void Carrier::Summarize() const {
+    if (!losses_.Empty()) {
+        reporter_.Say("characters not carried as they were:\n" + losses_.Text("    "));
+    }
+    if (reporter_.Quiet()) return;
+    if (leadersMended_ > 0) {
+        reporter_.Say("leader 10-11 and 20-23 set to \"22\" and \"4500\" in " +
+                      Counted(leadersMended_, "record"));
+    }
+    if (status_ == kStatusWell) return;
+    std::string text = Counted(written_, "record") + " written";
+    if (rejected_ > 0) {
+        text += ", " + std::to_string(rejected_) + " not";
+        if (rejects_) text += " (kept in " + options_.rejects + ")";
+    }
+    if (stray_ > 0) text += ", stray bytes in " + Counted(stray_, "place");
+    if (mislabelled_ > 0) text += ", " + std::to_string(mislabelled_) + " mislabelled";
+    reporter_.Say(text);
+}
+
+void Carrier::Finish() {
+    if (rejects_) rejects_->Finish();
+}
+
+void CheckNotAnInput(const std::vector<std::string>& files, const std::string& path) {
+    if (path.empty() || path == "-") return;
+    for (const std::string& file : files) {
+        if (file != "-" && Input(file).IsSameFileAs(path)) {
+            throw FileError(path + ": is an input, and would be overwritten");
+        }
+    }
+}
+
+void CheckNotTheSame(const std::string& rejects, const std::string& output) {
+    std::error_code error;
+    const bool same = rejects == output || std::filesystem::equivalent(rejects, output, error);
+    if (!rejects.empty() && rejects != "/dev/null" && same) {
+        throw FileError(rejects + ": can't take both the records and the rejects");
+    }
+}
+
+}  // namespace quillory

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <quillory/cli/Reporter.h>
+#include <quillory/exchange/Output.h>
+#include <quillory/exchange/Recoder.h>
+#include <quillory/exchange/RecordWriter.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+struct CarrierOptions {
+    RecoderOptions recoder;
+    bool eachLoss = false;  // report the characters not carried for each record, too
+    std::string rejects;    // file for the bytes of what is not written; empty for none
+};
+
+// Carries records through the character sets into a writer. What is wrong with them is said, and
+// the bytes of what is not written are kept.
+class Carrier {
+public:
+    // Throws FileError if the rejects can't be kept.
+    Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter);
+
+    void Take(Item& item);
+    // Gives the file of rejects its name.
+    void Finish();
+    // Says in short what became of the records.
+    void Summarize() const;
+
+    // Findings, if anything was wrong.
+    Status Result() const { return status_; }
+    void Raise(Status status);
+
+private:
+    void TakeRecord(Item& item);
+    void Reject(const Item& item);
+    void CountLosses(const Item& item);
+
+    CarrierOptions options_;
+    RecordWriter& writer_;
+    Reporter& reporter_;
+    Recoder recoder_;
+    std::unique_ptr<Output> rejects_;
+    Losses losses_;
+    Losses recordLosses_;
+    Status status_ = kStatusWell;
+    std::uint64_t written_ = 0;
+    std::uint64_t rejected_ = 0;
+    std::uint64_t stray_ = 0;
+    std::uint64_t mislabelled_ = 0;
+    std::uint64_t leadersMended_ = 0;
+};
+
+// Throw FileError if `path` is one of the files that are read, or if records and rejects would go
+// to the same file.
+void CheckNotAnInput(const std::vector<std::string>& files, const std::string& path);
+void CheckNotTheSame(const std::string& rejects, const std::string& output);
+
+}  // namespace quillory

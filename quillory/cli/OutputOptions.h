@@ -1,0 +1,37 @@
+#pragma once
+
+#include <quillory/cli/Reporter.h>
+#include <quillory/exchange/Form.h>
+#include <quillory/exchange/Recoder.h>
+
+#include <functional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace quillory {
+
+// Where a command writes records, and how.
+struct OutputOptions {
+    std::string output = "-";
+    std::string rejects;
+    Form form = kFormUnknown;  // told by name, or ISO 2709
+    Charset charset = kCharsetAuto;
+    std::string normalForm;
+    Oversize oversize = kOversizeRefuse;
+    bool eachLoss = false;
+};
+
+void AddOutputOptions(CLI::App& command, OutputOptions& options);
+
+// Hands items to `take`, which says whether to go on.
+using ItemSource = std::function<Status(const std::function<bool(Item& item)>& take)>;
+
+// Writes what a source gives, of which the character set is `from`, with messages and a summary.
+// Throws FileError.
+Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
+                  Reporter& reporter);
+
+}  // namespace quillory

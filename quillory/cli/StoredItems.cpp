@@ -1,0 +1,62 @@
+#include <quillory/cli/Progress.h>
+#include <quillory/cli/StoredItems.h>
+#include <quillory/store/Schema.h>
+#include <zorby/record/CommFormat.h>
+
+#include <optional>
+
+namespace quillory {
+namespace {
+
+// A stored record as an item. The views look into `stored`.
+void ReadItem(const StoredRecord& stored, zorby::CommFormatFields& fields, Item& item) {
+    item = {};
+    item.number = static_cast<std::uint64_t>(stored.id);
+    item.bytes = stored.bytes;
+    const zorby::CommFormatFault fault = zorby::ReadCommFormat(stored.bytes, fields);
+    if (fault) {
+        item.kind = kItemDamaged;
+        item.reason = zorby::CommFormatFaultText(fault.reason);
+        item.faultOffset = fault.offset;
+        item.tag = fault.tag;
+        item.controlNumber = stored.summary.controlNumber;
+    } else {
+        item.record = {fields.leader, fields.fields, stored.bytes};
+    }
+}
+
+}  // namespace
+
+Status ReadStored(const RecordStore& store, const std::vector<std::int64_t>& ids,
+                  Reporter& reporter, const std::function<bool(Item& item)>& take) {
+    reporter.BeginFile(StorePath());
+    Progress progress(reporter.Quiet());
+    const auto total = static_cast<std::uint64_t>(ids.empty() ? store.Count() : 0) + ids.size();
+    std::uint64_t done = 0;
+    zorby::CommFormatFields fields;
+    Item item;
+    const auto takeStored = [&](const StoredRecord& stored) {
+        ReadItem(stored, fields, item);
+        progress.Step(++done, total);
+        return take(item);
+    };
+    Status status = kStatusWell;
+    if (ids.empty()) store.Walk({}, takeStored);
+    for (const std::int64_t id : ids) {
+        const std::optional<StoredRecord> stored = store.Find(id);
+        if (!stored) {
+            SayMissing(reporter, id);
+            status = kStatusFindings;
+        } else if (!takeStored(*stored)) {
+            break;
+        }
+    }
+    reporter.EndFile();
+    return status;
+}
+
+void SayMissing(const Reporter& reporter, std::int64_t id) {
+    reporter.Say("there is no record " + std::to_string(id) + " in the store");
+}
+
+}  // namespace quillory

@@ -1,0 +1,61 @@
+#include <quillory/store/HomeFolder.h>
+#include <quillory/store/Schema.h>
+
+#include <array>
+
+namespace quillory {
+namespace {
+
+// IDs of either table are never given twice. Times are seconds since 1970 UTC.
+
+// Workforms that the user has made; IDs below 100 belong to the standard ones. A row without a
+// block is only a name that has its ID.
+constexpr const char* kWorkforms = R"(
+CREATE TABLE workforms (
+    id      INTEGER PRIMARY KEY AUTOINCREMENT CHECK (id BETWEEN 100 AND 2147483647),
+    name    BLOB NOT NULL UNIQUE,
+    state   INTEGER NOT NULL,
+    created INTEGER NOT NULL,
+    changed INTEGER NOT NULL,
+    crc     INTEGER,
+    block   BLOB
+) STRICT;
+INSERT INTO sqlite_sequence (name, seq) VALUES ('workforms', 99);
+)";
+
+// Records as ISO 2709. The other columns are taken from the record, as UTF-8; title_key is the
+// beginning of the title, folded.
+constexpr const char* kRecords = R"(
+CREATE TABLE records (
+    id             INTEGER PRIMARY KEY AUTOINCREMENT,
+    control_number TEXT NOT NULL,
+    title          TEXT NOT NULL,
+    title_key      TEXT NOT NULL,
+    type           TEXT NOT NULL,
+    added          INTEGER NOT NULL,
+    changed        INTEGER NOT NULL,
+    workform       INTEGER REFERENCES workforms (id) ON DELETE SET NULL,
+    bytes          BLOB NOT NULL
+) STRICT;
+CREATE INDEX records_control_number ON records (control_number);
+CREATE INDEX records_title ON records (title_key);
+CREATE INDEX records_workform ON records (workform) WHERE workform IS NOT NULL;
+)";
+
+constexpr std::array<const char*, 2> kSteps{kWorkforms, kRecords};
+
+}  // namespace
+
+std::span<const char* const> SchemaSteps() {
+    return kSteps;
+}
+
+std::string StorePath() {
+    return (HomeFolder() / "quillory.db").string();
+}
+
+Database OpenStore(const std::string& path) {
+    return {path, SchemaSteps()};
+}
+
+}  // namespace quillory

@@ -1,0 +1,60 @@
+#include <quillory/store/SearchText.h>
+#include <quillory/store/Summary.h>
+
+namespace quillory {
+namespace {
+
+constexpr std::string_view kControlNumberTag = "001";
+constexpr std::string_view kTitleTag = "245";
+constexpr std::string_view kTitleCodes = "abnp";
+constexpr std::size_t kLeaderType = 6;  // type of record, and bibliographic level behind it
+
+std::string TitleOf(std::string_view content) {
+    std::string title;
+    std::size_t delimiter = content.find(zorby::kDelimiter);
+    while (delimiter != content.npos) {
+        const std::size_t next = content.find(zorby::kDelimiter, delimiter + 1);
+        const std::string_view subfield =
+            content.substr(delimiter + 1, next == content.npos ? next : next - delimiter - 1);
+        if (!subfield.empty() && kTitleCodes.find(subfield[0]) != kTitleCodes.npos) {
+            title.append(subfield.substr(1)) += ' ';
+        }
+        delimiter = next;
+    }
+    title = TidyText(title);
+    constexpr std::string_view kSlash = " /";
+    if (title.ends_with(kSlash)) title.resize(title.size() - kSlash.size());
+    return title;
+}
+
+const zorby::CommFormatField* FieldOf(const Record& record, std::string_view tag) {
+    for (const zorby::CommFormatField& field : record.fields) {
+        if (field.tag == tag) return &field;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+RecordSummary Summarizer::Summarize(const Record& record) {
+    parts_.leader = record.leader;
+    parts_.bytes = {};
+    parts_.fields.clear();
+    for (const std::string_view tag : {kControlNumberTag, kTitleTag}) {
+        if (const auto* field = FieldOf(record, tag)) parts_.fields.push_back(*field);
+    }
+    recoder_.Recode(parts_, unused_);
+    unused_.Clear();
+    RecordSummary summary;
+    summary.type = TidyText(record.leader.substr(kLeaderType, 2));
+    for (const zorby::CommFormatField& field : parts_.fields) {
+        if (field.tag == kTitleTag) {
+            summary.title = TitleOf(field.content);
+        } else {
+            summary.controlNumber = TidyText(field.content);
+        }
+    }
+    return summary;
+}
+
+}  // namespace quillory

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <quillory/exchange/Recoder.h>
+#include <quillory/exchange/Record.h>
+#include <quillory/store/RecordStore.h>
+
+namespace quillory {
+
+// Takes from records what lists and searches need. Their character set is told as Recoder tells it.
+class Summarizer {
+public:
+    RecordSummary Summarize(const Record& record);
+
+private:
+    Recoder recoder_{{kCharsetAuto, kCharsetUtf8, {}}};
+    Losses unused_;  // the record's own bytes lose nothing
+    Record parts_;
+};
+
+}  // namespace quillory
