@@ -8,6 +8,7 @@
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
 #include <zorby/text/General.h>
+#include <zorby/workforms/TemplateList.h>
 
 #include <cerrno>
 #include <cstdlib>
@@ -72,6 +73,14 @@ bool LoadDictionaries(const std::string& userDefined) {
     }
     zorby::SetApplicationPort(nullptr);
     return loaded;
+}
+
+bool LoadWorkforms() {
+    try {
+        return zorby::CTemplateList::InitializeTemplateList(DataFolder()) != 0;
+    } catch (const zorby::CArchiveException& damage) {
+        throw FileError(damage.what());
+    }
 }
 
 CodeLists LoadCodeLists() {

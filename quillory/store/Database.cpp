@@ -27,17 +27,23 @@ void MakeFolderFor(const std::string& path) {
     if (error) throw FileError(folder.string() + ": can't be made: " + error.message());
 }
 
-// Why a file can't be written, or made where there is none; empty if it can.
-std::string WriteObstacle(const std::string& path) {
-    const bool exists = std::filesystem::exists(path);
-    const std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
-    const std::string place = exists ? path : folder.string();
-    if (faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0) return {};
-    return std::string(exists ? ": can't be written: " : ": can't be made: ") +
-           std::strerror(errno);
+bool CanWrite(const std::string& path) {
+    return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
 }  // namespace
+
+// A store has files beside it while it is open.
+std::string StoreObstacle(const std::string& path) {
+    std::error_code unknown;
+    const bool exists = std::filesystem::exists(path, unknown);
+    const std::string folder = std::filesystem::absolute(path).parent_path().string();
+    if (exists && !CanWrite(path)) return path + ": can't be written: " + std::strerror(errno);
+    if (CanWrite(folder)) return {};
+    const int reason = errno;
+    return path + (exists ? ": its folder can't be written: " : ": can't be made: ") +
+           std::strerror(reason);
+}
 
 void Database::Closer::operator()(sqlite3* connection) const {
     sqlite3_close_v2(connection);
@@ -56,8 +62,8 @@ Database::Database(const std::string& path, std::span<const char* const> steps,
 }
 
 void Database::Open() {
-    const std::string obstacle = WriteObstacle(path_);
-    if (!obstacle.empty()) throw FileError(path_ + obstacle);
+    const std::string obstacle = StoreObstacle(path_);
+    if (!obstacle.empty()) throw FileError(obstacle);
     sqlite3* connection = nullptr;
     const int result = sqlite3_open_v2(path_.c_str(), &connection,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);

@@ -16,6 +16,9 @@ inline constexpr int kCheckpointPages = 1000;
 // How long to wait for another process that is writing.
 inline constexpr std::chrono::milliseconds kBusyTimeout{10000};
 
+// Why a store can't be written, or made where there is none, with its name; empty if it can.
+std::string StoreObstacle(const std::string& path);
+
 // A connection to the store's file, an SQLite database in WAL mode. A transaction that has been
 // committed is on the disk: neither the end of the process nor that of the power undoes it.
 // Everything that fails throws FileError, which names the file and the reason.

@@ -2,6 +2,7 @@
 #include <quillory/store/Schema.h>
 
 #include <array>
+#include <filesystem>
 
 namespace quillory {
 namespace {
@@ -56,6 +57,16 @@ std::string StorePath() {
 
 Database OpenStore(const std::string& path) {
     return {path, SchemaSteps()};
+}
+
+std::optional<Database> OpenStoreIfThere(std::string& obstacle, const std::string& path) {
+    obstacle.clear();
+    std::error_code error;
+    const auto kind = std::filesystem::status(path, error).type();
+    if (kind == std::filesystem::file_type::not_found) return std::nullopt;
+    obstacle = error ? path + ": can't be looked at: " + error.message() : StoreObstacle(path);
+    if (!obstacle.empty()) return std::nullopt;
+    return OpenStore(path);
 }
 
 }  // namespace quillory

@@ -2,6 +2,7 @@
 
 #include <quillory/store/Database.h>
 
+#include <optional>
 #include <span>
 #include <string>
 
@@ -15,5 +16,10 @@ std::string StorePath();
 
 // Opens or makes a store.
 Database OpenStore(const std::string& path = StorePath());
+
+// Opens the store if it is there, and can be used; `obstacle` says why it can't. A store that is
+// damaged throws FileError.
+std::optional<Database> OpenStoreIfThere(std::string& obstacle,
+                                         const std::string& path = StorePath());
 
 }  // namespace quillory

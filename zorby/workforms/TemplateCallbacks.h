@@ -11,7 +11,8 @@ using CUIntArray = std::vector<unsigned>;
 
 // The host's database of workforms, as the library reaches it. An int result is nonzero for success
 // unless said otherwise; a callback that is not set counts as one that fails. Workforms of the user
-// have IDs from 100.
+// have IDs from 100. A callback may throw: the exception passes through the library to the caller
+// of its operation, which has changed nothing of its own then.
 struct TemplateCallbacks {
     // Finds a workform by its name; writes its ID, and its state to the pointers that are not null.
     int (*infoByName)(const char* name, int* id, int* inUse, int* locked, int* state);
