@@ -14,9 +14,11 @@ namespace quillory {
 // FileError and ClosedPipe are left to the caller.
 using Run = std::function<Status()>;
 
+void AddCatalog(CLI::App& program, Run& run);
 void AddCodes(CLI::App& program, Run& run);
 void AddConvert(CLI::App& program, Run& run);
 void AddDescribe(CLI::App& program, Run& run);
+void AddNew(CLI::App& program, Run& run);
 void AddRecords(CLI::App& program, Run& run);
 void AddSettings(CLI::App& program, Run& run);
 void AddShow(CLI::App& program, Run& run);

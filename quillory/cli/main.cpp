@@ -18,6 +18,8 @@ int RunProgram(int argc, char** argv) {
     AddShow(program, run);
     AddDescribe(program, run);
     AddCodes(program, run);
+    AddNew(program, run);
+    AddCatalog(program, run);
     AddRecords(program, run);
     AddSettings(program, run);
     try {

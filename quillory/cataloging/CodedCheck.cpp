@@ -1,0 +1,100 @@
+#include <quillory/cataloging/CodedCheck.h>
+#include <quillory/coded/Decoder.h>
+
+#include <algorithm>
+#include <charconv>
+
+namespace quillory {
+namespace {
+
+bool IsCoded(const Entry& entry) {
+    const bool isCodedTag = entry.tag == 0 || (6 <= entry.tag && entry.tag <= 8);
+    return isCodedTag &&
+           (entry.kind == EntryKind::Positions || entry.kind == EntryKind::ControlField);
+}
+
+// The first and last position of "008/18-21" or "leader/06".
+std::pair<int, int> PositionsOf(std::string_view place) {
+    const std::string_view text = place.substr(std::min(place.find('/'), place.size() - 1) + 1);
+    const char* const end = text.data() + text.size();
+    int first = 0;
+    const char* stop = std::from_chars(text.data(), end, first).ptr;
+    int last = first;
+    if (stop != end && *stop == '-') std::from_chars(stop + 1, end, last);
+    return {first, last};
+}
+
+bool IsNamed(const DecodedElement& element, const Entry& entry) {
+    if (entry.kind == EntryKind::ControlField) return true;
+    const auto [first, last] = PositionsOf(element.place);
+    return first <= entry.last && entry.first <= last;
+}
+
+std::string FaultOf(const DecodedElement& element) {
+    const std::string value = "\"" + element.value + "\"";
+    const std::string name = " " + element.place + " (" + element.name + ")";
+    switch (element.state) {
+        case ElementState::Missing:
+        case ElementState::Excess:
+            return "the field is not as long as the format has it";
+        case ElementState::Misfit:
+            return value + " is no value of" + name;
+        case ElementState::Undefined:
+            return value + " stands in" + name + ", which the format leaves undefined";
+        case ElementState::Undecoded:
+            return value + ": " + element.text;
+        default:
+            break;
+    }
+    for (const CodeMeaning& code : element.codes) {
+        if (code.state != CodeState::Unknown) continue;
+        return "\"" + code.code + "\" is no code of" + name + "; quillory describe " +
+               element.place + " lists them";
+    }
+    return {};
+}
+
+void Check(const DecodedField& field, const Entry& entry) {
+    for (const DecodedElement& element : field.elements) {
+        if (!IsNamed(element, entry)) continue;
+        const std::string fault = FaultOf(element);
+        if (!fault.empty()) throw EntryError(entry.place, fault);
+    }
+}
+
+// Without an occurrence it is the first field; of a whole field that is the one last added.
+void CheckEntry(const Record& record, const Entry& entry, const Decoder& decoder) {
+    if (entry.tag == 0) Check(decoder.Leader(record.leader), entry);
+    int count = 0;
+    for (const zorby::CommFormatField& field : record.fields) {
+        if (!field.IsControlField() || field.tag[2] != static_cast<char>('0' + entry.tag)) continue;
+        ++count;
+        const bool isWhole = entry.kind == EntryKind::ControlField;
+        const bool isMeant =
+            isWhole ? field.content == entry.text : count == std::max(entry.occurrence, 1);
+        if (!isMeant) continue;
+        if (entry.tag == 6) Check(decoder.Field006(field.content), entry);
+        if (entry.tag == 7) Check(decoder.Field007(field.content), entry);
+        if (entry.tag == 8) Check(decoder.Field008(field.content, record.leader), entry);
+    }
+}
+
+}  // namespace
+
+std::string CodedEntriesText(std::span<const Entry> entries) {
+    std::string text;
+    for (const Entry& entry : entries) {
+        if (IsCoded(entry)) text.append(entry.place).append("=").append(entry.text).append("\n");
+    }
+    return text;
+}
+
+void CheckCodedEntries(const Record& record, std::span<const Entry> entries,
+                       const CodeLists& lists) {
+    const Decoder decoder(lists);
+    for (const Entry& entry : entries) {
+        if (IsCoded(entry)) CheckEntry(record, entry, decoder);
+    }
+}
+
+}  // namespace quillory

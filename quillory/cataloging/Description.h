@@ -1,0 +1,52 @@
+#pragma once
+
+#include <quillory/cataloging/Entry.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillory {
+
+// What is told of one new record.
+struct Description {
+    std::string workform;  // its name, or empty if not told
+    std::vector<Entry> entries;
+    std::string error;         // why it can't be used, with line and column; empty if it can
+    std::uint64_t offset = 0;  // of its bytes in the file
+    std::uint64_t size = 0;
+    std::uint64_t line = 0;  // that it begins with, from 1
+};
+
+// Reads the descriptions of a TOML file: one for each [[record]], or a single one in a file that
+// has none. `workform` above the first is for all that name none. The keys of a record are places
+// as in ReadEntry, their values
+//   245a = "Title"                  a text, or an array of texts
+//   245 = "10$aTitle"               a field as it is to stand, or an array
+//   264 = {a = "Town :", c = 2021}  a field by its subfields, each a text or an array of texts,
+//                                   "ind" its indicators; or an array of such
+// A record that is no TOML does not keep the others from being read.
+class DescriptionReader {
+public:
+    // Keeps the view.
+    explicit DescriptionReader(std::string_view toml);
+
+    // False at the end.
+    bool Next(Description& description);
+
+private:
+    void ReadHead();
+    void ReadRecord(Description& description);
+    // Moves on behind `size` bytes.
+    void Skip(std::size_t size);
+
+    std::string_view rest_;
+    std::uint64_t offset_ = 0;
+    std::uint64_t line_ = 1;
+    std::string workform_;
+    std::string headError_;
+    bool hasRecords_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,121 @@
+#include <quillory/cataloging/Draft.h>
+#include <quillory/cataloging/PublicationDate.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr std::size_t kTagSize = 3;
+constexpr unsigned kTag008 = 8;
+constexpr unsigned kTitle = 245;
+constexpr unsigned kFirstOfMainEntries = 100;
+constexpr unsigned kLastOfMainEntries = 199;
+constexpr std::size_t kTypeOfDate = 6;
+constexpr std::size_t kDate1 = 7;
+
+struct Ranked {
+    std::size_t rank;
+    const SubfieldText* subfield;
+};
+
+}  // namespace
+
+Record Draft::Finish() {
+    record_.Clear();
+    TakeOverDate();
+    leader_[zorby::kLeaderCharacterCode] = 'a';
+    for (const ControlField& field : controlFields_) {
+        int occurrence = 0;
+        record_.FieldNew(static_cast<int>(field.tag), occurrence);
+        record_.FieldAddControlField(field.tag, occurrence, field.content, 0);
+    }
+    AddFinishedFields();
+    Record record;
+    record.leader = leader_;
+    for (const std::string& field : record_) {
+        const std::string_view text(field);
+        record.fields.push_back({text.substr(0, kTagSize), text.substr(kTagSize)});
+    }
+    return record;
+}
+
+// Fields of a tag stay together, where the workform has its first.
+void Draft::AddFinishedFields() {
+    std::vector<unsigned> done;
+    for (const Field& first : fields_) {
+        if (std::ranges::find(done, first.tag) != done.end()) continue;
+        done.push_back(first.tag);
+        for (const Field& field : fields_) {
+            if (field.tag == first.tag && field.IsWanted()) AddFinished(field);
+        }
+    }
+}
+
+// The first indicator of a title says whether the record is entered under a name.
+void Draft::AddFinished(const Field& field) {
+    const std::vector<SubfieldText> subfields = SubfieldsOf(field);
+    if (subfields.empty()) return;
+    std::string indicators = field.indicators;
+    if (field.tag == kTitle && !field.hasIndicators) indicators[0] = HasMainEntry() ? '1' : '0';
+    int occurrence = 0;
+    record_.FieldNew(static_cast<int>(field.tag), occurrence);
+    record_.FieldSetIndicators(field.tag, occurrence, indicators[0], indicators[1]);
+    for (const SubfieldText& subfield : subfields) {
+        record_.FieldAddSubfield(field.tag, occurrence, subfield.code, subfield.text, '\0');
+    }
+}
+
+bool Draft::HasMainEntry() const {
+    return std::ranges::any_of(fields_, [this](const Field& field) {
+        return kFirstOfMainEntries <= field.tag && field.tag <= kLastOfMainEntries &&
+               field.IsWanted() && !SubfieldsOf(field).empty();
+    });
+}
+
+std::vector<SubfieldText> Draft::SubfieldsOf(const Field& field) const {
+    if (field.isWritten) return field.given;
+    const std::string& order = pattern_.CodesOf(field.tag);
+    std::vector<Ranked> ranked;
+    std::size_t rank = 0;
+    for (const SubfieldText& subfield : field.given) {
+        const std::size_t place = order.find(subfield.code);
+        if (place != order.npos) rank = place;
+        ranked.push_back({rank, &subfield});
+    }
+    if (field.pattern != nullptr) {
+        for (const SubfieldText& subfield : field.pattern->subfields) {
+            if (!field.Has(subfield.code)) {
+                ranked.push_back({order.find(subfield.code), &subfield});
+            }
+        }
+    }
+    std::ranges::stable_sort(ranked, {}, &Ranked::rank);
+    std::vector<SubfieldText> subfields;
+    for (const Ranked& entry : ranked) {
+        if (!entry.subfield->text.empty()) subfields.push_back(*entry.subfield);
+    }
+    return subfields;
+}
+
+// Date 1 of 008 follows the imprint, unless it was given, or the workform knows it.
+void Draft::TakeOverDate() {
+    const auto found =
+        std::ranges::find(controlFields_, kTag008, [](const ControlField& f) { return f.tag; });
+    if (hasOwnDate_ || found == controlFields_.end()) return;
+    std::string& content = found->content;
+    const char type = content[kTypeOfDate];
+    const bool isContinuing = type == 'c' || type == 'u';
+    if (type != 's' && !isContinuing) return;
+    for (const Field& field : fields_) {
+        if ((field.tag != 264 && field.tag != 260) || !field.IsWanted()) continue;
+        for (const SubfieldText& subfield : field.given) {
+            if (subfield.code != 'c') continue;
+            const std::string year = YearOf(subfield.text, isContinuing);
+            if (!year.empty()) content.replace(kDate1, year.size(), year);
+            return;
+        }
+    }
+}
+
+}  // namespace quillory

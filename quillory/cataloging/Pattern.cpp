@@ -1,0 +1,80 @@
+#include <quillory/cataloging/Pattern.h>
+#include <quillory/exchange/QmText.h>
+#include <zorby/record/Pmarc.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr std::size_t kTagSize = 3;
+constexpr char kBlankSign = '_';
+
+char IndicatorOf(char stored) {
+    return stored == '\0' || stored == kBlankSign ? ' ' : stored;
+}
+
+}  // namespace
+
+const std::string* PatternField::Find(char code) const {
+    const auto found = std::ranges::find(subfields, code, &SubfieldText::code);
+    return found == subfields.end() ? nullptr : &found->text;
+}
+
+bool PatternField::StandsAlone() const {
+    constexpr char kRelationship = 'i';
+    const auto first = std::ranges::find_if(
+        subfields, [](const SubfieldText& subfield) { return subfield.code != kRelationship; });
+    return first != subfields.end() && !first->text.empty();
+}
+
+Pattern::Pattern(zorby::TemplateHolder workform)
+    : workform_(std::move(workform)), id_(workform_->GetOwnID()) {
+    TakeControlFields();
+    TakeFields();
+}
+
+std::string Pattern::Name() const {
+    return QmToUtf8(workform_->GetName());
+}
+
+void Pattern::TakeControlFields() {
+    zorby::CPmarc record;
+    workform_->GetMainMaterial().AddToPseudoMARC(record);
+    workform_->GetAMList().AddToPseudoMARC(record);
+    for (const std::string& field : record) {
+        const unsigned tag = static_cast<unsigned>(std::stoul(field.substr(0, kTagSize)));
+        if (tag == 0) {
+            leader_ = field.substr(kTagSize);
+        } else {
+            controlFields_.push_back({tag, field.substr(kTagSize)});
+        }
+    }
+}
+
+void Pattern::TakeFields() {
+    const zorby::CInfoAboutDefaultData* data = nullptr;
+    for (int i = 0; (data = workform_->GetDefaultDataAt(i)) != nullptr; ++i) {
+        if (data->GetTag() != 0) {
+            fields_.push_back(
+                {data->GetTag(),
+                 {IndicatorOf(data->GetIndicator(1)), IndicatorOf(data->GetIndicator(2))},
+                 {}});
+        }
+        if (fields_.empty()) continue;  // no field that it could continue
+        fields_.back().subfields.push_back({data->GetSubCode(), QmToUtf8(data->GetDefaultData())});
+    }
+}
+
+std::string Pattern::IndicatorsOf(unsigned tag) const {
+    return {IndicatorOf(workform_->FieldIndicator(tag, 1)),
+            IndicatorOf(workform_->FieldIndicator(tag, 2))};
+}
+
+const std::string& Pattern::CodesOf(unsigned tag) const {
+    const auto [known, isNew] = codes_.try_emplace(tag);
+    if (isNew) known->second = workform_->SubsInTemplateOrder(tag);
+    return known->second;
+}
+
+}  // namespace quillory

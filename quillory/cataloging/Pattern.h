@@ -1,0 +1,64 @@
+#pragma once
+
+#include <quillory/cataloging/Entry.h>
+#include <zorby/workforms/TemplateList.h>
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quillory {
+
+struct ControlField {
+    unsigned tag = 0;
+    std::string content;
+};
+
+// A field that a new record begins with.
+struct PatternField {
+    unsigned tag = 0;
+    std::string indicators;               // two
+    std::vector<SubfieldText> subfields;  // in the order in which they are filled
+
+    // The text of the subfield; null without it.
+    const std::string* Find(char code) const;
+    // Whether it says something before it is filled: that its first subfield, but for the words
+    // that go before a linked title ($i), has a text.
+    bool StandsAlone() const;
+};
+
+// What a workform gives a new record, its texts in UTF-8.
+class Pattern {
+public:
+    // The texts of the workform have to be such as the library's one-byte code holds.
+    explicit Pattern(zorby::TemplateHolder workform);
+
+    std::string Name() const;
+    int Id() const { return id_; }
+    const zorby::CTemplate& Workform() const { return *workform_; }
+
+    const std::string& Leader() const { return leader_; }  // 24 characters
+    // 006, 007 and 008 in their order; the date in 008 is that of the workform.
+    const std::vector<ControlField>& ControlFields() const { return controlFields_; }
+    const std::vector<PatternField>& Fields() const { return fields_; }
+
+    // Of a field that the workform does not begin with.
+    std::string IndicatorsOf(unsigned tag) const;
+    // The codes of a tag in the order of the workform, or of the dictionary.
+    const std::string& CodesOf(unsigned tag) const;
+
+private:
+    void TakeControlFields();
+    void TakeFields();
+
+    zorby::TemplateHolder workform_;
+    int id_;
+    std::string leader_;
+    std::vector<ControlField> controlFields_;
+    std::vector<PatternField> fields_;
+    mutable std::map<unsigned, std::string> codes_;  // by tag, as far as they were asked for
+};
+
+}  // namespace quillory

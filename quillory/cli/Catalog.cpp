@@ -1,0 +1,111 @@
+#include <quillory/cli/Carrier.h>
+#include <quillory/cli/Commands.h>
+#include <quillory/cli/DescriptionFiles.h>
+#include <quillory/cli/NewRecords.h>
+#include <quillory/cli/OutputOptions.h>
+#include <quillory/cli/Progress.h>
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <optional>
+
+namespace quillory {
+namespace {
+
+struct CatalogOptions {
+    NewRecordOptions record;
+    std::vector<std::string> files;
+    bool quiet = false;
+    bool verbose = false;
+    OutputOptions output;
+};
+
+// A description as an item: the record that it makes, or why it makes none.
+class DescriptionItems {
+public:
+    DescriptionItems(const CatalogOptions& options, RecordMaker& maker)
+        : options_(options), maker_(maker), sets_(ReadSets(options.record.sets)) {}
+
+    // The views of the item hold until the next one.
+    void Make(std::string_view toml, Description& description, Item& item) {
+        item.kind = kItemRecord;
+        item.offset = description.offset;
+        item.faultOffset = description.offset;
+        item.bytes = toml.substr(description.offset, description.size);
+        ++item.number;
+        if (description.error.empty()) description.error = Fill(description, item);
+        if (description.error.empty()) return;
+        item.kind = kItemDamaged;
+        item.reason = description.error;
+    }
+
+private:
+    // Result: why it can't be done.
+    std::string Fill(Description& description, Item& item) {
+        const std::string line = "line " + std::to_string(description.line) + ": ";
+        AddCommandLine(options_.record, sets_, description);
+        if (description.workform.empty()) return line + "no workform is named";
+        try {
+            draft_.emplace(maker_.Begin(description));
+            item.record = maker_.Finish(*draft_, description);
+            return {};
+        } catch (const EntryError& error) {
+            return line + error.what();
+        }
+    }
+
+    const CatalogOptions& options_;
+    RecordMaker& maker_;
+    std::vector<Entry> sets_;
+    std::optional<Draft> draft_;
+};
+
+Status MakeRecords(const CatalogOptions& options, Reporter& reporter,
+                   const std::function<bool(Item& item)>& take) {
+    NewRecords newRecords(reporter);
+    DescriptionItems items(options, newRecords.Maker());
+    Progress progress(options.quiet);
+    for (const std::string& file : options.files) {
+        const std::string toml = ReadDescriptionFile(file);
+        reporter.BeginFile(file);
+        Item item;
+        DescriptionReader reader(toml);
+        Description description;
+        while (reader.Next(description)) {
+            items.Make(toml, description, item);
+            if (!take(item)) return kStatusWell;
+            progress.Step(description.offset, toml.size());
+        }
+        reporter.EndFile();
+    }
+    return kStatusWell;
+}
+
+Status RunCatalog(const CatalogOptions& options) {
+    CheckNotAnInput(options.files, options.output.output);
+    CheckNotAnInput(options.files, options.output.rejects);
+    Reporter reporter(options.quiet, options.verbose);
+    const ItemSource records = [&](const auto& take) {
+        return MakeRecords(options, reporter, take);
+    };
+    return WriteItems(records, kCharsetUtf8, options.output, reporter);
+}
+
+}  // namespace
+
+void AddCatalog(CLI::App& program, Run& run) {
+    auto options = std::make_shared<CatalogOptions>();
+    CLI::App* command =
+        program.add_subcommand("catalog", "Make the records that files describe, from workforms");
+    command->add_option("FILE", options->files, "TOML files of descriptions; - is standard input")
+        ->required();
+    AddNewRecordOptions(*command, options->record);
+    AddOutputOptions(*command, options->output);
+    command->add_flag("-q,--quiet", options->quiet, "No progress bar and no summary");
+    command->add_flag("-v,--verbose", options->verbose,
+                      "Say every message, not the first of a kind");
+    command->callback([options, &run] { run = [options] { return RunCatalog(*options); }; });
+}
+
+}  // namespace quillory

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <quillory/cataloging/Draft.h>
+
+#include <istream>
+#include <ostream>
+#include <string>
+
+namespace quillory {
+
+// Asks a person for what a new record lacks.
+class Prompter {
+public:
+    // With `all`, asks for every subfield of the workform, and else for those that it puts first.
+    Prompter(std::istream& answers, std::ostream& questions, bool all)
+        : answers_(answers), questions_(questions), all_(all) {}
+
+    // Puts the answers into the draft, until there are no more questions, or answers.
+    void Fill(const Pattern& pattern, Draft& draft);
+
+private:
+    bool IsAsked(const Pattern& pattern, const Draft::Gap& gap) const;
+    // False if there are no more answers.
+    bool Ask(const Pattern& pattern, const Draft::Gap& gap, std::string& answer);
+    void Help(const Pattern& pattern, const Draft::Gap& gap);
+    bool Take(Draft& draft, const Draft::Gap& gap, const std::string& answer);
+
+    std::istream& answers_;
+    std::ostream& questions_;
+    bool all_;
+};
+
+}  // namespace quillory
