@@ -34,9 +34,6 @@ std::string FaultOf(const DecodedElement& element) {
     const std::string value = "\"" + element.value + "\"";
     const std::string name = " " + element.place + " (" + element.name + ")";
     switch (element.state) {
-        case ElementState::Missing:
-        case ElementState::Excess:
-            return "the field is not as long as the format has it";
         case ElementState::Misfit:
             return value + " is no value of" + name;
         case ElementState::Undefined:
@@ -54,7 +51,16 @@ std::string FaultOf(const DecodedElement& element) {
     return {};
 }
 
+bool IsOfOtherLength(const DecodedField& field) {
+    return std::ranges::any_of(field.elements, [](const DecodedElement& element) {
+        return element.state == ElementState::Missing || element.state == ElementState::Excess;
+    });
+}
+
 void Check(const DecodedField& field, const Entry& entry) {
+    if (IsOfOtherLength(field)) {
+        throw EntryError(entry.place, "the field is not as long as the format has it");
+    }
     for (const DecodedElement& element : field.elements) {
         if (!IsNamed(element, entry)) continue;
         const std::string fault = FaultOf(element);
