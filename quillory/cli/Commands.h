@@ -22,5 +22,6 @@ void AddNew(CLI::App& program, Run& run);
 void AddRecords(CLI::App& program, Run& run);
 void AddSettings(CLI::App& program, Run& run);
 void AddShow(CLI::App& program, Run& run);
+void AddWorkforms(CLI::App& program, Run& run);
 
 }  // namespace quillory

@@ -16,20 +16,6 @@
 namespace quillory {
 namespace {
 
-ScreenOptions ScreenOf(const ScreenChoice& options) {
-    ScreenOptions screen;
-    const bool terminal = isatty(STDOUT_FILENO) != 0;
-    const char* noColour = std::getenv("NO_COLOR");
-    screen.colour = terminal && (noColour == nullptr || *noColour == 0);
-    winsize size{};
-    if (options.widthGiven) {
-        screen.width = options.width;
-    } else if (terminal && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) {
-        screen.width = size.ws_col;
-    }
-    return screen;
-}
-
 std::optional<unsigned> NumberOf(std::string_view tag) {
     unsigned number = 0;
     const auto read = std::from_chars(tag.data(), tag.data() + tag.size(), number);
@@ -64,6 +50,10 @@ void AddScreenOptions(CLI::App& command, ScreenChoice& choice) {
     command.add_flag("--decode", choice.decode,
                      "With Leader, 006, 007 and 008 spelled out; a question mark stands before "
                      "what the format has not");
+    AddWidthOption(command, choice);
+}
+
+void AddWidthOption(CLI::App& command, ScreenChoice& choice) {
     command.add_option_function<std::size_t>(
         "--width",
         [&choice](std::size_t width) {
@@ -71,6 +61,20 @@ void AddScreenOptions(CLI::App& command, ScreenChoice& choice) {
             choice.widthGiven = true;
         },
         "Columns of a line, 0 for no limit; the terminal's if not given");
+}
+
+ScreenOptions ScreenOf(const ScreenChoice& choice) {
+    ScreenOptions screen;
+    const bool terminal = isatty(STDOUT_FILENO) != 0;
+    const char* noColour = std::getenv("NO_COLOR");
+    screen.colour = terminal && (noColour == nullptr || *noColour == 0);
+    winsize size{};
+    if (choice.widthGiven) {
+        screen.width = choice.width;
+    } else if (terminal && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) {
+        screen.width = size.ws_col;
+    }
+    return screen;
 }
 
 bool LoadNames(const ScreenChoice& choice) {

@@ -24,6 +24,11 @@ struct ScreenChoice {
 };
 
 void AddScreenOptions(CLI::App& command, ScreenChoice& choice);
+// That of them that says how wide the lines are.
+void AddWidthOption(CLI::App& command, ScreenChoice& choice);
+
+// The width and the colours of what goes to standard output.
+ScreenOptions ScreenOf(const ScreenChoice& choice);
 
 // Puts in force what the names are taken from, if they are wanted. False if it is not there, which
 // the user has been told.

@@ -123,4 +123,8 @@ std::string WorkformText(const std::string& utf8) {
     throw FileError("a workform can't hold all characters of \"" + utf8 + "\"");
 }
 
+std::string LockedText(const std::string& name) {
+    return "\"" + name + "\" is locked by another program that is changing it";
+}
+
 }  // namespace quillory

@@ -21,6 +21,7 @@ int RunProgram(int argc, char** argv) {
     AddNew(program, run);
     AddCatalog(program, run);
     AddRecords(program, run);
+    AddWorkforms(program, run);
     AddSettings(program, run);
     try {
         program.parse(argc, argv);

@@ -25,6 +25,17 @@ std::string QmToUtf8(std::string_view qm) {
     return utf8;
 }
 
+std::string QmLinesToUtf8(std::string_view lines) {
+    std::string utf8;
+    for (;;) {
+        const std::size_t end = lines.find('\n');
+        utf8 += QmToUtf8(lines.substr(0, end));
+        if (end == lines.npos) return utf8;
+        utf8 += '\n';
+        lines.remove_prefix(end + 1);
+    }
+}
+
 bool Utf8ToQm(std::string_view utf8, std::string& qm) {
     std::string codes;
     if (!Letters().AppendQm(utf8, codes)) return false;

@@ -1,3 +1,4 @@
+#include <quillory/exchange/QmText.h>
 #include <quillory/exchange/QmUnicode.h>
 #include <quillory/exchange/Utf8.h>
 
@@ -144,15 +145,7 @@ CellText DecodeText(std::string_view utf8) {
 }
 
 std::string EncodeText(std::string_view text) {
-    std::string utf8;
-    ForEachLine(text, [&](std::string_view line) {
-        if (line == "\n") {
-            utf8 += line;
-        } else {
-            Code().AppendUtf8(line, utf8);
-        }
-    });
-    return utf8;
+    return quillory::QmLinesToUtf8(text);
 }
 
 // Some texts have no certain form in Unicode, such as a letter with two diacritics.

@@ -68,6 +68,7 @@ public:
     CCFAdditionalMaterialsList& GetAMList() { return additional_; }
     const CCFAdditionalMaterialsList& GetAMList() const { return additional_; }
     CHoldingsDataRecordList& GetHoldingsDataRecordList() { return holdings_; }
+    const CHoldingsDataRecordList& GetHoldingsDataRecordList() const { return holdings_; }
     void MakeAMListFrom(CCFAdditionalMaterialsList& list) const { list.CloneFrom(additional_); }
     void MakeHoldingsListFrom(CHoldingsDataRecordList& list) const { list.CloneFrom(holdings_); }
 
@@ -187,6 +188,7 @@ public:
     static std::string GetTemplateName(int id);
 
     // The workform's own lists, for programs that show or store them.
+    CInfoAboutDefaultDataList& GetDefaultData() { return defaultData_; }
     const CInfoAboutDefaultDataList& GetDefaultData() const { return defaultData_; }
     const CInfoAboutFieldPriorityList& GetFieldPriorities() const { return fieldPriorities_; }
     const CInfoAboutIndicatorDefaultList& GetIndicatorDefaults() const {

@@ -1,0 +1,147 @@
+#include <quillory/cli/Carrier.h>
+#include <quillory/cli/Library.h>
+#include <quillory/cli/WorkformCatalog.h>
+#include <quillory/cli/WorkformsCommands.h>
+#include <quillory/exchange/Output.h>
+#include <quillory/exchange/QmText.h>
+#include <quillory/store/Schema.h>
+#include <quillory/store/WorkformFile.h>
+#include <zorby/workforms/TemplateList.h>
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+#include <set>
+
+namespace quillory {
+namespace {
+
+constexpr int kAnybody = 0;  // of this process
+constexpr int kUsable = 1;
+
+struct ExportOptions {
+    std::string file;
+    std::vector<std::string> names;  // none for all
+};
+
+struct ImportOptions {
+    std::string file;
+    bool force = false;
+};
+
+std::vector<WorkformEntry> Chosen(const ExportOptions& options, const WorkformCatalog& catalog) {
+    if (options.names.empty()) return catalog.Users();
+    std::vector<WorkformEntry> entries;
+    for (const std::string& name : options.names) {
+        entries.push_back(catalog.Find(name));
+        if (entries.back().IsUsers()) continue;
+        throw FileError("\"" + entries.back().text +
+                        "\" is a standard workform, which every quillory has");
+    }
+    return entries;
+}
+
+Status RunExport(const ExportOptions& options) {
+    LoadSettings();
+    if (!LoadWorkforms()) return kStatusFailed;
+    CheckNotAnInput({StorePath()}, options.file);
+    const Reporter reporter(false, true);
+    WorkformCatalog catalog(reporter);
+    std::vector<FiledWorkform> workforms;
+    for (const WorkformEntry& entry : Chosen(options, catalog)) {
+        const std::optional<std::string> block = catalog.Store()->Block(entry.id);
+        if (!block) continue;  // another program has just deleted it
+        workforms.push_back(
+            ReadWorkformBlock(*block, StorePath() + ": workform " + std::to_string(entry.id)));
+    }
+    Output output(options.file);
+    output.Write(WorkformFileBytes(workforms));
+    output.Finish();
+    reporter.Say(Counted(workforms.size(), "workform") + " exported");
+    return kStatusWell;
+}
+
+std::string ContentOf(const std::string& file) {
+    constexpr std::size_t kChunk = std::size_t{1} << 16;
+    Input input(file);
+    std::string content;
+    for (std::string_view chunk = input.Peek(kChunk); !chunk.empty(); chunk = input.Peek(kChunk)) {
+        content += chunk;
+        input.Skip(chunk.size());
+    }
+    return content;
+}
+
+// Why a workform can't be imported; empty if it can.
+std::string Hindrance(const FiledWorkform& workform, bool force, const WorkformStore& store,
+                      std::set<std::string>& names) {
+    if (workform.name.empty()) return "has no name";
+    if (!names.insert(workform.name).second) return "is there twice";
+    const std::optional<WorkformInfo> known = store.FindByName(workform.name);
+    if (!known) return {};
+    if (known->id < kFirstUserWorkformId) return "is the name of a standard workform";
+    return force ? "" : "is already there, " + std::to_string(known->id) + "; --force replaces it";
+}
+
+bool HasBase(const FiledWorkform& workform) {
+    if (workform.baseName == workform.name) return true;
+    std::vector<std::string> names;
+    zorby::CTemplateList::GetTemplateNames(names, workform.baseName.c_str());
+    return !names.empty();
+}
+
+void SaveAll(const std::vector<FiledWorkform>& workforms, const ImportOptions& options,
+             WorkformStore& store, const Reporter& reporter) {
+    std::set<std::string> names;
+    for (std::size_t i = 0; i < workforms.size(); ++i) {
+        const FiledWorkform& workform = workforms[i];
+        const std::string text = QmToUtf8(workform.name);
+        const std::string place = options.file + ": workform " + std::to_string(i + 1) + ": ";
+        const std::string hindrance = Hindrance(workform, options.force, store, names);
+        if (!hindrance.empty()) throw FileError(place + "\"" + text + "\" " + hindrance);
+        if (!HasBase(workform)) {
+            reporter.Say(place + "its base \"" + QmToUtf8(workform.baseName) +
+                         "\" is not there; \"" + zorby::CTemplateList::kFallbackName +
+                         "\" stands in for it");
+        }
+        if (store.Save(workform.name, kAnybody, kUsable, workform.block) == 0) {
+            throw FileError(LockedText(text));
+        }
+    }
+}
+
+Status RunImport(const ImportOptions& options) {
+    LoadSettings();
+    if (!LoadWorkforms()) return kStatusFailed;
+    const std::string content = ContentOf(options.file);
+    const std::vector<FiledWorkform> workforms = ParseWorkformFile(content, options.file);
+    const Database database = OpenStore();
+    WorkformCatalog catalog(database);
+    const Reporter reporter(false, true);
+    Transaction transaction(database);
+    SaveAll(workforms, options, *catalog.Store(), reporter);
+    transaction.Commit();
+    reporter.Say(Counted(workforms.size(), "workform") + " imported");
+    return kStatusWell;
+}
+
+}  // namespace
+
+void AddWorkformsExport(CLI::App& workforms, Run& run) {
+    auto options = std::make_shared<ExportOptions>();
+    CLI::App* command = workforms.add_subcommand("export", "Write workforms of your own to a file");
+    command->add_option("FILE", options->file, "Where they go; - for standard output")->required();
+    command->add_option("NAME", options->names, "Workforms, by name or ID; none for all");
+    command->callback([options, &run] { run = [options] { return RunExport(*options); }; });
+}
+
+void AddWorkformsImport(CLI::App& workforms, Run& run) {
+    auto options = std::make_shared<ImportOptions>();
+    CLI::App* command = workforms.add_subcommand(
+        "import", "Add the workforms of an exported file, all of them or none");
+    command->add_option("FILE", options->file, "The file; - for standard input")->required();
+    command->add_flag("--force", options->force, "Replace workforms of your own of the same names");
+    command->callback([options, &run] { run = [options] { return RunImport(*options); }; });
+}
+
+}  // namespace quillory
