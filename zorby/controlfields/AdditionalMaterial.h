@@ -6,6 +6,7 @@
 #include <zorby/controlfields/CFType.h>
 #include <zorby/controlfields/MaterialType.h>
 #include <zorby/controlfields/OffsetTables.h>
+#include <zorby/controlfields/ReplacedPartCallback.h>
 
 #include <array>
 #include <cstddef>
@@ -54,6 +55,13 @@ public:
     // length stays readable by element.
     void Set007Complete(std::string_view field007);
 
+    // As for a main material, by the standard workform of the material. A 007 of a microform also
+    // decides the form of item, which is reported as that of books.
+    void SetInvalidValuesToDefault(ReplacedPartCallback callback, void* context);
+    // The literary text of a nonmusical sound recording becomes "other" if it is blank; any other
+    // kind keeps what it has.
+    void NonMusicalSoundRecordingFixup();
+
     // Bytes that the pair takes in a communications record, field ends included.
     unsigned GetMARCSize() const;
     void CloneFrom(const CCFAdditionalMaterial& other);
@@ -80,6 +88,7 @@ private:
     std::string_view Field006() const { return {field006_.data(), k006Size}; }
     std::string_view Field007() const;
     char ByteZeroFor(std::string_view field006) const;
+    void MatchFormOfItemToMicroform(ReplacedPartCallback callback, void* context);
     void Load(CArchive& archive);
 
     MaterialType material_ = kNoMaterial;

@@ -50,6 +50,8 @@ public:
 
     void CloneFrom(const CCFAdditionalMaterialsList& other);
     int IsEqualTo(const CCFAdditionalMaterialsList& other) const;
+    // On each entry in order.
+    void NonMusicalSoundRecordingFixup();
     unsigned GetMARCSize() const;
     void AddToPseudoMARC(CPmarc& record) const;
     // Loading adds behind what the list holds. Any version but 1 adds nothing.

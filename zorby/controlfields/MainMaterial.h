@@ -4,7 +4,9 @@
 #include <zorby/archive/Object.h>
 #include <zorby/controlfields/CFPart.h>
 #include <zorby/controlfields/CFType.h>
+#include <zorby/controlfields/MaterialType.h>
 #include <zorby/controlfields/OffsetTables.h>
+#include <zorby/controlfields/ReplacedPartCallback.h>
 
 #include <array>
 #include <cstddef>
@@ -65,6 +67,16 @@ public:
     // Replaces the 007 and its length but not its type; cut at 24 bytes. What lies beyond its
     // length stays readable by element.
     void Set007Complete(std::string_view field007);
+
+    // Gives every element with an invalid value another one: that of the standard workform of the
+    // record's types (of `material` for a 007), or a fixed one. An element of several codes loses
+    // its valid codes too. What no workform gives stays. `callback` hears of each, unless it is
+    // null. The second 006 is not looked at, and the 007 is, beyond its length, too.
+    void SetInvalidValuesToDefault(ReplacedPartCallback callback, void* context,
+                                   MaterialType material);
+    // The literary text of a nonmusical sound recording becomes "other" if it is blank; any other
+    // kind of record has none.
+    void NonMusicalSoundRecordingFixup();
 
     // An upper bound, in bytes, of what the fields take in a communications record.
     unsigned GetMARCSize() const;

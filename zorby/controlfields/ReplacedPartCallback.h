@@ -1,0 +1,10 @@
+#pragma once
+
+#include <zorby/controlfields/CFPart.h>
+
+namespace zorby {
+
+// Called for each element that a repair has given another value. `context` is passed through.
+using ReplacedPartCallback = void (*)(CFPart part, void* context);
+
+}  // namespace zorby
