@@ -55,19 +55,20 @@ CDialogWarningSettings::CDialogWarningSettings() {
     values_.fill(-1);
 }
 
+void CDialogWarningSettings::SetColumn(int WarningGroupRow::*column) {
+    for (std::size_t i = 0; i < values_.size(); ++i) values_[i] = WarningGroups()[i].*column;
+}
+
 void CDialogWarningSettings::SetBasicDefaults() {
-    for (int i = 0; i < kWarningGroups; ++i)
-        SetValue(i, WarningGroups()[static_cast<std::size_t>(i)].basic);
+    SetColumn(&WarningGroupRow::basic);
 }
 
 void CDialogWarningSettings::SetTLCDefaults() {
-    for (int i = 0; i < kWarningGroups; ++i)
-        SetValue(i, WarningGroups()[static_cast<std::size_t>(i)].tlc);
+    SetColumn(&WarningGroupRow::tlc);
 }
 
 void CDialogWarningSettings::SetCustomDefaults() {
-    for (int i = 0; i < kWarningGroups; ++i)
-        SetValue(i, WarningGroups()[static_cast<std::size_t>(i)].custom);
+    SetColumn(&WarningGroupRow::custom);
 }
 
 int CDialogWarningSettings::GetValue(int group) const {

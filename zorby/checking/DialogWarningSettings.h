@@ -58,6 +58,7 @@ public:
     int DoModal();
 
 private:
+    void SetColumn(int WarningGroupRow::*column);
     RadioDialog OnInitDialog() const;
     void OnOK(const RadioDialog& dialog);
 

@@ -18,6 +18,11 @@ public:
         byte = static_cast<unsigned char>(byte | 1 << code % 8);
     }
 
+    bool Has(int code) const {
+        if (code < 0 || code >= kBits) return false;
+        return (bytes_[static_cast<std::size_t>(code) / 8] >> code % 8 & 1) != 0;
+    }
+
     bool Intersects(const ErrorCodeSet& other) const {
         for (std::size_t i = 0; i < kBytes; ++i) {
             if ((bytes_[i] & other.bytes_[i]) != 0) return true;

@@ -82,7 +82,7 @@ std::string CRecordError::SubfieldTooLongText(int isLong) const {
     return Printed(
         "Field %03d  subfield $%c is too long.  Subfields can only be %d characters long.  You "
         "must remove some text from the subfield before the record can be exported.\r\n",
-        number_, subfield_, kLongestSubfield);
+        number_, subfield_, kLongestExportedSubfield);
 }
 
 std::string CRecordError::FieldTooLongText(int isLong) const {
@@ -90,7 +90,7 @@ std::string CRecordError::FieldTooLongText(int isLong) const {
     return Printed(
         "Field %03d is too long.  Fields can only be %d characters long.  You must remove some "
         "text from the field before the record can be exported.\r\n",
-        number_, kLongestField);
+        number_, kLongestExportedField);
 }
 
 std::string CRecordError::RecordTooLongText(int isLong) const {

@@ -10,9 +10,9 @@
 namespace zorby {
 
 // The most characters that may leave in an exported record.
-inline constexpr int kLongestSubfield = 9950;
-inline constexpr int kLongestField = 9950;
-inline constexpr int kLongestRecord = 99800;
+inline constexpr int kLongestExportedSubfield = 9950;
+inline constexpr int kLongestExportedField = 9950;
+inline constexpr int kLongestExportedRecord = 99800;
 
 // One finding on a record. It has no stored form: an archive gets and gives nothing of it.
 class ZORBY_EXPORT CRecordError : public CObject {
@@ -26,7 +26,7 @@ public:
                  char subfield);
 
     // `number` is the tag of the field, `subfield` 0 if the finding is about the field. For
-    // EC_RecordTooLong the number is what the long message calls the limit: kLongestRecord.
+    // EC_RecordTooLong the number is what the long message calls the limit: kLongestExportedRecord.
     void Create(E_ERROR_CODE code, E_ERROR_CODE_SUB_TYPE subType, std::int32_t number,
                 char subfield);
 

@@ -1,0 +1,125 @@
+#include <quillory/checks/FieldRules.h>
+#include <zorby/format/MARCFormat.h>
+#include <zorby/holdings/HoldingsSelector.h>
+#include <zorby/text/TagArray.h>
+
+#include <algorithm>
+#include <string>
+
+namespace quillory {
+namespace {
+
+using zorby::CMARCFormat;
+
+constexpr unsigned kFirstDataField = 10;
+
+std::size_t Index(char code) {
+    return static_cast<unsigned char>(code);
+}
+
+void AllowCode(FieldRule& rule, char code, bool repeatable) {
+    rule.codes.set(Index(code));
+    if (repeatable) rule.repeatableCodes.set(Index(code));
+}
+
+// Field 490 is the format's own; 009 was, and is left to libraries now.
+bool IsLocalTag(unsigned tag) {
+    const bool has9 = tag / 100 == 9 || tag / 10 % 10 == 9 || tag % 10 == 9;
+    return has9 && tag != 490;
+}
+
+// Tags of holdings fields of the user's own.
+std::vector<unsigned> CustomTags() {
+    std::vector<std::string> entries;
+    CMARCFormat::ParseUDSubfields(zorby::CHoldingsSelector::GetCustomHoldingsFieldsAndSubfields(),
+                                  entries, 1);
+    std::vector<unsigned> tags;
+    for (const std::string& entry : entries) {
+        if (const unsigned tag = TagNumber(entry.substr(0, 3)); tag != kNoTag) tags.push_back(tag);
+    }
+    return tags;
+}
+
+}  // namespace
+
+unsigned TagNumber(std::string_view tag) {
+    if (tag.size() != 3) return kNoTag;
+    unsigned number = 0;
+    for (const char c : tag) {
+        if (c < '0' || '9' < c) return kNoTag;
+        number = number * 10 + static_cast<unsigned>(c - '0');
+    }
+    return number;
+}
+
+FieldRules::FieldRules(bool allowLocal) : rules_(kTags) {
+    AddDictionary();
+    AddHoldings();
+    AddRoles();
+    if (allowLocal) AllowLocal();
+}
+
+void FieldRules::AddDictionary() {
+    const auto tags = CMARCFormat::AllTags(0, kTags - 1);
+    for (const unsigned tag : *tags) {
+        const zorby::CInfoAboutField* field = CMARCFormat::FindField(tag);
+        if (field == nullptr) AllowAny(tag);  // of the holdings in force
+        FieldRule& rule = rules_[tag];
+        rule.isKnown = true;
+        rule.isRepeatable = field == nullptr || field->Repeatable() != 0;
+        std::string codes;
+        CMARCFormat::AllSubfieldCodes(tag, codes);
+        for (const char code : codes) {
+            const zorby::CInfoAboutSubfield* subfield = CMARCFormat::FindSubfield(tag, code);
+            AllowCode(rule, code, subfield == nullptr || subfield->Repeatable() != 0);
+        }
+        // The institution and the links between fields go with fields of the user's own too.
+        if (CMARCFormat::IsUDField(tag) == 0) continue;
+        for (const char code : {'5', '6', '8'}) AllowCode(rule, code, true);
+    }
+}
+
+void FieldRules::AddHoldings() {
+    // Holdings that the bibliographic format has itself.
+    for (const unsigned tag : {852U, 863U, 864U, 865U, 866U, 867U, 868U, 876U, 877U, 878U}) {
+        rules_[tag].isHoldings = true;
+    }
+    if (zorby::CHoldingsSelector::CurrentHoldingsTypeIsCustom()) {
+        for (const unsigned tag : CustomTags()) rules_[tag].isHoldings = true;
+    }
+    const zorby::CInfoAboutHoldingsType* type = zorby::CHoldingsSelector::GetCurrentHoldingsType();
+    for (int i = 0; type != nullptr && i < type->GetSize(); ++i) {
+        const zorby::CInfoAboutHoldingsField& element = *type->GetAt(i);
+        const unsigned tag = element.GetTag();
+        if (tag < kFirstDataField || tag >= kTags) continue;
+        if (!rules_[tag].isKnown) AllowAny(tag);
+        rules_[tag].isHoldings = true;
+        if (element.GetSubfield() >= ' ') {
+            AllowCode(rules_[tag], static_cast<char>(element.GetSubfield()), true);
+        }
+    }
+}
+
+void FieldRules::AddRoles() {
+    for (const unsigned tag : {100U, 110U, 111U, 130U}) rules_[tag].role = kRoleMainEntry;
+    rules_[245].role = kRoleTitle;
+    for (const unsigned tag : {260U, 264U}) rules_[tag].role = kRolePublication;
+    rules_[300].role = kRoleExtent;
+    for (unsigned tag = 500; tag < 600; ++tag) rules_[tag].role = kRoleNote;
+    for (unsigned tag = 600; tag < 700; ++tag) rules_[tag].role = kRoleSubject;
+    rules_[880].role = kRoleLinked;
+}
+
+void FieldRules::AllowLocal() {
+    for (unsigned tag = 0; tag < kTags; ++tag) {
+        if (IsLocalTag(tag) && !rules_[tag].isKnown) AllowAny(tag);
+        AllowCode(rules_[tag], '9', true);
+    }
+}
+
+void FieldRules::AllowAny(unsigned tag) {
+    rules_[tag].isKnown = true;
+    rules_[tag].hasAnyCodes = true;
+}
+
+}  // namespace quillory

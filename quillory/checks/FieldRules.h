@@ -1,0 +1,62 @@
+#pragma once
+
+#include <array>
+#include <bitset>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+namespace quillory {
+
+inline constexpr unsigned kTags = 1000;
+inline constexpr unsigned kNoTag = kTags;  // of a tag that is no number
+
+// 245 for "245"; kNoTag for what is not three digits.
+unsigned TagNumber(std::string_view tag);
+
+// What fields count for in the checks of a whole record.
+enum FieldRole : std::uint8_t {
+    kRoleOther,
+    kRoleMainEntry,    // 100, 110, 111, 130
+    kRoleTitle,        // 245
+    kRolePublication,  // 260, 264
+    kRoleExtent,       // 300
+    kRoleNote,         // 500 to 599
+    kRoleSubject,      // 600 to 699
+    kRoleLinked,       // 880
+};
+
+using Codes = std::bitset<256>;
+
+// What is allowed in the fields of a tag.
+struct FieldRule {
+    bool isKnown = false;
+    bool isRepeatable = true;
+    bool hasAnyCodes = false;  // any subfield, as often as may be
+    bool isHoldings = false;
+    FieldRole role = kRoleOther;
+    Codes codes;
+    Codes repeatableCodes;
+};
+
+// The format's dictionary and the holdings system in force when the object is made, by tag.
+class FieldRules {
+public:
+    // `allowLocal` takes what the format leaves to libraries for known: tags with a 9, but for 490,
+    // and subfield 9.
+    explicit FieldRules(bool allowLocal);
+
+    // The tag is below kTags.
+    const FieldRule& Of(unsigned tag) const { return rules_[tag]; }
+
+private:
+    void AddDictionary();
+    void AddHoldings();
+    void AddRoles();
+    void AllowLocal();
+    void AllowAny(unsigned tag);
+
+    std::vector<FieldRule> rules_;
+};
+
+}  // namespace quillory

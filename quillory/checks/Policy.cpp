@@ -1,0 +1,89 @@
+#include <quillory/checks/Policy.h>
+#include <quillory/exchange/Input.h>
+#include <zorby/checking/DialogWarningSettings.h>
+#include <zorby/checking/ErrorCodeBits.h>
+#include <zorby/text/General.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+using zorby::WarningGroupRow;
+
+constexpr int kMostValue = 2;
+
+void SetInMemory(std::int32_t key, int value) {
+    zorby::CGeneral::m_iniUserProfile.SetPrivateProfileValue(
+        "Zorby", zorby::FindProfileKey(key)->name, value);
+}
+
+int ZorbyPolicy(PolicyKind kind) {
+    if (kind == kPolicyBasic) return zorby::WP_Basic;
+    return kind == kPolicyTLC ? zorby::WP_TLC : zorby::WP_Custom;
+}
+
+std::string_view NameOf(PolicyKind kind) {
+    return kind == kPolicyBasic ? "basic" : "tlc";
+}
+
+int DefaultOf(PolicyKind kind, const WarningGroupRow& group) {
+    if (kind == kPolicyBasic) return group.basic;
+    return kind == kPolicyTLC ? group.tlc : group.custom;
+}
+
+const WarningGroupRow* GroupOf(std::int32_t key) {
+    const auto groups = zorby::WarningGroups();
+    const auto group =
+        std::ranges::find_if(groups, [key](const WarningGroupRow& g) { return g.key == key; });
+    return group == groups.end() ? nullptr : &*group;
+}
+
+const zorby::ProfileKeyRow& KeyNamed(const std::string& name) {
+    for (const zorby::ProfileKeyRow& row : zorby::ProfileKeyTable()) {
+        const std::string rowName = row.name;
+        const bool isMeant =
+            rowName == name || rowName == "ZP_" + name || rowName == "ZP_RC_" + name;
+        const bool decides =
+            GroupOf(row.id) != nullptr || row.id == zorby::ZP_RecordViewerShowImportRepairLog;
+        if (isMeant && decides) return row;
+    }
+    throw FileError("no findings go by a setting " + name + "; those that do begin ZP_RC_No, " +
+                    "ZP_RC_CF, ZP_RC_Ti, ZP_RC_To in `quillory settings`");
+}
+
+void SetKey(PolicyKind kind, const std::string& name, int value) {
+    const zorby::ProfileKeyRow& row = KeyNamed(name);
+    if (value < 0 || value > kMostValue) {
+        throw FileError(name + ": 0 for an error, 1 for a warning, 2 for nothing, not " +
+                        std::to_string(value));
+    }
+    const WarningGroupRow* group = GroupOf(row.id);
+    const bool isOpen = kind == kPolicyProfile || group == nullptr ||
+                        zorby::IsWarningOptionOpen(ZorbyPolicy(kind), *group, value);
+    if (!isOpen) {
+        throw FileError(name + ": the policy " + std::string(NameOf(kind)) + " fixes it to " +
+                        std::to_string(DefaultOf(kind, *group)));
+    }
+    SetInMemory(row.id, value);
+}
+
+}  // namespace
+
+void PutInForce(const PolicyChoice& choice) {
+    if (choice.kind != kPolicyProfile) {
+        for (const WarningGroupRow& group : zorby::WarningGroups()) {
+            if (group.key >= 0) SetInMemory(group.key, DefaultOf(choice.kind, group));
+        }
+    }
+    for (const auto& [name, value] : choice.keys) SetKey(choice.kind, name, value);
+}
+
+Verdict Policy::VerdictOf(const std::vector<Finding>& findings) const {
+    zorby::ErrorCodeSet codes;
+    for (const Finding& finding : findings) codes.Set(finding.code);
+    const zorby::CErrorCodeBits bits(codes.Data(), zorby::ErrorCodeSet::kBits);
+    return static_cast<Verdict>(bits.OKWarningError(bits_));
+}
+
+}  // namespace quillory
