@@ -15,6 +15,7 @@ namespace quillory {
 using Run = std::function<Status()>;
 
 void AddCatalog(CLI::App& program, Run& run);
+void AddCheck(CLI::App& program, Run& run);
 void AddCodes(CLI::App& program, Run& run);
 void AddConvert(CLI::App& program, Run& run);
 void AddDescribe(CLI::App& program, Run& run);

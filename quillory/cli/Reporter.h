@@ -29,11 +29,13 @@ public:
     // About the file or the work as a whole.
     void Say(std::string_view text) const;
 
+    // "FILE: record 2 at byte 90 (001 x)", as it stands in messages.
+    std::string PlaceOf(const Item& item) const;
+    // The file in hand.
+    const std::string& File() const { return file_; }
     bool Quiet() const { return quiet_; }
 
 private:
-    std::string PlaceOf(const Item& item) const;
-
     bool quiet_;
     bool all_;
     std::string file_;

@@ -16,6 +16,7 @@ int RunProgram(int argc, char** argv) {
     Run run;
     AddConvert(program, run);
     AddShow(program, run);
+    AddCheck(program, run);
     AddDescribe(program, run);
     AddCodes(program, run);
     AddNew(program, run);

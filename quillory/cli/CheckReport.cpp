@@ -1,0 +1,103 @@
+#include <quillory/cli/CheckReport.h>
+#include <quillory/coded/Material.h>
+
+#include <utility>
+
+namespace quillory {
+namespace {
+
+constexpr std::size_t kTypeOfRecord = 6;
+
+CheckFormat FormatOf(const CheckReportOptions& options) {
+    if (options.format != kCheckByName) return options.format;
+    const std::string_view name = options.output;
+    for (const std::string_view end : {".html", ".htm", ".html.gz"}) {
+        if (name.ends_with(end)) return kCheckHtml;
+    }
+    for (const std::string_view end : {".jsonl", ".jsonl.gz"}) {
+        if (name.ends_with(end)) return kCheckJsonl;
+    }
+    return kCheckText;
+}
+
+}  // namespace
+
+void CheckTotals::Count(const CheckedRecord& record) {
+    ++records;
+    ++verdicts[static_cast<std::size_t>(record.verdict)];
+    for (const Finding& finding : record.findings) ++findings[finding.code];
+    const std::string material = MaterialText(record.item.record.leader);
+    ++materials[material][static_cast<std::size_t>(record.verdict)];
+}
+
+std::unique_ptr<CheckReport> MakeCheckReport(const CheckReportOptions& options,
+                                             Reporter& reporter) {
+    auto output = std::make_unique<Output>(options.output);
+    switch (FormatOf(options)) {
+        case kCheckJsonl:
+            return MakeJsonlCheckReport(std::move(output), reporter);
+        case kCheckHtml:
+            return MakeHtmlCheckReport(std::move(output), options.rows, reporter);
+        default:
+            return MakeTextCheckReport(std::move(output), reporter);
+    }
+}
+
+std::string KindText(zorby::E_ERROR_CODE code) {
+    switch (code) {
+        case zorby::EC_ManyMainEntriesPersonal:
+            return "more main entries than the personal name (100)";
+        case zorby::EC_ManyMainEntriesCorporate:
+            return "more main entries than the corporate name (110)";
+        case zorby::EC_ManyMainEntriesMeeting:
+            return "more main entries than the meeting name (111)";
+        case zorby::EC_ManyMainEntriesUniformTitle:
+            return "more main entries than the uniform title (130)";
+        case zorby::EC_SubfieldTooLong:
+            return "subfield is too long";
+        case zorby::EC_FieldTooLong:
+            return "field is too long";
+        case zorby::EC_NotMARC:
+            return "not a MARC field or subfield";
+        case zorby::EC_NotRepeatable:
+            return "not a repeatable field or subfield";
+        default: {
+            Finding finding;
+            finding.code = code;
+            return ShortText(finding);
+        }
+    }
+}
+
+std::string MaterialText(std::string_view leader) {
+    const std::string_view name = FormName(MaterialOfLeader(leader));
+    if (!name.empty()) return std::string(name);
+    switch (leader.size() > kTypeOfRecord ? leader[kTypeOfRecord] : '\0') {
+        case 'z':
+            return "authority data";
+        case 'w':
+            return "classification data";
+        case 'q':
+            return "community information";
+        case 'u':
+        case 'v':
+        case 'x':
+        case 'y':
+            return "holdings";
+        default:
+            return "unknown material";
+    }
+}
+
+std::string_view VerdictText(Verdict verdict) {
+    switch (verdict) {
+        case kMayGo:
+            return "ok";
+        case kMayGoWithWarnings:
+            return "warnings";
+        default:
+            return "errors";
+    }
+}
+
+}  // namespace quillory

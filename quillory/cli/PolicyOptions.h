@@ -1,0 +1,27 @@
+#pragma once
+
+#include <quillory/checks/Checker.h>
+
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace quillory {
+
+// What a command that checks records holds them to.
+struct PolicyOptions {
+    PolicyChoice policy;
+    std::string userDefined;  // fields of the user's own; empty: those that the format leaves to
+                              // libraries are free
+};
+
+void AddPolicyOptions(CLI::App& command, PolicyOptions& options);
+
+// Puts settings, policy and dictionaries in force, and gives a checker of them. Nothing if a
+// dictionary is not there, which the user has been told. Throws FileError.
+std::optional<Checker> MakeChecker(const PolicyOptions& options, Charset charset);
+
+}  // namespace quillory
