@@ -14,6 +14,7 @@
 namespace zorby {
 
 class CHoldingsDataRecordList;
+class CPmarc;
 
 // A subfield that goes through to the output as it is.
 struct ZORBY_EXPORT HoldingItemHold {
@@ -101,6 +102,18 @@ public:
     // The bytes that the elements take in a MARC record, with those of a field around them; 0
     // without any text. Holds don't count.
     unsigned GetMARCSize() const;
+
+    // Adds the elements in their order, then the holds, to new fields of `marc`, one for each of
+    // the first two tags met. Elements of a third tag go to the second field, holds of a third tag
+    // nowhere, and so do elements that the dictionary in force doesn't have. Subfields composed of
+    // several elements come last in the first field. That field takes the indicators of Dynix while
+    // HT_DYNIX is in force (CHoldingsSelector), whatever the record's own type.
+    void AddToPseudoMARC(CPmarc& marc) const;
+
+    // What the host's list shows of the copy: the call number of the record's type, its parts
+    // joined with a blank; and all bar codes, those of other systems too.
+    std::string GetRecVCallNumber() const;
+    std::string GetRecVBarCode() const;
 
 private:
     friend class CHoldingsDataRecordList;  // sets the owner

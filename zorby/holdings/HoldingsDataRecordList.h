@@ -56,6 +56,13 @@ public:
     // Of each record, and their sum.
     void SortByTagAndSubfield();
     unsigned GetMARCSize() const;
+    // Each record adds fields of its own, in list order.
+    void AddToPseudoMARC(CPmarc& marc) const;
+
+    // The texts of the records in list order, with a character of code 1 between two; records
+    // without such a text leave no trace.
+    std::string GetRecVCallNumbers() const;
+    std::string GetRecVBarCodes() const;
 
 private:
     void Store(CArchive& archive) const;
