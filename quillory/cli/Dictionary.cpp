@@ -1,5 +1,6 @@
 #include <quillory/cli/Dictionary.h>
 #include <quillory/exchange/QmText.h>
+#include <quillory/holdings/HoldingsSystem.h>
 #include <zorby/charset/Compare.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/HoldingsSelector.h>
@@ -204,11 +205,7 @@ Document DescribeHoldingsTypes() {
 }
 
 Document DescribeHoldingsType(const std::string& name) {
-    const bool isNumber = name.size() < 4 && name.find_first_not_of("0123456789") == name.npos;
-    const zorby::CInfoAboutHoldingsType* type =
-        isNumber ? zorby::CInfoAboutHoldingsTypeList::FindFromType(
-                       static_cast<zorby::EHOLDINGSTYPE>(std::stoi(name)))
-                 : zorby::CInfoAboutHoldingsTypeList::FindFromName(name);
+    const zorby::CInfoAboutHoldingsType* type = FindHoldingsType(name);
     if (type == nullptr) return nullptr;
     Document document = TypeDocument(*type);
     document["elements"] = Document::array();

@@ -1,4 +1,5 @@
 #include <zorby/holdings/HoldingsDataRecordList.h>
+#include <zorby/holdings/HoldingsDelimiters.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 #include <zorby/holdings/detail/CompositesToMARC.h>
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <string>
-#include <string_view>
 
 namespace zorby {
 namespace {
@@ -17,7 +17,6 @@ constexpr char kSubfield1 = '1';
 
 // A value of these that goes to $x by itself says what it is.
 constexpr EHOLDINGSID kFunds[] = {HID_FOLLETT_UNISON_FUND, HID_FOLLETT_FUND};
-constexpr std::string_view kFundLabel = "FUND: ";
 
 bool KeepsPairs(EHOLDINGSTYPE type, EHOLDINGSID first) {
     return first == HID_TYPE_5_ITEM_1 ? type == HT_TYPE_5
@@ -81,7 +80,7 @@ private:
         const char code = static_cast<char>(info.GetSubfield());
         std::string text = element.GetText();
         if (code == kSubfieldX && std::ranges::count(kFunds, info.GetHoldingsID()) != 0) {
-            text.insert(0, kFundLabel);
+            text.insert(0, kpHoldingsFundLabel);
         }
         const Field& field = info.GetTag() == first_.tag ? first_ : second_;
         if (IsSecondWithoutFirst(element.GetID())) {

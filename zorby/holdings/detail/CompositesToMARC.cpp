@@ -2,20 +2,12 @@
 #include <zorby/holdings/detail/CompositesToMARC.h>
 #include <zorby/text/detail/WhiteSpace.h>
 
-#include <array>
 #include <cstddef>
 
 namespace zorby {
 namespace {
 
-constexpr int kLowestCode = 32;    // a dictionary's subfields below are places in a composite
-constexpr int kLetterOffset = 96;  // place 1 is "a"
-
-constexpr int kFirstLabel = 9;
-constexpr std::array<std::string_view, 5> kLabels = {
-    "Funds:", "Accession:", "Policy:", "Vendor:", "Inventory:",
-};
-
+constexpr int kLowestCode = 32;  // a dictionary's subfields below are places in a composite
 constexpr int kHoldTag = 852;
 constexpr char kHoldSubfield = '1';
 
@@ -46,7 +38,7 @@ void CompositesToMARC::AddToX(const CInfoAboutHoldingsField& info, std::string_v
     if (x_.empty()) x_ = kpFollettSubXMarker;
     const auto add = [&](std::string_view value) {
         x_ += kcFollettSubXDelimiter;
-        x_ += static_cast<char>(info.GetSubfield() + kLetterOffset);
+        x_ += static_cast<char>(info.GetSubfield() + kFollettLetterOffset);
         x_ += value;
     };
     const char delimiter = info.GetRepeatDelimiter();
@@ -64,9 +56,9 @@ void CompositesToMARC::AddToX(const CInfoAboutHoldingsField& info, std::string_v
 }
 
 void CompositesToMARC::AddTo1(const CInfoAboutHoldingsField& info, std::string_view text) {
-    const int label = info.GetSubfield() - kFirstLabel;
-    if (label < 0 || label >= static_cast<int>(kLabels.size())) return;
-    one_ += kLabels[static_cast<std::size_t>(label)];
+    const char* label = AlexandriaLabel(info.GetSubfield());
+    if (!label) return;
+    one_ += label;
     one_ += text;
     one_ += kcHoldingsDelimiter;
 }

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <quillory/exchange/Record.h>
+#include <quillory/holdings/HoldingsSystem.h>
+#include <zorby/holdings/HoldingsDataRecordList.h>
+
+#include <string_view>
+#include <vector>
+
+namespace quillory {
+
+// The copies that stand in a record, and of each the fields that it stands in.
+struct CopiesOfRecord {
+    zorby::CHoldingsDataRecordList copies;
+    std::vector<std::vector<zorby::CommFormatField>> fields;
+};
+
+struct Subfield {
+    char code = 0;
+    std::string_view text;
+};
+
+// The subfields of a data field, between them all bytes behind the indicators. False for a field
+// that is not made of subfields.
+bool SplitSubfields(std::string_view content, std::vector<Subfield>& subfields);
+
+// Takes up copies from the fields that one system writes, as copies of the same or another system:
+// an element goes to the one of the same name. A subfield that is no element of both is kept as it
+// is, and so is one that would come out as something else.
+//
+// A field is a copy. Of a system that writes two fields a copy, the fields of both tags are taken
+// in pairs where there are as many of the one as of the other; otherwise each is a copy by itself.
+class HoldingsFields {
+public:
+    HoldingsFields(const HoldingsSystem& from, const HoldingsSystem& to) : from_(from), to_(to) {}
+
+    // Whether the field holds copies.
+    bool IsTaken(const zorby::CommFormatField& field) const;
+    // Adds the copies of a record, whose bytes have to last as long as the result.
+    void Take(const Record& record, CopiesOfRecord& taken) const;
+
+private:
+    void TakeField(const zorby::CommFormatField& field, zorby::CHoldingsDataRecord& copy) const;
+    void TakeSubfield(int tag, const Subfield& subfield, zorby::CHoldingsDataRecord& copy) const;
+    bool TakeElement(const zorby::CInfoAboutHoldingsField* info, std::string_view text,
+                     zorby::CHoldingsDataRecord& copy) const;
+    bool TakeFund(int tag, const Subfield& subfield, zorby::CHoldingsDataRecord& copy) const;
+    bool TakeFollett(int tag, const Subfield& subfield, zorby::CHoldingsDataRecord& copy) const;
+    bool TakeAlexandria(int tag, const Subfield& subfield, zorby::CHoldingsDataRecord& copy) const;
+    const zorby::CInfoAboutHoldingsField* Labelled(int tag, std::string_view& text) const;
+    const zorby::CInfoAboutHoldingsField* Find(int tag, int subfield) const;
+    const zorby::CInfoAboutHoldingsField* Target(const zorby::CInfoAboutHoldingsField& info) const;
+
+    const HoldingsSystem& from_;
+    const HoldingsSystem& to_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <zorby/holdings/InfoAboutHoldingsTypeList.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillory {
+
+// How holdings are kept: under a system of the holdings dictionary, or in fields of the user's own.
+struct HoldingsSystem {
+    const zorby::CInfoAboutHoldingsType* type = nullptr;  // null for the user's own fields
+    zorby::EHOLDINGSTYPE id = zorby::HT_CUSTOM;
+    std::string name;            // in UTF-8
+    std::vector<unsigned> tags;  // of the fields that hold copies, each once
+
+    bool HasTag(std::string_view tag) const;
+    // Without elements, values are named by their places in the record.
+    bool HasElements() const { return type != nullptr && type->GetSize() > 0; }
+};
+
+// The system of the settings in force.
+HoldingsSystem HoldingsSystemInForce();
+
+// The system of the dictionary with this name, present or former, or this number; null if there is
+// none.
+const zorby::CInfoAboutHoldingsType* FindHoldingsType(const std::string& name);
+// Puts a system in force for this run. The settings as they are stored stay.
+void PutInForce(const zorby::CInfoAboutHoldingsType& type);
+
+}  // namespace quillory

@@ -1,0 +1,143 @@
+#include <quillory/holdings/RecordHoldings.h>
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+using zorby::CommFormatField;
+
+constexpr std::size_t kTagSize = 3;
+constexpr std::size_t kIndicators = 2;
+
+std::string_view Trimmed(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\n\v\f\r";
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+// What counts in a field: its tag, its indicators and its subfields, in any order.
+struct Statement {
+    std::string_view tag;
+    std::string_view indicators;
+    std::vector<std::pair<char, std::string_view>> subfields;
+
+    Statement(std::string_view fieldTag, std::string_view content)
+        : tag(fieldTag), indicators(content.substr(0, kIndicators)) {
+        std::vector<Subfield> split;
+        SplitSubfields(content, split);
+        for (const auto& [code, text] : split) subfields.emplace_back(code, Trimmed(text));
+        std::ranges::sort(subfields);
+    }
+    bool operator==(const Statement&) const = default;
+};
+
+// In the order of tags, since that of a pair of fields is nothing that they say.
+template <class Fields>
+std::vector<Statement> Statements(const Fields& fields) {
+    std::vector<Statement> statements;
+    for (const auto& field : fields) statements.emplace_back(field.tag, field.content);
+    std::ranges::stable_sort(statements, {}, &Statement::tag);
+    return statements;
+}
+
+}  // namespace
+
+RecordHoldings::RecordHoldings(const HoldingsSystem& from, const HoldingsSystem& to,
+                               HoldingsFile* file)
+    : from_(from), to_(to), reader_(from, to), file_(file) {}
+
+void RecordHoldings::Write(Record& record, std::uint64_t number, Charset charset, Losses& losses) {
+    made_.clear();
+    if (MakeFromFile(record, number)) {
+        Convert(charset, losses);
+        Replace(record, [this](const CommFormatField& field) {
+            return from_.HasTag(field.tag) || to_.HasTag(field.tag);
+        });
+    } else if (MakeFromFields(record)) {
+        Replace(record, [this](const CommFormatField& field) { return reader_.IsTaken(field); });
+    }
+}
+
+bool RecordHoldings::MakeFromFile(const Record& record, std::uint64_t number) {
+    zorby::CHoldingsDataRecordList copies;
+    if (file_ == nullptr || !file_->AddCopies(record.ControlNumber(), number, copies)) return false;
+    copies.SortByTagAndSubfield();
+    for (int i = 0; i < copies.GetSize(); ++i) MakeFields(*copies.GetAt(i), {});
+    return true;
+}
+
+bool RecordHoldings::MakeFromFields(const Record& record) {
+    CopiesOfRecord taken;
+    reader_.Take(record, taken);
+    if (taken.fields.empty()) return false;
+    std::vector<CommFormatField> old;
+    for (std::size_t i = 0; i < taken.fields.size(); ++i) {
+        MakeFields(*taken.copies.GetAt(static_cast<int>(i)), taken.fields[i]);
+        old.insert(old.end(), taken.fields[i].begin(), taken.fields[i].end());
+    }
+    return Statements(old) != Statements(made_);
+}
+
+// The library writes blank indicators, but for those of Dynix, and nothing for a copy that is no
+// more than the rest of a composed subfield. What the record had stays then.
+void RecordHoldings::MakeFields(const zorby::CHoldingsDataRecord& copy,
+                                const std::vector<CommFormatField>& origin) {
+    zorby::CPmarc marc;
+    copy.AddToPseudoMARC(marc);
+    const std::size_t before = made_.size();
+    for (const std::string& field : marc) {
+        if (field.size() <= kTagSize + kIndicators) continue;
+        NewField made{field.substr(0, kTagSize), field.substr(kTagSize)};
+        const auto same = std::ranges::find(origin, made.tag, &CommFormatField::tag);
+        const bool keepsIndicators = to_.id != zorby::HT_DYNIX || !to_.HasTag(made.tag);
+        if (same != origin.end() && keepsIndicators) {
+            made.content.replace(0, kIndicators, same->content.substr(0, kIndicators));
+        }
+        made_.push_back(std::move(made));
+    }
+    if (made_.size() > before) return;
+    for (const CommFormatField& field : origin) {
+        made_.push_back({std::string(field.tag), std::string(field.content)});
+    }
+}
+
+void RecordHoldings::Convert(Charset charset, Losses& losses) {
+    if (charset == kCharsetUtf8) return;
+    auto& converter = converters_[static_cast<std::size_t>(charset)];
+    if (!converter) {
+        converter = std::make_unique<TextConverter>(kCharsetUtf8, charset, kNormalFormC);
+    }
+    for (NewField& field : made_) {
+        std::string converted = field.content.substr(0, kIndicators);
+        converter->Append(std::string_view(field.content).substr(kIndicators), converted, losses);
+        field.content = std::move(converted);
+    }
+}
+
+void RecordHoldings::Replace(Record& record,
+                             const std::function<bool(const CommFormatField&)>& isOld) {
+    record_.Clear();
+    for (const CommFormatField& field : record.fields) {
+        if (!isOld(field)) record_.FieldAppend(field.tag, field.content);
+    }
+    for (const auto& [tag, content] : made_) {
+        const int number = std::stoi(tag);
+        int occurrence = 0;
+        record_.FieldNew(number, occurrence);
+        const auto place = static_cast<unsigned>(number);
+        record_.FieldSetIndicators(place, occurrence, content[0], content[1]);
+        record_.FieldAddSubfield(place, occurrence, 0, content.substr(kIndicators), 0);
+    }
+    record.fields.clear();
+    for (const std::string& field : record_) {
+        const std::string_view view = field;
+        record.fields.push_back({view.substr(0, kTagSize), view.substr(kTagSize)});
+    }
+    record.bytes = {};
+    ++changed_;
+}
+
+}  // namespace quillory

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <quillory/exchange/Charset.h>
+#include <quillory/exchange/Losses.h>
+#include <quillory/exchange/Record.h>
+#include <quillory/exchange/TextConverter.h>
+#include <quillory/holdings/HoldingsFields.h>
+#include <quillory/holdings/HoldingsFile.h>
+#include <quillory/holdings/HoldingsSystem.h>
+#include <zorby/record/Pmarc.h>
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+// Writes the copies of records into them as a holdings system has it, one record after the other.
+class RecordHoldings {
+public:
+    // `to` is the system in force, `from` the one whose fields records hold; both outlive this, and
+    // so does the file, which may be null.
+    RecordHoldings(const HoldingsSystem& from, const HoldingsSystem& to, HoldingsFile* file);
+
+    // Replaces the fields of copies, those of both systems, by the copies that the file has for the
+    // record; or else by the copies that stand in them. Fields that say the same already stay as
+    // they are, and so do records without copies. `number` is that of the record in its file, and
+    // `charset` what the record is in. Views of a changed record hold until the next call.
+    void Write(Record& record, std::uint64_t number, Charset charset, Losses& losses);
+
+    std::uint64_t Changed() const { return changed_; }
+
+private:
+    struct NewField {
+        std::string tag;
+        std::string content;
+    };
+
+    bool MakeFromFile(const Record& record, std::uint64_t number);
+    bool MakeFromFields(const Record& record);
+    void MakeFields(const zorby::CHoldingsDataRecord& copy,
+                    const std::vector<zorby::CommFormatField>& origin);
+    void Convert(Charset charset, Losses& losses);
+    void Replace(Record& record, const std::function<bool(const zorby::CommFormatField&)>& isOld);
+
+    const HoldingsSystem& from_;
+    const HoldingsSystem& to_;
+    HoldingsFields reader_;
+    HoldingsFile* file_;
+    std::vector<NewField> made_;
+    zorby::CPmarc record_;
+    std::array<std::unique_ptr<TextConverter>, 4> converters_;  // from UTF-8
+    std::uint64_t changed_ = 0;
+};
+
+}  // namespace quillory
