@@ -1,8 +1,9 @@
+#include <quillory/checks/Subfields.h>
 #include <quillory/holdings/HoldingsFields.h>
 #include <zorby/holdings/HoldingsDelimiters.h>
 
 #include <algorithm>
-#include <limits>
+#include <iterator>
 #include <string>
 
 namespace quillory {
@@ -25,6 +26,23 @@ bool IsFund(const CInfoAboutHoldingsField& info) {
            info.GetHoldingsID() == zorby::HID_FOLLETT_UNISON_FUND;
 }
 
+// Systems name it otherwise where it may stand in parts.
+bool TakesCallNumber(const CInfoAboutHoldingsField& info) {
+    using namespace zorby;
+    static constexpr EHOLDINGSID kCallNumbers[] = {
+        HID_TYPE_1_CALL_NUMBER,  HID_TYPE_2_CALL_NUMBER,         HID_FOLLETT_CALL_NUMBER,
+        HID_TYPE_4_CALL_NUMBER,  HID_FOLLETT_UNISON_CALL_NUMBER, HID_TYPE_5_CALL_NUMBER,
+        HID_DYNIX_CALL_NUMBER,   HID_LWLP_CALL_NUMBER,           HID_TYPE_6_CALL_NUMBER,
+        HID_TYPE_11_CALL_NUMBER, HID_TYPE_12_CALL_NUMBER,        HID_ALEXANDRIA_CALL_NUMBER,
+    };
+    return std::ranges::count(kCallNumbers, info.GetHoldingsID()) != 0;
+}
+
+bool IsMadeOfSubfields(std::string_view content) {
+    return content.size() > kIndicators && content[kIndicators] == zorby::kDelimiter &&
+           content.back() != zorby::kDelimiter;
+}
+
 // One text for several values, to be divided again where it is written.
 bool Join(const CInfoAboutHoldingsField& info, std::string_view text, CHoldingsDataRecord& copy) {
     const char delimiter = info.GetRepeatDelimiter();
@@ -43,24 +61,8 @@ bool Join(const CInfoAboutHoldingsField& info, std::string_view text, CHoldingsD
 
 }  // namespace
 
-bool SplitSubfields(std::string_view content, std::vector<Subfield>& subfields) {
-    subfields.clear();
-    if (content.size() < kIndicators) return false;
-    content.remove_prefix(kIndicators);
-    while (content.size() > 1 && content[0] == zorby::kDelimiter) {
-        const char code = content[1];
-        content.remove_prefix(2);
-        const std::size_t end = std::min(content.find(zorby::kDelimiter), content.size());
-        subfields.push_back({code, content.substr(0, end)});
-        content.remove_prefix(end);
-    }
-    return content.empty();
-}
-
 bool HoldingsFields::IsTaken(const CommFormatField& field) const {
-    std::vector<Subfield> subfields;
-    return from_.HasElements() && from_.HasTag(field.tag) &&
-           SplitSubfields(field.content, subfields);
+    return from_.HasElements() && from_.HasTag(field.tag) && IsMadeOfSubfields(field.content);
 }
 
 void HoldingsFields::Take(const Record& record, CopiesOfRecord& taken) const {
@@ -87,10 +89,10 @@ void HoldingsFields::Take(const Record& record, CopiesOfRecord& taken) const {
 }
 
 void HoldingsFields::TakeField(const CommFormatField& field, CHoldingsDataRecord& copy) const {
-    std::vector<Subfield> subfields;
-    SplitSubfields(field.content, subfields);
     const int tag = std::stoi(std::string(field.tag));
-    for (const Subfield& subfield : subfields) TakeSubfield(tag, subfield, copy);
+    ForEachSubfield(field.content, [&](char code, std::string_view text) {
+        TakeSubfield(tag, {code, text}, copy);
+    });
 }
 
 void HoldingsFields::TakeSubfield(int tag, const Subfield& subfield,
@@ -191,10 +193,13 @@ const CInfoAboutHoldingsField* HoldingsFields::Find(int tag, int subfield) const
 
 const CInfoAboutHoldingsField* HoldingsFields::Target(const CInfoAboutHoldingsField& info) const {
     if (to_.type == from_.type) return &info;
+    const CInfoAboutHoldingsField* callNumber = nullptr;
     for (int i = 0; to_.type != nullptr && i < to_.type->GetSize(); ++i) {
-        if (to_.type->GetAt(i)->GetName() == info.GetName()) return to_.type->GetAt(i);
+        const CInfoAboutHoldingsField* target = to_.type->GetAt(i);
+        if (target->GetName() == info.GetName()) return target;
+        if (TakesCallNumber(*target)) callNumber = target;
     }
-    return nullptr;
+    return TakesCallNumber(info) ? callNumber : nullptr;
 }
 
 }  // namespace quillory

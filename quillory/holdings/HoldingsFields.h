@@ -15,18 +15,10 @@ struct CopiesOfRecord {
     std::vector<std::vector<zorby::CommFormatField>> fields;
 };
 
-struct Subfield {
-    char code = 0;
-    std::string_view text;
-};
-
-// The subfields of a data field, between them all bytes behind the indicators. False for a field
-// that is not made of subfields.
-bool SplitSubfields(std::string_view content, std::vector<Subfield>& subfields);
-
 // Takes up copies from the fields that one system writes, as copies of the same or another system:
-// an element goes to the one of the same name. A subfield that is no element of both is kept as it
-// is, and so is one that would come out as something else.
+// an element goes to the one of the same name, and a call number to what takes a whole one. A
+// subfield that is no element of both is kept as it is, and so is one that would come out as
+// something else.
 //
 // A field is a copy. Of a system that writes two fields a copy, the fields of both tags are taken
 // in pairs where there are as many of the one as of the other; otherwise each is a copy by itself.
@@ -40,6 +32,11 @@ public:
     void Take(const Record& record, CopiesOfRecord& taken) const;
 
 private:
+    struct Subfield {
+        char code = 0;
+        std::string_view text;
+    };
+
     void TakeField(const zorby::CommFormatField& field, zorby::CHoldingsDataRecord& copy) const;
     void TakeSubfield(int tag, const Subfield& subfield, zorby::CHoldingsDataRecord& copy) const;
     bool TakeElement(const zorby::CInfoAboutHoldingsField* info, std::string_view text,

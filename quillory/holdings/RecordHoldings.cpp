@@ -1,3 +1,4 @@
+#include <quillory/checks/Subfields.h>
 #include <quillory/holdings/RecordHoldings.h>
 
 #include <algorithm>
@@ -26,9 +27,9 @@ struct Statement {
 
     Statement(std::string_view fieldTag, std::string_view content)
         : tag(fieldTag), indicators(content.substr(0, kIndicators)) {
-        std::vector<Subfield> split;
-        SplitSubfields(content, split);
-        for (const auto& [code, text] : split) subfields.emplace_back(code, Trimmed(text));
+        ForEachSubfield(content, [this](char code, std::string_view text) {
+            subfields.emplace_back(code, Trimmed(text));
+        });
         std::ranges::sort(subfields);
     }
     bool operator==(const Statement&) const = default;

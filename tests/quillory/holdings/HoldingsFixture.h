@@ -8,11 +8,10 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <tests/quillory/exchange/TemporaryFile.h>
-#include <vector>
 
 namespace quillory {
 
@@ -32,37 +31,44 @@ protected:
         zorby::SetProfileFilePort(nullptr);
     }
 
+    // Puts it in force.
     static HoldingsSystem System(const std::string& name) {
         PutInForce(*FindHoldingsType(name));
         return HoldingsSystemInForce();
     }
 
-    // A record of fields such as "852  $hA$pB", divided by line ends, that carries views of them.
-    struct Text {
-        explicit Text(std::string fields, char label = 'a')
-            : leader("     nam "s + label + "22     2a 4500"), text(std::move(fields)) {
-            for (char& c : text) c = c == '$' ? '\037' : c;
-            for (std::string_view rest = text; !rest.empty();) {
+    // A record of fields such as "852  $hA$pB", divided by line ends.
+    class TestRecord {
+    public:
+        explicit TestRecord(std::string fields) : text_(std::move(fields)) {
+            std::ranges::replace(text_, '$', '\037');
+            for (std::string_view rest = text_; !rest.empty();) {
                 const std::size_t end = std::min(rest.find('\n'), rest.size());
                 record.fields.push_back({rest.substr(0, 3), rest.substr(3, end - 3)});
                 rest.remove_prefix(std::min(end + 1, rest.size()));
             }
-            record.leader = leader;
-            record.bytes = "as it was";
+            record.leader = "00000nam a2200000 a 4500";
+            record.bytes = "unchanged";
         }
-        std::string leader;
-        std::string text;
-        Record record;
-    };
+        TestRecord(const TestRecord&) = delete;
+        TestRecord& operator=(const TestRecord&) = delete;
 
-    static std::string TextOf(const Record& record) {
-        std::string text;
-        for (const auto& field : record.fields) {
-            text += (text.empty() ? "" : "\n") + std::string(field.tag) + std::string(field.content);
+        std::string Text() const {
+            std::string text;
+            for (const auto& [tag, content] : record.fields) {
+                text += text.empty() ? "" : "\n";
+                text.append(tag).append(content);
+            }
+            std::ranges::replace(text, '\037', '$');
+            return text;
         }
-        for (char& c : text) c = c == '\037' ? '$' : c;
-        return text;
-    }
+        bool IsUnchanged() const { return !record.bytes.empty(); }
+
+        Record record;
+
+    private:
+        std::string text_;
+    };
 
 private:
     zorby::MemoryProfileFiles files_;
