@@ -8,8 +8,11 @@
 namespace quillory {
 namespace {
 
-const std::map<std::string, Form> kForms{
-    {"marc", kFormMarc}, {"mrk", kFormMrk}, {"microlif", kFormMicrolif}};
+const std::map<std::string, Form> kForms{{"marc", kFormMarc},
+                                         {"mrk", kFormMrk},
+                                         {"microlif", kFormMicrolif},
+                                         {"marcxml", kFormMarcXml},
+                                         {"jsonl", kFormJsonLines}};
 
 const std::map<std::string, Charset> kCharsets{{"auto", kCharsetAuto},
                                                {"marc8", kCharsetMarc8},
@@ -28,7 +31,7 @@ void AddFormOption(CLI::App& command, const std::string& name, Form& form,
                    const std::string& text) {
     command.add_option(name, form, text)
         ->transform(CLI::CheckedTransformer(kForms, CLI::ignore_case).description(""))
-        ->option_text("marc|mrk|microlif");
+        ->option_text("marc|mrk|microlif|marcxml|jsonl");
 }
 
 void AddCharsetOption(CLI::App& command, const std::string& name, Charset& charset,
@@ -71,6 +74,7 @@ Status ReadFiles(const InputOptions& options, Reporter& reporter,
         const auto reader = MakeReader(FormOf(options, *input), *input, options.lenient);
         Item item;
         while (goOn && reader->Next(item)) {
+            if (item.kind == kItemFrame) continue;
             goOn = take(item);
             progress.Step(input->BytesRead(), input->FileSize());
         }

@@ -30,9 +30,9 @@ void AddFormOption(CLI::App& command, const std::string& name, Form& form, const
 void AddCharsetOption(CLI::App& command, const std::string& name, Charset& charset,
                       const std::string& text);
 
-// Hands every item of every file to `take`, which says whether to go on, with progress on the
-// terminal. Result: kStatusWell, or kStatusFindings for an empty file. Throws FileError, before
-// anything is read if one of the files can't be opened.
+// Hands every item of every file but frames to `take`, which says whether to go on, with progress
+// on the terminal. Result: kStatusWell, or kStatusFindings for an empty file. Throws FileError,
+// before anything is read if one of the files can't be opened.
 Status ReadFiles(const InputOptions& options, Reporter& reporter,
                  const std::function<bool(Item& item)>& take);
 

@@ -5,12 +5,13 @@
 #include <CLI/CLI.hpp>
 
 #include <map>
+#include <stdexcept>
 
 namespace quillory {
 namespace {
 
-RecoderOptions RecoderOptionsOf(const OutputOptions& options, Charset from) {
-    RecoderOptions recoder{from, options.charset, {}};
+RecoderOptions RecoderOptionsOf(const OutputOptions& options, Charset from, Charset to) {
+    RecoderOptions recoder{from, to, {}};
     if (options.normalForm == "nfc") recoder.form = kNormalFormC;
     if (options.normalForm == "nfd") recoder.form = kNormalFormD;
     return recoder;
@@ -21,6 +22,16 @@ Form FormOfOutput(const OutputOptions& options) {
     return form != kFormUnknown ? form : kFormMarc;
 }
 
+// The character set to write. Throws where the form has it not.
+Charset CharsetOfOutput(const OutputOptions& options, Form form) {
+    if (!IsAlwaysUtf8(form)) return options.charset;
+    if (options.charset != kCharsetAuto && options.charset != kCharsetUtf8) {
+        throw std::invalid_argument("--to-charset " + std::string(CharsetName(options.charset)) +
+                                    ": MARCXML and JSON are always in UTF-8");
+    }
+    return kCharsetUtf8;
+}
+
 }  // namespace
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
@@ -28,8 +39,9 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options) {
                        "Where the records go; standard output if not given");
     AddFormOption(command, "--to", options.form,
                   "Form of the output; told by its name, or marc, if not given");
-    AddCharsetOption(command, "--to-charset", options.charset,
-                     "Character set of the output; as it is if not given");
+    AddCharsetOption(
+        command, "--to-charset", options.charset,
+        "Character set of the output; as it is, or utf8 for marcxml and jsonl, if not given");
     command.add_option("--normalize", options.normalForm, "Normal form of UTF-8; nfc if not given")
         ->check(CLI::IsMember({"nfc", "nfd"}))
         ->option_text("nfc|nfd");
@@ -51,15 +63,17 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options) {
 Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
                   Reporter& reporter) {
     CheckNotTheSame(options.rejects, options.output);
+    const Form form = FormOfOutput(options);
+    const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options, form));
     Output output(options.output);
-    const auto writer = MakeWriter(FormOfOutput(options), output, options.oversize);
-    Carrier carrier({RecoderOptionsOf(options, from), options.eachLoss, options.rejects}, *writer,
-                    reporter);
+    const auto writer = MakeWriter(form, output, options.oversize);
+    Carrier carrier({recoder, options.eachLoss, options.rejects}, *writer, reporter);
     try {
         carrier.Raise(source([&carrier](Item& item) {
             carrier.Take(item);
             return true;
         }));
+        writer->Finish();
         output.Finish();
         carrier.Finish();
     } catch (const ClosedPipe&) {

@@ -30,7 +30,7 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options);
 using ItemSource = std::function<Status(const std::function<bool(Item& item)>& take)>;
 
 // Writes what a source gives, of which the character set is `from`, with messages and a summary.
-// Throws FileError.
+// Throws FileError, and std::invalid_argument for a character set that the form has not.
 Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
                   Reporter& reporter);
 

@@ -14,6 +14,17 @@ std::string Printable(std::string_view text) {
     return printable;
 }
 
+// Where in an item its fault is, if more can be said than where the item is.
+std::string FaultPlace(const Item& item) {
+    if (!item.faultPlace && item.faultOffset == item.offset) return {};
+    std::string place = " (byte " + std::to_string(item.faultOffset);
+    if (item.faultPlace) {
+        place += ", line " + std::to_string(item.faultPlace->line) + ", column " +
+                 std::to_string(item.faultPlace->column);
+    }
+    return place + ")";
+}
+
 }  // namespace
 
 std::string Counted(std::uint64_t count, std::string_view noun) {
@@ -58,7 +69,7 @@ void Reporter::SayFault(const Item& item, std::string_view outcome) {
     std::string text;
     if (!item.tag.empty()) text += "field " + Printable(item.tag) + ": ";
     text += item.reason;
-    if (item.faultOffset != item.offset) text += " (byte " + std::to_string(item.faultOffset) + ")";
+    text += FaultPlace(item);
     if (item.kind == kItemStray) text += " (" + Counted(item.bytes.size(), "byte") + ")";
     if (!outcome.empty()) text += "; " + std::string(outcome);
     Say(item, item.reason, text);

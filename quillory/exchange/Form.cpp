@@ -1,5 +1,7 @@
 #include <quillory/exchange/Form.h>
+#include <quillory/exchange/MarcJson.h>
 #include <quillory/exchange/MarcReader.h>
+#include <quillory/exchange/MarcXml.h>
 #include <quillory/exchange/Microlif.h>
 #include <quillory/exchange/Mrk.h>
 
@@ -13,7 +15,7 @@
 namespace quillory {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Form>, 8> kEndings{{
+constexpr std::array<std::pair<std::string_view, Form>, 13> kEndings{{
     {".mrc", kFormMarc},
     {".marc", kFormMarc},
     {".iso", kFormMarc},
@@ -22,9 +24,18 @@ constexpr std::array<std::pair<std::string_view, Form>, 8> kEndings{{
     {".mrk8", kFormMrk},
     {".lif", kFormMicrolif},
     {".001", kFormMicrolif},
+    {".xml", kFormMarcXml},
+    {".marcxml", kFormMarcXml},
+    {".jsonl", kFormJsonLines},
+    {".ndjson", kFormJsonLines},
+    {".json", kFormJsonLines},
 }};
 
 }  // namespace
+
+bool IsAlwaysUtf8(Form form) {
+    return form == kFormMarcXml || form == kFormJsonLines;
+}
 
 Form FormOfName(std::string_view name) {
     if (name.ends_with(".gz")) name.remove_suffix(3);
@@ -42,6 +53,8 @@ Form FormOfContent(Input& input) {
     std::string_view head = input.Peek(kLook);
     head.remove_prefix(std::min(head.find_first_not_of(kRecordFiller), head.size()));
     if (head.starts_with("LDR") || head.starts_with("HDR")) return kFormMicrolif;
+    if (head.starts_with('<')) return kFormMarcXml;
+    if (head.starts_with('{') || head.starts_with('[')) return kFormJsonLines;
     const auto digits = std::min(head.find_first_not_of("0123456789"), head.size());
     if (head.starts_with("=LDR") || (head.starts_with('=') && head.substr(4).starts_with("  "))) {
         return kFormMrk;
@@ -55,6 +68,10 @@ std::unique_ptr<RecordReader> MakeReader(Form form, Input& input, bool lenient) 
             return std::make_unique<MrkReader>(input);
         case kFormMicrolif:
             return std::make_unique<MicrolifReader>(input);
+        case kFormMarcXml:
+            return std::make_unique<MarcXmlReader>(input);
+        case kFormJsonLines:
+            return std::make_unique<MarcJsonReader>(input);
         default:
             return std::make_unique<MarcReader>(input, lenient);
     }
@@ -66,6 +83,10 @@ std::unique_ptr<RecordWriter> MakeWriter(Form form, Output& output, Oversize ove
             return std::make_unique<MrkWriter>(output);
         case kFormMicrolif:
             return std::make_unique<MicrolifWriter>(output);
+        case kFormMarcXml:
+            return std::make_unique<MarcXmlWriter>(output);
+        case kFormJsonLines:
+            return std::make_unique<MarcJsonWriter>(output);
         default:
             return std::make_unique<MarcWriter>(output, oversize);
     }

@@ -9,7 +9,17 @@
 namespace quillory {
 
 // The forms of files of records.
-enum Form : std::int32_t { kFormUnknown, kFormMarc, kFormMrk, kFormMicrolif };
+enum Form : std::int32_t {
+    kFormUnknown,
+    kFormMarc,
+    kFormMrk,
+    kFormMicrolif,
+    kFormMarcXml,
+    kFormJsonLines
+};
+
+// Whether a form is always in UTF-8.
+bool IsAlwaysUtf8(Form form);
 
 // By the end of a file's name, a ".gz" behind it apart.
 Form FormOfName(std::string_view name);

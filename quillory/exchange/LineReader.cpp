@@ -1,50 +1,18 @@
 #include <quillory/exchange/LineReader.h>
+#include <quillory/exchange/RecordCheck.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace quillory {
-namespace {
-
-bool HoldsAnEnd(std::string_view text) {
-    return text.find_first_of("\x1D\x1E") != text.npos;
-}
-
-bool IsTag(std::string_view tag) {
-    return std::all_of(tag.begin(), tag.end(), [](char c) { return c > ' ' && c < 0x7F; });
-}
-
-bool HasEmptyCode(std::string_view content) {
-    return content.ends_with(zorby::kDelimiter) || content.find("\x1F\x1F") != content.npos;
-}
-
-// What no form of a record can hold. False with the reason in the item.
-bool CanBeWritten(Item& item) {
-    if (HoldsAnEnd(item.record.leader)) item.reason = "a field or record end in the leader";
-    for (const zorby::CommFormatField& field : item.record.fields) {
-        if (HoldsAnEnd(field.content)) {
-            item.reason = "a field or record end (0x1E, 0x1D) in a field";
-        }
-        if (field.IsDataField() && HasEmptyCode(field.content)) {
-            item.reason = "a delimiter (0x1F) without a subfield code";
-        }
-        if (!IsTag(field.tag)) item.reason = "a tag with bytes that no tag has";
-        if (!item.reason.empty()) {
-            item.tag = field.tag;
-            return false;
-        }
-    }
-    return item.reason.empty();
-}
-
-}  // namespace
 
 bool LineReader::Next(Item& item) {
+    place_.Pass(input_.Peek(taken_).substr(0, taken_));
     input_.Skip(std::exchange(taken_, 0));
     const std::string_view block = block_.Find(input_);
     if (block.empty()) return false;
     item.offset = input_.Offset();
     item.faultOffset = item.offset;
+    item.faultPlace.reset();
     item.continues = false;
     item.reason.clear();
     item.tag.clear();
@@ -54,7 +22,7 @@ bool LineReader::Next(Item& item) {
     item.bytes = stray != 0 ? block.substr(0, stray) : block;
     taken_ = item.bytes.size();
     if (stray != 0) {
-        item.kind = kItemStray;
+        item.kind = item.reason.empty() ? kItemFrame : kItemStray;
         item.number = count_;
         return true;
     }

@@ -2,6 +2,7 @@
 
 #include <quillory/exchange/LineBlock.h>
 #include <quillory/exchange/Record.h>
+#include <quillory/exchange/TextPlace.h>
 
 namespace quillory {
 
@@ -14,17 +15,22 @@ public:
 protected:
     LineReader(Input& input, const LineBlock& block) : input_(input), block_(block) {}
 
-    // Bytes at the front of `block` that are of no record, and what they are; 0 if there are none.
+    // Bytes at the front of `block` that are of no record, and what they are, nothing if they
+    // belong there; 0 if there are none.
     virtual std::size_t StrayBytes(std::string_view block, std::string& what) const = 0;
     // Reads a block into `item.record`, with views that last until the next call. On a fault, false
     // with the reason, tag and offset in the item, which holds the offset of the block.
     virtual bool Read(std::string_view block, Item& item) = 0;
+
+    // Where the block begins.
+    const TextPlace& Place() const { return place_; }
 
 private:
     Input& input_;
     const LineBlock& block_;
     std::uint64_t count_ = 0;
     std::size_t taken_ = 0;
+    TextPlace place_;
 };
 
 }  // namespace quillory

@@ -39,6 +39,9 @@ std::string Describe(LossKind kind, std::uint32_t character) {
         case kLossMicrolifSign:
             return Format(character < ' ' ? "byte 0x%02X" : "%c", character) +
                    " does not come back from old MicroLIF";
+        case kLossXmlSign:
+            return CodePointName(character) + " can't stand in XML, written as " +
+                   Format("&#x%04X;", character);
     }
     return {};
 }

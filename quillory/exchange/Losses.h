@@ -9,12 +9,13 @@ namespace quillory {
 
 // What became of a character that an output could not carry.
 enum LossKind : std::int32_t {
-    kLossReference,    // a code point, written as &#xXXXX; nothing is lost
-    kLossReplaced,     // a byte that is no character, written as U+FFFD
-    kLossNoLetter,     // a diacritic (code point) without a letter, set on a blank
-    kLossEscape,       // an escape byte in UTF-8, written as &#x001B;
-    kLossIndicator,    // a byte that is no indicator, written as a blank
-    kLossMicrolifSign  // a byte that old MicroLIF does not give back
+    kLossReference,     // a code point, written as &#xXXXX; nothing is lost
+    kLossReplaced,      // a byte that is no character, written as U+FFFD
+    kLossNoLetter,      // a diacritic (code point) without a letter, set on a blank
+    kLossEscape,        // an escape byte in UTF-8, written as &#x001B;
+    kLossIndicator,     // a byte that is no indicator, written as a blank
+    kLossMicrolifSign,  // a byte that old MicroLIF does not give back
+    kLossXmlSign        // a code point that XML has not, written as &#xXXXX;
 };
 
 // Counts by kind and character.

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <quillory/exchange/TextPlace.h>
 #include <zorby/record/CommFormat.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,7 +25,8 @@ struct Record {
 enum ItemKind : std::int32_t {
     kItemRecord,   // a record to be worked on
     kItemDamaged,  // bytes of a record that can't be read
-    kItemStray,    // bytes between records
+    kItemStray,    // bytes between records that do not belong there
+    kItemFrame,    // what the form itself puts around records
 };
 
 // What a reader found next in a file. The views hold until the reader is asked again.
@@ -35,8 +38,9 @@ struct Item {
     bool continues = false;         // more bytes of the same damage follow in the next item
     std::string reason;             // what is wrong, or what was put right in a rescued record
     std::uint64_t faultOffset = 0;  // in the file
-    std::string tag;                // of the field concerned, empty if none
-    std::string controlNumber;      // of a damaged record, as far as it can be made out
+    std::optional<TextPlace> faultPlace;  // the same as line and column, where a form has them
+    std::string tag;                      // of the field concerned, empty if none
+    std::string controlNumber;            // of a damaged record, as far as it can be made out
     Record record;
 };
 

@@ -43,6 +43,19 @@ std::string Named(const CommFormatField& field) {
 
 }  // namespace
 
+std::string_view MendLeader(std::string_view leader, std::string& mended) {
+    constexpr std::string_view kCounts = "22";
+    constexpr std::string_view kEntryMap = "4500";
+    if (leader.substr(zorby::kLeaderIndicatorCount, kCounts.size()) == kCounts &&
+        leader.substr(zorby::kLeaderEntryMap, kEntryMap.size()) == kEntryMap) {
+        return leader;
+    }
+    mended = leader;
+    mended.replace(zorby::kLeaderIndicatorCount, kCounts.size(), kCounts);
+    mended.replace(zorby::kLeaderEntryMap, kEntryMap.size(), kEntryMap);
+    return mended;
+}
+
 // Why a record can't be written as it is.
 WriteResult MarcAssembler::Refuse(const Record& record) const {
     if (record.fields.empty()) return {false, false, "no field to write"};
@@ -59,7 +72,7 @@ WriteResult MarcAssembler::Refuse(const Record& record) const {
 }
 
 WriteResult MarcAssembler::AssembleFields(const Record& record) {
-    const std::string_view leader = MendLeader(record.leader);
+    const std::string_view leader = MendLeader(record.leader, leader_);
     writer_.Clear();
     writer_.SetLeader(leader);
     WriteResult result;
@@ -78,26 +91,13 @@ WriteResult MarcAssembler::AssembleFields(const Record& record) {
     return result;
 }
 
-std::string_view MarcAssembler::MendLeader(std::string_view leader) {
-    constexpr std::string_view kCounts = "22";
-    constexpr std::string_view kEntryMap = "4500";
-    if (leader.substr(zorby::kLeaderIndicatorCount, kCounts.size()) == kCounts &&
-        leader.substr(zorby::kLeaderEntryMap, kEntryMap.size()) == kEntryMap) {
-        return leader;
-    }
-    leader_ = leader;
-    leader_.replace(zorby::kLeaderIndicatorCount, kCounts.size(), kCounts);
-    leader_.replace(zorby::kLeaderEntryMap, kEntryMap.size(), kEntryMap);
-    return leader_;
-}
-
 WriteResult MarcAssembler::Assemble(const Record& record) {
     if (record.bytes.empty()) {
         WriteResult refused = Refuse(record);
         return refused.written ? AssembleFields(record) : refused;
     }
     bytes_ = record.bytes;
-    const std::string_view leader = MendLeader(record.leader);
+    const std::string_view leader = MendLeader(record.leader, leader_);
     if (leader.data() == record.bytes.data()) return {};
     text_ = leader;
     text_ += record.bytes.substr(zorby::kLeaderSize);

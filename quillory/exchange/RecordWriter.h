@@ -25,7 +25,13 @@ class RecordWriter {
 public:
     virtual ~RecordWriter() = default;
     virtual WriteResult Write(const Record& record, Losses& losses) = 0;
+    // Writes what a form has behind its last record.
+    virtual void Finish() {}
 };
+
+// A leader with the constants of the format in bytes 10-11 and 20-23: the one given, or `mended`,
+// which the result then views.
+std::string_view MendLeader(std::string_view leader, std::string& mended);
 
 // Puts records into ISO 2709. A record that comes in this form keeps its bytes, but for its leader:
 // bytes 10-11 are always "22" and 20-23 "4500", as the structure is.
@@ -40,8 +46,6 @@ public:
 private:
     WriteResult Refuse(const Record& record) const;
     WriteResult AssembleFields(const Record& record);
-    // The leader to write, which is the record's own if that is sound.
-    std::string_view MendLeader(std::string_view leader);
 
     Oversize oversize_;
     zorby::CommFormatWriter writer_;

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <quillory/exchange/Input.h>
+#include <quillory/exchange/MarkupWriter.h>
+#include <quillory/exchange/Record.h>
+#include <quillory/exchange/TextPlace.h>
+#include <quillory/exchange/XmlRecords.h>
+
+namespace quillory {
+
+inline constexpr std::string_view kMarcXmlNamespace = "http://www.loc.gov/MARC21/slim";
+
+// MARC 21 XML. Records may lie anywhere in a document, such as the answer of a server; elements may
+// be of the namespace or of none. A record that is not made as it should be is damage, and the next
+// one goes on; XML that is not well-formed, or has a document type (DOCTYPE), is read no further.
+class MarcXmlReader : public RecordReader {
+public:
+    explicit MarcXmlReader(Input& input) : input_(input) {}
+
+    bool Next(Item& item) override;
+
+private:
+    bool Feed();
+    void Give(Item& item, ItemKind kind, std::uint64_t end);
+    void GiveRecord(Item& item);
+    void GiveDamage(Item& item, std::uint64_t end);
+    bool GivePassed(Item& item);
+    bool GiveRest(Item& item);
+    bool GiveEnd(Item& item);
+    void SetFault(Item& item, const std::string& reason, std::uint64_t offset);
+
+    Input& input_;
+    XmlRecords records_;
+    XmlRecord record_;  // given last
+    TextPlace place_;   // of the input
+    std::uint64_t count_ = 0;
+    std::uint64_t fed_ = 0;  // bytes of the file that the parser has
+    std::size_t taken_ = 0;  // bytes of the item given last
+    bool inDamage_ = false;  // more of the same damage is to come
+    bool fedAll_ = false;
+};
+
+// One document that holds a collection, laid out with an element a line.
+class MarcXmlWriter : public MarkupWriter {
+public:
+    explicit MarcXmlWriter(Output& output) : MarkupWriter(output) {}
+
+    void Finish() override;
+
+protected:
+    void BeginRecord(std::string_view leader) override;
+    void AddControlField(const zorby::CommFormatField& field) override;
+    void BeginDataField(std::string_view tag, char first, char second) override;
+    void AddSubfield(const Subfield& subfield) override;
+    void EndDataField() override;
+    void EndRecord() override;
+
+private:
+    void Begin();
+
+    bool begun_ = false;
+};
+
+}  // namespace quillory

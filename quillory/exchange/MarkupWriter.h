@@ -1,0 +1,38 @@
+#pragma once
+
+#include <quillory/exchange/RecordWriter.h>
+#include <quillory/exchange/Subfields.h>
+
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+// What the writers of XML and JSON have in common: a record is checked, then told part by part.
+// Records are in UTF-8. The leader's constants are put right, and its lengths stay as they are.
+class MarkupWriter : public RecordWriter {
+public:
+    WriteResult Write(const Record& record, Losses& losses) final;
+
+protected:
+    explicit MarkupWriter(Output& output) : output_(output) {}
+
+    virtual void BeginRecord(std::string_view leader) = 0;
+    virtual void AddControlField(const zorby::CommFormatField& field) = 0;
+    virtual void BeginDataField(std::string_view tag, char first, char second) = 0;
+    virtual void AddSubfield(const Subfield& subfield) = 0;
+    virtual void EndDataField() = 0;
+    virtual void EndRecord() = 0;
+
+    Output& output_;
+    std::string text_;          // of the record, as it goes out
+    Losses* losses_ = nullptr;  // of the record
+
+private:
+    void AddDataField(const zorby::CommFormatField& field);
+    char WritableIndicator(char indicator);
+
+    std::string leader_;
+};
+
+}  // namespace quillory

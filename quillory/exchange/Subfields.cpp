@@ -1,0 +1,34 @@
+#include <quillory/exchange/Subfields.h>
+#include <quillory/exchange/Utf8.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr std::size_t kIndicators = 2;
+
+bool IsMadeOfSubfields(std::string_view content) {
+    const std::size_t first = std::min(content.find(zorby::kDelimiter), content.size());
+    if (first != kIndicators) return false;
+    return !content.ends_with(zorby::kDelimiter) && content.find("\x1F\x1F") == content.npos;
+}
+
+}  // namespace
+
+FieldShape ShapeOf(const zorby::CommFormatField& field) {
+    const bool isData = IsMadeOfSubfields(field.content);
+    if (field.IsDataField()) return isData ? kDataShape : kBrokenShape;
+    return isData && field.content.size() > kIndicators ? kDataShape : kControlShape;
+}
+
+Subfield TakeSubfield(std::string_view& content) {
+    content.remove_prefix(1);
+    const std::size_t size = std::min(content.find(zorby::kDelimiter), content.size());
+    const std::size_t codeSize = DecodeUtf8(content.substr(0, size)).size;
+    const Subfield subfield{content.substr(0, codeSize), content.substr(codeSize, size - codeSize)};
+    content.remove_prefix(size);
+    return subfield;
+}
+
+}  // namespace quillory

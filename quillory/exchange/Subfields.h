@@ -1,0 +1,28 @@
+#pragma once
+
+#include <zorby/record/CommFormat.h>
+
+#include <string_view>
+
+namespace quillory {
+
+// What a field's content is made of.
+enum FieldShape : std::int32_t {
+    kControlShape,  // text alone
+    kDataShape,     // two indicators, then subfields that each have a code
+    kBrokenShape    // a data field that is not so made
+};
+
+// A control field, or one whose tag has letters, is taken for a data field if it is made like one,
+// as formats other than MARC 21 have it.
+FieldShape ShapeOf(const zorby::CommFormatField& field);
+
+struct Subfield {
+    std::string_view code;  // one character, of several bytes if it is none of ASCII
+    std::string_view text;
+};
+
+// Takes a subfield off the front of `content`, which begins with a delimiter and a code.
+Subfield TakeSubfield(std::string_view& content);
+
+}  // namespace quillory

@@ -1,0 +1,235 @@
+#include <quillory/exchange/MarcXml.h>
+#include <quillory/exchange/XmlRecords.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <libxml/parser.h>
+#include <libxml/xmlerror.h>
+#include <new>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+std::string_view View(const xmlChar* text) {
+    return text == nullptr ? std::string_view{} : reinterpret_cast<const char*>(text);
+}
+
+// The value of an attribute without a prefix, of which the parser gives five pointers each; empty
+// if there is none.
+std::string_view Attribute(std::string_view name, const xmlChar** attributes, int count) {
+    constexpr int kPointers = 5;
+    for (int i = 0; i < count; ++i, attributes += kPointers) {
+        if (View(attributes[0]) != name || attributes[1] != nullptr) continue;
+        return {reinterpret_cast<const char*>(attributes[3]),
+                static_cast<std::size_t>(attributes[4] - attributes[3])};
+    }
+    return {};
+}
+
+// The parser's first line, without bytes that could steer a terminal.
+std::string Words(const char* message) {
+    std::string words = message == nullptr ? "" : message;
+    words.resize(std::min(words.find('\n'), words.size()));
+    std::replace_if(
+        words.begin(), words.end(), [](char c) { return c < ' ' || c >= 0x7F; }, '?');
+    return words;
+}
+
+bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(" \t\r\n") == text.npos;
+}
+
+}  // namespace
+
+struct XmlRecords::Callbacks {
+    static void StartElement(void* self, const xmlChar* name, const xmlChar*, const xmlChar* uri,
+                             int, const xmlChar**, int count, int, const xmlChar** attributes) {
+        const bool isOurs = uri == nullptr || View(uri) == kMarcXmlNamespace;
+        Of(self).Begin(isOurs ? ElementOf(Of(self), View(name)) : kOther, attributes, count);
+    }
+
+    static void EndElement(void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
+        Of(self).End();
+    }
+
+    static void Characters(void* self, const xmlChar* text, int size) {
+        Of(self).AddText({reinterpret_cast<const char*>(text), static_cast<std::size_t>(size)});
+    }
+
+    static void DocumentType(void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
+        XmlRecords& records = Of(self);
+        records.Fail("a document type (DOCTYPE): entities and external parts are not followed",
+                     records.TagStart());
+        xmlStopParser(records.parser_.get());
+    }
+
+    static void Error(void* self, xmlErrorPtr error) {
+        if (error->level != XML_ERR_FATAL) return;
+        XmlRecords& records = Of(self);
+        records.Fail("malformed XML: " + Words(error->message), records.Position());
+    }
+
+    static xmlSAXHandler Handler() {
+        xmlSAXHandler handler{};
+        handler.initialized = XML_SAX2_MAGIC;
+        handler.startElementNs = StartElement;
+        handler.endElementNs = EndElement;
+        handler.characters = Characters;
+        handler.ignorableWhitespace = Characters;
+        handler.cdataBlock = Characters;
+        handler.internalSubset = DocumentType;
+        handler.serror = Error;
+        return handler;
+    }
+
+private:
+    static XmlRecords& Of(void* self) { return *static_cast<XmlRecords*>(self); }
+
+    static Element ElementOf(XmlRecords& records, std::string_view name) {
+        constexpr std::array<std::pair<std::string_view, Element>, 5> kNames{{
+            {"subfield", kSubfield},
+            {"datafield", kDataField},
+            {"controlfield", kControlField},
+            {"leader", kLeader},
+            {"record", kRecord},
+        }};
+        for (const auto& [known, element] : kNames) {
+            if (name == known) return element;
+        }
+        if (!records.rootSeen_ && name == "collection") records.isMarc_ = true;
+        return kOther;
+    }
+};
+
+void XmlRecords::Release::operator()(xmlParserCtxt* parser) const {
+    xmlFreeParserCtxt(parser);
+}
+
+XmlRecords::XmlRecords() {
+    xmlSAXHandler handler = Callbacks::Handler();
+    parser_.reset(xmlCreatePushParserCtxt(&handler, this, nullptr, 0, nullptr));
+    if (!parser_) throw std::bad_alloc();
+    xmlCtxtUseOptions(parser_.get(), XML_PARSE_NONET);
+}
+
+XmlRecords::~XmlRecords() = default;
+
+void XmlRecords::Feed(std::string_view window, std::uint64_t offset, std::size_t fresh) {
+    window_ = window;
+    windowOffset_ = offset;
+    fed_ = offset + window.size();
+    const std::string_view bytes = window.substr(window.size() - fresh);
+    xmlParseChunk(parser_.get(), bytes.data(), static_cast<int>(bytes.size()), fresh == 0);
+    if (parser_->wellFormed == 0) Fail("malformed XML", Position());
+}
+
+void XmlRecords::Take(XmlRecord& record) {
+    std::swap(record, ended_.front());
+    ended_.pop_front();
+}
+
+std::uint64_t XmlRecords::Position() const {
+    const long position = xmlByteConsumed(parser_.get());
+    return std::clamp(position < 0 ? fed_ : static_cast<std::uint64_t>(position), windowOffset_,
+                      fed_);
+}
+
+// No "<" stands within a tag, and the parser is not past the end of the tag.
+std::uint64_t XmlRecords::TagStart() const {
+    const std::uint64_t position = Position();
+    const std::size_t start = window_.rfind('<', position - windowOffset_);
+    return start == window_.npos ? position : windowOffset_ + start;
+}
+
+void XmlRecords::Fail(std::string reason, std::uint64_t offset) {
+    if (Failed()) return;
+    reason_ = std::move(reason);
+    faultOffset_ = offset;
+}
+
+void XmlRecords::BeginRecord() {
+    current_.builder.Clear();
+    current_.start = TagStart();
+    isMarc_ = true;
+    depth_ = 1;
+    within_ = kRecord;
+}
+
+void XmlRecords::Begin(Element element, const xmlChar** attributes, int count) {
+    rootSeen_ = true;
+    // A record that is not of MARC may hold one that is.
+    const bool isWrapper = depth_ != 0 && current_.builder.Empty();
+    if (element == kRecord && (depth_ == 0 || isWrapper)) {
+        BeginRecord();
+        return;
+    }
+    if (depth_ == 0) return;
+    ++depth_;
+    if (!current_.builder.Failed()) BeginPart(element, attributes, count);
+}
+
+void XmlRecords::BeginPart(Element element, const xmlChar** attributes, int count) {
+    RecordBuilder& builder = current_.builder;
+    const bool isInPlace = element == kSubfield ? within_ == kDataField : within_ == kRecord;
+    text_.clear();
+    if (!isInPlace || element == kRecord || element == kOther) {
+        Mark(builder.Fail("an element that does not belong there"));
+        return;
+    }
+    within_ = element;
+    if (element == kControlField) tag_ = Attribute("tag", attributes, count);
+    if (element == kSubfield) code_ = Attribute("code", attributes, count);
+    if (element != kDataField) return;
+    Mark(builder.AddDataField(Attribute("tag", attributes, count)) &&
+         builder.SetIndicator(0, Attribute("ind1", attributes, count)) &&
+         builder.SetIndicator(1, Attribute("ind2", attributes, count)));
+}
+
+// Notes the place of the first fault.
+void XmlRecords::Mark(bool sound) {
+    if (!sound) current_.faultOffset = TagStart();
+}
+
+void XmlRecords::AddText(std::string_view text) {
+    if (depth_ == 0 || current_.builder.Failed()) return;
+    if (within_ != kRecord && within_ != kDataField) {
+        text_ += text;
+    } else if (!IsBlank(text)) {
+        Mark(current_.builder.Fail("text outside of leader, control fields and subfields"));
+    }
+}
+
+void XmlRecords::EndPart(Element element) {
+    RecordBuilder& builder = current_.builder;
+    within_ = element == kSubfield ? kDataField : kRecord;
+    switch (element) {
+        case kLeader:
+            Mark(builder.SetLeader(text_));
+            break;
+        case kControlField:
+            Mark(builder.AddControlField(tag_, text_));
+            break;
+        case kSubfield:
+            Mark(builder.AddSubfield(code_, text_));
+            break;
+        default:
+            Mark(builder.EndDataField());
+    }
+}
+
+void XmlRecords::End() {
+    if (depth_ == 0) return;
+    if (--depth_ != 0) {
+        if (!current_.builder.Failed()) EndPart(within_);
+        return;
+    }
+    current_.end = Position();
+    if (!current_.builder.Failed() && !current_.builder.End()) {
+        current_.faultOffset = current_.start;
+    }
+    ended_.push_back(std::exchange(current_, {}));
+}
+
+}  // namespace quillory

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <quillory/exchange/RecordBuilder.h>
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+
+struct _xmlParserCtxt;
+
+namespace quillory {
+
+// A MARC record in an XML document. Offsets are bytes of the document.
+struct XmlRecord {
+    RecordBuilder builder;          // failed if the record is damaged
+    std::uint64_t start = 0;        // of its element
+    std::uint64_t end = 0;          // past its element
+    std::uint64_t faultOffset = 0;  // of the element at fault
+};
+
+// Finds the MARC records in an XML document that comes in pieces. Nothing outside of the document
+// is ever read, and a document type is a fault.
+class XmlRecords {
+public:
+    XmlRecords();
+    ~XmlRecords();
+    XmlRecords(const XmlRecords&) = delete;
+    XmlRecords& operator=(const XmlRecords&) = delete;
+
+    // Takes the last `fresh` bytes of a window that begins at `offset`, no later than the record or
+    // tag that is not ended yet. No fresh bytes are the end of the document.
+    void Feed(std::string_view window, std::uint64_t offset, std::size_t fresh);
+
+    // Moves the first of the ended records into `record`.
+    bool Empty() const { return ended_.empty(); }
+    const XmlRecord& Front() const { return ended_.front(); }
+    void Take(XmlRecord& record);
+
+    // The record that is not ended yet.
+    bool InRecord() const { return depth_ != 0; }
+    const XmlRecord& Unended() const { return current_; }
+    // Gives up that record: no more of it is kept.
+    void Abandon(std::string reason) { current_.builder.Fail(std::move(reason)); }
+
+    // Bytes that were understood, all of them in whole tags.
+    std::uint64_t Position() const;
+    // Whether the root is a collection of records, or a record.
+    bool IsMarc() const { return isMarc_; }
+
+    // Reads no further.
+    void Fail(std::string reason, std::uint64_t offset);
+    bool Failed() const { return !reason_.empty(); }
+    const std::string& Reason() const { return reason_; }
+    std::uint64_t FaultOffset() const { return faultOffset_; }
+
+private:
+    struct Callbacks;
+    struct Release {
+        void operator()(_xmlParserCtxt* parser) const;
+    };
+    enum Element : std::int32_t { kRecord, kLeader, kControlField, kDataField, kSubfield, kOther };
+
+    void Begin(Element element, const unsigned char** attributes, int count);
+    void BeginPart(Element element, const unsigned char** attributes, int count);
+    void BeginRecord();
+    void End();
+    void EndPart(Element element);
+    void AddText(std::string_view text);
+    void Mark(bool sound);
+    std::uint64_t TagStart() const;
+
+    std::unique_ptr<_xmlParserCtxt, Release> parser_;
+    std::deque<XmlRecord> ended_;
+    XmlRecord current_;
+    std::size_t depth_ = 0;  // of elements in the record, itself included
+    bool isMarc_ = false;
+    bool rootSeen_ = false;
+    Element within_ = kRecord;  // the element that is open, while the record is sound
+    std::string tag_;           // of a control field
+    std::string code_;
+    std::string text_;
+    std::string_view window_;
+    std::uint64_t windowOffset_ = 0;
+    std::uint64_t fed_ = 0;
+    std::string reason_;
+    std::uint64_t faultOffset_ = 0;
+};
+
+}  // namespace quillory
