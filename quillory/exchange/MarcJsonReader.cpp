@@ -89,82 +89,98 @@ private:
     bool toldApart_ = false;
 };
 
-constexpr const char* kWrongKind = "a value of another kind than its place wants";
-
-// Takes what the parser finds in one object, and puts the record together from it.
+// Takes what the parser finds in one object, and puts the record together from it. What does not
+// belong to a record is passed over, so that malformed JSON is always found.
 class Handler {
 public:
     explicit Handler(RecordBuilder& builder) : builder_(builder) {}
 
     bool start_object(std::size_t) {
+        if (builder_.Failed()) return true;
         switch (where_) {
             case kBefore:
                 return Go(kInRecord);
             case kInFields:
                 return Go(kInField);
             case kInField:
-                return builder_.AddDataField(key_) && Go(kInData);
+                builder_.AddDataField(key_);
+                return Go(kInData);
             case kInSubfields:
                 return Go(kInSubfield);
             default:
-                return builder_.Fail(kWrongKind);
+                return Misplaced();
         }
     }
 
     bool end_object() {
+        if (builder_.Failed()) return true;
         switch (where_) {
             case kInSubfield:
                 return Go(kInSubfields);
             case kInData:
-                return builder_.EndDataField() && Go(kInField);
+                builder_.EndDataField();
+                return Go(kInField);
             case kInField:
                 return Go(kInFields);
             default:
-                return builder_.End();
+                builder_.End();
+                return true;
         }
     }
 
     bool start_array(std::size_t) {
+        if (builder_.Failed()) return true;
         if (where_ == kInRecord && key_ == "fields") return Go(kInFields);
         if (where_ == kInData && key_ == "subfields") return Go(kInSubfields);
-        return builder_.Fail(kWrongKind);
+        return Misplaced();
     }
 
-    bool end_array() { return Go(where_ == kInFields ? kInRecord : kInData); }
+    bool end_array() {
+        if (builder_.Failed()) return true;
+        return Go(where_ == kInFields ? kInRecord : kInData);
+    }
 
     bool key(std::string& name) {
         key_.swap(name);
         if (where_ == kInRecord && key_ != "leader" && key_ != "fields") {
-            return builder_.Fail("a member that is neither leader nor fields");
+            builder_.Fail("a member that is neither leader nor fields");
         }
         if (where_ == kInData && key_ != "ind1" && key_ != "ind2" && key_ != "subfields") {
-            return builder_.Fail("a member that is none of ind1, ind2 and subfields");
+            builder_.Fail("a member that is none of ind1, ind2 and subfields");
         }
         return true;
     }
 
-    bool string(std::string& text) {
-        if (where_ == kInRecord && key_ == "leader") return builder_.SetLeader(text);
-        if (where_ == kInField) return builder_.AddControlField(key_, text);
-        if (where_ == kInSubfield) return builder_.AddSubfield(key_, text);
-        if (where_ != kInData || key_ == "subfields") return builder_.Fail(kWrongKind);
-        return builder_.SetIndicator(key_ == "ind1" ? 0 : 1, text);
+    bool string(const std::string& text) {
+        if (builder_.Failed()) return true;
+        if (where_ == kInRecord && key_ == "leader") {
+            builder_.SetLeader(text);
+        } else if (where_ == kInField) {
+            builder_.AddControlField(key_, text);
+        } else if (where_ == kInSubfield) {
+            builder_.AddSubfield(key_, text);
+        } else if (where_ == kInData && key_ != "subfields") {
+            builder_.SetIndicator(key_ == "ind1" ? 0 : 1, text);
+        } else {
+            return Misplaced();
+        }
+        return true;
     }
 
-    bool null() { return builder_.Fail(kWrongKind); }
-    bool boolean(bool) { return builder_.Fail(kWrongKind); }
-    bool number_integer(std::int64_t) { return builder_.Fail(kWrongKind); }
-    bool number_unsigned(std::uint64_t) { return builder_.Fail(kWrongKind); }
-    bool number_float(double, const std::string&) { return builder_.Fail(kWrongKind); }
-    bool binary(const std::vector<std::uint8_t>&) { return builder_.Fail(kWrongKind); }
+    bool null() { return Misplaced(); }
+    bool boolean(bool) { return Misplaced(); }
+    bool number_integer(std::int64_t) { return Misplaced(); }
+    bool number_unsigned(std::uint64_t) { return Misplaced(); }
+    bool number_float(double, const std::string&) { return Misplaced(); }
+    bool binary(const std::vector<std::uint8_t>&) { return Misplaced(); }
 
-    // `position` is that of the byte behind the fault, which may be the end of the text.
     bool parse_error(std::size_t position, const std::string&, const std::exception& error) {
-        malformedAt_ = position == 0 ? 0 : position - 1;
-        return builder_.Fail("malformed JSON: " + Words(error.what()));
+        malformed_ = "malformed JSON: " + Words(error.what());
+        malformedAt_ = position == 0 ? 0 : position - 1;  // it counts the bytes it has read
+        return false;
     }
 
-    // Where in the text it is malformed; 0 where it is not.
+    const std::string& Malformed() const { return malformed_; }
     std::size_t MalformedAt() const { return malformedAt_; }
 
 private:
@@ -172,6 +188,11 @@ private:
 
     bool Go(Where where) {
         where_ = where;
+        return true;
+    }
+
+    bool Misplaced() {
+        builder_.Fail("a value of another kind than its place wants");
         return true;
     }
 
@@ -187,6 +208,7 @@ private:
     RecordBuilder& builder_;
     Where where_ = kBefore;
     std::string key_;
+    std::string malformed_;
     std::size_t malformedAt_ = 0;
 };
 
@@ -205,15 +227,17 @@ std::size_t MarcJsonReader::StrayBytes(std::string_view block, std::string&) con
 }
 
 bool MarcJsonReader::Read(std::string_view block, Item& item) {
+    const std::string_view object = block.substr(0, block.find_last_not_of(" \t\r\n") + 1);
     builder_.Clear();
     Handler handler(builder_);
-    nlohmann::json::sax_parse(block.begin(), block.end(), &handler);
+    nlohmann::json::sax_parse(object.begin(), object.end(), &handler);
     builder_.Give(item.record);
-    if (!builder_.Failed()) return true;
-    item.reason = builder_.Reason();
+    const bool malformed = !handler.Malformed().empty();
+    if (!malformed && !builder_.Failed()) return true;
+    item.reason = malformed ? handler.Malformed() : builder_.Reason();
     item.tag = builder_.Tag();
     item.faultOffset += handler.MalformedAt();
-    item.faultPlace = Place().After(block.substr(0, handler.MalformedAt()));
+    item.faultPlace = Place().After(object.substr(0, handler.MalformedAt()));
     return false;
 }
 

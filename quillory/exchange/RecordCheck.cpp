@@ -6,7 +6,7 @@ namespace quillory {
 namespace {
 
 bool HoldsAnEnd(std::string_view text) {
-    return text.find_first_of("\x1D\x1E") != text.npos;
+    return text.find(zorby::kRecordEnd) != text.npos || text.find(zorby::kFieldEnd) != text.npos;
 }
 
 bool IsTag(std::string_view tag) {

@@ -38,7 +38,8 @@ std::string Words(const char* message) {
 }
 
 bool IsBlank(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") == text.npos;
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
 }
 
 }  // namespace
@@ -68,7 +69,10 @@ struct XmlRecords::Callbacks {
     static void Error(void* self, xmlErrorPtr error) {
         if (error->level != XML_ERR_FATAL) return;
         XmlRecords& records = Of(self);
-        records.Fail("malformed XML: " + Words(error->message), records.Position());
+        const bool cutShort = records.atEnd_ && error->code == XML_ERR_DOCUMENT_END;
+        records.Fail(
+            "malformed XML: " + (cutShort ? "the document is cut short" : Words(error->message)),
+            records.Position());
     }
 
     static xmlSAXHandler Handler() {
@@ -120,8 +124,9 @@ void XmlRecords::Feed(std::string_view window, std::uint64_t offset, std::size_t
     window_ = window;
     windowOffset_ = offset;
     fed_ = offset + window.size();
+    atEnd_ = fresh == 0;
     const std::string_view bytes = window.substr(window.size() - fresh);
-    xmlParseChunk(parser_.get(), bytes.data(), static_cast<int>(bytes.size()), fresh == 0);
+    xmlParseChunk(parser_.get(), bytes.data(), static_cast<int>(bytes.size()), atEnd_);
     if (parser_->wellFormed == 0) Fail("malformed XML", Position());
 }
 

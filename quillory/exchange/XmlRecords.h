@@ -84,6 +84,7 @@ private:
     std::string_view window_;
     std::uint64_t windowOffset_ = 0;
     std::uint64_t fed_ = 0;
+    bool atEnd_ = false;
     std::string reason_;
     std::uint64_t faultOffset_ = 0;
 };
