@@ -1,0 +1,140 @@
+#pragma once
+
+#include <quillory/exchange/Form.h>
+#include <quillory/exchange/Input.h>
+#include <quillory/exchange/Output.h>
+#include <quillory/exchange/Recoder.h>
+#include <quillory/exchange/RecordWriter.h>
+#include <zorby/record/CommFormat.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <fuzz/Expect.h>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace quillory::fuzz {
+
+using zorby::fuzz::Expect;
+
+// Files of this run, which go with it.
+class Folder {
+public:
+    Folder() {
+        std::string name = (std::filesystem::temp_directory_path() / "fuzz_carry.XXXXXX").string();
+        Expect(mkdtemp(name.data()) != nullptr, "there is a place for files");
+        path_ = name;
+    }
+    ~Folder() { std::filesystem::remove_all(path_); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    std::string File(const char* name) const { return (path_ / name).string(); }
+
+private:
+    std::filesystem::path path_;
+};
+
+// The path of a file with these bytes, until the next call.
+inline std::string FileOf(const unsigned char* data, std::size_t size) {
+    static const Folder folder;
+    const std::string path = folder.File("in");
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    return path;
+}
+
+// A record that outlives its reader.
+struct Copy {
+    std::string leader;
+    std::vector<std::pair<std::string, std::string>> fields;
+
+    explicit Copy(const Record& record) : leader(record.leader) {
+        for (const zorby::CommFormatField& field : record.fields) {
+            fields.emplace_back(field.tag, field.content);
+        }
+    }
+};
+
+struct CarryOptions {
+    Form from = kFormMarc;
+    Form to = kFormMarc;
+    Charset charset = kCharsetAuto;
+    bool lenient = false;
+    Oversize oversize = kOversizeRefuse;
+    // Whether a record is to be carried.
+    bool (*takes)(const Item& item) = [](const Item&) { return true; };
+};
+
+// Carries the records of a file. Gives nothing if one of them is cut, or is not given back in full.
+inline std::vector<Copy> Carry(const CarryOptions& options, const std::string& from,
+                               const std::string& to) {
+    std::vector<Copy> records;
+    bool whole = true;
+    Input input(from);
+    Output output(to);
+    const auto reader = MakeReader(options.from, input, options.lenient);
+    const auto writer = MakeWriter(options.to, output, options.oversize);
+    Recoder recoder({kCharsetAuto, options.charset, {}});
+    Item item;
+    std::uint64_t end = 0;
+    while (reader->Next(item)) {
+        Expect(item.offset == end, "nothing of a file is passed over");
+        end = item.offset + item.bytes.size();
+        if (item.kind != kItemRecord || !options.takes(item)) continue;
+        Losses losses;
+        recoder.Recode(item.record, losses);
+        losses.Clear();
+        const Copy copy(item.record);
+        const WriteResult result = writer->Write(item.record, losses);
+        whole = whole && result.reason.empty() && losses.Empty();
+        if (result.written) records.push_back(copy);
+    }
+    writer->Finish();
+    output.Finish();
+    Expect(end == input.Offset(), "a file is read to its end");
+    if (!whole) records.clear();
+    return records;
+}
+
+inline std::vector<Copy> ReadAll(const std::string& path, Form form) {
+    std::vector<Copy> records;
+    Input input(path);
+    const auto reader = MakeReader(form, input, false);
+    Item item;
+    while (reader->Next(item)) {
+        if (item.kind == kItemFrame) continue;
+        Expect(item.kind == kItemRecord, "all that was written is records");
+        records.emplace_back(item.record);
+    }
+    return records;
+}
+
+// The leader but for its length, counts, base address and entry map, which a form writes itself.
+inline std::string OwnPart(const std::string& leader) {
+    return leader.substr(5, 5) + leader.substr(17, 3);
+}
+
+inline void Compare(const std::vector<Copy>& written, const std::vector<Copy>& read) {
+    Expect(written.size() == read.size(), "every record that was written is read");
+    for (std::size_t i = 0; i < written.size(); ++i) {
+        Expect(OwnPart(written[i].leader) == OwnPart(read[i].leader), "a leader comes back");
+        Expect(written[i].fields == read[i].fields, "fields come back");
+    }
+}
+
+// Carries the records of a file, and reads them back.
+inline void CarryThereAndBack(const CarryOptions& options, const std::string& path) {
+    const std::string to = path + ".out";
+    try {
+        const std::vector<Copy> written = Carry(options, path, to);
+        if (!written.empty()) Compare(written, ReadAll(to, options.to));
+    } catch (const FileError&) {
+        // Damaged gzip data.
+    }
+}
+
+}  // namespace quillory::fuzz

@@ -1,0 +1,28 @@
+#include <fuzz/Carry.h>
+
+namespace quillory::fuzz {
+namespace {
+
+bool IsAnObject(const Item& item) {
+    const std::size_t last = item.bytes.find_last_not_of(" \t\r\n");
+    Expect(item.bytes.starts_with('{') && item.bytes[last] == '}', "a record is an object");
+    return true;
+}
+
+}  // namespace
+}  // namespace quillory::fuzz
+
+// A text of objects, carried into each form that holds everything.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    using namespace quillory;
+    using namespace quillory::fuzz;
+    const std::string path = FileOf(data, size);
+    for (const Form to : {kFormJsonLines, kFormMarcXml, kFormMrk}) {
+        CarryOptions options;
+        options.from = kFormJsonLines;
+        options.to = to;
+        options.takes = IsAnObject;
+        CarryThereAndBack(options, path);
+    }
+    return 0;
+}

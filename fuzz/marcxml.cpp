@@ -1,0 +1,29 @@
+#include <cctype>
+#include <fuzz/Carry.h>
+
+namespace quillory::fuzz {
+namespace {
+
+bool IsAnElement(const Item& item) {
+    Expect(item.bytes.starts_with('<') && item.bytes.ends_with('>'), "a record is an element");
+    return true;
+}
+
+}  // namespace
+}  // namespace quillory::fuzz
+
+// A document, carried into each form that holds everything.
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
+    using namespace quillory;
+    using namespace quillory::fuzz;
+    const std::string path = FileOf(data, size);
+    for (const Form to : {kFormMarcXml, kFormJsonLines, kFormMrk}) {
+        CarryOptions options;
+        options.from = kFormMarcXml;
+        options.to = to;
+        // Without a declaration it is in UTF-8.
+        if (size > 1 && data[0] == '<' && std::isalpha(data[1]) != 0) options.takes = IsAnElement;
+        CarryThereAndBack(options, path);
+    }
+    return 0;
+}
