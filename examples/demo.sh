@@ -1,30 +1,76 @@
 #!/usr/bin/env bash
-# The road of a record: read, shown, converted, read back and compared. Uses $QUILLORY.
+# The road of a record: made from a workform, shown, written, read by other tools, converted, and
+# compared. Uses $QUILLORY.
 set -euo pipefail
 
 quillory=${QUILLORY:-quillory}
-samples=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../data/samples/catalogue.mrk
+here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
+samples=$here/../data/samples/catalogue.mrk
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
+export QUILLORY_HOME=$folder/home
+book="Book (not atlas or songbook)"
 
 step() { printf '\n== %s\n' "$*"; }
 records() { tr -cd '\035' < "$1" | wc -c; }
+
+# What other tools say of a file.
+read_elsewhere() {
+    local complaints
+    if command -v yaz-marcdump > /dev/null; then
+        complaints=$(yaz-marcdump -n "$1" 2>&1)
+        printf '%-12s %3d records, yaz-marcdump: %s\n' "${1##*/}" "$(records "$1")" \
+            "${complaints:-no complaint}"
+    else
+        echo "yaz-marcdump is not here to read ${1##*/}"
+    fi
+    if perl -MMARC::Batch -e 1 2> /dev/null; then
+        perl -MMARC::Batch -e '
+            my $batch = MARC::Batch->new("USMARC", $ARGV[0]);
+            my ($count, $complaints) = (0, 0);
+            while (my $record = $batch->next) { $count++; $complaints += $record->warnings; }
+            $complaints += $batch->warnings;
+            printf "%-12s %3d records, MARC::Record: %s\n", $ARGV[0] =~ s{.*/}{}r, $count,
+                $complaints ? "$complaints complaints" : "no complaint";' "$1"
+    else
+        echo "MARC::Record is not here to read ${1##*/}"
+    fi
+}
+
+step "A workform, made our own: every record gets the code of our library"
+"$quillory" workforms save "Our book" --from "$book" --set 040a=ZorbyS --set 040c=ZorbyS
+"$quillory" workforms "Our book" | head -n 12
+
+step "A few typed fields become a finished record"
+"$quillory" new --workform "Our book" --set language=eng --set country=enk \
+    --set 020a=9780306406157 --set 100a="Weber, Anna," --set 100e="author." \
+    --set 245a="The river below :" --set 245b="a history of the Danube pilots /" \
+    --set 245c="Anna Weber ; translated by José Müller." \
+    --set 264a="London :" --set 264b="Harbour Press," --set 264c=2021 \
+    --set 300a="xii, 312 pages ;" --set 300c="24 cm" \
+    --set '650=_0$aRiver pilots$zDanube River Valley$xHistory.' \
+    --set 700a="Müller, José," --set 700e="translator." -o "$folder/new.mrc"
+"$quillory" show --decode --width 80 "$folder/new.mrc"
+read_elsewhere "$folder/new.mrc"
+
+step "Descriptions of several materials become a file of records"
+"$quillory" catalog "$here"/*.toml -o "$folder/catalog.mrc"
+"$quillory" show --record 4 --width 80 "$folder/catalog.mrc"
+read_elsewhere "$folder/catalog.mrc"
+
+step "They are kept in the store"
+"$quillory" records add "$folder/new.mrc" "$folder/catalog.mrc"
+"$quillory" records list
 
 step "Sample records in line form become ISO 2709 in UTF-8"
 "$quillory" convert "$samples" -o "$folder/utf8.mrc"
 count=$(records "$folder/utf8.mrc")
 ls -l "$folder/utf8.mrc" | awk '{print $5 " bytes"}'
 
-step "... and are shown (the second record)"
-"$quillory" show --record 2 --width 80 "$folder/utf8.mrc"
-
-step "To MARC-8: diacritics before their letters, escapes for other scripts"
+step "To MARC-8, and back to UTF-8: byte for byte the same"
 "$quillory" convert "$folder/utf8.mrc" --to-charset marc8 -o "$folder/marc8.mrc"
-
-step "Back to UTF-8, and compared"
 "$quillory" convert "$folder/marc8.mrc" --to-charset utf8 -o "$folder/back.mrc"
 cmp "$folder/utf8.mrc" "$folder/back.mrc"
-echo "byte for byte the same"
 
 step "To line form and to old MicroLIF, and back"
 "$quillory" convert "$folder/utf8.mrc" -o "$folder/records.mrk"
@@ -44,16 +90,11 @@ printf '00099' | dd of="$folder/damaged.mrc" conv=notrunc status=none
 sound=$(records "$folder/sound.mrc")
 
 step "Other tools read what was written"
-if command -v yaz-marcdump > /dev/null; then
-    for file in utf8 marc8 from-mrk from-lif sound; do
-        complaints=$(yaz-marcdump -n "$folder/$file.mrc" 2>&1)
-        printf '%-12s %3d records, yaz-marcdump: %s\n' "$file.mrc" "$(records "$folder/$file.mrc")" \
-            "${complaints:-no complaint}"
-    done
-else
-    echo "yaz-marcdump is not here to read it"
-fi
+for file in utf8 marc8 from-mrk from-lif sound; do
+    read_elsewhere "$folder/$file.mrc"
+done
 
 step "Summary"
-echo "$count records read, shown, taken to MARC-8 and line form and back: all the same."
+echo "$(records "$folder/catalog.mrc") records made of descriptions, and one of typed fields."
+echo "$count records read, taken to MARC-8 and line form and back: all the same."
 echo "Of the damaged file $sound records were saved, and $(wc -c < "$folder/rejects") bytes kept as rejects."
