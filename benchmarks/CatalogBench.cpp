@@ -32,14 +32,14 @@ zorby::TemplateHolder FindStandard(const std::string& name) {
 }
 
 CodeLists LoadLists() {
-    return CodeLists(CodeStatus(DATA_FOLDER "marc21-codes.tsv"));
+    return CodeLists(CodeStatus(DATA_FOLDER "/marc21-codes.tsv"));
 }
 
 void LoadData() {
-    zorby::FixedApplication application(DATA_FOLDER, '/', false);
+    zorby::FixedApplication application(DATA_FOLDER "/", '/', false);
     zorby::SetApplicationPort(&application);
     zorby::CMARCFormat::InitializeYourself("");
-    zorby::CTemplateList::InitializeTemplateList(DATA_FOLDER);
+    zorby::CTemplateList::InitializeTemplateList(DATA_FOLDER "/");
     zorby::SetApplicationPort(nullptr);
 }
 
