@@ -19,9 +19,9 @@ void WriteSetting(int key, const std::string& value);
 // which the user has been told; throws FileError for a damaged one.
 bool LoadDictionaries(const std::string& userDefined);
 
-// Puts the standard workforms in force, from zorby.ttm, which lies beside the other data files. False
-// if it isn't there or lacks the workform that stands in for others, which the user has been told;
-// throws FileError for a damaged one.
+// Puts the standard workforms in force, from zorby.ttm, which lies beside the other data files.
+// False if it isn't there or lacks the workform that stands in for others, which the user has been
+// told; throws FileError for a damaged one.
 bool LoadWorkforms();
 
 // The codes of the control fields, with what marc21-codes.tsv, which lies beside the other data

@@ -36,13 +36,14 @@ std::vector<std::string> NearestNames(const std::string& text,
         const std::string folded = Folded(name);
         const bool holds = !wanted.empty() && folded.find(wanted) != folded.npos;
         const std::size_t distance = holds ? 0 : Distance(wanted, folded);
-        if (distance <= std::max(wanted.size(), folded.size()) / 2)
-            near.emplace_back(distance, name);
+        const bool isNear = distance <= std::max(wanted.size(), folded.size()) / 2;
+        if (isNear) near.emplace_back(distance, name);
     }
     std::stable_sort(near.begin(), near.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
     near.resize(std::min(near.size(), kMostNames));
     std::vector<std::string> nearest;
+    nearest.reserve(near.size());
     for (auto& [distance, name] : near) nearest.push_back(std::move(name));
     return nearest;
 }

@@ -19,6 +19,7 @@ WorkformEntry EntryOf(int id, const std::string& name) {
 
 std::vector<std::string> TextsOf(const std::vector<WorkformEntry>& entries) {
     std::vector<std::string> texts;
+    texts.reserve(entries.size());
     for (const WorkformEntry& entry : entries) texts.push_back(entry.text);
     return texts;
 }

@@ -41,6 +41,7 @@ std::vector<Document> RowsOf(const std::vector<WorkformEntry>& entries,
 // Keeps the order of the materials' first workforms.
 void SortByMaterial(std::vector<Document>& rows) {
     std::vector<Document> materials;
+    materials.reserve(rows.size());
     for (const Document& row : rows) materials.push_back(row.at("material_type"));
     const auto rank = [&materials](const Document& row) {
         return std::find(materials.begin(), materials.end(), row.at("material_type"));

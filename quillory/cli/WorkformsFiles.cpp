@@ -96,9 +96,12 @@ void SaveAll(const std::vector<FiledWorkform>& workforms, const ImportOptions& o
     for (std::size_t i = 0; i < workforms.size(); ++i) {
         const FiledWorkform& workform = workforms[i];
         const std::string text = QmToUtf8(workform.name);
-        const std::string place = options.file + ": workform " + std::to_string(i + 1) + ": ";
+        std::string place = options.file;
+        place.append(": workform ").append(std::to_string(i + 1)).append(": ");
         const std::string hindrance = Hindrance(workform, options.force, store, names);
-        if (!hindrance.empty()) throw FileError(place + "\"" + text + "\" " + hindrance);
+        if (!hindrance.empty()) {
+            throw FileError(place.append("\"").append(text).append("\" ").append(hindrance));
+        }
         if (!HasBase(workform)) {
             reporter.Say(place + "its base \"" + QmToUtf8(workform.baseName) +
                          "\" is not there; \"" + zorby::CTemplateList::kFallbackName +

@@ -28,7 +28,7 @@ void CheckAtEnd(const zorby::MemoryViewStream& stream, std::string_view bytes,
 
 }  // namespace
 
-FiledWorkform ReadWorkformBlock(std::string block, const std::string& what) {
+FiledWorkform ReadWorkformBlock(const std::string& block, const std::string& what) {
     zorby::MemoryViewStream stream(block);
     zorby::CArchive archive(stream, zorby::CArchive::load);
     try {

@@ -18,7 +18,7 @@ struct FiledWorkform {
 
 // A block that stands alone. FileError, which begins with `what`, for one that can't be read whole,
 // or has bytes behind its end.
-FiledWorkform ReadWorkformBlock(std::string block, const std::string& what);
+FiledWorkform ReadWorkformBlock(const std::string& block, const std::string& what);
 
 // Throws FileError for bytes that are no such file: it names the file, the workform, counted from
 // 1, and the offset.
