@@ -35,6 +35,18 @@ void Carrier::CountLosses(const Item& item) {
     recordLosses_.Clear();
 }
 
+// Every record that has to stay is named.
+bool Carrier::Prepare(Item& item) {
+    if (!options_.prepare) return true;
+    const std::string reason = options_.prepare(item, recordLosses_);
+    if (reason.empty()) return true;
+    recordLosses_.Clear();
+    reporter_.Say(reporter_.PlaceOf(item) + ": " + reason);
+    ++rejected_;
+    Reject(item);
+    return false;
+}
+
 void Carrier::TakeRecord(Item& item) {
     if (!item.reason.empty()) {
         reporter_.SayFault(item, "read from its terminators");
@@ -48,6 +60,7 @@ void Carrier::TakeRecord(Item& item) {
                           std::string(CharsetName(LabelledCharset(item.bytes))) +
                           ", the bytes are " + std::string(CharsetName(recoded.from)));
     }
+    if (!Prepare(item)) return;
     const WriteResult result = writer_.Write(item.record, recordLosses_);
     CountLosses(item);
     if (result.leaderMended) ++leadersMended_;

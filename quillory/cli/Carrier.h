@@ -6,16 +6,22 @@
 #include <quillory/exchange/RecordWriter.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace quillory {
 
+// What a command does to a record in its last character set, before it is written. Result: why the
+// record has to stay, or an empty text.
+using Preparation = std::function<std::string(Item& item, Losses& losses)>;
+
 struct CarrierOptions {
     RecoderOptions recoder;
     bool eachLoss = false;  // report the characters not carried for each record, too
     std::string rejects;    // file for the bytes of what is not written; empty for none
+    Preparation prepare;    // may be empty
 };
 
 // Carries records through the character sets into a writer. What is wrong with them is said, and
@@ -37,6 +43,7 @@ public:
 
 private:
     void TakeRecord(Item& item);
+    bool Prepare(Item& item);
     void Reject(const Item& item);
     void CountLosses(const Item& item);
 

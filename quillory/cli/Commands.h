@@ -19,6 +19,7 @@ void AddCheck(CLI::App& program, Run& run);
 void AddCodes(CLI::App& program, Run& run);
 void AddConvert(CLI::App& program, Run& run);
 void AddDescribe(CLI::App& program, Run& run);
+void AddExport(CLI::App& program, Run& run);
 void AddNew(CLI::App& program, Run& run);
 void AddRecords(CLI::App& program, Run& run);
 void AddSettings(CLI::App& program, Run& run);

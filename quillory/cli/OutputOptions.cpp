@@ -22,17 +22,16 @@ Form FormOfOutput(const OutputOptions& options) {
     return form != kFormUnknown ? form : kFormMarc;
 }
 
-// The character set to write. Throws where the form has it not.
-Charset CharsetOfOutput(const OutputOptions& options, Form form) {
-    if (!IsAlwaysUtf8(form)) return options.charset;
+}  // namespace
+
+Charset CharsetOfOutput(const OutputOptions& options) {
+    if (!IsAlwaysUtf8(FormOfOutput(options))) return options.charset;
     if (options.charset != kCharsetAuto && options.charset != kCharsetUtf8) {
         throw std::invalid_argument("--to-charset " + std::string(CharsetName(options.charset)) +
                                     ": MARCXML and JSON are always in UTF-8");
     }
     return kCharsetUtf8;
 }
-
-}  // namespace
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options) {
     command.add_option("-o,--output", options.output,
@@ -61,13 +60,12 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options) {
 }
 
 Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
-                  Reporter& reporter) {
+                  Reporter& reporter, const Preparation& prepare) {
     CheckNotTheSame(options.rejects, options.output);
-    const Form form = FormOfOutput(options);
-    const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options, form));
+    const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options));
     Output output(options.output);
-    const auto writer = MakeWriter(form, output, options.oversize);
-    Carrier carrier({recoder, options.eachLoss, options.rejects}, *writer, reporter);
+    const auto writer = MakeWriter(FormOfOutput(options), output, options.oversize);
+    Carrier carrier({recoder, options.eachLoss, options.rejects, prepare}, *writer, reporter);
     try {
         carrier.Raise(source([&carrier](Item& item) {
             carrier.Take(item);

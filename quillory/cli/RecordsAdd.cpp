@@ -66,7 +66,7 @@ Status RunAdd(const AddOptions& options) {
     RecordBatch batch(store);
     StoreWriter writer(batch);
     Reporter reporter(options.input.quiet, options.input.verbose);
-    Carrier carrier({RecoderOptionsFor(options.input.charset), false, options.rejects}, writer,
+    Carrier carrier({RecoderOptionsFor(options.input.charset), false, options.rejects, {}}, writer,
                     reporter);
     try {
         AddFiles(options, carrier, batch, reporter);

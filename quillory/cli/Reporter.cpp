@@ -59,10 +59,13 @@ std::string Reporter::PlaceOf(const Item& item) const {
 }
 
 void Reporter::Say(const Item& item, std::string_view kind, std::string_view text) {
+    SayCounted(kind, PlaceOf(item) + ": " + std::string(text));
+}
+
+void Reporter::SayCounted(std::string_view kind, std::string_view text) {
     std::uint64_t& count = counts_[std::string(kind)];
     ++count;
-    if (!all_ && count > kSaidInFull) return;
-    Say(PlaceOf(item) + ": " + std::string(text));
+    if (all_ || count <= kSaidInFull) Say(text);
 }
 
 void Reporter::SayFault(const Item& item, std::string_view outcome) {

@@ -26,6 +26,8 @@ public:
     void Say(const Item& item, std::string_view kind, std::string_view text);
     // As Say, where the item's reason and the place of its fault are the message.
     void SayFault(const Item& item, std::string_view outcome);
+    // As Say, about something that is no item of a file of records.
+    void SayCounted(std::string_view kind, std::string_view text);
     // About the file or the work as a whole.
     void Say(std::string_view text) const;
 

@@ -15,6 +15,7 @@ int RunProgram(int argc, char** argv) {
     program.require_subcommand(1);
     Run run;
     AddConvert(program, run);
+    AddExport(program, run);
     AddShow(program, run);
     AddCheck(program, run);
     AddDescribe(program, run);
