@@ -60,4 +60,10 @@ std::string PlaceText(const Finding& finding) {
     return text;
 }
 
+std::string LineText(const Finding& finding) {
+    const std::string line = (finding.IsError() ? "E: " : "W: ") + ShortText(finding);
+    const std::string place = PlaceText(finding);
+    return place.empty() ? line : line + " [" + place + "]";
+}
+
 }  // namespace quillory

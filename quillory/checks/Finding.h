@@ -30,4 +30,7 @@ std::string LongText(const Finding& finding);
 // Where it is: "245 $a", "650 occurrence 2 $x"; empty for the whole record.
 std::string PlaceText(const Finding& finding);
 
+// Severity, short words and place in a line: "E: ... [245 $a]".
+std::string LineText(const Finding& finding);
+
 }  // namespace quillory

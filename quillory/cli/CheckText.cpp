@@ -21,13 +21,7 @@ public:
 
     void TakeRecord(const CheckedRecord& record) override {
         for (const Finding& finding : record.findings) {
-            text_ = reporter_.PlaceOf(record.item);
-            text_ += finding.IsError() ? ": E: " : ": W: ";
-            text_ += ShortText(finding);
-            if (const std::string place = PlaceText(finding); !place.empty()) {
-                text_ += " [" + place + "]";
-            }
-            text_ += '\n';
+            text_ = reporter_.PlaceOf(record.item) + ": " + LineText(finding) + '\n';
             output_->Write(text_);
         }
     }

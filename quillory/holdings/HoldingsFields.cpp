@@ -15,6 +15,7 @@ using zorby::CommFormatField;
 
 constexpr char kEscape = 0x1B;  // other bytes may be parts of characters behind it
 constexpr std::size_t kIndicators = 2;
+constexpr std::size_t kMostFields = 2;  // of a copy
 
 bool IsFollett(zorby::EHOLDINGSTYPE type) {
     return type == zorby::HT_FOLLETT || type == zorby::HT_FOLLETT_2 ||
@@ -36,6 +37,17 @@ bool TakesCallNumber(const CInfoAboutHoldingsField& info) {
         HID_TYPE_11_CALL_NUMBER, HID_TYPE_12_CALL_NUMBER,        HID_ALEXANDRIA_CALL_NUMBER,
     };
     return std::ranges::count(kCallNumbers, info.GetHoldingsID()) != 0;
+}
+
+// Of the fields to which the elements go.
+std::vector<int> TagsOf(const CHoldingsDataRecord& copy) {
+    std::vector<int> tags;
+    for (int i = 0; i < copy.GetSize() && tags.size() < kMostFields; ++i) {
+        const auto* info = zorby::CInfoAboutHoldingsTypeList::FindFromID(copy.GetAt(i)->GetID());
+        const int tag = static_cast<int>(info->GetTag());
+        if (std::ranges::count(tags, tag) == 0) tags.push_back(tag);
+    }
+    return tags;
 }
 
 bool IsMadeOfSubfields(std::string_view content) {
@@ -81,43 +93,59 @@ void HoldingsFields::Take(const Record& record, CopiesOfRecord& taken) const {
     }
     const bool inPairs = byTag.size() == 2 && byTag[0].size() == byTag[1].size();
     for (std::size_t i = 0; i < (inPairs ? byTag[0].size() : fields.size()); ++i) {
-        taken.fields.push_back({inPairs ? byTag[0][i] : fields[i]});
-        if (inPairs) taken.fields.back().push_back(byTag[1][i]);
-        CHoldingsDataRecord& copy = *taken.copies.AddEmptyAtEnd(to_.id);
-        for (const CommFormatField& field : taken.fields.back()) TakeField(field, copy);
+        if (inPairs) {
+            TakeCopy({byTag[0][i], byTag[1][i]}, taken);
+        } else {
+            TakeCopy({fields[i]}, taken);
+        }
     }
 }
 
-void HoldingsFields::TakeField(const CommFormatField& field, CHoldingsDataRecord& copy) const {
-    const int tag = std::stoi(std::string(field.tag));
-    ForEachSubfield(field.content, [&](char code, std::string_view text) {
-        TakeSubfield(tag, {code, text}, copy);
-    });
+void HoldingsFields::TakeCopy(const std::vector<CommFormatField>& fields,
+                              CopiesOfRecord& taken) const {
+    CopyInHand copy{*taken.copies.AddEmptyAtEnd(to_.id), {}};
+    taken.fields.push_back(fields);
+    for (const CommFormatField& field : fields) {
+        const int tag = std::stoi(std::string(field.tag));
+        ForEachSubfield(field.content, [&](char code, std::string_view text) {
+            TakeSubfield(tag, {code, text}, copy);
+        });
+    }
+    std::vector<int> tags = TagsOf(copy.elements);
+    CHoldingsDataRecord* third = nullptr;
+    for (const auto& [tag, code, text] : copy.kept) {
+        if (std::ranges::count(tags, tag) == 0 && tags.size() < kMostFields) tags.push_back(tag);
+        const bool hasField = std::ranges::count(tags, tag) != 0;
+        if (!hasField && third == nullptr) {
+            third = taken.copies.AddEmptyAtEnd(to_.id);
+            taken.fields.push_back(fields);
+        }
+        (hasField ? copy.elements : *third).AddHoldingItemHold(tag, code, text);
+    }
 }
 
-void HoldingsFields::TakeSubfield(int tag, const Subfield& subfield,
-                                  CHoldingsDataRecord& copy) const {
+void HoldingsFields::TakeSubfield(int tag, const Subfield& subfield, CopyInHand& copy) const {
     const bool isPlain = subfield.text.find(kEscape) == subfield.text.npos;
     if (isPlain && (TakeFund(tag, subfield, copy) || TakeFollett(tag, subfield, copy) ||
                     TakeAlexandria(tag, subfield, copy) ||
                     TakeElement(Find(tag, subfield.code), subfield.text, copy))) {
         return;
     }
-    copy.AddHoldingItemHold(tag, subfield.code, subfield.text);
+    copy.kept.push_back({tag, subfield.code, std::string(subfield.text)});
 }
 
 bool HoldingsFields::TakeElement(const CInfoAboutHoldingsField* info, std::string_view text,
-                                 CHoldingsDataRecord& copy) const {
+                                 CopyInHand& copy) const {
     const CInfoAboutHoldingsField* target = info != nullptr ? Target(*info) : nullptr;
     if (target == nullptr) return false;
-    if (target->GetRepeatDelimiter() != 0) return Join(*target, text, copy);
-    const int before = copy.GetSize();
-    copy.Add(target->GetHoldingsID(), text, 1, 0);
-    return copy.GetSize() > before;
+    if (target->GetRepeatDelimiter() != 0) return Join(*target, text, copy.elements);
+    const int before = copy.elements.GetSize();
+    copy.elements.Add(target->GetHoldingsID(), text, 1, 0);
+    return copy.elements.GetSize() > before;
 }
 
 // A fund shares its subfield with notes, and says what it is.
-bool HoldingsFields::TakeFund(int tag, const Subfield& subfield, CHoldingsDataRecord& copy) const {
+bool HoldingsFields::TakeFund(int tag, const Subfield& subfield, CopyInHand& copy) const {
     constexpr std::string_view kLabel = zorby::kpHoldingsFundLabel;
     if (!IsFollett(from_.id) || !subfield.text.starts_with(kLabel)) return false;
     for (int i = 0; i < from_.type->GetSize(); ++i) {
@@ -130,8 +158,7 @@ bool HoldingsFields::TakeFund(int tag, const Subfield& subfield, CHoldingsDataRe
 }
 
 // "FSC@aFIC@bJUV". What is no element of both systems stays behind in a subfield of the same form.
-bool HoldingsFields::TakeFollett(int tag, const Subfield& subfield,
-                                 CHoldingsDataRecord& copy) const {
+bool HoldingsFields::TakeFollett(int tag, const Subfield& subfield, CopyInHand& copy) const {
     const std::string marker = zorby::kpFollettSubXMarker;
     std::string_view rest = subfield.text;
     if (!IsFollett(from_.id) || subfield.code != 'x' ||
@@ -148,20 +175,19 @@ bool HoldingsFields::TakeFollett(int tag, const Subfield& subfield,
         if (!isPlace || !TakeElement(Find(tag, place), part.substr(2), copy)) left += part;
         rest.remove_prefix(end);
     }
-    if (!left.empty()) copy.AddHoldingItemHold(tag, subfield.code, marker + left);
+    if (!left.empty()) copy.kept.push_back({tag, subfield.code, marker + left});
     return true;
 }
 
 // "Funds:Gift|Vendor:Acme|". What is no element of both systems goes on as it is.
-bool HoldingsFields::TakeAlexandria(int tag, const Subfield& subfield,
-                                    CHoldingsDataRecord& copy) const {
+bool HoldingsFields::TakeAlexandria(int tag, const Subfield& subfield, CopyInHand& copy) const {
     if (from_.id != zorby::HT_ALEXANDRIA || subfield.code != '1') return false;
     for (std::string_view rest = subfield.text; !rest.empty();) {
         const std::size_t end = std::min(rest.find(zorby::kcHoldingsDelimiter), rest.size());
         std::string_view text = rest.substr(0, end);
         const CInfoAboutHoldingsField* info = Labelled(tag, text);
         if (!TakeElement(info, text, copy)) {
-            copy.AddHoldingItemHold(tag, subfield.code, rest.substr(0, end));
+            copy.kept.push_back({tag, subfield.code, std::string(rest.substr(0, end))});
         }
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }

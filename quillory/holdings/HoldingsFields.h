@@ -22,6 +22,7 @@ struct CopiesOfRecord {
 //
 // A field is a copy. Of a system that writes two fields a copy, the fields of both tags are taken
 // in pairs where there are as many of the one as of the other; otherwise each is a copy by itself.
+// A copy is written to two fields at most: what is kept of a third comes as a copy of its own.
 class HoldingsFields {
 public:
     HoldingsFields(const HoldingsSystem& from, const HoldingsSystem& to) : from_(from), to_(to) {}
@@ -37,13 +38,19 @@ private:
         std::string_view text;
     };
 
-    void TakeField(const zorby::CommFormatField& field, zorby::CHoldingsDataRecord& copy) const;
-    void TakeSubfield(int tag, const Subfield& subfield, zorby::CHoldingsDataRecord& copy) const;
+    // A copy, and the subfields that are to be kept with it as they are.
+    struct CopyInHand {
+        zorby::CHoldingsDataRecord& elements;
+        std::vector<zorby::HoldingItemHold> kept;
+    };
+
+    void TakeCopy(const std::vector<zorby::CommFormatField>& fields, CopiesOfRecord& taken) const;
+    void TakeSubfield(int tag, const Subfield& subfield, CopyInHand& copy) const;
     bool TakeElement(const zorby::CInfoAboutHoldingsField* info, std::string_view text,
-                     zorby::CHoldingsDataRecord& copy) const;
-    bool TakeFund(int tag, const Subfield& subfield, zorby::CHoldingsDataRecord& copy) const;
-    bool TakeFollett(int tag, const Subfield& subfield, zorby::CHoldingsDataRecord& copy) const;
-    bool TakeAlexandria(int tag, const Subfield& subfield, zorby::CHoldingsDataRecord& copy) const;
+                     CopyInHand& copy) const;
+    bool TakeFund(int tag, const Subfield& subfield, CopyInHand& copy) const;
+    bool TakeFollett(int tag, const Subfield& subfield, CopyInHand& copy) const;
+    bool TakeAlexandria(int tag, const Subfield& subfield, CopyInHand& copy) const;
     const zorby::CInfoAboutHoldingsField* Labelled(int tag, std::string_view& text) const;
     const zorby::CInfoAboutHoldingsField* Find(int tag, int subfield) const;
     const zorby::CInfoAboutHoldingsField* Target(const zorby::CInfoAboutHoldingsField& info) const;

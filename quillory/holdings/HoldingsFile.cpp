@@ -44,6 +44,11 @@ bool IsRecordNumber(std::string_view text) {
     return !text.empty() && text[0] != '0' && text.find_first_not_of("0123456789") == text.npos;
 }
 
+std::string Hint(const HoldingsSystem& system) {
+    return system.HasElements() ? ", nor a place in its fields"
+                                : ", which has places such as 852$h";
+}
+
 bool HasControls(std::string_view text) {
     return std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) < ' '; });
 }
@@ -149,7 +154,8 @@ std::string HoldingsFile::TakeKey(Cells& cells) {
 const HoldingsColumn& HoldingsFile::ColumnOf(const std::string& name) {
     if (const auto known = found_.find(name); known != found_.end()) return known->second;
     const auto column = FindColumn(system_, name);
-    if (!column) Refuse("\"" + name + "\" is no holdings element of " + system_.name);
+    if (!column)
+        Refuse("\"" + name + "\" is no holdings element of " + system_.name + Hint(system_));
     return found_[name] = *column;
 }
 

@@ -60,12 +60,15 @@ bool HoldingsSystem::HasTag(std::string_view tag) const {
 }
 
 HoldingsSystem HoldingsSystemInForce() {
-    HoldingsSystem system;
-    system.type = CHoldingsSelector::GetCurrentHoldingsType();
-    if (system.type != nullptr) system.id = system.type->GetHoldingsTypeID();
-    system.name = QmToUtf8(CHoldingsSelector::GetCurrentHoldingsTypeName());
-    system.tags = system.HasElements() ? TagsOf(*system.type) : CustomTags();
-    return system;
+    const CInfoAboutHoldingsType* type = CHoldingsSelector::GetCurrentHoldingsType();
+    if (type != nullptr) return SystemOf(*type);
+    return {nullptr, zorby::HT_CUSTOM, QmToUtf8(CHoldingsSelector::GetCurrentHoldingsTypeName()),
+            CustomTags()};
+}
+
+HoldingsSystem SystemOf(const CInfoAboutHoldingsType& type) {
+    return {&type, type.GetHoldingsTypeID(), QmToUtf8(type.GetName()),
+            type.GetSize() > 0 ? TagsOf(type) : CustomTags()};
 }
 
 const CInfoAboutHoldingsType* FindHoldingsType(const std::string& name) {

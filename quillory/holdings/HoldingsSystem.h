@@ -22,6 +22,8 @@ struct HoldingsSystem {
 
 // The system of the settings in force.
 HoldingsSystem HoldingsSystemInForce();
+// A system of the dictionary. The fields of one without elements are those of the settings.
+HoldingsSystem SystemOf(const zorby::CInfoAboutHoldingsType& type);
 
 // The system of the dictionary with this name, present or former, or this number; null if there is
 // none.

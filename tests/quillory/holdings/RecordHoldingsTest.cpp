@@ -121,5 +121,36 @@ TEST_F(RecordHoldingsTest, EverySystemReadsWhatItWrites) {
     }
 }
 
+// From any system to any other, whatever the fields hold.
+TEST_F(RecordHoldingsTest, NothingIsLost) {
+    std::mt19937 engine(12);
+    const auto random = [&](unsigned below) { return static_cast<unsigned>(engine()) % below; };
+    const char* const tags[] = {"852", "949", "961", "910"};
+    const char* const leads[] = {
+        "", "FUND: ", "FSC@a", "FSC@b", "Funds:", "x|", "|", "a, ", "\033s"};
+    for (int round = 0; round < 3000; ++round) {
+        std::string fields = "001x";
+        std::vector<std::string> words;
+        for (unsigned field = 0; field <= random(4); ++field) {
+            fields += "\n" + std::string(tags[random(std::size(tags))]) + "01";
+            for (unsigned i = 0; i <= random(6); ++i) {
+                words.push_back("w" + std::to_string(words.size()) + ".");
+                fields +=
+                    std::string("$") + "abchpxz1"[random(8)] + leads[random(std::size(leads))];
+                fields += words.back() + (random(4) == 0 ? "| " : "");
+            }
+        }
+        const std::string from = std::to_string(1 + random(15));
+        const std::string to = std::to_string(1 + random(16));
+        const std::string result = Rewritten(from, to, fields);
+        for (const std::string& word : words) {
+            EXPECT_TRUE(result.empty() || result.find(word) != result.npos)
+                << word << " " << from << " " << to << "\n"
+                << fields << "\n"
+                << result;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace quillory
