@@ -303,7 +303,10 @@ void CPmarc::AstaAdd(unsigned tag, char first, char second, char code, int newFi
 }
 
 void CPmarc::Clear() {
+    fields_.clear();
     runs_.clear();
+    sorted_ = true;
+    last_ = {};
 }
 
 std::size_t CPmarc::FieldCount() const {

@@ -171,6 +171,21 @@ TEST(Pmarc, ControlFieldsAndAstaAdd) {
 }
 
 // A text may be a part of the record that it is added to.
+TEST(Pmarc, ClearForgetsAllFields) {
+    CPmarc record;
+    int occurrence = 0;
+    record.FieldAppend("900", "  ");
+    record.FieldAppend("245", "  ");
+    record.FieldNew(500, occurrence);
+    record.Clear();
+    EXPECT_EQ(record.FieldCount(), 0U);
+    EXPECT_EQ(record.FieldExists(500, 1), 0);
+    EXPECT_EQ(record.FieldNew(245, occurrence), 0);
+    EXPECT_EQ(occurrence, 1);
+    EXPECT_EQ(record.FieldNew(500, occurrence), 1);
+    EXPECT_EQ(record.FieldCount(), 2U);
+}
+
 TEST(Pmarc, TakesItsOwnTexts) {
     CPmarc record;
     const std::string title = "A title that is too long to be held in place";
