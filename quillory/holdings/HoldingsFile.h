@@ -23,7 +23,7 @@ namespace quillory {
 // are. A value is a text, a whole number, a list of those, or null for none.
 //
 // Lines without any key or value are errors; empty lines are passed over. The file is held in
-// memory, with about 60 bytes more for each line. Texts come out in UTF-8.
+// memory, in up to twice its size and about 80 bytes for each line. Texts come out in UTF-8.
 class HoldingsFile {
 public:
     // Reads and checks the whole file. Throws FileError, which names file, line and column.
