@@ -57,14 +57,15 @@ private:
     }
 
     // Whether the next line begins an object like this one, which is then cut short. An object laid
-    // out without indents is not to be told from its own parts.
+    // out without indents is not to be told from its own parts, but for its first line.
     bool ObjectBegins(std::size_t blanks) {
+        const bool isBrace = window_[at_ + 1 + blanks] == '{';
         if (firstLine_) {
             const bool alone = window_.substr(1, at_ - 1).find_first_not_of(" \t\r") == npos;
-            toldApart_ = !alone || blanks > indent_;
+            toldApart_ = !alone || isBrace || blanks > indent_;
             firstLine_ = false;
         }
-        return toldApart_ && blanks == indent_ && window_[at_ + 1 + blanks] == '{';
+        return toldApart_ && isBrace && blanks == indent_;
     }
 
     void TakeInString(char c) {
@@ -94,6 +95,15 @@ private:
 class Handler {
 public:
     explicit Handler(RecordBuilder& builder) : builder_(builder) {}
+
+    // The parser takes a NUL for the end of the text.
+    void Parse(std::string_view text) {
+        if (!nlohmann::json::sax_parse(text.begin(), text.end(), this)) return;
+        const std::size_t nul = text.find('\0');
+        if (nul == npos) return;
+        malformed_ = "malformed JSON: a NUL byte";
+        malformedAt_ = nul;
+    }
 
     bool start_object(std::size_t) {
         if (builder_.Failed()) return true;
@@ -228,16 +238,17 @@ std::size_t MarcJsonReader::StrayBytes(std::string_view block, std::string&) con
 
 bool MarcJsonReader::Read(std::string_view block, Item& item) {
     const std::string_view object = block.substr(0, block.find_last_not_of(" \t\r\n") + 1);
+    item.faultPlace = Place();
     builder_.Clear();
     Handler handler(builder_);
-    nlohmann::json::sax_parse(object.begin(), object.end(), &handler);
+    handler.Parse(object);
     builder_.Give(item.record);
     const bool malformed = !handler.Malformed().empty();
     if (!malformed && !builder_.Failed()) return true;
     item.reason = malformed ? handler.Malformed() : builder_.Reason();
     item.tag = builder_.Tag();
     item.faultOffset += handler.MalformedAt();
-    item.faultPlace = Place().After(object.substr(0, handler.MalformedAt()));
+    item.faultPlace->Pass(object.substr(0, handler.MalformedAt()));
     return false;
 }
 

@@ -115,7 +115,9 @@ XmlRecords::XmlRecords() {
     xmlSAXHandler handler = Callbacks::Handler();
     parser_.reset(xmlCreatePushParserCtxt(&handler, this, nullptr, 0, nullptr));
     if (!parser_) throw std::bad_alloc();
-    xmlCtxtUseOptions(parser_.get(), XML_PARSE_NONET);
+    // Without a document type there are only the five entities of XML itself, which are not put in
+    // place in attributes unless all are.
+    xmlCtxtUseOptions(parser_.get(), XML_PARSE_NONET | XML_PARSE_NOENT);
 }
 
 XmlRecords::~XmlRecords() = default;

@@ -1,0 +1,410 @@
+#include <quillory/exchange/Form.h>
+#include <quillory/exchange/Output.h>
+#include <quillory/exchange/RecordWriter.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "TemporaryFile.h"
+
+namespace quillory {
+namespace {
+
+using Texts = std::vector<std::string>;  // leader, then each field as tag and content
+
+Texts TextsOf(const Record& record) {
+    Texts texts{std::string(record.leader)};
+    for (const auto& field : record.fields) {
+        texts.push_back(std::string(field.tag) + std::string(field.content));
+    }
+    return texts;
+}
+
+struct Found {
+    ItemKind kind;
+    std::string bytes, reason, tag, id, place;
+    Texts texts;
+};
+
+std::vector<Found> ReadAll(Form form, const std::string& bytes) {
+    const TemporaryFile file(bytes);
+    Input input(file.Path());
+    const auto reader = MakeReader(form, input, false);
+    std::vector<Found> all;
+    std::string together;
+    Item item;
+    while (reader->Next(item)) {
+        EXPECT_EQ(item.offset, together.size());
+        together += item.bytes;
+        const auto& place = item.faultPlace;
+        all.push_back(
+            {item.kind, std::string(item.bytes), item.reason, item.tag,
+             item.kind == kItemRecord ? std::string(item.record.ControlNumber())
+                                      : item.controlNumber,
+             place ? std::to_string(place->line) + ":" + std::to_string(place->column) : "",
+             item.kind == kItemRecord ? TextsOf(item.record) : Texts{}});
+    }
+    EXPECT_EQ(together, bytes);
+    return all;
+}
+
+// What is no frame: an id for each record, and the place and reason of all else.
+std::string Story(const std::vector<Found>& all) {
+    std::string story;
+    for (const Found& found : all) {
+        if (found.kind == kItemFrame) continue;
+        if (!story.empty()) story += " | ";
+        story += found.id;
+        if (found.kind == kItemRecord) continue;
+        story += " " + found.place + " " + found.tag + " " + found.reason;
+    }
+    return story;
+}
+
+struct Written {
+    std::string bytes;
+    std::vector<WriteResult> results;
+    Losses losses;
+};
+
+Written Write(Form form, const std::vector<Texts>& records) {
+    const TemporaryFile file;
+    Written written;
+    Output output(file.Path());
+    const auto writer = MakeWriter(form, output, kOversizeRefuse);
+    for (const Texts& texts : records) {
+        Record record;
+        record.leader = texts[0];
+        for (std::size_t i = 1; i < texts.size(); ++i) {
+            const std::string_view text = texts[i];
+            record.fields.push_back({text.substr(0, 3), text.substr(3)});
+        }
+        written.results.push_back(writer->Write(record, written.losses));
+    }
+    writer->Finish();
+    output.Finish();
+    written.bytes = file.Read();
+    return written;
+}
+
+const std::string kLeader = "00000nam a2200000 a 4500";
+
+std::string XmlRecord(const std::string& id, const std::string& more = "") {
+    return "<record><leader>" + kLeader + "</leader><controlfield tag=\"001\">" + id +
+           "</controlfield>" + more + "</record>";
+}
+
+std::string Xml(const std::string& records) {
+    return "<?xml version=\"1.0\"?>\n<collection>\n" + records + "\n</collection>\n";
+}
+
+TEST(MarcXml, WritesTheCustomaryLayout) {
+    const Written written = Write(
+        kFormMarcXml, {{kLeader, "001a<b>&\"", "FMTBK", "24510\037aTitle /\037cName.", "500  "}});
+    EXPECT_EQ(written.bytes,
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+              "<collection xmlns=\"http://www.loc.gov/MARC21/slim\">\n"
+              "  <record>\n"
+              "    <leader>00000nam a2200000 a 4500</leader>\n"
+              "    <controlfield tag=\"001\">a&lt;b&gt;&amp;&quot;</controlfield>\n"
+              "    <controlfield tag=\"FMT\">BK</controlfield>\n"
+              "    <datafield tag=\"245\" ind1=\"1\" ind2=\"0\">\n"
+              "      <subfield code=\"a\">Title /</subfield>\n"
+              "      <subfield code=\"c\">Name.</subfield>\n"
+              "    </datafield>\n"
+              "    <datafield tag=\"500\" ind1=\" \" ind2=\" \">\n"
+              "    </datafield>\n"
+              "  </record>\n"
+              "</collection>\n");
+    EXPECT_EQ(Write(kFormMarcXml, {}).bytes,
+              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+              "<collection xmlns=\"http://www.loc.gov/MARC21/slim\">\n</collection>\n");
+}
+
+TEST(MarcJson, WritesAnObjectALine) {
+    const Texts record{kLeader, "001a\"\\\037\n", "24510\037aT\u00e9\037cN."};
+    EXPECT_EQ(Write(kFormJsonLines, {record, {kLeader}}).bytes,
+              "{\"leader\":\"00000nam a2200000 a 4500\",\"fields\":["
+              "{\"001\":\"a\\\"\\\\\\u001f\\u000a\"},"
+              "{\"245\":{\"ind1\":\"1\",\"ind2\":\"0\",\"subfields\":[{\"a\":\"T\u00e9\"},"
+              "{\"c\":\"N.\"}]}}]}\n"
+              "{\"leader\":\"00000nam a2200000 a 4500\",\"fields\":[]}\n");
+    EXPECT_EQ(Write(kFormJsonLines, {}).bytes, "");
+}
+
+TEST(Markup, CountsWhatItCantCarry) {
+    const Texts odd{kLeader, "001a\007\xEF\xBF\xBF\xE9", "245\xC3 \037ax"};
+    const Written xml = Write(kFormMarcXml, {odd});
+    EXPECT_NE(xml.bytes.find(">a&amp;#x0007;&amp;#xFFFF;\uFFFD<"), xml.bytes.npos) << xml.bytes;
+    EXPECT_EQ(xml.losses.Text(""),
+              "byte 0xE9 is no character, written as U+FFFD: 1\n"
+              "byte 0xC3 is no indicator, written as a blank: 1\n"
+              "U+0007 can't stand in XML, written as &#x0007;: 1\n"
+              "U+FFFF (\xEF\xBF\xBF) can't stand in XML, written as &#xFFFF;: 1\n");
+    const Written json = Write(kFormJsonLines, {odd});
+    EXPECT_NE(json.bytes.find("\"a\\u0007\xEF\xBF\xBF\uFFFD\""), json.bytes.npos) << json.bytes;
+    EXPECT_TRUE(json.losses.Real());
+
+    std::string badLeader = kLeader;
+    badLeader[6] = '\x02';
+    std::string oldLeader = kLeader;
+    oldLeader.replace(20, 4, "4\x92 \xFF");
+    for (const Form form : {kFormMarcXml, kFormJsonLines}) {
+        const Written written =
+            Write(form, {{badLeader, "001x"}, {kLeader, "245no indicators"}, {oldLeader, "001y"}});
+        EXPECT_EQ(written.results[0].reason, "byte 0x02 in leader/06");
+        EXPECT_EQ(written.results[1].reason,
+                  "field 245 is not made of two indicators and subfields with codes");
+        EXPECT_TRUE(written.results[2].written && written.results[2].leaderMended);
+        EXPECT_EQ(Story(ReadAll(form, written.bytes)), "y");
+    }
+}
+
+// Whatever UTF-8 a record holds, it comes back, but for what XML has not.
+TEST(Markup, RandomRecordsComeBack) {
+    const Texts kSigns{"a",          " ",      "<",  "&",  "\"",     "\\",
+                       "]]>",        "\t",     "\r", "\n", "\u00e9", "\u4e00",
+                       "\U0001D11E", "\u0301", "{",  "}",  "&#x41;", "\u0085"};
+    std::mt19937 random(11);
+    std::vector<Texts> records;
+    for (int i = 0; i < 300; ++i) {
+        Texts texts{kLeader};
+        for (std::size_t fields = random() % 6; fields > 0; --fields) {
+            std::string text = Texts{"008", "CAT", "59012", "003  \037x", "ZZZ 1"}[random() % 5];
+            const bool isData = text.size() > 3;
+            for (std::size_t signs = random() % 8; signs > 0; --signs) {
+                if (isData) text += "\037" + kSigns[random() % kSigns.size()];
+                text += kSigns[random() % kSigns.size()];
+            }
+            texts.push_back(text);
+        }
+        records.push_back(texts);
+    }
+    for (const Form form : {kFormMarcXml, kFormJsonLines}) {
+        const Written written = Write(form, records);
+        EXPECT_TRUE(written.losses.Empty()) << written.losses.Text("");
+        std::vector<Texts> back;
+        for (const Found& found : ReadAll(form, written.bytes)) {
+            ASSERT_TRUE(found.kind == kItemRecord || found.kind == kItemFrame)
+                << found.reason << found.bytes;
+            if (found.kind == kItemRecord) back.push_back(found.texts);
+        }
+        ASSERT_EQ(back, records);
+    }
+}
+
+TEST(MarcXml, ReadsWhatOthersWrite) {
+    const std::string slim = "http://www.loc.gov/MARC21/slim";
+    const Texts expected{kLeader, "001a", "24510\037aT\u00e9<\037b "};
+    const std::string kRecord =
+        "<m:record type='a>b' xmlns:m='" + slim + "'>\n <m:leader>00000nam  2200000 a 4500" +
+        "</m:leader><!-- <record> --><m:controlfield tag='001'>a</m:controlfield>" +
+        "<m:datafield ind2='0' ind1='1' tag='245'><m:subfield code='a'>T&#xe9;<![CDATA[<]]>" +
+        "</m:subfield><?pi?><m:subfield code='b'> </m:subfield></m:datafield></m:record >";
+    const std::string kDocuments[] = {
+        kRecord,
+        "\xEF\xBB\xBF" + kRecord + "\n<!-- end -->",
+        Xml(kRecord),
+        "<answer xmlns='urn:x'><record><header>h</header><metadata>" + kRecord +
+            "</metadata></record></answer>",
+        "<records><record><metadata>" + kRecord + "</metadata></record></records>",
+        "<?xml version='1.0' encoding='ISO-8859-1'?><!--\xE9-->" + kRecord,
+    };
+    for (const std::string& document : kDocuments) {
+        Texts found;
+        for (const Found& item : ReadAll(kFormMarcXml, document)) {
+            if (item.kind == kItemRecord) found = item.texts;
+        }
+        EXPECT_EQ(found, expected) << document;
+    }
+}
+
+TEST(MarcXml, NamesWhatIsWrongAndGoesOn) {
+    const std::string field = "<datafield tag=\"245\" ind1=\"1\" ind2=\"0\">";
+    const auto sub = [](const std::string& attribute, const std::string& text) {
+        return "<subfield" + attribute + ">" + text + "</subfield></datafield>";
+    };
+    const std::pair<std::string, std::string> kCases[] = {
+        {"<record><controlfield tag=\"001\">b</controlfield></record>", "b 4:1  no leader"},
+        {"<record/>", " 4:1  no leader"},
+        {XmlRecord("b", "<leader>x</leader>"), "b 4:108  a second leader"},
+        {XmlRecord("b", "<controlfield>x</controlfield>"), "b 4:120  a field without a tag"},
+        {XmlRecord("b", "<controlfield tag=\"245\">x</controlfield>"),
+         "b 4:130 245 a data field without subfields"},
+        {XmlRecord("b", "<datafield tag=\"\u00e9x\" ind1=\"1\" ind2=\"2\"/>"),
+         "b 4:1 \u00e9x a tag with bytes that no tag has"},
+        {XmlRecord("b", "<datafield tag=\"24\" ind1=\"1\" ind2=\"2\"/>"),
+         "b 4:90 24 a tag that is not of three bytes"},
+        {XmlRecord("b", "<datafield tag=\"245\" ind1=\"1\"/>"),
+         "b 4:90 245 an indicator that is not one character of ASCII"},
+        {XmlRecord("b", field + sub("", "x")),
+         "b 4:151 245 a subfield code that is not one character"},
+        {XmlRecord("b", field + sub(" code=\"ab\"", "x")),
+         "b 4:161 245 a subfield code that is not one character"},
+        {XmlRecord("b", field + "text</datafield>"),
+         "b 4:90 245 text outside of leader, control fields and subfields"},
+        {XmlRecord("b", "<other>x</other>"), "b 4:90  an element that does not belong there"},
+        {XmlRecord("b", "\n<leader><b>x</b></leader>"),
+         "b 5:9  an element that does not belong there"},
+    };
+    for (const auto& [record, story] : kCases) {
+        const auto all =
+            ReadAll(kFormMarcXml, Xml(XmlRecord("a") + "\n" + record + "\n" + XmlRecord("c")));
+        EXPECT_EQ(Story(all), "a | " + story + " | c");
+        const auto damaged = std::find_if(
+            all.begin(), all.end(), [](const Found& found) { return found.kind == kItemDamaged; });
+        EXPECT_EQ(damaged->bytes, record);
+    }
+}
+
+TEST(MarcXml, EndsWhereItIsMalformed) {
+    const std::string further = "; the file is read no further";
+    const std::pair<std::string, std::string> kCases[] = {
+        {Xml(XmlRecord("a") + XmlRecord("b", "</x>") + XmlRecord("c")),
+         "malformed XML: Opening and ending tag mismatch"},
+        {Xml(XmlRecord("a") + XmlRecord("b", "\x1B")), "malformed XML: PCDATA invalid Char"},
+        {Xml(XmlRecord("a") + XmlRecord("b", "&x;")), "malformed XML: Entity 'x' not defined"},
+        {Xml(XmlRecord("a") + XmlRecord("b", "\xE9 ")), "malformed XML: Input is not proper UTF-8"},
+        {"<collection>" + XmlRecord("a"), "malformed XML: the document is cut short"},
+        {Xml(XmlRecord("a")) + "<x/>", "malformed XML: Extra content"},
+    };
+    for (const auto& [document, reason] : kCases) {
+        const auto all = ReadAll(kFormMarcXml, document);
+        const Found& last = all.back();
+        EXPECT_TRUE(Story(all).starts_with("a | ")) << Story(all);
+        EXPECT_EQ(last.kind, kItemDamaged);
+        EXPECT_TRUE(last.reason.starts_with(reason)) << last.reason;
+        EXPECT_TRUE(last.reason.ends_with(further)) << last.reason;
+        EXPECT_NE(last.place, "");
+    }
+    const std::string laughs =
+        "<!DOCTYPE c [<!ENTITY a \"lol\"><!ENTITY b \"&a;&a;\"><!ENTITY f SYSTEM "
+        "\"/etc/passwd\">]>";
+    EXPECT_TRUE(Story(ReadAll(kFormMarcXml, laughs + Xml(XmlRecord("&b;&f;"))))
+                    .starts_with(" 1:1  a document type (DOCTYPE)"));
+    EXPECT_EQ(Story(ReadAll(kFormMarcXml, "<mods/>")), "   XML that holds no MARC record");
+    EXPECT_EQ(Story(ReadAll(kFormMarcXml, "<collection/>")), "");
+}
+
+TEST(MarcXml, MemoryIsBoundedWhateverComes) {
+    const std::string much(std::size_t{9} << 20, 'x');
+    const std::string kFrame(std::size_t{3} << 20, ' ');
+    const auto long1 =
+        ReadAll(kFormMarcXml, Xml(XmlRecord("a") + kFrame + XmlRecord(much) + XmlRecord("c")));
+    EXPECT_EQ(long1.back().kind, kItemFrame);
+    std::string ids;
+    for (const Found& found : long1) {
+        EXPECT_LE(found.bytes.size(), std::size_t{5} << 20);
+        if (found.kind == kItemRecord) ids += found.id;
+    }
+    EXPECT_EQ(ids, "ac");
+    const auto long2 = ReadAll(kFormMarcXml, Xml(XmlRecord("a") + "<!--" + much));
+    EXPECT_NE(Story(long2).find("a | "), std::string::npos);
+    EXPECT_NE(Story(long2).find("over 4 MiB; the file is read no further"), std::string::npos);
+}
+
+std::string JsonRecord(const std::string& id) {
+    return "{\"leader\":\"" + kLeader + "\",\"fields\":[{\"001\":\"" + id + "\"}]}";
+}
+
+TEST(MarcJson, ReadsRowsAndArraysAndLayouts) {
+    const std::string laidOut =
+        "{\n  \"fields\": [\n    {\n      \"001\": \"@\"\n    },\n    {\"245\": {\"subfields\": "
+        "[{\"a\": \"}\\\"{\"}],\n \"ind2\": \"0\", \"ind1\": \"1\"}}\n  ],\n  \"leader\": \"" +
+        kLeader + "\"\n}";
+    const auto with = [&](char id) {
+        std::string text = laidOut;
+        text[text.find('@')] = id;
+        return text;
+    };
+    const std::string a = JsonRecord("a");
+    const std::string b = JsonRecord("b");
+    const std::string kTexts[] = {
+        a + "\n" + b,
+        a + "\r\n\r\n" + b + " \n\n",
+        a + b,
+        "\xEF\xBB\xBF[" + a + "," + b + "]\n",
+        "[\n " + a + ",\n " + b + "\n]",
+        with('a') + "\n" + with('b') + "\n",
+        "[" + with('a') + ", " + with('b') + "]",
+        with('a') + b,
+    };
+    for (const std::string& text : kTexts) {
+        EXPECT_EQ(Story(ReadAll(kFormJsonLines, text)), "a | b") << text;
+    }
+    EXPECT_EQ(ReadAll(kFormJsonLines, with('a'))[0].texts,
+              (Texts{kLeader, "001a", "24510\037a}\"{"}));
+    EXPECT_EQ(Story(ReadAll(kFormJsonLines, "[]")), "");
+}
+
+TEST(MarcJson, NamesWhatIsWrongAndGoesOn) {
+    const std::string kind = "a value of another kind than its place wants";
+    const std::string open = "{\"leader\":\"" + kLeader + "\",\"fields\":[";
+    const std::pair<std::string, std::string> kCases[] = {
+        {"no JSON", " 2:2  malformed JSON: syntax error while parsing value - invalid literal"},
+        {"{\"fields\":[]}", " 2:1  no leader"},
+        {"{}", " 2:1  no leader"},
+        {"{\"leader\":7}", " 2:1  " + kind},
+        {"{\"leader\":\"x\",\"leader\":\"y\"}", " 2:1  a second leader"},
+        {open + "{\"001\":null}]}", " 2:1  " + kind},
+        {open + "[]]}", " 2:1  " + kind},
+        {open + "{\"245\":\"x\"}]}", " 2:1 245 a data field without subfields"},
+        {open + "{\"245\":{\"ind1\":\"1\"}}]}", " 2:1 245 a data field without two indicators"},
+        {open + "{\"245\":{\"x\":\"1\"}}]}",
+         " 2:1 245 a member that is none of ind1, ind2 and subfields"},
+        {open + "]} x",
+         " 2:51  malformed JSON: syntax error while parsing value - invalid literal"},
+        {open + "{\"001\":\"\xE9\"}]}",
+         " 2:57  malformed JSON: syntax error while parsing value - invalid string: ill-formed "
+         "UTF-8 byte"},
+        {open + "{\"001\":\"b\"",
+         "b 2:58  malformed JSON: syntax error while parsing object - unexpected end of input; "
+         "expected '}'"},
+        {open + "{\"001\":\"b}]}",
+         " 2:60  malformed JSON: syntax error while parsing value - invalid string: missing "
+         "closing "
+         "quote"},
+        {open + "{\"CAT\":{\"ind1\":\" \",\"ind2\":\" \",\"subfields\":[{\"a\":\"\\u001f\"}]}}]}",
+         " 2:1 CAT a delimiter (0x1F) in a subfield"},
+        {open + "{\"001\":\"\\u001e\"}]}",
+         "\036 2:1 001 a field or record end (0x1E, 0x1D) in a field"},
+        {open + "],\"x\":[[[[{}]]]]}", " 2:1  a member that is neither leader nor fields"},
+        {JsonRecord("b") + std::string("\0{", 2), "b 2:61  malformed JSON: a NUL byte"},
+        {std::string(100000, '['), ""},
+    };
+    for (const auto& [line, story] : kCases) {
+        const auto all =
+            ReadAll(kFormJsonLines, JsonRecord("a") + "\n" + line + "\n" + JsonRecord("c") + "\n");
+        EXPECT_EQ(Story(all), story.empty() ? "a | c" : "a | " + story + " | c");
+    }
+}
+
+// In either form a sound record between damaged ones is found, as long as XML stays well-formed.
+TEST(Markup, SoundRecordsSurviveRandomDamage) {
+    std::mt19937 random(6);
+    for (int round = 0; round < 200; ++round) {
+        std::string text;
+        std::string sound;
+        for (char id = 'a'; id < 'g'; ++id) {
+            std::string line = JsonRecord({&id, 1});
+            if (random() % 3 == 0) {
+                line[random() % line.size()] = "{}[]\",:\\ x"[random() % 10];
+                if (random() % 2 == 0) line.resize(random() % line.size());
+            }
+            text += line + "\n";
+            if (line == JsonRecord({&id, 1})) sound += id;
+        }
+        std::string found;
+        for (const Found& item : ReadAll(kFormJsonLines, text)) {
+            if (item.kind == kItemRecord) found += item.id;
+        }
+        for (const char id : sound) EXPECT_NE(found.find(id), found.npos) << id << "\n" << text;
+    }
+}
+
+}  // namespace
+}  // namespace quillory
