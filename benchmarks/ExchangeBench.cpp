@@ -1,3 +1,4 @@
+#include <quillory/exchange/Form.h>
 #include <quillory/exchange/MarcReader.h>
 #include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/RecordWriter.h>
@@ -117,6 +118,53 @@ void CarryRecords(benchmark::State& state, Charset to) {
 }
 BENCHMARK_CAPTURE(CarryRecords, unchanged, kCharsetAuto)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(CarryRecords, toUtf8, kCharsetUtf8)->Unit(benchmark::kMillisecond);
+
+// Carries records from form to form as they are, and counts them.
+std::int64_t CarryForm(const std::string& fromPath, Form from, const std::string& toPath, Form to) {
+    Input input(fromPath);
+    Output output(toPath);
+    const auto reader = MakeReader(from, input, false);
+    const auto writer = MakeWriter(to, output, kOversizeRefuse);
+    Losses losses;
+    Item item;
+    std::int64_t records = 0;
+    while (reader->Next(item)) {
+        if (item.kind != kItemRecord) continue;
+        writer->Write(item.record, losses);
+        ++records;
+    }
+    writer->Finish();
+    output.Finish();
+    return records;
+}
+
+void WriteForm(benchmark::State& state, Form form) {
+    const RecordFile file(10000);
+    std::int64_t records = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        records += CarryForm(file.Path(), kFormMarc, "/dev/null", form);
+    }
+    state.SetItemsProcessed(records);
+}
+
+void ReadForm(benchmark::State& state, Form form) {
+    const RecordFile file(10000);
+    const std::string path = file.Path() + ".form";
+    CarryForm(file.Path(), kFormMarc, path, form);
+    std::int64_t records = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        records += CarryForm(path, form, "/dev/null", kFormMarc);
+    }
+    state.SetItemsProcessed(records);
+    std::filesystem::remove(path);
+}
+
+BENCHMARK_CAPTURE(WriteForm, mrk, kFormMrk)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(WriteForm, marcxml, kFormMarcXml)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(WriteForm, jsonl, kFormJsonLines)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadForm, mrk, kFormMrk)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadForm, marcxml, kFormMarcXml)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadForm, jsonl, kFormJsonLines)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quillory::bench

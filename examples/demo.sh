@@ -19,7 +19,7 @@ read_elsewhere() {
     local complaints
     if command -v yaz-marcdump > /dev/null; then
         complaints=$(yaz-marcdump -n "$1" 2>&1)
-        printf '%-12s %3d records, yaz-marcdump: %s\n' "${1##*/}" "$(records "$1")" \
+        printf '%-14s %3d records, yaz-marcdump: %s\n' "${1##*/}" "$(records "$1")" \
             "${complaints:-no complaint}"
     else
         echo "yaz-marcdump is not here to read ${1##*/}"
@@ -30,7 +30,7 @@ read_elsewhere() {
             my ($count, $complaints) = (0, 0);
             while (my $record = $batch->next) { $count++; $complaints += $record->warnings; }
             $complaints += $batch->warnings;
-            printf "%-12s %3d records, MARC::Record: %s\n", $ARGV[0] =~ s{.*/}{}r, $count,
+            printf "%-14s %3d records, MARC::Record: %s\n", $ARGV[0] =~ s{.*/}{}r, $count,
                 $complaints ? "$complaints complaints" : "no complaint";' "$1"
     else
         echo "MARC::Record is not here to read ${1##*/}"
@@ -79,6 +79,14 @@ cmp "$folder/utf8.mrc" "$folder/from-mrk.mrc"
 "$quillory" convert "$folder/utf8.mrc" -o "$folder/records.lif" || true
 "$quillory" convert "$folder/records.lif" -o "$folder/from-lif.mrc" || true
 
+step "To MARCXML and MARC-in-JSON, and back"
+for form in xml jsonl; do
+    "$quillory" convert "$folder/marc8.mrc" -o "$folder/records.$form"
+    "$quillory" convert "$folder/records.$form" -o "$folder/from-$form.mrc"
+    cmp "$folder/utf8.mrc" "$folder/from-$form.mrc"
+done
+head -n 6 "$folder/records.xml"
+
 step "A damaged file: the first record has a wrong length, the last is cut short, with text before it"
 {
     "$quillory" convert "$folder/utf8.mrc" --to marc
@@ -90,11 +98,11 @@ printf '00099' | dd of="$folder/damaged.mrc" conv=notrunc status=none
 sound=$(records "$folder/sound.mrc")
 
 step "Other tools read what was written"
-for file in utf8 marc8 from-mrk from-lif sound; do
+for file in utf8 marc8 from-mrk from-lif from-xml from-jsonl sound; do
     read_elsewhere "$folder/$file.mrc"
 done
 
 step "Summary"
 echo "$(records "$folder/catalog.mrc") records made of descriptions, and one of typed fields."
-echo "$count records read, taken to MARC-8 and line form and back: all the same."
+echo "$count records read, taken to MARC-8, line form, MARCXML, JSON and back: all the same."
 echo "Of the damaged file $sound records were saved, and $(wc -c < "$folder/rejects") bytes kept as rejects."
