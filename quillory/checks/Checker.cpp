@@ -1,7 +1,7 @@
 #include <quillory/checks/Checker.h>
 #include <quillory/checks/ControlFieldChecks.h>
 #include <quillory/checks/Subfields.h>
-#include <quillory/checks/UpperCaseText.h>
+#include <quillory/checks/UpperCaseTitle.h>
 #include <zorby/checking/RecordError.h>
 
 #include <algorithm>
@@ -190,10 +190,11 @@ void Checker::Note(FieldRole role, std::string_view content) {
 }
 
 void Checker::NoteTitle(std::string_view content) {
-    ForEachSubfield(content, [this](char code, std::string_view text) {
+    ForEachSubfield(content, [&](char code, std::string_view text) {
         if (code != 'a' || !HasText(text)) return;
         if (++seen_.titles == 1) {
-            seen_.title = text;
+            seen_.title = content;
+            seen_.titleOccurrence = place_.occurrence;
         } else {
             Add(EC_TooManyTitles, 'a');
         }
@@ -212,12 +213,13 @@ void Checker::CheckWhole(const Record& record) {
     if (!seen_.hasSubject) AddMissing(EC_NoSubjects, "600");
     CheckControlFields(record);
     if (!seen_.hasHoldings) AddMissing(EC_NoHoldings, "852");
-    if (policy_.Wants(EC_UpperCaseTitle) && !seen_.title.empty()) {
-        const auto charset = options_.charset;
-        if (IsUpperCaseText(seen_.title,
-                            charset == kCharsetAuto ? ActualCharset(record) : charset)) {
-            AddAt({TagBytes("245"), 1}, EC_UpperCaseTitle, 'a');
-        }
+    CheckTitleCase(record);
+}
+
+void Checker::CheckTitleCase(const Record& record) {
+    if (!policy_.Wants(EC_UpperCaseTitle) || seen_.title.empty()) return;
+    if (IsUpperCaseTitle(record, seen_.title, options_.charset)) {
+        AddAt({TagBytes("245"), seen_.titleOccurrence}, EC_UpperCaseTitle, 'a');
     }
 }
 

@@ -36,8 +36,9 @@ private:
     // What the record has shown so far.
     struct Seen {
         std::string_view field008;
-        std::string_view title;        // the first 245 $a
-        std::uint32_t titles = 0;      // 245 $a with text
+        std::string_view title;    // the first 245 with $a
+        std::uint32_t titles = 0;  // 245 $a with text
+        std::uint32_t titleOccurrence = 0;
         unsigned mainEntry = 0;        // tag of the first one
         std::uint8_t publication = 0;  // which of $a, $b, $c there are: bits 0, 1, 2
         std::uint8_t extent = 0;
@@ -59,6 +60,7 @@ private:
     void Note(FieldRole role, std::string_view content);
     void NoteTitle(std::string_view content);
     void CheckWhole(const Record& record);
+    void CheckTitleCase(const Record& record);
     void CheckControlFields(const Record& record);
     void CheckSize(const Record& record);
     const FieldRule& RuleFor(const FieldRule& rule, std::string_view content) const;

@@ -38,10 +38,10 @@ public:
         report_.TakeRecord(record);
     }
 
-    Status Finish() {
-        report_.Finish(totals_, checker_.GetPolicy());
-        return status_;
-    }
+    void Finish() { report_.Finish(totals_, checker_.GetPolicy()); }
+
+    // Findings, if there was any, or damage.
+    Status Result() const { return status_; }
 
 private:
     void TakeFault(const Item& item) {
@@ -67,11 +67,16 @@ Status RunCheck(const CheckOptions& options) {
     Reporter reporter(options.input.quiet, options.input.verbose);
     const auto report = MakeCheckReport(options.report, reporter);
     CheckRun run(*checker, *report, reporter);
-    const Status read = ReadFiles(options.input, reporter, [&run](Item& item) {
-        run.Take(item);
-        return true;
-    });
-    return std::max(read, run.Finish());
+    try {
+        const Status read = ReadFiles(options.input, reporter, [&run](const Item& item) {
+            run.Take(item);
+            return true;
+        });
+        run.Finish();
+        return std::max(read, run.Result());
+    } catch (const ClosedPipe&) {
+        return run.Result();
+    }
 }
 
 }  // namespace

@@ -46,13 +46,13 @@ std::unique_ptr<CheckReport> MakeCheckReport(const CheckReportOptions& options,
 std::string KindText(zorby::E_ERROR_CODE code) {
     switch (code) {
         case zorby::EC_ManyMainEntriesPersonal:
-            return "more main entries than the personal name (100)";
+            return "too many main entries (100)";
         case zorby::EC_ManyMainEntriesCorporate:
-            return "more main entries than the corporate name (110)";
+            return "too many main entries (110)";
         case zorby::EC_ManyMainEntriesMeeting:
-            return "more main entries than the meeting name (111)";
+            return "too many main entries (111)";
         case zorby::EC_ManyMainEntriesUniformTitle:
-            return "more main entries than the uniform title (130)";
+            return "too many main entries (130)";
         case zorby::EC_SubfieldTooLong:
             return "subfield is too long";
         case zorby::EC_FieldTooLong:

@@ -240,6 +240,11 @@ TEST_F(CheckerTest, UpperCaseTitle) {
         {"ROUGHING IT /", kCharsetAuto, true},
         {"IT", kCharsetAuto, true},
         {"M /", kCharsetAuto, false},
+        {"DUNE /$cBY FRANK HERBERT", kCharsetAuto, true},
+        {"CSS :$bthe definitive guide", kCharsetAuto, false},
+        {"A B /$cby C", kCharsetAuto, true},
+        {"IT$h[book]", kCharsetAuto, true},
+        {"ROUGHING IT /$cby Mark Twain", kCharsetAuto, true},
         {"1984 :", kCharsetAuto, false},
         {"ROUGHING iT", kCharsetAuto, false},
         {"\303\211T\303\211", kCharsetUtf8, true},   // É T É

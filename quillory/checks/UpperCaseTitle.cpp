@@ -1,4 +1,5 @@
-#include <quillory/checks/UpperCaseText.h>
+#include <quillory/checks/Subfields.h>
+#include <quillory/checks/UpperCaseTitle.h>
 #include <quillory/exchange/QmText.h>
 #include <quillory/exchange/TextConverter.h>
 #include <zorby/charset/Compare.h>
@@ -53,12 +54,26 @@ bool HasSmallASCII(std::string_view text) {
     return std::ranges::any_of(text, [](char c) { return 'a' <= c && c <= 'z'; });
 }
 
-bool IsUpperCase(std::string_view qm) {
-    const auto has = [](LetterCase letterCase) {
-        return [letterCase](char c) { return CaseOf(c) == letterCase; };
-    };
-    const auto capitals = static_cast<std::size_t>(std::ranges::count_if(qm, has(kCapital)));
-    return capitals >= kFewestCapitals && std::ranges::none_of(qm, has(kSmall));
+// What the letters of a text in the one-byte code say.
+struct Capitals {
+    std::size_t words = 0;  // with a capital
+    std::size_t letters = 0;
+    bool hasSmall = false;
+};
+
+Capitals CapitalsOf(std::string_view qm) {
+    Capitals found;
+    bool inWord = false;
+    for (const char c : qm) {
+        const LetterCase letterCase = CaseOf(c);
+        if (c == ' ') inWord = false;
+        if (letterCase == kSmall) found.hasSmall = true;
+        if (letterCase != kCapital) continue;
+        ++found.letters;
+        if (!inWord) ++found.words;
+        inWord = true;
+    }
+    return found;
 }
 
 bool ToQm(std::string_view text, Charset charset, std::string& qm) {
@@ -68,16 +83,32 @@ bool ToQm(std::string_view text, Charset charset, std::string& qm) {
     return Utf8ToQm(utf8, qm);
 }
 
+// Most texts are decided by their first small letter. An escape sequence has letters too, that are
+// none of the text's.
+Capitals CapitalsOf(const Record& record, std::string_view text, Charset charset) {
+    constexpr Capitals kSmallOnly{0, 0, true};
+    if (IsASCII(text)) return CapitalsOf(text);
+    const bool hasEscapes = text.find('\033') != text.npos;
+    if (!hasEscapes && HasSmallASCII(text)) return kSmallOnly;
+    if (charset == kCharsetAuto) charset = ActualCharset(record);
+    std::string qm;
+    return ToQm(text, charset, qm) ? CapitalsOf(qm) : kSmallOnly;
+}
+
 }  // namespace
 
-// Most titles are decided by their first small letter. An escape sequence has letters too, that
-// are none.
-bool IsUpperCaseText(std::string_view text, Charset charset) {
-    if (IsASCII(text)) return IsUpperCase(text);
-    const bool hasEscapes = text.find('\033') != text.npos;
-    if (!hasEscapes && HasSmallASCII(text)) return false;
-    std::string qm;
-    return ToQm(text, charset, qm) && IsUpperCase(qm);
+bool IsUpperCaseTitle(const Record& record, std::string_view content, Charset charset) {
+    constexpr std::string_view kRestOfTitle = "bcnp";
+    std::string_view title;
+    bool restHasSmall = false;
+    ForEachSubfield(content, [&](char code, std::string_view text) {
+        if (code == 'a' && title.empty()) title = text;
+        const bool isRest = kRestOfTitle.find(code) != kRestOfTitle.npos;
+        restHasSmall = restHasSmall || (isRest && HasSmallASCII(text));
+    });
+    const Capitals capitals = CapitalsOf(record, title, charset);
+    if (capitals.hasSmall || capitals.letters < kFewestCapitals) return false;
+    return capitals.words > 1 || !restHasSmall;
 }
 
 }  // namespace quillory
