@@ -1,7 +1,6 @@
 #include <quillory/checks/Checker.h>
 #include <quillory/checks/ControlFieldChecks.h>
 #include <quillory/checks/Subfields.h>
-#include <quillory/checks/UpperCaseTitle.h>
 #include <zorby/checking/RecordError.h>
 
 #include <algorithm>
@@ -97,7 +96,7 @@ void Checker::Check(const Record& record, std::vector<Finding>& findings) {
 void Checker::CheckField(const CommFormatField& field, bool isBibliographic) {
     const unsigned tag = TagNumber(field.tag);
     if (occurrences_[tag]++ == 0) touched_.push_back(tag);
-    place_ = {TagBytes(field.tag), occurrences_[tag]};
+    place_ = {field.tag, occurrences_[tag]};
     if (field.content.size() > kLongestPart) {
         Add(EC_FieldTooLong);
         if (tag >= 10) CheckSubfieldLengths(field.content);
@@ -218,13 +217,13 @@ void Checker::CheckWhole(const Record& record) {
 
 void Checker::CheckTitleCase(const Record& record) {
     if (!policy_.Wants(EC_UpperCaseTitle) || seen_.title.empty()) return;
-    if (IsUpperCaseTitle(record, seen_.title, options_.charset)) {
-        AddAt({TagBytes("245"), seen_.titleOccurrence}, EC_UpperCaseTitle, 'a');
+    if (titleCase_.IsUpperCase(record, seen_.title, options_.charset)) {
+        AddAt({"245", seen_.titleOccurrence}, EC_UpperCaseTitle, 'a');
     }
 }
 
 void Checker::CheckControlFields(const Record& record) {
-    const Place place{TagBytes("008"), seen_.field008.empty() ? 0U : 1U};
+    const Place place{"008", seen_.field008.empty() ? 0U : 1U};
     if (IsDateUnknown(seen_.field008)) AddAt(place, EC_UnknownDate, '\0');
     if (IsRunningTimeUnknown(record.leader, seen_.field008)) {
         AddAt(place, EC_UnknownRunningTime, '\0');
@@ -246,12 +245,13 @@ void Checker::Add(E_ERROR_CODE code, char subfield) {
 }
 
 void Checker::AddMissing(E_ERROR_CODE code, std::string_view tag, char subfield) {
-    AddAt({TagBytes(tag), 0}, code, subfield);
+    AddAt({tag, 0}, code, subfield);
 }
 
 void Checker::AddAt(const Place& place, E_ERROR_CODE code, char subfield) {
     if (!policy_.Wants(code)) return;
-    findings_->push_back({code, policy_.SeverityOf(code), place.tag, place.occurrence, subfield});
+    findings_->push_back(
+        {code, policy_.SeverityOf(code), TagBytes(place.tag), place.occurrence, subfield});
 }
 
 }  // namespace quillory

@@ -3,10 +3,10 @@
 #include <quillory/checks/FieldRules.h>
 #include <quillory/checks/Finding.h>
 #include <quillory/checks/Policy.h>
+#include <quillory/checks/TitleCase.h>
 #include <quillory/exchange/Charset.h>
 #include <quillory/exchange/Record.h>
 
-#include <array>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -47,7 +47,7 @@ private:
         bool hasHoldings = false;
     };
     struct Place {
-        std::array<char, 3> tag{};
+        std::string_view tag;
         std::uint32_t occurrence = 0;
     };
 
@@ -73,6 +73,7 @@ private:
     CheckerOptions options_;
     Policy policy_;
     FieldRules rules_;
+    TitleCase titleCase_;
     bool asksDictionary_;
     std::vector<std::uint32_t> occurrences_;  // by tag; the last for tags that are no number
     std::vector<unsigned> touched_;           // tags with occurrences

@@ -15,7 +15,9 @@ bool IsNumber(std::string_view tag) {
 }
 
 std::string Readable(std::string_view bytes) {
+    const auto isPlain = [](char c) { return ' ' <= c && c <= '~'; };
     std::string text(bytes);
+    if (std::ranges::all_of(text, isPlain)) return text;
     std::ranges::replace_if(
         text, [](unsigned char c) { return c < ' ' || c == 0x7F; }, '?');
     return QmToUtf8(text);

@@ -1,7 +1,6 @@
 #include <quillory/checks/Subfields.h>
-#include <quillory/checks/UpperCaseTitle.h>
+#include <quillory/checks/TitleCase.h>
 #include <quillory/exchange/QmText.h>
-#include <quillory/exchange/TextConverter.h>
 #include <zorby/charset/Compare.h>
 
 #include <algorithm>
@@ -54,14 +53,9 @@ bool HasSmallASCII(std::string_view text) {
     return std::ranges::any_of(text, [](char c) { return 'a' <= c && c <= 'z'; });
 }
 
-// What the letters of a text in the one-byte code say.
-struct Capitals {
-    std::size_t words = 0;  // with a capital
-    std::size_t letters = 0;
-    bool hasSmall = false;
-};
+}  // namespace
 
-Capitals CapitalsOf(std::string_view qm) {
+TitleCase::Capitals TitleCase::CapitalsOfQm(std::string_view qm) {
     Capitals found;
     bool inWord = false;
     for (const char c : qm) {
@@ -76,28 +70,30 @@ Capitals CapitalsOf(std::string_view qm) {
     return found;
 }
 
-bool ToQm(std::string_view text, Charset charset, std::string& qm) {
-    std::string utf8;
+bool TitleCase::ToQm(std::string_view text, Charset charset) {
+    auto& converter = converters_[static_cast<std::size_t>(charset)];
+    if (!converter) {
+        converter = std::make_unique<TextConverter>(charset, kCharsetUtf8, kNormalFormC);
+    }
+    utf8_.clear();
     Losses losses;
-    TextConverter(charset, kCharsetUtf8, kNormalFormC).Append(text, utf8, losses);
-    return Utf8ToQm(utf8, qm);
+    converter->Append(text, utf8_, losses);
+    return Utf8ToQm(utf8_, qm_);
 }
 
 // Most texts are decided by their first small letter. An escape sequence has letters too, that are
 // none of the text's.
-Capitals CapitalsOf(const Record& record, std::string_view text, Charset charset) {
+TitleCase::Capitals TitleCase::CapitalsOf(const Record& record, std::string_view text,
+                                          Charset charset) {
     constexpr Capitals kSmallOnly{0, 0, true};
-    if (IsASCII(text)) return CapitalsOf(text);
     const bool hasEscapes = text.find('\033') != text.npos;
     if (!hasEscapes && HasSmallASCII(text)) return kSmallOnly;
+    if (IsASCII(text)) return CapitalsOfQm(text);
     if (charset == kCharsetAuto) charset = ActualCharset(record);
-    std::string qm;
-    return ToQm(text, charset, qm) ? CapitalsOf(qm) : kSmallOnly;
+    return ToQm(text, charset) ? CapitalsOfQm(qm_) : kSmallOnly;
 }
 
-}  // namespace
-
-bool IsUpperCaseTitle(const Record& record, std::string_view content, Charset charset) {
+bool TitleCase::IsUpperCase(const Record& record, std::string_view content, Charset charset) {
     constexpr std::string_view kRestOfTitle = "bcnp";
     std::string_view title;
     bool restHasSmall = false;
