@@ -1,18 +1,19 @@
 #!/usr/bin/env bash
-# Compares quillory with yaz-marcdump, side by side on one machine.
+# Compares quillory with yaz-marcdump and MARC::Lint, side by side on one machine.
 #
 # usage: peers.sh [--memory] [FILE...]
 #
 # Takes the sound records of the files (data/samples if none is given), brings them to MARC-8,
-# repeats them to 200 MB, and runs both programs on that in turn. --memory also measures the memory
-# for a file of 2 GB.
+# repeats them to 200 MB, and runs both programs on that in turn; MARC::Lint, which is slow, on 20 MB
+# and twice. --memory also measures the memory for a file of 2 GB.
 # Environment: QUILLORY the program, ROUNDS (5) runs of each, of which the best counts, MEGABYTES
 # (200) of records. The ratio is how many times faster quillory is, the aim how much it is to be.
 set -euo pipefail
 
 root=$(dirname "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")")
 quillory=${QUILLORY:-$root/build/release/bin/quillory}
-peer=$(command -v yaz-marcdump || true)
+yaz=$(command -v yaz-marcdump || true)
+lint=$(perl -MMARC::Lint -e 'print "perl"' 2> /dev/null || true)
 rounds=${ROUNDS:-5}
 megabytes=${MEGABYTES:-200}
 
@@ -49,6 +50,11 @@ count_records() {
     tr -dc '\035' < "$1" | wc -c
 }
 
+# What a check says at its end.
+count_checked() {
+    sed -nE 's/^([0-9]+) records? checked.*/\1/p' "$1"
+}
+
 # repeat MEGABYTES OUTPUT: the sample over and over until there is enough.
 repeat() {
     local size=$(($1 * 1000000)) output=$2 once left
@@ -70,15 +76,16 @@ quotient() {
     awk -v a="$1" -v b="$2" -v digits="$3" 'BEGIN { printf "%.*f", digits, a / b }'
 }
 
-# row JOB AIM FILE: times both, whose commands stand in the arrays ours and theirs.
+# row JOB AIM FILE [PEER COUNT]: times both, whose commands stand in the arrays ours and theirs. PEER
+# is the other program's name, COUNT tells from an output how many records came through.
 row() {
-    local job=$1 aim=$2 file=$3 round records size
-    local our_records their_records=-
+    local job=$1 aim=$2 file=$3 name=${4-yaz-marcdump} count=${5-count_records} round records size
+    local our_records their_records=- peer=${theirs[0]}
     measure "$work/ours" "${ours[@]}" > /dev/null
-    our_records=$(count_records "$work/ours")
+    our_records=$("$count" "$work/ours")
     if [[ -n $peer ]]; then
         measure "$work/theirs" "${theirs[@]}" > /dev/null
-        their_records=$(count_records "$work/theirs")
+        their_records=$("$count" "$work/theirs")
     fi
     : > "$work/ours.runs"
     : > "$work/theirs.runs"
@@ -95,10 +102,10 @@ row() {
     [[ -z $their_time ]] || ratio=$(quotient "$their_time" "$our_time" 2)
     print_side "$job" quillory "$our_time" "$records" "$size" "$ratio" "$aim" "$peak"
     [[ -z $their_time ]] ||
-        print_side "" yaz-marcdump "$their_time" "$records" "$size" "" "" ""
-    ((our_records == records)) || echo "    quillory wrote $our_records of $records records"
+        print_side "" "$name" "$their_time" "$records" "$size" "" "" ""
+    ((our_records == records)) || echo "    quillory did $our_records of $records records"
     [[ $their_records == - ]] || ((their_records == records)) ||
-        echo "    yaz-marcdump wrote $their_records of $records records"
+        echo "    $name did $their_records of $records records"
 }
 
 print_side() {
@@ -123,7 +130,7 @@ done
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-[[ -n $peer ]] || echo "yaz-marcdump is not installed: figures of quillory alone"
+[[ -n $yaz && -n $lint ]] || echo "yaz-marcdump or MARC::Lint is not installed: no figures of it"
 
 # convert CHARSET OUTPUT FILE...
 convert() {
@@ -145,14 +152,19 @@ convert utf8 "$utf8" "$marc8"
 
 printf '%-17s %-13s %12s %8s %7s %6s %s\n' job program records/s MB/s ratio aim 'peak memory'
 ours=("$quillory" convert --quiet --to marc "$marc8")
-theirs=("$peer" -o marc "$marc8")
+theirs=("$yaz" -o marc "$marc8")
 row 'marc to marc' 5 "$marc8"
 ours=("$quillory" convert --quiet --to marc --from-charset marc8 --to-charset utf8 "$marc8")
-theirs=("$peer" -f MARC-8 -t UTF-8 -o marc -l "9=97" "$marc8")
+theirs=("$yaz" -f MARC-8 -t UTF-8 -o marc -l "9=97" "$marc8")
 row 'MARC-8 to UTF-8' 8 "$marc8"
 ours=("$quillory" convert --quiet --to marc --from-charset utf8 --to-charset marc8 "$utf8")
-theirs=("$peer" -f UTF-8 -t MARC-8 -o marc -l "9=32" "$utf8")
+theirs=("$yaz" -f UTF-8 -t MARC-8 -o marc -l "9=32" "$utf8")
 row 'UTF-8 to MARC-8' 10 "$utf8"
+repeat 20 "$work/checked.mrc"
+rounds=$((rounds < 2 ? rounds : 2))
+ours=("$quillory" check --policy custom "$work/checked.mrc")
+theirs=("$lint" "$root/benchmarks/lint.pl" "$work/checked.mrc")
+row 'check' 100 "$work/checked.mrc" MARC::Lint count_checked
 
 if ((memory)); then
     repeat 2000 "$work/large.mrc"

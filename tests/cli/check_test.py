@@ -1,0 +1,238 @@
+#!/usr/bin/env python3
+"""What `quillory check` finds in files, and what it makes of that.
+
+usage: check_test.py QUILLORY SAMPLES_FOLDER
+"""
+import html.parser
+import json
+import os
+import subprocess
+import sys
+import unittest
+
+from cli_test import QUILLORY, SAMPLES, Cli, run
+
+SOUND = """=LDR  00000nam\\a2200000\\i\\4500
+=001  sound
+=008  990101s1999\\\\\\\\nyua\\\\\\\\\\\\\\\\\\\\001\\0\\eng\\d
+=100  1\\$aTwain, Mark
+=245  10$aRoughing it /$cby Mark Twain.
+=260  \\\\$aNew York :$bHarper,$c1999.
+=300  \\\\$a304 p. :$bill. ;$c21 cm.
+=500  \\\\$aIncludes index.
+=650  \\0$aWest (U.S.)
+=852  \\\\$aMain
+"""
+BARE = """=LDR  00000ngm\\a2200000\\i\\4500
+=001  <b>&"bare
+=245  00$bNothing <script>alert(1)</script>
+=590  \\\\$aLocal
+"""
+
+
+class Page(html.parser.HTMLParser):
+    """A page taken apart, and whether it is well formed."""
+    VOID = {"meta", "input", "link", "br"}
+
+    def __init__(self, text):
+        super().__init__()
+        self.open, self.tags, self.ids, self.links, self.rows, self.text = [], [], set(), [], [], ""
+        self.feed(text)
+        self.close()
+
+    def handle_starttag(self, tag, attributes):
+        attributes = dict(attributes)
+        self.tags.append((tag, attributes))
+        if "id" in attributes:
+            assert attributes["id"] not in self.ids
+            self.ids.add(attributes["id"])
+        if "href" in attributes:
+            self.links.append(attributes["href"])
+        if tag == "tr":
+            self.rows.append([])
+        if tag == "td":
+            self.rows[-1].append("")
+        if tag not in self.VOID:
+            self.open.append(tag)
+
+    def handle_endtag(self, tag):
+        assert self.open and self.open[-1] == tag, (tag, self.open)
+        self.open.pop()
+
+    def handle_data(self, data):
+        self.text += data
+        if "td" in self.open:
+            self.rows[-1][-1] += data
+
+
+class Checks(Cli):
+    def setUp(self):
+        super().setUp()
+        self.home = self.folder / "home"
+        os.environ["QUILLORY_HOME"] = str(self.home)
+        self.addCleanup(os.environ.pop, "QUILLORY_HOME")
+        self.sound = self.path("sound.mrk", SOUND.encode())
+        self.bare = self.path("bare.mrk", BARE.encode())
+        self.both = self.path("both.mrk", (SOUND + "\n" + BARE).encode())
+
+    def check(self, *arguments, status=1):
+        result, out, err = run("check", *arguments)
+        self.assertEqual(result, status, err)
+        return out.decode(), err
+
+
+class Findings(Checks):
+    def test_a_line_a_finding(self):
+        out, err = self.check(self.bare, "--policy", "tlc", "--set", "ZP_RC_NoNotes=1", "--set",
+                              "NoHoldings=1")
+        place = f'{self.bare}: record 1 at byte 0 (001 <b>&"bare): '
+        self.assertEqual(out.splitlines(), [
+            place + "E: no title (245 $a) [245 $a]",
+            place + "E: no pub. name (260 $b) [260 $b]",
+            place + "E: no pub. date (260 $c) [260 $c]",
+            place + "E: no extent (300 $a) [300 $a]",
+            place + "W: no holdings [852]",
+            "",
+            "1 record checked: 0 well, 0 with warnings, 1 with errors",
+            "       1  E: no title (245 $a)",
+            "       1  E: no pub. name (260 $b)",
+            "       1  E: no pub. date (260 $c)",
+            "       1  E: no extent (300 $a)",
+            "       1  W: no holdings",
+        ])
+        self.assertEqual(err, "")
+        quiet, _ = self.check("-q", self.bare, "--policy", "basic")
+        self.assertEqual(quiet, place + "E: no title (245 $a) [245 $a]\n")
+
+    def test_a_sound_record_is_well(self):
+        out, _ = self.check(self.sound, "--policy", "custom", status=0)
+        self.assertEqual(out, "1 record checked: 1 well, 0 with warnings, 0 with errors\n")
+        self.assertEqual(self.check("-q", self.sound, status=0), ("", ""))
+
+    def test_json_has_every_record(self):
+        damaged = self.path("damaged.mrc", self.convert(self.both, "ok.mrc").read_bytes()[:-9])
+        out, err = self.check(damaged, "--format", "jsonl", "--policy", "custom")
+        sound, damage = map(json.loads, out.splitlines())
+        self.assertEqual((sound["record"], sound["control_number"], sound["title"],
+                          sound["material"], sound["verdict"], sound["findings"]),
+                         (1, "sound", "Roughing it", "books", "ok", []))
+        self.assertEqual((damage["record"], damage["offset"]), (2, damaged.read_bytes().index(b"\x1d") + 1))
+        self.assertIn(damage["damaged"], err)
+        out, _ = self.check(self.bare, "-o", self.path("out.jsonl"), "--policy", "custom")
+        line = json.loads(self.path("out.jsonl").read_text())
+        self.assertEqual(line["verdict"], "errors")
+        self.assertEqual(line["findings"][0], {
+            "code": 110, "severity": "error", "tag": "245", "occurrence": None, "subfield": "a",
+            "short": "no title (245 $a)",
+            "message": "No title statement (245 $a). This record has no main title. You must enter "
+                       "a title before the record can be exported. Enter the title as found on the "
+                       "item being cataloged, or create a title and enter it in square brackets."})
+        self.assertEqual([found["code"] for found in line["findings"]],
+                         [110, 112, 113, 114, 115, 116, 117, 119, 120, 121, 122, 123])
+
+    def test_the_same_from_marc_mrk_and_standard_input(self):
+        def codes(*arguments, **options):
+            out = subprocess.run([QUILLORY, "check", "-q", "--policy", "custom", "--format",
+                                  "jsonl", *arguments], capture_output=True, **options).stdout
+            return [[(found["code"], found["tag"], found["occurrence"], found["subfield"])
+                     for found in json.loads(line)["findings"]] for line in out.splitlines()]
+        ours = codes(SAMPLES)
+        self.assertEqual(len(ours), 24)
+        for options in ([], ["--to-charset", "marc8"]):
+            marc = self.convert(SAMPLES, "sample.mrc", *options)
+            self.assertEqual(codes(marc), ours)
+            self.assertEqual(codes(input=marc.read_bytes()), ours)
+
+    def test_fields_of_ones_own(self):
+        custom = ["-q", "--policy", "custom", self.bare]
+        self.assertNotIn("590", self.check(*custom)[0])
+        self.assertNotIn("590", self.check(*custom, "--user-defined", "590a")[0])
+        self.assertIn("E: 590 is not a MARC field [590]\n",
+                      self.check(*custom, "--user-defined", "591a")[0])
+
+
+class Policies(Checks):
+    def test_a_policy_leaves_the_settings_alone(self):
+        self.assertEqual(run("settings", "ZP_RC_NoNotes", "1")[0], 0)
+        before = {path: path.read_bytes() for path in self.home.rglob("*")}
+        self.check(self.bare, "--policy", "custom", "--set", "NoTitle=1", status=2)
+        self.check(self.bare, "--policy", "custom", "--set", "NoNotes=0")
+        self.assertEqual({path: path.read_bytes() for path in self.home.rglob("*")}, before)
+
+    def test_the_settings_are_the_policy(self):
+        lacking = self.path("lacking.mrk", SOUND.replace("=650", "=651").replace(
+            "=500  \\\\$aIncludes index.\n", "").encode())
+        self.check(lacking, status=0)
+        run("settings", "ZP_RC_NoNotes", "1")
+        self.assertIn("W: no notes", self.check(lacking)[0])
+        run("settings", "ZP_RC_NoNotes", "0")
+        self.assertIn("E: no notes", self.check(lacking)[0])
+
+    def test_wrong_usage(self):
+        for arguments, words in (
+                (["--set", "NoNotes"], "NoNotes is not KEY=0"),
+                (["--set", "NoNotes=3"], "NoNotes=3 is not KEY=0"),
+                (["--set", "FontWeight=1"], "no findings go by a setting FontWeight"),
+                (["--policy", "basic", "--set", "NoNotes=1"], "the policy basic fixes it to 2"),
+                (["--policy", "tlc", "--set", "No300a=2"], "the policy tlc fixes it to 0"),
+                (["--policy", "strict"], "strict"),
+                (["-o", self.bare], "is an input"),
+                ([self.path("none.mrc")], "none.mrc"),
+                (["-o", self.path("no/folder/x")], "no/folder/x")):
+            _, err = self.check(self.bare, *arguments, status=2)
+            self.assertIn(words, err)
+        self.assertEqual(self.bare.read_text(), BARE)
+
+
+class Pages(Checks):
+    def page(self, *arguments):
+        self.check(*arguments, "-o", self.path("page.html"))
+        return Page(self.path("page.html").read_text())
+
+    def test_a_page_stands_alone(self):
+        page = self.page(self.both, SAMPLES, "--policy", "custom")
+        self.assertEqual(page.open, [])
+        self.assertTrue(page.links)
+        for link in page.links:
+            self.assertIn(link.removeprefix("#"), page.ids)
+        tags = {tag for tag, _ in page.tags}
+        self.assertFalse(tags & {"link", "img", "iframe", "base"})
+        self.assertEqual([attributes for tag, attributes in page.tags if tag == "script"], [{}])
+        out, _ = self.check(self.both, SAMPLES, "--policy", "custom", "-q")
+        rows = [row for row in page.rows if row]
+        self.assertEqual(len(rows), len(out.splitlines()))
+        self.assertEqual(rows[0], ["Error", "no title (245 $a)", "245 $a", "2",
+                                   str(len(SOUND) + 1), '<b>&"bare',
+                                   "Nothing <script>alert(1)</script>", "both.mrk"])
+        self.assertEqual(sum(tag == "svg" for tag, _ in page.tags), 2)
+        self.assertIn("visual materials", page.text)
+
+    def test_a_page_says_what_it_leaves_out(self):
+        page = self.page(SAMPLES, "--policy", "custom", "--rows", "10")
+        shown = len([row for row in page.rows if row])
+        total = len(self.check(SAMPLES, "--policy", "custom", "-q")[0].splitlines())
+        self.assertIn(f"The first {shown} of {total} findings", page.text)
+        self.assertGreaterEqual(shown, 10)
+        self.assertLess(shown, total)
+
+    def test_a_page_marks_fields_and_names_damage(self):
+        twice = self.path("twice.mrk", (SOUND + "=245  10$aROUGHING IT\n").encode())
+        page = self.page(twice, "--policy", "custom")
+        self.assertEqual(sum(tag == "mark" for tag, _ in page.tags), 1)
+        damaged = self.path("damaged.mrc", b"00099 no record at all" + b"\x1d")
+        page = self.page(damaged, self.sound)
+        self.assertIn(f"{damaged}: record 1 at byte 0: ", page.text)
+        self.assertIn("Nothing was found.", page.text)
+
+    def test_nothing_is_left_when_the_reader_goes(self):
+        source = self.path("many.mrk", (BARE + "\n").encode() * 5000)
+        process = subprocess.Popen([QUILLORY, "check", source], stdout=subprocess.PIPE,
+                                   stderr=subprocess.PIPE)
+        process.stdout.readline()
+        process.stdout.close()
+        self.assertEqual((process.stderr.read(), process.wait()), (b"", 1))
+        process.stderr.close()
+
+
+if __name__ == "__main__":
+    unittest.main(argv=sys.argv[:1])
