@@ -23,6 +23,7 @@ void AddExport(CLI::App& program, Run& run);
 void AddNew(CLI::App& program, Run& run);
 void AddRecords(CLI::App& program, Run& run);
 void AddSettings(CLI::App& program, Run& run);
+void AddRepair(CLI::App& program, Run& run);
 void AddShow(CLI::App& program, Run& run);
 void AddWorkforms(CLI::App& program, Run& run);
 

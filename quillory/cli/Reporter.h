@@ -36,6 +36,9 @@ public:
     // The file in hand.
     const std::string& File() const { return file_; }
     bool Quiet() const { return quiet_; }
+    bool SaysAll() const { return all_; }
+    // Of the file under work.
+    const std::string& FileName() const { return file_; }
 
 private:
     bool quiet_;

@@ -18,6 +18,7 @@ int RunProgram(int argc, char** argv) {
     AddExport(program, run);
     AddShow(program, run);
     AddCheck(program, run);
+    AddRepair(program, run);
     AddDescribe(program, run);
     AddCodes(program, run);
     AddNew(program, run);

@@ -153,4 +153,17 @@ CodeMeaning CodeLists::Find(const Element& element, std::string_view code) const
     return meaning;
 }
 
+std::vector<CodeMeaning> CodeLists::CodesIn(const Element& element, std::string_view value) const {
+    const auto length = static_cast<std::size_t>(CodeLengthOf(element));
+    if (IsAll(value, ' ') || IsAll(value, kFill)) {
+        return {Find(element, value.substr(0, length))};
+    }
+    std::vector<CodeMeaning> codes;
+    for (std::size_t i = 0; i < value.size(); i += length) {
+        const std::string_view code = value.substr(i, length);
+        if (!IsAll(code, ' ')) codes.push_back(Find(element, code));
+    }
+    return codes;
+}
+
 }  // namespace quillory

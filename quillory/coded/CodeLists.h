@@ -43,6 +43,9 @@ public:
     // Bytes of one code. An element that is wider holds several.
     int CodeLengthOf(const Element& element) const;
     CodeMeaning Find(const Element& element, std::string_view code) const;
+    // The codes in a value, without the blanks between them; one for a value that is all blank or
+    // all fill characters.
+    std::vector<CodeMeaning> CodesIn(const Element& element, std::string_view value) const;
 
     // What was once in positions that are undefined now; empty if nothing.
     const std::string& FormerNameOf(const Element& element) const;

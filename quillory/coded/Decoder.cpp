@@ -49,19 +49,6 @@ void AddUndecoded(std::size_t first, std::size_t end, std::string_view content, 
 
 }  // namespace
 
-std::vector<CodeMeaning> Decoder::CodesIn(const Element& element, std::string_view value) const {
-    const auto length = static_cast<std::size_t>(lists_.CodeLengthOf(element));
-    if (IsAll(value, ' ') || IsAll(value, kFill)) {
-        return {lists_.Find(element, value.substr(0, length))};
-    }
-    std::vector<CodeMeaning> codes;
-    for (std::size_t i = 0; i < value.size(); i += length) {
-        const std::string_view code = value.substr(i, length);
-        if (!IsAll(code, ' ')) codes.push_back(lists_.Find(element, code));
-    }
-    return codes;
-}
-
 void Decoder::AddElement(const Element& element, std::string_view content,
                          DecodedField& field) const {
     const auto first = static_cast<std::size_t>(element.first);
@@ -77,12 +64,12 @@ void Decoder::AddElement(const Element& element, std::string_view content,
         decoded.state = ElementState::Undefined;
         const std::string& former = lists_.FormerNameOf(element);
         if (!former.empty()) decoded.name = former;
-        if (!former.empty()) decoded.codes = CodesIn(element, value);
+        if (!former.empty()) decoded.codes = lists_.CodesIn(element, value);
     } else if (freeValue) {
         decoded.state = freeValue->fits ? ElementState::Free : ElementState::Misfit;
         decoded.text = freeValue->text;
     } else {
-        decoded.codes = CodesIn(element, value);
+        decoded.codes = lists_.CodesIn(element, value);
     }
     field.elements.push_back(decoded);
 }

@@ -53,7 +53,6 @@ private:
     void AddElements(zorby::CFType form, int first, int last, std::string_view content,
                      DecodedField& field) const;
     void AddElement(const Element& element, std::string_view content, DecodedField& field) const;
-    std::vector<CodeMeaning> CodesIn(const Element& element, std::string_view value) const;
 
     const CodeLists& lists_;
 };
