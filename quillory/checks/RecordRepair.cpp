@@ -18,16 +18,19 @@ constexpr int kMostPasses = 8;
 constexpr int kPlaceOfPublication = 15;
 constexpr int kLanguage = 35;
 
-// Calls `visit` with each element of a field, and with the position in the field where it begins.
+// Calls `visit` with each element of a field in order, and with the position where it begins.
 template <class Visit>
 void ForEachElement(const CodedField& field, CFType form008, Visit visit) {
+    bool hasSection = field.form != CF008Standard;
     for (const Element& element : ElementsOf(field.form)) {
+        if (!hasSection && element.first >= kFirstMaterial008) {
+            hasSection = true;
+            for (const Element& inSection : ElementsOf(form008)) {
+                if (inSection.first == 0) continue;
+                visit(inSection, static_cast<std::size_t>(inSection.first + kMaterialOffset008));
+            }
+        }
         visit(element, static_cast<std::size_t>(element.first));
-    }
-    if (field.form != CF008Standard) return;
-    for (const Element& element : ElementsOf(form008)) {
-        if (element.first == 0) continue;
-        visit(element, static_cast<std::size_t>(element.first + kMaterialOffset008));
     }
 }
 
@@ -50,6 +53,13 @@ std::string Filled(const CodedField& field, CFType form008, std::size_t length) 
         }
     });
     return bytes;
+}
+
+std::string LengthReason(std::string_view given, std::size_t length) {
+    std::string reason = Bytes(given.size()) + ", the format has " + std::to_string(length);
+    if (given.size() < length) return reason + "; filled up as not coded";
+    const std::string_view cut = given.substr(length);
+    return reason + "; cut: " + (IsAll(cut, ' ') ? "blanks" : std::string(cut));
 }
 
 const Element& ElementAt(CFType form, int first) {
@@ -86,14 +96,7 @@ void RecordRepairer::FitLengths() {
                                                     : Filled(field, form008_, length);
         field.after = field.before;
         if (field.given.size() == length) continue;
-        std::string reason =
-            Bytes(field.given.size()) + ", the format has " + std::to_string(length);
-        if (field.given.size() > length) {
-            reason += "; cut at the end";
-        } else {
-            reason += "; filled up as not coded";
-        }
-        TellField(RepairKind::Length, field, reason);
+        TellField(RepairKind::Length, field, LengthReason(field.given, length));
     }
 }
 

@@ -38,11 +38,16 @@ std::string Utf8OfBytes(std::string_view bytes) {
     return text;
 }
 
-// "lun (Lunda)", with "?" for what would steer a terminal.
-std::string ValueShown(std::string_view value, const std::string& text) {
-    std::string shown = CodeText(value);
+// With "?" for what would steer a terminal.
+std::string Printable(std::string text) {
     std::replace_if(
-        shown.begin(), shown.end(), [](char c) { return c < '!' || c > '~'; }, '?');
+        text.begin(), text.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+    return text;
+}
+
+// "lun (Lunda)".
+std::string ValueShown(std::string_view value, const std::string& text) {
+    const std::string shown = Printable(CodeText(value));
     return text.empty() ? shown : shown + " (" + text + ")";
 }
 
@@ -77,7 +82,7 @@ void RepairReport::Say(const Item& item, const Repair& repair) const {
             break;
         case RepairKind::Length:
             reporter_.Say(item, repair.field + " of the wrong length",
-                          place + ": " + repair.reason);
+                          place + ": " + Printable(repair.reason));
             break;
         case RepairKind::Left:
             reporter_.Say(item, repair.field + " left as it was",
@@ -100,7 +105,7 @@ void RepairReport::Write(const Item& item, const Repair& repair) {
     row["old_text"] = repair.beforeText;
     row["new"] = Utf8OfBytes(repair.after);
     row["new_text"] = repair.afterText;
-    row["reason"] = repair.reason;
+    row["reason"] = Utf8OfBytes(repair.reason);
     file_->Write(row.dump(-1, ' ', false, Document::error_handler_t::replace) + "\n");
 }
 
