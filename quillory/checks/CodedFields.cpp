@@ -34,50 +34,56 @@ std::string_view CodedField::Tag() const {
     return IsFormOf006(form) || form == CF006None ? kTag006 : kTag007;
 }
 
-void CodedFields::Add(CodedField field) {
-    const bool isKnown = field.form != CF006None && field.form != CF007None;
-    if (!isKnown) {
-        left_.push_back({std::move(field), "its first byte is no type of record or category"});
-    } else if (field.form == CF008Standard && field.occurrence > 1) {
-        left_.push_back({std::move(field), "a record has one 008"});
+void CodedFields::Add(std::size_t index, std::size_t occurrence, CFType form,
+                      std::string_view given) {
+    if (count_ == fields_.size()) fields_.emplace_back();
+    CodedField& field = fields_[count_];
+    field.index = index;
+    field.occurrence = occurrence;
+    field.form = form;
+    field.given = given;
+    if (form == CF006None || form == CF007None) {
+        left_.push_back({field, "its first byte is no type of record or category"});
+    } else if (form == CF008Standard && occurrence > 1) {
+        left_.push_back({field, "a record has one 008"});
     } else {
-        fields_.push_back(std::move(field));
+        ++count_;
     }
 }
 
 void CodedFields::Collect(const Record& record) {
-    fields_.clear();
+    count_ = 0;
     left_.clear();
-    Add({CodedField::kLeader, 1, CFLdr, record.leader, "", "", ""});
+    Add(CodedField::kLeader, 1, CFLdr, record.leader);
     std::size_t count006 = 0;
     std::size_t count007 = 0;
     std::size_t count008 = 0;
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
         const CommFormatField& field = record.fields[i];
+        if (!field.IsControlField()) continue;
         if (field.tag == kTag006) {
-            Add({i, ++count006, MaterialOf006(field.content), field.content, "", "", ""});
+            Add(i, ++count006, MaterialOf006(field.content), field.content);
         } else if (field.tag == kTag007) {
-            Add({i, ++count007, CategoryOf007(field.content), field.content, "", "", ""});
+            Add(i, ++count007, CategoryOf007(field.content), field.content);
         } else if (field.tag == kTag008) {
-            Add({i, ++count008, CF008Standard, field.content, "", "", ""});
+            Add(i, ++count008, CF008Standard, field.content);
         }
     }
 }
 
 CodedField* CodedFields::Field008() {
-    const auto found = std::find_if(fields_.begin(), fields_.end(), [](const CodedField& field) {
-        return field.form == CF008Standard;
-    });
-    return found == fields_.end() ? nullptr : &*found;
+    for (CodedField& field : Fields()) {
+        if (field.form == CF008Standard) return &field;
+    }
+    return nullptr;
 }
 
 void CodedFields::Leave008(std::string reason) {
-    for (auto field = fields_.begin(); field != fields_.end(); ++field) {
-        if (field->form != CF008Standard) continue;
-        left_.push_back({std::move(*field), std::move(reason)});
-        fields_.erase(field);
-        return;
-    }
+    CodedField* field008 = Field008();
+    if (field008 == nullptr) return;
+    left_.push_back({*field008, std::move(reason)});
+    std::rotate(field008, field008 + 1, fields_.data() + count_);
+    --count_;
 }
 
 bool CodedFields::PutInPlace(Record& record) {
@@ -85,13 +91,13 @@ bool CodedFields::PutInPlace(Record& record) {
         !record.bytes.empty() && LiesIn(record.leader, record.bytes) &&
         std::all_of(record.fields.begin(), record.fields.end(),
                     [&](const auto& field) { return LiesIn(field.content, record.bytes); }) &&
-        std::all_of(fields_.begin(), fields_.end(), [](const CodedField& field) {
+        std::all_of(Fields().begin(), Fields().end(), [](const CodedField& field) {
             return field.after.size() == field.given.size();
         });
     if (!isInPlace) return false;
     const std::string_view from = record.bytes;
     bytes_ = from;
-    for (const CodedField& field : fields_) {
+    for (const CodedField& field : Fields()) {
         const auto offset = static_cast<std::size_t>(field.given.data() - from.data());
         field.after.copy(bytes_.data() + offset, field.after.size());
     }
@@ -104,10 +110,10 @@ bool CodedFields::PutInPlace(Record& record) {
 }
 
 void CodedFields::PutInto(Record& record) {
-    const bool isChanged = std::any_of(fields_.begin(), fields_.end(),
+    const bool isChanged = std::any_of(Fields().begin(), Fields().end(),
                                        [](const CodedField& field) { return field.IsChanged(); });
     if (!isChanged || PutInPlace(record)) return;
-    for (const CodedField& field : fields_) {
+    for (const CodedField& field : Fields()) {
         if (!field.IsChanged()) continue;
         if (field.index == CodedField::kLeader) {
             record.leader = field.after;

@@ -4,6 +4,7 @@
 #include <zorby/controlfields/CFType.h>
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,7 +36,7 @@ public:
         CodedField field;
         std::string reason;
     };
-    std::vector<CodedField>& Fields() { return fields_; }
+    std::span<CodedField> Fields() { return {fields_.data(), count_}; }
     const std::vector<Left>& LeftOnes() const { return left_; }
     CodedField& Leader() { return fields_.front(); }
     // Null if there is none.
@@ -46,10 +47,11 @@ public:
     void PutInto(Record& record);
 
 private:
-    void Add(CodedField field);
+    void Add(std::size_t index, std::size_t occurrence, zorby::CFType form, std::string_view given);
     bool PutInPlace(Record& record);
 
-    std::vector<CodedField> fields_;
+    std::vector<CodedField> fields_;  // those behind the count only keep their buffers
+    std::size_t count_ = 0;
     std::vector<Left> left_;
     std::string bytes_;
 };

@@ -10,17 +10,15 @@ std::size_t CodeLength(const CodeLists& lists, const Element& element) {
     return static_cast<std::size_t>(std::max(lists.CodeLengthOf(element), 1));
 }
 
-bool IsAllowedCode(const CodeMeaning& code) {
-    return code.state != CodeState::Unknown;
-}
-
 }  // namespace
 
 bool IsAllowed(const CodeLists& lists, const Element& element, std::string_view value) {
     if (element.IsUndefined()) return IsAll(value, ' ') || IsAll(value, kFill);
     if (const auto freeValue = ReadFreeValue(element.parts.front(), value)) return freeValue->fits;
-    const auto codes = lists.CodesIn(element, value);
-    return std::all_of(codes.begin(), codes.end(), IsAllowedCode);
+    const auto codes = lists.SplitCodes(element, value);
+    return std::all_of(codes.begin(), codes.end(), [&](std::string_view code) {
+        return lists.StateOf(element, code) != CodeState::Unknown;
+    });
 }
 
 std::string Protected(const CodeLists& lists, const Element& element, std::string_view before,
@@ -32,7 +30,7 @@ std::string Protected(const CodeLists& lists, const Element& element, std::strin
     // An element of several codes: each of them counts for itself.
     for (std::size_t i = 0; i + length <= before.size(); i += length) {
         const std::string_view code = before.substr(i, length);
-        const bool isKept = !IsAll(code, ' ') && IsAllowedCode(lists.Find(element, code));
+        const bool isKept = !IsAll(code, ' ') && lists.StateOf(element, code) != CodeState::Unknown;
         value.replace(i, length, isKept ? std::string(code) : std::string(length, ' '));
     }
     return IsAll(value, ' ') ? std::string(after) : value;

@@ -21,10 +21,12 @@ constexpr std::size_t kSectionSize = 18;
 // For the library a field ends at a zero byte, so another that no element has stands for it.
 constexpr char kInsteadOfZero = '\1';
 
-std::string WithoutZeros(const std::string& field) {
-    std::string bytes = field;
-    std::replace(bytes.begin(), bytes.end(), '\0', kInsteadOfZero);
-    return bytes;
+// A view of the field, or of `copy`, if it has zero bytes.
+std::string_view WithoutZeros(const std::string& field, std::string& copy) {
+    if (field.find('\0') == field.npos) return field;
+    copy = field;
+    std::replace(copy.begin(), copy.end(), '\0', kInsteadOfZero);
+    return copy;
 }
 
 // Takes what the library made of a field; what it left alone stays as it was.
@@ -41,13 +43,15 @@ std::string_view Section(std::string_view field008) {
     return field008.substr(kMaterialOffset008, kSectionSize);
 }
 
-struct MainFields {
-    std::string& leader;
-    std::string& field008;  // empty if there is none
-    std::string& field007;
-};
+}  // namespace
 
-void RepairMain(MaterialType material, CFType form, const MainFields& fields) {
+bool LibraryRepair::Additional::GoesWith(CFType category) const {
+    if (field006 == nullptr || field007 != nullptr) return false;
+    const std::string& bytes = field006->after;
+    return Belongs007To(field006->form, bytes.front(), bytes, category);
+}
+
+void LibraryRepair::RepairMain(MaterialType material, CFType form, const MainFields& fields) {
     const bool has008 = fields.field008.size() > kFormOfItem008;
     const char formOfItem = has008 ? fields.field008[kFormOfItem008] : ' ';
     // Without a 007 the format of the workform counts, by which the library finds its defaults.
@@ -56,30 +60,17 @@ void RepairMain(MaterialType material, CFType form, const MainFields& fields) {
     if (type007 == CF007None) {
         CTemplateList::Get006007TypesForMaterialType(material, formOfItem, type006, type007);
     }
-    CCFMainMaterial main;
-    main.Create(form, type007, WithoutZeros(fields.leader), "", WithoutZeros(fields.field007),
-                WithoutZeros(fields.field008), "");
-    main.SetInvalidValuesToDefault(nullptr, nullptr, material);
-    std::string leader, field007, field008, second006;
-    main.GetAll(leader, field007, field008, second006);
-    Take(leader, fields.leader);
-    Take(field007, fields.field007);
-    Take(field008, fields.field008);
+    main_.Create(form, type007, WithoutZeros(fields.leader, leader_), "",
+                 WithoutZeros(fields.field007, field007_), WithoutZeros(fields.field008, field008_),
+                 "");
+    main_.SetInvalidValuesToDefault(nullptr, nullptr, material);
+    main_.GetAll(leader_, field007_, field008_, field006_);
+    Take(leader_, fields.leader);
+    Take(field007_, fields.field007);
+    Take(field008_, fields.field008);
 }
 
-void RepairAdditional(MaterialType material, std::string& field006, std::string& field007) {
-    CCFAdditionalMaterial additional;
-    additional.Create(material, MaterialOf006(field006), CategoryOf007(field007), "", "");
-    additional.Set006Complete(WithoutZeros(field006));
-    additional.Set007Complete(WithoutZeros(field007));
-    additional.SetInvalidValuesToDefault(nullptr, nullptr);
-    std::string repaired006, repaired007;
-    additional.GetAll(repaired006, repaired007);
-    Take(repaired006, field006);
-    Take(repaired007, field007);
-}
-
-void RepairMicroform(std::string& field007) {
+void LibraryRepair::RepairMicroform(std::string& field007) {
     const char formOfItem = CCFMainMaterial::FormOfItemFrom007Byte1(field007[1]);
     std::string leader(24, ' ');
     std::string field008(40, ' ');
@@ -87,54 +78,47 @@ void RepairMicroform(std::string& field007) {
     RepairMain(MTBook, CF006Books, {leader, field008, field007});
 }
 
-// A further 006, a 007, or both.
-struct Additional {
-    CodedField* field006 = nullptr;
-    CodedField* field007 = nullptr;
+void LibraryRepair::Repair(const Additional& one) {
+    std::string& bytes006 = one.field006 == nullptr ? none_ : one.field006->after;
+    std::string& bytes007 = one.field007 == nullptr ? none_ : one.field007->after;
+    const MaterialType material =
+        one.field006 == nullptr
+            ? MaterialOf007(bytes007)
+            : MaterialOf(one.field006->form, bytes006.front(), bytes006, bytes007);
+    CCFAdditionalMaterial additional;
+    additional.Create(material, MaterialOf006(bytes006), CategoryOf007(bytes007), "", "");
+    additional.Set006Complete(WithoutZeros(bytes006, field006_));
+    additional.Set007Complete(WithoutZeros(bytes007, field007_));
+    additional.SetInvalidValuesToDefault(nullptr, nullptr);
+    additional.GetAll(field006_, field007_);
+    Take(field006_, bytes006);
+    Take(field007_, bytes007);
+}
 
-    bool GoesWith(CFType category) const {
-        if (field006 == nullptr || field007 != nullptr) return false;
-        const std::string& bytes = field006->after;
-        return Belongs007To(field006->form, bytes.front(), bytes, category);
-    }
-
-    void Repair() const {
-        std::string none;
-        std::string& bytes006 = field006 == nullptr ? none : field006->after;
-        std::string& bytes007 = field007 == nullptr ? none : field007->after;
-        const MaterialType material =
-            field006 == nullptr ? MaterialOf007(bytes007)
-                                : MaterialOf(field006->form, bytes006.front(), bytes006, bytes007);
-        RepairAdditional(material, bytes006, bytes007);
-    }
-};
-
-void AddTo(std::vector<Additional>& additional, CodedField& field007) {
+void LibraryRepair::AddFurther(CodedField& field007) {
     const auto partner =
-        std::find_if(additional.begin(), additional.end(),
-                     [&](const Additional& a) { return a.GoesWith(field007.form); });
-    if (partner != additional.end()) {
+        std::find_if(additional_.begin(), additional_.end(),
+                     [&](const Additional& one) { return one.GoesWith(field007.form); });
+    if (partner != additional_.end()) {
         partner->field007 = &field007;
     } else {
-        additional.push_back({nullptr, &field007});
+        additional_.push_back({nullptr, &field007});
     }
 }
 
-}  // namespace
-
-void RepairByLibrary(CodedFields& fields) {
-    std::string none008, none007;
+void LibraryRepair::Run(CodedFields& fields) {
+    none_.clear();
     std::string& leader = fields.Leader().after;
     CodedField* field008 = fields.Field008();
-    std::string& bytes008 = field008 == nullptr ? none008 : field008->after;
+    std::string& bytes008 = field008 == nullptr ? none_ : field008->after;
     const CFType form = MaterialOfLeader(leader);
     const char typeOfRecord = leader[kTypeOfRecord];
     const std::string_view section = Section(bytes008);
 
     CodedField* main007 = nullptr;
-    std::vector<Additional> additional;
+    additional_.clear();
     for (CodedField& field : fields.Fields()) {
-        if (IsFormOf006(field.form)) additional.push_back({&field, nullptr});
+        if (IsFormOf006(field.form)) additional_.push_back({&field, nullptr});
     }
     for (CodedField& field : fields.Fields()) {
         if (!IsFormOf007(field.form)) continue;
@@ -143,13 +127,13 @@ void RepairByLibrary(CodedFields& fields) {
         } else if (main007 == nullptr && Belongs007To(form, typeOfRecord, section, field.form)) {
             main007 = &field;
         } else {
-            AddTo(additional, field);
+            AddFurther(field);
         }
     }
-    std::string& bytes007 = main007 == nullptr ? none007 : main007->after;
+    std::string& bytes007 = main007 == nullptr ? none_ : main007->after;
     RepairMain(MaterialOf(form, typeOfRecord, section, bytes007), form,
                {leader, bytes008, bytes007});
-    for (const Additional& one : additional) one.Repair();
+    for (const Additional& one : additional_) Repair(one);
 }
 
 }  // namespace quillory

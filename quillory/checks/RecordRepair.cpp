@@ -1,5 +1,4 @@
 #include <quillory/checks/CodedValue.h>
-#include <quillory/checks/LibraryRepair.h>
 #include <quillory/checks/RecordRepair.h>
 #include <quillory/checks/RepairMaterial.h>
 #include <quillory/coded/Material.h>
@@ -92,8 +91,11 @@ void RecordRepairer::FitLengths() {
     }
     for (CodedField& field : fields_.Fields()) {
         const auto length = static_cast<std::size_t>(LengthOfForm(field.form));
-        field.before = field.given.size() == length ? std::string(field.given)
-                                                    : Filled(field, form008_, length);
+        if (field.given.size() == length) {
+            field.before = field.given;
+        } else {
+            field.before = Filled(field, form008_, length);
+        }
         field.after = field.before;
         if (field.given.size() == length) continue;
         TellField(RepairKind::Length, field, LengthReason(field.given, length));
@@ -131,7 +133,7 @@ void RecordRepairer::Protect(CodedField& field) {
 bool RecordRepairer::RunPass(const Record& record) {
     std::erase_if(repairs_, [](const Repair& repair) { return repair.kind == RepairKind::Kept; });
     for (CodedField& field : fields_.Fields()) field.last = field.after;
-    RepairByLibrary(fields_);
+    library_.Run(fields_);
     RestoreLeader(record);
     bool isChanged = false;
     for (CodedField& field : fields_.Fields()) {
@@ -180,30 +182,19 @@ void RecordRepairer::TellReplaced() {
 
 void RecordRepairer::TellElement(RepairKind kind, const CodedField& field, const Element& element,
                                  std::string_view before, std::string_view after) {
-    Repair repair;
-    repair.kind = kind;
-    repair.field = field.Tag();
-    repair.occurrence = field.occurrence;
-    repair.place = PlaceOf(element, field.form == CF008Standard);
-    repair.name = element.name;
-    repair.before = before;
-    repair.after = after;
-    repair.beforeText = ValueText(lists_, element, before);
-    repair.afterText = ValueText(lists_, element, after);
-    repairs_.push_back(repair);
+    repairs_.push_back({kind, field.Tag(), field.occurrence, &element, std::string(before),
+                        std::string(after), ""});
 }
 
 void RecordRepairer::TellField(RepairKind kind, const CodedField& field,
                                const std::string& reason) {
-    Repair repair;
-    repair.kind = kind;
-    repair.field = field.Tag();
-    repair.occurrence = field.occurrence;
-    repair.place = repair.field;
-    repair.before = field.given;
-    repair.after = kind == RepairKind::Left ? repair.before : field.before;
-    repair.reason = reason;
-    repairs_.push_back(repair);
+    const std::string given(field.given);
+    repairs_.push_back({kind, field.Tag(), field.occurrence, nullptr, given,
+                        kind == RepairKind::Left ? given : field.before, reason});
+}
+
+std::string Repair::Place() const {
+    return element == nullptr ? std::string(field) : PlaceOf(*element, field == "008");
 }
 
 }  // namespace quillory

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/checks/CodedFields.h>
+#include <quillory/checks/LibraryRepair.h>
 #include <quillory/coded/CodeLists.h>
 #include <quillory/exchange/Record.h>
 
@@ -21,15 +22,15 @@ enum class RepairKind : std::int32_t {
 // What became of one element, or of one field.
 struct Repair {
     RepairKind kind = RepairKind::Replaced;
-    std::string field;           // "leader", "006", "007", "008"; empty for the whole record
-    std::size_t occurrence = 1;  // of the tag in the record
-    std::string place;           // "008/35-37"; that of a field is its tag
-    std::string name;            // of the element
-    std::string before;          // bytes as they were
-    std::string after;       // bytes as they are; of a value that was kept, what the library has
-    std::string beforeText;  // what they say, in UTF-8; empty if that isn't known
-    std::string afterText;
+    std::string_view field;            // "leader", "006", "007", "008"; empty for the whole record
+    std::size_t occurrence = 1;        // of the tag in the record
+    const Element* element = nullptr;  // null if it is about a field or the record
+    std::string before;                // bytes as they were
+    std::string after;   // bytes as they are; of a value that was kept, what the library has
     std::string reason;  // of a length, or of what was left
+
+    // "008/35-37", "leader/06"; that of a field is its tag.
+    std::string Place() const;
 };
 
 struct RepairOptions {
@@ -69,6 +70,7 @@ private:
     RepairOptions options_;
     zorby::CFType form008_ = {};
     CodedFields fields_;
+    LibraryRepair library_;
     std::vector<Repair> repairs_;
 };
 

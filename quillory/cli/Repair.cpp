@@ -43,7 +43,7 @@ public:
         : command_(command),
           reporter_(reporter),
           repairer_(lists, command.repair),
-          report_(command.report, reporter) {}
+          report_(command.report, lists, reporter) {}
 
     Status Read(const std::function<bool(Item&)>& take) {
         return ReadFiles(command_.input, reporter_, [&](Item& item) {

@@ -1,3 +1,4 @@
+#include <quillory/checks/CodedValue.h>
 #include <quillory/cli/CodedDocument.h>
 #include <quillory/cli/RepairReport.h>
 
@@ -45,80 +46,97 @@ std::string Printable(std::string text) {
     return text;
 }
 
-// "lun (Lunda)".
-std::string ValueShown(std::string_view value, const std::string& text) {
-    const std::string shown = Printable(CodeText(value));
-    return text.empty() ? shown : shown + " (" + text + ")";
+std::string NameOf(const Repair& repair) {
+    return repair.element == nullptr ? "" : repair.element->name;
 }
 
 std::string PlaceShown(const Repair& repair) {
-    std::string shown = repair.place;
+    std::string place = repair.Place();
     if (repair.occurrence > 1) {
-        shown = "field " + std::to_string(repair.occurrence) + " of " + shown;
+        place = std::string(repair.field) + " number " + std::to_string(repair.occurrence) +
+                place.substr(repair.field.size());
     }
-    return repair.name.empty() ? shown : shown + " " + repair.name;
+    return repair.element == nullptr ? place : place + " " + NameOf(repair);
 }
 
 }  // namespace
 
-RepairReport::RepairReport(const std::string& path, Reporter& reporter) : reporter_(reporter) {
+RepairReport::RepairReport(const std::string& path, const CodeLists& lists, Reporter& reporter)
+    : lists_(lists), reporter_(reporter) {
     if (!path.empty()) file_ = std::make_unique<Output>(path);
 }
 
-void RepairReport::Say(const Item& item, const Repair& repair) const {
+const std::string& RepairReport::KindOf(const Repair& repair) {
+    std::string& kind = kinds_[{repair.element, repair.field}];
+    if (!kind.empty()) return kind;
+    kind = repair.element == nullptr ? std::string(repair.field) + " as a whole"
+                                     : repair.Place() + " " + NameOf(repair);
+    return kind;
+}
+
+std::string RepairReport::TextOf(const Repair& repair, const std::string& value) const {
+    return repair.element == nullptr ? "" : ValueText(lists_, *repair.element, value);
+}
+
+// "lun (Lunda)".
+std::string RepairReport::ValueShown(const Repair& repair, const std::string& value) const {
+    const std::string text = TextOf(repair, value);
+    return Printable(CodeText(value)) + (text.empty() ? "" : " (" + text + ")");
+}
+
+std::string RepairReport::MessageOf(const Repair& repair) const {
     const std::string place = PlaceShown(repair);
     switch (repair.kind) {
         case RepairKind::Replaced:
-            reporter_.Say(item, repair.place + " " + repair.name + " repaired",
-                          place + ": " + ValueShown(repair.before, repair.beforeText) + " -> " +
-                              ValueShown(repair.after, repair.afterText));
-            break;
+            return place + ": " + ValueShown(repair, repair.before) + " -> " +
+                   ValueShown(repair, repair.after);
         case RepairKind::Kept:
-            if (!reporter_.SaysAll()) break;
-            reporter_.Say(item, "kept",
-                          place + ": " + ValueShown(repair.before, repair.beforeText) +
-                              " kept; the library has " +
-                              ValueShown(repair.after, repair.afterText));
-            break;
+            return place + ": " + ValueShown(repair, repair.before) + " kept; the library has " +
+                   ValueShown(repair, repair.after);
         case RepairKind::Length:
-            reporter_.Say(item, repair.field + " of the wrong length",
-                          place + ": " + Printable(repair.reason));
-            break;
-        case RepairKind::Left:
-            reporter_.Say(item, repair.field + " left as it was",
-                          place + (place.empty() ? "" : ": ") + repair.reason + "; left as it was");
-            break;
+            return place + ": " + Printable(repair.reason);
+        default:
+            return place + (place.empty() ? "" : ": ") + repair.reason + "; left as it was";
     }
+}
+
+void RepairReport::Say(const Item& item, const Repair& repair) {
+    if (repair.kind == RepairKind::Kept && !reporter_.SaysAll()) return;
+    reporter_.Say(item, KindOf(repair), [&] { return MessageOf(repair); });
 }
 
 void RepairReport::Write(const Item& item, const Repair& repair) {
     Document row;
-    row["file"] = reporter_.FileName();
+    row["file"] = reporter_.File();
     row["record"] = item.number;
     row["offset"] = item.offset;
     row["control_number"] = Utf8OfBytes(item.record.ControlNumber());
     row["outcome"] = OutcomeOf(repair);
-    row["place"] = repair.place;
+    row["place"] = repair.Place();
     row["occurrence"] = repair.occurrence;
-    row["name"] = repair.name;
+    row["name"] = NameOf(repair);
     row["old"] = Utf8OfBytes(repair.before);
-    row["old_text"] = repair.beforeText;
+    row["old_text"] = TextOf(repair, repair.before);
     row["new"] = Utf8OfBytes(repair.after);
-    row["new_text"] = repair.afterText;
+    row["new_text"] = TextOf(repair, repair.after);
     row["reason"] = Utf8OfBytes(repair.reason);
     file_->Write(row.dump(-1, ' ', false, Document::error_handler_t::replace) + "\n");
 }
 
 void RepairReport::Take(const Item& item, const std::vector<Repair>& repairs) {
     ++records_;
+    bool isRepaired = false;
     for (const Repair& repair : repairs) {
         Say(item, repair);
         if (file_) Write(item, repair);
-        if (IsRepair(repair)) ++repaired_;
+        if (IsRepair(repair)) {
+            ++repaired_;
+            isRepaired = true;
+        }
         if (repair.kind == RepairKind::Kept) ++kept_;
         if (repair.kind == RepairKind::Left) ++left_;
     }
-    if (std::any_of(repairs.begin(), repairs.end(), IsRepair)) ++recordsRepaired_;
+    if (isRepaired) ++recordsRepaired_;
 }
 
 void RepairReport::Finish() {

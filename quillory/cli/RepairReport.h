@@ -5,8 +5,10 @@
 #include <quillory/exchange/Output.h>
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quillory {
@@ -15,8 +17,8 @@ namespace quillory {
 // bytes beyond ASCII as the characters of the same numbers.
 class RepairReport {
 public:
-    // `path` may be empty: no file then. Throws FileError.
-    RepairReport(const std::string& path, Reporter& reporter);
+    // `path` may be empty: no file then. Keeps the references. Throws FileError.
+    RepairReport(const std::string& path, const CodeLists& lists, Reporter& reporter);
 
     void Take(const Item& item, const std::vector<Repair>& repairs);
     // Gives the file its name.
@@ -27,11 +29,18 @@ public:
     bool HasLeft() const { return left_ > 0; }
 
 private:
-    void Say(const Item& item, const Repair& repair) const;
+    void Say(const Item& item, const Repair& repair);
     void Write(const Item& item, const Repair& repair);
+    // Of messages.
+    const std::string& KindOf(const Repair& repair);
+    std::string MessageOf(const Repair& repair) const;
+    std::string TextOf(const Repair& repair, const std::string& value) const;
+    std::string ValueShown(const Repair& repair, const std::string& value) const;
 
+    const CodeLists& lists_;
     Reporter& reporter_;
     std::unique_ptr<Output> file_;
+    std::map<std::pair<const Element*, std::string_view>, std::string> kinds_;
     std::uint64_t records_ = 0;
     std::uint64_t recordsRepaired_ = 0;
     std::uint64_t repaired_ = 0;

@@ -58,14 +58,24 @@ std::string Reporter::PlaceOf(const Item& item) const {
     return place;
 }
 
+bool Reporter::Count(std::string_view kind) {
+    auto counted = counts_.find(kind);
+    if (counted == counts_.end()) counted = counts_.emplace(kind, 0).first;
+    ++counted->second;
+    return all_ || counted->second <= kSaidInFull;
+}
+
 void Reporter::Say(const Item& item, std::string_view kind, std::string_view text) {
-    SayCounted(kind, PlaceOf(item) + ": " + std::string(text));
+    if (Count(kind)) Say(PlaceOf(item) + ": " + std::string(text));
+}
+
+void Reporter::Say(const Item& item, std::string_view kind,
+                   const std::function<std::string()>& text) {
+    if (Count(kind)) Say(PlaceOf(item) + ": " + text());
 }
 
 void Reporter::SayCounted(std::string_view kind, std::string_view text) {
-    std::uint64_t& count = counts_[std::string(kind)];
-    ++count;
-    if (all_ || count <= kSaidInFull) Say(text);
+    if (Count(kind)) Say(text);
 }
 
 void Reporter::SayFault(const Item& item, std::string_view outcome) {

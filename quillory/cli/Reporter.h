@@ -3,6 +3,7 @@
 #include <quillory/exchange/Record.h>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -24,6 +25,8 @@ public:
 
     // What is wrong with an item, and what became of it. `kind` groups messages.
     void Say(const Item& item, std::string_view kind, std::string_view text);
+    // The same, with a text that is made only if it is said.
+    void Say(const Item& item, std::string_view kind, const std::function<std::string()>& text);
     // As Say, where the item's reason and the place of its fault are the message.
     void SayFault(const Item& item, std::string_view outcome);
     // As Say, about something that is no item of a file of records.
@@ -37,10 +40,11 @@ public:
     const std::string& File() const { return file_; }
     bool Quiet() const { return quiet_; }
     bool SaysAll() const { return all_; }
-    // Of the file under work.
-    const std::string& FileName() const { return file_; }
 
 private:
+    // Whether a message of this kind is said, and not only counted.
+    bool Count(std::string_view kind);
+
     bool quiet_;
     bool all_;
     std::string file_;

@@ -140,28 +140,49 @@ const std::string& CodeLists::FormerNameOf(const Element& element) const {
     return ListOf(element).formerName;
 }
 
+const CodeMeaning* CodeLists::FindListed(const List& list, std::string_view code) {
+    const auto place = list.places.find(std::string(code));
+    return place == list.places.end() ? nullptr : &list.codes[place->second];
+}
+
+CodeState CodeLists::StateOfUnlisted(const Element& element, const List& list,
+                                     std::string_view code) {
+    const bool isFill = IsAll(code, kFill) && list.allowsFill && element.form != CFLdr;
+    return isFill ? CodeState::NoAttempt : CodeState::Unknown;
+}
+
 CodeMeaning CodeLists::Find(const Element& element, std::string_view code) const {
     const List& list = ListOf(element);
-    const auto place = list.places.find(std::string(code));
-    if (place != list.places.end()) return list.codes[place->second];
+    if (const CodeMeaning* listed = FindListed(list, code)) return *listed;
     CodeMeaning meaning;
     meaning.code = code;
-    if (IsAll(code, kFill) && list.allowsFill && element.form != CFLdr) {
-        meaning.state = CodeState::NoAttempt;
-        meaning.text = "No attempt to code";
-    }
+    meaning.state = StateOfUnlisted(element, list, code);
+    if (meaning.state == CodeState::NoAttempt) meaning.text = "No attempt to code";
     return meaning;
 }
 
-std::vector<CodeMeaning> CodeLists::CodesIn(const Element& element, std::string_view value) const {
+CodeState CodeLists::StateOf(const Element& element, std::string_view code) const {
+    const List& list = ListOf(element);
+    const CodeMeaning* listed = FindListed(list, code);
+    return listed == nullptr ? StateOfUnlisted(element, list, code) : listed->state;
+}
+
+std::vector<std::string_view> CodeLists::SplitCodes(const Element& element,
+                                                    std::string_view value) const {
     const auto length = static_cast<std::size_t>(CodeLengthOf(element));
-    if (IsAll(value, ' ') || IsAll(value, kFill)) {
-        return {Find(element, value.substr(0, length))};
-    }
-    std::vector<CodeMeaning> codes;
+    if (IsAll(value, ' ') || IsAll(value, kFill)) return {value.substr(0, length)};
+    std::vector<std::string_view> codes;
     for (std::size_t i = 0; i < value.size(); i += length) {
         const std::string_view code = value.substr(i, length);
-        if (!IsAll(code, ' ')) codes.push_back(Find(element, code));
+        if (!IsAll(code, ' ')) codes.push_back(code);
+    }
+    return codes;
+}
+
+std::vector<CodeMeaning> CodeLists::CodesIn(const Element& element, std::string_view value) const {
+    std::vector<CodeMeaning> codes;
+    for (const std::string_view code : SplitCodes(element, value)) {
+        codes.push_back(Find(element, code));
     }
     return codes;
 }

@@ -43,9 +43,11 @@ public:
     // Bytes of one code. An element that is wider holds several.
     int CodeLengthOf(const Element& element) const;
     CodeMeaning Find(const Element& element, std::string_view code) const;
+    CodeState StateOf(const Element& element, std::string_view code) const;
     // The codes in a value, without the blanks between them; one for a value that is all blank or
     // all fill characters.
     std::vector<CodeMeaning> CodesIn(const Element& element, std::string_view value) const;
+    std::vector<std::string_view> SplitCodes(const Element& element, std::string_view value) const;
 
     // What was once in positions that are undefined now; empty if nothing.
     const std::string& FormerNameOf(const Element& element) const;
@@ -65,6 +67,10 @@ private:
     // Those that are not there yet, codes in force with the state given.
     static void AddPublished(const PublishedElement& published, CodeState inForce, List& list);
     const List& ListOf(const Element& element) const;
+    // Null for a code that is in no list.
+    static const CodeMeaning* FindListed(const List& list, std::string_view code);
+    static CodeState StateOfUnlisted(const Element& element, const List& list,
+                                     std::string_view code);
 
     std::map<std::pair<zorby::CFType, int>, List> lists_;
 };

@@ -1,5 +1,6 @@
 #include <zorby/controlfields/MenuData.h>
 #include <zorby/controlfields/detail/PartBytes.h>
+#include <zorby/controlfields/detail/RepairBytes.h>
 #include <zorby/controlfields/detail/RepairChecker.h>
 #include <zorby/controlfields/detail/RepairRules.h>
 
@@ -57,13 +58,13 @@ private:
     bool IsTestedAsMusic() const;
     CFPart PartForMaterial() const;
     std::string_view Current() const { return {bytes_.data(), bytes_.size()}; }
-    Fix Default() const;
+    Fix Default();
 
     void CheckCodes(const CCFMenuData& menu);
     void CheckSeveralCodes(const CCFMenuData& menu, std::string fix);
-    Fix FixOfCode() const;
-    Fix FixWithoutMenu() const;
-    Fix FixOfMicroform() const;
+    Fix FixOfCode();
+    Fix FixWithoutMenu();
+    Fix FixOfMicroform();
     Fix FixForMaterial() const;
     std::string FixOfRunningTime() const;
     void Store(const std::string& fix) { std::copy(fix.begin(), fix.end(), bytes_.begin()); }
@@ -75,6 +76,7 @@ private:
     tagCFOFFSETENTRY row_{};
     CFPart part_{};
     std::span<char> bytes_;
+    std::optional<std::string> defaultText_;
 };
 
 void PartChecker::Check(const tagCFOFFSETENTRY& row) {
@@ -83,7 +85,7 @@ void PartChecker::Check(const tagCFOFFSETENTRY& row) {
     if (static_cast<std::size_t>(row.last) >= task_.buffer.size()) return;
     bytes_ = task_.buffer.subspan(static_cast<std::size_t>(row.first),
                                   static_cast<std::size_t>(row.Width()));
-    if (!IsTested()) return;
+    if (HasOnlyValidBytes(part_, Current()) || !IsTested()) return;
     part_ = PartForMaterial();
     const CCFMenuData menu(part_);
     if (menu.GetMenuTitle() != nullptr) {
@@ -108,8 +110,9 @@ CFPart PartChecker::PartForMaterial() const {
     return row == nullptr ? part_ : row->readAs;
 }
 
-Fix PartChecker::Default() const {
-    const std::string text = task_.defaultText();
+Fix PartChecker::Default() {
+    if (!defaultText_) defaultText_ = task_.defaultText();
+    const std::string& text = *defaultText_;
     if (text.size() <= static_cast<std::size_t>(row_.last)) return std::nullopt;
     return text.substr(static_cast<std::size_t>(row_.first), bytes_.size());
 }
@@ -126,7 +129,7 @@ void PartChecker::CheckCodes(const CCFMenuData& menu) {
     Report();
 }
 
-Fix PartChecker::FixOfCode() const {
+Fix PartChecker::FixOfCode() {
     if (part_ != CFP006ComputerFileTypeOfFile) return Default();
     const auto* row = std::find_if(std::begin(kTypesOfComputerFile), std::end(kTypesOfComputerFile),
                                    [this](const auto& r) { return r.material == task_.material; });
@@ -148,7 +151,7 @@ void PartChecker::CheckSeveralCodes(const CCFMenuData& menu, std::string fix) {
     Store(fix);
 }
 
-Fix PartChecker::FixWithoutMenu() const {
+Fix PartChecker::FixWithoutMenu() {
     if (const auto* forced = FindRow(kForcedValues, part_)) return std::string(forced->value);
     if (const auto* bytes = FindRow(kKeptBytes, part_)) {
         return KeepBytes(Current(), bytes->kept, bytes->otherwise);
@@ -165,7 +168,7 @@ Fix PartChecker::FixWithoutMenu() const {
     }
 }
 
-Fix PartChecker::FixOfMicroform() const {
+Fix PartChecker::FixOfMicroform() {
     if (!task_.isMicroform) return std::string(bytes_.size(), kBlank);
     if (part_ == CFP007MicroformCategory) return "h";
     if (part_ == CFP007MicroformReductionRatio) return KeepBytes(Current(), kDigits, '-');
