@@ -43,6 +43,10 @@ std::string_view Section(std::string_view field008) {
     return field008.substr(kMaterialOffset008, kSectionSize);
 }
 
+bool HasDefaultsWithout007(MaterialType material) {
+    return material == MTBook || material == MTSerial || material == MTMixed || material == MTMusic;
+}
+
 }  // namespace
 
 bool LibraryRepair::Additional::GoesWith(CFType category) const {
@@ -54,10 +58,10 @@ bool LibraryRepair::Additional::GoesWith(CFType category) const {
 void LibraryRepair::RepairMain(MaterialType material, CFType form, const MainFields& fields) {
     const bool has008 = fields.field008.size() > kFormOfItem008;
     const char formOfItem = has008 ? fields.field008[kFormOfItem008] : ' ';
-    // Without a 007 the format of the workform counts, by which the library finds its defaults.
+    // The library finds its defaults by both formats, so without a 007 that of the workform counts.
     CFType type006 = CF006None;
     CFType type007 = CategoryOf007(fields.field007);
-    if (type007 == CF007None) {
+    if (type007 == CF007None && !HasDefaultsWithout007(material)) {
         CTemplateList::Get006007TypesForMaterialType(material, formOfItem, type006, type007);
     }
     main_.Create(form, type007, WithoutZeros(fields.leader, leader_), "",

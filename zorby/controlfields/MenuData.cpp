@@ -40,8 +40,9 @@ int FindPrefix(const CodeList& menu, std::string_view code) {
     const std::uint16_t* end = menu.byCode + menu.count;
     const std::uint16_t* first = std::partition_point(
         menu.byCode, end, [&](std::uint16_t index) { return compare(index) < 0; });
+    // Mostly there is one.
     const std::uint16_t* last =
-        std::partition_point(first, end, [&](std::uint16_t index) { return compare(index) == 0; });
+        std::find_if(first, end, [&](std::uint16_t index) { return compare(index) != 0; });
     return first == last ? -1 : *std::min_element(first, last);
 }
 

@@ -164,6 +164,13 @@ inline constexpr TypeOfComputerFile kTypesOfComputerFile[] = {
     {MTComputerFileDisk, "b"},
 };
 
+// By the form of item and the default.
 inline constexpr std::string_view kMicroformDesignations = "abcdefgz";
+inline constexpr CFPart kPartsWithOwnRules[] = {
+    CFP007GlobeCategory,
+    CFP007MicroformCategory,
+    CFP007MicroformSMD,
+    CFP007MicroformReductionRatio,
+};
 
 }  // namespace zorby::detail
