@@ -182,6 +182,8 @@ void CheckListInForce(const std::string& bytes) {
     static MemoryProfileFiles files;
     SetProfileFilePort(&files);
     CTemplate::InitTemplateCB({});
+    CTemplate mine;
+    theBlock = fuzz::Store(mine);
     if (PutInForce(bytes) == 1) {
         CTemplate::InitTemplateCB(Host());
         CheckDefaults();
