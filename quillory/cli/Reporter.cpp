@@ -83,7 +83,8 @@ void Reporter::SayFault(const Item& item, std::string_view outcome) {
     if (!item.tag.empty()) text += "field " + Printable(item.tag) + ": ";
     text += item.reason;
     text += FaultPlace(item);
-    if (item.kind == kItemStray) text += " (" + Counted(item.bytes.size(), "byte") + ")";
+    if (item.kind == kItemStray && !item.bytes.empty())
+        text += " (" + Counted(item.bytes.size(), "byte") + ")";
     if (!outcome.empty()) text += "; " + std::string(outcome);
     Say(item, item.reason, text);
 }

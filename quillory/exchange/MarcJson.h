@@ -26,12 +26,14 @@ public:
     explicit MarcJsonReader(Input& input) : LineReader(input, block_), block_(Place()) {}
 
 protected:
-    std::size_t StrayBytes(std::string_view block, std::string& what) const override;
+    std::size_t StrayBytes(std::string_view block, std::string& what) override;
     bool Read(std::string_view block, Item& item) override;
+    std::string MissingAtEnd(bool sound) override;
 
 private:
     JsonBlock block_;
     RecordBuilder builder_;
+    std::ptrdiff_t openArrays_ = 0;
 };
 
 // One object a line.

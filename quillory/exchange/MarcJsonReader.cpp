@@ -232,8 +232,16 @@ std::size_t JsonBlock::EndOfRecord(std::string_view window) const {
     return ObjectScan(window, place_.indent).Run();
 }
 
-std::size_t MarcJsonReader::StrayBytes(std::string_view block, std::string&) const {
-    return std::min(block.find_first_not_of(kFrame), block.size());
+std::size_t MarcJsonReader::StrayBytes(std::string_view block, std::string&) {
+    const std::string_view frame = block.substr(0, block.find_first_not_of(kFrame));
+    openArrays_ += std::count(frame.begin(), frame.end(), '[');
+    openArrays_ -= std::count(frame.begin(), frame.end(), ']');
+    return frame.size();
+}
+
+// The end of a damaged record may have been the array's.
+std::string MarcJsonReader::MissingAtEnd(bool sound) {
+    return sound && openArrays_ > 0 ? "the array is not closed: the file is cut short" : "";
 }
 
 bool MarcJsonReader::Read(std::string_view block, Item& item) {

@@ -3,7 +3,6 @@
 
 namespace quillory {
 
-// Written through, since a record that is refused must not take it along.
 void MarcXmlWriter::Begin() {
     if (begun_) return;
     begun_ = true;

@@ -46,7 +46,7 @@ bool IsControlTag(std::string_view tag) {
 
 MicrolifReader::MicrolifReader(Input& input) : LineReader(input, kBlock) {}
 
-std::size_t MicrolifReader::StrayBytes(std::string_view block, std::string& what) const {
+std::size_t MicrolifReader::StrayBytes(std::string_view block, std::string& what) {
     const std::size_t first = std::min(block.find_first_not_of(kFillers), block.size());
     if (first != 0) {
         what = "stray bytes between records";

@@ -145,7 +145,7 @@ bool Fail(Item& item, std::string reason) {
 
 MrkReader::MrkReader(Input& input) : LineReader(input, kBlock) {}
 
-std::size_t MrkReader::StrayBytes(std::string_view block, std::string& what) const {
+std::size_t MrkReader::StrayBytes(std::string_view block, std::string& what) {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (block.starts_with(kByteOrderMark)) {
         what = "byte order mark";

@@ -15,7 +15,7 @@ public:
     explicit MrkReader(Input& input);
 
 protected:
-    std::size_t StrayBytes(std::string_view block, std::string& what) const override;
+    std::size_t StrayBytes(std::string_view block, std::string& what) override;
     bool Read(std::string_view block, Item& item) override;
 
 private:

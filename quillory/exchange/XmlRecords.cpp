@@ -66,12 +66,12 @@ struct XmlRecords::Callbacks {
         xmlStopParser(records.parser_.get());
     }
 
-    static void Error(void* self, xmlErrorPtr error) {
-        if (error->level != XML_ERR_FATAL) return;
+    static void Error(void* self, const xmlError& error) {
+        if (error.level != XML_ERR_FATAL) return;
         XmlRecords& records = Of(self);
-        const bool cutShort = records.atEnd_ && error->code == XML_ERR_DOCUMENT_END;
+        const bool cutShort = records.atEnd_ && error.code == XML_ERR_DOCUMENT_END;
         records.Fail(
-            "malformed XML: " + (cutShort ? "the document is cut short" : Words(error->message)),
+            "malformed XML: " + (cutShort ? "the document is cut short" : Words(error.message)),
             records.Position());
     }
 
@@ -84,7 +84,8 @@ struct XmlRecords::Callbacks {
         handler.ignorableWhitespace = Characters;
         handler.cdataBlock = Characters;
         handler.internalSubset = DocumentType;
-        handler.serror = Error;
+        // Versions of the library differ in whether the error is const.
+        handler.serror = [](void* self, auto* error) { Error(self, *error); };
         return handler;
     }
 
