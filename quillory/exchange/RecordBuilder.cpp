@@ -41,8 +41,9 @@ bool RecordBuilder::BeginField(std::string_view tag, bool isData) {
     tag_ = tag;
     if (tag.empty()) return Fail("a field without a tag");
     if (tag.size() != field.tag.size()) return Fail("a tag that is not of three bytes");
-    if (!isData && zorby::CommFormatField{tag, {}}.IsDataField())
+    if (!isData && zorby::CommFormatField{tag, {}}.IsDataField()) {
         return Fail("a data field without subfields");
+    }
     std::copy(tag.begin(), tag.end(), field.tag.begin());
     fields_.push_back(field);
     return true;

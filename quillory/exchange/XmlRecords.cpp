@@ -63,7 +63,7 @@ struct XmlRecords::Callbacks {
         XmlRecords& records = Of(self);
         records.Fail("a document type (DOCTYPE): entities and external parts are not followed",
                      records.TagStart());
-        xmlStopParser(records.parser_.get());
+        records.StopParser();
     }
 
     static void Error(void* self, const xmlError& error) {
@@ -108,20 +108,39 @@ private:
     }
 };
 
-void XmlRecords::Release::operator()(xmlParserCtxt* parser) const {
-    xmlFreeParserCtxt(parser);
-}
+class XmlRecords::Parser {
+public:
+    explicit Parser(XmlRecords& records) {
+        xmlSAXHandler handler = Callbacks::Handler();
+        context_ = xmlCreatePushParserCtxt(&handler, &records, nullptr, 0, nullptr);
+        if (context_ == nullptr) throw std::bad_alloc();
+        // Without a document type there are only the five entities of XML itself, which are not
+        // put in place in attributes unless all are.
+        xmlCtxtUseOptions(context_, XML_PARSE_NONET | XML_PARSE_NOENT);
+    }
+    ~Parser() { xmlFreeParserCtxt(context_); }
+    Parser(const Parser&) = delete;
+    Parser& operator=(const Parser&) = delete;
 
-XmlRecords::XmlRecords() {
-    xmlSAXHandler handler = Callbacks::Handler();
-    parser_.reset(xmlCreatePushParserCtxt(&handler, this, nullptr, 0, nullptr));
-    if (!parser_) throw std::bad_alloc();
-    // Without a document type there are only the five entities of XML itself, which are not put in
-    // place in attributes unless all are.
-    xmlCtxtUseOptions(parser_.get(), XML_PARSE_NONET | XML_PARSE_NOENT);
-}
+    void Take(std::string_view bytes, bool atEnd) {
+        xmlParseChunk(context_, bytes.data(), static_cast<int>(bytes.size()), atEnd ? 1 : 0);
+    }
+    void Stop() { xmlStopParser(context_); }
+    bool IsWellFormed() const { return context_->wellFormed != 0; }
+    // Bytes of the document that have been read; less than 0 if that is not known.
+    long Position() const { return xmlByteConsumed(context_); }
+
+private:
+    xmlParserCtxtPtr context_;
+};
+
+XmlRecords::XmlRecords() : parser_(std::make_unique<Parser>(*this)) {}
 
 XmlRecords::~XmlRecords() = default;
+
+void XmlRecords::StopParser() {
+    parser_->Stop();
+}
 
 void XmlRecords::Feed(std::string_view window, std::uint64_t offset, std::size_t fresh) {
     window_ = window;
@@ -129,8 +148,8 @@ void XmlRecords::Feed(std::string_view window, std::uint64_t offset, std::size_t
     fed_ = offset + window.size();
     atEnd_ = fresh == 0;
     const std::string_view bytes = window.substr(window.size() - fresh);
-    xmlParseChunk(parser_.get(), bytes.data(), static_cast<int>(bytes.size()), atEnd_);
-    if (parser_->wellFormed == 0) Fail("malformed XML", Position());
+    parser_->Take(bytes, atEnd_);
+    if (!parser_->IsWellFormed()) Fail("malformed XML", Position());
 }
 
 void XmlRecords::Take(XmlRecord& record) {
@@ -139,7 +158,7 @@ void XmlRecords::Take(XmlRecord& record) {
 }
 
 std::uint64_t XmlRecords::Position() const {
-    const long position = xmlByteConsumed(parser_.get());
+    const long position = parser_->Position();
     return std::clamp(position < 0 ? fed_ : static_cast<std::uint64_t>(position), windowOffset_,
                       fed_);
 }

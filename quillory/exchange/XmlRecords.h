@@ -8,8 +8,6 @@
 #include <string>
 #include <string_view>
 
-struct _xmlParserCtxt;
-
 namespace quillory {
 
 // A MARC record in an XML document. Offsets are bytes of the document.
@@ -57,11 +55,10 @@ public:
 
 private:
     struct Callbacks;
-    struct Release {
-        void operator()(_xmlParserCtxt* parser) const;
-    };
+    class Parser;
     enum Element : std::int32_t { kRecord, kLeader, kControlField, kDataField, kSubfield, kOther };
 
+    void StopParser();
     void Begin(Element element, const unsigned char** attributes, int count);
     void BeginPart(Element element, const unsigned char** attributes, int count);
     void BeginRecord();
@@ -71,7 +68,7 @@ private:
     void Mark(bool sound);
     std::uint64_t TagStart() const;
 
-    std::unique_ptr<_xmlParserCtxt, Release> parser_;
+    std::unique_ptr<Parser> parser_;
     std::deque<XmlRecord> ended_;
     XmlRecord current_;
     std::size_t depth_ = 0;  // of elements in the record, itself included
