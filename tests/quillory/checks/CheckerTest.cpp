@@ -347,16 +347,16 @@ TEST_F(CheckerTest, Words) {
 TEST_F(CheckerTest, TakesAnything) {
     std::mt19937 random(5);
     const std::string_view bytes = "\037\037\037a6b5892 \033\303x$";
+    constexpr const char* kTags[] = {"008", "245", "880"};
     Checker checker({});
     std::vector<Finding> findings;
     for (int round = 0; round < 3000; ++round) {
         TestRecord record({});
         for (int field = 0; field < 8; ++field) {
             std::string line = std::to_string(100 + random() % 900);
-            if (random() % 3 == 0)
-                line = std::vector<std::string>{"008", "245", "880"}[random() % 3];
-            for (auto size = random() % 24; size > 0; --size)
-                line += bytes[random() % bytes.size()];
+            if (random() % 3 == 0) line = kTags[random() % std::size(kTags)];
+            const auto end = line.size() + random() % 24;
+            while (line.size() < end) line += bytes[random() % bytes.size()];
             record.Add(line);
         }
         checker.Check(record.record, findings);
