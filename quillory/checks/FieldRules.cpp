@@ -22,6 +22,13 @@ void AllowCode(FieldRule& rule, char code, bool repeatable) {
     if (repeatable) rule.repeatableCodes.set(Index(code));
 }
 
+// $9, and the graphic symbols of ASCII.
+bool IsLocalCode(char code) {
+    const bool isDigit = '0' <= code && code <= '9';
+    const bool isLetter = 'a' <= (code | 0x20) && (code | 0x20) <= 'z';
+    return code == '9' || (!isDigit && !isLetter);
+}
+
 // Field 490 is the format's own; 009 was, and is left to libraries now.
 bool IsLocalTag(unsigned tag) {
     const bool has9 = tag / 100 == 9 || tag / 10 % 10 == 9 || tag % 10 == 9;
@@ -113,7 +120,9 @@ void FieldRules::AddRoles() {
 void FieldRules::AllowLocal() {
     for (unsigned tag = 0; tag < kTags; ++tag) {
         if (IsLocalTag(tag) && !rules_[tag].isKnown) AllowAny(tag);
-        AllowCode(rules_[tag], '9', true);
+        for (char code = '!'; code <= '~'; ++code) {
+            if (IsLocalCode(code)) AllowCode(rules_[tag], code, true);
+        }
     }
 }
 

@@ -43,7 +43,7 @@ struct FieldRule {
 class FieldRules {
 public:
     // `allowLocal` takes what the format leaves to libraries for known: tags with a 9, but for 490,
-    // and subfield 9.
+    // subfield 9, and graphic symbols as codes.
     explicit FieldRules(bool allowLocal);
 
     // The tag is below kTags.
