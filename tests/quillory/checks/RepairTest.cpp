@@ -153,10 +153,7 @@ TEST_F(RecordRepair, FurtherMaterialsByTheirOwnFormats) {
     };
     const Case cases[] = {
         // The 007 of the record itself, by its workform.
-        {"e",
-         {{"007", "aj?c?nz?"}},
-         {"aj cen"
-          "zn"}},
+        {"e", {{"007", "aj?c?nz?"}}, {"aj canzn"}},
         {"g", {{"007", "vf ?ba?o?"}}, {"vf ubahou"}},
         // A disc that comes with a book: the 006 tells of the 007.
         {"a",
