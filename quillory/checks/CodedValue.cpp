@@ -4,33 +4,33 @@
 #include <algorithm>
 
 namespace quillory {
-namespace {
 
-std::size_t CodeLength(const CodeLists& lists, const Element& element) {
-    return static_cast<std::size_t>(std::max(lists.CodeLengthOf(element), 1));
-}
-
-}  // namespace
-
-bool IsAllowed(const CodeLists& lists, const Element& element, std::string_view value) {
+bool AllowedValues::LookUp(const Element& element, std::string_view value) const {
     if (element.IsUndefined()) return IsAll(value, ' ') || IsAll(value, kFill);
     if (const auto freeValue = ReadFreeValue(element.parts.front(), value)) return freeValue->fits;
-    const auto codes = lists.SplitCodes(element, value);
+    const auto codes = lists_.SplitCodes(element, value);
     return std::all_of(codes.begin(), codes.end(), [&](std::string_view code) {
-        return lists.StateOf(element, code) != CodeState::Unknown;
+        return lists_.StateOf(element, code) != CodeState::Unknown;
     });
 }
 
-std::string Protected(const CodeLists& lists, const Element& element, std::string_view before,
-                      std::string_view after) {
-    const std::size_t length = CodeLength(lists, element);
-    if (IsAllowed(lists, element, before)) return std::string(before);
+bool AllowedValues::Allows(const Element& element, std::string_view value) {
+    if (value.size() != 1) return LookUp(element, value);
+    Answer& answer = answers_[&element][static_cast<unsigned char>(value.front())];
+    if (answer == Answer::None) answer = LookUp(element, value) ? Answer::Yes : Answer::No;
+    return answer == Answer::Yes;
+}
+
+std::string AllowedValues::Protected(const Element& element, std::string_view before,
+                                     std::string_view after) {
+    if (Allows(element, before)) return std::string(before);
     std::string value(after);
+    const auto length = static_cast<std::size_t>(std::max(lists_.CodeLengthOf(element), 1));
     if (element.IsUndefined() || length >= before.size()) return value;
-    // An element of several codes: each of them counts for itself.
     for (std::size_t i = 0; i + length <= before.size(); i += length) {
         const std::string_view code = before.substr(i, length);
-        const bool isKept = !IsAll(code, ' ') && lists.StateOf(element, code) != CodeState::Unknown;
+        const bool isKept =
+            !IsAll(code, ' ') && lists_.StateOf(element, code) != CodeState::Unknown;
         value.replace(i, length, isKept ? std::string(code) : std::string(length, ' '));
     }
     return IsAll(value, ' ') ? std::string(after) : value;

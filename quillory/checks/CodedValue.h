@@ -2,18 +2,34 @@
 
 #include <quillory/coded/CodeLists.h>
 
+#include <array>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace quillory {
 
-// Whether the format allows this value of an element, or once did where the element is still
-// defined.
-bool IsAllowed(const CodeLists& lists, const Element& element, std::string_view value);
+// What values the format allows, or once allowed where the element is still defined. Remembers what
+// was asked of elements of one byte.
+class AllowedValues {
+public:
+    // Keeps the reference.
+    explicit AllowedValues(const CodeLists& lists) : lists_(lists) {}
 
-// The value with those codes, or that value, put back from `before` that the format allows.
-std::string Protected(const CodeLists& lists, const Element& element, std::string_view before,
-                      std::string_view after);
+    bool Allows(const Element& element, std::string_view value);
+
+    // `after` with what the format allows put back from `before`: the value, or of an element of
+    // several codes those that are allowed. Both are as wide as the element.
+    std::string Protected(const Element& element, std::string_view before, std::string_view after);
+
+private:
+    enum class Answer : signed char { None, No, Yes };
+
+    bool LookUp(const Element& element, std::string_view value) const;
+
+    const CodeLists& lists_;
+    std::unordered_map<const Element*, std::array<Answer, 256>> answers_;
+};
 
 // What a value says, in UTF-8; several codes with "; " between them. Empty if nothing is known.
 std::string ValueText(const CodeLists& lists, const Element& element, std::string_view value);

@@ -1,4 +1,3 @@
-#include <quillory/checks/CodedValue.h>
 #include <quillory/checks/RecordRepair.h>
 #include <quillory/checks/RepairMaterial.h>
 #include <quillory/coded/Material.h>
@@ -37,6 +36,14 @@ std::string_view ValueAt(std::string_view bytes, const Element& element, std::si
     return bytes.substr(std::min(first, bytes.size()), static_cast<std::size_t>(element.Width()));
 }
 
+// Of two fields of the format's length. Elements are short, and most are the same.
+bool IsSameAt(const std::string& left, const std::string& right, const Element& element,
+              std::size_t first) {
+    const std::size_t end = first + static_cast<std::size_t>(element.Width());
+    while (first < end && left[first] == right[first]) ++first;
+    return first == end;
+}
+
 std::string Bytes(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " byte" : " bytes");
 }
@@ -70,13 +77,13 @@ const Element& ElementAt(CFType form, int first) {
 }  // namespace
 
 // Place of publication and language tell whether a byte too many or too few is at the end.
-bool RecordRepairer::IsShifted(const CodedField& field008) const {
+bool RecordRepairer::IsShifted(const CodedField& field008) {
     for (const int first : {kPlaceOfPublication, kLanguage}) {
         const Element& element = ElementAt(CF008Standard, first);
         const std::string_view value =
             ValueAt(field008.given, element, static_cast<std::size_t>(first));
         const bool isWhole = value.size() == static_cast<std::size_t>(element.Width());
-        if (isWhole && !IsAllowed(lists_, element, value)) return true;
+        if (isWhole && !allowed_.Allows(element, value)) return true;
     }
     return false;
 }
@@ -120,10 +127,10 @@ void RecordRepairer::RestoreLeader(const Record& record) {
 
 void RecordRepairer::Protect(CodedField& field) {
     ForEachElement(field, form008_, [&](const Element& element, std::size_t first) {
+        if (IsSameAt(field.last, field.after, element, first)) return;
         const std::string_view last = ValueAt(field.last, element, first);
         const std::string after(ValueAt(field.after, element, first));
-        if (after == last) return;
-        const std::string kept = Protected(lists_, element, last, after);
+        const std::string kept = allowed_.Protected(element, last, after);
         field.after.replace(first, kept.size(), kept);
         const bool isGiven = first < field.given.size();
         if (kept == last && isGiven) TellElement(RepairKind::Kept, field, element, last, after);
@@ -172,10 +179,9 @@ void RecordRepairer::TellReplaced() {
     for (const CodedField& field : fields_.Fields()) {
         if (field.after == field.before) continue;
         ForEachElement(field, form008_, [&](const Element& element, std::size_t first) {
-            const std::string_view before = ValueAt(field.before, element, first);
-            const std::string_view after = ValueAt(field.after, element, first);
-            if (before == after) return;
-            TellElement(RepairKind::Replaced, field, element, before, after);
+            if (IsSameAt(field.before, field.after, element, first)) return;
+            TellElement(RepairKind::Replaced, field, element, ValueAt(field.before, element, first),
+                        ValueAt(field.after, element, first));
         });
     }
 }

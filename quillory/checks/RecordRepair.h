@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/checks/CodedFields.h>
+#include <quillory/checks/CodedValue.h>
 #include <quillory/checks/LibraryRepair.h>
 #include <quillory/coded/CodeLists.h>
 #include <quillory/exchange/Record.h>
@@ -48,7 +49,7 @@ class RecordRepairer {
 public:
     // Keeps the reference.
     RecordRepairer(const CodeLists& lists, RepairOptions options)
-        : lists_(lists), options_(options) {}
+        : allowed_(lists), options_(options) {}
 
     // Repairs the record. Its views hold until the next call, as long as what they viewed. Another
     // repair of the same record replaces nothing.
@@ -56,7 +57,7 @@ public:
 
 private:
     void FitLengths();
-    bool IsShifted(const CodedField& field008) const;
+    bool IsShifted(const CodedField& field008);
     // Whether anything has another value now.
     bool RunPass(const Record& record);
     void RestoreLeader(const Record& record);
@@ -66,7 +67,7 @@ private:
                      std::string_view before, std::string_view after);
     void TellField(RepairKind kind, const CodedField& field, const std::string& reason);
 
-    const CodeLists& lists_;
+    AllowedValues allowed_;
     RepairOptions options_;
     zorby::CFType form008_ = {};
     CodedFields fields_;
