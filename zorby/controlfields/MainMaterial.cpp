@@ -164,7 +164,15 @@ std::string_view CCFMainMaterial::Field007() const {
     return Bytes(field007_, static_cast<std::size_t>(length007_));
 }
 
-std::string CCFMainMaterial::Field008() const {
+std::string CCFMainMaterial::GetLeader() const {
+    return std::string(Bytes(leader_, kLeaderSize));
+}
+
+std::string CCFMainMaterial::GetField007() const {
+    return std::string(Field007());
+}
+
+std::string CCFMainMaterial::GetField008() const {
     std::string field(Bytes(field008_, k008Size));
     const std::string_view section = Bytes(image006_, k006Size).substr(1);
     section.copy(field.data() + kFrom006To008 + 1, section.size());
@@ -176,7 +184,7 @@ void CCFMainMaterial::GetAll(std::string& leader, std::string& field007, std::st
                              std::string& second006) const {
     leader = Bytes(leader_, kLeaderSize);
     field007 = Field007();
-    field008 = Field008();
+    field008 = GetField008();
     second006 = second006_;
 }
 

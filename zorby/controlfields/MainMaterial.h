@@ -62,6 +62,11 @@ public:
     CFType Get007Type() const { return type007_; }
     void GetAll(std::string& leader, std::string& field007, std::string& field008,
                 std::string& second006) const;
+    // One of them alone.
+    std::string GetLeader() const;
+    std::string GetField007() const;
+    std::string GetField008() const;
+    const std::string& GetSecond006() const { return second006_; }
     // The four parts that the library stores and never reads, 32 bytes.
     std::string GetBlock() const;
     // Replaces the 007 and its length but not its type; cut at 24 bytes. What lies beyond its
@@ -118,7 +123,6 @@ private:
     int GetCombinedFormOfItem(std::string& text) const;
     int SetCombinedFormOfItem(std::string_view text);
     std::string_view Field007() const;
-    std::string Field008() const;
     std::size_t BlockLength() const;
     void Store(CArchive& archive) const;
     void Load(CArchive& archive, bool withSecond006);

@@ -15,36 +15,20 @@ constexpr std::size_t kFormOfItem006 = 6;
 constexpr std::size_t kFormOfItem008 = 23;
 constexpr const char* kBlankMicroform = "             ";
 
-std::string FieldsOf(const CTemplate* workform, std::string& leader, std::string& field007,
-                     std::string& second006) {
-    std::string field008;
-    if (workform != nullptr) {
-        workform->GetMainMaterial().GetAll(leader, field007, field008, second006);
-    }
-    return field008;
-}
-
 std::string Leader(const CTemplate* workform) {
-    std::string leader, unused;
-    FieldsOf(workform, leader, unused, unused);
-    return leader;
+    return workform == nullptr ? "" : workform->GetMainMaterial().GetLeader();
 }
 
 std::string Field007(const CTemplate* workform) {
-    std::string field007, unused;
-    FieldsOf(workform, unused, field007, unused);
-    return field007;
+    return workform == nullptr ? "" : workform->GetMainMaterial().GetField007();
 }
 
 std::string Second006(const CTemplate* workform) {
-    std::string second006, unused;
-    FieldsOf(workform, unused, unused, second006);
-    return second006;
+    return workform == nullptr ? "" : workform->GetMainMaterial().GetSecond006();
 }
 
 std::string Field008(const CTemplate* workform) {
-    std::string unused;
-    return FieldsOf(workform, unused, unused, unused);
+    return workform == nullptr ? "" : workform->GetMainMaterial().GetField008();
 }
 
 std::string Field006Of008(const CTemplate* workform) {
