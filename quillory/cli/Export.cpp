@@ -48,8 +48,7 @@ public:
           holdings_(options.holdings, options.input.files) {}
 
     std::string Prepare(Item& item, Losses& losses) {
-        const Charset charset = charset_ != kCharsetAuto ? charset_ : ActualCharset(item.record);
-        holdings_.Write(item, charset, losses);
+        holdings_.Write(item, charset_, losses);
         checker_.Check(item.record, findings_);
         const Verdict verdict = checker_.GetPolicy().VerdictOf(findings_);
         if (verdict == kMustStay) return "not written:" + Lines();

@@ -53,7 +53,7 @@ RecordHoldings::RecordHoldings(const HoldingsSystem& from, const HoldingsSystem&
 void RecordHoldings::Write(Record& record, std::uint64_t number, Charset charset, Losses& losses) {
     made_.clear();
     if (MakeFromFile(record, number)) {
-        Convert(charset, losses);
+        Convert(charset == kCharsetAuto ? ActualCharset(record) : charset, losses);
         Replace(record, [this](const CommFormatField& field) {
             return from_.HasTag(field.tag) || to_.HasTag(field.tag);
         });

@@ -28,7 +28,8 @@ public:
     // Replaces the fields of copies, those of both systems, by the copies that the file has for the
     // record; or else by the copies that stand in them. Fields that say the same already stay as
     // they are, and so do records without copies. `number` is that of the record in its file, and
-    // `charset` what the record is in. Views of a changed record hold until the next call.
+    // `charset` what the record is in; auto: as it says and is. Views of a changed record hold
+    // until the next call.
     void Write(Record& record, std::uint64_t number, Charset charset, Losses& losses);
 
     std::uint64_t Changed() const { return changed_; }
