@@ -62,6 +62,21 @@ step "They are kept in the store"
 "$quillory" records add "$folder/new.mrc" "$folder/catalog.mrc"
 "$quillory" records list
 
+step "A control field with codes that are none is put right, and each repair named"
+"$quillory" convert "$folder/new.mrc" --to mrk | sed 's/^\(=008  .\{18\}\)..../\1a?b\\\\/; s/engd*\\\\d$/xyz\\\\d/' > "$folder/faulty.mrk"
+"$quillory" repair "$folder/faulty.mrk" -o "$folder/repaired.mrc"
+
+step "Only sound records leave, with the copies of a list, in the fields of a holdings system"
+printf '001\tCall number\tBar code\nzx0004\tDVD WIT\t3001\nzx0004\tDVD WIT c.2\t3002\n' > "$folder/copies.tsv"
+sed 's/^=245  00$aDe laatste.*/=245  00$aDE LAATSTE VEERMAN/' > "$folder/leaving.mrk" \
+    < <("$quillory" convert "$folder/catalog.mrc" --to mrk)
+sed -i '0,/^=245  10$aThe river below.*/{//d}' "$folder/leaving.mrk"
+"$quillory" check "$folder/leaving.mrk" --policy tlc || true
+"$quillory" export "$folder/leaving.mrk" --holdings "$folder/copies.tsv" --holdings-type Alexandria \
+    -o "$folder/export.mrc" --rejects "$folder/stopped.mrk" || true
+"$quillory" show --record 3 "$folder/export.mrc" | grep '^852' || true
+read_elsewhere "$folder/export.mrc"
+
 step "Sample records in line form become ISO 2709 in UTF-8"
 "$quillory" convert "$samples" -o "$folder/utf8.mrc"
 count=$(records "$folder/utf8.mrc")
