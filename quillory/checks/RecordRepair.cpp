@@ -19,16 +19,19 @@ constexpr int kLanguage = 35;
 // Calls `visit` with each element of a field in order, and with the position where it begins.
 template <class Visit>
 void ForEachElement(const CodedField& field, CFType form008, Visit visit) {
+    const auto visitAt = [&](const Element& element, int offset) {
+        const int first = element.first + offset;
+        visit(element, static_cast<std::size_t>(first));
+    };
     bool hasSection = field.form != CF008Standard;
     for (const Element& element : ElementsOf(field.form)) {
         if (!hasSection && element.first >= kFirstMaterial008) {
             hasSection = true;
             for (const Element& inSection : ElementsOf(form008)) {
-                if (inSection.first == 0) continue;
-                visit(inSection, static_cast<std::size_t>(inSection.first + kMaterialOffset008));
+                if (inSection.first > 0) visitAt(inSection, kMaterialOffset008);
             }
         }
-        visit(element, static_cast<std::size_t>(element.first));
+        visitAt(element, 0);
     }
 }
 

@@ -20,7 +20,8 @@ class CPmarc;
 namespace detail {
 template <class Byte>
 struct Field;
-}
+struct RepairTask;
+}  // namespace detail
 
 // The coded control data of one record or workform: Leader, 008, 007, and a 006 of its own beside
 // them. The material section of the 008 (bytes 18 to 34) is kept apart, as positions 1 to 17 of the
@@ -120,6 +121,7 @@ private:
     template <class Material>
     static auto FieldOf(Material& material, CFPart part);
     detail::Field<char> Image006();
+    void Repair007(detail::RepairTask task);
     int GetCombinedFormOfItem(std::string& text) const;
     int SetCombinedFormOfItem(std::string_view text);
     std::string_view Field007() const;

@@ -5,41 +5,54 @@
 namespace zorby {
 namespace {
 
+using detail::CheckPartsAgainstDefaults;
+using detail::FirstRow;
+using detail::RepairTask;
+
 constexpr std::size_t kFormOfItem008 = 23;
 
 }  // namespace
 
 void CCFMainMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback, void* context,
                                                 MaterialType material) {
-    using detail::CheckPartsAgainstDefaults;
-    using detail::FirstRow;
-    using detail::kAnyMaterial;
     const CFType type006 = type006_;
     const CFType type007 = type007_;
-    const auto check = [&](auto defaultText, const tagCFOFFSETENTRY* table, std::span<char> buffer,
-                           MaterialType tested, bool isMicroform, FirstRow firstRow) {
-        CheckPartsAgainstDefaults({defaultText, table, buffer, callback, type006, context, tested,
-                                   isMicroform, firstRow});
-    };
-    check([=] { return CTemplateList::DefaultLdr(type006, type007); }, leaderTable_,
-          {leader_.data(), kLeaderSize}, kAnyMaterial, true, FirstRow::Tested);
-    check([=] { return CTemplateList::Default008(type006, type007); }, table008_,
-          {field008_.data(), k008Size}, kAnyMaterial, true, FirstRow::Tested);
-    if (table007_ != nullptr) {
-        const std::string text = CTemplateList::Default007(material, field008_[kFormOfItem008]);
-        const bool isMicroform = IsMicroform(type006, table006_, {image006_.data(), k006Size});
-        if (!text.empty()) {
-            check([&text] { return text; }, table007_, {field007_.data(), k007Size}, material,
-                  isMicroform, FirstRow::Tested);
-        }
-    }
+    RepairTask task{{},   nullptr,         {}, callback, type006, context, detail::kAnyMaterial,
+                    true, FirstRow::Tested};
+    task.defaultText = [=] { return CTemplateList::DefaultLdr(type006, type007); };
+    task.table = leaderTable_;
+    task.buffer = {leader_.data(), kLeaderSize};
+    CheckPartsAgainstDefaults(task);
+
+    task.defaultText = [=] { return CTemplateList::Default008(type006, type007); };
+    task.table = table008_;
+    task.buffer = {field008_.data(), k008Size};
+    CheckPartsAgainstDefaults(task);
+
+    task.material = material;
+    Repair007(task);
+
     const bool isByMaterial = type006 == CF006ComputerFile && type007 == CF007Electronic;
-    check(
-        [=] {
-            return isByMaterial ? CTemplateList::Default006(material)
-                                : CTemplateList::Default006(type006, type007);
-        },
-        table006_, {image006_.data(), k006Size}, material, true, FirstRow::Skipped);
+    task.defaultText = [=] {
+        return isByMaterial ? CTemplateList::Default006(material)
+                            : CTemplateList::Default006(type006, type007);
+    };
+    task.table = table006_;
+    task.buffer = {image006_.data(), k006Size};
+    task.firstRow = FirstRow::Skipped;
+    CheckPartsAgainstDefaults(task);
+}
+
+// Unless the material has no 007 to begin with.
+void CCFMainMaterial::Repair007(RepairTask task) {
+    if (table007_ == nullptr) return;
+    std::string defaultText = CTemplateList::Default007(task.material, field008_[kFormOfItem008]);
+    if (defaultText.empty()) return;
+    task.defaultText = [&defaultText] { return defaultText; };
+    task.table = table007_;
+    task.buffer = {field007_.data(), k007Size};
+    task.isMicroform = IsMicroform(type006_, table006_, {image006_.data(), k006Size});
+    CheckPartsAgainstDefaults(task);
 }
 
 void CCFMainMaterial::NonMusicalSoundRecordingFixup() {
