@@ -10,8 +10,9 @@ namespace {
 
 using namespace zorby;
 
-constexpr std::size_t kLongestPart = kLongestExportedSubfield;
-constexpr std::size_t kLongestWhole = kLongestExportedRecord;
+constexpr std::size_t kMostOfSubfield = kLongestExportedSubfield;
+constexpr std::size_t kMostOfField = kLongestExportedField;
+constexpr std::size_t kMostOfRecord = kLongestExportedRecord;
 constexpr std::size_t kTypeOfRecord = 6;
 // Authority data, classification, community information, holdings of three kinds.
 constexpr std::string_view kOtherFormats = "zwquvxy";
@@ -75,11 +76,12 @@ Checker::Checker(CheckerOptions options)
     : options_(options),
       rules_(options.allowLocal),
       asksDictionary_(policy_.Wants(EC_NotMARC) || policy_.Wants(EC_NotRepeatable)),
-      occurrences_(kTags + 1) {}
+      occurrences_(kTags) {}
 
 void Checker::Begin(std::vector<Finding>& findings) {
     for (const unsigned tag : touched_) occurrences_[tag] = 0;
     touched_.clear();
+    oddTags_.clear();
     findings.clear();
     findings_ = &findings;
     seen_ = Seen();
@@ -95,9 +97,8 @@ void Checker::Check(const Record& record, std::vector<Finding>& findings) {
 
 void Checker::CheckField(const CommFormatField& field, bool isBibliographic) {
     const unsigned tag = TagNumber(field.tag);
-    if (occurrences_[tag]++ == 0) touched_.push_back(tag);
-    place_ = {field.tag, occurrences_[tag]};
-    if (field.content.size() > kLongestPart) {
+    place_ = {field.tag, Occurrence(field.tag, tag)};
+    if (field.content.size() > kMostOfField) {
         Add(EC_FieldTooLong);
         if (tag >= 10) CheckSubfieldLengths(field.content);
     }
@@ -107,6 +108,12 @@ void Checker::CheckField(const CommFormatField& field, bool isBibliographic) {
     } else if (!options_.allowLocal || !IsMadeUpTag(field.tag)) {
         Add(EC_NotMARC);
     }
+}
+
+std::uint32_t Checker::Occurrence(std::string_view tag, unsigned number) {
+    if (number == kNoTag) return ++oddTags_[TagBytes(tag)];
+    if (occurrences_[number] == 0) touched_.push_back(number);
+    return ++occurrences_[number];
 }
 
 void Checker::CheckNumbered(const CommFormatField& field, unsigned tag) {
@@ -154,7 +161,7 @@ void Checker::CheckSubfields(const FieldRule& rule, std::string_view content) {
 
 void Checker::CheckSubfieldLengths(std::string_view content) {
     ForEachSubfield(content, [this](char code, std::string_view text) {
-        if (text.size() > kLongestPart) Add(EC_SubfieldTooLong, code);
+        if (text.size() > kMostOfSubfield) Add(EC_SubfieldTooLong, code);
     });
 }
 
@@ -237,7 +244,7 @@ void Checker::CheckSize(const Record& record) {
     for (const CommFormatField& field : record.fields) {
         size += kDirectoryEntrySize + field.content.size() + 1;
     }
-    if (size > kLongestWhole) AddAt({}, EC_RecordTooLong, '\0');
+    if (size > kMostOfRecord) AddAt({}, EC_RecordTooLong, '\0');
 }
 
 void Checker::Add(E_ERROR_CODE code, char subfield) {

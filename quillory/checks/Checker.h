@@ -7,7 +7,9 @@
 #include <quillory/exchange/Charset.h>
 #include <quillory/exchange/Record.h>
 
+#include <array>
 #include <cstdint>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -53,6 +55,7 @@ private:
 
     void Begin(std::vector<Finding>& findings);
     void CheckField(const zorby::CommFormatField& field, bool isBibliographic);
+    std::uint32_t Occurrence(std::string_view tag, unsigned number);
     void CheckNumbered(const zorby::CommFormatField& field, unsigned tag);
     void CheckSubfields(const FieldRule& rule, std::string_view content);
     void CheckSubfieldLengths(std::string_view content);
@@ -75,8 +78,9 @@ private:
     FieldRules rules_;
     TitleCase titleCase_;
     bool asksDictionary_;
-    std::vector<std::uint32_t> occurrences_;  // by tag; the last for tags that are no number
-    std::vector<unsigned> touched_;           // tags with occurrences
+    std::vector<std::uint32_t> occurrences_;                // by tag
+    std::vector<unsigned> touched_;                         // tags with occurrences
+    std::map<std::array<char, 3>, std::uint32_t> oddTags_;  // occurrences of what is no number
     std::vector<Finding>* findings_ = nullptr;
     Seen seen_;
     Place place_;
