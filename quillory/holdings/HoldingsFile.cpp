@@ -154,8 +154,9 @@ std::string HoldingsFile::TakeKey(Cells& cells) {
 const HoldingsColumn& HoldingsFile::ColumnOf(const std::string& name) {
     if (const auto known = found_.find(name); known != found_.end()) return known->second;
     const auto column = FindColumn(system_, name);
-    if (!column)
+    if (!column) {
         Refuse("\"" + name + "\" is no holdings element of " + system_.name + Hint(system_));
+    }
     return found_[name] = *column;
 }
 
@@ -168,14 +169,15 @@ void HoldingsFile::AddCopy(const Cells& cells, zorby::CHoldingsDataRecord& copy)
 }
 
 bool HoldingsFile::AddCopiesOf(const std::string& key, zorby::CHoldingsDataRecordList& copies) {
-    const auto found = std::ranges::equal_range(rows_, key, {}, &Row::key);
-    for (Row& row : found) {
-        Cells cells = CellsOf(row.text);
+    const int before = copies.GetSize();
+    auto row = std::ranges::lower_bound(rows_, key, {}, &Row::key);
+    for (; row != rows_.end() && row->key == key; ++row) {
+        Cells cells = CellsOf(row->text);
         TakeKey(cells);
         AddCopy(cells, *copies.AddEmptyAtEnd(system_.id));
-        row.used = true;
+        row->used = true;
     }
-    return !found.empty();
+    return copies.GetSize() > before;
 }
 
 bool HoldingsFile::AddCopies(std::string_view controlNumber, std::uint64_t recordNumber,

@@ -39,6 +39,7 @@ struct Statement {
 template <class Fields>
 std::vector<Statement> Statements(const Fields& fields) {
     std::vector<Statement> statements;
+    statements.reserve(fields.size());
     for (const auto& field : fields) statements.emplace_back(field.tag, field.content);
     std::ranges::stable_sort(statements, {}, &Statement::tag);
     return statements;
