@@ -63,18 +63,19 @@ step "They are kept in the store"
 "$quillory" records list
 
 step "A control field with codes that are none is put right, and each repair named"
-"$quillory" convert "$folder/new.mrc" --to mrk | sed 's/^\(=008  .\{18\}\)..../\1a?b\\\\/; s/engd*\\\\d$/xyz\\\\d/' > "$folder/faulty.mrk"
+"$quillory" convert "$folder/new.mrc" --to mrk |
+    sed 's/^\(=008.*\)eng\\d$/\1xyz\\d/; s/^\(=008.*\)\\000/\1?000/' > "$folder/faulty.mrk"
 "$quillory" repair "$folder/faulty.mrk" -o "$folder/repaired.mrc"
 
 step "Only sound records leave, with the copies of a list, in the fields of a holdings system"
-printf '001\tCall number\tBar code\nzx0004\tDVD WIT\t3001\nzx0004\tDVD WIT c.2\t3002\n' > "$folder/copies.tsv"
-sed 's/^=245  00$aDe laatste.*/=245  00$aDE LAATSTE VEERMAN/' > "$folder/leaving.mrk" \
-    < <("$quillory" convert "$folder/catalog.mrc" --to mrk)
-sed -i '0,/^=245  10$aThe river below.*/{//d}' "$folder/leaving.mrk"
+printf '001\tCall number\tBar code\nzx0006\tMAP WIE\t3001\nzx0006\tMAP WIE c.2\t3002\n' > "$folder/copies.tsv"
+"$quillory" convert "$folder/catalog.mrc" --to mrk |
+    sed '/^=245  10$aThe river below/d; s/^=245  00$aDe laatste.*/=245  00$aDE VEERMAN/' \
+        > "$folder/leaving.mrk"
 "$quillory" check "$folder/leaving.mrk" --policy tlc || true
-"$quillory" export "$folder/leaving.mrk" --holdings "$folder/copies.tsv" --holdings-type Alexandria \
-    -o "$folder/export.mrc" --rejects "$folder/stopped.mrk" || true
-"$quillory" show --record 3 "$folder/export.mrc" | grep '^852' || true
+"$quillory" export "$folder/leaving.mrk" --policy tlc --holdings "$folder/copies.tsv" \
+    --holdings-type Alexandria -o "$folder/export.mrc" --rejects "$folder/stopped.mrk" || true
+"$quillory" show --record 4 --width 80 "$folder/export.mrc" | tail -n 5
 read_elsewhere "$folder/export.mrc"
 
 step "Sample records in line form become ISO 2709 in UTF-8"
