@@ -130,8 +130,10 @@ Parsed Parse(std::string_view toml, std::uint64_t lines) {
 
 }  // namespace
 
-DescriptionReader::DescriptionReader(std::string_view toml)
-    : rest_(toml), hasRecords_(FindRecord(toml, 0) != toml.npos) {
+DescriptionReader::DescriptionReader(std::string_view toml) : rest_(toml) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (rest_.starts_with(kByteOrderMark)) Skip(kByteOrderMark.size());
+    hasRecords_ = FindRecord(rest_, 0) != rest_.npos;
     if (hasRecords_) ReadHead();
 }
 

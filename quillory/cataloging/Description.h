@@ -46,7 +46,7 @@ private:
     std::uint64_t line_ = 1;
     std::string workform_;
     std::string headError_;
-    bool hasRecords_;
+    bool hasRecords_ = false;
 };
 
 }  // namespace quillory

@@ -128,6 +128,15 @@ TEST(Descriptions, OneRecordAndMany) {
     EXPECT_TRUE(all[2].entries.empty());
 }
 
+TEST(Descriptions, FilesOfOtherSystems) {
+    const std::string_view toml = "\xEF\xBB\xBF[[record]]\r\n245a = \"A\"\r\n\r\n[[record]]\r\n";
+    const auto all = AllOf(toml);
+    ASSERT_EQ(all.size(), 2U);
+    ExpectWhole(toml, all, 3);
+    EXPECT_EQ(Spelled(all[0].entries.at(0)), "sub 245.0 $aA");
+    EXPECT_EQ(all[1].error + std::to_string(all[1].line), "4");
+}
+
 TEST(Descriptions, AFaultIsNamedAndTheOthersRead) {
     const std::string_view toml =
         "[[record]]\n245a = \"one\"\n[[record]]\n245a = \"two\n[[record]]\n24 = \"x\"\n"
