@@ -7,7 +7,11 @@
 namespace quillory {
 namespace {
 
+constexpr int kType = 6;
+constexpr int kLevel = 7;
+
 bool IsCoded(const Entry& entry) {
+    if (entry.kind == EntryKind::ControlField && entry.text.empty()) return false;
     const bool isCodedTag = entry.tag == 0 || (6 <= entry.tag && entry.tag <= 8);
     return isCodedTag &&
            (entry.kind == EntryKind::Positions || entry.kind == EntryKind::ControlField);
@@ -25,7 +29,8 @@ std::pair<int, int> PositionsOf(std::string_view place) {
 }
 
 bool IsNamed(const DecodedElement& element, const Entry& entry) {
-    if (entry.kind == EntryKind::ControlField) return true;
+    const bool isOtherField = entry.tag == 0 && element.place.starts_with("008");
+    if (entry.kind == EntryKind::ControlField || isOtherField) return true;
     const auto [first, last] = PositionsOf(element.place);
     return first <= entry.last && entry.first <= last;
 }
@@ -44,9 +49,10 @@ std::string FaultOf(const DecodedElement& element) {
             break;
     }
     for (const CodeMeaning& code : element.codes) {
-        if (code.state != CodeState::Unknown) continue;
-        return "\"" + code.code + "\" is no code of" + name + "; quillory describe " +
-               element.place + " lists them";
+        if (code.state != CodeState::Unknown && code.state != CodeState::Obsolete) continue;
+        const bool isObsolete = code.state == CodeState::Obsolete;
+        return "\"" + code.code + (isObsolete ? "\" is an obsolete code of" : "\" is no code of") +
+               name + "; quillory describe " + element.place + " lists them";
     }
     return {};
 }
@@ -55,6 +61,11 @@ bool IsOfOtherLength(const DecodedField& field) {
     return std::ranges::any_of(field.elements, [](const DecodedElement& element) {
         return element.state == ElementState::Missing || element.state == ElementState::Excess;
     });
+}
+
+// The type of record, and the level of what is published in parts, say how 008 is to be read.
+bool ChangesForm(const Entry& entry) {
+    return entry.tag == 0 && entry.first <= kLevel && kType <= entry.last;
 }
 
 void Check(const DecodedField& field, const Entry& entry) {
@@ -68,11 +79,14 @@ void Check(const DecodedField& field, const Entry& entry) {
     }
 }
 
-// Without an occurrence it is the first field; of a whole field that is the one last added.
+// Without an occurrence it is the first field; of a whole field, any with this content.
 void CheckEntry(const Record& record, const Entry& entry, const Decoder& decoder) {
     if (entry.tag == 0) Check(decoder.Leader(record.leader), entry);
     int count = 0;
     for (const zorby::CommFormatField& field : record.fields) {
+        if (field.tag == "008" && ChangesForm(entry)) {
+            Check(decoder.Field008(field.content, record.leader), entry);
+        }
         if (!field.IsControlField() || field.tag[2] != static_cast<char>('0' + entry.tag)) continue;
         ++count;
         const bool isWhole = entry.kind == EntryKind::ControlField;
@@ -99,7 +113,12 @@ void CheckCodedEntries(const Record& record, std::span<const Entry> entries,
                        const CodeLists& lists) {
     const Decoder decoder(lists);
     for (const Entry& entry : entries) {
-        if (IsCoded(entry)) CheckEntry(record, entry, decoder);
+        if (!IsCoded(entry)) continue;
+        try {
+            CheckEntry(record, entry, decoder);
+        } catch (const EntryError& error) {
+            throw EntryError(error, entry.where);
+        }
     }
 }
 

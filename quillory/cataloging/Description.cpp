@@ -72,29 +72,50 @@ void ReadValue(const Value& value, Description& description) {
     });
 }
 
-// Places are counted from the line before that on which the text begins.
-std::string PlaceOf(const toml::source_position& place, std::uint64_t lines) {
-    return "line " + std::to_string(lines + place.line) + ", column " +
-           std::to_string(place.column) + ": ";
+// Where a text stands that begins behind so many lines.
+LineColumn PlaceOf(const toml::source_position& place, std::uint64_t lines) {
+    return {lines + place.line, place.column};
 }
 
-// Result: why the table is no record, or nothing.
-std::string ReadTable(const toml::table& table, std::uint64_t lines, Description& description) {
+void SetError(const toml::source_position& place, std::uint64_t lines, std::string_view reason,
+              Description& description) {
+    description.error = reason;
+    description.where = PlaceOf(place, lines);
+}
+
+void ReadTable(const toml::table& table, std::uint64_t lines, Description& description) {
     for (const Value& value : InOrder(table)) {
+        const std::size_t known = description.entries.size();
         try {
             ReadValue(value, description);
         } catch (const EntryError& error) {
-            return PlaceOf(value.node->source().begin, lines) + error.what();
+            SetError(value.node->source().begin, lines, error.what(), description);
+            return;
+        }
+        for (std::size_t i = known; i < description.entries.size(); ++i) {
+            description.entries[i].where = PlaceOf(value.node->source().begin, lines);
         }
     }
-    return {};
 }
 
-// The next line that begins a record, behind the first one; npos without.
+bool IsHeader(std::string_view text) {
+    const auto skipBlanks = [&text] {
+        text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+    };
+    for (const std::string_view part : {"[[", kRecord, "]]"}) {
+        if (!text.starts_with(part)) return false;
+        text.remove_prefix(part.size());
+        skipBlanks();
+    }
+    return true;
+}
+
+// The next line that begins a record, from there on; npos without.
 std::size_t FindRecord(std::string_view toml, std::size_t from) {
-    for (std::size_t at = from; (at = toml.find(kHeader, at)) != toml.npos; ++at) {
-        const std::size_t begin = toml.find_last_not_of(" \t", at == 0 ? toml.npos : at - 1);
-        if (at == 0 || begin == toml.npos || toml[begin] == '\n') return at;
+    for (std::size_t at = from; (at = toml.find("[[", at)) != toml.npos; ++at) {
+        const std::size_t before = at == 0 ? toml.npos : toml.find_last_not_of(" \t", at - 1);
+        const bool beginsLine = before == toml.npos || toml[before] == '\n';
+        if (beginsLine && IsHeader(toml.substr(at))) return at;
     }
     return toml.npos;
 }
@@ -103,29 +124,23 @@ std::size_t FindRecord(std::string_view toml, std::size_t from) {
 // is TOML with what follows.
 constexpr int kJoinedAtMost = 4;
 
-struct Parsed {
-    toml::table root;
-    std::size_t size = 0;
-    std::string error;
-};
-
-Parsed Parse(std::string_view toml, std::uint64_t lines) {
-    Parsed parsed;
+// Reads the record at the front of a text, or says why it can't be read. Gives its size.
+toml::table Parse(std::string_view toml, std::uint64_t lines, Description& description) {
     std::size_t size = 0;
     for (int joined = 0; joined < kJoinedAtMost && size < toml.size(); ++joined) {
-        size = std::min(FindRecord(toml, size + (joined == 0 ? 1 : kHeader.size())), toml.size());
+        size = std::min(FindRecord(toml, size + 1), toml.size());
         try {
-            parsed.root = toml::parse(toml.substr(0, size));
-            parsed.size = size;
-            parsed.error.clear();
-            return parsed;
+            toml::table table = toml::parse(toml.substr(0, size));
+            description.size = size;
+            description.error.clear();
+            return table;
         } catch (const toml::parse_error& error) {
             if (joined != 0) continue;
-            parsed.size = size;
-            parsed.error = PlaceOf(error.source().begin, lines) + std::string(error.description());
+            description.size = size;
+            SetError(error.source().begin, lines, error.description(), description);
         }
     }
-    return parsed;
+    return {};
 }
 
 }  // namespace
@@ -145,32 +160,28 @@ void DescriptionReader::Skip(std::size_t size) {
 
 void DescriptionReader::ReadHead() {
     const std::size_t size = FindRecord(rest_, 0);
+    const std::uint64_t lines = line_ - 1;
     try {
-        const toml::table head = toml::parse(rest_.substr(0, size));
-        for (const Value& value : InOrder(head)) {
-            const std::string place = PlaceOf(value.node->source().begin, 0);
-            if (value.key == kWorkform) {
-                workform_ = TextOf(*value.node, place + kWorkform);
-            } else {
-                headError_ = place + std::string(value.key) + ": stands outside of the records";
-            }
-        }
+        ReadTable(toml::parse(rest_.substr(0, size)), lines, head_);
     } catch (const toml::parse_error& error) {
-        headError_ = PlaceOf(error.source().begin, 0) + std::string(error.description());
-    } catch (const EntryError& error) {
-        headError_ = error.what();
+        SetError(error.source().begin, lines, error.description(), head_);
     }
-    if (headError_.empty()) Skip(size);
+    if (head_.error.empty() && !head_.entries.empty()) {
+        head_.error = head_.entries.front().place + ": stands outside of the records";
+        head_.where = head_.entries.front().where;
+    }
+    if (head_.error.empty()) Skip(size);
 }
 
 bool DescriptionReader::Next(Description& description) {
     if (rest_.empty()) return false;
     description = {};
-    description.workform = workform_;
+    description.workform = head_.workform;
     description.offset = offset_;
     description.line = line_;
-    if (!headError_.empty()) {
-        description.error = std::exchange(headError_, {});
+    if (!head_.error.empty()) {
+        description.error = std::exchange(head_.error, {});
+        description.where = head_.where;
         description.size = FindRecord(rest_, 0);
     } else {
         ReadRecord(description);
@@ -181,20 +192,18 @@ bool DescriptionReader::Next(Description& description) {
 
 void DescriptionReader::ReadRecord(Description& description) {
     const std::uint64_t lines = line_ - 1;
-    Parsed parsed = Parse(rest_, lines);
-    description.size = parsed.size;
-    description.error = parsed.error;
+    const toml::table root = Parse(rest_, lines, description);
     if (!description.error.empty()) return;
     if (!hasRecords_) {
-        description.error = ReadTable(parsed.root, lines, description);
+        ReadTable(root, lines, description);
         return;
     }
-    const toml::array* records = parsed.root[kRecord].as_array();
-    const bool isOne = records != nullptr && records->size() == 1 && parsed.root.size() == 1;
+    const toml::array* records = root[kRecord].as_array();
+    const bool isOne = records != nullptr && records->size() == 1 && root.size() == 1;
     if (isOne) {
-        description.error = ReadTable(*records->get(0)->as_table(), lines, description);
+        ReadTable(*records->get(0)->as_table(), lines, description);
     } else {
-        description.error = PlaceOf({1, 1}, lines) + "what follows is not one record";
+        SetError({1, 1}, lines, "what follows is not one record", description);
     }
 }
 

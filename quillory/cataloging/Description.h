@@ -13,7 +13,8 @@ namespace quillory {
 struct Description {
     std::string workform;  // its name, or empty if not told
     std::vector<Entry> entries;
-    std::string error;         // why it can't be used, with line and column; empty if it can
+    std::string error;         // why it can't be used; empty if it can
+    LineColumn where;          // of the error
     std::uint64_t offset = 0;  // of its bytes in the file
     std::uint64_t size = 0;
     std::uint64_t line = 0;  // that it begins with, from 1
@@ -44,8 +45,7 @@ private:
     std::string_view rest_;
     std::uint64_t offset_ = 0;
     std::uint64_t line_ = 1;
-    std::string workform_;
-    std::string headError_;
+    Description head_;  // what stands above the first record
     bool hasRecords_ = false;
 };
 

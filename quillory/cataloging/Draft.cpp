@@ -1,4 +1,5 @@
 #include <quillory/cataloging/Draft.h>
+#include <quillory/exchange/TagText.h>
 
 #include <algorithm>
 #include <array>
@@ -21,11 +22,6 @@ std::string Day(const std::tm& day) {
     return {text.data(), std::strftime(text.data(), text.size(), "%y%m%d", &day)};
 }
 
-std::string TagText(unsigned tag) {
-    const std::string digits = std::to_string(tag);
-    return std::string(3 - std::min<std::size_t>(3, digits.size()), '0') + digits;
-}
-
 // Positions of the leader that say how the record is stored: nobody's to set.
 bool IsStructure(int first, int last) {
     constexpr std::array<std::pair<int, int>, 3> kStructure{{{0, 4}, {9, 16}, {20, 23}}};
@@ -33,15 +29,8 @@ bool IsStructure(int first, int last) {
         kStructure, [=](const auto& part) { return first <= part.second && part.first <= last; });
 }
 
-void CheckRepeats(const Entry& entry) {
-    std::string codes;
-    for (const SubfieldText& subfield : entry.subfields) {
-        const bool isRepeat = codes.find(subfield.code) != codes.npos;
-        if (isRepeat && CTemplate::SubfieldRepeatable(entry.tag, subfield.code) == 0) {
-            throw EntryError(entry.place, std::string("a field has $") + subfield.code + " once");
-        }
-        codes += subfield.code;
-    }
+[[noreturn]] void ThrowOnce(const Entry& entry) {
+    throw EntryError(entry.place, "a record has this field once");
 }
 
 }  // namespace
@@ -50,8 +39,13 @@ bool Draft::Field::Has(char code) const {
     return std::ranges::find(given, code, &SubfieldText::code) != given.end();
 }
 
+// A text that was given, or the workform's own where it has not been taken away.
 bool Draft::Field::IsWanted() const {
-    return isTouched || (pattern != nullptr && pattern->StandsAlone());
+    const bool isFilled = std::ranges::any_of(
+        given, [](const SubfieldText& subfield) { return !subfield.text.empty(); });
+    if (isFilled || isWritten || pattern == nullptr) return isFilled;
+    const SubfieldText* first = pattern->FirstOfItsOwn();
+    return first != nullptr && !first->text.empty() && !Has(first->code);
 }
 
 Draft::Draft(const Pattern& pattern, const std::tm& day)
@@ -84,9 +78,9 @@ void Draft::Take(const Entry& entry) {
 }
 
 void Draft::TakeSubfields(const Entry& entry) {
-    CheckRepeats(entry);
     const std::size_t place = FieldFor(entry);
     Field& field = fields_[place];
+    CheckRepeats(field, entry);
     current_[entry.tag] = place;
     field.isTouched = true;
     if (!entry.indicators.empty()) {
@@ -96,8 +90,23 @@ void Draft::TakeSubfields(const Entry& entry) {
     for (const SubfieldText& subfield : entry.subfields) field.given.push_back(subfield);
 }
 
+void Draft::CheckRepeats(const Field& field, const Entry& entry) {
+    std::string codes;
+    for (const SubfieldText& subfield : field.given) codes += subfield.code;
+    for (const SubfieldText& subfield : entry.subfields) {
+        const bool isRepeat = codes.find(subfield.code) != codes.npos;
+        if (isRepeat && CTemplate::SubfieldRepeatable(entry.tag, subfield.code) == 0) {
+            throw EntryError(entry.place, std::string("a field has $") + subfield.code + " once");
+        }
+        codes += subfield.code;
+    }
+}
+
 void Draft::TakeWrittenField(const Entry& entry) {
     const std::size_t place = entry.occurrence != 0 ? NumberedField(entry) : NextField(entry);
+    if (!fields_[place].given.empty()) {
+        throw EntryError(entry.place, "something was said of this field before");
+    }
     current_[entry.tag] = place;
     fields_[place] = {entry.tag, entry.indicators, nullptr, entry.subfields, true, true, true};
 }
@@ -120,7 +129,7 @@ std::size_t Draft::NextField(const Entry& entry) {
     const std::size_t untouched = UntouchedField(entry.tag, code);
     if (untouched != kNone) return untouched;
     if (current_.contains(entry.tag) && CTemplate::FieldRepeatable(entry.tag) == 0) {
-        throw EntryError(entry.place, "a record has this field once");
+        ThrowOnce(entry);
     }
     return AddField(entry.tag, code);
 }
@@ -155,7 +164,7 @@ std::size_t Draft::NumberedField(const Entry& entry) {
         throw EntryError(entry.place, "so far there are " + count + " of these fields");
     }
     if (!places.empty() && CTemplate::FieldRepeatable(entry.tag) == 0) {
-        throw EntryError(entry.place, "a record has this field once");
+        ThrowOnce(entry);
     }
     return AddField(entry.tag, entry.subfields.empty() ? '\0' : entry.subfields.front().code);
 }
@@ -183,18 +192,26 @@ std::vector<std::size_t> Draft::FieldsOf(unsigned tag) const {
     return places;
 }
 
+// Fields 006 and 007 repeat: what is given goes behind those of the workform, or in the place of
+// the one that was named.
 void Draft::TakeControlField(const Entry& entry) {
     const bool isRepeatable = entry.tag == kTag006 || entry.tag == kTag007;
+    if (entry.occurrence == 0 && !given_.insert(entry.tag).second && !isRepeatable) {
+        ThrowOnce(entry);
+    }
+    hasOwnDate_ = hasOwnDate_ || entry.tag == kTag008;
+    const bool isAnother = isRepeatable && entry.occurrence == 0 && !entry.text.empty();
+    const auto known = isAnother ? controlFields_.end() : FindControlField(entry);
+    if (known != controlFields_.end()) {
+        known->content = entry.text;
+        return;
+    }
+    if (entry.occurrence > 1) {
+        throw EntryError(entry.place, "the record has not so many of these fields");
+    }
     const auto behind = std::ranges::find_if(
         controlFields_, [&](const ControlField& field) { return field.tag > entry.tag; });
-    const auto known =
-        std::ranges::find(controlFields_, entry.tag, [](const ControlField& f) { return f.tag; });
-    hasOwnDate_ = hasOwnDate_ || entry.tag == kTag008;
-    if (known != controlFields_.end() && !isRepeatable) {
-        known->content = entry.text;
-    } else {
-        controlFields_.insert(behind, {entry.tag, entry.text});
-    }
+    controlFields_.insert(behind, {entry.tag, entry.text});
 }
 
 void Draft::TakePositions(const Entry& entry) {
@@ -218,11 +235,16 @@ void Draft::TakePositions(const Entry& entry) {
     hasOwnDate_ = hasOwnDate_ || isDate;
 }
 
+std::vector<ControlField>::iterator Draft::FindControlField(const Entry& entry) {
+    int left = std::max(entry.occurrence, 1);
+    return std::ranges::find_if(controlFields_, [&](const ControlField& field) {
+        return field.tag == entry.tag && !field.content.empty() && --left == 0;
+    });
+}
+
 std::string& Draft::ControlFieldFor(const Entry& entry) {
-    int occurrence = std::max(entry.occurrence, 1);
-    for (ControlField& field : controlFields_) {
-        if (field.tag == entry.tag && --occurrence == 0) return field.content;
-    }
+    const auto found = FindControlField(entry);
+    if (found != controlFields_.end()) return found->content;
     throw EntryError(entry.place,
                      "the record has no such field; give it whole, as " + TagText(entry.tag));
 }

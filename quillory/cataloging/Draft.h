@@ -6,6 +6,7 @@
 
 #include <ctime>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -52,6 +53,7 @@ private:
         bool IsWanted() const;
     };
 
+    static void CheckRepeats(const Field& field, const Entry& entry);
     void TakeSubfields(const Entry& entry);
     void TakeWrittenField(const Entry& entry);
     void TakeControlField(const Entry& entry);
@@ -64,6 +66,7 @@ private:
     std::size_t UntouchedField(unsigned tag, char code) const;
     std::size_t AddField(unsigned tag, char code);
     std::vector<std::size_t> FieldsOf(unsigned tag) const;
+    std::vector<ControlField>::iterator FindControlField(const Entry& entry);
     std::string& ControlFieldFor(const Entry& entry);
 
     void AddFinishedFields();
@@ -71,10 +74,12 @@ private:
     std::vector<SubfieldText> SubfieldsOf(const Field& field) const;
     bool HasMainEntry() const;
     void TakeOverDate();
+    std::string DateOfPublication(bool isContinuing) const;
 
     const Pattern& pattern_;
     std::string leader_;
-    std::vector<ControlField> controlFields_;
+    std::vector<ControlField> controlFields_;  // one without content is left out
+    std::set<unsigned> given_;                 // tags of control fields given whole
     std::vector<Field> fields_;                // those of a tag in their order
     std::map<unsigned, std::size_t> current_;  // by tag, the field being filled
     bool hasOwnDate_ = false;                  // date 1 of 008 was given

@@ -9,6 +9,8 @@ namespace {
 constexpr std::size_t kTagSize = 3;
 constexpr unsigned kTag008 = 8;
 constexpr unsigned kTitle = 245;
+constexpr unsigned kImprint = 260;
+constexpr unsigned kPublication = 264;
 constexpr unsigned kFirstOfMainEntries = 100;
 constexpr unsigned kLastOfMainEntries = 199;
 constexpr std::size_t kTypeOfDate = 6;
@@ -19,6 +21,29 @@ struct Ranked {
     const SubfieldText* subfield;
 };
 
+// Whether a code comes again behind another: then the order says something.
+bool HasOrderOfItsOwn(const std::vector<SubfieldText>& subfields) {
+    std::string codes;
+    for (const SubfieldText& subfield : subfields) {
+        const std::size_t known = codes.find(subfield.code);
+        if (known != codes.npos && known + 1 != codes.size()) return true;
+        if (known == codes.npos) codes += subfield.code;
+    }
+    return false;
+}
+
+std::vector<Ranked> RankedInOrder(const std::vector<SubfieldText>& given, std::string_view order) {
+    const bool keepsOrder = HasOrderOfItsOwn(given);
+    std::vector<Ranked> ranked;
+    std::size_t rank = 0;
+    for (const SubfieldText& subfield : given) {
+        const std::size_t place = order.find(subfield.code);
+        if (place != order.npos) rank = keepsOrder ? std::max(rank, place) : place;
+        ranked.push_back({rank, &subfield});
+    }
+    return ranked;
+}
+
 }  // namespace
 
 Record Draft::Finish() {
@@ -26,6 +51,7 @@ Record Draft::Finish() {
     TakeOverDate();
     leader_[zorby::kLeaderCharacterCode] = 'a';
     for (const ControlField& field : controlFields_) {
+        if (field.content.empty()) continue;
         int occurrence = 0;
         record_.FieldNew(static_cast<int>(field.tag), occurrence);
         record_.FieldAddControlField(field.tag, occurrence, field.content, 0);
@@ -76,13 +102,7 @@ bool Draft::HasMainEntry() const {
 std::vector<SubfieldText> Draft::SubfieldsOf(const Field& field) const {
     if (field.isWritten) return field.given;
     const std::string& order = pattern_.CodesOf(field.tag);
-    std::vector<Ranked> ranked;
-    std::size_t rank = 0;
-    for (const SubfieldText& subfield : field.given) {
-        const std::size_t place = order.find(subfield.code);
-        if (place != order.npos) rank = place;
-        ranked.push_back({rank, &subfield});
-    }
+    std::vector<Ranked> ranked = RankedInOrder(field.given, order);
     if (field.pattern != nullptr) {
         for (const SubfieldText& subfield : field.pattern->subfields) {
             if (!field.Has(subfield.code)) {
@@ -98,24 +118,31 @@ std::vector<SubfieldText> Draft::SubfieldsOf(const Field& field) const {
     return subfields;
 }
 
-// Date 1 of 008 follows the imprint, unless it was given, or the workform knows it.
+// Date 1 of 008 follows the imprint, unless it was given.
 void Draft::TakeOverDate() {
     const auto found =
         std::ranges::find(controlFields_, kTag008, [](const ControlField& f) { return f.tag; });
-    if (hasOwnDate_ || found == controlFields_.end()) return;
+    if (hasOwnDate_ || found == controlFields_.end() || found->content.size() <= kDate1) return;
     std::string& content = found->content;
     const char type = content[kTypeOfDate];
     const bool isContinuing = type == 'c' || type == 'u';
-    if (type != 's' && !isContinuing) return;
+    if (type != 's' && type != 't' && !isContinuing) return;
+    const std::string year = YearOf(DateOfPublication(isContinuing), isContinuing);
+    if (!year.empty()) content.replace(kDate1, year.size(), year);
+}
+
+// The first that was given, but a copyright date only where there is no other.
+std::string Draft::DateOfPublication(bool isContinuing) const {
+    std::string copyright;
     for (const Field& field : fields_) {
-        if ((field.tag != 264 && field.tag != 260) || !field.IsWanted()) continue;
+        if (field.tag != kPublication && field.tag != kImprint) continue;
         for (const SubfieldText& subfield : field.given) {
             if (subfield.code != 'c') continue;
-            const std::string year = YearOf(subfield.text, isContinuing);
-            if (!year.empty()) content.replace(kDate1, year.size(), year);
-            return;
+            if (field.tag == kImprint || field.indicators[1] != '4') return subfield.text;
+            if (!YearOf(subfield.text, isContinuing).empty()) copyright = subfield.text;
         }
     }
+    return copyright;
 }
 
 }  // namespace quillory

@@ -94,6 +94,13 @@ std::string OnOneLine(std::string_view text, std::string_view place) {
     return line;
 }
 
+// The same, and nothing for blanks alone.
+std::string FieldText(std::string_view text, std::string_view place) {
+    std::string line = OnOneLine(text, place);
+    if (line.find_first_not_of(' ') == line.npos) line.clear();
+    return line;
+}
+
 char CodeOf(std::string_view code, std::string_view place) {
     const bool isCode = code.size() == 1 && code[0] > ' ' && code[0] <= '~' && code[0] != '$';
     if (!isCode) throw EntryError(place, kSuchAs);
@@ -125,7 +132,9 @@ void ReadWrittenField(std::string_view text, Entry& entry) {
         const std::size_t size = std::min(rest.find('$', 1), rest.size());
         if (size == 1) throw EntryError(entry.place, "a subfield sign ($) without a code");
         const char code = CodeOf(rest.substr(1, 1), entry.place);
-        if (size > 2) entry.subfields.push_back({code, Unescaped(rest.substr(2, size - 2))});
+        std::string value = Unescaped(rest.substr(2, size - 2));
+        const bool isBlank = value.find_first_not_of(' ') == value.npos;
+        if (!isBlank) entry.subfields.push_back({code, std::move(value)});
         rest.remove_prefix(size);
     }
 }
@@ -150,7 +159,7 @@ Entry ReadEntry(std::string_view place, std::string_view text) {
     } else if (entry.tag < kFirstDataTag) {
         if (!rest.empty()) throw EntryError(place, kSuchAs);
         entry.kind = EntryKind::ControlField;
-        entry.text = OnOneLine(text, place);
+        entry.text = FieldText(text, place);
     } else if (rest.empty()) {
         ReadWrittenField(text, entry);
     } else {
@@ -182,7 +191,7 @@ void SetIndicators(Entry& field, std::string_view indicators) {
 
 void AddSubfield(Entry& field, std::string_view code, std::string_view text) {
     const char letter = CodeOf(code, field.place);
-    field.subfields.push_back({letter, OnOneLine(text, field.place)});
+    field.subfields.push_back({letter, FieldText(text, field.place)});
 }
 
 }  // namespace quillory

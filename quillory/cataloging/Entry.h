@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -7,11 +8,25 @@
 
 namespace quillory {
 
-// What is said of a new record that can't be done. The text names the place and the reason.
+// A place in a file, counted from 1; zeros for none.
+struct LineColumn {
+    std::uint64_t line = 0;
+    std::uint64_t column = 0;  // in characters
+};
+
+// What is said of a new record that can't be done. The text names the place in the record and the
+// reason.
 class EntryError : public std::runtime_error {
 public:
     EntryError(std::string_view place, std::string_view reason)
         : std::runtime_error(std::string(place) + ": " + std::string(reason)) {}
+    EntryError(const EntryError& error, LineColumn where)
+        : std::runtime_error(error.what()), where_(where) {}
+
+    LineColumn Where() const { return where_; }
+
+private:
+    LineColumn where_;
 };
 
 struct SubfieldText {
@@ -38,12 +53,13 @@ struct Entry {
     std::string indicators;  // two characters, or empty if not told
     std::vector<SubfieldText> subfields;
     std::string text;  // of a control field or of positions
+    LineColumn where;  // in the file that says it
 };
 
 // Places are such as
-//   245a  245[2]a  one subfield; text that is empty takes away what the workform has
+//   245a  245[2]a  one subfield; without text, or of blanks, it takes away what the workform has
 //   245   650[2]   a whole field as "10$aTitle /$cName.", with {dollar} for a dollar sign in text
-//   001            a whole control field
+//   001   007[2]   a whole control field; without text it takes away what the workform has
 //   leader/17  008/35-37  007[2]/04
 //   language  country   the codes of 008/35-37 and 008/15-17
 // Throws EntryError for a place that is none, and for text that no record holds.

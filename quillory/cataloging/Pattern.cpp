@@ -21,11 +21,11 @@ const std::string* PatternField::Find(char code) const {
     return found == subfields.end() ? nullptr : &found->text;
 }
 
-bool PatternField::StandsAlone() const {
+const SubfieldText* PatternField::FirstOfItsOwn() const {
     constexpr char kRelationship = 'i';
     const auto first = std::ranges::find_if(
         subfields, [](const SubfieldText& subfield) { return subfield.code != kRelationship; });
-    return first != subfields.end() && !first->text.empty();
+    return first == subfields.end() ? nullptr : &*first;
 }
 
 Pattern::Pattern(zorby::TemplateHolder workform)
@@ -48,6 +48,10 @@ void Pattern::TakeControlFields() {
             leader_ = field.substr(kTagSize);
         } else {
             controlFields_.push_back({tag, field.substr(kTagSize)});
+        }
+        if (!std::ranges::all_of(field, [](char c) { return ' ' <= c && c <= '~'; })) {
+            throw EntryError("workform",
+                             "\"" + Name() + "\" has control fields with bytes of no code");
         }
     }
 }

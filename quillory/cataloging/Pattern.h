@@ -24,15 +24,15 @@ struct PatternField {
 
     // The text of the subfield; null without it.
     const std::string* Find(char code) const;
-    // Whether it says something before it is filled: that its first subfield, but for the words
-    // that go before a linked title ($i), has a text.
-    bool StandsAlone() const;
+    // The first subfield, but for the words that go before a linked title ($i); null without one. A
+    // field stands in a record by itself if this one has a text.
+    const SubfieldText* FirstOfItsOwn() const;
 };
 
 // What a workform gives a new record, its texts in UTF-8.
 class Pattern {
 public:
-    // The texts of the workform have to be such as the library's one-byte code holds.
+    // Throws EntryError for control fields that no record may have.
     explicit Pattern(zorby::TemplateHolder workform);
 
     std::string Name() const;

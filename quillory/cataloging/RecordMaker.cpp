@@ -11,7 +11,13 @@ const Pattern& RecordMaker::PatternFor(const std::string& name) {
 
 Draft RecordMaker::Begin(const Description& description) {
     Draft draft(PatternFor(description.workform), day_);
-    for (const Entry& entry : description.entries) draft.Take(entry);
+    for (const Entry& entry : description.entries) {
+        try {
+            draft.Take(entry);
+        } catch (const EntryError& error) {
+            throw EntryError(error, entry.where);
+        }
+    }
     return draft;
 }
 

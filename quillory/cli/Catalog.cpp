@@ -4,9 +4,11 @@
 #include <quillory/cli/NewRecords.h>
 #include <quillory/cli/OutputOptions.h>
 #include <quillory/cli/Progress.h>
+#include <quillory/exchange/Utf8.h>
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -21,6 +23,18 @@ struct CatalogOptions {
     OutputOptions output;
 };
 
+// Where in the file a place is, counting from the beginning of the description.
+std::uint64_t OffsetOf(std::string_view toml, const Description& description, LineColumn where) {
+    std::size_t at = description.offset;
+    for (std::uint64_t line = description.line; line < where.line && at < toml.size(); ++line) {
+        at = std::min(toml.find('\n', at), toml.size() - 1) + 1;
+    }
+    for (std::uint64_t column = 1; column < where.column && at < toml.size(); ++column) {
+        at += DecodeUtf8(toml.substr(at)).size;
+    }
+    return at;
+}
+
 // A description as an item: the record that it makes, or why it makes none.
 class DescriptionItems {
 public:
@@ -29,29 +43,35 @@ public:
 
     // The views of the item hold until the next one.
     void Make(std::string_view toml, Description& description, Item& item) {
-        item.kind = kItemRecord;
+        const std::uint64_t number = item.number + 1;
+        item = {};
+        item.number = number;
         item.offset = description.offset;
         item.faultOffset = description.offset;
         item.bytes = toml.substr(description.offset, description.size);
-        ++item.number;
-        if (description.error.empty()) description.error = Fill(description, item);
+        if (description.error.empty()) Fill(description, item);
         if (description.error.empty()) return;
         item.kind = kItemDamaged;
         item.reason = description.error;
+        item.faultOffset = OffsetOf(toml, description, description.where);
+        item.faultPlace = TextPlace{description.where.line, description.where.column};
     }
 
 private:
-    // Result: why it can't be done.
-    std::string Fill(Description& description, Item& item) {
-        const std::string line = "line " + std::to_string(description.line) + ": ";
-        AddCommandLine(options_.record, sets_, description);
-        if (description.workform.empty()) return line + "no workform is named";
+    void Fill(Description& description, Item& item) {
+        description.where = {description.line, 1};
+        AddCommandLine(sets_, description);
+        if (description.workform.empty()) description.workform = options_.record.workform;
+        if (description.workform.empty()) {
+            description.error = "no workform is named";
+            return;
+        }
         try {
             draft_.emplace(maker_.Begin(description));
             item.record = maker_.Finish(*draft_, description);
-            return {};
         } catch (const EntryError& error) {
-            return line + error.what();
+            description.error = error.what();
+            if (error.Where().line != 0) description.where = error.Where();
         }
     }
 
@@ -100,7 +120,8 @@ void AddCatalog(CLI::App& program, Run& run) {
         program.add_subcommand("catalog", "Make the records that files describe, from workforms");
     command->add_option("FILE", options->files, "TOML files of descriptions; - is standard input")
         ->required();
-    AddNewRecordOptions(*command, options->record);
+    AddNewRecordOptions(*command, options->record,
+                        "The workform of records that name none, by its name or ID");
     AddOutputOptions(*command, options->output);
     command->add_flag("-q,--quiet", options->quiet, "No progress bar and no summary");
     command->add_flag("-v,--verbose", options->verbose,

@@ -1,3 +1,4 @@
+#include <quillory/cli/Carrier.h>
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/DescriptionFiles.h>
 #include <quillory/cli/NewRecords.h>
@@ -22,6 +23,11 @@ struct NewOptions {
     OutputOptions output;
 };
 
+std::string PlaceText(LineColumn where) {
+    if (where.line == 0) return {};
+    return ": line " + std::to_string(where.line) + ", column " + std::to_string(where.column);
+}
+
 Description DescriptionFor(const NewOptions& options) {
     Description description;
     if (!options.from.empty()) {
@@ -33,10 +39,12 @@ Description DescriptionFor(const NewOptions& options) {
             throw FileError(options.from +
                             ": describes several records; quillory catalog makes them all");
         }
-        if (!description.error.empty()) throw FileError(options.from + ": " + description.error);
+        if (!description.error.empty()) {
+            throw FileError(options.from + PlaceText(description.where) + ": " + description.error);
+        }
     }
     if (!options.record.workform.empty()) description.workform = options.record.workform;
-    AddCommandLine(options.record, ReadSets(options.record.sets), description);
+    AddCommandLine(ReadSets(options.record.sets), description);
     if (description.workform.empty()) {
         throw FileError("which workform? Name it by --workform; quillory workforms lists them");
     }
@@ -55,21 +63,23 @@ OutputOptions OutputFor(const NewOptions& options) {
     return output;
 }
 
+// What can't be done is told before a person is asked for the rest.
 Status MakeRecord(const NewOptions& options) {
     const Description description = DescriptionFor(options);
     Reporter reporter(options.quiet, true);
     NewRecords newRecords(reporter);
     RecordMaker& maker = newRecords.Maker();
     Draft draft = maker.Begin(description);
-    if (!options.noInput && IsPersonThere()) {
-        Prompter(std::cin, std::cerr, options.all)
-            .Fill(maker.PatternFor(description.workform), draft);
-    }
-    Item item;
-    item.number = 1;
-    item.record = maker.Finish(draft, description);
+    maker.Finish(draft, description);
     reporter.BeginFile("new record");
-    const ItemSource single = [&item](const auto& take) {
+    const ItemSource single = [&](const auto& take) {
+        if (!options.noInput && IsPersonThere()) {
+            Prompter(std::cin, std::cerr, options.all)
+                .Fill(maker.PatternFor(description.workform), draft);
+        }
+        Item item;
+        item.number = 1;
+        item.record = maker.Finish(draft, description);
         take(item);
         return kStatusWell;
     };
@@ -77,10 +87,16 @@ Status MakeRecord(const NewOptions& options) {
 }
 
 Status RunNew(const NewOptions& options) {
+    if (!options.from.empty()) {
+        CheckNotAnInput({options.from}, options.output.output);
+        CheckNotAnInput({options.from}, options.output.rejects);
+    }
     try {
         return MakeRecord(options);
     } catch (const EntryError& error) {
-        throw FileError(error.what());
+        const bool isOfFile = error.Where().line != 0;
+        throw FileError((isOfFile ? options.from + PlaceText(error.Where()) + ": " : "") +
+                        error.what());
     }
 }
 
@@ -89,7 +105,8 @@ Status RunNew(const NewOptions& options) {
 void AddNew(CLI::App& program, Run& run) {
     auto options = std::make_shared<NewOptions>();
     CLI::App* command = program.add_subcommand("new", "Make a record from a workform");
-    AddNewRecordOptions(*command, options->record);
+    AddNewRecordOptions(*command, options->record,
+                        "The workform, by its name or ID; that of --from if not given");
     command->add_option("--from", options->from, "A TOML file that describes the record");
     command->add_flag("--no-input", options->noInput, "Ask nothing, even on a terminal");
     command->add_flag("--all", options->all, "Ask for every subfield of the workform");

@@ -27,6 +27,29 @@ zorby::TemplateHolder FindWorkform(const WorkformCatalog& workforms, const std::
     }
 }
 
+bool IsSamePlace(const Entry& a, const Entry& b) {
+    return a.kind == b.kind && a.tag == b.tag && a.occurrence == b.occurrence &&
+           a.first == b.first && a.last == b.last;
+}
+
+// What was said of the place that is set; of one subfield in a table of several, only that.
+void TakeAway(const Entry& set, std::vector<Entry>& entries) {
+    const bool isSubfield = set.kind == EntryKind::Subfield && set.occurrence == 0;
+    for (Entry& entry : entries) {
+        const bool hasSubfields =
+            entry.kind == EntryKind::Subfield || entry.kind == EntryKind::Field;
+        if (isSubfield && hasSubfields && entry.tag == set.tag && entry.occurrence == 0) {
+            std::erase_if(entry.subfields, [&set](const SubfieldText& subfield) {
+                return subfield.code == set.subfields.front().code;
+            });
+        }
+    }
+    std::erase_if(entries, [&](const Entry& entry) {
+        const bool isEmpty = entry.kind == EntryKind::Subfield && entry.subfields.empty();
+        return isEmpty || (set.kind != EntryKind::Subfield && IsSamePlace(set, entry));
+    });
+}
+
 }  // namespace
 
 NewRecords::NewRecords(const Reporter& reporter)
@@ -34,14 +57,14 @@ NewRecords::NewRecords(const Reporter& reporter)
       maker_([this](const std::string& name) { return FindWorkform(workforms_, name); },
              LoadCodeLists, zorby::CurrentClockPort().LocalTime()) {}
 
-void AddNewRecordOptions(CLI::App& command, NewRecordOptions& options) {
-    command.add_option("-w,--workform", options.workform,
-                       "The workform of records that name none, by its name or ID");
+void AddNewRecordOptions(CLI::App& command, NewRecordOptions& options,
+                         const std::string& workformHelp) {
+    command.add_option("-w,--workform", options.workform, workformHelp);
     command
         .add_option("-s,--set", options.sets,
                     "What a record has: 245a=Title, 650=_0$aRivers, 008/22=j, language=eng")
-        ->option_text("PLACE=TEXT ...")
-        ->take_all();
+        ->option_text("PLACE=TEXT")
+        ->allow_extra_args(false);
 }
 
 std::vector<Entry> ReadSets(const std::vector<std::string>& sets) {
@@ -58,12 +81,8 @@ std::vector<Entry> ReadSets(const std::vector<std::string>& sets) {
     return entries;
 }
 
-void AddCommandLine(const NewRecordOptions& options, const std::vector<Entry>& sets,
-                    Description& description) {
-    if (description.workform.empty()) description.workform = options.workform;
-    std::erase_if(description.entries, [&sets](const Entry& entry) {
-        return std::ranges::find(sets, entry.place, &Entry::place) != sets.end();
-    });
+void AddCommandLine(const std::vector<Entry>& sets, Description& description) {
+    for (const Entry& set : sets) TakeAway(set, description.entries);
     description.entries.insert(description.entries.end(), sets.begin(), sets.end());
 }
 

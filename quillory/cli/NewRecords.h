@@ -18,7 +18,8 @@ struct NewRecordOptions {
     std::vector<std::string> sets;  // "245a=Title"
 };
 
-void AddNewRecordOptions(CLI::App& command, NewRecordOptions& options);
+void AddNewRecordOptions(CLI::App& command, NewRecordOptions& options,
+                         const std::string& workformHelp);
 
 // What new records are made from: settings, dictionaries and workforms, put in force as long as the
 // object lives, and a maker of records of today. Throws FileError.
@@ -36,9 +37,7 @@ private:
 // The entries of --set. Throws FileError for one that is none.
 std::vector<Entry> ReadSets(const std::vector<std::string>& sets);
 
-// Adds what the command line says; it goes before what the description says of the same place, but
-// for its workform.
-void AddCommandLine(const NewRecordOptions& options, const std::vector<Entry>& sets,
-                    Description& description);
+// Adds what the command line says, in the place of what the description says of the same.
+void AddCommandLine(const std::vector<Entry>& sets, Description& description);
 
 }  // namespace quillory

@@ -1,15 +1,11 @@
 #include <quillory/cli/Prompter.h>
 #include <quillory/exchange/QmText.h>
+#include <quillory/exchange/TagText.h>
 
 #include <string_view>
 
 namespace quillory {
 namespace {
-
-std::string TagText(unsigned tag) {
-    const std::string digits = std::to_string(tag);
-    return std::string(digits.size() < 3 ? 3 - digits.size() : 0, '0') + digits;
-}
 
 std::string PlaceOf(const Draft::Gap& gap) {
     return TagText(gap.tag) + "[" + std::to_string(gap.occurrence) + "]" + gap.code;
@@ -64,6 +60,7 @@ bool Prompter::Ask(const Pattern& pattern, const Draft::Gap& gap, std::string& a
             questions_ << "\n";
             return false;
         }
+        answer.erase(answer.find_last_not_of(" \t\r") + 1);
         if (answer != "?") return true;
         Help(pattern, gap);
     }

@@ -83,6 +83,13 @@ class New(NewRecords):
             self.assertIn(reason, err)
             self.assertFalse(output.exists())
 
+    def test_a_description_is_not_overwritten(self):
+        described = self.path("one.toml", b'workform = "1"\n245a = "T"\n')
+        for option in ("-o", "--rejects"):
+            _, err = self.made("new", "--from", described, option, described, status=2)
+            self.assertIn("would be overwritten", err)
+        self.assertTrue(described.read_bytes().startswith(b"workform"))
+
     def test_a_missing_data_file_is_named(self):
         os.environ["QUILLORY_DATA"] = str(self.folder)
         self.addCleanup(os.environ.pop, "QUILLORY_DATA")
@@ -153,11 +160,12 @@ class Catalog(NewRecords):
         out, err = self.made("catalog", source, "--rejects", rejects, status=1)
         self.assertEqual([self.field(record, b"245")[0] for record in records_of(out)],
                          [b"00\x1faone", b"00\x1fasix"])
-        for reason in ["many.toml: record 2 at byte ", "line 5, column 12: ",
-                       "line 6: 245a: a record has this field once",
-                       'line 8: workform: there is no workform "Boks"',
-                       '"xx1" is no code of 008/35-37']:
+        for reason in ["many.toml: record 2 at byte 66: ", "(byte 88, line 5, column 12)",
+                       "245a: a record has this field once (byte 107, line 7, column 8)",
+                       'workform: there is no workform "Boks"',
+                       '"xx1" is no code of 008/35-37 (Language)']:
             self.assertIn(reason, err)
+        self.assertEqual(err.count("\n"), 5)
         lines = text.splitlines(keepends=True)
         self.assertEqual(rejects.read_bytes().decode(), "".join(lines[3:11]))
 

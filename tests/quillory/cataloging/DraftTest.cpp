@@ -95,6 +95,9 @@ TEST_F(Drafts, SubfieldsFindTheirFields) {
         {245, {{"245", "12$cC$aA"}, {"100a", "N"}}, "12$cC$aA"},
         // Repeatable subfields repeat, others begin another field like the workform's.
         {264, {{"264a", "A"}, {"264a", "B"}}, "\\1$aA$aB"},
+        {264,
+         {{"264a", "A"}, {"264b", "B"}, {"264a", "C"}, {"264c", "9"}, {"264b", "D"}},
+         "\\1$aA$bB$aC$c9$bD"},
         {264, {{"264c", "1999"}, {"264[2]c", "1998"}}, "\\1$c1999|\\4$c1998"},
         {20, {{"020a", "1"}, {"020q", "x"}, {"020a", "2"}}, "\\\\$a1$qx|\\\\$a2"},
         {655, {{"655a", "A"}, {"655a", "B"}}, "\\7$aA$2lcgft|\\7$aB$2lcgft"},
@@ -105,6 +108,10 @@ TEST_F(Drafts, SubfieldsFindTheirFields) {
         {336, {{"336a", "still image"}}, "\\\\$astill image$2rdacontent"},
         {336, {{"336a", ""}, {"3362", ""}}, ""},
         {650, {{"650[2]a", ""}}, ""},
+        // What nobody has filled is no field.
+        {655, {{"655a", ""}}, ""},
+        {655, {{"655", ""}}, ""},
+        {776, {{"776i", "In:"}, {"776t", ""}}, "08$iIn:"},
         {650, {{"650[2]", "_1$aC"}}, "\\1$aC"},
         {776, {{"776t", "T"}}, "08$iPrint version:$tT"},
         // A field of the dictionary.
@@ -120,6 +127,10 @@ TEST_F(Drafts, WhatTheFormatDoesNotAllowIsSaid) {
         {{{"245a", "A"}, {"245a", "B"}}, "245a: a record has this field once"},
         {{{"245", "10$aA$aB"}, {"245", "10$aB"}}, "245: a record has this field once"},
         {{{"245[2]a", "B"}}, "245[2]a: a record has this field once"},
+        {{{"245[1]a", "A"}, {"245[1]a", "B"}}, "245[1]a: a field has $a once"},
+        {{{"245a", "A"}, {"245[1]", "10$aB"}}, "245[1]: something was said of this field before"},
+        {{{"001", "a"}, {"001", "b"}}, "001: a record has this field once"},
+        {{{"007[2]", "ta"}}, "007[2]: the record has not so many of these fields"},
         {{{"500[2]a", "B"}}, "500[2]a: so far there are 0 of these fields"},
         {{{"008/40", "x"}}, "008/40: the field has 40 characters"},
         {{{"008/38-39", "x"}}, "008/38-39: \"x\" is not 2 characters"},
@@ -147,6 +158,8 @@ TEST_F(Drafts, ControlFields) {
     EXPECT_EQ(date({{"264c", "[2021?]"}}), "260203s\\\\\\\\\\\\\\\\");
     EXPECT_EQ(date({{"264c", "2021"}, {"008/07-10", "1999"}}), "260203s1999\\\\\\\\");
     EXPECT_EQ(date({{"264c", "2021"}, {"008/06", "m"}}), "260203m\\\\\\\\\\\\\\\\");
+    EXPECT_EQ(date({{"264", "_4$c2018"}, {"264", "_1$aL$c2019"}}), "260203s2019\\\\\\\\");
+    EXPECT_EQ(Made({{"008", ""}}).find("=008"), std::string::npos);
     const std::string mrk = Made({{"007", "ta"}, {"001", "x"}, {"007", "cr"}, {"007[2]/01", "o"}});
     EXPECT_NE(mrk.find("=001  x\n=007  ta\n=007  co\n=008"), mrk.npos) << mrk;
 }
