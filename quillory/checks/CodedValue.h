@@ -5,7 +5,7 @@
 #include <array>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 namespace quillory {
 
@@ -28,7 +28,7 @@ private:
     bool LookUp(const Element& element, std::string_view value) const;
 
     const CodeLists& lists_;
-    std::unordered_map<const Element*, std::array<Answer, 256>> answers_;
+    std::vector<std::array<Answer, 256>> answers_;  // by the number of an element's first part
 };
 
 // What a value says, in UTF-8; several codes with "; " between them. Empty if nothing is known.

@@ -32,6 +32,10 @@ std::string_view WithoutZeros(const std::string& field, std::string& copy) {
 // Takes what the library made of a field; what it left alone stays as it was.
 void Take(const std::string& repaired, std::string& field) {
     const std::size_t size = std::min(field.size(), repaired.size());
+    if (field.find('\0') == field.npos) {
+        repaired.copy(field.data(), size);
+        return;
+    }
     for (std::size_t i = 0; i < size; ++i) {
         if (field[i] != '\0' || repaired[i] != kInsteadOfZero) field[i] = repaired[i];
     }

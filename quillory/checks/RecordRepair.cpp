@@ -134,7 +134,7 @@ void RecordRepairer::Protect(CodedField& field) {
         const std::string_view last = ValueAt(field.last, element, first);
         const std::string after(ValueAt(field.after, element, first));
         const std::string kept = allowed_.Protected(element, last, after);
-        field.after.replace(first, kept.size(), kept);
+        kept.copy(field.after.data() + first, kept.size());
         const bool isGiven = first < field.given.size();
         if (kept == last && isGiven) TellElement(RepairKind::Kept, field, element, last, after);
     });
@@ -191,8 +191,13 @@ void RecordRepairer::TellReplaced() {
 
 void RecordRepairer::TellElement(RepairKind kind, const CodedField& field, const Element& element,
                                  std::string_view before, std::string_view after) {
-    repairs_.push_back({kind, field.Tag(), field.occurrence, &element, std::string(before),
-                        std::string(after), ""});
+    Repair& repair = repairs_.emplace_back();
+    repair.kind = kind;
+    repair.field = field.Tag();
+    repair.occurrence = field.occurrence;
+    repair.element = &element;
+    repair.before = before;
+    repair.after = after;
 }
 
 void RecordRepairer::TellField(RepairKind kind, const CodedField& field,

@@ -4,8 +4,8 @@
 #include <zorby/controlfields/OffsetTables.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
-#include <map>
 
 namespace quillory {
 namespace {
@@ -45,13 +45,33 @@ std::vector<Element> MakeElements(CFType form) {
     return elements;
 }
 
-std::map<CFType, std::vector<Element>> MakeAll() {
-    std::map<CFType, std::vector<Element>> all;
-    for (const CFType form : {CFLdr, CF008Standard}) all[form] = MakeElements(form);
+struct Form {
+    std::vector<Element> elements;
+    int length = 0;
+};
+
+// By the number of the form.
+std::vector<Form> MakeAll() {
+    std::vector<Form> all;
+    const auto add = [&all](CFType type) {
+        const auto number = static_cast<std::size_t>(type);
+        if (number >= all.size()) all.resize(number + 1);
+        Form& form = all[number];
+        form.elements = MakeElements(type);
+        for (const Element& e : form.elements) form.length = std::max(form.length, e.last + 1);
+    };
+    for (const CFType form : {CFLdr, CF008Standard}) add(form);
     for (const auto& forms : {FormsOf006(), FormsOf007()}) {
-        for (const CFType form : forms) all[form] = MakeElements(form);
+        for (const CFType form : forms) add(form);
     }
     return all;
+}
+
+const Form& FormOf(CFType type) {
+    static const std::vector<Form> all = MakeAll();
+    static const Form none;
+    const auto number = static_cast<std::size_t>(type);  // a negative one is beyond all
+    return number < all.size() ? all[number] : none;
 }
 
 std::string FieldOf(const Element& element, bool in008) {
@@ -63,10 +83,7 @@ std::string FieldOf(const Element& element, bool in008) {
 }  // namespace
 
 const std::vector<Element>& ElementsOf(CFType form) {
-    static const std::map<CFType, std::vector<Element>> all = MakeAll();
-    static const std::vector<Element> none;
-    const auto found = all.find(form);
-    return found == all.end() ? none : found->second;
+    return FormOf(form).elements;
 }
 
 const Element& CombinedFormOfItem() {
@@ -86,9 +103,7 @@ const Element* ElementOfPart(CFPart part) {
 }
 
 int LengthOfForm(CFType form) {
-    int length = 0;
-    for (const Element& element : ElementsOf(form)) length = std::max(length, element.last + 1);
-    return length;
+    return FormOf(form).length;
 }
 
 bool IsFormOf006(CFType form) {

@@ -1,6 +1,7 @@
 #include <quillory/coded/Material.h>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 namespace quillory {
@@ -47,7 +48,7 @@ constexpr std::string_view kContinuingLevels = "bis";
 // Archival and manuscripts control, until 1995: mixed materials since.
 constexpr char kArchivalType = 'b';
 
-bool Is006(CFType type) {
+constexpr bool Is006(CFType type) {
     return CF006None < type && type < CF007None;
 }
 
@@ -57,13 +58,24 @@ const Form* FindForm(CFType type) {
     return form == std::end(kForms) ? nullptr : form;
 }
 
-CFType FormOfLetter(std::string_view field, bool of006, CFType none) {
-    if (field.empty()) return none;
+using FormsByLetter = std::array<CFType, 256>;
+
+constexpr FormsByLetter MakeFormsByLetter(bool of006, CFType none) {
+    FormsByLetter forms{};
+    forms.fill(none);
     for (const Form& form : kForms) {
-        const bool isCandidate = of006 ? Is006(form.type) : form.type > CF007None;
-        if (isCandidate && form.letters.find(field.front()) != form.letters.npos) return form.type;
+        if (of006 ? !Is006(form.type) : form.type <= CF007None) continue;
+        for (const char letter : form.letters)
+            forms[static_cast<unsigned char>(letter)] = form.type;
     }
-    return none;
+    return forms;
+}
+
+constexpr FormsByLetter kFormsOf006 = MakeFormsByLetter(true, CF006None);
+constexpr FormsByLetter kFormsOf007 = MakeFormsByLetter(false, CF007None);
+
+CFType FormOfLetter(std::string_view field, const FormsByLetter& forms) {
+    return forms[field.empty() ? 0 : static_cast<unsigned char>(field.front())];
 }
 
 std::vector<CFType> FormsBetween(CFType first, CFType last) {
@@ -80,7 +92,7 @@ CFType MaterialOfLeader(std::string_view leader) {
     if (leader.size() <= kBibliographicLevel) return CF006None;
     if (leader[kTypeOfRecord] == kArchivalType) return CF006Mixed;
     // In the Leader no type is a serial's: that is told by the level.
-    const CFType form = FormOfLetter(leader.substr(kTypeOfRecord, 1), true, CF006None);
+    const CFType form = FormOfLetter(leader.substr(kTypeOfRecord, 1), kFormsOf006);
     if (form == CF006Continuing) return CF006None;
     const bool isContinuing =
         kContinuingLevels.find(leader[kBibliographicLevel]) != kContinuingLevels.npos;
@@ -88,11 +100,11 @@ CFType MaterialOfLeader(std::string_view leader) {
 }
 
 CFType MaterialOf006(std::string_view field006) {
-    return FormOfLetter(field006, true, CF006None);
+    return FormOfLetter(field006, kFormsOf006);
 }
 
 CFType CategoryOf007(std::string_view field007) {
-    return FormOfLetter(field007, false, CF007None);
+    return FormOfLetter(field007, kFormsOf007);
 }
 
 const std::vector<CFType>& FormsOf006() {

@@ -29,9 +29,10 @@ void Blank(Buffer& buffer, std::size_t size) {
 // "#" is the display form of a blank.
 template <class Buffer>
 void Fill(Buffer& buffer, std::size_t size, std::string_view text) {
-    Blank(buffer, size);
-    std::replace_copy(text.begin(), text.begin() + std::min(size, text.size()), buffer.begin(), '#',
-                      detail::kBlank);
+    char* const begin = buffer.data();
+    char* const end = begin + text.copy(begin, size);
+    std::fill(end, begin + size, detail::kBlank);
+    if (text.find('#') != text.npos) std::replace(begin, end, '#', detail::kBlank);
 }
 
 template <class Buffer>
@@ -173,18 +174,23 @@ std::string CCFMainMaterial::GetField007() const {
 }
 
 std::string CCFMainMaterial::GetField008() const {
-    std::string field(Bytes(field008_, k008Size));
+    std::string field;
+    CopyField008(field);
+    return field;
+}
+
+void CCFMainMaterial::CopyField008(std::string& field) const {
+    field = Bytes(field008_, k008Size);
     const std::string_view section = Bytes(image006_, k006Size).substr(1);
     section.copy(field.data() + kFrom006To008 + 1, section.size());
     field.resize(static_cast<std::size_t>(length008_));
-    return field;
 }
 
 void CCFMainMaterial::GetAll(std::string& leader, std::string& field007, std::string& field008,
                              std::string& second006) const {
     leader = Bytes(leader_, kLeaderSize);
     field007 = Field007();
-    field008 = GetField008();
+    CopyField008(field008);
     second006 = second006_;
 }
 

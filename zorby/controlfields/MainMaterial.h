@@ -125,6 +125,7 @@ private:
     int GetCombinedFormOfItem(std::string& text) const;
     int SetCombinedFormOfItem(std::string_view text);
     std::string_view Field007() const;
+    void CopyField008(std::string& field) const;
     std::size_t BlockLength() const;
     void Store(CArchive& archive) const;
     void Load(CArchive& archive, bool withSecond006);

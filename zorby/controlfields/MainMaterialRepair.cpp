@@ -11,6 +11,12 @@ using detail::RepairTask;
 
 constexpr std::size_t kFormOfItem008 = 23;
 
+// Without the date of today, which no element takes.
+std::string Undated008(CFType type006, CFType type007) {
+    const CTemplate* workform = CTemplateList::GetTemplate(type006, type007);
+    return workform == nullptr ? "" : workform->GetMainMaterial().GetField008();
+}
+
 }  // namespace
 
 void CCFMainMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback, void* context,
@@ -24,7 +30,7 @@ void CCFMainMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback, v
     task.buffer = {leader_.data(), kLeaderSize};
     CheckPartsAgainstDefaults(task);
 
-    task.defaultText = [=] { return CTemplateList::Default008(type006, type007); };
+    task.defaultText = [=] { return Undated008(type006, type007); };
     task.table = table008_;
     task.buffer = {field008_.data(), k008Size};
     CheckPartsAgainstDefaults(task);

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 namespace zorby {
 namespace {
@@ -32,11 +31,19 @@ int FindCombinedCode(const CodeList& menu, std::string_view code) {
     return -1;
 }
 
+// As strncmp, which takes longer for the two or three bytes of a code.
+int ComparePrefix(const char* item, std::string_view code) {
+    for (const char byte : code) {
+        const int difference = static_cast<unsigned char>(*item) - static_cast<unsigned char>(byte);
+        if (difference != 0 || byte == '\0') return difference;
+        ++item;
+    }
+    return 0;
+}
+
 int FindPrefix(const CodeList& menu, std::string_view code) {
     if (code.empty()) return 0;
-    const auto compare = [&](std::uint16_t index) {
-        return std::strncmp(menu.Item(index), code.data(), code.size());
-    };
+    const auto compare = [&](std::uint16_t index) { return ComparePrefix(menu.Item(index), code); };
     const std::uint16_t* end = menu.byCode + menu.count;
     const std::uint16_t* first = std::partition_point(
         menu.byCode, end, [&](std::uint16_t index) { return compare(index) < 0; });

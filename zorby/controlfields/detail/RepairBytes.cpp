@@ -5,30 +5,50 @@
 #include <zorby/controlfields/detail/RepairRules.h>
 
 #include <algorithm>
-#include <array>
-#include <bitset>
-#include <cstdint>
 #include <iterator>
-#include <vector>
+#include <string>
 
 namespace zorby::detail {
 namespace {
 
-using ByteSet = std::bitset<256>;
+constexpr std::size_t kLongestCode = 6;
 
-void Add(std::string_view bytes, ByteSet& set) {
+void Add(std::string_view bytes, std::bitset<256>& set) {
     for (const char byte : bytes) set.set(static_cast<unsigned char>(byte));
 }
 
+bool IsOfSeveralCodes(CFPart part) {
+    return std::find(std::begin(kPartsOfSeveralCodes), std::end(kPartsOfSeveralCodes), part) !=
+           std::end(kPartsOfSeveralCodes);
+}
+
+// Whether an element goes by more than the code menu.
+bool HasRule(CFPart part) {
+    const auto isOfPart = [part](const auto& row) { return row.part == part; };
+    return std::find(std::begin(kPartsWithOwnRules), std::end(kPartsWithOwnRules), part) !=
+               std::end(kPartsWithOwnRules) ||
+           std::any_of(std::begin(kPartsByMaterial), std::end(kPartsByMaterial), isOfPart) ||
+           std::any_of(std::begin(kValuesByMaterial), std::end(kValuesByMaterial), isOfPart) ||
+           std::any_of(std::begin(kForcedValues), std::end(kForcedValues), isOfPart) ||
+           std::any_of(std::begin(kKeptBytes), std::end(kKeptBytes), isOfPart);
+}
+
+// Element and code in one number.
+std::uint64_t KeyOf(CFPart part, std::string_view code) {
+    auto key = static_cast<std::uint64_t>(part);
+    for (const char byte : code) key = key << 8 | static_cast<unsigned char>(byte);
+    return key;
+}
+
+}  // namespace
+
 // The codes of a menu as they stand in an element, if each of them is one byte of it; all bytes for
 // an element that has none, and is left alone.
-ByteSet CodesOf(CFPart part) {
+ValidValues::ByteSet ValidValues::CodesOfOneByte(CFPart part) {
     ByteSet set;
     const CCFMenuData menu(part);
     if (menu.GetMenuTitle() == nullptr) return set.set();
-    const bool isOfSeveral =
-        std::find(std::begin(kPartsOfSeveralCodes), std::end(kPartsOfSeveralCodes), part) !=
-        std::end(kPartsOfSeveralCodes);
+    const bool isOfSeveral = IsOfSeveralCodes(part);
     if (!isOfSeveral && WidthOfPart(part) != 1) return set;
     for (int byte = 0; byte < 256; ++byte) {
         const char code = static_cast<char>(byte);
@@ -38,48 +58,37 @@ ByteSet CodesOf(CFPart part) {
     return set;
 }
 
-class ValidBytes {
-public:
-    ValidBytes() {
-        for (std::size_t number = 1; number < sets_.size(); ++number) {
-            const auto part = static_cast<CFPart>(number);
-            if (!HasRule(part)) sets_[number] = CodesOf(part);
-        }
-        for (const KeptBytes& row : kKeptBytes) Add(row.kept, sets_[IndexOf(row.part)]);
-        // Of a forced value all bytes are the same.
-        for (const ForcedValue& row : kForcedValues) Add(row.value, sets_[IndexOf(row.part)]);
+// Codes as wide as their element.
+void ValidValues::AddLongCodes(CFPart part) {
+    const CCFMenuData menu(part);
+    const auto width = static_cast<std::size_t>(WidthOfPart(part));
+    if (width < 2 || width > kLongestCode || IsOfSeveralCodes(part)) return;
+    std::string code;
+    for (int index = 0; index < menu.GetCount(); ++index) {
+        menu.GetCodeFromIndex(index, code);
+        if (code.size() == width) codes_.insert(KeyOf(part, code));
     }
+}
 
-    const ByteSet& Of(CFPart part) const { return sets_[IndexOf(part)]; }
-
-private:
-    // One that goes by more than the bytes and the code menu.
-    static bool HasRule(CFPart part) {
-        const auto isOfPart = [part](const auto& row) { return row.part == part; };
-        return std::find(std::begin(kPartsWithOwnRules), std::end(kPartsWithOwnRules), part) !=
-                   std::end(kPartsWithOwnRules) ||
-               std::any_of(std::begin(kPartsByMaterial), std::end(kPartsByMaterial), isOfPart) ||
-               std::any_of(std::begin(kValuesByMaterial), std::end(kValuesByMaterial), isOfPart) ||
-               std::any_of(std::begin(kForcedValues), std::end(kForcedValues), isOfPart) ||
-               std::any_of(std::begin(kKeptBytes), std::end(kKeptBytes), isOfPart);
+ValidValues::ValidValues() {
+    for (std::size_t number = 1; number < kSize; ++number) {
+        const auto part = static_cast<CFPart>(number);
+        if (HasRule(part)) continue;
+        bytes_[number] = CodesOfOneByte(part);
+        AddLongCodes(part);
     }
+    for (const KeptBytes& row : kKeptBytes) Add(row.kept, bytes_[IndexOf(row.part)]);
+    // Of a forced value all bytes are the same.
+    for (const ForcedValue& row : kForcedValues) Add(row.value, bytes_[IndexOf(row.part)]);
+}
 
-    // Undefined positions come first; no element that is tested lies beyond.
-    static std::size_t IndexOf(CFPart part) {
-        return part > 0 && part < static_cast<int>(kSize) ? static_cast<std::size_t>(part) : 0;
-    }
+const ValidValues& ValidValues::Get() {
+    static const ValidValues values;
+    return values;
+}
 
-    static constexpr std::size_t kSize = CFPCombinedFormOfItem;
-    std::vector<ByteSet> sets_ = std::vector<ByteSet>(kSize);
-};
-
-}  // namespace
-
-bool HasOnlyValidBytes(CFPart part, std::string_view bytes) {
-    static const ValidBytes validBytes;
-    const ByteSet& set = validBytes.Of(part);
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [&](char byte) { return set[static_cast<unsigned char>(byte)]; });
+bool ValidValues::HasCode(CFPart part, std::string_view code) const {
+    return code.size() <= kLongestCode && codes_.contains(KeyOf(part, code));
 }
 
 }  // namespace zorby::detail

@@ -2,13 +2,47 @@
 
 #include <zorby/controlfields/CFPart.h>
 
+#include <algorithm>
+#include <bitset>
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
+#include <unordered_set>
+#include <vector>
 
 namespace zorby::detail {
 
-// Whether a repair would surely leave the bytes of an element as they are, told by each of them
-// alone, without material or default. False says nothing. This is an index over code menus and
-// rules, for speed: most elements of most records are valid.
-bool HasOnlyValidBytes(CFPart part, std::string_view bytes);
+// Which values of elements a repair would surely leave as they are, without material or default: an
+// index over code menus and rules, for speed, since most elements of most records are valid.
+class ValidValues {
+public:
+    static const ValidValues& Get();
+
+    // False says nothing.
+    bool Has(CFPart part, std::string_view bytes) const {
+        const ByteSet& set = bytes_[IndexOf(part)];
+        const bool isByBytes = std::all_of(bytes.begin(), bytes.end(), [&](char byte) {
+            return set[static_cast<unsigned char>(byte)];
+        });
+        return isByBytes || (bytes.size() > 1 && HasCode(part, bytes));
+    }
+
+private:
+    using ByteSet = std::bitset<256>;
+
+    ValidValues();
+    bool HasCode(CFPart part, std::string_view code) const;
+    static ByteSet CodesOfOneByte(CFPart part);
+    void AddLongCodes(CFPart part);
+
+    // Undefined positions come first; no element that is tested lies beyond.
+    static std::size_t IndexOf(CFPart part) {
+        return part > 0 && part < static_cast<int>(kSize) ? static_cast<std::size_t>(part) : 0;
+    }
+
+    static constexpr std::size_t kSize = CFPCombinedFormOfItem;
+    std::vector<ByteSet> bytes_ = std::vector<ByteSet>(kSize);  // each valid by itself
+    std::unordered_set<std::uint64_t> codes_;                   // of several bytes, with their part
+};
 
 }  // namespace zorby::detail

@@ -46,7 +46,12 @@ std::string KeepBytes(std::string_view current, std::string_view kept, char othe
     return fix;
 }
 
-// Checks the elements of one field.
+std::span<char> BytesOf(const tagCFOFFSETENTRY& row, std::span<char> buffer) {
+    return buffer.subspan(static_cast<std::size_t>(row.first),
+                          static_cast<std::size_t>(row.Width()));
+}
+
+// Checks elements of one field that lie in its buffer.
 class PartChecker {
 public:
     explicit PartChecker(const RepairTask& task) : task_(task) {}
@@ -82,10 +87,8 @@ private:
 void PartChecker::Check(const tagCFOFFSETENTRY& row) {
     row_ = row;
     part_ = row.part;
-    if (static_cast<std::size_t>(row.last) >= task_.buffer.size()) return;
-    bytes_ = task_.buffer.subspan(static_cast<std::size_t>(row.first),
-                                  static_cast<std::size_t>(row.Width()));
-    if (HasOnlyValidBytes(part_, Current()) || !IsTested()) return;
+    bytes_ = BytesOf(row, task_.buffer);
+    if (!IsTested()) return;
     part_ = PartForMaterial();
     const CCFMenuData menu(part_);
     if (menu.GetMenuTitle() != nullptr) {
@@ -195,9 +198,14 @@ std::string PartChecker::FixOfRunningTime() const {
 
 void CheckPartsAgainstDefaults(const RepairTask& task) {
     if (task.table == nullptr) return;
+    const ValidValues& validValues = ValidValues::Get();
     PartChecker checker(task);
     const tagCFOFFSETENTRY* row = task.table + (task.firstRow == FirstRow::Skipped ? 1 : 0);
-    for (; row->part != CFPEndOfTable; ++row) checker.Check(*row);
+    for (; row->part != CFPEndOfTable; ++row) {
+        if (static_cast<std::size_t>(row->last) >= task.buffer.size()) continue;
+        const std::span<char> bytes = BytesOf(*row, task.buffer);
+        if (!validValues.Has(row->part, {bytes.data(), bytes.size()})) checker.Check(*row);
+    }
 }
 
 }  // namespace zorby::detail
