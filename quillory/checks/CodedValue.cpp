@@ -28,14 +28,21 @@ std::string AllowedValues::Protected(const Element& element, std::string_view be
     if (Allows(element, before)) return std::string(before);
     std::string value(after);
     const auto length = static_cast<std::size_t>(std::max(lists_.CodeLengthOf(element), 1));
-    if (element.IsUndefined() || length >= before.size()) return value;
+    if (element.IsUndefined() || length >= before.size()) return AllowedOrFill(element, value);
     for (std::size_t i = 0; i + length <= before.size(); i += length) {
         const std::string_view code = before.substr(i, length);
         const bool isKept =
             !IsAll(code, ' ') && lists_.StateOf(element, code) != CodeState::Unknown;
         value.replace(i, length, isKept ? std::string(code) : std::string(length, ' '));
     }
-    return IsAll(value, ' ') ? std::string(after) : value;
+    return AllowedOrFill(element, IsAll(value, ' ') ? std::string(after) : value);
+}
+
+// The library's default may be a code that the format has not.
+std::string AllowedValues::AllowedOrFill(const Element& element, const std::string& value) {
+    if (Allows(element, value)) return value;
+    std::string fill(value.size(), kFill);
+    return Allows(element, fill) ? fill : value;
 }
 
 std::string ValueText(const CodeLists& lists, const Element& element, std::string_view value) {

@@ -59,6 +59,17 @@ bool LibraryRepair::Additional::GoesWith(CFType category) const {
     return Belongs007To(field006->form, bytes.front(), bytes, category);
 }
 
+// Of a map, 008/23 belongs to the projection, and the library would take it for the form of item of
+// a microform.
+void LibraryRepair::RepairMap(MaterialType material, const MainFields& fields) {
+    std::string leader = fields.leader;
+    std::string field008 = fields.field008;
+    if (field008.size() > kFormOfItem008) field008[kFormOfItem008] = ' ';
+    RepairMain(material, CF006Map, {leader, field008, fields.field007});
+    std::string none;
+    RepairMain(material, CF006Map, {fields.leader, fields.field008, none});
+}
+
 void LibraryRepair::RepairMain(MaterialType material, CFType form, const MainFields& fields) {
     const bool has008 = fields.field008.size() > kFormOfItem008;
     const char formOfItem = has008 ? fields.field008[kFormOfItem008] : ' ';
@@ -139,8 +150,12 @@ void LibraryRepair::Run(CodedFields& fields) {
         }
     }
     std::string& bytes007 = main007 == nullptr ? none_ : main007->after;
-    RepairMain(MaterialOf(form, typeOfRecord, section, bytes007), form,
-               {leader, bytes008, bytes007});
+    const MaterialType material = MaterialOf(form, typeOfRecord, section, bytes007);
+    if (form == CF006Map) {
+        RepairMap(material, {leader, bytes008, bytes007});
+    } else {
+        RepairMain(material, form, {leader, bytes008, bytes007});
+    }
     for (const Additional& one : additional_) Repair(one);
 }
 

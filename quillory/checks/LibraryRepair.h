@@ -34,6 +34,7 @@ private:
     };
 
     void AddFurther(CodedField& field007);
+    void RepairMap(zorby::MaterialType material, const MainFields& fields);
     void RepairMain(zorby::MaterialType material, zorby::CFType form, const MainFields& fields);
     void RepairMicroform(std::string& field007);
     void Repair(const Additional& additional);

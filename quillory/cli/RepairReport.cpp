@@ -69,8 +69,12 @@ RepairReport::RepairReport(const std::string& path, const CodeLists& lists, Repo
 const std::string& RepairReport::KindOf(const Repair& repair) {
     std::string& kind = kinds_[{repair.element, repair.field}];
     if (!kind.empty()) return kind;
-    kind = repair.element == nullptr ? std::string(repair.field) + " as a whole"
-                                     : repair.Place() + " " + NameOf(repair);
+    if (repair.element != nullptr) {
+        kind = repair.Place() + " " + NameOf(repair);
+    } else {
+        kind = repair.field.empty() ? "records that can't be repaired"
+                                    : std::string(repair.field) + " as a whole";
+    }
     return kind;
 }
 

@@ -145,6 +145,16 @@ TEST_F(RecordRepair, GivesFieldsTheLengthOfTheFormat) {
     EXPECT_EQ(fields[2].second, "ta");
 }
 
+TEST_F(RecordRepair, MakesNoCodeThatTheFormatHasNot) {
+    Fields online = {{"007", "cr c a"}, {"008", With(kBook, 35, "eng")}};
+    Repaired("00000nmm a2200000 i 4500", online);
+    EXPECT_EQ(online[0].second, "cr c|a||||||||");
+    // The second byte of a projection is no form of item.
+    Fields globe = {{"007", "db cen"}, {"008", With(kBook, 22, "bb")}};
+    Repaired("00000nem a2200000 i 4500", globe, {.strict = true});
+    EXPECT_EQ(globe[0].second, "db cen");
+}
+
 TEST_F(RecordRepair, FurtherMaterialsByTheirOwnFormats) {
     struct Case {
         std::string leader6;
@@ -253,11 +263,17 @@ TEST_F(RecordRepair, OfAnyBytesIsDoneAtOnce) {
     for (int round = 0; round < 4000; ++round) {
         std::string leader = bytes(24);
         leader[6] = "acdefgijkmoprt"[random() % 14];
+        const bool isGlobe = leader[6] == 'e';
         Fields fields = {{"001", bytes(3)}, {"245", bytes(20)}};
         for (const char* tag : {"006", "006", "007", "007", "007"}) {
             if (random() % 2 == 0) fields.emplace_back(tag, bytes(random() % 25));
         }
         fields.emplace_back("008", bytes(random() % 3 == 0 ? random() % 50 : 40));
+        if (isGlobe) {
+            fields.back().second.resize(40, 'b');
+            fields.back().second[23] = "abc"[random() % 3];
+            fields.emplace_back("007", "d" + bytes(5));
+        }
         for (const bool strict : {false, true}) {
             Fields once = fields;
             Repaired(leader, once, {strict});
