@@ -132,11 +132,11 @@ void RecordRepairer::Protect(CodedField& field) {
     ForEachElement(field, form008_, [&](const Element& element, std::size_t first) {
         if (IsSameAt(field.last, field.after, element, first)) return;
         const std::string_view last = ValueAt(field.last, element, first);
-        const std::string after(ValueAt(field.after, element, first));
+        const std::string_view after = ValueAt(field.after, element, first);
         const std::string kept = allowed_.Protected(element, last, after);
-        kept.copy(field.after.data() + first, kept.size());
         const bool isGiven = first < field.given.size();
         if (kept == last && isGiven) TellElement(RepairKind::Kept, field, element, last, after);
+        kept.copy(field.after.data() + first, kept.size());
     });
 }
 
