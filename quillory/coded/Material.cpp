@@ -65,8 +65,9 @@ constexpr FormsByLetter MakeFormsByLetter(bool of006, CFType none) {
     forms.fill(none);
     for (const Form& form : kForms) {
         if (of006 ? !Is006(form.type) : form.type <= CF007None) continue;
-        for (const char letter : form.letters)
+        for (const char letter : form.letters) {
             forms[static_cast<unsigned char>(letter)] = form.type;
+        }
     }
     return forms;
 }
