@@ -1,5 +1,6 @@
 #include <quillory/cli/Dictionary.h>
 #include <quillory/exchange/QmText.h>
+#include <quillory/exchange/TagText.h>
 #include <quillory/holdings/HoldingsSystem.h>
 #include <zorby/charset/Compare.h>
 #include <zorby/format/MARCFormat.h>
@@ -7,7 +8,6 @@
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <sstream>
 #include <vector>
 
@@ -16,12 +16,6 @@ namespace {
 
 using zorby::CMARCFormat;
 using zorby::EDISPLAYOPTIONS;
-
-std::string TagText(unsigned tag) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%03u", tag);
-    return text;
-}
 
 std::string Indicator(char value) {
     return std::string(1, value == '_' ? '#' : value);

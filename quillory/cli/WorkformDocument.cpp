@@ -1,23 +1,17 @@
 #include <quillory/cli/CodedDocument.h>
 #include <quillory/cli/WorkformDocument.h>
 #include <quillory/exchange/QmText.h>
+#include <quillory/exchange/TagText.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/workforms/TemplateList.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <map>
 
 namespace quillory {
 namespace {
 
 using zorby::CTemplate;
-
-std::string TagText(unsigned tag) {
-    char text[16];
-    std::snprintf(text, sizeof text, "%03u", tag);
-    return text;
-}
 
 std::string Character(char c) {
     return QmToUtf8({&c, 1});
