@@ -4,13 +4,7 @@ namespace quillory {
 
 std::string ReadDescriptionFile(const std::string& path) {
     Input input(path);
-    std::string text;
-    for (;;) {
-        const std::string_view window = input.Peek(1);
-        if (window.empty()) break;
-        text += window;
-        input.Skip(window.size());
-    }
+    std::string text = ReadWhole(input);
     if (text.empty()) throw FileError(path + ": an empty file");
     return text;
 }

@@ -61,17 +61,6 @@ Status RunExport(const ExportOptions& options) {
     return kStatusWell;
 }
 
-std::string ContentOf(const std::string& file) {
-    constexpr std::size_t kChunk = std::size_t{1} << 16;
-    Input input(file);
-    std::string content;
-    for (std::string_view chunk = input.Peek(kChunk); !chunk.empty(); chunk = input.Peek(kChunk)) {
-        content += chunk;
-        input.Skip(chunk.size());
-    }
-    return content;
-}
-
 // Why a workform can't be imported; empty if it can.
 std::string Hindrance(const FiledWorkform& workform, bool force, const WorkformStore& store,
                       std::set<std::string>& names) {
@@ -116,8 +105,9 @@ void SaveAll(const std::vector<FiledWorkform>& workforms, const ImportOptions& o
 Status RunImport(const ImportOptions& options) {
     LoadSettings();
     if (!LoadWorkforms()) return kStatusFailed;
-    const std::string content = ContentOf(options.file);
-    const std::vector<FiledWorkform> workforms = ParseWorkformFile(content, options.file);
+    Input input(options.file);
+    const std::vector<FiledWorkform> workforms =
+        ParseWorkformFile(ReadWhole(input), options.file);
     const Database database = OpenStore();
     WorkformCatalog catalog(database);
     const Reporter reporter(false, true);

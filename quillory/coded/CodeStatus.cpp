@@ -142,12 +142,7 @@ const PublishedCode* PublishedElement::Find(std::string_view code) const {
 
 CodeStatus::CodeStatus(const std::string& path) {
     Input input(path);
-    std::string text;
-    for (std::string_view window = input.Peek(1); !window.empty(); window = input.Peek(1)) {
-        text += window;
-        input.Skip(window.size());
-    }
-    Add(text, path);
+    Add(ReadWhole(input), path);
     if (elements_.empty()) throw FileError(path + ": has no codes");
 }
 

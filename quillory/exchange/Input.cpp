@@ -141,4 +141,14 @@ void Input::Skip(std::size_t size) {
     offset_ += taken;
 }
 
+std::string ReadWhole(Input& input) {
+    std::string bytes;
+    for (;;) {
+        const std::string_view window = input.Peek(1);
+        if (window.empty()) return bytes;
+        bytes += window;
+        input.Skip(window.size());
+    }
+}
+
 }  // namespace quillory

@@ -62,4 +62,7 @@ private:
     std::unique_ptr<Unpacker> unpacker_;
 };
 
+// All bytes from the place reached to the end. Throws FileError.
+std::string ReadWhole(Input& input);
+
 }  // namespace quillory

@@ -10,9 +10,6 @@ namespace {
 constexpr std::string_view kInsert =
     "INSERT INTO records (control_number, title, title_key, type, workform, bytes, added, changed)"
     " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?7)";
-constexpr std::string_view kUpdate =
-    "UPDATE records SET (control_number, title, title_key, type, workform, bytes, changed)"
-    " = (?1, ?2, ?3, ?4, ?5, ?6, ?7) WHERE id = ?8";
 constexpr std::string_view kSelect =
     "SELECT id, control_number, title, type, added, changed, workform, bytes FROM records";
 
@@ -80,14 +77,6 @@ IdRange RecordStore::AddAll(std::span<const NewRecord> records) {
     for (const NewRecord& record : records.subspan(1)) ids.last = Add(record);
     transaction.Commit();
     return ids;
-}
-
-bool RecordStore::Replace(std::int64_t id, const NewRecord& record) {
-    const std::string folded = Folded(record.summary.title);
-    Statement update = database_.Prepare(kUpdate);
-    BindRecord(update, record, TitleKeyOf(folded));
-    update.Bind(8, id).Run();
-    return database_.Changes() > 0;
 }
 
 bool RecordStore::Delete(std::int64_t id) {

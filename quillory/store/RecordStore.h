@@ -58,8 +58,7 @@ public:
     std::int64_t Add(const NewRecord& record);
     // At least one, all or none. Their IDs follow each other.
     IdRange AddAll(std::span<const NewRecord> records);
-    // False if there is no such record. Its ID and the time that it was added stay.
-    bool Replace(std::int64_t id, const NewRecord& record);
+    // False if there is no such record.
     bool Delete(std::int64_t id);
 
     std::optional<StoredRecord> Find(std::int64_t id) const;

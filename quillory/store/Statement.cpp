@@ -96,8 +96,4 @@ std::string_view Statement::Bytes(int column) const {
                             : std::string_view(static_cast<const char*>(bytes), size);
 }
 
-bool Statement::IsNull(int column) const {
-    return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
-}
-
 }  // namespace quillory

@@ -31,7 +31,6 @@ public:
     // Columns of the row at hand are counted from 0. The views hold until the next Step.
     std::int64_t Number(int column) const;
     std::string_view Bytes(int column) const;  // of a text, too; empty for null
-    bool IsNull(int column) const;
 
 private:
     struct Finalizer {

@@ -24,16 +24,10 @@ std::unique_ptr<Compiler> MakeCompiler(Kind kind, Faults& faults) {
     return std::make_unique<HoldingsCompiler>(faults);
 }
 
-std::string ReadWhole(const std::string& path, const std::string& output) {
+std::string ContentOf(const std::string& path, const std::string& output) {
     quillory::Input input(path);
     if (input.IsSameFileAs(output)) throw quillory::FileError(path + ": is the output file too");
-    std::string bytes;
-    for (;;) {
-        const std::string_view window = input.Peek(1);
-        if (window.empty()) return bytes;
-        bytes += window;
-        input.Skip(window.size());
-    }
+    return quillory::ReadWhole(input);
 }
 
 void WriteWhole(const std::string& path, std::string_view bytes) {
@@ -108,7 +102,7 @@ Kind KindOfName(const std::string& path) {
 Status CompileFiles(Kind kind, const std::vector<std::string>& sources, const std::string& output) {
     std::vector<std::string> texts;
     texts.reserve(sources.size());
-    for (const std::string& source : sources) texts.push_back(ReadWhole(source, output));
+    for (const std::string& source : sources) texts.push_back(ContentOf(source, output));
     Faults faults(sources);
     const auto compiler = MakeCompiler(kind, faults);
     compiler->Compile(texts);
@@ -119,7 +113,7 @@ Status CompileFiles(Kind kind, const std::vector<std::string>& sources, const st
 Status DumpFile(Kind kind, const std::string& path, const std::string& output) {
     const bool isFolder = kind == kKindWorkforms;
     if (isFolder && output == "-") throw quillory::FileError("name a folder for workforms by -o");
-    const std::string bytes = ReadWhole(path, output);
+    const std::string bytes = ContentOf(path, output);
     try {
         const std::vector<Source> sources = Dumped(kind, path, bytes);
         const std::vector<std::string> paths = PathsOf(sources, output);
@@ -140,7 +134,7 @@ Status JoinCodes(const std::vector<std::string>& sources, const std::string& out
     quillory::CodeStatus codes;
     std::string joined;
     for (const std::string& source : sources) {
-        const std::string text = ReadWhole(source, output);
+        const std::string text = ContentOf(source, output);
         codes.Add(text, source);
         joined += text;
     }
