@@ -1,4 +1,5 @@
 #include <quillory/cli/Commands.h>
+#include <quillory/cli/StandardStreams.h>
 #include <quillory/exchange/Output.h>
 
 #include <CLI/CLI.hpp>
@@ -37,6 +38,7 @@ int RunProgram(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    quillory::ReserveStandardStreams();
     quillory::RemoveUnfinishedFilesOnSignals();
     try {
         return RunProgram(argc, argv);

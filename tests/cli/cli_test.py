@@ -162,6 +162,23 @@ class Roads(Cli):
                          self.convert(self.utf8, "a.mrk").read_bytes())
         self.assertEqual(run("convert", packed)[1], data)
 
+    def test_streams_that_the_caller_has_closed(self):
+        def closed(redirections, *arguments):
+            command = ["sh", "-c", f'exec "$@" {redirections}', "sh", QUILLORY, *arguments]
+            return subprocess.run(command, capture_output=True, timeout=60)
+        target = self.path("closed.mrc")
+        for redirections in ("2>&-", "<&-", "<&- 2>&-", "<&- >&- 2>&-"):
+            done = closed(redirections, "convert", self.utf8, "-o", target)
+            self.assertEqual((done.returncode, done.stdout, done.stderr), (0, b"", b""))
+            self.assertEqual(target.read_bytes(), self.utf8.read_bytes())
+        damaged = self.path("damaged.mrc", self.utf8.read_bytes() + b"00010")
+        self.assertEqual(closed("2>&-", "convert", damaged, "-o", target).returncode, 1)
+        self.assertEqual(target.read_bytes(), self.utf8.read_bytes())
+        for redirections, arguments in ((">&-", [self.utf8]), ("<&-", ["-"])):
+            done = closed(redirections, "convert", *arguments)
+            self.assertEqual((done.returncode, done.stdout), (2, b""))
+            self.assertIn(b": Bad file descriptor", done.stderr)
+
 
 class Damage(Cli):
     def setUp(self):

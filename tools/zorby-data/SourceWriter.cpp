@@ -1,5 +1,4 @@
-#include <array>
-#include <cstdio>
+#include <quillory/exchange/TagText.h>
 
 #include <tools/zorby-data/CellText.h>
 #include <tools/zorby-data/SourceWriter.h>
@@ -30,9 +29,7 @@ void SourceWriter::Row(std::initializer_list<std::string> cells) {
 }
 
 std::string TagCell(unsigned tag) {
-    std::array<char, 16> text{};
-    std::snprintf(text.data(), text.size(), "%03u", tag);
-    return text.data();
+    return quillory::TagText(tag);
 }
 
 std::string CodeCell(char code) {

@@ -1,0 +1,18 @@
+#include <quillory/cli/StandardStreams.h>
+
+#include <fcntl.h>
+#include <initializer_list>
+#include <unistd.h>
+
+namespace quillory {
+
+// The lowest number that is free is the one that is given. Each is opened for the direction that
+// nobody uses: data must not vanish where the caller wants none.
+void ReserveStandardStreams() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) >= 0) continue;
+        if (open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) return;
+    }
+}
+
+}  // namespace quillory
