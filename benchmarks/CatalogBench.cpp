@@ -53,7 +53,7 @@ std::string Descriptions() {
 void RecordsFromDescriptions(benchmark::State& state) {
     LoadData();
     const std::string toml = Descriptions();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         RecordMaker maker(FindStandard, LoadLists, {});
         MarcAssembler assembler(kOversizeRefuse);
         DescriptionReader reader(toml);
