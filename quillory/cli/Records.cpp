@@ -1,4 +1,3 @@
-#include <quillory/cli/Carrier.h>
 #include <quillory/cli/OutputOptions.h>
 #include <quillory/cli/RecordShower.h>
 #include <quillory/cli/RecordsCommands.h>
@@ -29,10 +28,10 @@ struct ExportOptions {
 
 Status RunShow(const ShowOptions& options) {
     if (!LoadNames(options.screen)) return kStatusFailed;
-    const Database database = OpenStore();
+    const std::optional<Database> database = OpenStoreToRead();
     Reporter reporter(true, true);
     RecordShower shower(options.screen, kCharsetAuto, reporter);
-    const Status read = ReadStored(RecordStore(database), options.ids, reporter, [&](Item& item) {
+    const Status read = ReadStored(database, options.ids, reporter, [&](Item& item) {
         shower.Take(item);
         return true;
     });
@@ -61,13 +60,12 @@ Status RunDelete(const Ids& ids) {
 }
 
 Status RunExport(const ExportOptions& options) {
-    const Database database = OpenStore();
-    CheckNotAnInput({StorePath()}, options.output.output);
-    CheckNotAnInput({StorePath()}, options.output.rejects);
-    const RecordStore store(database);
+    CheckNotTheStore(options.output.output);
+    CheckNotTheStore(options.output.rejects);
+    const std::optional<Database> database = OpenStoreToRead();
     Reporter reporter(options.quiet, options.verbose);
     const ItemSource stored = [&](const auto& take) {
-        return ReadStored(store, options.ids, reporter, take);
+        return ReadStored(database, options.ids, reporter, take);
     };
     return WriteItems(stored, kCharsetAuto, options.output, reporter);
 }

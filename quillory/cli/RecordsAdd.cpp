@@ -1,6 +1,7 @@
 #include <quillory/cli/Carrier.h>
 #include <quillory/cli/InputOptions.h>
 #include <quillory/cli/RecordsCommands.h>
+#include <quillory/cli/StoredItems.h>
 #include <quillory/store/Schema.h>
 #include <quillory/store/Summary.h>
 
@@ -60,7 +61,7 @@ void AddFiles(const AddOptions& options, Carrier& carrier, RecordBatch& batch, R
 
 Status RunAdd(const AddOptions& options) {
     CheckNotAnInput(options.input.files, options.rejects);
-    CheckNotTheSame(options.rejects, StorePath());
+    CheckNotTheStore(options.rejects);
     const Database database = OpenStore();
     RecordStore store(database);
     RecordBatch batch(store);

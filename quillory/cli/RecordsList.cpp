@@ -1,7 +1,6 @@
 #include <quillory/cli/RecordsCommands.h>
+#include <quillory/cli/StoredItems.h>
 #include <quillory/exchange/Output.h>
-#include <quillory/store/RecordStore.h>
-#include <quillory/store/Schema.h>
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
@@ -57,14 +56,14 @@ std::string TextLine(const StoredRecord& record) {
 }
 
 Status RunList(const ListOptions& options) {
-    const Database database = OpenStore();
-    const RecordStore store(database);
+    const std::optional<Database> database = OpenStoreToRead();
     Output output("-");
     std::uint64_t listed = 0;
-    store.Walk(options.selection, [&](const StoredRecord& record) {
+    const auto list = [&](const StoredRecord& record) {
         output.Write(options.json ? JsonLine(record) : TextLine(record));
         return ++listed != options.limit;
-    });
+    };
+    if (database) RecordStore(*database).Walk(options.selection, list);
     output.Finish();
     const bool isSearch = options.selection.controlNumber || options.selection.titlePrefix;
     return isSearch && listed == 0 ? kStatusFindings : kStatusWell;

@@ -1,9 +1,10 @@
 #include <quillory/cli/Progress.h>
 #include <quillory/cli/StoredItems.h>
+#include <quillory/exchange/Input.h>
 #include <quillory/store/Schema.h>
 #include <zorby/record/CommFormat.h>
 
-#include <optional>
+#include <filesystem>
 
 namespace quillory {
 namespace {
@@ -27,11 +28,29 @@ void ReadItem(const StoredRecord& stored, zorby::CommFormatFields& fields, Item&
 
 }  // namespace
 
-Status ReadStored(const RecordStore& store, const std::vector<std::int64_t>& ids,
+std::optional<Database> OpenStoreToRead() {
+    std::string obstacle;
+    std::optional<Database> database = OpenStoreIfThere(obstacle);
+    if (!obstacle.empty()) throw FileError(obstacle);
+    return database;
+}
+
+void CheckNotTheStore(const std::string& path) {
+    const std::string store = StorePath();
+    std::error_code unknown;
+    if (path == store || std::filesystem::equivalent(path, store, unknown)) {
+        throw FileError(path + ": is the store, which would be overwritten");
+    }
+}
+
+Status ReadStored(const std::optional<Database>& database, const std::vector<std::int64_t>& ids,
                   Reporter& reporter, const std::function<bool(Item& item)>& take) {
+    std::optional<RecordStore> store;
+    if (database) store.emplace(*database);
     reporter.BeginFile(StorePath());
     Progress progress(reporter.Quiet());
-    const auto total = static_cast<std::uint64_t>(ids.empty() ? store.Count() : 0) + ids.size();
+    const auto total =
+        static_cast<std::uint64_t>(store && ids.empty() ? store->Count() : 0) + ids.size();
     std::uint64_t done = 0;
     zorby::CommFormatFields fields;
     Item item;
@@ -41,9 +60,9 @@ Status ReadStored(const RecordStore& store, const std::vector<std::int64_t>& ids
         return take(item);
     };
     Status status = kStatusWell;
-    if (ids.empty()) store.Walk({}, takeStored);
+    if (store && ids.empty()) store->Walk({}, takeStored);
     for (const std::int64_t id : ids) {
-        const std::optional<StoredRecord> stored = store.Find(id);
+        const auto stored = store ? store->Find(id) : std::nullopt;
         if (!stored) {
             SayMissing(reporter, id);
             status = kStatusFindings;

@@ -124,8 +124,10 @@ std::string WorkformText(const std::string& utf8) {
     throw FileError("a workform can't hold all characters of \"" + utf8 + "\"");
 }
 
-std::string LockedText(const std::string& name) {
-    return "\"" + name + "\" is locked by another program that is changing it";
+bool IsStandardName(const std::string& name) {
+    std::vector<std::string> names;
+    zorby::CTemplateList::GetTemplateNames(names, name.c_str());
+    return !names.empty();
 }
 
 }  // namespace quillory

@@ -50,7 +50,7 @@ private:
 // Text for a workform, in the library's one-byte code. FileError if that hasn't all characters.
 std::string WorkformText(const std::string& utf8);
 
-// Why a workform of the user's, by its name in UTF-8, can't be changed if the store refuses.
-std::string LockedText(const std::string& name);
+// By its name in the library's one-byte code.
+bool IsStandardName(const std::string& name);
 
 }  // namespace quillory

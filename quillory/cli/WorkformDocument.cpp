@@ -39,12 +39,6 @@ std::string MaterialName(const CTemplate& workform) {
     return QmToUtf8(name);
 }
 
-bool IsStandardName(const std::string& name) {
-    std::vector<std::string> names;
-    zorby::CTemplateList::GetTemplateNames(names, name.c_str());
-    return !names.empty();
-}
-
 void AddText(const char* key, const std::string& text, Document& document) {
     if (!text.empty()) document[key] = QmLinesToUtf8(text);
 }

@@ -1,6 +1,7 @@
-#include <quillory/cli/Carrier.h>
 #include <quillory/cli/Library.h>
+#include <quillory/cli/StoredItems.h>
 #include <quillory/cli/WorkformCatalog.h>
+#include <quillory/cli/WorkformHindrance.h>
 #include <quillory/cli/WorkformsCommands.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/exchange/QmText.h>
@@ -16,9 +17,6 @@
 namespace quillory {
 namespace {
 
-constexpr int kAnybody = 0;  // of this process
-constexpr int kUsable = 1;
-
 struct ExportOptions {
     std::string file;
     std::vector<std::string> names;  // none for all
@@ -30,8 +28,11 @@ struct ImportOptions {
 };
 
 std::vector<WorkformEntry> Chosen(const ExportOptions& options, const WorkformCatalog& catalog) {
-    if (options.names.empty()) return catalog.Users();
     std::vector<WorkformEntry> entries;
+    if (options.names.empty()) {
+        entries = catalog.Users();
+        if (entries.empty()) throw FileError("there are no workforms of your own to export");
+    }
     for (const std::string& name : options.names) {
         entries.push_back(catalog.Find(name));
         if (entries.back().IsUsers()) continue;
@@ -44,7 +45,7 @@ std::vector<WorkformEntry> Chosen(const ExportOptions& options, const WorkformCa
 Status RunExport(const ExportOptions& options) {
     LoadSettings();
     if (!LoadWorkforms()) return kStatusFailed;
-    CheckNotAnInput({StorePath()}, options.file);
+    CheckNotTheStore(options.file);
     const Reporter reporter(false, true);
     WorkformCatalog catalog(reporter);
     std::vector<FiledWorkform> workforms;
@@ -64,19 +65,13 @@ Status RunExport(const ExportOptions& options) {
 // Why a workform can't be imported; empty if it can.
 std::string Hindrance(const FiledWorkform& workform, bool force, const WorkformStore& store,
                       std::set<std::string>& names) {
-    if (workform.name.empty()) return "has no name";
     if (!names.insert(workform.name).second) return "is there twice";
-    const std::optional<WorkformInfo> known = store.FindByName(workform.name);
-    if (!known) return {};
-    if (known->id < kFirstUserWorkformId) return "is the name of a standard workform";
-    return force ? "" : "is already there, " + std::to_string(known->id) + "; --force replaces it";
+    const std::string hindrance = HindranceOfName(workform.name, force, store);
+    return hindrance.empty() ? HindranceOfBlock(workform.block) : hindrance;
 }
 
 bool HasBase(const FiledWorkform& workform) {
-    if (workform.baseName == workform.name) return true;
-    std::vector<std::string> names;
-    zorby::CTemplateList::GetTemplateNames(names, workform.baseName.c_str());
-    return !names.empty();
+    return workform.baseName == workform.name || IsStandardName(workform.baseName);
 }
 
 void SaveAll(const std::vector<FiledWorkform>& workforms, const ImportOptions& options,
@@ -106,8 +101,7 @@ Status RunImport(const ImportOptions& options) {
     LoadSettings();
     if (!LoadWorkforms()) return kStatusFailed;
     Input input(options.file);
-    const std::vector<FiledWorkform> workforms =
-        ParseWorkformFile(ReadWhole(input), options.file);
+    const std::vector<FiledWorkform> workforms = ParseWorkformFile(ReadWhole(input), options.file);
     const Database database = OpenStore();
     WorkformCatalog catalog(database);
     const Reporter reporter(false, true);

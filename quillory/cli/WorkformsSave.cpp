@@ -1,6 +1,7 @@
 #include <quillory/cli/Library.h>
 #include <quillory/cli/WorkformCatalog.h>
 #include <quillory/cli/WorkformDefaults.h>
+#include <quillory/cli/WorkformHindrance.h>
 #include <quillory/cli/WorkformsCommands.h>
 #include <quillory/exchange/Input.h>
 #include <quillory/store/Schema.h>
@@ -16,9 +17,6 @@ namespace {
 
 using zorby::CTemplate;
 using zorby::TemplateHolder;
-
-constexpr int kAnybody = 0;  // of this process
-constexpr int kUsable = 1;
 
 struct SaveOptions {
     std::string name;
@@ -51,31 +49,15 @@ TemplateHolder NewFrom(CTemplate& base) {
     return workform;
 }
 
-void CheckName(const std::string& name, const SaveOptions& options,
-               const WorkformCatalog& catalog) {
-    if (name.empty()) throw FileError("a workform has to have a name");
-    const std::string quoted = "\"" + options.name + "\"";
-    for (const WorkformEntry& entry : catalog.Standard()) {
-        if (entry.name == name) {
-            throw FileError(quoted + " is a standard workform, which is not to be changed");
-        }
-    }
-    for (const WorkformEntry& entry : catalog.Users()) {
-        if (entry.name == name && !options.force) {
-            throw FileError("there is already a workform " + quoted + ", " +
-                            std::to_string(entry.id) + "; --force replaces it");
-        }
-    }
-}
-
 Status RunSave(const SaveOptions& options) {
     LoadSettings();
     if (!LoadDictionaries({}) || !LoadWorkforms()) return kStatusFailed;
     const Database database = OpenStore();
-    const WorkformCatalog catalog(database);
+    WorkformCatalog catalog(database);
     const std::string name = WorkformText(options.name);
     Transaction transaction(database);
-    CheckName(name, options, catalog);
+    const std::string hindrance = HindranceOfName(name, options.force, *catalog.Store());
+    if (!hindrance.empty()) throw FileError("\"" + options.name + "\" " + hindrance);
     const TemplateHolder base = catalog.Get(catalog.Find(options.from).id);
     const TemplateHolder workform = NewFrom(*base);
     for (const std::string& setting : options.settings) SetDefaultData(setting, *workform);

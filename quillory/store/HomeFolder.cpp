@@ -1,3 +1,4 @@
+#include <quillory/exchange/Input.h>
 #include <quillory/store/HomeFolder.h>
 
 #include <cstdlib>
@@ -18,7 +19,12 @@ fs::path PathIn(const char* variable) {
 fs::path HomeFolder() {
     if (fs::path home = PathIn("QUILLORY_HOME"); !home.empty()) return home;
     if (const fs::path data = PathIn("XDG_DATA_HOME"); !data.empty()) return data / "quillory";
-    return PathIn("HOME") / ".local" / "share" / "quillory";
+    if (const fs::path home = PathIn("HOME"); !home.empty()) {
+        return home / ".local" / "share" / "quillory";
+    }
+    throw FileError(
+        "there is no folder for settings and the store: set QUILLORY_HOME to one, since neither "
+        "XDG_DATA_HOME nor HOME is set");
 }
 
 }  // namespace quillory

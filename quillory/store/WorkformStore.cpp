@@ -47,11 +47,18 @@ int WorkformStore::RegisterStandard(int id, std::string_view name) {
 
 int WorkformStore::BeginSave(std::string_view name, int who, int state) {
     pending_.reset();
-    if (StandardIdOf(name) != 0) return 0;
+    if (ObstacleTo(name, who) != kNoObstacle) return 0;
     const int id = IdFor(name);
-    if (id == 0 || locks_.IsHeldByOther(id, who)) return 0;
+    if (id == 0) return 0;
     pending_ = {id, std::string(name), state};
     return id;
+}
+
+SaveObstacle WorkformStore::ObstacleTo(std::string_view name, int who) const {
+    if (StandardIdOf(name) != 0) return kStandardName;
+    const int known = UserIdOf(name);
+    if (known == 0) return CanAllocateId() ? kNoObstacle : kNoFurtherId;
+    return locks_.IsHeldByOther(known, who) ? kLockedByOther : kNoObstacle;
 }
 
 // The ID that a user's workform of this name has, or from now on has.

@@ -12,6 +12,8 @@
 namespace quillory {
 
 inline constexpr int kFirstUserWorkformId = 100;
+inline constexpr int kAnybody = 0;  // for `who`: whoever it is in this process
+inline constexpr int kUsable = 1;   // the state of a workform that has not been withdrawn
 
 struct WorkformInfo {
     int id = 0;
@@ -19,6 +21,9 @@ struct WorkformInfo {
     int state = 0;     // 0 withdrawn: still there, but not for imports
     int holder = 0;    // who has it locked, 0 for nobody
 };
+
+// Why a save is refused.
+enum SaveObstacle : int { kNoObstacle, kStandardName, kNoFurtherId, kLockedByOther };
 
 enum WorkformKind : int { kStandardWorkforms, kUserWorkforms };
 
@@ -68,6 +73,8 @@ public:
     bool Delete(int id);
 
     bool CanAllocateId() const;
+    // What keeps `who` from saving a workform of this name.
+    SaveObstacle ObstacleTo(std::string_view name, int who) const;
 
 private:
     struct PendingSave {

@@ -45,12 +45,16 @@ Place TomlTable::PlaceOf(std::string_view key) const {
 }
 
 void TomlTable::Fault(std::string_view key, const std::string& reason) const {
-    faults_->Add(PlaceOf(key), std::string(key) + ": " + reason);
+    Fault(PlaceOf(key), key, reason);
 }
 
 void TomlTable::Fault(const toml::node& node, std::string_view key,
                       const std::string& reason) const {
-    faults_->Add(PlaceOfNode(file_, node), std::string(key) + ": " + reason);
+    Fault(PlaceOfNode(file_, node), key, reason);
+}
+
+void TomlTable::Fault(const Place& place, std::string_view key, const std::string& reason) const {
+    faults_->Add(place, std::string(key) + ": " + reason);
 }
 
 std::string TomlTable::TextOf(const toml::node& node, std::string_view key) const {
@@ -125,17 +129,18 @@ std::vector<TomlTable> TomlTable::Tables(std::string_view key) const {
     return tables;
 }
 
-std::pair<char, std::string> TomlTable::CodeAndText(const toml::node& node,
-                                                    std::string_view key) const {
+TomlTable::CodeAndText TomlTable::CodeAndTextOf(const toml::node& node,
+                                                std::string_view key) const {
     const toml::array* pair = node.as_array();
-    if (pair == nullptr) return {CodeOf(node, key), {}};
-    if (pair->size() == 2) return {CodeOf(*pair->get(0), key), TextOf(*pair->get(1), key)};
+    const Place place = PlaceOfNode(file_, node);
+    if (pair == nullptr) return {CodeOf(node, key), {}, place};
+    if (pair->size() == 2) return {CodeOf(*pair->get(0), key), TextOf(*pair->get(1), key), place};
     Fault(node, key, "isn't a code and a text");
     return {};
 }
 
-std::vector<std::pair<char, std::string>> TomlTable::CodesAndTexts(std::string_view key) const {
-    std::vector<std::pair<char, std::string>> items;
+std::vector<TomlTable::CodeAndText> TomlTable::CodesAndTexts(std::string_view key) const {
+    std::vector<CodeAndText> items;
     const toml::node* node = table_->get(key);
     if (node == nullptr) return items;
     const toml::array* array = node->as_array();
@@ -143,7 +148,7 @@ std::vector<std::pair<char, std::string>> TomlTable::CodesAndTexts(std::string_v
         Fault(key, "isn't an array with one element or more");
         return items;
     }
-    for (const toml::node& item : *array) items.push_back(CodeAndText(item, key));
+    for (const toml::node& item : *array) items.push_back(CodeAndTextOf(item, key));
     return items;
 }
 

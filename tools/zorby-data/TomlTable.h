@@ -24,6 +24,7 @@ public:
     // Of the value, or of the table without the key.
     Place PlaceOf(std::string_view key) const;
     void Fault(std::string_view key, const std::string& reason) const;
+    void Fault(const Place& place, std::string_view key, const std::string& reason) const;
 
     std::string Text(std::string_view key) const;
     // Characters, as many as told.
@@ -34,14 +35,19 @@ public:
     unsigned Tag(std::string_view key) const;
     int Number(std::string_view key, int lowest, int highest) const;
     std::vector<TomlTable> Tables(std::string_view key) const;
+    struct CodeAndText {
+        char code = '\0';
+        std::string text;
+        Place place;
+    };
     // An array of codes, each with a text in an array of the two, or alone for an empty text.
-    std::vector<std::pair<char, std::string>> CodesAndTexts(std::string_view key) const;
+    std::vector<CodeAndText> CodesAndTexts(std::string_view key) const;
 
 private:
     void Fault(const toml::node& node, std::string_view key, const std::string& reason) const;
     std::string TextOf(const toml::node& node, std::string_view key) const;
     char CodeOf(const toml::node& node, std::string_view key) const;
-    std::pair<char, std::string> CodeAndText(const toml::node& node, std::string_view key) const;
+    CodeAndText CodeAndTextOf(const toml::node& node, std::string_view key) const;
 
     const toml::table* table_;
     std::size_t file_;

@@ -75,11 +75,37 @@ void TakeAdditionalMaterials(const TomlTable& source, CTemplate& workform) {
     }
 }
 
+unsigned TagOf(const TomlTable& field) {
+    constexpr unsigned kFirstDataField = 10;
+    const unsigned tag = field.Tag("tag");
+    if (tag != 0 && tag < kFirstDataField) {
+        field.Fault("tag", "is that of a control field, which has no subfields");
+    }
+    return tag;
+}
+
+// `codes` are those before it in the field. A code that isn't one character has a fault already.
+void CheckCode(const TomlTable& field, const TomlTable::CodeAndText& subfield,
+               const std::string& codes) {
+    const char code = subfield.code;
+    if (code == '\0') return;
+    if (code == '$' || CTemplate::IsAnyValidSubfield(code) == 0) {
+        field.Fault(subfield.place, "subfields", std::string(1, code) + " is no subfield code");
+    } else if (codes.find(code) != codes.npos) {
+        field.Fault(subfield.place, "subfields",
+                    "$" + std::string(1, code) + " is in the field already");
+    }
+}
+
 void TakeDefaultData(const TomlTable& field, unsigned tag, CTemplate& workform) {
     std::string indicators = field.Text("indicators", kIndicators);
     indicators.resize(kIndicators);
     bool isFirst = true;
-    for (const auto& [code, text] : field.CodesAndTexts("subfields")) {
+    std::string codes;
+    for (const TomlTable::CodeAndText& subfield : field.CodesAndTexts("subfields")) {
+        const auto& [code, text, place] = subfield;
+        CheckCode(field, subfield, codes);
+        codes += code;
         if (isFirst) {
             workform.AddDefaultData(tag, indicators[0], indicators[1], code, text);
         } else {
@@ -100,11 +126,22 @@ void TakePromptAndPriorities(const TomlTable& field, unsigned tag, CTemplate& wo
     }
 }
 
+// A prompt is for all fields of the tag.
+void CheckPrompts(const TomlTable& source, const CTemplate& workform) {
+    for (const TomlTable& field : source.Tables("field")) {
+        const unsigned tag = field.Tag("tag");
+        for (const char code : field.Text("prompt")) {
+            if (workform.DefaultDataIncludes(tag, code) != 0) continue;
+            field.Fault("prompt", "no field of the tag has $" + std::string(1, code));
+        }
+    }
+}
+
 void TakeFields(const TomlTable& source, CTemplate& workform) {
     std::set<unsigned> tags;
     for (const TomlTable& field : source.Tables("field")) {
         field.CheckKeys("tag indicators subfields", "prompt priority subfield-priority");
-        const unsigned tag = field.Tag("tag");
+        const unsigned tag = TagOf(field);
         TakeDefaultData(field, tag, workform);
         TakePromptAndPriorities(field, tag, workform);
         if (tags.insert(tag).second) continue;
@@ -112,6 +149,7 @@ void TakeFields(const TomlTable& source, CTemplate& workform) {
             if (field.Has(key)) field.Fault(key, "stands with the first field of the tag");
         }
     }
+    CheckPrompts(source, workform);
 }
 
 }  // namespace

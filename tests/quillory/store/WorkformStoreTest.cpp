@@ -14,7 +14,6 @@ namespace quillory {
 namespace {
 
 constexpr int kWithdrawn = 0;
-constexpr int kUsable = 1;
 
 class WorkformStoreTest : public testing::Test {
 protected:
