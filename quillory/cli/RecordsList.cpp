@@ -55,6 +55,14 @@ std::string TextLine(const StoredRecord& record) {
            Padded(record.summary.type, kTypeWidth) + " " + record.summary.title + "\n";
 }
 
+// Empty for a number of plain digits that fits.
+std::string NumberFault(const std::string& text) {
+    constexpr std::size_t kMostDigits = 18;
+    const bool isNumber = !text.empty() && text.size() <= kMostDigits &&
+                          text.find_first_not_of("0123456789") == text.npos;
+    return isNumber ? "" : "\"" + text + "\" is no number from 0 on";
+}
+
 Status RunList(const ListOptions& options) {
     const std::optional<Database> database = OpenStoreToRead();
     Output output("-");
@@ -80,8 +88,9 @@ void AddRecordsList(CLI::App& records, Run& run) {
                         "Only records of this control number (001)");
     command->add_option("--title", selection.titlePrefix,
                         "Only titles that begin so; case and diacritics don't count");
-    command->add_option("--after", selection.after, "Only IDs above this");
-    command->add_option("--limit", options->limit, "At most so many; 0, as if not given, for all");
+    command->add_option("--after", selection.after, "Only IDs above this")->check(NumberFault);
+    command->add_option("--limit", options->limit, "At most so many; 0, as if not given, for all")
+        ->check(NumberFault);
     command->add_flag("--json", options->json, "A JSON object a line, for a program");
     command->callback([options, &run] { run = [options] { return RunList(*options); }; });
 }

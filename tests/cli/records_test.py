@@ -99,6 +99,43 @@ class Roads(Records):
 
 
 class Faults(Records):
+    def test_reading_makes_no_store(self):
+        cases = [(("list",), 0, ""), (("list", "--title", "x"), 1, ""), (("export",), 0, ""),
+                 (("show", 1), 1, "there is no record 1"), (("export", 1), 1, "no record 1")]
+        for arguments, status, words in cases:
+            out, err = self.records(*arguments, status=status)
+            self.assertEqual(out, b"")
+            self.assertIn(words, err)
+        self.assertFalse(self.home.exists())
+
+    def test_reading_a_store_that_can_not_be_used_fails(self):
+        self.records("add", SAMPLES)
+        self.folder.chmod(0o755)
+        self.home.chmod(0o555)
+        self.addCleanup(self.home.chmod, 0o755)
+        user = {"user": 65534} if os.geteuid() == 0 else {}
+        for arguments in (["list"], ["show", "1"], ["export"]):
+            try:
+                done = subprocess.run([QUILLORY, "records", *arguments], capture_output=True, **user)
+            except PermissionError:
+                self.skipTest("nobody may run the program")
+            self.assertEqual((done.returncode, done.stdout), (2, b""))
+            self.assertIn(b"quillory.db: ", done.stderr)
+            self.assertIn(b"can't be written: Permission denied", done.stderr)
+
+    def test_without_any_home_nothing_is_made(self):
+        done = subprocess.run([os.path.abspath(QUILLORY), "records", "add"], input=b"",
+                              cwd=self.folder, env={}, capture_output=True)
+        self.assertEqual(done.returncode, 2)
+        self.assertIn(b"set QUILLORY_HOME", done.stderr)
+        self.assertEqual(list(self.folder.iterdir()), [])
+
+    def test_numbers_that_are_none(self):
+        for option in ("--limit", "--after"):
+            for text in ("-1", "junk", "1x", "0x10", "", "9" * 20):
+                _, err = self.records("list", f"{option}={text}", status=2)
+                self.assertIn("is no number" if text else option, err)
+
     def test_damage_is_named_and_kept_and_the_rest_added(self):
         good = records_of(self.convert(SAMPLES, "a.mrc").read_bytes())
         bad = b"00999" + good[1][5:]

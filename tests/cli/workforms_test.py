@@ -124,7 +124,7 @@ class Roads(Workforms):
 
     def test_saving_again_needs_force_and_keeps_the_id(self):
         self.save_two()
-        self.assertIn('there is already a workform "save", 101; --force',
+        self.assertIn('"save" is already there, 101; --force',
                       self.fails("save", "save", "--from", "Map"))
         self.workforms("save", "save", "--from", "Map", "--force")
         self.assertEqual(self.listed()["save"]["id"], 101)
@@ -166,14 +166,17 @@ class Faults(Workforms):
         cases = [
             (("pictur bok",), 'there is no workform "pictur bok"; near it: "Picture book"'),
             (("save", "x", "--from", "no such"), 'there is no workform "no such"'),
-            (("save", BOOK, "--from", "1"), "is a standard workform"),
-            (("save", "", "--from", "1"), "has to have a name"),
+            (("save", BOOK, "--from", "1"), "is the name of a standard workform"),
+            (("save", "", "--from", "1"), '"" is no name'),
+            (("save", "x" * 201, "--from", "1"), "has 201 characters, and a name at most 200"),
             (("save", "日本", "--from", "1"), "can't hold all characters of"),
             (("save", "x", "--from", "1", "--set", "008a=x"), '"008a=x" is no default text'),
             (("save", "x", "--from", "1", "--set", "245=x"), '"245=x" is no default text'),
             (("save", "x", "--from", "1", "--set", "2451$a=x"), "is no default text"),
             (("save", "x", "--from", "1", "--set", "245a=日"), "can't hold all characters of"),
             (("export", "-", BOOK), "is a standard workform"),
+            (("export", self.path("x.ttm"), "Map"), '"Map" is a standard workform'),
+            (("export", self.path("x.ttm")), "there are no workforms of your own to export"),
             (("--json", "save", "x", "--from", "1"), "nothing may stand between workforms and save"),
             (("import", self.path("absent")), "absent: "),
         ]
@@ -181,6 +184,39 @@ class Faults(Workforms):
             with self.subTest(arguments=arguments):
                 self.assertIn(reason, self.fails(*arguments))
         self.assertTrue(not self.home.exists() or self.rows() == [])
+
+    def test_names_and_control_fields_that_no_record_may_have_are_not_imported(self):
+        self.workforms("save", "x" * 200, "--from", "Downloadable audiobook")
+        whole = self.workforms("export", "-")[0]
+        self.workforms("delete", "100")
+        cases = [(b"00000nim", b"00000n\x1em", "has the byte 0x1E at position 06 of its Leader"),
+                 (b"00000nim", b"00000n\xe9m", "has the byte 0xE9 at position 06 of its Leader"),
+                 (b"000000s", b"00\x1f000s", "has the byte 0x1F at position 02 of its 008"),
+                 (b"m     o  h", b"m   \0 o  h", "has the byte 0x00 at position 04 of its 006"),
+                 (b"cr", b"c\n", "has the byte 0x0A at position 01 of its 007"),
+                 (b"\xc8" + b"x" * 200, b"\xc9" + b"x" * 201, "has 201 characters")]
+        for old, new, reason in cases:
+            self.assertIn(old, whole)
+            err = self.fails("import", self.path("odd.ttm", whole.replace(old, new)))
+            self.assertRegex(err, f'odd.ttm: workform 1: "x+" {reason}')
+            self.assertEqual(self.rows(), [])
+
+    def test_ids_that_have_run_out_are_told(self):
+        self.save_two()
+        one = self.workforms("export", "-", "save")[0].replace(b"\x04save", b"\x04sale")
+        before = self.rows()
+        self.change_store("UPDATE sqlite_sequence SET seq = 2147483647 WHERE name = 'workforms'")
+        for arguments in (("save", "sale", "--from", "1"), ("import", "-")):
+            self.assertIn('"sale" can\'t be saved: there is no further ID',
+                          self.fails(*arguments, stdin=one))
+        self.assertEqual(self.rows(), before)
+        self.workforms("save", "save", "--from", "Serial (journal, annual or other)", "--force")
+
+    def test_an_export_does_not_overwrite_the_store(self):
+        self.save_two()
+        before = self.rows()
+        self.assertIn("would be overwritten", self.fails("export", self.home / "quillory.db"))
+        self.assertEqual(self.rows(), before)
 
     def test_a_damaged_file_is_named_by_its_offset_and_adds_nothing(self):
         self.save_two()
