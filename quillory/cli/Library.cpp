@@ -40,6 +40,7 @@ void ReloadProfile() {
 }  // namespace
 
 void LoadSettings() {
+    if (!HasHomeFolder()) return;
     zorby::SetZorbyProfilePath((HomeFolder().string() + "/").c_str());
     ReloadProfile();
 }

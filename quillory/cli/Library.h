@@ -7,7 +7,7 @@
 namespace quillory {
 
 // Puts the user's settings in force: the profile files in HomeFolder. Files that are not there are
-// empty.
+// empty, and so is all if the environment names no such folder.
 void LoadSettings();
 
 // Writes a key of the profile. Throws FileError if it can't be written.

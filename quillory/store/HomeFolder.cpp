@@ -14,14 +14,24 @@ fs::path PathIn(const char* variable) {
     return value == nullptr ? fs::path() : fs::path(value);
 }
 
-}  // namespace
-
-fs::path HomeFolder() {
+// Empty if nothing in the environment names it.
+fs::path FindHome() {
     if (fs::path home = PathIn("QUILLORY_HOME"); !home.empty()) return home;
     if (const fs::path data = PathIn("XDG_DATA_HOME"); !data.empty()) return data / "quillory";
     if (const fs::path home = PathIn("HOME"); !home.empty()) {
         return home / ".local" / "share" / "quillory";
     }
+    return {};
+}
+
+}  // namespace
+
+bool HasHomeFolder() {
+    return !FindHome().empty();
+}
+
+fs::path HomeFolder() {
+    if (fs::path home = FindHome(); !home.empty()) return home;
     throw FileError(
         "there is no folder for settings and the store: set QUILLORY_HOME to one, since neither "
         "XDG_DATA_HOME nor HOME is set");
