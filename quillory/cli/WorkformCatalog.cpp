@@ -2,6 +2,7 @@
 #include <quillory/cli/WorkformCatalog.h>
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/QmText.h>
+#include <quillory/store/HomeFolder.h>
 #include <quillory/store/Schema.h>
 #include <quillory/store/SearchText.h>
 #include <zorby/archive/ArchiveException.h>
@@ -56,7 +57,7 @@ std::vector<WorkformEntry> Matching(const std::vector<WorkformEntry>& entries, T
 
 WorkformCatalog::WorkformCatalog(const Reporter& reporter) {
     std::string obstacle;
-    database_ = OpenStoreIfThere(obstacle);
+    if (HasHomeFolder()) database_ = OpenStoreIfThere(obstacle);
     if (!obstacle.empty()) reporter.Say(obstacle + "; without the workforms that it may hold");
     if (database_) store_.emplace(*database_);
     workforms_.emplace(Store());
