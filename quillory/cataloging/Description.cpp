@@ -10,7 +10,6 @@ namespace {
 constexpr const char* kWorkform = "workform";
 constexpr const char* kRecord = "record";
 constexpr const char* kIndicators = "ind";
-constexpr std::string_view kHeader = "[[record]]";
 
 // A value and its key, in the order of the file: tables are in that of their keys.
 struct Value {
