@@ -1,6 +1,7 @@
 #include <quillory/checks/Checker.h>
 #include <quillory/checks/ControlFieldChecks.h>
 #include <quillory/checks/Subfields.h>
+#include <quillory/coded/Material.h>
 #include <zorby/checking/RecordError.h>
 
 #include <algorithm>
@@ -13,9 +14,6 @@ using namespace zorby;
 constexpr std::size_t kMostOfSubfield = kLongestExportedSubfield;
 constexpr std::size_t kMostOfField = kLongestExportedField;
 constexpr std::size_t kMostOfRecord = kLongestExportedRecord;
-constexpr std::size_t kTypeOfRecord = 6;
-// Authority data, classification, community information, holdings of three kinds.
-constexpr std::string_view kOtherFormats = "zwquvxy";
 
 constexpr std::uint8_t kHasA = 1;
 constexpr std::uint8_t kHasB = 2;
@@ -27,11 +25,6 @@ std::size_t Index(char code) {
 
 bool HasText(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") != text.npos;
-}
-
-bool IsBibliographic(std::string_view leader) {
-    return leader.size() <= kTypeOfRecord ||
-           kOtherFormats.find(leader[kTypeOfRecord]) == kOtherFormats.npos;
 }
 
 std::array<char, 3> TagBytes(std::string_view tag) {

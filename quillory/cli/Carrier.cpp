@@ -2,10 +2,48 @@
 #include <quillory/exchange/Input.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <utility>
 
 namespace quillory {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Of a path that may not be there yet, links and steps such as "./" followed.
+fs::path Canonical(const std::string& path) {
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    const fs::path canonical = fs::weakly_canonical(absolute, error);
+    return error ? absolute.lexically_normal() : canonical;
+}
+
+// A file may have two names as a hard link, or a path two spellings before the file is there.
+bool AreTheSameFile(const std::string& one, const std::string& other) {
+    if (one == other) return true;
+    if (one == "-" || other == "-" || other.empty()) return false;
+    std::error_code error;
+    return fs::equivalent(one, other, error) || Canonical(one) == Canonical(other);
+}
+
+// The byte's place in the file is known where the field stands there as it is.
+std::string InvalidText(const Item& item, const InvalidByte& invalid) {
+    std::array<char, 8> hex{};
+    std::snprintf(hex.data(), hex.size(), "0x%02X", static_cast<unsigned char>(*invalid.at));
+    std::string text = "field " + Printable(invalid.tag) + ": byte " + hex.data() + " is no UTF-8";
+    const char* begin = item.bytes.data();
+    const char* end = begin + item.bytes.size();
+    if (std::less_equal<>()(begin, invalid.at) && std::less<>()(invalid.at, end)) {
+        const auto offset = static_cast<std::uint64_t>(invalid.at - begin);
+        text += " (byte " + std::to_string(item.offset + offset) + ")";
+    }
+    return text;
+}
+
+}  // namespace
 
 Carrier::Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter)
     : options_(std::move(options)),
@@ -36,23 +74,31 @@ void Carrier::CountLosses(const Item& item) {
 }
 
 // Every record that has to stay is named.
-bool Carrier::Prepare(Item& item) {
-    if (!options_.prepare) return true;
-    const std::string reason = options_.prepare(item, recordLosses_);
-    if (reason.empty()) return true;
+void Carrier::Refuse(const Item& item, const std::string& reason) {
     recordLosses_.Clear();
     reporter_.Say(reporter_.PlaceOf(item) + ": " + reason);
     ++rejected_;
     Reject(item);
+}
+
+bool Carrier::Prepare(Item& item) {
+    if (!options_.prepare) return true;
+    const std::string reason = options_.prepare(item, recordLosses_);
+    if (reason.empty()) return true;
+    Refuse(item, reason);
     return false;
 }
 
 void Carrier::TakeRecord(Item& item) {
     if (!item.reason.empty()) {
-        reporter_.SayFault(item, "read from its terminators");
+        reporter_.SayFault(item);
         status_ = kStatusFindings;
     }
     const Recoder::Result recoded = recoder_.Recode(item.record, recordLosses_);
+    if (recoded.invalid) {
+        Refuse(item, "not written: " + InvalidText(item, *recoded.invalid));
+        return;
+    }
     if (recoded.mislabelled) {
         ++mislabelled_;
         reporter_.Say(item, "leader byte 09 names another character set",
@@ -88,7 +134,7 @@ void Carrier::Take(Item& item) {
         } else {
             ++rejected_;
         }
-        reporter_.SayFault(item, "");
+        reporter_.SayFault(item);
     }
     Reject(item);
 }
@@ -126,12 +172,9 @@ void CheckNotAnInput(const std::vector<std::string>& files, const std::string& p
     }
 }
 
-void CheckNotTheSame(const std::string& rejects, const std::string& output) {
-    std::error_code error;
-    const bool same = rejects == output || std::filesystem::equivalent(rejects, output, error);
-    if (!rejects.empty() && rejects != "/dev/null" && same) {
-        throw FileError(rejects + ": can't take both the records and the rejects");
-    }
+void CheckNotTheSame(const std::string& path, const std::string& other, std::string_view contents) {
+    if (path.empty() || path == "/dev/null" || !AreTheSameFile(path, other)) return;
+    throw FileError(path + ": can't take both " + std::string(contents));
 }
 
 }  // namespace quillory

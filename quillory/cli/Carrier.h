@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillory {
@@ -44,6 +45,7 @@ public:
 private:
     void TakeRecord(Item& item);
     bool Prepare(Item& item);
+    void Refuse(const Item& item, const std::string& reason);
     void Reject(const Item& item);
     void CountLosses(const Item& item);
 
@@ -62,9 +64,11 @@ private:
     std::uint64_t leadersMended_ = 0;
 };
 
-// Throw FileError if `path` is one of the files that are read, or if records and rejects would go
-// to the same file.
+// Throws FileError if `path` is one of the files that are read.
 void CheckNotAnInput(const std::vector<std::string>& files, const std::string& path);
-void CheckNotTheSame(const std::string& rejects, const std::string& output);
+// Throws FileError if two outputs, of which `contents` says what they are, would be one file, under
+// whatever names. An empty path is no file, and /dev/null takes anything.
+void CheckNotTheSame(const std::string& path, const std::string& other,
+                     std::string_view contents = "one output and another");
 
 }  // namespace quillory

@@ -1,13 +1,11 @@
 #include <quillory/cli/Carrier.h>
 #include <quillory/cli/CheckReport.h>
+#include <quillory/cli/Choice.h>
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputOptions.h>
 #include <quillory/cli/PolicyOptions.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
-#include <map>
 #include <memory>
 
 namespace quillory {
@@ -18,9 +16,6 @@ struct CheckOptions {
     PolicyOptions policy;
     CheckReportOptions report;
 };
-
-const std::map<std::string, CheckFormat> kFormats{
-    {"text", kCheckText}, {"jsonl", kCheckJsonl}, {"html", kCheckHtml}};
 
 // Checks records as they come, and tells the report.
 class CheckRun {
@@ -45,11 +40,10 @@ public:
 
 private:
     void TakeFault(const Item& item) {
-        const bool isRecord = item.kind == kItemRecord;
-        reporter_.SayFault(item, isRecord ? "read from its terminators" : "");
+        reporter_.SayFault(item);
         status_ = kStatusFindings;
         if (item.kind == kItemDamaged) ++totals_.damaged;
-        if (!isRecord) report_.TakeDamage(item);
+        if (item.kind != kItemRecord) report_.TakeDamage(item);
     }
 
     Checker& checker_;
@@ -87,11 +81,9 @@ void AddCheck(CLI::App& program, Run& run) {
         program.add_subcommand("check", "Find what stops or mars records before they leave");
     AddInputOptions(*command, options->input);
     AddPolicyOptions(*command, options->policy);
-    command
-        ->add_option("--format", options->report.format,
-                     "Form of the report; told by the name of the output if not given")
-        ->transform(CLI::CheckedTransformer(kFormats, CLI::ignore_case).description(""))
-        ->option_text("text|jsonl|html");
+    AddChoice<CheckFormat>(*command, "--format", options->report.format,
+                           {{"text", kCheckText}, {"jsonl", kCheckJsonl}, {"html", kCheckHtml}},
+                           "Form of the report; told by the name of the output if not given");
     command->add_option("-o,--output", options->report.output,
                         "File to write; none, or -, is standard output");
     command->add_option("--rows", options->report.rows,

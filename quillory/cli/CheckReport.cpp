@@ -6,8 +6,6 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kTypeOfRecord = 6;
-
 CheckFormat FormatOf(const CheckReportOptions& options) {
     if (options.format != kCheckByName) return options.format;
     const std::string_view name = options.output;
@@ -72,17 +70,14 @@ std::string KindText(zorby::E_ERROR_CODE code) {
 std::string MaterialText(std::string_view leader) {
     const std::string_view name = FormName(MaterialOfLeader(leader));
     if (!name.empty()) return std::string(name);
-    switch (leader.size() > kTypeOfRecord ? leader[kTypeOfRecord] : '\0') {
-        case 'z':
+    switch (MarcFormatOf(leader)) {
+        case kFormatAuthority:
             return "authority data";
-        case 'w':
+        case kFormatClassification:
             return "classification data";
-        case 'q':
+        case kFormatCommunity:
             return "community information";
-        case 'u':
-        case 'v':
-        case 'x':
-        case 'y':
+        case kFormatHoldings:
             return "holdings";
         default:
             return "unknown material";

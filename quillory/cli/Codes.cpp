@@ -1,3 +1,4 @@
+#include <quillory/cli/Choice.h>
 #include <quillory/cli/CodedDocument.h>
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/Library.h>
@@ -12,7 +13,7 @@ namespace {
 
 struct CodesOptions {
     std::vector<std::string> places;
-    std::string format = "tsv";
+    bool isJson = false;
     std::string output = "-";
 };
 
@@ -47,7 +48,7 @@ Status RunCodes(const CodesOptions& options) {
     }
     const Document rows = ListCodes(elements, LoadCodeLists());
     Output output(options.output);
-    output.Write(options.format == "json" ? rows.dump(2) + "\n" : Tsv(rows));
+    output.Write(options.isJson ? rows.dump(2) + "\n" : Tsv(rows));
     output.Finish();
     return rows.empty() ? kStatusFindings : kStatusWell;
 }
@@ -59,9 +60,8 @@ void AddCodes(CLI::App& program, Run& run) {
     CLI::App* command = program.add_subcommand("codes", "The code lists of the control fields");
     command->add_option("LIST", options->places,
                         "Only those of elements such as 008/35, 007s/03 or \"part 310\"");
-    command->add_option("--format", options->format, "tsv, or json for a program")
-        ->check(CLI::IsMember({"tsv", "json"}))
-        ->option_text("tsv|json");
+    AddChoice<bool>(*command, "--format", options->isJson, {{"tsv", false}, {"json", true}},
+                    "tsv, or json for a program");
     command->add_option("-o,--output", options->output,
                         "The file to write; standard output if not given");
     command->callback([options, &run] { run = [options] { return RunCodes(*options); }; });

@@ -1,3 +1,4 @@
+#include <quillory/cli/Choice.h>
 #include <quillory/cli/CodedDocument.h>
 #include <quillory/cli/CodedText.h>
 #include <quillory/cli/Commands.h>
@@ -22,7 +23,7 @@ struct DescribeOptions {
     bool subfields = false;
     std::string search;
     bool holdings = false;
-    std::string format = "text";
+    bool isJson = false;
     std::string userDefined;
     int display = -1;  // as the settings have it
 };
@@ -38,7 +39,7 @@ zorby::EDISPLAYOPTIONS DisplayOf(const DescribeOptions& options) {
 
 Status Print(const Document& document, const Printer& printer, const DescribeOptions& options) {
     Output output("-");
-    output.Write(options.format == "json" ? document.dump(2) + "\n" : printer(document));
+    output.Write(options.isJson ? document.dump(2) + "\n" : printer(document));
     output.Finish();
     return document.empty() ? kStatusFindings : kStatusWell;
 }
@@ -116,9 +117,8 @@ void AddDescribe(CLI::App& program, Run& run) {
     command->add_option("--search", options->search, "Find names that have all these words");
     command->add_flag("--holdings", options->holdings,
                       "The holdings systems, or the elements of the one named by WHAT");
-    command->add_option("--format", options->format, "text, or json for a program")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->option_text("text|json");
+    AddChoice<bool>(*command, "--format", options->isJson, {{"text", false}, {"json", true}},
+                    "text, or json for a program");
     command->add_option("--user-defined", options->userDefined,
                         "Fields and subfields of your own, such as \"590ab 591-595\"");
     command

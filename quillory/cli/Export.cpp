@@ -103,6 +103,7 @@ Status RunExport(const ExportOptions& options) {
 
 void AddExport(CLI::App& program, Run& run) {
     auto options = std::make_shared<ExportOptions>();
+    options->output.verify = true;
     CLI::App* command =
         program.add_subcommand("export", "Check records, and write those that may leave");
     AddInputOptions(*command, options->input);

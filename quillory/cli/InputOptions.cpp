@@ -1,23 +1,22 @@
+#include <quillory/cli/Choice.h>
 #include <quillory/cli/InputOptions.h>
 #include <quillory/cli/Progress.h>
 
-#include <CLI/CLI.hpp>
-
-#include <map>
+#include <memory>
 
 namespace quillory {
 namespace {
 
-const std::map<std::string, Form> kForms{{"marc", kFormMarc},
-                                         {"mrk", kFormMrk},
-                                         {"microlif", kFormMicrolif},
-                                         {"marcxml", kFormMarcXml},
-                                         {"jsonl", kFormJsonLines}};
+const Choices<Form> kForms{{"marc", kFormMarc},
+                           {"mrk", kFormMrk},
+                           {"microlif", kFormMicrolif},
+                           {"marcxml", kFormMarcXml},
+                           {"jsonl", kFormJsonLines}};
 
-const std::map<std::string, Charset> kCharsets{{"auto", kCharsetAuto},
-                                               {"marc8", kCharsetMarc8},
-                                               {"utf8", kCharsetUtf8},
-                                               {"latin1", kCharsetLatin1}};
+const Choices<Charset> kCharsets{{"auto", kCharsetAuto},
+                                 {"marc8", kCharsetMarc8},
+                                 {"utf8", kCharsetUtf8},
+                                 {"latin1", kCharsetLatin1}};
 
 Form FormOf(const InputOptions& options, Input& input) {
     if (options.form != kFormUnknown) return options.form;
@@ -29,16 +28,12 @@ Form FormOf(const InputOptions& options, Input& input) {
 
 void AddFormOption(CLI::App& command, const std::string& name, Form& form,
                    const std::string& text) {
-    command.add_option(name, form, text)
-        ->transform(CLI::CheckedTransformer(kForms, CLI::ignore_case).description(""))
-        ->option_text("marc|mrk|microlif|marcxml|jsonl");
+    AddChoice(command, name, form, kForms, text);
 }
 
 void AddCharsetOption(CLI::App& command, const std::string& name, Charset& charset,
                       const std::string& text) {
-    command.add_option(name, charset, text)
-        ->transform(CLI::CheckedTransformer(kCharsets, CLI::ignore_case).description(""))
-        ->option_text("auto|marc8|utf8|latin1");
+    AddChoice(command, name, charset, kCharsets, text);
 }
 
 void AddInputOptions(CLI::App& command, InputOptions& options) {
@@ -70,6 +65,7 @@ Status ReadFiles(const InputOptions& options, Reporter& reporter,
         if (input->Peek(1).empty()) {
             reporter.Say(input->Name() + ": an empty file");
             status = kStatusFindings;
+            continue;
         }
         const auto reader = MakeReader(FormOf(options, *input), *input, options.lenient);
         Item item;

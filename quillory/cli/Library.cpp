@@ -14,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <vector>
 
 namespace quillory {
 namespace {
@@ -35,6 +36,16 @@ std::string DataFolder() {
 
 void ReloadProfile() {
     zorby::CGeneral::m_iniUserProfile.Initialize(zorby::GetZorbyProfilePath());
+}
+
+// What can't be read is passed over, which would leave nothing here of what the user asks for.
+void CheckUserDefined(const std::string& list) {
+    std::vector<std::string> entries;
+    zorby::CMARCFormat::ParseUDSubfields(list, entries, 0);
+    if (!list.empty() && entries.empty()) {
+        throw FileError("--user-defined " + list +
+                        ": no such fields; they are given as 590ab or 591-595");
+    }
 }
 
 }  // namespace
@@ -61,6 +72,7 @@ void WriteSetting(int key, const std::string& value) {
 }
 
 bool LoadDictionaries(const std::string& userDefined) {
+    CheckUserDefined(userDefined);
     const std::string folder = DataFolder();
     zorby::FixedApplication application(folder, '/', false);
     zorby::SetApplicationPort(&application);

@@ -16,7 +16,8 @@ void WriteSetting(int key, const std::string& value);
 // Puts the dictionaries of the format and of holdings in force, with the user-defined fields of the
 // profile and those of `userDefined`. The data files are looked for in QUILLORY_DATA, or else
 // beside the program and in share/quillory of its installation or build. False if one is not there,
-// which the user has been told; throws FileError for a damaged one.
+// which the user has been told; throws FileError for a damaged one, and for a list without a field
+// that can be read.
 bool LoadDictionaries(const std::string& userDefined);
 
 // Puts the standard workforms in force, from zorby.ttm, which lies beside the other data files.

@@ -1,20 +1,15 @@
 #include <quillory/cli/Carrier.h>
+#include <quillory/cli/Choice.h>
 #include <quillory/cli/InputOptions.h>
 #include <quillory/cli/OutputOptions.h>
 
-#include <CLI/CLI.hpp>
-
-#include <map>
 #include <stdexcept>
 
 namespace quillory {
 namespace {
 
 RecoderOptions RecoderOptionsOf(const OutputOptions& options, Charset from, Charset to) {
-    RecoderOptions recoder{from, to, {}};
-    if (options.normalForm == "nfc") recoder.form = kNormalFormC;
-    if (options.normalForm == "nfd") recoder.form = kNormalFormD;
-    return recoder;
+    return {from, to, options.normalForm, options.verify};
 }
 
 Form FormOfOutput(const OutputOptions& options) {
@@ -41,27 +36,23 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options) {
     AddCharsetOption(
         command, "--to-charset", options.charset,
         "Character set of the output; as it is, or utf8 for marcxml and jsonl, if not given");
-    command.add_option("--normalize", options.normalForm, "Normal form of UTF-8; nfc if not given")
-        ->check(CLI::IsMember({"nfc", "nfd"}))
-        ->option_text("nfc|nfd");
+    AddChoice<NormalForm>(command, "--normalize", options.normalForm,
+                          {{"nfc", kNormalFormC}, {"nfd", kNormalFormD}},
+                          "Normal form of UTF-8; nfc if not given");
     command.add_option("--rejects", options.rejects,
                        "Where the bytes of everything go that is not written");
-    const std::map<std::string, Oversize> policies{{"refuse", kOversizeRefuse},
-                                                   {"cut", kOversizeCut}};
-    command
-        .add_option(
-            "--oversize", options.oversize,
-            "A field of over 9,999 bytes, or a record of over 99,999: refuse the record, or "
-            "cut it; refuse if not given")
-        ->transform(CLI::CheckedTransformer(policies).description(""))
-        ->option_text("refuse|cut");
+    AddChoice<Oversize>(
+        command, "--oversize", options.oversize,
+        {{"refuse", kOversizeRefuse}, {"cut", kOversizeCut}},
+        "A field of over 9,999 bytes, or a record of over 99,999: refuse the record, or "
+        "cut it; refuse if not given");
     command.add_flag("--each-loss", options.eachLoss,
                      "Report the characters not carried for each record, too");
 }
 
 Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
                   Reporter& reporter, const Preparation& prepare) {
-    CheckNotTheSame(options.rejects, options.output);
+    CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
     const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options));
     Output output(options.output);
     const auto writer = MakeWriter(FormOfOutput(options), output, options.oversize);

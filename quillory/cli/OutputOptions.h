@@ -6,6 +6,7 @@
 #include <quillory/exchange/Recoder.h>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace CLI {
@@ -20,9 +21,10 @@ struct OutputOptions {
     std::string rejects;
     Form form = kFormUnknown;  // told by name, or ISO 2709
     Charset charset = kCharsetAuto;
-    std::string normalForm;
+    std::optional<NormalForm> normalForm;
     Oversize oversize = kOversizeRefuse;
     bool eachLoss = false;
+    bool verify = false;  // as in RecoderOptions; no option of the command line
 };
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options);

@@ -1,15 +1,9 @@
+#include <quillory/cli/Choice.h>
 #include <quillory/cli/Library.h>
 #include <quillory/cli/PolicyOptions.h>
 
-#include <CLI/CLI.hpp>
-
-#include <map>
-
 namespace quillory {
 namespace {
-
-const std::map<std::string, PolicyKind> kPolicies{
-    {"basic", kPolicyBasic}, {"tlc", kPolicyTLC}, {"custom", kPolicyCustom}};
 
 std::pair<std::string, int> KeyAndValue(const std::string& text) {
     const std::size_t sign = text.find('=');
@@ -23,11 +17,9 @@ std::pair<std::string, int> KeyAndValue(const std::string& text) {
 }  // namespace
 
 void AddPolicyOptions(CLI::App& command, PolicyOptions& options) {
-    command
-        .add_option("--policy", options.policy.kind,
-                    "What the findings count as; as the settings say if not given")
-        ->transform(CLI::CheckedTransformer(kPolicies, CLI::ignore_case).description(""))
-        ->option_text("basic|tlc|custom");
+    AddChoice<PolicyKind>(command, "--policy", options.policy.kind,
+                          {{"basic", kPolicyBasic}, {"tlc", kPolicyTLC}, {"custom", kPolicyCustom}},
+                          "What the findings count as; as the settings say if not given");
     command
         .add_option_function<std::vector<std::string>>(
             "--set",

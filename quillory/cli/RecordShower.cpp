@@ -94,8 +94,7 @@ RecordShower::RecordShower(const ScreenChoice& choice, Charset from, Reporter& r
 
 void RecordShower::Take(Item& item) {
     if (!item.reason.empty() && !item.continues) {
-        const char* outcome = item.kind == kItemRecord ? "read from its terminators" : "";
-        reporter_.SayFault(item, outcome);
+        reporter_.SayFault(item);
         status_ = kStatusFindings;
     }
     if (item.kind == kItemRecord) Show(item);

@@ -7,13 +7,6 @@ namespace {
 
 constexpr std::uint64_t kSaidInFull = 5;
 
-// Bytes of a record on their way to a terminal: none that could steer it.
-std::string Printable(std::string_view text) {
-    std::string printable;
-    for (const char c : text) printable += c >= ' ' && c < 0x7F ? c : '?';
-    return printable;
-}
-
 // Where in an item its fault is, if more can be said than where the item is.
 std::string FaultPlace(const Item& item) {
     if (!item.faultPlace && item.faultOffset == item.offset) return {};
@@ -26,6 +19,12 @@ std::string FaultPlace(const Item& item) {
 }
 
 }  // namespace
+
+std::string Printable(std::string_view text) {
+    std::string printable;
+    for (const char c : text) printable += c >= ' ' && c < 0x7F ? c : '?';
+    return printable;
+}
 
 std::string Counted(std::uint64_t count, std::string_view noun) {
     return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
@@ -76,6 +75,10 @@ void Reporter::Say(const Item& item, std::string_view kind,
 
 void Reporter::SayCounted(std::string_view kind, std::string_view text) {
     if (Count(kind)) Say(text);
+}
+
+void Reporter::SayFault(const Item& item) {
+    SayFault(item, item.kind == kItemRecord ? "read from its terminators" : "");
 }
 
 void Reporter::SayFault(const Item& item, std::string_view outcome) {

@@ -27,7 +27,9 @@ public:
     void Say(const Item& item, std::string_view kind, std::string_view text);
     // The same, with a text that is made only if it is said.
     void Say(const Item& item, std::string_view kind, const std::function<std::string()>& text);
-    // As Say, where the item's reason and the place of its fault are the message.
+    // As Say, where the item's reason, the place of its fault and what became of it are the
+    // message.
+    void SayFault(const Item& item);
     void SayFault(const Item& item, std::string_view outcome);
     // As Say, about something that is no item of a file of records.
     void SayCounted(std::string_view kind, std::string_view text);
@@ -51,6 +53,8 @@ private:
     std::map<std::string, std::uint64_t, std::less<>> counts_;
 };
 
+// Bytes of a record on their way to a terminal: none that could steer it.
+std::string Printable(std::string_view text);
 // "1 record", "2 records".
 std::string Counted(std::uint64_t count, std::string_view noun);
 

@@ -89,6 +89,28 @@ std::vector<CFType> FormsBetween(CFType first, CFType last) {
 
 }  // namespace
 
+MarcFormat MarcFormatOf(std::string_view leader) {
+    switch (leader.size() > kTypeOfRecord ? leader[kTypeOfRecord] : '\0') {
+        case 'z':
+            return kFormatAuthority;
+        case 'w':
+            return kFormatClassification;
+        case 'q':
+            return kFormatCommunity;
+        case 'u':
+        case 'v':
+        case 'x':
+        case 'y':
+            return kFormatHoldings;
+        default:
+            return kFormatBibliographic;
+    }
+}
+
+bool IsBibliographic(std::string_view leader) {
+    return MarcFormatOf(leader) == kFormatBibliographic;
+}
+
 CFType MaterialOfLeader(std::string_view leader) {
     if (leader.size() <= kBibliographicLevel) return CF006None;
     if (leader[kTypeOfRecord] == kArchivalType) return CF006Mixed;

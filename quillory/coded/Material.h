@@ -2,10 +2,25 @@
 
 #include <zorby/controlfields/CFType.h>
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
 namespace quillory {
+
+// Which of the MARC 21 formats a record is of. A type of record that none of them has counts as
+// bibliographic.
+enum MarcFormat : std::int32_t {
+    kFormatBibliographic,
+    kFormatAuthority,
+    kFormatClassification,
+    kFormatCommunity,
+    kFormatHoldings,
+};
+
+// By Leader/06.
+MarcFormat MarcFormatOf(std::string_view leader);
+bool IsBibliographic(std::string_view leader);
 
 // Which form a field is to be read by. Letters are those of the MARC 21 Format for Bibliographic
 // Data: Leader/06 and 07, 006/00, 007/00.

@@ -13,13 +13,17 @@ struct Utf8Counts {
     std::size_t invalid = 0;  // bytes
 };
 
+// Bytes of the character at `p`; below 1 if there is none.
+std::ptrdiff_t SizeOfCharacter(const char* p, const char* end) {
+    utf8proc_int32_t codePoint = 0;
+    return utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(p), end - p, &codePoint);
+}
+
 void CountUtf8(std::string_view text, Utf8Counts& counts) {
     const char* p = text.data();
     const char* const end = p + text.size();
     while ((p += zorby::PlainRunLength(p, end)) != end) {
-        utf8proc_int32_t codePoint = 0;
-        const utf8proc_ssize_t size =
-            utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(p), end - p, &codePoint);
+        const std::ptrdiff_t size = SizeOfCharacter(p, end);
         if (size < 1) {
             ++counts.invalid;
         } else if (size > 1) {
@@ -55,10 +59,27 @@ char LabelFor(Charset charset) {
     return charset == kCharsetUtf8 ? kUtf8Label : ' ';
 }
 
+std::size_t FindInvalidUtf8(std::string_view text) {
+    const char* p = text.data();
+    const char* const end = p + text.size();
+    while ((p += zorby::PlainRunLength(p, end)) != end) {
+        const std::ptrdiff_t size = SizeOfCharacter(p, end);
+        if (size < 1) return static_cast<std::size_t>(p - text.data());
+        p += size;
+    }
+    return text.npos;
+}
+
 bool IsValidUtf8(std::string_view text) {
-    Utf8Counts counts;
-    CountUtf8(text, counts);
-    return counts.invalid == 0;
+    return FindInvalidUtf8(text) == text.npos;
+}
+
+std::optional<InvalidByte> FirstInvalidByte(const Record& record) {
+    for (const auto& [tag, content] : record.fields) {
+        const std::size_t at = FindInvalidUtf8(content);
+        if (at != content.npos) return InvalidByte{tag, content.data() + at};
+    }
+    return std::nullopt;
 }
 
 Charset ActualCharset(const Record& record) {

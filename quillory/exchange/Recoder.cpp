@@ -69,7 +69,7 @@ Charset Recoder::TargetFor(Charset from) const {
 Recoder::Result Recoder::Recode(Record& record, Losses& losses) {
     Result result;
     const bool forced = options_.from != kCharsetAuto;
-    if (options_.to == kCharsetAuto && !forced && !options_.form) return result;
+    if (options_.to == kCharsetAuto && !forced && !options_.form && !options_.verify) return result;
 
     if (IsPlain(record)) {
         const Charset target = TargetFor(options_.from);
@@ -77,6 +77,8 @@ Recoder::Result Recoder::Recode(Record& record, Losses& losses) {
         return result;
     }
     result.from = forced ? options_.from : ActualCharset(record);
+    if (options_.verify && result.from == kCharsetUtf8) result.invalid = FirstInvalidByte(record);
+    if (result.invalid) return result;
     result.mislabelled = !forced && result.from != LabelledCharset(record.leader);
     const Charset target = TargetFor(result.from);
     const bool normalize = target == kCharsetUtf8 && options_.form.has_value();

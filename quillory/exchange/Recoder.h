@@ -13,6 +13,7 @@ struct RecoderOptions {
     Charset from = kCharsetAuto;     // auto: as the record says and is
     Charset to = kCharsetAuto;       // auto: stays
     std::optional<NormalForm> form;  // C where not given; given, text that was UTF-8 takes it too
+    bool verify = false;             // look at labels and bytes even where nothing is to be changed
 };
 
 // Takes records from character set to character set; leader byte 09 follows.
@@ -23,6 +24,8 @@ public:
     struct Result {
         Charset from = kCharsetAuto;  // auto if nobody had to know
         bool mislabelled = false;     // the leader says another set
+        // Found in UTF-8 if that is verified; the record is left as it was then.
+        std::optional<InvalidByte> invalid;
     };
 
     // Changes the record in place. Its views hold until the next call, if what they viewed does.

@@ -418,6 +418,10 @@ class Ends(Cli):
                           ["convert", self.path("none.mrc")], ["convert", self.folder],
                           ["convert", sample, "-o", sample], ["convert", sample, "--rejects", sample],
                           ["convert", sample, "-o", self.path("b"), "--rejects", self.path("b")],
+                          ["convert", sample, "-o", self.path("b"), "--rejects",
+                           f"{self.folder}/./b"],
+                          ["convert", sample, "-o", os.path.relpath(self.path("b")), "--rejects",
+                           self.path("b")],
                           ["convert", sample, "-o", "/dev/full"],
                           ["convert", sample, "-o", self.folder / "no" / "where"]):
             status, _, err = run(*arguments)

@@ -90,6 +90,34 @@ class Roads(Export):
         self.assertIn("2 records written, 1 not", err)
 
 
+    def test_records_are_what_their_leader_says(self):
+        def marc(label, title):
+            """A record of one field, by hand; the title begins at byte 41."""
+            field = b"10\x1fa" + title + b"\x1e"
+            body = b"245%04d%05d\x1e" % (len(field), 0) + field + b"\x1d"
+            return b"%05dnam %s2200037 i 4500" % (24 + len(body), label) + body
+
+        cases = [
+            (b"a", b"Caf\xe2e", b" ", "leader byte 09 says UTF-8, the bytes are MARC-8"),
+            (b" ", b"Caf\xc3\xa9", b"a", "leader byte 09 says MARC-8, the bytes are UTF-8"),
+            (b" ", b"Caf\xe2e", b" ", ""),
+            (b"a", b"Caf\xc3\xa9", b"a", ""),
+            (b"a", b"Cafe", b"a", ""),
+            (b"a", b"Caf\xc3\xa9 \xc3x", None, "not written: field 245: byte 0xC3 is no UTF-8 (byte 47)"),
+        ]
+        for label, title, left, message in cases:
+            record = marc(label, title)
+            for to in ([], ["--to-charset", "utf8"]):
+                rejects = self.path("rejects.mrc")
+                out, err = self.export("--rejects", rejects, *to, stdin=record,
+                                       status=0 if left else 1)
+                self.assertIn(message, err)
+                if left is None:
+                    self.assertEqual((out, rejects.read_bytes()), (b"", record))
+                elif not to:
+                    self.assertEqual((out, err == ""), (marc(left, title), message == ""))
+
+
 class Holdings(Export):
     def test_a_file_gives_the_copies_in_every_systems_form(self):
         tsv = self.path("h.tsv", TSV)
