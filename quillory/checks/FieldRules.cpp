@@ -1,4 +1,5 @@
 #include <quillory/checks/FieldRules.h>
+#include <quillory/exchange/HoldingsTags.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/text/TagArray.h>
@@ -10,8 +11,6 @@ namespace quillory {
 namespace {
 
 using zorby::CMARCFormat;
-
-constexpr unsigned kFirstDataField = 10;
 
 std::size_t Index(char code) {
     return static_cast<unsigned char>(code);
@@ -33,18 +32,6 @@ bool IsLocalCode(char code) {
 bool IsLocalTag(unsigned tag) {
     const bool has9 = tag / 100 == 9 || tag / 10 % 10 == 9 || tag % 10 == 9;
     return has9 && tag != 490;
-}
-
-// Tags of holdings fields of the user's own.
-std::vector<unsigned> CustomTags() {
-    std::vector<std::string> entries;
-    CMARCFormat::ParseUDSubfields(zorby::CHoldingsSelector::GetCustomHoldingsFieldsAndSubfields(),
-                                  entries, 1);
-    std::vector<unsigned> tags;
-    for (const std::string& entry : entries) {
-        if (const unsigned tag = TagNumber(entry.substr(0, 3)); tag != kNoTag) tags.push_back(tag);
-    }
-    return tags;
 }
 
 }  // namespace
@@ -91,17 +78,15 @@ void FieldRules::AddHoldings() {
     for (const unsigned tag : {852U, 863U, 864U, 865U, 866U, 867U, 868U, 876U, 877U, 878U}) {
         rules_[tag].isHoldings = true;
     }
-    if (zorby::CHoldingsSelector::CurrentHoldingsTypeIsCustom()) {
-        for (const unsigned tag : CustomTags()) rules_[tag].isHoldings = true;
-    }
     const zorby::CInfoAboutHoldingsType* type = zorby::CHoldingsSelector::GetCurrentHoldingsType();
+    for (const unsigned tag : HoldingsTags(type)) {
+        if (!rules_[tag].isKnown) AllowAny(tag);
+        rules_[tag].isHoldings = true;
+    }
     for (int i = 0; type != nullptr && i < type->GetSize(); ++i) {
         const zorby::CInfoAboutHoldingsField& element = *type->GetAt(i);
         const unsigned tag = element.GetTag();
-        if (tag < kFirstDataField || tag >= kTags) continue;
-        if (!rules_[tag].isKnown) AllowAny(tag);
-        rules_[tag].isHoldings = true;
-        if (element.GetSubfield() >= ' ') {
+        if (tag < kTags && rules_[tag].isHoldings && element.GetSubfield() >= ' ') {
             AllowCode(rules_[tag], static_cast<char>(element.GetSubfield()), true);
         }
     }

@@ -39,17 +39,26 @@ const WarningGroupRow* GroupOf(std::int32_t key) {
     return group == groups.end() ? nullptr : &*group;
 }
 
-const zorby::ProfileKeyRow& KeyNamed(const std::string& name) {
-    for (const zorby::ProfileKeyRow& row : zorby::ProfileKeyTable()) {
-        const std::string rowName = row.name;
-        const bool isMeant =
-            rowName == name || rowName == "ZP_" + name || rowName == "ZP_RC_" + name;
-        const bool decides =
-            GroupOf(row.id) != nullptr || row.id == zorby::ZP_RecordViewerShowImportRepairLog;
-        if (isMeant && decides) return row;
+bool Decides(const zorby::ProfileKeyRow& row) {
+    return GroupOf(row.id) != nullptr || row.id == zorby::ZP_RecordViewerShowImportRepairLog;
+}
+
+std::string_view ShortName(std::string_view name) {
+    for (const std::string_view front : {"ZP_RC_", "ZP_"}) {
+        if (name.starts_with(front)) return name.substr(front.size());
     }
-    throw FileError("no findings go by a setting " + name + "; those that do begin ZP_RC_No, " +
-                    "ZP_RC_CF, ZP_RC_Ti, ZP_RC_To in `quillory settings`");
+    return name;
+}
+
+const zorby::ProfileKeyRow& KeyNamed(const std::string& name) {
+    std::string names;
+    for (const zorby::ProfileKeyRow& row : zorby::ProfileKeyTable()) {
+        if (!Decides(row)) continue;
+        const std::string rowName = row.name;
+        if (rowName == name || rowName == "ZP_" + name || rowName == "ZP_RC_" + name) return row;
+        names.append(names.empty() ? "" : ", ").append(ShortName(rowName));
+    }
+    throw FileError("no findings go by a setting " + name + ", only by " + names);
 }
 
 void SetKey(PolicyKind kind, const std::string& name, int value) {
@@ -57,6 +66,9 @@ void SetKey(PolicyKind kind, const std::string& name, int value) {
     if (value < 0 || value > kMostValue) {
         throw FileError(name + ": 0 for an error, 1 for a warning, 2 for nothing, not " +
                         std::to_string(value));
+    }
+    if (kind == kPolicyBasic && GroupOf(row.id) == nullptr) {
+        throw FileError(name + ": the policy basic leaves nothing to set");
     }
     const WarningGroupRow* group = GroupOf(row.id);
     const bool isOpen = kind == kPolicyProfile || group == nullptr ||

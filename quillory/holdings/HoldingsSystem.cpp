@@ -1,3 +1,4 @@
+#include <quillory/exchange/HoldingsTags.h>
 #include <quillory/exchange/QmText.h>
 #include <quillory/holdings/HoldingsSystem.h>
 #include <zorby/holdings/HoldingsSelector.h>
@@ -7,7 +8,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <sstream>
 
 namespace quillory {
 namespace {
@@ -15,10 +15,6 @@ namespace {
 using zorby::CHoldingsSelector;
 using zorby::CInfoAboutHoldingsType;
 using zorby::CInfoAboutHoldingsTypeList;
-
-void AddTag(unsigned tag, std::vector<unsigned>& tags) {
-    if (std::ranges::count(tags, tag) == 0) tags.push_back(tag);
-}
 
 // 0 for what is no tag of a data field.
 unsigned TagOf(std::string_view text) {
@@ -28,28 +24,6 @@ unsigned TagOf(std::string_view text) {
     const bool isNumber =
         text.size() == 3 && std::from_chars(begin, begin + 3, tag).ptr == begin + 3;
     return isNumber && tag >= kFirstDataTag ? tag : 0;
-}
-
-// Of places such as "852khim 949d".
-void AddTagsOfPlaces(const std::string& places, std::vector<unsigned>& tags) {
-    std::istringstream stream(places);
-    for (std::string place; stream >> place;) {
-        if (const unsigned tag = TagOf(place.substr(0, 3)); tag != 0) AddTag(tag, tags);
-    }
-}
-
-std::vector<unsigned> CustomTags() {
-    std::vector<unsigned> tags;
-    AddTagsOfPlaces(CHoldingsSelector::GetCustomHoldingsFieldsAndSubfields(), tags);
-    AddTagsOfPlaces(CHoldingsSelector::GetCustomCallNumber(), tags);
-    AddTagsOfPlaces(CHoldingsSelector::GetCustomBarCode(), tags);
-    return tags;
-}
-
-std::vector<unsigned> TagsOf(const CInfoAboutHoldingsType& type) {
-    std::vector<unsigned> tags;
-    for (int i = 0; i < type.GetSize(); ++i) AddTag(type.GetAt(i)->GetTag(), tags);
-    return tags;
 }
 
 }  // namespace
@@ -63,12 +37,11 @@ HoldingsSystem HoldingsSystemInForce() {
     const CInfoAboutHoldingsType* type = CHoldingsSelector::GetCurrentHoldingsType();
     if (type != nullptr) return SystemOf(*type);
     return {nullptr, zorby::HT_CUSTOM, QmToUtf8(CHoldingsSelector::GetCurrentHoldingsTypeName()),
-            CustomTags()};
+            HoldingsTags(nullptr)};
 }
 
 HoldingsSystem SystemOf(const CInfoAboutHoldingsType& type) {
-    return {&type, type.GetHoldingsTypeID(), QmToUtf8(type.GetName()),
-            type.GetSize() > 0 ? TagsOf(type) : CustomTags()};
+    return {&type, type.GetHoldingsTypeID(), QmToUtf8(type.GetName()), HoldingsTags(&type)};
 }
 
 const CInfoAboutHoldingsType* FindHoldingsType(const std::string& name) {

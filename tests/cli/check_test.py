@@ -151,6 +151,24 @@ class Findings(Checks):
                       self.check(*custom, "--user-defined", "591a")[0])
 
 
+    def test_holdings_are_the_fields_that_an_export_writes(self):
+        for key, value in (("EasyOrCustom", "Custom"), ("CustomBarCodeSubfield", "949b"),
+                           ("CustomCallNumberSubfields", "949a"), ("CustomAllFAndS", "")):
+            self.assertEqual(run("settings", "holdings." + key, value)[0], 0)
+        bare = self.path("bare.mrk", SOUND.replace("=852  \\\\$aMain\n", "").encode())
+        self.assertIn("no holdings", self.check(bare, "--policy", "custom")[0])
+        tsv = self.path("h.tsv", b"001\t949b\nsound\t7\n")
+        marc = self.path("out.mrc")
+        status, _, err = run("export", bare, "-o", marc, "--holdings", tsv, "--policy", "custom")
+        self.assertEqual(status, 0, err)
+        self.check(marc, "--policy", "custom", "--user-defined", "590a", status=0)
+
+    def test_an_empty_file_is_told_once(self):
+        out, err = self.check(self.path("empty.xml", b""))
+        self.assertEqual(err, f"quillory: {self.path('empty.xml')}: an empty file\n")
+        self.assertIn("0 records checked", out)
+
+
 class Policies(Checks):
     def test_a_policy_leaves_the_settings_alone(self):
         self.assertEqual(run("settings", "ZP_RC_NoNotes", "1")[0], 0)
@@ -172,10 +190,16 @@ class Policies(Checks):
         for arguments, words in (
                 (["--set", "NoNotes"], "NoNotes is not KEY=0"),
                 (["--set", "NoNotes=3"], "NoNotes=3 is not KEY=0"),
-                (["--set", "FontWeight=1"], "no findings go by a setting FontWeight"),
+                (["--set", "FontWeight=1"], "no findings go by a setting FontWeight, only by "),
+                (["--set", "CF_InvalidChar=1"], "NoNotes, "),
+                (["--policy", "basic", "--set", "RecordViewerShowImportRepairLog=0"],
+                 "the policy basic leaves nothing to set"),
+                (["--user-defined", "zzz"], "--user-defined zzz: no such fields"),
+                (["--format", "3"], '--format: "3" is none of text, jsonl, html'),
+                (["--from-charset", "2"], '"2" is none of auto, marc8, utf8, latin1'),
                 (["--policy", "basic", "--set", "NoNotes=1"], "the policy basic fixes it to 2"),
                 (["--policy", "tlc", "--set", "No300a=2"], "the policy tlc fixes it to 0"),
-                (["--policy", "strict"], "strict"),
+                (["--policy", "strict"], '"strict" is none of basic, tlc, custom'),
                 (["-o", self.bare], "is an input"),
                 ([self.path("none.mrc")], "none.mrc"),
                 (["-o", self.path("no/folder/x")], "no/folder/x")):
