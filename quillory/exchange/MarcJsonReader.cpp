@@ -1,3 +1,4 @@
+#include <quillory/exchange/JsonWords.h>
 #include <quillory/exchange/MarcJson.h>
 
 #include <nlohmann/json.hpp>
@@ -185,7 +186,7 @@ public:
     bool binary(const std::vector<std::uint8_t>&) { return Misplaced(); }
 
     bool parse_error(std::size_t position, const std::string&, const std::exception& error) {
-        malformed_ = "malformed JSON: " + Words(error.what());
+        malformed_ = "malformed JSON: " + JsonWords(error.what());
         malformedAt_ = position == 0 ? 0 : position - 1;  // it counts the bytes it has read
         return false;
     }
@@ -204,15 +205,6 @@ private:
     bool Misplaced() {
         builder_.Fail("a value of another kind than its place wants");
         return true;
-    }
-
-    // The parser's words without its own numbers, and without bytes of the file.
-    static std::string Words(std::string_view what) {
-        constexpr std::string_view kBehindNumbers = ": ";
-        const std::size_t start = what.find(kBehindNumbers);
-        if (start == npos) return "a number out of range";
-        what.remove_prefix(start + kBehindNumbers.size());
-        return std::string(what.substr(0, what.find("; last read: ")));
     }
 
     RecordBuilder& builder_;

@@ -1,7 +1,9 @@
 #include <quillory/exchange/Charset.h>
 #include <quillory/exchange/Input.h>
+#include <quillory/exchange/TextPlace.h>
 #include <quillory/holdings/HoldingsFile.h>
 #include <quillory/holdings/HoldingsJson.h>
+#include <quillory/holdings/Trimmed.h>
 
 #include <algorithm>
 #include <memory>
@@ -24,11 +26,6 @@ std::string ReadAll(const std::string& path) {
         text += chunk;
         input.Skip(chunk.size());
     }
-}
-
-std::string_view Trimmed(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
 bool IsKey(std::string_view name) {
@@ -60,10 +57,13 @@ HoldingsFile::HoldingsFile(const std::string& path, const HoldingsSystem& system
     if (rest_.starts_with(kByteOrderMark)) rest_.remove_prefix(kByteOrderMark.size());
     isJson_ = rest_.starts_with('{');
     if (rest_.empty()) Refuse("an empty file");
+    if (rest_.starts_with('[')) Refuse("a JSON array; wanted is one object a line");
     while (!rest_.empty()) {
         const std::string_view line = TakeLine();
         if (Trimmed(line).empty()) continue;
-        if (!IsValidUtf8(line)) Refuse("not in UTF-8");
+        if (const std::size_t at = FindInvalidUtf8(line); at != line.npos) {
+            RefuseAt(line.substr(0, at), "not in UTF-8");
+        }
         if (!isJson_ && columns_.empty()) {
             ReadHeader(line);
         } else {
@@ -82,9 +82,17 @@ std::string_view HoldingsFile::TakeLine() {
     return line;
 }
 
+std::string HoldingsFile::LineText() const {
+    return name_ + ": line " + std::to_string(std::max<std::uint64_t>(line_, 1));
+}
+
 void HoldingsFile::Refuse(const std::string& reason) const {
-    throw FileError(name_ + ": line " + std::to_string(std::max<std::uint64_t>(line_, 1)) + ": " +
-                    reason);
+    throw FileError(LineText() + ": " + reason);
+}
+
+void HoldingsFile::RefuseAt(std::string_view before, const std::string& reason) const {
+    const std::uint64_t column = TextPlace().After(before).column;
+    throw FileError(LineText() + ", column " + std::to_string(column) + ": " + reason);
 }
 
 void HoldingsFile::ReadHeader(std::string_view line) {
@@ -95,7 +103,7 @@ void HoldingsFile::ReadHeader(std::string_view line) {
         const std::string& name = columns_.back();
         if (IsKey(name)) {
             ++keys;
-        } else {
+        } else if (!name.empty()) {
             ColumnOf(name);
         }
         more = end < line.size();
@@ -117,23 +125,29 @@ void HoldingsFile::ReadRow(std::string_view line) {
 HoldingsFile::Cells HoldingsFile::CellsOf(std::string_view line) const {
     if (!isJson_) return CellsOfTsv(line);
     Cells cells;
-    const std::string fault = ReadHoldingsObject(line, [&](std::string name, std::string value) {
+    const auto fault = ReadHoldingsObject(line, [&](std::string name, std::string value) {
         cells.push_back({std::move(name), std::move(value)});
     });
-    if (!fault.empty()) Refuse(fault);
-    return cells;
+    if (!fault) return cells;
+    if (!fault->at) Refuse(fault->reason);
+    RefuseAt(line.substr(0, *fault->at), fault->reason);
 }
 
 HoldingsFile::Cells HoldingsFile::CellsOfTsv(std::string_view line) const {
     Cells cells;
-    for (std::size_t column = 0;; ++column) {
-        const std::size_t end = std::min(line.find('\t'), line.size());
-        const std::string_view value = Trimmed(line.substr(0, end));
-        if (column >= columns_.size() && !value.empty()) Refuse("more cells than columns");
-        if (!value.empty()) cells.push_back({columns_[column], std::string(value)});
-        if (end == line.size()) return cells;
-        line.remove_prefix(end + 1);
+    std::size_t start = 0;
+    for (std::size_t column = 0; start <= line.size(); ++column) {
+        const std::size_t end = std::min(line.find('\t', start), line.size());
+        const std::string_view value = Trimmed(line.substr(start, end - start));
+        if (!value.empty()) {
+            const std::string_view before = line.substr(0, start);
+            if (column >= columns_.size()) RefuseAt(before, "more cells than columns");
+            if (columns_[column].empty()) RefuseAt(before, "a value in a column without a name");
+            cells.push_back({columns_[column], std::string(value)});
+        }
+        start = end + 1;
     }
+    return cells;
 }
 
 std::string HoldingsFile::TakeKey(Cells& cells) {

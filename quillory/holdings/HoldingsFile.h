@@ -17,7 +17,8 @@ namespace quillory {
 //
 // TSV: the first line names the columns, divided by tabs. One of them is the key, "001" for the
 // control number of the record that the copy is of, or "record" for its number in the file of
-// records, from 1. The others are as FindColumn has them; an empty cell is no value.
+// records, from 1. The others are as FindColumn has them; an empty cell is no value, and a column
+// without a name has none.
 //
 // JSON Lines, told by a first byte "{": an object a line, whose members are named as the columns
 // are. A value is a text, a whole number, a list of those, or null for none.
@@ -26,7 +27,8 @@ namespace quillory {
 // memory, in up to twice its size and about 80 bytes for each line. Texts come out in UTF-8.
 class HoldingsFile {
 public:
-    // Reads and checks the whole file. Throws FileError, which names file, line and column.
+    // Reads and checks the whole file. Throws FileError, which names file, line and the column
+    // by name or number.
     HoldingsFile(const std::string& path, const HoldingsSystem& system);
 
     const std::string& Name() const { return name_; }
@@ -61,7 +63,10 @@ private:
     const HoldingsColumn& ColumnOf(const std::string& name);
     void AddCopy(const Cells& cells, zorby::CHoldingsDataRecord& copy);
     bool AddCopiesOf(const std::string& key, zorby::CHoldingsDataRecordList& copies);
+    std::string LineText() const;
     [[noreturn]] void Refuse(const std::string& reason) const;
+    // At the place in the line in hand that has this before it.
+    [[noreturn]] void RefuseAt(std::string_view before, const std::string& reason) const;
 
     std::string name_;
     const HoldingsSystem& system_;

@@ -1,3 +1,4 @@
+#include <quillory/exchange/JsonWords.h>
 #include <quillory/holdings/HoldingsJson.h>
 
 #include <nlohmann/json.hpp>
@@ -21,28 +22,46 @@ bool TakeValue(const Json& value, std::string& text) {
     return true;
 }
 
-}  // namespace
-
-std::string ReadHoldingsObject(
-    std::string_view line, const std::function<void(std::string name, std::string value)>& take) {
-    std::size_t names = 0;
+// `names` is how many members the object has, one of the same name again included.
+std::optional<HoldingsFault> Parse(std::string_view line, Json& object, std::size_t& names) {
     const auto count = [&names](int depth, Json::parse_event_t event, const Json&) {
         if (depth == 1 && event == Json::parse_event_t::key) ++names;
         return true;
     };
-    const Json object = Json::parse(line, count, false);
-    if (!object.is_object()) return "no JSON object";
-    if (names != object.size()) return "a name more than once";
+    try {
+        object = Json::parse(line, count);
+        const std::size_t nul = line.find('\0');  // which the parser takes for the end
+        if (nul == line.npos) return std::nullopt;
+        return HoldingsFault{"malformed JSON: a NUL byte", nul};
+    } catch (const Json::parse_error& error) {
+        const std::size_t at = error.byte == 0 ? 0 : error.byte - 1;  // it counts the bytes read
+        return HoldingsFault{"malformed JSON: " + JsonWords(error.what()), at};
+    } catch (const Json::exception& error) {
+        return HoldingsFault{"malformed JSON: " + JsonWords(error.what())};
+    }
+}
+
+}  // namespace
+
+std::optional<HoldingsFault> ReadHoldingsObject(
+    std::string_view line, const std::function<void(std::string name, std::string value)>& take) {
+    Json object;
+    std::size_t names = 0;
+    if (auto fault = Parse(line, object, names)) return fault;
+    if (!object.is_object()) return HoldingsFault{"no JSON object", 0};
+    if (names != object.size()) return HoldingsFault{"a name more than once"};
     for (const auto& [name, member] : object.items()) {
         const Json values = member.is_array() ? member : Json::array({member});
         for (const Json& value : values) {
             std::string text;
             if (value.is_null()) continue;
-            if (!TakeValue(value, text)) return name + ": neither a text nor a whole number";
+            if (!TakeValue(value, text)) {
+                return HoldingsFault{name + ": neither a text nor a whole number"};
+            }
             if (!text.empty()) take(name, std::move(text));
         }
     }
-    return {};
+    return std::nullopt;
 }
 
 }  // namespace quillory

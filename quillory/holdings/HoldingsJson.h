@@ -1,14 +1,22 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace quillory {
 
+// Why a line can't be read.
+struct HoldingsFault {
+    std::string reason;
+    std::optional<std::size_t> at = {};  // bytes of the line before it, where there is such a place
+};
+
 // Reads one line of a holdings file in JSON, and gives each value with the name of its member, an
-// item of a list by itself. Result: why the line can't be read, or an empty text.
-std::string ReadHoldingsObject(
+// item of a list by itself. Result: what is wrong, if anything is.
+std::optional<HoldingsFault> ReadHoldingsObject(
     std::string_view line, const std::function<void(std::string name, std::string value)>& take);
 
 }  // namespace quillory

@@ -1,5 +1,6 @@
 #include <quillory/checks/Subfields.h>
 #include <quillory/holdings/RecordHoldings.h>
+#include <quillory/holdings/Trimmed.h>
 
 #include <algorithm>
 #include <string_view>
@@ -12,12 +13,6 @@ using zorby::CommFormatField;
 
 constexpr std::size_t kTagSize = 3;
 constexpr std::size_t kIndicators = 2;
-
-std::string_view Trimmed(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\n\v\f\r";
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
 
 // What counts in a field: its tag, its indicators and its subfields, in any order.
 struct Statement {
@@ -139,7 +134,6 @@ void RecordHoldings::Replace(Record& record,
         record.fields.push_back({view.substr(0, kTagSize), view.substr(kTagSize)});
     }
     record.bytes = {};
-    ++changed_;
 }
 
 }  // namespace quillory

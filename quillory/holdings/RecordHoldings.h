@@ -32,8 +32,6 @@ public:
     // until the next call.
     void Write(Record& record, std::uint64_t number, Charset charset, Losses& losses);
 
-    std::uint64_t Changed() const { return changed_; }
-
 private:
     struct NewField {
         std::string tag;
@@ -54,7 +52,6 @@ private:
     std::vector<NewField> made_;
     zorby::CPmarc record_;
     std::array<std::unique_ptr<TextConverter>, 4> converters_;  // from UTF-8
-    std::uint64_t changed_ = 0;
 };
 
 }  // namespace quillory

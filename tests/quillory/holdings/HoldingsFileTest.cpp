@@ -89,18 +89,21 @@ TEST_F(HoldingsFileTest, FaultsAreNamedByLineAndColumn) {
         {"\n001\tColour\n", "2: \"Colour\" is no holdings element of Follett, first release"},
         {"001\t949$a\n", "1: \"949$a\" is no holdings element"},
         {"001\t852$A\n", "1: \"852$A\" is no holdings element"},
-        {"001\t\n", "1: \"\" is no holdings element"},
+        {"001\tPrice\t\nx\t1\t\nx\t1\t2\n", "3, column 5: a value in a column without a name"},
         {"001\trecord\n", "1: one column must be the key, 001 or record"},
         {"Price\n", "1: one column must be the key, 001 or record"},
         {"001\tPrice\nx\t1\n\t2\n", "3: no key (001 or record)"},
         {"001\tPrice\nx\t1\nx\t\n", "3: no value for 001 x"},
-        {"001\tPrice\nx\t1\t\nx\t1\t2\n", "3: more cells than columns"},
-        {"001\tPrice\nx\t\xFF\n", "2: not in UTF-8"},
+        {"001\tPrice\nx\t1\t\nx\t1\t2\n", "3, column 5: more cells than columns"},
+        {"001\tPrice\nx\t\xC3\xA9\xFF\n", "2, column 4: not in UTF-8"},
         {"001\tPrice\nx\ta\037b\n", "2: Price: a control character"},
         {"record\tPrice\n01\t1\n", "2: \"01\" is no number of a record"},
         {"record\tPrice\n1a\t1\n", "2: \"1a\" is no number of a record"},
-        {"{\"001\": \"x\", \"Price\": 1}\n[]\n", "2: no JSON object"},
-        {"{\"001\": \"x\", \"Price\": 1", "1: no JSON object"},
+        {"{\"001\": \"x\", \"Price\": 1}\n[]\n", "2, column 1: no JSON object"},
+        {"{\"001\": \"x\", \"Price\": 1", "1, column 24: malformed JSON: syntax error"},
+        {std::string("{\"001\": \"x\", \"Price\": 1}\0", 25),
+         "1, column 25: malformed JSON: a NUL"},
+        {"[{\"001\": \"x\"}]", "1: a JSON array; wanted is one object a line"},
         {"{\"001\": \"x\", \"Price\": 1.5}\n", "1: Price: neither a text nor a whole number"},
         {"{\"001\": \"x\", \"Price\": [[\"1\"]]}\n", "1: Price: neither a text nor a whole number"},
         {"{\"001\": \"x\", \"Price\": 1, \"Price\": 2}\n", "1: a name more than once"},
@@ -113,6 +116,16 @@ TEST_F(HoldingsFileTest, FaultsAreNamedByLineAndColumn) {
         const std::string said = FaultOf(text, system);
         EXPECT_EQ(said.substr(0, std::string_view(fault).size()), fault) << text;
     }
+}
+
+TEST_F(HoldingsFileTest, WhatASpreadsheetLeavesAtItsEdgesIsNothing) {
+    const HoldingsSystem system = System("Follett");
+    const TemporaryFile file("001\t\tPrice\t\nx\t\t1\t\t\n\t\t\t\ny\t \t2\n");
+    HoldingsFile holdings(file.Path(), system);
+    zorby::CHoldingsDataRecordList copies;
+    EXPECT_TRUE(holdings.AddCopies("x", 1, copies));
+    EXPECT_TRUE(holdings.AddCopies("y", 2, copies));
+    EXPECT_EQ(copies.GetSize(), 2);
 }
 
 TEST_F(HoldingsFileTest, CustomHoldingsHavePlacesAlone) {

@@ -15,7 +15,6 @@ protected:
         TestRecord test(fields);
         Losses losses;
         holdings.Write(test.record, 1, kCharsetUtf8, losses);
-        EXPECT_EQ(test.IsUnchanged(), holdings.Changed() == 0);
         return test.IsUnchanged() ? "" : test.Text();
     }
 };
@@ -87,7 +86,6 @@ TEST_F(RecordHoldingsTest, TheFileReplacesTheFieldsOfItsRecords) {
               "0011\n852  $hFIC \xE2"
               "Et\xE2"
               "e$p7$99.50\n852  $hB$p8$t2");
-    EXPECT_EQ(holdings.Changed(), 2U);
     EXPECT_TRUE(losses.Empty());
 }
 
