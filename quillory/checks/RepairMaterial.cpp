@@ -6,16 +6,12 @@ namespace {
 
 using namespace zorby;
 
-constexpr std::size_t kTypeOfRecord = 6;
 constexpr std::size_t kFormOfItem = 6;
 constexpr std::size_t kTypeOfMap = 8;
 constexpr std::size_t kTypeOfFile = 9;
 constexpr std::size_t kTypeOfVisual = 16;
 constexpr std::size_t kDesignation = 1;
 constexpr std::size_t kSpeed = 3;
-
-// Authority, classification, community information, and the kinds of holdings.
-constexpr std::string_view kOtherFormats = "zwquvxy";
 
 char ByteOf(std::string_view field, std::size_t position) {
     return position < field.size() ? field[position] : '\0';
@@ -125,9 +121,7 @@ MaterialType MusicSoundMaterial(char typeOfRecord, std::string_view field007) {
 
 RecordFormat FormatOfLeader(std::string_view leader) {
     if (MaterialOfLeader(leader) != CF006None) return RecordFormat::Bibliographic;
-    const bool isOther = leader.size() > kTypeOfRecord &&
-                         kOtherFormats.find(leader[kTypeOfRecord]) != kOtherFormats.npos;
-    return isOther ? RecordFormat::Other : RecordFormat::Unknown;
+    return IsBibliographic(leader) ? RecordFormat::Unknown : RecordFormat::Other;
 }
 
 MaterialType MaterialOf(CFType form006, char typeOfRecord, std::string_view section,

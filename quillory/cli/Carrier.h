@@ -68,7 +68,6 @@ private:
 void CheckNotAnInput(const std::vector<std::string>& files, const std::string& path);
 // Throws FileError if two outputs, of which `contents` says what they are, would be one file, under
 // whatever names. An empty path is no file, and /dev/null takes anything.
-void CheckNotTheSame(const std::string& path, const std::string& other,
-                     std::string_view contents = "one output and another");
+void CheckNotTheSame(const std::string& path, const std::string& other, std::string_view contents);
 
 }  // namespace quillory

@@ -72,10 +72,7 @@ Status DryRun(RepairedFiles& files, Reporter& reporter) {
         const bool isDamaged = item.kind != kItemRecord || !item.reason.empty();
         if (isDamaged) {
             damage = kStatusFindings;
-            if (!item.continues) {
-                reporter.SayFault(item,
-                                  item.kind == kItemRecord ? "read from its terminators" : "");
-            }
+            if (!item.continues) reporter.SayFault(item);
         }
         return true;
     });
@@ -87,8 +84,8 @@ Status RunRepair(const RepairCommand& command) {
          {command.output.output, command.output.rejects, command.report}) {
         CheckNotAnInput(command.input.files, path);
     }
-    CheckNotTheSame(command.report, command.output.output);
-    CheckNotTheSame(command.report, command.output.rejects);
+    CheckNotTheSame(command.report, command.output.output, "the records and the report");
+    CheckNotTheSame(command.report, command.output.rejects, "the rejects and the report");
     if (!LoadWorkforms()) return kStatusFailed;
     const CodeLists lists = LoadCodeLists();
     Reporter reporter(command.input.quiet, command.input.verbose);

@@ -78,17 +78,14 @@ void Reporter::SayCounted(std::string_view kind, std::string_view text) {
 }
 
 void Reporter::SayFault(const Item& item) {
-    SayFault(item, item.kind == kItemRecord ? "read from its terminators" : "");
-}
-
-void Reporter::SayFault(const Item& item, std::string_view outcome) {
     std::string text;
     if (!item.tag.empty()) text += "field " + Printable(item.tag) + ": ";
     text += item.reason;
     text += FaultPlace(item);
-    if (item.kind == kItemStray && !item.bytes.empty())
+    if (item.kind == kItemStray && !item.bytes.empty()) {
         text += " (" + Counted(item.bytes.size(), "byte") + ")";
-    if (!outcome.empty()) text += "; " + std::string(outcome);
+    }
+    if (item.kind == kItemRecord) text += "; read from its terminators";
     Say(item, item.reason, text);
 }
 

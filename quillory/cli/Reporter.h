@@ -30,7 +30,6 @@ public:
     // As Say, where the item's reason, the place of its fault and what became of it are the
     // message.
     void SayFault(const Item& item);
-    void SayFault(const Item& item, std::string_view outcome);
     // As Say, about something that is no item of a file of records.
     void SayCounted(std::string_view kind, std::string_view text);
     // About the file or the work as a whole.
