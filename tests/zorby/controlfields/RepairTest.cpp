@@ -136,7 +136,7 @@ TEST_F(Repair, MainMaterialByRule) {
         {MTBook, kLeader, 9, "a02", " 22", {12, 13}},
         {MTBook, kLeader, 9, "a0", " 2", {12, 13}},
         {MTBook, kLeader, 20, "9501", "4500", {19, 22}},
-        {MTBook, kLeader, 0, "x\0y\377z", "x", {}},
+        {MTBook, kLeader, 0, "x", "x", {}},
         {MTBook, kLeader, 5, "?", "n", {2}},
         {MTBook, kLeader, 6, "c", "a", {4}},
         {MTBook, kLeader, 7, "s", "s", {}},  // any level will do
