@@ -71,6 +71,8 @@ class New(NewRecords):
                 (["-w", BOOK, "-s", "245=Title"], "--set 245: a whole field is"),
                 (["-w", BOOK, "-s", "008/22=Q"], '"Q" is no code of 008/22 (Target audience)'),
                 (["-w", BOOK, "-s", "language=xyz"], '"xyz" is no code of 008/35-37 (Language)'),
+                (["-w", BOOK, "-s", "country=us"], '"us " is an obsolete code of 008/15-17'),
+                (["-w", BOOK, "-s", "leader/06=g"], "leader/06: "),  # 008 is that of a book
                 (["-w", BOOK, "-s", "008=short"], "not as long as the format has it"),
                 (["-w", BOOK, "-s", "leader/09=a"], "leader/09: says how a record is stored"),
                 (["-w", BOOK, "-s", "245a=A", "-s", "245a=B"], "a record has this field once"),
