@@ -281,6 +281,43 @@ class Faults(InFolder):
         self.assertEqual(path.read_text(), TYPE)
 
 
+class Codes(InFolder):
+    """What is published, without what is of the library's menus."""
+
+    COLUMNS = "field form positions element code status since until use text".split()
+    WIDE = COLUMNS + ["menu", "place", "caption"]
+    ROWS = [
+        ["leader", "all", "08", "Control", "", "title", "", "", "", "", "Control", "", ""],
+        ["leader", "all", "08", "Control", "#", "current", "", "", "", "None", "Control", "2", "-"],
+        ["leader", "all", "08", "Control", "b", "menu", "", "", "", "", "Control", "", "Blue"],
+        ["leader", "all", "08", "Control", "c", "obsolete", "", "1990", "a", "\u00e9", "", "", ""],
+    ]
+
+    def source(self, name, *rows):
+        head = ["# Published.", "# Then.", "", "# Menus.", "", "\t".join(self.WIDE)]
+        return self.write(name, "\n".join(head + ["\t".join(row) for row in rows] + ["# End", ""]))
+
+    def test_join(self):
+        sources = [self.source("a.tsv", *self.ROWS), self.source("b.tsv")]
+        run = Run("join-codes", *sources, "-o", "-")
+        self.assertEqual((run.status, run.err), (WELL, ""))
+        head = ["# Published.", "# Then.", "\t".join(self.COLUMNS)]
+        published = ["\t".join(self.ROWS[at][:10]) for at in (1, 3)]
+        self.assertEqual(run.out.decode().splitlines(), head + published + head)
+
+    def test_faults(self):
+        for row, fault in (
+                (self.ROWS[1][:10], "10 columns instead of 13"),
+                (self.ROWS[1][:5] + ["new"] + self.ROWS[1][6:], 'no status "new"'),
+                (self.ROWS[3], "a second row for code \"c\"")):
+            with self.subTest(fault):
+                path = self.source("a.tsv", *self.ROWS, row)
+                run = Run("join-codes", path, "-o", self.folder / "out")
+                told = f"zorby-data: {path}:11: {fault}\n"
+                self.assertEqual((run.status, run.err), (FAILED, told))
+                self.assert_untouched([path])
+
+
 class DataFiles(InFolder):
     def test_round_trips(self):
         self.assert_round_trip("format", (BUILT / "MARCBibl.tfm").read_bytes())

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 
+#include <tools/zorby-data/CodeSource.h>
 #include <tools/zorby-data/Commands.h>
 #include <tools/zorby-data/Dump.h>
 #include <tools/zorby-data/FormatCompiler.h>
@@ -134,9 +135,9 @@ Status JoinCodes(const std::vector<std::string>& sources, const std::string& out
     quillory::CodeStatus codes;
     std::string joined;
     for (const std::string& source : sources) {
-        const std::string text = ContentOf(source, output);
-        codes.Add(text, source);
-        joined += text;
+        const std::string published = PublishedPart(ContentOf(source, output), source);
+        codes.Add(published, source);
+        joined += WithoutEmptyLines(published);
     }
     WriteWhole(output, joined);
     return kStatusWell;
