@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
 #include <cstring>
 #include <map>
 #include <random>
@@ -150,6 +151,28 @@ TEST(MenuData, TextsAreInOrder) {
         std::erase_if(texts, [](const std::string& text) { return text.starts_with("OCLC - "); });
         EXPECT_TRUE(std::is_sorted(texts.begin(), texts.end(), IsBefore)) << facts.title;
     }
+}
+
+// FNV-1a, 64 bits.
+std::uint64_t DigestOf(const Strings& texts) {
+    std::uint64_t digest = 14695981039346656037u;
+    for (const std::string& text : texts) {
+        for (const char c : text)
+            digest = (digest ^ static_cast<unsigned char>(c)) * 1099511628211u;
+    }
+    return digest;
+}
+
+// What the format says today is told apart from them.
+TEST(MenuData, MenusAreThoseOfTheirDay) {
+    Strings all;
+    for (const MenuFacts& facts : kMenuFacts) {
+        for (const std::string& item : ItemsOf(facts.parts.front())) all.push_back(item);
+    }
+    EXPECT_EQ(all.size(), 2141u);
+    EXPECT_EQ(DigestOf(all), 16442338771229831473u)
+        << "a code, a caption or an order has changed: see caption in "
+           "data/marc21/README.md";
 }
 
 TEST(MenuData, LanguageIsInBlocks) {

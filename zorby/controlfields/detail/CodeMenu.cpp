@@ -1,23 +1,11 @@
 #include <zorby/controlfields/detail/CodeMenu.h>
+#include <zorby/controlfields/detail/CodeMenus006.h>
+#include <zorby/controlfields/detail/CodeMenus007.h>
 #include <zorby/controlfields/detail/CodeMenus008.h>
-#include <zorby/controlfields/detail/CodeMenusBooks.h>
-#include <zorby/controlfields/detail/CodeMenusCartographic.h>
-#include <zorby/controlfields/detail/CodeMenusComputerFiles.h>
-#include <zorby/controlfields/detail/CodeMenusContinuing.h>
 #include <zorby/controlfields/detail/CodeMenusCountries.h>
-#include <zorby/controlfields/detail/CodeMenusElectronic.h>
 #include <zorby/controlfields/detail/CodeMenusFormOfItem.h>
-#include <zorby/controlfields/detail/CodeMenusGraphics.h>
 #include <zorby/controlfields/detail/CodeMenusLanguages.h>
 #include <zorby/controlfields/detail/CodeMenusLeader.h>
-#include <zorby/controlfields/detail/CodeMenusMaps.h>
-#include <zorby/controlfields/detail/CodeMenusMicroform.h>
-#include <zorby/controlfields/detail/CodeMenusMotionPicture.h>
-#include <zorby/controlfields/detail/CodeMenusMusic.h>
-#include <zorby/controlfields/detail/CodeMenusSound.h>
-#include <zorby/controlfields/detail/CodeMenusTactile.h>
-#include <zorby/controlfields/detail/CodeMenusVideo.h>
-#include <zorby/controlfields/detail/CodeMenusVisual.h>
 #include <zorby/controlfields/detail/CompiledCodeList.h>
 
 #include <array>

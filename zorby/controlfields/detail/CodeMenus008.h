@@ -1,7 +1,8 @@
 #pragma once
 
-// MARC 21 Format for Bibliographic Data as of 2010, 008: positions common to all materials, and
-// lists that several materials share.
+// Made by tools/code-menus from data/marc21/codes/008.tsv. Change that, and run it.
+//
+// MARC 21 Format for Bibliographic Data as of 2010, 008, positions of all materials.
 namespace zorby::detail {
 
 // clang-format off
@@ -41,58 +42,6 @@ inline constexpr const char* kCatalogingSource[] = {
     " \nNational bibliographic agency\n",
     "d\nOther\n",
     "u\nUnknown\n",
-    nullptr,
-};
-
-inline constexpr const char* kTargetAudience[] = {
-    "Target audience",
-    "d\nAdolescent\n",
-    "e\nAdult\n",
-    "g\nGeneral\n",
-    "j\nJuvenile\n",
-    "c\nPre-adolescent\n",
-    "a\nPreschool\n",
-    "b\nPrimary\n",
-    "f\nSpecialized\n",
-    " \nUnknown or not specified\n",
-    nullptr,
-};
-
-inline constexpr const char* kGovernmentPublication[] = {
-    "Government publication",
-    "a\nAutonomous or semi-autonomous component\n",
-    "f\nFederal/national\n",
-    "o\nGovernment publication-level undetermined\n",
-    "i\nInternational intergovernmental\n",
-    "l\nLocal\n",
-    "c\nMultilocal\n",
-    "m\nMultistate\n",
-    " \nNot a government publication\n",
-    "z\nOther\n",
-    "s\nState, provincial, territorial, dependent, etc.\n",
-    "u\nUnknown if item is government publication\n",
-    nullptr,
-};
-
-inline constexpr const char* kConferencePublication[] = {
-    "Conference publication",
-    "1\nConference publication\n",
-    "0\nNot a conference publication\n",
-    nullptr,
-};
-
-inline constexpr const char* kFormOfItemNonprojectedSound[] = {
-    "Form of item (non-projected graphic, sound recording)",
-    "f\nBraille\n",
-    "q\nDirect electronic\n",
-    "s\nElectronic\n",
-    "d\nLarge print\n",
-    "b\nMicrofiche\n",
-    "a\nMicrofilm\n",
-    "c\nMicroopaque\n",
-    " \nNone of the following\n",
-    "o\nOnline\n",
-    "r\nRegular print reproduction\n",
     nullptr,
 };
 // clang-format on

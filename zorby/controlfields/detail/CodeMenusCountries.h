@@ -1,9 +1,11 @@
 #pragma once
 
+// Made by tools/code-menus from data/marc21/codes/countries.tsv. Change that, and run it.
+//
 // MARC Code List for Countries, edition of 2000; names of the editions of 2000 and 2003, without
 // diacritics. Codes of later editions are not in it. On purpose, two codes that were discontinued
-// stay, with the mark obsolete; twelve codes stand twice, under two names, and the first is the one
-// that a code finds; and the text of "cg " ends in a blank.
+// stay, with the mark obsolete; twelve codes stand twice, under two names, and the first is the
+// one that a code finds; and the caption of "cg " ends in a blank.
 namespace zorby::detail {
 
 // clang-format off

@@ -1,16 +1,18 @@
 #pragma once
 
+// Made by tools/code-menus from data/marc21/codes/languages.tsv. Change that, and run it.
+//
 // MARC Code List for Languages, editions of 1996 to 2003; names of the edition of 2003, without
-// diacritics. On purpose, additions stand in front of the main list; the codes that the edition of
-// 2000 replaced are marked new there and, but one, come again in the main list as obsolete; their
-// successors and most codes after 2002 are left out; the text of "nde" ends in two blanks; and two
-// items hold a second entry, which no look-up sees.
+// diacritics. On purpose, places 1 to 35 are the additions of 2000; places 36 to 61 the codes that
+// were replaced in 2000, marked new there, all but one of which come again as obsolete; places 62
+// to 90 the additions of 1996. The successors of those codes and most codes after 2002 are left
+// out; the caption of "nde" ends in two blanks; and two entries hold a second one, which no
+// look-up sees.
 namespace zorby::detail {
 
 // clang-format off
 inline constexpr const char* kLanguage[] = {
     "Language",
-    // Added in 2000.
     "aar\nAfar\n",
     "abk\nAbkhaz\n",
     "aus\nAustralian languages\n",
@@ -46,7 +48,6 @@ inline constexpr const char* kLanguage[] = {
     "vol\nVolapuk\n",
     "ypk\nYupik languages\n",
     "zha\nZhuang\n",
-    // Replaced in 2000, in their old form.
     "cam\nKhmer (new in 2000)\n",
     "esp\nEsperanto (new in 2000)\n",
     "eth\nEthiopic (new in 2000)\n",
@@ -73,7 +74,6 @@ inline constexpr const char* kLanguage[] = {
     "tar\nTatar (new in 2000)\n",
     "tru\nTruk (new in 2000)\n",
     "tsw\nTswana (new in 2000)\n",
-    // Added in 1996.
     "bis\nBislama\n",
     "bnt\nBantu (Other)\n",
     "btk\nBatak\n",
@@ -103,7 +103,6 @@ inline constexpr const char* kLanguage[] = {
     "tpi\nTok Pisin\n",
     "tvl\nTuvaluan\n",
     "znd\nZande\n",
-    // The main list.
     "ace\nAchinese\n",
     "ach\nAcoli\n",
     "ada\nAdangme\n",

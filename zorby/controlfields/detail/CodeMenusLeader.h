@@ -1,8 +1,10 @@
 #pragma once
 
-// MARC 21 Format for Bibliographic Data as of 2010, Leader. Encoding level has, after "Not
-// applicable", six values of OCLC that the format doesn't define. Type of record and bibliographic
-// level are cut to the material.
+// Made by tools/code-menus from data/marc21/codes/leader.tsv. Change that, and run it.
+//
+// MARC 21 Format for Bibliographic Data as of 2010, Leader. Type of record and bibliographic level
+// are cut to the material. Encoding level has, after "Not applicable", six values of OCLC that the
+// format does not define, in lower case.
 namespace zorby::detail {
 
 // clang-format off
