@@ -2,7 +2,7 @@
 #include <quillory/exchange/MarcReader.h>
 #include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/RecordWriter.h>
-#include <quillory/exchange/TextConverter.h>
+#include <quillory/text/TextConverter.h>
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
-#include <quillory/checks/RecordRepair.h>
 #include <quillory/exchange/MarcReader.h>
 #include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/RecordWriter.h>
+#include <quillory/repair/RecordRepair.h>
 #include <zorby/workforms/TemplateList.h>
 
 #include <benchmark/benchmark.h>

@@ -1,6 +1,6 @@
-#include <quillory/exchange/Charset.h>
-#include <quillory/exchange/TextConverter.h>
-#include <quillory/exchange/Utf8.h>
+#include <quillory/text/Charset.h>
+#include <quillory/text/TextConverter.h>
+#include <quillory/text/Utf8.h>
 
 #include <array>
 #include <fuzz/Expect.h>

@@ -1,5 +1,5 @@
 #include <quillory/cataloging/Draft.h>
-#include <quillory/exchange/TagText.h>
+#include <quillory/places/TagText.h>
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 #include <quillory/cataloging/Entry.h>
-#include <quillory/exchange/Charset.h>
+#include <quillory/text/Charset.h>
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 #include <quillory/cataloging/Pattern.h>
-#include <quillory/exchange/QmText.h>
+#include <quillory/text/QmText.h>
 #include <zorby/record/Pmarc.h>
 
 #include <algorithm>

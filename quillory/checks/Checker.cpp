@@ -1,7 +1,8 @@
 #include <quillory/checks/Checker.h>
 #include <quillory/checks/ControlFieldChecks.h>
-#include <quillory/checks/Subfields.h>
 #include <quillory/coded/Material.h>
+#include <quillory/exchange/RecordCharset.h>
+#include <quillory/exchange/Subfields.h>
 #include <zorby/checking/RecordError.h>
 
 #include <algorithm>

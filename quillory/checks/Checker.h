@@ -4,8 +4,8 @@
 #include <quillory/checks/Finding.h>
 #include <quillory/checks/Policy.h>
 #include <quillory/checks/TitleCase.h>
-#include <quillory/exchange/Charset.h>
 #include <quillory/exchange/Record.h>
+#include <quillory/text/Charset.h>
 
 #include <array>
 #include <cstdint>

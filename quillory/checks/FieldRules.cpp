@@ -1,5 +1,5 @@
 #include <quillory/checks/FieldRules.h>
-#include <quillory/exchange/HoldingsTags.h>
+#include <quillory/holdings/HoldingsTags.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/text/TagArray.h>

@@ -1,5 +1,5 @@
 #include <quillory/checks/Finding.h>
-#include <quillory/exchange/QmText.h>
+#include <quillory/text/QmText.h>
 #include <zorby/checking/RecordError.h>
 
 #include <algorithm>

@@ -1,6 +1,7 @@
-#include <quillory/checks/Subfields.h>
 #include <quillory/checks/TitleCase.h>
-#include <quillory/exchange/QmText.h>
+#include <quillory/exchange/RecordCharset.h>
+#include <quillory/exchange/Subfields.h>
+#include <quillory/text/QmText.h>
 #include <zorby/charset/Compare.h>
 
 #include <algorithm>

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <quillory/exchange/Charset.h>
-#include <quillory/exchange/TextConverter.h>
+#include <quillory/exchange/Record.h>
+#include <quillory/text/Charset.h>
+#include <quillory/text/TextConverter.h>
 
 #include <array>
 #include <cstddef>

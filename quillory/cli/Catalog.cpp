@@ -1,121 +1,35 @@
-#include <quillory/cli/Carrier.h>
 #include <quillory/cli/Commands.h>
-#include <quillory/cli/DescriptionFiles.h>
-#include <quillory/cli/NewRecords.h>
-#include <quillory/cli/OutputOptions.h>
-#include <quillory/cli/Progress.h>
-#include <quillory/exchange/Utf8.h>
+#include <quillory/cli/InputArguments.h>
+#include <quillory/cli/NewRecordArguments.h>
+#include <quillory/cli/OutputArguments.h>
+#include <quillory/cli/TerminalPort.h>
+#include <quillory/jobs/CatalogFiles.h>
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <memory>
-#include <optional>
 
 namespace quillory {
 namespace {
 
-struct CatalogOptions {
-    NewRecordOptions record;
+struct CatalogCommand {
+    NewRecordChoice record;
     std::vector<std::string> files;
-    bool quiet = false;
-    bool verbose = false;
     OutputOptions output;
+    ReporterOptions messages;
 };
 
-// Where in the file a place is, counting from the beginning of the description.
-std::uint64_t OffsetOf(std::string_view toml, const Description& description, LineColumn where) {
-    std::size_t at = description.offset;
-    for (std::uint64_t line = description.line; line < where.line && at < toml.size(); ++line) {
-        at = std::min(toml.find('\n', at), toml.size() - 1) + 1;
-    }
-    for (std::uint64_t column = 1; column < where.column && at < toml.size(); ++column) {
-        at += DecodeUtf8(toml.substr(at)).size;
-    }
-    return at;
-}
-
-// A description as an item: the record that it makes, or why it makes none.
-class DescriptionItems {
-public:
-    DescriptionItems(const CatalogOptions& options, RecordMaker& maker)
-        : options_(options), maker_(maker), sets_(ReadSets(options.record.sets)) {}
-
-    // The views of the item hold until the next one.
-    void Make(std::string_view toml, Description& description, Item& item) {
-        const std::uint64_t number = item.number + 1;
-        item = {};
-        item.number = number;
-        item.offset = description.offset;
-        item.faultOffset = description.offset;
-        item.bytes = toml.substr(description.offset, description.size);
-        if (description.error.empty()) Fill(description, item);
-        if (description.error.empty()) return;
-        item.kind = kItemDamaged;
-        item.reason = description.error;
-        item.faultOffset = OffsetOf(toml, description, description.where);
-        item.faultPlace = TextPlace{description.where.line, description.where.column};
-    }
-
-private:
-    void Fill(Description& description, Item& item) {
-        description.where = {description.line, 1};
-        AddCommandLine(sets_, description);
-        if (description.workform.empty()) description.workform = options_.record.workform;
-        if (description.workform.empty()) {
-            description.error = "no workform is named";
-            return;
-        }
-        try {
-            draft_.emplace(maker_.Begin(description));
-            item.record = maker_.Finish(*draft_, description);
-        } catch (const EntryError& error) {
-            description.error = error.what();
-            if (error.Where().line != 0) description.where = error.Where();
-        }
-    }
-
-    const CatalogOptions& options_;
-    RecordMaker& maker_;
-    std::vector<Entry> sets_;
-    std::optional<Draft> draft_;
-};
-
-Status MakeRecords(const CatalogOptions& options, Reporter& reporter,
-                   const std::function<bool(Item& item)>& take) {
-    NewRecords newRecords(reporter);
-    DescriptionItems items(options, newRecords.Maker());
-    Progress progress(options.quiet);
-    for (const std::string& file : options.files) {
-        const std::string toml = ReadDescriptionFile(file);
-        reporter.BeginFile(file);
-        Item item;
-        DescriptionReader reader(toml);
-        Description description;
-        while (reader.Next(description)) {
-            items.Make(toml, description, item);
-            if (!take(item)) return kStatusWell;
-            progress.Step(description.offset, toml.size());
-        }
-        reporter.EndFile();
-    }
-    return kStatusWell;
-}
-
-Status RunCatalog(const CatalogOptions& options) {
-    CheckNotAnInput(options.files, options.output.output);
-    CheckNotAnInput(options.files, options.output.rejects);
-    Reporter reporter(options.quiet, options.verbose);
-    const ItemSource records = [&](const auto& take) {
-        return MakeRecords(options, reporter, take);
-    };
-    return WriteItems(records, kCharsetUtf8, options.output, reporter);
+Status RunCatalog(const CatalogCommand& command) {
+    TerminalPort terminal;
+    Reporter reporter(terminal, command.messages);
+    return CatalogFiles({NewRecordOptionsOf(command.record), command.files, command.output},
+                        reporter);
 }
 
 }  // namespace
 
 void AddCatalog(CLI::App& program, Run& run) {
-    auto options = std::make_shared<CatalogOptions>();
+    auto options = std::make_shared<CatalogCommand>();
     CLI::App* command =
         program.add_subcommand("catalog", "Make the records that files describe, from workforms");
     command->add_option("FILE", options->files, "TOML files of descriptions; - is standard input")
@@ -123,9 +37,7 @@ void AddCatalog(CLI::App& program, Run& run) {
     AddNewRecordOptions(*command, options->record,
                         "The workform of records that name none, by its name or ID");
     AddOutputOptions(*command, options->output);
-    command->add_flag("-q,--quiet", options->quiet, "No progress bar and no summary");
-    command->add_flag("-v,--verbose", options->verbose,
-                      "Say every message, not the first of a kind");
+    AddMessageOptions(*command, options->messages);
     command->callback([options, &run] { run = [options] { return RunCatalog(*options); }; });
 }
 

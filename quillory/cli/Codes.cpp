@@ -1,8 +1,8 @@
 #include <quillory/cli/Choice.h>
-#include <quillory/cli/CodedDocument.h>
 #include <quillory/cli/Commands.h>
-#include <quillory/cli/Library.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/jobs/Library.h>
+#include <quillory/reports/CodedDocument.h>
 
 #include <CLI/CLI.hpp>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <quillory/cli/Reporter.h>
+#include <quillory/jobs/Reporter.h>
 
 #include <functional>
 

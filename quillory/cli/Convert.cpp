@@ -1,7 +1,8 @@
-#include <quillory/cli/Carrier.h>
 #include <quillory/cli/Commands.h>
-#include <quillory/cli/InputOptions.h>
-#include <quillory/cli/OutputOptions.h>
+#include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OutputArguments.h>
+#include <quillory/cli/TerminalPort.h>
+#include <quillory/jobs/ConvertFiles.h>
 
 #include <CLI/CLI.hpp>
 
@@ -10,29 +11,25 @@
 namespace quillory {
 namespace {
 
-struct ConvertOptions {
-    InputOptions input;
-    OutputOptions output;
+struct ConvertCommand {
+    ConvertOptions convert;
+    ReporterOptions messages;
 };
 
-Status RunConvert(const ConvertOptions& options) {
-    CheckNotAnInput(options.input.files, options.output.output);
-    CheckNotAnInput(options.input.files, options.output.rejects);
-    Reporter reporter(options.input.quiet, options.input.verbose);
-    const ItemSource files = [&](const auto& take) {
-        return ReadFiles(options.input, reporter, take);
-    };
-    return WriteItems(files, options.input.charset, options.output, reporter);
+Status RunConvert(const ConvertCommand& command) {
+    TerminalPort terminal;
+    Reporter reporter(terminal, command.messages);
+    return ConvertFiles(command.convert, reporter);
 }
 
 }  // namespace
 
 void AddConvert(CLI::App& program, Run& run) {
-    auto options = std::make_shared<ConvertOptions>();
+    auto options = std::make_shared<ConvertCommand>();
     CLI::App* command =
         program.add_subcommand("convert", "Carry records between forms and character sets");
-    AddInputOptions(*command, options->input);
-    AddOutputOptions(*command, options->output);
+    AddInputOptions(*command, options->convert.input, options->messages);
+    AddOutputOptions(*command, options->convert.output);
     command->callback([options, &run] { run = [options] { return RunConvert(*options); }; });
 }
 

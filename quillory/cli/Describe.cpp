@@ -1,10 +1,10 @@
 #include <quillory/cli/Choice.h>
-#include <quillory/cli/CodedDocument.h>
-#include <quillory/cli/CodedText.h>
 #include <quillory/cli/Commands.h>
-#include <quillory/cli/DictionaryText.h>
-#include <quillory/cli/Library.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/jobs/Library.h>
+#include <quillory/reports/CodedDocument.h>
+#include <quillory/reports/CodedText.h>
+#include <quillory/reports/DictionaryText.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
 

@@ -1,115 +1,50 @@
-#include <quillory/cli/Carrier.h>
 #include <quillory/cli/Commands.h>
-#include <quillory/cli/ExportHoldings.h>
-#include <quillory/cli/InputOptions.h>
-#include <quillory/cli/Library.h>
-#include <quillory/cli/OutputOptions.h>
-#include <quillory/cli/PolicyOptions.h>
+#include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OutputArguments.h>
+#include <quillory/cli/PolicyArguments.h>
+#include <quillory/cli/TerminalPort.h>
+#include <quillory/jobs/ExportFiles.h>
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <memory>
-#include <optional>
 
 namespace quillory {
 namespace {
 
-struct ExportOptions {
-    InputOptions input;
-    OutputOptions output;
-    PolicyOptions policy;
-    HoldingsOptions holdings;
+struct ExportCommand {
+    ExportOptions records;
+    ReporterOptions messages;
 };
 
-// The character set that records are written in; auto if each keeps its own.
-Charset CharsetOf(const ExportOptions& options) {
-    const Charset output = CharsetOfOutput(options.output);
-    return output != kCharsetAuto ? output : options.input.charset;
+void AddHoldingsOptions(CLI::App& command, HoldingsOptions& options) {
+    command.add_option("--holdings", options.file,
+                       "The copies of the records, as tab-separated text or JSON lines; those that "
+                       "records hold if not given");
+    command.add_option("--holdings-type", options.type,
+                       "The holdings system to write for, by name or number; that of the settings "
+                       "if not given");
+    command.add_option("--holdings-from", options.from,
+                       "The holdings system whose fields the records hold; the one to write for if "
+                       "not given");
 }
 
-// The dictionary of the format takes in fields of the holdings system, so it follows the choice.
-std::optional<Checker> PutAllInForce(const ExportOptions& options) {
-    std::optional<Checker> checker = MakeChecker(options.policy, CharsetOf(options));
-    if (!checker || !ChooseHoldingsType(options.holdings)) return checker;
-    const std::string& userDefined = options.policy.userDefined;
-    if (!LoadDictionaries(userDefined)) return std::nullopt;
-    checker.emplace(CheckerOptions{CharsetOf(options), userDefined.empty()});
-    return checker;
-}
-
-// Puts the copies into each record, and decides whether it may leave.
-class ExportRun {
-public:
-    ExportRun(const ExportOptions& options, Checker& checker, Reporter& reporter)
-        : charset_(CharsetOf(options)),
-          checker_(checker),
-          reporter_(reporter),
-          holdings_(options.holdings, options.input.files) {}
-
-    std::string Prepare(Item& item, Losses& losses) {
-        holdings_.Write(item, charset_, losses);
-        checker_.Check(item.record, findings_);
-        const Verdict verdict = checker_.GetPolicy().VerdictOf(findings_);
-        if (verdict == kMustStay) return "not written:" + Lines();
-        if (verdict == kMayGoWithWarnings && !reporter_.Quiet()) {
-            reporter_.Say(item, "written with warnings", "written with warnings:" + Lines());
-        }
-        return {};
-    }
-
-    Status SayUnused() { return holdings_.SayUnused(reporter_); }
-
-private:
-    std::string Lines() const {
-        std::string lines;
-        for (const Finding& finding : findings_) lines += "\n    " + LineText(finding);
-        return lines;
-    }
-
-    Charset charset_;
-    Checker& checker_;
-    Reporter& reporter_;
-    ExportHoldings holdings_;
-    std::vector<Finding> findings_;
-};
-
-void CheckFiles(const ExportOptions& options) {
-    std::vector<std::string> inputs = options.input.files;
-    if (!options.holdings.file.empty()) inputs.push_back(options.holdings.file);
-    CheckNotAnInput(inputs, options.output.output);
-    CheckNotAnInput(inputs, options.output.rejects);
-}
-
-Status RunExport(const ExportOptions& options) {
-    CheckFiles(options);
-    std::optional<Checker> checker = PutAllInForce(options);
-    if (!checker) return kStatusFailed;
-    Reporter reporter(options.input.quiet, options.input.verbose);
-    ExportRun run(options, *checker, reporter);
-    bool readAll = false;
-    const ItemSource files = [&](const auto& take) {
-        const Status read = ReadFiles(options.input, reporter, take);
-        readAll = true;
-        return read;
-    };
-    const auto prepare = [&](Item& item, Losses& losses) { return run.Prepare(item, losses); };
-    const Status written =
-        WriteItems(files, options.input.charset, options.output, reporter, prepare);
-    return readAll ? std::max(written, run.SayUnused()) : written;
+Status RunExport(const ExportCommand& command) {
+    TerminalPort terminal;
+    Reporter reporter(terminal, command.messages);
+    return ExportFiles(command.records, reporter);
 }
 
 }  // namespace
 
 void AddExport(CLI::App& program, Run& run) {
-    auto options = std::make_shared<ExportOptions>();
-    options->output.verify = true;
+    auto options = std::make_shared<ExportCommand>();
     CLI::App* command =
         program.add_subcommand("export", "Check records, and write those that may leave");
-    AddInputOptions(*command, options->input);
-    AddOutputOptions(*command, options->output);
-    AddPolicyOptions(*command, options->policy);
-    AddHoldingsOptions(*command, options->holdings);
+    AddInputOptions(*command, options->records.input, options->messages);
+    AddOutputOptions(*command, options->records.output);
+    AddPolicyOptions(*command, options->records.policy);
+    AddHoldingsOptions(*command, options->records.holdings);
     command->callback([options, &run] { run = [options] { return RunExport(*options); }; });
 }
 

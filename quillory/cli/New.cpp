@@ -1,9 +1,9 @@
-#include <quillory/cli/Carrier.h>
 #include <quillory/cli/Commands.h>
-#include <quillory/cli/DescriptionFiles.h>
-#include <quillory/cli/NewRecords.h>
-#include <quillory/cli/OutputOptions.h>
+#include <quillory/cli/NewRecordArguments.h>
+#include <quillory/cli/OutputArguments.h>
 #include <quillory/cli/Prompter.h>
+#include <quillory/cli/TerminalPort.h>
+#include <quillory/jobs/MakeRecord.h>
 
 #include <CLI/CLI.hpp>
 
@@ -15,41 +15,13 @@ namespace quillory {
 namespace {
 
 struct NewOptions {
-    NewRecordOptions record;
+    NewRecordChoice record;
     std::string from;
     bool noInput = false;
     bool all = false;
     bool quiet = false;
     OutputOptions output;
 };
-
-std::string PlaceText(LineColumn where) {
-    if (where.line == 0) return {};
-    return ": line " + std::to_string(where.line) + ", column " + std::to_string(where.column);
-}
-
-Description DescriptionFor(const NewOptions& options) {
-    Description description;
-    if (!options.from.empty()) {
-        const std::string text = ReadDescriptionFile(options.from);
-        DescriptionReader reader(text);
-        Description further;
-        reader.Next(description);
-        if (reader.Next(further)) {
-            throw FileError(options.from +
-                            ": describes several records; quillory catalog makes them all");
-        }
-        if (!description.error.empty()) {
-            throw FileError(options.from + PlaceText(description.where) + ": " + description.error);
-        }
-    }
-    if (!options.record.workform.empty()) description.workform = options.record.workform;
-    AddCommandLine(ReadSets(options.record.sets), description);
-    if (description.workform.empty()) {
-        throw FileError("which workform? Name it by --workform; quillory workforms lists them");
-    }
-    return description;
-}
 
 bool IsPersonThere() {
     return isatty(STDIN_FILENO) == 1 && isatty(STDERR_FILENO) == 1;
@@ -63,41 +35,17 @@ OutputOptions OutputFor(const NewOptions& options) {
     return output;
 }
 
-// What can't be done is told before a person is asked for the rest.
-Status MakeRecord(const NewOptions& options) {
-    const Description description = DescriptionFor(options);
-    Reporter reporter(options.quiet, true);
-    NewRecords newRecords(reporter);
-    RecordMaker& maker = newRecords.Maker();
-    Draft draft = maker.Begin(description);
-    maker.Finish(draft, description);
-    reporter.BeginFile("new record");
-    const ItemSource single = [&](const auto& take) {
-        if (!options.noInput && IsPersonThere()) {
-            Prompter(std::cin, std::cerr, options.all)
-                .Fill(maker.PatternFor(description.workform), draft);
-        }
-        Item item;
-        item.number = 1;
-        item.record = maker.Finish(draft, description);
-        take(item);
-        return kStatusWell;
-    };
-    return WriteItems(single, kCharsetUtf8, OutputFor(options), reporter);
-}
-
 Status RunNew(const NewOptions& options) {
-    if (!options.from.empty()) {
-        CheckNotAnInput({options.from}, options.output.output);
-        CheckNotAnInput({options.from}, options.output.rejects);
+    DraftFiller ask;
+    if (!options.noInput && IsPersonThere()) {
+        ask = [&options](const Pattern& pattern, Draft& draft) {
+            Prompter(std::cin, std::cerr, options.all).Fill(pattern, draft);
+        };
     }
-    try {
-        return MakeRecord(options);
-    } catch (const EntryError& error) {
-        const bool isOfFile = error.Where().line != 0;
-        throw FileError((isOfFile ? options.from + PlaceText(error.Where()) + ": " : "") +
-                        error.what());
-    }
+    TerminalPort terminal;
+    Reporter reporter(terminal, {options.quiet, true});
+    return MakeRecord({NewRecordOptionsOf(options.record), options.from, OutputFor(options)}, ask,
+                      reporter);
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <quillory/cli/Prompter.h>
-#include <quillory/exchange/QmText.h>
-#include <quillory/exchange/TagText.h>
+#include <quillory/places/TagText.h>
+#include <quillory/text/QmText.h>
 
 #include <string_view>
 

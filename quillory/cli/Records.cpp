@@ -1,36 +1,37 @@
-#include <quillory/cli/OutputOptions.h>
-#include <quillory/cli/RecordShower.h>
+#include <quillory/cli/Commands.h>
+#include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OutputArguments.h>
 #include <quillory/cli/RecordsCommands.h>
-#include <quillory/cli/StoredItems.h>
-#include <quillory/store/Schema.h>
+#include <quillory/cli/ScreenArguments.h>
+#include <quillory/cli/TerminalPort.h>
+#include <quillory/jobs/StoreJobs.h>
+#include <quillory/jobs/StoredItems.h>
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 namespace quillory {
 namespace {
 
-using Ids = std::vector<std::int64_t>;
-
-struct ShowOptions {
-    Ids ids;
+struct ShowCommand {
+    RecordIds ids;
     ScreenChoice screen;
 };
 
-struct ExportOptions {
-    Ids ids;
-    OutputOptions output;
-    bool quiet = false;
-    bool verbose = false;
+struct ExportCommand {
+    StoreExportOptions records;
+    ReporterOptions messages;
 };
 
-Status RunShow(const ShowOptions& options) {
+Status RunShow(const ShowCommand& options) {
     if (!LoadNames(options.screen)) return kStatusFailed;
     const std::optional<Database> database = OpenStoreToRead();
-    Reporter reporter(true, true);
-    RecordShower shower(options.screen, kCharsetAuto, reporter);
+    TerminalPort terminal;
+    Reporter reporter(terminal, {true, true});
+    RecordShower shower(ShowOptionsOf(options.screen), kCharsetAuto, reporter);
     const Status read = ReadStored(database, options.ids, reporter, [&](Item& item) {
         shower.Take(item);
         return true;
@@ -39,43 +40,24 @@ Status RunShow(const ShowOptions& options) {
     return std::max(read, shower.Result());
 }
 
-Status RunDelete(const Ids& ids) {
-    const Database database = OpenStore();
-    RecordStore store(database);
-    const Reporter reporter(false, true);
-    Status status = kStatusWell;
-    std::uint64_t deleted = 0;
-    Transaction transaction(database);
-    for (const std::int64_t id : ids) {
-        if (store.Delete(id)) {
-            ++deleted;
-        } else {
-            SayMissing(reporter, id);
-            status = kStatusFindings;
-        }
-    }
-    transaction.Commit();
-    reporter.Say(Counted(deleted, "record") + " deleted");
-    return status;
+Status RunDelete(const RecordIds& ids) {
+    TerminalPort terminal;
+    Reporter reporter(terminal, {false, true});
+    return DeleteRecordsFromStore(ids, reporter);
 }
 
-Status RunExport(const ExportOptions& options) {
-    CheckNotTheStore(options.output.output);
-    CheckNotTheStore(options.output.rejects);
-    const std::optional<Database> database = OpenStoreToRead();
-    Reporter reporter(options.quiet, options.verbose);
-    const ItemSource stored = [&](const auto& take) {
-        return ReadStored(database, options.ids, reporter, take);
-    };
-    return WriteItems(stored, kCharsetAuto, options.output, reporter);
+Status RunExport(const ExportCommand& command) {
+    TerminalPort terminal;
+    Reporter reporter(terminal, command.messages);
+    return ExportRecordsOfStore(command.records, reporter);
 }
 
-CLI::Option* AddIds(CLI::App& command, Ids& ids, const std::string& text) {
+CLI::Option* AddIds(CLI::App& command, RecordIds& ids, const std::string& text) {
     return command.add_option("ID", ids, text);
 }
 
 void AddRecordsShow(CLI::App& records, Run& run) {
-    auto options = std::make_shared<ShowOptions>();
+    auto options = std::make_shared<ShowCommand>();
     CLI::App* command =
         records.add_subcommand("show", "Show records of the store as a person reads them");
     AddIds(*command, options->ids, "Records of these IDs")->required();
@@ -84,20 +66,18 @@ void AddRecordsShow(CLI::App& records, Run& run) {
 }
 
 void AddRecordsDelete(CLI::App& records, Run& run) {
-    auto ids = std::make_shared<Ids>();
+    auto ids = std::make_shared<RecordIds>();
     CLI::App* command = records.add_subcommand("delete", "Delete records from the store");
     AddIds(*command, *ids, "Records of these IDs")->required();
     command->callback([ids, &run] { run = [ids] { return RunDelete(*ids); }; });
 }
 
 void AddRecordsExport(CLI::App& records, Run& run) {
-    auto options = std::make_shared<ExportOptions>();
+    auto options = std::make_shared<ExportCommand>();
     CLI::App* command = records.add_subcommand("export", "Write records of the store to a file");
-    AddIds(*command, options->ids, "Records of these IDs; none for all");
-    AddOutputOptions(*command, options->output);
-    command->add_flag("-q,--quiet", options->quiet, "No progress bar and no summary");
-    command->add_flag("-v,--verbose", options->verbose,
-                      "Say every message, not the first of a kind");
+    AddIds(*command, options->records.ids, "Records of these IDs; none for all");
+    AddOutputOptions(*command, options->records.output);
+    AddMessageOptions(*command, options->messages);
     command->callback([options, &run] { run = [options] { return RunExport(*options); }; });
 }
 

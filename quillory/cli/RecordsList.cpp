@@ -1,12 +1,10 @@
 #include <quillory/cli/RecordsCommands.h>
-#include <quillory/cli/StoredItems.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/jobs/StoredItems.h>
+#include <quillory/reports/StoredRecordLines.h>
 
 #include <CLI/CLI.hpp>
-#include <nlohmann/json.hpp>
 
-#include <array>
-#include <ctime>
 #include <memory>
 #include <optional>
 
@@ -18,42 +16,6 @@ struct ListOptions {
     std::uint64_t limit = 0;  // 0 for none
     bool json = false;
 };
-
-// As ISO 8601.
-std::string TimeText(std::int64_t seconds) {
-    const std::time_t time = seconds;
-    std::tm parts{};
-    gmtime_r(&time, &parts);
-    std::array<char, 32> text{};
-    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts)};
-}
-
-std::string JsonLine(const StoredRecord& record) {
-    nlohmann::ordered_json line{
-        {"id", record.id},
-        {"control_number", record.summary.controlNumber},
-        {"title", record.summary.title},
-        {"type", record.summary.type},
-        {"added", TimeText(record.added)},
-        {"changed", TimeText(record.changed)},
-    };
-    if (record.workform != 0) line["workform"] = record.workform;
-    return line.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
-}
-
-std::string Padded(std::string text, std::size_t width) {
-    if (text.size() < width) text.resize(width, ' ');
-    return text;
-}
-
-std::string TextLine(const StoredRecord& record) {
-    constexpr std::size_t kIdWidth = 8;
-    constexpr std::size_t kNumberWidth = 16;
-    constexpr std::size_t kTypeWidth = 2;
-    return Padded(std::to_string(record.id), kIdWidth) + " " +
-           Padded(record.summary.controlNumber, kNumberWidth) + " " +
-           Padded(record.summary.type, kTypeWidth) + " " + record.summary.title + "\n";
-}
 
 // Empty for a number of plain digits that fits.
 std::string NumberFault(const std::string& text) {
@@ -68,7 +30,7 @@ Status RunList(const ListOptions& options) {
     Output output("-");
     std::uint64_t listed = 0;
     const auto list = [&](const StoredRecord& record) {
-        output.Write(options.json ? JsonLine(record) : TextLine(record));
+        output.Write(options.json ? StoredRecordJson(record) : StoredRecordText(record));
         return ++listed != options.limit;
     };
     if (database) RecordStore(*database).Walk(options.selection, list);

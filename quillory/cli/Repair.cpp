@@ -1,25 +1,23 @@
-#include <quillory/checks/RecordRepair.h>
-#include <quillory/cli/Carrier.h>
 #include <quillory/cli/Commands.h>
-#include <quillory/cli/InputOptions.h>
-#include <quillory/cli/Library.h>
-#include <quillory/cli/OutputOptions.h>
-#include <quillory/cli/RepairReport.h>
+#include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OutputArguments.h>
+#include <quillory/cli/TerminalPort.h>
+#include <quillory/jobs/Library.h>
+#include <quillory/jobs/OutputFiles.h>
+#include <quillory/jobs/RepairFiles.h>
+#include <quillory/reports/RepairMessages.h>
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <memory>
 
 namespace quillory {
 namespace {
 
 struct RepairCommand {
-    InputOptions input;
-    OutputOptions output;
-    RepairOptions repair;
+    RepairFilesOptions repair;
+    ReporterOptions messages;
     std::string report;
-    bool isDryRun = false;
 };
 
 constexpr const char* kDetails =
@@ -36,65 +34,23 @@ constexpr const char* kDetails =
     "fields left as they were, and for --dry-run with repairs to be made; 2 for wrong usage, or a\n"
     "file that can't be read or written.";
 
-// Hands on the records of the files repaired.
-class RepairedFiles {
-public:
-    RepairedFiles(const RepairCommand& command, const CodeLists& lists, Reporter& reporter)
-        : command_(command),
-          reporter_(reporter),
-          repairer_(lists, command.repair),
-          report_(command.report, lists, reporter) {}
-
-    Status Read(const std::function<bool(Item&)>& take) {
-        return ReadFiles(command_.input, reporter_, [&](Item& item) {
-            if (item.kind == kItemRecord) report_.Take(item, repairer_.Take(item.record));
-            return take(item);
-        });
+void CheckOutputs(const RepairCommand& command) {
+    const OutputOptions& output = command.repair.output;
+    for (const std::string& path : {output.output, output.rejects, command.report}) {
+        CheckNotAnInput(command.repair.input.files, path);
     }
-
-    Status Finish() {
-        report_.Finish();
-        report_.Summarize(command_.isDryRun);
-        const bool hasFindings = report_.HasLeft() || (command_.isDryRun && report_.HasRepairs());
-        return hasFindings ? kStatusFindings : kStatusWell;
-    }
-
-private:
-    const RepairCommand& command_;
-    Reporter& reporter_;
-    RecordRepairer repairer_;
-    RepairReport report_;
-};
-
-Status DryRun(RepairedFiles& files, Reporter& reporter) {
-    Status damage = kStatusWell;
-    const Status read = files.Read([&](Item& item) {
-        const bool isDamaged = item.kind != kItemRecord || !item.reason.empty();
-        if (isDamaged) {
-            damage = kStatusFindings;
-            if (!item.continues) reporter.SayFault(item);
-        }
-        return true;
-    });
-    return std::max(read, damage);
+    CheckNotTheSame(command.report, output.output, "the records and the report");
+    CheckNotTheSame(command.report, output.rejects, "the rejects and the report");
 }
 
 Status RunRepair(const RepairCommand& command) {
-    for (const std::string& path :
-         {command.output.output, command.output.rejects, command.report}) {
-        CheckNotAnInput(command.input.files, path);
-    }
-    CheckNotTheSame(command.report, command.output.output, "the records and the report");
-    CheckNotTheSame(command.report, command.output.rejects, "the rejects and the report");
+    CheckOutputs(command);
     if (!LoadWorkforms()) return kStatusFailed;
     const CodeLists lists = LoadCodeLists();
-    Reporter reporter(command.input.quiet, command.input.verbose);
-    RepairedFiles files(command, lists, reporter);
-    const ItemSource source = [&](const auto& take) { return files.Read(take); };
-    const Status done = command.isDryRun
-                            ? DryRun(files, reporter)
-                            : WriteItems(source, command.input.charset, command.output, reporter);
-    return std::max(done, files.Finish());
+    TerminalPort terminal;
+    Reporter reporter(terminal, command.messages);
+    RepairMessages report(command.report, lists, reporter);
+    return RepairFiles(command.repair, lists, report, reporter);
 }
 
 }  // namespace
@@ -104,14 +60,14 @@ void AddRepair(CLI::App& program, Run& run) {
     CLI::App* command =
         program.add_subcommand("repair", "Put the coded control fields of records right");
     command->footer(kDetails);
-    AddInputOptions(*command, options->input);
-    AddOutputOptions(*command, options->output);
-    command->add_flag("--strict", options->repair.strict,
+    AddInputOptions(*command, options->repair.input, options->messages);
+    AddOutputOptions(*command, options->repair.output);
+    command->add_flag("--strict", options->repair.repair.strict,
                       "Replace what the library's lists lack, even if the format allows it");
     command->add_option("--report", options->report,
                         "Where each repair and each value kept is told as a line of JSON");
     command
-        ->add_flag("-n,--dry-run", options->isDryRun,
+        ->add_flag("-n,--dry-run", options->repair.isDryRun,
                    "Write no records, only say what would be repaired")
         ->excludes("--output")
         ->excludes("--rejects");

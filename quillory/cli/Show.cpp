@@ -1,6 +1,7 @@
 #include <quillory/cli/Commands.h>
-#include <quillory/cli/InputOptions.h>
-#include <quillory/cli/RecordShower.h>
+#include <quillory/cli/InputArguments.h>
+#include <quillory/cli/ScreenArguments.h>
+#include <quillory/cli/TerminalPort.h>
 
 #include <CLI/CLI.hpp>
 
@@ -10,16 +11,18 @@
 namespace quillory {
 namespace {
 
-struct ShowOptions {
+struct ShowCommand {
     InputOptions input;
+    ReporterOptions messages;
     ScreenChoice screen;
     std::uint64_t record = 0;  // 0 for all
 };
 
-Status RunShow(const ShowOptions& options) {
+Status RunShow(const ShowCommand& options) {
     if (!LoadNames(options.screen)) return kStatusFailed;
-    Reporter reporter(options.input.quiet, options.input.verbose);
-    RecordShower shower(options.screen, options.input.charset, reporter);
+    TerminalPort terminal;
+    Reporter reporter(terminal, options.messages);
+    RecordShower shower(ShowOptionsOf(options.screen), options.input.charset, reporter);
     try {
         const Status read = ReadFiles(options.input, reporter, [&](Item& item) {
             if (options.record != 0 && item.number > options.record) return false;
@@ -36,9 +39,9 @@ Status RunShow(const ShowOptions& options) {
 }  // namespace
 
 void AddShow(CLI::App& program, Run& run) {
-    auto options = std::make_shared<ShowOptions>();
+    auto options = std::make_shared<ShowCommand>();
     CLI::App* command = program.add_subcommand("show", "Show records as a person reads them");
-    AddInputOptions(*command, options->input);
+    AddInputOptions(*command, options->input, options->messages);
     AddScreenOptions(*command, options->screen);
     command->add_option("--record", options->record, "Only the record of this number, from 1");
     command->callback([options, &run] { run = [options] { return RunShow(*options); }; });

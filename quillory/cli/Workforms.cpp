@@ -1,7 +1,8 @@
-#include <quillory/cli/Library.h>
-#include <quillory/cli/RecordShower.h>
-#include <quillory/cli/WorkformScreen.h>
+#include <quillory/cli/ScreenArguments.h>
+#include <quillory/cli/TerminalPort.h>
 #include <quillory/cli/WorkformsCommands.h>
+#include <quillory/jobs/Library.h>
+#include <quillory/reports/WorkformScreen.h>
 
 #include <CLI/CLI.hpp>
 
@@ -77,10 +78,12 @@ Status Show(const WorkformsOptions& options, const WorkformCatalog& catalog) {
     const CodeLists lists = LoadCodeLists();
     const Decoder decoder(lists);
     const Document document = DescribeWorkform(entry, *workform, decoder);
+    const ShowOptions shown = ShowOptionsOf(options.screen);
+    const ScreenOptions screen{shown.width, shown.colour, {}, {}};
     Output output("-");
-    output.Write(options.json ? JsonText(document, 2)
-                              : WorkformScreenText(document, ControlFieldsOf(*workform, decoder),
-                                                   ScreenOf(options.screen)));
+    output.Write(options.json
+                     ? JsonText(document, 2)
+                     : WorkformScreenText(document, ControlFieldsOf(*workform, decoder), screen));
     output.Finish();
     return kStatusWell;
 }
@@ -88,7 +91,8 @@ Status Show(const WorkformsOptions& options, const WorkformCatalog& catalog) {
 Status RunWorkforms(const WorkformsOptions& options) {
     LoadSettings();
     if (!LoadDictionaries({}) || !LoadWorkforms()) return kStatusFailed;
-    const Reporter reporter(false, true);
+    TerminalPort terminal;
+    const Reporter reporter(terminal, {false, true});
     const WorkformCatalog catalog(reporter);
     return options.name.empty() ? List(options, catalog, reporter) : Show(options, catalog);
 }

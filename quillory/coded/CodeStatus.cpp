@@ -2,7 +2,7 @@
 #include <quillory/coded/Elements.h>
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/Input.h>
-#include <quillory/exchange/Utf8.h>
+#include <quillory/text/Utf8.h>
 
 #include <algorithm>
 #include <charconv>

@@ -150,4 +150,21 @@ std::string_view FormLetters(CFType form) {
     return found == nullptr ? "" : found->letters;
 }
 
+std::string MaterialText(std::string_view leader) {
+    const std::string_view name = FormName(MaterialOfLeader(leader));
+    if (!name.empty()) return std::string(name);
+    switch (MarcFormatOf(leader)) {
+        case kFormatAuthority:
+            return "authority data";
+        case kFormatClassification:
+            return "classification data";
+        case kFormatCommunity:
+            return "community information";
+        case kFormatHoldings:
+            return "holdings";
+        default:
+            return "unknown material";
+    }
+}
+
 }  // namespace quillory

@@ -44,4 +44,7 @@ std::string_view FormName(zorby::CFType form);
 // The letters that choose a form of 006 or 007. Empty for any other.
 std::string_view FormLetters(zorby::CFType form);
 
+// The kind of a record by its Leader: "books", "authority data", "unknown material".
+std::string MaterialText(std::string_view leader);
+
 }  // namespace quillory

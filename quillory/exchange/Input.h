@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillory/faults/Errors.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -9,12 +11,6 @@
 #include <vector>
 
 namespace quillory {
-
-// A file that can't be opened, read or written. The text names the file and the reason.
-class FileError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 // The bytes of a file or of standard input ("-"), in order, through a window that moves forward. A
 // file in gzip form is unpacked. Memory is bounded by the largest window that is asked for.

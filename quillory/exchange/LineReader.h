@@ -2,7 +2,7 @@
 
 #include <quillory/exchange/LineBlock.h>
 #include <quillory/exchange/Record.h>
-#include <quillory/exchange/TextPlace.h>
+#include <quillory/text/TextPlace.h>
 
 namespace quillory {
 

@@ -1,5 +1,5 @@
-#include <quillory/exchange/JsonWords.h>
 #include <quillory/exchange/MarcJson.h>
+#include <quillory/text/JsonWords.h>
 
 #include <nlohmann/json.hpp>
 

@@ -3,8 +3,8 @@
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/MarkupWriter.h>
 #include <quillory/exchange/Record.h>
-#include <quillory/exchange/TextPlace.h>
 #include <quillory/exchange/XmlRecords.h>
+#include <quillory/text/TextPlace.h>
 
 namespace quillory {
 

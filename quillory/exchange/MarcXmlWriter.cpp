@@ -1,5 +1,5 @@
 #include <quillory/exchange/MarcXml.h>
-#include <quillory/exchange/MarkupText.h>
+#include <quillory/text/MarkupText.h>
 
 namespace quillory {
 

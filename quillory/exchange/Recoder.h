@@ -1,6 +1,7 @@
 #pragma once
 
-#include <quillory/exchange/TextConverter.h>
+#include <quillory/exchange/RecordCharset.h>
+#include <quillory/text/TextConverter.h>
 
 #include <array>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <quillory/exchange/TextPlace.h>
+#include <quillory/text/TextPlace.h>
 #include <zorby/record/CommFormat.h>
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <quillory/exchange/Losses.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/exchange/Record.h>
+#include <quillory/text/Losses.h>
 
 #include <memory>
 #include <string>

@@ -1,5 +1,5 @@
 #include <quillory/exchange/Subfields.h>
-#include <quillory/exchange/Utf8.h>
+#include <quillory/text/Utf8.h>
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
-#include <quillory/exchange/QmText.h>
 #include <quillory/holdings/HoldingsColumn.h>
+#include <quillory/text/QmText.h>
 #include <zorby/format/MARCFormat.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include <quillory/checks/Subfields.h>
+#include <quillory/exchange/Subfields.h>
 #include <quillory/holdings/HoldingsFields.h>
 #include <zorby/holdings/HoldingsDelimiters.h>
 

@@ -1,6 +1,6 @@
-#include <quillory/exchange/HoldingsTags.h>
-#include <quillory/exchange/QmText.h>
 #include <quillory/holdings/HoldingsSystem.h>
+#include <quillory/holdings/HoldingsTags.h>
+#include <quillory/text/QmText.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/platform/ProfileFilePort.h>
 #include <zorby/settings/KeysNValues.h>

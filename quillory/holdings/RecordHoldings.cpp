@@ -1,4 +1,5 @@
-#include <quillory/checks/Subfields.h>
+#include <quillory/exchange/RecordCharset.h>
+#include <quillory/exchange/Subfields.h>
 #include <quillory/holdings/RecordHoldings.h>
 #include <quillory/holdings/Trimmed.h>
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <quillory/exchange/Charset.h>
-#include <quillory/exchange/Losses.h>
 #include <quillory/exchange/Record.h>
-#include <quillory/exchange/TextConverter.h>
 #include <quillory/holdings/HoldingsFields.h>
 #include <quillory/holdings/HoldingsFile.h>
 #include <quillory/holdings/HoldingsSystem.h>
+#include <quillory/text/Charset.h>
+#include <quillory/text/Losses.h>
+#include <quillory/text/TextConverter.h>
 #include <zorby/record/Pmarc.h>
 
 #include <array>

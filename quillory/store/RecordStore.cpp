@@ -1,6 +1,6 @@
 #include <quillory/store/Clock.h>
 #include <quillory/store/RecordStore.h>
-#include <quillory/store/SearchText.h>
+#include <quillory/text/SearchText.h>
 
 #include <utility>
 

@@ -1,5 +1,5 @@
-#include <quillory/store/SearchText.h>
 #include <quillory/store/Summary.h>
+#include <quillory/text/SearchText.h>
 
 namespace quillory {
 namespace {

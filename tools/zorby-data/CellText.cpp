@@ -1,6 +1,6 @@
-#include <quillory/exchange/QmText.h>
-#include <quillory/exchange/QmUnicode.h>
-#include <quillory/exchange/Utf8.h>
+#include <quillory/text/QmText.h>
+#include <quillory/text/QmUnicode.h>
+#include <quillory/text/Utf8.h>
 
 #include <algorithm>
 #include <array>

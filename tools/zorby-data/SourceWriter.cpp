@@ -1,4 +1,4 @@
-#include <quillory/exchange/TagText.h>
+#include <quillory/places/TagText.h>
 
 #include <tools/zorby-data/CellText.h>
 #include <tools/zorby-data/SourceWriter.h>

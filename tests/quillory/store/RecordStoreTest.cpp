@@ -1,7 +1,7 @@
 #include <quillory/store/RecordStore.h>
 #include <quillory/store/Schema.h>
-#include <quillory/store/SearchText.h>
 #include <quillory/store/Summary.h>
+#include <quillory/text/SearchText.h>
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <quillory/exchange/Output.h>
+#include <quillory/exchange/Recoder.h>
+#include <quillory/exchange/RecordWriter.h>
+#include <quillory/jobs/Reporter.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quillory {
+
+// What a job does to a record in its last character set, before it is written. Result: why the
+// record has to stay, or an empty text.
+using Preparation = std::function<std::string(Item& item, Losses& losses)>;
+
+struct CarrierOptions {
+    RecoderOptions recoder;
+    bool eachLoss = false;  // report the characters not carried for each record, too
+    std::string rejects;    // file for the bytes of what is not written; empty for none
+    Preparation prepare;    // may be empty
+};
+
+// Carries records through the character sets into a writer. What is wrong with them is said, and
+// the bytes of what is not written are kept.
+class Carrier {
+public:
+    // Throws FileError if the rejects can't be kept.
+    Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter);
+
+    void Take(Item& item);
+    // Gives the file of rejects its name.
+    void Finish();
+    // Says in short what became of the records.
+    void Summarize() const;
+
+    // Findings, if anything was wrong.
+    Status Result() const { return status_; }
+    void Raise(Status status);
+
+private:
+    void TakeRecord(Item& item);
+    bool Prepare(Item& item);
+    void Refuse(const Item& item, const std::string& reason);
+    void Reject(const Item& item);
+    void CountLosses(const Item& item);
+
+    CarrierOptions options_;
+    RecordWriter& writer_;
+    Reporter& reporter_;
+    Recoder recoder_;
+    std::unique_ptr<Output> rejects_;
+    Losses losses_;
+    Losses recordLosses_;
+    Status status_ = kStatusWell;
+    std::uint64_t written_ = 0;
+    std::uint64_t rejected_ = 0;
+    std::uint64_t stray_ = 0;
+    std::uint64_t mislabelled_ = 0;
+    std::uint64_t leadersMended_ = 0;
+};
+
+}  // namespace quillory

@@ -1,0 +1,102 @@
+#include <quillory/jobs/CatalogFiles.h>
+#include <quillory/jobs/DescriptionFiles.h>
+#include <quillory/jobs/OutputFiles.h>
+#include <quillory/jobs/Progress.h>
+#include <quillory/text/Utf8.h>
+
+#include <algorithm>
+#include <optional>
+
+namespace quillory {
+namespace {
+
+// Where in the file a place is, counting from the beginning of the description.
+std::uint64_t OffsetOf(std::string_view toml, const Description& description, LineColumn where) {
+    std::size_t at = description.offset;
+    for (std::uint64_t line = description.line; line < where.line && at < toml.size(); ++line) {
+        at = std::min(toml.find('\n', at), toml.size() - 1) + 1;
+    }
+    for (std::uint64_t column = 1; column < where.column && at < toml.size(); ++column) {
+        at += DecodeUtf8(toml.substr(at)).size;
+    }
+    return at;
+}
+
+// A description as an item: the record that it makes, or why it makes none.
+class DescriptionItems {
+public:
+    DescriptionItems(const CatalogOptions& options, RecordMaker& maker)
+        : options_(options), maker_(maker) {}
+
+    // The views of the item hold until the next one.
+    void Make(std::string_view toml, Description& description, Item& item) {
+        const std::uint64_t number = item.number + 1;
+        item = {};
+        item.number = number;
+        item.offset = description.offset;
+        item.faultOffset = description.offset;
+        item.bytes = toml.substr(description.offset, description.size);
+        if (description.error.empty()) Fill(description, item);
+        if (description.error.empty()) return;
+        item.kind = kItemDamaged;
+        item.reason = description.error;
+        item.faultOffset = OffsetOf(toml, description, description.where);
+        item.faultPlace = TextPlace{description.where.line, description.where.column};
+    }
+
+private:
+    void Fill(Description& description, Item& item) {
+        description.where = {description.line, 1};
+        AddEntries(options_.record.entries, description);
+        if (description.workform.empty()) description.workform = options_.record.workform;
+        if (description.workform.empty()) {
+            description.error = "no workform is named";
+            return;
+        }
+        try {
+            draft_.emplace(maker_.Begin(description));
+            item.record = maker_.Finish(*draft_, description);
+        } catch (const EntryError& error) {
+            description.error = error.what();
+            if (error.Where().line != 0) description.where = error.Where();
+        }
+    }
+
+    const CatalogOptions& options_;
+    RecordMaker& maker_;
+    std::optional<Draft> draft_;
+};
+
+Status MakeRecords(const CatalogOptions& options, Reporter& reporter,
+                   const std::function<bool(Item& item)>& take) {
+    NewRecords newRecords(reporter);
+    DescriptionItems items(options, newRecords.Maker());
+    Progress progress(reporter);
+    for (const std::string& file : options.files) {
+        const std::string toml = ReadDescriptionFile(file);
+        reporter.BeginFile(file);
+        Item item;
+        DescriptionReader reader(toml);
+        Description description;
+        while (reader.Next(description)) {
+            items.Make(toml, description, item);
+            if (!take(item)) return kStatusWell;
+            progress.Step(description.offset, toml.size());
+        }
+        reporter.EndFile();
+    }
+    return kStatusWell;
+}
+
+}  // namespace
+
+Status CatalogFiles(const CatalogOptions& options, Reporter& reporter) {
+    CheckNotAnInput(options.files, options.output.output);
+    CheckNotAnInput(options.files, options.output.rejects);
+    const ItemSource records = [&](const auto& take) {
+        return MakeRecords(options, reporter, take);
+    };
+    return WriteItems(records, kCharsetUtf8, options.output, reporter);
+}
+
+}  // namespace quillory

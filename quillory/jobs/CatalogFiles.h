@@ -1,0 +1,21 @@
+#pragma once
+
+#include <quillory/jobs/NewRecords.h>
+#include <quillory/jobs/WriteRecords.h>
+
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+struct CatalogOptions {
+    NewRecordOptions record;  // its workform is that of descriptions that name none
+    std::vector<std::string> files;
+    OutputOptions output;
+};
+
+// Makes the records that TOML files describe. A description of which no record can be made is
+// damage, as in a file of records. Throws FileError and UsageError.
+Status CatalogFiles(const CatalogOptions& options, Reporter& reporter);
+
+}  // namespace quillory

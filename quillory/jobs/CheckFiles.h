@@ -1,0 +1,14 @@
+#pragma once
+
+#include <quillory/checks/Checker.h>
+#include <quillory/jobs/CheckReport.h>
+#include <quillory/jobs/ReadFiles.h>
+
+namespace quillory {
+
+// Checks the records of files, and tells the report what was found. Result: findings, if there was
+// any, or damage. Throws FileError.
+Status CheckFiles(const InputOptions& input, Checker& checker, CheckReport& report,
+                  Reporter& reporter);
+
+}  // namespace quillory

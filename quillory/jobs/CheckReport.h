@@ -1,0 +1,47 @@
+#pragma once
+
+#include <quillory/checks/Policy.h>
+#include <quillory/exchange/Record.h>
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+// One record, and what was found on it.
+struct CheckedRecord {
+    const Item& item;
+    const std::vector<Finding>& findings;
+    Verdict verdict;
+};
+
+// Records by verdict.
+using VerdictCounts = std::array<std::uint64_t, 3>;
+
+// What a whole run found.
+struct CheckTotals {
+    std::uint64_t records = 0;
+    std::uint64_t damaged = 0;  // that can't be read
+    VerdictCounts verdicts{};
+    std::map<zorby::E_ERROR_CODE, std::uint64_t> findings;
+    std::map<std::string, VerdictCounts, std::less<>> materials;
+
+    void Count(const CheckedRecord& record);
+};
+
+// Writes what a check finds, as it finds it.
+class CheckReport {
+public:
+    virtual ~CheckReport() = default;
+
+    virtual void TakeRecord(const CheckedRecord& record) = 0;
+    // Bytes that are no record.
+    virtual void TakeDamage(const Item& item) = 0;
+    // The end of the report, for which there are no more records.
+    virtual void Finish(const CheckTotals& totals, const Policy& policy) = 0;
+};
+
+}  // namespace quillory

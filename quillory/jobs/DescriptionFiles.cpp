@@ -1,0 +1,12 @@
+#include <quillory/jobs/DescriptionFiles.h>
+
+namespace quillory {
+
+std::string ReadDescriptionFile(const std::string& path) {
+    Input input(path);
+    std::string text = ReadWhole(input);
+    if (text.empty()) throw FileError(path + ": an empty file");
+    return text;
+}
+
+}  // namespace quillory

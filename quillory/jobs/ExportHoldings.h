@@ -1,0 +1,42 @@
+#pragma once
+
+#include <quillory/holdings/RecordHoldings.h>
+#include <quillory/jobs/Reporter.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+// Which copies go into records, and in what form.
+struct HoldingsOptions {
+    std::string file;  // of copies; empty for those that records hold
+    std::string type;  // the system to write for; empty: that of the settings
+    std::string from;  // the system whose fields records hold; empty: that to write for
+};
+
+// Puts the system to write for in force, if it isn't that of the settings. Dictionaries have to be
+// loaded again behind a true result. Throws UsageError.
+bool ChooseHoldingsType(const HoldingsOptions& options);
+
+// The copies of records on their way to a file.
+class ExportHoldings {
+public:
+    // Dictionaries and settings are in force. `files` are those of the records. Throws FileError.
+    ExportHoldings(const HoldingsOptions& options, const std::vector<std::string>& files);
+    ExportHoldings(const ExportHoldings&) = delete;
+    ExportHoldings& operator=(const ExportHoldings&) = delete;
+
+    void Write(Item& item, Charset charset, Losses& losses);
+    // Names the lines of the file that belong to no record, if any do not.
+    Status SayUnused(Reporter& reporter) const;
+
+private:
+    HoldingsSystem to_;
+    HoldingsSystem from_;
+    std::unique_ptr<HoldingsFile> file_;
+    std::unique_ptr<RecordHoldings> holdings_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,73 @@
+#include <quillory/jobs/DescriptionFiles.h>
+#include <quillory/jobs/MakeRecord.h>
+#include <quillory/jobs/OutputFiles.h>
+
+namespace quillory {
+namespace {
+
+std::string PlaceText(LineColumn where) {
+    if (where.line == 0) return {};
+    return ": line " + std::to_string(where.line) + ", column " + std::to_string(where.column);
+}
+
+Description SingleDescription(const std::string& path) {
+    const std::string text = ReadDescriptionFile(path);
+    DescriptionReader reader(text);
+    Description description;
+    Description further;
+    reader.Next(description);
+    if (reader.Next(further)) {
+        throw UsageError(path + ": describes several records; quillory catalog makes them all");
+    }
+    if (!description.error.empty()) {
+        throw FileError(path + PlaceText(description.where) + ": " + description.error);
+    }
+    return description;
+}
+
+Description DescriptionFor(const MakeRecordOptions& options) {
+    Description description;
+    if (!options.from.empty()) description = SingleDescription(options.from);
+    if (!options.record.workform.empty()) description.workform = options.record.workform;
+    AddEntries(options.record.entries, description);
+    if (description.workform.empty()) {
+        throw UsageError("which workform? Name it by --workform; quillory workforms lists them");
+    }
+    return description;
+}
+
+Status MakeAndWrite(const MakeRecordOptions& options, const DraftFiller& fill, Reporter& reporter) {
+    const Description description = DescriptionFor(options);
+    NewRecords newRecords(reporter);
+    RecordMaker& maker = newRecords.Maker();
+    Draft draft = maker.Begin(description);
+    maker.Finish(draft, description);
+    reporter.BeginFile("new record");
+    const ItemSource single = [&](const auto& take) {
+        if (fill) fill(maker.PatternFor(description.workform), draft);
+        Item item;
+        item.number = 1;
+        item.record = maker.Finish(draft, description);
+        take(item);
+        return kStatusWell;
+    };
+    return WriteItems(single, kCharsetUtf8, options.output, reporter);
+}
+
+}  // namespace
+
+Status MakeRecord(const MakeRecordOptions& options, const DraftFiller& fill, Reporter& reporter) {
+    if (!options.from.empty()) {
+        CheckNotAnInput({options.from}, options.output.output);
+        CheckNotAnInput({options.from}, options.output.rejects);
+    }
+    try {
+        return MakeAndWrite(options, fill, reporter);
+    } catch (const EntryError& error) {
+        const bool isOfFile = error.Where().line != 0;
+        throw FileError((isOfFile ? options.from + PlaceText(error.Where()) + ": " : "") +
+                        error.what());
+    }
+}
+
+}  // namespace quillory

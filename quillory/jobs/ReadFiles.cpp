@@ -1,0 +1,48 @@
+#include <quillory/jobs/Progress.h>
+#include <quillory/jobs/ReadFiles.h>
+
+#include <memory>
+
+namespace quillory {
+namespace {
+
+Form FormOf(const InputOptions& options, Input& input) {
+    if (options.form != kFormUnknown) return options.form;
+    const Form content = FormOfContent(input);
+    return content != kFormUnknown ? content : FormOfName(input.Name());
+}
+
+}  // namespace
+
+Status ReadFiles(const InputOptions& options, Reporter& reporter,
+                 const std::function<bool(Item& item)>& take) {
+    const std::vector<std::string> standardInput{"-"};
+    const auto& files = options.files.empty() ? standardInput : options.files;
+    std::vector<std::unique_ptr<Input>> inputs;
+    inputs.reserve(files.size());
+    for (const std::string& file : files) inputs.push_back(std::make_unique<Input>(file));
+
+    Status status = kStatusWell;
+    Progress progress(reporter);
+    bool goOn = true;
+    for (auto& input : inputs) {
+        reporter.BeginFile(input->Name());
+        if (input->Peek(1).empty()) {
+            reporter.Say(input->Name() + ": an empty file");
+            status = kStatusFindings;
+            continue;
+        }
+        const auto reader = MakeReader(FormOf(options, *input), *input, options.lenient);
+        Item item;
+        while (goOn && reader->Next(item)) {
+            if (item.kind == kItemFrame) continue;
+            goOn = take(item);
+            progress.Step(input->BytesRead(), input->FileSize());
+        }
+        reporter.EndFile();
+        input.reset();
+    }
+    return status;
+}
+
+}  // namespace quillory

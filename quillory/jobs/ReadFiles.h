@@ -1,0 +1,27 @@
+#pragma once
+
+#include <quillory/exchange/Form.h>
+#include <quillory/jobs/Reporter.h>
+#include <quillory/text/Charset.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+// The files that a job reads, and how.
+struct InputOptions {
+    std::vector<std::string> files;  // none, or "-", for standard input
+    Form form = kFormUnknown;        // told by content, then by name
+    Charset charset = kCharsetAuto;
+    bool lenient = false;
+};
+
+// Hands every item of every file but frames to `take`, which says whether to go on. Result:
+// kStatusWell, or kStatusFindings for an empty file. Throws FileError, before anything is read if
+// one of the files can't be opened.
+Status ReadFiles(const InputOptions& options, Reporter& reporter,
+                 const std::function<bool(Item& item)>& take);
+
+}  // namespace quillory

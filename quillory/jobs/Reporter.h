@@ -1,0 +1,61 @@
+#pragma once
+
+#include <quillory/jobs/JobPort.h>
+#include <quillory/jobs/Status.h>
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+struct ReporterOptions {
+    bool quiet = false;  // no progress and no summary
+    bool all = false;    // every message; else the first few of a kind in each file
+};
+
+// Through this a job speaks to its port. The first few messages of a kind in a file are said in
+// full and the others are counted, unless all are asked for.
+class Reporter {
+public:
+    // Keeps the reference.
+    Reporter(JobPort& port, ReporterOptions options) : port_(port), options_(options) {}
+
+    void BeginFile(const std::string& name);
+    // Says how many messages of the file were only counted.
+    void EndFile();
+
+    // What is wrong with an item, and what became of it. `kind` groups messages.
+    void Say(const Item& item, std::string_view kind, std::string_view text);
+    // The same, with a text that is made only if it is said.
+    void Say(const Item& item, std::string_view kind, const std::function<std::string()>& text);
+    // The same, with the item's reason, the place of its fault and what became of it as the text.
+    void SayFault(const Item& item);
+    // The same, not counted with others of its kind.
+    void SayAlways(const Item& item, std::string_view text);
+    // As Say, about something that is no item of a file of records.
+    void SayCounted(std::string_view kind, std::string_view text);
+    // About the file or the work as a whole.
+    void Say(std::string_view text) const;
+
+    std::string PlaceOf(const Item& item) const { return ItemPlace(file_, item); }
+
+    // The file in hand.
+    const std::string& File() const { return file_; }
+    bool Quiet() const { return options_.quiet; }
+    bool SaysAll() const { return options_.all; }
+    JobPort& Port() const { return port_; }
+
+private:
+    // Whether a message of this kind is said, and not only counted.
+    bool Count(std::string_view kind);
+
+    JobPort& port_;
+    ReporterOptions options_;
+    std::string file_;
+    std::map<std::string, std::uint64_t, std::less<>> counts_;
+};
+
+}  // namespace quillory

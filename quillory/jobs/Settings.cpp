@@ -1,0 +1,169 @@
+#include <quillory/faults/Errors.h>
+#include <quillory/jobs/Library.h>
+#include <quillory/jobs/Settings.h>
+#include <quillory/text/QmText.h>
+#include <zorby/holdings/InfoAboutHoldingsTypeList.h>
+#include <zorby/settings/KeysNValues.h>
+#include <zorby/settings/Profile.h>
+#include <zorby/settings/ProfileKeys.h>
+
+#include <array>
+#include <string_view>
+
+namespace quillory {
+namespace {
+
+constexpr const char* kExtraSettings = "HoldingsExtraSettings";
+constexpr const char* kExtraSeparator = "|";
+
+struct HoldingsKey {
+    std::string_view name;
+    bool isExtra;  // stands in the nested text
+};
+
+constexpr std::array<HoldingsKey, 12> kHoldingsKeys{{
+    {"EasyOrCustom", false},
+    {"HoldingsType", false},
+    {"NextBarCode", false},
+    {"DynixIndicators", true},
+    {"LWLPCallTag", true},
+    {"LWLPSubTags", true},
+    {"FollettUnisonNextAccNumber", true},
+    {"FollettUnisonLocOfMasterCallNumber", true},
+    {"MandarinEZTransferHoldingsSubfields", true},
+    {"CustomAllFAndS", true},
+    {"CustomBarCodeSubfield", true},
+    {"CustomCallNumberSubfields", true},
+}};
+
+// The holdings settings: one text of keys, with another nested in it.
+class HoldingsSettings {
+public:
+    HoldingsSettings() {
+        std::string text;
+        std::string nested;
+        zorby::GetZorbyProfileString(zorby::ZP_NewHoldings, text);
+        outer_.Set(text, true);
+        outer_.GetKey(kExtraSettings, nested);
+        extra_.SetSeperator(kExtraSeparator);
+        extra_.Set(nested, true);
+    }
+
+    std::string Get(const HoldingsKey& key) const {
+        std::string value;
+        (key.isExtra ? extra_ : outer_).GetKey(key.name, value);
+        return value;
+    }
+
+    void Set(const HoldingsKey& key, std::string_view value) {
+        (key.isExtra ? extra_ : outer_).SetKey(key.name, value);
+        if (key.isExtra) outer_.SetKey(kExtraSettings, extra_.Get());
+        WriteSetting(zorby::ZP_NewHoldings, outer_.Get());
+    }
+
+private:
+    zorby::CKeysNValues outer_;
+    zorby::CKeysNValues extra_;
+};
+
+const HoldingsKey& HoldingsKeyNamed(std::string_view name) {
+    for (const HoldingsKey& key : kHoldingsKeys) {
+        if (key.name == name) return key;
+    }
+    throw UsageError("there is no holdings setting " + std::string(name));
+}
+
+// By number, by name, or by name without "ZP_".
+const zorby::ProfileKeyRow& KeyNamed(const std::string& name) {
+    const bool isNumber = !name.empty() && name.find_first_not_of("0123456789") == name.npos;
+    for (const zorby::ProfileKeyRow& row : zorby::ProfileKeyTable()) {
+        const std::string rowName = row.name;
+        if (rowName.empty()) continue;
+        if (isNumber ? std::to_string(row.id) == name
+                     : rowName == name || rowName == "ZP_" + name) {
+            return row;
+        }
+    }
+    throw UsageError("there is no setting " + name + "; `quillory settings` lists them");
+}
+
+bool IsNumberKey(const zorby::ProfileKeyRow& row) {
+    return row.defaultText == nullptr;
+}
+
+std::string ValueOf(const zorby::ProfileKeyRow& row) {
+    if (IsNumberKey(row)) return std::to_string(zorby::GetZorbyProfileInt(row.id));
+    std::string text;
+    zorby::GetZorbyProfileString(row.id, text);
+    const bool isDefault = text.empty() && zorby::GetZorbyProfileInt(row.id) == row.defaultNumber;
+    return isDefault && row.defaultNumber != 0 ? std::to_string(row.defaultNumber) : QmToUtf8(text);
+}
+
+std::string InQmCode(const std::string& value) {
+    std::string qm;
+    if (!Utf8ToQm(value, qm)) throw UsageError("settings can't hold all characters of " + value);
+    return qm;
+}
+
+void CheckHoldingsValue(const HoldingsKey& key, const std::string& value) {
+    if (key.name == "EasyOrCustom" && value != "Easy" && value != "Custom") {
+        throw UsageError("EasyOrCustom is Easy or Custom");
+    }
+    if (value.find(kExtraSeparator) != value.npos || value.find('\\') != value.npos) {
+        throw UsageError("holdings settings can't hold | or a backslash");
+    }
+    if (key.name == "HoldingsType" &&
+        zorby::CInfoAboutHoldingsTypeList::FindFromName(value) == nullptr) {
+        throw UsageError("there is no holdings type " + value +
+                         "; `quillory describe --holdings` lists them");
+    }
+}
+
+void Set(const zorby::ProfileKeyRow& row, const std::string& value) {
+    const std::size_t sign = value.starts_with('-') ? 1 : 0;
+    if (IsNumberKey(row) &&
+        (value.size() == sign || value.find_first_not_of("0123456789", sign) != value.npos)) {
+        throw UsageError(std::string(row.name) + " is a number, not " + value);
+    }
+    WriteSetting(row.id, InQmCode(value));
+}
+
+}  // namespace
+
+std::vector<SettingRow> ListSettings() {
+    std::vector<SettingRow> rows;
+    for (int id = 0; id < zorby::kProfileKeyTableEnd; ++id) {
+        const zorby::ProfileKeyRow* row = zorby::FindProfileKey(id);
+        if (row != nullptr) rows.push_back({row->id, row->name, ValueOf(*row)});
+    }
+    return rows;
+}
+
+std::string ReadSetting(const std::string& name) {
+    return ValueOf(KeyNamed(name));
+}
+
+void ChangeSetting(const std::string& name, const std::string& value) {
+    Set(KeyNamed(name), value);
+}
+
+std::vector<SettingRow> ListHoldingsSettings() {
+    const HoldingsSettings settings;
+    std::vector<SettingRow> rows;
+    for (const HoldingsKey& key : kHoldingsKeys) {
+        rows.push_back({0, std::string(key.name), QmToUtf8(settings.Get(key))});
+    }
+    return rows;
+}
+
+std::string ReadHoldingsSetting(const std::string& name) {
+    return QmToUtf8(HoldingsSettings().Get(HoldingsKeyNamed(name)));
+}
+
+void ChangeHoldingsSetting(const std::string& name, const std::string& value) {
+    const HoldingsKey& key = HoldingsKeyNamed(name);
+    CheckHoldingsValue(key, value);
+    HoldingsSettings().Set(key, InQmCode(value));
+}
+
+}  // namespace quillory

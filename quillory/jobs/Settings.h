@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+// A setting with its value, in UTF-8.
+struct SettingRow {
+    int id = 0;  // of the profile key; 0 for a holdings setting
+    std::string name;
+    std::string value;
+};
+
+// The keys of the profile. Settings are in force (LoadSettings). A key is named by its number, its
+// name, or its name without "ZP_". These throw UsageError for a name or value that is none, and
+// FileError.
+std::vector<SettingRow> ListSettings();
+std::string ReadSetting(const std::string& name);
+void ChangeSetting(const std::string& name, const std::string& value);
+
+// The settings of holdings, which the profile keeps in one text, by their own names. The
+// dictionaries are in force, too.
+std::vector<SettingRow> ListHoldingsSettings();
+std::string ReadHoldingsSetting(const std::string& name);
+void ChangeHoldingsSetting(const std::string& name, const std::string& value);
+
+}  // namespace quillory

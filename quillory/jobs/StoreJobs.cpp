@@ -1,0 +1,105 @@
+#include <quillory/exchange/Output.h>
+#include <quillory/jobs/Carrier.h>
+#include <quillory/jobs/OutputFiles.h>
+#include <quillory/jobs/StoreJobs.h>
+#include <quillory/jobs/StoredItems.h>
+#include <quillory/store/Schema.h>
+#include <quillory/store/Summary.h>
+
+namespace quillory {
+namespace {
+
+// Writes records into the store.
+class StoreWriter : public RecordWriter {
+public:
+    explicit StoreWriter(RecordBatch& batch) : batch_(batch), assembler_(kOversizeRefuse) {}
+
+    WriteResult Write(const Record& record, Losses&) override {
+        WriteResult result = assembler_.Assemble(record);
+        if (result.written) {
+            batch_.Add({summarizer_.Summarize(record), std::string(assembler_.Bytes())});
+        }
+        return result;
+    }
+
+private:
+    RecordBatch& batch_;
+    MarcAssembler assembler_;
+    Summarizer summarizer_;
+};
+
+// Records keep their character set, but for Latin-1, which no leader can tell.
+RecoderOptions RecoderOptionsFor(Charset from) {
+    return {from, from == kCharsetLatin1 ? kCharsetUtf8 : kCharsetAuto, {}};
+}
+
+void SaySaved(const RecordBatch& batch, const Reporter& reporter) {
+    if (batch.Saved() == 0) return;
+    const auto [first, last] = batch.Ids();
+    std::string ids = last == first ? "ID " : "IDs ";
+    ids += std::to_string(first);
+    if (last != first) ids += " to " + std::to_string(last);
+    reporter.Say(Counted(batch.Saved(), "record") + " added, " + ids);
+}
+
+void AddFiles(const AddOptions& options, Carrier& carrier, RecordBatch& batch, Reporter& reporter) {
+    carrier.Raise(ReadFiles(options.input, reporter, [&carrier](Item& item) {
+        carrier.Take(item);
+        return true;
+    }));
+    batch.Flush();
+    carrier.Finish();
+}
+
+}  // namespace
+
+Status AddRecordsToStore(const AddOptions& options, Reporter& reporter) {
+    CheckNotAnInput(options.input.files, options.rejects);
+    CheckNotTheStore(options.rejects);
+    const Database database = OpenStore();
+    RecordStore store(database);
+    RecordBatch batch(store);
+    StoreWriter writer(batch);
+    Carrier carrier({RecoderOptionsFor(options.input.charset), false, options.rejects, {}}, writer,
+                    reporter);
+    try {
+        AddFiles(options, carrier, batch, reporter);
+    } catch (const FileError&) {
+        SaySaved(batch, reporter);
+        throw;
+    }
+    carrier.Summarize();
+    if (!reporter.Quiet()) SaySaved(batch, reporter);
+    return carrier.Result();
+}
+
+Status DeleteRecordsFromStore(const RecordIds& ids, Reporter& reporter) {
+    const Database database = OpenStore();
+    RecordStore store(database);
+    Status status = kStatusWell;
+    std::uint64_t deleted = 0;
+    Transaction transaction(database);
+    for (const std::int64_t id : ids) {
+        if (store.Delete(id)) {
+            ++deleted;
+        } else {
+            SayMissing(reporter, id);
+            status = kStatusFindings;
+        }
+    }
+    transaction.Commit();
+    reporter.Say(Counted(deleted, "record") + " deleted");
+    return status;
+}
+
+Status ExportRecordsOfStore(const StoreExportOptions& options, Reporter& reporter) {
+    CheckNotTheStore(options.output.output);
+    CheckNotTheStore(options.output.rejects);
+    const std::optional<Database> database = OpenStoreToRead();
+    const ItemSource stored = [&](const auto& take) {
+        return ReadStored(database, options.ids, reporter, take);
+    };
+    return WriteItems(stored, kCharsetAuto, options.output, reporter);
+}
+
+}  // namespace quillory

@@ -1,0 +1,81 @@
+#include <quillory/exchange/Input.h>
+#include <quillory/jobs/Progress.h>
+#include <quillory/jobs/StoredItems.h>
+#include <quillory/store/Schema.h>
+#include <zorby/record/CommFormat.h>
+
+#include <filesystem>
+
+namespace quillory {
+namespace {
+
+// A stored record as an item. The views look into `stored`.
+void ReadItem(const StoredRecord& stored, zorby::CommFormatFields& fields, Item& item) {
+    item = {};
+    item.number = static_cast<std::uint64_t>(stored.id);
+    item.bytes = stored.bytes;
+    const zorby::CommFormatFault fault = zorby::ReadCommFormat(stored.bytes, fields);
+    if (fault) {
+        item.kind = kItemDamaged;
+        item.reason = zorby::CommFormatFaultText(fault.reason);
+        item.faultOffset = fault.offset;
+        item.tag = fault.tag;
+        item.controlNumber = stored.summary.controlNumber;
+    } else {
+        item.record = {fields.leader, fields.fields, stored.bytes};
+    }
+}
+
+}  // namespace
+
+std::optional<Database> OpenStoreToRead() {
+    std::string obstacle;
+    std::optional<Database> database = OpenStoreIfThere(obstacle);
+    if (!obstacle.empty()) throw FileError(obstacle);
+    return database;
+}
+
+void CheckNotTheStore(const std::string& path) {
+    const std::string store = StorePath();
+    std::error_code unknown;
+    if (path == store || std::filesystem::equivalent(path, store, unknown)) {
+        throw FileError(path + ": is the store, which would be overwritten");
+    }
+}
+
+Status ReadStored(const std::optional<Database>& database, const std::vector<std::int64_t>& ids,
+                  Reporter& reporter, const std::function<bool(Item& item)>& take) {
+    std::optional<RecordStore> store;
+    if (database) store.emplace(*database);
+    reporter.BeginFile(StorePath());
+    Progress progress(reporter);
+    const auto total =
+        static_cast<std::uint64_t>(store && ids.empty() ? store->Count() : 0) + ids.size();
+    std::uint64_t done = 0;
+    zorby::CommFormatFields fields;
+    Item item;
+    const auto takeStored = [&](const StoredRecord& stored) {
+        ReadItem(stored, fields, item);
+        progress.Step(++done, total);
+        return take(item);
+    };
+    Status status = kStatusWell;
+    if (store && ids.empty()) store->Walk({}, takeStored);
+    for (const std::int64_t id : ids) {
+        const auto stored = store ? store->Find(id) : std::nullopt;
+        if (!stored) {
+            SayMissing(reporter, id);
+            status = kStatusFindings;
+        } else if (!takeStored(*stored)) {
+            break;
+        }
+    }
+    reporter.EndFile();
+    return status;
+}
+
+void SayMissing(const Reporter& reporter, std::int64_t id) {
+    reporter.Say("there is no record " + std::to_string(id) + " in the store");
+}
+
+}  // namespace quillory

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <quillory/exchange/Form.h>
+#include <quillory/exchange/Recoder.h>
+#include <quillory/jobs/Carrier.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace quillory {
+
+// Where a job writes records, and how.
+struct OutputOptions {
+    std::string output = "-";
+    std::string rejects;
+    Form form = kFormUnknown;  // told by name, or ISO 2709
+    Charset charset = kCharsetAuto;
+    std::optional<NormalForm> normalForm;
+    Oversize oversize = kOversizeRefuse;
+    bool eachLoss = false;
+    bool verify = false;  // as in RecoderOptions; only a job itself asks for it
+};
+
+// The character set that records are written in; auto if each keeps its own. Throws
+// UsageError for one that the form lacks.
+Charset CharsetOfOutput(const OutputOptions& options);
+
+// Hands items to `take`, which says whether to go on.
+using ItemSource = std::function<Status(const std::function<bool(Item& item)>& take)>;
+
+// Writes what a source gives, of which the character set is `from`, with messages and a summary.
+// `prepare` is done to each record (CarrierOptions). Throws FileError, and UsageError for a
+// character set that the form lacks.
+Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
+                  Reporter& reporter, const Preparation& prepare = {});
+
+}  // namespace quillory

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <quillory/exchange/Output.h>
+#include <quillory/jobs/CheckReport.h>
+#include <quillory/jobs/Reporter.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+enum CheckFormat : std::int32_t { kCheckByName, kCheckText, kCheckJsonl, kCheckHtml };
+
+struct CheckReportOptions {
+    CheckFormat format = kCheckByName;  // by the name of the output, or text
+    std::string output = "-";
+    std::uint64_t rows = 5000;  // findings that a page shows, 0 for all
+};
+
+// The report asks the reporter for the file in hand, and says there what it can't show. Throws
+// FileError if the output can't be opened.
+std::unique_ptr<CheckReport> MakeCheckReport(const CheckReportOptions& options, Reporter& reporter);
+
+std::unique_ptr<CheckReport> MakeTextCheckReport(std::unique_ptr<Output> output,
+                                                 Reporter& reporter);
+std::unique_ptr<CheckReport> MakeJsonlCheckReport(std::unique_ptr<Output> output,
+                                                  Reporter& reporter);
+std::unique_ptr<CheckReport> MakeHtmlCheckReport(std::unique_ptr<Output> output, std::uint64_t rows,
+                                                 Reporter& reporter);
+
+// A kind of finding in a few words, without field or subfield of one record.
+std::string KindText(zorby::E_ERROR_CODE code);
+// "ok", "warnings", "errors".
+std::string_view VerdictText(Verdict verdict);
+
+}  // namespace quillory

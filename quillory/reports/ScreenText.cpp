@@ -1,0 +1,76 @@
+#include <quillory/reports/ScreenText.h>
+#include <quillory/text/Utf8.h>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace quillory {
+namespace {
+
+bool IsSeen(const Utf8Char& c) {
+    return c.valid && c.codePoint >= 0x20 && !(c.codePoint >= 0x7F && c.codePoint <= 0x9F);
+}
+
+}  // namespace
+
+std::string Visible(std::string_view text) {
+    std::string visible;
+    while (!text.empty()) {
+        const Utf8Char c = DecodeUtf8(text);
+        if (IsSeen(c)) {
+            visible += text.substr(0, c.size);
+        } else {
+            for (const char byte : text.substr(0, c.size)) {
+                char hex[8];
+                std::snprintf(hex, sizeof hex, "<%02X>", static_cast<unsigned char>(byte));
+                visible += hex;
+            }
+        }
+        text.remove_prefix(c.size);
+    }
+    return visible;
+}
+
+std::size_t Columns(std::string_view text) {
+    std::size_t columns = 0;
+    while (!text.empty()) {
+        const Utf8Char c = DecodeUtf8(text);
+        const int width = utf8proc_charwidth(static_cast<utf8proc_int32_t>(c.codePoint));
+        columns += static_cast<std::size_t>(std::max(width, 0));
+        text.remove_prefix(c.size);
+    }
+    return columns;
+}
+
+void Line::Add(std::string_view visible) {
+    while (!visible.empty()) {
+        const std::size_t blanks = std::min(visible.find_first_not_of(' '), visible.size());
+        const std::size_t end = std::min(visible.find(' ', blanks), visible.size());
+        AddWord(visible.substr(0, blanks), visible.substr(blanks, end - blanks));
+        visible.remove_prefix(end);
+    }
+}
+
+void Line::AddCode(std::string_view code, bool colour) {
+    if (column_ > indent_) Add(" ");
+    if (colour) text_ += kCyan;
+    AddWord({}, "$" + std::string(code));
+    if (colour) text_ += kPlain;
+    text_ += ' ';
+    ++column_;
+}
+
+void Line::AddWord(std::string_view blanks, std::string_view word) {
+    const std::size_t width = blanks.size() + Columns(word);
+    if (width_ != 0 && column_ > indent_ && column_ + width > width_) {
+        while (text_.ends_with(' ')) text_.pop_back();
+        text_ += '\n' + std::string(indent_, ' ');
+        column_ = indent_ + width - blanks.size();
+    } else {
+        text_ += blanks;
+        column_ += width;
+    }
+    text_ += word;
+}
+
+}  // namespace quillory

@@ -1,0 +1,160 @@
+#include <quillory/text/Marc8Escape.h>
+#include <quillory/text/Marc8Unicode.h>
+#include <zorby/charset/PlainRun.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+constexpr char kEscape = '\x1B';
+
+bool IsControl(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7F;
+}
+
+bool IsHigh(char c) {
+    return static_cast<unsigned char>(c) >= 0x80;
+}
+
+}  // namespace
+
+// Reads MARC-8 in units of diacritics and a letter, under the sets that escapes have designated.
+class Marc8Unicode::Decoder {
+public:
+    Decoder(std::string_view text, Marc8Unicode& owner, std::string& out, Losses& losses)
+        : text_(text), owner_(owner), out_(out), losses_(losses), sets_(&owner.SetsFor({})) {}
+
+    void Run() {
+        while (at_ < text_.size()) {
+            TakePlainRun();
+            if (at_ == text_.size()) return;
+            const char c = text_[at_];
+            if (c == kEscape) {
+                if (TakeEscape() == 0) Lose(text_.substr(at_++, 1));
+            } else if (IsControl(c)) {
+                out_ += c;
+                ++at_;
+            } else {
+                TakeUnit();
+            }
+        }
+    }
+
+private:
+    struct Set {
+        std::string escape;     // that designates it; empty for the default
+        std::size_t width = 1;  // bytes of a character
+    };
+
+    void TakePlainRun();
+    std::size_t TakeEscape();
+    void TakeUnit();
+    bool TakeSecondHalf();
+    void TakeCharacter(std::string& unit);
+    void TakeLoneDiacritic(Sets& sets, const std::string& unit);
+    void Lose(std::string_view bytes);
+
+    std::string_view text_;
+    Marc8Unicode& owner_;
+    std::string& out_;
+    Losses& losses_;
+    std::size_t at_ = 0;
+    Set g0_;
+    Set g1_;
+    Sets* sets_;  // what the owner knows of both
+    bool doubleMarkOpen_ = false;
+};
+
+void Marc8Unicode::Decoder::TakePlainRun() {
+    if (!g0_.escape.empty()) return;
+    const char* const begin = text_.data() + at_;
+    const std::size_t run = zorby::PlainRunLength(begin, text_.data() + text_.size());
+    out_.append(begin, run);
+    at_ += run;
+}
+
+// Result: bytes taken, 0 if there is no escape.
+std::size_t Marc8Unicode::Decoder::TakeEscape() {
+    const Marc8Escape escape = ReadMarc8Escape(text_.substr(at_));
+    if (escape.size == 0) return 0;
+    (escape.isG1 ? g1_ : g0_) = {std::string(escape.bytes), escape.width};
+    if (escape.bytes.empty()) (escape.isG1 ? g1_ : g0_).width = 1;
+    sets_ = &owner_.SetsFor(g0_.escape + g1_.escape);
+    at_ += escape.size;
+    return escape.size;
+}
+
+void Marc8Unicode::Decoder::Lose(std::string_view bytes) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    for (const char c : bytes) losses_.Add(kLossReplaced, static_cast<unsigned char>(c));
+    quillory::AppendUtf8(kReplacement, out_);
+}
+
+// The first half of a double diacritic stands for both; a second half without it is lost.
+bool Marc8Unicode::Decoder::TakeSecondHalf() {
+    const char c = text_[at_];
+    if (!g1_.escape.empty() || (c != '\xEC' && c != '\xFB')) return false;
+    if (!std::exchange(doubleMarkOpen_, false)) Lose(text_.substr(at_, 1));
+    ++at_;
+    return true;
+}
+
+void Marc8Unicode::Decoder::TakeCharacter(std::string& unit) {
+    const char c = text_[at_];
+    const std::size_t width = c == ' ' ? 1 : IsHigh(c) ? g1_.width : g0_.width;
+    const std::size_t size = std::min(width, text_.size() - at_);
+    if (g1_.escape.empty() && (c == '\xEB' || c == '\xFA')) doubleMarkOpen_ = true;
+    unit += text_.substr(at_, size);
+    at_ += size;
+}
+
+void Marc8Unicode::Decoder::TakeLoneDiacritic(Sets& sets, const std::string& unit) {
+    const Decoded& decoded = owner_.Decode(sets, unit + " ");
+    if (decoded.outcome != YazConverter::kDone || decoded.utf8.size() < 2) {
+        Lose(unit);
+        return;
+    }
+    losses_.Add(kLossNoLetter, DecodeUtf8(std::string_view(decoded.utf8).substr(1)).codePoint);
+    out_ += decoded.utf8;
+}
+
+// An escape may stand between a diacritic and its letter.
+void Marc8Unicode::Decoder::TakeUnit() {
+    Sets& sets = *sets_;
+    std::string unit;
+    bool begun = false;
+    auto outcome = YazConverter::kIncomplete;
+    while (outcome == YazConverter::kIncomplete && at_ < text_.size()) {
+        if (text_[at_] == kEscape) {
+            const std::size_t size = TakeEscape();
+            if (size == 0) break;
+            unit += text_.substr(at_ - size, size);
+        } else if (IsControl(text_[at_])) {
+            break;
+        } else if (!TakeSecondHalf()) {
+            TakeCharacter(unit);
+            begun = true;
+            const Decoded& decoded = owner_.Decode(sets, unit);
+            outcome = decoded.outcome;
+            if (outcome == YazConverter::kDone && !decoded.utf8.empty()) {
+                out_ += decoded.utf8;
+                return;
+            }
+        }
+    }
+    if (!begun) return;
+    if (outcome == YazConverter::kIncomplete) {
+        TakeLoneDiacritic(sets, unit);
+    } else {
+        Lose(unit);
+    }
+}
+
+void Marc8Unicode::AppendUtf8(std::string_view marc8, std::string& utf8, Losses& losses) {
+    Decoder(marc8, *this, utf8, losses).Run();
+}
+
+}  // namespace quillory

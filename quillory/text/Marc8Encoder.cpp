@@ -1,0 +1,148 @@
+#include <quillory/text/CharacterReference.h>
+#include <quillory/text/Marc8Escape.h>
+#include <quillory/text/Marc8Unicode.h>
+#include <zorby/charset/PlainRun.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr char kEscape = '\x1B';
+constexpr char32_t kDelete = 0x7F;
+
+// Brings the basic set back. The sets of subscripts, superscripts and the three Greek symbols have
+// an escape of their own for that.
+std::string_view EscapeFrom(std::string_view set) {
+    return set.size() == 2 ? "\x1Bs" : "\x1B(B";
+}
+
+}  // namespace
+
+// Writes letters in MARC-8, with an escape only where the set changes.
+class Marc8Unicode::Encoder {
+public:
+    Encoder(Marc8Unicode& owner, std::string& out, Losses& losses)
+        : owner_(owner), out_(out), losses_(losses) {}
+
+    void Run(std::string_view utf8) {
+        while (!utf8.empty()) {
+            utf8.remove_prefix(TakePlainRun(utf8));
+            utf8.remove_prefix(Take(utf8));
+        }
+        Designate({});
+    }
+
+private:
+    std::size_t TakePlainRun(std::string_view utf8);
+    std::size_t Take(std::string_view utf8);
+    void Designate(std::string_view set);
+    void Put(const Encoded& letter);
+    void WriteOut(char32_t codePoint);
+    void TakeControl(char c);
+
+    Marc8Unicode& owner_;
+    std::string& out_;
+    Losses& losses_;
+    std::string set_;  // escape of the set in force, empty for the default
+};
+
+void Marc8Unicode::Encoder::Designate(std::string_view set) {
+    if (set == set_) return;
+    // A set of the short escapes is left by its own escape before another begins.
+    if (set.empty() || set_.size() == 2) out_ += EscapeFrom(set_);
+    out_ += set;
+    set_ = set;
+}
+
+void Marc8Unicode::Encoder::WriteOut(char32_t codePoint) {
+    Designate({});
+    losses_.Add(kLossReference, codePoint);
+    AppendReference(codePoint, out_);
+}
+
+void Marc8Unicode::Encoder::TakeControl(char c) {
+    Designate({});
+    if (c == kEscape) {
+        losses_.Add(kLossEscape, static_cast<unsigned char>(c));
+        AppendReference(static_cast<unsigned char>(c), out_);
+    } else {
+        out_ += c;
+    }
+}
+
+void Marc8Unicode::Encoder::Put(const Encoded& letter) {
+    if (!letter.bytes.empty()) {
+        Designate(letter.set);
+        out_ += letter.bytes;
+    }
+    for (const char32_t codePoint : letter.writtenOut) WriteOut(codePoint);
+}
+
+// All but the last character of the run, which may have a diacritic behind it.
+std::size_t Marc8Unicode::Encoder::TakePlainRun(std::string_view utf8) {
+    if (!set_.empty()) return 0;
+    const std::size_t run = zorby::PlainRunLength(utf8.data(), utf8.data() + utf8.size());
+    const std::size_t taken = run - std::min<std::size_t>(run, 1);
+    out_ += utf8.substr(0, taken);
+    return taken;
+}
+
+// A letter with the combining characters behind it. Result: bytes taken.
+std::size_t Marc8Unicode::Encoder::Take(std::string_view utf8) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    const Utf8Char first = DecodeUtf8(utf8);
+    if (!first.valid) {
+        losses_.Add(kLossReplaced, static_cast<unsigned char>(utf8.front()));
+        Designate({});
+        AppendReference(kReplacement, out_);
+        return 1;
+    }
+    if (first.codePoint < ' ' || first.codePoint == kDelete) {
+        TakeControl(utf8.front());
+        return 1;
+    }
+    std::size_t size = first.size;
+    while (size < utf8.size() && static_cast<unsigned char>(utf8[size]) >= 0x80) {
+        const Utf8Char next = DecodeUtf8(utf8.substr(size));
+        if (!next.valid || !IsCombining(next.codePoint)) break;
+        size += next.size;
+    }
+    if (size > 1) {
+        Put(owner_.Encode(utf8.substr(0, size)));
+        return size;
+    }
+    // A blank is a blank in every set of one byte a character.
+    if (utf8.front() != ' ' || set_.starts_with("\x1B$")) Designate({});
+    out_ += utf8.front();
+    return 1;
+}
+
+// False if the bytes are of more than one set.
+bool Marc8Unicode::SplitSet(std::string_view marc8, Encoded& encoded) {
+    encoded = {};
+    std::string set;
+    while (!marc8.empty()) {
+        if (marc8.front() != kEscape) {
+            const bool isHigh = static_cast<unsigned char>(marc8.front()) >= 0x80;
+            if (!isHigh && set != encoded.set) {
+                if (!encoded.set.empty() || set.empty()) return false;
+                encoded.set = set;
+            }
+            encoded.bytes += marc8.front();
+            marc8.remove_prefix(1);
+            continue;
+        }
+        const Marc8Escape escape = ReadMarc8Escape(marc8);
+        if (escape.size == 0 || escape.isG1) return false;
+        set = escape.bytes;
+        marc8.remove_prefix(escape.size);
+    }
+    return true;
+}
+
+void Marc8Unicode::AppendMarc8(std::string_view utf8, std::string& marc8, Losses& losses) {
+    Encoder(*this, marc8, losses).Run(utf8);
+}
+
+}  // namespace quillory

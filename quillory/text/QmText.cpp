@@ -1,0 +1,46 @@
+#include <quillory/text/Marc8Unicode.h>
+#include <quillory/text/QmText.h>
+#include <quillory/text/QmUnicode.h>
+#include <zorby/charset/Convert.h>
+
+namespace quillory {
+namespace {
+
+const QmUnicode& Letters() {
+    static const QmUnicode letters(kNormalFormC);
+    return letters;
+}
+
+}  // namespace
+
+// What is no plain sequence of letters goes by way of MARC-8.
+std::string QmToUtf8(std::string_view qm) {
+    std::string utf8;
+    if (Letters().AppendUtf8(qm, utf8)) return utf8;
+    utf8.clear();
+    std::string marc8(qm);
+    zorby::CSZorbyToMARC(marc8);
+    Losses losses;
+    Marc8Unicode(kNormalFormC).AppendUtf8(marc8, utf8, losses);
+    return utf8;
+}
+
+std::string QmLinesToUtf8(std::string_view lines) {
+    std::string utf8;
+    for (;;) {
+        const std::size_t end = lines.find('\n');
+        utf8 += QmToUtf8(lines.substr(0, end));
+        if (end == lines.npos) return utf8;
+        utf8 += '\n';
+        lines.remove_prefix(end + 1);
+    }
+}
+
+bool Utf8ToQm(std::string_view utf8, std::string& qm) {
+    std::string codes;
+    if (!Letters().AppendQm(utf8, codes)) return false;
+    qm = codes;
+    return true;
+}
+
+}  // namespace quillory

@@ -1,0 +1,241 @@
+#include <quillory/text/QmUnicode.h>
+#include <zorby/charset/KeyTable.h>
+#include <zorby/charset/PlainRun.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+// Code points for the codes 0x80 to 0xDD, after the MARC-8 to Unicode mapping of the MARC 21 code
+// tables. The second halves of the two double diacritics have none: the first half stands for both.
+constexpr unsigned kFirstMapped = 0x80;
+constexpr std::array<char32_t, 94> kCodePoints{{
+    // clang-format off
+    0x0141, 0x00D8, 0x0110, 0x00DE, 0x00C6, 0x0152, 0x02B9, 0x00B7,  // 80
+    0x266D, 0x00AE, 0x00B1, 0x01A0, 0x01AF, 0x02BC, 0x02BB, 0x0142,  // 88
+    0x00F8, 0x0111, 0x00FE, 0x00E6, 0x0153, 0x02BA, 0x0131, 0x00A3,  // 90
+    0x00F0, 0x01A1, 0x01B0, 0x00B0, 0x2113, 0x2117, 0x00A9, 0x266F,  // 98
+    0x00BF, 0x00A1, 0x0309, 0x0300, 0x0301, 0x0302, 0x0303, 0x0304,  // A0
+    0x0306, 0x0307, 0x0308, 0x030C, 0x030A, 0x0361, 0,      0x0315,  // A8
+    0x030B, 0x0310, 0x0327, 0x0328, 0x0323, 0x0324, 0x0325, 0x0333,  // B0
+    0x0332, 0x0326, 0x031C, 0x032E, 0x0360, 0,      0x0313, 0x03B1,  // B8
+    0x03B2, 0x03B3, 0x208D, 0x208E, 0x208A, 0x208B, 0x2080, 0x2081,  // C0
+    0x2082, 0x2083, 0x2084, 0x2085, 0x2086, 0x2087, 0x2088, 0x2089,  // C8
+    0x207D, 0x207E, 0x207A, 0x207B, 0x2070, 0x00B9, 0x00B2, 0x00B3,  // D0
+    0x2074, 0x2075, 0x2076, 0x2077, 0x2078, 0x2079,                  // D8
+    // clang-format on
+}};
+
+constexpr unsigned kFirstPrecomposed = 0xDE;
+constexpr unsigned char kHookAbove = 0xA2;  // stands before its letter, as in MARC-8
+constexpr unsigned char kLigatureFirst = 0xAD;
+constexpr unsigned char kLigatureSecond = 0xAE;
+constexpr unsigned char kTildeFirst = 0xBC;
+constexpr unsigned char kTildeSecond = 0xBD;
+
+unsigned char At(std::string_view text, std::size_t at) {
+    return at < text.size() ? static_cast<unsigned char>(text[at]) : static_cast<unsigned char>(0);
+}
+
+bool IsMark(unsigned code) {
+    return code >= 0xA3 && code <= 0xBE;
+}
+
+bool IsDoubleMark(unsigned char code) {
+    return code == kLigatureFirst || code == kLigatureSecond || code == kTildeFirst ||
+           code == kTildeSecond;
+}
+
+unsigned char SecondHalf(unsigned char firstHalf) {
+    if (firstHalf == kLigatureFirst) return kLigatureSecond;
+    return firstHalf == kTildeFirst ? kTildeSecond : static_cast<unsigned char>(0);
+}
+
+// The engine moves no diacritic over a change of alphabet: in another alphabet, and straight behind
+// it, a text with diacritics can be read in two ways.
+bool TakesMarks(std::string_view before, unsigned char base) {
+    const auto isBasic = [](unsigned char code) {
+        return zorby::KeyRecordOf(code).alphabet == zorby::kAlphabetBasic;
+    };
+    return isBasic(base) && (before.empty() || isBasic(static_cast<unsigned char>(before.back())));
+}
+
+// A code that stands for a character of its own, on which a diacritic can be set.
+bool IsBase(unsigned code) {
+    return code >= 0x20 && code != 0x7F && !IsMark(code) && code != kHookAbove;
+}
+
+std::string Utf8OfMapped(unsigned code) {
+    std::string utf8;
+    AppendUtf8(code < kFirstMapped ? code : kCodePoints[code - kFirstMapped], utf8);
+    return utf8;
+}
+
+unsigned MarkOfMarc8(unsigned char marc) {
+    for (unsigned code = 0xA3; code <= 0xBE; ++code) {
+        if (zorby::KeyRecordOf(static_cast<unsigned char>(code)).marc1 == marc) return code;
+    }
+    return 0;
+}
+
+// Not normalised.
+std::string Utf8OfBase(unsigned code) {
+    if (code < kFirstPrecomposed) return Utf8OfMapped(code);
+    const zorby::KeyRecord& row = zorby::KeyRecordOf(static_cast<unsigned char>(code));
+    return Utf8OfMapped(row.marc1) + Utf8OfMapped(MarkOfMarc8(row.marc2));
+}
+
+}  // namespace
+
+QmUnicode::QmUnicode(NormalForm form) : single_{}, marked_{}, low_{} {
+    for (unsigned base = 0xFF; base >= 0x20; --base) {
+        if (!IsBase(base)) continue;
+        const auto code = static_cast<unsigned char>(base);
+        const std::string letter = Utf8OfBase(base);
+        AddSequence({code, 0}, letter, single_[base]);
+        if (base >= kFirstPrecomposed) continue;
+        for (unsigned i = 0; i < kMarks; ++i) {
+            const auto mark = static_cast<unsigned char>(kFirstMark + i);
+            if (IsDoubleMark(mark)) continue;
+            AddSequence({code, mark}, letter + Utf8OfMapped(mark), marked_[base][i]);
+        }
+    }
+    if (form == kNormalFormD) {
+        for (Sequence& sequence : single_) Decompose(sequence);
+        for (auto& row : marked_) {
+            for (Sequence& sequence : row) Decompose(sequence);
+        }
+    }
+    constexpr std::array<std::pair<char32_t, unsigned char>, 4> kHalfMarks{{
+        {0xFE20, kLigatureFirst},
+        {0xFE21, kLigatureSecond},
+        {0xFE22, kTildeFirst},
+        {0xFE23, kTildeSecond},
+    }};
+    for (const auto& [codePoint, code] : kHalfMarks) high_[codePoint] = {code, 0};
+    for (unsigned code = kFirstMark; code < kFirstMark + kMarks; ++code) {
+        const char32_t codePoint = kCodePoints[code - kFirstMapped];
+        if (codePoint != 0) high_[codePoint] = {static_cast<unsigned char>(code), 0};
+    }
+}
+
+void QmUnicode::Decompose(Sequence& sequence) {
+    const std::string normal = Normalized({sequence.bytes.data(), sequence.size}, kNormalFormD);
+    sequence.size = static_cast<std::uint8_t>(normal.copy(sequence.bytes.data(), kLongest));
+}
+
+// The shortest codes for a character win: they are added last.
+void QmUnicode::AddSequence(Codes codes, const std::string& utf8, Sequence& sequence) {
+    const std::string normal = Normalized(utf8, kNormalFormC);
+    sequence.size = static_cast<std::uint8_t>(normal.copy(sequence.bytes.data(), kLongest));
+    const Utf8Char character = DecodeUtf8(normal);
+    if (character.size != normal.size()) return;
+    Codes& known =
+        character.codePoint < low_.size() ? low_[character.codePoint] : high_[character.codePoint];
+    if (known.first == 0 || codes.second == 0) known = codes;
+}
+
+// Letters under one double diacritic: letter, first half, letter, second half. Result: codes taken.
+std::size_t QmUnicode::AppendLigature(std::string_view qm, std::string& utf8) const {
+    const unsigned char half = At(qm, 1);
+    const unsigned char second = At(qm, 2);
+    const bool whole = SecondHalf(half) != 0 && IsBase(second) && At(qm, 3) == SecondHalf(half) &&
+                       !IsMark(At(qm, 4)) && At(qm, 0) < kFirstPrecomposed &&
+                       second < kFirstPrecomposed;
+    if (!whole) return 0;
+    const Sequence& first = single_[At(qm, 0)];
+    utf8.append(first.bytes.data(), first.size);
+    quillory::AppendUtf8(kCodePoints[half - kFirstMapped], utf8);
+    utf8.append(single_[second].bytes.data(), single_[second].size);
+    return 4;
+}
+
+// A character, with its diacritic if one follows. Result: codes taken, 0 if it is refused.
+std::size_t QmUnicode::AppendLetter(std::string_view before, std::string_view qm,
+                                    std::string& utf8) const {
+    const unsigned char base = At(qm, 0);
+    const unsigned char mark = At(qm, 1);
+    if (!IsBase(base)) return 0;
+    const bool hasMark = IsMark(mark);
+    if (hasMark && !TakesMarks(before, base)) return 0;
+    if (hasMark && IsDoubleMark(mark)) return AppendLigature(qm, utf8);
+    if (hasMark && IsMark(At(qm, 2))) return 0;
+    const Sequence& sequence = hasMark ? marked_[base][mark - kFirstMark] : single_[base];
+    utf8.append(sequence.bytes.data(), sequence.size);
+    if (sequence.size == 0) return 0;
+    return hasMark ? 2 : 1;
+}
+
+// The last byte of a plain run may be a letter with a diacritic behind it.
+bool QmUnicode::AppendUtf8(std::string_view text, std::string& utf8) const {
+    std::string_view qm = text;
+    while (!qm.empty()) {
+        const std::size_t run = zorby::PlainRunLength(qm.data(), qm.data() + qm.size());
+        const std::size_t plain = run == qm.size() ? run : run - std::min<std::size_t>(run, 1);
+        utf8.append(qm.substr(0, plain));
+        qm.remove_prefix(plain);
+        if (qm.empty()) break;
+        const std::string_view before = text.substr(0, text.size() - qm.size());
+        const std::size_t taken = AppendLetter(before, qm, utf8);
+        if (taken == 0) return false;
+        qm.remove_prefix(taken);
+    }
+    return true;
+}
+
+const QmUnicode::Codes* QmUnicode::Find(char32_t codePoint) const {
+    if (codePoint < low_.size()) {
+        return low_[codePoint].first != 0 ? &low_[codePoint] : nullptr;
+    }
+    const auto found = high_.find(codePoint);
+    return found != high_.end() ? &found->second : nullptr;
+}
+
+// One character with the diacritic behind it. Result: bytes taken, 0 if it is refused.
+std::size_t QmUnicode::AppendCodes(std::string_view utf8, std::string& qm) const {
+    const Utf8Char base = DecodeUtf8(utf8);
+    const Codes* letter = base.valid ? Find(base.codePoint) : nullptr;
+    if (letter == nullptr || !IsBase(letter->first)) return 0;
+    const bool takesMarks = TakesMarks(qm, letter->first);
+    if (letter->second != 0 && !takesMarks) return 0;
+    qm += static_cast<char>(letter->first);
+    if (letter->second != 0) qm += static_cast<char>(letter->second);
+    std::size_t taken = base.size;
+    if (taken == utf8.size() || At(utf8, taken) < 0x80) return taken;
+
+    const Utf8Char next = DecodeUtf8(utf8.substr(taken));
+    if (!next.valid || !IsCombining(next.codePoint)) return taken;
+    const Codes* mark = Find(next.codePoint);
+    const bool bare = takesMarks && letter->second == 0 && letter->first < kFirstPrecomposed;
+    if (mark == nullptr || !IsMark(mark->first) || !bare) return 0;
+    qm += static_cast<char>(mark->first);
+    taken += next.size;
+    if (next.codePoint != 0x0361 && next.codePoint != 0x0360) return taken;
+
+    const Utf8Char other = DecodeUtf8(utf8.substr(std::min(taken, utf8.size() - 1)));
+    const Codes* second = other.valid && taken < utf8.size() ? Find(other.codePoint) : nullptr;
+    if (second == nullptr || second->second != 0 || second->first >= kFirstPrecomposed ||
+        !IsBase(second->first)) {
+        return 0;
+    }
+    qm += static_cast<char>(second->first);
+    qm += static_cast<char>(SecondHalf(mark->first));
+    return taken + other.size;
+}
+
+bool QmUnicode::AppendQm(std::string_view utf8, std::string& qm) const {
+    while (!utf8.empty()) {
+        const std::size_t run = zorby::PlainRunLength(utf8.data(), utf8.data() + utf8.size());
+        const std::size_t plain = run == utf8.size() ? run : run - std::min<std::size_t>(run, 1);
+        qm.append(utf8.substr(0, plain));
+        utf8.remove_prefix(plain);
+        if (utf8.empty()) break;
+        const std::size_t taken = AppendCodes(utf8, qm);
+        if (taken == 0) return false;
+        utf8.remove_prefix(taken);
+    }
+    return true;
+}
+
+}  // namespace quillory

@@ -1,0 +1,215 @@
+#include <quillory/text/CharacterReference.h>
+#include <quillory/text/TextConverter.h>
+#include <zorby/charset/Compare.h>
+#include <zorby/charset/Convert.h>
+#include <zorby/charset/KeyTable.h>
+#include <zorby/charset/PlainRun.h>
+#include <zorby/record/CommFormat.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr char kDelimiter = zorby::kDelimiter;
+constexpr std::string_view kEscapeToBasic = "\x1Bs";
+
+// Such a diacritic has no letter, since in MARC-8 it stands before it.
+bool EndsWithDiacritic(std::string_view marc8) {
+    constexpr unsigned char kFirstDiacritic = 0xE0;
+    return !marc8.empty() && static_cast<unsigned char>(marc8.back()) >= kFirstDiacritic;
+}
+
+// An escape to a set that the engine does not know.
+bool HasOtherScript(std::string_view marc8) {
+    const std::size_t escape = marc8.find(kEscapeToBasic.front());
+    return escape + 1 < marc8.size() &&
+           std::string_view("sgbp").find(marc8[escape + 1]) == std::string_view::npos;
+}
+
+bool HasCombining(std::string_view utf8) {
+    const char* p = utf8.data();
+    const char* const end = p + utf8.size();
+    while ((p += zorby::PlainRunLength(p, end)) != end) {
+        const Utf8Char c = DecodeUtf8({p, static_cast<std::size_t>(end - p)});
+        if (c.valid && IsCombining(c.codePoint)) return true;
+        p += c.size;
+    }
+    return false;
+}
+
+// Latin-1 bytes are the first 256 code points.
+void AppendLatin1AsUtf8(std::string_view latin1, std::string& utf8) {
+    std::string written;
+    for (const char c : latin1) AppendUtf8(static_cast<unsigned char>(c), written);
+    utf8 += WithoutReferences(written);
+}
+
+void AppendUtf8AsLatin1(std::string_view utf8, std::string& latin1, Losses& losses) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    const std::string composed = Normalized(utf8, kNormalFormC);
+    std::string_view rest = composed;
+    while (!rest.empty()) {
+        const Utf8Char c = DecodeUtf8(rest);
+        if (!c.valid) {
+            losses.Add(kLossReplaced, static_cast<unsigned char>(rest.front()));
+            AppendReference(kReplacement, latin1);
+        } else if (c.codePoint <= 0xFF) {
+            latin1 += static_cast<char>(c.codePoint);
+        } else {
+            losses.Add(kLossReference, c.codePoint);
+            AppendReference(c.codePoint, latin1);
+        }
+        rest.remove_prefix(c.size);
+    }
+}
+
+void AppendValidUtf8(std::string_view text, std::string& utf8, Losses& losses) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    while (!text.empty()) {
+        const Utf8Char c = DecodeUtf8(text);
+        if (c.valid) {
+            utf8.append(text.substr(0, c.size));
+        } else {
+            losses.Add(kLossReplaced, static_cast<unsigned char>(text.front()));
+            AppendUtf8(kReplacement, utf8);
+        }
+        text.remove_prefix(c.size);
+    }
+}
+
+}  // namespace
+
+TextConverter::TextConverter(Charset from, Charset to, NormalForm form)
+    : from_(from), to_(to), form_(form), qm_(form) {}
+
+bool TextConverter::IsUntouched(std::string_view content) {
+    const char* p = content.data();
+    const char* const end = p + content.size();
+    while ((p += zorby::PlainRunLength(p, end)) != end) {
+        if (*p != kDelimiter) return false;
+        ++p;
+    }
+    return !MayHoldReference(content);
+}
+
+Marc8Unicode& TextConverter::SlowRoad() {
+    if (!slowRoad_) slowRoad_ = std::make_unique<Marc8Unicode>(form_);
+    return *slowRoad_;
+}
+
+// The engine drops what it can't read and joins what it can't tell apart: it holds a text only if
+// it gives the same bytes back. An escape to the basic set at the very end says nothing.
+bool TextConverter::EngineToUtf8(std::string_view marc8, std::string& out) {
+    if (marc8.ends_with(kEscapeToBasic)) marc8.remove_suffix(kEscapeToBasic.size());
+    if (HasOtherScript(marc8)) return false;
+    codes_ = marc8;
+    zorby::CSMARCToZorby(codes_);
+    check_ = codes_;
+    zorby::CSZorbyToMARC(check_);
+    if (check_ != marc8 || EndsWithDiacritic(marc8)) return false;
+    const std::size_t start = out.size();
+    if (qm_.AppendUtf8(codes_, out)) return true;
+    out.resize(start);
+    return false;
+}
+
+bool TextConverter::EngineToMarc8(std::string_view utf8, std::string& out) {
+    codes_.clear();
+    if (!qm_.AppendQm(utf8, codes_) || codes_.empty()) return false;
+    const auto last = static_cast<unsigned char>(codes_.back());
+    std::string& marc8 = check_;
+    marc8 = codes_;
+    zorby::CSZorbyToMARC(marc8);
+    const std::size_t start = out.size();
+    out += marc8;
+    const bool endsWithDiacritic = EndsWithDiacritic(marc8);
+    const bool endsBasic =
+        zorby::KeyRecordOf(last).alphabet == zorby::kAlphabetBasic || zorby::CSIsDiacritic(last);
+    zorby::CSMARCToZorby(marc8);
+    if (marc8 != codes_ || endsWithDiacritic) {
+        out.resize(start);
+        return false;
+    }
+    if (!endsBasic) out += kEscapeToBasic;
+    return true;
+}
+
+void TextConverter::AppendMarc8AsUtf8(std::string_view text, std::string& out, Losses& losses) {
+    const std::size_t start = out.size();
+    if (!EngineToUtf8(text, out)) SlowRoad().AppendUtf8(text, out, losses);
+    const std::string_view written = std::string_view(out).substr(start);
+    if (!MayHoldReference(written)) return;
+    std::string plain = WithoutReferences(written);
+    if (form_ == kNormalFormD || HasCombining(plain)) plain = Normalized(plain, form_);
+    out.replace(start, out.size() - start, plain);
+}
+
+void TextConverter::AppendUtf8AsMarc8(std::string_view text, std::string& out, Losses& losses) {
+    std::string kept;
+    if (MayHoldReference(text)) {
+        kept = WithReferencesKept(text);
+        text = kept;
+    }
+    if (EngineToMarc8(text, out)) return;
+    SlowRoad().AppendMarc8(text, out, losses);
+}
+
+void TextConverter::AppendUtf8(std::string_view text, std::string& out, Losses& losses) {
+    switch (from_) {
+        case kCharsetMarc8:
+            AppendMarc8AsUtf8(text, out, losses);
+            break;
+        case kCharsetLatin1:
+            AppendLatin1AsUtf8(text, out);
+            break;
+        default:
+            AppendValidUtf8(text, out, losses);
+    }
+}
+
+void TextConverter::AppendFromUtf8(std::string_view utf8, std::string& out, Losses& losses) {
+    if (to_ == kCharsetMarc8) {
+        AppendUtf8AsMarc8(utf8, out, losses);
+    } else if (to_ == kCharsetLatin1) {
+        AppendUtf8AsLatin1(WithReferencesKept(utf8), out, losses);
+    } else {
+        out += Normalized(utf8, form_);
+    }
+}
+
+void TextConverter::AppendText(std::string_view text, std::string& out, Losses& losses) {
+    if (from_ == kCharsetUtf8 && to_ != kCharsetUtf8) {
+        AppendFromUtf8(text, out, losses);
+    } else if (from_ == kCharsetMarc8 && to_ == kCharsetUtf8) {
+        AppendMarc8AsUtf8(text, out, losses);
+    } else {
+        utf8_.clear();
+        AppendUtf8(text, utf8_, losses);
+        AppendFromUtf8(utf8_, out, losses);
+    }
+}
+
+// Text runs from one delimiter to the next; behind a delimiter stands a subfield code, unless the
+// byte there is part of a character.
+void TextConverter::Append(std::string_view content, std::string& out, Losses& losses) {
+    if (IsUntouched(content)) {
+        out += content;
+        return;
+    }
+    while (!content.empty()) {
+        const std::size_t end = std::min(content.find(kDelimiter), content.size());
+        const std::string_view text = content.substr(0, end);
+        if (IsUntouched(text)) {
+            out += text;
+        } else {
+            AppendText(text, out, losses);
+        }
+        const std::string_view rest = content.substr(end);
+        const bool hasCode = rest.size() > 1 && zorby::PlainRunLength(&rest[1], &rest[2]) == 1;
+        out += rest.substr(0, hasCode ? 2 : 1);
+        content.remove_prefix(std::min(end + (hasCode ? 2 : 1), content.size()));
+    }
+}
+
+}  // namespace quillory

@@ -1,0 +1,37 @@
+#include <quillory/text/TextPlace.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+std::uint64_t CountCharacters(std::string_view text) {
+    constexpr unsigned kTopBits = 0xC0;
+    constexpr unsigned kContinuation = 0x80;
+    return static_cast<std::uint64_t>(std::count_if(text.begin(), text.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & kTopBits) != kContinuation;
+    }));
+}
+
+}  // namespace
+
+void TextPlace::Pass(std::string_view text) {
+    const auto lines = std::count(text.begin(), text.end(), '\n');
+    if (lines != 0) {
+        *this = {line + static_cast<std::uint64_t>(lines)};
+        text.remove_prefix(text.rfind('\n') + 1);
+    }
+    column += CountCharacters(text);
+    if (!inIndent) return;
+    const std::size_t blanks = std::min(text.find_first_not_of(" \t"), text.size());
+    indent += blanks;
+    inIndent = blanks == text.size();
+}
+
+TextPlace TextPlace::After(std::string_view text) const {
+    TextPlace place = *this;
+    place.Pass(text);
+    return place;
+}
+
+}  // namespace quillory
