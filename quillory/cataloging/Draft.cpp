@@ -1,5 +1,5 @@
 #include <quillory/cataloging/Draft.h>
-#include <quillory/places/TagText.h>
+#include <quillory/places/Tag.h>
 
 #include <algorithm>
 #include <array>

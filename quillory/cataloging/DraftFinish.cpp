@@ -1,12 +1,12 @@
 #include <quillory/cataloging/Draft.h>
 #include <quillory/cataloging/PublicationDate.h>
+#include <quillory/places/Tag.h>
 
 #include <algorithm>
 
 namespace quillory {
 namespace {
 
-constexpr std::size_t kTagSize = 3;
 constexpr unsigned kTag008 = 8;
 constexpr unsigned kTitle = 245;
 constexpr unsigned kImprint = 260;

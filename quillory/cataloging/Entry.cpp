@@ -1,4 +1,5 @@
 #include <quillory/cataloging/Entry.h>
+#include <quillory/places/Tag.h>
 #include <quillory/text/Charset.h>
 
 #include <algorithm>
@@ -8,8 +9,6 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kTagSize = 3;
-constexpr unsigned kFirstDataTag = 10;
 constexpr const char* kSuchAs =
     "is no place: such are 245a, 650[2]a, 245, 001, 008/35-37, leader/17, language, country";
 

@@ -1,4 +1,5 @@
 #include <quillory/cataloging/Pattern.h>
+#include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
 #include <zorby/record/Pmarc.h>
 
@@ -7,7 +8,6 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kTagSize = 3;
 constexpr char kBlankSign = '_';
 
 char IndicatorOf(char stored) {

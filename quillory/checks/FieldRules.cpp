@@ -36,16 +36,6 @@ bool IsLocalTag(unsigned tag) {
 
 }  // namespace
 
-unsigned TagNumber(std::string_view tag) {
-    if (tag.size() != 3) return kNoTag;
-    unsigned number = 0;
-    for (const char c : tag) {
-        if (c < '0' || '9' < c) return kNoTag;
-        number = number * 10 + static_cast<unsigned>(c - '0');
-    }
-    return number;
-}
-
 FieldRules::FieldRules(bool allowLocal) : rules_(kTags) {
     AddDictionary();
     AddHoldings();

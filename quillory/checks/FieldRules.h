@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillory/places/Tag.h>
+
 #include <array>
 #include <bitset>
 #include <cstdint>
@@ -7,12 +9,6 @@
 #include <vector>
 
 namespace quillory {
-
-inline constexpr unsigned kTags = 1000;
-inline constexpr unsigned kNoTag = kTags;  // of a tag that is no number
-
-// 245 for "245"; kNoTag for what is not three digits.
-unsigned TagNumber(std::string_view tag);
 
 // What fields count for in the checks of a whole record.
 enum FieldRole : std::uint8_t {

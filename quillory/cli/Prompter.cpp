@@ -1,5 +1,5 @@
 #include <quillory/cli/Prompter.h>
-#include <quillory/places/TagText.h>
+#include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
 
 #include <string_view>

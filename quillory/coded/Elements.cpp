@@ -114,16 +114,6 @@ bool IsFormOf007(CFType form) {
     return form > CF007None;
 }
 
-std::string PositionsText(int first, int last) {
-    char text[32];
-    if (first == last) {
-        std::snprintf(text, sizeof text, "%02d", first);
-    } else {
-        std::snprintf(text, sizeof text, "%02d-%02d", first, last);
-    }
-    return text;
-}
-
 std::string PlaceOf(const Element& element, bool in008) {
     if (element.form == CF006None) return "008/23 with 007h/01";
     const bool isShifted = in008 && IsFormOf006(element.form) && element.first > 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillory/places/Place.h>
 #include <zorby/controlfields/CFPart.h>
 #include <zorby/controlfields/CFType.h>
 
@@ -42,8 +43,6 @@ constexpr int kLastMaterial008 = 34;
 bool IsFormOf006(zorby::CFType form);
 bool IsFormOf007(zorby::CFType form);
 
-// "18-21", "06".
-std::string PositionsText(int first, int last);
 // "008/18-21", "006/01-04", "leader/06". A form of 006 is told as a place of 008 if wanted, but
 // for its position 0, which 008 has not.
 std::string PlaceOf(const Element& element, bool in008);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <quillory/faults/Fault.h>
+
 #include <stdexcept>
+#include <string>
 
 namespace quillory {
 
@@ -15,6 +18,14 @@ public:
 class UsageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
+    explicit UsageError(Fault fault)
+        : std::runtime_error(FaultText(fault)), fault_(std::move(fault)) {}
+
+    // What is wrong as a value; of no code where the text alone says it.
+    const Fault& What() const { return fault_; }
+
+private:
+    Fault fault_;
 };
 
 }  // namespace quillory

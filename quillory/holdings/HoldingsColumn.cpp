@@ -1,4 +1,5 @@
 #include <quillory/holdings/HoldingsColumn.h>
+#include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
 #include <zorby/format/MARCFormat.h>
 
@@ -22,7 +23,6 @@ bool SameName(std::string_view left, std::string_view right) {
 
 // "852$z" or "852z".
 std::optional<HoldingsColumn> FindPlace(const HoldingsSystem& system, std::string_view name) {
-    constexpr std::size_t kTagSize = 3;
     const std::string_view tag = name.substr(0, kTagSize);
     std::string_view code = name.substr(tag.size());
     if (code.size() == 2 && code[0] == '$') code.remove_prefix(1);

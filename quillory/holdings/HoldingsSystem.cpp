@@ -1,5 +1,6 @@
 #include <quillory/holdings/HoldingsSystem.h>
 #include <quillory/holdings/HoldingsTags.h>
+#include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/platform/ProfileFilePort.h>
@@ -18,7 +19,6 @@ using zorby::CInfoAboutHoldingsTypeList;
 
 // 0 for what is no tag of a data field.
 unsigned TagOf(std::string_view text) {
-    constexpr unsigned kFirstDataTag = 10;
     const char* begin = text.data();
     unsigned tag = 0;
     const bool isNumber =

@@ -1,4 +1,5 @@
 #include <quillory/holdings/HoldingsTags.h>
+#include <quillory/places/Tag.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/HoldingsSelector.h>
 
@@ -11,7 +12,6 @@ namespace {
 using zorby::CHoldingsSelector;
 
 void AddTag(unsigned tag, std::vector<unsigned>& tags) {
-    constexpr unsigned kFirstDataTag = 10;
     constexpr unsigned kLastTag = 999;
     const bool isDataTag = kFirstDataTag <= tag && tag <= kLastTag;
     if (isDataTag && std::ranges::count(tags, tag) == 0) tags.push_back(tag);
@@ -19,7 +19,6 @@ void AddTag(unsigned tag, std::vector<unsigned>& tags) {
 
 // Of all places that the settings name, such as "852khim 949d".
 std::vector<unsigned> CustomTags() {
-    constexpr std::size_t kTagSize = 3;
     std::vector<std::string> entries;
     for (const std::string& places :
          {CHoldingsSelector::GetCustomHoldingsFieldsAndSubfields(),

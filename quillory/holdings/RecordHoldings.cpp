@@ -2,6 +2,7 @@
 #include <quillory/exchange/Subfields.h>
 #include <quillory/holdings/RecordHoldings.h>
 #include <quillory/holdings/Trimmed.h>
+#include <quillory/places/Tag.h>
 
 #include <algorithm>
 #include <string_view>
@@ -12,7 +13,6 @@ namespace {
 
 using zorby::CommFormatField;
 
-constexpr std::size_t kTagSize = 3;
 constexpr std::size_t kIndicators = 2;
 
 // What counts in a field: its tag, its indicators and its subfields, in any order.

@@ -5,7 +5,7 @@ namespace quillory {
 std::string ReadDescriptionFile(const std::string& path) {
     Input input(path);
     std::string text = ReadWhole(input);
-    if (text.empty()) throw FileError(path + ": an empty file");
+    if (text.empty()) throw FileError(path + ": " + FaultReason({FaultCode::kEmptyFile}));
     return text;
 }
 

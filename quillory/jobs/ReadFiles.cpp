@@ -28,7 +28,7 @@ Status ReadFiles(const InputOptions& options, Reporter& reporter,
     for (auto& input : inputs) {
         reporter.BeginFile(input->Name());
         if (input->Peek(1).empty()) {
-            reporter.Say(input->Name() + ": an empty file");
+            reporter.Say(input->Name() + ": " + FaultReason({FaultCode::kEmptyFile}));
             status = kStatusFindings;
             continue;
         }

@@ -1,15 +1,13 @@
 #include <quillory/exchange/Input.h>
 #include <quillory/jobs/WorkformCatalog.h>
 #include <quillory/jobs/WorkformDefaults.h>
+#include <quillory/places/Tag.h>
 
 #include <algorithm>
 #include <vector>
 
 namespace quillory {
 namespace {
-
-constexpr std::size_t kTagSize = 3;
-constexpr unsigned kFirstDataTag = 10;
 
 struct Setting {
     unsigned tag = 0;

@@ -1,5 +1,5 @@
 #include <quillory/holdings/HoldingsSystem.h>
-#include <quillory/places/TagText.h>
+#include <quillory/places/Tag.h>
 #include <quillory/reports/Dictionary.h>
 #include <quillory/text/QmText.h>
 #include <zorby/charset/Compare.h>

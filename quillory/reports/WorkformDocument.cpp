@@ -1,4 +1,4 @@
-#include <quillory/places/TagText.h>
+#include <quillory/places/Tag.h>
 #include <quillory/reports/CodedDocument.h>
 #include <quillory/reports/WorkformDocument.h>
 #include <quillory/text/QmText.h>

@@ -165,7 +165,7 @@ class Findings(Checks):
 
     def test_an_empty_file_is_told_once(self):
         out, err = self.check(self.path("empty.xml", b""))
-        self.assertEqual(err, f"quillory: {self.path('empty.xml')}: an empty file\n")
+        self.assertEqual(err, f"quillory: {self.path('empty.xml')}: the file is empty\n")
         self.assertIn("0 records checked", out)
 
 

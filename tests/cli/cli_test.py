@@ -209,7 +209,7 @@ class Damage(Cli):
     def test_damage_is_named(self):
         first = self.sound[0]
         cases = [
-            (b"", "an empty file"),
+            (b"", "the file is empty"),
             (b"\xff\xd8\xff\xe0 no MARC", "record 1 at byte 0: no MARC record"),
             (first + b"00010" + first[5:], "record 2 at byte %d (001 " % len(first)),
             (first[:100], "record 1 at byte 0: cut short: no record end (0x1D) (byte 100)"),

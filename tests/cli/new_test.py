@@ -79,7 +79,7 @@ class New(NewRecords):
                 (["--from", self.path("no.toml", b"245a = ")], "no.toml: line 1, column "),
                 (["--from", self.path("two.toml", b"[[record]]\n[[record]]\n")],
                  "describes several records"),
-                (["--from", self.path("empty.toml", b"")], "an empty file")]:
+                (["--from", self.path("empty.toml", b"")], "the file is empty")]:
             output = self.folder / "none.mrc"
             _, err = self.made("new", *arguments, "-o", output, status=2)
             self.assertIn(reason, err)

@@ -1,4 +1,4 @@
-#include <quillory/places/TagText.h>
+#include <quillory/places/Tag.h>
 
 #include <tools/zorby-data/CellText.h>
 #include <tools/zorby-data/SourceWriter.h>

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <quillory/faults/FaultCode.h>
+#include <quillory/places/Place.h>
+
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+// One thing that is wrong, as a value: so that faults can be counted, grouped and shown in a
+// window, and so that their words stand in one table. Texts are UTF-8, or bytes of a record.
+struct Fault {
+    FaultCode code = FaultCode::kNone;
+    Place place = {};          // in the record concerned; the record as a whole if it has none
+    std::string found = {};    // what is there; empty where the words need no more
+    std::string allowed = {};  // what may be there
+
+    explicit operator bool() const { return code != FaultCode::kNone; }
+};
+
+// A name that never changes, for programs: "empty-file".
+std::string_view FaultId(FaultCode code);
+
+// The words without what one fault has of its own: faults with the same heading belong together.
+std::string FaultHeading(FaultCode code);
+
+// The words of a fault, without its place.
+std::string FaultReason(const Fault& fault);
+
+// The words of a fault after its place: "245 $a: ...".
+std::string FaultText(const Fault& fault);
+
+}  // namespace quillory

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+
+namespace quillory {
+
+// What can be wrong with what a person or a file gives. The words of each stand in FaultText.cpp,
+// in the same order.
+enum class FaultCode : std::uint16_t {
+    kNone,
+
+    // Files of records.
+    kEmptyFile,
+
+    // Places and coded fields.
+
+    // New records.
+
+    // Workforms.
+
+    // Copies and holdings systems.
+
+    // Checks and repairs.
+
+    // Settings and arguments.
+
+    kEnd  // one past the last
+};
+
+}  // namespace quillory
