@@ -1,4 +1,4 @@
-#include <zorby/holdings/HoldingsDataRecordList.h>
+#include <zorby/copies/HoldingsDataRecordList.h>
 #include <zorby/platform/ProfileFilePort.h>
 #include <zorby/settings/Profile.h>
 

@@ -1,6 +1,6 @@
+#include <zorby/ini/INIProfile.h>
+#include <zorby/ini/KeysNValues.h>
 #include <zorby/platform/ProfileFilePort.h>
-#include <zorby/settings/INIProfile.h>
-#include <zorby/settings/KeysNValues.h>
 
 #include <algorithm>
 #include <fuzz/Expect.h>

@@ -1,7 +1,7 @@
 #include <quillory/coded/ElementNames.h>
 #include <quillory/coded/Elements.h>
 #include <quillory/coded/Material.h>
-#include <zorby/controlfields/OffsetTables.h>
+#include <zorby/elements/OffsetTables.h>
 
 #include <algorithm>
 #include <cstddef>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <quillory/places/Place.h>
-#include <zorby/controlfields/CFPart.h>
-#include <zorby/controlfields/CFType.h>
+#include <zorby/elements/CFPart.h>
+#include <zorby/elements/CFType.h>
 
 #include <string>
 #include <vector>

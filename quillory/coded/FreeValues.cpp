@@ -1,6 +1,6 @@
 #include <quillory/coded/CodeLists.h>
 #include <quillory/coded/FreeValues.h>
-#include <zorby/controlfields/OffsetTables.h>
+#include <zorby/elements/OffsetTables.h>
 
 #include <algorithm>
 #include <cstdio>

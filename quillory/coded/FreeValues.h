@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zorby/controlfields/CFPart.h>
+#include <zorby/elements/CFPart.h>
 
 #include <optional>
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zorby/controlfields/CFType.h>
+#include <zorby/elements/CFType.h>
 
 #include <cstdint>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <quillory/holdings/HoldingsSystem.h>
-#include <zorby/holdings/HoldingsDataRecord.h>
+#include <zorby/copies/HoldingsDataRecord.h>
 
 #include <optional>
 #include <string_view>

@@ -1,6 +1,6 @@
 #include <quillory/exchange/Subfields.h>
 #include <quillory/holdings/HoldingsFields.h>
-#include <zorby/holdings/HoldingsDelimiters.h>
+#include <zorby/copies/HoldingsDelimiters.h>
 
 #include <algorithm>
 #include <iterator>

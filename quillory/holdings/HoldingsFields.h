@@ -2,7 +2,7 @@
 
 #include <quillory/exchange/Record.h>
 #include <quillory/holdings/HoldingsSystem.h>
-#include <zorby/holdings/HoldingsDataRecordList.h>
+#include <zorby/copies/HoldingsDataRecordList.h>
 
 #include <string_view>
 #include <vector>

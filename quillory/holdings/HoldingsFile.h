@@ -2,7 +2,7 @@
 
 #include <quillory/holdings/HoldingsColumn.h>
 #include <quillory/holdings/HoldingsSystem.h>
-#include <zorby/holdings/HoldingsDataRecordList.h>
+#include <zorby/copies/HoldingsDataRecordList.h>
 
 #include <cstdint>
 #include <functional>

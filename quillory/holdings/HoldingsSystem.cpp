@@ -3,8 +3,8 @@
 #include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
 #include <zorby/holdings/HoldingsSelector.h>
+#include <zorby/ini/KeysNValues.h>
 #include <zorby/platform/ProfileFilePort.h>
-#include <zorby/settings/KeysNValues.h>
 #include <zorby/settings/Profile.h>
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include <quillory/jobs/Settings.h>
 #include <quillory/text/QmText.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
-#include <zorby/settings/KeysNValues.h>
+#include <zorby/ini/KeysNValues.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <quillory/exchange/Record.h>
-#include <zorby/controlfields/CFType.h>
+#include <zorby/elements/CFType.h>
 
 #include <cstddef>
 #include <span>

@@ -2,7 +2,7 @@
 
 #include <quillory/repair/CodedFields.h>
 #include <zorby/controlfields/MainMaterial.h>
-#include <zorby/controlfields/MaterialType.h>
+#include <zorby/elements/MaterialType.h>
 
 #include <string>
 #include <vector>

@@ -2,11 +2,11 @@
 
 #include <zorby/Export.h>
 #include <zorby/archive/Object.h>
-#include <zorby/controlfields/CFPart.h>
-#include <zorby/controlfields/CFType.h>
-#include <zorby/controlfields/MaterialType.h>
-#include <zorby/controlfields/OffsetTables.h>
 #include <zorby/controlfields/ReplacedPartCallback.h>
+#include <zorby/elements/CFPart.h>
+#include <zorby/elements/CFType.h>
+#include <zorby/elements/MaterialType.h>
+#include <zorby/elements/OffsetTables.h>
 
 #include <array>
 #include <cstddef>

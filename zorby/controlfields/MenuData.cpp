@@ -1,6 +1,6 @@
 #include <zorby/controlfields/MenuData.h>
-#include <zorby/controlfields/OffsetTables.h>
 #include <zorby/controlfields/detail/CodeMenu.h>
+#include <zorby/elements/OffsetTables.h>
 
 #include <algorithm>
 #include <cstdint>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zorby/Export.h>
-#include <zorby/controlfields/CFPart.h>
-#include <zorby/controlfields/CFType.h>
+#include <zorby/elements/CFPart.h>
+#include <zorby/elements/CFType.h>
 
 #include <string>
 #include <string_view>

@@ -1,6 +1,6 @@
+#include <zorby/archive/detail/SerializeItems.h>
 #include <zorby/format/InfoAboutIndicator.h>
 #include <zorby/format/detail/DisplayText.h>
-#include <zorby/format/detail/InfoAboutItems.h>
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
+#include <zorby/archive/detail/SerializeItems.h>
 #include <zorby/format/InfoAboutSubfield.h>
-#include <zorby/format/detail/InfoAboutItems.h>
 
 namespace zorby {
 

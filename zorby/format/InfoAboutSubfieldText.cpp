@@ -1,5 +1,5 @@
+#include <zorby/archive/detail/SerializeItems.h>
 #include <zorby/format/InfoAboutSubfieldText.h>
-#include <zorby/format/detail/InfoAboutItems.h>
 
 namespace zorby {
 

@@ -1,7 +1,7 @@
+#include <zorby/archive/detail/DataFile.h>
+#include <zorby/archive/detail/SerializeItems.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/format/detail/AlexandriaFields.h>
-#include <zorby/format/detail/DataFile.h>
-#include <zorby/format/detail/InfoAboutItems.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/platform/ApplicationPort.h>
 

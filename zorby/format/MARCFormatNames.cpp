@@ -1,6 +1,7 @@
 #include <zorby/format/MARCFormat.h>
 #include <zorby/format/detail/AlexandriaFields.h>
 #include <zorby/format/detail/DisplayText.h>
+#include <zorby/text/detail/TagText.h>
 
 namespace zorby {
 namespace {

@@ -1,6 +1,6 @@
 #include <zorby/format/MARCFormat.h>
-#include <zorby/format/detail/DisplayText.h>
 #include <zorby/format/detail/ValidSubfieldCodes.h>
+#include <zorby/text/detail/TagText.h>
 #include <zorby/text/detail/WhiteSpace.h>
 
 #include <algorithm>

@@ -1,6 +1,6 @@
-#include <zorby/format/detail/DisplayText.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/holdings/detail/HoldingsSelectorSettings.h>
+#include <zorby/text/detail/TagText.h>
 
 namespace zorby {
 namespace {

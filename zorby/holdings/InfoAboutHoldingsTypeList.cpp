@@ -1,5 +1,5 @@
 #include <zorby/archive/SerializeList.h>
-#include <zorby/format/detail/DataFile.h>
+#include <zorby/archive/detail/DataFile.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 #include <zorby/holdings/detail/HoldingsIDFamilies.h>
 

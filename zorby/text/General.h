@@ -1,8 +1,8 @@
 #pragma once
 
 #include <zorby/Export.h>
+#include <zorby/ini/INIProfile.h>
 #include <zorby/platform/Font.h>
-#include <zorby/settings/INIProfile.h>
 
 #include <string>
 #include <string_view>

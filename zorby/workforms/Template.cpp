@@ -1,4 +1,4 @@
-#include <zorby/format/detail/InfoAboutItems.h>
+#include <zorby/archive/detail/SerializeItems.h>
 #include <zorby/workforms/Template.h>
 #include <zorby/workforms/TemplateList.h>
 

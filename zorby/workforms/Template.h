@@ -4,13 +4,13 @@
 #include <zorby/archive/Object.h>
 #include <zorby/controlfields/AdditionalMaterialsList.h>
 #include <zorby/controlfields/MainMaterial.h>
+#include <zorby/copies/HoldingsDataRecordList.h>
 #include <zorby/format/DisplayOptions.h>
 #include <zorby/format/InfoAboutDefaultData.h>
 #include <zorby/format/InfoAboutIndicator.h>
 #include <zorby/format/InfoAboutPriority.h>
 #include <zorby/format/InfoAboutSubfieldText.h>
 #include <zorby/format/MARCInfo.h>
-#include <zorby/holdings/HoldingsDataRecordList.h>
 #include <zorby/text/TagArray.h>
 #include <zorby/workforms/TemplateCallbacks.h>
 

@@ -1,7 +1,7 @@
 #include <zorby/archive/Archive.h>
 #include <zorby/archive/MemoryStream.h>
 #include <zorby/archive/SerializeList.h>
-#include <zorby/format/detail/DataFile.h>
+#include <zorby/archive/detail/DataFile.h>
 #include <zorby/platform/MessagePort.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/text/General.h>

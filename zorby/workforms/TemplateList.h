@@ -3,8 +3,8 @@
 #include <zorby/Export.h>
 #include <zorby/archive/Object.h>
 #include <zorby/checking/ErrorCode.h>
-#include <zorby/controlfields/CFType.h>
-#include <zorby/controlfields/MaterialType.h>
+#include <zorby/elements/CFType.h>
+#include <zorby/elements/MaterialType.h>
 #include <zorby/text/StringAndUINTArraySorted.h>
 #include <zorby/workforms/Template.h>
 

@@ -3,7 +3,7 @@
 #include <quillory/coded/Material.h>
 #include <quillory/coded/Places.h>
 #include <quillory/exchange/Input.h>
-#include <zorby/controlfields/OffsetTables.h>
+#include <zorby/elements/OffsetTables.h>
 
 #include <gtest/gtest.h>
 

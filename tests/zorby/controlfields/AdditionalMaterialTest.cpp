@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <tests/zorby/format/Persisted.h>
+#include <tests/zorby/archive/Persisted.h>
 
 using namespace zorby;
 

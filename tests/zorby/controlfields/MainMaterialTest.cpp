@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <random>
-#include <tests/zorby/format/Persisted.h>
+#include <tests/zorby/archive/Persisted.h>
 
 using namespace zorby;
 

@@ -1,4 +1,4 @@
-#include <zorby/controlfields/OffsetTables.h>
+#include <zorby/elements/OffsetTables.h>
 #include <zorby/workforms/TemplateList.h>
 
 #include <gtest/gtest.h>

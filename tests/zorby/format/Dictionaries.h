@@ -12,7 +12,7 @@
 
 #include <memory>
 #include <string>
-#include <tests/zorby/format/Persisted.h>
+#include <tests/zorby/archive/Persisted.h>
 #include <tests/zorby/platform/TemporaryFolder.h>
 #include <utility>
 

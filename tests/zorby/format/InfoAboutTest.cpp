@@ -9,7 +9,7 @@
 
 #include <memory>
 #include <random>
-#include <tests/zorby/format/Persisted.h>
+#include <tests/zorby/archive/Persisted.h>
 #include <vector>
 
 using namespace zorby;

@@ -1,5 +1,5 @@
+#include <zorby/ini/INIProfile.h>
 #include <zorby/platform/ProfileFilePort.h>
-#include <zorby/settings/INIProfile.h>
 
 #include <gtest/gtest.h>
 

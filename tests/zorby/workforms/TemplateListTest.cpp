@@ -1,5 +1,5 @@
 #include <zorby/controlfields/AdditionalMaterialsList.h>
-#include <zorby/controlfields/GlobalEditing.h>
+#include <zorby/layouts/GlobalEditing.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/workforms/TemplateList.h>
 

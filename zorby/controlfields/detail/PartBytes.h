@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zorby/controlfields/OffsetTables.h>
+#include <zorby/elements/OffsetTables.h>
 
 #include <algorithm>
 #include <span>

@@ -1,8 +1,8 @@
 #include <zorby/controlfields/MenuData.h>
-#include <zorby/controlfields/OffsetTables.h>
 #include <zorby/controlfields/detail/PartBytes.h>
 #include <zorby/controlfields/detail/RepairBytes.h>
 #include <zorby/controlfields/detail/RepairRules.h>
+#include <zorby/elements/OffsetTables.h>
 
 #include <algorithm>
 #include <iterator>

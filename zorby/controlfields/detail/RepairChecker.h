@@ -1,10 +1,10 @@
 #pragma once
 
-#include <zorby/controlfields/CFPart.h>
-#include <zorby/controlfields/CFType.h>
-#include <zorby/controlfields/MaterialType.h>
-#include <zorby/controlfields/OffsetTables.h>
 #include <zorby/controlfields/ReplacedPartCallback.h>
+#include <zorby/elements/CFPart.h>
+#include <zorby/elements/CFType.h>
+#include <zorby/elements/MaterialType.h>
+#include <zorby/elements/OffsetTables.h>
 
 #include <functional>
 #include <span>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <zorby/controlfields/CFPart.h>
-#include <zorby/controlfields/CFType.h>
-#include <zorby/controlfields/MaterialType.h>
+#include <zorby/elements/CFPart.h>
+#include <zorby/elements/CFType.h>
+#include <zorby/elements/MaterialType.h>
 
 #include <string_view>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <zorby/controlfields/CFType.h>
-#include <zorby/controlfields/MaterialType.h>
+#include <zorby/elements/CFType.h>
+#include <zorby/elements/MaterialType.h>
 
 #include <string>
 

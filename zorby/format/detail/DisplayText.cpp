@@ -25,11 +25,4 @@ void DisplayText(EDISPLAYOPTIONS option, std::string_view name, std::string_view
     text = name;
 }
 
-std::string TagText(unsigned tag) {
-    constexpr std::size_t kWidth = 3;
-    std::string digits = std::to_string(tag);
-    if (digits.size() < kWidth) digits.insert(0, kWidth - digits.size(), '0');
-    return digits;
-}
-
 }  // namespace zorby

@@ -11,7 +11,4 @@ namespace zorby {
 void DisplayText(EDISPLAYOPTIONS option, std::string_view name, std::string_view code,
                  std::string& text);
 
-// A MARC tag as it is written: three digits, or more where it has more.
-std::string TagText(unsigned tag);
-
 }  // namespace zorby

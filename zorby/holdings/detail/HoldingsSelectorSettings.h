@@ -1,6 +1,6 @@
 #pragma once
 
-#include <zorby/settings/KeysNValues.h>
+#include <zorby/ini/KeysNValues.h>
 
 #include <string>
 #include <string_view>

@@ -1,0 +1,45 @@
+#include <zorby/archive/detail/SerializeItems.h>
+#include <zorby/copies/HoldingsDataElement.h>
+#include <zorby/text/detail/WhiteSpace.h>
+
+namespace zorby {
+namespace {
+
+constexpr unsigned char kVersion = 1;
+constexpr unsigned kDelimiterAndCode = 2;
+
+}  // namespace
+
+const CRuntimeClass CHoldingsDataElement::kRuntimeClass =
+    RuntimeClassOf<CHoldingsDataElement>("CHoldingsDataElement");
+
+void CHoldingsDataElement::Serialize(CArchive& archive) {
+    unsigned char version = kVersion;
+    SerializeElement(archive, version);
+    if (version == kVersion) SerializeItems(archive, id_, text_);
+}
+
+void CHoldingsDataElement::Create(EHOLDINGSID id, std::string_view text, int userValue) {
+    id_ = id;
+    SetText(text);
+    userValue_ = userValue;
+}
+
+void CHoldingsDataElement::CloneFrom(const CHoldingsDataElement& element) {
+    id_ = element.id_;
+    text_ = element.text_;
+}
+
+void CHoldingsDataElement::SetText(std::string_view text) {
+    text_ = std::string(Trimmed(text));  // which may be part of the old text
+}
+
+bool CHoldingsDataElement::IsEqualTo(const CHoldingsDataElement& element) const {
+    return id_ == element.id_ && text_ == element.text_;
+}
+
+unsigned CHoldingsDataElement::GetMARCSize() const {
+    return text_.empty() ? 0 : static_cast<unsigned>(text_.size()) + kDelimiterAndCode;
+}
+
+}  // namespace zorby

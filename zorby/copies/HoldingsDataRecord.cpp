@@ -1,0 +1,184 @@
+#include <zorby/archive/detail/SerializeItems.h>
+#include <zorby/copies/HoldingsDataRecord.h>
+#include <zorby/copies/detail/HoldingsDataOrder.h>
+#include <zorby/copies/detail/HoldingsIDRoles.h>
+#include <zorby/holdings/HoldingsSelector.h>
+#include <zorby/text/detail/WhiteSpace.h>
+
+#include <algorithm>
+#include <functional>
+#include <utility>
+
+namespace zorby {
+namespace {
+
+constexpr unsigned char kVersion = 2;
+constexpr unsigned char kVersionWithoutHolds = 1;
+constexpr unsigned kFieldOverhead = 15;  // directory entry, indicators and field end
+constexpr auto kTypeNotTold = static_cast<EHOLDINGSTYPE>(-1);
+
+constexpr std::pair<EHOLDINGSTYPE, EHOLDINGSTYPE> kSuccessors[] = {
+    {HT_FOLLETT, HT_FOLLETT_2},
+    {HT_TYPE_12, HT_TYPE_15},
+};
+
+EHOLDINGSTYPE Migrated(EHOLDINGSTYPE stored) {
+    for (const auto& [type, successor] : kSuccessors) {
+        if (stored == type && CHoldingsSelector::GetCurrentHoldingsTypeID() == successor) {
+            return successor;
+        }
+    }
+    return stored;
+}
+
+}  // namespace
+
+void HoldingItemHold::Serialize(CArchive& archive) {
+    SerializeItems(archive, tag, subfield, text);
+}
+
+const CRuntimeClass CHoldingsDataRecord::kRuntimeClass =
+    RuntimeClassOf<CHoldingsDataRecord>("CHoldingsDataRecord");
+
+CHoldingsDataRecord::CHoldingsDataRecord(EHOLDINGSTYPE type)
+    : holdingsType_(type == kTypeNotTold ? HT_TYPE_1 : type) {}
+
+void CHoldingsDataRecord::Serialize(CArchive& archive) {
+    unsigned char version = kVersion;
+    SerializeElement(archive, version);
+    if (version != kVersion && version != kVersionWithoutHolds) return;
+    if (version == kVersion) SerializeList(archive, holds_);
+    SerializeElement(archive, holdingsType_);
+    if (archive.IsLoading()) holdingsType_ = Migrated(holdingsType_);
+    SerializeList(archive, elements_);
+}
+
+void CHoldingsDataRecord::CloneFrom(const CHoldingsDataRecord& record) {
+    if (&record == this) return;
+    holdingsType_ = record.holdingsType_;
+    pageHasData_ = record.pageHasData_;
+    for (const auto& element : record.elements_) {
+        elements_.push_back(std::make_unique<CHoldingsDataElement>());
+        elements_.back()->CloneFrom(*element);
+    }
+    holds_.insert(holds_.end(), record.holds_.begin(), record.holds_.end());
+}
+
+void CHoldingsDataRecord::Add(EHOLDINGSID id, std::string_view text, int keepEmpty, int userValue) {
+    if (!MoveToFree(id)) return;
+    if (keepEmpty == 0 && text.empty()) return;
+    for (const auto& [first, second] : kRepeatedPairs) {
+        if (id == first && Find(first)) id = second;
+    }
+    auto element = std::make_unique<CHoldingsDataElement>();
+    element->Create(id, text, userValue);
+    elements_.push_back(std::move(element));
+}
+
+void CHoldingsDataRecord::Set(EHOLDINGSID id, std::string_view text) {
+    if (CHoldingsDataElement* element = Find(id)) {
+        element->SetText(text);
+    } else {
+        Add(id, text, 0, 0);
+    }
+}
+
+std::string CHoldingsDataRecord::Get(EHOLDINGSID id) const {
+    const CHoldingsDataElement* element = Find(id);
+    return element ? element->GetText() : std::string();
+}
+
+void CHoldingsDataRecord::Get(EHOLDINGSID id, std::string& text) const {
+    text = Get(id);
+}
+
+void CHoldingsDataRecord::Get(EHOLDINGSID id, std::string& text, CHoldingsDataElement*& element) {
+    element = Find(id);
+    text = Get(id);
+}
+
+CHoldingsDataElement* CHoldingsDataRecord::GetAt(int index) {
+    return 0 <= index && index < GetSize() ? elements_[static_cast<std::size_t>(index)].get()
+                                           : nullptr;
+}
+
+const CHoldingsDataElement* CHoldingsDataRecord::GetAt(int index) const {
+    return const_cast<CHoldingsDataRecord*>(this)->GetAt(index);
+}
+
+void CHoldingsDataRecord::RemoveAll() {
+    elements_.clear();
+}
+
+void CHoldingsDataRecord::EmptyBarCode() {
+    std::erase_if(elements_, [](const auto& element) { return IsBarCode(element->GetID()); });
+}
+
+void CHoldingsDataRecord::AddHoldingItemHold(int tag, char subfield, std::string_view text) {
+    holds_.push_back({tag, subfield, std::string(text)});
+}
+
+bool CHoldingsDataRecord::IsEmpty() const {
+    if (holdingsType_ != HT_LWLP && holdingsType_ != HT_LWLP_2) {
+        return elements_.empty() && pageHasData_ == 0;
+    }
+    return std::ranges::none_of(elements_, [](const auto& element) {
+        return element->GetID() != HID_LWLP_AUTOMATIC && !element->GetText().empty();
+    });
+}
+
+bool CHoldingsDataRecord::HasNoText() const {
+    return std::ranges::none_of(elements_, [](const auto& element) {
+        return element->GetID() != HID_LWLP_AUTOMATIC && !TrimmedRight(element->GetText()).empty();
+    });
+}
+
+bool CHoldingsDataRecord::IsEqualTo(CHoldingsDataRecord& record) {
+    if (holdingsType_ != record.holdingsType_ || GetSize() != record.GetSize()) return false;
+    Sort();
+    record.Sort();
+    return std::ranges::equal(elements_, record.elements_, [](const auto& left, const auto& right) {
+        return left->IsEqualTo(*right);
+    });
+}
+
+void CHoldingsDataRecord::Sort() {
+    std::ranges::stable_sort(elements_, std::greater<>(),
+                             [](const auto& element) { return element->GetID(); });
+}
+
+void CHoldingsDataRecord::SortByTagAndSubfield() {
+    SortForOutput(elements_);
+}
+
+unsigned CHoldingsDataRecord::GetMARCSize() const {
+    unsigned size = 0;
+    for (const auto& element : elements_) size += element->GetMARCSize();
+    return size == 0 ? 0 : size + kFieldOverhead;
+}
+
+CHoldingsDataElement* CHoldingsDataRecord::Find(EHOLDINGSID id) const {
+    const auto found =
+        std::ranges::find(elements_, id, [](const auto& element) { return element->GetID(); });
+    return found == elements_.end() ? nullptr : found->get();
+}
+
+bool CHoldingsDataRecord::IsFree(EHOLDINGSID id) const {
+    const CHoldingsDataElement* element = Find(id);
+    return !element || element->GetText().empty();
+}
+
+// From the first number of a chain to its first free one. False where there is none.
+bool CHoldingsDataRecord::MoveToFree(EHOLDINGSID& id) const {
+    for (const auto& chain : kRepeatedChains) {
+        if (id != chain.front()) continue;
+        const auto free =
+            std::ranges::find_if(chain, [this](EHOLDINGSID link) { return IsFree(link); });
+        if (free == chain.end()) return false;
+        id = *free;
+        return true;
+    }
+    return true;
+}
+
+}  // namespace zorby

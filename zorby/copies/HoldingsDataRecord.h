@@ -1,0 +1,132 @@
+#pragma once
+
+#include <zorby/Export.h>
+#include <zorby/archive/Object.h>
+#include <zorby/copies/HoldingsDataElement.h>
+#include <zorby/holdings/HoldingsType.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zorby {
+
+class CHoldingsDataRecordList;
+class CPmarc;
+
+// A subfield that goes through to the output as it is.
+struct ZORBY_EXPORT HoldingItemHold {
+    std::int32_t tag = 0;
+    char subfield = 0;
+    std::string text;
+
+    void Serialize(CArchive& archive);
+};
+
+// What a library knows about one copy of a title: its elements, which the record owns, in the order
+// of entry until a sort, and subfields to carry through (holds). Several elements may have one
+// number; lookups give the first.
+class ZORBY_EXPORT CHoldingsDataRecord : public CObject {
+public:
+    static const CRuntimeClass kRuntimeClass;
+
+    // A record of HT_NONE, to be loaded or cloned into.
+    CHoldingsDataRecord() = default;
+    // A type of -1 stands for HT_TYPE_1.
+    explicit CHoldingsDataRecord(EHOLDINGSTYPE type);
+    CHoldingsDataRecord(const CHoldingsDataRecord&) = delete;
+    CHoldingsDataRecord& operator=(const CHoldingsDataRecord&) = delete;
+
+    const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+    // Stores version 2; loads version 1 too, which has no holds, and reads nothing behind the
+    // version byte of any other. A loaded HT_FOLLETT becomes HT_FOLLETT_2, and HT_TYPE_12 becomes
+    // HT_TYPE_15, where that is the type in force (CHoldingsSelector). Elements and holds are added
+    // behind those there are, as they were stored.
+    void Serialize(CArchive& archive) override;
+    // Takes the type and what SetPageHasData said, and adds copies of elements and holds behind
+    // those there are. A record cloned from itself stays as it is.
+    void CloneFrom(const CHoldingsDataRecord& record);
+
+    EHOLDINGSTYPE GetHoldingsType() const { return holdingsType_; }
+    // The list that the record is in, or null.
+    const CHoldingsDataRecordList* GetOwner() const { return owner_; }
+
+    // Adds an element. A further value of a repeating item moves to the next number of the item
+    // that is free: 202 to 204 and 206, 203 to 205 and 207, where it is dropped if none is;
+    // 407 to 408 and 906 to 907, which take any number of values. An empty text is added only if
+    // `keepEmpty` is not 0; one of white space is added as an empty one.
+    void Add(EHOLDINGSID id, std::string_view text, int keepEmpty, int userValue);
+    // Changes the first element with the number, or adds one unless the text is empty.
+    void Set(EHOLDINGSID id, std::string_view text);
+    // The text is empty, and the element null, where there is no such element.
+    std::string Get(EHOLDINGSID id) const;
+    void Get(EHOLDINGSID id, std::string& text) const;
+    void Get(EHOLDINGSID id, std::string& text, CHoldingsDataElement*& element);
+
+    // The number of elements.
+    int GetSize() const { return static_cast<int>(elements_.size()); }
+    int GetElementCount() const { return GetSize(); }
+    // Null outside the record.
+    CHoldingsDataElement* GetAt(int index);
+    const CHoldingsDataElement* GetAt(int index) const;
+    // Destroys the elements; holds stay.
+    void RemoveAll();
+    // Destroys the elements that are a bar code of any system.
+    void EmptyBarCode();
+
+    void AddHoldingItemHold(int tag, char subfield, std::string_view text);
+    const std::vector<HoldingItemHold>& GetHolds() const { return holds_; }
+
+    // Nonzero while an editor page holds data for a record that has no elements yet.
+    void SetPageHasData(int hasData) { pageHasData_ = hasData; }
+    // For HT_LWLP and HT_LWLP_2: no element has text, HID_LWLP_AUTOMATIC aside. For others: there
+    // is no element, not even one without text, nor data on an editor page.
+    bool IsEmpty() const;
+    // No element has text other than white space, HID_LWLP_AUTOMATIC aside.
+    bool HasNoText() const;
+
+    // The same type and, in any order, the same elements. Where types and counts agree, both
+    // records are left sorted as by Sort. Holds don't count.
+    bool IsEqualTo(CHoldingsDataRecord& record);
+
+    // Both sorts keep elements that they hold equal in their order. Highest number first:
+    void Sort();
+    // The order of output, by what the dictionary says of each number: the highest tag first; in a
+    // tag the parts of composed subfields by number, other subfields by code, digits behind all
+    // else; 907 behind any 906 of the tag. Elements that the dictionary in force doesn't have come
+    // last.
+    void SortByTagAndSubfield();
+
+    // The bytes that the elements take in a MARC record, with those of a field around them; 0
+    // without any text. Holds don't count.
+    unsigned GetMARCSize() const;
+
+    // Adds the elements in their order, then the holds, to new fields of `marc`, one for each of
+    // the first two tags met. Elements of a third tag go to the second field, holds of a third tag
+    // nowhere, and so do elements that the dictionary in force doesn't have. Subfields composed of
+    // several elements come last in the first field. That field takes the indicators of Dynix while
+    // HT_DYNIX is in force (CHoldingsSelector), whatever the record's own type.
+    void AddToPseudoMARC(CPmarc& marc) const;
+
+    // What the host's list shows of the copy: the call number of the record's type, its parts
+    // joined with a blank; and all bar codes, those of other systems too.
+    std::string GetRecVCallNumber() const;
+    std::string GetRecVBarCode() const;
+
+private:
+    friend class CHoldingsDataRecordList;  // sets the owner
+
+    CHoldingsDataElement* Find(EHOLDINGSID id) const;
+    bool IsFree(EHOLDINGSID id) const;
+    bool MoveToFree(EHOLDINGSID& id) const;
+
+    int pageHasData_ = 0;
+    EHOLDINGSTYPE holdingsType_ = HT_NONE;
+    const CHoldingsDataRecordList* owner_ = nullptr;
+    std::vector<std::unique_ptr<CHoldingsDataElement>> elements_;
+    std::vector<HoldingItemHold> holds_;
+};
+
+}  // namespace zorby

@@ -1,0 +1,46 @@
+#include <zorby/controlfields/detail/CodeMenu.h>
+#include <zorby/layouts/GlobalEditing.h>
+#include <zorby/layouts/detail/GlobalEditOrder.h>
+
+#include <cstdint>
+#include <iterator>
+#include <unordered_map>
+
+namespace zorby {
+namespace {
+
+using RankOfMenu = std::unordered_map<detail::CodeMenu, int>;
+
+RankOfMenu MakeRanks() {
+    RankOfMenu ranks;
+    for (const CFPart part : detail::kGlobalEditOrder) {
+        ranks.emplace(detail::FindCodeMenu(part), static_cast<int>(ranks.size()));
+    }
+    return ranks;
+}
+
+// A menu that the order leaves out ranks last.
+int RankOf(detail::CodeMenu menu) {
+    static const RankOfMenu ranks = MakeRanks();
+    const auto rank = ranks.find(menu);
+    return rank == ranks.end() ? static_cast<int>(std::size(detail::kGlobalEditOrder))
+                               : rank->second;
+}
+
+}  // namespace
+
+int CCFGlobalEditingEntry::CCFGlobalEditingEntryCompare(const CCFGlobalEditingEntry& first,
+                                                        const CCFGlobalEditingEntry& second) {
+    const CFPart firstPart = first.row_->PartNumber();
+    const CFPart secondPart = second.row_->PartNumber();
+    const detail::CodeMenu firstMenu = detail::FindCodeMenu(firstPart);
+    const detail::CodeMenu secondMenu = detail::FindCodeMenu(secondPart);
+    if (firstMenu != nullptr && secondMenu != nullptr) {
+        return RankOf(firstMenu) - RankOf(secondMenu);
+    }
+    if (firstMenu != nullptr) return 1;
+    if (secondMenu != nullptr) return -1;
+    return static_cast<int>((std::int64_t{firstPart} - secondPart) >> 2);
+}
+
+}  // namespace zorby
