@@ -18,7 +18,7 @@ std::string PolicyName(int policy) {
 }
 
 bool IsFixed(const WarningGroupRow& group) {
-    return group.key == detail::kNoKey;
+    return group.key == kNoKey;
 }
 
 RadioGroup Shown(const WarningGroupRow& row, int policy, int value) {
@@ -41,7 +41,7 @@ bool IsGroup(int group) {
 }  // namespace
 
 std::span<const WarningGroupRow, kWarningGroups> WarningGroups() {
-    return detail::kWarningGroupRows;
+    return kWarningGroupRows;
 }
 
 bool IsWarningOptionOpen(int policy, const WarningGroupRow& group, int option) {

@@ -23,10 +23,9 @@ std::string Printed(const char* format, Arguments... arguments) {
 }
 
 std::string FixedText(E_ERROR_CODE code, int isLong) {
-    const auto* row =
-        std::find_if(std::begin(detail::kErrorMessages), std::end(detail::kErrorMessages),
-                     [code](const auto& m) { return m.code == code; });
-    if (row == std::end(detail::kErrorMessages)) row = &detail::kUnknownErrorMessage;
+    const auto* row = std::find_if(std::begin(kErrorMessages), std::end(kErrorMessages),
+                                   [code](const auto& m) { return m.code == code; });
+    if (row == std::end(kErrorMessages)) row = &kUnknownErrorMessage;
     return isLong != 0 ? row->longText : row->shortText;
 }
 

@@ -5,11 +5,11 @@
 namespace zorby {
 
 CZorbyProfileBits::CZorbyProfileBits() {
-    for (const auto& row : detail::kPolicyKeys) SetFor(row.key, row.code);
-    for (const auto& row : detail::kImportFindings) {
+    for (const auto& row : kPolicyKeys) SetFor(row.key, row.code);
+    for (const auto& row : kImportFindings) {
         SetFor(ZP_RecordViewerShowImportRepairLog, row.first, row.last);
     }
-    for (const E_ERROR_CODE code : detail::kAlwaysErrors) SetForError(code);
+    for (const E_ERROR_CODE code : kAlwaysErrors) SetForError(code);
 }
 
 void CZorbyProfileBits::SetFor(ProfileKey key, E_ERROR_CODE code) {

@@ -23,8 +23,8 @@ constexpr std::size_t kFrom006To008 = 17;
 }  // namespace
 
 CCFAdditionalMaterial::CCFAdditionalMaterial() {
-    field006_.fill(detail::kBlank);
-    field007_.fill(detail::kBlank);
+    field006_.fill(kBlank);
+    field007_.fill(kBlank);
 }
 
 void CCFAdditionalMaterial::Create(MaterialType material, CFType type006, CFType type007,
@@ -33,12 +33,12 @@ void CCFAdditionalMaterial::Create(MaterialType material, CFType type006, CFType
     type006_ = type006;
     type007_ = type007;
     const std::size_t length =
-        std::min({field007.size(), k007Size, detail::Default007For(material).size()});
+        std::min({field007.size(), k007Size, Default007For(material).size()});
     length007_ = static_cast<std::int32_t>(length);
     field006_[0] = ByteZeroFor(field006);
     const std::size_t shift = field006.size() == k006Size ? 0 : kFrom006To008;
     for (std::size_t i = 1; i < k006Size; ++i) {
-        field006_[i] = i + shift < field006.size() ? field006[i + shift] : detail::kBlank;
+        field006_[i] = i + shift < field006.size() ? field006[i + shift] : kBlank;
     }
     field007.copy(field007_.data(), length);
     table006_ = OffsetsFor006Type(type006_);
@@ -58,7 +58,7 @@ char CCFAdditionalMaterial::ByteZeroFor(std::string_view field006) const {
 template <class Material>
 auto CCFAdditionalMaterial::FieldOf(Material& material, CFPart part) {
     using Byte = std::remove_pointer_t<decltype(material.field006_.data())>;
-    using Found = detail::Field<Byte>;
+    using Found = Field<Byte>;
     if (PartBelongsTo(part, material.type006_, ByteZero::Included)) {
         return Found{material.table006_, {material.field006_.data(), k006Size}};
     }
@@ -70,14 +70,14 @@ auto CCFAdditionalMaterial::FieldOf(Material& material, CFPart part) {
 
 int CCFAdditionalMaterial::Get(CFPart part, std::string& text) const {
     if (part == CFPCombinedFormOfItem) return GetCombinedFormOfItem(text);
-    return detail::ReadPart(FieldOf(*this, part), part, text);
+    return ReadPart(FieldOf(*this, part), part, text);
 }
 
 int CCFAdditionalMaterial::GetCombinedFormOfItem(std::string& text) const {
     if (type006_ == CF006None) return 0;
-    const CFPart formOfItem = detail::FormOfItemPart(type006_, CFP006BooksFormOfItem);
+    const CFPart formOfItem = FormOfItemPart(type006_, CFP006BooksFormOfItem);
     text.clear();
-    detail::ReadPart(detail::Field<const char>{table006_, field006_}, formOfItem, text);
+    ReadPart(Field<const char>{table006_, field006_}, formOfItem, text);
     std::string designation;
     const int found = Get(CFP007MicroformSMD, designation);
     if (!text.empty() && designation != " ") text += designation;
@@ -86,16 +86,15 @@ int CCFAdditionalMaterial::GetCombinedFormOfItem(std::string& text) const {
 
 int CCFAdditionalMaterial::Set(CFPart part, std::string_view text) {
     if (part == CFPCombinedFormOfItem) return SetCombinedFormOfItem(text);
-    return detail::WritePart(FieldOf(*this, part), part, text);
+    return WritePart(FieldOf(*this, part), part, text);
 }
 
 int CCFAdditionalMaterial::SetCombinedFormOfItem(std::string_view text) {
-    text = detail::UpToZero(text);
-    const CFPart formOfItem = detail::FormOfItemPart(type006_, CFP006BooksFormOfItem);
-    const int written =
-        detail::WritePart(detail::Field<char>{table006_, field006_}, formOfItem, text.substr(0, 1));
+    text = UpToZero(text);
+    const CFPart formOfItem = FormOfItemPart(type006_, CFP006BooksFormOfItem);
+    const int written = WritePart(Field<char>{table006_, field006_}, formOfItem, text.substr(0, 1));
     if (text.size() > 1) return Set(CFP007MicroformSMD, text.substr(1));
-    std::fill_n(field007_.begin(), length007_, detail::kBlank);
+    std::fill_n(field007_.begin(), length007_, kBlank);
     return written;
 }
 
@@ -114,12 +113,12 @@ void CCFAdditionalMaterial::GetAll(std::string& field006, std::string& field007)
 }
 
 void CCFAdditionalMaterial::Set006Complete(std::string_view field006) {
-    field006_.fill(detail::kBlank);
+    field006_.fill(kBlank);
     field006.copy(field006_.data(), k006Size);
 }
 
 void CCFAdditionalMaterial::Set007Complete(std::string_view field007) {
-    field007 = detail::UpToZero(field007);
+    field007 = UpToZero(field007);
     const std::size_t length = field007.copy(field007_.data(), k007Size);
     field007_[length] = '\0';
     length007_ = static_cast<std::int32_t>(length);

@@ -13,8 +13,6 @@ constexpr char kMicroform = 'h';
 
 void CCFAdditionalMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback,
                                                       void* context) {
-    using detail::CheckPartsAgainstDefaults;
-    using detail::FirstRow;
     const MaterialType material = material_;
     CheckPartsAgainstDefaults({[material] { return CTemplateList::Default006(material); },
                                type006_ == CF006None ? nullptr : table006_, field006_, callback,

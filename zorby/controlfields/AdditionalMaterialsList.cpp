@@ -47,7 +47,7 @@ void CCFAdditionalMaterialsList::GetDisplayableAM007006(int index, std::string& 
     const CCFAdditionalMaterial* entry = GetAt(index);
     if (entry == nullptr) return;
     entry->GetAll(field006, field007);
-    detail::NameOfMaterial(entry->GetMaterialType(), name);
+    NameOfMaterial(entry->GetMaterialType(), name);
 }
 
 int CCFAdditionalMaterialsList::Get(int index, CFPart part, std::string& text) const {

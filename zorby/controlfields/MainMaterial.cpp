@@ -23,7 +23,7 @@ constexpr unsigned kFieldEnd = 1;
 
 template <class Buffer>
 void Blank(Buffer& buffer, std::size_t size) {
-    std::fill_n(buffer.begin(), size, detail::kBlank);
+    std::fill_n(buffer.begin(), size, kBlank);
 }
 
 // "#" is the display form of a blank.
@@ -31,8 +31,8 @@ template <class Buffer>
 void Fill(Buffer& buffer, std::size_t size, std::string_view text) {
     char* const begin = buffer.data();
     char* const end = begin + text.copy(begin, size);
-    std::fill(end, begin + size, detail::kBlank);
-    if (text.find('#') != text.npos) std::replace(begin, end, '#', detail::kBlank);
+    std::fill(end, begin + size, kBlank);
+    if (text.find('#') != text.npos) std::replace(begin, end, '#', kBlank);
 }
 
 template <class Buffer>
@@ -41,14 +41,14 @@ std::string_view Bytes(const Buffer& buffer, std::size_t size) {
 }
 
 std::string_view Cut(std::string_view text, std::size_t size) {
-    return detail::UpToZero(text).substr(0, size);
+    return UpToZero(text).substr(0, size);
 }
 
 }  // namespace
 
 CCFMainMaterial::CCFMainMaterial() {
     Empty();
-    field007_.fill(detail::kBlank);
+    field007_.fill(kBlank);
 }
 
 int CCFMainMaterial::Create(CFType type006, CFType type007, std::string_view leader,
@@ -66,18 +66,18 @@ int CCFMainMaterial::Create(CFType type006, CFType type007, std::string_view lea
     Fill(field007_, k007Size, field007);
     Fill(field008_, k008Size, field008);
     Fill(image006_, k006Size, field008.substr(std::min(kFrom006To008, field008.size())));
-    image006_[0] = detail::kBlank;
+    image006_[0] = kBlank;
     AttachTables();
-    second006_.assign(second006.empty() ? 0 : k006Size, detail::kBlank);
+    second006_.assign(second006.empty() ? 0 : k006Size, kBlank);
     Fill(second006_, second006_.size(), second006);
     return 1;
 }
 
 void CCFMainMaterial::Empty() {
-    leader_.fill(detail::kBlank);
-    block_.fill(detail::kBlank);
-    field008_.fill(detail::kBlank);
-    image006_.fill(detail::kBlank);
+    leader_.fill(kBlank);
+    block_.fill(kBlank);
+    field008_.fill(kBlank);
+    image006_.fill(kBlank);
     Blank(field007_, k007Size);
     type006_ = CF006None;
     type007_ = CF007None;
@@ -95,7 +95,7 @@ void CCFMainMaterial::AttachTables() {
 
 template <class Material>
 auto CCFMainMaterial::FieldOf(Material& material, CFPart part) {
-    using Found = detail::Field<std::remove_pointer_t<decltype(material.leader_.data())>>;
+    using Found = Field<std::remove_pointer_t<decltype(material.leader_.data())>>;
     if (PartBelongsTo(part, CFLdr, ByteZero::Included)) {
         return Found{material.leaderTable_, {material.leader_.data(), kLeaderSize}};
     }
@@ -114,11 +114,11 @@ auto CCFMainMaterial::FieldOf(Material& material, CFPart part) {
 
 int CCFMainMaterial::Get(CFPart part, std::string& text) const {
     if (part == CFPCombinedFormOfItem) return GetCombinedFormOfItem(text);
-    return detail::ReadPart(FieldOf(*this, part), part, text);
+    return ReadPart(FieldOf(*this, part), part, text);
 }
 
 int CCFMainMaterial::GetCombinedFormOfItem(std::string& text) const {
-    const CFPart formOfItem = detail::FormOfItemPart(type006_, CFPUndefined);
+    const CFPart formOfItem = FormOfItemPart(type006_, CFPUndefined);
     if (Get(formOfItem, text) == 0) return 0;
     if (text == "s") return 1;
     std::string designation;
@@ -127,22 +127,22 @@ int CCFMainMaterial::GetCombinedFormOfItem(std::string& text) const {
     return found;
 }
 
-detail::Field<char> CCFMainMaterial::Image006() {
-    return {table006_, {image006_.data(), k006Size}};
+auto CCFMainMaterial::Image006() {
+    return Field<char>{table006_, {image006_.data(), k006Size}};
 }
 
 int CCFMainMaterial::Set(CFPart part, std::string_view text) {
     if (part == CFPCombinedFormOfItem) return SetCombinedFormOfItem(text);
     if (part == CFP006VisualFormOfItem && type006_ != CF006Visual) {
-        return detail::WritePart(Image006(), CFP006MusicSoundFormOfItem, text);
+        return WritePart(Image006(), CFP006MusicSoundFormOfItem, text);
     }
-    return detail::WritePart(FieldOf(*this, part), part, text);
+    return WritePart(FieldOf(*this, part), part, text);
 }
 
 int CCFMainMaterial::SetCombinedFormOfItem(std::string_view text) {
-    text = detail::UpToZero(text);
-    const CFPart formOfItem = detail::FormOfItemPart(type006_, CFP006BooksFormOfItem);
-    const int written = detail::WritePart(Image006(), formOfItem, text.substr(0, 1));
+    text = UpToZero(text);
+    const CFPart formOfItem = FormOfItemPart(type006_, CFP006BooksFormOfItem);
+    const int written = WritePart(Image006(), formOfItem, text.substr(0, 1));
     if (text.size() > 1) return Set(CFP007MicroformSMD, text.substr(1));
     Blank(field007_, Field007().size());
     return written;
@@ -158,7 +158,7 @@ int CCFMainMaterial::GetPartSizeNew(CFPart part) {
 }
 
 std::string CCFMainMaterial::DefaultLdr(CFType type006, CFType type007) {
-    return detail::DefaultLdrFor(type006, type007);
+    return DefaultLdrFor(type006, type007);
 }
 
 std::string_view CCFMainMaterial::Field007() const {
@@ -210,7 +210,7 @@ std::size_t CCFMainMaterial::BlockLength() const {
     for (const std::string_view buffer :
          {Bytes(block_, block_.size()), Bytes(field008_, field008_.size()),
           Bytes(image006_, image006_.size()), Bytes(field007_, field007_.size())}) {
-        const std::string_view text = detail::UpToZero(buffer);
+        const std::string_view text = UpToZero(buffer);
         length += text.size();
         if (text.size() < buffer.size()) break;
     }
@@ -254,9 +254,9 @@ void CCFMainMaterial::AddToPseudoMARC(CPmarc& record) const {
 
 bool CCFMainMaterial::IsMicroform(CFType type006, const tagCFOFFSETENTRY* table,
                                   std::string_view field006) {
-    const CFPart formOfItem = detail::FormOfItemPart(type006, CFPUndefined);
+    const CFPart formOfItem = FormOfItemPart(type006, CFPUndefined);
     std::string code;
-    if (detail::ReadPart({table, field006}, formOfItem, code) == 0) return false;
+    if (ReadPart({table, field006}, formOfItem, code) == 0) return false;
     return code == "a" || code == "b" || code == "c";
 }
 
@@ -272,7 +272,7 @@ char CCFMainMaterial::FormOfItemFrom007Byte1(char designation) {
         case 'g':
             return 'c';  // microopaque
         default:
-            return detail::kBlank;
+            return kBlank;
     }
 }
 

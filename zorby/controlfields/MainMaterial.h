@@ -17,11 +17,7 @@
 namespace zorby {
 
 class CPmarc;
-namespace detail {
-template <class Byte>
-struct Field;
 struct RepairTask;
-}  // namespace detail
 
 // The coded control data of one record or workform: Leader, 008, 007, and a 006 of its own beside
 // them. The material section of the 008 (bytes 18 to 34) is kept apart, as positions 1 to 17 of the
@@ -120,8 +116,8 @@ private:
     // The table that holds the element, and the bytes that it describes.
     template <class Material>
     static auto FieldOf(Material& material, CFPart part);
-    detail::Field<char> Image006();
-    void Repair007(detail::RepairTask task);
+    auto Image006();
+    void Repair007(RepairTask task);
     int GetCombinedFormOfItem(std::string& text) const;
     int SetCombinedFormOfItem(std::string_view text);
     std::string_view Field007() const;

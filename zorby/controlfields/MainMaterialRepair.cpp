@@ -5,10 +5,6 @@
 namespace zorby {
 namespace {
 
-using detail::CheckPartsAgainstDefaults;
-using detail::FirstRow;
-using detail::RepairTask;
-
 constexpr std::size_t kFormOfItem008 = 23;
 
 // Without the date of today, which no element takes.
@@ -23,8 +19,8 @@ void CCFMainMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback, v
                                                 MaterialType material) {
     const CFType type006 = type006_;
     const CFType type007 = type007_;
-    RepairTask task{{},   nullptr,         {}, callback, type006, context, detail::kAnyMaterial,
-                    true, FirstRow::Tested};
+    RepairTask task{{},      nullptr,      {},   callback,        type006,
+                    context, kAnyMaterial, true, FirstRow::Tested};
     task.defaultText = [=] { return CTemplateList::DefaultLdr(type006, type007); };
     task.table = leaderTable_;
     task.buffer = {leader_.data(), kLeaderSize};

@@ -8,12 +8,6 @@
 namespace zorby {
 namespace {
 
-using detail::AfterLines;
-using detail::CodeList;
-using detail::CodeOf;
-using detail::FirstLine;
-using detail::TextOf;
-
 // The second code and what ends it, so that an empty one reads as a newline.
 char SecondCharacterOf(std::string_view item) {
     return AfterLines(item, 2).front();
@@ -55,7 +49,7 @@ int FindPrefix(const CodeList& menu, std::string_view code) {
 
 }  // namespace
 
-CCFMenuData::CCFMenuData(CFPart part) : part_(part), menu_(detail::FindCodeMenu(part)) {}
+CCFMenuData::CCFMenuData(CFPart part) : part_(part), menu_(FindCodeMenu(part)) {}
 
 CCFMenuData::~CCFMenuData() = default;
 

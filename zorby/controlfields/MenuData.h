@@ -9,9 +9,7 @@
 
 namespace zorby {
 
-namespace detail {
 struct CodeList;
-}
 
 // The codes that an element of the control fields may take, each with its text, in display order.
 // An item is the code, a newline, the text, a newline; every code of a list is equally long, with
@@ -60,7 +58,7 @@ public:
 
 private:
     CFPart part_;
-    const detail::CodeList* menu_;
+    const CodeList* menu_;
     const char* const* walk_ = nullptr;  // the item that the walk gave last
 };
 

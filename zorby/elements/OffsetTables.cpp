@@ -21,34 +21,34 @@ constexpr CFPart kNoPart = static_cast<CFPart>(0);
 constexpr std::size_t kPartsAFormat = 100;
 
 constexpr Format kFormats[] = {
-    {CFLdr, CFPLdrUndefinedEntryMap, detail::kLeader},
-    {CF008Standard, CFP008CatalogingSource, detail::kField008Standard},
-    {CF008Alternative, CFP008Alternative8, detail::kField008Alternative},
-    {CF006Books, CFP006BooksBiography, detail::kField006Books},
-    {CF006ComputerFile, CFP006ComputerFileFormOfItem, detail::kField006ComputerFile},
-    {CF006Map, CFP006MapSpecialFormat, detail::kField006Map},
-    {CF006MusicSound, CFP006MusicSoundTransposition, detail::kField006MusicSound},
-    {CF006Continuing, CFP006ContinuingSuccessiveLatestEntry, detail::kField006Continuing},
-    {CF006Visual, CFP006VisualTechnique, detail::kField006Visual},
-    {CF006Mixed, CFP006MixedFormOfItem, detail::kField006Mixed},
-    {CF007Electronic, CFP007ElectronicReformattingQuality, detail::kField007Electronic},
-    {CF007Globe, CFP007GlobeTypeOfReproduction, detail::kField007Globe},
-    {CF007Map, CFP007MapPolarity, detail::kField007Map},
-    {CF007MotionPicture, CFP007MotionPictureInspectionDate, detail::kField007MotionPicture},
-    {CF007Microform, CFP007MicroformBase, detail::kField007Microform},
-    {CF007Nonprojected, CFP007NonprojectedSecondarySupport, detail::kField007Nonprojected},
-    {CF007Projected, CFP007ProjectedSecondarySupport, detail::kField007Projected},
-    {CF007Sound, CFP007SoundCaptureTechnique, detail::kField007Sound},
-    {CF007Unspecified, CFP007UnspecifiedSMD, detail::kField007Unspecified},
-    {CF007Text, CFP007TextSMD, detail::kField007Text},
-    {CF007Video, CFP007VideoPlaybackChannels, detail::kField007Video},
-    {CF007TenByte, CFP007TenByte10, detail::kField007TenByte},
-    {CF007RemoteSensing, CFP007RemoteSensingDataType, detail::kField007RemoteSensing},
-    {CF007NotatedMusic, CFP007NotatedMusicSMD, detail::kField007NotatedMusic},
-    {CF007Tactile, CFP007TactilePhysicalCharacteristics, detail::kField007Tactile},
-    {CF007Kit, CFP007KitSMD, detail::kField007Kit},
+    {CFLdr, CFPLdrUndefinedEntryMap, kLeader},
+    {CF008Standard, CFP008CatalogingSource, kField008Standard},
+    {CF008Alternative, CFP008Alternative8, kField008Alternative},
+    {CF006Books, CFP006BooksBiography, kField006Books},
+    {CF006ComputerFile, CFP006ComputerFileFormOfItem, kField006ComputerFile},
+    {CF006Map, CFP006MapSpecialFormat, kField006Map},
+    {CF006MusicSound, CFP006MusicSoundTransposition, kField006MusicSound},
+    {CF006Continuing, CFP006ContinuingSuccessiveLatestEntry, kField006Continuing},
+    {CF006Visual, CFP006VisualTechnique, kField006Visual},
+    {CF006Mixed, CFP006MixedFormOfItem, kField006Mixed},
+    {CF007Electronic, CFP007ElectronicReformattingQuality, kField007Electronic},
+    {CF007Globe, CFP007GlobeTypeOfReproduction, kField007Globe},
+    {CF007Map, CFP007MapPolarity, kField007Map},
+    {CF007MotionPicture, CFP007MotionPictureInspectionDate, kField007MotionPicture},
+    {CF007Microform, CFP007MicroformBase, kField007Microform},
+    {CF007Nonprojected, CFP007NonprojectedSecondarySupport, kField007Nonprojected},
+    {CF007Projected, CFP007ProjectedSecondarySupport, kField007Projected},
+    {CF007Sound, CFP007SoundCaptureTechnique, kField007Sound},
+    {CF007Unspecified, CFP007UnspecifiedSMD, kField007Unspecified},
+    {CF007Text, CFP007TextSMD, kField007Text},
+    {CF007Video, CFP007VideoPlaybackChannels, kField007Video},
+    {CF007TenByte, CFP007TenByte10, kField007TenByte},
+    {CF007RemoteSensing, CFP007RemoteSensingDataType, kField007RemoteSensing},
+    {CF007NotatedMusic, CFP007NotatedMusicSMD, kField007NotatedMusic},
+    {CF007Tactile, CFP007TactilePhysicalCharacteristics, kField007Tactile},
+    {CF007Kit, CFP007KitSMD, kField007Kit},
     {kNoType, kNoPart, nullptr},  // the combined form of item
-    {CFBlock, CFPBlock4, detail::kBlock},
+    {CFBlock, CFPBlock4, kBlock},
 };
 
 constexpr std::array kByteZeroOf006 = {
@@ -83,21 +83,20 @@ bool Is006(CFType type) {
 
 }  // namespace
 
-const tagCFOFFSETENTRY* const kLeaderOffsets = detail::kLeader;
+const tagCFOFFSETENTRY* const kLeaderOffsets = kLeader;
 
 const tagCFOFFSETENTRY* OffsetsFor006Type(CFType type006) {
     if (type006 == CF006None) return nullptr;
-    return Is006(type006) ? OffsetsOf(type006, detail::kField006Books) : detail::kField006Books;
+    return Is006(type006) ? OffsetsOf(type006, kField006Books) : kField006Books;
 }
 
 const tagCFOFFSETENTRY* OffsetsFor007Type(CFType type007) {
     if (type007 == CF007None) return nullptr;
-    return type007 > CF007None ? OffsetsOf(type007, detail::kField007Unspecified)
-                               : detail::kField007Unspecified;
+    return type007 > CF007None ? OffsetsOf(type007, kField007Unspecified) : kField007Unspecified;
 }
 
 const tagCFOFFSETENTRY* OffsetsFor008(CFType type006) {
-    return type006 == CF006AltDate ? detail::kField008Alternative : detail::kField008Standard;
+    return type006 == CF006AltDate ? kField008Alternative : kField008Standard;
 }
 
 const tagCFOFFSETENTRY* FindOffset(const tagCFOFFSETENTRY* table, CFPart part) {

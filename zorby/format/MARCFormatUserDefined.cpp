@@ -105,7 +105,7 @@ void CMARCFormat::ParseUDSubfields(std::string_view list, std::vector<std::strin
 }
 
 int CMARCFormat::IsAnyValidSubfield(char code) {
-    return detail::kValidSubfieldCodes.find(code) != std::string_view::npos ? 1 : 0;
+    return kValidSubfieldCodes.find(code) != std::string_view::npos ? 1 : 0;
 }
 
 }  // namespace zorby

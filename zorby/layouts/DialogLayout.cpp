@@ -9,9 +9,6 @@
 namespace zorby {
 namespace {
 
-using detail::kForms;
-using detail::kNoForm;
-
 const CCFDialogLayout* FormOf(MaterialType material, bool isAdditional) {
     const auto* row = std::find_if(std::begin(kForms), std::end(kForms),
                                    [material](const auto& f) { return f.material == material; });

@@ -9,22 +9,21 @@
 namespace zorby {
 namespace {
 
-using RankOfMenu = std::unordered_map<detail::CodeMenu, int>;
+using RankOfMenu = std::unordered_map<CodeMenu, int>;
 
 RankOfMenu MakeRanks() {
     RankOfMenu ranks;
-    for (const CFPart part : detail::kGlobalEditOrder) {
-        ranks.emplace(detail::FindCodeMenu(part), static_cast<int>(ranks.size()));
+    for (const CFPart part : kGlobalEditOrder) {
+        ranks.emplace(FindCodeMenu(part), static_cast<int>(ranks.size()));
     }
     return ranks;
 }
 
 // A menu that the order leaves out ranks last.
-int RankOf(detail::CodeMenu menu) {
+int RankOf(CodeMenu menu) {
     static const RankOfMenu ranks = MakeRanks();
     const auto rank = ranks.find(menu);
-    return rank == ranks.end() ? static_cast<int>(std::size(detail::kGlobalEditOrder))
-                               : rank->second;
+    return rank == ranks.end() ? static_cast<int>(std::size(kGlobalEditOrder)) : rank->second;
 }
 
 }  // namespace
@@ -33,8 +32,8 @@ int CCFGlobalEditingEntry::CCFGlobalEditingEntryCompare(const CCFGlobalEditingEn
                                                         const CCFGlobalEditingEntry& second) {
     const CFPart firstPart = first.row_->PartNumber();
     const CFPart secondPart = second.row_->PartNumber();
-    const detail::CodeMenu firstMenu = detail::FindCodeMenu(firstPart);
-    const detail::CodeMenu secondMenu = detail::FindCodeMenu(secondPart);
+    const CodeMenu firstMenu = FindCodeMenu(firstPart);
+    const CodeMenu secondMenu = FindCodeMenu(secondPart);
     if (firstMenu != nullptr && secondMenu != nullptr) {
         return RankOf(firstMenu) - RankOf(secondMenu);
     }

@@ -13,7 +13,7 @@ CStringAndUINTArraySorted::~CStringAndUINTArraySorted() = default;
 
 void CStringAndUINTArraySorted::SortByCString() {
     std::stable_sort(begin(), end(), [](const CStringAndUINT& left, const CStringAndUINT& right) {
-        return detail::LessCaseFolded(left.text, right.text);
+        return LessCaseFolded(left.text, right.text);
     });
 }
 

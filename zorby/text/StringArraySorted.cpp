@@ -19,13 +19,13 @@ int CStringArraySorted::Find(std::string_view text, int ignoreCase) {
     if (!isSorted_) Sort();
     isSorted_ = true;
     const auto found = std::find_if(begin(), end(), [&](const std::string& element) {
-        return ignoreCase != 0 ? detail::EqualCaseFolded(element, text) : element == text;
+        return ignoreCase != 0 ? EqualCaseFolded(element, text) : element == text;
     });
     return found == end() ? 0 : static_cast<int>(found - begin()) + 1;
 }
 
 void CStringArraySorted::Sort() {
-    std::stable_sort(begin(), end(), detail::LessCaseFolded);
+    std::stable_sort(begin(), end(), LessCaseFolded);
 }
 
 }  // namespace zorby

@@ -42,8 +42,6 @@ int StoreInBlock(CTemplate& workform, std::string& block) {
 
 }  // namespace
 
-namespace detail {
-
 std::optional<std::string> StandardNameOf(int id) {
     if (theCallbacks.standardName == nullptr) return std::nullopt;
     std::string name;
@@ -57,8 +55,6 @@ TemplateBlock FetchBlock(int id) {
     if (Call(theCallbacks.fetchBlock, id, &bytes, size) == 0) return {};
     return {std::unique_ptr<void, FreeBlock>(bytes), static_cast<std::size_t>(size > 0 ? size : 0)};
 }
-
-}  // namespace detail
 
 void CTemplate::InitTemplateCB(const TemplateCallbacks& callbacks) {
     theCallbacks = callbacks;
@@ -145,7 +141,7 @@ void CTemplate::UDTemplateNamesAndBaseTemplateNames(CStringAndUINTArraySorted& l
 }
 
 std::string CTemplate::GetTemplateName(int id) {
-    return detail::StandardNameOf(id).value_or(std::string());
+    return StandardNameOf(id).value_or(std::string());
 }
 
 }  // namespace zorby

@@ -196,8 +196,6 @@ std::string CTemplateList::Default008(CFType type006, CFType type007) {
     return DatedToday(Field008(GetTemplate(type006, type007)));
 }
 
-namespace detail {
-
 std::string Default007For(MaterialType material) {
     return CTemplateList::Default007(material, '\0');
 }
@@ -210,5 +208,4 @@ void NameOfMaterial(MaterialType material, std::string& name) {
     CTemplateList::GetMaterialTypeName(material, name);
 }
 
-}  // namespace detail
 }  // namespace zorby

@@ -50,7 +50,7 @@ void ShowNoFallback(const std::string& path) {
 }
 
 CTemplate* GetUserTemplate(int id) {
-    const detail::TemplateBlock block = detail::FetchBlock(id);
+    const TemplateBlock block = FetchBlock(id);
     if (block.bytes == nullptr) return nullptr;
     std::string name;
     if (CTemplate::GetTemplateInfoByID(id, &name, nullptr, nullptr, nullptr) == 0) return nullptr;
@@ -102,7 +102,7 @@ const CTemplateList* CTemplateList::TheOneAndOnly() {
 
 CTemplate* CTemplateList::GetTemplate(int id) {
     if (id >= kFirstUserTemplateID) return GetUserTemplate(id);
-    const std::optional<std::string> name = detail::StandardNameOf(id);
+    const std::optional<std::string> name = StandardNameOf(id);
     if (!name) return nullptr;
     return GetStandardTemplate(name->empty() ? kFallbackName : name->c_str());
 }

@@ -96,7 +96,7 @@ void CTemplate::SubfieldsAvailableToAddViaEdit(unsigned tag, std::string_view us
                                                int allowRepeats, int allowAny, char extraCode,
                                                std::string& codes) {
     SubfieldsAvailableToAdd(tag, used, allowRepeats, extraCode, codes);
-    if (allowAny != 0) codes += detail::kValidSubfieldCodes;
+    if (allowAny != 0) codes += kValidSubfieldCodes;
 }
 
 int CTemplate::IsAnyValidSubfield(char code) {

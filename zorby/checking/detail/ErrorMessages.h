@@ -2,7 +2,7 @@
 
 #include <zorby/checking/ErrorCode.h>
 
-namespace zorby::detail {
+namespace zorby {
 
 struct ErrorMessageRow {
     E_ERROR_CODE code;
@@ -68,4 +68,4 @@ inline constexpr ErrorMessageRow kErrorMessages[] = {
 inline constexpr ErrorMessageRow kUnknownErrorMessage = {static_cast<E_ERROR_CODE>(0), "unknown",
                                                          "Unknown error code\r\n"};
 
-}  // namespace zorby::detail
+}  // namespace zorby

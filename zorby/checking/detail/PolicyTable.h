@@ -3,7 +3,7 @@
 #include <zorby/checking/ErrorCode.h>
 #include <zorby/settings/ProfileKeys.h>
 
-namespace zorby::detail {
+namespace zorby {
 
 struct PolicyKeyRow {
     ProfileKey key;
@@ -54,4 +54,4 @@ inline constexpr E_ERROR_CODE kAlwaysErrors[] = {
     EC_RecordTooLong,
 };
 
-}  // namespace zorby::detail
+}  // namespace zorby

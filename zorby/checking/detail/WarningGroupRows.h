@@ -2,7 +2,7 @@
 
 #include <zorby/checking/DialogWarningSettings.h>
 
-namespace zorby::detail {
+namespace zorby {
 
 inline constexpr const char* kPublication = "Publication information:";
 inline constexpr const char* kPhysical = "Physical description:";
@@ -33,4 +33,4 @@ inline constexpr std::array<WarningGroupRow, kWarningGroups> kWarningGroupRows{{
 }};
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -13,7 +13,7 @@
 #include <cstdint>
 #include <iterator>
 
-namespace zorby::detail {
+namespace zorby {
 namespace {
 
 struct PartRow {
@@ -199,4 +199,4 @@ CodeMenu FindCodeMenu(CFPart part) {
     return number <= kHighestPart ? kMenuOfPart[number] : nullptr;
 }
 
-}  // namespace zorby::detail
+}  // namespace zorby

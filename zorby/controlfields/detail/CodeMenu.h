@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace zorby::detail {
+namespace zorby {
 
 // A code list as compiled in. An item is lines that each end in a newline: the code, the text, and
 // in the combined form of item the second code, which may be empty.
@@ -44,4 +44,4 @@ constexpr std::string_view TextOf(std::string_view item) {
     return FirstLine(AfterLines(item, 1));
 }
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -8,7 +8,7 @@
 // and atlas, which are materials of their own. ISSN center is the list before the element became
 // undefined. Theses in the contents of serials hold a second entry, which no look-up sees. Type of
 // visual material is cut to the kind of item.
-namespace zorby::detail {
+namespace zorby {
 
 // clang-format off
 inline constexpr const char* kIllustrations[] = {
@@ -662,4 +662,4 @@ inline constexpr const char* kTechnique[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -8,7 +8,7 @@
 // menus, the shorter ones are cut to the kind of item: disks, records, tapes, VHS and Beta
 // cassettes, videodiscs. The designations of projected graphics have code f twice, under its two
 // names. Where tactile material takes several codes, its menu has no blank.
-namespace zorby::detail {
+namespace zorby {
 
 // clang-format off
 inline constexpr const char* kElectronicSMD[] = {
@@ -1236,4 +1236,4 @@ inline constexpr const char* kVideoPlaybackChannels[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

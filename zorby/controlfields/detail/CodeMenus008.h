@@ -3,7 +3,7 @@
 // Made by tools/code-menus from data/marc21/codes/008.tsv. Change that, and run it.
 //
 // MARC 21 Format for Bibliographic Data as of 2010, 008, positions of all materials.
-namespace zorby::detail {
+namespace zorby {
 
 // clang-format off
 inline constexpr const char* kTypeOfDate[] = {
@@ -46,4 +46,4 @@ inline constexpr const char* kCatalogingSource[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -6,7 +6,7 @@
 // diacritics. Codes of later editions are not in it. On purpose, two codes that were discontinued
 // stay, with the mark obsolete; twelve codes stand twice, under two names, and the first is the
 // one that a code finds; and the caption of "cg " ends in a blank.
-namespace zorby::detail {
+namespace zorby {
 
 // clang-format off
 inline constexpr const char* kPlaceOfPublication[] = {
@@ -345,4 +345,4 @@ inline constexpr const char* kPlaceOfPublication[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -2,7 +2,7 @@
 
 // Form of item and microform designation (007/01) in one list of this library's own. The third line
 // of an item is the designation, empty where the form has none.
-namespace zorby::detail {
+namespace zorby {
 
 // clang-format off
 inline constexpr const char* kCombinedFormOfItem[] = {
@@ -28,4 +28,4 @@ inline constexpr const char* kCombinedFormOfItem[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -8,7 +8,7 @@
 // to 90 the additions of 1996. The successors of those codes and most codes after 2002 are left
 // out; the caption of "nde" ends in two blanks; and two entries hold a second one, which no
 // look-up sees.
-namespace zorby::detail {
+namespace zorby {
 
 // clang-format off
 inline constexpr const char* kLanguage[] = {
@@ -488,4 +488,4 @@ inline constexpr const char* kLanguage[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -5,7 +5,7 @@
 // MARC 21 Format for Bibliographic Data as of 2010, Leader. Type of record and bibliographic level
 // are cut to the material. Encoding level has, after "Not applicable", six values of OCLC that the
 // format does not define, in lower case.
-namespace zorby::detail {
+namespace zorby {
 
 // clang-format off
 inline constexpr const char* kRecordStatus[] = {
@@ -124,4 +124,4 @@ inline constexpr const char* kMultipartLevel[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

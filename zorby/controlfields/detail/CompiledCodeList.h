@@ -12,7 +12,7 @@
 
 // Makes a CodeList of the rows of a list, all of it while compiling: nothing is built at run time,
 // so nothing needs a lock and nothing is ever freed.
-namespace zorby::detail {
+namespace zorby {
 
 template <const auto& kRows>
 inline constexpr std::size_t kItemCount = std::size(kRows) - 2;
@@ -55,4 +55,4 @@ template <const auto& kRows>
 inline constexpr CodeList kList = {kRows, kTexts<kRows>.data(), kOrder<kRows>.data(),
                                    static_cast<int>(kItemCount<kRows>)};
 
-}  // namespace zorby::detail
+}  // namespace zorby

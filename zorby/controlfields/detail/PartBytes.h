@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace zorby::detail {
+namespace zorby {
 
 inline constexpr char kBlank = ' ';
 
@@ -66,4 +66,4 @@ inline CFPart FormOfItemPart(CFType type006, CFPart otherwise) {
     }
 }
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <string>
 
-namespace zorby::detail {
+namespace zorby {
 namespace {
 
 constexpr std::size_t kLongestCode = 6;
@@ -91,4 +91,4 @@ bool ValidValues::HasCode(CFPart part, std::string_view code) const {
     return code.size() <= kLongestCode && codes_.contains(KeyOf(part, code));
 }
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -10,7 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
-namespace zorby::detail {
+namespace zorby {
 
 // Which values of elements a repair would surely leave as they are, without material or default: an
 // index over code menus and rules, for speed, since most elements of most records are valid.
@@ -45,4 +45,4 @@ private:
     std::unordered_set<std::uint64_t> codes_;                   // of several bytes, with their part
 };
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string_view>
 
-namespace zorby::detail {
+namespace zorby {
 namespace {
 
 // The value that an element should have; none to leave it alone.
@@ -208,4 +208,4 @@ void CheckPartsAgainstDefaults(const RepairTask& task) {
     }
 }
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -10,7 +10,7 @@
 #include <span>
 #include <string>
 
-namespace zorby::detail {
+namespace zorby {
 
 inline constexpr MaterialType kAnyMaterial = static_cast<MaterialType>(0);
 
@@ -34,4 +34,4 @@ struct RepairTask {
 // callback, unless it is null. A row that goes beyond the buffer is left alone.
 void CheckPartsAgainstDefaults(const RepairTask& task);
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -8,7 +8,7 @@
 
 // What a repair of control fields tests apart from the code menus. Values are as wide as their
 // element. Codes: MARC 21 Format for Bibliographic Data, Leader, 006, 007 and 008.
-namespace zorby::detail {
+namespace zorby {
 
 inline constexpr std::string_view kDigits = "0123456789";
 
@@ -173,4 +173,4 @@ inline constexpr CFPart kPartsWithOwnRules[] = {
     CFP007MicroformReductionRatio,
 };
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -6,7 +6,7 @@
 #include <string>
 
 // What control fields need of the standard workforms, which supply it.
-namespace zorby::detail {
+namespace zorby {
 
 // The 007 that a material begins with; empty if there is no workform for it.
 std::string Default007For(MaterialType material);
@@ -15,4 +15,4 @@ std::string DefaultLdrFor(CFType type006, CFType type007);
 // Leaves `name` as it was for a material without a name.
 void NameOfMaterial(MaterialType material, std::string& name);
 
-}  // namespace zorby::detail
+}  // namespace zorby

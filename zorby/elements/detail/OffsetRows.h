@@ -4,7 +4,7 @@
 
 // MARC 21 Format for Bibliographic Data, Leader, 006, 007 and 008: element, first and last
 // position.
-namespace zorby::detail {
+namespace zorby {
 
 inline constexpr tagCFOFFSETENTRY kEndOfTable = {CFPEndOfTable, -1, -1};
 
@@ -350,4 +350,4 @@ inline constexpr tagCFOFFSETENTRY kField007Kit[] = {
     {CFP007KitSMD, 1, 1},
     kEndOfTable,
 };
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -3,7 +3,7 @@
 #include <zorby/elements/CFPart.h>
 
 // The order of menus in the list of global-edit targets, each menu named by its first element.
-namespace zorby::detail {
+namespace zorby {
 
 // clang-format off
 inline constexpr CFPart kGlobalEditOrder[] = {
@@ -154,4 +154,4 @@ inline constexpr CFPart kGlobalEditOrder[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -10,7 +10,7 @@
 #include <span>
 
 // From the elements of a material to the rows of its forms, at compile time.
-namespace zorby::detail {
+namespace zorby {
 
 // A vector for use at compile time. More items than it holds don't compile.
 template <class Item>
@@ -158,4 +158,4 @@ template <const auto& Own, const auto& Columns = kHalves>
 inline constexpr auto kAdditionalForm =
     Ended<AdditionalRows(Own, Columns).size()>(AdditionalRows(Own, Columns));
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -5,7 +5,7 @@
 
 // How the forms show an element: on which page of a full form, under which label, by which control.
 // Elements that meet on a page differ in their accelerators, but for the two "&M" of the Leader.
-namespace zorby::detail {
+namespace zorby {
 
 inline constexpr int kGeneralPage = 1;   // dates, place, language, audience, type of material
 inline constexpr int kMaterialPage = 2;  // the rest of 006 and 007
@@ -230,4 +230,4 @@ inline constexpr LayoutElement kLayoutElements[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

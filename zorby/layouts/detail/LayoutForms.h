@@ -5,7 +5,7 @@
 #include <zorby/layouts/detail/LayoutParts.h>
 
 // The forms of each material.
-namespace zorby::detail {
+namespace zorby {
 
 struct LayoutForms {
     MaterialType material;
@@ -61,4 +61,4 @@ inline constexpr LayoutForms kForms[] = {
 };
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -9,7 +9,7 @@
 // The elements that the forms of each material show, beside those of Leader and 008 that all full
 // forms share. Left out is what the material fixes, such as the category of the 007, and what it
 // never has.
-namespace zorby::detail {
+namespace zorby {
 
 template <std::size_t... Sizes>
 consteval auto Join(const std::array<CFPart, Sizes>&... lists) {
@@ -286,4 +286,4 @@ inline constexpr auto kNotatedMusicParts = std::to_array<CFPart>({
 });
 // clang-format on
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace zorby::detail {
+namespace zorby {
 
 // Bytes compare as unsigned numbers, ASCII capitals as their small letters, in every locale.
 constexpr unsigned char FoldCase(char c) {
@@ -20,4 +20,4 @@ constexpr bool EqualCaseFolded(std::string_view left, std::string_view right) {
                       [](char a, char b) { return FoldCase(a) == FoldCase(b); });
 }
 
-}  // namespace zorby::detail
+}  // namespace zorby

@@ -10,8 +10,6 @@ namespace zorby {
 
 inline constexpr int kFirstUserTemplateID = 100;
 
-namespace detail {
-
 // The name that the host has put in the place of a standard workform, empty if it knows none;
 // nothing if the host can't be asked.
 std::optional<std::string> StandardNameOf(int id);
@@ -27,5 +25,4 @@ struct TemplateBlock {
 };
 TemplateBlock FetchBlock(int id);
 
-}  // namespace detail
 }  // namespace zorby
