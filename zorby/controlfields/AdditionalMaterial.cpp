@@ -33,7 +33,7 @@ void CCFAdditionalMaterial::Create(MaterialType material, CFType type006, CFType
     type006_ = type006;
     type007_ = type007;
     const std::size_t length =
-        std::min({field007.size(), k007Size, Default007For(material).size()});
+        std::min({field007.size(), k007Size, Default007For(material, '\0').size()});
     length007_ = static_cast<std::int32_t>(length);
     field006_[0] = ByteZeroFor(field006);
     const std::size_t shift = field006.size() == k006Size ? 0 : kFrom006To008;

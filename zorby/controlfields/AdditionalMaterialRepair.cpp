@@ -1,7 +1,7 @@
 #include <zorby/controlfields/AdditionalMaterialsList.h>
 #include <zorby/controlfields/MainMaterial.h>
 #include <zorby/controlfields/detail/RepairChecker.h>
-#include <zorby/workforms/TemplateList.h>
+#include <zorby/controlfields/detail/StandardWorkforms.h>
 
 namespace zorby {
 namespace {
@@ -14,11 +14,11 @@ constexpr char kMicroform = 'h';
 void CCFAdditionalMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback,
                                                       void* context) {
     const MaterialType material = material_;
-    CheckPartsAgainstDefaults({[material] { return CTemplateList::Default006(material); },
+    CheckPartsAgainstDefaults({[material] { return Default006For(material); },
                                type006_ == CF006None ? nullptr : table006_, field006_, callback,
                                type006_, context, material, false, FirstRow::Tested});
     const MaterialType of007 = type007_ == CF007RemoteSensing ? MTRemoteSensing : material;
-    CheckPartsAgainstDefaults({[of007] { return CTemplateList::Default007(of007, '\0'); },
+    CheckPartsAgainstDefaults({[of007] { return Default007For(of007, '\0'); },
                                table007_,
                                {field007_.data(), k007Size},
                                callback,

@@ -1,17 +1,11 @@
 #include <zorby/controlfields/MainMaterial.h>
 #include <zorby/controlfields/detail/RepairChecker.h>
-#include <zorby/workforms/TemplateList.h>
+#include <zorby/controlfields/detail/StandardWorkforms.h>
 
 namespace zorby {
 namespace {
 
 constexpr std::size_t kFormOfItem008 = 23;
-
-// Without the date of today, which no element takes.
-std::string Undated008(CFType type006, CFType type007) {
-    const CTemplate* workform = CTemplateList::GetTemplate(type006, type007);
-    return workform == nullptr ? "" : workform->GetMainMaterial().GetField008();
-}
 
 }  // namespace
 
@@ -21,12 +15,12 @@ void CCFMainMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback, v
     const CFType type007 = type007_;
     RepairTask task{{},      nullptr,      {},   callback,        type006,
                     context, kAnyMaterial, true, FirstRow::Tested};
-    task.defaultText = [=] { return CTemplateList::DefaultLdr(type006, type007); };
+    task.defaultText = [=] { return DefaultLdrFor(type006, type007); };
     task.table = leaderTable_;
     task.buffer = {leader_.data(), kLeaderSize};
     CheckPartsAgainstDefaults(task);
 
-    task.defaultText = [=] { return Undated008(type006, type007); };
+    task.defaultText = [=] { return Default008For(type006, type007); };
     task.table = table008_;
     task.buffer = {field008_.data(), k008Size};
     CheckPartsAgainstDefaults(task);
@@ -36,8 +30,7 @@ void CCFMainMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback, v
 
     const bool isByMaterial = type006 == CF006ComputerFile && type007 == CF007Electronic;
     task.defaultText = [=] {
-        return isByMaterial ? CTemplateList::Default006(material)
-                            : CTemplateList::Default006(type006, type007);
+        return isByMaterial ? Default006For(material) : Default006For(type006, type007);
     };
     task.table = table006_;
     task.buffer = {image006_.data(), k006Size};
@@ -48,7 +41,7 @@ void CCFMainMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback, v
 // Unless the material has no 007 to begin with.
 void CCFMainMaterial::Repair007(RepairTask task) {
     if (table007_ == nullptr) return;
-    std::string defaultText = CTemplateList::Default007(task.material, field008_[kFormOfItem008]);
+    std::string defaultText = Default007For(task.material, field008_[kFormOfItem008]);
     if (defaultText.empty()) return;
     task.defaultText = [&defaultText] { return defaultText; };
     task.table = table007_;

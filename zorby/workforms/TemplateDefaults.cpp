@@ -196,8 +196,20 @@ std::string CTemplateList::Default008(CFType type006, CFType type007) {
     return DatedToday(Field008(GetTemplate(type006, type007)));
 }
 
-std::string Default007For(MaterialType material) {
-    return CTemplateList::Default007(material, '\0');
+std::string Default006For(MaterialType material) {
+    return CTemplateList::Default006(material);
+}
+
+std::string Default006For(CFType type006, CFType type007) {
+    return CTemplateList::Default006(type006, type007);
+}
+
+std::string Default007For(MaterialType material, char form) {
+    return CTemplateList::Default007(material, form);
+}
+
+std::string Default008For(CFType type006, CFType type007) {
+    return Field008(CTemplateList::GetTemplate(type006, type007));
 }
 
 std::string DefaultLdrFor(CFType type006, CFType type007) {
