@@ -7,8 +7,7 @@
 #include <random>
 #include <string>
 #include <sys/stat.h>
-
-#include "TemporaryFile.h"
+#include <tests/quillory/exchange/TemporaryFile.h>
 
 namespace quillory {
 namespace {

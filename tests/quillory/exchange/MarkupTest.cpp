@@ -7,9 +7,8 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <tests/quillory/exchange/TemporaryFile.h>
 #include <vector>
-
-#include "TemporaryFile.h"
 
 namespace quillory {
 namespace {

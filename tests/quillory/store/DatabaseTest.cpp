@@ -9,10 +9,9 @@
 #include <filesystem>
 #include <string>
 #include <sys/wait.h>
+#include <tests/zorby/platform/TemporaryFolder.h>
 #include <unistd.h>
 #include <vector>
-
-#include "../../zorby/platform/TemporaryFolder.h"
 
 namespace quillory {
 namespace {

@@ -12,10 +12,9 @@
 #include <random>
 #include <string>
 #include <sys/wait.h>
+#include <tests/zorby/platform/TemporaryFolder.h>
 #include <unistd.h>
 #include <vector>
-
-#include "../../zorby/platform/TemporaryFolder.h"
 
 namespace quillory {
 namespace {

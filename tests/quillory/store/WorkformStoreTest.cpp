@@ -6,9 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tests/zorby/platform/TemporaryFolder.h>
 #include <vector>
-
-#include "../../zorby/platform/TemporaryFolder.h"
 
 namespace quillory {
 namespace {

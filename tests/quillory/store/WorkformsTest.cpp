@@ -13,8 +13,7 @@
 
 #include <filesystem>
 #include <memory>
-
-#include "../../zorby/platform/TemporaryFolder.h"
+#include <tests/zorby/platform/TemporaryFolder.h>
 
 namespace quillory {
 namespace {

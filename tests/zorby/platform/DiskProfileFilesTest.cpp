@@ -10,10 +10,9 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <tests/zorby/platform/TemporaryFolder.h>
 #include <thread>
 #include <unistd.h>
-
-#include "TemporaryFolder.h"
 
 using namespace zorby;
 

@@ -6,8 +6,7 @@
 #include <algorithm>
 #include <random>
 #include <sstream>
-
-#include "TemporaryFolder.h"
+#include <tests/zorby/platform/TemporaryFolder.h>
 
 using namespace zorby;
 
