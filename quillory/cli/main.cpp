@@ -1,5 +1,5 @@
+#include <quillory/arguments/StandardStreams.h>
 #include <quillory/cli/Commands.h>
-#include <quillory/cli/StandardStreams.h>
 #include <quillory/exchange/Output.h>
 
 #include <CLI/CLI.hpp>

@@ -1,4 +1,4 @@
-#include <quillory/cli/StandardStreams.h>
+#include <quillory/arguments/StandardStreams.h>
 
 #include <fcntl.h>
 #include <initializer_list>

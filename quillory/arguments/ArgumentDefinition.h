@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+enum ArgumentKind { kFlagArgument, kOptionArgument, kPositionalArgument };
+
+// The numbers that an argument takes, both ends with them.
+struct NumberRange {
+    std::int64_t lowest;
+    std::int64_t highest;
+};
+
+// What there is to know of an argument of a command: what --help, a manual page or the completion
+// of a shell tells of it.
+struct ArgumentDefinition {
+    ArgumentKind kind = kFlagArgument;
+    std::vector<std::string> names;    // "-o" and "--output", or "FILE" for a positional argument
+    std::string value;                 // what stands for its value, as "TEXT"; empty for a flag
+    std::string text;                  // what it is for
+    std::vector<std::string> choices;  // the only values there are, in any case; empty for any
+    std::optional<NumberRange> range;  // of an argument that takes a number
+    bool isRequired = false;
+    bool isList = false;                // may be given often
+    std::vector<std::string> excludes;  // options that don't go with it
+};
+
+struct CommandDefinition {
+    std::string name;
+    std::string summary;
+    std::string footer;  // what is to be said behind the arguments; may be empty
+    std::vector<ArgumentDefinition> arguments;
+    std::vector<CommandDefinition> commands;  // those under it
+    bool needsCommand = false;                // does nothing without one of them
+};
+
+}  // namespace quillory

@@ -1,0 +1,272 @@
+#include <quillory/arguments/Arguments.h>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <iterator>
+
+namespace quillory {
+namespace {
+
+constexpr const char* kHelp = "--help";
+constexpr const char* kVersion = "--version";
+
+bool ReadFlag(const std::string& text) {
+    try {
+        return CLI::detail::to_flag_value(text) > 0;
+    } catch (const std::logic_error&) {
+        throw UsageError("\"" + text + "\" is neither true nor false");
+    }
+}
+
+std::string MissingValue(const std::string& option) {
+    return option + ": its value is missing";
+}
+
+std::string Quoted(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+// "--option=" of a variable that is empty would take the next word, perhaps a file's name, for its
+// value.
+std::string FaultOfEmptyValue(const std::vector<std::string>& words) {
+    const auto end = std::ranges::find(words, "--");
+    const auto empty = std::find_if(words.begin(), end, [](const std::string& word) {
+        return word.starts_with("--") && word.find('=') == word.size() - 1;
+    });
+    return empty == end ? std::string() : MissingValue(empty->substr(0, empty->size() - 1));
+}
+
+void DeclareArgument(const Argument& argument, CLI::App& app) {
+    const ArgumentDefinition& definition = argument.Definition();
+    const std::string names = CLI::detail::join(definition.names, ",");
+    if (definition.kind == kFlagArgument) {
+        app.add_flag(names, definition.text);
+    } else {
+        // How often an option may stand is looked at later.
+        CLI::Option* option = app.add_option(names, CLI::callback_t{}, definition.text)
+                                  ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+                                  ->type_name(definition.value)
+                                  ->required(definition.isRequired);
+        // A positional list takes what comes. It is not told to allow extra arguments: it would
+        // then take a word in brackets for several.
+        constexpr int kAll = CLI::detail::expected_max_vector_size;
+        const bool takesAll = definition.isList && definition.kind == kPositionalArgument;
+        if (takesAll) option->expected(kAll, kAll);
+    }
+    CLI::Option* option = app.get_option(definition.names.back());
+    for (const std::string& other : definition.excludes) option->excludes(app.get_option(other));
+}
+
+}  // namespace
+
+// Has the words of a command line told apart, and puts the values where they belong.
+class ArgumentParser {
+public:
+    explicit ArgumentParser(Arguments& program) : app_(program.summary_, program.name_) {
+        Declare(program, app_);
+        called_.push_back({program, app_});
+    }
+
+    Call Parse(const std::vector<std::string>& words) {
+        Call call;
+        const std::string fault = TellApart(words);
+        for (const Step& step : called_) {
+            call.command += (call.command.empty() ? "" : " ") + step.command.name_;
+        }
+        if (IsGiven(kHelp)) {
+            call.text = app_.help();
+        } else if (IsGiven(kVersion)) {
+            const Arguments& program = called_.front().command;
+            call.text = program.name_ + " " + program.version_ + "\n";
+        } else {
+            call.error = FirstOf({FaultOfEmptyValue(words), FaultOfExtraWords(), fault,
+                                  FaultOfPlace(), FaultOfValues()});
+            if (call.error.empty()) call.run = called_.back().command.run_;
+        }
+        return call;
+    }
+
+private:
+    // A command of those that were called, and how CLI11 knows it.
+    struct Step {
+        Arguments& command;
+        CLI::App& app;
+    };
+
+    static void Declare(const Arguments& command, CLI::App& app) {
+        app.set_help_flag();  // it is among the arguments
+        app.allow_extras();
+        app.footer(command.footer_);
+        for (const Argument& argument : command.arguments_) DeclareArgument(argument, app);
+        for (const Arguments& under : command.commands_) {
+            Declare(under, *app.add_subcommand(under.name_, under.summary_));
+        }
+        if (!command.commands_.empty()) app.require_subcommand(command.run_ ? 0 : 1, 1);
+    }
+
+    static std::string FirstOf(const std::vector<std::string>& faults) {
+        const auto fault = std::ranges::find_if_not(faults, &std::string::empty);
+        return fault == faults.end() ? std::string() : *fault;
+    }
+
+    // Finds out which commands are called. Result: what CLI11 found wrong, or an empty text.
+    std::string TellApart(std::vector<std::string> words) {
+        std::string fault;
+        std::ranges::reverse(words);
+        try {
+            app_.parse(std::move(words));
+        } catch (const CLI::ArgumentMismatch& mismatch) {
+            const std::string text = mismatch.what();
+            fault = MissingValue(text.substr(0, text.find(':')));
+        } catch (const CLI::ParseError& error) {
+            fault = error.what();
+        }
+        for (CLI::App* app = &app_; !app->get_subcommands().empty();) {
+            app = app->get_subcommands().front();
+            auto& commands = called_.back().command.commands_;
+            const auto command = std::ranges::find(commands, app->get_name(), &Arguments::name_);
+            called_.push_back({*command, *app});
+        }
+        return fault;
+    }
+
+    bool IsGiven(const std::string& flag) const {
+        return std::ranges::any_of(called_, [&flag](const Step& step) {
+            const CLI::Option* option = step.app.get_option_no_throw(flag);
+            return option != nullptr && option->count() > 0;
+        });
+    }
+
+    static std::string FaultOfExtraWord(const CLI::App& app, const std::string& word) {
+        if (word.size() > 1 && word.starts_with('-')) {
+            return "there is no option " + word.substr(0, word.find('='));
+        }
+        const bool needsCommand = app.get_require_subcommand_min() > 0;
+        return needsCommand ? "there is no command " + Quoted(word)
+                            : Quoted(word) + " is one argument too many";
+    }
+
+    std::string FaultOfExtraWords() const {
+        for (std::size_t at = 0; at < called_.size(); ++at) {
+            for (const std::string& word : called_[at].app.remaining()) {
+                if (word == "--") continue;
+                if (at + 1 == called_.size()) return FaultOfExtraWord(called_[at].app, word);
+                return word + " can't stand before " + called_[at + 1].command.name_;
+            }
+        }
+        if (called_.back().app.get_require_subcommand_min() > 0) return "a command is missing";
+        return {};
+    }
+
+    // What is said of one command has no meaning for another one under it.
+    std::string FaultOfPlace() const {
+        for (std::size_t at = 0; at + 1 < called_.size(); ++at) {
+            const Step& step = called_[at];
+            const auto isGiven = [&step](const Argument& argument) {
+                return step.app.count(argument.Definition().names.back()) > 0;
+            };
+            if (std::ranges::any_of(step.command.arguments_, isGiven)) {
+                return "nothing may stand between " + step.command.name_ + " and " +
+                       called_[at + 1].command.name_;
+            }
+        }
+        return {};
+    }
+
+    std::string FaultOfValues() {
+        const Step& step = called_.back();
+        for (Argument& argument : step.command.arguments_) {
+            const ArgumentDefinition& definition = argument.definition_;
+            const std::string& name = definition.names.back();
+            const auto& values = step.app.get_option(name)->results();
+            argument.count_ = values.size();
+            const bool isOnce = definition.kind != kFlagArgument && !definition.isList;
+            if (isOnce && values.size() > 1) return name + ": it may be given only once";
+            try {
+                for (const std::string& value : values) argument.take_(value, definition);
+            } catch (const UsageError& error) {
+                return name + ": " + error.what();
+            }
+        }
+        return {};
+    }
+
+    CLI::App app_;
+    std::vector<Step> called_;
+};
+
+Argument& Argument::Required() {
+    definition_.isRequired = true;
+    return *this;
+}
+
+Argument& Argument::Shown(std::string value) {
+    definition_.value = std::move(value);
+    return *this;
+}
+
+Argument& Argument::Excludes(std::string option) {
+    definition_.excludes.push_back(std::move(option));
+    return *this;
+}
+
+Argument& Argument::Range(std::int64_t lowest, std::int64_t highest) {
+    definition_.range = {lowest, highest};
+    return *this;
+}
+
+Arguments::Arguments(std::string name, std::string summary, std::string version)
+    : name_(std::move(name)), summary_(std::move(summary)), version_(std::move(version)) {
+    const auto noValue = [](const std::string&, const ArgumentDefinition&) {};
+    Add(Define(kFlagArgument, std::string("-h,") + kHelp, "Print this help message and exit"),
+        noValue);
+    if (version_.empty()) return;
+    Add(Define(kFlagArgument, kVersion, "Display program version information and exit"), noValue);
+}
+
+ArgumentDefinition Arguments::Define(ArgumentKind kind, const std::string& names,
+                                     const std::string& text) {
+    ArgumentDefinition definition;
+    definition.kind = kind;
+    definition.names = CLI::detail::split(names, ',');
+    definition.text = text;
+    return definition;
+}
+
+Argument& Arguments::Add(ArgumentDefinition definition, Argument::Take take) {
+    return arguments_.emplace_back(std::move(definition), std::move(take));
+}
+
+Argument& Arguments::Flag(const std::string& names, bool& target, const std::string& text) {
+    return Add(Define(kFlagArgument, names, text),
+               [&target](const std::string& value, const ArgumentDefinition&) {
+                   target = ReadFlag(value);
+               });
+}
+
+Arguments& Arguments::Command(const std::string& name, const std::string& summary) {
+    const std::size_t space = name.find(' ');
+    if (space == name.npos) return commands_.emplace_back(name, summary);
+    const auto above = std::ranges::find(commands_, name.substr(0, space), &Arguments::name_);
+    if (above == commands_.end()) throw std::invalid_argument(name + ": under no command");
+    return above->Command(name.substr(space + 1), summary);
+}
+
+CommandDefinition Arguments::Definition() const {
+    CommandDefinition definition{name_, summary_, footer_, {}, {}, false};
+    for (const Argument& argument : arguments_) {
+        definition.arguments.push_back(argument.Definition());
+    }
+    for (const Arguments& command : commands_) {
+        definition.commands.push_back(command.Definition());
+    }
+    definition.needsCommand = !commands_.empty() && !run_;
+    return definition;
+}
+
+Call Arguments::Parse(const std::vector<std::string>& words) {
+    return ArgumentParser(*this).Parse(words);
+}
+
+}  // namespace quillory
