@@ -91,8 +91,6 @@ void CheckSame(std::string_view bytes, std::string_view again) {
                    ": no source gives these bytes; compiling it would store others");
 }
 
-}  // namespace
-
 Kind KindOfName(const std::string& path) {
     if (path.ends_with(".tfm")) return kKindFormat;
     if (path.ends_with(".hld")) return kKindHoldings;
@@ -100,18 +98,25 @@ Kind KindOfName(const std::string& path) {
     throw quillory::FileError(path + ": not named .tfm, .hld or .ttm: say what it is by --kind");
 }
 
-Status CompileFiles(Kind kind, const std::vector<std::string>& sources, const std::string& output) {
+}  // namespace
+
+Status CompileFiles(const CompileOptions& options) {
     std::vector<std::string> texts;
-    texts.reserve(sources.size());
-    for (const std::string& source : sources) texts.push_back(ContentOf(source, output));
-    Faults faults(sources);
-    const auto compiler = MakeCompiler(kind, faults);
+    texts.reserve(options.sources.size());
+    for (const std::string& source : options.sources) {
+        texts.push_back(ContentOf(source, options.output));
+    }
+    Faults faults(options.sources);
+    const auto compiler = MakeCompiler(options.kind, faults);
     compiler->Compile(texts);
-    if (faults.Empty()) WriteWhole(output, Stored(compiler->Dictionary()));
+    if (faults.Empty()) WriteWhole(options.output, Stored(compiler->Dictionary()));
     return Tell(faults);
 }
 
-Status DumpFile(Kind kind, const std::string& path, const std::string& output) {
+Status DumpFile(const DumpOptions& options) {
+    const std::string& path = options.file;
+    const std::string& output = options.output;
+    const Kind kind = options.kind ? *options.kind : KindOfName(path);
     const bool isFolder = kind == kKindWorkforms;
     if (isFolder && output == "-") throw quillory::FileError("name a folder for workforms by -o");
     const std::string bytes = ContentOf(path, output);
@@ -131,15 +136,16 @@ Status DumpFile(Kind kind, const std::string& path, const std::string& output) {
     }
 }
 
-Status JoinCodes(const std::vector<std::string>& sources, const std::string& output) {
+Status JoinCodes(const JoinOptions& options) {
     quillory::CodeStatus codes;
     std::string joined;
-    for (const std::string& source : sources) {
-        const std::string published = PublishedPart(ContentOf(source, output), source);
+    for (const std::string& source : options.sources) {
+        const std::string text = ContentOf(source, options.output);
+        const std::string published = PublishedPart(text, source);
         codes.Add(published, source);
         joined += WithoutEmptyLines(published);
     }
-    WriteWhole(output, joined);
+    WriteWhole(options.output, joined);
     return kStatusWell;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,21 +9,35 @@ namespace datatool {
 enum Kind { kKindFormat, kKindHoldings, kKindWorkforms };
 enum Status { kStatusWell = 0, kStatusFaults = 1, kStatusFailed = 2 };
 
-// The kind of data file that goes by this name. Throws quillory::FileError for any other.
-Kind KindOfName(const std::string& path);
+struct CompileOptions {
+    Kind kind = kKindFormat;
+    std::vector<std::string> sources;  // in the order of the data file
+    std::string output;
+};
+
+struct DumpOptions {
+    std::string file;
+    std::optional<Kind> kind;  // told by the file's name if not given
+    std::string output = "-";
+};
+
+struct JoinOptions {
+    std::vector<std::string> sources;
+    std::string output;
+};
 
 // The first two tell faults on standard error. They throw quillory::FileError, and
 // CArchiveException for a damaged data file.
 
 // Compiles sources into a data file, which is written only if they have no faults.
-Status CompileFiles(Kind kind, const std::vector<std::string>& sources, const std::string& output);
+Status CompileFiles(const CompileOptions& options);
 // Writes a data file as a source, or workforms as a source each into the folder `output`, which is
 // made where there is none. A file that no source gives is refused. Faults that compiling
 // would find in the source are told, and it is written all the same.
-Status DumpFile(Kind kind, const std::string& path, const std::string& output);
+Status DumpFile(const DumpOptions& options);
 
 // Checks sources of codes and joins them into the file that quillory reads. Throws
 // quillory::FileError for the first fault.
-Status JoinCodes(const std::vector<std::string>& sources, const std::string& output);
+Status JoinCodes(const JoinOptions& options);
 
 }  // namespace datatool
