@@ -25,7 +25,9 @@ install_library() {
 }
 
 build_by_cmake() {
-    cmake -S "$example" -B "$work/cmake" -DCMAKE_PREFIX_PATH="$prefix" \
+    local generator
+    generator=$(sed -n 's/^CMAKE_GENERATOR:INTERNAL=//p' "$build/CMakeCache.txt")
+    cmake -G "$generator" -S "$example" -B "$work/cmake" -DCMAKE_PREFIX_PATH="$prefix" \
         -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="${flags[*]}" > "$work/cmake.log"
     cmake --build "$work/cmake" >> "$work/cmake.log"
     cp "$work/cmake/build-record" "$work/by-cmake"
