@@ -80,8 +80,8 @@ public:
             const Arguments& program = called_.front().command;
             call.text = program.name_ + " " + program.version_ + "\n";
         } else {
-            call.error = FirstOf({FaultOfEmptyValue(words), FaultOfExtraWords(), fault,
-                                  FaultOfPlace(), FaultOfValues()});
+            call.error = FirstOf({FaultOfEmptyValue(words), FaultOfExtraWords(), FaultOfPlace(),
+                                  fault, FaultOfValues()});
             if (call.error.empty()) call.run = called_.back().command.run_;
         }
         return call;

@@ -5,10 +5,6 @@
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/CatalogFiles.h>
 
-#include <CLI/CLI.hpp>
-
-#include <memory>
-
 namespace quillory {
 namespace {
 
@@ -28,17 +24,14 @@ Status RunCatalog(const CatalogCommand& command) {
 
 }  // namespace
 
-void AddCatalog(CLI::App& program, Run& run) {
-    auto options = std::make_shared<CatalogCommand>();
-    CLI::App* command =
-        program.add_subcommand("catalog", "Make the records that files describe, from workforms");
-    command->add_option("FILE", options->files, "TOML files of descriptions; - is standard input")
-        ->required();
-    AddNewRecordOptions(*command, options->record,
-                        "The workform of records that name none, by its name or ID");
-    AddOutputOptions(*command, options->output);
-    AddMessageOptions(*command, options->messages);
-    command->callback([options, &run] { run = [options] { return RunCatalog(*options); }; });
+void DeclareCatalog(Arguments& command) {
+    CatalogCommand& options = command.Runs(RunCatalog);
+    command.Positional("FILE", options.files, "TOML files of descriptions; - is standard input")
+        .Required();
+    DeclareNewRecord(command, options.record,
+                     "The workform of records that name none, by its name or ID");
+    DeclareOutput(command, options.output);
+    DeclareMessages(command, options.messages);
 }
 
 }  // namespace quillory

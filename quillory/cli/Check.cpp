@@ -1,4 +1,3 @@
-#include <quillory/cli/Choice.h>
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputArguments.h>
 #include <quillory/cli/PolicyArguments.h>
@@ -6,8 +5,6 @@
 #include <quillory/jobs/CheckFiles.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/reports/CheckReports.h>
-
-#include <memory>
 
 namespace quillory {
 namespace {
@@ -31,20 +28,17 @@ Status RunCheck(const CheckOptions& options) {
 
 }  // namespace
 
-void AddCheck(CLI::App& program, Run& run) {
-    auto options = std::make_shared<CheckOptions>();
-    CLI::App* command =
-        program.add_subcommand("check", "Find what stops or mars records before they leave");
-    AddInputOptions(*command, options->input, options->messages);
-    AddPolicyOptions(*command, options->policy);
-    AddChoice<CheckFormat>(*command, "--format", options->report.format,
-                           {{"text", kCheckText}, {"jsonl", kCheckJsonl}, {"html", kCheckHtml}},
-                           "Form of the report; told by the name of the output if not given");
-    command->add_option("-o,--output", options->report.output,
-                        "File to write; none, or -, is standard output");
-    command->add_option("--rows", options->report.rows,
-                        "Findings that a page of HTML shows, 0 for all; it counts all in any case");
-    command->callback([options, &run] { run = [options] { return RunCheck(*options); }; });
+void DeclareCheck(Arguments& command) {
+    CheckOptions& options = command.Runs(RunCheck);
+    DeclareInput(command, options.input, options.messages);
+    DeclarePolicy(command, options.policy);
+    command.Choice("--format", options.report.format,
+                   {{"text", kCheckText}, {"jsonl", kCheckJsonl}, {"html", kCheckHtml}},
+                   "Form of the report; told by the name of the output if not given");
+    command.Option("-o,--output", options.report.output,
+                   "File to write; none, or -, is standard output");
+    command.Option("--rows", options.report.rows,
+                   "Findings that a page of HTML shows, 0 for all; it counts all in any case");
 }
 
 }  // namespace quillory

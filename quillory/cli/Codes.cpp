@@ -1,12 +1,7 @@
-#include <quillory/cli/Choice.h>
 #include <quillory/cli/Commands.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/reports/CodedDocument.h>
-
-#include <CLI/CLI.hpp>
-
-#include <memory>
 
 namespace quillory {
 namespace {
@@ -55,16 +50,14 @@ Status RunCodes(const CodesOptions& options) {
 
 }  // namespace
 
-void AddCodes(CLI::App& program, Run& run) {
-    auto options = std::make_shared<CodesOptions>();
-    CLI::App* command = program.add_subcommand("codes", "The code lists of the control fields");
-    command->add_option("LIST", options->places,
-                        "Only those of elements such as 008/35, 007s/03 or \"part 310\"");
-    AddChoice<bool>(*command, "--format", options->isJson, {{"tsv", false}, {"json", true}},
-                    "tsv, or json for a program");
-    command->add_option("-o,--output", options->output,
-                        "The file to write; standard output if not given");
-    command->callback([options, &run] { run = [options] { return RunCodes(*options); }; });
+void DeclareCodes(Arguments& command) {
+    CodesOptions& options = command.Runs(RunCodes);
+    command.Positional("LIST", options.places,
+                       "Only those of elements such as 008/35, 007s/03 or \"part 310\"");
+    command.Choice("--format", options.isJson, {{"tsv", false}, {"json", true}},
+                   "tsv, or json for a program");
+    command.Option("-o,--output", options.output,
+                   "The file to write; standard output if not given");
 }
 
 }  // namespace quillory

@@ -1,30 +1,34 @@
 #pragma once
 
-#include <quillory/jobs/Reporter.h>
-
-#include <functional>
-
-namespace CLI {
-class App;
-}
+#include <quillory/arguments/Arguments.h>
+#include <quillory/jobs/Status.h>
 
 namespace quillory {
 
-// Each adds a command to the program; `run` is what to do if it is the one that was called.
-// FileError and ClosedPipe are left to the caller.
-using Run = std::function<Status()>;
+// All commands of the program, in the order of help.
+void DeclareCommands(Arguments& program);
 
-void AddCatalog(CLI::App& program, Run& run);
-void AddCheck(CLI::App& program, Run& run);
-void AddCodes(CLI::App& program, Run& run);
-void AddConvert(CLI::App& program, Run& run);
-void AddDescribe(CLI::App& program, Run& run);
-void AddExport(CLI::App& program, Run& run);
-void AddNew(CLI::App& program, Run& run);
-void AddRecords(CLI::App& program, Run& run);
-void AddSettings(CLI::App& program, Run& run);
-void AddRepair(CLI::App& program, Run& run);
-void AddShow(CLI::App& program, Run& run);
-void AddWorkforms(CLI::App& program, Run& run);
+// The arguments of each command and what it runs. A command leaves FileError, UsageError and
+// ClosedPipe to its caller.
+void DeclareCatalog(Arguments& command);
+void DeclareCheck(Arguments& command);
+void DeclareCodes(Arguments& command);
+void DeclareConvert(Arguments& command);
+void DeclareDescribe(Arguments& command);
+void DeclareExport(Arguments& command);
+void DeclareNew(Arguments& command);
+void DeclareRecordsAdd(Arguments& command);
+void DeclareRecordsDelete(Arguments& command);
+void DeclareRecordsExport(Arguments& command);
+void DeclareRecordsList(Arguments& command);
+void DeclareRecordsShow(Arguments& command);
+void DeclareRepair(Arguments& command);
+void DeclareSettings(Arguments& command);
+void DeclareShow(Arguments& command);
+void DeclareWorkforms(Arguments& command);
+void DeclareWorkformsDelete(Arguments& command);
+void DeclareWorkformsExport(Arguments& command);
+void DeclareWorkformsImport(Arguments& command);
+void DeclareWorkformsSave(Arguments& command);
 
 }  // namespace quillory

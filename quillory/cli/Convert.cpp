@@ -4,10 +4,6 @@
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/ConvertFiles.h>
 
-#include <CLI/CLI.hpp>
-
-#include <memory>
-
 namespace quillory {
 namespace {
 
@@ -24,13 +20,10 @@ Status RunConvert(const ConvertCommand& command) {
 
 }  // namespace
 
-void AddConvert(CLI::App& program, Run& run) {
-    auto options = std::make_shared<ConvertCommand>();
-    CLI::App* command =
-        program.add_subcommand("convert", "Carry records between forms and character sets");
-    AddInputOptions(*command, options->convert.input, options->messages);
-    AddOutputOptions(*command, options->convert.output);
-    command->callback([options, &run] { run = [options] { return RunConvert(*options); }; });
+void DeclareConvert(Arguments& command) {
+    ConvertCommand& options = command.Runs(RunConvert);
+    DeclareInput(command, options.convert.input, options.messages);
+    DeclareOutput(command, options.convert.output);
 }
 
 }  // namespace quillory

@@ -1,6 +1,6 @@
-#include <quillory/cli/Choice.h>
 #include <quillory/cli/Commands.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/reports/CodedDocument.h>
 #include <quillory/reports/CodedText.h>
@@ -8,33 +8,37 @@
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
 
-#include <CLI/CLI.hpp>
-
-#include <algorithm>
 #include <functional>
-#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace quillory {
 namespace {
 
 struct DescribeOptions {
     std::vector<std::string> words;  // of what is to be described
-    std::string what;
     bool subfields = false;
     std::string search;
     bool holdings = false;
     bool isJson = false;
     std::string userDefined;
-    int display = -1;  // as the settings have it
+    std::optional<int> display;  // as the settings have it if not given
 };
+
+// What is to be described, of one word or several: 245, part 310, a holdings type.
+std::string Joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+    return text;
+}
 
 using Printer = std::function<std::string(const Document&)>;
 
 zorby::EDISPLAYOPTIONS DisplayOf(const DescribeOptions& options) {
-    const int display = options.display >= 0
-                            ? options.display
-                            : zorby::GetZorbyProfileInt(zorby::ZP_DisplayNameOrMARC);
-    return static_cast<zorby::EDISPLAYOPTIONS>(display);
+    return static_cast<zorby::EDISPLAYOPTIONS>(
+        options.display ? *options.display
+                        : zorby::GetZorbyProfileInt(zorby::ZP_DisplayNameOrMARC));
 }
 
 Status Print(const Document& document, const Printer& printer, const DescribeOptions& options) {
@@ -49,8 +53,7 @@ Status Unknown(const std::string& what) {
 }
 
 // 245, 245a, 245$a or 245/2.
-Status DescribePlace(const DescribeOptions& options) {
-    const std::string& what = options.what;
+Status DescribePlace(const std::string& what, const DescribeOptions& options) {
     const zorby::EDISPLAYOPTIONS display = DisplayOf(options);
     const bool hasTag = what.size() >= 3 && what.find_first_not_of("0123456789") >= 3;
     if (!hasTag) {
@@ -75,8 +78,7 @@ Status DescribePlace(const DescribeOptions& options) {
                               : Print(document, SubfieldText, options);
 }
 
-Status DescribeHoldings(const DescribeOptions& options) {
-    const std::string& type = options.what;
+Status DescribeHoldings(const std::string& type, const DescribeOptions& options) {
     if (type.empty()) return Print(DescribeHoldingsTypes(), HoldingsTypesText, options);
     const Document document = DescribeHoldingsType(type);
     if (document.is_null()) return Unknown("holdings type " + type);
@@ -84,56 +86,52 @@ Status DescribeHoldings(const DescribeOptions& options) {
 }
 
 // leader/06, 008/18, 007c/01, part 310; or all elements of a field.
-Status DescribeCodedPlace(const DescribeOptions& options) {
-    const NamedPlace place = FindPlace(options.what);
+Status DescribeCodedPlace(const std::string& what, const DescribeOptions& options) {
+    const NamedPlace place = FindPlace(what);
     if (!place.error.empty()) throw FileError(place.error);
-    const bool isOne = options.what.find_first_of("/ ") != options.what.npos;
+    const bool isOne = what.find_first_of("/ ") != what.npos;
     return Print(DescribeElements(place.elements, LoadCodeLists()),
                  isOne ? ElementsText : ElementNamesText, options);
 }
 
 Status RunDescribe(const DescribeOptions& options) {
+    const std::string what = Joined(options.words);
     const bool isPlace = !options.holdings && options.search.empty();
-    if (isPlace && IsCodedPlace(options.what)) return DescribeCodedPlace(options);
+    if (isPlace && what.empty()) {
+        throw UsageError(
+            "describe what? A field such as 245, an element such as 008/18; quillory "
+            "describe --help tells more");
+    }
+    if (isPlace && IsCodedPlace(what)) return DescribeCodedPlace(what, options);
     LoadSettings();
     if (!LoadDictionaries(options.userDefined)) return kStatusFailed;
-    if (options.holdings) return DescribeHoldings(options);
+    if (options.holdings) return DescribeHoldings(what, options);
     if (!options.search.empty()) {
         return Print(SearchDictionary(options.search, DisplayOf(options)), SearchText, options);
     }
-    return DescribePlace(options);
+    return DescribePlace(what, options);
 }
 
 }  // namespace
 
-void AddDescribe(CLI::App& program, Run& run) {
-    auto options = std::make_shared<DescribeOptions>();
-    CLI::App* command =
-        program.add_subcommand("describe", "What is known of fields, codes and holdings");
-    command->add_option("WHAT", options->words,
-                        "A field 245, a subfield 245a, an indicator 245/2, an element leader/06, "
-                        "008/18, 007c/01 or part 310, or a holdings type");
-    command->add_flag("--subfields", options->subfields, "With the field's subfields");
-    command->add_option("--search", options->search, "Find names that have all these words");
-    command->add_flag("--holdings", options->holdings,
-                      "The holdings systems, or the elements of the one named by WHAT");
-    AddChoice<bool>(*command, "--format", options->isJson, {{"text", false}, {"json", true}},
-                    "text, or json for a program");
-    command->add_option("--user-defined", options->userDefined,
-                        "Fields and subfields of your own, such as \"590ab 591-595\"");
+void DeclareDescribe(Arguments& command) {
+    DescribeOptions& options = command.Runs(RunDescribe);
+    command.Positional("WHAT", options.words,
+                       "A field 245, a subfield 245a, an indicator 245/2, an element leader/06, "
+                       "008/18, 007c/01 or part 310, or a holdings type");
+    command.Flag("--subfields", options.subfields, "With the field's subfields");
+    command.Option("--search", options.search, "Find names that have all these words");
+    command.Flag("--holdings", options.holdings,
+                 "The holdings systems, or the elements of the one named by WHAT");
+    command.Choice("--format", options.isJson, {{"text", false}, {"json", true}},
+                   "text, or json for a program");
+    command.Option("--user-defined", options.userDefined,
+                   "Fields and subfields of your own, such as \"590ab 591-595\"");
     command
-        ->add_option("--display", options->display,
-                     "0 name and code, 1 name, 2 code and name, 3 code; as in the settings if not "
-                     "given")
-        ->check(CLI::Range(0, 3))
-        ->option_text("0|1|2|3");
-    command->callback([options, command, &run] {
-        options->what = CLI::detail::join(options->words, " ");
-        if (options->what.empty() && options->search.empty() && !options->holdings) {
-            throw CLI::ParseError("describe what? " + command->help(), 2);
-        }
-        run = [options] { return RunDescribe(*options); };
-    });
+        .Option("--display", options.display,
+                "0 name and code, 1 name, 2 code and name, 3 code; as in the settings if not given")
+        .Range(0, 3)
+        .Shown("0|1|2|3");
 }
 
 }  // namespace quillory

@@ -5,10 +5,6 @@
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/ExportFiles.h>
 
-#include <CLI/CLI.hpp>
-
-#include <memory>
-
 namespace quillory {
 namespace {
 
@@ -17,16 +13,16 @@ struct ExportCommand {
     ReporterOptions messages;
 };
 
-void AddHoldingsOptions(CLI::App& command, HoldingsOptions& options) {
-    command.add_option("--holdings", options.file,
-                       "The copies of the records, as tab-separated text or JSON lines; those that "
-                       "records hold if not given");
-    command.add_option("--holdings-type", options.type,
-                       "The holdings system to write for, by name or number; that of the settings "
-                       "if not given");
-    command.add_option("--holdings-from", options.from,
-                       "The holdings system whose fields the records hold; the one to write for if "
-                       "not given");
+void DeclareHoldings(Arguments& command, HoldingsOptions& options) {
+    command.Option("--holdings", options.file,
+                   "The copies of the records, as tab-separated text or JSON lines; those that "
+                   "records hold if not given");
+    command.Option("--holdings-type", options.type,
+                   "The holdings system to write for, by name or number; that of the settings "
+                   "if not given");
+    command.Option("--holdings-from", options.from,
+                   "The holdings system whose fields the records hold; the one to write for if "
+                   "not given");
 }
 
 Status RunExport(const ExportCommand& command) {
@@ -37,15 +33,12 @@ Status RunExport(const ExportCommand& command) {
 
 }  // namespace
 
-void AddExport(CLI::App& program, Run& run) {
-    auto options = std::make_shared<ExportCommand>();
-    CLI::App* command =
-        program.add_subcommand("export", "Check records, and write those that may leave");
-    AddInputOptions(*command, options->records.input, options->messages);
-    AddOutputOptions(*command, options->records.output);
-    AddPolicyOptions(*command, options->records.policy);
-    AddHoldingsOptions(*command, options->records.holdings);
-    command->callback([options, &run] { run = [options] { return RunExport(*options); }; });
+void DeclareExport(Arguments& command) {
+    ExportCommand& options = command.Runs(RunExport);
+    DeclareInput(command, options.records.input, options.messages);
+    DeclareOutput(command, options.records.output);
+    DeclarePolicy(command, options.records.policy);
+    DeclareHoldings(command, options.records.holdings);
 }
 
 }  // namespace quillory

@@ -5,10 +5,7 @@
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/MakeRecord.h>
 
-#include <CLI/CLI.hpp>
-
 #include <iostream>
-#include <memory>
 #include <unistd.h>
 
 namespace quillory {
@@ -50,17 +47,15 @@ Status RunNew(const NewOptions& options) {
 
 }  // namespace
 
-void AddNew(CLI::App& program, Run& run) {
-    auto options = std::make_shared<NewOptions>();
-    CLI::App* command = program.add_subcommand("new", "Make a record from a workform");
-    AddNewRecordOptions(*command, options->record,
-                        "The workform, by its name or ID; that of --from if not given");
-    command->add_option("--from", options->from, "A TOML file that describes the record");
-    command->add_flag("--no-input", options->noInput, "Ask nothing, even on a terminal");
-    command->add_flag("--all", options->all, "Ask for every subfield of the workform");
-    AddOutputOptions(*command, options->output);
-    command->add_flag("-q,--quiet", options->quiet, "No summary");
-    command->callback([options, &run] { run = [options] { return RunNew(*options); }; });
+void DeclareNew(Arguments& command) {
+    NewOptions& options = command.Runs(RunNew);
+    DeclareNewRecord(command, options.record,
+                     "The workform, by its name or ID; that of --from if not given");
+    command.Option("--from", options.from, "A TOML file that describes the record");
+    command.Flag("--no-input", options.noInput, "Ask nothing, even on a terminal");
+    command.Flag("--all", options.all, "Ask for every subfield of the workform");
+    DeclareOutput(command, options.output);
+    command.Flag("-q,--quiet", options.quiet, "No summary");
 }
 
 }  // namespace quillory

@@ -1,24 +1,21 @@
 #pragma once
 
+#include <quillory/arguments/Arguments.h>
 #include <quillory/jobs/NewRecords.h>
 
 #include <string>
+#include <utility>
 #include <vector>
-
-namespace CLI {
-class App;
-}
 
 namespace quillory {
 
 // What the command line says of new records.
 struct NewRecordChoice {
     std::string workform;
-    std::vector<std::string> sets;  // "245a=Title"
+    std::vector<std::pair<std::string, std::string>> sets;  // "245a" and "Title"
 };
 
-void AddNewRecordOptions(CLI::App& command, NewRecordChoice& choice,
-                         const std::string& workformHelp);
+void DeclareNewRecord(Arguments& command, NewRecordChoice& choice, const std::string& workformText);
 
 // Throws UsageError for a --set that can't be read.
 NewRecordOptions NewRecordOptionsOf(const NewRecordChoice& choice);

@@ -1,29 +1,27 @@
-#include <quillory/cli/Choice.h>
 #include <quillory/cli/InputArguments.h>
 #include <quillory/cli/OutputArguments.h>
 
 namespace quillory {
 
-void AddOutputOptions(CLI::App& command, OutputOptions& options) {
-    command.add_option("-o,--output", options.output,
-                       "Where the records go; standard output if not given");
-    AddFormOption(command, "--to", options.form,
-                  "Form of the output; told by its name, or marc, if not given");
-    AddCharsetOption(
+void DeclareOutput(Arguments& command, OutputOptions& options) {
+    command.Option("-o,--output", options.output,
+                   "Where the records go; standard output if not given");
+    DeclareForm(command, "--to", options.form,
+                "Form of the output; told by its name, or marc, if not given");
+    DeclareCharset(
         command, "--to-charset", options.charset,
         "Character set of the output; as it is, or utf8 for marcxml and jsonl, if not given");
-    AddChoice<NormalForm>(command, "--normalize", options.normalForm,
-                          {{"nfc", kNormalFormC}, {"nfd", kNormalFormD}},
-                          "Normal form of UTF-8; nfc if not given");
-    command.add_option("--rejects", options.rejects,
-                       "Where the bytes of everything go that is not written");
-    AddChoice<Oversize>(
-        command, "--oversize", options.oversize,
-        {{"refuse", kOversizeRefuse}, {"cut", kOversizeCut}},
-        "A field of over 9,999 bytes, or a record of over 99,999: refuse the record, or "
-        "cut it; refuse if not given");
-    command.add_flag("--each-loss", options.eachLoss,
-                     "Report the characters not carried for each record, too");
+    command.Choice("--normalize", options.normalForm,
+                   {{"nfc", kNormalFormC}, {"nfd", kNormalFormD}},
+                   "Normal form of UTF-8; nfc if not given");
+    command.Option("--rejects", options.rejects,
+                   "Where the bytes of everything go that is not written");
+    command.Choice("--oversize", options.oversize,
+                   {{"refuse", kOversizeRefuse}, {"cut", kOversizeCut}},
+                   "A field of over 9,999 bytes, or a record of over 99,999: refuse the record, or "
+                   "cut it; refuse if not given");
+    command.Flag("--each-loss", options.eachLoss,
+                 "Report the characters not carried for each record, too");
 }
 
 }  // namespace quillory

@@ -1,14 +1,11 @@
 #pragma once
 
+#include <quillory/arguments/Arguments.h>
 #include <quillory/jobs/WriteRecords.h>
-
-namespace CLI {
-class App;
-}
 
 namespace quillory {
 
 // Where a command writes records, and how.
-void AddOutputOptions(CLI::App& command, OutputOptions& options);
+void DeclareOutput(Arguments& command, OutputOptions& options);
 
 }  // namespace quillory

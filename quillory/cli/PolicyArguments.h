@@ -1,14 +1,11 @@
 #pragma once
 
+#include <quillory/arguments/Arguments.h>
 #include <quillory/jobs/RecordPolicy.h>
-
-namespace CLI {
-class App;
-}
 
 namespace quillory {
 
 // What a command that checks records holds them to.
-void AddPolicyOptions(CLI::App& command, PolicyOptions& options);
+void DeclarePolicy(Arguments& command, PolicyOptions& options);
 
 }  // namespace quillory

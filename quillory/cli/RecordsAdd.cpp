@@ -1,11 +1,7 @@
+#include <quillory/cli/Commands.h>
 #include <quillory/cli/InputArguments.h>
-#include <quillory/cli/RecordsCommands.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/StoreJobs.h>
-
-#include <CLI/CLI.hpp>
-
-#include <memory>
 
 namespace quillory {
 namespace {
@@ -23,13 +19,11 @@ Status RunAdd(const AddCommand& command) {
 
 }  // namespace
 
-void AddRecordsAdd(CLI::App& records, Run& run) {
-    auto options = std::make_shared<AddCommand>();
-    CLI::App* command = records.add_subcommand("add", "Add the records of files to the store");
-    AddInputOptions(*command, options->records.input, options->messages);
-    command->add_option("--rejects", options->records.rejects,
-                        "Where the bytes of everything go that is not added");
-    command->callback([options, &run] { run = [options] { return RunAdd(*options); }; });
+void DeclareRecordsAdd(Arguments& command) {
+    AddCommand& options = command.Runs(RunAdd);
+    DeclareInput(command, options.records.input, options.messages);
+    command.Option("--rejects", options.records.rejects,
+                   "Where the bytes of everything go that is not added");
 }
 
 }  // namespace quillory

@@ -7,10 +7,6 @@
 #include <quillory/jobs/RepairFiles.h>
 #include <quillory/reports/RepairMessages.h>
 
-#include <CLI/CLI.hpp>
-
-#include <memory>
-
 namespace quillory {
 namespace {
 
@@ -55,23 +51,20 @@ Status RunRepair(const RepairCommand& command) {
 
 }  // namespace
 
-void AddRepair(CLI::App& program, Run& run) {
-    auto options = std::make_shared<RepairCommand>();
-    CLI::App* command =
-        program.add_subcommand("repair", "Put the coded control fields of records right");
-    command->footer(kDetails);
-    AddInputOptions(*command, options->repair.input, options->messages);
-    AddOutputOptions(*command, options->repair.output);
-    command->add_flag("--strict", options->repair.repair.strict,
-                      "Replace what the library's lists lack, even if the format allows it");
-    command->add_option("--report", options->report,
-                        "Where each repair and each value kept is told as a line of JSON");
+void DeclareRepair(Arguments& command) {
+    RepairCommand& options = command.Runs(RunRepair);
+    command.Footer(kDetails);
+    DeclareInput(command, options.repair.input, options.messages);
+    DeclareOutput(command, options.repair.output);
+    command.Flag("--strict", options.repair.repair.strict,
+                 "Replace what the library's lists lack, even if the format allows it");
+    command.Option("--report", options.report,
+                   "Where each repair and each value kept is told as a line of JSON");
     command
-        ->add_flag("-n,--dry-run", options->repair.isDryRun,
-                   "Write no records, only say what would be repaired")
-        ->excludes("--output")
-        ->excludes("--rejects");
-    command->callback([options, &run] { run = [options] { return RunRepair(*options); }; });
+        .Flag("-n,--dry-run", options.repair.isDryRun,
+              "Write no records, only say what would be repaired")
+        .Excludes("--output")
+        .Excludes("--rejects");
 }
 
 }  // namespace quillory

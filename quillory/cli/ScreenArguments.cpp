@@ -1,30 +1,23 @@
 #include <quillory/cli/ScreenArguments.h>
 #include <quillory/jobs/Library.h>
 
-#include <CLI/CLI.hpp>
-
 #include <cstdlib>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace quillory {
 
-void AddScreenOptions(CLI::App& command, ScreenChoice& choice) {
-    command.add_flag("--names", choice.names, "With the names of fields and subfields");
-    command.add_flag("--decode", choice.decode,
-                     "With Leader, 006, 007 and 008 spelled out; a question mark stands before "
-                     "what the format has not");
-    AddWidthOption(command, choice);
+void DeclareScreen(Arguments& command, ScreenChoice& choice) {
+    command.Flag("--names", choice.names, "With the names of fields and subfields");
+    command.Flag("--decode", choice.decode,
+                 "With Leader, 006, 007 and 008 spelled out; a question mark stands before what "
+                 "the format has not");
+    DeclareWidth(command, choice);
 }
 
-void AddWidthOption(CLI::App& command, ScreenChoice& choice) {
-    command.add_option_function<std::size_t>(
-        "--width",
-        [&choice](std::size_t width) {
-            choice.width = width;
-            choice.widthGiven = true;
-        },
-        "Columns of a line, 0 for no limit; the terminal's if not given");
+void DeclareWidth(Arguments& command, ScreenChoice& choice) {
+    command.Option("--width", choice.width,
+                   "Columns of a line, 0 for no limit; the terminal's if not given");
 }
 
 ShowOptions ShowOptionsOf(const ScreenChoice& choice) {
@@ -35,8 +28,8 @@ ShowOptions ShowOptionsOf(const ScreenChoice& choice) {
     const char* noColour = std::getenv("NO_COLOR");
     screen.colour = terminal && (noColour == nullptr || *noColour == 0);
     winsize size{};
-    if (choice.widthGiven) {
-        screen.width = choice.width;
+    if (choice.width) {
+        screen.width = *choice.width;
     } else if (terminal && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) {
         screen.width = size.ws_col;
     }

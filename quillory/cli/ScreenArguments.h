@@ -1,24 +1,23 @@
 #pragma once
 
+#include <quillory/arguments/Arguments.h>
 #include <quillory/reports/RecordShower.h>
 
-namespace CLI {
-class App;
-}
+#include <cstddef>
+#include <optional>
 
 namespace quillory {
 
 // How a person wants to see records.
 struct ScreenChoice {
-    std::size_t width = 0;
-    bool widthGiven = false;  // else the terminal's
+    std::optional<std::size_t> width;  // the terminal's if not given
     bool names = false;
     bool decode = false;
 };
 
-void AddScreenOptions(CLI::App& command, ScreenChoice& choice);
+void DeclareScreen(Arguments& command, ScreenChoice& choice);
 // That of them that says how wide the lines are.
-void AddWidthOption(CLI::App& command, ScreenChoice& choice);
+void DeclareWidth(Arguments& command, ScreenChoice& choice);
 
 // With the width and the colours of what goes to standard output.
 ShowOptions ShowOptionsOf(const ScreenChoice& choice);

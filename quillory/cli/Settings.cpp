@@ -3,10 +3,8 @@
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/Settings.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
-#include <memory>
+#include <optional>
 #include <string_view>
 
 namespace quillory {
@@ -14,8 +12,7 @@ namespace {
 
 struct SettingsOptions {
     std::string key;
-    std::string value;
-    bool hasValue = false;
+    std::optional<std::string> value;  // to write
     bool holdings = false;
 };
 
@@ -39,8 +36,8 @@ Status RunHoldings(const SettingsOptions& options, const std::string& name) {
         for (const SettingRow& row : ListHoldingsSettings()) {
             text += "holdings." + Padded(row.name, 36) + " " + row.value + "\n";
         }
-    } else if (options.hasValue) {
-        ChangeHoldingsSetting(name, options.value);
+    } else if (options.value) {
+        ChangeHoldingsSetting(name, *options.value);
     } else {
         text = ReadHoldingsSetting(name) + "\n";
     }
@@ -66,8 +63,8 @@ Status RunSettings(const SettingsOptions& options) {
     }
     if (options.key.empty()) {
         Print(ListText());
-    } else if (options.hasValue) {
-        ChangeSetting(options.key, options.value);
+    } else if (options.value) {
+        ChangeSetting(options.key, *options.value);
     } else {
         Print(ReadSetting(options.key) + "\n");
     }
@@ -76,17 +73,12 @@ Status RunSettings(const SettingsOptions& options) {
 
 }  // namespace
 
-void AddSettings(CLI::App& program, Run& run) {
-    auto options = std::make_shared<SettingsOptions>();
-    CLI::App* command = program.add_subcommand("settings", "List, read and write the settings");
-    command->add_option("KEY", options->key,
-                        "A key by name or number, or holdings.NAME; none lists all");
-    CLI::Option* value = command->add_option("VALUE", options->value, "The value to write");
-    command->add_flag("--holdings", options->holdings, "List the holdings settings");
-    command->callback([options, value, &run] {
-        options->hasValue = value->count() > 0;
-        run = [options] { return RunSettings(*options); };
-    });
+void DeclareSettings(Arguments& command) {
+    SettingsOptions& options = command.Runs(RunSettings);
+    command.Positional("KEY", options.key,
+                       "A key by name or number, or holdings.NAME; none lists all");
+    command.Positional("VALUE", options.value, "The value to write");
+    command.Flag("--holdings", options.holdings, "List the holdings settings");
 }
 
 }  // namespace quillory

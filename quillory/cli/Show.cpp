@@ -3,10 +3,7 @@
 #include <quillory/cli/ScreenArguments.h>
 #include <quillory/cli/TerminalPort.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
-#include <memory>
 
 namespace quillory {
 namespace {
@@ -38,13 +35,11 @@ Status RunShow(const ShowCommand& options) {
 
 }  // namespace
 
-void AddShow(CLI::App& program, Run& run) {
-    auto options = std::make_shared<ShowCommand>();
-    CLI::App* command = program.add_subcommand("show", "Show records as a person reads them");
-    AddInputOptions(*command, options->input, options->messages);
-    AddScreenOptions(*command, options->screen);
-    command->add_option("--record", options->record, "Only the record of this number, from 1");
-    command->callback([options, &run] { run = [options] { return RunShow(*options); }; });
+void DeclareShow(Arguments& command) {
+    ShowCommand& options = command.Runs(RunShow);
+    DeclareInput(command, options.input, options.messages);
+    DeclareScreen(command, options.screen);
+    command.Option("--record", options.record, "Only the record of this number, from 1");
 }
 
 }  // namespace quillory

@@ -1,26 +1,22 @@
+#include <quillory/cli/Commands.h>
 #include <quillory/cli/ScreenArguments.h>
 #include <quillory/cli/TerminalPort.h>
-#include <quillory/cli/WorkformsCommands.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/reports/WorkformScreen.h>
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
-#include <memory>
-#include <utility>
 
 namespace quillory {
 namespace {
 
 struct WorkformsOptions {
     std::string name;  // empty for the list
-    bool json = false;
+    bool isJson = false;
     ScreenChoice screen;
 };
 
-std::string JsonText(const Document& document, int indent) {
-    return document.dump(indent, ' ', false, Document::error_handler_t::replace) + "\n";
+std::string JsonText(const Document& document) {
+    return document.dump(2, ' ', false, Document::error_handler_t::replace) + "\n";
 }
 
 // The rows of all that can be read; of the others is said why not.
@@ -58,10 +54,10 @@ Status List(const WorkformsOptions& options, const WorkformCatalog& catalog,
     const std::vector<Document> users = RowsOf(catalog.Users(), catalog, reporter, status);
     SortByMaterial(standard);
     std::string text;
-    if (options.json) {
-        for (const auto* rows : {&std::as_const(standard), &users}) {
-            for (const Document& row : *rows) text += JsonText(row, -1);
-        }
+    if (options.isJson) {
+        Document all = standard;
+        for (const Document& row : users) all.push_back(row);
+        text = JsonText(all);
     } else {
         text = WorkformRowsText(standard, false);
         if (!users.empty()) text += "\n" + WorkformRowsText(users, true);
@@ -81,8 +77,8 @@ Status Show(const WorkformsOptions& options, const WorkformCatalog& catalog) {
     const ShowOptions shown = ShowOptionsOf(options.screen);
     const ScreenOptions screen{shown.width, shown.colour, {}, {}};
     Output output("-");
-    output.Write(options.json
-                     ? JsonText(document, 2)
+    output.Write(options.isJson
+                     ? JsonText(document)
                      : WorkformScreenText(document, ControlFieldsOf(*workform, decoder), screen));
     output.Finish();
     return kStatusWell;
@@ -99,30 +95,13 @@ Status RunWorkforms(const WorkformsOptions& options) {
 
 }  // namespace
 
-void AddWorkforms(CLI::App& program, Run& run) {
-    auto options = std::make_shared<WorkformsOptions>();
-    CLI::App* command = program.add_subcommand(
-        "workforms", "The patterns of new records: list, show, make your own");
-    CLI::Option* name = command->add_option(
-        "NAME", options->name, "Show this workform, by its name or ID; none lists all");
-    CLI::Option* json = command->add_flag("--json", options->json, "JSON, for a program");
-    AddWidthOption(*command, options->screen);
-    command->require_subcommand(0, 1);
-    AddWorkformsSave(*command, run);
-    AddWorkformsDelete(*command, run);
-    AddWorkformsExport(*command, run);
-    AddWorkformsImport(*command, run);
-    command->callback([options, command, name, json, &run] {
-        const auto called = command->get_subcommands();
-        if (called.empty()) {
-            run = [options] { return RunWorkforms(*options); };
-        } else if (name->count() + json->count() > 0) {
-            throw CLI::ParseError("nothing may stand between workforms and " +
-                                      called.front()->get_name() +
-                                      "; a workform of that name is shown by its ID",
-                                  kStatusFailed);
-        }
-    });
+void DeclareWorkforms(Arguments& command) {
+    WorkformsOptions& options = command.Runs(RunWorkforms);
+    command.Positional("NAME", options.name,
+                       "Show this workform, by its name or ID; none lists all");
+    command.Choice("--format", options.isJson, {{"text", false}, {"json", true}},
+                   "text, or json for a program");
+    DeclareWidth(command, options.screen);
 }
 
 }  // namespace quillory

@@ -1,10 +1,6 @@
+#include <quillory/cli/Commands.h>
 #include <quillory/cli/TerminalPort.h>
-#include <quillory/cli/WorkformsCommands.h>
 #include <quillory/jobs/SaveWorkform.h>
-
-#include <CLI/CLI.hpp>
-
-#include <memory>
 
 namespace quillory {
 namespace {
@@ -23,28 +19,21 @@ Status RunDelete(const std::vector<std::string>& names) {
 
 }  // namespace
 
-void AddWorkformsSave(CLI::App& workforms, Run& run) {
-    auto options = std::make_shared<WorkformSaveOptions>();
-    CLI::App* command =
-        workforms.add_subcommand("save", "Make a workform of your own from another");
-    command->add_option("NAME", options->name, "What it is to be called")->required();
-    command->add_option("--from", options->from, "The workform that it begins as, by name or ID")
-        ->required();
+void DeclareWorkformsSave(Arguments& command) {
+    WorkformSaveOptions& options = command.Runs(RunSave);
+    command.Positional("NAME", options.name, "What it is to be called").Required();
+    command.Option("--from", options.from, "The workform that it begins as, by name or ID")
+        .Required();
     command
-        ->add_option("--set", options->settings,
-                     "A text that new records begin with, as 040a=TEXT; may be given again")
-        ->take_all()
-        ->allow_extra_args(false);
-    command->add_flag("--force", options->force, "Replace a workform of your own of that name");
-    command->callback([options, &run] { run = [options] { return RunSave(*options); }; });
+        .Option("--set", options.settings,
+                "A text that new records begin with, as 040a=TEXT; may be given again")
+        .Shown("PLACE=TEXT");
+    command.Flag("--force", options.force, "Replace a workform of your own of that name");
 }
 
-void AddWorkformsDelete(CLI::App& workforms, Run& run) {
-    auto names = std::make_shared<std::vector<std::string>>();
-    CLI::App* command =
-        workforms.add_subcommand("delete", "Delete workforms of your own, all of these or none");
-    command->add_option("NAME", *names, "Workforms, by name or ID")->required();
-    command->callback([names, &run] { run = [names] { return RunDelete(*names); }; });
+void DeclareWorkformsDelete(Arguments& command) {
+    std::vector<std::string>& names = command.Runs(RunDelete);
+    command.Positional("NAME", names, "Workforms, by name or ID").Required();
 }
 
 }  // namespace quillory

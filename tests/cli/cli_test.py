@@ -180,6 +180,42 @@ class Roads(Cli):
             self.assertIn(b": Bad file descriptor", done.stderr)
 
 
+class StandardOutput(Cli):
+    """Every command that prints fails in one way where it can't, and is quiet when nobody reads."""
+
+    COMMANDS = (["--help"], ["--version"], ["workforms", "--help"], ["convert", SAMPLES],
+                ["show", SAMPLES], ["check", SAMPLES], ["export", SAMPLES], ["repair", SAMPLES],
+                ["describe", "245"], ["codes"], ["new", "-w", "1"], ["workforms"],
+                ["workforms", "1"], ["settings"], ["settings", "--holdings"], ["settings", "12"],
+                ["records", "list"])
+
+    def setUp(self):
+        super().setUp()
+        os.environ["QUILLORY_HOME"] = str(self.folder / "home")
+        self.addCleanup(os.environ.pop, "QUILLORY_HOME")
+        self.assertIn(run("records", "add", SAMPLES)[0], (0, 1))
+
+    @unittest.skipUnless(os.path.exists("/dev/full"), "no /dev/full")
+    def test_a_full_disk_is_a_failure_with_a_reason(self):
+        for command in self.COMMANDS:
+            with self.subTest(command=command), open("/dev/full", "wb") as full:
+                done = subprocess.run([QUILLORY, *command], stdin=subprocess.DEVNULL, stdout=full,
+                                      stderr=subprocess.PIPE, timeout=60)
+                self.assertEqual(done.returncode, 2)
+                self.assertIn(b"standard output: can't be written: No space left", done.stderr)
+
+    def test_a_closed_pipe_is_no_failure(self):
+        for command in self.COMMANDS:
+            with self.subTest(command=command):
+                read, write = os.pipe()
+                os.close(read)
+                done = subprocess.run([QUILLORY, *command], stdin=subprocess.DEVNULL, stdout=write,
+                                      stderr=subprocess.PIPE, timeout=60)
+                os.close(write)
+                self.assertIn(done.returncode, (0, 1))
+                self.assertNotIn(b"standard output", done.stderr)
+
+
 class Damage(Cli):
     def setUp(self):
         super().setUp()

@@ -67,7 +67,7 @@ class New(NewRecords):
         for arguments, reason in [
                 (["-w", "Boks"], 'there is no workform "Boks"'),
                 ([], "which workform?"),
-                (["-w", BOOK, "-s", "245a"], "--set 245a: is no PLACE=TEXT"),
+                (["-w", BOOK, "-s", "245a"], "--set: 245a is not PLACE=TEXT"),
                 (["-w", BOOK, "-s", "245=Title"], "--set 245: a whole field is"),
                 (["-w", BOOK, "-s", "008/22=Q"], '"Q" is no code of 008/22 (Target audience)'),
                 (["-w", BOOK, "-s", "language=xyz"], '"xyz" is no code of 008/35-37 (Language)'),

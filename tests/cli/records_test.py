@@ -30,7 +30,7 @@ class Records(Cli):
         return out, err
 
     def listed(self, *options, status=0):
-        out, _ = self.records("list", "--json", *options, status=status)
+        out, _ = self.records("list", "--format", "jsonl", *options, status=status)
         return [json.loads(line) for line in out.splitlines()]
 
     def ids(self, *options, status=0):

@@ -42,11 +42,11 @@ class Workforms(Cli):
         return err
 
     def listed(self, status=0):
-        out, _ = self.workforms("--json", status=status)
-        return {row["name"]: row for row in map(json.loads, out.splitlines())}
+        out, _ = self.workforms("--format", "json", status=status)
+        return {row["name"]: row for row in json.loads(out)}
 
     def shown(self, name):
-        return json.loads(self.workforms("--json", name)[0])
+        return json.loads(self.workforms("--format", "json", name)[0])
 
     def rows(self):
         store = sqlite3.connect(self.home / "quillory.db")
@@ -177,7 +177,7 @@ class Faults(Workforms):
             (("export", "-", BOOK), "is a standard workform"),
             (("export", self.path("x.ttm"), "Map"), '"Map" is a standard workform'),
             (("export", self.path("x.ttm")), "there are no workforms of your own to export"),
-            (("--json", "save", "x", "--from", "1"), "nothing may stand between workforms and save"),
+            (("--format", "json", "save"), "nothing may stand between workforms and save"),
             (("import", self.path("absent")), "absent: "),
         ]
         for arguments, reason in cases:

@@ -1,0 +1,48 @@
+#include <quillory/cli/Commands.h>
+
+namespace quillory {
+namespace {
+
+struct CommandRow {
+    const char* name;
+    const char* summary;
+    void (*declare)(Arguments& command);  // null if it does nothing without one under it
+};
+
+constexpr CommandRow kCommands[] = {
+    {"convert", "Carry records between forms and character sets", DeclareConvert},
+    {"export", "Check records, and write those that may leave", DeclareExport},
+    {"show", "Show records as a person reads them", DeclareShow},
+    {"check", "Find what stops or mars records before they leave", DeclareCheck},
+    {"repair", "Put the coded control fields of records right", DeclareRepair},
+    {"describe", "What is known of fields, codes and holdings", DeclareDescribe},
+    {"codes", "The code lists of the control fields", DeclareCodes},
+    {"new", "Make a record from a workform", DeclareNew},
+    {"catalog", "Make the records that files describe, from workforms", DeclareCatalog},
+    {"records", "The records that quillory keeps", nullptr},
+    {"records add", "Add the records of files to the store", DeclareRecordsAdd},
+    {"records list", "List the store: ID, control number, type and level (leader 06-07), title",
+     DeclareRecordsList},
+    {"records show", "Show records of the store as a person reads them", DeclareRecordsShow},
+    {"records delete", "Delete records from the store", DeclareRecordsDelete},
+    {"records export", "Write records of the store to a file", DeclareRecordsExport},
+    {"workforms", "The patterns of new records: list, show, make your own", DeclareWorkforms},
+    {"workforms save", "Make a workform of your own from another", DeclareWorkformsSave},
+    {"workforms delete", "Delete workforms of your own, all of these or none",
+     DeclareWorkformsDelete},
+    {"workforms export", "Write workforms of your own to a file", DeclareWorkformsExport},
+    {"workforms import", "Add the workforms of an exported file, all of them or none",
+     DeclareWorkformsImport},
+    {"settings", "List, read and write the settings", DeclareSettings},
+};
+
+}  // namespace
+
+void DeclareCommands(Arguments& program) {
+    for (const CommandRow& row : kCommands) {
+        Arguments& command = program.Command(row.name, row.summary);
+        if (row.declare != nullptr) row.declare(command);
+    }
+}
+
+}  // namespace quillory
