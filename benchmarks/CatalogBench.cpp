@@ -1,5 +1,5 @@
 #include <quillory/cataloging/RecordMaker.h>
-#include <quillory/exchange/RecordWriter.h>
+#include <quillory/exchange/MarcWriter.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/platform/ApplicationPort.h>
 #include <zorby/workforms/TemplateList.h>

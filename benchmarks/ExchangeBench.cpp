@@ -1,7 +1,7 @@
 #include <quillory/exchange/Form.h>
 #include <quillory/exchange/MarcReader.h>
+#include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/Recoder.h>
-#include <quillory/exchange/RecordWriter.h>
 #include <quillory/text/TextConverter.h>
 
 #include <benchmark/benchmark.h>
@@ -120,11 +120,12 @@ BENCHMARK_CAPTURE(CarryRecords, unchanged, kCharsetAuto)->Unit(benchmark::kMilli
 BENCHMARK_CAPTURE(CarryRecords, toUtf8, kCharsetUtf8)->Unit(benchmark::kMillisecond);
 
 // Carries records from form to form as they are, and counts them.
-std::int64_t CarryForm(const std::string& fromPath, Form from, const std::string& toPath, Form to) {
+std::int64_t CarryForm(const std::string& fromPath, const char* from, const std::string& toPath,
+                       const char* to) {
     Input input(fromPath);
     Output output(toPath);
-    const auto reader = MakeReader(from, input, false);
-    const auto writer = MakeWriter(to, output, kOversizeRefuse);
+    const auto reader = FormNamed(from)->makeReader(input, false);
+    const auto writer = FormNamed(to)->makeWriter(output, kOversizeRefuse);
     Losses losses;
     Item item;
     std::int64_t records = 0;
@@ -138,33 +139,33 @@ std::int64_t CarryForm(const std::string& fromPath, Form from, const std::string
     return records;
 }
 
-void WriteForm(benchmark::State& state, Form form) {
+void WriteForm(benchmark::State& state, const char* form) {
     const RecordFile file(10000);
     std::int64_t records = 0;
     for ([[maybe_unused]] auto _ : state) {
-        records += CarryForm(file.Path(), kFormMarc, "/dev/null", form);
+        records += CarryForm(file.Path(), "marc", "/dev/null", form);
     }
     state.SetItemsProcessed(records);
 }
 
-void ReadForm(benchmark::State& state, Form form) {
+void ReadForm(benchmark::State& state, const char* form) {
     const RecordFile file(10000);
     const std::string path = file.Path() + ".form";
-    CarryForm(file.Path(), kFormMarc, path, form);
+    CarryForm(file.Path(), "marc", path, form);
     std::int64_t records = 0;
     for ([[maybe_unused]] auto _ : state) {
-        records += CarryForm(path, form, "/dev/null", kFormMarc);
+        records += CarryForm(path, form, "/dev/null", "marc");
     }
     state.SetItemsProcessed(records);
     std::filesystem::remove(path);
 }
 
-BENCHMARK_CAPTURE(WriteForm, mrk, kFormMrk)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(WriteForm, marcxml, kFormMarcXml)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(WriteForm, jsonl, kFormJsonLines)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(ReadForm, mrk, kFormMrk)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(ReadForm, marcxml, kFormMarcXml)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(ReadForm, jsonl, kFormJsonLines)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(WriteForm, mrk, "mrk")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(WriteForm, marcxml, "marcxml")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(WriteForm, jsonl, "jsonl")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadForm, mrk, "mrk")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadForm, marcxml, "marcxml")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ReadForm, jsonl, "jsonl")->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace quillory::bench

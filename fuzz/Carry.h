@@ -60,8 +60,8 @@ struct Copy {
 };
 
 struct CarryOptions {
-    Form from = kFormMarc;
-    Form to = kFormMarc;
+    const Form* from = FormNamed("marc");
+    const Form* to = FormNamed("marc");
     Charset charset = kCharsetAuto;
     bool lenient = false;
     Oversize oversize = kOversizeRefuse;
@@ -76,8 +76,8 @@ inline std::vector<Copy> Carry(const CarryOptions& options, const std::string& f
     bool whole = true;
     Input input(from);
     Output output(to);
-    const auto reader = MakeReader(options.from, input, options.lenient);
-    const auto writer = MakeWriter(options.to, output, options.oversize);
+    const auto reader = options.from->makeReader(input, options.lenient);
+    const auto writer = options.to->makeWriter(output, options.oversize);
     Recoder recoder({kCharsetAuto, options.charset, {}});
     Item item;
     std::uint64_t end = 0;
@@ -100,10 +100,10 @@ inline std::vector<Copy> Carry(const CarryOptions& options, const std::string& f
     return records;
 }
 
-inline std::vector<Copy> ReadAll(const std::string& path, Form form) {
+inline std::vector<Copy> ReadAll(const std::string& path, const Form& form) {
     std::vector<Copy> records;
     Input input(path);
-    const auto reader = MakeReader(form, input, false);
+    const auto reader = form.makeReader(input, false);
     Item item;
     while (reader->Next(item)) {
         if (item.kind == kItemFrame) continue;
@@ -131,7 +131,7 @@ inline void CarryThereAndBack(const CarryOptions& options, const std::string& pa
     const std::string to = path + ".out";
     try {
         const std::vector<Copy> written = Carry(options, path, to);
-        if (!written.empty()) Compare(written, ReadAll(to, options.to));
+        if (!written.empty()) Compare(written, ReadAll(to, *options.to));
     } catch (const FileError&) {
         // Damaged gzip data.
     }

@@ -17,14 +17,15 @@ bool MicrolifHolds(const Item& item) {
 
 // What to do with a file, out of its first byte.
 CarryOptions OptionsOf(unsigned byte) {
-    constexpr Form kForms[] = {kFormMarc, kFormMrk, kFormMicrolif};
+    static const Form* const kForms[] = {FormNamed("marc"), FormNamed("mrk"),
+                                         FormNamed("microlif")};
     CarryOptions options;
     options.from = kForms[byte % 3];
     options.to = kForms[byte / 3 % 3];
     options.charset = static_cast<Charset>(byte / 9 % 4);
     options.lenient = byte / 36 % 2 != 0;
     options.oversize = byte / 72 % 2 != 0 ? kOversizeCut : kOversizeRefuse;
-    if (options.to == kFormMicrolif) options.takes = MicrolifHolds;
+    if (options.to == FormNamed("microlif")) options.takes = MicrolifHolds;
     return options;
 }
 

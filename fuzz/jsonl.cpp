@@ -17,10 +17,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     using namespace quillory;
     using namespace quillory::fuzz;
     const std::string path = FileOf(data, size);
-    for (const Form to : {kFormJsonLines, kFormMarcXml, kFormMrk}) {
+    for (const char* to : {"jsonl", "marcxml", "mrk"}) {
         CarryOptions options;
-        options.from = kFormJsonLines;
-        options.to = to;
+        options.from = FormNamed("jsonl");
+        options.to = FormNamed(to);
         options.takes = IsAnObject;
         CarryThereAndBack(options, path);
     }

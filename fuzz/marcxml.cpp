@@ -17,10 +17,10 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     using namespace quillory;
     using namespace quillory::fuzz;
     const std::string path = FileOf(data, size);
-    for (const Form to : {kFormMarcXml, kFormJsonLines, kFormMrk}) {
+    for (const char* to : {"marcxml", "jsonl", "mrk"}) {
         CarryOptions options;
-        options.from = kFormMarcXml;
-        options.to = to;
+        options.from = FormNamed("marcxml");
+        options.to = FormNamed(to);
         // Without a declaration it is in UTF-8.
         if (size > 1 && data[0] == '<' && std::isalpha(data[1]) != 0) options.takes = IsAnElement;
         CarryThereAndBack(options, path);

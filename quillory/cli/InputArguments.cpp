@@ -3,16 +3,16 @@
 namespace quillory {
 namespace {
 
-const Choices<Form> kForms{{"marc", kFormMarc},
-                           {"mrk", kFormMrk},
-                           {"microlif", kFormMicrolif},
-                           {"marcxml", kFormMarcXml},
-                           {"jsonl", kFormJsonLines}};
-
 const Choices<Charset> kCharsets{{"auto", kCharsetAuto},
                                  {"marc8", kCharsetMarc8},
                                  {"utf8", kCharsetUtf8},
                                  {"latin1", kCharsetLatin1}};
+
+Choices<const Form*> FormChoices() {
+    Choices<const Form*> choices;
+    for (const Form& form : Forms()) choices.emplace_back(form.name, &form);
+    return choices;
+}
 
 }  // namespace
 
@@ -21,8 +21,9 @@ void DeclareMessages(Arguments& command, ReporterOptions& messages) {
     command.Flag("-v,--verbose", messages.all, "Say every message, not the first of a kind");
 }
 
-void DeclareForm(Arguments& command, const std::string& name, Form& form, const std::string& text) {
-    command.Choice(name, form, kForms, text);
+void DeclareForm(Arguments& command, const std::string& name, const Form*& form,
+                 const std::string& text) {
+    command.Choice(name, form, FormChoices(), text);
 }
 
 void DeclareCharset(Arguments& command, const std::string& name, Charset& charset,

@@ -14,7 +14,8 @@ void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& me
 void DeclareMessages(Arguments& command, ReporterOptions& messages);
 
 // An option that takes the name of a form or a character set.
-void DeclareForm(Arguments& command, const std::string& name, Form& form, const std::string& text);
+void DeclareForm(Arguments& command, const std::string& name, const Form*& form,
+                 const std::string& text);
 void DeclareCharset(Arguments& command, const std::string& name, Charset& charset,
                     const std::string& text);
 

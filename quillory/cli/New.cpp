@@ -28,7 +28,7 @@ bool IsPersonThere() {
 OutputOptions OutputFor(const NewOptions& options) {
     OutputOptions output = options.output;
     const bool isScreen = output.output == "-" && isatty(STDOUT_FILENO) == 1;
-    if (isScreen && output.form == kFormUnknown) output.form = kFormMrk;
+    if (isScreen && output.form == nullptr) output.form = FormNamed("mrk");
     return output;
 }
 

@@ -2,6 +2,20 @@
 #include <quillory/cli/OutputArguments.h>
 
 namespace quillory {
+namespace {
+
+// "marcxml and jsonl".
+std::string FormsInUtf8() {
+    std::string names;
+    for (const Form& form : Forms()) {
+        if (!form.isAlwaysUtf8) continue;
+        if (!names.empty()) names += " and ";
+        names += form.name;
+    }
+    return names;
+}
+
+}  // namespace
 
 void DeclareOutput(Arguments& command, OutputOptions& options) {
     command.Option("-o,--output", options.output,
@@ -10,7 +24,7 @@ void DeclareOutput(Arguments& command, OutputOptions& options) {
                 "Form of the output; told by its name, or marc, if not given");
     DeclareCharset(
         command, "--to-charset", options.charset,
-        "Character set of the output; as it is, or utf8 for marcxml and jsonl, if not given");
+        "Character set of the output; as it is, or utf8 for " + FormsInUtf8() + ", if not given");
     command.Choice("--normalize", options.normalForm,
                    {{"nfc", kNormalFormC}, {"nfd", kNormalFormD}},
                    "Normal form of UTF-8; nfc if not given");

@@ -1,95 +1,90 @@
 #include <quillory/exchange/Form.h>
 #include <quillory/exchange/MarcJson.h>
 #include <quillory/exchange/MarcReader.h>
+#include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/MarcXml.h>
 #include <quillory/exchange/Microlif.h>
 #include <quillory/exchange/Mrk.h>
 
 #include <algorithm>
-#include <array>
-#include <cctype>
-#include <stdexcept>
+#include <ranges>
 #include <string>
-#include <utility>
+#include <type_traits>
 
 namespace quillory {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, Form>, 13> kEndings{{
-    {".mrc", kFormMarc},
-    {".marc", kFormMarc},
-    {".iso", kFormMarc},
-    {".iso2709", kFormMarc},
-    {".mrk", kFormMrk},
-    {".mrk8", kFormMrk},
-    {".lif", kFormMicrolif},
-    {".001", kFormMicrolif},
-    {".xml", kFormMarcXml},
-    {".marcxml", kFormMarcXml},
-    {".jsonl", kFormJsonLines},
-    {".ndjson", kFormJsonLines},
-    {".json", kFormJsonLines},
-}};
+template <class Reader>
+std::unique_ptr<RecordReader> Read(Input& input, bool lenient) {
+    if constexpr (std::is_constructible_v<Reader, Input&, bool>) {
+        return std::make_unique<Reader>(input, lenient);
+    } else {
+        return std::make_unique<Reader>(input);
+    }
+}
+
+template <class Writer>
+std::unique_ptr<RecordWriter> Write(Output& output, Oversize oversize) {
+    if constexpr (std::is_constructible_v<Writer, Output&, Oversize>) {
+        return std::make_unique<Writer>(output, oversize);
+    } else {
+        return std::make_unique<Writer>(output);
+    }
+}
+
+// clang-format off
+constexpr Form kForms[] = {
+    {"marc", "ISO 2709", ".mrc .marc .iso .iso2709", false,
+     MarcReader::Fits, Read<MarcReader>, Write<MarcWriter>},
+    {"mrk", "the line form", ".mrk .mrk8", false,
+     MrkReader::Fits, Read<MrkReader>, Write<MrkWriter>},
+    {"microlif", "old MicroLIF text", ".lif .001", false,
+     MicrolifReader::Fits, Read<MicrolifReader>, Write<MicrolifWriter>},
+    {"marcxml", "MARC 21 XML", ".xml .marcxml", true,
+     MarcXmlReader::Fits, Read<MarcXmlReader>, Write<MarcXmlWriter>},
+    {"jsonl", "MARC-in-JSON", ".jsonl .ndjson .json", true,
+     MarcJsonReader::Fits, Read<MarcJsonReader>, Write<MarcJsonWriter>},
+};
+// clang-format on
+
+char Lower(char c) {
+    return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool HasEndingOf(const Form& form, std::string_view fileName) {
+    return std::ranges::any_of(std::views::split(form.endings, ' '), [&](const auto& ending) {
+        return fileName.ends_with(std::string_view(ending.begin(), ending.end()));
+    });
+}
+
+template <class Condition>
+const Form* FirstWhere(Condition&& condition) {
+    const auto* form = std::ranges::find_if(kForms, condition);
+    return form == std::end(kForms) ? nullptr : form;
+}
 
 }  // namespace
 
-bool IsAlwaysUtf8(Form form) {
-    return form == kFormMarcXml || form == kFormJsonLines;
+std::span<const Form> Forms() {
+    return kForms;
 }
 
-Form FormOfName(std::string_view name) {
-    if (name.ends_with(".gz")) name.remove_suffix(3);
-    std::string lower(name);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-    for (const auto& [ending, form] : kEndings) {
-        if (lower.ends_with(ending)) return form;
-    }
-    return kFormUnknown;
+const Form* FormNamed(std::string_view name) {
+    return FirstWhere([name](const Form& form) { return form.name == name; });
 }
 
-Form FormOfContent(Input& input) {
+const Form* FormOfFileName(std::string_view fileName) {
+    if (fileName.ends_with(".gz")) fileName.remove_suffix(3);
+    std::string lower(fileName);
+    std::ranges::transform(lower, lower.begin(), Lower);
+    return FirstWhere([&lower](const Form& form) { return HasEndingOf(form, lower); });
+}
+
+const Form* FormOfContent(Input& input) {
     constexpr std::size_t kLook = 256;
     std::string_view head = input.Peek(kLook);
     head.remove_prefix(std::min(head.find_first_not_of(kRecordFiller), head.size()));
-    if (head.starts_with("LDR") || head.starts_with("HDR")) return kFormMicrolif;
-    if (head.starts_with('<')) return kFormMarcXml;
-    if (head.starts_with('{') || head.starts_with('[')) return kFormJsonLines;
-    const auto digits = std::min(head.find_first_not_of("0123456789"), head.size());
-    if (head.starts_with("=LDR") || (head.starts_with('=') && head.substr(4).starts_with("  "))) {
-        return kFormMrk;
-    }
-    return digits >= 5 ? kFormMarc : kFormUnknown;
-}
-
-std::unique_ptr<RecordReader> MakeReader(Form form, Input& input, bool lenient) {
-    switch (form) {
-        case kFormMrk:
-            return std::make_unique<MrkReader>(input);
-        case kFormMicrolif:
-            return std::make_unique<MicrolifReader>(input);
-        case kFormMarcXml:
-            return std::make_unique<MarcXmlReader>(input);
-        case kFormJsonLines:
-            return std::make_unique<MarcJsonReader>(input);
-        default:
-            return std::make_unique<MarcReader>(input, lenient);
-    }
-}
-
-std::unique_ptr<RecordWriter> MakeWriter(Form form, Output& output, Oversize oversize) {
-    switch (form) {
-        case kFormMrk:
-            return std::make_unique<MrkWriter>(output);
-        case kFormMicrolif:
-            return std::make_unique<MicrolifWriter>(output);
-        case kFormMarcXml:
-            return std::make_unique<MarcXmlWriter>(output);
-        case kFormJsonLines:
-            return std::make_unique<MarcJsonWriter>(output);
-        default:
-            return std::make_unique<MarcWriter>(output, oversize);
-    }
+    return FirstWhere([head](const Form& form) { return form.fits(head); });
 }
 
 }  // namespace quillory

@@ -4,29 +4,33 @@
 #include <quillory/exchange/RecordWriter.h>
 
 #include <memory>
+#include <span>
 #include <string_view>
 
 namespace quillory {
 
-// The forms of files of records.
-enum Form : std::int32_t {
-    kFormUnknown,
-    kFormMarc,
-    kFormMrk,
-    kFormMicrolif,
-    kFormMarcXml,
-    kFormJsonLines
+// A form of files of records: a row of the table in Form.cpp. A new form is a source of its own,
+// with its reader and its writer, and a row.
+struct Form {
+    std::string_view name;     // by which a person chooses it: "marcxml"
+    std::string_view words;    // "MARC 21 XML"
+    std::string_view endings;  // of file names: ".xml .marcxml"
+    bool isAlwaysUtf8;
+    // Whether a file is of this form, by its first bytes, filler before them left out.
+    bool (*fits)(std::string_view head);
+    // With `lenient`, damaged records are read where the form allows that with certainty.
+    std::unique_ptr<RecordReader> (*makeReader)(Input& input, bool lenient);
+    std::unique_ptr<RecordWriter> (*makeWriter)(Output& output, Oversize oversize);
 };
 
-// Whether a form is always in UTF-8.
-bool IsAlwaysUtf8(Form form);
+// The first one, ISO 2709, is taken where nothing says which it is.
+std::span<const Form> Forms();
 
-// By the end of a file's name, a ".gz" behind it apart.
-Form FormOfName(std::string_view name);
-// By the first bytes of the file, which stay to be read.
-Form FormOfContent(Input& input);
-
-std::unique_ptr<RecordReader> MakeReader(Form form, Input& input, bool lenient);
-std::unique_ptr<RecordWriter> MakeWriter(Form form, Output& output, Oversize oversize);
+// Each of these is null if there is no such form.
+const Form* FormNamed(std::string_view name);
+// By the end of a file's name, a ".gz" after it left out.
+const Form* FormOfFileName(std::string_view fileName);
+// By the first bytes of a file, which stay to be read.
+const Form* FormOfContent(Input& input);
 
 }  // namespace quillory

@@ -25,6 +25,10 @@ class MarcJsonReader : public LineReader {
 public:
     explicit MarcJsonReader(Input& input) : LineReader(input, block_), block_(Place()) {}
 
+    static bool Fits(std::string_view head) {
+        return head.starts_with('{') || head.starts_with('[');
+    }
+
 protected:
     std::size_t StrayBytes(std::string_view block, std::string& what) override;
     bool Read(std::string_view block, Item& item) override;

@@ -43,6 +43,11 @@ std::string_view LikelyControlNumber(std::string_view bytes) {
 
 }  // namespace
 
+bool MarcReader::Fits(std::string_view head) {
+    constexpr std::size_t kLengthSize = 5;
+    return std::min(head.find_first_not_of("0123456789"), head.size()) >= kLengthSize;
+}
+
 void MarcReader::Give(Item& item, ItemKind kind, std::string_view bytes) {
     item.kind = kind;
     item.offset = input_.Offset();

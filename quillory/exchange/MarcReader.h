@@ -16,6 +16,8 @@ public:
     // With `lenient` a damaged record is read from its terminators where that is certain.
     MarcReader(Input& input, bool lenient) : input_(input), lenient_(lenient) {}
 
+    static bool Fits(std::string_view head);
+
     bool Next(Item& item) override;
 
 private:

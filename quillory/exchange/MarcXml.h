@@ -17,6 +17,8 @@ class MarcXmlReader : public RecordReader {
 public:
     explicit MarcXmlReader(Input& input) : input_(input) {}
 
+    static bool Fits(std::string_view head) { return head.starts_with('<'); }
+
     bool Next(Item& item) override;
 
 private:

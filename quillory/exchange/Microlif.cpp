@@ -42,9 +42,19 @@ bool IsControlTag(std::string_view tag) {
     return tag.starts_with("00");
 }
 
+void CountMicrolifLosses(const zorby::CommFormatField& field, Losses& losses) {
+    for (const char c : MicrolifLosses(field)) {
+        losses.Add(kLossMicrolifSign, static_cast<unsigned char>(c));
+    }
+}
+
 }  // namespace
 
 MicrolifReader::MicrolifReader(Input& input) : LineReader(input, kBlock) {}
+
+bool MicrolifReader::Fits(std::string_view head) {
+    return head.starts_with("LDR") || head.starts_with("HDR");
+}
 
 std::size_t MicrolifReader::StrayBytes(std::string_view block, std::string& what) {
     const std::size_t first = std::min(block.find_first_not_of(kFillers), block.size());
@@ -119,6 +129,22 @@ std::string MicrolifLosses(const zorby::CommFormatField& field) {
     const std::size_t last = content.find_last_not_of("^`");
     lost += content.substr(last == content.npos ? 0 : last + 1);
     return lost;
+}
+
+WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
+    if (record.fields.empty()) return {false, false, "no field to write"};
+    WriteResult result;
+    CountMicrolifLosses({"000", record.leader}, losses);
+    for (const zorby::CommFormatField& field : record.fields) {
+        if (field.content.empty()) {
+            result.reason = "field " + std::string(field.tag) + " has no content and is left out";
+        }
+        CountMicrolifLosses(field, losses);
+    }
+    text_.clear();
+    AppendMicrolif(record, text_);
+    output_.Write(text_);
+    return result;
 }
 
 }  // namespace quillory

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/exchange/LineReader.h>
+#include <quillory/exchange/RecordWriter.h>
 #include <zorby/record/Pmarc.h>
 
 #include <string>
@@ -12,6 +13,8 @@ namespace quillory {
 class MicrolifReader : public LineReader {
 public:
     explicit MicrolifReader(Input& input);
+
+    static bool Fits(std::string_view head);
 
 protected:
     std::size_t StrayBytes(std::string_view block, std::string& what) override;
@@ -31,5 +34,15 @@ void AppendMicrolif(const Record& record, std::string& text);
 // data field, delimiters of a control field, line ends, and the ends of field and record at the
 // end.
 std::string MicrolifLosses(const zorby::CommFormatField& field);
+
+class MicrolifWriter : public RecordWriter {
+public:
+    explicit MicrolifWriter(Output& output) : output_(output) {}
+    WriteResult Write(const Record& record, Losses& losses) override;
+
+private:
+    Output& output_;
+    std::string text_;
+};
 
 }  // namespace quillory

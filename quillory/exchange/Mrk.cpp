@@ -145,6 +145,13 @@ bool Fail(Item& item, std::string reason) {
 
 MrkReader::MrkReader(Input& input) : LineReader(input, kBlock) {}
 
+bool MrkReader::Fits(std::string_view head) {
+    constexpr std::size_t kTagEnd = 4;
+    if (!head.starts_with('=')) return false;
+    return head.starts_with("=LDR") ||
+           head.substr(std::min(kTagEnd, head.size())).starts_with("  ");
+}
+
 std::size_t MrkReader::StrayBytes(std::string_view block, std::string& what) {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (block.starts_with(kByteOrderMark)) {
@@ -242,6 +249,13 @@ void AppendMrk(const Record& record, std::string& text) {
         AppendLine(field.tag, field.content, KindOf(field.tag), text);
     }
     text += '\n';
+}
+
+WriteResult MrkWriter::Write(const Record& record, Losses&) {
+    text_.clear();
+    AppendMrk(record, text_);
+    output_.Write(text_);
+    return {};
 }
 
 }  // namespace quillory

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/exchange/LineReader.h>
+#include <quillory/exchange/RecordWriter.h>
 
 #include <string>
 
@@ -13,6 +14,8 @@ namespace quillory {
 class MrkReader : public LineReader {
 public:
     explicit MrkReader(Input& input);
+
+    static bool Fits(std::string_view head);
 
 protected:
     std::size_t StrayBytes(std::string_view block, std::string& what) override;
@@ -28,5 +31,15 @@ private:
 
 // Appends a record in the line form, with the blank line behind it.
 void AppendMrk(const Record& record, std::string& text);
+
+class MrkWriter : public RecordWriter {
+public:
+    explicit MrkWriter(Output& output) : output_(output) {}
+    WriteResult Write(const Record& record, Losses& losses) override;
+
+private:
+    Output& output_;
+    std::string text_;
+};
 
 }  // namespace quillory

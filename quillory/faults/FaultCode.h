@@ -23,6 +23,7 @@ enum class FaultCode : std::uint16_t {
     // Checks and repairs.
 
     // Settings and arguments.
+    kAlwaysUtf8,
 
     kEnd  // one past the last
 };

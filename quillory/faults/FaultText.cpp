@@ -29,6 +29,7 @@ constexpr Words kWords[] = {
     // Checks and repairs.
 
     // Settings and arguments.
+    {FaultCode::kAlwaysUtf8, "always-utf-8", "{found} is always in UTF-8, never in {allowed}"},
 };
 
 constexpr bool IsInOrder() {

@@ -6,10 +6,11 @@
 namespace quillory {
 namespace {
 
-Form FormOf(const InputOptions& options, Input& input) {
-    if (options.form != kFormUnknown) return options.form;
-    const Form content = FormOfContent(input);
-    return content != kFormUnknown ? content : FormOfName(input.Name());
+const Form& FormOf(const InputOptions& options, Input& input) {
+    const Form* form = options.form;
+    if (form == nullptr) form = FormOfContent(input);
+    if (form == nullptr) form = FormOfFileName(input.Name());
+    return form != nullptr ? *form : Forms().front();
 }
 
 }  // namespace
@@ -32,7 +33,7 @@ Status ReadFiles(const InputOptions& options, Reporter& reporter,
             status = kStatusFindings;
             continue;
         }
-        const auto reader = MakeReader(FormOf(options, *input), *input, options.lenient);
+        const auto reader = FormOf(options, *input).makeReader(*input, options.lenient);
         Item item;
         while (goOn && reader->Next(item)) {
             if (item.kind == kItemFrame) continue;

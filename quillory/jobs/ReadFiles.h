@@ -13,7 +13,7 @@ namespace quillory {
 // The files that a job reads, and how.
 struct InputOptions {
     std::vector<std::string> files;  // none, or "-", for standard input
-    Form form = kFormUnknown;        // told by content, then by name
+    const Form* form = nullptr;      // null: by content, then by name
     Charset charset = kCharsetAuto;
     bool lenient = false;
 };

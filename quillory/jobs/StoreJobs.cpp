@@ -1,3 +1,4 @@
+#include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/Carrier.h>
 #include <quillory/jobs/OutputFiles.h>

@@ -8,18 +8,22 @@ RecoderOptions RecoderOptionsOf(const OutputOptions& options, Charset from, Char
     return {from, to, options.normalForm, options.verify};
 }
 
-Form FormOfOutput(const OutputOptions& options) {
-    const Form form = options.form != kFormUnknown ? options.form : FormOfName(options.output);
-    return form != kFormUnknown ? form : kFormMarc;
+const Form& FormOfOutput(const OutputOptions& options) {
+    const Form* form = options.form;
+    if (form == nullptr) form = FormOfFileName(options.output);
+    return form != nullptr ? *form : Forms().front();
 }
 
 }  // namespace
 
 Charset CharsetOfOutput(const OutputOptions& options) {
-    if (!IsAlwaysUtf8(FormOfOutput(options))) return options.charset;
+    const Form& form = FormOfOutput(options);
+    if (!form.isAlwaysUtf8) return options.charset;
     if (options.charset != kCharsetAuto && options.charset != kCharsetUtf8) {
-        throw UsageError("--to-charset " + std::string(CharsetName(options.charset)) +
-                         ": MARCXML and JSON are always in UTF-8");
+        throw UsageError({FaultCode::kAlwaysUtf8,
+                          {},
+                          std::string(form.words),
+                          std::string(CharsetName(options.charset))});
     }
     return kCharsetUtf8;
 }
@@ -29,7 +33,7 @@ Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& o
     CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
     const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options));
     Output output(options.output);
-    const auto writer = MakeWriter(FormOfOutput(options), output, options.oversize);
+    const auto writer = FormOfOutput(options).makeWriter(output, options.oversize);
     Carrier carrier({recoder, options.eachLoss, options.rejects, prepare}, *writer, reporter);
     try {
         carrier.Raise(source([&carrier](Item& item) {

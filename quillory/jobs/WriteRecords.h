@@ -14,7 +14,7 @@ namespace quillory {
 struct OutputOptions {
     std::string output = "-";
     std::string rejects;
-    Form form = kFormUnknown;  // told by name, or ISO 2709
+    const Form* form = nullptr;  // null: by name, or ISO 2709
     Charset charset = kCharsetAuto;
     std::optional<NormalForm> normalForm;
     Oversize oversize = kOversizeRefuse;

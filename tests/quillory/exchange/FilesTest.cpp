@@ -1,5 +1,5 @@
+#include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/Output.h>
-#include <quillory/exchange/RecordWriter.h>
 
 #include <gtest/gtest.h>
 

@@ -29,10 +29,10 @@ struct Found {
     Texts texts;
 };
 
-std::vector<Found> ReadAll(Form form, const std::string& bytes) {
+std::vector<Found> ReadAll(const char* form, const std::string& bytes) {
     const TemporaryFile file(bytes);
     Input input(file.Path());
-    const auto reader = MakeReader(form, input, false);
+    const auto reader = FormNamed(form)->makeReader(input, false);
     std::vector<Found> all;
     std::string together;
     Item item;
@@ -70,11 +70,11 @@ struct Written {
     Losses losses;
 };
 
-Written Write(Form form, const std::vector<Texts>& records) {
+Written Write(const char* form, const std::vector<Texts>& records) {
     const TemporaryFile file;
     Written written;
     Output output(file.Path());
-    const auto writer = MakeWriter(form, output, kOversizeRefuse);
+    const auto writer = FormNamed(form)->makeWriter(output, kOversizeRefuse);
     for (const Texts& texts : records) {
         Record record;
         record.leader = texts[0];
@@ -90,6 +90,8 @@ Written Write(Form form, const std::vector<Texts>& records) {
     return written;
 }
 
+constexpr const char* kXml = "marcxml";
+constexpr const char* kJson = "jsonl";
 const std::string kLeader = "00000nam a2200000 a 4500";
 
 std::string XmlRecord(const std::string& id, const std::string& more = "") {
@@ -102,8 +104,8 @@ std::string Xml(const std::string& records) {
 }
 
 TEST(MarcXml, WritesTheCustomaryLayout) {
-    const Written written = Write(
-        kFormMarcXml, {{kLeader, "001a<b>&\"", "FMTBK", "24510\037aTitle /\037cName.", "500  "}});
+    const Written written =
+        Write(kXml, {{kLeader, "001a<b>&\"", "FMTBK", "24510\037aTitle /\037cName.", "500  "}});
     EXPECT_EQ(written.bytes,
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
               "<collection xmlns=\"http://www.loc.gov/MARC21/slim\">\n"
@@ -119,32 +121,32 @@ TEST(MarcXml, WritesTheCustomaryLayout) {
               "    </datafield>\n"
               "  </record>\n"
               "</collection>\n");
-    EXPECT_EQ(Write(kFormMarcXml, {}).bytes,
+    EXPECT_EQ(Write(kXml, {}).bytes,
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
               "<collection xmlns=\"http://www.loc.gov/MARC21/slim\">\n</collection>\n");
 }
 
 TEST(MarcJson, WritesAnObjectALine) {
     const Texts record{kLeader, "001a\"\\\037\n", "24510\037aT\u00e9\037cN."};
-    EXPECT_EQ(Write(kFormJsonLines, {record, {kLeader}}).bytes,
+    EXPECT_EQ(Write(kJson, {record, {kLeader}}).bytes,
               "{\"leader\":\"00000nam a2200000 a 4500\",\"fields\":["
               "{\"001\":\"a\\\"\\\\\\u001f\\u000a\"},"
               "{\"245\":{\"ind1\":\"1\",\"ind2\":\"0\",\"subfields\":[{\"a\":\"T\u00e9\"},"
               "{\"c\":\"N.\"}]}}]}\n"
               "{\"leader\":\"00000nam a2200000 a 4500\",\"fields\":[]}\n");
-    EXPECT_EQ(Write(kFormJsonLines, {}).bytes, "");
+    EXPECT_EQ(Write(kJson, {}).bytes, "");
 }
 
 TEST(Markup, CountsWhatItCantCarry) {
     const Texts odd{kLeader, "001a\007\xEF\xBF\xBF\xE9", "245\xC3 \037ax"};
-    const Written xml = Write(kFormMarcXml, {odd});
+    const Written xml = Write(kXml, {odd});
     EXPECT_NE(xml.bytes.find(">a&amp;#x0007;&amp;#xFFFF;\uFFFD<"), xml.bytes.npos) << xml.bytes;
     EXPECT_EQ(xml.losses.Text(""),
               "byte 0xE9 is no character, written as U+FFFD: 1\n"
               "byte 0xC3 is no indicator, written as a blank: 1\n"
               "U+0007 can't stand in XML, written as &#x0007;: 1\n"
               "U+FFFF (\xEF\xBF\xBF) can't stand in XML, written as &#xFFFF;: 1\n");
-    const Written json = Write(kFormJsonLines, {odd});
+    const Written json = Write(kJson, {odd});
     EXPECT_NE(json.bytes.find("\"a\\u0007\xEF\xBF\xBF\uFFFD\""), json.bytes.npos) << json.bytes;
     EXPECT_TRUE(json.losses.Real());
 
@@ -152,7 +154,7 @@ TEST(Markup, CountsWhatItCantCarry) {
     badLeader[6] = '\x02';
     std::string oldLeader = kLeader;
     oldLeader.replace(20, 4, "4\x92 \xFF");
-    for (const Form form : {kFormMarcXml, kFormJsonLines}) {
+    for (const char* form : {kXml, kJson}) {
         const Written written =
             Write(form, {{badLeader, "001x"}, {kLeader, "245no indicators"}, {oldLeader, "001y"}});
         EXPECT_EQ(written.results[0].reason, "byte 0x02 in leader/06");
@@ -183,7 +185,7 @@ TEST(Markup, RandomRecordsComeBack) {
         }
         records.push_back(texts);
     }
-    for (const Form form : {kFormMarcXml, kFormJsonLines}) {
+    for (const char* form : {kXml, kJson}) {
         const Written written = Write(form, records);
         EXPECT_TRUE(written.losses.Empty()) << written.losses.Text("");
         std::vector<Texts> back;
@@ -215,7 +217,7 @@ TEST(MarcXml, ReadsWhatOthersWrite) {
     };
     for (const std::string& document : kDocuments) {
         Texts found;
-        for (const Found& item : ReadAll(kFormMarcXml, document)) {
+        for (const Found& item : ReadAll(kXml, document)) {
             if (item.kind == kItemRecord) found = item.texts;
         }
         EXPECT_EQ(found, expected) << document;
@@ -251,8 +253,7 @@ TEST(MarcXml, NamesWhatIsWrongAndGoesOn) {
          "b 5:9  an element that does not belong there"},
     };
     for (const auto& [record, story] : kCases) {
-        const auto all =
-            ReadAll(kFormMarcXml, Xml(XmlRecord("a") + "\n" + record + "\n" + XmlRecord("c")));
+        const auto all = ReadAll(kXml, Xml(XmlRecord("a") + "\n" + record + "\n" + XmlRecord("c")));
         EXPECT_EQ(Story(all), "a | " + story + " | c");
         const auto damaged = std::find_if(
             all.begin(), all.end(), [](const Found& found) { return found.kind == kItemDamaged; });
@@ -272,7 +273,7 @@ TEST(MarcXml, EndsWhereItIsMalformed) {
         {Xml(XmlRecord("a")) + "<x/>", "malformed XML: Extra content"},
     };
     for (const auto& [document, reason] : kCases) {
-        const auto all = ReadAll(kFormMarcXml, document);
+        const auto all = ReadAll(kXml, document);
         const Found& last = all.back();
         EXPECT_TRUE(Story(all).starts_with("a | ")) << Story(all);
         EXPECT_EQ(last.kind, kItemDamaged);
@@ -283,17 +284,17 @@ TEST(MarcXml, EndsWhereItIsMalformed) {
     const std::string laughs =
         "<!DOCTYPE c [<!ENTITY a \"lol\"><!ENTITY b \"&a;&a;\"><!ENTITY f SYSTEM "
         "\"/etc/passwd\">]>";
-    EXPECT_TRUE(Story(ReadAll(kFormMarcXml, laughs + Xml(XmlRecord("&b;&f;"))))
+    EXPECT_TRUE(Story(ReadAll(kXml, laughs + Xml(XmlRecord("&b;&f;"))))
                     .starts_with(" 1:1  a document type (DOCTYPE)"));
-    EXPECT_EQ(Story(ReadAll(kFormMarcXml, "<mods/>")), "   XML that holds no MARC record");
-    EXPECT_EQ(Story(ReadAll(kFormMarcXml, "<collection/>")), "");
+    EXPECT_EQ(Story(ReadAll(kXml, "<mods/>")), "   XML that holds no MARC record");
+    EXPECT_EQ(Story(ReadAll(kXml, "<collection/>")), "");
 }
 
 TEST(MarcXml, MemoryIsBoundedWhateverComes) {
     const std::string much(std::size_t{9} << 20, 'x');
     const std::string kFrame(std::size_t{3} << 20, ' ');
     const auto long1 =
-        ReadAll(kFormMarcXml, Xml(XmlRecord("a") + kFrame + XmlRecord(much) + XmlRecord("c")));
+        ReadAll(kXml, Xml(XmlRecord("a") + kFrame + XmlRecord(much) + XmlRecord("c")));
     EXPECT_EQ(long1.back().kind, kItemFrame);
     std::string ids;
     for (const Found& found : long1) {
@@ -301,7 +302,7 @@ TEST(MarcXml, MemoryIsBoundedWhateverComes) {
         if (found.kind == kItemRecord) ids += found.id;
     }
     EXPECT_EQ(ids, "ac");
-    const auto long2 = ReadAll(kFormMarcXml, Xml(XmlRecord("a") + "<!--" + much));
+    const auto long2 = ReadAll(kXml, Xml(XmlRecord("a") + "<!--" + much));
     EXPECT_NE(Story(long2).find("a | "), std::string::npos);
     EXPECT_NE(Story(long2).find("over 4 MiB; the file is read no further"), std::string::npos);
 }
@@ -333,12 +334,11 @@ TEST(MarcJson, ReadsRowsAndArraysAndLayouts) {
         with('a') + b,
     };
     for (const std::string& text : kTexts) {
-        EXPECT_EQ(Story(ReadAll(kFormJsonLines, text)), "a | b") << text;
+        EXPECT_EQ(Story(ReadAll(kJson, text)), "a | b") << text;
     }
-    EXPECT_EQ(ReadAll(kFormJsonLines, with('a'))[0].texts,
-              (Texts{kLeader, "001a", "24510\037a}\"{"}));
-    EXPECT_EQ(Story(ReadAll(kFormJsonLines, "[]")), "");
-    EXPECT_EQ(Story(ReadAll(kFormJsonLines, "[" + a + ",\n")),
+    EXPECT_EQ(ReadAll(kJson, with('a'))[0].texts, (Texts{kLeader, "001a", "24510\037a}\"{"}));
+    EXPECT_EQ(Story(ReadAll(kJson, "[]")), "");
+    EXPECT_EQ(Story(ReadAll(kJson, "[" + a + ",\n")),
               "a |  2:1  the array is not closed: the file is cut short");
 }
 
@@ -381,7 +381,7 @@ TEST(MarcJson, NamesWhatIsWrongAndGoesOn) {
     };
     for (const auto& [line, story] : kCases) {
         const auto all =
-            ReadAll(kFormJsonLines, JsonRecord("a") + "\n" + line + "\n" + JsonRecord("c") + "\n");
+            ReadAll(kJson, JsonRecord("a") + "\n" + line + "\n" + JsonRecord("c") + "\n");
         EXPECT_EQ(Story(all), "a | " + story + " | c");
     }
 }
@@ -402,7 +402,7 @@ TEST(Markup, SoundRecordsSurviveRandomDamage) {
             if (line == JsonRecord({&id, 1})) sound += id;
         }
         std::string found;
-        for (const Found& item : ReadAll(kFormJsonLines, text)) {
+        for (const Found& item : ReadAll(kJson, text)) {
             if (item.kind == kItemRecord) found += item.id;
         }
         for (const char id : sound) EXPECT_NE(found.find(id), found.npos) << id << "\n" << text;

@@ -33,10 +33,10 @@ struct Found {
     std::uint64_t offset;
 };
 
-std::vector<Found> ReadAll(Form form, const std::string& bytes, bool lenient = false) {
+std::vector<Found> ReadAll(const char* form, const std::string& bytes, bool lenient = false) {
     const TemporaryFile file(bytes);
     Input input(file.Path());
-    const auto reader = MakeReader(form, input, lenient);
+    const auto reader = FormNamed(form)->makeReader(input, lenient);
     std::vector<Found> all;
     Item item;
     while (reader->Next(item)) {
@@ -75,8 +75,8 @@ TEST(MarcReader, NamesWhatItFinds) {
         {a.substr(0, a.size() - 1), "D", "R"},
     };
     for (const Case& c : kCases) {
-        EXPECT_EQ(Kinds(ReadAll(kFormMarc, c.bytes)), c.kinds) << c.bytes;
-        EXPECT_EQ(Kinds(ReadAll(kFormMarc, c.bytes, true)), c.lenientKinds) << c.bytes;
+        EXPECT_EQ(Kinds(ReadAll("marc", c.bytes)), c.kinds) << c.bytes;
+        EXPECT_EQ(Kinds(ReadAll("marc", c.bytes, true)), c.lenientKinds) << c.bytes;
     }
 }
 
@@ -98,7 +98,7 @@ TEST(MarcReader, SoundRecordsSurviveRandomDamage) {
         }
         std::string together;
         std::vector<std::string> found;
-        for (const Found& item : ReadAll(kFormMarc, bytes)) {
+        for (const Found& item : ReadAll("marc", bytes)) {
             EXPECT_EQ(item.offset, together.size());
             together += item.bytes;
             if (item.kind == kItemRecord) found.push_back(item.id);
@@ -113,7 +113,7 @@ TEST(MarcReader, SoundRecordsSurviveRandomDamage) {
 TEST(MarcReader, EndlessDamageIsOneRecordInPieces) {
     const std::string bytes =
         std::string(std::size_t{9} << 20, 'x') + "\x1D" + MarcOf("z", "After");
-    const auto all = ReadAll(kFormMarc, bytes);
+    const auto all = ReadAll("marc", bytes);
     ASSERT_EQ(Kinds(all), "DDDR");
     EXPECT_EQ(all[2].number, 1U);
     EXPECT_EQ(all[3].number, 2U);
@@ -185,7 +185,7 @@ TEST(Mrk, NamesBadLines) {
         {"=LDR  x\n=2 5  10$aA\n", "a tag with bytes that no tag has"},
     };
     for (const auto& [text, reason] : kCases) {
-        const auto all = ReadAll(kFormMrk, text + "\n=LDR  y\n=001  next\n");
+        const auto all = ReadAll("mrk", text + "\n=LDR  y\n=001  next\n");
         ASSERT_GE(all.size(), 2U);
         EXPECT_EQ(all[0].reason, reason) << text;
         EXPECT_EQ(all.back().id, "next") << text;
@@ -265,24 +265,29 @@ TEST(Microlif, ReadsWhatOthersWrite) {
     }
     EXPECT_EQ(MicrolifLosses({"CAT", "a_b\r^`"}), "_\rCAT^`");
     EXPECT_EQ(MicrolifLosses({"008", "a_b\037c"}), "\037");
-    EXPECT_EQ(ReadAll(kFormMicrolif, "245 0_aNo head^`\r\n")[0].reason, "no head (LDR)");
-    EXPECT_EQ(ReadAll(kFormMicrolif, "LDRx^\r\n245 0Text^`\r\n")[0].reason,
+    EXPECT_EQ(ReadAll("microlif", "245 0_aNo head^`\r\n")[0].reason, "no head (LDR)");
+    EXPECT_EQ(ReadAll("microlif", "LDRx^\r\n245 0Text^`\r\n")[0].reason,
               "no two indicators before the first delimiter (_)");
 }
 
-TEST(Form, IsToldByContentAndName) {
-    const std::pair<std::string, Form> kContents[] = {
-        {"\r\n00026nam", kFormMarc}, {"LDR00123", kFormMicrolif},    {"=LDR  000", kFormMrk},
-        {"=245  10$a", kFormMrk},    {"\xFF\xD8\xFF", kFormUnknown}, {"", kFormUnknown},
+TEST(Form, IsFoundByContentAndName) {
+    const std::pair<std::string, const char*> kContents[] = {
+        {"\r\n00026nam", "marc"},  {"LDR00123", "microlif"},
+        {"=LDR  000", "mrk"},      {"=245  10$a", "mrk"},
+        {" <record>", "marcxml"},  {"\xEF\xBB\xBF{", "jsonl"},
+        {"[{", "jsonl"},           {"=", nullptr},
+        {"\xFF\xD8\xFF", nullptr}, {"", nullptr},
     };
     for (const auto& [content, form] : kContents) {
         const TemporaryFile file(content);
         Input input(file.Path());
-        EXPECT_EQ(FormOfContent(input), form) << content;
+        EXPECT_EQ(FormOfContent(input), form == nullptr ? nullptr : FormNamed(form)) << content;
     }
-    EXPECT_EQ(FormOfName("dir.mrk/a.MRC.gz"), kFormMarc);
-    EXPECT_EQ(FormOfName("a.lif"), kFormMicrolif);
-    EXPECT_EQ(FormOfName("a.txt"), kFormUnknown);
+    EXPECT_EQ(FormOfFileName("dir.mrk/a.MRC.gz"), FormNamed("marc"));
+    EXPECT_EQ(FormOfFileName("a.lif"), FormNamed("microlif"));
+    EXPECT_EQ(FormOfFileName("a.txt"), nullptr);
+    EXPECT_EQ(FormOfFileName("marc"), nullptr);
+    EXPECT_EQ(FormNamed("marc21"), nullptr);
 }
 
 }  // namespace

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <quillory/exchange/RecordWriter.h>
+
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+// Puts records into ISO 2709. A record that comes in this form keeps its bytes, but for its leader:
+// bytes 10-11 are always "22" and 20-23 "4500", as the structure is.
+class MarcAssembler {
+public:
+    explicit MarcAssembler(Oversize oversize) : oversize_(oversize) {}
+
+    WriteResult Assemble(const Record& record);
+    // The record assembled last; holds until the next one, and as long as that record's bytes.
+    std::string_view Bytes() const { return bytes_; }
+
+private:
+    WriteResult Refuse(const Record& record) const;
+    WriteResult AssembleFields(const Record& record);
+
+    Oversize oversize_;
+    zorby::CommFormatWriter writer_;
+    std::string leader_;
+    std::string text_;
+    std::string_view bytes_;
+};
+
+class MarcWriter : public RecordWriter {
+public:
+    MarcWriter(Output& output, Oversize oversize) : output_(output), assembler_(oversize) {}
+    WriteResult Write(const Record& record, Losses& losses) override;
+
+private:
+    Output& output_;
+    MarcAssembler assembler_;
+};
+
+}  // namespace quillory
