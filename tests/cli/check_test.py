@@ -5,12 +5,11 @@ usage: check_test.py QUILLORY SAMPLES_FOLDER
 """
 import html.parser
 import json
-import os
 import subprocess
 import sys
 import unittest
 
-from cli_test import QUILLORY, SAMPLES, Cli, run
+from support import QUILLORY, SAMPLES, Cli, run
 
 SOUND = """=LDR  00000nam\\a2200000\\i\\4500
 =001  sound
@@ -68,9 +67,6 @@ class Page(html.parser.HTMLParser):
 class Checks(Cli):
     def setUp(self):
         super().setUp()
-        self.home = self.folder / "home"
-        os.environ["QUILLORY_HOME"] = str(self.home)
-        self.addCleanup(os.environ.pop, "QUILLORY_HOME")
         self.sound = self.path("sound.mrk", SOUND.encode())
         self.bare = self.path("bare.mrk", BARE.encode())
         self.both = self.path("both.mrk", (SOUND + "\n" + BARE).encode())
@@ -116,7 +112,8 @@ class Findings(Checks):
         self.assertEqual((sound["record"], sound["control_number"], sound["title"],
                           sound["material"], sound["verdict"], sound["findings"]),
                          (1, "sound", "Roughing it", "books", "ok", []))
-        self.assertEqual((damage["record"], damage["offset"]), (2, damaged.read_bytes().index(b"\x1d") + 1))
+        self.assertEqual((damage["record"], damage["offset"]),
+                         (2, damaged.read_bytes().index(b"\x1d") + 1))
         self.assertIn(damage["damaged"], err)
         out, _ = self.check(self.bare, "-o", self.path("out.jsonl"), "--policy", "custom")
         line = json.loads(self.path("out.jsonl").read_text())
@@ -149,7 +146,6 @@ class Findings(Checks):
         self.assertNotIn("590", self.check(*custom, "--user-defined", "590a")[0])
         self.assertIn("E: 590 is not a MARC field [590]\n",
                       self.check(*custom, "--user-defined", "591a")[0])
-
 
     def test_holdings_are_the_fields_that_an_export_writes(self):
         for key, value in (("EasyOrCustom", "Custom"), ("CustomBarCodeSubfield", "949b"),

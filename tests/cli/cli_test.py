@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""The program as people run it: files in, files out, statuses, and other tools reading what it wrote.
+"""The program as people run it: files in, files out, statuses, and other tools reading what it
+wrote.
 
 usage: cli_test.py QUILLORY SAMPLES_FOLDER
 """
@@ -13,71 +14,11 @@ import shutil
 import signal
 import subprocess
 import sys
-import tempfile
 import time
 import unicodedata
 import unittest
 
-QUILLORY = sys.argv[1]
-SAMPLES = pathlib.Path(sys.argv[2]) / "catalogue.mrk"
-HERE = pathlib.Path(__file__).parent
-RECORD_END, FIELD_END, DELIMITER = b"\x1d", b"\x1e", b"\x1f"
-
-
-def run(*arguments, stdin=b""):
-    done = subprocess.run([QUILLORY, *map(str, arguments)], input=stdin, capture_output=True,
-                          timeout=120)
-    return done.returncode, done.stdout, done.stderr.decode()
-
-
-def fields_of(record):
-    """Leader and fields of one ISO 2709 record, read independently of the program."""
-    base = int(record[12:17])
-    directory = record[24:base - 1]
-    fields = []
-    for at in range(0, len(directory), 12):
-        tag, length, start = directory[at:at + 3], directory[at + 3:at + 7], directory[at + 7:at + 12]
-        begin = base + int(start)
-        fields.append((tag, record[begin:begin + int(length) - 1]))
-    return record[:24], fields
-
-
-def records_of(data):
-    return [record + RECORD_END for record in data.split(RECORD_END)[:-1]]
-
-
-def dump(data):
-    """The lines that marc_record_dump.pl prints."""
-    lines = []
-    for record in records_of(data):
-        leader, fields = fields_of(record)
-        lines.append(b"LDR|" + leader)
-        for tag, content in fields:
-            if tag < b"010":
-                lines.append(tag + b"|" + content)
-                continue
-            subfields = [b"$" + part for part in content[2:].split(DELIMITER)[1:]]
-            lines.append(b"|".join([tag, content[:2], *subfields]))
-        lines.append(b"")
-    return b"\n".join(lines) + b"\n"
-
-
-class Cli(unittest.TestCase):
-    def setUp(self):
-        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="quillory-cli-"))
-        self.addCleanup(shutil.rmtree, self.folder)
-
-    def path(self, name, data=None):
-        path = self.folder / name
-        if data is not None:
-            path.write_bytes(data)
-        return path
-
-    def convert(self, source, name, *options):
-        target = self.path(name)
-        status, out, err = run("convert", source, "-o", target, *options)
-        self.assertEqual((status, out), (0, b""), err)
-        return target
+from support import HERE, QUILLORY, SAMPLES, Cli, dump, records_of, run
 
 
 class Roads(Cli):
@@ -118,8 +59,7 @@ class Roads(Cli):
                                "9=97", self.marc8], capture_output=True)
         theirs = unicodedata.normalize("NFC", dump(done.stdout).decode())
         ours = dump(self.utf8.read_bytes()).decode()
-        to_char = lambda match: chr(int(match[1], 16))
-        theirs = re.sub("&#x([0-9A-F]+);", to_char, theirs)
+        theirs = re.sub("&#x([0-9A-F]+);", lambda match: chr(int(match[1], 16)), theirs)
         leader = re.compile(r"^LDR\|.{24}$", re.MULTILINE)  # lengths differ by the normal form
         self.assertEqual(unicodedata.normalize("NFC", leader.sub("", theirs)), leader.sub("", ours))
 
@@ -146,8 +86,8 @@ class Roads(Cli):
         status, out, err = run("show", self.marc8)
         self.assertEqual(status, 0, err)
         self.assertEqual(out.decode().count("\nLDR"), len(records_of(self.marc8.read_bytes())) - 1)
-        without_leader = lambda text: re.sub(rb"LDR.*", b"", text)
-        self.assertEqual(without_leader(out), without_leader(run("show", self.utf8)[1]))
+        same, of_utf8 = (re.sub(rb"LDR.*", b"", text) for text in (out, run("show", self.utf8)[1]))
+        self.assertEqual(same, of_utf8)
         narrow = run("show", self.utf8, "--width", "60", "--record", "1")[1].decode()
         self.assertEqual(narrow.count("LDR"), 1)
         self.assertLessEqual(max(map(len, narrow.splitlines())), 60)
@@ -294,12 +234,7 @@ class Damage(Cli):
 
 
 class Dictionary(Cli):
-    """Settings go to a home of the test's own; the data files are those of the build."""
-
-    def setUp(self):
-        super().setUp()
-        os.environ["QUILLORY_HOME"] = str(self.folder / "home")
-        self.addCleanup(os.environ.pop, "QUILLORY_HOME")
+    """The data files are those of the build."""
 
     def say(self, *arguments):
         status, out, err = run(*arguments)
@@ -351,8 +286,7 @@ class Dictionary(Cli):
     def test_missing_and_damaged_data(self):
         data = self.folder / "data"
         data.mkdir()
-        os.environ["QUILLORY_DATA"] = str(data)
-        self.addCleanup(os.environ.pop, "QUILLORY_DATA")
+        self.environment("QUILLORY_DATA", data)
         status, _, err = run("describe", "245")
         self.assertEqual(status, 2)
         self.assertIn('zorby.hld"could not be opened.  Can\'t start program.  Code: ', err)
@@ -407,7 +341,8 @@ class Dictionary(Cli):
 
     def test_show_decode(self):
         out = self.say("show", "--decode", "--width", "0", "--record", "2", SAMPLES)
-        self.assertRegex(out, r"\n        \(books\)\n        00-05  Date entered on file  +240109  2024")
+        self.assertRegex(out, r"\n        \(books\)\n"
+                              r"        00-05  Date entered on file  +240109  2024")
         self.assertRegex(out, r"\n        35-37  Language  +fre     French\n")
         field = "240109s1913    yu ab?" + 8 * " " + "000 1 scr "
         odd = ("=LDR  00000nam a2200000 a 4500\n=006  \n=007  \n=007  q\n=008  " +
@@ -415,15 +350,15 @@ class Dictionary(Cli):
         status, out, err = run("show", "--decode", "--from", "mrk", "--width", "0", stdin=odd)
         self.assertEqual(status, 0, err)
         for text in (r"\?  +\? unknown code", r"scr +Croatian \(obsolete since 2008, now hrv\)",
-                     r"39 +Missing +\? 39 bytes, the format has 40", r"00-17 +Missing", r"00 +Missing",
+                     r"39 +Missing +\? 39 bytes, the format has 40", r"00-17 +Missing",
+                     r"00 +Missing",
                      r"yu# +Serbia and Montenegro \(obsolete since 2007, now rb or mo\)"):
             self.assertRegex(out.decode(), text)
 
     def test_missing_and_damaged_codes(self):
         data = self.folder / "data"
         data.mkdir()
-        os.environ["QUILLORY_DATA"] = str(data)
-        self.addCleanup(os.environ.pop, "QUILLORY_DATA")
+        self.environment("QUILLORY_DATA", data)
         real = pathlib.Path(QUILLORY).resolve().parent / "../share/quillory/marc21-codes.tsv"
         whole = real.read_bytes()
         row = whole.index(b"\nleader\t") + 1
@@ -452,7 +387,8 @@ class Ends(Cli):
         before = sample.read_bytes()
         for arguments in ([], ["nothing"], ["convert", "--to", "x"], ["show", "--record", "x"],
                           ["convert", self.path("none.mrc")], ["convert", self.folder],
-                          ["convert", sample, "-o", sample], ["convert", sample, "--rejects", sample],
+                          ["convert", sample, "-o", sample],
+                          ["convert", sample, "--rejects", sample],
                           ["convert", sample, "-o", self.path("b"), "--rejects", self.path("b")],
                           ["convert", sample, "-o", self.path("b"), "--rejects",
                            f"{self.folder}/./b"],

@@ -4,7 +4,6 @@
 usage: forms_test.py QUILLORY SAMPLES_FOLDER
 """
 import json
-import os
 import re
 import shutil
 import subprocess
@@ -12,7 +11,7 @@ import sys
 import unittest
 import xml.etree.ElementTree as ElementTree
 
-from cli_test import HERE, QUILLORY, SAMPLES, Cli, dump, fields_of, records_of, run
+from support import HERE, QUILLORY, SAMPLES, Cli, dump, fields_of, records_of, run
 
 SLIM = "{http://www.loc.gov/MARC21/slim}"
 FORMS = {"marcxml": "xml", "jsonl": "jsonl"}
@@ -58,8 +57,6 @@ class Roads(Markup):
             self.assertEqual(back.read_bytes(), self.marc8.read_bytes())
 
     def test_the_store_takes_and_gives_them(self):
-        os.environ["QUILLORY_HOME"] = str(self.folder / "home")
-        self.addCleanup(os.environ.pop, "QUILLORY_HOME")
         for number, form in enumerate(FORMS):
             written = self.written(form)
             status, _, err = run("records", "add", written)

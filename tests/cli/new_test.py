@@ -11,18 +11,13 @@ import subprocess
 import sys
 import unittest
 
-from cli_test import HERE, QUILLORY, Cli, dump, fields_of, records_of, run
+from support import HERE, QUILLORY, Cli, dump, fields_of, records_of, run
 
 EXAMPLES = sorted(pathlib.Path(sys.argv[3]).glob("*.toml"))
 BOOK = "Book (not atlas or songbook)"
 
 
 class NewRecords(Cli):
-    def setUp(self):
-        super().setUp()
-        os.environ["QUILLORY_HOME"] = str(self.folder / "home")
-        self.addCleanup(os.environ.pop, "QUILLORY_HOME")
-
     def made(self, command, *arguments, stdin=b"", status=0):
         result, out, err = run(command, *arguments, stdin=stdin)
         self.assertEqual(result, status, err)
@@ -93,8 +88,7 @@ class New(NewRecords):
         self.assertTrue(described.read_bytes().startswith(b"workform"))
 
     def test_a_missing_data_file_is_named(self):
-        os.environ["QUILLORY_DATA"] = str(self.folder)
-        self.addCleanup(os.environ.pop, "QUILLORY_DATA")
+        self.environment("QUILLORY_DATA", self.folder)
         _, err = self.made("new", "-w", BOOK, "-s", "245a=T", status=2)
         self.assertIn("could not be opened", err)
 

@@ -12,18 +12,12 @@ import sys
 import time
 import unittest
 
-from cli_test import QUILLORY, SAMPLES, Cli, records_of, run
+from support import QUILLORY, SAMPLES, Cli, records_of, run
 
 SAMPLE_COUNT = 24
 
 
 class Records(Cli):
-    def setUp(self):
-        super().setUp()
-        self.home = self.folder / "home"
-        os.environ["QUILLORY_HOME"] = str(self.home)
-        self.addCleanup(os.environ.pop, "QUILLORY_HOME")
-
     def records(self, *arguments, stdin=b"", status=0):
         result, out, err = run("records", *arguments, stdin=stdin)
         self.assertEqual(result, status, err)
@@ -116,7 +110,8 @@ class Faults(Records):
         user = {"user": 65534} if os.geteuid() == 0 else {}
         for arguments in (["list"], ["show", "1"], ["export"]):
             try:
-                done = subprocess.run([QUILLORY, "records", *arguments], capture_output=True, **user)
+                done = subprocess.run([QUILLORY, "records", *arguments], capture_output=True,
+                                      **user)
             except PermissionError:
                 self.skipTest("nobody may run the program")
             self.assertEqual((done.returncode, done.stdout), (2, b""))

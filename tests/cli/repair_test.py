@@ -4,11 +4,10 @@
 usage: repair_test.py QUILLORY SAMPLES_FOLDER
 """
 import json
-import os
 import random
 import unittest
 
-from cli_test import FIELD_END, RECORD_END, SAMPLES, Cli, fields_of, records_of, run
+from support import FIELD_END, RECORD_END, SAMPLES, Cli, fields_of, records_of, run
 
 CODED = {b"006", b"007", b"008"}
 GOOD = b"261121s2026    ci a          000 1 eng d"
@@ -118,8 +117,7 @@ class Repair(Cli):
             self.assertEqual(run("repair", *arguments)[0], 2, arguments)
             self.assertFalse(out.exists())
         self.assertEqual(source.read_bytes(), book(BAD))
-        os.environ["QUILLORY_DATA"] = str(self.folder)
-        self.addCleanup(os.environ.pop, "QUILLORY_DATA", None)
+        self.environment("QUILLORY_DATA", self.folder)
         status, _, err = run("repair", source, "-o", out)
         self.assertEqual(status, 2)
         self.assertIn("zorby.ttm", err)

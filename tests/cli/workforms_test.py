@@ -13,7 +13,7 @@ import subprocess
 import sys
 import unittest
 
-from cli_test import QUILLORY, Cli, run
+from support import QUILLORY, Cli, run
 
 DATA = pathlib.Path(QUILLORY).parent.parent / "share" / "quillory"
 BOOK = "Book (not atlas or songbook)"
@@ -22,15 +22,6 @@ NOBODY = 65534
 
 
 class Workforms(Cli):
-    def setUp(self):
-        super().setUp()
-        self.home = self.folder / "home"
-        self.setting("QUILLORY_HOME", self.home)
-
-    def setting(self, name, value):
-        os.environ[name] = str(value)
-        self.addCleanup(os.environ.pop, name, None)
-
     def workforms(self, *arguments, stdin=b"", status=0):
         result, out, err = run("workforms", *arguments, stdin=stdin)
         self.assertEqual(result, status, err)
@@ -275,7 +266,7 @@ class Faults(Workforms):
     def test_data_files_that_lack_something(self):
         data = self.folder / "data"
         shutil.copytree(DATA, data)
-        self.setting("QUILLORY_DATA", data)
+        self.environment("QUILLORY_DATA", data)
         standard = (data / "zorby.ttm").read_bytes()
         self.save_two()
         before = self.rows()

@@ -225,7 +225,8 @@ def list_faults(forms):
 def spoiled(change):
     forms = load()
     change(forms)
-    return [fault for form in forms.values() for fault in workform_faults(form)] + list_faults(forms)
+    faults = [fault for form in forms.values() for fault in workform_faults(form)]
+    return faults + list_faults(forms)
 
 
 class Workforms(unittest.TestCase):
