@@ -81,7 +81,7 @@ read_elsewhere "$folder/export.mrc"
 step "Sample records in line form become ISO 2709 in UTF-8"
 "$quillory" convert "$samples" -o "$folder/utf8.mrc"
 count=$(records "$folder/utf8.mrc")
-ls -l "$folder/utf8.mrc" | awk '{print $5 " bytes"}'
+echo "$(wc -c < "$folder/utf8.mrc") bytes"
 
 step "To MARC-8, and back to UTF-8: byte for byte the same"
 "$quillory" convert "$folder/utf8.mrc" --to-charset marc8 -o "$folder/marc8.mrc"

@@ -131,8 +131,6 @@ class StandardOutput(Cli):
 
     def setUp(self):
         super().setUp()
-        os.environ["QUILLORY_HOME"] = str(self.folder / "home")
-        self.addCleanup(os.environ.pop, "QUILLORY_HOME")
         self.assertIn(run("records", "add", SAMPLES)[0], (0, 1))
 
     @unittest.skipUnless(os.path.exists("/dev/full"), "no /dev/full")

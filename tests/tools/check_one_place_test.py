@@ -1,4 +1,4 @@
-"""check-one-place names each use of what belongs elsewhere, and passes over what only tells of it."""
+"""check-one-place names each use of what belongs elsewhere, and lets pass what only tells of it."""
 
 import subprocess
 import sys
