@@ -1,6 +1,5 @@
 #include <quillory/exchange/Subfields.h>
 #include <quillory/holdings/HoldingsFields.h>
-#include <zorby/copies/HoldingsDelimiters.h>
 
 #include <algorithm>
 #include <iterator>
@@ -16,28 +15,6 @@ using zorby::CommFormatField;
 constexpr char kEscape = 0x1B;  // other bytes may be parts of characters behind it
 constexpr std::size_t kIndicators = 2;
 constexpr std::size_t kMostFields = 2;  // of a copy
-
-bool IsFollett(zorby::EHOLDINGSTYPE type) {
-    return type == zorby::HT_FOLLETT || type == zorby::HT_FOLLETT_2 ||
-           type == zorby::HT_FOLLETT_UNISON;
-}
-
-bool IsFund(const CInfoAboutHoldingsField& info) {
-    return info.GetHoldingsID() == zorby::HID_FOLLETT_FUND ||
-           info.GetHoldingsID() == zorby::HID_FOLLETT_UNISON_FUND;
-}
-
-// Systems name it otherwise where it may stand in parts.
-bool TakesCallNumber(const CInfoAboutHoldingsField& info) {
-    using namespace zorby;
-    static constexpr EHOLDINGSID kCallNumbers[] = {
-        HID_TYPE_1_CALL_NUMBER,  HID_TYPE_2_CALL_NUMBER,         HID_FOLLETT_CALL_NUMBER,
-        HID_TYPE_4_CALL_NUMBER,  HID_FOLLETT_UNISON_CALL_NUMBER, HID_TYPE_5_CALL_NUMBER,
-        HID_DYNIX_CALL_NUMBER,   HID_LWLP_CALL_NUMBER,           HID_TYPE_6_CALL_NUMBER,
-        HID_TYPE_11_CALL_NUMBER, HID_TYPE_12_CALL_NUMBER,        HID_ALEXANDRIA_CALL_NUMBER,
-    };
-    return std::ranges::count(kCallNumbers, info.GetHoldingsID()) != 0;
-}
 
 // Of the fields to which the elements go.
 std::vector<int> TagsOf(const CHoldingsDataRecord& copy) {
@@ -69,6 +46,30 @@ bool Join(const CInfoAboutHoldingsField& info, std::string_view text, CHoldingsD
     if (joined.empty() || text.empty()) return false;
     element->SetText(joined.append(1, delimiter).append(text));
     return true;
+}
+
+// What a composed subfield begins with: "FSC@".
+std::string Opening(const zorby::HoldingsComposite& composite) {
+    std::string opening = composite.opening;
+    if (composite.partStart != 0) opening += composite.partStart;
+    return opening;
+}
+
+// The parts of a composed subfield after its opening. The byte that starts each part stands between
+// the parts then, as does the one that ends each, which the last part may lack.
+std::vector<std::string_view> Parts(const zorby::HoldingsComposite& composite,
+                                    std::string_view text) {
+    std::vector<std::string_view> parts;
+    const bool endsParts = composite.partEnd != 0;
+    if (endsParts && text.empty()) return parts;
+    if (endsParts && text.back() == composite.partEnd) text.remove_suffix(1);
+    const char between = endsParts ? composite.partEnd : composite.partStart;
+    for (;;) {
+        const std::size_t end = std::min(text.find(between), text.size());
+        parts.push_back(text.substr(0, end));
+        if (end == text.size()) return parts;
+        text.remove_prefix(end + 1);
+    }
 }
 
 }  // namespace
@@ -126,8 +127,7 @@ void HoldingsFields::TakeCopy(const std::vector<CommFormatField>& fields,
 
 void HoldingsFields::TakeSubfield(int tag, const Subfield& subfield, CopyInHand& copy) const {
     const bool isPlain = subfield.text.find(kEscape) == subfield.text.npos;
-    if (isPlain && (TakeFund(tag, subfield, copy) || TakeFollett(tag, subfield, copy) ||
-                    TakeAlexandria(tag, subfield, copy) ||
+    if (isPlain && (TakeLabelled(tag, subfield, copy) || TakeComposite(tag, subfield, copy) ||
                     TakeElement(Find(tag, subfield.code), subfield.text, copy))) {
         return;
     }
@@ -144,88 +144,74 @@ bool HoldingsFields::TakeElement(const CInfoAboutHoldingsField* info, std::strin
     return copy.elements.GetSize() > before;
 }
 
-// A fund shares its subfield with notes, and says what it is.
-bool HoldingsFields::TakeFund(int tag, const Subfield& subfield, CopyInHand& copy) const {
-    constexpr std::string_view kLabel = zorby::kpHoldingsFundLabel;
-    if (!IsFollett(from_.id) || !subfield.text.starts_with(kLabel)) return false;
+// An element that shares its subfield with others is known by its label.
+bool HoldingsFields::TakeLabelled(int tag, const Subfield& subfield, CopyInHand& copy) const {
+    const std::string_view label = rules_.label.text;
+    if (label.empty() || subfield.code != rules_.label.code || !subfield.text.starts_with(label)) {
+        return false;
+    }
+    const CInfoAboutHoldingsField* info = from_.type->GetFieldInfo(rules_.label.id);
+    const bool isItsPlace = info != nullptr && static_cast<int>(info->GetTag()) == tag &&
+                            info->GetSubfield() == subfield.code;
+    return isItsPlace && TakeElement(info, subfield.text.substr(label.size()), copy);
+}
+
+// What is no element of both systems stays in a subfield of the same form: as one, where all parts
+// stand after an opening.
+bool HoldingsFields::TakeComposite(int tag, const Subfield& subfield, CopyInHand& copy) const {
+    const zorby::HoldingsComposite* composite = rules_.composite;
+    if (composite == nullptr || subfield.code != composite->code) return false;
+    const std::string opening = Opening(*composite);
+    if (!subfield.text.starts_with(opening)) return false;
+    std::string left;
+    for (const std::string_view part : Parts(*composite, subfield.text.substr(opening.size()))) {
+        if (TakePart(tag, part, copy)) continue;
+        if (opening.empty()) {
+            copy.kept.push_back({tag, subfield.code, std::string(part)});
+        } else {
+            left += composite->partStart;
+            left += part;
+        }
+    }
+    if (!left.empty()) copy.kept.push_back({tag, subfield.code, composite->opening + left});
+    return true;
+}
+
+// Such as "aFIC" or "Funds:Gift".
+bool HoldingsFields::TakePart(int tag, std::string_view part, CopyInHand& copy) const {
     for (int i = 0; i < from_.type->GetSize(); ++i) {
         const CInfoAboutHoldingsField& info = *from_.type->GetAt(i);
-        if (!IsFund(info) || static_cast<int>(info.GetTag()) != tag) continue;
-        if (info.GetSubfield() != subfield.code) continue;
-        return TakeElement(&info, subfield.text.substr(kLabel.size()), copy);
+        const int place = info.GetSubfield();
+        const bool isPlace = 0 < place && place < ' ';
+        if (!isPlace || static_cast<int>(info.GetTag()) != tag) continue;
+        const std::string lead = rules_.composite->lead(place);
+        if (lead.empty() || !part.starts_with(lead)) continue;
+        return TakeElement(&info, part.substr(lead.size()), copy);
     }
     return false;
 }
 
-// "FSC@aFIC@bJUV". What is no element of both systems stays behind in a subfield of the same form.
-bool HoldingsFields::TakeFollett(int tag, const Subfield& subfield, CopyInHand& copy) const {
-    const std::string marker = zorby::kpFollettSubXMarker;
-    std::string_view rest = subfield.text;
-    if (!IsFollett(from_.id) || subfield.code != 'x' ||
-        !rest.starts_with(marker + zorby::kcFollettSubXDelimiter)) {
-        return false;
-    }
-    rest.remove_prefix(marker.size());
-    std::string left;
-    while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find(zorby::kcFollettSubXDelimiter, 1), rest.size());
-        const std::string_view part = rest.substr(0, end);
-        const int place = part.size() > 1 ? part[1] - zorby::kFollettLetterOffset : 0;
-        const bool isPlace = 0 < place && place < ' ';
-        if (!isPlace || !TakeElement(Find(tag, place), part.substr(2), copy)) left += part;
-        rest.remove_prefix(end);
-    }
-    if (!left.empty()) copy.kept.push_back({tag, subfield.code, marker + left});
-    return true;
-}
-
-// "Funds:Gift|Vendor:Acme|". What is no element of both systems goes on as it is.
-bool HoldingsFields::TakeAlexandria(int tag, const Subfield& subfield, CopyInHand& copy) const {
-    if (from_.id != zorby::HT_ALEXANDRIA || subfield.code != '1') return false;
-    for (std::string_view rest = subfield.text; !rest.empty();) {
-        const std::size_t end = std::min(rest.find(zorby::kcHoldingsDelimiter), rest.size());
-        std::string_view text = rest.substr(0, end);
-        const CInfoAboutHoldingsField* info = Labelled(tag, text);
-        if (!TakeElement(info, text, copy)) {
-            copy.kept.push_back({tag, subfield.code, std::string(rest.substr(0, end))});
-        }
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-    }
-    return true;
-}
-
-// The element whose label stands before the text, without which the text is left then.
-const CInfoAboutHoldingsField* HoldingsFields::Labelled(int tag, std::string_view& text) const {
+// Not one that is known by its label.
+const CInfoAboutHoldingsField* HoldingsFields::Find(int tag, char code) const {
     for (int i = 0; i < from_.type->GetSize(); ++i) {
         const CInfoAboutHoldingsField& info = *from_.type->GetAt(i);
-        const char* label = zorby::AlexandriaLabel(info.GetSubfield());
-        if (label == nullptr || static_cast<int>(info.GetTag()) != tag) continue;
-        if (!text.starts_with(label)) continue;
-        text.remove_prefix(std::string_view(label).size());
-        return &info;
-    }
-    return nullptr;
-}
-
-// Funds are not found: they say what they are.
-const CInfoAboutHoldingsField* HoldingsFields::Find(int tag, int subfield) const {
-    for (int i = 0; i < from_.type->GetSize(); ++i) {
-        const CInfoAboutHoldingsField& info = *from_.type->GetAt(i);
-        if (static_cast<int>(info.GetTag()) != tag || info.GetSubfield() != subfield) continue;
-        if (subfield != 'x' || !IsFund(info)) return &info;
+        if (static_cast<int>(info.GetTag()) != tag || info.GetSubfield() != code) continue;
+        const zorby::HoldingsLabel& label = rules_.label;
+        if (label.id != info.GetHoldingsID() || label.code != code) return &info;
     }
     return nullptr;
 }
 
 const CInfoAboutHoldingsField* HoldingsFields::Target(const CInfoAboutHoldingsField& info) const {
     if (to_.type == from_.type) return &info;
-    const CInfoAboutHoldingsField* callNumber = nullptr;
-    for (int i = 0; to_.type != nullptr && i < to_.type->GetSize(); ++i) {
+    if (to_.type == nullptr) return nullptr;
+    for (int i = 0; i < to_.type->GetSize(); ++i) {
         const CInfoAboutHoldingsField* target = to_.type->GetAt(i);
         if (target->GetName() == info.GetName()) return target;
-        if (TakesCallNumber(*target)) callNumber = target;
     }
-    return TakesCallNumber(info) ? callNumber : nullptr;
+    // Systems name it otherwise where it may stand in parts.
+    const bool isCallNumber = info.GetHoldingsID() == rules_.callNumber.Whole();
+    return isCallNumber ? to_.type->GetFieldInfo(to_.Rules().callNumber.Whole()) : nullptr;
 }
 
 }  // namespace quillory

@@ -25,7 +25,8 @@ struct CopiesOfRecord {
 // A copy is written to two fields at most: what is kept of a third comes as a copy of its own.
 class HoldingsFields {
 public:
-    HoldingsFields(const HoldingsSystem& from, const HoldingsSystem& to) : from_(from), to_(to) {}
+    HoldingsFields(const HoldingsSystem& from, const HoldingsSystem& to)
+        : from_(from), rules_(from.Rules()), to_(to) {}
 
     // Whether the field holds copies.
     bool IsTaken(const zorby::CommFormatField& field) const;
@@ -48,14 +49,14 @@ private:
     void TakeSubfield(int tag, const Subfield& subfield, CopyInHand& copy) const;
     bool TakeElement(const zorby::CInfoAboutHoldingsField* info, std::string_view text,
                      CopyInHand& copy) const;
-    bool TakeFund(int tag, const Subfield& subfield, CopyInHand& copy) const;
-    bool TakeFollett(int tag, const Subfield& subfield, CopyInHand& copy) const;
-    bool TakeAlexandria(int tag, const Subfield& subfield, CopyInHand& copy) const;
-    const zorby::CInfoAboutHoldingsField* Labelled(int tag, std::string_view& text) const;
-    const zorby::CInfoAboutHoldingsField* Find(int tag, int subfield) const;
+    bool TakeLabelled(int tag, const Subfield& subfield, CopyInHand& copy) const;
+    bool TakeComposite(int tag, const Subfield& subfield, CopyInHand& copy) const;
+    bool TakePart(int tag, std::string_view part, CopyInHand& copy) const;
+    const zorby::CInfoAboutHoldingsField* Find(int tag, char code) const;
     const zorby::CInfoAboutHoldingsField* Target(const zorby::CInfoAboutHoldingsField& info) const;
 
     const HoldingsSystem& from_;
+    const zorby::HoldingsTypeRow& rules_;  // of `from_`
     const HoldingsSystem& to_;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 
 #include <string>
@@ -15,6 +16,8 @@ struct HoldingsSystem {
     std::string name;            // in UTF-8
     std::vector<unsigned> tags;  // of the fields that hold copies, each once
 
+    // What is fixed for the system, whatever the dictionary says.
+    const zorby::HoldingsTypeRow& Rules() const { return zorby::HoldingsRowOf(id); }
     bool HasTag(std::string_view tag) const;
     // Without elements, values are named by their places in the record.
     bool HasElements() const { return type != nullptr && type->GetSize() > 0; }

@@ -79,8 +79,9 @@ bool RecordHoldings::MakeFromFields(const Record& record) {
     return Statements(old) != Statements(made_);
 }
 
-// The library writes blank indicators, but for those of Dynix, and nothing for a copy that is no
-// more than the rest of a composed subfield. What the record had stays then.
+// The library writes blank indicators unless the settings have some for the system: those of the
+// record stay then. It writes nothing for a copy of which no more is left than parts of a composed
+// subfield: the fields of the record stay then.
 void RecordHoldings::MakeFields(const zorby::CHoldingsDataRecord& copy,
                                 const std::vector<CommFormatField>& origin) {
     zorby::CPmarc marc;
@@ -90,7 +91,7 @@ void RecordHoldings::MakeFields(const zorby::CHoldingsDataRecord& copy,
         if (field.size() <= kTagSize + kIndicators) continue;
         NewField made{field.substr(0, kTagSize), field.substr(kTagSize)};
         const auto same = std::ranges::find(origin, made.tag, &CommFormatField::tag);
-        const bool keepsIndicators = to_.id != zorby::HT_DYNIX || !to_.HasTag(made.tag);
+        const bool keepsIndicators = to_.Rules().indicators == nullptr || !to_.HasTag(made.tag);
         if (same != origin.end() && keepsIndicators) {
             made.content.replace(0, kIndicators, same->content.substr(0, kIndicators));
         }

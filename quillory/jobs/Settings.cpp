@@ -2,12 +2,13 @@
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/Settings.h>
 #include <quillory/text/QmText.h>
+#include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 #include <zorby/ini/KeysNValues.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
 
-#include <array>
+#include <algorithm>
 #include <string_view>
 
 namespace quillory {
@@ -21,20 +22,23 @@ struct HoldingsKey {
     bool isExtra;  // stands in the nested text
 };
 
-constexpr std::array<HoldingsKey, 12> kHoldingsKeys{{
-    {"EasyOrCustom", false},
-    {"HoldingsType", false},
-    {"NextBarCode", false},
-    {"DynixIndicators", true},
-    {"LWLPCallTag", true},
-    {"LWLPSubTags", true},
-    {"FollettUnisonNextAccNumber", true},
-    {"FollettUnisonLocOfMasterCallNumber", true},
-    {"MandarinEZTransferHoldingsSubfields", true},
-    {"CustomAllFAndS", true},
-    {"CustomBarCodeSubfield", true},
-    {"CustomCallNumberSubfields", true},
-}};
+// Those of all systems, of each system, and of the user's own fields.
+std::vector<HoldingsKey> HoldingsKeys() {
+    std::vector<HoldingsKey> keys = {
+        {"EasyOrCustom", false}, {"HoldingsType", false}, {"NextBarCode", false}};
+    const auto add = [&keys](const char* name) {
+        if (name == nullptr || std::ranges::count(keys, name, &HoldingsKey::name) != 0) return;
+        keys.push_back({name, true});
+    };
+    for (const zorby::HoldingsTypeRow& row : zorby::HoldingsTypeTable()) {
+        for (const char* name : row.settings) add(name);
+    }
+    for (const char* name :
+         {"CustomAllFAndS", "CustomBarCodeSubfield", "CustomCallNumberSubfields"}) {
+        add(name);
+    }
+    return keys;
+}
 
 // The holdings settings: one text of keys, with another nested in it.
 class HoldingsSettings {
@@ -66,8 +70,8 @@ private:
     zorby::CKeysNValues extra_;
 };
 
-const HoldingsKey& HoldingsKeyNamed(std::string_view name) {
-    for (const HoldingsKey& key : kHoldingsKeys) {
+HoldingsKey HoldingsKeyNamed(std::string_view name) {
+    for (const HoldingsKey& key : HoldingsKeys()) {
         if (key.name == name) return key;
     }
     throw UsageError("there is no holdings setting " + std::string(name));
@@ -150,7 +154,7 @@ void ChangeSetting(const std::string& name, const std::string& value) {
 std::vector<SettingRow> ListHoldingsSettings() {
     const HoldingsSettings settings;
     std::vector<SettingRow> rows;
-    for (const HoldingsKey& key : kHoldingsKeys) {
+    for (const HoldingsKey& key : HoldingsKeys()) {
         rows.push_back({0, std::string(key.name), QmToUtf8(settings.Get(key))});
     }
     return rows;
@@ -161,7 +165,7 @@ std::string ReadHoldingsSetting(const std::string& name) {
 }
 
 void ChangeHoldingsSetting(const std::string& name, const std::string& value) {
-    const HoldingsKey& key = HoldingsKeyNamed(name);
+    const HoldingsKey key = HoldingsKeyNamed(name);
     CheckHoldingsValue(key, value);
     HoldingsSettings().Set(key, InQmCode(value));
 }

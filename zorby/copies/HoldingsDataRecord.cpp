@@ -17,18 +17,11 @@ constexpr unsigned char kVersionWithoutHolds = 1;
 constexpr unsigned kFieldOverhead = 15;  // directory entry, indicators and field end
 constexpr auto kTypeNotTold = static_cast<EHOLDINGSTYPE>(-1);
 
-constexpr std::pair<EHOLDINGSTYPE, EHOLDINGSTYPE> kSuccessors[] = {
-    {HT_FOLLETT, HT_FOLLETT_2},
-    {HT_TYPE_12, HT_TYPE_15},
-};
-
 EHOLDINGSTYPE Migrated(EHOLDINGSTYPE stored) {
-    for (const auto& [type, successor] : kSuccessors) {
-        if (stored == type && CHoldingsSelector::GetCurrentHoldingsTypeID() == successor) {
-            return successor;
-        }
-    }
-    return stored;
+    const EHOLDINGSTYPE successor = HoldingsRowOf(stored).successor;
+    const bool isInForce =
+        successor != HT_NONE && CHoldingsSelector::GetCurrentHoldingsTypeID() == successor;
+    return isInForce ? successor : stored;
 }
 
 }  // namespace
@@ -67,9 +60,6 @@ void CHoldingsDataRecord::CloneFrom(const CHoldingsDataRecord& record) {
 void CHoldingsDataRecord::Add(EHOLDINGSID id, std::string_view text, int keepEmpty, int userValue) {
     if (!MoveToFree(id)) return;
     if (keepEmpty == 0 && text.empty()) return;
-    for (const auto& [first, second] : kRepeatedPairs) {
-        if (id == first && Find(first)) id = second;
-    }
     auto element = std::make_unique<CHoldingsDataElement>();
     element->Create(id, text, userValue);
     elements_.push_back(std::move(element));
@@ -119,17 +109,17 @@ void CHoldingsDataRecord::AddHoldingItemHold(int tag, char subfield, std::string
 }
 
 bool CHoldingsDataRecord::IsEmpty() const {
-    if (holdingsType_ != HT_LWLP && holdingsType_ != HT_LWLP_2) {
+    if (HoldingsRowOf(holdingsType_).automatic == EHOLDINGSID{}) {
         return elements_.empty() && pageHasData_ == 0;
     }
     return std::ranges::none_of(elements_, [](const auto& element) {
-        return element->GetID() != HID_LWLP_AUTOMATIC && !element->GetText().empty();
+        return !element->GetText().empty() && !IsAutomatic(element->GetID());
     });
 }
 
 bool CHoldingsDataRecord::HasNoText() const {
     return std::ranges::none_of(elements_, [](const auto& element) {
-        return element->GetID() != HID_LWLP_AUTOMATIC && !TrimmedRight(element->GetText()).empty();
+        return !TrimmedRight(element->GetText()).empty() && !IsAutomatic(element->GetID());
     });
 }
 
@@ -168,13 +158,17 @@ bool CHoldingsDataRecord::IsFree(EHOLDINGSID id) const {
     return !element || element->GetText().empty();
 }
 
-// From the first number of a chain to its first free one. False where there is none.
+// To the number under which a further value of a repeating item is kept. False if there is no room
+// for the value.
 bool CHoldingsDataRecord::MoveToFree(EHOLDINGSID& id) const {
-    for (const auto& chain : kRepeatedChains) {
-        if (id != chain.front()) continue;
+    const HoldingsTypeRow* row = FindHoldingsRow(id);
+    if (!row) return true;
+    if (id == row->pair.first && Find(id)) id = row->pair.second;
+    for (const auto& triple : row->triples) {
+        if (id != triple.front()) continue;
         const auto free =
-            std::ranges::find_if(chain, [this](EHOLDINGSID link) { return IsFree(link); });
-        if (free == chain.end()) return false;
+            std::ranges::find_if(triple, [this](EHOLDINGSID each) { return IsFree(each); });
+        if (free == triple.end()) return false;
         id = *free;
         return true;
     }

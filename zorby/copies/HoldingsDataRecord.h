@@ -40,12 +40,12 @@ public:
     CHoldingsDataRecord& operator=(const CHoldingsDataRecord&) = delete;
 
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
-    // Stores version 2; loads version 1 too, which has no holds, and reads nothing behind the
-    // version byte of any other. A loaded HT_FOLLETT becomes HT_FOLLETT_2, and HT_TYPE_12 becomes
-    // HT_TYPE_15, where that is the type in force (CHoldingsSelector). Elements and holds are added
-    // behind those there are, as they were stored.
+    // Stores version 2; loads version 1 too, which has no holds, and reads nothing after the
+    // version byte of any other. A loaded type becomes its successor (HoldingsTypeRow) where that
+    // is the type in force (CHoldingsSelector). Elements and holds are added after those there are,
+    // as they were stored.
     void Serialize(CArchive& archive) override;
-    // Takes the type and what SetPageHasData said, and adds copies of elements and holds behind
+    // Takes the type and what SetPageHasData said, and adds copies of elements and holds after
     // those there are. A record cloned from itself stays as it is.
     void CloneFrom(const CHoldingsDataRecord& record);
 
@@ -53,10 +53,10 @@ public:
     // The list that the record is in, or null.
     const CHoldingsDataRecordList* GetOwner() const { return owner_; }
 
-    // Adds an element. A further value of a repeating item moves to the next number of the item
-    // that is free: 202 to 204 and 206, 203 to 205 and 207, where it is dropped if none is;
-    // 407 to 408 and 906 to 907, which take any number of values. An empty text is added only if
-    // `keepEmpty` is not 0; one of white space is added as an empty one.
+    // Adds an element. A further value of a repeating item goes to another number
+    // (HoldingsTypeRow): of a triple to the next that is free, and nowhere if none is; of a pair to
+    // the second, which takes any number of values. An empty text is added only if `keepEmpty` is
+    // not 0; one of white space is added as an empty one.
     void Add(EHOLDINGSID id, std::string_view text, int keepEmpty, int userValue);
     // Changes the first element with the number, or adds one unless the text is empty.
     void Set(EHOLDINGSID id, std::string_view text);
@@ -81,10 +81,10 @@ public:
 
     // Nonzero while an editor page holds data for a record that has no elements yet.
     void SetPageHasData(int hasData) { pageHasData_ = hasData; }
-    // For HT_LWLP and HT_LWLP_2: no element has text, HID_LWLP_AUTOMATIC aside. For others: there
-    // is no element, not even one without text, nor data on an editor page.
+    // For a type with an automatic element (HoldingsTypeRow): no other element has text. For other
+    // types: there is no element, not even one without text, nor data on an editor page.
     bool IsEmpty() const;
-    // No element has text other than white space, HID_LWLP_AUTOMATIC aside.
+    // No element has text other than white space, automatic ones aside.
     bool HasNoText() const;
 
     // The same type and, in any order, the same elements. Where types and counts agree, both
@@ -94,9 +94,9 @@ public:
     // Both sorts keep elements that they hold equal in their order. Highest number first:
     void Sort();
     // The order of output, by what the dictionary says of each number: the highest tag first; in a
-    // tag the parts of composed subfields by number, other subfields by code, digits behind all
-    // else; 907 behind any 906 of the tag. Elements that the dictionary in force doesn't have come
-    // last.
+    // tag the parts of composed subfields by number, other subfields by code, digits after all
+    // else; the second of a pair that sorts so (HoldingsPair) after any first of the tag. Elements
+    // that the dictionary in force doesn't have come last.
     void SortByTagAndSubfield();
 
     // The bytes that the elements take in a MARC record, with those of a field around them; 0
@@ -106,8 +106,8 @@ public:
     // Adds the elements in their order, then the holds, to new fields of `marc`, one for each of
     // the first two tags met. Elements of a third tag go to the second field, holds of a third tag
     // nowhere, and so do elements that the dictionary in force doesn't have. Subfields composed of
-    // several elements come last in the first field. That field takes the indicators of Dynix while
-    // HT_DYNIX is in force (CHoldingsSelector), whatever the record's own type.
+    // several elements come last in the first field. That field takes the indicators of the type in
+    // force (CHoldingsSelector) if it has any, whatever the record's own type.
     void AddToPseudoMARC(CPmarc& marc) const;
 
     // What the host's list shows of the copy: the call number of the record's type, its parts

@@ -19,7 +19,7 @@ void AppendJoined(std::string& all, char separator, std::string_view text) {
 
 std::string CHoldingsDataRecord::GetRecVCallNumber() const {
     std::string callNumber;
-    for (const EHOLDINGSID id : CallNumberIDsOf(holdingsType_)) {
+    for (const EHOLDINGSID id : HoldingsRowOf(holdingsType_).callNumber.parts) {
         if (id != EHOLDINGSID{}) AppendJoined(callNumber, ' ', Get(id));
     }
     return callNumber;

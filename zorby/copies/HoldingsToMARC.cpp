@@ -1,43 +1,39 @@
 #include <zorby/copies/HoldingsDataRecordList.h>
-#include <zorby/copies/HoldingsDelimiters.h>
-#include <zorby/copies/detail/CompositesToMARC.h>
-#include <zorby/copies/detail/HoldingsIDRoles.h>
+#include <zorby/copies/detail/CompositeToMARC.h>
 #include <zorby/holdings/HoldingsSelector.h>
+#include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 #include <zorby/record/Pmarc.h>
 
-#include <algorithm>
 #include <string>
 
 namespace zorby {
 namespace {
 
-constexpr char kSubfieldX = 'x';
-constexpr char kSubfield1 = '1';
-
-// A value of these that goes to $x by itself says what it is.
-constexpr EHOLDINGSID kFunds[] = {HID_FOLLETT_UNISON_FUND, HID_FOLLETT_FUND};
-
-bool KeepsPairs(EHOLDINGSTYPE type, EHOLDINGSID first) {
-    return first == HID_TYPE_5_ITEM_1 ? type == HT_TYPE_5
-                                      : type == HT_TYPE_12 || type == HT_TYPE_15;
+const char* LabelOf(EHOLDINGSID id, char code) {
+    const HoldingsTypeRow* row = FindHoldingsRow(id);
+    const bool isLabelled = row && row->label.id == id && row->label.code == code;
+    return isLabelled ? row->label.text : "";
 }
 
 // Writes one copy.
 class CopyToMARC {
 public:
     CopyToMARC(const CHoldingsDataRecord& copy, CPmarc& marc)
-        : copy_(copy), marc_(marc), composites_(copy.GetHoldingsType()) {}
+        : copy_(copy),
+          marc_(marc),
+          row_(HoldingsRowOf(copy.GetHoldingsType())),
+          composite_(row_.composite) {}
 
     void Add(const CHoldingsDataElement& element) {
         const auto* info = CInfoAboutHoldingsTypeList::FindFromID(element.GetID());
         if (!info) return;
         Open(info->GetTag());
-        if (!composites_.Take(*info, element.GetText())) AddPlain(element, *info);
+        if (!composite_.Take(*info, element.GetText())) AddPlain(element, *info);
     }
 
     void Add(const HoldingItemHold& hold) {
-        if (composites_.Take(hold)) return;
+        if (composite_.Take(hold)) return;
         const auto tag = static_cast<unsigned>(hold.tag);
         if (tag != 0) Open(tag);
         for (const Field& field : {first_, second_}) {
@@ -48,12 +44,10 @@ public:
     }
 
     void Finish() {
-        if (CHoldingsSelector::GetCurrentHoldingsTypeID() == HT_DYNIX) {
-            const std::string indicators = CHoldingsSelector::GetDynixIndicators();
-            marc_.FieldSetIndicators(first_.tag, first_.occurrence, indicators[0], indicators[1]);
-        }
-        AddComposite(kSubfieldX, composites_.SubfieldX());
-        AddComposite(kSubfield1, composites_.Subfield1());
+        SetIndicators();
+        if (composite_.IsEmpty()) return;
+        marc_.FieldAddSubfield(first_.tag, first_.occurrence, composite_.Code(), composite_.Text(),
+                               0);
     }
 
 private:
@@ -78,10 +72,7 @@ private:
 
     void AddPlain(const CHoldingsDataElement& element, const CInfoAboutHoldingsField& info) {
         const char code = static_cast<char>(info.GetSubfield());
-        std::string text = element.GetText();
-        if (code == kSubfieldX && std::ranges::count(kFunds, info.GetHoldingsID()) != 0) {
-            text.insert(0, kpHoldingsFundLabel);
-        }
+        const std::string text = LabelOf(element.GetID(), code) + element.GetText();
         const Field& field = info.GetTag() == first_.tag ? first_ : second_;
         if (IsSecondWithoutFirst(element.GetID())) {
             marc_.FieldAddSubfield(field.tag, field.occurrence, code, "",
@@ -92,10 +83,8 @@ private:
 
     // The two of a pair share a subfield code, so the second needs something before it.
     bool IsSecondWithoutFirst(EHOLDINGSID id) const {
-        return std::ranges::any_of(kRepeatedPairs, [=, this](const auto& pair) {
-            const auto& [first, second] = pair;
-            return id == second && KeepsPairs(copy_.GetHoldingsType(), first) && !Has(first);
-        });
+        const HoldingsPair& pair = row_.pair;
+        return pair.second != EHOLDINGSID{} && id == pair.second && !Has(pair.first);
     }
 
     bool Has(EHOLDINGSID id) const {
@@ -105,13 +94,18 @@ private:
         return false;
     }
 
-    void AddComposite(char code, const std::string& text) {
-        if (!text.empty()) marc_.FieldAddSubfield(first_.tag, first_.occurrence, code, text, 0);
+    // By the system in force, whatever the copy's own is.
+    void SetIndicators() {
+        const auto& inForce = HoldingsRowOf(CHoldingsSelector::GetCurrentHoldingsTypeID());
+        if (!inForce.indicators) return;
+        const std::string indicators = inForce.indicators();
+        marc_.FieldSetIndicators(first_.tag, first_.occurrence, indicators[0], indicators[1]);
     }
 
     const CHoldingsDataRecord& copy_;
     CPmarc& marc_;
-    CompositesToMARC composites_;
+    const HoldingsTypeRow& row_;
+    CompositeToMARC composite_;
     Field first_;
     Field second_;
 };

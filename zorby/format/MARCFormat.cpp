@@ -1,7 +1,7 @@
 #include <zorby/archive/detail/DataFile.h>
 #include <zorby/archive/detail/SerializeItems.h>
 #include <zorby/format/MARCFormat.h>
-#include <zorby/format/detail/AlexandriaFields.h>
+#include <zorby/format/detail/LocalFields.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/platform/ApplicationPort.h>
 
@@ -87,13 +87,13 @@ const CInfoAboutSubfield* CMARCFormat::FindSubfield(unsigned tag, char code) {
 
 std::unique_ptr<CTagArray> CMARCFormat::AllTags(unsigned low, unsigned high) {
     auto tags = InForce().fields_.AllTags(low, high);
-    AppendAlexandriaTags(*tags);
+    AppendLocalTags(*tags);
     return tags;
 }
 
 void CMARCFormat::AllSubfieldCodes(unsigned tag, std::string& codes) {
     InForce().subfields_.AllSubfieldCodesForTag(tag, codes);
-    if (AlexandriaName(tag)) codes += kAlexandriaSubfield;
+    if (const HoldingsLocalField* field = FindLocalField(tag)) codes += field->code;
 }
 
 void CMARCFormat::GetSubfieldsToPromptFor(unsigned tag, std::string& codes) {

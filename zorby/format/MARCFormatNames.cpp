@@ -1,6 +1,6 @@
 #include <zorby/format/MARCFormat.h>
-#include <zorby/format/detail/AlexandriaFields.h>
 #include <zorby/format/detail/DisplayText.h>
+#include <zorby/format/detail/LocalFields.h>
 #include <zorby/text/detail/TagText.h>
 
 namespace zorby {
@@ -9,13 +9,13 @@ namespace {
 constexpr unsigned kFirstTagWithSubfields = 10;
 
 std::string NameOfUnknownField(unsigned tag) {
-    const char* alexandria = AlexandriaName(tag);
-    return alexandria ? alexandria : "User defined " + TagText(tag);
+    const HoldingsLocalField* field = FindLocalField(tag);
+    return field ? field->name : "User defined " + TagText(tag);
 }
 
 std::string NameOfUnknownSubfield(unsigned tag, char code) {
-    const char* alexandria = code == kAlexandriaSubfield ? AlexandriaName(tag) : nullptr;
-    return alexandria ? alexandria : std::string("User defined $") + code;
+    const HoldingsLocalField* field = FindLocalField(tag);
+    return field && field->code == code ? field->name : std::string("User defined $") + code;
 }
 
 }  // namespace

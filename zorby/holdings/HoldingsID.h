@@ -4,11 +4,9 @@
 
 namespace zorby {
 
-// The elements of holdings data, a family of numbers to each system: 100 to 103 (HT_TYPE_1),
-// 150 to 156 (2), 200 to 216 (3, 13), 250 to 262 and 264 (10), 300 to 313 (4), 400 to 408 (5),
-// 500 to 511 (7), 600 to 620 (8, 9), 700 to 705 (6), 800 to 808 (11), 900 to 909 (12, 15),
-// 950 to 964 (14). Those named here have a role of their own; the others are what the dictionary
-// says. Where a call number comes in parts, HID_..._CALL_NUMBER takes a whole one.
+// The elements of holdings data, a family of numbers to each system (HoldingsTypeTable). Those
+// named here have a role of their own; the others are what the dictionary says. Where a call number
+// comes in parts, HID_..._CALL_NUMBER takes a whole one.
 enum EHOLDINGSID : std::int32_t {
     HID_TYPE_1_CALL_NUMBER = 101,
     HID_TYPE_1_BAR_CODE = 102,

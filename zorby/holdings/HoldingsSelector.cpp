@@ -1,19 +1,10 @@
 #include <zorby/holdings/HoldingsSelector.h>
+#include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/detail/HoldingsSelectorSettings.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace zorby {
-namespace {
-
-constexpr std::pair<EHOLDINGSTYPE, EHOLDINGSTYPE> kPairs[] = {
-    {HT_FOLLETT, HT_FOLLETT_2},
-    {HT_LWLP, HT_LWLP_2},
-    {HT_TYPE_12, HT_TYPE_15},
-};
-
-}  // namespace
 
 const CInfoAboutHoldingsType* CHoldingsSelector::GetCurrentHoldingsType() {
     const HoldingsSettings settings;
@@ -37,7 +28,8 @@ std::string CHoldingsSelector::GetCurrentHoldingsTypeName() {
 }
 
 bool CHoldingsSelector::CurrentHoldingsTypeIsCustom() {
-    return !HoldingsSettings().IsEasy() || GetCurrentHoldingsTypeID() == HT_MANDARIN_EZ;
+    return !HoldingsSettings().IsEasy() ||
+           HoldingsRowOf(GetCurrentHoldingsTypeID()).tagsWithoutElements;
 }
 
 std::string CHoldingsSelector::GetNextBarCode() {
@@ -49,15 +41,15 @@ void CHoldingsSelector::SetNextBarCode(std::string_view barCode) {
 }
 
 std::string CHoldingsSelector::GetNextAccNo() {
-    return HoldingsSettings().GetExtra("FollettUnisonNextAccNumber");
+    return HoldingsSettings().GetExtra(kUnisonNextAccNo);
 }
 
 void CHoldingsSelector::SetNextAccNo(std::string_view number) {
-    HoldingsSettings().SetExtra("FollettUnisonNextAccNumber", number);
+    HoldingsSettings().SetExtra(kUnisonNextAccNo, number);
 }
 
 std::string CHoldingsSelector::GetDynixIndicators() {
-    std::string indicators = HoldingsSettings().GetExtra("DynixIndicators");
+    std::string indicators = HoldingsSettings().GetExtra(kDynixIndicators);
     indicators.resize(std::max<std::size_t>(indicators.size(), 2), '_');
     std::ranges::replace(indicators, ' ', '_');
     return indicators;
@@ -65,25 +57,22 @@ std::string CHoldingsSelector::GetDynixIndicators() {
 
 std::string CHoldingsSelector::GetFollettUnisonDCNLocation() {
     const HoldingsSettings settings;
-    return settings.HasExtra() ? settings.GetExtra("FollettUnisonLocOfMasterCallNumber") : "900a";
+    return settings.HasExtra() ? settings.GetExtra(kUnisonDCNLocation) : "900a";
 }
 
 std::string CHoldingsSelector::GetLWLPCallTagAndSubs() {
     const HoldingsSettings settings;
-    return settings.GetExtra("LWLPCallTag") + settings.GetExtra("LWLPSubTags");
+    return settings.GetExtra(kLwlpCallTag) + settings.GetExtra(kLwlpSubTags);
 }
 
 std::string CHoldingsSelector::GetMandarinHoldingSubfields() {
-    return HoldingsSettings().GetExtraOr("MandarinEZTransferHoldingsSubfields", "khip");
+    return HoldingsSettings().GetExtraOr(kMandarinSubfields, "khip");
 }
 
 bool CInfoAboutHoldingsTypeList::IsSameHoldingsType(EHOLDINGSID id) {
     EHOLDINGSTYPE current = HT_NONE;
     CHoldingsSelector::GetCurrentHoldingsType(current);
-    const EHOLDINGSTYPE family = GetHoldingsTypeFromHoldingsID(id);
-    return current == family || std::ranges::any_of(kPairs, [&](const auto& pair) {
-               return pair == std::pair(family, current) || pair == std::pair(current, family);
-           });
+    return current == GetHoldingsTypeFromHoldingsID(id) || HoldingsRowOf(current).Has(id);
 }
 
 }  // namespace zorby

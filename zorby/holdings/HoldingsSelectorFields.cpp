@@ -1,48 +1,36 @@
 #include <zorby/holdings/HoldingsSelector.h>
+#include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/detail/HoldingsSelectorSettings.h>
 #include <zorby/text/detail/TagText.h>
 
 namespace zorby {
 namespace {
 
-constexpr const char* kMandarinTag = "852";
-constexpr const char* kUsualCallNumber = "852khim";
-constexpr const char* kUsualBarCode = "852p";
-
-bool IsMandarin() {
-    return CHoldingsSelector::GetCurrentHoldingsTypeID() == HT_MANDARIN_EZ;
+const HoldingsTypeRow& RowInForce() {
+    return HoldingsRowOf(CHoldingsSelector::GetCurrentHoldingsTypeID());
 }
 
-// What custom settings say; Mandarin's call number and bar code are where they usually are.
-std::string CustomPlace(std::string_view key, const char* usualPlace) {
-    return IsMandarin() ? usualPlace : HoldingsSettings().GetExtraOr(key, usualPlace);
-}
-
-struct Places {
-    const char* callNumber;
-    const char* barCode;
-};
-
-Places PlacesOf(EHOLDINGSTYPE type) {
-    if (type == HT_TYPE_1) return {"852h", kUsualBarCode};
-    if (type == HT_DYNIX) return {"949d", "949b"};
-    const bool isKnown = HT_TYPE_2 <= type && type <= HT_MANDARIN_EZ;
-    return isKnown ? Places{kUsualCallNumber, kUsualBarCode} : Places{"", ""};
+// What custom settings say; a system without elements has its places fixed.
+std::string CustomPlace(std::string_view key, const char* HoldingsTypeRow::*place) {
+    const HoldingsTypeRow& row = RowInForce();
+    if (row.tagsWithoutElements) return row.*place;
+    return HoldingsSettings().GetExtraOr(key, HoldingsTypeRow().*place);
 }
 
 }  // namespace
 
 std::string CHoldingsSelector::GetCustomHoldingsFieldsAndSubfields() {
-    if (IsMandarin()) return kMandarinTag + GetMandarinHoldingSubfields();
+    const HoldingsTypeRow& row = RowInForce();
+    if (row.tagsWithoutElements) return row.userDefinedFields();
     return HoldingsSettings().GetExtra("CustomAllFAndS");
 }
 
 std::string CHoldingsSelector::GetCustomCallNumber() {
-    return CustomPlace("CustomCallNumberSubfields", kUsualCallNumber);
+    return CustomPlace("CustomCallNumberSubfields", &HoldingsTypeRow::callNumberPlace);
 }
 
 std::string CHoldingsSelector::GetCustomBarCode() {
-    return CustomPlace("CustomBarCodeSubfield", kUsualBarCode);
+    return CustomPlace("CustomBarCodeSubfield", &HoldingsTypeRow::barCodePlace);
 }
 
 bool CHoldingsSelector::IsHoldingsField(unsigned tag) {
@@ -60,13 +48,13 @@ bool CHoldingsSelector::IsHoldingsFieldForCapitalization(unsigned tag, char subf
     const std::string tagText = TagText(tag);
     const std::size_t at = fields.find(tagText);
     if (at == std::string::npos) return false;
-    const std::string behind = fields.substr(at + tagText.size());
-    return behind.substr(0, behind.find(' ')).find(subfield) != std::string::npos;
+    const std::string rest = fields.substr(at + tagText.size());
+    return rest.substr(0, rest.find(' ')).find(subfield) != std::string::npos;
 }
 
 void CHoldingsSelector::GetCurrentHoldingsFields(std::string& fields, std::string& callNumber,
                                                  std::string& barCode) {
-    if (CurrentHoldingsTypeIsCustom() && !IsMandarin()) {
+    if (!HoldingsSettings().IsEasy()) {
         constexpr std::size_t kTagWidth = 3;
         fields = GetCustomHoldingsFieldsAndSubfields().substr(0, kTagWidth);
         callNumber = GetCustomCallNumber();
@@ -74,10 +62,10 @@ void CHoldingsSelector::GetCurrentHoldingsFields(std::string& fields, std::strin
         return;
     }
     const CInfoAboutHoldingsType* type = GetCurrentHoldingsType();
-    const Places places = PlacesOf(type ? type->GetHoldingsTypeID() : HT_NONE);
+    const HoldingsTypeRow& row = RowInForce();
     fields = type ? type->GetCurrentHoldingsFields() : "";
-    callNumber = places.callNumber;
-    barCode = places.barCode;
+    callNumber = row.callNumberPlace;
+    barCode = row.barCodePlace;
 }
 
 std::string CHoldingsSelector::GetUDFields() {
@@ -85,17 +73,8 @@ std::string CHoldingsSelector::GetUDFields() {
         return GetCustomBarCode() + " " + GetCustomCallNumber() + " " +
                GetCustomHoldingsFieldsAndSubfields();
     }
-    switch (GetCurrentHoldingsTypeID()) {
-        case HT_LWLP:
-        case HT_LWLP_2:
-            return GetLWLPCallTagAndSubs();
-        case HT_FOLLETT_UNISON:
-            return GetFollettUnisonDCNLocation();
-        case HT_MANDARIN_EZ:
-            return kMandarinTag + GetMandarinHoldingSubfields();
-        default:
-            return {};
-    }
+    const HoldingsTypeRow& row = RowInForce();
+    return row.userDefinedFields ? row.userDefinedFields() : std::string();
 }
 
 }  // namespace zorby

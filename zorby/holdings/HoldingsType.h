@@ -4,8 +4,8 @@
 
 namespace zorby {
 
-// The library automation systems whose holdings the library knows. 3 and 13, 8 and 9, 12 and 15 are
-// pairs that share their elements (EHOLDINGSID).
+// The library automation systems whose holdings the library knows. What is fixed for each is a row
+// of HoldingsTypeTable; a system needs a name here only where code is to name it.
 enum EHOLDINGSTYPE : std::int32_t {
     HT_NONE = 0,  // no such type
     HT_TYPE_1 = 1,

@@ -1,4 +1,5 @@
 #include <zorby/archive/detail/SerializeItems.h>
+#include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/InfoAboutHoldingsType.h>
 
 #include <algorithm>
@@ -95,7 +96,7 @@ bool CInfoAboutHoldingsType::FieldIsOnePerRecord(unsigned tag) const {
 }
 
 std::string CInfoAboutHoldingsType::GetCurrentHoldingsFields() const {
-    if (holdingsTypeID_ == HT_MANDARIN_EZ) return "001,852,989";
+    if (const char* fixed = HoldingsRowOf(holdingsTypeID_).tagsWithoutElements) return fixed;
     std::string tags;
     for (const auto& field : fields_) {
         const std::string tag = std::to_string(field->GetTag());

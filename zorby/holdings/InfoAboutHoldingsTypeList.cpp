@@ -1,7 +1,7 @@
 #include <zorby/archive/SerializeList.h>
 #include <zorby/archive/detail/DataFile.h>
+#include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
-#include <zorby/holdings/detail/HoldingsIDFamilies.h>
 
 #include <algorithm>
 #include <utility>
@@ -74,10 +74,8 @@ const CInfoAboutHoldingsField* CInfoAboutHoldingsTypeList::FindFromID(EHOLDINGSI
 }
 
 EHOLDINGSTYPE CInfoAboutHoldingsTypeList::GetHoldingsTypeFromHoldingsID(EHOLDINGSID id) {
-    for (const HoldingsIDFamily& family : kHoldingsIDFamilies) {
-        if (family.first <= id && id <= family.last) return family.type;
-    }
-    return HT_NONE;
+    const HoldingsTypeRow* row = FindHoldingsRow(id);
+    return row ? row->type : HT_NONE;
 }
 
 void CInfoAboutHoldingsTypeList::GetMenuItemsFromID(EHOLDINGSID id, std::vector<std::string>& names,

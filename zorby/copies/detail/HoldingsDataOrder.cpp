@@ -1,4 +1,5 @@
 #include <zorby/copies/detail/HoldingsDataOrder.h>
+#include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 
 #include <algorithm>
@@ -43,30 +44,40 @@ bool Has(const Elements& elements, EHOLDINGSID id) {
                                [=](const auto& element) { return element->GetID() == id; });
 }
 
-// The second occurrences of an item go behind the first even where a dictionary gives them a lower
-// code. Comparing the two alone by number would not make one order with all others.
-Place PlaceOfSecondItem() {
-    const Place first = PlaceOf(HID_TYPE_12_ITEM_1);
-    const Place second = PlaceOf(HID_TYPE_12_ITEM_2);
+// Further values of an item go after the first even where a dictionary gives them a lower code.
+// Comparing the two alone by number would not make one order with all others.
+Place PlaceOfSecond(const HoldingsPair& pair) {
+    const Place first = PlaceOf(pair.first);
+    const Place second = PlaceOf(pair.second);
     const bool areTogether = !first.isUnknown && !second.isUnknown &&
                              first.tagFromAbove == second.tagFromAbove &&
                              first.isDigit == second.isDigit;
     if (!areTogether || second.Key() > first.Key()) return second;
-    Place behind = first;
-    ++behind.rank;
-    return behind;
+    Place after = first;
+    ++after.rank;
+    return after;
+}
+
+// The pairs whose first element is there.
+std::vector<HoldingsPair> PairsIn(const Elements& elements) {
+    std::vector<HoldingsPair> pairs;
+    for (const HoldingsTypeRow& row : HoldingsTypeTable()) {
+        if (row.pair.sortsAfterFirst && Has(elements, row.pair.first)) pairs.push_back(row.pair);
+    }
+    return pairs;
 }
 
 }  // namespace
 
 void SortForOutput(Elements& elements) {
-    const bool hasFirstItem = Has(elements, HID_TYPE_12_ITEM_1);
+    const std::vector<HoldingsPair> pairs = PairsIn(elements);
     std::vector<std::pair<Place, std::unique_ptr<CHoldingsDataElement>>> placed;
     placed.reserve(elements.size());
     for (auto& element : elements) {
         const EHOLDINGSID id = element->GetID();
-        const bool isSecond = hasFirstItem && id == HID_TYPE_12_ITEM_2;
-        placed.emplace_back(isSecond ? PlaceOfSecondItem() : PlaceOf(id), std::move(element));
+        const auto pair = std::ranges::find(pairs, id, &HoldingsPair::second);
+        placed.emplace_back(pair == pairs.end() ? PlaceOf(id) : PlaceOfSecond(*pair),
+                            std::move(element));
     }
     std::ranges::stable_sort(placed, {}, [](const auto& entry) { return entry.first.Key(); });
     for (std::size_t i = 0; i < elements.size(); ++i) elements[i] = std::move(placed[i].second);
