@@ -1,7 +1,6 @@
 #include <quillory/coded/Decoder.h>
 #include <quillory/exchange/Input.h>
 
-#include <cstdlib>
 #include <fuzz/Expect.h>
 #include <fuzzer/FuzzedDataProvider.h>
 #include <string>
@@ -15,8 +14,7 @@ using zorby::fuzz::Expect;
 void Check(const DecodedField& field, const std::string& content) {
     std::size_t end = 0;
     for (const DecodedElement& element : field.elements) {
-        const auto first = static_cast<std::size_t>(
-            std::strtoul(element.place.c_str() + element.place.find('/') + 1, nullptr, 10));
+        const auto first = static_cast<std::size_t>(element.place.first);
         Expect(first >= end, "elements stand in order");
         Expect(element.state == ElementState::Missing || !element.value.empty(),
                "only what is missing has no value");

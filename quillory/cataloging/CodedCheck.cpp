@@ -2,7 +2,6 @@
 #include <quillory/coded/Decoder.h>
 
 #include <algorithm>
-#include <charconv>
 
 namespace quillory {
 namespace {
@@ -17,27 +16,16 @@ bool IsCoded(const Entry& entry) {
            (entry.kind == EntryKind::Positions || entry.kind == EntryKind::ControlField);
 }
 
-// The first and last position of "008/18-21" or "leader/06".
-std::pair<int, int> PositionsOf(std::string_view place) {
-    const std::string_view text = place.substr(std::min(place.find('/'), place.size() - 1) + 1);
-    const char* const end = text.data() + text.size();
-    int first = 0;
-    const char* stop = std::from_chars(text.data(), end, first).ptr;
-    int last = first;
-    if (stop != end && *stop == '-') std::from_chars(stop + 1, end, last);
-    return {first, last};
-}
-
 bool IsNamed(const DecodedElement& element, const Entry& entry) {
-    const bool isOtherField = entry.tag == 0 && element.place.starts_with("008");
+    const bool isOtherField = entry.tag == 0 && element.place.Tag() == "008";
     if (entry.kind == EntryKind::ControlField || isOtherField) return true;
-    const auto [first, last] = PositionsOf(element.place);
-    return first <= entry.last && entry.first <= last;
+    return element.place.first <= entry.last && entry.first <= element.place.last;
 }
 
 std::string FaultOf(const DecodedElement& element) {
     const std::string value = "\"" + element.value + "\"";
-    const std::string name = " " + element.place + " (" + element.name + ")";
+    const std::string place = PlaceText(element.place);
+    const std::string name = " " + place + " (" + element.name + ")";
     switch (element.state) {
         case ElementState::Misfit:
             return value + " is no value of" + name;
@@ -52,7 +40,7 @@ std::string FaultOf(const DecodedElement& element) {
         if (code.state != CodeState::Unknown && code.state != CodeState::Obsolete) continue;
         const bool isObsolete = code.state == CodeState::Obsolete;
         return "\"" + code.code + (isObsolete ? "\" is an obsolete code of" : "\" is no code of") +
-               name + "; quillory describe " + element.place + " lists them";
+               name + "; quillory describe " + place + " lists them";
     }
     return {};
 }

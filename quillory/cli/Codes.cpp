@@ -38,7 +38,7 @@ Status RunCodes(const CodesOptions& options) {
     std::vector<NamedElement> elements;
     for (const std::string& name : options.places) {
         const NamedPlace place = FindPlace(name);
-        if (!place.error.empty()) throw FileError(place.error);
+        if (place.fault) throw UsageError(place.fault);
         elements.insert(elements.end(), place.elements.begin(), place.elements.end());
     }
     const Document rows = ListCodes(elements, LoadCodeLists());

@@ -1,6 +1,7 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/reports/CodedDocument.h>
 #include <quillory/reports/CodedText.h>
@@ -48,47 +49,47 @@ Status Print(const Document& document, const Printer& printer, const DescribeOpt
     return document.empty() ? kStatusFindings : kStatusWell;
 }
 
-Status Unknown(const std::string& what) {
-    throw FileError("the dictionary does not know " + what);
+[[noreturn]] void ThrowUnknown(const std::string& what) {
+    throw UsageError(Fault{FaultCode::kNotInDictionary, {}, what});
 }
 
 // 245, 245a, 245$a or 245/2.
 Status DescribePlace(const std::string& what, const DescribeOptions& options) {
     const zorby::EDISPLAYOPTIONS display = DisplayOf(options);
-    const bool hasTag = what.size() >= 3 && what.find_first_not_of("0123456789") >= 3;
-    if (!hasTag) {
-        throw FileError(what +
-                        " is no place: 245 is a field, 245a a subfield, 245/2 an indicator, 008/18 "
-                        "an element of a control field");
+    const std::optional<Place> place = ParsePlace(what);
+    const unsigned tag = place ? place->Number() : kNoTag;
+    if (tag == kNoTag || place->occurrence != 0) {
+        throw UsageError(Fault{FaultCode::kNoPlace, {}, what});
     }
-    const auto tag = static_cast<unsigned>(std::stoi(what.substr(0, 3)));
-    const std::string rest = what.substr(what.size() > 4 && what[3] == '$' ? 4 : 3);
     Document document;
-    if (rest.empty()) {
+    Printer printer = FieldText;
+    std::string kind = "field ";
+    if (place->indicator != 0) {
+        document = DescribeIndicator(tag, place->indicator, display);
+        printer = IndicatorText;
+        kind = "indicator ";
+    } else if (place->code != '\0') {
+        document = DescribeSubfield(tag, place->code, display);
+        printer = SubfieldText;
+        kind = "subfield ";
+    } else {
         document = DescribeField(tag, display, options.subfields);
-        return document.is_null() ? Unknown("field " + what) : Print(document, FieldText, options);
     }
-    if (rest == "/1" || rest == "/2") {
-        document = DescribeIndicator(tag, rest[1] - '0', display);
-        return document.is_null() ? Unknown("indicator " + what)
-                                  : Print(document, IndicatorText, options);
-    }
-    if (rest.size() == 1) document = DescribeSubfield(tag, rest[0], display);
-    return document.is_null() ? Unknown("subfield " + what)
-                              : Print(document, SubfieldText, options);
+    if (document.is_null()) ThrowUnknown(kind + PlaceText(*place));
+    return Print(document, printer, options);
 }
 
 Status DescribeHoldings(const std::string& type, const DescribeOptions& options) {
     if (type.empty()) return Print(DescribeHoldingsTypes(), HoldingsTypesText, options);
     const Document document = DescribeHoldingsType(type);
-    if (document.is_null()) return Unknown("holdings type " + type);
+    if (document.is_null()) ThrowUnknown("holdings type " + type);
     return Print(document, HoldingsTypeText, options);
 }
 
 // leader/06, 008/18, 007c/01, part 310; or all elements of a field.
 Status DescribeCodedPlace(const std::string& what, const DescribeOptions& options) {
     const NamedPlace place = FindPlace(what);
-    if (!place.error.empty()) throw FileError(place.error);
+    if (place.fault) throw UsageError(place.fault);
     const bool isOne = what.find_first_of("/ ") != what.npos;
     return Print(DescribeElements(place.elements, LoadCodeLists()),
                  isOne ? ElementsText : ElementNamesText, options);

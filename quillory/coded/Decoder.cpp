@@ -9,12 +9,16 @@ namespace {
 
 using namespace zorby;
 
+const Place k006 = Place::OfField("006");
+const Place k007 = Place::OfField("007");
+const Place k008 = Place::OfField("008");
+
 std::string Bytes(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " byte" : " bytes");
 }
 
-std::string PlaceIn(const DecodedField& field, std::size_t first, std::size_t end) {
-    return field.tag + "/" + PositionsText(static_cast<int>(first), static_cast<int>(end) - 1);
+Place PlaceIn(const DecodedField& field, std::size_t first, std::size_t end) {
+    return field.place.Positions(static_cast<int>(first), static_cast<int>(end) - 1);
 }
 
 // What the field lacks, or has too much of.
@@ -55,7 +59,7 @@ void Decoder::AddElement(const Element& element, std::string_view content,
     const std::string_view value = content.substr(first, static_cast<std::size_t>(element.Width()));
     if (element.IsUndefined() && (IsAll(value, ' ') || IsAll(value, kFill))) return;
     DecodedElement decoded;
-    decoded.place = PlaceOf(element, field.tag == "008");
+    decoded.place = PlaceOf(element, field.place == k008);
     decoded.name = element.name;
     decoded.value = value;
     const auto freeValue =
@@ -83,8 +87,8 @@ void Decoder::AddElements(CFType form, int first, int last, std::string_view con
     }
 }
 
-DecodedField Decoder::WithForm(std::string tag, CFType form, std::string_view content) const {
-    DecodedField field{std::move(tag), form, {}};
+DecodedField Decoder::WithForm(Place place, CFType form, std::string_view content) const {
+    DecodedField field{place, form, {}};
     const int length = LengthOfForm(form);
     AddElements(form, 0, length, content, field);
     AddEnd(static_cast<std::size_t>(length), content, field);
@@ -92,13 +96,13 @@ DecodedField Decoder::WithForm(std::string tag, CFType form, std::string_view co
 }
 
 DecodedField Decoder::Leader(std::string_view leader) const {
-    return WithForm("leader", CFLdr, leader);
+    return WithForm(Place::OfLeader(), CFLdr, leader);
 }
 
 DecodedField Decoder::Field006(std::string_view content) const {
     const CFType form = MaterialOf006(content);
-    if (form != CF006None) return WithForm("006", form, content);
-    DecodedField field{"006", form, {}};
+    if (form != CF006None) return WithForm(k006, form, content);
+    DecodedField field{k006, form, {}};
     const auto length = static_cast<std::size_t>(LengthOfForm(CF006Books));
     AddUndecoded(0, length, content, "no form of material has this first byte", field);
     AddEnd(length, content, field);
@@ -107,8 +111,8 @@ DecodedField Decoder::Field006(std::string_view content) const {
 
 DecodedField Decoder::Field007(std::string_view content) const {
     const CFType form = CategoryOf007(content);
-    if (form != CF007None) return WithForm("007", form, content);
-    DecodedField field{"007", form, {}};
+    if (form != CF007None) return WithForm(k007, form, content);
+    DecodedField field{k007, form, {}};
     AddUndecoded(0, content.size(), content, "no category of material has this first byte", field);
     if (content.empty()) AddEnd(1, content, field);
     return field;
@@ -116,7 +120,7 @@ DecodedField Decoder::Field007(std::string_view content) const {
 
 DecodedField Decoder::Field008(std::string_view content, std::string_view leader) const {
     const int length = LengthOfForm(CF008Standard);
-    DecodedField field{"008", MaterialOfLeader(leader), {}};
+    DecodedField field{k008, MaterialOfLeader(leader), {}};
     AddElements(CF008Standard, 0, kFirstMaterial008 - 1, content, field);
     if (field.form == CF006None) {
         AddUndecoded(kFirstMaterial008, kLastMaterial008 + 1, content,

@@ -19,7 +19,7 @@ enum class ElementState {
 };
 
 struct DecodedElement {
-    std::string place;  // "008/18-21", "leader/06"
+    Place place;
     std::string name;
     std::string value;  // the bytes as they are
     ElementState state = ElementState::Coded;
@@ -28,7 +28,7 @@ struct DecodedElement {
 };
 
 struct DecodedField {
-    std::string tag;     // "leader", "006", "007", "008"
+    Place place;         // of the leader, or of the field by its tag
     zorby::CFType form;  // CF006None or CF007None if the form is not known
     std::vector<DecodedElement> elements;
 };
@@ -48,7 +48,7 @@ public:
     DecodedField Field008(std::string_view content, std::string_view leader) const;
 
 private:
-    DecodedField WithForm(std::string tag, zorby::CFType form, std::string_view content) const;
+    DecodedField WithForm(Place place, zorby::CFType form, std::string_view content) const;
     // The elements that begin between two positions of the form.
     void AddElements(zorby::CFType form, int first, int last, std::string_view content,
                      DecodedField& field) const;

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 
 namespace quillory {
 namespace {
@@ -74,10 +73,14 @@ const Form& FormOf(CFType type) {
     return number < all.size() ? all[number] : none;
 }
 
-std::string FieldOf(const Element& element, bool in008) {
-    if (element.form == CFLdr) return "leader";
-    if (element.form == CF008Standard || (in008 && IsFormOf006(element.form))) return "008";
-    return IsFormOf006(element.form) ? "006" : "007";
+Place FieldOf(const Element& element, bool in008) {
+    if (element.form == CFLdr) return Place::OfLeader();
+    if (element.form == CF008Standard || in008) return Place::OfField("008");
+    return Place::OfField(IsFormOf007(element.form) ? "007" : "006");
+}
+
+bool IsCombined(const Element& element) {
+    return &element == &CombinedFormOfItem();
 }
 
 }  // namespace
@@ -114,12 +117,24 @@ bool IsFormOf007(CFType form) {
     return form > CF007None;
 }
 
-std::string PlaceOf(const Element& element, bool in008) {
-    if (element.form == CF006None) return "008/23 with 007h/01";
+Place PlaceOf(const Element& element, bool in008) {
+    if (IsCombined(element)) return Place::OfField("008").Positions(23, 23);
     const bool isShifted = in008 && IsFormOf006(element.form) && element.first > 0;
     const int offset = isShifted ? kMaterialOffset008 : 0;
-    return FieldOf(element, isShifted) + "/" +
-           PositionsText(element.first + offset, element.last + offset);
+    return FieldOf(element, isShifted).Positions(element.first + offset, element.last + offset);
+}
+
+std::string ElementPlaceText(const Element& element, bool in008) {
+    return ElementFieldText(element, in008) + "/" + ElementPositionsText(element, in008);
+}
+
+std::string ElementFieldText(const Element& element, bool in008) {
+    return PlaceText(PlaceOf(element, in008).Field());
+}
+
+std::string ElementPositionsText(const Element& element, bool in008) {
+    const Place place = PlaceOf(element, in008);
+    return PositionsText(place.first, place.last) + (IsCombined(element) ? " with 007h/01" : "");
 }
 
 }  // namespace quillory

@@ -43,8 +43,15 @@ constexpr int kLastMaterial008 = 34;
 bool IsFormOf006(zorby::CFType form);
 bool IsFormOf007(zorby::CFType form);
 
-// "008/18-21", "006/01-04", "leader/06". A form of 006 is told as a place of 008 if wanted, but
-// for its position 0, which 008 has not.
-std::string PlaceOf(const Element& element, bool in008);
+// Where an element stands: 008/18-21, 006/01-04, leader/06. With `in008` an element of 006 is given
+// its positions in 008, but for position 0, which 008 lacks. The combined element stands in two
+// fields, and its place is the first of them.
+Place PlaceOf(const Element& element, bool in008);
+
+// The place of an element as people write it: "008/18-21". The tag alone, and the positions alone:
+// "008", "18-21". The combined element has the positions "23 with 007h/01".
+std::string ElementPlaceText(const Element& element, bool in008);
+std::string ElementFieldText(const Element& element, bool in008);
+std::string ElementPositionsText(const Element& element, bool in008);
 
 }  // namespace quillory

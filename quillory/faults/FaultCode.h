@@ -13,6 +13,12 @@ enum class FaultCode : std::uint16_t {
     kEmptyFile,
 
     // Places and coded fields.
+    kNoPlace,
+    kNotInDictionary,
+    kNoCodedPlace,
+    kNoSuchMaterial,
+    kNoSuchPosition,
+    kNoSuchPart,
 
     // New records.
 

@@ -1,4 +1,5 @@
 #include <quillory/faults/Fault.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <iterator>
 
@@ -19,6 +20,18 @@ constexpr Words kWords[] = {
     {FaultCode::kEmptyFile, "empty-file", "the file is empty"},
 
     // Places and coded fields.
+    {FaultCode::kNoPlace, "no-place",
+     "\"{found}\" is not a place; 245 is a field, 245a a subfield, 245/2 an indicator, 008/18 an "
+     "element of a control field"},
+    {FaultCode::kNotInDictionary, "not-in-dictionary", "the dictionary has no {found}"},
+    {FaultCode::kNoCodedPlace, "no-coded-place",
+     "\"{found}\" is not a place in a coded field; such places are leader/06, 008/18, 008a/18-21, "
+     "006/05, 007c/01 and part 310"},
+    {FaultCode::kNoSuchMaterial, "no-such-material",
+     "there is no form {found}; the forms are {allowed}"},
+    {FaultCode::kNoSuchPosition, "no-such-position", "its positions are {allowed}"},
+    {FaultCode::kNoSuchPart, "no-such-part",
+     "there is no part {found}; such parts are 16, 107, 310 and 1702"},
 
     // New records.
 

@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Progress.h>
 #include <quillory/jobs/ReadFiles.h>
 

@@ -130,6 +130,10 @@ Place Place::OfField(unsigned tag, std::uint32_t occurrence) {
     return OfField(TagText(tag), occurrence);
 }
 
+Place Place::Field() const {
+    return OfField(Tag(), occurrence);
+}
+
 Place Place::Subfield(char subfieldCode) const {
     Place place = *this;
     place.code = subfieldCode;

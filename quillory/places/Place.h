@@ -27,6 +27,8 @@ struct Place {
     static Place OfField(std::string_view tag, std::uint32_t occurrence = 0);
     static Place OfField(unsigned tag, std::uint32_t occurrence = 0);
 
+    // The leader or field alone.
+    Place Field() const;
     Place Subfield(char code) const;
     Place Indicator(int which) const;
     Place Positions(int first, int last) const;

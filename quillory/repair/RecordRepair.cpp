@@ -208,7 +208,7 @@ void RecordRepairer::TellField(RepairKind kind, const CodedField& field,
 }
 
 std::string Repair::Place() const {
-    return element == nullptr ? std::string(field) : PlaceOf(*element, field == "008");
+    return element == nullptr ? std::string(field) : ElementPlaceText(*element, field == "008");
 }
 
 }  // namespace quillory

@@ -32,12 +32,12 @@ Document CodesDocument(const std::vector<CodeMeaning>& codes) {
 Document ElementDocument(const NamedElement& named, const CodeLists& lists) {
     const Element& element = *named.element;
     Document document;
-    document["place"] = PlaceOf(element, named.in008);
+    document["place"] = ElementPlaceText(element, named.in008);
     document["name"] = element.name;
     document["forms"] = {FormName(element.form)};
     document["parts"] = element.parts;
     if (IsFormOf006(element.form) && element.first > 0) {
-        document["also"] = PlaceOf(element, !named.in008);
+        document["also"] = ElementPlaceText(element, !named.in008);
     }
     document["width"] = element.Width();
     document["codes"] = CodesDocument(lists.CodesOf(element));
@@ -60,12 +60,10 @@ void Append(const Document& from, Document& to) {
 
 // The rows of one element have the same beginning.
 Document RowStart(const NamedElement& named) {
-    const std::string place = PlaceOf(*named.element, named.in008);
-    const std::size_t slash = place.find('/');
     Document row;
-    row["field"] = place.substr(0, slash);
+    row["field"] = ElementFieldText(*named.element, named.in008);
     row["form"] = FormName(named.element->form);
-    row["positions"] = place.substr(slash + 1);
+    row["positions"] = ElementPositionsText(*named.element, named.in008);
     return row;
 }
 

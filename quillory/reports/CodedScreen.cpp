@@ -57,7 +57,7 @@ std::vector<Row> RowsOf(const DecodedField& field) {
     std::vector<Row> rows;
     for (const DecodedElement& element : field.elements) {
         Row row;
-        row.positions = element.place.substr(element.place.find('/') + 1);
+        row.positions = PositionsText(element.place.first, element.place.last);
         row.name = element.name;
         if (element.codes.empty()) {
             FillValue(element, row);
@@ -93,7 +93,7 @@ void AppendDecoded(const DecodedField& field, std::size_t indent, const ScreenOp
                    std::string& text) {
     const std::vector<Row> rows = RowsOf(field);
     // A field 008 does not say itself by which material it is read.
-    const bool hasMaterial = field.tag == "008" && !FormName(field.form).empty();
+    const bool hasMaterial = field.place.Tag() == "008" && !FormName(field.form).empty();
     if (hasMaterial) {
         text += std::string(indent, ' ') + "(" + std::string(FormName(field.form)) + ")\n";
     }

@@ -102,7 +102,7 @@ void AppendScreen(const Record& record, const std::vector<DecodedField>& decoded
     for (const zorby::CommFormatField& field : record.fields) {
         if (field.IsControlField()) {
             AppendControlField(field, options, text);
-            if (next != decoded.end() && field.tag == next->tag) appendDecoded();
+            if (next != decoded.end() && field.tag == next->place.Tag()) appendDecoded();
         } else if (options.subfieldName) {
             AppendNamedSubfields(field, options, text);
         } else {

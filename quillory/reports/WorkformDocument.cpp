@@ -188,7 +188,7 @@ Document IndicatorsDocument(const CTemplate& workform) {
 
 Document ElementDocument(const DecodedElement& element) {
     Document document;
-    document["place"] = element.place;
+    document["place"] = PlaceText(element.place);
     document["name"] = element.name;
     document["value"] = CodeText(element.value);
     if (!element.text.empty()) document["text"] = element.text;
@@ -209,7 +209,7 @@ Document ControlFieldsDocument(const CTemplate& workform, const Decoder& decoder
     Document fields = Document::array();
     for (const auto& [content, decoded] : ControlFieldsOf(workform, decoder)) {
         Document field;
-        field["tag"] = decoded.tag;
+        field["tag"] = PlaceText(decoded.place);
         field["content"] = CodeText(content);
         field["elements"] = Document::array();
         for (const DecodedElement& element : decoded.elements) {
@@ -223,7 +223,7 @@ Document ControlFieldsDocument(const CTemplate& workform, const Decoder& decoder
 // What stands there in a workform is replaced in every record.
 void ExplainDate(DecodedField& field008) {
     for (DecodedElement& element : field008.elements) {
-        if (element.place != "008/00-05") continue;
+        if (element.place.first != 0) continue;
         element.state = ElementState::Free;
         element.text = "the day on which the record is made";
     }

@@ -52,7 +52,7 @@ public:
     }
 
     void ControlField(const CodedContent& field) {
-        const std::string tag = field.decoded.tag == "leader" ? "LDR" : field.decoded.tag;
+        const std::string tag(field.decoded.place.Tag());
         Strong(tag);
         text_ += std::string(kTextColumn - tag.size(), ' ') + Visible(CodeText(field.content));
         text_ += '\n';

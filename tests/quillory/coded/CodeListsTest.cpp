@@ -3,6 +3,7 @@
 #include <quillory/coded/Material.h>
 #include <quillory/coded/Places.h>
 #include <quillory/exchange/Input.h>
+#include <quillory/faults/FaultCode.h>
 #include <zorby/elements/OffsetTables.h>
 
 #include <gtest/gtest.h>
@@ -115,11 +116,12 @@ TEST(Elements, CoverTheirForm) {
 
 std::string Found(const std::string& text) {
     const NamedPlace place = FindPlace(text);
-    if (!place.error.empty()) return "error: " + place.error;
+    if (place.fault) return "error: " + FaultText(place.fault);
     std::string found;
     std::set<std::string> said;
     for (const NamedElement& named : place.elements) {
-        const std::string one = PlaceOf(*named.element, named.in008) + " " + named.element->name;
+        const std::string one =
+            ElementPlaceText(*named.element, named.in008) + " " + named.element->name;
         if (said.insert(one).second) found += (found.empty() ? "" : ", ") + one;
     }
     return found;
@@ -140,17 +142,18 @@ TEST(Places, AreFoundAsCataloguersWriteThem) {
         {"part 310", "008/33 Literary form"},
         {"part 1702", "007/01 Specific material designation"},
         {"part 2601", "008/23 with 007h/01 Form of item, combined"},
-        {"008/40", "error: 008 has the positions 00-39"},
-        {"007s/14", "error: 007s has the positions 00-13"},
-        {"006/18", "error: 006 has the positions 00-17"},
-        {"007x/01", "error: 007 has no form x, but a c d f g h k m o q r s t v z"},
-        {"part 102", "error: there is no part 102, but such as 16, 107, 310, 1702"},
-        {"part 99999999999", "error: there is no part 99999999999, but such as 16, 107, 310, 1702"},
+        {"008/40", "error: 008: its positions are 00-39"},
+        {"007s/14", "error: 007s: its positions are 00-13"},
+        {"006/18", "error: 006: its positions are 00-17"},
+        {"007x/01", "error: 007: there is no form x; the forms are a c d f g h k m o q r s t v z"},
+        {"part 102", "error: there is no part 102; such parts are 16, 107, 310 and 1702"},
+        {"part 99999999999",
+         "error: there is no part 99999999999; such parts are 16, 107, 310 and 1702"},
     };
     for (const auto& [text, found] : cases) EXPECT_EQ(Found(text), found) << text;
     for (const char* text :
-         {"008/", "008/a", "008/5-3", "008/1-", "leader06", "007cc/01", "009/1"}) {
-        EXPECT_NE(FindPlace(text).error.find("is no place"), std::string::npos) << text;
+         {"008/", "008/a", "008[2]/05", "008/5-3", "008/1-", "leader06", "007cc/01", "009/1"}) {
+        EXPECT_EQ(FindPlace(text).fault.code, FaultCode::kNoCodedPlace) << text;
     }
     EXPECT_EQ(FindPlace("007v").elements.size(), 9u);
     EXPECT_FALSE(IsCodedPlace("008"));

@@ -38,7 +38,7 @@ constexpr const char* kElementStates[] = {"",           "",         "misfit ", "
 // What is said of a place: "a Illustrations; b Maps", "newer k Vocal score".
 std::string Said(const DecodedField& field, const std::string& place) {
     for (const DecodedElement& element : field.elements) {
-        if (element.place != place) continue;
+        if (PlaceText(element.place) != place) continue;
         std::string said = kElementStates[static_cast<int>(element.state)] + element.text;
         for (const CodeMeaning& code : element.codes) {
             if (!said.empty() && &code != &element.codes.front()) said += "; ";
@@ -140,15 +140,15 @@ void ExpectAllTold(const DecodedField& field, const std::string& content) {
     std::string untold = content;
     std::size_t end = 0;
     for (const DecodedElement& element : field.elements) {
-        const auto first =
-            static_cast<std::size_t>(std::stoi(element.place.substr(element.place.find('/') + 1)));
-        EXPECT_GE(first, end) << element.place << " is told twice";
+        const auto first = static_cast<std::size_t>(element.place.first);
+        EXPECT_GE(first, end) << PlaceText(element.place) << " is told twice";
         end = first + element.value.size();
         if (element.state == ElementState::Missing) {
             EXPECT_EQ(first, content.size());
             continue;
         }
-        ASSERT_EQ(content.substr(first, element.value.size()), element.value) << element.place;
+        ASSERT_EQ(content.substr(first, element.value.size()), element.value)
+            << PlaceText(element.place);
         untold.replace(first, element.value.size(), element.value.size(), ' ');
     }
     EXPECT_EQ(untold.find_first_not_of(" |"), untold.npos);
