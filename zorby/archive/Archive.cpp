@@ -30,7 +30,7 @@ CArchive::~CArchive() {
     try {
         Close();
     } catch (...) {
-        // A destructor that throws would end the program; Close tells whoever asks.
+        // A destructor must not throw. Whoever needs to know of a failure calls Close.
         open_ = false;
     }
 }
@@ -99,7 +99,7 @@ CArchive& CArchive::operator>>(std::string& text) {
         text = ReadBytes(length, itemStart);
         return *this;
     }
-    // A second marker in place of the length leaves no length to read by.
+    // With a second marker in the place of the length, the text has no length.
     if (!ReadLength(length, itemStart)) Fail(CArchiveException::kEndOfFile, itemStart);
     text = Narrow(ReadBytes(std::uint64_t{2} * length, itemStart));
     return *this;
@@ -137,7 +137,7 @@ void CArchive::ReadWhole(void* buffer, std::size_t size, std::uint64_t itemStart
     if (stream_.Read(buffer, size) != size) Fail(CArchiveException::kEndOfFile, itemStart);
 }
 
-// False where the wide marker stands in place of a length.
+// Returns false if the wide marker is in the place of the length.
 bool CArchive::ReadLength(std::uint32_t& length, std::uint64_t itemStart) {
     length = Number(1, itemStart);
     if (length != kLongLength) return true;
@@ -147,7 +147,7 @@ bool CArchive::ReadLength(std::uint32_t& length, std::uint64_t itemStart) {
     return true;
 }
 
-// In growing pieces, since a damaged length may promise far more than the stream holds.
+// Reads in growing pieces, since a damaged length may promise far more than the stream holds.
 std::string CArchive::ReadBytes(std::uint64_t size, std::uint64_t itemStart) {
     std::string bytes;
     while (bytes.size() < size) {

@@ -13,18 +13,19 @@
 
 namespace zorby {
 
-// Loads or stores items in order, with no header and no padding. The stream is the caller's, must
-// outlive the archive, and stands right behind the last item read or written.
+// Loads or stores items in order, with no header and no padding. The caller owns the stream and
+// keeps it alive as long as the archive. The stream's position is right after the last item read or
+// written.
 //
-//   byte   1 byte, also for a char
-//   int32  4 bytes, little-endian; also for unsigned numbers and enumerations
-//   text   a length and so many bytes: 1 byte below 255; FF and 2 bytes up to 65,533;
-//          FF FFFF and 4 bytes above. FF FFFE and a further length begin a text of 2-byte
-//          characters, which is only read: those above 0xFF become "?".
+//   byte   1 byte; a char is stored in the same way
+//   int32  4 bytes, little-endian; so are unsigned numbers and enumerations
+//   text   a length and then that many bytes. The length is 1 byte below 255; FF and 2 bytes up to
+//          65,533; FF FFFF and 4 bytes above. FF FFFE and a further length begin a text of 2-byte
+//          characters, which is only read: characters above 0xFF become "?".
 //   raw    exactly the bytes given
 //
-// Failures are thrown as CArchiveException. Memory used for a text is bounded by what the stream
-// really holds, whatever its length says.
+// Failures are thrown as CArchiveException. Whatever length a text claims to have, loading it takes
+// no more memory than the stream really has bytes.
 class ZORBY_EXPORT CArchive {
 public:
     enum Mode : std::int32_t { store = 0, load = 1 };
@@ -32,7 +33,7 @@ public:
     CArchive(Stream& stream, Mode mode);
     CArchive(const CArchive&) = delete;
     CArchive& operator=(const CArchive&) = delete;
-    // Closes; a failure then is lost, so call Close where it matters.
+    // Closes the archive. A failure is lost here, so call Close where it matters.
     ~CArchive();
 
     bool IsLoading() const { return mode_ == load; }
@@ -40,7 +41,8 @@ public:
 
     void Read(void* buffer, std::size_t size);
     void Write(const void* bytes, std::size_t size);
-    // Flushes a storing archive. The archive can't be used any more; closing again does nothing.
+    // Flushes a storing archive. The archive can't be used after that, and closing it again does
+    // nothing.
     void Close();
 
     CArchive& operator<<(unsigned char value);
@@ -49,16 +51,16 @@ public:
     CArchive& operator<<(std::uint32_t value);
     CArchive& operator<<(std::string_view text);
     template <std::same_as<bool> Flag>
-    CArchive& operator<<(Flag) = delete;  // 1 byte or 4 is for the caller to say
+    CArchive& operator<<(Flag) = delete;  // the caller must choose 1 byte or 4
 
     CArchive& operator>>(unsigned char& value);
     CArchive& operator>>(char& value);
     CArchive& operator>>(std::int32_t& value);
     CArchive& operator>>(std::uint32_t& value);
-    // Where it throws, `text` is unchanged.
+    // If this throws, `text` is unchanged.
     CArchive& operator>>(std::string& text);
 
-    // An enumeration of 32 bits; the number read may be none of its enumerators.
+    // Loads an enumeration of 32 bits. The number that is read may not be one of its enumerators.
     template <class Enum>
     requires(std::is_enum_v<Enum> && sizeof(Enum) == sizeof(std::int32_t)) CArchive& operator>>(
         Enum& value) {

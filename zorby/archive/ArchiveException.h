@@ -8,9 +8,9 @@
 
 namespace zorby {
 
-// The one failure of archives and streams. what() is a whole sentence for a person: the stream's
-// name where it has one, the byte offset, the reason and the system's own words where there are
-// any.
+// The failure of an archive or a stream. what() is a full sentence for a person: it has the
+// stream's name, if there is one, the byte offset, the reason and, if the system reported the
+// failure, the system's own words.
 class ZORBY_EXPORT CArchiveException : public std::runtime_error {
 public:
     // Numbers are stable: they are shown to users as a code for technical support.
@@ -26,14 +26,14 @@ public:
     };
 
     // `streamName` may be empty. `offset` counts bytes from the start of the stream. `systemError`
-    // is the value of errno, or 0 where the system had no part in the failure.
+    // is the value of errno, or 0 if the system had no part in the failure.
     CArchiveException(Cause cause, std::string streamName, std::uint64_t offset,
                       int systemError = 0);
     ~CArchiveException() override;
 
     Cause GetCause() const { return cause_; }
     const std::string& GetStreamName() const { return streamName_; }
-    // For an item that couldn't be read whole: where the item begins.
+    // If an item couldn't be read completely, this is where the item begins.
     std::uint64_t GetOffset() const { return offset_; }
     int GetSystemError() const { return systemError_; }
 

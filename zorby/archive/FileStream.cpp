@@ -42,7 +42,7 @@ void FileStream::Open(const std::string& path, Mode mode) {
     std::setvbuf(file_.get(), nullptr, _IOFBF, kBufferSize);
 }
 
-// "x" keeps a file that someone else creates between the two attempts.
+// With "x", a file that someone else creates between the two attempts isn't emptied.
 std::FILE* FileStream::OpenFile() const {
     if (mode_ == kRead) return std::fopen(path_.c_str(), "rb");
     std::FILE* file = std::fopen(path_.c_str(), "r+b");
@@ -51,7 +51,7 @@ std::FILE* FileStream::OpenFile() const {
     return file;
 }
 
-// A write that failed before counts too: the C library may have dropped those bytes since.
+// An earlier failed write is reported too, since the C library may have dropped its bytes.
 void FileStream::Close() {
     if (!IsOpen()) return;
     const bool lostBytes = std::ferror(file_.get()) != 0;
@@ -92,7 +92,7 @@ void FileStream::Seek(std::uint64_t position) {
     last_ = Last::kNothing;
 }
 
-// The C library wants a positioning between a read and a write, in either order.
+// The C library requires a seek between a read and a write, in either order.
 void FileStream::TurnTo(Last direction) {
     if (!IsOpen()) Fail(CArchiveException::kClosed);
     if (last_ != Last::kNothing && last_ != direction) MoveTo(position_);

@@ -10,23 +10,23 @@
 
 namespace zorby {
 
-// A binary file, buffered by 4,096 bytes.
+// A binary file with a buffer of 4,096 bytes.
 class ZORBY_EXPORT FileStream : public Stream {
 public:
     enum Mode : std::int32_t {
         kRead,
-        kReadWrite,  // created when missing; what it holds is kept
+        kReadWrite,  // created if it is missing; its content is kept
     };
 
     FileStream();
     FileStream(const std::string& path, Mode mode);
-    // Closes the file; a failure then is lost, so call Close where it matters.
+    // Closes the file. A failure is lost here, so call Close where it matters.
     ~FileStream() override;
 
-    // Closes what was open before. Throws with kCannotOpen.
+    // Closes any file that was open before. If the file can't be opened, throws with kCannotOpen.
     void Open(const std::string& path, Mode mode);
     bool IsOpen() const { return file_ != nullptr; }
-    // Writes out what is buffered. The file is closed even where that fails.
+    // Writes out the buffer. The file is closed even if that fails.
     void Close();
 
     std::size_t Read(void* buffer, std::size_t size) override;

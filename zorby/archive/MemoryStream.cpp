@@ -18,7 +18,8 @@ std::size_t CopyOut(std::string_view bytes, std::uint64_t& position, void* buffe
     return piece.size();
 }
 
-// Doubling keeps many small writes linear; the step keeps small blocks from growing byte by byte.
+// Doubling keeps the cost of many small writes linear, and the step keeps small blocks from growing
+// byte by byte.
 void Grow(std::string& bytes, std::size_t needed) {
     if (needed > bytes.capacity()) {
         const std::size_t wanted = std::max(needed, 2 * bytes.capacity());

@@ -8,11 +8,11 @@
 
 namespace zorby {
 
-// A block of memory that grows as it is written, in whole steps of 1,024 bytes.
+// A block of memory that grows as it is written, in steps of 1,024 bytes.
 class ZORBY_EXPORT MemoryStream : public Stream {
 public:
     MemoryStream();
-    // Begins with these bytes, at position 0.
+    // Starts with these bytes, at position 0.
     explicit MemoryStream(std::string bytes);
     ~MemoryStream() override;
 
@@ -22,7 +22,7 @@ public:
     std::uint64_t GetPosition() const override { return position_; }
     void Seek(std::uint64_t position) override;
 
-    // All that was written, wherever the position stands.
+    // Returns everything that was written, whatever the position is.
     const std::string& GetBytes() const { return bytes_; }
 
 private:
@@ -30,8 +30,8 @@ private:
     std::uint64_t position_ = 0;
 };
 
-// A view of a block that the caller keeps, unchanged, for as long as the stream lives. Write throws
-// with kReadOnly.
+// A view of bytes that the caller keeps unchanged as long as the stream lives. Write throws with
+// kReadOnly.
 class ZORBY_EXPORT MemoryViewStream : public Stream {
 public:
     explicit MemoryViewStream(std::string_view bytes);

@@ -11,17 +11,17 @@ namespace zorby {
 class CArchive;
 class CObject;
 
-// What a persisted class tells of itself. No stream depends on it.
+// What a persisted class says about itself. The stored form doesn't depend on this.
 struct ZORBY_EXPORT CRuntimeClass {
     const char* name;
     std::uint32_t schema;
     std::unique_ptr<CObject> (*factory)();
 
-    // A new object as its default constructor leaves it, or null for a class without a factory.
+    // Creates an object with the default constructor, or returns null if the class has no factory.
     std::unique_ptr<CObject> CreateObject() const;
 };
 
-// The root of all persisted classes. Serialize stores or loads, as the archive's direction tells,
+// The base of all persisted classes. Serialize stores or loads, as the archive's direction says,
 // and throws what the archive throws.
 class ZORBY_EXPORT CObject {
 public:
@@ -30,8 +30,8 @@ public:
     virtual const CRuntimeClass* GetRuntimeClass() const;
     virtual ~CObject();
     virtual void Serialize(CArchive& archive);
-    // For diagnosis: to check one's own state, and to tell it. The root checks nothing and tells
-    // the class's name.
+    // For diagnosis: one checks the object's state, the other describes it. The base class checks
+    // nothing and writes the name of the class.
     virtual void AssertValid() const;
     virtual void Dump(std::ostream& out) const;
 
@@ -41,7 +41,7 @@ protected:
     CObject& operator=(const CObject&) = default;
 };
 
-// The record of a class that has a default constructor: fit to initialise its kRuntimeClass.
+// Makes the kRuntimeClass of a class that has a default constructor.
 template <class Persisted>
 constexpr CRuntimeClass RuntimeClassOf(const char* name) {
     return {name, 0, []() -> std::unique_ptr<CObject> { return std::make_unique<Persisted>(); }};

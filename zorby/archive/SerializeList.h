@@ -9,7 +9,8 @@
 
 namespace zorby {
 
-// An element of a list: an object, by its own Serialize, or a plain item of the archive.
+// Stores or loads an element of a list: an object through its own Serialize, any other item through
+// the archive's operators.
 template <class Element>
 void SerializeElement(CArchive& archive, Element& element) {
     if constexpr (requires { element.Serialize(archive); }) {
@@ -27,9 +28,9 @@ void SerializeElement(CArchive& archive, std::unique_ptr<Element>& element) {
     element->Serialize(archive);
 }
 
-// A list on the stream: an int32 count and the elements in order. Loading adds behind what `list`
-// holds; a count of zero or below adds nothing. Where it throws, `list` keeps the elements that
-// were whole.
+// Stores or loads a list: an int32 count, then the elements in order. Loading appends to what
+// `list` holds; a count of zero or less appends nothing. If this throws, `list` keeps the elements
+// that were read completely.
 template <class Element>
 void SerializeList(CArchive& archive, std::vector<Element>& list) {
     if (archive.IsStoring()) {

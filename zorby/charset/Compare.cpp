@@ -41,9 +41,9 @@ constexpr bool IsASCIIPunctuation(unsigned char c) {
     return IsPrintableASCII(c) && c != ' ' && !IsASCIILetter(c) && !IsASCIIDigit(c);
 }
 
-// Writes the key of `text` to `key`, which has room for two bytes a character, and returns its
-// length. Both sort bytes are always written and the cursor moves over those that count: the kinds
-// of character alternate too often for branches.
+// Writes the key of `text` to `key`, which has room for two bytes per character, and returns its
+// length. Both sort bytes are always written, and the position then moves over those that count:
+// characters of different kinds alternate too often for branches.
 std::size_t WriteKey(std::string_view text, char* key) {
     unsigned blankWritten = 0;
     unsigned previousWasLetter = 0;

@@ -4,10 +4,10 @@
 
 namespace zorby {
 
-// One character of the internal one-byte code, the `Qm` code, in every other code space.
+// One character of the internal one-byte code, the `Qm` code, and what it is in every other code.
 struct KeyRecord {
     const char* name;        // short name, null for a code that is no character
-    unsigned char marc1;     // MARC-8 byte; of a precomposed letter its base letter
+    unsigned char marc1;     // MARC-8 byte; for a precomposed letter, that of its base letter
     unsigned char marc2;     // 0, or the diacritic of a precomposed letter, written first in MARC-8
     unsigned char sort1;     // first byte of the sort key; 0x20 folds to a blank, 0xFF has no place
     unsigned char sort2;     // second byte of the sort key, 0 if none
@@ -28,11 +28,12 @@ enum QmAlphabet : unsigned char {
 
 inline constexpr unsigned char kNoAnsiGlyph = 1;
 
-// The row of a code; every code from 0 to 255 has one.
+// Returns the row of a code. Every code from 0 to 255 has one.
 ZORBY_EXPORT const KeyRecord& KeyRecordOf(unsigned char code);
 
-// The long name of a character by its string ID: 10000 + code for the codes 0x80 to 0xFF, and 10256
-// to 10266 for letters that exist only as a base letter and a diacritic. Null for any other ID.
+// Returns the long name of a character by its string ID: 10000 + code for the codes 0x80 to 0xFF,
+// and 10256 to 10266 for letters that exist only as a base letter with a diacritic. Returns null
+// for any other ID.
 ZORBY_EXPORT const char* CharacterLongName(unsigned stringID);
 
 }  // namespace zorby

@@ -17,8 +17,8 @@ struct DisplayPair {
     unsigned char latin1;
 };
 
-// Latin-1 letters that have no precomposed code. The marks 0xAA and 0xAC are no display codes of
-// the engine, so their letters leave as a letter and a spacing mark.
+// Latin-1 letters that have no precomposed code. The engine has no display codes 0xAA and 0xAC, so
+// letters with these marks are written as a letter and a spacing mark.
 constexpr std::array<DisplayPair, 11> kDisplayPairs{{
     {'e', 0x5E, 0xEA},
     {'E', 0x5E, 0xCA},
@@ -64,7 +64,7 @@ constexpr std::array<Latin1Row, 11> kLatin1Pairs{{
     {0xFB, {'u', 0xA5}},
 }};
 
-// The first row from 0x7F on with that display code wins, then the pairs.
+// A single code takes precedence over a pair, and the first row from 0x7F on over later ones.
 constexpr std::array<QmPair, 256> BuildFromLatin1() {
     std::array<QmPair, 256> map{};
     for (const Latin1Row& row : kLatin1Pairs) map[row.latin1] = row.codes;

@@ -31,7 +31,7 @@ private:
     char* out_;
 };
 
-// The whole of a plain run but its last byte is followed by no diacritic, and so stays as it is.
+// In a plain run, no byte but the last can be followed by a diacritic, so all others are copied.
 char* MarcWriter::Write(const char* p, const char* end) {
     while (p != end) {
         if (currentAlphabet == kAlphabetBasic) {
@@ -49,7 +49,7 @@ char* MarcWriter::Write(const char* p, const char* end) {
     return out_;
 }
 
-// True if the diacritic `next` was written with the character.
+// Returns true if the diacritic `next` was written with the character.
 bool MarcWriter::WriteCharacter(unsigned char code, unsigned char next) {
     const KeyRecord& row = kKeyTable[code];
     if (row.alphabet != currentAlphabet) {
@@ -73,7 +73,7 @@ bool MarcWriter::WriteCharacter(unsigned char code, unsigned char next) {
 
 }  // namespace
 
-// Each step writes at most as many bytes as it reads, so the output can grow over the input.
+// Each step writes at most as many bytes as it reads, so the output can overwrite the input.
 void CSMARCToZorby(std::string& text) {
     CSResetAlphabet();
     char* const begin = text.data();

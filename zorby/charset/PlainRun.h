@@ -7,8 +7,8 @@
 
 namespace zorby {
 
-// Number of bytes from `begin` on, at most up to `end`, that are printable ASCII (0x20 to 0x7E) and
-// so the same in MARC-8, UTF-8, Latin-1 and the `Qm` code.
+// Returns how many bytes from `begin` on, up to `end`, are printable ASCII (0x20 to 0x7E) and
+// therefore the same in MARC-8, UTF-8, Latin-1 and the `Qm` code.
 inline std::size_t PlainRunLength(const char* begin, const char* end) {
     constexpr std::uint64_t kOnes = 0x0101010101010101;
     const char* p = begin;

@@ -4,8 +4,8 @@
 
 namespace zorby {
 
-// What was found on a record. Findings below 110 come from the repair of imported records; these
-// tell that a 007 is missing, and for which kind of item.
+// What was found wrong with a record. Findings below 110 come from the repair of imported records;
+// those listed here say for which kind of item a 007 is missing.
 enum E_ERROR_CODE : std::int32_t {
     EC_No007Microfilm = 90,
     EC_No007Microfiche = 91,
@@ -16,7 +16,7 @@ enum E_ERROR_CODE : std::int32_t {
     EC_No007OtherProjected = 102,
     EC_No007Electronic = 106,
 
-    // Findings of the check before export. CRecordError has words for these.
+    // These are findings of the check before export. CRecordError has words for them.
     EC_NoTitle = 110,
     EC_TooManyTitles = 111,
     EC_NoPlaceOfPublication = 112,
@@ -46,7 +46,7 @@ enum E_ERROR_CODE : std::int32_t {
 inline constexpr E_ERROR_CODE kFirstWordedErrorCode = EC_NoTitle;
 inline constexpr E_ERROR_CODE kLastWordedErrorCode = EC_NotRepeatable;
 
-// How a finding counts. Any other value is neither, and has no prefix in messages.
+// How serious a finding is. Any other value is neither, and has no prefix in messages.
 enum E_ERROR_CODE_SUB_TYPE : std::int32_t {
     EST_Error = 0,
     EST_Warning = 1,

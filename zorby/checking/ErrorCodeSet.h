@@ -11,7 +11,7 @@ public:
     static constexpr int kBits = 200;
     static constexpr std::size_t kBytes = kBits / 8;
 
-    // A code outside the set is ignored.
+    // Ignores a code outside the set.
     void Set(int code) {
         if (code < 0 || code >= kBits) return;
         unsigned char& byte = bytes_[static_cast<std::size_t>(code) / 8];

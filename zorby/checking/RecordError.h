@@ -9,24 +9,26 @@
 
 namespace zorby {
 
-// The most characters that may leave in an exported record.
+// The most characters that an exported subfield, field or record may have.
 inline constexpr int kLongestExportedSubfield = 9950;
 inline constexpr int kLongestExportedField = 9950;
 inline constexpr int kLongestExportedRecord = 99800;
 
-// One finding on a record. It has no stored form: an archive gets and gives nothing of it.
+// One finding about a record. It has no stored form: nothing of it goes to an archive or comes from
+// one.
 class ZORBY_EXPORT CRecordError : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
-    // No finding: code 0, for which there are no words.
+    // No finding: the code is 0, and there are no words for it.
     CRecordError() = default;
     CRecordError(E_ERROR_CODE code, E_ERROR_CODE_SUB_TYPE subType, std::int32_t number,
                  char subfield);
 
-    // `number` is the tag of the field, `subfield` 0 if the finding is about the field. For
-    // EC_RecordTooLong the number is what the long message calls the limit: kLongestExportedRecord.
+    // `number` is the tag of the field, and `subfield` is 0 if the finding is about the whole
+    // field. For EC_RecordTooLong, `number` is the limit that the long message names,
+    // kLongestExportedRecord.
     void Create(E_ERROR_CODE code, E_ERROR_CODE_SUB_TYPE subType, std::int32_t number,
                 char subfield);
 
@@ -36,9 +38,10 @@ public:
     char GetSubfield() const { return subfield_; }
     bool IsError() const { return subType_ == EST_Error; }
 
-    // Appends prefix and message in English, always ASCII but for the subfield's code. A long
-    // message is sentences, mostly with CR LF at the end; a short one a few words. Nothing is
-    // appended for EC_NotMARC and EC_NotRepeatable where the profile ignores them.
+    // Appends the prefix and the message in English, always in ASCII except for the code of a
+    // subfield. A long message has whole sentences, most of which end in CR LF; a short one has a
+    // few words. For EC_NotMARC and EC_NotRepeatable nothing is appended if the profile ignores
+    // them.
     void GetEnglishMessage(std::string& text, int isLong) const;
 
 private:

@@ -22,15 +22,15 @@ public:
 
     void Add(E_ERROR_CODE code, E_ERROR_CODE_SUB_TYPE subType, std::int32_t number, char subfield);
 
-    // Walk through the list. Null past the end, however often one asks.
+    // Walk through the list. At its end they return null, however often they are called.
     CRecordError* GetFirst() const;
     CRecordError* GetNext() const;
 
     int GetSize() const { return static_cast<int>(entries_.size()); }
     void Clear() { entries_.clear(); }
 
-    // The stored form is the count alone, an int32: loading appends that many entries that hold no
-    // finding. It appends 1,000,000 at most, since nothing in the stream bears the count out.
+    // Only the count is stored, an int32. Loading appends that many entries without a finding, but
+    // at most 1,000,000, since nothing in the stream confirms the count.
     void Serialize(CArchive& archive) override;
 
 private:

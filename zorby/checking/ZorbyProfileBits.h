@@ -7,9 +7,9 @@
 
 namespace zorby {
 
-// Which findings the user's settings make export errors and which warnings, as they stand when the
-// object is made: later changes of the settings don't reach it. Titles and main entries that can't
-// be exported, and what is too long, are errors under any settings.
+// Which findings are export errors under the user's settings, and which are warnings. The object
+// has the settings of the moment when it was made; later changes don't reach it. Titles and main
+// entries that can't be exported, and anything too long, are errors under all settings.
 class ZORBY_EXPORT CZorbyProfileBits {
 public:
     CZorbyProfileBits();

@@ -160,7 +160,7 @@ void CCFAdditionalMaterial::Serialize(CArchive& archive) {
             << static_cast<std::int32_t>(type007_);
 }
 
-// A 007 that is too long keeps its first bytes; the rest is passed over.
+// A 007 that is too long keeps its first bytes, and the rest is skipped.
 void CCFAdditionalMaterial::Load(CArchive& archive) {
     unsigned char version = 0;
     archive >> version;

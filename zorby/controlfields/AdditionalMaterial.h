@@ -18,8 +18,8 @@ namespace zorby {
 
 class CPmarc;
 
-// A further material of a record: a pair of fields 006 and 007. The 006 is whole, position 0
-// included. Without a material type the entry is empty. An int result is 1 for success and 0 for
+// An additional material of a record: a pair of fields 006 and 007. The 006 is complete, including
+// position 0. An entry without a material type is empty. An int result is 1 for success and 0 for
 // failure.
 class ZORBY_EXPORT CCFAdditionalMaterial : public CObject {
 public:
@@ -28,52 +28,55 @@ public:
 
     CCFAdditionalMaterial();
 
-    // Fills the entry. `field006` is a 006 of 18 characters or a whole 008; position 0 goes by the
-    // material, but for music and sound recordings that bring a fitting one. The 007 is cut at the
-    // length of the material's standard 007; what lay behind it stays.
+    // Fills the entry. `field006` is a 006 of 18 characters or a whole 008. Position 0 follows from
+    // the material, except that music and sound recordings keep one that fits them. The 007 is cut
+    // to the length of the material's standard 007, and the bytes after that length stay as they
+    // were.
     void Create(MaterialType material, CFType type006, CFType type007, std::string_view field007,
                 std::string_view field006);
 
-    // `text` gets the bytes of the element up to a zero byte; 0 if the entry doesn't hold it. The
-    // combined form of item (CFPCombinedFormOfItem) fails unless there is a 007 for microforms.
+    // Gives the bytes of the element up to a zero byte. Returns 0 if the entry doesn't hold the
+    // element. The combined form of item (CFPCombinedFormOfItem) fails unless there is a 007 for
+    // microforms.
     int Get(CFPart part, std::string& text) const;
-    // A short text leaves blanks, a long one is cut. A combined form of item without a second
+    // Pads a short text with blanks and cuts a long one. A combined form of item without a second
     // character blanks the whole 007.
     int Set(CFPart part, std::string_view text);
-    // Length of the text that Get gives now.
+    // Returns the length of the text that Get gives now.
     int GetPartSize(CFPart part) const;
 
     bool IsEmpty() const { return material_ == kNoMaterial; }
     MaterialType GetMaterialType() const { return material_; }
     CFType Get006Type() const { return type006_; }
     CFType Get007Type() const { return type007_; }
-    // The 006 has 18 bytes.
+    // The 006 always has 18 bytes.
     void GetAll(std::string& field006, std::string& field007) const;
-    // Replaces the 006, position 0 included; it is cut at 18 bytes, and what it lacks is blank.
+    // Replaces the whole 006, including position 0. It is cut at 18 bytes or padded with blanks.
     void Set006Complete(std::string_view field006);
-    // Replaces the 007 and its length but not its type; cut at 23 bytes. What lies beyond its
-    // length stays readable by element.
+    // Replaces the 007 and its length, but not its type. The text is cut at 23 bytes. Elements
+    // after the new length can still be read.
     void Set007Complete(std::string_view field007);
 
-    // As for a main material, by the standard workform of the material. A 007 of a microform also
-    // decides the form of item, which is reported as that of books.
+    // Works like that of a main material, with the standard workform of this material. A 007 for
+    // microforms also determines the form of item, and this change is reported as that of books.
     void SetInvalidValuesToDefault(ReplacedPartCallback callback, void* context);
-    // The literary text of a nonmusical sound recording becomes "other" if it is blank; any other
-    // kind keeps what it has.
+    // If the literary text of a nonmusical sound recording is blank, it becomes "other". Other
+    // kinds of material keep what they have.
     void NonMusicalSoundRecordingFixup();
 
-    // Bytes that the pair takes in a communications record, field ends included.
+    // Returns how many bytes the pair takes in a communications record, including the field ends.
     unsigned GetMARCSize() const;
     void CloneFrom(const CCFAdditionalMaterial& other);
-    // 1 if equal. The material type doesn't count, the first byte of the 007 always does.
+    // Returns 1 if both are equal. The material type isn't compared; the first byte of the 007
+    // always is.
     int IsEqualTo(const CCFAdditionalMaterial& other) const;
 
     // Adds a new 006, and a new 007 unless it is blank.
     void AddToPseudoMARC(CPmarc& record) const;
-    // Reads version 1; any other leaves the entry as it was.
+    // Loads version 1. Any other version leaves the entry as it was.
     void Serialize(CArchive& archive) override;
 
-    // Type of record (006/00, Leader/06) of a material; 0 if it has no 006.
+    // Returns the type of record (006/00, Leader/06) of a material, or 0 if it has no 006.
     static char ByteZeroForMaterialType(MaterialType material);
 
 private:
@@ -93,7 +96,7 @@ private:
 
     MaterialType material_ = kNoMaterial;
     std::array<char, k006Size> field006_;
-    std::array<char, k007Size + 1> field007_;  // with a terminator behind a full text
+    std::array<char, k007Size + 1> field007_;  // includes a terminator for a full text
     std::int32_t length007_ = 0;
     CFType type006_ = CF006None;
     CFType type007_ = CF007None;

@@ -30,7 +30,7 @@ void CCFAdditionalMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callb
     MatchFormOfItemToMicroform(callback, context);
 }
 
-// Whatever the format of the 006: it has the form of item there, if it has one.
+// This writes position 6 whatever the format of the 006 is.
 void CCFAdditionalMaterial::MatchFormOfItemToMicroform(ReplacedPartCallback callback,
                                                        void* context) {
     if (field007_[0] != kMicroform) return;

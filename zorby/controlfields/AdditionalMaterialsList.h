@@ -11,8 +11,8 @@
 
 namespace zorby {
 
-// The further materials of a record, in order, owned by the list. Indices count from 0; beyond the
-// list they do nothing, and an int result is then 0.
+// The additional materials of a record, in order. The list owns them. Indices count from 0. An
+// index outside the list does nothing, and an int result is then 0.
 class ZORBY_EXPORT CCFAdditionalMaterialsList : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
@@ -22,15 +22,15 @@ public:
     CCFAdditionalMaterialsList(const CCFAdditionalMaterialsList&) = delete;
     CCFAdditionalMaterialsList& operator=(const CCFAdditionalMaterialsList&) = delete;
 
-    // A null is not added.
+    // Null is not added.
     void Add(std::unique_ptr<CCFAdditionalMaterial> entry);
-    // 1.
+    // Returns 1.
     int AddEmptyAtEnd();
     void AMAddDuplicateAtEnd(int index);
 
     void ChangeAdditionalMaterial(int index, MaterialType material, CFType type006, CFType type007,
                                   std::string_view field007, std::string_view field006);
-    // The fields, and the name of the material.
+    // Gives both fields and the name of the material.
     void GetDisplayableAM007006(int index, std::string& field007, std::string& field006,
                                 std::string& name) const;
 
@@ -39,7 +39,7 @@ public:
     int GetPartSize(int index, CFPart part) const;
     void Set007Complete(int index, std::string_view field007);
 
-    // Null beyond the list.
+    // Returns null outside the list.
     CCFAdditionalMaterial* GetAt(int index) const;
     int GetSize() const { return static_cast<int>(entries_.size()); }
 
@@ -50,11 +50,11 @@ public:
 
     void CloneFrom(const CCFAdditionalMaterialsList& other);
     int IsEqualTo(const CCFAdditionalMaterialsList& other) const;
-    // On each entry in order.
+    // Does this for each entry in order.
     void NonMusicalSoundRecordingFixup();
     unsigned GetMARCSize() const;
     void AddToPseudoMARC(CPmarc& record) const;
-    // Loading adds behind what the list holds. Any version but 1 adds nothing.
+    // Loading appends to what the list holds. A version other than 1 appends nothing.
     void Serialize(CArchive& archive) override;
 
 private:

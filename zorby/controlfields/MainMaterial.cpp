@@ -17,7 +17,7 @@ const CRuntimeClass CCFMainMaterial::kRuntimeClass =
 
 namespace {
 
-// In the 008 the material section begins 17 bytes further on than in the 006.
+// The material section begins 17 bytes later in the 008 than in the 006.
 constexpr std::size_t kFrom006To008 = 17;
 constexpr unsigned kFieldEnd = 1;
 
@@ -204,7 +204,7 @@ void CCFMainMaterial::Set007Complete(std::string_view field007) {
     field007_[field007.size()] = '\0';
 }
 
-// Without a terminator of its own, the block counts on through the buffers behind it.
+// If the block has no terminator of its own, its length goes on through the buffers after it.
 std::size_t CCFMainMaterial::BlockLength() const {
     std::size_t length = 0;
     for (const std::string_view buffer :

@@ -38,7 +38,7 @@ void CCFMainMaterial::SetInvalidValuesToDefault(ReplacedPartCallback callback, v
     CheckPartsAgainstDefaults(task);
 }
 
-// Unless the material has no 007 to begin with.
+// Does nothing if the record or its material has no 007.
 void CCFMainMaterial::Repair007(RepairTask task) {
     if (table007_ == nullptr) return;
     std::string defaultText = Default007For(task.material, field008_[kFormOfItem008]);

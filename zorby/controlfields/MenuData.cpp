@@ -8,7 +8,7 @@
 namespace zorby {
 namespace {
 
-// The second code and what ends it, so that an empty one reads as a newline.
+// Returns the first byte of the second code, or the newline after it if the code is empty.
 char SecondCharacterOf(std::string_view item) {
     return AfterLines(item, 2).front();
 }
@@ -25,7 +25,7 @@ int FindCombinedCode(const CodeList& menu, std::string_view code) {
     return -1;
 }
 
-// As strncmp, which takes longer for the two or three bytes of a code.
+// Compares like strncmp, which is slower for the two or three bytes of a code.
 int ComparePrefix(const char* item, std::string_view code) {
     for (const char byte : code) {
         const int difference = static_cast<unsigned char>(*item) - static_cast<unsigned char>(byte);
@@ -41,7 +41,7 @@ int FindPrefix(const CodeList& menu, std::string_view code) {
     const std::uint16_t* end = menu.byCode + menu.count;
     const std::uint16_t* first = std::partition_point(
         menu.byCode, end, [&](std::uint16_t index) { return compare(index) < 0; });
-    // Mostly there is one.
+    // Usually there is only one.
     const std::uint16_t* last =
         std::find_if(first, end, [&](std::uint16_t index) { return compare(index) != 0; });
     return first == last ? -1 : *std::min_element(first, last);

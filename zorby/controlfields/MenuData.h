@@ -12,11 +12,12 @@ namespace zorby {
 struct CodeList;
 
 // The codes that an element of the control fields may take, each with its text, in display order.
-// An item is the code, a newline, the text, a newline; every code of a list is equally long, with
-// blanks where it stands for fewer characters. The combined form of item has a second code behind
-// the text. Codes and texts: MARC 21 Format for Bibliographic Data, MARC Code List for Languages,
-// MARC Code List for Countries, as of their day. The lists are compiled in: what the pointers point
-// to lives as long as the program, and an object is cheap to make and to copy.
+// An item is the code, a newline, the text and a newline. All codes of a list are equally long,
+// with blanks in place of missing characters. In the combined form of item, a second code follows
+// the text. Codes and texts come from the MARC 21 Format for Bibliographic Data, the MARC Code List
+// for Languages and the MARC Code List for Countries, in the editions that the tables name. The
+// lists are compiled in: pointers into them are valid as long as the program runs, and an object is
+// cheap to make and to copy.
 class ZORBY_EXPORT CCFMenuData {
 public:
     // An element without a list gives an object without a menu.
@@ -26,40 +27,43 @@ public:
     virtual ~CCFMenuData();
 
     CFPart GetPart() const { return part_; }
-    // Null without a menu.
+    // Returns null without a menu.
     const char* GetMenuTitle() const;
-    // All texts, each terminated, and an empty one behind the last. Null without a menu.
+    // Returns all texts, each terminated, and an empty text after the last one. Returns null
+    // without a menu.
     const char* GetMenuText() const;
-    // 0 without a menu.
+    // Returns 0 without a menu.
     int GetCount() const;
 
-    // Walk the items as they stand. Null at the end, without a menu, or with no walk under way.
+    // Walk through the items, each as it is stored. They return null at the end, without a menu,
+    // and if no walk was begun.
     const char* GetTextFirst();
     const char* GetTextNext();
 
-    // The code of the first item with exactly this text, in the combined form of item both codes:
-    // 1, or 0 with `code` untouched.
+    // Gives the code of the first item with exactly this text; in the combined form of item, both
+    // codes. Returns 1, or 0 with `code` untouched.
     int GetCodeFromText(std::string_view text, std::string& code) const;
-    // In the combined form of item an empty second code reads as a newline. 1, or 0 with `code`
-    // untouched.
+    // Gives the code of an item. In the combined form of item, an empty second code reads as a
+    // newline. Returns 1, or 0 with `code` untouched.
     int GetCodeFromIndex(int index, std::string& code) const;
-    // The first item that begins with `code`, from 0, or -1. So an empty code finds item 0, and a
-    // code that is longer than the item's goes on into its newline and text. In the combined form
-    // of item the first character must equal the code, a second one, if given, the second code (a
-    // newline equals an empty one), and more are passed over; an empty code finds nothing.
+    // Returns the index, from 0, of the first item that begins with `code`, or -1. So an empty code
+    // finds item 0, and a code that is longer than that of the item is compared with the newline
+    // and the text as well. In the combined form of item, the first character of `code` must equal
+    // the first code and the second character, if there is one, the second code (a newline equals
+    // an empty one). Further characters are ignored, and an empty code finds nothing.
     int GetIndexFromCode(std::string_view code) const;
-    // Empty if the code is not in the list.
+    // Gives an empty text if the code is not in the list.
     void GetTextFromCode(std::string_view code, std::string& text) const;
     std::string GetTextFromCode(std::string_view code) const;
 
-    // Whether `part` lies in the range of `type`; with `withoutByteZero` nonzero the elements in
-    // position 0 of the 006 forms do not.
+    // Returns whether `part` is in the range of `type`. If `withoutByteZero` is nonzero, the
+    // elements at position 0 of the 006 forms are not.
     static bool PartNumberInRange(int withoutByteZero, CFPart part, CFType type);
 
 private:
     CFPart part_;
     const CodeList* menu_;
-    const char* const* walk_ = nullptr;  // the item that the walk gave last
+    const char* const* walk_ = nullptr;  // the item that the walk returned last
 };
 
 }  // namespace zorby

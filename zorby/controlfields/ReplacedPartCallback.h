@@ -4,7 +4,7 @@
 
 namespace zorby {
 
-// Called for each element that a repair has given another value. `context` is passed through.
+// Called for each element whose value a repair has replaced. `context` is passed through.
 using ReplacedPartCallback = void (*)(CFPart part, void* context);
 
 }  // namespace zorby

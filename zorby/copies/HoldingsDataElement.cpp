@@ -31,7 +31,7 @@ void CHoldingsDataElement::CloneFrom(const CHoldingsDataElement& element) {
 }
 
 void CHoldingsDataElement::SetText(std::string_view text) {
-    text_ = std::string(Trimmed(text));  // which may be part of the old text
+    text_ = std::string(Trimmed(text));  // `text` may be part of the old text
 }
 
 bool CHoldingsDataElement::IsEqualTo(const CHoldingsDataElement& element) const {

@@ -9,7 +9,7 @@
 
 namespace zorby {
 
-// One value of a copy. Texts are in the Qm code.
+// One value of a copy's holdings data. The text is in the Qm code.
 class ZORBY_EXPORT CHoldingsDataElement : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
@@ -19,28 +19,28 @@ public:
     CHoldingsDataElement& operator=(const CHoldingsDataElement&) = delete;
 
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
-    // The number and the text. A stored form of an unknown version changes nothing, and nothing is
-    // read behind its version byte.
+    // Stores the number and the text. A stored form of an unknown version changes nothing, and
+    // nothing after its version byte is read.
     void Serialize(CArchive& archive) override;
 
-    // `userValue` is the host's.
+    // `userValue` is for the host.
     void Create(EHOLDINGSID id, std::string_view text, int userValue);
-    // Copies the number and the text alone.
+    // Copies only the number and the text.
     void CloneFrom(const CHoldingsDataElement& element);
 
     EHOLDINGSID GetID() const { return id_; }
     const std::string& GetText() const { return text_; }
-    // Stores the text without the white space at its ends.
+    // Stores the text without white space at its ends.
     void SetText(std::string_view text);
     int GetUserValue() const { return userValue_; }
 
-    // A mark that is neither stored nor cloned; not set at first.
+    // A mark that is neither stored nor cloned. It is not set at first.
     void SetMarkedForDeletion(int marked) { markedForDeletion_ = marked; }
     int IsMarkedForDeletion() const { return markedForDeletion_; }
 
-    // The same number and the same bytes of text.
+    // Returns whether both have the same number and the same text, byte for byte.
     bool IsEqualTo(const CHoldingsDataElement& element) const;
-    // The bytes that the element takes as a subfield; 0 for an empty text.
+    // Returns how many bytes the element takes as a subfield, or 0 if its text is empty.
     unsigned GetMARCSize() const;
 
 private:

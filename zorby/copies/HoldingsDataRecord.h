@@ -16,7 +16,7 @@ namespace zorby {
 class CHoldingsDataRecordList;
 class CPmarc;
 
-// A subfield that goes through to the output as it is.
+// A subfield that is passed through to the output as it is.
 struct ZORBY_EXPORT HoldingItemHold {
     std::int32_t tag = 0;
     char subfield = 0;
@@ -25,16 +25,16 @@ struct ZORBY_EXPORT HoldingItemHold {
     void Serialize(CArchive& archive);
 };
 
-// What a library knows about one copy of a title: its elements, which the record owns, in the order
-// of entry until a sort, and subfields to carry through (holds). Several elements may have one
-// number; lookups give the first.
+// What a library knows about one copy of a title: its elements, in the order of entry until they
+// are sorted, and subfields to pass through (holds). The record owns its elements. Several elements
+// may have the same number; lookups give the first of them.
 class ZORBY_EXPORT CHoldingsDataRecord : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
 
-    // A record of HT_NONE, to be loaded or cloned into.
+    // A record of the type HT_NONE, for loading or cloning into it.
     CHoldingsDataRecord() = default;
-    // A type of -1 stands for HT_TYPE_1.
+    // The type -1 stands for HT_TYPE_1.
     explicit CHoldingsDataRecord(EHOLDINGSTYPE type);
     CHoldingsDataRecord(const CHoldingsDataRecord&) = delete;
     CHoldingsDataRecord& operator=(const CHoldingsDataRecord&) = delete;
@@ -50,7 +50,7 @@ public:
     void CloneFrom(const CHoldingsDataRecord& record);
 
     EHOLDINGSTYPE GetHoldingsType() const { return holdingsType_; }
-    // The list that the record is in, or null.
+    // Returns the list that the record is in, or null.
     const CHoldingsDataRecordList* GetOwner() const { return owner_; }
 
     // Adds an element. A further value of a repeating item goes to another number
@@ -58,9 +58,10 @@ public:
     // the second, which takes any number of values. An empty text is added only if `keepEmpty` is
     // not 0; one of white space is added as an empty one.
     void Add(EHOLDINGSID id, std::string_view text, int keepEmpty, int userValue);
-    // Changes the first element with the number, or adds one unless the text is empty.
+    // Changes the first element with the number. If there is none, adds one unless the text is
+    // empty.
     void Set(EHOLDINGSID id, std::string_view text);
-    // The text is empty, and the element null, where there is no such element.
+    // If there is no such element, the text is empty and `element` null.
     std::string Get(EHOLDINGSID id) const;
     void Get(EHOLDINGSID id, std::string& text) const;
     void Get(EHOLDINGSID id, std::string& text, CHoldingsDataElement*& element);
@@ -68,12 +69,12 @@ public:
     // The number of elements.
     int GetSize() const { return static_cast<int>(elements_.size()); }
     int GetElementCount() const { return GetSize(); }
-    // Null outside the record.
+    // Returns null outside the record.
     CHoldingsDataElement* GetAt(int index);
     const CHoldingsDataElement* GetAt(int index) const;
-    // Destroys the elements; holds stay.
+    // Deletes the elements; holds stay.
     void RemoveAll();
-    // Destroys the elements that are a bar code of any system.
+    // Deletes the elements that are the bar code of any system.
     void EmptyBarCode();
 
     void AddHoldingItemHold(int tag, char subfield, std::string_view text);
@@ -87,11 +88,11 @@ public:
     // No element has text other than white space, automatic ones aside.
     bool HasNoText() const;
 
-    // The same type and, in any order, the same elements. Where types and counts agree, both
-    // records are left sorted as by Sort. Holds don't count.
+    // Returns whether both have the same type and, in any order, the same elements. Holds aren't
+    // compared. If types and counts agree, both records are left sorted as by Sort.
     bool IsEqualTo(CHoldingsDataRecord& record);
 
-    // Both sorts keep elements that they hold equal in their order. Highest number first:
+    // Both sorts keep equal elements in their order. Sort puts the highest number first.
     void Sort();
     // The order of output, by what the dictionary says of each number: the highest tag first; in a
     // tag the parts of composed subfields by number, other subfields by code, digits after all
@@ -99,8 +100,8 @@ public:
     // that the dictionary in force doesn't have come last.
     void SortByTagAndSubfield();
 
-    // The bytes that the elements take in a MARC record, with those of a field around them; 0
-    // without any text. Holds don't count.
+    // Returns how many bytes the elements take in a MARC record, with one field around them, or 0
+    // if none has text. Holds aren't counted.
     unsigned GetMARCSize() const;
 
     // Adds the elements in their order, then the holds, to new fields of `marc`, one for each of
@@ -110,8 +111,8 @@ public:
     // force (CHoldingsSelector) if it has any, whatever the record's own type.
     void AddToPseudoMARC(CPmarc& marc) const;
 
-    // What the host's list shows of the copy: the call number of the record's type, its parts
-    // joined with a blank; and all bar codes, those of other systems too.
+    // What the host's list shows for the copy: the call number for the type of the record, with its
+    // parts joined by blanks; and all bar codes, including those of other systems.
     std::string GetRecVCallNumber() const;
     std::string GetRecVBarCode() const;
 

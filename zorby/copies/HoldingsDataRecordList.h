@@ -9,58 +9,58 @@
 
 namespace zorby {
 
-// The copies of a title, a record each, which the list owns. An index outside the list does
-// nothing. Replace may leave places without a record, for which GetAt gives null: they count in the
-// size and keep their place, but all else passes over them.
+// The copies of a title, one record each. The list owns the records. An index outside the list does
+// nothing. Replace may leave places without a record, for which GetAt returns null. Such places
+// count in the size and keep their index, but everything else skips them.
 class ZORBY_EXPORT CHoldingsDataRecordList : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
-    static constexpr int kHighestIndex = 999'999;  // of Replace
+    static constexpr int kHighestIndex = 999'999;  // the highest index that Replace takes
 
     CHoldingsDataRecordList() = default;
     CHoldingsDataRecordList(const CHoldingsDataRecordList&) = delete;
     CHoldingsDataRecordList& operator=(const CHoldingsDataRecordList&) = delete;
 
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
-    // Loading adds behind what the list holds, and nothing from a stored form of an unknown
-    // version, where nothing is read behind the version byte. Where it throws, the records that
-    // were whole are in the list.
+    // Loading appends to what the list holds. Of a stored form of an unknown version nothing after
+    // the version byte is read. If this throws, the list keeps the records that were read
+    // completely.
     void Serialize(CArchive& archive) override;
-    // Holds copies of the records up to the first place without one, in the room of what it held.
-    // A list cloned from itself stays as it is.
+    // Replaces what the list holds by copies of the records up to the first place without one.
+    // Cloning a list from itself changes nothing.
     void CloneFrom(const CHoldingsDataRecordList& list);
 
-    // The record's owner is this list from now on. Null is not added.
+    // The list becomes the owner of the record. Null is not added.
     void Add(std::unique_ptr<CHoldingsDataRecord> record);
     CHoldingsDataRecord* AddEmptyAtEnd(EHOLDINGSTYPE type);
-    // Adds a copy without bar codes.
+    // Adds a copy of a record, without bar codes.
     void AddDuplicateAtEnd(int index);
-    // Puts the record in the place of another, which is destroyed, or at an index of or behind the
-    // size: the places up to there have no record then. Gives 1; or 0, and the list stays as it is,
-    // for null, a negative index and one above kHighestIndex.
+    // Puts the record in the place of another, which is deleted, or at an index after the last one;
+    // the places before that index then have no record. Returns 1, or 0 with the list unchanged if
+    // the record is null, or the index negative or above kHighestIndex.
     int Replace(int index, std::unique_ptr<CHoldingsDataRecord> record);
 
     int GetSize() const { return static_cast<int>(records_.size()); }
     int GetCount() const { return GetSize(); }
-    // Null outside the list.
+    // Returns null outside the list.
     CHoldingsDataRecord* GetAt(int index);
     const CHoldingsDataRecord* GetAt(int index) const;
 
-    // Destroy records. A pointer that isn't in the list does nothing.
+    // Delete records. A pointer that isn't in the list does nothing.
     void DeleteByNumber(int index);
     void DeleteByPtr(const CHoldingsDataRecord* record);
-    // Those that are empty or have no text, and places without a record.
+    // Deletes the records that are empty or have no text, and the places without a record.
     void RemoveEmptyOnes();
     void RemoveAll();
 
-    // Of each record, and their sum.
+    // Sort each record, and add up their sizes.
     void SortByTagAndSubfield();
     unsigned GetMARCSize() const;
     // Each record adds fields of its own, in list order.
     void AddToPseudoMARC(CPmarc& marc) const;
 
-    // The texts of the records in list order, with a character of code 1 between two; records
-    // without such a text leave no trace.
+    // Return the texts of the records in list order, with a character of code 1 between two texts.
+    // Records without such a text are left out.
     std::string GetRecVCallNumbers() const;
     std::string GetRecVBarCodes() const;
 

@@ -7,7 +7,7 @@
 namespace zorby {
 namespace {
 
-constexpr char kBetweenRecords = '\1';  // a host splits there: no value can have it
+constexpr char kBetweenRecords = '\1';  // the host splits here; no value can contain it
 
 void AppendJoined(std::string& all, char separator, std::string_view text) {
     if (text.empty()) return;

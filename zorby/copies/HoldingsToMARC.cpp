@@ -56,7 +56,7 @@ private:
         int occurrence = 0;
     };
 
-    // Makes a field for a tag that has none, as long as there is one to be had.
+    // Makes a field for a new tag, unless both fields are made already.
     void Open(unsigned tag) {
         if (first_.tag == 0) {
             OpenAs(first_, tag);
@@ -81,7 +81,8 @@ private:
         marc_.FieldAddSubfield(field.tag, field.occurrence, code, text, info.GetRepeatDelimiter());
     }
 
-    // The two of a pair share a subfield code, so the second needs something before it.
+    // Both elements of a pair have the same subfield code. If the first is missing, an empty
+    // subfield must take its place.
     bool IsSecondWithoutFirst(EHOLDINGSID id) const {
         const HoldingsPair& pair = row_.pair;
         return pair.second != EHOLDINGSID{} && id == pair.second && !Has(pair.first);

@@ -4,10 +4,10 @@
 
 namespace zorby {
 
-// The elements of the coded control fields, each under one number, grouped by format in hundreds.
-// Elements that share bytes are the same bytes under different code lists. The positions of each
-// are in OffsetTables.h. Elements and positions: MARC 21 Format for Bibliographic Data, Leader,
-// 006, 007 and 008. SMD: specific material designation (007/01).
+// The elements of the coded control fields. Each has a number; the numbers are grouped by format in
+// hundreds. Elements that share bytes are the same bytes with different code lists. OffsetTables.h
+// has the positions. Source of elements and positions: MARC 21 Format for Bibliographic Data,
+// Leader, 006, 007 and 008. SMD is the specific material designation (007/01).
 enum CFPart : std::int32_t {
     CFPUndefined = -2,  // a row of positions that the format leaves undefined
     CFPEndOfTable = -1,
@@ -38,7 +38,7 @@ enum CFPart : std::int32_t {
 
     // 008, positions common to all materials
     CFP008DateEntered = 101,
-    CFP008DateGroup = 102,  // 103 to 105 as a whole; has no bytes of its own
+    CFP008DateGroup = 102,  // 103 to 105 as a whole, without bytes of its own
     CFP008TypeOfDate = 103,
     CFP008Date1 = 104,
     CFP008Date2 = 105,

@@ -4,8 +4,8 @@
 
 namespace zorby {
 
-// The formats of the coded control fields, each with its table of positions in OffsetTables.h. A
-// 006 form also lays out 008/18-34: its position k is byte k + 17 of field 008.
+// The formats of the coded control fields. OffsetTables.h has a table of positions for each. A 006
+// form also describes 008/18-34: its position k is byte k + 17 of the 008.
 enum CFType : std::int32_t {
     CFLdr = 1,             // Leader
     CFBlock = 2,           // a block of four parts, stored and never interpreted
@@ -13,7 +13,7 @@ enum CFType : std::int32_t {
     CF008Alternative = 4,  // 008 under other positions, stored and never interpreted
 
     CF006None = 600,     // no 006 form
-    CF006Unknown = 601,  // table of CF006Books, but no part belongs to it
+    CF006Unknown = 601,  // uses the table of CF006Books, but no element belongs to it
     CF006Books = 602,
     CF006ComputerFile = 603,
     CF006Map = 604,
@@ -21,10 +21,10 @@ enum CFType : std::int32_t {
     CF006MusicSound = 606,
     CF006Continuing = 607,
     CF006Visual = 608,
-    CF006AltDate = 609,  // as CF006Unknown; its record reads the 008 by CF008Alternative
+    CF006AltDate = 609,  // like CF006Unknown; CF008Alternative describes the 008 of such a record
 
     CF007None = 700,     // no 007
-    CF007Unknown = 701,  // table of CF007Unspecified, but no part belongs to it
+    CF007Unknown = 701,  // uses the table of CF007Unspecified, but no element belongs to it
     CF007Map = 702,
     CF007Electronic = 703,
     CF007Globe = 704,

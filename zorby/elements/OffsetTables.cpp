@@ -8,8 +8,8 @@
 namespace zorby {
 namespace {
 
-// One format a hundred of element numbers, from 0: its elements are numbered from hundred + 1 to
-// `last`.
+// The format of a hundred of element numbers, counted from 0. Its elements have the numbers from
+// the hundred plus 1 to `last`.
 struct Format {
     CFType type;
     CFPart last;

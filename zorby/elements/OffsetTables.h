@@ -8,9 +8,9 @@
 
 namespace zorby {
 
-// One row of a table of positions: the bytes, first to last inclusive, that an element takes in its
-// field. A table ends with a row of -1, -1, -1. Rows may overlap, and need not be in byte order; a
-// row of CFPUndefined marks positions that the format leaves undefined.
+// One row of a table of positions: the first and the last byte that an element takes in its field.
+// A table ends with a row of -1, -1, -1. Rows may overlap, and need not be in order of bytes. A row
+// of CFPUndefined is for positions that the format leaves undefined.
 struct tagCFOFFSETENTRY {
     CFPart part;
     std::int32_t first;
@@ -19,29 +19,31 @@ struct tagCFOFFSETENTRY {
     constexpr std::int32_t Width() const { return last - first + 1; }
 };
 
-// Positions as in the MARC 21 Format for Bibliographic Data. The tables live as long as the
-// program.
+// The positions are those of the MARC 21 Format for Bibliographic Data. The tables live as long as
+// the program.
 ZORBY_EXPORT extern const tagCFOFFSETENTRY* const kLeaderOffsets;
-// Null for CF006None; the table of CF006Books for a type that has none of its own.
+// Returns null for CF006None, and the table of CF006Books for a type without a table of its own.
 ZORBY_EXPORT const tagCFOFFSETENTRY* OffsetsFor006Type(CFType type006);
-// Null for CF007None; the table of CF007Unspecified for a type that has none of its own.
+// Returns null for CF007None, and the table of CF007Unspecified for a type without a table of its
+// own.
 ZORBY_EXPORT const tagCFOFFSETENTRY* OffsetsFor007Type(CFType type007);
-// The alternative table for a record of CF006AltDate, else the standard one.
+// Returns the alternative table for a record of CF006AltDate, else the standard one.
 ZORBY_EXPORT const tagCFOFFSETENTRY* OffsetsFor008(CFType type006);
 
-// The row of `part`, or null; a null table has no rows.
+// Returns the row of `part`, or null. A null table has no rows.
 ZORBY_EXPORT const tagCFOFFSETENTRY* FindOffset(const tagCFOFFSETENTRY* table, CFPart part);
 
-// The format whose range of numbers holds `part`; 0 if none does.
+// Returns the format that has `part` in its range of numbers, or 0 if none has.
 ZORBY_EXPORT CFType TypeOfPart(CFPart part);
 
-// Bytes that `part` takes in the table that holds it; 0 if none does.
+// Returns how many bytes `part` takes in the table that has it, or 0 if none has.
 ZORBY_EXPORT int WidthOfPart(CFPart part);
 
-// A main record has position 0 of its 006 form in the Leader, so there the element doesn't count.
+// Whether the element at position 0 of a 006 form counts. In a main record it doesn't, since the
+// Leader has it.
 enum class ByteZero { Included, Excluded };
 
-// Whether `part` lies in the range of `type`.
+// Returns whether `part` is in the range of `type`.
 ZORBY_EXPORT bool PartBelongsTo(CFPart part, CFType type, ByteZero byteZero);
 
 }  // namespace zorby

@@ -9,8 +9,8 @@
 
 namespace zorby {
 
-// A subfield that a new record begins with, its text in the Qm code. In a list, a record of tag 0
-// continues the field that the record before it began.
+// A subfield with which a new record begins. Its text is in the Qm code. In a list, an entry with
+// tag 0 continues the field that the entry before it began.
 class ZORBY_EXPORT CInfoAboutDefaultData : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
@@ -18,14 +18,15 @@ public:
     void Serialize(CArchive& archive) override;
 
     void Create(unsigned tag, char first, char second, char code, std::string_view data);
-    // Tag 0 and both indicators NUL.
+    // The tag is 0, and both indicators are NUL.
     void Create(char code, std::string_view data);
     void CloneFrom(const CInfoAboutDefaultData& other);
 
     unsigned GetTag() const { return tag_; }
-    // The first indicator for 1, the second for any other number; NUL for a blank ("_").
+    // Returns the first indicator for 1, the second for any other number. A blank ("_") is returned
+    // as NUL.
     char GetIndicator(int which) const;
-    // The same as stored.
+    // Returns the same as it is stored.
     char GetIndicatorRaw(int which) const { return which == 1 ? first_ : second_; }
     char GetSubCode() const { return code_; }
     const std::string& GetDefaultData() const { return data_; }
@@ -50,7 +51,7 @@ public:
 
     void RemoveAll();
 
-    // The one walk of the list; null at the end.
+    // Walk through the list. There is only one walk; it returns null at the end.
     const CInfoAboutDefaultData* GetFirst();
     const CInfoAboutDefaultData* GetNext();
 

@@ -15,7 +15,7 @@ class ZORBY_EXPORT CInfoAboutField : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
-    // Stores all but the user-defined flag, and sets that to 0 on loading.
+    // Stores everything except the user-defined flag, which is 0 after loading.
     void Serialize(CArchive& archive) override;
 
     void Create(unsigned tag, std::string_view name, int repeatable, int mandatory,
@@ -24,7 +24,8 @@ public:
     unsigned GetTag() const { return tag_; }
     const std::string& GetName() const { return name_; }
     void GetName(std::string& name) const { name = name_; }
-    // Nonzero for a field that may repeat, that a record must have, that was added at run time.
+    // In this order: nonzero if the field may repeat, if a record must have it, and if it was added
+    // at run time.
     int Repeatable() const { return repeatable_; }
     int Mandatory() const { return mandatory_; }
     int IsUserDefined() const { return userDefined_; }
@@ -42,11 +43,11 @@ public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
-    // The first field of the tag, or null.
+    // Returns the first field of the tag, or null.
     const CInfoAboutField* Find(unsigned tag) const;
     void AddField(unsigned tag, std::string_view name, int repeatable, int mandatory,
                   int userDefined);
-    // Each tag from low to high, both included, in the order of the list.
+    // Returns the tags from `low` to `high`, both included, in the order of the list.
     std::unique_ptr<CTagArray> AllTags(unsigned low, unsigned high) const;
     // Deletes the records whose user-defined flag is set.
     void RemoveUserDefined();

@@ -9,12 +9,12 @@
 
 namespace zorby {
 
-// Where the records of each MARC tag stand in a list.
+// Knows where the records of each MARC tag are in a list.
 class ZORBY_EXPORT InfoAboutIndex {
 public:
-    // Tells the tag of the next record of the list.
+    // Adds the next record of the list, by its tag.
     void Add(unsigned tag);
-    // Positions counted from 0, ascending; valid until the next Add.
+    // Returns the positions, counted from 0, in ascending order. They are valid until the next Add.
     std::span<const std::size_t> Of(unsigned tag) const;
 
 private:

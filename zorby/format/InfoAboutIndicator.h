@@ -10,8 +10,8 @@
 
 namespace zorby {
 
-// What is known of the two indicators of a MARC field. `which` is 1 for the first and 2 for the
-// second; a blank indicator is "_".
+// What is known about the two indicators of a MARC field. `which` is 1 for the first and 2 for the
+// second. A blank indicator is "_".
 
 class ZORBY_EXPORT CInfoAboutIndicatorName : public CObject {
 public:
@@ -24,8 +24,8 @@ public:
     unsigned GetTag() const { return tag_; }
     int GetWhich() const { return which_; }
     const std::string& GetName() const { return name_; }
-    // With "First indicator" or "Second indicator" as the code. An unknown option counts as
-    // EDO_NameAndCode.
+    // Gives the name, with "First indicator" or "Second indicator" as its code. An unknown option
+    // counts as EDO_NameAndCode.
     void GetName(EDISPLAYOPTIONS option, std::string& text) const;
 
 private:
@@ -39,11 +39,11 @@ public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
-    // The first record with both, or null.
+    // Returns the first record of this tag and indicator, or null.
     const CInfoAboutIndicatorName* Find(unsigned tag, int which) const;
     void AddIndicatorName(unsigned tag, int which, std::string_view name);
-    // The text of the first match; "Indicator 1" or "Indicator 2" where that is empty, or without a
-    // match.
+    // Gives the text of the first match. If that is empty, or if there is no match, gives
+    // "Indicator 1" or "Indicator 2".
     void GetIndicatorNameFor(unsigned tag, int which, EDISPLAYOPTIONS option,
                              std::string& text) const;
 };
@@ -72,10 +72,10 @@ public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
-    // The first record with both, or null.
+    // Returns the first record of this tag and indicator, or null.
     const CInfoAboutIndicatorExplanation* Find(unsigned tag, int which) const;
     void AddIndicatorExpl(unsigned tag, int which, std::string_view explanation);
-    // The first match; without one the text stays as it was.
+    // Gives the first match. Without a match the text stays as it was.
     void GetIndicatorExplanationFor(unsigned tag, int which, std::string& text) const;
 };
 
@@ -92,7 +92,7 @@ public:
     int GetWhich() const { return which_; }
     char GetValue() const { return value_; }
     const std::string& GetName() const { return name_; }
-    // With the value as the code. An unknown option counts as EDO_NameAndCode.
+    // Gives the name, with the value as its code. An unknown option counts as EDO_NameAndCode.
     void Name(EDISPLAYOPTIONS option, std::string& text) const;
 
 private:
@@ -108,8 +108,8 @@ public:
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
     void AddIndicatorValue(unsigned tag, int which, char value, std::string_view name);
-    // Walk over the values of one indicator, in the order of the list; null at the end. A list has
-    // one place for its walks, so that two of them can't be interleaved.
+    // Walk through the values of one indicator, in the order of the list, and return null at the
+    // end. A list remembers only one walk, so two walks can't be mixed.
     const CInfoAboutIndicatorValue* GetIndicatorValueMatchFirst(unsigned tag, int which);
     const CInfoAboutIndicatorValue* GetIndicatorValueMatchNext(unsigned tag, int which);
 
@@ -127,7 +127,7 @@ public:
     void Create(unsigned tag, char first, char second);
 
     unsigned GetTag() const { return tag_; }
-    // The first indicator for 1, the second for any other number.
+    // Returns the first indicator for 1, the second for any other number.
     char GetIndicator(int which) const { return which == 1 ? first_ : second_; }
 
 private:
@@ -143,7 +143,7 @@ public:
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
     void AddIndicatorDefault(unsigned tag, char first, char second);
-    // GetIndicator of the first record of the tag; NUL without one.
+    // Returns GetIndicator of the first record of the tag, or NUL if there is none.
     char DefaultIndicator(unsigned tag, int which) const;
 };
 

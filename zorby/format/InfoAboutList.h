@@ -15,19 +15,19 @@
 
 namespace zorby {
 
-// What the lists of the dictionary and of workforms have in common: a list owns its records, keeps
+// What the lists of the dictionary and of workforms have in common. A list owns its records, keeps
 // them in the order in which they were added, and finds the first of several that match. A record
-// stays where it is in memory until it is removed.
+// keeps its address until it is removed.
 template <class Record>
 class ZORBY_EXPORT InfoAboutList : public CObject {
 public:
     int GetSize() const { return static_cast<int>(records_.size()); }
-    // Null outside the list.
+    // Returns null outside the list.
     const Record* GetAt(int index) const {
         return index < 0 ? nullptr : At(static_cast<std::size_t>(index));
     }
 
-    // Loading adds behind what the list holds; where it throws, the list is as it was.
+    // Loading appends to what the list holds. If it throws, the list is as it was before.
     void Serialize(CArchive& archive) override {
         if (archive.IsStoring()) return SerializeList(archive, records_);
         std::vector<std::unique_ptr<Record>> loaded;
@@ -42,7 +42,7 @@ protected:
 
     std::span<const std::size_t> PositionsOf(unsigned tag) const { return index_.Of(tag); }
 
-    // The first record of the tag for which the test holds, or null.
+    // Returns the first record of the tag that passes the test, or null.
     template <class Test>
     const Record* FindFirst(unsigned tag, Test test) const {
         const auto positions = PositionsOf(tag);
@@ -56,7 +56,7 @@ protected:
         return positions.empty() ? nullptr : records_[positions.front()].get();
     }
 
-    // The fields are what the record's Create takes.
+    // The arguments are those of the record's Create.
     template <class... Fields>
     void AppendNew(const Fields&... fields) {
         auto record = std::make_unique<Record>();

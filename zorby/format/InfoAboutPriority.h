@@ -30,12 +30,12 @@ public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
-    // The first record of the tag, or null.
+    // Returns the first record of the tag, or null.
     const CInfoAboutFieldPriority* Find(unsigned tag) const;
     void AddFieldPriority(unsigned tag, int priority);
 };
 
-// The priority that a workform gives some subfields of a field, by their codes.
+// The priority that a workform gives some subfields of a field. The codes say which.
 class ZORBY_EXPORT CInfoAboutSubfieldPriority : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
@@ -60,12 +60,12 @@ public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
-    // The first record of the tag whose codes hold the code, or null.
+    // Returns the first record of the tag that has the code among its codes, or null.
     const CInfoAboutSubfieldPriority* Find(unsigned tag, char code) const;
     void AddSubfieldPriority(unsigned tag, std::string_view codes, int priority);
 };
 
-// The subfields that a new field prompts for, by their codes.
+// The subfields that a new field prompts for. The codes say which.
 class ZORBY_EXPORT CInfoAboutSubfieldPrompt : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
@@ -87,7 +87,7 @@ public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
-    // The first record of the tag, or null.
+    // Returns the first record of the tag, or null.
     const CInfoAboutSubfieldPrompt* Find(unsigned tag) const;
     void AddSubfieldPrompt(unsigned tag, std::string_view codes);
 };

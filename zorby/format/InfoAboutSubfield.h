@@ -8,12 +8,13 @@
 
 namespace zorby {
 
-// A subfield of a MARC field: its code, the tag of the field, its name in the Qm code, its flags.
+// A subfield of a MARC field: its code, the tag of the field, its name in the Qm code, and its
+// flags.
 class ZORBY_EXPORT CInfoAboutSubfield : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
-    // Stores all but the user-defined flag, and sets that to 0 on loading.
+    // Stores everything except the user-defined flag, which is 0 after loading.
     void Serialize(CArchive& archive) override;
 
     void Create(unsigned tag, char code, std::string_view name, int repeatable, int mandatory,
@@ -23,8 +24,8 @@ public:
     char GetCode() const { return code_; }
     const std::string& GetName() const { return name_; }
     void GetName(std::string& name) const { name = name_; }
-    // Nonzero for a subfield that may repeat, that its field must have, that a new field prompts
-    // for, that has priority, that was added at run time.
+    // In this order: nonzero if the subfield may repeat, if its field must have it, if a new field
+    // prompts for it, if it has priority, and if it was added at run time.
     int Repeatable() const { return repeatable_; }
     int Mandatory() const { return mandatory_; }
     int Prompt() const { return prompt_; }
@@ -47,15 +48,15 @@ public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
-    // The first subfield with both, or null.
+    // Returns the first subfield of this tag and code, or null.
     const CInfoAboutSubfield* Find(unsigned tag, char code) const;
     void AddSubfield(unsigned tag, char code, std::string_view name, int repeatable, int mandatory,
                      int prompt, int priority, int userDefined);
-    // Appends each code of the tag, in the order of the list.
+    // Appends all codes of the tag, in the order of the list.
     void AllSubfieldCodesForTag(unsigned tag, std::string& codes) const;
-    // Appends each code of the tag whose prompt flag is set.
+    // Appends the codes of the tag whose prompt flag is set.
     void GetSubfieldsToPromptFor(unsigned tag, std::string& codes) const;
-    // 1 if the first match has the priority flag set, else 0.
+    // Returns 1 if the first match has the priority flag set, else 0.
     int GetPriority(unsigned tag, char code) const;
     // Deletes the records whose user-defined flag is set.
     void RemoveUserDefined();

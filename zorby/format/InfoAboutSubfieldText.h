@@ -28,7 +28,7 @@ private:
 template <class Text>
 class ZORBY_EXPORT InfoAboutSubfieldTextList : public InfoAboutList<Text> {
 public:
-    // The first record with both, or null.
+    // Returns the first record of this tag and code, or null.
     const Text* Find(unsigned tag, char code) const {
         return this->FindFirst(tag, [&](const Text& text) { return text.GetCode() == code; });
     }

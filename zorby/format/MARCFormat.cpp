@@ -58,7 +58,7 @@ void CMARCFormat::AddUserDefined(std::string_view list) {
     for (const std::string& entry : entries) theOneAndOnly->AddUserDefinedEntry(entry);
 }
 
-// An entry as ParseUDSubfields makes it: a tag of three digits, and a code or none.
+// `entry` comes from ParseUDSubfields: a tag of three digits, with or without a code.
 void CMARCFormat::AddUserDefinedEntry(const std::string& entry) {
     constexpr const char* kName = "User defined";
     const auto tag = static_cast<unsigned>(std::stoul(entry.substr(0, kTagWidth)));

@@ -13,50 +13,52 @@
 
 namespace zorby {
 
-// The dictionary of the MARC 21 bibliographic format: fields, subfields and indicators. Programs
-// ask through static operations, which act on the one dictionary in force and answer as if it were
-// empty while there is none. Unguarded: it belongs to the host's user-interface thread.
+// The dictionary of the MARC 21 bibliographic format: fields, subfields and indicators. The static
+// operations use the one dictionary in force, and answer as if it were empty while there is none.
+// No lock guards it: it belongs to the host's user-interface thread.
 class ZORBY_EXPORT CMARCFormat : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
     void Serialize(CArchive& archive) override;
 
-    // Puts the dictionary of "MARCBibl.tfm" in the folder of the ApplicationPort in force, adds the
-    // user-defined list given and then the one of the holdings settings, and gives 1. If the file
-    // can't be opened, tells the user and gives 0; a damaged one throws CArchiveException. In both
-    // cases no dictionary is in force then, not even one that was before.
+    // Loads the dictionary from "MARCBibl.tfm" in the folder of the ApplicationPort in force, and
+    // puts it in force. Then adds the fields of `userDefined` and those of the holdings settings,
+    // and returns 1. If the file can't be opened, tells the user and returns 0. A damaged file
+    // throws CArchiveException. In both cases no dictionary is in force afterwards, not even an
+    // earlier one.
     static int InitializeYourself(std::string_view userDefined);
-    // Safe without a dictionary.
+    // Does nothing if there is no dictionary.
     static void FreeYourself();
-    // The dictionary in force, or null.
+    // Returns the dictionary in force, or null.
     static const CMARCFormat* TheOneAndOnly();
 
-    // Adds what ParseUDSubfields finds without bare tags, as far as it is unknown. A new field has
-    // blank indicators.
+    // Adds the fields and subfields that ParseUDSubfields finds without bare tags and that the
+    // dictionary doesn't know. A new field has blank indicators.
     static void AddUserDefined(std::string_view list);
-    // Removes user-defined fields and subfields; their default indicators stay.
+    // Removes user-defined fields and subfields. Their default indicators stay.
     static void RemoveUserDefined();
-    // Appends the fields and subfields that a user-defined list names, such as
-    // "590ab 591-595 900a\901b": three digits for a field, and a code behind them for a subfield. A
-    // token of a bare tag counts only if `allowBareTags` is nonzero; while that is 0, a token
-    // without any valid code ends the list.
+    // Appends the fields and subfields that a user-defined list names, such as "590ab 591-595
+    // 900a\901b": three digits for a field, and codes after them for its subfields. A token that is
+    // only a tag counts if `allowBareTags` is nonzero. If `allowBareTags` is 0, a token without any
+    // valid code ends the list.
     static void ParseUDSubfields(std::string_view list, std::vector<std::string>& entries,
                                  int allowBareTags);
 
-    // Lookups by tag, code and indicator (1 or 2) give the first match in the dictionary, or null.
+    // Lookups by tag, code and indicator (1 or 2) return the first match in the dictionary, or
+    // null.
     static const CInfoAboutField* FindField(unsigned tag);
     static const CInfoAboutSubfield* FindSubfield(unsigned tag, char code);
-    // Each tag from low to high in the dictionary's order. While the holdings are Alexandria's, 900
-    // and 92 follow, whatever the range.
+    // Returns the tags from `low` to `high` in the order of the dictionary. While the holdings are
+    // Alexandria's, 900 and 92 follow, whatever the range.
     static std::unique_ptr<CTagArray> AllTags(unsigned low, unsigned high);
-    // Appends the codes in the dictionary's order, and "a" for Alexandria's 900 and 92.
+    // Appends the codes in the order of the dictionary, or "a" for Alexandria's 900 and 92.
     static void AllSubfieldCodes(unsigned tag, std::string& codes);
     static void GetSubfieldsToPromptFor(unsigned tag, std::string& codes);
     static int GetPriority(unsigned tag, char code);
-    // 1 for a user-defined field, else 0, for an unknown tag too.
+    // Returns 1 for a user-defined field, and 0 for any other tag, known or unknown.
     static int IsUDField(unsigned tag);
-    // 1 for a lower-case letter, a digit or a character from "!" to "?", else 0.
+    // Returns 1 for a lower-case letter, a digit or a character from "!" to "?", else 0.
     static int IsAnyValidSubfield(char code);
 
     static const CInfoAboutIndicatorValue* GetIndicatorValueMatchFirst(unsigned tag, int which);
@@ -66,15 +68,16 @@ public:
                                     std::string& text);
     static char DefaultIndicator(unsigned tag, int which);
 
-    // Texts for display, such as "Title statement (245)", "a (Title)". An unknown option counts as
-    // EDO_NameOnly. What the dictionary doesn't know is called "User defined 901" or "User defined
-    // $x"; an unknown indicator value is called so, whatever the option. A tag below 10 has no
-    // subfields: any code of it gives the field's name, without a code.
+    // Texts for display, such as "Title statement (245)" and "$a (Title)". An unknown option counts
+    // as EDO_NameOnly. A field that the dictionary doesn't know is called "User defined 901", and a
+    // subfield "User defined $x". Whatever the option, an unknown indicator value is called
+    // "Unknown indicator value (7)". A tag below 10 has no subfields: any code of it gives the name
+    // of the field, without a code.
     static void FieldName(unsigned tag, EDISPLAYOPTIONS option, std::string& text);
     static void SubfieldName(unsigned tag, char code, EDISPLAYOPTIONS option, std::string& text);
     static std::string IndicatorValue(unsigned tag, int which, char value, EDISPLAYOPTIONS option);
 
-    // For building a dictionary that Serialize then stores. "#" for a blank indicator becomes "_".
+    // These build a dictionary, which Serialize then stores. "#" for a blank indicator becomes "_".
     void SetName(std::string_view name) { name_ = name; }
     // Adds the default indicators too. The last argument is ignored.
     void AddField(unsigned tag, char first, char second, std::string_view name, int repeatable,

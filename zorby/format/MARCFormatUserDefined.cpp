@@ -23,7 +23,7 @@ bool IsValid(char code) {
     return CMARCFormat::IsAnyValidSubfield(code) != 0;
 }
 
-// The leading digits; 0 without any.
+// Returns the number that the text begins with, or 0.
 unsigned Number(std::string_view text) {
     unsigned number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    // False where the list ends early.
+    // Returns false if the list ends early.
     bool AddToken(std::string_view token) {
         const bool isBareTag = allowBareTags_ && token.size() == kTagWidth;
         if (token.size() <= kTagWidth && !isBareTag) return true;
@@ -84,7 +84,7 @@ private:
         entries_.push_back(std::move(entry));
     }
 
-    // A tag counts as known where it is an entry, a tag with a code where it occurs in an entry.
+    // A tag is known if it is an entry. A tag with a code is known if it is in any entry.
     void Remember(const std::string& entry) {
         if (entry.size() <= kTagWidth) known_.insert(entry);
         for (std::size_t at = 0; at + kEntryWidth <= entry.size(); ++at) {

@@ -28,8 +28,8 @@ bool ComesFirst(std::string_view left, std::string_view right) {
     return leftIsDigit == rightIsDigit ? left < right : rightIsDigit;
 }
 
-// Where each element of the sorted list comes from. An exchange sort: its order of equal texts is
-// part of the result, and no other sort gives it.
+// Returns the old position of each element of the sorted list. The sort is an exchange sort because
+// its order of equal texts is part of the result, and no other sort gives the same order.
 std::vector<std::size_t> SortedOrder(const std::vector<std::string>& texts) {
     std::vector<std::size_t> order(texts.size());
     std::iota(order.begin(), order.end(), std::size_t{0});

@@ -9,25 +9,27 @@
 
 namespace zorby {
 
-// A menu: a fixed number of codes (tags, subfield codes, indicator values), each with the text
-// shown for it. A code that was never set reads as "|" in every byte, its text as empty. An index
-// that isn't in the list is never an error.
+// A menu: a fixed number of codes (tags, subfield codes, indicator values), each with the text that
+// is shown for it. A code that was never set reads as "|" in every byte, and its text as empty. An
+// index outside the list is never an error.
 class ZORBY_EXPORT CMARCInfo {
 public:
-    // With `integerCodes` nonzero the codes are 4-byte integers, else `width` bytes each.
+    // If `integerCodes` is nonzero, the codes are 4-byte integers, else they have `width` bytes
+    // each.
     CMARCInfo(int integerCodes, int width, int count);
 
     int GetSize() const { return count_; }
-    // `code` points to as many bytes as a code is wide, here and below.
+    // Here and below, `code` points to as many bytes as a code has.
     void SetElement(int index, const void* code, std::string_view text);
-    // Outside the list: 0 for integer codes, else "|" in every byte.
+    // Outside the list an integer code is 0, and any other code is "|" in every byte.
     void GetCodeAt(int index, void* code) const;
-    // Outside the list `text` stays.
+    // Outside the list `text` stays as it is.
     void GetStringAt(int index, std::string& text) const;
-    // The code of the first element whose text begins with `text`: 1, or 0 with `code` untouched.
+    // Gives the code of the first element whose text begins with `text`. Returns 1, or 0 with
+    // `code` untouched.
     int GetCodeFromString(std::string_view text, void* code) const;
-    // By text, as unsigned bytes, those that begin with a digit behind all others; among texts that
-    // begin with "$", the same by the character behind it.
+    // Sorts by text, as unsigned bytes. Texts that begin with a digit come after all others. If two
+    // texts begin with "$", the character after it decides which of them has a digit.
     void Sort();
 
 private:

@@ -19,7 +19,7 @@ enum EHOLDINGSID : std::int32_t {
 
     HID_FOLLETT_BAR_CODE = 200,
     HID_FOLLETT_CALL_NUMBER = 201,
-    HID_FOLLETT_ITEM_A_1 = 202,  // two repeating items, three occurrences of each
+    HID_FOLLETT_ITEM_A_1 = 202,  // two repeating items, each with three occurrences
     HID_FOLLETT_ITEM_B_1 = 203,
     HID_FOLLETT_ITEM_A_2 = 204,
     HID_FOLLETT_ITEM_B_2 = 205,
@@ -45,7 +45,7 @@ enum EHOLDINGSID : std::int32_t {
     HID_DYNIX_BAR_CODE = 500,
     HID_DYNIX_CALL_NUMBER = 502,
 
-    HID_LWLP_AUTOMATIC = 600,  // filled by itself; doesn't count as data
+    HID_LWLP_AUTOMATIC = 600,  // filled automatically; doesn't count as data
     HID_LWLP_CALL_NUMBER = 603,
     HID_LWLP_CALL_NUMBER_PART_2 = 604,
     HID_LWLP_BAR_CODE = 607,

@@ -8,55 +8,58 @@
 
 namespace zorby {
 
-// How the library's holdings are kept: "Easy" under a type of the holdings dictionary, or "Custom"
-// with fields of the user's own. Each operation reads the settings afresh, the key ZP_NewHoldings
-// of the user's profile. Places in a record are texts of a tag and subfield codes, such as
-// "852khim".
+// How a library keeps its holdings: "Easy", as one of the systems in the holdings dictionary does,
+// or "Custom", in fields of the user's choice. Each operation reads the settings anew, from the key
+// ZP_NewHoldings of the user's profile. A place in a record is written as a tag with subfield
+// codes, such as "852khim".
 class ZORBY_EXPORT CHoldingsSelector {
 public:
-    // The type in force, or null for custom and for a type that the dictionary doesn't know.
+    // Returns the system in force, or null for custom holdings and for a system that the dictionary
+    // doesn't know.
     static const CInfoAboutHoldingsType* GetCurrentHoldingsType();
-    // HT_CUSTOM where the form above gives null.
+    // Gives HT_CUSTOM where the operation above returns null.
     static void GetCurrentHoldingsType(EHOLDINGSTYPE& type);
-    // HT_NONE where it gives null.
+    // Returns HT_NONE where GetCurrentHoldingsType returns null.
     static EHOLDINGSTYPE GetCurrentHoldingsTypeID();
-    // "Custom" where it gives null.
+    // Returns "Custom" where GetCurrentHoldingsType returns null.
     static std::string GetCurrentHoldingsTypeName();
-    // True unless "Easy" was chosen, and for HT_MANDARIN_EZ.
+    // Returns true unless "Easy" was chosen, and always for HT_MANDARIN_EZ.
     static bool CurrentHoldingsTypeIsCustom();
 
-    // The bar code and Follett Unison's accession number to give out next. A setter writes at once.
+    // The next bar code, and Follett Unison's next accession number. A setter writes to the profile
+    // at once.
     static std::string GetNextBarCode();
     static void SetNextBarCode(std::string_view barCode);
     static std::string GetNextAccNo();
     static void SetNextAccNo(std::string_view number);
 
-    // Two indicators or more, blanks as "_".
+    // Returns two indicators or more, with "_" for a blank.
     static std::string GetDynixIndicators();
-    // Where the default call number is: "900a" until settings of the type's own are stored.
+    // Returns the place of the default call number, which is "900a" unless the system's own
+    // settings were stored.
     static std::string GetFollettUnisonDCNLocation();
     static std::string GetLWLPCallTagAndSubs();
-    // The codes without their tag, "khip" unless others are stored.
+    // Returns the codes without their tag, which are "khip" unless others were stored.
     static std::string GetMandarinHoldingSubfields();
 
-    // Where custom holdings are: entries of a tag and codes, divided by blanks. For HT_MANDARIN_EZ
-    // they are in 852. Call number and bar code are in "852khim" and "852p" unless other places are
-    // stored, and always there for HT_MANDARIN_EZ.
+    // The places of custom holdings: tags with codes, separated by blanks. For HT_MANDARIN_EZ they
+    // are in 852. Call number and bar code are in "852khim" and "852p" unless other places were
+    // stored; for HT_MANDARIN_EZ they always are.
     static std::string GetCustomHoldingsFieldsAndSubfields();
     static std::string GetCustomCallNumber();
     static std::string GetCustomBarCode();
 
-    // True if the type in force has a field of this tag.
+    // Returns whether the system in force has a field with this tag.
     static bool IsHoldingsField(unsigned tag);
-    // True if holdings are custom and their fields name the tag.
+    // Returns whether holdings are custom and one of their fields has this tag.
     static bool IsCustomHoldingTag(unsigned tag);
-    // True if the custom fields name the tag with this subfield.
+    // Returns whether the custom fields have this tag with this subfield.
     static bool IsHoldingsFieldForCapitalization(unsigned tag, char subfield);
 
-    // The tags of the holdings in force, and where call number and bar code are.
+    // Gives the tags of the holdings in force, and the places of call number and bar code.
     static void GetCurrentHoldingsFields(std::string& fields, std::string& callNumber,
                                          std::string& barCode);
-    // The fields that the settings add to the dictionary, for CMARCFormat::AddUserDefined.
+    // Returns the fields that the settings add to the dictionary, for CMARCFormat::AddUserDefined.
     static std::string GetUDFields();
 };
 

@@ -17,22 +17,22 @@ public:
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
     void Serialize(CArchive& archive) override;
 
-    // `repeatDelimiter` is NUL for an element of one value.
+    // `repeatDelimiter` is NUL for an element that has only one value.
     void Create(std::string_view name, unsigned tag, std::int8_t subfield, char repeatDelimiter,
                 EHOLDINGSID id, int onePerRecord, std::string_view helpText);
     void SetExtraValue(std::int32_t extraValue) { extraValue_ = extraValue; }
 
-    // The label, and the entry in menus.
+    // The label in forms and the entry in menus.
     const std::string& GetName() const { return name_; }
     unsigned GetTag() const { return tag_; }
-    // A subfield code; below 32 the place in a subfield composed of several elements.
+    // A subfield code or, below 32, a place in a subfield composed of several elements.
     std::int8_t GetSubfield() const { return subfield_; }
-    // What divides the element's text into several values, or NUL.
+    // The character that separates the values in the element's text, or NUL.
     char GetRepeatDelimiter() const { return repeatDelimiter_; }
     EHOLDINGSID GetHoldingsID() const { return holdingsID_; }
-    // Nonzero if a MARC record may hold the field once only.
+    // Nonzero if a MARC record may have the field only once.
     int OnePerRecord() const { return onePerRecord_; }
-    // Kept for the host.
+    // A number that is kept for the host.
     std::int32_t GetExtraValue() const { return extraValue_; }
     const std::string& GetHelpText() const { return helpText_; }
 

@@ -12,15 +12,15 @@
 
 namespace zorby {
 
-// A system that keeps holdings: its names, and its elements in the order of entry forms and menus.
+// A holdings system: its names, and its elements in the order of entry forms and menus.
 class ZORBY_EXPORT CInfoAboutHoldingsType : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
-    // Loading adds names and fields behind those there are.
+    // Loading appends names and fields to those that are there.
     void Serialize(CArchive& archive) override;
 
-    // The only name from now on is `name`; fields stay. The flags and the option are kept for the
+    // `name` becomes the only name. The fields stay. The flags and the option are kept for the
     // host.
     void Create(std::string_view name, EHOLDINGSTYPE type, std::uint32_t typeFlags, int typeOption);
     void AddOldName(std::string_view name);
@@ -30,9 +30,9 @@ public:
                   std::int8_t subfield, char repeatDelimiter, EHOLDINGSID id, int onePerRecord,
                   std::string_view helpText);
 
-    // The present name, or empty without any.
+    // Returns the present name, or an empty text if there is none.
     std::string GetName() const;
-    // The present name and then the former ones.
+    // The present name comes first, then the former ones.
     const std::vector<std::string>& GetNames() const { return names_; }
     EHOLDINGSTYPE GetHoldingsTypeID() const { return holdingsTypeID_; }
     std::uint32_t GetTypeFlags() const { return typeFlags_; }
@@ -40,19 +40,19 @@ public:
 
     // The number of fields.
     int GetSize() const { return static_cast<int>(fields_.size()); }
-    // Null outside the list, here and where no field matches.
+    // Returns null outside the list. The lookups return null if no field matches.
     const CInfoAboutHoldingsField* GetAt(int index) const;
     const CInfoAboutHoldingsField* GetFieldInfo(EHOLDINGSID id) const;
     const CInfoAboutHoldingsField* FindFieldAndSubfield(unsigned tag, std::int8_t subfield) const;
-    // Empty for an unknown element.
+    // Gives an empty text for an unknown element.
     void GetFieldNameFromID(EHOLDINGSID id, std::string& name) const;
     std::string GetHelpStringForID(EHOLDINGSID id) const;
 
     bool FindField(unsigned tag) const;
-    // True if any field of the tag may occur once only.
+    // Returns whether any field of the tag may occur only once.
     bool FieldIsOnePerRecord(unsigned tag) const;
-    // The tags of the fields, each once, without leading zeros, divided by ",". A tag whose digits
-    // occur in the text already is left out. HT_MANDARIN_EZ has "001,852,989".
+    // Returns the tags of the fields, each once, without leading zeros, separated by ",". A tag is
+    // left out if its digits are already somewhere in the text. HT_MANDARIN_EZ has "001,852,989".
     std::string GetCurrentHoldingsFields() const;
 
 private:

@@ -11,49 +11,48 @@
 
 namespace zorby {
 
-// The dictionary of holdings systems. Programs ask through static operations, which act on the one
-// dictionary in force and answer as if it were empty while there is none. Lookups give the first
-// match in the order of the file, or null. Unguarded: it belongs to the host's user-interface
-// thread.
+// The dictionary of holdings systems. The static operations use the one dictionary in force, and
+// answer as if it were empty while there is none. Lookups return the first match in the order of
+// the file, or null. No lock guards the dictionary: it belongs to the host's user-interface thread.
 class ZORBY_EXPORT CInfoAboutHoldingsTypeList : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
-    // Loading adds behind what the list holds.
+    // Loading appends to what the list holds.
     void Serialize(CArchive& archive) override;
 
-    // Puts the dictionary of "zorby.hld" in force and gives 1. `directory` ends in its separator.
-    // If the file can't be opened, tells the user and gives 0; a damaged one throws
-    // CArchiveException. In both cases no dictionary is in force then, not even one that was
-    // before.
+    // Loads the dictionary from "zorby.hld" in `directory`, which ends in a separator, puts it in
+    // force and returns 1. If the file can't be opened, tells the user and returns 0. A damaged
+    // file throws CArchiveException. In both cases no dictionary is in force afterwards, not even
+    // an earlier one.
     static int CreateTheOneAndOnly(std::string_view directory);
-    // Safe without a dictionary.
+    // Does nothing if there is no dictionary.
     static void DestroyYourself();
-    // The dictionary in force, or null.
+    // Returns the dictionary in force, or null.
     static const CInfoAboutHoldingsTypeList* TheOneAndOnly();
 
-    // The one walk of the dictionary; null at the end.
+    // Walk through the dictionary. There is only one walk; it returns null at the end.
     static const CInfoAboutHoldingsType* GetFirst();
     static const CInfoAboutHoldingsType* GetNext();
-    // By the present or a former name, byte for byte.
+    // Finds the present name or a former one, compared byte for byte.
     static const CInfoAboutHoldingsType* FindFromName(std::string_view name);
     static const CInfoAboutHoldingsType* FindFromType(EHOLDINGSTYPE type);
-    // The element in the first of the types that share it.
+    // Returns the element as the first system that has it describes it.
     static const CInfoAboutHoldingsField* FindFromID(EHOLDINGSID id);
-    // The type whose family of elements the number belongs to, the first of a pair; HT_NONE for a
-    // number of no family. It needs no dictionary.
+    // Returns the system that has the number in its range, the first of a pair that shares it, or
+    // HT_NONE if no system has it. This needs no dictionary.
     static EHOLDINGSTYPE GetHoldingsTypeFromHoldingsID(EHOLDINGSID id);
-    // Whether the element belongs to the type in force (CHoldingsSelector) or to the other type of
-    // its pair.
+    // Returns whether the element belongs to the system in force (CHoldingsSelector) or to the
+    // other system of its pair.
     static bool IsSameHoldingsType(EHOLDINGSID id);
-    // Appends the names and numbers of all elements of the first type that has this one.
+    // Appends the names and numbers of all elements of the first system that has this element.
     static void GetMenuItemsFromID(EHOLDINGSID id, std::vector<std::string>& names,
                                    std::vector<EHOLDINGSID>& ids);
 
-    // For building a dictionary that Serialize then stores.
+    // These build a dictionary, which Serialize then stores.
     void AddType(std::unique_ptr<CInfoAboutHoldingsType> type);
     int GetSize() const { return static_cast<int>(types_.size()); }
-    // Null outside the list.
+    // Returns null outside the list.
     const CInfoAboutHoldingsType* GetAt(int index) const;
 
 private:

@@ -9,26 +9,26 @@
 
 namespace zorby {
 
-// One INI file held in memory: sections of keys, and a text value to each key.
+// One INI file held in memory: sections of keys, each key with a text as its value.
 //
-// Section names and keys are compared byte for byte, so another case is another name. Nothing is
-// ever written to a file, and no operation fails.
+// Section names and keys are compared byte for byte, so case matters. Nothing is ever written to a
+// file, and no operation fails.
 class ZORBY_EXPORT CINIProfile {
 public:
-    // Empties the profile and reads the file through the ProfileFilePort in force. The profile
-    // stays empty if the file can't be read.
+    // Empties the profile and reads the file through the ProfileFilePort in force. If the file
+    // can't be read, the profile stays empty.
     void Initialize(std::string_view path);
 
     // Gives the value, or `defaultValue` if the section or the key is absent.
     void GetPrivateProfileValue(std::string_view section, std::string_view key,
                                 std::string_view defaultValue, std::string& value) const;
 
-    // Gives the value as a decimal number (leading digits, 0 without any, an empty text too), or
+    // Gives the value as a decimal number: its leading digits, or 0 if there are none. Gives
     // `defaultValue` if the section or the key is absent.
     void GetPrivateProfileValue(std::string_view section, std::string_view key, int defaultValue,
                                 int& value) const;
 
-    // Sets the value in memory. The section and the key are made if they are absent.
+    // Sets the value in memory. An absent section or key is added.
     void SetPrivateProfileValue(std::string_view section, std::string_view key,
                                 std::string_view value);
     void SetPrivateProfileValue(std::string_view section, std::string_view key, int value);

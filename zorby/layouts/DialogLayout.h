@@ -9,7 +9,8 @@
 
 namespace zorby {
 
-// A rectangle on a page, in the units of the form's design, from the upper left corner of the page.
+// A rectangle on a page, in the units in which the form was designed, from the upper left corner of
+// the page.
 struct CFDialogBox {
     int top;
     int left;
@@ -17,10 +18,10 @@ struct CFDialogBox {
     int width;
 };
 
-// One row of a form: an element of the control fields, and how and where a page shows it. A date
-// group has its whole place in `labelBox`, and zeros in `controlBox`.
+// One row of a form: an element of the control fields, and where and how a page shows it. A date
+// group has all of its place in `labelBox`, and zeros in `controlBox`.
 struct ZORBY_EXPORT CCFDialogLayout {
-    int page;           // from 1 to 4; 0 for a row on no page
+    int page;           // 1 to 4; 0 for a row that is on no page
     const char* label;  // "&" stands before the accelerator, if there is one
     CFPart part;
     CFControlType controlType;
@@ -28,28 +29,29 @@ struct ZORBY_EXPORT CCFDialogLayout {
     CFDialogBox controlBox;
 
     constexpr CFPart PartNumber() const { return part; }
-    // Null pointers are passed over.
+    // Null pointers are skipped.
     void GetLocation(int* labelTop, int* labelLeft, int* labelHeight, int* labelWidth,
                      int* controlTop, int* controlLeft, int* controlHeight,
                      int* controlWidth) const;
 };
 
-// The rows of one form: constant data that lives as long as the program. The full form serves a
-// main record; the one of an additional material is a single page without Leader and 008.
+// The rows of one form, which are constant data that lives as long as the program. The full form is
+// for a main record. The form of an additional material is a single page without Leader and 008.
 class ZORBY_EXPORT CCFDialogLayoutArray {
 public:
-    // The form of an additional material if `additional` is nonzero, else the full form. Without
-    // any rows if the material is unknown or has no such form.
+    // The form of an additional material if `additional` is nonzero, else the full form. It has no
+    // rows if the material is unknown or has no such form.
     CCFDialogLayoutArray(MaterialType material, int additional);
 
     int GetSize() const { return size_; }
-    // Null outside the form. Behind the last row stands one of null and CFPEndOfTable.
+    // Returns null outside the form. In memory, a row of a null label and CFPEndOfTable follows the
+    // last one.
     const CCFDialogLayout* GetAt(int index) const;
 
-    // The label of the element without its accelerator. If the material's form doesn't show the
-    // element, the first form of that kind that does, in the order of the materials; with
-    // `recursion` nonzero, empty. Always empty for a material that is only ever an additional one
-    // for want of a 006 form, if `additional` is 0.
+    // Returns the label of the element without its accelerator. If the material's form doesn't show
+    // the element, the label comes from the first form of the same kind that does, in the order of
+    // the materials, or is empty if `recursion` is nonzero. If `additional` is 0, MTText and
+    // MTUnspecified always give an empty label.
     static std::string GetLabel(MaterialType material, CFPart part, int additional, int recursion);
 
 private:

@@ -32,8 +32,8 @@ constexpr CCFDialogLayout kDateOfPublication = {
 constexpr CCFDialogLayout kTypeOfSoundRecording = {
     kNoPage, "Type of sound recording", CFPLdrTypeOfRecordSound, CFControlSRTypeGroup, {}, {}};
 
-// All materials that have a workform, and among them, in the order of its targets, those of the
-// date group, and those of which a recording's type may be chosen.
+// All materials that have a workform, in the order of the targets, and those for which the type of
+// a recording may be chosen.
 constexpr MaterialType kMaterials[] = {MTBook,
                                        MTComputerFile,
                                        MTComputerFileDisk,
@@ -63,7 +63,7 @@ constexpr MaterialType kMaterials[] = {MTBook,
 constexpr MaterialType kMaterialsWithSoundType[] = {MTSoundDisc, MTSoundTape, MTSoundRecord,
                                                     MTSoundOther};
 
-// Serials come behind remote-sensing images.
+// For the date group, serials come after remote-sensing images.
 std::vector<MaterialType> MaterialsOfDateGroup() {
     std::vector<MaterialType> materials(std::begin(kMaterials), std::end(kMaterials));
     const auto serial = std::find(materials.begin(), materials.end(), MTSerial);
@@ -84,7 +84,8 @@ void AppendForm(Entries& entries, const CCFDialogLayoutArray& form, const CTempl
     }
 }
 
-// Merges two neighbouring runs into `merged`, in which the first run wins a draw.
+// Merges two neighbouring runs into `merged`. If two entries are equal, that of the first run comes
+// first.
 template <class Iterator>
 void MergeRuns(Iterator first, Iterator second, Iterator end, Entries& merged) {
     for (Iterator left = first, right = second; left != second || right != end;) {
@@ -95,8 +96,8 @@ void MergeRuns(Iterator first, Iterator second, Iterator end, Entries& merged) {
     }
 }
 
-// A merge sort that ends, with every entry still there, under any comparison; those of the standard
-// library ask for a strict order.
+// A merge sort ends under any comparison and keeps every entry. The sorts of the standard library
+// require a strict order.
 void Sort(Entries& entries) {
     const auto at = [&entries](std::size_t index) {
         return std::next(entries.begin(),

@@ -19,7 +19,7 @@ RankOfMenu MakeRanks() {
     return ranks;
 }
 
-// A menu that the order leaves out ranks last.
+// A menu that is not in the order ranks last.
 int RankOf(CodeMenu menu) {
     static const RankOfMenu ranks = MakeRanks();
     const auto rank = ranks.find(menu);

@@ -12,17 +12,18 @@ class ZORBY_EXPORT ApplicationPort {
 public:
     virtual ~ApplicationPort() = default;
 
-    // The folder of the running program with its trailing separator; empty if it isn't known.
+    // Returns the folder of the running program with its trailing separator, or an empty text if it
+    // isn't known.
     virtual std::string Folder() const = 0;
 
-    // What stands between the parts of a path.
+    // Returns the character between the parts of a path.
     virtual char PathSeparator() const = 0;
 
-    // Whether the platform is of the Windows NT family.
+    // Returns whether the platform is of the Windows NT family.
     virtual bool IsNTPlatform() const = 0;
 };
 
-// Answers with given facts.
+// Answers with the facts that it was given.
 class ZORBY_EXPORT FixedApplication : public ApplicationPort {
 public:
     FixedApplication(std::string folder, char pathSeparator, bool isNTPlatform)
@@ -38,10 +39,10 @@ private:
     bool isNTPlatform_;
 };
 
-// The port in force. Plain: the folder that holds the executable file of this process.
+// Returns the port in force. The plain one gives the folder of this process's executable file.
 ZORBY_EXPORT ApplicationPort& CurrentApplicationPort();
 
-// Puts a port in force that the caller owns and keeps alive; null restores the plain one.
+// Puts a port in force that the caller owns and keeps alive. Null restores the plain one.
 ZORBY_EXPORT void SetApplicationPort(ApplicationPort* port);
 
 }  // namespace zorby

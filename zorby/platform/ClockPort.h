@@ -7,20 +7,20 @@
 
 namespace zorby {
 
-// A clock that only moves on, in milliseconds from a start of its own, and the calendar.
+// A clock that only goes forward, in milliseconds from some start, and the calendar.
 class ZORBY_EXPORT ClockPort {
 public:
     virtual ~ClockPort() = default;
     virtual std::int64_t Milliseconds() const = 0;
 
-    // Returns when the clock has moved on by at least that much; at once for 0 and below.
+    // Returns when the clock has gone forward by at least that much, and at once for 0 or less.
     virtual void Wait(std::int64_t milliseconds) = 0;
 
-    // Date and time of day here, now.
+    // Returns the local date and time.
     virtual std::tm LocalTime() const = 0;
 };
 
-// Moves on only when it is told to, so that nobody has to wait for it.
+// Goes forward only when it is told to, so that nobody has to wait.
 class ZORBY_EXPORT SimulatedClock : public ClockPort {
 public:
     std::int64_t Milliseconds() const override { return now_; }
@@ -31,16 +31,16 @@ public:
 
     std::tm LocalTime() const override { return localTime; }
 
-    std::tm localTime{};  // stands still
+    std::tm localTime{};  // stays as it was set
 
 private:
     std::int64_t now_ = 0;
 };
 
-// The port in force. Plain: the steady clock of the platform.
+// Returns the port in force. The plain one is the steady clock of the platform.
 ZORBY_EXPORT ClockPort& CurrentClockPort();
 
-// Puts a port in force that the caller owns and keeps alive; null restores the plain one.
+// Puts a port in force that the caller owns and keeps alive. Null restores the plain one.
 ZORBY_EXPORT void SetClockPort(ClockPort* port);
 
 }  // namespace zorby

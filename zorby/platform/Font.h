@@ -4,7 +4,8 @@
 
 namespace zorby {
 
-// A display font by its properties. The host chooses the font and maps this to its toolkit's own.
+// A display font, described by its properties. The host chooses the font and maps it to one of its
+// toolkit.
 struct CFont {
     std::string faceName;
     int pointSize = 0;  // 0 leaves the size to the toolkit

@@ -7,7 +7,7 @@ namespace zorby {
 
 namespace {
 
-// Works without the heap, since its messages may tell of an exhausted one.
+// Works without the heap, since a message may be about exhausted memory.
 class ConsoleMessages : public MessagePort {
 public:
     void ShowMessage(std::string_view text, std::string_view title, MessageIcon) override {

@@ -11,19 +11,19 @@ namespace zorby {
 
 enum class MessageIcon : std::int32_t { kInformation, kWarning, kError };
 
-// How the library speaks to the person at the program.
+// How the library speaks to the user.
 class ZORBY_EXPORT MessagePort {
 public:
     virtual ~MessagePort() = default;
 
-    // Shows a modal box and returns when it is closed. Lines of the text end in CR LF.
+    // Shows a modal message box and returns when it is closed. Lines of the text end in CR LF.
     virtual void ShowMessage(std::string_view text, std::string_view title, MessageIcon icon) = 0;
 
     // Asks the main frame to close, and returns before it does.
     virtual void RequestClose() = 0;
 };
 
-// Keeps what it is told, for tests and for programs that report later.
+// Keeps the messages, for tests and for programs that report later.
 class ZORBY_EXPORT RecordedMessages : public MessagePort {
 public:
     struct Message {
@@ -39,10 +39,11 @@ public:
     int closeRequests = 0;
 };
 
-// The port in force. Plain: messages go to standard error, and a close request does nothing.
+// Returns the port in force. The plain one writes messages to standard error, and ignores a request
+// to close.
 ZORBY_EXPORT MessagePort& CurrentMessagePort();
 
-// Puts a port in force that the caller owns and keeps alive; null restores the plain one.
+// Puts a port in force that the caller owns and keeps alive. Null restores the plain one.
 ZORBY_EXPORT void SetMessagePort(MessagePort* port);
 
 }  // namespace zorby

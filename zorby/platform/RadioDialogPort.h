@@ -12,12 +12,12 @@ struct RadioOption {
     bool isEnabled = true;
 };
 
-// Options of which one is chosen.
+// Options of which one can be chosen.
 struct RadioGroup {
-    std::string heading;  // the box that the group stands in; empty for none
+    std::string heading;  // heading of the box around the group; empty for none
     std::string label;    // "&" stands before the accelerator
     std::vector<RadioOption> options;
-    int chosen = -1;  // index of the option, -1 for none
+    int chosen = -1;  // index of the chosen option, or -1
 };
 
 struct RadioDialog {
@@ -27,17 +27,19 @@ struct RadioDialog {
     std::vector<RadioGroup> groups;
 };
 
-// How the library asks the person at the program to choose in groups of options.
+// How the library asks the user to choose options in groups.
 class ZORBY_EXPORT RadioDialogPort {
 public:
     virtual ~RadioDialogPort() = default;
 
-    // Shows a modal dialog and returns when it is closed: true if it was confirmed, with each
-    // group's `chosen` as the person left it. An option that isn't enabled can't be chosen anew.
+    // Shows a modal dialog and returns when it is closed. Returns true if the user confirmed, with
+    // the user's choice in the `chosen` of each group. An option that isn't enabled can't be newly
+    // chosen.
     virtual bool Ask(RadioDialog& dialog) = 0;
 };
 
-// Answers from a script and keeps what it was shown, for tests and for programs without a window.
+// Answers from a script and keeps the dialog that it was shown, for tests and for programs without
+// a window.
 class ZORBY_EXPORT ScriptedRadioDialog : public RadioDialogPort {
 public:
     struct Answer {
@@ -52,10 +54,10 @@ public:
     RadioDialog shown;
 };
 
-// The port in force. Plain: a ScriptedRadioDialog that never confirms.
+// Returns the port in force. The plain one is a ScriptedRadioDialog that never confirms.
 ZORBY_EXPORT RadioDialogPort& CurrentRadioDialogPort();
 
-// Puts a port in force that the caller owns and keeps alive; null restores the plain one.
+// Puts a port in force that the caller owns and keeps alive. Null restores the plain one.
 ZORBY_EXPORT void SetRadioDialogPort(RadioDialogPort* port);
 
 }  // namespace zorby

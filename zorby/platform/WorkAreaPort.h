@@ -4,8 +4,8 @@
 
 namespace zorby {
 
-// The part of the screen that windows may cover, without task bars, in pixels. Right and bottom
-// are the first positions outside.
+// The part of the screen that windows may cover, without task bars, in pixels. `right` and `bottom`
+// are the first positions outside of it.
 struct WorkArea {
     int left = 0;
     int top = 0;
@@ -19,7 +19,7 @@ public:
     virtual WorkArea Get() const = 0;
 };
 
-// Answers with a given area.
+// Answers with the area that it was given.
 class ZORBY_EXPORT FixedWorkArea : public WorkAreaPort {
 public:
     explicit FixedWorkArea(const WorkArea& area = {0, 0, 1024, 768}) : area_(area) {}
@@ -29,10 +29,10 @@ private:
     WorkArea area_;
 };
 
-// The port in force. Plain: a FixedWorkArea of 1024 x 768.
+// Returns the port in force. The plain one is a FixedWorkArea of 1024 x 768.
 ZORBY_EXPORT WorkAreaPort& CurrentWorkAreaPort();
 
-// Puts a port in force that the caller owns and keeps alive; null restores the plain one.
+// Puts a port in force that the caller owns and keeps alive. Null restores the plain one.
 ZORBY_EXPORT void SetWorkAreaPort(WorkAreaPort* port);
 
 }  // namespace zorby

@@ -11,7 +11,7 @@ CommFormatFault Fault(CommFormatReason reason, std::size_t offset, std::string_v
     return {reason, offset, std::string(tag)};
 }
 
-// The record's length agrees with its record end and with the number of bytes.
+// Checks that the record's length agrees with its record end and with the number of bytes.
 CommFormatFault CheckLength(std::string_view bytes) {
     if (bytes.empty()) return Fault(CFR_Empty, 0);
     const std::size_t end = bytes.find(kRecordEnd);
@@ -45,7 +45,7 @@ CommFormatFault CheckBaseAddress(std::string_view bytes) {
     return {};
 }
 
-// Fields out of the order of the directory still have to lie side by side.
+// Even if the directory has the fields in another order, they must be side by side in the data.
 bool FieldsTileData(const std::vector<CommFormatField>& fields, std::string_view data) {
     std::vector<std::string_view> places;
     places.reserve(fields.size());

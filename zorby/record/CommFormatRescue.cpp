@@ -9,7 +9,8 @@ CommFormatFault Fault(CommFormatReason reason, std::size_t offset, std::string_v
     return {reason, offset, std::string(tag)};
 }
 
-// A directory whose end stands at `end`: whole entries of a tag and nine further bytes.
+// Returns whether the bytes up to `end` can be a directory: whole entries, each a tag and nine more
+// bytes.
 bool IsDirectory(std::string_view bytes, std::size_t end) {
     if (end <= kLeaderSize || end >= bytes.size()) return false;
     const std::string_view directory = bytes.substr(kLeaderSize, end - kLeaderSize);
@@ -21,7 +22,8 @@ bool IsDirectory(std::string_view bytes, std::size_t end) {
                         [](char c) { return c >= 0 && c < ' '; });
 }
 
-// The directory ends at the first field end, or where the base address says. 0 if nowhere.
+// Returns where the directory ends: at the first field end, or where the base address says. 0 means
+// that it ends at neither.
 std::size_t FindDirectoryEnd(std::string_view bytes) {
     const std::size_t first = bytes.find(kFieldEnd);
     if (first != bytes.npos && IsDirectory(bytes, first)) return first;
@@ -30,7 +32,7 @@ std::size_t FindDirectoryEnd(std::string_view bytes) {
     return IsDirectory(bytes, end) ? end : 0;
 }
 
-// The fields between field ends; the last may lack its own.
+// Returns the fields between the field ends. The last one may lack its own.
 std::vector<std::string_view> SplitFields(std::string_view data) {
     std::vector<std::string_view> contents;
     while (!data.empty()) {
@@ -46,7 +48,8 @@ public:
     FieldOrder(std::string_view directory, const std::vector<std::string_view>& contents)
         : directory_(directory), contents_(contents) {}
 
-    // For each entry the number of its field in the data; empty if the starts do not settle it.
+    // Returns, for each entry, the number of its field in the data, or nothing if the starts don't
+    // settle that.
     std::vector<std::size_t> Find() const;
 
 private:
@@ -71,7 +74,8 @@ bool FieldOrder::StartsAscend() const {
     return true;
 }
 
-// Each entry's start is that of its field, in the five digits that the directory has for it.
+// Returns whether the start in each entry is that of its field, in the five digits of the
+// directory.
 bool FieldOrder::StartsAgree(const std::vector<std::size_t>& order) const {
     constexpr std::size_t kStartLimit = 100000;
     for (std::size_t entry = 0; entry < order.size(); ++entry) {

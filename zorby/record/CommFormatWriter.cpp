@@ -7,9 +7,9 @@ namespace {
 
 constexpr std::size_t kTagSize = 3;
 constexpr char kUnknownLeaderByte = '|';
-constexpr std::size_t kDataLimit = 99999;  // bytes of data that a field may not reach
+constexpr std::size_t kDataLimit = 99999;  // bytes; all fields together stay below this
 
-// `size` digits, zero-padded; a number with more keeps its left ones.
+// Writes a number in `size` digits, with leading zeros. A longer number keeps its left digits.
 void PutDecimal(char* target, std::size_t size, std::size_t number) {
     std::size_t digits = 1;
     for (std::size_t rest = number; rest >= 10; rest /= 10) ++digits;
@@ -19,7 +19,7 @@ void PutDecimal(char* target, std::size_t size, std::size_t number) {
     }
 }
 
-// Bytes of data that a record of `total` bytes gives up, in whole tens.
+// Returns how many bytes of data a record of `total` bytes must give up, in whole tens.
 std::size_t BytesToCut(std::size_t total, std::size_t dataSize) {
     if (total <= kLongestRecord) return 0;
     return std::min((total - 99990) / 10 * 10, dataSize);
@@ -57,7 +57,7 @@ bool CommFormatWriter::AddField(std::string_view tag, std::string_view content) 
 }
 
 std::size_t CommFormatWriter::Finish(std::string& record) const {
-    constexpr std::size_t kEnds = 2;  // of directory and record
+    constexpr std::size_t kEnds = 2;  // those of the directory and of the record
     record.clear();
     if (directory_.empty() || data_.empty()) return 0;
     const std::size_t total = kLeaderSize + directory_.size() + data_.size() + kEnds;

@@ -27,7 +27,7 @@ std::string_view View(const TagBytes& tag) {
     return {tag.data(), tag.size()};
 }
 
-// Orders tags as their bytes do; missing bytes come first.
+// Returns a number that orders tags as their bytes do. Missing bytes come first.
 std::uint32_t TagOrder(std::string_view tag) {
     std::uint32_t order = 0;
     for (std::size_t i = 0; i < kTagSize; ++i) {
@@ -40,7 +40,7 @@ constexpr bool IsMixed(std::uint32_t place) {
     return place == std::uint32_t{'5'} << 16 || place == std::uint32_t{'6'} << 16;
 }
 
-// All of 5XX, and all of 6XX, have one place.
+// All tags 5XX have one place, and so have all tags 6XX.
 std::uint32_t PlaceOf(std::uint32_t tag) {
     const std::uint32_t block = tag & 0xFF0000U;
     return IsMixed(block) ? block : tag;
@@ -54,9 +54,9 @@ void AppendSubfieldInPlace(std::string& field, char code, std::string_view text)
     field.append(text);
 }
 
-// The text may be part of the field, whose old bytes have to stay until the new ones are there.
+// The text may be part of the field, so the old bytes must stay until the new ones are there.
 void AppendSubfield(std::string& field, char code, std::string_view text) {
-    constexpr std::size_t kRoomAhead = 48;  // another subfield or two
+    constexpr std::size_t kRoomAhead = 48;  // for another subfield or two
     const std::size_t size = field.size() + text.size() + 2;
     if (size <= field.capacity()) {
         AppendSubfieldInPlace(field, code, text);
@@ -69,8 +69,9 @@ void AppendSubfield(std::string& field, char code, std::string_view text) {
     field.swap(grown);
 }
 
-// A new field may move the others, and with them what short strings hold in place. The text, or its
-// copy in `copy`, which is empty and needs no memory for a short one.
+// Adding a field may move the others, and with them the bytes of short strings, which have no
+// memory of their own. So a text that may be in such a string is copied to `copy`, which must be
+// empty.
 std::string_view Unmoved(std::string_view text, std::string& copy) {
     if (text.size() > copy.capacity()) return text;
     copy = text;
@@ -124,7 +125,7 @@ void CPmarc::InsertRun(std::size_t at, std::uint32_t place) {
     run->place = place;
 }
 
-// Puts a field at the end of a run, and gives its number.
+// Puts a field at the end of a run and returns its number.
 std::uint32_t CPmarc::Append(std::size_t run, std::string_view tag, std::string_view content) {
     const auto number = static_cast<std::uint32_t>(fields_.size());
     Field field;
@@ -147,7 +148,7 @@ void CPmarc::FieldAppend(std::string_view tag, std::string_view content) {
     Append(runs_.size() - 1, tag, content);
 }
 
-// Where a new field goes: behind all runs that come before it or are its own.
+// Finds where a new field goes: after all runs that come before it, or at the end of its own.
 CPmarc::Gap CPmarc::FindGap(std::uint32_t place, std::uint32_t tag) const {
     Gap gap;
     if (sorted_ && !runs_.empty() && runs_.back().place <= place) {
@@ -178,7 +179,8 @@ int CPmarc::FieldNew(int tag, int& occurrence) {
     return last_.index;
 }
 
-// The field with the same tag so many occurrences further in the same run; none if there are fewer.
+// Finds the field with the same tag, `steps` occurrences further in the same run. Finds none if
+// there are fewer.
 CPmarc::Place CPmarc::FindFurther(const Place& from, int steps) const {
     const TagBytes bytes = Digits(from.tag);
     Place place = from;
@@ -256,7 +258,8 @@ int CPmarc::AddOneSubfield(unsigned tag, int occurrence, char code, std::string_
     return 1;
 }
 
-// Only a separator at the very start keeps the text whole; a text without any is stripped too.
+// Only a separator at the very start keeps the text whole. A text without a separator is stripped
+// too.
 int CPmarc::FieldAddSubfield(unsigned tag, int occurrence, char code, std::string_view text,
                              char separator) {
     if (separator == 0 || text.find(separator) == 0) {

@@ -11,15 +11,15 @@
 
 namespace zorby {
 
-// The record under construction: an ordered list of fields. A field is its tag in three digits, for
-// a tag of 10 or more two indicators, then subfields as delimiter, code and text, or the text of a
-// control field. A field with the tag 000 is the leader. A field is addressed by its tag and its
-// occurrence, counted from 1. The list stores and writes the bytes that it is given, whatever their
-// character code.
+// The record under construction: an ordered list of fields. A field is its tag in three digits,
+// followed by the text of a control field or, for tags from 10 on, by two indicators and subfields
+// (delimiter, code and text). A field with the tag 000 is the leader. A field is addressed by its
+// tag and its occurrence, counted from 1. The list stores and writes the bytes that it is given,
+// whatever their character code.
 //
-// FieldNew keeps the list in the order of tags; inside 5XX, and inside 6XX, fields stay as they
-// were added. Indices count from 0. An int result is 1 for success and 0 for failure unless said
-// otherwise; a failure changes nothing.
+// FieldNew keeps the list in the order of tags, except that the fields 5XX stay in the order in
+// which they were added, and so do the fields 6XX. Indices count from 0. An int result is 1 for
+// success and 0 for failure unless said otherwise; a failure changes nothing.
 class ZORBY_EXPORT CPmarc {
 public:
     class const_iterator;
@@ -31,44 +31,45 @@ public:
     CPmarc& operator=(CPmarc&& other) noexcept;
     virtual ~CPmarc();
 
-    // Adds an empty field at its place and gives its occurrence. Result: its index.
+    // Adds an empty field at its place, gives its occurrence and returns its index.
     int FieldNew(int tag, int& occurrence);
     int FieldExists(int tag, int occurrence) const;
-    // The index of a field, or -1.
+    // Returns the index of a field, or -1.
     int FieldGetIndexForTagOccurance(unsigned tag, int occurrence) const;
 
     // Fails for a control field. An underscore stands for a blank.
     int FieldSetIndicators(unsigned tag, int occurrence, char first, char second);
 
-    // Adds a subfield; a code of 0 adds the text alone. A separator other than 0 splits the text
-    // into subfields with the same code, stripped of white space, unless the text begins with it.
+    // Adds a subfield. With a code of 0, only the text is added. A separator other than 0 splits
+    // the text into several subfields with the same code, without white space at their ends, unless
+    // the text begins with the separator.
     int FieldAddSubfield(unsigned tag, int occurrence, char code, std::string_view text,
                          char separator);
 
-    // Adds to the text of a control field, and makes the field if there is none of that occurrence.
-    // `dotsToBlanks` turns each 0xB7 of the field into a blank. Fails for an empty text.
+    // Appends to the text of a control field, and makes the field if it doesn't exist. If
+    // `dotsToBlanks` is nonzero, each 0xB7 in the field becomes a blank. Fails for an empty text.
     int FieldAddControlField(unsigned tag, int occurrence, std::string_view text, int dotsToBlanks);
 
-    // Adds one element of data: to a new field, or to the first with that tag. The dot 0xB7 and the
-    // underscore stand for a blank indicator.
+    // Adds one element of data, to a new field or to the first field with that tag. The dot 0xB7
+    // and the underscore stand for a blank indicator.
     void AstaAdd(unsigned tag, char first, char second, char code, int newField,
                  std::string_view text);
 
     // Appends all fields to `text`, each with the line end 0x0D 0x0A.
     void GetRecordAsCString(std::string& text) const;
 
-    // The record in the communications format, up to its first zero byte. Fields for which there is
-    // no room are left out, and a record that is still too long loses data at its end. Empty if
-    // there is no field but the leader.
+    // Gives the record in the communications format, up to its first zero byte. Fields for which
+    // there is no room are left out, and a record that is still too long loses data at its end. The
+    // result is empty if there is no field except the leader.
     void ConvertToUSMARCCommFormat(std::string& record) const;
 
-    // The record as old MicroLIF text.
+    // Gives the record as old MicroLIF text.
     void ConvertToOldMicrolif(std::string& text) const;
-    // Appends the field of one line of old MicroLIF, without sorting. Bytes of the line that are no
-    // digits of the tag become zeros in place. A line without content adds nothing.
+    // Appends the field in one line of old MicroLIF, without sorting. Bytes in the place of the tag
+    // that are not digits become zeros in `line`. A line without content adds nothing.
     void AddOldMicrolifField(char* line, int length);
 
-    // Appends a field as it is, without sorting. `tag` is three bytes.
+    // Appends a field as it is, without sorting. `tag` has three bytes.
     void FieldAppend(std::string_view tag, std::string_view content);
     void Clear();
 
@@ -81,25 +82,25 @@ private:
 
     struct Field {
         std::string text;
-        std::uint32_t next = kNone;  // the field behind it in its run
+        std::uint32_t next = kNone;  // the field after it in its run
     };
     struct TagCount {
         std::uint32_t tag = 0;
         std::uint32_t count = 0;
     };
-    // Neighbours in the list that FieldNew puts in one place: fields of one tag, or of 5XX, or of
+    // Neighbours in the list that FieldNew keeps together: the fields of one tag, of 5XX, or of
     // 6XX.
     struct Run {
         std::uint32_t place = 0;
         std::uint32_t first = kNone;
         std::uint32_t last = kNone;
         std::uint32_t count = 0;
-        std::vector<TagCount> tags;  // of a mixed run
+        std::vector<TagCount> tags;  // only in a run of several tags
 
         std::uint32_t Count(std::uint32_t tag) const;
         void CountOneMore(std::uint32_t tag);
     };
-    // A field that was found, and where.
+    // A field that was found, and where it is.
     struct Place {
         unsigned tag = 0;
         int occurrence = 0;  // 0 if there is none
@@ -107,9 +108,9 @@ private:
         int index = -1;  // in the list
     };
     struct Gap {
-        std::size_t run = 0;  // the first run behind it
+        std::size_t run = 0;  // the first run after the gap
         std::size_t index = 0;
-        std::size_t sameTag = 0;  // fields before it with the tag
+        std::size_t sameTag = 0;  // fields with the tag before the gap
     };
 
     void InsertRun(std::size_t at, std::uint32_t place);
@@ -124,11 +125,11 @@ private:
 
     std::vector<Field> fields_;  // in the order in which they were made
     std::vector<Run> runs_;      // in list order
-    bool sorted_ = true;         // every run's place is above that before it
-    mutable Place last_;         // made or found last: most calls are about it or the next
+    bool sorted_ = true;         // the places of the runs ascend
+    mutable Place last_;  // the field made or found last; most calls are about it or the next
 };
 
-// Walks the fields in list order. Any change of the record ends its use.
+// Walks through the fields in list order. Any change of the record invalidates it.
 class CPmarc::const_iterator {
 public:
     using iterator_category = std::forward_iterator_tag;

@@ -12,7 +12,7 @@ namespace {
 static_assert(kProfileKeyRows.size() == 184);
 static_assert(kProfileKeyRows.back().id == kProfileKeyTableEnd);
 
-// The place in the table of the first row of each id.
+// The position in the table of the first row of each id.
 constexpr std::array<std::size_t, kProfileKeyTableEnd> kRowById = [] {
     std::array<std::size_t, kProfileKeyTableEnd> rows{};
     for (std::size_t id = 0; id < rows.size(); ++id) {

@@ -192,23 +192,23 @@ enum ProfileKey : std::int32_t {
     ZP_ImportFixGMDIfEmpty = 180,
 };
 
-// The number in the row that ends the table of keys. It names no key.
+// The number in the row that ends the table of keys. It is not the number of a key.
 inline constexpr int kProfileKeyTableEnd = 181;
 
-// One key of section "Zorby" in a user's INI file.
+// One key in the section "Zorby" of a user's INI file.
 struct ProfileKeyRow {
     int id;                   // ProfileKey
-    const char* name;         // as it stands in the file
-    int defaultNumber;        // what reading a number gives while the key is absent
-    const char* defaultText;  // what reading a text gives then; null, and read as an empty text,
+    const char* name;         // as it is written in the file
+    int defaultNumber;        // the number that is read while the key is absent
+    const char* defaultText;  // the text that is read then; null, which reads as empty,
                               // for a key that is only a number
 };
 
-// All 184 rows in their order, for listing. The first row of an id is the one that counts, and
-// ids 88 and 89 come twice; the last row has kProfileKeyTableEnd and an empty name.
+// All 184 rows in their order, for listing. If several rows have the same id, as for 88 and 89, the
+// first one counts. The last row has kProfileKeyTableEnd and an empty name.
 ZORBY_EXPORT std::span<const ProfileKeyRow> ProfileKeyTable();
 
-// The row that counts for an id, or null if the id names no key.
+// Returns the row that counts for an id, or null if no key has this id.
 ZORBY_EXPORT const ProfileKeyRow* FindProfileKey(int id);
 
 }  // namespace zorby

@@ -31,14 +31,14 @@ constexpr std::array kStoredFields{
     &WindowPlacement::left,       &WindowPlacement::top,         &WindowPlacement::right,
     &WindowPlacement::bottom,
 };
-constexpr std::size_t kUnsignedFields = 2;  // the first fields are stored without a sign
+constexpr std::size_t kUnsignedFields = 2;  // the first fields are stored as unsigned numbers
 
 const char* KeyOf(int which) {
     const auto index = static_cast<std::size_t>(which);
     return index < kKeys.size() ? kKeys[index] : nullptr;
 }
 
-// Takes a number off the text, or nothing and returns false if there is none.
+// Takes a number off the text, or takes nothing and returns false if there is none.
 bool TakeNumber(std::string_view& text, int& number) {
     const std::size_t start = std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size());
     const std::size_t signEnd =

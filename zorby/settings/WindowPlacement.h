@@ -4,10 +4,10 @@
 
 namespace zorby {
 
-// Where a window stands, in pixels of the screen.
+// The place of a window, in pixels of the screen.
 struct WindowPlacement {
-    int length = 0;       // size of the record in bytes, 44 as ReadWindowPlacement gives it
-    int flags = 0;        // 2: maximised again when it is restored from an icon
+    int length = 0;       // size of the record in bytes; ReadWindowPlacement gives 44
+    int flags = 0;        // 2: the window is maximised again when it is restored from an icon
     int showCommand = 0;  // 1 normal, 2 minimised, 3 maximised
     int minimizedX = 0;
     int minimizedY = 0;
@@ -22,11 +22,11 @@ struct WindowPlacement {
 // `which` names the window: 0 cataloguing, 1 record list, 2 record viewer. For any other number
 // both functions do nothing.
 
-// Gives the stored placement, or the default one if none is stored whole. The record list doesn't
-// come back minimised.
+// Gives the stored placement, or the default one if no complete one is stored. The record list
+// never comes back minimised.
 ZORBY_EXPORT void ReadWindowPlacement(WindowPlacement* placement, int which);
 
-// Stores the ten numbers after the length in section "Settings" of the user's file.
+// Stores the ten numbers that follow the length in the section "Settings" of the user's file.
 ZORBY_EXPORT void WriteWindowPlacement(const WindowPlacement* placement, int which);
 
 }  // namespace zorby

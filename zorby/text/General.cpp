@@ -19,7 +19,7 @@ bool IsPrintableASCII(char byte) {
     return byte >= 0x20 && byte <= 0x7E;
 }
 
-// How many characters stand before the first stop or the terminator.
+// Returns how many characters come before the first stop or the terminator.
 std::size_t LengthTill(const char* source, char stop) {
     const char* end = source;
     while (*end != '\0' && *end != stop) ++end;

@@ -9,8 +9,8 @@
 
 namespace zorby {
 
-// Small text operations, and the facts of the running program that the host sets once and the
-// whole library reads. The data is unguarded: it belongs to the host's user-interface thread.
+// Small text operations, and the facts about the running program that the host sets once and the
+// whole library reads. No lock guards these facts: they belong to the host's user-interface thread.
 class ZORBY_EXPORT CGeneral {
 public:
     CGeneral() = delete;
@@ -20,7 +20,7 @@ public:
     static bool m_bRecordViewerIsOpen;    // true while the host's record viewer is open
     static bool m_bComCtl32IsCurrent;
 
-    // What the host's licence allows. The library only keeps these for the host.
+    // What the host's licence allows. The library only keeps these values for the host.
     static std::string m_csAccessKey;
     static bool m_bLicensedForCataloging;
     static bool m_bLicensedForImport;
@@ -36,91 +36,93 @@ public:
     // Removes every "&".
     static void RemoveAmpersand(std::string& text);
 
-    // Copies what stands before the first `stop`, or the whole text without one, and ends the
-    // target, which must have room for it and its terminator.
+    // Copies the text before the first `stop`, or the whole text if there is none, and terminates
+    // the target, which must have room for the result and its terminator.
     static void StrCpyTill(char* target, const char* source, char stop);
 
-    // How many characters there are up to the first `stop`, which is counted too; the length of
+    // Returns how many characters there are up to the first `stop`, including it, or the length of
     // the text if it has no `stop`.
     static unsigned CountCharsTill(const char* source, char stop);
 
-    // Puts what stands before the first `at` in `left` and what follows it in `right`. All of the
-    // text goes in `left` if it has no `at`.
+    // Puts the text before the first `at` in `left` and the text after it in `right`. If there is
+    // no `at`, all of the text goes in `left`.
     static void SplitStringAtChar(const char* source, char at, std::string& left,
                                   std::string& right);
 
     // Turns each blank of a terminated text into 0xB7, the display form of a blank indicator.
     static void BlankToDot(char* text);
 
-    // 1 if the text holds nothing but blanks, or nothing at all; else 0.
+    // Returns 1 if the text holds nothing but blanks, or nothing at all, else 0.
     static int IsAllBlanks(std::string_view text);
 
-    // Adds one to the number that ends the text, keeping its width: "ABC099" becomes "ABC100",
-    // and "ABC999" becomes "ABC000". A text that ends in no digit stays as it is.
+    // Adds one to the number at the end of the text and keeps its width: "ABC099" becomes "ABC100",
+    // and "ABC999" becomes "ABC000". A text that doesn't end in a digit stays as it is.
     static void IncrementNumber(std::string& text);
 
-    // The number in the first `length` bytes of a text; reading ends early at a terminator.
-    // 0 if `length` is above 5 or not above 0, and `length` itself if the text starts with no
-    // number.
+    // Returns the number in the first `length` bytes of a text; reading ends early at a terminator.
+    // Returns 0 if `length` is above 5 or not above 0, and `length` itself if the text doesn't
+    // begin with a number.
     static unsigned UIntFromASCII(const char* text, int length);
 
-    // Writes exactly `width` digits and no terminator: zeros in front of a short number, and only
-    // the left digits of a long one. The target has room for `width` bytes.
+    // Writes exactly `width` digits and no terminator. A short number gets leading zeros, and a
+    // long one keeps only its left digits. The target needs room for `width` bytes.
     static void UIntToASCII(unsigned value, char* target, int width);
 
-    // Breaks a call number into the lines of a spine label: at each blank and each "/", but for a
-    // blank behind a volume or copy mark (CopyVolumeSkipList). Lines end in 0x0A if
-    // `lineFeedOnly` is not 0, else in 0x0D 0x0A.
+    // Breaks a call number into the lines of a spine label: at each blank and each "/", except at a
+    // blank after a volume or copy mark (CopyVolumeSkipList). Lines end in 0x0A if `lineFeedOnly`
+    // is nonzero, else in 0x0D 0x0A.
     static std::string BreakCallNumber(std::string_view callNumber, int lineFeedOnly);
 
-    // The volume and copy marks of a call number, each with its leading blank; a null ends them.
+    // Returns the volume and copy marks of a call number, each with its leading blank, and a null
+    // after the last one.
     static const char* const* CopyVolumeSkipList();
 
-    // 1 if the MARC 21 tag is a subject heading whose second indicator names the thesaurus.
+    // Returns 1 if the MARC 21 tag is a subject heading whose second indicator names the thesaurus.
     static int IsSubjectWithSecondInd(int tag);
 
-    // 1 if the MARC 21 tag is a subject heading that may name its thesaurus in $2.
+    // Returns 1 if the MARC 21 tag is a subject heading that may name its thesaurus in $2.
     static int IsSubjectWithSubfield2(int tag);
 
-    // Gives the printable ASCII (0x20 to 0x7E) among the first `count` bytes of the source and
-    // skips all else. A terminator doesn't end the walk: the source must hold `count` bytes.
+    // Gives the bytes that are printable ASCII (0x20 to 0x7E) among the first `count` bytes of the
+    // source, and skips all others. A terminator doesn't end the source, which must have `count`
+    // bytes.
     static void TextToQmCharSet(const char* source, std::string& target, unsigned count);
 
-    // Puts a plain letter or a blank in the place of every character outside ASCII.
+    // Replaces every character outside ASCII by a plain letter or a blank.
     static void TranslateToNonDiacritic(std::string& text);
 
-    // The one stop-watch of the process, on the ClockPort in force.
+    // The only stop-watch of the process, on the ClockPort in force.
     static void StopWatchBegin();
     static void StopWatchEnd();
 
-    // The seconds between begin and end with six decimals, such as "1.250000".
+    // Returns the seconds between begin and end with six decimals, such as "1.250000".
     static std::string StopWatchGet();
 
     // Returns after that many seconds of the ClockPort in force.
     static void DelayForSeconds(int seconds);
 
-    // Whether the ApplicationPort in force calls the platform a Windows NT.
+    // Returns whether the ApplicationPort in force calls the platform a Windows NT.
     static bool IsRunningOnNTPlatform();
 
-    // If `pointer` is null, tells the user of exhausted memory at this place of the source and
-    // asks the main frame to close, both through the MessagePort in force. It returns in any
-    // case, and the caller must go on safely.
+    // If `pointer` is null, tells the user that memory ran out at this place of the source, and
+    // asks the main frame to close, both through the MessagePort in force. It returns in any case,
+    // so the caller must be able to go on.
     static void CheckAllocFailure(const void* pointer, const char* file, int line);
 
-    // The fonts of dialogs, which the host fills. The library owns them.
+    // The fonts of dialogs. The host fills them in, and the library owns them.
     static CFont* DialogFont();
     static CFont* DialogFontBold();
 
-    // Keeps the name of the import file for the host.
+    // Keep the name of the import file for the host.
     static void ImportFileName(std::string_view name);
     static std::string ImportFileName();
 
     static std::string GetApplicationName();
 
-    // What the Texas Library Connection requires of a record, as shown to the user.
+    // Returns what the Texas Library Connection requires of a record, as it is shown to the user.
     static std::string TLCExplanation();
 
-    // The bytes that a file name must not hold.
+    // Returns the characters that a file name must not have.
     static std::string StrInvalidFullFileNameChars();
 };
 

@@ -15,7 +15,7 @@ bool IsSeparator(char byte) {
     return byte == ' ' || byte == '/';
 }
 
-// `piece` is what stands between two separators, with the first of them.
+// `piece` is the text between two separators, including the first of them.
 bool IsVolumeOrCopyMark(std::string_view piece) {
     return std::any_of(
         kVolumeAndCopyMarks.begin(), kVolumeAndCopyMarks.end() - 1,

@@ -64,7 +64,7 @@ bool CGeneral::IsRunningOnNTPlatform() {
 
 void CGeneral::CheckAllocFailure(const void* pointer, const char* file, int line) {
     if (pointer) return;
-    std::array<char, 1024> text{};  // not from the heap, which is exhausted
+    std::array<char, 1024> text{};  // not on the heap, which is exhausted
     std::snprintf(text.data(), text.size(),
                   "The program ran out of memory and will terminate.\r\nFile: %s\r\nLine: %d", file,
                   line);

@@ -14,7 +14,7 @@ struct CStringAndUINT {
     std::uint32_t value = 0;
 };
 
-// Both sorts are stable, and only sort what is there now: what is added later goes to the end.
+// Both sorts are stable. They sort only what is there: elements that are added later go to the end.
 class ZORBY_EXPORT CStringAndUINTArraySorted : public std::vector<CStringAndUINT> {
 public:
     CStringAndUINTArraySorted();
@@ -22,7 +22,7 @@ public:
     CStringAndUINTArraySorted& operator=(const CStringAndUINTArraySorted&);
     virtual ~CStringAndUINTArraySorted();
 
-    // The case of ASCII letters doesn't count.
+    // Ignores the case of ASCII letters.
     void SortByCString();
     void SortByUINT();
 };

@@ -8,8 +8,8 @@
 
 namespace zorby {
 
-// A list of texts that sorts itself when it is searched. Order pays no heed to the case of ASCII
-// letters; texts that differ in case alone keep their order.
+// A list of texts that sorts itself when it is searched. The order ignores the case of ASCII
+// letters. Texts that differ only in case keep their order.
 class ZORBY_EXPORT CStringArraySorted : public std::vector<std::string> {
 public:
     CStringArraySorted();
@@ -18,8 +18,8 @@ public:
     virtual ~CStringArraySorted();
 
     void Add(std::string_view text);
-    // The index of the first equal text in sorted order plus 1, or 0. The list is sorted first if
-    // texts were added since the last Find, so indices from before are stale.
+    // Returns the index of the first equal text in sorted order plus 1, or 0. If texts were added
+    // since the last Find, the list is sorted first, and earlier indices are no longer valid.
     int Find(std::string_view text, int ignoreCase);
     void Sort();
 

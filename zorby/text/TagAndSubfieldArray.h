@@ -15,7 +15,7 @@ public:
     CTagAndSubfield& operator=(const CTagAndSubfield&);
     virtual ~CTagAndSubfield();
 
-    // -1, 0 or 1: by tag, then by code, as unsigned bytes.
+    // Compares by tag, then by code as an unsigned byte. Returns -1, 0 or 1.
     static int Compare(const CTagAndSubfield& left, const CTagAndSubfield& right);
 
     unsigned GetTag() const { return tag_; }
@@ -34,13 +34,13 @@ public:
     CTagAndSubfieldArray& operator=(CTagAndSubfieldArray&&) noexcept;
     virtual ~CTagAndSubfieldArray();
 
-    // The index of the new element, or -1 if memory ran out.
+    // Returns the index of the new element, or -1 if memory ran out.
     int Add(unsigned tag, char code);
     int GetSize() const;
-    // An index that isn't in the array gives tag 1000, above all real ones, and code 0.
+    // An index outside the array gives tag 1000, which is above all real tags, and code 0.
     void GetAt(int index, unsigned& tag, char& code) const;
     void Sort();
-    // Sorts first.
+    // Sorts the array first.
     void RemoveDuplicates();
 
 private:

@@ -14,11 +14,11 @@ public:
     CTagArray& operator=(const CTagArray&);
     virtual ~CTagArray();
 
-    // 1 if the tag is there, else 0.
+    // Returns 1 if the tag is there, else 0.
     int Find(unsigned tag) const;
-    // Leaves the same tags in some order that no caller may count on.
+    // Leaves the same tags, in an order that callers must not rely on.
     void Sort();
-    // Leaves the tags that were there, each at least once, and no two equal ones side by side.
+    // Leaves the tags that were there, each at least once, with no two equal tags side by side.
     void RemoveDuplicates();
 };
 

@@ -21,12 +21,13 @@
 namespace zorby {
 
 // A workform: a pattern for new MARC records. It gives the coded control fields, the fields and
-// subfields that a new record begins with, and texts that help with them. What its own lists lack
-// is sought in those of its base workform, then in the dictionary; a base's own base is not asked.
+// subfields with which a new record begins, and texts that help with them. What is not in its own
+// lists is looked up in those of its base workform, and then in the dictionary. The base of the
+// base is not asked.
 //
-// Standard workforms (IDs below 100) belong to CTemplateList and are not changed. Workforms of the
-// user are blocks in the host's database, reached through TemplateCallbacks. All texts are in the
-// Qm code. `which` is 1 for the first indicator and 2 for the second; an int result is 1 for
+// Standard workforms (IDs below 100) belong to CTemplateList and don't change. The user's workforms
+// are blocks in the host's database, which is reached through TemplateCallbacks. All texts are in
+// the Qm code. `which` is 1 for the first indicator and 2 for the second. An int result is 1 for
 // success and 0 for failure unless said otherwise.
 class ZORBY_EXPORT CTemplate : public CObject {
 public:
@@ -37,20 +38,20 @@ public:
     CTemplate(const CTemplate&) = delete;
     CTemplate& operator=(const CTemplate&) = delete;
 
-    // Loading finds the base among the standard workforms, by its name.
+    // Loading looks up the base by its name among the standard workforms.
     void Serialize(CArchive& archive) override;
-    // A workform of the user that rests on `other`, or on its base's name if it has one. `other` is
-    // the base from now on and must outlive this one. Default data is taken from a standard
-    // workform only; the other lists are reached through the base.
+    // Makes this a workform of the user, with `other` as its base, which must outlive it. The name
+    // of the base is that of the base of `other`, if it has one. Default data is copied only from a
+    // standard workform; the other lists are reached through the base.
     void CloneFrom(const CTemplate& other);
 
     const std::string& GetName() const { return name_; }
     void SetName(std::string_view name) { name_ = name; }
-    // The workform's own name if it has no base.
+    // Returns the workform's own name if it has no base.
     const std::string& GetBaseTemplateName() const;
     void SetBaseTemplateName(std::string_view name) { baseName_ = name; }
     bool IsBaseTemplate() const { return base_ == nullptr; }
-    // Nonzero for a workform of the user, which its holder deletes.
+    // Nonzero for a workform of the user, which its holder must delete.
     int IsSavedTemplate() const { return saved_; }
     void SetSavedTemplate() { saved_ = 1; }
     void SetID(int id) { id_ = id; }
@@ -72,7 +73,8 @@ public:
     void MakeAMListFrom(CCFAdditionalMaterialsList& list) const { list.CloneFrom(additional_); }
     void MakeHoldingsListFrom(CHoldingsDataRecordList& list) const { list.CloneFrom(holdings_); }
 
-    // Building. Texts of one kind for the same place: the first counts.
+    // These build a workform. If there are several texts of one kind for the same place, the first
+    // one counts.
     void AddFieldPriority(unsigned tag, int priority);
     void AddSubfieldPriority(unsigned tag, std::string_view codes, int priority);
     void AddSubfieldPrompt(unsigned tag, std::string_view codes);
@@ -82,32 +84,32 @@ public:
     void AddIndicatorDefault(unsigned tag, char first, char second);
     void AddIndicatorExpl(unsigned tag, int which, std::string_view text);
     void AddIndicatorName(unsigned tag, int which, std::string_view name);
-    // A new field with its first subfield, and a further subfield of that field.
+    // Add a new field with its first subfield, and a further subfield of that field.
     void AddDefaultData(unsigned tag, char first, char second, char code, std::string_view data);
     void AddDefaultData(char code, std::string_view data);
-    // A field with empty subfields, priority 1, prompts and priority codes where they are not
-    // empty. `indicators` are two characters; what is missing is a blank.
+    // Adds a field with empty subfields and priority 1, and its prompts and priority codes unless
+    // they are empty. `indicators` has two characters; a missing one is a blank.
     void AddFld(unsigned tag, std::string_view indicators, std::string_view codes,
                 std::string_view promptCodes, std::string_view priorityCodes);
-    // Those of the texts that are not empty.
+    // Adds those of the texts that are not empty.
     void AddRET(unsigned tag, char code, std::string_view rules, std::string_view examples,
                 std::string_view reminders);
 
-    // Default data, in the order in which a new record gets it; null at the end. Tag 0 means every
-    // record. There is one walk.
+    // The default data, in the order in which a new record gets it. These return null at the end.
+    // Tag 0 stands for all entries. There is only one walk.
     const CInfoAboutDefaultData* GetDefaultDataAt(int index) const;
     const CInfoAboutDefaultData* GetDefaultDataFirst(unsigned tag);
     const CInfoAboutDefaultData* GetDefaultDataNext(unsigned tag);
     int DefaultDataIncludes(unsigned tag, char code) const;
-    // The codes of the tag's default data, or the dictionary's if there is none.
+    // Returns the codes of the tag's default data, or those of the dictionary if there is none.
     std::string SubsInTemplateOrder(unsigned tag) const;
 
-    // Lookups: own list, base, dictionary.
+    // Lookups in the own lists, then in those of the base, then in the dictionary.
     static int FieldRepeatable(unsigned tag);
     static int FieldMandatory(unsigned tag);
     static int SubfieldRepeatable(unsigned tag, char code);
     static int SubfieldMandatory(unsigned tag, char code);
-    // The codes to prompt for; those of the dictionary are added behind what `codes` holds.
+    // Gives the codes to prompt for. Those of the dictionary are appended to what `codes` holds.
     void SubfieldPrompt(unsigned tag, std::string& codes) const;
     void SubfieldRules(unsigned tag, char code, std::string& text) const;
     void SubfieldReminders(unsigned tag, char code, std::string& text) const;
@@ -116,7 +118,7 @@ public:
     int SubfieldPriority(unsigned tag, char code) const;
     char FieldIndicator(unsigned tag, int which) const;
     void MARCInfoIndicatorExplanationFor(unsigned tag, int which, std::string& text) const;
-    // "Indicator 1" or "Indicator 2" without a name of the workform's own.
+    // Gives "Indicator 1" or "Indicator 2" if the workform has no name of its own.
     void MARCInfoIndicatorNameFor(unsigned tag, int which, EDISPLAYOPTIONS option,
                                   std::string& text) const;
     static void GetNameOfFieldAndSubfield(unsigned tag, char code, std::string& field,
@@ -128,11 +130,12 @@ public:
                                                            int allowRepeats, unsigned extraTag);
     static std::unique_ptr<CTagArray> FieldsAvailableToAddViaMenu(const CTagArray& existing,
                                                                   unsigned extraTag);
-    // With `allowAny`, tags follow that the dictionary may not know; some then stand there twice.
+    // If `allowAny` is nonzero, tags follow that the dictionary may not know; some tags are then
+    // there twice.
     static std::unique_ptr<CTagArray> FieldsAvailableToAddViaEdit(const CTagArray& existing,
                                                                   int allowRepeats, int allowAny,
                                                                   unsigned extraTag);
-    // `codes` is given empty.
+    // `codes` must be empty.
     static void SubfieldsAvailableToAdd(unsigned tag, std::string_view used, int allowRepeats,
                                         char extraCode, std::string& codes);
     static void SubfieldsAvailableToAddViaMenu(unsigned tag, std::string_view used, char extraCode,
@@ -142,8 +145,8 @@ public:
                                                std::string& codes);
     static int IsAnyValidSubfield(char code);
 
-    // Menus, sorted; null where there is nothing to show. Codes are 4-byte tags, subfield codes or
-    // indicator values.
+    // Return menus in sorted order, or null if there is nothing to show. The codes are 4-byte tags,
+    // subfield codes or indicator values.
     static std::unique_ptr<CMARCInfo> MARCInfoFieldTagAndName(const CTagArray& tags,
                                                               EDISPLAYOPTIONS option);
     static std::unique_ptr<CMARCInfo> MARCInfoSubfieldCodeAndName(unsigned tag,
@@ -158,8 +161,8 @@ public:
                             std::string& explanation2, std::string& name1, std::string& name2,
                             EDISPLAYOPTIONS option) const;
 
-    // The host's database. InitTemplateCB registers the standard workforms: CTemplateList is loaded
-    // before. Calls of the update callback, behind the ID and the name:
+    // The host's database. CTemplateList must be loaded before InitTemplateCB, which registers the
+    // standard workforms. The update callback is called with an ID, a name and five numbers:
     //   a standard workform   its ID and name        0   0   0  1     1
     //   GetID, unknown name   0 and the name         0   0   0  1     1
     //   SaveYourself(a, b)    0 and "\" with name    a   a   1  b     1
@@ -179,8 +182,9 @@ public:
     static int GetTemplateInfoByID(const int& id, std::string* name, int* inUse, int* locked,
                                    int* state);
     static int CanAllocateNextTemplateID();
-    // Names and IDs. UDTemplateNames gives those of the user, with a base name those that rest on
-    // it; the last one also gives their bases' IDs, side by side.
+    // Give names and IDs. UDTemplateNames gives the user's workforms or, with a base name, those
+    // that have this base. UDTemplateNamesAndBaseTemplateNames also gives the IDs of their bases,
+    // in the same order.
     static void TemplateNames(CStringAndUINTArraySorted& list);
     static void UDTemplateNames(CStringAndUINTArraySorted& list, std::string_view baseName);
     static void UDTemplateNamesAndBaseTemplateNames(CStringAndUINTArraySorted& list,

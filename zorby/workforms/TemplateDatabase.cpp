@@ -10,7 +10,7 @@ namespace {
 
 TemplateCallbacks theCallbacks{};
 
-// A callback that isn't set fails.
+// A callback that isn't set counts as one that fails.
 template <class Callback, class... Arguments>
 int Call(Callback callback, Arguments&&... arguments) {
     return callback == nullptr ? 0 : callback(std::forward<Arguments>(arguments)...);

@@ -7,7 +7,7 @@
 namespace zorby {
 namespace {
 
-// Field 008 from its material section on, which a 006 has from position 0.
+// The 008 from its material section on has the layout of the 006 from position 0 on.
 constexpr std::size_t k008Size = 40;
 constexpr std::size_t k006Size = 18;
 constexpr std::size_t kFrom006To008 = 17;

@@ -77,7 +77,7 @@ const CTemplate* CTemplateList::GetAt(int index) const {
 
 int CTemplateList::InitializeTemplateList(std::string_view folder) {
     const std::string path = std::string(folder) + "zorby.ttm";
-    // In force while it is read: a workform finds its base among those before it.
+    // The list is in force while it is read, since a workform finds its base among those before it.
     theList = std::make_unique<CTemplateList>();
     try {
         if (LoadDataFile(path, *theList) != 0) {
@@ -143,7 +143,7 @@ CTemplate* CTemplateList::GetImportTemplate(MaterialType material) {
     if (CTemplate::GetTemplateInfoByID(id, nullptr, nullptr, nullptr, &state) != 0 && state != 0) {
         return GetTemplate(id);
     }
-    // What is mapped is gone: forget it, and take the standard one.
+    // The workform in the profile no longer exists: forget it, and take the standard one.
     WriteZorbyTemplateMapProfileInt(standard->GetName(), 0);
     return mapped == 0 ? nullptr : GetImportTemplate(material);
 }

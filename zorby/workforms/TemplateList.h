@@ -16,70 +16,73 @@
 
 namespace zorby {
 
-// The standard workforms, one or more for each material, in the order of their file; the first that
-// matches is the answer. All operations are static and act on the one list in force; without it
-// they answer as for an empty list. Unguarded: it belongs to the host's user-interface thread.
+// The standard workforms, one or more for each material, in the order of their file. The first one
+// that matches is the answer. The static operations use the one list in force, and answer as if it
+// were empty while there is none. No lock guards the list: it belongs to the host's user-interface
+// thread.
 class ZORBY_EXPORT CTemplateList : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
     void Serialize(CArchive& archive) override;
 
-    // The workform that stands in for any other.
+    // The workform that is used if another one is missing.
     static constexpr const char* kFallbackName = "Book (not atlas or songbook)";
 
-    // For building a list that Serialize then stores. GetAt gives null outside the list.
+    // These build a list, which Serialize then stores. GetAt returns null outside the list.
     void Add(std::unique_ptr<CTemplate> workform) { templates_.push_back(std::move(workform)); }
     int GetSize() const { return static_cast<int>(templates_.size()); }
     const CTemplate* GetAt(int index) const;
 
-    // Puts the list of the file `folder` + "zorby.ttm" in force and gives 1. If the file can't be
-    // opened, or holds no workform "Book (not atlas or songbook)", tells the user and gives 0; a
-    // damaged one throws CArchiveException. In these cases no list is in force then.
+    // Loads the list from the file `folder` + "zorby.ttm", puts it in force and returns 1. If the
+    // file can't be opened, or has no workform "Book (not atlas or songbook)", tells the user and
+    // returns 0. A damaged file throws CArchiveException. In these cases no list is in force
+    // afterwards.
     static int InitializeTemplateList(std::string_view folder);
-    // No pointer to a standard workform may be used any more.
+    // Pointers to standard workforms are no longer valid after this.
     static void DestroyTemplateList();
-    // The list in force, or null.
+    // Returns the list in force, or null.
     static const CTemplateList* TheOneAndOnly();
 
-    // The caller deletes the result if IsSavedTemplate is nonzero (see TemplateHolder). A block
-    // that can't be read throws CArchiveException.
+    // If IsSavedTemplate of the result is nonzero, the caller must delete the result (see
+    // TemplateHolder). A block that can't be read throws CArchiveException.
     static CTemplate* GetTemplate(int id);
     static CTemplate* GetTemplate(MaterialType material);
-    // The 007 type doesn't count for books, continuing resources and mixed materials; notated music
+    // The 007 type is ignored for books, continuing resources and mixed materials. Notated music
     // may also be a microform or electronic.
     static CTemplate* GetTemplate(CFType type006, CFType type007);
-    // "Book (not atlas or songbook)" if there is none of that name.
+    // Returns "Book (not atlas or songbook)" if there is no workform of that name.
     static CTemplate* GetStandardTemplate(const char* name);
-    // What an import of the material should use: a workform of the user that the profile puts in
-    // the place of the standard one, if it still exists.
+    // Returns the workform that an import of the material should use: one of the user, if the
+    // profile puts it in the place of the standard one and it still exists.
     static CTemplate* GetImportTemplate(MaterialType material);
 
-    // Appends the names of all workforms, or those that are equal to `name` unless it is null.
+    // Appends the names of all workforms or, unless `name` is null, those that are equal to `name`.
     static void GetTemplateNames(std::vector<std::string>& names, const char* name);
     static void GetTemplateNames(CStringAndUINTArraySorted& namesAndIDs);
-    // Which workform of the user stands for a standard one in imports; 0 for none. IDs below 100
-    // are not kept.
+    // The ID of the user's workform that imports use in the place of a standard one, or 0. IDs
+    // below 100 are not stored.
     static int GetZorbyTemplateMapProfileInt(std::string_view name);
     static void WriteZorbyTemplateMapProfileInt(std::string_view name, const int& id);
 
-    // Default control fields, from the first workform of the material or the types. Empty where
-    // there is none.
+    // Default control fields, from the first workform of the material or of the types. They are
+    // empty if there is no such workform.
     static void GetMaterialTypeName(MaterialType material, std::string& name);
     // `form` is the form of item (008/23, 006/06).
     static void Get006007TypesForMaterialType(MaterialType material, char form, CFType& type006,
                                               CFType& type007);
     static std::string Default007(MaterialType material, char form);
-    // The 007 of a microform with this specific material designation; blank if `existing`, a 006 or
-    // an 008 of 40 characters, has a blank form of item. `existing` may be null.
+    // Returns the 007 of a microform with this specific material designation. It is blank if
+    // `existing`, a 006 or an 008 of 40 characters, has a blank form of item. `existing` may be
+    // null.
     static std::string Default007From007Byte1(char designation, const char* existing);
     static std::string Default007(E_ERROR_CODE error);
     static std::string DefaultLdr(CFType type006, CFType type007);
     static std::string Default006(MaterialType material);
-    // Position 0 is left as the 008 has it, for the caller to set.
+    // Position 0 comes from the 008, and the caller must set it.
     static std::string Default006(CFType type006, CFType type007);
     static std::string Default006Additional(MaterialType material);
-    // Dated today, by the local time.
+    // The date in the 008 is today's, by the local time.
     static std::string Default008(MaterialType material);
     static std::string Default008(CFType type006, CFType type007);
 

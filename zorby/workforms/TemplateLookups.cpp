@@ -8,7 +8,8 @@ void SetText(const InfoAboutSubfieldText* found, std::string& text) {
     text = found == nullptr ? std::string() : found->GetText();
 }
 
-// The field of each default data record; 0 before the first that names one.
+// Visits each entry of the default data with the tag of its field, which is 0 before the first
+// entry that has one.
 template <class Visit>
 void WalkByField(const CInfoAboutDefaultDataList& list, Visit visit) {
     unsigned field = 0;
@@ -21,7 +22,7 @@ void WalkByField(const CInfoAboutDefaultDataList& list, Visit visit) {
 
 }  // namespace
 
-// What `find` gives for this workform, or for its base where that is null or zero.
+// Returns what `find` gives for this workform or, if that is null or zero, for its base.
 template <class Find>
 auto CTemplate::FirstOfOwnAndBase(Find find) const {
     const auto found = find(*this);

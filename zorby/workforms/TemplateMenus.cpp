@@ -17,7 +17,7 @@ constexpr unsigned kLastControlTag = 8;
 constexpr char kSearsValue = '7';
 constexpr char kBlankValue = '_';
 
-// A menu in the making: elements with codes of one character.
+// A menu that is being made: elements with codes of one character.
 using Elements = std::vector<std::pair<char, std::string>>;
 
 std::unique_ptr<CMARCInfo> SortedMenu(const Elements& elements) {

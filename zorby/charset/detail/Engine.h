@@ -4,7 +4,7 @@
 
 namespace zorby {
 
-// The MARC-8 alphabet in force, one for the whole library.
+// The MARC-8 alphabet in force for the whole library.
 extern unsigned char currentAlphabet;
 
 constexpr bool IsPrintableASCII(unsigned char c) {
@@ -22,8 +22,8 @@ constexpr bool IsDiacritic(unsigned char code) {
 
 inline constexpr unsigned char kGlyphMissing = 0x7F;
 
-// The one mapping from the `Qm` code to a display code. With `keepControls` carriage return, line
-// feed and tab stay.
+// The only mapping from the `Qm` code to a display code. If `keepControls` is nonzero, carriage
+// return, line feed and tab are kept.
 constexpr unsigned char DisplayCode(unsigned char code, int type, int keepControls) {
     if (IsPrintableASCII(code)) return code;
     if (keepControls != 0 && (code == '\r' || code == '\n' || code == '\t')) return code;

@@ -6,8 +6,8 @@
 
 namespace zorby {
 
-// MARC-8 bytes after the Extended Latin (ANSEL) set of the MARC 21 code tables; ANSI display codes
-// after the Windows-1252 code page.
+// MARC-8 bytes: Extended Latin (ANSEL) set of the MARC 21 code tables. ANSI display codes:
+// Windows-1252 code page. The columns:
 // name, marc1, marc2, sort1, sort2, alphabet, key, displayAnsi, displayFont, lower
 inline constexpr std::array<KeyRecord, 256> kKeyTable{{
     // clang-format off

@@ -6,7 +6,7 @@ namespace {
 constexpr unsigned char kFieldEnd = 0x1E;
 constexpr unsigned char kDelimiter = 0x1F;
 
-// The first row in table order wins, as in a walk of the table.
+// If several rows have the same bytes, the first one counts, as in a search of the table.
 constexpr DecodeIndex BuildDecodeIndex() {
     DecodeIndex index;
     for (auto& row : index.single) row.fill(kNoCode);
@@ -24,7 +24,7 @@ constexpr DecodeIndex BuildDecodeIndex() {
     return index;
 }
 
-// Sets the alphabet that the escape at `p` names. An unknown one sets the basic alphabet.
+// Sets the alphabet that the escape at `p` names. An unknown escape sets the basic alphabet.
 bool TakeEscape(const unsigned char* p) {
     for (std::size_t alphabet = 0; alphabet < kEscapes.size(); ++alphabet) {
         if (p[1] == kEscapes[alphabet][1]) {

@@ -10,7 +10,7 @@ namespace zorby {
 
 inline constexpr unsigned char kEscape = 0x1B;
 
-// The escape to each alphabet from basic to superscript.
+// The escapes to the alphabets, from basic to superscript.
 inline constexpr std::array<std::array<unsigned char, 2>, 4> kEscapes{{
     {kEscape, 's'},
     {kEscape, 'g'},
@@ -20,18 +20,19 @@ inline constexpr std::array<std::array<unsigned char, 2>, 4> kEscapes{{
 
 inline constexpr std::int16_t kNoCode = -1;
 
-// The key table by MARC-8 bytes. All rows of two bytes belong to the basic alphabet.
+// An index of the key table by MARC-8 bytes. All rows of two bytes belong to the basic alphabet.
 struct DecodeIndex {
-    // Alphabets 0 to 3, and a slot for the code that belongs to none.
+    // The slots are those of the alphabets 0 to 3, and one for the code that belongs to none of
+    // them.
     static constexpr std::size_t kSlots = 5;
     static constexpr std::size_t Slot(unsigned char alphabet) {
         return alphabet < 4 ? alphabet : 4;
     }
 
-    // Code of a one-byte character, by slot and byte.
+    // The code of a one-byte character, by slot and byte.
     std::array<std::array<std::int16_t, 256>, kSlots> single{};
-    // Code of a diacritic and a letter, by the row that the diacritic has in `lead`, and the
-    // letter.
+    // The code of a letter with a diacritic, by the row that `lead` has for the diacritic and by
+    // the letter.
     std::array<std::array<std::int16_t, 256>, 8> pair{};
     std::array<std::uint8_t, 256> lead{};  // row number in `pair`, 0 where no pair begins
 };
@@ -39,15 +40,15 @@ struct DecodeIndex {
 extern const DecodeIndex kDecode;
 
 struct DecodedMarcChar {
-    unsigned char code;  // `Qm` code; 0 where an escape stands before the end of the data
+    unsigned char code;  // `Qm` code; 0 if the data ends with an escape
     bool valid;
     int consumed;  // bytes, at least 1, never beyond the end
 };
 
-// A character that may begin with an escape, which changes the alphabet in force.
+// Decodes a character that may begin with an escape, which changes the alphabet in force.
 DecodedMarcChar DecodeEscapedMARCChar(const unsigned char* p, const unsigned char* end);
 
-// A character in the alphabet in force, `before` bytes behind where it was reached from.
+// Decodes a character in the alphabet in force. `before` bytes were consumed on the way to it.
 inline DecodedMarcChar DecodePlainMARCChar(const unsigned char* p, const unsigned char* end,
                                            bool valid, int before) {
     if (currentAlphabet == kAlphabetBasic && kDecode.lead[*p] != 0 && end - p >= 2) {
@@ -59,8 +60,8 @@ inline DecodedMarcChar DecodePlainMARCChar(const unsigned char* p, const unsigne
     return {static_cast<unsigned char>(code), valid, before + 1};
 }
 
-// One character of MARC-8 in the alphabet in force. `p` is before `end`, and no byte of the text is
-// 0.
+// Decodes one MARC-8 character in the alphabet in force. `p` must be before `end`, and no byte of
+// the text may be 0.
 inline DecodedMarcChar DecodeMARCChar(const unsigned char* p, const unsigned char* end) {
     return *p == kEscape ? DecodeEscapedMARCChar(p, end) : DecodePlainMARCChar(p, end, true, 0);
 }

@@ -10,7 +10,7 @@ struct ErrorMessageRow {
     const char* longText;
 };
 
-// The findings whose words are fixed.
+// The findings whose messages are fixed texts.
 inline constexpr ErrorMessageRow kErrorMessages[] = {
     {EC_NoTitle, "no title (245 $a)",
      "No title statement (245 $a). This record has no main title. You must enter a title before "

@@ -10,7 +10,7 @@ struct PolicyKeyRow {
     E_ERROR_CODE code;
 };
 
-// The findings that the user has the choice about, one key each.
+// The findings that the user decides about, each with its key.
 inline constexpr PolicyKeyRow kPolicyKeys[] = {
     {ZP_RC_No260a, EC_NoPlaceOfPublication},
     {ZP_RC_No260b, EC_NoPublisher},
@@ -34,14 +34,14 @@ struct CodeRange {
     int last;
 };
 
-// The findings of import, all under one key. Those from 80 to 83 are under none: their ranges are
+// The findings of an import, all under one key. Codes 80 to 83 are under no key: their ranges are
 // empty.
 inline constexpr CodeRange kImportFindings[] = {
     {10, 14},  {70, 73}, {83, 82}, {84, 84}, {85, 85}, {81, 80},
     {90, 105}, {40, 50}, {20, 23}, {30, 32}, {24, 29},
 };
 
-// The findings that stop an export whatever the settings say.
+// The findings that stop an export, whatever the settings say.
 inline constexpr E_ERROR_CODE kAlwaysErrors[] = {
     EC_NoTitle,
     EC_TooManyTitles,

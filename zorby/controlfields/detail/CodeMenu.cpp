@@ -21,7 +21,7 @@ struct PartRow {
     CodeMenu menu;
 };
 
-// By element; the last row has the highest number.
+// The rows are in order of element, so that the last one has the highest number.
 constexpr PartRow kPartRows[] = {
     {CFPLdrRecordStatus, &kList<kRecordStatus>},
     {CFPLdrTypeOfRecordBook, &kList<kTypeOfRecordBook>},
@@ -195,7 +195,8 @@ constexpr auto kMenuOfPart = [] {
 }  // namespace
 
 CodeMenu FindCodeMenu(CFPart part) {
-    const auto number = static_cast<std::size_t>(part);  // a negative one is far above the highest
+    const auto number =
+        static_cast<std::size_t>(part);  // a negative part becomes a number far above the highest
     return number <= kHighestPart ? kMenuOfPart[number] : nullptr;
 }
 

@@ -8,12 +8,12 @@
 
 namespace zorby {
 
-// A code list as compiled in. An item is lines that each end in a newline: the code, the text, and
-// in the combined form of item the second code, which may be empty.
+// A code list as it is compiled in. An item consists of lines that each end in a newline: the code,
+// the text and, in the combined form of item, the second code, which may be empty.
 struct CodeList {
     const char* const* rows;      // the title, the items in display order, a null
     const char* texts;            // the texts in the same order, each terminated, and an empty one
-    const std::uint16_t* byCode;  // the indexes of the items, by the bytes of the items
+    const std::uint16_t* byCode;  // the indices of the items, in order of the items' bytes
     int count;
 
     const char* Title() const { return rows[0]; }
@@ -23,10 +23,10 @@ struct CodeList {
 
 using CodeMenu = const CodeList*;
 
-// The list of an element, or null. Elements that share a list give the same pointer.
+// Returns the list of an element, or null. Elements that share a list return the same pointer.
 CodeMenu FindCodeMenu(CFPart part);
 
-// What the first `lines` lines leave of an item.
+// Returns what is left of an item after its first `lines` lines.
 constexpr std::string_view AfterLines(std::string_view item, int lines) {
     for (; lines > 0; --lines) item.remove_prefix(item.find('\n') + 1);
     return item;

@@ -1,7 +1,7 @@
 #pragma once
 
-// Form of item and microform designation (007/01) in one list of this library's own. The third line
-// of an item is the designation, empty where the form has none.
+// The forms of item and the designations of microforms (007/01), in one list of this library's own.
+// The third line of an item is the designation, which is empty if the form has none.
 namespace zorby {
 
 // clang-format off

@@ -10,8 +10,8 @@
 #include <numeric>
 #include <string_view>
 
-// Makes a CodeList of the rows of a list, all of it while compiling: nothing is built at run time,
-// so nothing needs a lock and nothing is ever freed.
+// Makes a CodeList of the rows of a list at compile time: nothing is built at run time, so nothing
+// needs a lock and nothing is ever freed.
 namespace zorby {
 
 template <const auto& kRows>

@@ -15,14 +15,15 @@ inline std::string_view UpToZero(std::string_view text) {
     return text.substr(0, text.find('\0'));
 }
 
-// A control field as a buffer: where its elements lie, and its bytes.
+// A control field in a buffer: the table of its elements, and its bytes.
 template <class Byte>
 struct Field {
     const tagCFOFFSETENTRY* table = nullptr;
     std::span<Byte> bytes;
 };
 
-// The bytes of an element, as far as the buffer reaches. False if the field lacks the element.
+// Finds the bytes of an element, as far as the buffer reaches. Returns false if the field doesn't
+// have the element.
 template <class Byte>
 bool FindPart(const Field<Byte>& field, CFPart part, std::span<Byte>& bytes) {
     const tagCFOFFSETENTRY* row = FindOffset(field.table, part);
@@ -33,7 +34,8 @@ bool FindPart(const Field<Byte>& field, CFPart part, std::span<Byte>& bytes) {
     return true;
 }
 
-// 1, or 0 if the field lacks the element, as for WritePart. The text ends at a zero byte.
+// Returns 1, or 0 if the field doesn't have the element; so does WritePart. The text ends at a zero
+// byte.
 inline int ReadPart(const Field<const char>& field, CFPart part, std::string& text) {
     std::span<const char> bytes;
     if (!FindPart(field, part, bytes)) return 0;
@@ -41,7 +43,7 @@ inline int ReadPart(const Field<const char>& field, CFPart part, std::string& te
     return 1;
 }
 
-// A short text leaves blanks behind it, a long one is cut.
+// Pads a short text with blanks, and cuts a long one.
 inline int WritePart(const Field<char>& field, CFPart part, std::string_view text) {
     std::span<char> bytes;
     if (!FindPart(field, part, bytes)) return 0;
@@ -50,7 +52,7 @@ inline int WritePart(const Field<char>& field, CFPart part, std::string_view tex
     return 1;
 }
 
-// The form-of-item element that the combined form of item stands on, or `otherwise`.
+// Returns the element that holds the form of item in the combined form of item, or `otherwise`.
 inline CFPart FormOfItemPart(CFType type006, CFPart otherwise) {
     switch (type006) {
         case CF006Books:

@@ -22,7 +22,7 @@ bool IsOfSeveralCodes(CFPart part) {
            std::end(kPartsOfSeveralCodes);
 }
 
-// Whether an element goes by more than the code menu.
+// Returns whether an element has other rules than its code menu.
 bool HasRule(CFPart part) {
     const auto isOfPart = [part](const auto& row) { return row.part == part; };
     return std::find(std::begin(kPartsWithOwnRules), std::end(kPartsWithOwnRules), part) !=
@@ -33,7 +33,7 @@ bool HasRule(CFPart part) {
            std::any_of(std::begin(kKeptBytes), std::end(kKeptBytes), isOfPart);
 }
 
-// Element and code in one number.
+// Packs an element and a code into one number.
 std::uint64_t KeyOf(CFPart part, std::string_view code) {
     auto key = static_cast<std::uint64_t>(part);
     for (const char byte : code) key = key << 8 | static_cast<unsigned char>(byte);
@@ -42,8 +42,8 @@ std::uint64_t KeyOf(CFPart part, std::string_view code) {
 
 }  // namespace
 
-// The codes of a menu as they stand in an element, if each of them is one byte of it; all bytes for
-// an element that has none, and is left alone.
+// Returns the bytes that are valid codes by themselves. For an element without a menu all bytes
+// are, since a repair leaves it alone.
 ValidValues::ByteSet ValidValues::CodesOfOneByte(CFPart part) {
     ByteSet set;
     const CCFMenuData menu(part);
@@ -58,7 +58,7 @@ ValidValues::ByteSet ValidValues::CodesOfOneByte(CFPart part) {
     return set;
 }
 
-// Codes as wide as their element.
+// Adds the codes that are as wide as their element.
 void ValidValues::AddLongCodes(CFPart part) {
     const CCFMenuData menu(part);
     const auto width = static_cast<std::size_t>(WidthOfPart(part));
@@ -78,7 +78,7 @@ ValidValues::ValidValues() {
         AddLongCodes(part);
     }
     for (const KeptBytes& row : kKeptBytes) Add(row.kept, bytes_[IndexOf(row.part)]);
-    // Of a forced value all bytes are the same.
+    // All bytes of a forced value are the same.
     for (const ForcedValue& row : kForcedValues) Add(row.value, bytes_[IndexOf(row.part)]);
 }
 

@@ -12,13 +12,14 @@
 
 namespace zorby {
 
-// Which values of elements a repair would surely leave as they are, without material or default: an
-// index over code menus and rules, for speed, since most elements of most records are valid.
+// Knows values of elements that a repair certainly leaves as they are, whatever the material and
+// the default. This index over code menus and rules serves speed, since most elements of most
+// records are valid.
 class ValidValues {
 public:
     static const ValidValues& Get();
 
-    // False says nothing.
+    // A result of false decides nothing.
     bool Has(CFPart part, std::string_view bytes) const {
         const ByteSet& set = bytes_[IndexOf(part)];
         const bool isByBytes = std::all_of(bytes.begin(), bytes.end(), [&](char byte) {
@@ -35,14 +36,14 @@ private:
     static ByteSet CodesOfOneByte(CFPart part);
     void AddLongCodes(CFPart part);
 
-    // Undefined positions come first; no element that is tested lies beyond.
+    // Index 0 is for undefined positions. No element from kSize on is ever tested.
     static std::size_t IndexOf(CFPart part) {
         return part > 0 && part < static_cast<int>(kSize) ? static_cast<std::size_t>(part) : 0;
     }
 
     static constexpr std::size_t kSize = CFPCombinedFormOfItem;
-    std::vector<ByteSet> bytes_ = std::vector<ByteSet>(kSize);  // each valid by itself
-    std::unordered_set<std::uint64_t> codes_;                   // of several bytes, with their part
+    std::vector<ByteSet> bytes_ = std::vector<ByteSet>(kSize);  // those valid by themselves
+    std::unordered_set<std::uint64_t> codes_;                   // codes of several bytes
 };
 
 }  // namespace zorby

@@ -12,7 +12,7 @@
 namespace zorby {
 namespace {
 
-// The value that an element should have; none to leave it alone.
+// The value that an element should have, or nothing if it should be left alone.
 using Fix = std::optional<std::string>;
 
 bool Contains(std::string_view bytes, char byte) {
@@ -51,7 +51,7 @@ std::span<char> BytesOf(const tagCFOFFSETENTRY& row, std::span<char> buffer) {
                           static_cast<std::size_t>(row.Width()));
 }
 
-// Checks elements of one field that lie in its buffer.
+// Checks the elements of one field that are within its buffer.
 class PartChecker {
 public:
     explicit PartChecker(const RepairTask& task) : task_(task) {}
@@ -140,8 +140,8 @@ Fix PartChecker::FixOfCode() {
                                                              : row->code);
 }
 
-// The valid codes go with the invalid ones: the element takes the default, but for blanks at the
-// positions of the invalid codes.
+// If one of the codes is invalid, the valid ones are lost too: the element takes the default, with
+// blanks at the positions of the invalid codes.
 void PartChecker::CheckSeveralCodes(const CCFMenuData& menu, std::string fix) {
     bool isInvalid = false;
     for (std::size_t i = 0; i < bytes_.size(); ++i) {

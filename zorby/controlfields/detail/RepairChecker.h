@@ -16,8 +16,8 @@ inline constexpr MaterialType kAnyMaterial = static_cast<MaterialType>(0);
 
 enum class FirstRow { Tested, Skipped };
 
-// One field of a record, and what its elements are tested against. The default is asked for only
-// where an element needs it; an element that it doesn't reach keeps its value.
+// One field of a record, and what its elements are tested against. `defaultText` is called only if
+// an element needs it. An element that the default text doesn't reach keeps its value.
 struct RepairTask {
     std::function<std::string()> defaultText;
     const tagCFOFFSETENTRY* table;
@@ -30,8 +30,8 @@ struct RepairTask {
     FirstRow firstRow;
 };
 
-// Goes through the rows of the table in order, overwrites each invalid element, and tells the
-// callback, unless it is null. A row that goes beyond the buffer is left alone.
+// Goes through the rows of the table in order, overwrites each invalid element and calls the
+// callback, unless that is null. A row that goes beyond the buffer is skipped.
 void CheckPartsAgainstDefaults(const RepairTask& task);
 
 }  // namespace zorby

@@ -6,13 +6,14 @@
 
 #include <string_view>
 
-// What a repair of control fields tests apart from the code menus. Values are as wide as their
-// element. Codes: MARC 21 Format for Bibliographic Data, Leader, 006, 007 and 008.
+// What a repair of control fields tests besides the code menus. Values are as wide as their
+// element. Source of the codes: MARC 21 Format for Bibliographic Data, Leader, 006, 007 and 008.
 namespace zorby {
 
 inline constexpr std::string_view kDigits = "0123456789";
 
-// An element in one of these lists is tested only for the formats or materials named with it.
+// An element in one of these lists is tested only for the formats or materials that are named with
+// it.
 struct TypeOfPartTested {
     CFPart part;
     CFType type006;
@@ -46,7 +47,7 @@ inline constexpr MaterialOfPartTested kTestedForMaterial[] = {
     {CFP007VideoFormatDisc, MTVideoDisc},
 };
 
-// For these materials an element is read by the code menu of another.
+// For these materials an element is tested against the code menu of another element.
 struct PartForMaterial {
     CFPart part;
     MaterialType material;
@@ -58,7 +59,7 @@ inline constexpr PartForMaterial kPartsByMaterial[] = {
     {CFP007ElectronicDimensionsDisk, MTComputerFileOther, CFP007ElectronicDimensionsOther},
 };
 
-// Elements of several codes of one character each.
+// Elements that hold several codes of one character each.
 inline constexpr CFPart kPartsOfSeveralCodes[] = {
     CFP006BooksIllustrations,
     CFP006BooksContents,
@@ -100,7 +101,7 @@ inline constexpr ForcedValue kForcedValues[] = {
     {CFP007KitSMD, "u"},
 };
 
-// A byte that isn't one of `kept` becomes `otherwise`.
+// A byte that isn't one of `kept` is replaced by `otherwise`.
 struct KeptBytes {
     CFPart part;
     std::string_view kept;
@@ -118,7 +119,8 @@ inline constexpr KeptBytes kKeptBytes[] = {
     {CFP007MotionPictureInspectionDate, kDigits, '-'},
 };
 
-// What a material has there, unless it has one of the `kept` codes. Other materials are left alone.
+// The value that an element has for a material, unless it has one of the `kept` codes. Other
+// materials are left alone.
 struct ValueForMaterial {
     CFPart part;
     MaterialType material;
@@ -148,12 +150,12 @@ inline constexpr ValueForMaterial kValuesByMaterial[] = {
     {CFP006VisualTypeOfMaterial, MTProjectedGraphic, "fstz", "f"},
 };
 
-// The materials that have a running time; for the others see above.
+// The materials that have a running time. The others have the values above.
 inline constexpr MaterialType kMaterialsWithRunningTime[] = {
     MTMotionPicture, MTVideoTape, MTVideoDisc, MTVideoOther, MTVideoPlain,
 };
 
-// Computer files have their type by the material.
+// The type of computer file follows from the material.
 struct TypeOfComputerFile {
     MaterialType material;
     std::string_view code;
@@ -164,7 +166,7 @@ inline constexpr TypeOfComputerFile kTypesOfComputerFile[] = {
     {MTComputerFileDisk, "b"},
 };
 
-// By the form of item and the default.
+// These depend on the form of item and on the default.
 inline constexpr std::string_view kMicroformDesignations = "abcdefgz";
 inline constexpr CFPart kPartsWithOwnRules[] = {
     CFP007GlobeCategory,

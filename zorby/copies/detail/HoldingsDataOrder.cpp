@@ -13,7 +13,7 @@ namespace {
 
 using Elements = std::vector<std::unique_ptr<CHoldingsDataElement>>;
 
-constexpr std::int8_t kLowestCode = 32;  // below it are places in a composed subfield
+constexpr std::int8_t kLowestCode = 32;  // lower ones are places in a composed subfield
 constexpr std::int8_t kNoCode = std::numeric_limits<std::int8_t>::min();
 
 struct Place {

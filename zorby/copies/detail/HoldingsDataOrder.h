@@ -7,7 +7,7 @@
 
 namespace zorby {
 
-// The order that CHoldingsDataRecord::SortByTagAndSubfield tells.
+// Sorts as CHoldingsDataRecord::SortByTagAndSubfield says.
 void SortForOutput(std::vector<std::unique_ptr<CHoldingsDataElement>>& elements);
 
 }  // namespace zorby

@@ -2,8 +2,8 @@
 
 #include <zorby/elements/OffsetTables.h>
 
-// MARC 21 Format for Bibliographic Data, Leader, 006, 007 and 008: element, first and last
-// position.
+// Element, first and last position. Source: MARC 21 Format for Bibliographic Data, Leader, 006, 007
+// and 008.
 namespace zorby {
 
 inline constexpr tagCFOFFSETENTRY kEndOfTable = {CFPEndOfTable, -1, -1};

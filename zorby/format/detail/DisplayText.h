@@ -7,7 +7,7 @@
 
 namespace zorby {
 
-// A name and its code as the option says. An unknown option counts as EDO_NameOnly.
+// Gives a name with its code as the option says. An unknown option counts as EDO_NameOnly.
 void DisplayText(EDISPLAYOPTIONS option, std::string_view name, std::string_view code,
                  std::string& text);
 

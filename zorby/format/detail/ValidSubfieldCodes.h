@@ -4,7 +4,7 @@
 
 namespace zorby {
 
-// Every code that a subfield may have, in the order in which a user is offered them.
+// All codes that a subfield may have, in the order in which they are offered to a user.
 inline constexpr std::string_view kValidSubfieldCodes =
     "abcdefghijklmnopqrstuvwxyz0123456789!\"#$%&'()*+,-./:;<=>?";
 

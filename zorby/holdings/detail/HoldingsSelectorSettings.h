@@ -23,9 +23,9 @@ public:
 
     bool IsEasy() const;
     std::string Get(std::string_view key) const;
-    // A value of the text that holds what only some systems need.
+    // Returns a value from the text with settings that only some systems need.
     std::string GetExtra(std::string_view key) const;
-    // The same, or a default where the text is empty.
+    // Returns the same, or a default if the text is empty.
     std::string GetExtraOr(std::string_view key, std::string_view defaultValue) const;
     bool HasExtra() const;
 

@@ -2,7 +2,8 @@
 
 #include <zorby/elements/CFPart.h>
 
-// The order of menus in the list of global-edit targets, each menu named by its first element.
+// The order of menus in the list of targets of global edits. Each menu is named by its first
+// element.
 namespace zorby {
 
 // clang-format off

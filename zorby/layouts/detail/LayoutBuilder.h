@@ -9,10 +9,10 @@
 #include <iterator>
 #include <span>
 
-// From the elements of a material to the rows of its forms, at compile time.
+// Turns the elements of a material into the rows of its forms, at compile time.
 namespace zorby {
 
-// A vector for use at compile time. More items than it holds don't compile.
+// A vector for use at compile time. Too many items fail to compile.
 template <class Item>
 struct LayoutList {
     std::array<Item, 32> items = {};
@@ -30,7 +30,7 @@ using LayoutElements = LayoutList<LayoutElement>;
 inline constexpr CCFDialogLayout kEndOfLayout = {0,  nullptr, CFPEndOfTable, CFControlEndOfTable,
                                                  {}, {}};
 
-// An element without a row in kLayoutElements doesn't compile.
+// An element without a row in kLayoutElements fails to compile.
 constexpr LayoutElement ElementOf(CFPart part) {
     return *std::find_if(std::begin(kLayoutElements), std::end(kLayoutElements),
                          [part](const LayoutElement& element) { return element.part == part; });
@@ -44,7 +44,7 @@ constexpr LayoutElements ElementsOnPage(int page, std::span<const CFPart> parts)
     return elements;
 }
 
-// A column of labels, each with its control under it.
+// A column of labels, each with its control below it.
 struct LayoutColumn {
     int left;
     int width;
@@ -117,7 +117,7 @@ constexpr LayoutRows FullRows(std::span<const CFPart> own, CFPart level) {
     return rows;
 }
 
-// An additional material has the type of record in its own 006, and a control of its own for the
+// An additional material has the type of record in its own 006, and a different control for the
 // type of sound recording.
 constexpr LayoutElement InAdditionalForm(CFPart part) {
     switch (part) {

@@ -3,8 +3,8 @@
 #include <zorby/elements/CFPart.h>
 #include <zorby/layouts/CFControlType.h>
 
-// How the forms show an element: on which page of a full form, under which label, by which control.
-// Elements that meet on a page differ in their accelerators, but for the two "&M" of the Leader.
+// How the forms show an element: on which page of a full form, with which label and with which
+// control. The elements on one page have different accelerators, except for two "&M" of the Leader.
 namespace zorby {
 
 inline constexpr int kGeneralPage = 1;   // dates, place, language, audience, type of material

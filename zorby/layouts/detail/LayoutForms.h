@@ -54,7 +54,7 @@ inline constexpr LayoutForms kForms[] = {
     {MTRemoteSensing, Full<kRemoteSensingParts>(), Additional<kRemoteSensingParts>()},
     {MTTactile, Additional<kTactileParts>(), Additional<kTactileParts>()},
     {MTNotatedMusic, Additional<kNotatedMusicParts>(), Additional<kNotatedMusicParts>()},
-    // Its 006 as an additional material is the one of a computer file.
+    // As an additional material, it has the 006 of a computer file.
     {MTBookComputerFile, Full<kBookComputerFileParts>(), Additional<kComputerFileParts>()},
     {MTVideoPlain, Full<kVideoPlainParts>(), kNoForm},
     {MTSoundNonmusical, Full<kSoundDiscParts>(), kNoForm},

@@ -6,9 +6,9 @@
 #include <array>
 #include <cstddef>
 
-// The elements that the forms of each material show, beside those of Leader and 008 that all full
-// forms share. Left out is what the material fixes, such as the category of the 007, and what it
-// never has.
+// The elements that the forms of each material show, besides those of Leader and 008 that all full
+// forms share. An element is left out if the material determines it, such as the category of the
+// 007, or never has it.
 namespace zorby {
 
 template <std::size_t... Sizes>
@@ -183,7 +183,8 @@ inline constexpr auto kSoundOtherParts = Join(kSound006Parts, std::to_array<CFPa
     CFP007SoundCaptureTechnique,
 }));
 
-// With the narrower menus for positions that the list above has under the wider ones.
+// Some positions appear twice: the list above has them with the wider menus, and these elements
+// have the narrower ones.
 inline constexpr auto kSoundOtherFullParts = Join(kSoundOtherParts, std::to_array<CFPart>({
     CFP007SoundSpeedRecord,
     CFP007SoundDimensionsRecord,

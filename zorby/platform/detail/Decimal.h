@@ -4,11 +4,12 @@
 
 namespace zorby {
 
-// The number that a text starts with: white space, a sign and decimal digits. 0 without digits.
-// What is too large or too small becomes the largest or smallest.
+// Returns the number that a text begins with: white space, a sign and decimal digits. Without
+// digits the result is 0. A number that is too large or too small becomes the largest or the
+// smallest int.
 int DecimalInt(std::string_view text);
 
-// The same up to the largest unsigned number; a negative number is what a cast makes of it.
+// Returns the same, up to the largest unsigned number. A negative number is converted as by a cast.
 unsigned DecimalUnsigned(std::string_view text);
 
 }  // namespace zorby

@@ -16,7 +16,8 @@ namespace zorby {
 
 namespace {
 
-// Owns a file descriptor. Closing leaves errno alone, which still tells why the owner gave up.
+// Owns a file descriptor. Closing it doesn't change errno, which may still hold the reason of a
+// failure.
 class Descriptor {
 public:
     explicit Descriptor(int number) : number_(number) {}
@@ -37,7 +38,7 @@ private:
     int number_;
 };
 
-// A new file beside the one that it shall replace, gone again unless it does.
+// A new file beside the one that it will replace. It is deleted unless it does replace that file.
 class Replacement {
 public:
     Replacement(int folder, const std::string& name, mode_t mode)
@@ -55,7 +56,7 @@ public:
     bool IsOpen() const { return file_.IsOpen(); }
 
     bool TakeOver(const struct stat& old) {
-        // Only root can give the file away; for others the writer is the owner from now on.
+        // Only root can give the file to its old owner. For others, the writer becomes the owner.
         if (::fchown(file_.Number(), old.st_uid, old.st_gid) != 0 && errno != EPERM) return false;
         return ::fchmod(file_.Number(), old.st_mode & 07777) == 0;
     }
@@ -72,12 +73,12 @@ public:
     bool Replace(const std::string& name) {
         if (::renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return false;
         isLeftOver_ = false;
-        // Some file systems can't sync a folder, and say so by EINVAL.
+        // Some file systems can't sync a folder, and report EINVAL.
         return ::fsync(folder_) == 0 || errno == EINVAL;
     }
 
 private:
-    // The folder is locked, so that a file of this name is the litter of a run that was killed.
+    // The folder is locked, so a file of this name was left by a run that was killed.
     int Create(mode_t mode) {
         ::unlinkat(folder_, name_.c_str(), 0);
         const int file =
@@ -107,7 +108,7 @@ struct FileContent {
     struct stat status {};
 };
 
-// Opens without blocking, for what is there may be a pipe that nobody writes to.
+// Opens without blocking, since the file may be a pipe to which nobody writes.
 std::optional<FileContent> ReadFileAt(int folder, const std::string& name) {
     const Descriptor file(::openat(folder, name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     FileContent content;
@@ -120,7 +121,7 @@ std::optional<FileContent> ReadFileAt(int folder, const std::string& name) {
     return content;
 }
 
-// Follows links by hand, since the last one may lead to a file that is yet to be made.
+// Follows the links one by one, since the last one may lead to a file that doesn't exist yet.
 std::optional<std::filesystem::path> RealFile(std::filesystem::path path) {
     constexpr int kMostLinks = 40;
     std::error_code error;
@@ -150,7 +151,7 @@ bool RewriteFileAt(int folder, const std::string& name,
     if (text == oldText) return true;
     if (old && ::faccessat(folder, name.c_str(), W_OK, AT_EACCESS) != 0) return false;
 
-    // Private until it has the mode of the old one, which may hide secrets.
+    // Private until it has the mode of the old file, which may hold secrets.
     Replacement replacement(folder, name, old ? 0600 : 0666);
     return replacement.IsOpen() && (!old || replacement.TakeOver(old->status)) &&
            replacement.Write(text) && replacement.Replace(name);

@@ -29,7 +29,7 @@ IniLine TakeLine(std::string_view& rest) {
     return line;
 }
 
-// Where a key of a section stands, and where a new one would go.
+// The place of a key in a section, or the place where a new one would go.
 struct KeyPlace {
     std::vector<IniLine> keyLines;
     std::optional<IniLine> insertAfter;  // last line of the section that isn't blank
@@ -58,7 +58,7 @@ std::string SectionLine(std::string_view section) {
     return std::string("[").append(section).append("]");
 }
 
-// Carries a change out on a copy of the text, by the places of the lines in the original.
+// Carries out a change on a copy of the text, by the places of the lines in the original.
 class IniEdit {
 public:
     explicit IniEdit(std::string_view text) : original_(text), changed_(text) {}

@@ -2,7 +2,7 @@
 
 namespace zorby {
 
-// Which implementation of a port is in force: the host's, or the plain one while there is none.
+// Knows which implementation of a port is in force: the host's, or the plain one if there is none.
 template <class Port, class Plain>
 class PortSlot {
 public:

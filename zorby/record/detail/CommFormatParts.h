@@ -6,7 +6,8 @@
 
 namespace zorby {
 
-// The number that `size` digits at `at` stand for; -1 if they are no digits or not all there.
+// Returns the number that the `size` digits at `at` make, or -1 if they are not all digits or not
+// all there.
 inline int DecimalField(std::string_view bytes, std::size_t at, std::size_t size) {
     if (at + size > bytes.size()) return -1;
     int number = 0;
@@ -27,7 +28,7 @@ struct ContentFault {
     std::size_t offset = 0;  // in the content
 };
 
-// Two indicators and coded subfields in a data field.
+// Checks that a data field has two indicators and that its subfields have codes.
 inline ContentFault CheckContent(const CommFormatField& field) {
     const std::string_view content = field.content;
     if (!field.IsDataField()) return {};

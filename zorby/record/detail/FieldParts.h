@@ -13,7 +13,7 @@ inline std::string_view ContentOf(std::string_view field) {
     return field.size() > 3 ? field.substr(3) : std::string_view{};
 }
 
-// The tag as a number, its leading digits; -1 if it begins with none.
+// Returns the tag as a number, from its leading digits, or -1 if there are none.
 inline int TagNumber(std::string_view field) {
     int number = -1;
     for (const char c : TagOf(field)) {

@@ -5,7 +5,8 @@
 
 namespace zorby {
 
-// Bytes compare as unsigned numbers, ASCII capitals as their small letters, in every locale.
+// Bytes are compared as unsigned numbers, and ASCII capitals as their small letters, in every
+// locale.
 constexpr unsigned char FoldCase(char c) {
     return static_cast<unsigned char>('A' <= c && c <= 'Z' ? c - 'A' + 'a' : c);
 }

@@ -4,7 +4,7 @@
 
 namespace zorby {
 
-// A MARC tag as it is written: three digits, or more where the number has more.
+// Returns a MARC tag as it is written: three digits, or more if the number has more.
 std::string TagText(unsigned tag);
 
 }  // namespace zorby
