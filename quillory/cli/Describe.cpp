@@ -4,12 +4,12 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/reports/CodedDocument.h>
-#include <quillory/reports/CodedText.h>
-#include <quillory/reports/DictionaryText.h>
+#include <quillory/reports/DictionarySearch.h>
+#include <quillory/reports/FieldDocument.h>
+#include <quillory/reports/HoldingsTypeDocument.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,23 +34,24 @@ std::string Joined(const std::vector<std::string>& words) {
     return text;
 }
 
-using Printer = std::function<std::string(const Document&)>;
-
 zorby::EDISPLAYOPTIONS DisplayOf(const DescribeOptions& options) {
     return static_cast<zorby::EDISPLAYOPTIONS>(
         options.display ? *options.display
                         : zorby::GetZorbyProfileInt(zorby::ZP_DisplayNameOrMARC));
 }
 
-Status Print(const Document& document, const Printer& printer, const DescribeOptions& options) {
-    Output output("-");
-    output.Write(options.isJson ? document.dump(2) + "\n" : printer(document));
-    output.Finish();
-    return document.empty() ? kStatusFindings : kStatusWell;
+template <class Document>
+Status Print(const Document& document, const DescribeOptions& options) {
+    WriteOutput("-", options.isJson ? JsonText(document) : ToText(document));
+    return kStatusWell;
 }
 
-[[noreturn]] void ThrowUnknown(const std::string& what) {
-    throw UsageError(Fault{FaultCode::kNotInDictionary, {}, what});
+// `what` is named where the dictionary does not know it.
+template <class Document>
+Status Print(const std::optional<Document>& document, const std::string& what,
+             const DescribeOptions& options) {
+    if (!document) throw UsageError(Fault{FaultCode::kNotInDictionary, {}, what});
+    return Print(*document, options);
 }
 
 // 245, 245a, 245$a or 245/2.
@@ -61,38 +62,37 @@ Status DescribePlace(const std::string& what, const DescribeOptions& options) {
     if (tag == kNoTag || place->occurrence != 0) {
         throw UsageError(Fault{FaultCode::kNoPlace, {}, what});
     }
-    Document document;
-    Printer printer = FieldText;
-    std::string kind = "field ";
+    const std::string shown = PlaceText(*place);
     if (place->indicator != 0) {
-        document = DescribeIndicator(tag, place->indicator, display);
-        printer = IndicatorText;
-        kind = "indicator ";
-    } else if (place->code != '\0') {
-        document = DescribeSubfield(tag, place->code, display);
-        printer = SubfieldText;
-        kind = "subfield ";
-    } else {
-        document = DescribeField(tag, display, options.subfields);
+        return Print(DescribeIndicator(tag, place->indicator, display), "indicator " + shown,
+                     options);
     }
-    if (document.is_null()) ThrowUnknown(kind + PlaceText(*place));
-    return Print(document, printer, options);
+    if (place->code != '\0') {
+        return Print(DescribeSubfield(tag, place->code, display), "subfield " + shown, options);
+    }
+    return Print(DescribeField(tag, display, options.subfields), "field " + shown, options);
 }
 
 Status DescribeHoldings(const std::string& type, const DescribeOptions& options) {
-    if (type.empty()) return Print(DescribeHoldingsTypes(), HoldingsTypesText, options);
-    const Document document = DescribeHoldingsType(type);
-    if (document.is_null()) ThrowUnknown("holdings type " + type);
-    return Print(document, HoldingsTypeText, options);
+    if (type.empty()) return Print(DescribeHoldingsTypes(), options);
+    return Print(DescribeHoldingsType(type), "holdings type " + type, options);
 }
 
 // leader/06, 008/18, 007c/01, part 310; or all elements of a field.
 Status DescribeCodedPlace(const std::string& what, const DescribeOptions& options) {
     const NamedPlace place = FindPlace(what);
     if (place.fault) throw UsageError(place.fault);
+    const CodedElements elements = DescribeElements(place.elements, LoadCodeLists());
     const bool isOne = what.find_first_of("/ ") != what.npos;
-    return Print(DescribeElements(place.elements, LoadCodeLists()),
-                 isOne ? ElementsText : ElementNamesText, options);
+    if (isOne || options.isJson) return Print(elements, options);
+    WriteOutput("-", ToBriefText(elements));
+    return kStatusWell;
+}
+
+Status Search(const DescribeOptions& options) {
+    const SearchHits hits = SearchDictionary(options.search, DisplayOf(options));
+    Print(hits, options);
+    return hits.empty() ? kStatusFindings : kStatusWell;
 }
 
 Status RunDescribe(const DescribeOptions& options) {
@@ -107,9 +107,7 @@ Status RunDescribe(const DescribeOptions& options) {
     LoadSettings();
     if (!LoadDictionaries(options.userDefined)) return kStatusFailed;
     if (options.holdings) return DescribeHoldings(what, options);
-    if (!options.search.empty()) {
-        return Print(SearchDictionary(options.search, DisplayOf(options)), SearchText, options);
-    }
+    if (!options.search.empty()) return Search(options);
     return DescribePlace(what, options);
 }
 
