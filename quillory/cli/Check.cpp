@@ -3,6 +3,7 @@
 #include <quillory/cli/PolicyArguments.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/CheckFiles.h>
+#include <quillory/jobs/Library.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/reports/CheckReports.h>
 
@@ -18,12 +19,12 @@ struct CheckOptions {
 
 Status RunCheck(const CheckOptions& options) {
     CheckNotAnInput(options.input.files, options.report.output);
-    std::optional<Checker> checker = MakeChecker(options.policy, options.input.charset);
-    if (!checker) return kStatusFailed;
+    const SettingsKeeper settings;
+    Checker checker = MakeChecker(options.policy, options.input.charset);
     TerminalPort terminal;
     Reporter reporter(terminal, options.messages);
     const auto report = MakeCheckReport(options.report, reporter);
-    return CheckFiles(options.input, *checker, *report, reporter);
+    return CheckFiles(options.input, checker, *report, reporter);
 }
 
 }  // namespace

@@ -105,7 +105,7 @@ Status RunDescribe(const DescribeOptions& options) {
     }
     if (isPlace && IsCodedPlace(what)) return DescribeCodedPlace(what, options);
     LoadSettings();
-    if (!LoadDictionaries(options.userDefined)) return kStatusFailed;
+    LoadDictionaries(options.userDefined);
     if (options.holdings) return DescribeHoldings(what, options);
     if (!options.search.empty()) return Search(options);
     return DescribePlace(what, options);

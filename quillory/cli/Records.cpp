@@ -23,7 +23,7 @@ struct ExportCommand {
 };
 
 Status RunShow(const ShowCommand& options) {
-    if (!LoadNames(options.screen)) return kStatusFailed;
+    LoadNames(options.screen);
     const std::optional<Database> database = OpenStoreToRead();
     TerminalPort terminal;
     Reporter reporter(terminal, {true, true});

@@ -41,7 +41,7 @@ void CheckOutputs(const RepairCommand& command) {
 
 Status RunRepair(const RepairCommand& command) {
     CheckOutputs(command);
-    if (!LoadWorkforms()) return kStatusFailed;
+    LoadWorkforms();
     const CodeLists lists = LoadCodeLists();
     TerminalPort terminal;
     Reporter reporter(terminal, command.messages);

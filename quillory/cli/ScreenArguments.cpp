@@ -36,10 +36,10 @@ ShowOptions ShowOptionsOf(const ScreenChoice& choice) {
     return screen;
 }
 
-bool LoadNames(const ScreenChoice& choice) {
-    if (!choice.names) return true;
+void LoadNames(const ScreenChoice& choice) {
+    if (!choice.names) return;
     LoadSettings();
-    return LoadDictionaries({});
+    LoadDictionaries();
 }
 
 }  // namespace quillory

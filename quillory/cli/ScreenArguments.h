@@ -22,8 +22,7 @@ void DeclareWidth(Arguments& command, ScreenChoice& choice);
 // With the width and the colours of what goes to standard output.
 ShowOptions ShowOptionsOf(const ScreenChoice& choice);
 
-// Puts in force what the names are taken from, if they are wanted. False if it is not there, which
-// the user has been told.
-bool LoadNames(const ScreenChoice& choice);
+// Puts in force what the names are taken from, if they are wanted. Throws FileError.
+void LoadNames(const ScreenChoice& choice);
 
 }  // namespace quillory

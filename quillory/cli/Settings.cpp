@@ -27,7 +27,7 @@ void Show(const std::string& value) {
 }
 
 Status RunHoldings(const SettingsOptions& options, const std::string& name) {
-    if (!LoadDictionaries({})) return kStatusFailed;
+    LoadDictionaries();
     if (name.empty()) {
         Show(ListHoldingsSettings(), options.isJson);
     } else if (options.value) {

@@ -16,7 +16,7 @@ struct ShowCommand {
 };
 
 Status RunShow(const ShowCommand& options) {
-    if (!LoadNames(options.screen)) return kStatusFailed;
+    LoadNames(options.screen);
     TerminalPort terminal;
     Reporter reporter(terminal, options.messages);
     Output output("-");

@@ -59,7 +59,8 @@ Status Show(const WorkformsOptions& options, const WorkformCatalog& catalog) {
 
 Status RunWorkforms(const WorkformsOptions& options) {
     LoadSettings();
-    if (!LoadDictionaries({}) || !LoadWorkforms()) return kStatusFailed;
+    LoadDictionaries();
+    LoadWorkforms();
     TerminalPort terminal;
     const Reporter reporter(terminal, {false, true});
     const WorkformCatalog catalog(reporter);

@@ -30,6 +30,8 @@ enum class FaultCode : std::uint16_t {
 
     // Settings and arguments.
     kAlwaysUtf8,
+    kNoDataFile,          // found: the reason
+    kNoUserDefinedField,  // found: the list
 
     kEnd  // one past the last
 };

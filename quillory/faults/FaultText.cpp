@@ -1,12 +1,14 @@
 #include <quillory/faults/Fault.h>
 #include <quillory/faults/FaultCode.h>
 
+#include <algorithm>
 #include <iterator>
+#include <span>
 
 namespace quillory {
 namespace {
 
-// {found} and {allowed} stand for what a fault holds.
+// {place}, {found} and {allowed} stand for what a fault holds.
 struct Words {
     FaultCode code;
     std::string_view id;
@@ -43,6 +45,10 @@ constexpr Words kWords[] = {
 
     // Settings and arguments.
     {FaultCode::kAlwaysUtf8, "always-utf-8", "{found} is always in UTF-8, never in {allowed}"},
+    {FaultCode::kNoDataFile, "no-data-file",
+     "can't be opened: {found}; QUILLORY_DATA names the folder of the data files"},
+    {FaultCode::kNoUserDefinedField, "no-user-defined-field",
+     "\"{found}\" names no fields of your own; they are given as 590ab or 591-595"},
 };
 
 constexpr bool IsInOrder() {
@@ -58,23 +64,33 @@ const Words& WordsOf(FaultCode code) {
     return kWords[static_cast<std::size_t>(code)];
 }
 
-std::string Filled(std::string_view words, std::string_view found, std::string_view allowed) {
-    constexpr std::string_view kFound = "{found}";
-    constexpr std::string_view kAllowed = "{allowed}";
+// What stands in the words for a part of a fault, and that part.
+struct Part {
+    std::string_view sign;
+    std::string_view text;
+};
+
+// The words with the parts in the place of their signs.
+std::string Filled(std::string_view words, std::span<const Part> parts) {
     std::string text;
     while (!words.empty()) {
-        if (words.starts_with(kFound)) {
-            text += found;
-            words.remove_prefix(kFound.size());
-        } else if (words.starts_with(kAllowed)) {
-            text += allowed;
-            words.remove_prefix(kAllowed.size());
+        const auto part = std::ranges::find_if(
+            parts, [words](const Part& known) { return words.starts_with(known.sign); });
+        if (part != parts.end()) {
+            text += part->text;
+            words.remove_prefix(part->sign.size());
         } else {
             text += words.front();
             words.remove_prefix(1);
         }
     }
     return text;
+}
+
+std::string Filled(FaultCode code, std::string_view place, std::string_view found,
+                   std::string_view allowed) {
+    const Part parts[] = {{"{place}", place}, {"{found}", found}, {"{allowed}", allowed}};
+    return Filled(WordsOf(code).reason, parts);
 }
 
 }  // namespace
@@ -84,11 +100,11 @@ std::string_view FaultId(FaultCode code) {
 }
 
 std::string FaultHeading(FaultCode code) {
-    return Filled(WordsOf(code).reason, "...", "...");
+    return Filled(code, "...", "...", "...");
 }
 
 std::string FaultReason(const Fault& fault) {
-    return Filled(WordsOf(fault.code).reason, fault.found, fault.allowed);
+    return Filled(fault.code, PlaceText(fault.place), fault.found, fault.allowed);
 }
 
 std::string FaultText(const Fault& fault) {

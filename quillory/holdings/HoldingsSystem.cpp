@@ -4,7 +4,7 @@
 #include <quillory/text/QmText.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/ini/KeysNValues.h>
-#include <zorby/platform/ProfileFilePort.h>
+#include <zorby/platform/PortInForce.h>
 #include <zorby/settings/Profile.h>
 
 #include <algorithm>
@@ -64,11 +64,9 @@ void PutInForce(const CInfoAboutHoldingsType& type) {
     settings.Set(text, true);
     settings.SetKey("EasyOrCustom", "Easy");
     settings.SetKey("HoldingsType", type.GetName());
-    zorby::ProfileFilePort& files = zorby::CurrentProfileFilePort();
     zorby::MemoryProfileFiles memory;
-    zorby::SetProfileFilePort(&memory);
+    const zorby::ProfileFilesInForce inForce(memory);
     zorby::WriteZorbyProfileString(zorby::ZP_NewHoldings, settings.Get());
-    zorby::SetProfileFilePort(&files);
 }
 
 }  // namespace quillory

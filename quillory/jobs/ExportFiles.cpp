@@ -3,7 +3,6 @@
 #include <quillory/jobs/OutputFiles.h>
 
 #include <algorithm>
-#include <optional>
 
 namespace quillory {
 namespace {
@@ -15,13 +14,12 @@ Charset CharsetOf(const ExportOptions& options) {
 }
 
 // The dictionary of the format takes in fields of the holdings system, so it follows the choice.
-std::optional<Checker> PutAllInForce(const ExportOptions& options) {
-    std::optional<Checker> checker = MakeChecker(options.policy, CharsetOf(options));
-    if (!checker || !ChooseHoldingsType(options.holdings)) return checker;
+Checker PutAllInForce(const ExportOptions& options) {
+    Checker checker = MakeChecker(options.policy, CharsetOf(options));
+    if (!ChooseHoldingsType(options.holdings)) return checker;
     const std::string& userDefined = options.policy.userDefined;
-    if (!LoadDictionaries(userDefined)) return std::nullopt;
-    checker.emplace(CheckerOptions{CharsetOf(options), userDefined.empty()});
-    return checker;
+    LoadDictionaries(userDefined);
+    return Checker({CharsetOf(options), userDefined.empty()});
 }
 
 // Puts the copies into each record, and decides whether it may leave.
@@ -72,9 +70,9 @@ void CheckFiles(const ExportOptions& options) {
 Status ExportFiles(ExportOptions options, Reporter& reporter) {
     options.output.verify = true;
     CheckFiles(options);
-    std::optional<Checker> checker = PutAllInForce(options);
-    if (!checker) return kStatusFailed;
-    ExportRun run(options, *checker, reporter);
+    const SettingsKeeper settings;
+    Checker checker = PutAllInForce(options);
+    ExportRun run(options, checker, reporter);
     bool readAll = false;
     const ItemSource files = [&](const auto& take) {
         const Status read = ReadFiles(options.input, reporter, take);

@@ -1,10 +1,10 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/store/HomeFolder.h>
 #include <zorby/archive/ArchiveException.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
-#include <zorby/platform/ApplicationPort.h>
+#include <zorby/platform/PortInForce.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
 #include <zorby/text/General.h>
@@ -14,6 +14,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <utility>
 #include <vector>
 
 namespace quillory {
@@ -26,25 +29,48 @@ std::string Variable(const char* name) {
     return value == nullptr ? std::string() : std::string(value);
 }
 
+constexpr const char* kDictionary = "MARCBibl.tfm";
+
 // With its trailing separator. Without any data file, the folder where they should be.
 std::string DataFolder() {
     if (const std::string data = Variable("QUILLORY_DATA"); !data.empty()) return data + "/";
     const std::string beside = zorby::CurrentApplicationPort().Folder();
-    const bool isBeside = fs::exists(beside + "MARCBibl.tfm");
-    return isBeside ? beside : beside + "../share/quillory/";
+    return fs::exists(beside + kDictionary) ? beside : beside + "../share/quillory/";
+}
+
+// The library shows a file that can't be opened to the user, and does not say why it can't.
+void CheckDataFile(const std::string& path) {
+    errno = 0;
+    if (std::ifstream(path).is_open()) return;
+    throw FileError(path, {FaultCode::kNoDataFile, {}, std::strerror(errno)});
+}
+
+// Runs `load`, which reads data files.
+template <class Load>
+void LoadData(std::initializer_list<std::string> paths, Load load) {
+    for (const std::string& path : paths) CheckDataFile(path);
+    zorby::RecordedMessages messages;
+    const zorby::MessagesInForce inForce(messages);
+    try {
+        if (load() != 0) return;
+    } catch (const zorby::CArchiveException& damage) {
+        throw FileError(damage.what());
+    }
+    std::string reason;
+    for (const auto& message : messages.messages) reason += message.text;
+    throw FileError(reason);
 }
 
 void ReloadProfile() {
     zorby::CGeneral::m_iniUserProfile.Initialize(zorby::GetZorbyProfilePath());
 }
 
-// What can't be read is passed over, which would leave nothing here of what the user asks for.
+// The library passes over what it can't read, which would leave nothing of what the user asks for.
 void CheckUserDefined(const std::string& list) {
     std::vector<std::string> entries;
     zorby::CMARCFormat::ParseUDSubfields(list, entries, 0);
     if (!list.empty() && entries.empty()) {
-        throw FileError("--user-defined " + list +
-                        ": no such fields; they are given as 590ab or 591-595");
+        throw UsageError({FaultCode::kNoUserDefinedField, {}, list});
     }
 }
 
@@ -71,29 +97,28 @@ void WriteSetting(int key, const std::string& value) {
     }
 }
 
-bool LoadDictionaries(const std::string& userDefined) {
+SettingsKeeper::SettingsKeeper() : settings_(zorby::CGeneral::m_iniUserProfile) {}
+
+SettingsKeeper::~SettingsKeeper() {
+    zorby::CGeneral::m_iniUserProfile = std::move(settings_);
+}
+
+void LoadDictionaries(const std::string& userDefined) {
     CheckUserDefined(userDefined);
     const std::string folder = DataFolder();
     zorby::FixedApplication application(folder, '/', false);
-    zorby::SetApplicationPort(&application);
-    bool loaded = false;
-    try {
-        loaded = zorby::CInfoAboutHoldingsTypeList::CreateTheOneAndOnly(folder) != 0 &&
-                 zorby::CMARCFormat::InitializeYourself(userDefined) != 0;
-    } catch (const zorby::CArchiveException& damage) {
-        zorby::SetApplicationPort(nullptr);
-        throw FileError(damage.what());
-    }
-    zorby::SetApplicationPort(nullptr);
-    return loaded;
+    const zorby::ApplicationInForce inForce(application);
+    LoadData({folder + "zorby.hld", folder + kDictionary}, [&] {
+        return zorby::CInfoAboutHoldingsTypeList::CreateTheOneAndOnly(folder) != 0
+                   ? zorby::CMARCFormat::InitializeYourself(userDefined)
+                   : 0;
+    });
 }
 
-bool LoadWorkforms() {
-    try {
-        return zorby::CTemplateList::InitializeTemplateList(DataFolder()) != 0;
-    } catch (const zorby::CArchiveException& damage) {
-        throw FileError(damage.what());
-    }
+void LoadWorkforms() {
+    const std::string folder = DataFolder();
+    LoadData({folder + "zorby.ttm"},
+             [&] { return zorby::CTemplateList::InitializeTemplateList(folder); });
 }
 
 CodeLists LoadCodeLists() {

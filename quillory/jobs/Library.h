@@ -1,10 +1,15 @@
 #pragma once
 
 #include <quillory/coded/CodeLists.h>
+#include <zorby/ini/INIProfile.h>
 
 #include <string>
 
 namespace quillory {
+
+// What the library works with: the user's settings and the data files. The data files are looked
+// for in QUILLORY_DATA, or else beside the program and in share/quillory of its installation or
+// build.
 
 // Puts the user's settings in force: the profile files in HomeFolder. Files that are not there are
 // empty, and so is all if the environment names no such folder.
@@ -13,20 +18,29 @@ void LoadSettings();
 // Writes a key of the profile. Throws FileError if it can't be written.
 void WriteSetting(int key, const std::string& value);
 
+// Puts the settings back as they are now when the object goes, whatever a job has changed of them
+// in memory: a policy, or a holdings system, is in force for one job.
+class SettingsKeeper {
+public:
+    SettingsKeeper();
+    ~SettingsKeeper();
+    SettingsKeeper(const SettingsKeeper&) = delete;
+    SettingsKeeper& operator=(const SettingsKeeper&) = delete;
+
+private:
+    zorby::CINIProfile settings_;
+};
+
 // Puts the dictionaries of the format and of holdings in force, with the user-defined fields of the
-// profile and those of `userDefined`. The data files are looked for in QUILLORY_DATA, or else
-// beside the program and in share/quillory of its installation or build. False if one is not there,
-// which the user has been told; throws FileError for a damaged one, and for a list without a field
-// that can be read.
-bool LoadDictionaries(const std::string& userDefined);
+// profile and those of `userDefined`, such as "590ab 591-595". Throws FileError for a data file
+// that can't be opened or is damaged, and UsageError for a list without a field that can be read.
+void LoadDictionaries(const std::string& userDefined = {});
 
-// Puts the standard workforms in force, from zorby.ttm, which lies beside the other data files.
-// False if it isn't there or lacks the workform that stands in for others, which the user has been
-// told; throws FileError for a damaged one.
-bool LoadWorkforms();
+// Puts the standard workforms in force. Throws FileError as LoadDictionaries does, and if the
+// workform that stands in for others is not among them.
+void LoadWorkforms();
 
-// The codes of the control fields, with what marc21-codes.tsv, which lies beside the other data
-// files, says of them. Throws FileError.
+// The codes of the control fields, with what is published of them. Throws FileError.
 CodeLists LoadCodeLists();
 
 }  // namespace quillory

@@ -8,12 +8,10 @@
 namespace quillory {
 namespace {
 
-// The library tells what it misses.
 const Reporter& LoadAll(const Reporter& reporter) {
     LoadSettings();
-    if (!LoadDictionaries("") || !LoadWorkforms()) {
-        throw FileError("without these data no record can be made");
-    }
+    LoadDictionaries();
+    LoadWorkforms();
     return reporter;
 }
 

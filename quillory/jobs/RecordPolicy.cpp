@@ -3,10 +3,10 @@
 
 namespace quillory {
 
-std::optional<Checker> MakeChecker(const PolicyOptions& options, Charset charset) {
+Checker MakeChecker(const PolicyOptions& options, Charset charset) {
     LoadSettings();
     PutInForce(options.policy);
-    if (!LoadDictionaries(options.userDefined)) return std::nullopt;
+    LoadDictionaries(options.userDefined);
     return Checker({charset, options.userDefined.empty()});
 }
 

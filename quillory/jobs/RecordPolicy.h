@@ -2,7 +2,6 @@
 
 #include <quillory/checks/Checker.h>
 
-#include <optional>
 #include <string>
 
 namespace quillory {
@@ -14,8 +13,8 @@ struct PolicyOptions {
                               // libraries are free
 };
 
-// Puts settings, policy and dictionaries in force, and gives a checker of them. Nothing if a
-// dictionary is not there, which the user has been told. Throws FileError and UsageError.
-std::optional<Checker> MakeChecker(const PolicyOptions& options, Charset charset);
+// Puts settings, policy and dictionaries in force, and gives a checker of them. A SettingsKeeper
+// made before puts the settings back. Throws FileError and UsageError.
+Checker MakeChecker(const PolicyOptions& options, Charset charset);
 
 }  // namespace quillory

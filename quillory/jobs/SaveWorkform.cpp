@@ -42,7 +42,8 @@ TemplateHolder NewFrom(CTemplate& base) {
 
 Status SaveWorkform(const WorkformSaveOptions& options, const Reporter& reporter) {
     LoadSettings();
-    if (!LoadDictionaries({}) || !LoadWorkforms()) return kStatusFailed;
+    LoadDictionaries();
+    LoadWorkforms();
     const Database database = OpenStore();
     WorkformCatalog catalog(database);
     const std::string name = WorkformText(options.name);
@@ -64,7 +65,7 @@ Status SaveWorkform(const WorkformSaveOptions& options, const Reporter& reporter
 
 Status DeleteWorkforms(const std::vector<std::string>& names, const Reporter& reporter) {
     LoadSettings();
-    if (!LoadWorkforms()) return kStatusFailed;
+    LoadWorkforms();
     const Database database = OpenStore();
     WorkformCatalog catalog(database);
     Transaction transaction(database);

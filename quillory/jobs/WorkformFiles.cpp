@@ -69,7 +69,7 @@ void SaveAll(const std::vector<FiledWorkform>& workforms, const WorkformImportOp
 
 Status ExportWorkforms(const WorkformExportOptions& options, const Reporter& reporter) {
     LoadSettings();
-    if (!LoadWorkforms()) return kStatusFailed;
+    LoadWorkforms();
     CheckNotTheStore(options.file);
     WorkformCatalog catalog(reporter);
     std::vector<FiledWorkform> workforms;
@@ -86,7 +86,7 @@ Status ExportWorkforms(const WorkformExportOptions& options, const Reporter& rep
 
 Status ImportWorkforms(const WorkformImportOptions& options, const Reporter& reporter) {
     LoadSettings();
-    if (!LoadWorkforms()) return kStatusFailed;
+    LoadWorkforms();
     Input input(options.file);
     const std::vector<FiledWorkform> workforms = ParseWorkformFile(ReadWhole(input), options.file);
     const Database database = OpenStore();

@@ -190,7 +190,7 @@ class Policies(Checks):
                 (["--set", "CF_InvalidChar=1"], "NoNotes, "),
                 (["--policy", "basic", "--set", "RecordViewerShowImportRepairLog=0"],
                  "the policy basic leaves nothing to set"),
-                (["--user-defined", "zzz"], "--user-defined zzz: no such fields"),
+                (["--user-defined", "zzz"], '"zzz" names no fields of your own'),
                 (["--format", "3"], '--format: "3" is none of text, jsonl, html'),
                 (["--from-charset", "2"], '"2" is none of auto, marc8, utf8, latin1'),
                 (["--policy", "basic", "--set", "NoNotes=1"], "the policy basic fixes it to 2"),

@@ -90,7 +90,7 @@ class New(NewRecords):
     def test_a_missing_data_file_is_named(self):
         self.environment("QUILLORY_DATA", self.folder)
         _, err = self.made("new", "-w", BOOK, "-s", "245a=T", status=2)
-        self.assertIn("could not be opened", err)
+        self.assertIn("zorby.hld: can't be opened: No such file or directory", err)
 
 
 class Terminal(NewRecords):

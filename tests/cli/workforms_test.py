@@ -274,7 +274,7 @@ class Faults(Workforms):
                                  f'zorby.ttm" holds no workform "{BOOK}"'),
                                 (standard[:5000], r"zorby.ttm: offset \d+: unexpected end of file"),
                                 (b"", r"zorby.ttm: offset 0: unexpected end of file"),
-                                (None, r'zorby.ttm"could not be opened')]:
+                                (None, r"zorby.ttm: can't be opened")]:
             (data / "zorby.ttm").unlink()
             if content is not None:
                 (data / "zorby.ttm").write_bytes(content)

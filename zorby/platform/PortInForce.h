@@ -1,0 +1,28 @@
+#pragma once
+
+#include <zorby/platform/ApplicationPort.h>
+#include <zorby/platform/MessagePort.h>
+#include <zorby/platform/ProfileFilePort.h>
+
+namespace zorby {
+
+// Puts a port in force for as long as the object lives, and then the one that was there before,
+// however the scope is left. Both ports outlive the object.
+template <class Port, Port& (*Current)(), void (*Set)(Port*)>
+class PortInForce {
+public:
+    explicit PortInForce(Port& port) : before_(Current()) { Set(&port); }
+    ~PortInForce() { Set(&before_); }
+    PortInForce(const PortInForce&) = delete;
+    PortInForce& operator=(const PortInForce&) = delete;
+
+private:
+    Port& before_;
+};
+
+using ApplicationInForce = PortInForce<ApplicationPort, CurrentApplicationPort, SetApplicationPort>;
+using MessagesInForce = PortInForce<MessagePort, CurrentMessagePort, SetMessagePort>;
+using ProfileFilesInForce =
+    PortInForce<ProfileFilePort, CurrentProfileFilePort, SetProfileFilePort>;
+
+}  // namespace zorby
