@@ -1,7 +1,7 @@
 #include <quillory/exchange/MarcReader.h>
-#include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/Recoder.h>
-#include <quillory/repair/RecordRepair.h>
+#include <quillory/exchange/MarcWriter.h>
+#include <quillory/repair/RecordRepairer.h>
 #include <zorby/workforms/TemplateList.h>
 
 #include <benchmark/benchmark.h>
@@ -63,7 +63,7 @@ void Carry(benchmark::State& state, bool withFaults, bool isRepaired) {
         Losses losses;
         Item item;
         while (reader.Next(item)) {
-            if (isRepaired) repairs += repairer.Take(item.record).size();
+            if (isRepaired) repairs += repairer.PutRight(item.record).size();
             recoder.Recode(item.record, losses);
             writer.Write(item.record, losses);
         }

@@ -27,6 +27,12 @@ enum class FaultCode : std::uint16_t {
     // Copies and holdings systems.
 
     // Checks and repairs.
+    kUnknownTypeOfRecord,
+    kUnknownFirstByte,
+    kSecond008,
+    kShifted008,
+    kFieldFilledUp,
+    kFieldCut,
 
     // Settings and arguments.
     kAlwaysUtf8,

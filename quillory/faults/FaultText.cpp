@@ -42,6 +42,16 @@ constexpr Words kWords[] = {
     // Copies and holdings systems.
 
     // Checks and repairs.
+    {FaultCode::kUnknownTypeOfRecord, "unknown-type-of-record",
+     "leader/06 is no type of record, so the material can't be told"},
+    {FaultCode::kUnknownFirstByte, "unknown-first-byte",
+     "its first byte is no type of record or category"},
+    {FaultCode::kSecond008, "second-008", "a record has one 008"},
+    {FaultCode::kShifted008, "shifted-008",
+     "{found}, the format has 40, and country and language are not in their places"},
+    {FaultCode::kFieldFilledUp, "field-filled-up",
+     "{found}, the format has {allowed}; filled up as not coded"},
+    {FaultCode::kFieldCut, "field-cut", "{found}, the format has {allowed}; cut"},
 
     // Settings and arguments.
     {FaultCode::kAlwaysUtf8, "always-utf-8", "{found} is always in UTF-8, never in {allowed}"},

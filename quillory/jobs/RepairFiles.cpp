@@ -6,46 +6,10 @@
 namespace quillory {
 namespace {
 
-// Hands on the records of the files repaired.
-class RepairedFiles {
-public:
-    RepairedFiles(const RepairFilesOptions& options, const CodeLists& lists, RepairReport& report,
-                  Reporter& reporter)
-        : options_(options),
-          reporter_(reporter),
-          repairer_(lists, options.repair),
-          report_(report) {}
-
-    Status Read(const std::function<bool(Item&)>& take) {
-        return ReadFiles(options_.input, reporter_, [&](Item& item) {
-            if (item.kind == kItemRecord) Repair(item);
-            return take(item);
-        });
-    }
-
-    Status Finish() {
-        report_.Finish(totals_, options_.isDryRun);
-        const bool hasFindings = totals_.left > 0 || (options_.isDryRun && totals_.repaired > 0);
-        return hasFindings ? kStatusFindings : kStatusWell;
-    }
-
-private:
-    void Repair(Item& item) {
-        const auto& repairs = repairer_.Take(item.record);
-        totals_.Count(repairs);
-        report_.TakeRecord(item, repairs);
-    }
-
-    const RepairFilesOptions& options_;
-    Reporter& reporter_;
-    RecordRepairer repairer_;
-    RepairReport& report_;
-    RepairTotals totals_;
-};
-
-Status DryRun(RepairedFiles& files, Reporter& reporter) {
+// Reads all items to the end, and says what is damaged.
+Status DryRun(const ItemSource& source, Reporter& reporter) {
     Status damage = kStatusWell;
-    const Status read = files.Read([&](Item& item) {
+    const Status read = source([&](const Item& item) {
         const bool isDamaged = item.kind != kItemRecord || !item.reason.empty();
         if (isDamaged) {
             damage = kStatusFindings;
@@ -60,12 +24,25 @@ Status DryRun(RepairedFiles& files, Reporter& reporter) {
 
 Status RepairFiles(const RepairFilesOptions& options, const CodeLists& lists, RepairReport& report,
                    Reporter& reporter) {
-    RepairedFiles files(options, lists, report, reporter);
-    const ItemSource source = [&](const auto& take) { return files.Read(take); };
+    RecordRepairer repairer(lists, options.repair);
+    RepairTotals totals;
+    const auto putRight = [&](Item& item) {
+        const auto& repairs = repairer.PutRight(item.record);
+        totals.Count(repairs);
+        report.TakeRecord(item, repairs);
+    };
+    const ItemSource repaired = [&](const auto& take) {
+        return ReadFiles(options.input, reporter, [&](Item& item) {
+            if (item.kind == kItemRecord) putRight(item);
+            return take(item);
+        });
+    };
     const Status done = options.isDryRun
-                            ? DryRun(files, reporter)
-                            : WriteItems(source, options.input.charset, options.output, reporter);
-    return std::max(done, files.Finish());
+                            ? DryRun(repaired, reporter)
+                            : WriteItems(repaired, options.input.charset, options.output, reporter);
+    report.Finish(totals, options.isDryRun);
+    const bool hasFindings = totals.left > 0 || (options.isDryRun && totals.repaired > 0);
+    return std::max(done, hasFindings ? kStatusFindings : kStatusWell);
 }
 
 }  // namespace quillory

@@ -1,33 +1,33 @@
 #pragma once
 
 #include <quillory/exchange/Record.h>
-#include <quillory/repair/RecordRepair.h>
+#include <quillory/repair/Repair.h>
 
 #include <cstdint>
 #include <vector>
 
 namespace quillory {
 
-// What a whole run repaired.
+// What a job repaired in all its records.
 struct RepairTotals {
     std::uint64_t records = 0;
     std::uint64_t recordsRepaired = 0;
     std::uint64_t repaired = 0;  // values and lengths
-    std::uint64_t kept = 0;
-    std::uint64_t left = 0;
+    std::uint64_t kept = 0;      // values
+    std::uint64_t left = 0;      // fields and records
 
-    // Counts a record with what became of it.
+    // Counts one more record, with all that became of it.
     void Count(const std::vector<Repair>& repairs);
 };
 
-// Writes what a repair does, as it does it.
+// Is given what a repair does, record by record.
 class RepairReport {
 public:
     virtual ~RepairReport() = default;
 
-    // A record as it is after the repair.
+    // Comes for every record; the item's record is as it is after the repair.
     virtual void TakeRecord(const Item& item, const std::vector<Repair>& repairs) = 0;
-    // The end of the report. In a dry run nothing was written.
+    // Comes once, after the last record. A dry run wrote no records.
     virtual void Finish(const RepairTotals& totals, bool isDryRun) = 0;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/exchange/Record.h>
+#include <quillory/repair/Repair.h>
 #include <zorby/elements/CFType.h>
 
 #include <cstddef>
@@ -11,49 +12,55 @@
 
 namespace quillory {
 
-// A coded control field under repair.
+// A coded control field under repair. Its bytes go from `given` to `fitted` to `bytes`.
 struct CodedField {
-    std::size_t index = 0;       // in the record; kLeader for the Leader
-    std::size_t occurrence = 1;  // of its tag
-    zorby::CFType form = {};     // CFLdr, CF008Standard, or a form of 006 or 007
-    std::string_view given;      // as the record has it
-    std::string before;          // the same at the length of the format
-    std::string last;            // before the pass of the repair that is under way
-    std::string after;
+    std::size_t index = 0;    // among the fields of the record; kLeader for the Leader
+    Place place;              // the field with its occurrence, or the Leader
+    zorby::CFType form = {};  // CFLdr, CF008Standard, or a form of 006 or 007
+    std::string_view given;   // as the record has them
+    std::string fitted;       // the same at the length of the format
+    std::string beforePass;   // before the pass of the repair that is under way
+    std::string bytes;        // as the repair has them so far
 
     static constexpr std::size_t kLeader = static_cast<std::size_t>(-1);
-    std::string_view Tag() const;
-    bool IsChanged() const { return after != given; }
+    bool IsChanged() const { return bytes != given; }
 };
 
-// The Leader, 006, 007 and 008 of a record. One object serves record after record.
+// The Leader, 006, 007 and 008 of a record. One object serves record after record and keeps its
+// buffers.
 class CodedFields {
 public:
-    // Takes the fields of which the form is known. Others, and a second 008, are named as left.
+    // Takes the Leader, and each 006, 007 and 008 that can be read. A 006 or 007 of an unknown
+    // first byte, and a second 008, are left.
     void Collect(const Record& record);
 
-    struct Left {
-        CodedField field;
-        std::string reason;
-    };
     std::span<CodedField> Fields() { return {fields_.data(), count_}; }
-    const std::vector<Left>& LeftOnes() const { return left_; }
     CodedField& Leader() { return fields_.front(); }
     // Null if there is none.
     CodedField* Field008();
-    void Leave008(std::string reason);
 
-    // Puts what changed into the record. Its own bytes stay around that, if no length changed.
+    // The 008 is none of the fields any more, but left for this reason.
+    void Leave008(FaultCode reason);
+    // One repair of kind Left for each field that was left.
+    const std::vector<Repair>& LeftOnes() const { return left_; }
+
+    // Puts the bytes of all fields into the record. If no field has another length, and the record
+    // has bytes of its own, it gets a copy of these with the changes in it. Otherwise it has no
+    // bytes, only a leader and fields, and has to be put together when it is written. The record's
+    // views into these fields hold until the next Collect.
     void PutInto(Record& record);
 
 private:
-    void Add(std::size_t index, std::size_t occurrence, zorby::CFType form, std::string_view given);
-    bool PutInPlace(Record& record);
+    void Add(std::size_t index, const Place& place, zorby::CFType form, std::string_view given);
+    void Leave(const CodedField& field, FaultCode reason);
+    bool FitInto(const Record& record);
+    void PutIntoBytes(Record& record);
+    void PutIntoFields(Record& record);
 
-    std::vector<CodedField> fields_;  // those behind the count only keep their buffers
+    std::vector<CodedField> fields_;  // the first `count_` of them count
     std::size_t count_ = 0;
-    std::vector<Left> left_;
-    std::string bytes_;
+    std::vector<Repair> left_;
+    std::string recordBytes_;
 };
 
 }  // namespace quillory

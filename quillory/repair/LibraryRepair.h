@@ -1,46 +1,40 @@
 #pragma once
 
 #include <quillory/repair/CodedFields.h>
+#include <quillory/repair/MaterialFields.h>
 #include <zorby/controlfields/MainMaterial.h>
 #include <zorby/elements/MaterialType.h>
 
 #include <string>
-#include <vector>
 
 namespace quillory {
 
-// Has the library repair the fields of a record, each in its `after`, which has the length of its
-// format, and any bytes. The Leader must be that of a bibliographic record, and the standard
-// workforms in force. The Leader and the 008 make the main material with the first 007 that goes
-// with them. Each further 006 is an additional material with the first 007 left that goes with it;
-// so is each 007 left after that. The 007 of a microform is repaired as that of a book in this
-// microform. Keeps its buffers from record to record.
+// One pass of the library's own repair over the fields of a record: each element that the library
+// does not allow gets the default that the standard workform of the material has. Fields have the
+// lengths of their formats, and any bytes. The Leader must be that of a bibliographic record, and
+// the standard workforms must be in force. Keeps its buffers from record to record.
 class LibraryRepair {
 public:
+    // Changes the `bytes` of the fields, and not their lengths.
     void Run(CodedFields& fields);
 
 private:
+    // Bytes of fields; one that a record lacks is empty, and stays so.
     struct MainFields {
         std::string& leader;
-        std::string& field008;  // empty if there is none
+        std::string& field008;
         std::string& field007;
     };
-    // A further 006, a 007, or both.
-    struct Additional {
-        CodedField* field006 = nullptr;
-        CodedField* field007 = nullptr;
 
-        bool GoesWith(zorby::CFType category) const;
-    };
-
-    void AddFurther(CodedField& field007);
-    void RepairMap(zorby::MaterialType material, const MainFields& fields);
-    void RepairMain(zorby::MaterialType material, zorby::CFType form, const MainFields& fields);
     void RepairMicroform(std::string& field007);
-    void Repair(const Additional& additional);
+    void RepairMain();
+    void RepairMap(zorby::MaterialType material, const MainFields& fields);
+    void Repair(zorby::MaterialType material, zorby::CFType form, const MainFields& fields);
+    void Repair(const AdditionalFields& fields);
+    std::string& BytesOf(CodedField* field);
 
+    MaterialFields materials_;
     zorby::CCFMainMaterial main_;
-    std::vector<Additional> additional_;
     std::string leader_, field006_, field007_, field008_, none_;
 };
 

@@ -1,4 +1,4 @@
-#include <quillory/repair/CodedValue.h>
+#include <quillory/coded/FreeValues.h>
 #include <quillory/reports/CodedDocument.h>
 #include <quillory/reports/RepairMessages.h>
 #include <quillory/text/JsonWriter.h>
@@ -40,13 +40,26 @@ std::string NameOf(const Repair& repair) {
     return repair.element == nullptr ? "" : repair.element->name;
 }
 
-std::string PlaceShown(const Repair& repair) {
-    std::string place = repair.Place();
-    if (repair.occurrence > 1) {
-        place = std::string(repair.field) + " number " + std::to_string(repair.occurrence) +
-                place.substr(repair.field.size());
-    }
-    return repair.element == nullptr ? place : place + " " + NameOf(repair);
+// The place whatever its occurrence.
+std::string GeneralPlace(const Repair& repair) {
+    Place place = repair.place;
+    place.occurrence = 0;
+    return PlaceText(place);
+}
+
+// Messages of one kind are counted together.
+std::string KindOf(const Repair& repair) {
+    if (repair.element != nullptr) return GeneralPlace(repair) + " " + NameOf(repair);
+    return repair.place.IsRecord() ? "records that can't be repaired"
+                                   : GeneralPlace(repair) + " as a whole";
+}
+
+// Why a length changed, with the bytes that were cut, or why something was left; else empty.
+std::string ReasonOf(const Repair& repair) {
+    const std::string reason = FaultReason(FaultOf(repair));
+    if (repair.fault != FaultCode::kFieldCut) return reason;
+    const std::string cut = repair.before.substr(repair.after.size());
+    return reason + ": " + (IsAll(cut, ' ') ? "blanks" : cut);
 }
 
 }  // namespace
@@ -56,47 +69,60 @@ RepairMessages::RepairMessages(const std::string& path, const CodeLists& lists, 
     if (!path.empty()) file_ = std::make_unique<Output>(path);
 }
 
-const std::string& RepairMessages::KindOf(const Repair& repair) {
-    std::string& kind = kinds_[{repair.element, repair.field}];
-    if (!kind.empty()) return kind;
-    if (repair.element != nullptr) {
-        kind = repair.Place() + " " + NameOf(repair);
-    } else {
-        kind = repair.field.empty() ? "records that can't be repaired"
-                                    : std::string(repair.field) + " as a whole";
+void RepairMessages::TakeRecord(const Item& item, const std::vector<Repair>& repairs) {
+    for (const Repair& repair : repairs) {
+        Say(item, repair);
+        if (file_) Write(item, repair);
     }
-    return kind;
 }
 
-std::string RepairMessages::TextOf(const Repair& repair, const std::string& value) const {
-    return repair.element == nullptr ? "" : ValueText(lists_, *repair.element, value);
-}
-
-// "lun (Lunda)".
-std::string RepairMessages::ValueShown(const Repair& repair, const std::string& value) const {
-    const std::string text = TextOf(repair, value);
-    return Printable(CodeText(value)) + (text.empty() ? "" : " (" + text + ")");
-}
-
-std::string RepairMessages::MessageOf(const Repair& repair) const {
-    const std::string place = PlaceShown(repair);
-    switch (repair.kind) {
-        case RepairKind::Replaced:
-            return place + ": " + ValueShown(repair, repair.before) + " -> " +
-                   ValueShown(repair, repair.after);
-        case RepairKind::Kept:
-            return place + ": " + ValueShown(repair, repair.before) + " kept; the library has " +
-                   ValueShown(repair, repair.after);
-        case RepairKind::Length:
-            return place + ": " + Printable(repair.reason);
-        default:
-            return place + (place.empty() ? "" : ": ") + repair.reason + "; left as it was";
-    }
+void RepairMessages::Finish(const RepairTotals& totals, bool isDryRun) {
+    if (file_) file_->Finish();
+    if (!reporter_.Quiet()) SayTotals(totals, isDryRun);
 }
 
 void RepairMessages::Say(const Item& item, const Repair& repair) {
     if (repair.kind == RepairKind::Kept && !reporter_.SaysAll()) return;
     reporter_.Say(item, KindOf(repair), [&] { return MessageOf(repair); });
+}
+
+std::string RepairMessages::MessageOf(const Repair& repair) const {
+    std::string place = PlaceText(repair.place);
+    if (repair.element != nullptr) place += " " + NameOf(repair);
+    if (!place.empty()) place += ": ";
+    switch (repair.kind) {
+        case RepairKind::Replaced:
+            return place + ValueShown(repair, repair.before) + " -> " +
+                   ValueShown(repair, repair.after);
+        case RepairKind::Kept:
+            return place + ValueShown(repair, repair.before) + " kept; the library has " +
+                   ValueShown(repair, repair.after);
+        case RepairKind::Length:
+            return place + Printable(ReasonOf(repair));
+        default:
+            return place + ReasonOf(repair) + "; left as it was";
+    }
+}
+
+// "lun (Lunda)".
+std::string RepairMessages::ValueShown(const Repair& repair, std::string_view value) const {
+    const std::string meaning = MeaningOf(repair, value);
+    return Printable(CodeText(value)) + (meaning.empty() ? "" : " (" + meaning + ")");
+}
+
+// What a value of an element says, in UTF-8; several codes with "; " between them. Empty if nothing
+// is known.
+std::string RepairMessages::MeaningOf(const Repair& repair, std::string_view value) const {
+    const Element* element = repair.element;
+    if (element == nullptr || element->IsUndefined()) return "";
+    if (const auto free = ReadFreeValue(element->parts.front(), value)) return free->text;
+    std::string meaning;
+    for (const CodeMeaning& code : lists_.CodesIn(*element, value)) {
+        if (code.text.empty()) continue;
+        if (!meaning.empty()) meaning += "; ";
+        meaning += code.text;
+    }
+    return meaning;
 }
 
 void RepairMessages::Write(const Item& item, const Repair& repair) {
@@ -109,31 +135,19 @@ void RepairMessages::Write(const Item& item, const Repair& repair) {
     json.Member("offset", item.offset);
     json.Member("control_number", Utf8OfBytes(item.record.ControlNumber()));
     json.Member("outcome", OutcomeOf(repair));
-    json.Member("place", repair.Place());
-    json.Member("occurrence", repair.occurrence);
+    json.Member("place", GeneralPlace(repair));
+    json.Member("occurrence", std::max(repair.place.occurrence, 1U));
     json.Member("name", NameOf(repair));
     json.Member("old", Utf8OfBytes(repair.before));
-    json.Member("old_text", TextOf(repair, repair.before));
+    json.Member("old_text", MeaningOf(repair, repair.before));
     json.Member("new", Utf8OfBytes(repair.after));
-    json.Member("new_text", TextOf(repair, repair.after));
-    json.Member("reason", Utf8OfBytes(repair.reason));
+    json.Member("new_text", MeaningOf(repair, repair.after));
+    json.Member("reason", Utf8OfBytes(ReasonOf(repair)));
     json.EndObject();
     file_->Write(line + "\n");
 }
 
-void RepairMessages::TakeRecord(const Item& item, const std::vector<Repair>& repairs) {
-    for (const Repair& repair : repairs) {
-        Say(item, repair);
-        if (file_) Write(item, repair);
-    }
-}
-
-void RepairMessages::Finish(const RepairTotals& totals, bool isDryRun) {
-    if (file_) file_->Finish();
-    if (!reporter_.Quiet()) Summarize(totals, isDryRun);
-}
-
-void RepairMessages::Summarize(const RepairTotals& totals, bool isDryRun) const {
+void RepairMessages::SayTotals(const RepairTotals& totals, bool isDryRun) const {
     std::string text = Counted(totals.repaired, "repair") + (isDryRun ? " to be made" : " made") +
                        " in " + std::to_string(totals.recordsRepaired) + " of " +
                        Counted(totals.records, "record");

@@ -1,11 +1,16 @@
+#include <quillory/coded/Elements.h>
 #include <quillory/coded/Material.h>
-#include <quillory/repair/RepairMaterial.h>
+#include <quillory/repair/MaterialCodes.h>
 
 namespace quillory {
 namespace {
 
 using namespace zorby;
 
+constexpr std::size_t kTypeOfRecord = 6;
+constexpr std::size_t kSectionSize = 18;
+
+// Positions in 006 and 007.
 constexpr std::size_t kFormOfItem = 6;
 constexpr std::size_t kTypeOfMap = 8;
 constexpr std::size_t kTypeOfFile = 9;
@@ -119,26 +124,30 @@ MaterialType MusicSoundMaterial(char typeOfRecord, std::string_view field007) {
 
 }  // namespace
 
-RecordFormat FormatOfLeader(std::string_view leader) {
-    if (MaterialOfLeader(leader) != CF006None) return RecordFormat::Bibliographic;
-    return IsBibliographic(leader) ? RecordFormat::Unknown : RecordFormat::Other;
+MaterialCodes MaterialCodes::OfRecord(std::string_view leader, std::string_view field008) {
+    const bool hasSection = field008.size() > kMaterialOffset008;
+    return {MaterialOfLeader(leader), ByteOf(leader, kTypeOfRecord),
+            hasSection ? field008.substr(kMaterialOffset008, kSectionSize) : ""};
 }
 
-MaterialType MaterialOf(CFType form006, char typeOfRecord, std::string_view section,
-                        std::string_view field007) {
-    switch (form006) {
+MaterialCodes MaterialCodes::Of006(CFType form, std::string_view field006) {
+    return {form, ByteOf(field006, 0), field006};
+}
+
+MaterialType MaterialOf(const MaterialCodes& codes, std::string_view field007) {
+    switch (codes.form) {
         case CF006ComputerFile:
-            return ComputerFileMaterial(section, field007);
+            return ComputerFileMaterial(codes.section, field007);
         case CF006Map:
-            return MapMaterial(section, field007);
+            return MapMaterial(codes.section, field007);
         case CF006Mixed:
             return MTMixed;
         case CF006MusicSound:
-            return MusicSoundMaterial(typeOfRecord, field007);
+            return MusicSoundMaterial(codes.typeOfRecord, field007);
         case CF006Continuing:
             return MTSerial;
         case CF006Visual:
-            return VisualMaterial(typeOfRecord, section, field007);
+            return VisualMaterial(codes.typeOfRecord, codes.section, field007);
         default:
             return BookMaterial(CategoryOf007(field007));
     }
@@ -175,22 +184,25 @@ MaterialType MaterialOf007(std::string_view field007) {
     }
 }
 
-bool Belongs007To(CFType form006, char typeOfRecord, std::string_view section, CFType category) {
+bool Belongs007To(const MaterialCodes& codes, CFType category) {
     constexpr std::string_view kElectronicForms = "oqs";
-    switch (form006) {
+    switch (codes.form) {
         case CF006ComputerFile:
             return category == CF007Electronic;
         case CF006Map:
             return category == CF007Map || category == CF007Globe || category == CF007RemoteSensing;
         case CF006MusicSound:
-            return category == CF007Sound && (typeOfRecord == 'i' || typeOfRecord == 'j');
+            return category == CF007Sound &&
+                   (codes.typeOfRecord == 'i' || codes.typeOfRecord == 'j');
         case CF006Visual:
-            if (typeOfRecord == 'k') return category == CF007Nonprojected;
-            return typeOfRecord == 'g' && (category == CF007Projected || category == CF007Video ||
-                                           category == CF007MotionPicture);
+            if (codes.typeOfRecord == 'k') return category == CF007Nonprojected;
+            return codes.typeOfRecord == 'g' &&
+                   (category == CF007Projected || category == CF007Video ||
+                    category == CF007MotionPicture);
         case CF006Books:
             return category == CF007Electronic &&
-                   kElectronicForms.find(ByteOf(section, kFormOfItem)) != kElectronicForms.npos;
+                   kElectronicForms.find(ByteOf(codes.section, kFormOfItem)) !=
+                       kElectronicForms.npos;
         default:
             return false;
     }

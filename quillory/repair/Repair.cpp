@@ -1,0 +1,17 @@
+#include <quillory/repair/Repair.h>
+
+namespace quillory {
+namespace {
+
+std::string Bytes(std::size_t count) {
+    return std::to_string(count) + (count == 1 ? " byte" : " bytes");
+}
+
+}  // namespace
+
+Fault FaultOf(const Repair& repair) {
+    return {repair.fault, repair.place, Bytes(repair.before.size()),
+            std::to_string(repair.after.size())};
+}
+
+}  // namespace quillory
