@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/WriteRecords.h>
 

@@ -1,5 +1,6 @@
 #include <quillory/coded/Elements.h>
 #include <quillory/coded/Material.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/repair/CodedFields.h>
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/RecordCharset.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/repair/FieldElements.h>
 #include <quillory/repair/FieldLength.h>
 #include <quillory/repair/RecordRepairer.h>

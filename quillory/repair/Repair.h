@@ -24,7 +24,7 @@ struct Repair {
     std::string before = {};           // the bytes as they were
     std::string after =
         {};  // the bytes as they are; of a value kept, those that the library would put
-    FaultCode fault = FaultCode::kNone;  // why a length changed, or why something was left
+    FaultCode fault = {};  // why a length changed, or why something was left
 };
 
 // What was wrong, in words. Only for a changed length and for what was left.

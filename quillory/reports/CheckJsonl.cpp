@@ -17,13 +17,14 @@ std::optional<std::string_view> Given(std::string_view text) {
 }  // namespace
 
 void ToJson(const Finding& finding, JsonWriter& json) {
-    const std::string_view subfield(&finding.subfield, finding.subfield == '\0' ? 0 : 1);
+    const std::string_view subfield(&finding.place.code, finding.place.code == '\0' ? 0 : 1);
     json.BeginObject();
     json.Member("code", static_cast<int>(finding.code));
     json.Member("severity", finding.IsError() ? "error" : "warning");
-    json.Member("tag", Given(finding.Tag()));
-    json.Member("occurrence",
-                finding.occurrence == 0 ? std::nullopt : std::optional(finding.occurrence));
+    json.Member("tag", Given(finding.place.Tag()));
+    json.Member("occurrence", finding.place.occurrence == 0
+                                  ? std::nullopt
+                                  : std::optional(finding.place.occurrence));
     json.Member("subfield", Given(subfield));
     json.Member("short", ShortText(finding));
     json.Member("message", LongText(finding));

@@ -35,11 +35,11 @@ std::string RecordCells(const Item& item, const RecordSummary& summary, const st
 std::string FindingCells(const Finding& finding) {
     return Cell(ClassOf(finding), finding.IsError() ? "Error" : "Warning") +
            Cell("finding", HtmlText(ShortText(finding))) +
-           Cell("field", HtmlText(PlaceText(finding)));
+           Cell("field", HtmlText(PlaceText(finding.place)));
 }
 
 std::string FindingItem(const Finding& finding) {
-    const std::string place = PlaceText(finding);
+    const std::string place = PlaceText(finding.place);
     return "<li class=\"" + std::string(ClassOf(finding)) + "\">" +
            HtmlText(LongText(finding) + (place.empty() ? "" : " [" + place + "]")) + "</li>\n";
 }
@@ -72,7 +72,7 @@ CheckRecordHtml CheckRecordPrinter::Print(const CheckedRecord& record, const std
 std::string CheckRecordPrinter::Fields(const CheckedRecord& record) {
     std::set<std::pair<std::string_view, std::uint32_t>> marked;
     for (const Finding& finding : record.findings) {
-        marked.emplace(finding.Tag(), finding.occurrence);
+        marked.emplace(finding.place.Tag(), finding.place.occurrence);
     }
     Record shown = record.item.record;
     Losses unused;

@@ -1,4 +1,5 @@
 #include <quillory/coded/FreeValues.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/reports/CodedDocument.h>
 #include <quillory/reports/RepairMessages.h>
 #include <quillory/text/JsonWriter.h>

@@ -45,7 +45,11 @@ void CRecordError::Create(E_ERROR_CODE code, E_ERROR_CODE_SUB_TYPE subType, std:
 }
 
 void CRecordError::GetEnglishMessage(std::string& text, int isLong) const {
-    const std::string message = Message(isLong);
+    GetEnglishMessage(text, isLong, Printed("%03d", number_));
+}
+
+void CRecordError::GetEnglishMessage(std::string& text, int isLong, std::string_view tag) const {
+    const std::string message = Message(isLong, std::string(tag));
     if (!message.empty()) text.append(SubTypeText(isLong)).append(message);
 }
 
@@ -60,36 +64,36 @@ const char* CRecordError::SubTypeText(int isLong) const {
     }
 }
 
-std::string CRecordError::Message(int isLong) const {
+std::string CRecordError::Message(int isLong, const std::string& tag) const {
     switch (code_) {
         case EC_SubfieldTooLong:
-            return SubfieldTooLongText(isLong);
+            return SubfieldTooLongText(isLong, tag);
         case EC_FieldTooLong:
-            return FieldTooLongText(isLong);
+            return FieldTooLongText(isLong, tag);
         case EC_RecordTooLong:
             return RecordTooLongText(isLong);
         case EC_NotMARC:
         case EC_NotRepeatable:
-            return DictionaryText(isLong);
+            return DictionaryText(isLong, tag);
         default:
             return FixedText(code_, isLong);
     }
 }
 
-std::string CRecordError::SubfieldTooLongText(int isLong) const {
-    if (isLong == 0) return Printed("field %03d $%c is too long", number_, subfield_);
+std::string CRecordError::SubfieldTooLongText(int isLong, const std::string& tag) const {
+    if (isLong == 0) return Printed("field %s $%c is too long", tag.c_str(), subfield_);
     return Printed(
-        "Field %03d  subfield $%c is too long.  Subfields can only be %d characters long.  You "
+        "Field %s  subfield $%c is too long.  Subfields can only be %d characters long.  You "
         "must remove some text from the subfield before the record can be exported.\r\n",
-        number_, subfield_, kLongestExportedSubfield);
+        tag.c_str(), subfield_, kLongestExportedSubfield);
 }
 
-std::string CRecordError::FieldTooLongText(int isLong) const {
-    if (isLong == 0) return Printed("%03d is too long", number_);
+std::string CRecordError::FieldTooLongText(int isLong, const std::string& tag) {
+    if (isLong == 0) return tag + " is too long";
     return Printed(
-        "Field %03d is too long.  Fields can only be %d characters long.  You must remove some "
+        "Field %s is too long.  Fields can only be %d characters long.  You must remove some "
         "text from the field before the record can be exported.\r\n",
-        number_, kLongestExportedField);
+        tag.c_str(), kLongestExportedField);
 }
 
 std::string CRecordError::RecordTooLongText(int isLong) const {
@@ -100,15 +104,14 @@ std::string CRecordError::RecordTooLongText(int isLong) const {
         number_);
 }
 
-std::string CRecordError::DictionaryText(int isLong) const {
+std::string CRecordError::DictionaryText(int isLong, const std::string& tag) const {
     const bool isNotMARC = code_ == EC_NotMARC;
     if (GetZorbyProfileInt(isNotMARC ? ZP_RC_NonMARCFieldsOrSubfields
                                      : ZP_RC_TooManyNonRepeatables) == kIgnore) {
         return {};
     }
     const std::string kind = subfield_ != '\0' ? "subfield" : "field";
-    std::string text =
-        subfield_ != '\0' ? Printed("%03d $%c", number_, subfield_) : Printed("%03d", number_);
+    std::string text = subfield_ != '\0' ? tag + " $" + subfield_ : tag;
     if (isLong != 0) text = (subfield_ != '\0' ? "Subfield " : "Field ") + text;
     text += (isNotMARC ? " is not a MARC " : " is not a repeatable MARC ") + kind;
     if (isLong == 0) return text;

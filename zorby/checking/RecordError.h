@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace zorby {
 
@@ -43,14 +44,17 @@ public:
     // few words. For EC_NotMARC and EC_NotRepeatable nothing is appended if the profile ignores
     // them.
     void GetEnglishMessage(std::string& text, int isLong) const;
+    // The same for a field whose tag may be any text, such as one with letters, in place of the
+    // number. The number remains the limit of EC_RecordTooLong.
+    void GetEnglishMessage(std::string& text, int isLong, std::string_view tag) const;
 
 private:
     const char* SubTypeText(int isLong) const;
-    std::string Message(int isLong) const;
-    std::string SubfieldTooLongText(int isLong) const;
-    std::string FieldTooLongText(int isLong) const;
+    std::string Message(int isLong, const std::string& tag) const;
+    std::string SubfieldTooLongText(int isLong, const std::string& tag) const;
+    static std::string FieldTooLongText(int isLong, const std::string& tag);
     std::string RecordTooLongText(int isLong) const;
-    std::string DictionaryText(int isLong) const;
+    std::string DictionaryText(int isLong, const std::string& tag) const;
 
     E_ERROR_CODE code_ = static_cast<E_ERROR_CODE>(0);
     E_ERROR_CODE_SUB_TYPE subType_ = EST_Error;

@@ -98,7 +98,8 @@ protected:
         for (const Finding& finding : findings) {
             if (!text.empty()) text += "; ";
             text += std::to_string(finding.code);
-            if (const std::string place = PlaceText(finding); !place.empty()) text += " " + place;
+            if (const std::string place = PlaceText(finding.place); !place.empty())
+                text += " " + place;
         }
         return text;
     }
@@ -127,13 +128,13 @@ TEST_F(CheckerTest, TitleAndMainEntries) {
         {"245", {}, "110 245 $a"},
         {"245", {"24500$a  $bRest"}, "110 245 $a"},
         {"245", {"880  $6245-00$aTitle"}, "110 245 $a"},
-        {"", {"24500$aTwo"}, "111 245 occurrence 2 $a; 133 245 occurrence 2"},
+        {"", {"24500$aTwo"}, "111 245[2] $a; 133 245[2]"},
         {"245", {"24500$aOne$aTwo"}, "111 245 $a; 133 245 $a"},
         {"245", {"24500$aOne$a "}, "133 245 $a"},
         {"", {"110  $aX"}, "124 110"},
         {"100", {"110  $aX", "111  $aX", "130 0$aX"}, "125 111; 125 130"},
         {"100", {"111  $aX", "130 0$aX"}, "126 130"},
-        {"100", {"130 0$aX", "130 0$aX"}, "127 130 occurrence 2; 133 130 occurrence 2"},
+        {"100", {"130 0$aX", "130 0$aX"}, "127 130[2]; 133 130[2]"},
         {"100", {"130 0$aX", "240 0$aX", "700 0$aX"}, ""},
     };
     for (const Case& c : kCases) EXPECT_EQ(FoundIn(c.without, c.with), c.found) << c.found;
@@ -209,10 +210,9 @@ TEST_F(CheckerTest, Lengths) {
     const std::string longest(9950, 'x');
     const std::string rest(9946, 'x');
     EXPECT_EQ(FoundIn("", {"500  $a" + rest}), "");
-    EXPECT_EQ(FoundIn("", {"500  $a" + rest + "x"}), "129 500 occurrence 2");
-    EXPECT_EQ(FoundIn("", {"500  $a" + longest}), "129 500 occurrence 2");
-    EXPECT_EQ(FoundIn("", {"500  $3x$a" + longest + "x"}),
-              "129 500 occurrence 2; 128 500 occurrence 2 $a");
+    EXPECT_EQ(FoundIn("", {"500  $a" + rest + "x"}), "129 500[2]");
+    EXPECT_EQ(FoundIn("", {"500  $a" + longest}), "129 500[2]");
+    EXPECT_EQ(FoundIn("", {"500  $3x$a" + longest + "x"}), "129 500[2]; 128 500[2] $a");
     EXPECT_EQ(FoundIn("008", {"008" + k008 + longest}), "129 008");
 
     Lines many(9, "500  $a" + rest);
@@ -270,17 +270,15 @@ TEST_F(CheckerTest, UpperCaseTitle) {
 
 TEST_F(CheckerTest, Dictionary) {
     const Case kCases[] = {
-        {"", {"650 0$aX$xX$xX$vX", "008" + k008}, "133 008 occurrence 2"},
-        {"", {"650 0$aX$aX$aX"}, "133 650 occurrence 2 $a"},
-        {"", {"650 0$aX$qX$qX", "650 0$aX$q"}, "132 650 occurrence 2 $q; 132 650 occurrence 3 $q"},
+        {"", {"650 0$aX$xX$xX$vX", "008" + k008}, "133 008[2]"},
+        {"", {"650 0$aX$aX$aX"}, "133 650[2] $a"},
+        {"", {"650 0$aX$qX$qX", "650 0$aX$q"}, "132 650[2] $q; 132 650[3] $q"},
         {"", {"251  $aX", "259  $aX", "231  $aX"}, "132 231"},
         {"", {"590  $aX$?X", "999  $XX", "LKR  $aX", "650 0$aX$9X$9X"}, ""},
         {"", {"0095", "009X", "490  $aX$=X$!X$QX"}, "132 490 $Q"},
-        {"",
-         {"LKR  $aX", "+55  $aX", "-55  $aX", "+55  $aX"},
-         "132 +55; 132 -55; 132 +55 occurrence 2"},
-        {"", {"500  $6880-01$8X$8X$aX$6X"}, "133 500 occurrence 2 $6"},
-        {"", {"440 0$aX$vX", "245"}, "133 245 occurrence 2"},
+        {"", {"LKR  $aX", "+55  $aX", "-55  $aX", "+55  $aX"}, "132 +55; 132 -55; 132 +55[2]"},
+        {"", {"500  $6880-01$8X$8X$aX$6X"}, "133 500[2] $6"},
+        {"", {"440 0$aX$vX", "245"}, "133 245[2]"},
         {"", {"880  $6245-01$aX$bX$bX"}, "133 880 $b"},
         {"", {"880  $6245-01$aX$xX"}, "132 880 $x"},
         {"", {"880  $6650-01$aX$xX$xX", "880  $6222-01$aX"}, ""},
@@ -297,13 +295,13 @@ TEST_F(CheckerTest, UserDefinedFields) {
     const CheckerOptions byList{kCharsetAuto, false};
     EXPECT_EQ(FoundIn("", {"590  $aX$aX$5X$6880-01", "650 0$aX$9X"}, byList), "");
     EXPECT_EQ(FoundIn("", {"590  $bX", "591  $aX", "500  $aX$9X", "LKR  $aX"}, byList),
-              "132 590 $b; 132 591; 132 500 occurrence 2 $9; 132 LKR");
+              "132 590 $b; 132 591; 132 500[2] $9; 132 LKR");
 }
 
 TEST_F(CheckerTest, OtherFormatsHaveTheirOwnRules) {
     EXPECT_EQ(FoundIn("245 260 300", {"LDR00000nz  a2200000 a 4500", "150  $aX"}), "");
     EXPECT_EQ(FoundIn("245", {"LDR00000ny  a2200000 a 4500", "500" + std::string(9951, 'x')}),
-              "129 500 occurrence 2");
+              "129 500[2]");
 }
 
 TEST_F(CheckerTest, PolicyDecides) {

@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/reports/RepairMessages.h>
 
 #include <gtest/gtest.h>

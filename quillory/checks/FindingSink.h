@@ -1,0 +1,27 @@
+#pragma once
+
+#include <quillory/checks/Finding.h>
+#include <quillory/checks/Policy.h>
+
+#include <vector>
+
+namespace quillory {
+
+// Takes the findings on one record that the policy in force wants.
+class FindingSink {
+public:
+    // Keeps the references.
+    FindingSink(const Policy& policy, std::vector<Finding>& findings)
+        : policy_(policy), findings_(findings) {}
+
+    bool Wants(zorby::E_ERROR_CODE code) const { return policy_.Wants(code); }
+    void Add(zorby::E_ERROR_CODE code, const Place& place) {
+        if (Wants(code)) findings_.push_back({code, policy_.SeverityOf(code), place});
+    }
+
+private:
+    const Policy& policy_;
+    std::vector<Finding>& findings_;
+};
+
+}  // namespace quillory

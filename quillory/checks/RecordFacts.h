@@ -1,0 +1,38 @@
+#pragma once
+
+#include <quillory/checks/FieldRules.h>
+#include <zorby/record/CommFormat.h>
+
+#include <cstdint>
+#include <string_view>
+
+namespace quillory {
+
+// Which of $a, $b and $c a field has, with text.
+struct FirstSubfields {
+    bool a = false;
+    bool b = false;
+    bool c = false;
+};
+
+// What a bibliographic record has shown, as far as its fields have been looked at.
+struct RecordFacts {
+    std::string_view leader;
+    std::string_view field008;          // the first; empty if there is none
+    std::string_view title;             // the first 245 whose $a has text
+    std::uint32_t titleOccurrence = 0;  // of that 245
+    unsigned mainEntry = 0;             // tag of the first main entry
+    FirstSubfields publication;         // of all 260 and 264
+    FirstSubfields extent;              // of all 300
+    bool hasNote = false;
+    bool hasSubject = false;
+    bool hasHoldings = false;
+
+    // Takes in a field whose tag is a number. `occurrence` counts the fields of its tag, from 1.
+    void Take(const zorby::CommFormatField& field, const FieldRule& rule, std::uint32_t occurrence);
+};
+
+// Whether a text has more than white space.
+bool HasText(std::string_view text);
+
+}  // namespace quillory
