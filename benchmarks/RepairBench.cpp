@@ -1,6 +1,6 @@
 #include <quillory/exchange/MarcReader.h>
-#include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/MarcWriter.h>
+#include <quillory/exchange/Recoder.h>
 #include <quillory/repair/RecordRepairer.h>
 #include <zorby/workforms/TemplateList.h>
 

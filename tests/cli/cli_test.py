@@ -319,7 +319,7 @@ class Dictionary(Cli):
         for what in ("008/40", "007x/01", "part 999", "leader/x", "008a/"):
             status, _, err = run("describe", what)
             self.assertEqual(status, 2, what)
-            self.assertRegex(err, "positions 00-39|no form x|such as 16|is no place")
+            self.assertRegex(err, "positions are 00-39|no form x|such parts are 16|is not a place")
 
     def test_codes(self):
         lines = self.say("codes").splitlines()
