@@ -3,6 +3,9 @@
 #include <quillory/exchange/LineReader.h>
 #include <quillory/exchange/MarkupWriter.h>
 #include <quillory/exchange/RecordBuilder.h>
+#include <quillory/text/JsonWriter.h>
+
+#include <optional>
 
 namespace quillory {
 
@@ -54,8 +57,7 @@ protected:
     void EndRecord() override;
 
 private:
-    void AppendComma();
-    void AppendName(std::string_view name);
+    std::optional<JsonWriter> json_;  // of the record
 };
 
 }  // namespace quillory

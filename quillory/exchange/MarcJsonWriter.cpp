@@ -1,56 +1,47 @@
 #include <quillory/exchange/MarcJson.h>
-#include <quillory/text/MarkupText.h>
 
 namespace quillory {
 
-void MarcJsonWriter::AppendComma() {
-    if (!text_.ends_with('[')) text_ += ',';
-}
-
-void MarcJsonWriter::AppendName(std::string_view name) {
-    text_ += "{\"";
-    AppendJsonText(name, text_, *losses_);
-    text_ += "\":";
-}
-
 void MarcJsonWriter::BeginRecord(std::string_view leader) {
-    text_ += "{\"leader\":\"";
-    AppendJsonText(leader, text_, *losses_);
-    text_ += "\",\"fields\":[";
+    json_.emplace(text_, *losses_);
+    json_->BeginObject();
+    json_->Member("leader", leader);
+    json_->Name("fields");
+    json_->BeginArray();
 }
 
 void MarcJsonWriter::AddControlField(const zorby::CommFormatField& field) {
-    AppendComma();
-    AppendName(field.tag);
-    text_ += '"';
-    AppendJsonText(field.content, text_, *losses_);
-    text_ += "\"}";
+    json_->BeginObject();
+    json_->Member(field.tag, field.content);
+    json_->EndObject();
 }
 
 void MarcJsonWriter::BeginDataField(std::string_view tag, char first, char second) {
-    AppendComma();
-    AppendName(tag);
-    text_ += "{\"ind1\":\"";
-    AppendJsonText({&first, 1}, text_, *losses_);
-    text_ += "\",\"ind2\":\"";
-    AppendJsonText({&second, 1}, text_, *losses_);
-    text_ += "\",\"subfields\":[";
+    json_->BeginObject();
+    json_->Name(tag);
+    json_->BeginObject();
+    json_->Member("ind1", std::string_view(&first, 1));
+    json_->Member("ind2", std::string_view(&second, 1));
+    json_->Name("subfields");
+    json_->BeginArray();
 }
 
 void MarcJsonWriter::AddSubfield(const Subfield& subfield) {
-    AppendComma();
-    AppendName(subfield.code);
-    text_ += '"';
-    AppendJsonText(subfield.text, text_, *losses_);
-    text_ += "\"}";
+    json_->BeginObject();
+    json_->Member(subfield.code, subfield.text);
+    json_->EndObject();
 }
 
 void MarcJsonWriter::EndDataField() {
-    text_ += "]}}";
+    json_->EndArray();
+    json_->EndObject();
+    json_->EndObject();
 }
 
 void MarcJsonWriter::EndRecord() {
-    text_ += "]}\n";
+    json_->EndArray();
+    json_->EndObject();
+    text_ += '\n';
 }
 
 }  // namespace quillory

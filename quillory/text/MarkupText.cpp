@@ -65,11 +65,14 @@ void AppendXmlCharacter(char32_t codePoint, std::string_view bytes, std::string&
 }
 
 void AppendJsonCharacter(char32_t codePoint, std::string_view bytes, std::string& out, Losses&) {
+    constexpr std::string_view kSigns = "\"\\\b\f\n\r\t";
+    constexpr std::string_view kLetters = "\"\\bfnrt";
+    const std::size_t sign = kSigns.find(bytes.front());
     if (codePoint >= 0x80) {
         out += bytes;
-    } else if (codePoint == '"' || codePoint == '\\') {
+    } else if (sign != kSigns.npos) {
         out += '\\';
-        out += bytes;
+        out += kLetters[sign];
     } else {
         char escape[8];
         std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(codePoint));

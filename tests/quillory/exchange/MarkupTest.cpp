@@ -130,7 +130,7 @@ TEST(MarcJson, WritesAnObjectALine) {
     const Texts record{kLeader, "001a\"\\\037\n", "24510\037aT\u00e9\037cN."};
     EXPECT_EQ(Write(kJson, {record, {kLeader}}).bytes,
               "{\"leader\":\"00000nam a2200000 a 4500\",\"fields\":["
-              "{\"001\":\"a\\\"\\\\\\u001f\\u000a\"},"
+              "{\"001\":\"a\\\"\\\\\\u001f\\n\"},"
               "{\"245\":{\"ind1\":\"1\",\"ind2\":\"0\",\"subfields\":[{\"a\":\"T\u00e9\"},"
               "{\"c\":\"N.\"}]}}]}\n"
               "{\"leader\":\"00000nam a2200000 a 4500\",\"fields\":[]}\n");
