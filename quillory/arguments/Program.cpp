@@ -13,9 +13,7 @@ constexpr int kWell = 0;
 constexpr int kFailed = 2;
 
 int Print(std::string_view text) {
-    Output output("-");
-    output.Write(text);
-    output.Finish();
+    WriteOutput("-", text);
     return kWell;
 }
 

@@ -1,7 +1,7 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/Library.h>
-#include <quillory/reports/CodedDocument.h>
+#include <quillory/reports/CodeRows.h>
 
 namespace quillory {
 namespace {
@@ -12,28 +12,6 @@ struct CodesOptions {
     std::string output = "-";
 };
 
-constexpr const char* kColumns[] = {"field",       "form", "positions", "part",  "list",  "code",
-                                    "second_code", "text", "status",    "since", "until", "use"};
-
-std::string Cell(const Document& value) {
-    return value.is_string() ? value.get<std::string>() : value.dump();
-}
-
-std::string Tsv(const Document& rows) {
-    std::string text;
-    for (const char* column : kColumns) text += (text.empty() ? "" : "\t") + std::string(column);
-    text += "\n";
-    for (const Document& row : rows) {
-        std::string line;
-        for (const char* column : kColumns) {
-            if (column != kColumns[0]) line += "\t";
-            line += Cell(row.at(column));
-        }
-        text += line + "\n";
-    }
-    return text;
-}
-
 Status RunCodes(const CodesOptions& options) {
     std::vector<NamedElement> elements;
     for (const std::string& name : options.places) {
@@ -41,10 +19,8 @@ Status RunCodes(const CodesOptions& options) {
         if (!place.error.empty()) throw FileError(place.error);
         elements.insert(elements.end(), place.elements.begin(), place.elements.end());
     }
-    const Document rows = ListCodes(elements, LoadCodeLists());
-    Output output(options.output);
-    output.Write(options.isJson ? rows.dump(2) + "\n" : Tsv(rows));
-    output.Finish();
+    const CodeRows rows = ListCodes(elements, LoadCodeLists());
+    WriteOutput(options.output, options.isJson ? JsonText(rows) : ToText(rows));
     return rows.empty() ? kStatusFindings : kStatusWell;
 }
 

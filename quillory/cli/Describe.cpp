@@ -3,12 +3,12 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/reports/CodedDocument.h>
-#include <quillory/reports/CodedText.h>
-#include <quillory/reports/DictionaryText.h>
+#include <quillory/reports/DictionarySearch.h>
+#include <quillory/reports/FieldDocument.h>
+#include <quillory/reports/HoldingsTypeDocument.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,23 +33,24 @@ std::string Joined(const std::vector<std::string>& words) {
     return text;
 }
 
-using Printer = std::function<std::string(const Document&)>;
-
 zorby::EDISPLAYOPTIONS DisplayOf(const DescribeOptions& options) {
     return static_cast<zorby::EDISPLAYOPTIONS>(
         options.display ? *options.display
                         : zorby::GetZorbyProfileInt(zorby::ZP_DisplayNameOrMARC));
 }
 
-Status Print(const Document& document, const Printer& printer, const DescribeOptions& options) {
-    Output output("-");
-    output.Write(options.isJson ? document.dump(2) + "\n" : printer(document));
-    output.Finish();
-    return document.empty() ? kStatusFindings : kStatusWell;
+template <class Document>
+Status Print(const Document& document, const DescribeOptions& options) {
+    WriteOutput("-", options.isJson ? JsonText(document) : ToText(document));
+    return kStatusWell;
 }
 
-Status Unknown(const std::string& what) {
-    throw FileError("the dictionary does not know " + what);
+// `what` is named where the dictionary does not know it.
+template <class Document>
+Status Print(const std::optional<Document>& document, const std::string& what,
+             const DescribeOptions& options) {
+    if (!document) throw FileError("the dictionary does not know " + what);
+    return Print(*document, options);
 }
 
 // 245, 245a, 245$a or 245/2.
@@ -63,35 +64,37 @@ Status DescribePlace(const std::string& what, const DescribeOptions& options) {
     }
     const auto tag = static_cast<unsigned>(std::stoi(what.substr(0, 3)));
     const std::string rest = what.substr(what.size() > 4 && what[3] == '$' ? 4 : 3);
-    Document document;
     if (rest.empty()) {
-        document = DescribeField(tag, display, options.subfields);
-        return document.is_null() ? Unknown("field " + what) : Print(document, FieldText, options);
+        return Print(DescribeField(tag, display, options.subfields), "field " + what, options);
     }
     if (rest == "/1" || rest == "/2") {
-        document = DescribeIndicator(tag, rest[1] - '0', display);
-        return document.is_null() ? Unknown("indicator " + what)
-                                  : Print(document, IndicatorText, options);
+        return Print(DescribeIndicator(tag, rest[1] - '0', display), "indicator " + what, options);
     }
-    if (rest.size() == 1) document = DescribeSubfield(tag, rest[0], display);
-    return document.is_null() ? Unknown("subfield " + what)
-                              : Print(document, SubfieldText, options);
+    std::optional<SubfieldDocument> subfield;
+    if (rest.size() == 1) subfield = DescribeSubfield(tag, rest[0], display);
+    return Print(subfield, "subfield " + what, options);
 }
 
 Status DescribeHoldings(const std::string& type, const DescribeOptions& options) {
-    if (type.empty()) return Print(DescribeHoldingsTypes(), HoldingsTypesText, options);
-    const Document document = DescribeHoldingsType(type);
-    if (document.is_null()) return Unknown("holdings type " + type);
-    return Print(document, HoldingsTypeText, options);
+    if (type.empty()) return Print(DescribeHoldingsTypes(), options);
+    return Print(DescribeHoldingsType(type), "holdings type " + type, options);
 }
 
 // leader/06, 008/18, 007c/01, part 310; or all elements of a field.
 Status DescribeCodedPlace(const std::string& what, const DescribeOptions& options) {
     const NamedPlace place = FindPlace(what);
     if (!place.error.empty()) throw FileError(place.error);
+    const CodedElements elements = DescribeElements(place.elements, LoadCodeLists());
     const bool isOne = what.find_first_of("/ ") != what.npos;
-    return Print(DescribeElements(place.elements, LoadCodeLists()),
-                 isOne ? ElementsText : ElementNamesText, options);
+    if (isOne || options.isJson) return Print(elements, options);
+    WriteOutput("-", ToBriefText(elements));
+    return kStatusWell;
+}
+
+Status Search(const DescribeOptions& options) {
+    const SearchHits hits = SearchDictionary(options.search, DisplayOf(options));
+    Print(hits, options);
+    return hits.empty() ? kStatusFindings : kStatusWell;
 }
 
 Status RunDescribe(const DescribeOptions& options) {
@@ -106,9 +109,7 @@ Status RunDescribe(const DescribeOptions& options) {
     LoadSettings();
     if (!LoadDictionaries(options.userDefined)) return kStatusFailed;
     if (options.holdings) return DescribeHoldings(what, options);
-    if (!options.search.empty()) {
-        return Print(SearchDictionary(options.search, DisplayOf(options)), SearchText, options);
-    }
+    if (!options.search.empty()) return Search(options);
     return DescribePlace(what, options);
 }
 

@@ -27,12 +27,14 @@ Status RunShow(const ShowCommand& options) {
     const std::optional<Database> database = OpenStoreToRead();
     TerminalPort terminal;
     Reporter reporter(terminal, {true, true});
-    RecordShower shower(ShowOptionsOf(options.screen), kCharsetAuto, reporter);
+    Output output("-");
+    RecordShower shower(ShowOptionsOf(options.screen), kCharsetAuto, output, reporter);
     const Status read = ReadStored(database, options.ids, reporter, [&](Item& item) {
         shower.Take(item);
         return true;
     });
     shower.Finish();
+    output.Finish();
     return std::max(read, shower.Result());
 }
 

@@ -1,7 +1,7 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/StoredItems.h>
-#include <quillory/reports/StoredRecordLines.h>
+#include <quillory/reports/StoredRecordRow.h>
 
 #include <limits>
 #include <optional>
@@ -20,7 +20,7 @@ Status RunList(const ListOptions& options) {
     Output output("-");
     std::uint64_t listed = 0;
     const auto list = [&](const StoredRecord& record) {
-        output.Write(options.isJson ? StoredRecordJson(record) : StoredRecordText(record));
+        output.Write(options.isJson ? JsonLine(record) : ToText(record));
         return ++listed != options.limit;
     };
     if (database) RecordStore(*database).Walk(options.selection, list);

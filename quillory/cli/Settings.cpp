@@ -1,9 +1,8 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/Library.h>
-#include <quillory/jobs/Settings.h>
+#include <quillory/reports/SettingRows.h>
 
-#include <algorithm>
 #include <optional>
 #include <string_view>
 
@@ -14,45 +13,29 @@ struct SettingsOptions {
     std::string key;
     std::optional<std::string> value;  // to write
     bool holdings = false;
+    bool isJson = false;
 };
 
 constexpr std::string_view kHoldingsLead = "holdings.";
 
-std::string Padded(std::string text, std::size_t columns) {
-    if (text.size() < columns) text.resize(columns, ' ');
-    return text;
+void Show(const SettingRows& rows, bool isJson) {
+    WriteOutput("-", isJson ? JsonText(rows) : ToText(rows));
 }
 
-void Print(const std::string& text) {
-    Output output("-");
-    output.Write(text);
-    output.Finish();
+void Show(const std::string& value) {
+    WriteOutput("-", value + "\n");
 }
 
 Status RunHoldings(const SettingsOptions& options, const std::string& name) {
     if (!LoadDictionaries({})) return kStatusFailed;
-    std::string text;
     if (name.empty()) {
-        for (const SettingRow& row : ListHoldingsSettings()) {
-            text += "holdings." + Padded(row.name, 36) + " " + row.value + "\n";
-        }
+        Show(ListHoldingsSettings(), options.isJson);
     } else if (options.value) {
         ChangeHoldingsSetting(name, *options.value);
     } else {
-        text = ReadHoldingsSetting(name) + "\n";
+        Show(ReadHoldingsSetting(name));
     }
-    Print(text);
     return kStatusWell;
-}
-
-std::string ListText() {
-    std::string text;
-    for (const SettingRow& row : ListSettings()) {
-        const std::string id = std::to_string(row.id);
-        text += std::string(3 - std::min<std::size_t>(id.size(), 3), ' ') + id + " " +
-                Padded(row.name, 42) + " " + row.value + "\n";
-    }
-    return text;
 }
 
 Status RunSettings(const SettingsOptions& options) {
@@ -62,11 +45,11 @@ Status RunSettings(const SettingsOptions& options) {
         return RunHoldings(options, options.key.substr(kHoldingsLead.size()));
     }
     if (options.key.empty()) {
-        Print(ListText());
+        Show(ListSettings(), options.isJson);
     } else if (options.value) {
         ChangeSetting(options.key, *options.value);
     } else {
-        Print(ReadSetting(options.key) + "\n");
+        Show(ReadSetting(options.key));
     }
     return kStatusWell;
 }
@@ -79,6 +62,8 @@ void DeclareSettings(Arguments& command) {
                        "A key by name or number, or holdings.NAME; none lists all");
     command.Positional("VALUE", options.value, "The value to write");
     command.Flag("--holdings", options.holdings, "List the holdings settings");
+    command.Choice("--format", options.isJson, {{"text", false}, {"json", true}},
+                   "Form of a list: text, or json for a program");
 }
 
 }  // namespace quillory

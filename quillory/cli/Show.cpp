@@ -19,7 +19,8 @@ Status RunShow(const ShowCommand& options) {
     if (!LoadNames(options.screen)) return kStatusFailed;
     TerminalPort terminal;
     Reporter reporter(terminal, options.messages);
-    RecordShower shower(ShowOptionsOf(options.screen), options.input.charset, reporter);
+    Output output("-");
+    RecordShower shower(ShowOptionsOf(options.screen), options.input.charset, output, reporter);
     try {
         const Status read = ReadFiles(options.input, reporter, [&](Item& item) {
             if (options.record != 0 && item.number > options.record) return false;
@@ -27,6 +28,7 @@ Status RunShow(const ShowCommand& options) {
             return true;
         });
         shower.Finish();
+        output.Finish();
         return std::max(read, shower.Result());
     } catch (const ClosedPipe&) {
         return shower.Result();

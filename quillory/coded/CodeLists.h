@@ -29,6 +29,8 @@ struct CodeMeaning {
     std::string until;
     std::string use;
     bool published = false;  // false for a code that is in use, but not the format's
+
+    friend bool operator==(const CodeMeaning&, const CodeMeaning&) = default;
 };
 
 // All codes of all elements, of the library's lists and of the published format.

@@ -184,6 +184,12 @@ void Output::Finish() {
     temporaryPath_.clear();
 }
 
+void WriteOutput(const std::string& path, std::string_view bytes) {
+    Output output(path);
+    output.Write(bytes);
+    output.Finish();
+}
+
 void RemoveUnfinishedFilesOnSignals() {
     std::signal(SIGPIPE, SIG_IGN);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, EndBySignal);

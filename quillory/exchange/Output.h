@@ -53,6 +53,9 @@ private:
     std::unique_ptr<Packer> packer_;
 };
 
+// Writes the whole of an output at once.
+void WriteOutput(const std::string& path, std::string_view bytes);
+
 // Removes the unfinished files when a signal ends the program.
 void RemoveUnfinishedFilesOnSignals();
 

@@ -155,7 +155,7 @@ std::vector<SettingRow> ListHoldingsSettings() {
     const HoldingsSettings settings;
     std::vector<SettingRow> rows;
     for (const HoldingsKey& key : HoldingsKeys()) {
-        rows.push_back({0, std::string(key.name), QmToUtf8(settings.Get(key))});
+        rows.push_back({std::nullopt, std::string(key.name), QmToUtf8(settings.Get(key))});
     }
     return rows;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -7,7 +8,7 @@ namespace quillory {
 
 // A setting with its value, in UTF-8.
 struct SettingRow {
-    int id = 0;  // of the profile key; 0 for a holdings setting
+    std::optional<int> id;  // of the profile key; none for a holdings setting
     std::string name;
     std::string value;
 };

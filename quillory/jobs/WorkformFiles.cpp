@@ -79,9 +79,7 @@ Status ExportWorkforms(const WorkformExportOptions& options, const Reporter& rep
         workforms.push_back(
             ReadWorkformBlock(*block, StorePath() + ": workform " + std::to_string(entry.id)));
     }
-    Output output(options.file);
-    output.Write(WorkformFileBytes(workforms));
-    output.Finish();
+    WriteOutput(options.file, WorkformFileBytes(workforms));
     reporter.Say(Counted(workforms.size(), "workform") + " exported");
     return kStatusWell;
 }

@@ -1,7 +1,6 @@
 #include <quillory/coded/Material.h>
 #include <quillory/reports/CodedDocument.h>
 #include <quillory/reports/CodedScreen.h>
-#include <quillory/reports/CodedText.h>
 #include <quillory/reports/ScreenText.h>
 
 #include <algorithm>
@@ -25,7 +24,7 @@ constexpr std::size_t kWidestValue = 6;
 constexpr std::size_t kLeastText = 16;
 
 std::string WithRemark(const CodeMeaning& code) {
-    const std::string remark = RemarkText(StatusText(code), code.since, code.until, code.use);
+    const std::string remark = RemarkText(code);
     return remark.empty() ? code.text : code.text + " (" + remark + ")";
 }
 
@@ -72,19 +71,11 @@ std::vector<Row> RowsOf(const DecodedField& field) {
     return rows;
 }
 
-std::string Padded(std::string text, std::size_t columns) {
-    const std::size_t used = Columns(text);
-    if (used < columns) text.append(columns - used, ' ');
-    return text;
-}
-
-std::size_t Widest(const std::vector<Row>& rows, std::string Row::*cell, std::size_t limit) {
-    std::size_t widest = 0;
-    for (const Row& row : rows) {
-        const std::size_t columns = Columns(row.*cell);
-        if (columns <= limit) widest = std::max(widest, columns);
-    }
-    return widest;
+// The blanks that bring a value up to the column of texts.
+std::size_t ValueColumns(const std::vector<Row>& rows) {
+    return Widest(rows, [](const Row& row) {
+        return Columns(row.value) <= kWidestValue ? std::string_view(row.value) : "";
+    });
 }
 
 }  // namespace
@@ -97,9 +88,9 @@ void AppendDecoded(const DecodedField& field, std::size_t indent, const ScreenOp
     if (hasMaterial) {
         text += std::string(indent, ' ') + "(" + std::string(FormName(field.form)) + ")\n";
     }
-    const std::size_t positions = Widest(rows, &Row::positions, std::string::npos);
-    const std::size_t names = Widest(rows, &Row::name, std::string::npos);
-    const std::size_t values = Widest(rows, &Row::value, kWidestValue);
+    const std::size_t positions = Widest(rows, &Row::positions);
+    const std::size_t names = Widest(rows, &Row::name);
+    const std::size_t values = ValueColumns(rows);
     for (const Row& row : rows) {
         const std::string value = Padded(row.value, values);
         text += std::string(indent, ' ') + Padded(row.positions, positions) + kGap +

@@ -16,9 +16,7 @@ void AppendTag(std::string_view tag, std::string_view indicators, const ScreenOp
     if (options.colour) text += kPlain;
     std::string shown(indicators);
     std::replace(shown.begin(), shown.end(), ' ', '#');
-    shown = Visible(shown);
-    shown.resize(std::max<std::size_t>(shown.size(), 2), ' ');
-    text += ' ' + shown + "  ";
+    text += ' ' + Padded(Visible(shown), 2) + "  ";
 }
 
 // The field that a field in another script stands for, by its link in $6.
@@ -28,44 +26,46 @@ std::string_view NamedTag(const zorby::CommFormatField& field) {
     return isLinked ? field.content.substr(link + 2, 3) : field.tag;
 }
 
+// Calls `take` for each part of a data field after its indicators, whole: a subfield with its
+// delimiter, or what stands before the first of them.
+template <class Take>
+void ForEachPart(std::string_view content, Take&& take) {
+    for (std::size_t start = 2; start < content.size();) {
+        const std::size_t end =
+            std::min(content.find(zorby::kDelimiter, start + 1), content.size());
+        take(content.substr(start, end - start));
+        start = end;
+    }
+}
+
 void AppendNamedSubfields(const zorby::CommFormatField& field, const ScreenOptions& options,
                           std::string& text) {
     const std::string_view tag = NamedTag(field);
     AppendTag(field.tag, field.content.substr(0, 2), options, text);
     text += options.fieldName(tag) + '\n';
-    std::string_view rest = field.content.substr(std::min<std::size_t>(2, field.content.size()));
-    while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find(zorby::kDelimiter, 1), rest.size());
-        const std::string_view subfield = rest.substr(0, end);
-        text.append(kTextColumn, ' ');
-        Line line(options.width, kTextColumn, text);
-        if (subfield.size() > 1 && subfield.front() == zorby::kDelimiter) {
-            line.Add(Visible(options.subfieldName(tag, subfield[1])) + ": " +
-                     Visible(subfield.substr(2)));
-        } else {
-            line.Add(Visible(subfield));
+    ForEachPart(field.content, [&](std::string_view part) {
+        std::string name;
+        if (part.size() > 1 && part.front() == zorby::kDelimiter) {
+            name = Visible(options.subfieldName(tag, part[1])) + ": ";
+            part.remove_prefix(2);
         }
+        text.append(kTextColumn, ' ');
+        Line(options.width, kTextColumn, text).Add(name + Visible(part));
         text += '\n';
-        rest.remove_prefix(end);
-    }
+    });
 }
 
 void AppendData(const zorby::CommFormatField& field, const ScreenOptions& options,
                 std::string& text) {
     AppendTag(field.tag, field.content.substr(0, 2), options, text);
     Line line(options.width, kTextColumn, text);
-    std::string_view rest = field.content.substr(std::min<std::size_t>(2, field.content.size()));
-    while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find(zorby::kDelimiter, 1), rest.size());
-        const std::string_view subfield = rest.substr(0, end);
-        if (subfield.front() == zorby::kDelimiter) {
-            line.AddCode(Visible(subfield.substr(1, 1)), options.colour);
-            line.Add(Visible(subfield.substr(std::min<std::size_t>(2, subfield.size()))));
-        } else {
-            line.Add(Visible(subfield));
+    ForEachPart(field.content, [&](std::string_view part) {
+        if (part.front() == zorby::kDelimiter) {
+            line.AddCode(Visible(part.substr(1, 1)), options.colour);
+            part.remove_prefix(std::min<std::size_t>(2, part.size()));
         }
-        rest.remove_prefix(end);
-    }
+        line.Add(Visible(part));
+    });
     text += '\n';
 }
 
@@ -90,24 +90,33 @@ std::vector<DecodedField> DecodeRecord(const Record& record, const Decoder& deco
     return decoded;
 }
 
+void AppendLeader(std::string_view leader, const ScreenOptions& options, std::string& text) {
+    AppendTag("LDR", {}, options, text);
+    text += Visible(leader) + '\n';
+}
+
+void AppendField(const zorby::CommFormatField& field, const ScreenOptions& options,
+                 std::string& text) {
+    if (field.IsControlField()) {
+        AppendControlField(field, options, text);
+    } else if (options.subfieldName) {
+        AppendNamedSubfields(field, options, text);
+    } else {
+        AppendData(field, options, text);
+    }
+}
+
 void AppendScreen(const Record& record, const std::vector<DecodedField>& decoded,
                   const ScreenOptions& options, std::string& text) {
     auto next = decoded.begin();
     const auto appendDecoded = [&next, &decoded, &options, &text] {
         if (next != decoded.end()) AppendDecoded(*next++, kTextColumn, options, text);
     };
-    AppendTag("LDR", {}, options, text);
-    text += Visible(record.leader) + '\n';
+    AppendLeader(record.leader, options, text);
     appendDecoded();
     for (const zorby::CommFormatField& field : record.fields) {
-        if (field.IsControlField()) {
-            AppendControlField(field, options, text);
-            if (next != decoded.end() && field.tag == next->tag) appendDecoded();
-        } else if (options.subfieldName) {
-            AppendNamedSubfields(field, options, text);
-        } else {
-            AppendData(field, options, text);
-        }
+        AppendField(field, options, text);
+        if (next != decoded.end() && field.tag == next->tag) appendDecoded();
     }
 }
 

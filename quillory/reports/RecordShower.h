@@ -15,19 +15,20 @@ namespace quillory {
 struct ShowOptions {
     std::size_t width = 0;  // columns of a line, 0 for no limit
     bool colour = false;
-    bool names = false;   // with the names of fields and subfields, which are in force
+    bool names = false;  // with the names that the dictionary in force has for fields and subfields
     bool decode = false;  // with the coded control fields spelled out
 };
 
-// Shows records on standard output as a person reads them.
+// Writes records as a person reads them, with a blank line between them.
 class RecordShower {
 public:
-    // `from` is the character set of the records; auto as in Recoder. Keeps the reporter.
-    RecordShower(const ShowOptions& options, Charset from, Reporter& reporter);
+    // `from` is the character set of the records; auto as in Recoder. Keeps the references.
+    RecordShower(const ShowOptions& options, Charset from, Output& output, Reporter& reporter);
 
-    // A record, or the fault of one; the leader stays as it is.
+    // Shows a record, and reports what is wrong with an item. The record's text becomes UTF-8; its
+    // leader stays as it is.
     void Take(Item& item);
-    // Says what could not be shown as it is.
+    // Reports the characters that could not be shown as they are.
     void Finish();
 
     // Findings, if anything was wrong.
@@ -37,11 +38,12 @@ private:
     void Show(Item& item);
 
     ScreenOptions screen_;
+    Output& output_;
     Reporter& reporter_;
     Recoder recoder_;
-    Output output_;
     Losses losses_;
     std::optional<CodeLists> lists_;
+    std::string label_;  // the leader as it came
     std::string text_;
     bool shown_ = false;
     Status status_ = kStatusWell;

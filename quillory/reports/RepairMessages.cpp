@@ -1,6 +1,7 @@
 #include <quillory/repair/CodedValue.h>
 #include <quillory/reports/CodedDocument.h>
 #include <quillory/reports/RepairMessages.h>
+#include <quillory/text/JsonWriter.h>
 
 #include <algorithm>
 
@@ -99,21 +100,25 @@ void RepairMessages::Say(const Item& item, const Repair& repair) {
 }
 
 void RepairMessages::Write(const Item& item, const Repair& repair) {
-    Document row;
-    row["file"] = reporter_.File();
-    row["record"] = item.number;
-    row["offset"] = item.offset;
-    row["control_number"] = Utf8OfBytes(item.record.ControlNumber());
-    row["outcome"] = OutcomeOf(repair);
-    row["place"] = repair.Place();
-    row["occurrence"] = repair.occurrence;
-    row["name"] = NameOf(repair);
-    row["old"] = Utf8OfBytes(repair.before);
-    row["old_text"] = TextOf(repair, repair.before);
-    row["new"] = Utf8OfBytes(repair.after);
-    row["new_text"] = TextOf(repair, repair.after);
-    row["reason"] = Utf8OfBytes(repair.reason);
-    file_->Write(row.dump(-1, ' ', false, Document::error_handler_t::replace) + "\n");
+    std::string line;
+    Losses unused;  // there can't be any
+    JsonWriter json(line, unused);
+    json.BeginObject();
+    json.Member("file", reporter_.File());
+    json.Member("record", item.number);
+    json.Member("offset", item.offset);
+    json.Member("control_number", Utf8OfBytes(item.record.ControlNumber()));
+    json.Member("outcome", OutcomeOf(repair));
+    json.Member("place", repair.Place());
+    json.Member("occurrence", repair.occurrence);
+    json.Member("name", NameOf(repair));
+    json.Member("old", Utf8OfBytes(repair.before));
+    json.Member("old_text", TextOf(repair, repair.before));
+    json.Member("new", Utf8OfBytes(repair.after));
+    json.Member("new_text", TextOf(repair, repair.after));
+    json.Member("reason", Utf8OfBytes(repair.reason));
+    json.EndObject();
+    file_->Write(line + "\n");
 }
 
 void RepairMessages::TakeRecord(const Item& item, const std::vector<Repair>& repairs) {

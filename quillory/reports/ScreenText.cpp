@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <sstream>
 
 namespace quillory {
 namespace {
@@ -42,6 +43,15 @@ std::size_t Columns(std::string_view text) {
     return columns;
 }
 
+std::string Padded(std::string text, std::size_t columns) {
+    text.append(columns - std::min(columns, Columns(text)), ' ');
+    return text;
+}
+
+std::string RightAligned(const std::string& text, std::size_t columns) {
+    return std::string(columns - std::min(columns, Columns(text)), ' ') + text;
+}
+
 void Line::Add(std::string_view visible) {
     while (!visible.empty()) {
         const std::size_t blanks = std::min(visible.find_first_not_of(' '), visible.size());
@@ -71,6 +81,16 @@ void Line::AddWord(std::string_view blanks, std::string_view word) {
         column_ += width;
     }
     text_ += word;
+}
+
+std::string Paragraph(const std::string& words, std::size_t indent) {
+    constexpr std::size_t kWidth = 76;
+    std::string text(indent, ' ');
+    Line line(kWidth, indent, text);
+    std::istringstream stream(words);
+    std::string gap;
+    for (std::string word; stream >> word; gap = " ") line.Add(gap + word);
+    return text + "\n";
 }
 
 }  // namespace quillory

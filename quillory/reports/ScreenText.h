@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -19,8 +21,20 @@ std::string Visible(std::string_view text);
 // Columns that a text takes on a terminal.
 std::size_t Columns(std::string_view text);
 
-// Sets words one behind the other and begins a new line, in the text's column, before one that
-// would pass the last column. Blanks stay as they are, but for those at a line's end.
+// The text with blanks after it, or before it, up to so many columns.
+std::string Padded(std::string text, std::size_t columns);
+std::string RightAligned(const std::string& text, std::size_t columns);
+
+// The columns of the widest cell in rows.
+template <class Rows, class CellOf>
+std::size_t Widest(const Rows& rows, CellOf cellOf) {
+    std::size_t widest = 0;
+    for (const auto& row : rows) widest = std::max(widest, Columns(std::invoke(cellOf, row)));
+    return widest;
+}
+
+// Sets words one after the other and begins a new line, in the text's column, before one that
+// would pass the last column.
 class Line {
 public:
     // Appends to `text`, in which `indent` columns of the line are used up. A width of 0 is no
@@ -28,6 +42,7 @@ public:
     Line(std::size_t width, std::size_t indent, std::string& text)
         : width_(width), indent_(indent), text_(text), column_(indent) {}
 
+    // Blanks stay as they are, but for those at a line's end.
     void Add(std::string_view visible);
     // A subfield code.
     void AddCode(std::string_view code, bool colour);
@@ -40,5 +55,8 @@ private:
     std::string& text_;
     std::size_t column_;
 };
+
+// The words of a text in lines of at most 76 columns, each with so many blanks before it.
+std::string Paragraph(const std::string& words, std::size_t indent);
 
 }  // namespace quillory

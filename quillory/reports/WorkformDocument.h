@@ -1,31 +1,71 @@
 #pragma once
 
 #include <quillory/coded/Decoder.h>
-#include <quillory/jobs/WorkformCatalog.h>
-#include <quillory/reports/Dictionary.h>
-
-#include <vector>
+#include <quillory/reports/RecordScreen.h>
+#include <quillory/reports/WorkformRows.h>
 
 namespace quillory {
 
-// Workforms as documents for a person or a program. Texts are UTF-8; a blank indicator, and a blank
-// of a control field, is "#".
+// A workform as a person or a program reads it, in UTF-8. A blank indicator, and a blank of a
+// control field, is "#".
 
-// A workform's line in a list: ID, name, material, and the name of the base unless it has none.
-Document WorkformRow(const WorkformEntry& entry, const zorby::CTemplate& workform);
-
-// All of a workform. What a new record gets of a field stands there with the prompts, priorities
-// and help that hold for it, whether they are the workform's own or its base's; "other_fields" are
-// those that only have something of the workform's own.
-Document DescribeWorkform(const WorkformEntry& entry, const zorby::CTemplate& workform,
-                          const Decoder& decoder);
-
-// The control fields of a new record, spelled out, in their order: Leader, 006, 007, 008 and those
-// of additional materials. Without a field that is blank.
-struct CodedContent {
+// A control field of a new record, spelled out.
+struct WorkformControlField {
     std::string content;
     DecodedField decoded;
 };
-std::vector<CodedContent> ControlFieldsOf(const zorby::CTemplate& workform, const Decoder& decoder);
+
+// What holds for a subfield. The help may be empty.
+struct WorkformSubfield {
+    std::string code;
+    std::string name;
+    bool isPrompted = false;
+    bool isPriority = false;
+    std::string rules;
+    std::string reminders;
+    std::string examples;
+    std::optional<std::string> data;  // what a new record gets
+};
+
+struct WorkformField {
+    std::string tag;
+    std::string name;
+    bool isPriority = false;
+    std::vector<WorkformSubfield> subfields;
+    std::optional<std::string> indicators;  // what a new record gets
+};
+
+// What a workform has of its own for an indicator. Each text may be empty.
+struct WorkformIndicator {
+    std::string tag;
+    int indicator = 0;  // 1 or 2
+    std::string name;
+    std::string defaultValue;
+    std::string explanation;
+};
+
+// All of a workform. The prompts, priorities and help of a field are those in force, whether they
+// are the workform's own or its base's.
+struct WorkformDocument {
+    WorkformRow row;
+    // Leader, 006, 007, 008 and those of additional materials, but for those that are blank.
+    std::vector<WorkformControlField> controlFields;
+    std::vector<WorkformField> fields;       // of a new record
+    std::vector<WorkformField> otherFields;  // for which the workform has help of its own
+    std::vector<WorkformIndicator> indicators;
+    int holdings = 0;  // copies
+};
+
+WorkformDocument DescribeWorkform(const WorkformEntry& entry, const zorby::CTemplate& workform,
+                                  const Decoder& decoder);
+
+std::string ToText(const WorkformDocument& workform, const ScreenOptions& screen);
+
+void ToJson(const WorkformDocument& workform, JsonWriter& json);
+void ToJson(const WorkformField& field, JsonWriter& json);
+void ToJson(const WorkformSubfield& subfield, JsonWriter& json);
+void ToJson(const WorkformIndicator& indicator, JsonWriter& json);
+void ToJson(const WorkformControlField& field, JsonWriter& json);
+void ToJson(const DecodedElement& element, JsonWriter& json);
 
 }  // namespace quillory

@@ -1,7 +1,7 @@
 #include <quillory/reports/CodedDocument.h>
 #include <quillory/reports/CodedScreen.h>
 #include <quillory/reports/ScreenText.h>
-#include <quillory/reports/WorkformScreen.h>
+#include <quillory/reports/WorkformDocument.h>
 
 #include <algorithm>
 
@@ -12,46 +12,21 @@ constexpr std::size_t kTextColumn = 8;   // of what stands below a tag
 constexpr std::size_t kHelpColumn = 12;  // of what stands below a subfield
 constexpr const char* kGap = "  ";
 
-std::string Text(const Document& document, const char* key) {
-    return document.contains(key) ? document.at(key).get<std::string>() : "";
-}
-
-bool Is(const Document& document, const char* key) {
-    return document.contains(key) && document.at(key).get<bool>();
-}
-
-std::string Padded(std::string text, std::size_t columns) {
-    const std::size_t used = Columns(text);
-    if (used < columns) text.append(columns - used, ' ');
-    return text;
-}
-
-std::size_t Widest(const std::vector<Document>& rows, const char* key) {
-    std::size_t widest = 0;
-    for (const Document& row : rows) widest = std::max(widest, Columns(Visible(Text(row, key))));
-    return widest;
-}
-
-std::string BaseText(const Document& row) {
-    return Visible(Text(row, "base")) + (Is(row, "base_is_missing") ? " (is not there)" : "");
-}
-
 // Prints a described workform into one text.
 class Screen {
 public:
     explicit Screen(const ScreenOptions& options) : options_(options) {}
 
-    void Head(const Document& workform) {
-        Strong(Visible(Text(workform, "name")));
-        text_ += " (workform " + workform.at("id").dump() + ")\n";
-        Fact("Material", Visible(Text(workform, "material")));
-        if (workform.contains("base")) Fact("Rests on", BaseText(workform));
-        if (const int copies = workform.at("holdings").get<int>(); copies > 0) {
-            Fact("Holdings", std::to_string(copies));
-        }
+    void Head(const WorkformDocument& workform) {
+        const WorkformRow& row = workform.row;
+        Strong(Visible(row.name));
+        text_ += " (workform " + std::to_string(row.id) + ")\n";
+        Fact("Material", Visible(row.material));
+        if (row.base) Fact("Rests on", BaseText(row));
+        if (workform.holdings > 0) Fact("Holdings", std::to_string(workform.holdings));
     }
 
-    void ControlField(const CodedContent& field) {
+    void ControlField(const WorkformControlField& field) {
         const std::string tag = field.decoded.tag == "leader" ? "LDR" : field.decoded.tag;
         Strong(tag);
         text_ += std::string(kTextColumn - tag.size(), ' ') + Visible(CodeText(field.content));
@@ -59,25 +34,30 @@ public:
         AppendDecoded(field.decoded, kTextColumn, options_, text_);
     }
 
-    void Title(const char* title) { text_ += '\n' + std::string(title) + '\n'; }
-
-    void Field(const Document& field) {
-        Strong(Text(field, "tag"));
-        text_ += ' ' + Padded(Visible(Text(field, "indicators")), 2) + kGap;
+    void Field(const WorkformField& field) {
+        Strong(field.tag);
+        text_ += ' ' + Padded(Visible(field.indicators.value_or("")), 2) + kGap;
         Line(options_.width, kTextColumn, text_)
-            .Add(Visible(Text(field, "name")) + (Is(field, "priority") ? " (priority)" : ""));
+            .Add(Visible(field.name) + (field.isPriority ? " (priority)" : ""));
         text_ += '\n';
-        for (const Document& subfield : field.at("subfields")) Subfield(subfield);
+        for (const WorkformSubfield& subfield : field.subfields) Subfield(subfield);
     }
 
-    void IndicatorTexts(const Document& indicator) {
-        Strong(Text(indicator, "tag") + "/" + indicator.at("indicator").dump());
-        std::string head = Visible(Text(indicator, "name"));
-        if (indicator.contains("default")) {
-            head += (head.empty() ? "" : ", ") + ("default " + Visible(Text(indicator, "default")));
+    void Indicator(const WorkformIndicator& indicator) {
+        Strong(indicator.tag + "/" + std::to_string(indicator.indicator));
+        std::string head = Visible(indicator.name);
+        if (!indicator.defaultValue.empty()) {
+            head += (head.empty() ? "" : ", ") + ("default " + Visible(indicator.defaultValue));
         }
         text_ += "   " + head + '\n';
-        Lines("", Text(indicator, "explanation"), kTextColumn);
+        Lines("", indicator.explanation, kTextColumn);
+    }
+
+    template <class Items, class Print>
+    void Section(const char* title, const Items& items, Print print) {
+        if (items.empty()) return;
+        text_ += '\n' + std::string(title) + '\n';
+        for (const auto& item : items) (this->*print)(item);
     }
 
     std::string TakeText() { return std::move(text_); }
@@ -91,23 +71,23 @@ private:
         text_ += Padded(name, kTextColumn) + kGap + text + '\n';
     }
 
-    void Subfield(const Document& subfield) {
+    void Subfield(const WorkformSubfield& subfield) {
         text_.append(kTextColumn, ' ');
         if (options_.colour) text_ += kCyan;
-        text_ += "$" + Visible(Text(subfield, "code"));
+        text_ += "$" + Visible(subfield.code);
         if (options_.colour) text_ += kPlain;
         text_ += kGap;
-        std::string head = Visible(Text(subfield, "name"));
-        const bool isPrompted = Is(subfield, "prompt");
-        const bool isPriority = Is(subfield, "priority");
-        if (isPrompted && isPriority) head += " (prompt, priority)";
-        if (isPrompted != isPriority) head += isPrompted ? " (prompt)" : " (priority)";
-        Line(options_.width, kHelpColumn, text_).Add(head);
+        Line(options_.width, kHelpColumn, text_).Add(Visible(subfield.name) + Marks(subfield));
         text_ += '\n';
-        Lines("= ", Text(subfield, "data"), kHelpColumn);
-        Lines("Rule: ", Text(subfield, "rules"), kHelpColumn);
-        Lines("Reminder: ", Text(subfield, "reminders"), kHelpColumn);
-        Lines("Example: ", Text(subfield, "examples"), kHelpColumn);
+        Lines("= ", subfield.data.value_or(""), kHelpColumn);
+        Lines("Rule: ", subfield.rules, kHelpColumn);
+        Lines("Reminder: ", subfield.reminders, kHelpColumn);
+        Lines("Example: ", subfield.examples, kHelpColumn);
+    }
+
+    static const char* Marks(const WorkformSubfield& subfield) {
+        if (subfield.isPrompted) return subfield.isPriority ? " (prompt, priority)" : " (prompt)";
+        return subfield.isPriority ? " (priority)" : "";
     }
 
     // Further lines of a text stand below its beginning.
@@ -129,36 +109,13 @@ private:
 
 }  // namespace
 
-std::string WorkformRowsText(const std::vector<Document>& rows, bool withBase) {
-    constexpr std::size_t kIdWidth = 4;
-    const std::size_t names = Widest(rows, "name");
-    const std::size_t materials = Widest(rows, "material");
-    std::string text;
-    for (const Document& row : rows) {
-        const std::string material = Visible(Text(row, "material"));
-        text += Padded(row.at("id").dump(), kIdWidth) + ' ' +
-                Padded(Visible(Text(row, "name")), names) + kGap;
-        text += withBase ? Padded(material, materials) + kGap + BaseText(row) : material;
-        text.erase(text.find_last_not_of(' ') + 1);
-        text += '\n';
-    }
-    return text;
-}
-
-std::string WorkformScreenText(const Document& workform, const std::vector<CodedContent>& fields,
-                               const ScreenOptions& screen) {
+std::string ToText(const WorkformDocument& workform, const ScreenOptions& screen) {
     Screen page(screen);
     page.Head(workform);
-    page.Title("Control fields");
-    for (const CodedContent& field : fields) page.ControlField(field);
-    const auto section = [&](const char* title, const char* key, auto print) {
-        if (workform.at(key).empty()) return;
-        page.Title(title);
-        for (const Document& item : workform.at(key)) (page.*print)(item);
-    };
-    section("Fields of a new record", "fields", &Screen::Field);
-    section("Help for other fields", "other_fields", &Screen::Field);
-    section("Indicators", "indicators", &Screen::IndicatorTexts);
+    page.Section("Control fields", workform.controlFields, &Screen::ControlField);
+    page.Section("Fields of a new record", workform.fields, &Screen::Field);
+    page.Section("Help for other fields", workform.otherFields, &Screen::Field);
+    page.Section("Indicators", workform.indicators, &Screen::Indicator);
     return page.TakeText();
 }
 

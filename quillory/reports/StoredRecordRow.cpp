@@ -1,0 +1,43 @@
+#include <quillory/reports/ScreenText.h>
+#include <quillory/reports/StoredRecordRow.h>
+
+#include <array>
+#include <ctime>
+
+namespace quillory {
+namespace {
+
+// As ISO 8601.
+std::string TimeText(std::int64_t seconds) {
+    const std::time_t time = seconds;
+    std::tm parts{};
+    gmtime_r(&time, &parts);
+    std::array<char, 32> text{};
+    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts)};
+}
+
+}  // namespace
+
+std::string ToText(const StoredRecord& record) {
+    constexpr std::size_t kIdWidth = 8;
+    constexpr std::size_t kNumberWidth = 16;
+    constexpr std::size_t kTypeWidth = 2;
+    const RecordSummary& summary = record.summary;
+    return Padded(std::to_string(record.id), kIdWidth) + " " +
+           Padded(summary.controlNumber, kNumberWidth) + " " + Padded(summary.type, kTypeWidth) +
+           " " + summary.title + "\n";
+}
+
+void ToJson(const StoredRecord& record, JsonWriter& json) {
+    json.BeginObject();
+    json.Member("id", record.id);
+    json.Member("control_number", record.summary.controlNumber);
+    json.Member("title", record.summary.title);
+    json.Member("type", record.summary.type);
+    json.Member("added", TimeText(record.added));
+    json.Member("changed", TimeText(record.changed));
+    if (record.workform != 0) json.Member("workform", record.workform);
+    json.EndObject();
+}
+
+}  // namespace quillory
