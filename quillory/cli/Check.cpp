@@ -32,8 +32,7 @@ void DeclareCheck(Arguments& command) {
     CheckOptions& options = command.Runs(RunCheck);
     DeclareInput(command, options.input, options.messages);
     DeclarePolicy(command, options.policy);
-    command.Choice("--format", options.report.format,
-                   {{"text", kCheckText}, {"jsonl", kCheckJsonl}, {"html", kCheckHtml}},
+    command.Choice("--format", options.report.format, CheckFormatNames(),
                    "Form of the report; told by the name of the output if not given");
     command.Option("-o,--output", options.report.output,
                    "File to write; none, or -, is standard output");

@@ -1,31 +1,38 @@
 #include <quillory/coded/Material.h>
 #include <quillory/reports/CheckReports.h>
 #include <quillory/store/Summary.h>
+#include <quillory/text/JsonWriter.h>
 
-#include <nlohmann/json.hpp>
-
+#include <optional>
 #include <utility>
 
 namespace quillory {
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-Json JsonOf(const Finding& finding) {
-    Json json{{"code", static_cast<int>(finding.code)},
-              {"severity", finding.IsError() ? "error" : "warning"},
-              {"tag", nullptr},
-              {"occurrence", nullptr},
-              {"subfield", nullptr},
-              {"short", ShortText(finding)},
-              {"message", LongText(finding)}};
-    if (!finding.Tag().empty()) json["tag"] = finding.Tag();
-    if (finding.occurrence != 0) json["occurrence"] = finding.occurrence;
-    if (finding.subfield != '\0') json["subfield"] = std::string(1, finding.subfield);
-    return json;
+// Null for nothing.
+std::optional<std::string_view> Given(std::string_view text) {
+    return text.empty() ? std::nullopt : std::optional(text);
 }
 
-// An object a record or damage, a line each.
+}  // namespace
+
+void ToJson(const Finding& finding, JsonWriter& json) {
+    const std::string_view subfield(&finding.subfield, finding.subfield == '\0' ? 0 : 1);
+    json.BeginObject();
+    json.Member("code", static_cast<int>(finding.code));
+    json.Member("severity", finding.IsError() ? "error" : "warning");
+    json.Member("tag", Given(finding.Tag()));
+    json.Member("occurrence",
+                finding.occurrence == 0 ? std::nullopt : std::optional(finding.occurrence));
+    json.Member("subfield", Given(subfield));
+    json.Member("short", ShortText(finding));
+    json.Member("message", LongText(finding));
+    json.EndObject();
+}
+
+namespace {
+
+// An object for each record or damage, in a line of its own.
 class JsonlReport : public CheckReport {
 public:
     JsonlReport(std::unique_ptr<Output> output, Reporter& reporter)
@@ -33,42 +40,50 @@ public:
 
     void TakeRecord(const CheckedRecord& record) override {
         const RecordSummary summary = summarizer_.Summarize(record.item.record);
-        Json line = LineOf(record.item);
-        line["control_number"] = summary.controlNumber;
-        line["title"] = summary.title;
-        line["material"] = MaterialText(record.item.record.leader);
-        line["verdict"] = VerdictText(record.verdict);
-        line["findings"] = Json::array();
-        for (const Finding& finding : record.findings) line["findings"].push_back(JsonOf(finding));
-        Write(line);
+        WriteLine(record.item, [&](JsonWriter& json) {
+            json.Member("control_number", summary.controlNumber);
+            json.Member("title", summary.title);
+            json.Member("material", MaterialText(record.item.record.leader));
+            json.Member("verdict", VerdictText(record.verdict));
+            json.Member("findings", record.findings);
+        });
     }
 
     void TakeDamage(const Item& item) override {
-        Json line = LineOf(item);
-        line[item.kind == kItemStray ? "stray" : "damaged"] = item.reason;
-        line["fault_offset"] = item.faultOffset;
-        Write(line);
+        WriteLine(item, [&item](JsonWriter& json) {
+            json.Member(item.kind == kItemStray ? "stray" : "damaged", item.reason);
+            json.Member("fault_offset", item.faultOffset);
+        });
     }
 
     void Finish(const CheckTotals&, const Policy&) override { output_->Finish(); }
 
 private:
-    Json LineOf(const Item& item) const {
-        return {{"file", reporter_.File()}, {"record", item.number}, {"offset", item.offset}};
-    }
-
-    void Write(const Json& line) {
-        output_->Write(line.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n");
+    // Where the item is, and then what `addMembers` adds.
+    template <class AddMembers>
+    void WriteLine(const Item& item, AddMembers addMembers) {
+        text_.clear();
+        JsonWriter json(text_, losses_);
+        json.BeginObject();
+        json.Member("file", reporter_.File());
+        json.Member("record", item.number);
+        json.Member("offset", item.offset);
+        addMembers(json);
+        json.EndObject();
+        output_->Write(text_ + '\n');
     }
 
     std::unique_ptr<Output> output_;
     Reporter& reporter_;
     Summarizer summarizer_;
+    std::string text_;
+    Losses losses_;  // not reported: the records themselves stay as they are
 };
 
 }  // namespace
 
 std::unique_ptr<CheckReport> MakeJsonlCheckReport(std::unique_ptr<Output> output,
+                                                  const CheckReportOptions& /*options*/,
                                                   Reporter& reporter) {
     return std::make_unique<JsonlReport>(std::move(output), reporter);
 }

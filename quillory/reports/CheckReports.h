@@ -8,6 +8,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace quillory {
 
@@ -19,15 +21,22 @@ struct CheckReportOptions {
     std::uint64_t rows = 5000;  // findings that a page shows, 0 for all
 };
 
-// The report asks the reporter for the file in hand, and says there what it can't show. Throws
-// FileError if the output can't be opened.
+// The formats by the names of the option, but for kCheckByName.
+std::vector<std::pair<std::string, CheckFormat>> CheckFormatNames();
+
+// The report asks the reporter for the file in hand. Throws FileError if the output can't be
+// opened.
 std::unique_ptr<CheckReport> MakeCheckReport(const CheckReportOptions& options, Reporter& reporter);
 
+// A report in each format.
 std::unique_ptr<CheckReport> MakeTextCheckReport(std::unique_ptr<Output> output,
+                                                 const CheckReportOptions& options,
                                                  Reporter& reporter);
 std::unique_ptr<CheckReport> MakeJsonlCheckReport(std::unique_ptr<Output> output,
+                                                  const CheckReportOptions& options,
                                                   Reporter& reporter);
-std::unique_ptr<CheckReport> MakeHtmlCheckReport(std::unique_ptr<Output> output, std::uint64_t rows,
+std::unique_ptr<CheckReport> MakeHtmlCheckReport(std::unique_ptr<Output> output,
+                                                 const CheckReportOptions& options,
                                                  Reporter& reporter);
 
 // A kind of finding in a few words, without field or subfield of one record.

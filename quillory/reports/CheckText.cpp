@@ -1,19 +1,12 @@
 #include <quillory/reports/CheckReports.h>
+#include <quillory/reports/ScreenText.h>
 
-#include <algorithm>
 #include <utility>
 
 namespace quillory {
 namespace {
 
-std::string Padded(std::uint64_t number) {
-    constexpr std::size_t kWidth = 8;
-    std::string text = std::to_string(number);
-    text.insert(0, kWidth - std::min(kWidth, text.size()), ' ');
-    return text;
-}
-
-// A line a finding, and a summary at the end.
+// A line for each finding, and a summary at the end.
 class TextReport : public CheckReport {
 public:
     TextReport(std::unique_ptr<Output> output, Reporter& reporter)
@@ -26,7 +19,7 @@ public:
         }
     }
 
-    // The reporter has said it already.
+    // The reporter has named it already.
     void TakeDamage(const Item&) override {}
 
     void Finish(const CheckTotals& totals, const Policy& policy) override {
@@ -35,6 +28,8 @@ public:
     }
 
 private:
+    static constexpr std::size_t kCountWidth = 8;
+
     static std::string Summary(const CheckTotals& totals, const Policy& policy) {
         std::string text = totals.findings.empty() ? "" : "\n";
         text += Counted(totals.records, "record") +
@@ -45,7 +40,8 @@ private:
         text += '\n';
         for (const auto& [code, count] : totals.findings) {
             const bool isError = policy.SeverityOf(code) == zorby::EST_Error;
-            text += Padded(count) + (isError ? "  E: " : "  W: ") + KindText(code) + '\n';
+            text += RightAligned(std::to_string(count), kCountWidth) +
+                    (isError ? "  E: " : "  W: ") + KindText(code) + '\n';
         }
         return text;
     }
@@ -58,6 +54,7 @@ private:
 }  // namespace
 
 std::unique_ptr<CheckReport> MakeTextCheckReport(std::unique_ptr<Output> output,
+                                                 const CheckReportOptions& /*options*/,
                                                  Reporter& reporter) {
     return std::make_unique<TextReport>(std::move(output), reporter);
 }

@@ -1,0 +1,93 @@
+#include <quillory/reports/CheckRecordHtml.h>
+#include <quillory/reports/HtmlText.h>
+#include <quillory/reports/RecordScreen.h>
+
+#include <map>
+#include <set>
+#include <string_view>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+std::string Cell(std::string_view kind, std::string_view html) {
+    return "<td class=\"" + std::string(kind) + "\">" + std::string(html) + "</td>";
+}
+
+std::string_view ClassOf(const Finding& finding) {
+    return finding.IsError() ? "error" : "warning";
+}
+
+// The folder shows where the pointer rests.
+std::string FileCell(const std::string& path) {
+    return "<td title=\"" + HtmlText(path) + "\">" +
+           HtmlText(path.substr(path.find_last_of('/') + 1)) + "</td>";
+}
+
+// The cells of a record's rows that are the same for each of its findings.
+std::string RecordCells(const Item& item, const RecordSummary& summary, const std::string& id) {
+    const std::string number = std::to_string(item.number);
+    return Cell("number", "<a href=\"#" + id + "\">" + number + "</a>") +
+           Cell("number", std::to_string(item.offset)) +
+           Cell("id", HtmlText(summary.controlNumber)) + Cell("title", HtmlText(summary.title));
+}
+
+std::string FindingCells(const Finding& finding) {
+    return Cell(ClassOf(finding), finding.IsError() ? "Error" : "Warning") +
+           Cell("finding", HtmlText(ShortText(finding))) +
+           Cell("field", HtmlText(PlaceText(finding)));
+}
+
+std::string FindingItem(const Finding& finding) {
+    const std::string place = PlaceText(finding);
+    return "<li class=\"" + std::string(ClassOf(finding)) + "\">" +
+           HtmlText(LongText(finding) + (place.empty() ? "" : " [" + place + "]")) + "</li>\n";
+}
+
+// A line without its end.
+std::string LineHtml(std::string_view line) {
+    line.remove_suffix(1);
+    return HtmlText(line);
+}
+
+}  // namespace
+
+CheckRecordHtml CheckRecordPrinter::Print(const CheckedRecord& record, const std::string& id) {
+    const RecordSummary summary = summarizer_.Summarize(record.item.record);
+    const std::string cells =
+        RecordCells(record.item, summary, id) + FileCell(reporter_.File()) + "</tr>\n";
+    const std::string title = summary.title.empty() ? "(no title)" : summary.title;
+    CheckRecordHtml html;
+    html.section = "<section class=\"record\" id=\"" + id + "\"><h3>" + HtmlText(title) +
+                   "</h3>\n<p class=\"note\">" + HtmlText(reporter_.PlaceOf(record.item)) +
+                   " <a class=\"back\" href=\"#findings\">all findings</a></p>\n<ul>\n";
+    for (const Finding& finding : record.findings) {
+        html.rows += "<tr>" + FindingCells(finding) + cells;
+        html.section += FindingItem(finding);
+    }
+    html.section += "</ul>\n<pre>" + Fields(record) + "</pre></section>\n";
+    return html;
+}
+
+std::string CheckRecordPrinter::Fields(const CheckedRecord& record) {
+    std::set<std::pair<std::string_view, std::uint32_t>> marked;
+    for (const Finding& finding : record.findings) {
+        marked.emplace(finding.Tag(), finding.occurrence);
+    }
+    Record shown = record.item.record;
+    Losses unused;
+    recoder_.Recode(shown, unused);
+    std::string line;
+    AppendLeader(record.item.record.leader, {}, line);
+    std::string html = LineHtml(line) + '\n';
+    std::map<std::string_view, std::uint32_t> occurrences;
+    for (const zorby::CommFormatField& field : shown.fields) {
+        line.clear();
+        AppendField(field, {}, line);
+        const bool isMarked = marked.contains({field.tag, ++occurrences[field.tag]});
+        html += (isMarked ? "<mark>" + LineHtml(line) + "</mark>" : LineHtml(line)) + '\n';
+    }
+    return html;
+}
+
+}  // namespace quillory
