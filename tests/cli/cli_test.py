@@ -287,7 +287,8 @@ class Dictionary(Cli):
         self.environment("QUILLORY_DATA", data)
         status, _, err = run("describe", "245")
         self.assertEqual(status, 2)
-        self.assertRegex(err, r"^quillory: \S+/zorby.hld: can't be opened: No such file .*QUILLORY_DATA")
+        self.assertRegex(err, r"^quillory: \S+/zorby.hld: can't be opened: No such file "
+                              r".*QUILLORY_DATA")
         real = pathlib.Path(QUILLORY).resolve().parent / "../share/quillory"
         shutil.copy(real / "zorby.hld", data)
         whole = (real / "MARCBibl.tfm").read_bytes()
