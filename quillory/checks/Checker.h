@@ -16,7 +16,7 @@
 namespace quillory {
 
 struct CheckerOptions {
-    Charset charset = kCharsetAuto;  // of the records; auto: as each says and is
+    Charset charset = kCharsetAuto;  // of the records; auto: each record is asked
     bool allowLocal = true;          // fields and subfields that the format leaves to libraries
 };
 

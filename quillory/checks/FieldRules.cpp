@@ -28,7 +28,7 @@ bool IsLocalCode(char code) {
     return code == '9' || (!isDigit && !isLetter);
 }
 
-// Field 490 is the format's own; 009 was, and is left to libraries now.
+// Field 490 belongs to the format. So did 009, which is now left to libraries.
 bool IsLocalTag(unsigned tag) {
     const bool has9 = tag / 100 == 9 || tag / 10 % 10 == 9 || tag % 10 == 9;
     return has9 && tag != 490;
@@ -47,7 +47,7 @@ void FieldRules::AddDictionary() {
     const auto tags = CMARCFormat::AllTags(0, kTags - 1);
     for (const unsigned tag : *tags) {
         const zorby::CInfoAboutField* field = CMARCFormat::FindField(tag);
-        if (field == nullptr) AllowAny(tag);  // of the holdings in force
+        if (field == nullptr) AllowAny(tag);  // a field of the holdings in force
         FieldRule& rule = rules_[tag];
         rule.isKnown = true;
         rule.isRepeatable = field == nullptr || field->Repeatable() != 0;
@@ -57,14 +57,14 @@ void FieldRules::AddDictionary() {
             const zorby::CInfoAboutSubfield* subfield = CMARCFormat::FindSubfield(tag, code);
             AllowCode(rule, code, subfield == nullptr || subfield->Repeatable() != 0);
         }
-        // The institution and the links between fields go with fields of the user's own too.
+        // Fields of the user's own may also name an institution and links between fields.
         if (CMARCFormat::IsUDField(tag) == 0) continue;
         for (const char code : {'5', '6', '8'}) AllowCode(rule, code, true);
     }
 }
 
 void FieldRules::AddHoldings() {
-    // Holdings that the bibliographic format has itself.
+    // The holdings fields of the bibliographic format itself.
     for (const unsigned tag : {852U, 863U, 864U, 865U, 866U, 867U, 868U, 876U, 877U, 878U}) {
         rules_[tag].isHoldings = true;
     }

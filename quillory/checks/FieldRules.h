@@ -10,7 +10,7 @@
 
 namespace quillory {
 
-// What fields count for in the checks of a whole record.
+// The part that a field plays in the rules about a whole record.
 enum FieldRole : std::uint8_t {
     kRoleOther,
     kRoleMainEntry,    // 100, 110, 111, 130
@@ -28,7 +28,7 @@ using Codes = std::bitset<256>;
 struct FieldRule {
     bool isKnown = false;
     bool isRepeatable = true;
-    bool hasAnyCodes = false;  // any subfield, as often as may be
+    bool hasAnyCodes = false;  // any subfield, any number of times
     bool isHoldings = false;
     FieldRole role = kRoleOther;
     Codes codes;
@@ -38,8 +38,8 @@ struct FieldRule {
 // The format's dictionary and the holdings system in force when the object is made, by tag.
 class FieldRules {
 public:
-    // `allowLocal` takes what the format leaves to libraries for known: tags with a 9, but for 490,
-    // subfield 9, and graphic symbols as codes.
+    // With `allowLocal`, fields and subfields that the format leaves to libraries are known: tags
+    // with a 9, but for 490; subfield 9; graphic symbols as codes.
     explicit FieldRules(bool allowLocal);
 
     // The tag is below kTags.

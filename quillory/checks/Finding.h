@@ -16,8 +16,8 @@ struct Finding {
     bool IsError() const { return severity == zorby::EST_Error; }
 };
 
-// The words of the library in UTF-8, without prefix and line end. They presume that the policy
-// which made the finding is in force.
+// The words of the library in UTF-8, without prefix and line end. The policy that made the finding
+// must be in force.
 std::string ShortText(const Finding& finding);
 std::string LongText(const Finding& finding);
 

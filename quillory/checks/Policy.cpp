@@ -1,5 +1,5 @@
 #include <quillory/checks/Policy.h>
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
 #include <zorby/checking/DialogWarningSettings.h>
 #include <zorby/checking/ErrorCodeBits.h>
 #include <zorby/text/General.h>
@@ -58,24 +58,24 @@ const zorby::ProfileKeyRow& KeyNamed(const std::string& name) {
         if (rowName == name || rowName == "ZP_" + name || rowName == "ZP_RC_" + name) return row;
         names.append(names.empty() ? "" : ", ").append(ShortName(rowName));
     }
-    throw FileError("no findings go by a setting " + name + ", only by " + names);
+    throw UsageError("no findings go by a setting " + name + ", only by " + names);
 }
 
 void SetKey(PolicyKind kind, const std::string& name, int value) {
     const zorby::ProfileKeyRow& row = KeyNamed(name);
     if (value < 0 || value > kMostValue) {
-        throw FileError(name + ": 0 for an error, 1 for a warning, 2 for nothing, not " +
-                        std::to_string(value));
+        throw UsageError(name + ": 0 for an error, 1 for a warning, 2 for nothing, not " +
+                         std::to_string(value));
     }
     if (kind == kPolicyBasic && GroupOf(row.id) == nullptr) {
-        throw FileError(name + ": the policy basic leaves nothing to set");
+        throw UsageError(name + ": the policy basic leaves nothing to set");
     }
     const WarningGroupRow* group = GroupOf(row.id);
     const bool isOpen = kind == kPolicyProfile || group == nullptr ||
                         zorby::IsWarningOptionOpen(ZorbyPolicy(kind), *group, value);
     if (!isOpen) {
-        throw FileError(name + ": the policy " + std::string(NameOf(kind)) + " fixes it to " +
-                        std::to_string(DefaultOf(kind, *group)));
+        throw UsageError(name + ": the policy " + std::string(NameOf(kind)) + " fixes it to " +
+                         std::to_string(DefaultOf(kind, *group)));
     }
     SetInMemory(row.id, value);
 }

@@ -12,23 +12,23 @@ namespace quillory {
 
 enum PolicyKind : std::int32_t { kPolicyProfile, kPolicyBasic, kPolicyTLC, kPolicyCustom };
 
-// What the findings shall count as.
+// A choice of what findings count as.
 struct PolicyChoice {
     PolicyKind kind = kPolicyProfile;
-    // Keys of the profile by name, with or without "ZP_" or "ZP_RC_", and what their findings are:
-    // 0 errors, 1 warnings, 2 nothing.
+    // Names of profile keys, with or without "ZP_" or "ZP_RC_", and what their findings count as:
+    // 0 as errors, 1 as warnings, 2 as nothing.
     std::vector<std::pair<std::string, int>> keys;
 };
 
-// Puts a policy in force for this process: the settings in memory follow it, the user's file stays
-// as it is. A policy sets every key that it knows; custom makes all findings errors. Throws
-// FileError for a key that decides about no finding, a value that is none, and a value that the
-// policy doesn't leave to the user.
+// Puts a policy in force for this process. The settings in memory follow it; the user's file stays
+// as it is. A policy sets every key that it knows, and "custom" makes all findings errors. Throws
+// UsageError for a key without findings, for a value other than 0, 1 or 2, and for a value that the
+// policy does not leave to the user.
 void PutInForce(const PolicyChoice& choice);
 
 enum Verdict : std::int32_t { kMayGo = 0, kMayGoWithWarnings = 1, kMustStay = 2 };
 
-// The policy in force when the object is made.
+// The policy that is in force when the object is made.
 class Policy {
 public:
     // Whether a finding counts at all, and as what.

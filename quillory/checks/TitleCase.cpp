@@ -16,7 +16,7 @@ constexpr std::size_t kFewestCapitals = 2;
 enum LetterCase : unsigned char { kNoCase, kCapital, kSmall };
 using CaseTable = std::array<LetterCase, 256>;
 
-// A letter has a case where there is a partner in the other one.
+// A letter has a case if it has a partner in the other case.
 CaseTable BuildCases() {
     CaseTable cases{};
     std::string codes(cases.size(), '\0');
@@ -82,8 +82,8 @@ bool TitleCase::ToQm(std::string_view text, Charset charset) {
     return Utf8ToQm(utf8_, qm_);
 }
 
-// Most texts are decided by their first small letter. An escape sequence has letters too, that are
-// none of the text's.
+// The first small letter decides about most texts. The letters of an escape sequence don't count:
+// they are not part of the text.
 TitleCase::Capitals TitleCase::CapitalsOf(const Record& record, std::string_view text,
                                           Charset charset) {
     constexpr Capitals kSmallOnly{0, 0, true};

@@ -12,18 +12,18 @@
 
 namespace quillory {
 
-// Tells titles that are written in capitals.
+// Recognises titles that are written in capitals.
 class TitleCase {
 public:
-    // Whether the first $a of a title field (245) is: a letter or more in each of two words or
-    // more, or one word of two letters or more, none of them small by the case of the library's
-    // one-byte code. One word is no such title, but an abbreviation (CSS, L.K.A.), where $b, $c, $n
-    // or $p have small letters. A text that the code doesn't hold, such as one in another script,
-    // is none either. The character set is that of the record where it is auto.
+    // Whether the first $a of a title field (245) has two capitals or more and no small letter, by
+    // the case of the library's one-byte code. A single word is taken for an abbreviation (CSS,
+    // L.K.A.) if $b, $c, $n or $p have small letters. A text that the code can't hold, such as one
+    // in another script, is not in capitals. With kCharsetAuto the record is asked for its
+    // character set.
     bool IsUpperCase(const Record& record, std::string_view content, Charset charset);
 
 private:
-    // What the letters of a text say.
+    // The letters of a text.
     struct Capitals {
         std::size_t words = 0;  // with a capital
         std::size_t letters = 0;

@@ -33,7 +33,8 @@ CodeMeaning MeaningOf(const PublishedCode& published) {
     return meaning;
 }
 
-// The library's text of a code that is in force, as its lists mark obsolete codes in their texts.
+// The text is the library's for a code in force. The library marks obsolete codes in their texts, so
+// those keep the published text.
 CodeMeaning MeaningOf(const ListedCode& listed, const PublishedElement* published) {
     const PublishedCode* known = published == nullptr ? nullptr : published->Find(listed.code);
     CodeMeaning meaning;
@@ -46,8 +47,8 @@ CodeMeaning MeaningOf(const ListedCode& listed, const PublishedElement* publishe
     return meaning;
 }
 
-// The first list of an element is that of any material. Without it, the others are parts of a list
-// that the library has not; and so are those of 006/00, each of the letters of its own form.
+// The first list of an element is the one for any material. An element without it has lists that
+// are only parts of the whole. So has 006/00, where each list holds the letters of one form.
 bool IsListWhole(const Element& element) {
     if (element.IsUndefined() || (element.first == 0 && IsFormOf006(element.form))) return false;
     return CCFMenuData(element.parts.front()).GetMenuTitle() != nullptr;

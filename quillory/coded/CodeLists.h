@@ -14,7 +14,7 @@ namespace quillory {
 
 enum class CodeState {
     Known,      // in force, as far as the library and the format say
-    Newer,      // in force, but not in the library's list, which mostly is older
+    Newer,      // in force, but younger than the library's list
     Obsolete,   // once valid
     NoAttempt,  // the fill character: no attempt to code
     Unknown,    // never valid
@@ -28,7 +28,7 @@ struct CodeMeaning {
     std::string since;  // as in PublishedCode
     std::string until;
     std::string use;
-    bool published = false;  // false for a code that is in use, but not the format's
+    bool published = false;  // false for a code that is in use without being the format's
 
     friend bool operator==(const CodeMeaning&, const CodeMeaning&) = default;
 };
@@ -38,20 +38,21 @@ class CodeLists {
 public:
     explicit CodeLists(const CodeStatus& status);
 
-    // The codes of an element, each once: those of the library in the order of its lists, then the
-    // others as published; all as published where the library has parts of the list alone. Empty
-    // for an element whose values are no codes.
+    // The codes of an element, each once. Those of the library come first, in the order of its
+    // lists, and the others follow as published; where the library has only parts of the list, all
+    // codes come as published. Empty for an element whose values are not codes.
     const std::vector<CodeMeaning>& CodesOf(const Element& element) const;
-    // Bytes of one code. An element that is wider holds several.
+    // The length of one code in bytes. An element that is wider holds several codes.
     int CodeLengthOf(const Element& element) const;
     CodeMeaning Find(const Element& element, std::string_view code) const;
     CodeState StateOf(const Element& element, std::string_view code) const;
-    // The codes in a value, without the blanks between them; one for a value that is all blank or
-    // all fill characters.
+    // The codes in a value, without the blanks between them. A value of blanks alone, or of fill
+    // characters alone, counts as one code.
     std::vector<CodeMeaning> CodesIn(const Element& element, std::string_view value) const;
     std::vector<std::string_view> SplitCodes(const Element& element, std::string_view value) const;
 
-    // What was once in positions that are undefined now; empty if nothing.
+    // The name of the element that once stood in positions that are undefined now; empty if there
+    // was none.
     const std::string& FormerNameOf(const Element& element) const;
 
 private:
@@ -66,10 +67,10 @@ private:
     };
 
     static List MakeList(const Element& element, const PublishedElement* published);
-    // Those that are not there yet, codes in force with the state given.
+    // Adds the published codes that the list lacks. Codes in force get the state given.
     static void AddPublished(const PublishedElement& published, CodeState inForce, List& list);
     const List& ListOf(const Element& element) const;
-    // Null for a code that is in no list.
+    // Null for a code that the list lacks.
     static const CodeMeaning* FindListed(const List& list, std::string_view code);
     static CodeState StateOfUnlisted(const Element& element, const List& list,
                                      std::string_view code);
@@ -80,14 +81,14 @@ private:
 // A code of one of the library's own lists.
 struct ListedCode {
     std::string code;
-    std::string secondCode;  // of the combined form of item, else empty
+    std::string secondCode;  // only for the combined form of item
     std::string text;
 };
 // In display order; empty if the element has no list.
 std::vector<ListedCode> LibraryCodesOf(zorby::CFPart part);
 
 constexpr char kFill = '|';
-// Whether a text has nothing but this character, and has it.
+// Whether a text consists of this character alone. False for an empty text.
 bool IsAll(std::string_view text, char c);
 
 }  // namespace quillory

@@ -71,7 +71,7 @@ int PositionOf(std::string_view text) {
     return position;
 }
 
-// Only positions that are those of an element can ever be found again.
+// Rows for positions that don't make up an element would never be found again.
 void CheckPositions(CFType form, int first, int last, std::string_view cell) {
     if (form == zorby::CF006Unknown || form == zorby::CF007Unknown) {
         if (first == 0 && last == 0) return;

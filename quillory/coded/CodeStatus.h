@@ -13,7 +13,7 @@ namespace quillory {
 enum class Standing {
     Current,
     Obsolete,
-    Local,  // in use, though the format has it not
+    Local,  // in use, though the format lacks it
 };
 
 // A code of the published format.
@@ -22,7 +22,7 @@ struct PublishedCode {
     Standing standing = Standing::Current;
     std::string since;  // year in which it came, where known
     std::string until;  // year in which an obsolete code was given up, where known
-    std::string use;    // the codes that took an obsolete code's place, with a blank between
+    std::string use;    // the codes to use instead of an obsolete code, divided by blanks
     std::string text;   // UTF-8
 };
 
@@ -32,12 +32,12 @@ struct PublishedElement {
     int last = 0;
     std::vector<PublishedCode> codes;
 
-    // A code in force before an obsolete one. Null if the format never had it.
+    // Prefers a code in force to an obsolete one. Null if the format never had the code.
     const PublishedCode* Find(std::string_view code) const;
 };
 
-// What the format allows now and what it allowed once, in contrast to the library's lists, which
-// are those of their day. The rows are tab-separated, in the columns
+// What the format allows now and what it once allowed. The library's own lists are older and don't
+// change. The rows are tab-separated, in the columns
 //   field form positions element code status since until use text
 // with "#" for a blank in codes; the status is current, obsolete or local. A line that begins with
 // "#" is a comment.
@@ -48,16 +48,17 @@ public:
     // not fit.
     explicit CodeStatus(const std::string& path);
 
-    // Adds the rows of a source; its name is told in errors. Throws FileError.
+    // Adds the rows of a source, which errors call by `name`. Throws FileError.
     void Add(std::string_view text, const std::string& name);
 
-    // What is published of the element that begins at this position of the form. Null if nothing.
+    // The published element that begins at this position of the form. Null if there is none.
     const PublishedElement* Find(zorby::CFType form, int first) const;
 
 private:
     void AddRow(std::string_view line);
 
-    // Position 0 is the same in all forms of a field and lies under CF006Unknown or CF007Unknown.
+    // Position 0 is the same in all forms of a field, and is kept under CF006Unknown or
+    // CF007Unknown.
     std::map<std::pair<zorby::CFType, int>, PublishedElement> elements_;
 };
 

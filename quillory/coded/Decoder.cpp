@@ -21,7 +21,7 @@ Place PlaceIn(const DecodedField& field, std::size_t first, std::size_t end) {
     return field.place.Positions(static_cast<int>(first), static_cast<int>(end) - 1);
 }
 
-// What the field lacks, or has too much of.
+// Adds the positions that the field lacks, or its bytes after the last position.
 void AddEnd(std::size_t length, std::string_view content, DecodedField& field) {
     if (content.size() == length) return;
     DecodedElement end;

@@ -9,13 +9,13 @@
 namespace quillory {
 
 enum class ElementState {
-    Coded,      // has its codes
-    Free,       // a value that is no code
+    Coded,      // a value of codes
+    Free,       // a value such as a date, which is not a code
     Misfit,     // a value that the element can't have
     Undefined,  // positions that the format leaves undefined, holding something
     Undecoded,  // bytes whose form is not known
-    Missing,    // positions behind the end of the field
-    Excess,     // bytes behind the last position of the format
+    Missing,    // positions after the end of the field
+    Excess,     // bytes after the last position of the format
 };
 
 struct DecodedElement {
@@ -24,7 +24,7 @@ struct DecodedElement {
     std::string value;  // the bytes as they are
     ElementState state = ElementState::Coded;
     std::vector<CodeMeaning> codes;  // of a coded element
-    std::string text;                // what a value that is no code says; may be empty
+    std::string text;                // the meaning of a value that is not a code; may be empty
 };
 
 struct DecodedField {
@@ -33,9 +33,9 @@ struct DecodedField {
     std::vector<DecodedElement> elements;
 };
 
-// Spells the coded control fields out. Fields may have any length and any bytes: what can't be
-// decoded is there as it is, and the values of the elements put one behind the other give all of
-// the field but blanks and fill characters in undefined positions.
+// Spells the coded control fields out. Fields may have any length and any bytes. What can't be
+// decoded comes as it is: the values of all elements, one after the other, make up the whole field,
+// but for blanks and fill characters in undefined positions.
 class Decoder {
 public:
     // Keeps the reference.
@@ -44,7 +44,7 @@ public:
     DecodedField Leader(std::string_view leader) const;
     DecodedField Field006(std::string_view content) const;
     DecodedField Field007(std::string_view content) const;
-    // The leader says by which material the field is to be read.
+    // The leader names the material by which the field is read.
     DecodedField Field008(std::string_view content, std::string_view leader) const;
 
 private:

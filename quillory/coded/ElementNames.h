@@ -6,8 +6,8 @@
 
 namespace quillory {
 
-// The published name of an element, without the material it belongs to. Empty for undefined
-// positions and for those whose meaning nobody has published.
+// The published name of an element, without its material. Empty for undefined positions, and for
+// positions whose meaning was never published.
 std::string_view NameOfPart(zorby::CFPart part);
 
 }  // namespace quillory

@@ -49,7 +49,7 @@ struct Form {
     int length = 0;
 };
 
-// By the number of the form.
+// Indexed by the number of the form.
 std::vector<Form> MakeAll() {
     std::vector<Form> all;
     const auto add = [&all](CFType type) {
@@ -69,7 +69,7 @@ std::vector<Form> MakeAll() {
 const Form& FormOf(CFType type) {
     static const std::vector<Form> all = MakeAll();
     static const Form none;
-    const auto number = static_cast<std::size_t>(type);  // a negative one is beyond all
+    const auto number = static_cast<std::size_t>(type);  // a negative number becomes a large one
     return number < all.size() ? all[number] : none;
 }
 

@@ -9,30 +9,31 @@
 
 namespace quillory {
 
-// The bytes of one element of a form, under one or several code lists of the library.
+// An element: neighbouring bytes of a form, to which one or several code lists of the library
+// apply.
 struct Element {
     zorby::CFType form;
     int first;  // positions in the Leader, 006, 007 or 008; a form of 006 counts as in 006
     int last;
-    std::vector<zorby::CFPart> parts;  // one for each list; empty for undefined positions
-    std::string name;                  // published; "Undefined" for undefined positions
+    std::vector<zorby::CFPart> parts;  // a number for each list; empty for undefined positions
+    std::string name;                  // as published; "Undefined" for undefined positions
 
     int Width() const { return last - first + 1; }
     bool IsUndefined() const { return parts.empty(); }
 };
 
-// The elements of a form by position. Empty for a form that has none, or whose positions are
-// stored and never interpreted.
+// The elements of a form, by position. Empty for a form without elements.
 const std::vector<Element>& ElementsOf(zorby::CFType form);
 
-// Form of item and microform SMD as one element, the library's own. Its form is CF006None, and it
-// has no positions of its own.
+// The library's own element that combines the form of item with the specific material designation
+// of a microform. Its form is CF006None, and it has no positions of its own.
 const Element& CombinedFormOfItem();
 
-// The element with this number. Null for a number that is none.
+// The element to which a number belongs. Null if there is none.
 const Element* ElementOfPart(zorby::CFPart part);
 
-// Bytes of a field of this form: 24, 40, 18, or those of the 007.
+// The length of a field of this form in bytes: 24 for the leader, 40 for 008, 18 for 006, and that
+// of its category for 007.
 int LengthOfForm(zorby::CFType form);
 
 // 008/18-34 are positions 1 to 17 of a form of 006.

@@ -17,7 +17,7 @@ bool HasOnly(std::string_view value, std::string_view characters) {
     return value.find_first_not_of(characters) == value.npos;
 }
 
-// Of digits alone, at most five of them.
+// Reads up to five digits.
 int Number(std::string_view digits) {
     int number = 0;
     for (const char digit : digits) number = 10 * number + (digit - '0');

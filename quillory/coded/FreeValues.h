@@ -8,14 +8,14 @@
 
 namespace quillory {
 
-// What a value says that is no code: a date, a length, a number.
+// The meaning of a value that is not a code, such as a date, a length or a number.
 struct FreeValue {
     std::string text;  // empty if the value speaks for itself
     bool fits = true;  // false for a value that the element can't have
 };
 
-// Nothing for an element of codes, or for a value that stands for a number and is a code: to be
-// looked up in the lists.
+// Nothing for a value that is to be looked up in the code lists: that of an element of codes, or a
+// code in an element of numbers.
 std::optional<FreeValue> ReadFreeValue(zorby::CFPart part, std::string_view value);
 
 }  // namespace quillory

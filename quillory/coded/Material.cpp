@@ -45,7 +45,7 @@ constexpr Form kForms[] = {
 constexpr std::size_t kTypeOfRecord = 6;
 constexpr std::size_t kBibliographicLevel = 7;
 constexpr std::string_view kContinuingLevels = "bis";
-// Archival and manuscripts control, until 1995: mixed materials since.
+// Type b was archival and manuscripts control until 1995; its records are mixed materials now.
 constexpr char kArchivalType = 'b';
 
 constexpr bool Is006(CFType type) {
@@ -114,7 +114,7 @@ bool IsBibliographic(std::string_view leader) {
 CFType MaterialOfLeader(std::string_view leader) {
     if (leader.size() <= kBibliographicLevel) return CF006None;
     if (leader[kTypeOfRecord] == kArchivalType) return CF006Mixed;
-    // In the Leader no type is a serial's: that is told by the level.
+    // A serial has no type of its own in the Leader: the bibliographic level tells it.
     const CFType form = FormOfLetter(leader.substr(kTypeOfRecord, 1), kFormsOf006);
     if (form == CF006Continuing) return CF006None;
     const bool isContinuing =
