@@ -44,8 +44,8 @@ public:
     // few words. For EC_NotMARC and EC_NotRepeatable nothing is appended if the profile ignores
     // them.
     void GetEnglishMessage(std::string& text, int isLong) const;
-    // The same for a field whose tag may be any text, such as one with letters, in place of the
-    // number. The number remains the limit of EC_RecordTooLong.
+    // Does the same with a tag that may be any text, such as one with letters, in the place of
+    // `number`. For EC_RecordTooLong, `number` is still the limit.
     void GetEnglishMessage(std::string& text, int isLong, std::string_view tag) const;
 
 private:

@@ -158,8 +158,8 @@ bool CHoldingsDataRecord::IsFree(EHOLDINGSID id) const {
     return !element || element->GetText().empty();
 }
 
-// To the number under which a further value of a repeating item is kept. False if there is no room
-// for the value.
+// Moves to the number that takes a further value of a repeating item. Returns false if there is no
+// room for the value.
 bool CHoldingsDataRecord::MoveToFree(EHOLDINGSID& id) const {
     const HoldingsTypeRow* row = FindHoldingsRow(id);
     if (!row) return true;

@@ -40,23 +40,23 @@ public:
     CHoldingsDataRecord& operator=(const CHoldingsDataRecord&) = delete;
 
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
-    // Stores version 2; loads version 1 too, which has no holds, and reads nothing after the
-    // version byte of any other. A loaded type becomes its successor (HoldingsTypeRow) where that
-    // is the type in force (CHoldingsSelector). Elements and holds are added after those there are,
-    // as they were stored.
+    // Stores version 2. Loads version 2 and version 1, which has no holds; of any other version
+    // nothing after the version byte is read. A loaded type becomes its successor (HoldingsTypeRow)
+    // if that is the type in force (CHoldingsSelector). Loading appends elements and holds to those
+    // that are there, as they were stored.
     void Serialize(CArchive& archive) override;
-    // Takes the type and what SetPageHasData said, and adds copies of elements and holds after
-    // those there are. A record cloned from itself stays as it is.
+    // Takes over the type and the value of SetPageHasData, and appends copies of the elements and
+    // holds. Cloning a record from itself changes nothing.
     void CloneFrom(const CHoldingsDataRecord& record);
 
     EHOLDINGSTYPE GetHoldingsType() const { return holdingsType_; }
     // Returns the list that the record is in, or null.
     const CHoldingsDataRecordList* GetOwner() const { return owner_; }
 
-    // Adds an element. A further value of a repeating item goes to another number
-    // (HoldingsTypeRow): of a triple to the next that is free, and nowhere if none is; of a pair to
-    // the second, which takes any number of values. An empty text is added only if `keepEmpty` is
-    // not 0; one of white space is added as an empty one.
+    // Adds an element. A further value of a repeating item goes to another of the item's numbers
+    // (HoldingsTypeRow). In a triple that is the next free one, and the value is dropped if none is
+    // free. In a pair it is the second one, which takes any number of values. An empty text is
+    // added only if `keepEmpty` is nonzero. A text of white space is added as an empty one.
     void Add(EHOLDINGSID id, std::string_view text, int keepEmpty, int userValue);
     // Changes the first element with the number. If there is none, adds one unless the text is
     // empty.
@@ -82,10 +82,11 @@ public:
 
     // Nonzero while an editor page holds data for a record that has no elements yet.
     void SetPageHasData(int hasData) { pageHasData_ = hasData; }
-    // For a type with an automatic element (HoldingsTypeRow): no other element has text. For other
-    // types: there is no element, not even one without text, nor data on an editor page.
+    // For a type with an automatic element (HoldingsTypeRow): returns whether no other element has
+    // text. For other types: returns whether there is no element, not even one without text, and no
+    // data on an editor page.
     bool IsEmpty() const;
-    // No element has text other than white space, automatic ones aside.
+    // Returns whether no element except automatic ones has text other than white space.
     bool HasNoText() const;
 
     // Returns whether both have the same type and, in any order, the same elements. Holds aren't
@@ -94,21 +95,22 @@ public:
 
     // Both sorts keep equal elements in their order. Sort puts the highest number first.
     void Sort();
-    // The order of output, by what the dictionary says of each number: the highest tag first; in a
-    // tag the parts of composed subfields by number, other subfields by code, digits after all
-    // else; the second of a pair that sorts so (HoldingsPair) after any first of the tag. Elements
-    // that the dictionary in force doesn't have come last.
+    // Sorts into the order of output, which depends on what the dictionary says about each number.
+    // The highest tag comes first. Within a tag, parts of composed subfields are in the order of
+    // their numbers, and other subfields in the order of their codes, with digits after everything
+    // else. The second element of some pairs comes after any first one of the tag (HoldingsPair).
+    // Elements that are not in the dictionary in force come last.
     void SortByTagAndSubfield();
 
     // Returns how many bytes the elements take in a MARC record, with one field around them, or 0
     // if none has text. Holds aren't counted.
     unsigned GetMARCSize() const;
 
-    // Adds the elements in their order, then the holds, to new fields of `marc`, one for each of
-    // the first two tags met. Elements of a third tag go to the second field, holds of a third tag
-    // nowhere, and so do elements that the dictionary in force doesn't have. Subfields composed of
-    // several elements come last in the first field. That field takes the indicators of the type in
-    // force (CHoldingsSelector) if it has any, whatever the record's own type.
+    // Adds the elements in their order, and then the holds, to new fields of `marc`: one field for
+    // each of the first two tags. Elements of a third tag go to the second field. Holds of a third
+    // tag are dropped, and so are elements that are not in the dictionary in force. Subfields
+    // composed of several elements come last in the first field. That field gets the indicators of
+    // the type in force (CHoldingsSelector), if it has any, whatever the type of the record.
     void AddToPseudoMARC(CPmarc& marc) const;
 
     // What the host's list shows for the copy: the call number for the type of the record, with its

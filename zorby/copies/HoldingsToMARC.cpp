@@ -95,7 +95,7 @@ private:
         return false;
     }
 
-    // By the system in force, whatever the copy's own is.
+    // The system in force decides, whatever the system of the copy is.
     void SetIndicators() {
         const auto& inForce = HoldingsRowOf(CHoldingsSelector::GetCurrentHoldingsTypeID());
         if (!inForce.indicators) return;

@@ -4,9 +4,9 @@
 
 namespace zorby {
 
-// The elements of holdings data, a family of numbers to each system (HoldingsTypeTable). Those
-// named here have a role of their own; the others are what the dictionary says. Where a call number
-// comes in parts, HID_..._CALL_NUMBER takes a whole one.
+// The elements of holdings data. Each system has its range of numbers (HoldingsTypeTable). The
+// elements named here have a special role; the dictionary describes all others. If a call number
+// has several parts, HID_..._CALL_NUMBER takes one that isn't divided.
 enum EHOLDINGSID : std::int32_t {
     HID_TYPE_1_CALL_NUMBER = 101,
     HID_TYPE_1_BAR_CODE = 102,

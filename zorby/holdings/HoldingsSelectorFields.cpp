@@ -10,7 +10,7 @@ const HoldingsTypeRow& RowInForce() {
     return HoldingsRowOf(CHoldingsSelector::GetCurrentHoldingsTypeID());
 }
 
-// What custom settings say; a system without elements has its places fixed.
+// Returns the place in the custom settings. The places of a system without elements are fixed.
 std::string CustomPlace(std::string_view key, const char* HoldingsTypeRow::*place) {
     const HoldingsTypeRow& row = RowInForce();
     if (row.tagsWithoutElements) return row.*place;

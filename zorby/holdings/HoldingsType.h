@@ -4,8 +4,8 @@
 
 namespace zorby {
 
-// The library automation systems whose holdings the library knows. What is fixed for each is a row
-// of HoldingsTypeTable; a system needs a name here only where code is to name it.
+// The library automation systems whose holdings are known here. HoldingsTypeTable has a row for
+// each. A system needs a name here only if code has to name it.
 enum EHOLDINGSTYPE : std::int32_t {
     HT_NONE = 0,  // no such type
     HT_TYPE_1 = 1,

@@ -6,8 +6,8 @@
 
 namespace zorby {
 
-// Puts a port in force for as long as the object lives, and then the one that was there before,
-// however the scope is left. Both ports outlive the object.
+// Puts a port in force as long as the object lives, and then restores the one that was in force
+// before, however the scope is left. Both ports must outlive the object.
 template <class Port, Port& (*Current)(), void (*Set)(Port*)>
 class PortInForce {
 public:

@@ -6,11 +6,11 @@
 namespace zorby {
 namespace {
 
-constexpr int kLowestCode = 32;  // a dictionary's subfields below are places in a composite
+constexpr int kLowestCode = 32;  // lower subfields of a dictionary are places in a composite
 
 }  // namespace
 
-// A text without any value opens the subfield all the same.
+// Even a text without any value begins the subfield.
 bool CompositeToMARC::Take(const CInfoAboutHoldingsField& info, std::string_view text) {
     if (!composite_ || info.GetSubfield() >= kLowestCode) return false;
     if (text_.empty()) text_ = composite_->opening;

@@ -12,10 +12,10 @@ namespace zorby {
 // The subfield that a system composes of several elements of a copy.
 class CompositeToMARC {
 public:
-    // `composite` is null for a system that composes none.
+    // `composite` is null for a system without a composed subfield.
     explicit CompositeToMARC(const HoldingsComposite* composite) : composite_(composite) {}
 
-    // Take a value that belongs into the subfield. False for one that doesn't.
+    // Take a value that belongs in the subfield. They return false for any other value.
     bool Take(const CInfoAboutHoldingsField& info, std::string_view text);
     bool Take(const HoldingItemHold& hold);
 

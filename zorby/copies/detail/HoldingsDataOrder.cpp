@@ -44,8 +44,8 @@ bool Has(const Elements& elements, EHOLDINGSID id) {
                                [=](const auto& element) { return element->GetID() == id; });
 }
 
-// Further values of an item go after the first even where a dictionary gives them a lower code.
-// Comparing the two alone by number would not make one order with all others.
+// Further values of an item come after the first even if a dictionary gives them a lower code. If
+// only these two were compared by number, the order would contradict itself.
 Place PlaceOfSecond(const HoldingsPair& pair) {
     const Place first = PlaceOf(pair.first);
     const Place second = PlaceOf(pair.second);
@@ -58,7 +58,7 @@ Place PlaceOfSecond(const HoldingsPair& pair) {
     return after;
 }
 
-// The pairs whose first element is there.
+// Returns the pairs whose first element is there.
 std::vector<HoldingsPair> PairsIn(const Elements& elements) {
     std::vector<HoldingsPair> pairs;
     for (const HoldingsTypeRow& row : HoldingsTypeTable()) {

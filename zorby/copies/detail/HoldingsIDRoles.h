@@ -4,13 +4,13 @@
 
 namespace zorby {
 
-// Whether the element is the bar code of any system.
+// Returns whether the element is the bar code of any system.
 inline bool IsBarCode(EHOLDINGSID id) {
     const HoldingsTypeRow* row = FindHoldingsRow(id);
     return row && row->barCode == id;
 }
 
-// Whether any system fills the element by itself.
+// Returns whether any system fills the element automatically.
 inline bool IsAutomatic(EHOLDINGSID id) {
     const HoldingsTypeRow* row = FindHoldingsRow(id);
     return row && row->automatic == id;

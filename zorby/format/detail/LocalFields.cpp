@@ -16,7 +16,7 @@ void AppendLocalTags(CTagArray& tags) {
     for (const HoldingsLocalField& field : RowInForce().localFields) tags.push_back(field.tag);
 }
 
-// The settings are read only for a tag that some system has.
+// The settings are read only for a tag that is local to some system.
 const HoldingsLocalField* FindLocalField(unsigned tag) {
     for (const HoldingsTypeRow& row : HoldingsTypeTable()) {
         const auto field = std::ranges::find(row.localFields, tag, &HoldingsLocalField::tag);

@@ -5,12 +5,12 @@
 
 namespace zorby {
 
-// Fields that are known without a record in the dictionary, because the holdings system in force
-// has them.
+// Fields that are known without a record in the dictionary because the holdings system in force has
+// them.
 
-// Appends their tags.
+// Appends the tags of these fields.
 void AppendLocalTags(CTagArray& tags);
-// Null for any other tag.
+// Returns null for any other tag.
 const HoldingsLocalField* FindLocalField(unsigned tag);
 
 }  // namespace zorby

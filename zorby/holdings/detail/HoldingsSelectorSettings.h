@@ -7,7 +7,7 @@
 
 namespace zorby {
 
-// Keys of what only some systems need.
+// The keys of settings that only some systems need.
 inline constexpr const char* kDynixIndicators = "DynixIndicators";
 inline constexpr const char* kLwlpCallTag = "LWLPCallTag";
 inline constexpr const char* kLwlpSubTags = "LWLPSubTags";
@@ -15,8 +15,8 @@ inline constexpr const char* kUnisonNextAccNo = "FollettUnisonNextAccNumber";
 inline constexpr const char* kUnisonDCNLocation = "FollettUnisonLocOfMasterCallNumber";
 inline constexpr const char* kMandarinSubfields = "MandarinEZTransferHoldingsSubfields";
 
-// The holdings settings of the user's profile as they are at construction. A value that isn't
-// stored is an empty text.
+// The holdings settings of the user's profile, as they were when the object was made. A value that
+// isn't stored is an empty text.
 class HoldingsSettings {
 public:
     HoldingsSettings();
