@@ -90,7 +90,7 @@ inline std::vector<Copy> Carry(const CarryOptions& options, const std::string& f
         losses.Clear();
         const Copy copy(item.record);
         const WriteResult result = writer->Write(item.record, losses);
-        whole = whole && result.reason.empty() && losses.Empty();
+        whole = whole && result.faults.empty() && losses.Empty();
         if (result.written) records.push_back(copy);
     }
     writer->Finish();

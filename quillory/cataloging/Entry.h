@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillory/places/LineColumn.h>
+
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -7,12 +9,6 @@
 #include <vector>
 
 namespace quillory {
-
-// A place in a file, counted from 1; zeros for none.
-struct LineColumn {
-    std::uint64_t line = 0;
-    std::uint64_t column = 0;  // in characters
-};
 
 // What is said of a new record that can't be done. The text names the place in the record and the
 // reason.

@@ -1,52 +1,80 @@
 #include <quillory/exchange/LineReader.h>
 #include <quillory/exchange/RecordCheck.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace quillory {
 
-void LineReader::Begin(Item& item) const {
-    item.number = count_;
-    item.offset = input_.Offset();
-    item.faultOffset = item.offset;
-    item.faultPlace.reset();
-    item.continues = false;
-    item.reason.clear();
-    item.tag.clear();
-    item.controlNumber.clear();
-    item.record.bytes = {};
-    item.record.fields.clear();
+std::string_view TakeLine(std::string_view& text) {
+    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    const std::string_view line = text.substr(0, end);
+    const bool twoBytes = text.substr(end).starts_with("\r\n");
+    text.remove_prefix(std::min(end + (twoBytes ? 2 : 1), text.size()));
+    return line;
 }
 
-// What is missing is told of no bytes, once.
+// The record at the front of the input. At the end of the file, or after 4 MiB without an end in
+// sight, all that is there.
+std::string_view LineReader::FindBlock() {
+    constexpr std::size_t kFirstLook = std::size_t{1} << 14;
+    constexpr std::size_t kLongest = std::size_t{4} << 20;
+    std::size_t look = kFirstLook;
+    for (;;) {
+        const std::string_view window = input_.Peek(look);
+        const std::size_t end = EndOfRecord(window);
+        if (end != window.npos) return window.substr(0, end);
+        if (window.size() < look || look >= kLongest) return window;
+        look = std::max(look * 4, window.size() + 1);
+    }
+}
+
+// A fault counts from the item as yet.
+void LineReader::PlaceFault(Item& item) const {
+    item.fault->lineColumn = place_.After(item.bytes.substr(0, item.fault->offset));
+    item.fault->offset += item.offset;
+}
+
+void LineReader::GiveStray(Item& item, std::string_view bytes, FaultCode what) const {
+    item.Begin(what == FaultCode::kNone ? kItemFrame : kItemStray, input_.Offset(), bytes);
+    item.number = count_;
+    if (what != FaultCode::kNone) item.fault = {{what}, item.offset};
+}
+
+void LineReader::GiveRecord(Item& item, std::string_view block) {
+    item.Begin(kItemRecord, input_.Offset(), block);
+    item.number = ++count_;
+    item.fault = Read(block, item.record);
+    if (!item.fault) item.fault = FaultOf(item.record);
+    sound_ = !item.fault;
+    if (sound_) return;
+    PlaceFault(item);
+    item.kind = kItemDamaged;
+    item.controlNumber = item.record.ControlNumber();
+}
+
+// Reports once what is missing at the end; the item has no bytes.
 bool LineReader::GiveEnd(Item& item) {
-    std::string missing = MissingAtEnd(sound_);
-    if (missing.empty() || std::exchange(ended_, true)) return false;
-    Begin(item);
-    item.kind = kItemStray;
-    item.reason = std::move(missing);
-    item.bytes = {};
-    item.faultPlace = place_;
+    const FaultCode missing = MissingAtEnd(sound_);
+    if (missing == FaultCode::kNone || std::exchange(ended_, true)) return false;
+    GiveStray(item, {}, missing);
+    item.fault->lineColumn = place_.at;
     return true;
 }
 
 bool LineReader::Next(Item& item) {
     place_.Pass(input_.Peek(taken_).substr(0, taken_));
     input_.Skip(std::exchange(taken_, 0));
-    const std::string_view block = block_.Find(input_);
+    const std::string_view block = FindBlock();
     if (block.empty()) return GiveEnd(item);
-    Begin(item);
-    const std::size_t stray = StrayBytes(block, item.reason);
-    item.bytes = stray != 0 ? block.substr(0, stray) : block;
-    taken_ = item.bytes.size();
+    FaultCode what = FaultCode::kNone;
+    const std::size_t stray = StrayBytes(block, what);
+    taken_ = stray != 0 ? stray : block.size();
     if (stray != 0) {
-        item.kind = item.reason.empty() ? kItemFrame : kItemStray;
-        return true;
+        GiveStray(item, block.substr(0, stray), what);
+    } else {
+        GiveRecord(item, block);
     }
-    item.number = ++count_;
-    sound_ = Read(block, item) && CanBeWritten(item);
-    item.kind = sound_ ? kItemRecord : kItemDamaged;
-    item.controlNumber = item.record.ControlNumber();
     return true;
 }
 

@@ -1,10 +1,17 @@
 #pragma once
 
-#include <quillory/exchange/LineBlock.h>
+#include <quillory/exchange/Input.h>
 #include <quillory/exchange/Record.h>
-#include <quillory/text/TextPlace.h>
+#include <quillory/exchange/TextPlace.h>
+
+#include <optional>
+#include <string_view>
 
 namespace quillory {
+
+// Takes one line off the front of `text`, with a line end of CR LF, LF or CR, which is not part of
+// the result.
+std::string_view TakeLine(std::string_view& text);
 
 // What the readers of text forms have in common: a record is a block of lines, and each is either
 // read or damaged as a whole.
@@ -13,31 +20,36 @@ public:
     bool Next(Item& item) final;
 
 protected:
-    LineReader(Input& input, const LineBlock& block) : input_(input), block_(block) {}
+    explicit LineReader(Input& input) : input_(input) {}
 
-    // Bytes at the front of `block` that are of no record, and what they are, nothing if they
-    // belong there; 0 if there are none.
-    virtual std::size_t StrayBytes(std::string_view block, std::string& what) = 0;
-    // Reads a block into `item.record`, with views that last until the next call. On a fault, false
-    // with the reason, tag and offset in the item, which holds the offset of the block.
-    virtual bool Read(std::string_view block, Item& item) = 0;
-    // What is missing at the end of the file; empty if it ends well. `sound` is the last record.
-    virtual std::string MissingAtEnd(bool /*sound*/) { return {}; }
+    // Bytes from the start of `window` that belong to the record there; npos if its end is not in
+    // sight.
+    virtual std::size_t EndOfRecord(std::string_view window) const = 0;
+    // Bytes at the front of `block` that belong to no record; 0 if there are none. `what` is set to
+    // what they are, and is left as it is if they belong there.
+    virtual std::size_t StrayBytes(std::string_view block, FaultCode& what) = 0;
+    // Reads a block into a record without fields, with views that last until the next call. Result:
+    // what is wrong, with an offset that counts from the block, if anything is.
+    virtual std::optional<ItemFault> Read(std::string_view block, Record& record) = 0;
+    // What is missing at the end of the file; nothing if it ends well. `sound` is the last record.
+    virtual FaultCode MissingAtEnd(bool /*sound*/) { return FaultCode::kNone; }
 
-    // Where the block begins.
-    const TextPlace& Place() const { return place_; }
+    // Blanks before the block in its line.
+    std::size_t Indent() const { return place_.indent; }
 
 private:
-    void Begin(Item& item) const;
+    std::string_view FindBlock();
+    void GiveStray(Item& item, std::string_view bytes, FaultCode what) const;
+    void GiveRecord(Item& item, std::string_view block);
     bool GiveEnd(Item& item);
+    void PlaceFault(Item& item) const;
 
     Input& input_;
-    const LineBlock& block_;
+    TextPlace place_;  // of the input
     std::uint64_t count_ = 0;
-    std::size_t taken_ = 0;
-    bool sound_ = true;  // the record given last
+    std::size_t taken_ = 0;  // bytes of the item given last
+    bool sound_ = true;      // the record given last
     bool ended_ = false;
-    TextPlace place_;
 };
 
 }  // namespace quillory

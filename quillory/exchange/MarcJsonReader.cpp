@@ -1,5 +1,5 @@
+#include <quillory/exchange/JsonFault.h>
 #include <quillory/exchange/MarcJson.h>
-#include <quillory/text/JsonWords.h>
 
 #include <nlohmann/json.hpp>
 
@@ -97,13 +97,8 @@ class Handler {
 public:
     explicit Handler(RecordBuilder& builder) : builder_(builder) {}
 
-    // The parser takes a NUL for the end of the text.
     void Parse(std::string_view text) {
-        if (!nlohmann::json::sax_parse(text.begin(), text.end(), this)) return;
-        const std::size_t nul = text.find('\0');
-        if (nul == npos) return;
-        malformed_ = "malformed JSON: a NUL byte";
-        malformedAt_ = nul;
+        if (nlohmann::json::sax_parse(text.begin(), text.end(), this)) malformed_ = NulByteOf(text);
     }
 
     bool start_object(std::size_t) {
@@ -154,10 +149,10 @@ public:
     bool key(std::string& name) {
         key_.swap(name);
         if (where_ == kInRecord && key_ != "leader" && key_ != "fields") {
-            builder_.Fail("a member that is neither leader nor fields");
+            builder_.Fail(FaultCode::kUnknownMember, Printable(key_), "leader and fields");
         }
         if (where_ == kInData && key_ != "ind1" && key_ != "ind2" && key_ != "subfields") {
-            builder_.Fail("a member that is none of ind1, ind2 and subfields");
+            builder_.Fail(FaultCode::kUnknownMember, Printable(key_), "ind1, ind2 and subfields");
         }
         return true;
     }
@@ -186,13 +181,13 @@ public:
     bool binary(const std::vector<std::uint8_t>&) { return Misplaced(); }
 
     bool parse_error(std::size_t position, const std::string&, const std::exception& error) {
-        malformed_ = "malformed JSON: " + JsonWords(error.what());
-        malformedAt_ = position == 0 ? 0 : position - 1;  // it counts the bytes it has read
+        malformed_ = MalformedJson(error.what(), position);
+        if (!builder_.Failed()) malformed_->place = builder_.PlaceInHand();
         return false;
     }
 
-    const std::string& Malformed() const { return malformed_; }
-    std::size_t MalformedAt() const { return malformedAt_; }
+    // The offset counts from the start of the text.
+    const std::optional<ItemFault>& Malformed() const { return malformed_; }
 
 private:
     enum Where { kBefore, kInRecord, kInFields, kInField, kInData, kInSubfields, kInSubfield };
@@ -203,53 +198,47 @@ private:
     }
 
     bool Misplaced() {
-        builder_.Fail("a value of another kind than its place wants");
+        builder_.Fail(FaultCode::kMisplacedValue);
         return true;
     }
 
     RecordBuilder& builder_;
     Where where_ = kBefore;
     std::string key_;
-    std::string malformed_;
-    std::size_t malformedAt_ = 0;
+    std::optional<ItemFault> malformed_;
 };
 
 }  // namespace
 
-std::size_t JsonBlock::EndOfRecord(std::string_view window) const {
+// A damaged object ends before a line that begins like its own.
+std::size_t MarcJsonReader::EndOfRecord(std::string_view window) const {
     if (window.empty()) return npos;
     const std::size_t frame = window.find_first_not_of(kFrame);
     if (frame != 0) return frame;
     if (window.front() != '{') return EndOfLine(window, 0);
-    return ObjectScan(window, place_.indent).Run();
+    return ObjectScan(window, Indent()).Run();
 }
 
-std::size_t MarcJsonReader::StrayBytes(std::string_view block, std::string&) {
+std::size_t MarcJsonReader::StrayBytes(std::string_view block, FaultCode&) {
     const std::string_view frame = block.substr(0, block.find_first_not_of(kFrame));
-    openArrays_ += std::count(frame.begin(), frame.end(), '[');
-    openArrays_ -= std::count(frame.begin(), frame.end(), ']');
+    openArrays_ += std::ranges::count(frame, '[');
+    openArrays_ -= std::ranges::count(frame, ']');
     return frame.size();
 }
 
 // The end of a damaged record may have been the array's.
-std::string MarcJsonReader::MissingAtEnd(bool sound) {
-    return sound && openArrays_ > 0 ? "the array is not closed: the file is cut short" : "";
+FaultCode MarcJsonReader::MissingAtEnd(bool sound) {
+    return sound && openArrays_ > 0 ? FaultCode::kArrayNotClosed : FaultCode::kNone;
 }
 
-bool MarcJsonReader::Read(std::string_view block, Item& item) {
-    const std::string_view object = block.substr(0, block.find_last_not_of(" \t\r\n") + 1);
-    item.faultPlace = Place();
+std::optional<ItemFault> MarcJsonReader::Read(std::string_view block, Record& record) {
     builder_.Clear();
     Handler handler(builder_);
-    handler.Parse(object);
-    builder_.Give(item.record);
-    const bool malformed = !handler.Malformed().empty();
-    if (!malformed && !builder_.Failed()) return true;
-    item.reason = malformed ? handler.Malformed() : builder_.Reason();
-    item.tag = builder_.Tag();
-    item.faultOffset += handler.MalformedAt();
-    item.faultPlace->Pass(object.substr(0, handler.MalformedAt()));
-    return false;
+    handler.Parse(block.substr(0, block.find_last_not_of(" \t\r\n") + 1));
+    builder_.Give(record);
+    if (handler.Malformed()) return handler.Malformed();
+    if (builder_.Failed()) return ItemFault{*builder_.WhatFailed()};
+    return std::nullopt;
 }
 
 }  // namespace quillory

@@ -1,3 +1,4 @@
+#include <quillory/exchange/CommFormatFaults.h>
 #include <quillory/exchange/MarcReader.h>
 
 #include <algorithm>
@@ -49,28 +50,10 @@ bool MarcReader::Fits(std::string_view head) {
 }
 
 void MarcReader::Give(Item& item, ItemKind kind, std::string_view bytes) {
-    item.kind = kind;
-    item.offset = input_.Offset();
-    item.faultOffset = item.offset;
-    item.bytes = bytes;
-    item.continues = false;
-    item.reason.clear();
-    item.tag.clear();
-    item.controlNumber.clear();
-    if (kind != kItemRecord) {
-        item.record.leader = {};
-        item.record.fields.clear();
-        item.record.bytes = {};
-    }
+    item.Begin(kind, input_.Offset(), bytes);
     if (kind != kItemStray) ++count_;
     item.number = count_;
     taken_ = bytes.size();
-}
-
-void MarcReader::SetFault(Item& item, const CommFormatFault& fault) {
-    item.reason = CommFormatFaultText(fault.reason);
-    item.faultOffset = item.offset + fault.offset;
-    item.tag = fault.tag;
 }
 
 bool MarcReader::TakeStrayBytes(Item& item) {
@@ -78,7 +61,7 @@ bool MarcReader::TakeStrayBytes(Item& item) {
     const std::string_view window = input_.Peek(zorby::kLongestRecord);
     const std::size_t size = std::min(window.find_first_not_of(kRecordFiller), window.size());
     Give(item, kItemStray, window.substr(0, size));
-    item.reason = "stray bytes between records";
+    item.fault = {{FaultCode::kStrayBytes}, item.offset};
     return true;
 }
 
@@ -88,34 +71,29 @@ bool MarcReader::TakeSoundRecord(Item& item) {
     const std::string_view window = input_.Peek(length);
     if (length > window.size()) return false;
     const std::string_view bytes = window.substr(0, length);
-    std::swap(fields_.fields, item.record.fields);
-    const CommFormatFault fault = ReadCommFormat(bytes, fields_);
-    std::swap(fields_.fields, item.record.fields);
-    if (fault) return false;
+    if (ReadCommFormat(bytes, fields_)) return false;
     Give(item, kItemRecord, bytes);
+    std::swap(item.record.fields, fields_.fields);
     item.record.leader = fields_.leader;
     item.record.bytes = bytes;
     return true;
 }
 
-bool MarcReader::Rescue(Item& item, std::string_view bytes) {
-    const CommFormatFault fault = RescueCommFormat(bytes, rescue_);
-    if (fault) {
-        item.reason += "; can't be read with certainty: " + CommFormatFaultText(fault.reason);
-        return false;
+void MarcReader::Rescue(Item& item) {
+    if (const CommFormatFault fault = RescueCommFormat(item.bytes, rescue_)) {
+        item.fault->notRescued = FaultOf(fault, item.bytes);
+        return;
     }
     item.kind = kItemRecord;
     item.record.leader = rescue_.leader;
     item.record.fields = rescue_.fields;
-    item.record.bytes = {};
-    return true;
 }
 
 void MarcReader::TakeEndlessDamage(Item& item, std::string_view window) {
     Give(item, kItemDamaged, window);
     if (inEndlessDamage_) --count_;
     item.number = count_;
-    item.reason = "no record end (0x1D) within 4 MiB";
+    item.fault = {{FaultCode::kNoRecordEnd}, item.offset};
     item.continues = inEndlessDamage_;
     inEndlessDamage_ = true;
 }
@@ -131,20 +109,20 @@ void MarcReader::TakeDamage(Item& item) {
     const std::string_view bytes = chunk.substr(0, FindSoundTail(chunk));
     if (bytes.size() < chunk.size() && !inEndlessDamage_) {
         Give(item, kItemStray, bytes);
-        item.reason = "text between records";
+        item.fault = {{FaultCode::kTextBetweenRecords}, item.offset};
         return;
     }
     Give(item, kItemDamaged, bytes);
     item.continues = std::exchange(inEndlessDamage_, false);
     if (item.continues) item.number = --count_;
-    SetFault(item, ReadCommFormat(bytes, fields_));
     item.controlNumber = LikelyControlNumber(bytes);
     if (end == window.npos && StatedLength(bytes) == 0) {
-        item.reason = "no MARC record: it does not begin with a length in five digits";
-        item.faultOffset = item.offset;
-    } else if (lenient_ && !item.continues) {
-        Rescue(item, bytes);
+        item.fault = {{FaultCode::kNotMarc}, item.offset};
+        return;
     }
+    item.fault = FaultOf(ReadCommFormat(bytes, fields_), bytes);
+    item.fault->offset += item.offset;
+    if (lenient_ && !item.continues) Rescue(item);
 }
 
 bool MarcReader::Next(Item& item) {

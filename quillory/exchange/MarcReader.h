@@ -25,9 +25,8 @@ private:
     bool TakeSoundRecord(Item& item);
     void TakeDamage(Item& item);
     void TakeEndlessDamage(Item& item, std::string_view window);
-    bool Rescue(Item& item, std::string_view bytes);
+    void Rescue(Item& item);
     void Give(Item& item, ItemKind kind, std::string_view bytes);
-    void SetFault(Item& item, const zorby::CommFormatFault& fault);
 
     Input& input_;
     bool lenient_;

@@ -7,10 +7,6 @@ namespace {
 
 using zorby::CommFormatField;
 
-std::string ByteCount(std::size_t count) {
-    return std::to_string(count) + " bytes";
-}
-
 std::size_t SizeOf(const CommFormatField& field) {
     return field.content.size() + 1;
 }
@@ -23,31 +19,32 @@ std::size_t SizeOf(const Record& record) {
     return size;
 }
 
-const CommFormatField& LargestField(const Record& record) {
-    return *std::max_element(
-        record.fields.begin(), record.fields.end(),
-        [](const auto& a, const auto& b) { return a.content.size() < b.content.size(); });
+// `field` is its index, `size` of the field or of the whole record.
+Fault FaultOf(FaultCode code, const Record& record, std::size_t field, std::size_t size) {
+    const std::span fields = record.fields;
+    return {code, PlaceAfter(fields.first(field), fields[field].tag), std::to_string(size)};
 }
 
-std::string Named(const CommFormatField& field) {
-    return "field " + std::string(field.tag) + " of " + ByteCount(SizeOf(field));
+std::size_t LargestField(const Record& record) {
+    const auto largest = std::ranges::max_element(
+        record.fields, {}, [](const CommFormatField& field) { return field.content.size(); });
+    return static_cast<std::size_t>(largest - record.fields.begin());
 }
 
 }  // namespace
 
 // Why a record can't be written as it is.
 WriteResult MarcAssembler::Refuse(const Record& record) const {
-    if (record.fields.empty()) return {false, false, "no field to write"};
+    if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
     if (oversize_ == kOversizeCut) return {};
-    const CommFormatField& largest = LargestField(record);
-    if (SizeOf(largest) > zorby::kLongestField) {
-        return {false, false, Named(largest) + " is over the format's 9,999"};
+    const std::size_t largest = LargestField(record);
+    const std::size_t size = SizeOf(record.fields[largest]);
+    if (size > zorby::kLongestField) {
+        return NotWritten(FaultOf(FaultCode::kFieldTooLong, record, largest, size));
     }
-    const std::size_t size = SizeOf(record);
-    if (size <= zorby::kLongestRecord) return {};
-    return {false, false,
-            "a record of " + ByteCount(size) +
-                " is over the format's 99,999 (largest: " + Named(largest) + ")"};
+    const std::size_t whole = SizeOf(record);
+    if (whole <= zorby::kLongestRecord) return {};
+    return NotWritten(FaultOf(FaultCode::kRecordTooLong, record, largest, whole));
 }
 
 WriteResult MarcAssembler::AssembleFields(const Record& record) {
@@ -56,16 +53,17 @@ WriteResult MarcAssembler::AssembleFields(const Record& record) {
     writer_.SetLeader(leader);
     WriteResult result;
     result.leaderMended = leader.data() == leader_.data();
-    for (const CommFormatField& field : record.fields) {
+    for (std::size_t i = 0; i < record.fields.size(); ++i) {
+        const CommFormatField& field = record.fields[i];
+        const std::size_t size = SizeOf(field);
         if (!writer_.AddField(field.tag, field.content)) {
-            result.reason += Named(field) + " left out; ";
-        } else if (SizeOf(field) > zorby::kLongestField) {
-            result.reason += Named(field) + " stands as 9,999 in the directory; ";
+            result.faults.push_back(FaultOf(FaultCode::kFieldLeftOut, record, i, size));
+        } else if (size > zorby::kLongestField) {
+            result.faults.push_back(FaultOf(FaultCode::kFieldLengthCut, record, i, size));
         }
     }
     const std::size_t cut = writer_.Finish(text_);
-    if (cut != 0) result.reason += ByteCount(cut) + " cut off the end of the record; ";
-    if (!result.reason.empty()) result.reason.resize(result.reason.size() - 2);
+    if (cut != 0) result.faults.push_back({FaultCode::kRecordCut, {}, std::to_string(cut)});
     bytes_ = text_;
     return result;
 }

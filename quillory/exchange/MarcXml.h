@@ -3,8 +3,8 @@
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/MarkupWriter.h>
 #include <quillory/exchange/Record.h>
+#include <quillory/exchange/TextPlace.h>
 #include <quillory/exchange/XmlRecords.h>
-#include <quillory/text/TextPlace.h>
 
 namespace quillory {
 
@@ -29,7 +29,7 @@ private:
     bool GivePassed(Item& item);
     bool GiveRest(Item& item);
     bool GiveEnd(Item& item);
-    void SetFault(Item& item, const std::string& reason, std::uint64_t offset);
+    void SetFault(Item& item, const Fault& fault, std::uint64_t offset);
 
     Input& input_;
     XmlRecords records_;

@@ -27,23 +27,15 @@ bool MarcXmlReader::Feed() {
 
 void MarcXmlReader::Give(Item& item, ItemKind kind, std::uint64_t end) {
     taken_ = static_cast<std::size_t>(end - input_.Offset());
-    item.kind = kind;
-    item.offset = input_.Offset();
-    item.bytes = input_.Peek(taken_).substr(0, taken_);
-    item.faultOffset = item.offset;
-    item.faultPlace.reset();
+    item.Begin(kind, input_.Offset(), input_.Peek(taken_).substr(0, taken_));
     item.continues = kind == kItemDamaged && inDamage_;
-    item.reason.clear();
-    item.tag.clear();
-    item.controlNumber.clear();
     if ((kind == kItemRecord || kind == kItemDamaged) && !item.continues) ++count_;
     item.number = count_;
 }
 
-void MarcXmlReader::SetFault(Item& item, const std::string& reason, std::uint64_t offset) {
-    item.reason = reason;
-    item.faultOffset = std::clamp(offset, item.offset, item.offset + item.bytes.size());
-    item.faultPlace = place_.After(item.bytes.substr(0, item.faultOffset - item.offset));
+void MarcXmlReader::SetFault(Item& item, const Fault& fault, std::uint64_t offset) {
+    const std::uint64_t at = std::clamp(offset, item.offset, item.offset + item.bytes.size());
+    item.fault = ItemFault{fault, at, place_.After(item.bytes.substr(0, at - item.offset))};
 }
 
 void MarcXmlReader::GiveRecord(Item& item) {
@@ -52,14 +44,13 @@ void MarcXmlReader::GiveRecord(Item& item) {
     Give(item, builder.Failed() ? kItemDamaged : kItemRecord, record_.end);
     inDamage_ = false;
     builder.Give(item.record);
-    item.controlNumber = item.record.ControlNumber();
     if (builder.Failed()) {
-        SetFault(item, builder.Reason(), record_.faultOffset);
-        item.tag = builder.Tag();
-    } else if (!CanBeWritten(item)) {
+        SetFault(item, *builder.WhatFailed(), record_.faultOffset);
+    } else if (const auto fault = FaultOf(item.record)) {
         item.kind = kItemDamaged;
-        SetFault(item, std::string(item.reason), item.offset);
+        SetFault(item, *fault, item.offset);
     }
+    if (item.fault) item.controlNumber = item.record.ControlNumber();
 }
 
 // What nobody can make a record of any more, in pieces.
@@ -73,12 +64,13 @@ void MarcXmlReader::GiveDamage(Item& item, std::uint64_t end) {
     inDamage_ = true;
 }
 
-// Behind a fault nothing is read. The fault is told even if no byte is left.
+// After a fault nothing is read. The fault is reported even if no byte is left.
 bool MarcXmlReader::GiveRest(Item& item) {
     const std::size_t left = input_.Peek(kMuch).size();
     if (left == 0 && inDamage_) return false;
     GiveDamage(item, input_.Offset() + left);
-    SetFault(item, records_.Reason() + "; the file is read no further", records_.FaultOffset());
+    const ItemFault& fault = *records_.WhatFailed();
+    SetFault(item, fault, fault.offset);
     return true;
 }
 
@@ -95,24 +87,23 @@ bool MarcXmlReader::GivePassed(Item& item) {
         return true;
     }
     if (records_.Failed() || fed_ - offset < kTooMuch) return false;
-    const char* reason = "a record, tag or comment of over 4 MiB";
     if (!inRecord || records_.Position() == offset) {
-        records_.Fail(reason, offset);
+        records_.Fail({FaultCode::kXmlPartTooLong}, offset);
         return false;
     }
-    records_.Abandon(reason);
+    records_.Abandon(FaultCode::kXmlRecordTooLong);
     GiveDamage(item, records_.Position());
-    SetFault(item, reason, offset);
+    SetFault(item, {FaultCode::kXmlRecordTooLong}, offset);
     return true;
 }
 
-// What is left behind the last record.
+// What is left after the last record.
 bool MarcXmlReader::GiveEnd(Item& item) {
     const std::size_t left = input_.Peek(kMuch).size();
     if (left == 0) return false;
     const bool isMarc = records_.IsMarc();
     Give(item, isMarc ? kItemFrame : kItemStray, input_.Offset() + left);
-    if (!isMarc) item.reason = "XML that holds no MARC record";
+    if (!isMarc) item.fault = {{FaultCode::kNoMarcInXml}, item.offset};
     return true;
 }
 

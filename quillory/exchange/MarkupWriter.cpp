@@ -1,7 +1,6 @@
 #include <quillory/exchange/MarkupWriter.h>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace quillory {
 namespace {
@@ -12,22 +11,20 @@ bool IsPrintable(char c) {
     return c >= 0x20 && c < 0x7F;
 }
 
-// Why a record can't be written; empty if it can.
-std::string Unwritable(std::string_view leader, const Record& record) {
-    const auto bad = std::find_if_not(leader.begin(), leader.end(), IsPrintable);
+// Why a record can't be written, if it can't.
+std::optional<Fault> Unwritable(std::string_view leader, const Record& record) {
+    const auto bad = std::ranges::find_if_not(leader, IsPrintable);
     if (bad != leader.end()) {
-        char text[64];
-        std::snprintf(text, sizeof text, "byte 0x%02X in leader/%02d",
-                      static_cast<unsigned>(static_cast<unsigned char>(*bad)),
-                      static_cast<int>(bad - leader.begin()));
-        return text;
+        const int at = static_cast<int>(bad - leader.begin());
+        return Fault{FaultCode::kUnprintableByte, Place::OfLeader().Positions(at, at),
+                     HexText(*bad)};
     }
-    for (const CommFormatField& field : record.fields) {
-        if (ShapeOf(field) != kBrokenShape) continue;
-        return "field " + std::string(field.tag) +
-               " is not made of two indicators and subfields with codes";
+    const std::span fields = record.fields;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (ShapeOf(fields[i]) != kBrokenShape) continue;
+        return Fault{FaultCode::kNotMadeOfSubfields, PlaceAfter(fields.first(i), fields[i].tag)};
     }
-    return {};
+    return std::nullopt;
 }
 
 }  // namespace
@@ -49,8 +46,7 @@ void MarkupWriter::AddDataField(const CommFormatField& field) {
 
 WriteResult MarkupWriter::Write(const Record& record, Losses& losses) {
     const std::string_view leader = MendLeader(record.leader, leader_);
-    const std::string reason = Unwritable(leader, record);
-    if (!reason.empty()) return {false, false, reason};
+    if (const auto fault = Unwritable(leader, record)) return NotWritten(*fault);
     losses_ = &losses;
     text_.clear();
     BeginRecord(leader);

@@ -1,4 +1,5 @@
 #include <quillory/exchange/Microlif.h>
+#include <quillory/exchange/Subfields.h>
 
 #include <algorithm>
 #include <iterator>
@@ -8,38 +9,19 @@ namespace {
 
 constexpr std::string_view kFillers(" \t\r\n\x1A\0", 6);
 constexpr char kRecordEndSign = '`';
-
-// A record ends behind the line that closes with the record end, or before the next head.
-class MicrolifBlock : public LineBlock {
-public:
-    std::size_t EndOfRecord(std::string_view window) const override {
-        std::string_view rest = window;
-        bool begun = false;
-        while (!rest.empty()) {
-            const std::size_t at = window.size() - rest.size();
-            const std::string_view line = TakeLine(rest);
-            if (line.starts_with("LDR")) {
-                if (begun) return at;
-                begun = true;
-            }
-            const std::size_t end = window.size() - rest.size();
-            // The second byte of a line end may not be in the window yet.
-            const bool wholeLine = !rest.empty() || window.ends_with('\n');
-            if (line.ends_with(kRecordEndSign) && wholeLine) return end;
-        }
-        return window.npos;
-    }
-};
-
-const MicrolifBlock kBlock;
-
-bool Fail(Item& item, std::string reason) {
-    item.reason = std::move(reason);
-    return false;
-}
+constexpr std::string_view kLeaderTag = "000";
+constexpr std::size_t kIndicators = 2;
 
 bool IsControlTag(std::string_view tag) {
     return tag.starts_with("00");
+}
+
+FaultCode FaultOf(std::string_view tag, std::string_view content) {
+    const bool isControl = IsControlTag(tag);
+    const std::size_t first = std::min(content.find(zorby::kDelimiter), content.size());
+    if (!isControl && first != kIndicators) return FaultCode::kNoIndicatorsBeforeDelimiter;
+    const bool isEmpty = isControl ? content.ends_with(zorby::kDelimiter) : HasEmptyCode(content);
+    return isEmpty ? FaultCode::kNoSubfieldCode : FaultCode::kNone;
 }
 
 void CountMicrolifLosses(const zorby::CommFormatField& field, Losses& losses) {
@@ -50,61 +32,71 @@ void CountMicrolifLosses(const zorby::CommFormatField& field, Losses& losses) {
 
 }  // namespace
 
-MicrolifReader::MicrolifReader(Input& input) : LineReader(input, kBlock) {}
-
 bool MicrolifReader::Fits(std::string_view head) {
     return head.starts_with("LDR") || head.starts_with("HDR");
 }
 
-std::size_t MicrolifReader::StrayBytes(std::string_view block, std::string& what) {
+// A record ends after the line that closes with the record end, or before the next head.
+std::size_t MicrolifReader::EndOfRecord(std::string_view window) const {
+    std::string_view rest = window;
+    bool begun = false;
+    while (!rest.empty()) {
+        const std::size_t at = window.size() - rest.size();
+        const std::string_view line = TakeLine(rest);
+        if (line.starts_with("LDR")) {
+            if (begun) return at;
+            begun = true;
+        }
+        const std::size_t end = window.size() - rest.size();
+        // The second byte of a line end may not be in the window yet.
+        const bool wholeLine = !rest.empty() || window.ends_with('\n');
+        if (line.ends_with(kRecordEndSign) && wholeLine) return end;
+    }
+    return window.npos;
+}
+
+std::size_t MicrolifReader::StrayBytes(std::string_view block, FaultCode& what) {
     const std::size_t first = std::min(block.find_first_not_of(kFillers), block.size());
     if (first != 0) {
-        what = "stray bytes between records";
+        what = FaultCode::kStrayBytes;
         return first;
     }
     if (!block.starts_with("HDR")) return 0;
-    what = "file header";
+    what = FaultCode::kFileHeader;
     std::string_view rest = block;
     TakeLine(rest);
     return block.size() - rest.size();
 }
 
-bool MicrolifReader::TakeFields(Item& item) {
-    bool haveLeader = false;
+std::optional<ItemFault> MicrolifReader::TakeFields(Record& record) {
     for (const std::string& field : pmarc_) {
-        const std::string_view tag = std::string_view(field).substr(0, 3);
+        const std::string_view tag = std::string_view(field).substr(0, kTagSize);
         const std::string_view content = std::string_view(field).substr(tag.size());
-        item.tag = tag;
-        if (tag.size() < 3) return Fail(item, "a line without a tag");
-        if (tag == "000" && !haveLeader) {
+        if (tag.size() < kTagSize) return ItemFault{{FaultCode::kFieldWithoutTag}};
+        if (tag == kLeaderTag && record.leader.empty()) {
             leader_.assign(content);
             leader_.resize(zorby::kLeaderSize, ' ');
-            haveLeader = true;
+            record.leader = leader_;
             continue;
         }
-        const std::size_t first = std::min(content.find(zorby::kDelimiter), content.size());
-        if (!IsControlTag(tag) && first != 2) {
-            return Fail(item, "no two indicators before the first delimiter (_)");
+        const FaultCode code = FaultOf(tag, content);
+        if (code != FaultCode::kNone) {
+            return ItemFault{{code, PlaceAfter(record.fields, tag), {}, "_"}};
         }
-        if (content.ends_with(zorby::kDelimiter) ||
-            (!IsControlTag(tag) && content.find("\x1F\x1F") != content.npos)) {
-            return Fail(item, "a delimiter (_) without a subfield code");
-        }
-        item.record.fields.push_back({tag, content});
+        record.fields.push_back({tag, content});
     }
-    item.tag.clear();
-    item.record.leader = leader_;
-    return haveLeader ? true : Fail(item, "no head (LDR)");
+    if (!record.leader.empty()) return std::nullopt;
+    return ItemFault{{FaultCode::kNoLeaderLine, {}, {}, "LDR"}};
 }
 
-bool MicrolifReader::Read(std::string_view block, Item& item) {
+std::optional<ItemFault> MicrolifReader::Read(std::string_view block, Record& record) {
     pmarc_.Clear();
     std::string_view rest = block;
     while (!rest.empty()) {
         std::string line(TakeLine(rest));
         pmarc_.AddOldMicrolifField(line.data(), static_cast<int>(line.size()));
     }
-    return TakeFields(item);
+    return TakeFields(record);
 }
 
 void AppendMicrolif(const Record& record, std::string& text) {
@@ -132,14 +124,16 @@ std::string MicrolifLosses(const zorby::CommFormatField& field) {
 }
 
 WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
-    if (record.fields.empty()) return {false, false, "no field to write"};
+    if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
     WriteResult result;
     CountMicrolifLosses({"000", record.leader}, losses);
-    for (const zorby::CommFormatField& field : record.fields) {
-        if (field.content.empty()) {
-            result.reason = "field " + std::string(field.tag) + " has no content and is left out";
+    const std::span fields = record.fields;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (fields[i].content.empty()) {
+            result.faults.push_back(
+                {FaultCode::kEmptyFieldLeftOut, PlaceAfter(fields.first(i), fields[i].tag)});
         }
-        CountMicrolifLosses(field, losses);
+        CountMicrolifLosses(fields[i], losses);
     }
     text_.clear();
     AppendMicrolif(record, text_);

@@ -12,16 +12,17 @@ namespace quillory {
 // and the length in the head may be any.
 class MicrolifReader : public LineReader {
 public:
-    explicit MicrolifReader(Input& input);
+    explicit MicrolifReader(Input& input) : LineReader(input) {}
 
     static bool Fits(std::string_view head);
 
 protected:
-    std::size_t StrayBytes(std::string_view block, std::string& what) override;
-    bool Read(std::string_view block, Item& item) override;
+    std::size_t EndOfRecord(std::string_view window) const override;
+    std::size_t StrayBytes(std::string_view block, FaultCode& what) override;
+    std::optional<ItemFault> Read(std::string_view block, Record& record) override;
 
 private:
-    bool TakeFields(Item& item);
+    std::optional<ItemFault> TakeFields(Record& record);
 
     zorby::CPmarc pmarc_;
     std::string leader_;

@@ -23,29 +23,9 @@ constexpr std::array<Mnemonic, 5> kMnemonics{{
     {"{esc}", '\x1B'},
 }};
 
+constexpr std::size_t kTagEnd = 4;  // of a line
+constexpr std::string_view kLeaderTag = "LDR";
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-
-// A record ends behind its blank lines, or before the next leader.
-class MrkBlock : public LineBlock {
-public:
-    std::size_t EndOfRecord(std::string_view window) const override {
-        std::string_view rest = window;
-        bool begun = false;
-        bool ended = false;
-        while (!rest.empty()) {
-            const std::size_t at = window.size() - rest.size();
-            const std::string_view line = TakeLine(rest);
-            const bool blank = line.find_first_not_of(" \t") == line.npos;
-            if (ended && !blank) return at;
-            if (begun && line.starts_with("=LDR")) return at;
-            ended = ended || (begun && blank);
-            begun = begun || !blank;
-        }
-        return window.npos;
-    }
-};
-
-const MrkBlock kBlock;
 
 bool IsNumber(std::string_view tag) {
     return std::all_of(tag.begin(), tag.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -136,30 +116,57 @@ void AppendLine(std::string_view tag, std::string_view content, LineKind kind, s
     text += '\n';
 }
 
-bool Fail(Item& item, std::string reason) {
-    item.reason = std::move(reason);
-    return false;
+bool HasTag(std::string_view line) {
+    return line.size() >= kTagEnd && line.front() == '=';
+}
+
+std::string_view TagOf(std::string_view line) {
+    return line.substr(1, kTagEnd - 1);
+}
+
+// `offset` is where the line begins.
+ItemFault FaultInLine(FaultCode code, std::string_view line, const Record& record,
+                      std::size_t offset) {
+    ItemFault fault{{code}, offset};
+    if (HasTag(line) && TagOf(line) != kLeaderTag)
+        fault.place = PlaceAfter(record.fields, TagOf(line));
+    if (code == FaultCode::kNoSubfieldCode) fault.allowed = "$";
+    return fault;
 }
 
 }  // namespace
 
-MrkReader::MrkReader(Input& input) : LineReader(input, kBlock) {}
-
 bool MrkReader::Fits(std::string_view head) {
-    constexpr std::size_t kTagEnd = 4;
     if (!head.starts_with('=')) return false;
     return head.starts_with("=LDR") ||
            head.substr(std::min(kTagEnd, head.size())).starts_with("  ");
 }
 
-std::size_t MrkReader::StrayBytes(std::string_view block, std::string& what) {
+// A record ends after its blank lines, or before the next leader.
+std::size_t MrkReader::EndOfRecord(std::string_view window) const {
+    std::string_view rest = window;
+    bool begun = false;
+    bool ended = false;
+    while (!rest.empty()) {
+        const std::size_t at = window.size() - rest.size();
+        const std::string_view line = TakeLine(rest);
+        const bool blank = line.find_first_not_of(" \t") == line.npos;
+        if (ended && !blank) return at;
+        if (begun && line.starts_with("=LDR")) return at;
+        ended = ended || (begun && blank);
+        begun = begun || !blank;
+    }
+    return window.npos;
+}
+
+std::size_t MrkReader::StrayBytes(std::string_view block, FaultCode& what) {
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (block.starts_with(kByteOrderMark)) {
-        what = "byte order mark";
+        what = FaultCode::kByteOrderMark;
         return kByteOrderMark.size();
     }
     if (block.find_first_not_of(" \t\r\n") != block.npos) return 0;
-    what = "blank lines without a record";
+    what = FaultCode::kBlankLines;
     return block.size();
 }
 
@@ -168,79 +175,61 @@ std::string_view MrkReader::Hold(std::size_t start) const {
 }
 
 // Indicators, then subfields that each have a code.
-bool MrkReader::ReadData(std::string_view text, Item& item) {
+FaultCode MrkReader::ReadData(std::string_view text) {
     constexpr std::string_view kBlankSigns = "\\# ";
     for (std::size_t i = 0; i < 2; ++i) {
-        if (text.empty()) return Fail(item, "a data field without two indicators");
+        if (text.empty()) return FaultCode::kNoIndicators;
         char sign = text.front();
         const std::size_t size = sign == '{' ? ReadMnemonic(text, sign) : 0;
         text_ += size == 0 && kBlankSigns.find(sign) != kBlankSigns.npos ? ' ' : sign;
         text.remove_prefix(std::max<std::size_t>(size, 1));
     }
-    if (!text.empty() && text.front() != '$') {
-        return Fail(item, "text before the first subfield ($)");
-    }
+    if (!text.empty() && text.front() != '$') return FaultCode::kTextBeforeSubfields;
     for (std::size_t at = 0; at < text.size(); at = std::min(text.find('$', at + 2), text.size())) {
-        if (at + 1 == text.size() || text[at + 1] == '$') {
-            return Fail(item, "a subfield sign ($) without a code");
-        }
+        if (at + 1 == text.size() || text[at + 1] == '$') return FaultCode::kNoSubfieldCode;
     }
     Unescape(text, 0, '$', text_);
-    return true;
+    return FaultCode::kNone;
 }
 
-bool MrkReader::ReadLine(std::string_view line, Item& item) {
-    constexpr std::size_t kTagEnd = 4;
-    if (line.size() < kTagEnd || line.front() != '=') {
-        return Fail(item, "a line that does not begin with = and a tag");
-    }
-    const std::string_view tag = line.substr(1, 3);
-    item.tag = tag;
+FaultCode MrkReader::ReadLine(std::string_view line, Record& record) {
+    if (!HasTag(line)) return FaultCode::kLineWithoutTag;
+    const std::string_view tag = TagOf(line);
     std::string_view text = line.substr(kTagEnd);
     text.remove_prefix(std::min({text.find_first_not_of(' '), text.size(), std::size_t{2}}));
     const LineKind kind = KindOf(tag);
     const std::size_t start = text_.size();
-    if (tag == "LDR" || kind == kControlLine) {
+    if (tag == kLeaderTag || kind == kControlLine) {
         Unescape(text, '\\', 0, text_);
     } else if (kind == kOtherLine) {
         Unescape(text, 0, '$', text_);
-    } else if (!ReadData(text, item)) {
-        return false;
+    } else if (const FaultCode code = ReadData(text); code != FaultCode::kNone) {
+        return code;
     }
-    if (tag == "LDR") {
-        if (text_.size() - start > zorby::kLeaderSize) {
-            return Fail(item, "a leader of over 24 bytes");
-        }
+    if (tag == kLeaderTag) {
+        if (text_.size() - start > zorby::kLeaderSize) return FaultCode::kLeaderTooLong;
         text_.resize(start + zorby::kLeaderSize, ' ');
-        item.record.leader = Hold(start);
+        record.leader = Hold(start);
     } else {
-        item.record.fields.push_back({tag, Hold(start)});
+        record.fields.push_back({tag, Hold(start)});
     }
-    return true;
+    return FaultCode::kNone;
 }
 
 // No sign grows when it is unescaped but a short leader: with room for it the views stay good.
-bool MrkReader::Read(std::string_view block, Item& item) {
+std::optional<ItemFault> MrkReader::Read(std::string_view block, Record& record) {
     text_.clear();
     text_.reserve(block.size() + zorby::kLeaderSize);
-    item.record.leader = {};
     std::string_view rest = block;
     while (!rest.empty()) {
         const auto at = static_cast<std::size_t>(rest.data() - block.data());
         const std::string_view line = TakeLine(rest);
         if (line.find_first_not_of(" \t") == line.npos) continue;
-        if (line.starts_with("=LDR") && !item.record.leader.empty()) {
-            item.faultOffset = item.offset + at;
-            return Fail(item, "a second leader");
-        }
-        if (!ReadLine(line, item)) {
-            item.faultOffset = item.offset + at;
-            return false;
-        }
+        const FaultCode code = ReadLine(line, record);
+        if (code != FaultCode::kNone) return FaultInLine(code, line, record, at);
     }
-    item.tag.clear();
-    if (item.record.leader.empty()) return Fail(item, "no leader (=LDR)");
-    return true;
+    if (!record.leader.empty()) return std::nullopt;
+    return ItemFault{{FaultCode::kNoLeaderLine, {}, {}, "=LDR"}};
 }
 
 void AppendMrk(const Record& record, std::string& text) {

@@ -13,17 +13,18 @@ namespace quillory {
 // byte as two hexadecimal digits such as {0A}.
 class MrkReader : public LineReader {
 public:
-    explicit MrkReader(Input& input);
+    explicit MrkReader(Input& input) : LineReader(input) {}
 
     static bool Fits(std::string_view head);
 
 protected:
-    std::size_t StrayBytes(std::string_view block, std::string& what) override;
-    bool Read(std::string_view block, Item& item) override;
+    std::size_t EndOfRecord(std::string_view window) const override;
+    std::size_t StrayBytes(std::string_view block, FaultCode& what) override;
+    std::optional<ItemFault> Read(std::string_view block, Record& record) override;
 
 private:
-    bool ReadLine(std::string_view line, Item& item);
-    bool ReadData(std::string_view text, Item& item);
+    FaultCode ReadLine(std::string_view line, Record& record);
+    FaultCode ReadData(std::string_view text);
     std::string_view Hold(std::size_t start) const;
 
     std::string text_;  // leader and contents of the record, unescaped

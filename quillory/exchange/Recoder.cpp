@@ -24,6 +24,12 @@ char CarriedIndicator(char indicator, Losses& losses) {
     return ' ';
 }
 
+Fault Mislabelled(Charset labelled, Charset actual) {
+    constexpr int kAt = zorby::kLeaderCharacterCode;
+    return {FaultCode::kMislabelled, Place::OfLeader().Positions(kAt, kAt),
+            std::string(CharsetName(labelled)), std::string(CharsetName(actual))};
+}
+
 }  // namespace
 
 TextConverter& Recoder::ConverterFor(Charset from) {
@@ -79,7 +85,8 @@ Recoder::Result Recoder::Recode(Record& record, Losses& losses) {
     result.from = forced ? options_.from : ActualCharset(record);
     if (options_.verify && result.from == kCharsetUtf8) result.invalid = FirstInvalidByte(record);
     if (result.invalid) return result;
-    result.mislabelled = !forced && result.from != LabelledCharset(record.leader);
+    const Charset labelled = LabelledCharset(record.leader);
+    if (!forced && result.from != labelled) result.mislabelled = Mislabelled(labelled, result.from);
     const Charset target = TargetFor(result.from);
     const bool normalize = target == kCharsetUtf8 && options_.form.has_value();
     if (result.from != target || normalize) Replace(record, ConverterFor(result.from), losses);

@@ -23,10 +23,10 @@ public:
     explicit Recoder(RecoderOptions options) : options_(options) {}
 
     struct Result {
-        Charset from = kCharsetAuto;  // auto if nobody had to know
-        bool mislabelled = false;     // the leader says another set
-        // Found in UTF-8 if that is verified; the record is left as it was then.
-        std::optional<InvalidByte> invalid;
+        Charset from = kCharsetAuto;       // auto if it makes no difference
+        std::optional<Fault> mislabelled;  // the leader says another set
+        std::optional<InvalidByte>
+            invalid;  // in UTF-8 that is verified; the record is unchanged then
     };
 
     // Changes the record in place. Its views hold until the next call, if what they viewed does.

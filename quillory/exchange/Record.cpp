@@ -1,5 +1,7 @@
 #include <quillory/exchange/Record.h>
 
+#include <algorithm>
+
 namespace quillory {
 
 std::string_view Record::ControlNumber() const {
@@ -7,6 +9,23 @@ std::string_view Record::ControlNumber() const {
         if (field.tag == "001") return field.content;
     }
     return {};
+}
+
+Place PlaceAfter(std::span<const zorby::CommFormatField> fields, std::string_view tag) {
+    const auto before = std::ranges::count(fields, tag, &zorby::CommFormatField::tag);
+    return Place::OfField(tag, static_cast<std::uint32_t>(before + 1));
+}
+
+void Item::Begin(ItemKind newKind, std::uint64_t newOffset, std::string_view newBytes) {
+    kind = newKind;
+    offset = newOffset;
+    bytes = newBytes;
+    continues = false;
+    fault.reset();
+    controlNumber.clear();
+    record.leader = {};
+    record.fields.clear();
+    record.bytes = {};
 }
 
 }  // namespace quillory

@@ -1,10 +1,12 @@
 #pragma once
 
-#include <quillory/text/TextPlace.h>
+#include <quillory/faults/Fault.h>
+#include <quillory/places/LineColumn.h>
 #include <zorby/record/CommFormat.h>
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +24,9 @@ struct Record {
     std::string_view ControlNumber() const;
 };
 
+// The place of a field that comes after these.
+Place PlaceAfter(std::span<const zorby::CommFormatField> fields, std::string_view tag);
+
 enum ItemKind : std::int32_t {
     kItemRecord,   // a record to be worked on
     kItemDamaged,  // bytes of a record that can't be read
@@ -29,19 +34,28 @@ enum ItemKind : std::int32_t {
     kItemFrame,    // what the form itself puts around records
 };
 
+// What is wrong with an item, and where in its file.
+struct ItemFault : Fault {
+    std::uint64_t offset = 0;
+    std::optional<LineColumn> lineColumn = {};  // the same, where a form has lines
+    // Why the record can't be read without the lengths that are wrong, if that was tried.
+    std::optional<Fault> notRescued = {};
+};
+
 // What a reader found next in a file. The views hold until the reader is asked again.
 struct Item {
     ItemKind kind = kItemRecord;
-    std::uint64_t number = 0;       // of the record in its file, from 1
-    std::uint64_t offset = 0;       // of the first byte in the file
-    std::string_view bytes;         // what the item takes up in the file
-    bool continues = false;         // more bytes of the same damage follow in the next item
-    std::string reason;             // what is wrong, or what was put right in a rescued record
-    std::uint64_t faultOffset = 0;  // in the file
-    std::optional<TextPlace> faultPlace;  // the same as line and column, where a form has them
-    std::string tag;                      // of the field concerned, empty if none
-    std::string controlNumber;            // of a damaged record, as far as it can be made out
+    std::uint64_t number = 0;  // of the record in its file, from 1
+    std::uint64_t offset = 0;  // of the first byte in the file
+    std::string_view bytes;    // what the item takes up in the file
+    bool continues = false;    // the item goes on with the damage of the one before it
+    std::optional<ItemFault>
+        fault;                  // for a record: what is wrong with its bytes, now read otherwise
+    std::string controlNumber;  // of a damaged record, as far as it can be made out
     Record record;
+
+    // Makes it another item, of the bytes at `offset`, without a record as yet.
+    void Begin(ItemKind newKind, std::uint64_t newOffset, std::string_view newBytes);
 };
 
 // Reads records from a file in one of the forms.

@@ -18,47 +18,57 @@ void RecordBuilder::Clear() {
     leader_.clear();
     text_.clear();
     fields_.clear();
-    tag_.clear();
-    reason_.clear();
+    inField_ = false;
+    fault_.reset();
 }
 
-bool RecordBuilder::Fail(std::string reason) {
-    if (reason_.empty()) reason_ = std::move(reason);
+Place RecordBuilder::PlaceInHand() const {
+    if (!inField_) return {};
+    const auto& tag = fields_.back().tag;
+    const auto occurrence = std::ranges::count(fields_, tag, &Field::tag);
+    return Place::OfField({tag.data(), tag.size()}, static_cast<std::uint32_t>(occurrence));
+}
+
+bool RecordBuilder::Fail(FaultCode code, std::string_view found, std::string_view allowed) {
+    if (!Failed()) fault_ = {code, PlaceInHand(), std::string(found), std::string(allowed)};
+    return false;
+}
+
+bool RecordBuilder::FailIndicator(std::size_t which, FaultCode code) {
+    if (!Failed()) fault_ = {code, PlaceInHand().Indicator(static_cast<int>(which) + 1)};
     return false;
 }
 
 bool RecordBuilder::SetLeader(std::string_view leader) {
-    if (!leader_.empty()) return Fail("a second leader");
-    if (leader.size() > zorby::kLeaderSize) return Fail("a leader of over 24 bytes");
+    if (!leader_.empty()) return Fail(FaultCode::kSecondLeader);
+    if (leader.size() > zorby::kLeaderSize) return Fail(FaultCode::kLeaderTooLong);
     leader_ = leader;
     leader_.resize(zorby::kLeaderSize, ' ');
     leader_[zorby::kLeaderCharacterCode] = LabelFor(kCharsetUtf8);
     return true;
 }
 
-bool RecordBuilder::BeginField(std::string_view tag, bool isData) {
+bool RecordBuilder::BeginField(std::string_view tag) {
     Field field{{}, text_.size()};
-    tag_ = tag;
-    if (tag.empty()) return Fail("a field without a tag");
-    if (tag.size() != field.tag.size()) return Fail("a tag that is not of three bytes");
-    if (!isData && zorby::CommFormatField{tag, {}}.IsDataField()) {
-        return Fail("a data field without subfields");
-    }
-    std::copy(tag.begin(), tag.end(), field.tag.begin());
+    if (tag.empty()) return Fail(FaultCode::kFieldWithoutTag);
+    if (tag.size() != field.tag.size()) return Fail(FaultCode::kTagNotThreeBytes, Printable(tag));
+    std::ranges::copy(tag, field.tag.begin());
     fields_.push_back(field);
+    inField_ = true;
     return true;
 }
 
 bool RecordBuilder::AddControlField(std::string_view tag, std::string_view text) {
-    if (!BeginField(tag, false)) return false;
+    if (!BeginField(tag)) return false;
+    if (zorby::CommFormatField{tag, {}}.IsDataField()) return Fail(FaultCode::kNoSubfields);
     text_ += text;
-    tag_.clear();
+    inField_ = false;
     return true;
 }
 
 bool RecordBuilder::AddDataField(std::string_view tag) {
     haveIndicator_ = {};
-    if (!BeginField(tag, true)) return false;
+    if (!BeginField(tag)) return false;
     text_ += "  ";
     return true;
 }
@@ -66,18 +76,22 @@ bool RecordBuilder::AddDataField(std::string_view tag) {
 bool RecordBuilder::SetIndicator(std::size_t which, std::string_view value) {
     constexpr unsigned char kFirstBeyondAscii = 0x80;
     if (value.size() != 1 || static_cast<unsigned char>(value.front()) >= kFirstBeyondAscii) {
-        return Fail("an indicator that is not one character of ASCII");
+        return FailIndicator(which, FaultCode::kIndicatorNotAscii);
     }
-    if (value.front() == zorby::kDelimiter) return Fail("a delimiter (0x1F) as an indicator");
-    if (std::exchange(haveIndicator_[which], true)) return Fail("the same indicator twice");
+    if (value.front() == zorby::kDelimiter) {
+        return FailIndicator(which, FaultCode::kIndicatorIsDelimiter);
+    }
+    if (std::exchange(haveIndicator_[which], true)) {
+        return FailIndicator(which, FaultCode::kIndicatorTwice);
+    }
     text_[fields_.back().start + which] = value.front();
     return true;
 }
 
 bool RecordBuilder::AddSubfield(std::string_view code, std::string_view text) {
-    if (!IsOneCharacter(code)) return Fail("a subfield code that is not one character");
+    if (!IsOneCharacter(code)) return Fail(FaultCode::kSubfieldCodeSize);
     if (code.front() == zorby::kDelimiter || text.find(zorby::kDelimiter) != text.npos) {
-        return Fail("a delimiter (0x1F) in a subfield");
+        return Fail(FaultCode::kDelimiterInSubfield);
     }
     text_ += zorby::kDelimiter;
     text_.append(code).append(text);
@@ -85,16 +99,14 @@ bool RecordBuilder::AddSubfield(std::string_view code, std::string_view text) {
 }
 
 bool RecordBuilder::EndDataField() {
-    if (!haveIndicator_[0] || !haveIndicator_[1]) {
-        return Fail("a data field without two indicators");
-    }
-    tag_.clear();
+    if (!haveIndicator_[0] || !haveIndicator_[1]) return Fail(FaultCode::kNoIndicators);
+    inField_ = false;
     return true;
 }
 
 bool RecordBuilder::End() {
     if (Failed()) return false;
-    return leader_.empty() ? Fail("no leader") : true;
+    return leader_.empty() ? Fail(FaultCode::kNoLeader) : true;
 }
 
 void RecordBuilder::Give(Record& record) const {

@@ -3,6 +3,7 @@
 #include <quillory/exchange/Record.h>
 
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +11,7 @@
 namespace quillory {
 
 // Puts a record together from the parts that XML and JSON name. Each step is false if the record
-// can't be so; the reason and the tag then say why.
+// can't be so; the fault then says why.
 class RecordBuilder {
 public:
     void Clear();
@@ -24,29 +25,33 @@ public:
     bool AddSubfield(std::string_view code, std::string_view text);
     bool EndDataField();
     bool End();
-    bool Fail(std::string reason);
+    // Notes what is wrong, in the field in hand if there is one. Of several faults the first
+    // counts.
+    bool Fail(FaultCode code, std::string_view found = {}, std::string_view allowed = {});
 
-    bool Failed() const { return !reason_.empty(); }
+    bool Failed() const { return fault_.has_value(); }
     bool Empty() const { return leader_.empty() && fields_.empty(); }
-    const std::string& Reason() const { return reason_; }
-    const std::string& Tag() const { return tag_; }
+    const std::optional<Fault>& WhatFailed() const { return fault_; }
+    // Of the field that is begun; of the record as a whole between fields.
+    Place PlaceInHand() const;
     // The fields put in so far, as views that last until the next Clear.
     void Give(Record& record) const;
 
 private:
     struct Field {
-        std::array<char, 3> tag;
+        std::array<char, kTagSize> tag;
         std::size_t start;  // in text_
     };
 
-    bool BeginField(std::string_view tag, bool isData);
+    bool BeginField(std::string_view tag);
+    bool FailIndicator(std::size_t which, FaultCode code);
 
     std::string leader_;
     std::string text_;  // contents, side by side
     std::vector<Field> fields_;
     std::array<bool, 2> haveIndicator_{};
-    std::string tag_;
-    std::string reason_;
+    bool inField_ = false;
+    std::optional<Fault> fault_;
 };
 
 }  // namespace quillory

@@ -3,9 +3,13 @@
 namespace quillory {
 
 std::optional<InvalidByte> FirstInvalidByte(const Record& record) {
-    for (const auto& [tag, content] : record.fields) {
+    const std::span fields = record.fields;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const std::string_view content = fields[i].content;
         const std::size_t at = FindInvalidUtf8(content);
-        if (at != content.npos) return InvalidByte{tag, content.data() + at};
+        if (at == content.npos) continue;
+        const Place place = PlaceAfter(fields.first(i), fields[i].tag);
+        return InvalidByte{{FaultCode::kInvalidUtf8, place, HexText(content[at])}, &content[at]};
     }
     return std::nullopt;
 }

@@ -8,10 +8,10 @@
 
 namespace quillory {
 
-// A byte of a field that is no part of a UTF-8 character.
+// A byte of a record that is no part of a UTF-8 character.
 struct InvalidByte {
-    std::string_view tag;
-    const char* at;  // in the content of the field
+    Fault fault;
+    const char* at;  // in the content of a field
 };
 
 // The first one of a record, if there is any.

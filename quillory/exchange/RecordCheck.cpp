@@ -1,4 +1,5 @@
 #include <quillory/exchange/RecordCheck.h>
+#include <quillory/exchange/Subfields.h>
 
 #include <algorithm>
 
@@ -10,31 +11,27 @@ bool HoldsAnEnd(std::string_view text) {
 }
 
 bool IsTag(std::string_view tag) {
-    return std::all_of(tag.begin(), tag.end(), [](char c) { return c > ' ' && c < 0x7F; });
+    return std::ranges::all_of(tag, [](char c) { return ' ' < c && c < 0x7F; });
 }
 
-bool HasEmptyCode(std::string_view content) {
-    return content.ends_with(zorby::kDelimiter) || content.find("\x1F\x1F") != content.npos;
+FaultCode FaultOf(const zorby::CommFormatField& field) {
+    if (!IsTag(field.tag)) return FaultCode::kTagBytes;
+    if (field.IsDataField() && HasEmptyCode(field.content)) return FaultCode::kNoSubfieldCode;
+    return HoldsAnEnd(field.content) ? FaultCode::kEndInText : FaultCode::kNone;
 }
 
 }  // namespace
 
-bool CanBeWritten(Item& item) {
-    if (HoldsAnEnd(item.record.leader)) item.reason = "a field or record end in the leader";
-    for (const zorby::CommFormatField& field : item.record.fields) {
-        if (HoldsAnEnd(field.content)) {
-            item.reason = "a field or record end (0x1E, 0x1D) in a field";
-        }
-        if (field.IsDataField() && HasEmptyCode(field.content)) {
-            item.reason = "a delimiter (0x1F) without a subfield code";
-        }
-        if (!IsTag(field.tag)) item.reason = "a tag with bytes that no tag has";
-        if (!item.reason.empty()) {
-            item.tag = field.tag;
-            return false;
-        }
+std::optional<ItemFault> FaultOf(const Record& record) {
+    if (HoldsAnEnd(record.leader)) return ItemFault{{FaultCode::kEndInText, Place::OfLeader()}};
+    const std::span fields = record.fields;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const FaultCode code = FaultOf(fields[i]);
+        if (code == FaultCode::kNone) continue;
+        const std::string allowed = code == FaultCode::kNoSubfieldCode ? "0x1F" : "";
+        return ItemFault{{code, PlaceAfter(fields.first(i), fields[i].tag), {}, allowed}};
     }
-    return item.reason.empty();
+    return std::nullopt;
 }
 
 }  // namespace quillory

@@ -2,11 +2,12 @@
 
 #include <quillory/exchange/Record.h>
 
+#include <optional>
+
 namespace quillory {
 
-// Looks at a record that a form has given for what no form can hold: ends of fields and records
-// within it, delimiters without a code, bytes that no tag has. False with reason and tag in the
-// item.
-bool CanBeWritten(Item& item);
+// What a record that a form has given holds and no form can hold: ends of fields and records within
+// it, delimiters without a code, bytes that no tag has. The fault has no place in the file.
+std::optional<ItemFault> FaultOf(const Record& record);
 
 }  // namespace quillory

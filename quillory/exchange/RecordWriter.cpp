@@ -1,6 +1,14 @@
 #include <quillory/exchange/RecordWriter.h>
 
+#include <utility>
+
 namespace quillory {
+
+WriteResult NotWritten(Fault fault) {
+    WriteResult result{false};
+    result.faults.push_back(std::move(fault));
+    return result;
+}
 
 std::string_view MendLeader(std::string_view leader, std::string& mended) {
     constexpr std::string_view kCounts = "22";

@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillory {
 
@@ -14,9 +15,11 @@ enum Oversize : std::int32_t { kOversizeRefuse, kOversizeCut };
 
 struct WriteResult {
     bool written = true;
-    bool leaderMended = false;  // its structural bytes were others
-    std::string reason;         // why it was not written, or what was cut; empty if all is well
+    bool leaderMended = false;       // its structural bytes were others
+    std::vector<Fault> faults = {};  // why it was not written, or not in full
 };
+
+WriteResult NotWritten(Fault fault);
 
 // Writes records to an output in one of the forms. What a form can't give back is counted in
 // `losses`.

@@ -10,11 +10,14 @@ constexpr std::size_t kIndicators = 2;
 
 bool IsMadeOfSubfields(std::string_view content) {
     const std::size_t first = std::min(content.find(zorby::kDelimiter), content.size());
-    if (first != kIndicators) return false;
-    return !content.ends_with(zorby::kDelimiter) && content.find("\x1F\x1F") == content.npos;
+    return first == kIndicators && !HasEmptyCode(content);
 }
 
 }  // namespace
+
+bool HasEmptyCode(std::string_view content) {
+    return content.ends_with(zorby::kDelimiter) || content.find("\x1F\x1F") != content.npos;
+}
 
 FieldShape ShapeOf(const zorby::CommFormatField& field) {
     const bool isData = IsMadeOfSubfields(field.content);

@@ -17,6 +17,9 @@ enum FieldShape : std::int32_t {
 // as formats other than MARC 21 have it.
 FieldShape ShapeOf(const zorby::CommFormatField& field);
 
+// Whether a delimiter has no subfield code after it.
+bool HasEmptyCode(std::string_view content);
+
 struct Subfield {
     std::string_view code;  // one character, of several bytes if it is none of ASCII
     std::string_view text;

@@ -61,8 +61,7 @@ struct XmlRecords::Callbacks {
 
     static void DocumentType(void* self, const xmlChar*, const xmlChar*, const xmlChar*) {
         XmlRecords& records = Of(self);
-        records.Fail("a document type (DOCTYPE): entities and external parts are not followed",
-                     records.TagStart());
+        records.Fail({FaultCode::kDocumentType}, records.TagStart());
         records.StopParser();
     }
 
@@ -70,9 +69,7 @@ struct XmlRecords::Callbacks {
         if (error.level != XML_ERR_FATAL) return;
         XmlRecords& records = Of(self);
         const bool cutShort = records.atEnd_ && error.code == XML_ERR_DOCUMENT_END;
-        records.Fail(
-            "malformed XML: " + (cutShort ? "the document is cut short" : Words(error.message)),
-            records.Position());
+        records.FailMalformed(cutShort ? "the document is cut short" : Words(error.message));
     }
 
     static xmlSAXHandler Handler() {
@@ -149,7 +146,7 @@ void XmlRecords::Feed(std::string_view window, std::uint64_t offset, std::size_t
     atEnd_ = fresh == 0;
     const std::string_view bytes = window.substr(window.size() - fresh);
     parser_->Take(bytes, atEnd_);
-    if (!parser_->IsWellFormed()) Fail("malformed XML", Position());
+    if (!parser_->IsWellFormed()) FailMalformed("it is not well-formed");
 }
 
 void XmlRecords::Take(XmlRecord& record) {
@@ -170,10 +167,12 @@ std::uint64_t XmlRecords::TagStart() const {
     return start == window_.npos ? position : windowOffset_ + start;
 }
 
-void XmlRecords::Fail(std::string reason, std::uint64_t offset) {
-    if (Failed()) return;
-    reason_ = std::move(reason);
-    faultOffset_ = offset;
+void XmlRecords::Fail(Fault fault, std::uint64_t offset) {
+    if (!Failed()) fault_ = ItemFault{std::move(fault), offset};
+}
+
+void XmlRecords::FailMalformed(std::string words) {
+    Fail({FaultCode::kMalformedXml, {}, std::move(words)}, Position());
 }
 
 void XmlRecords::BeginRecord() {
@@ -202,7 +201,7 @@ void XmlRecords::BeginPart(Element element, const xmlChar** attributes, int coun
     const bool isInPlace = element == kSubfield ? within_ == kDataField : within_ == kRecord;
     text_.clear();
     if (!isInPlace || element == kRecord || element == kOther) {
-        Mark(builder.Fail("an element that does not belong there"));
+        Mark(builder.Fail(FaultCode::kMisplacedElement));
         return;
     }
     within_ = element;
@@ -224,7 +223,7 @@ void XmlRecords::AddText(std::string_view text) {
     if (within_ != kRecord && within_ != kDataField) {
         text_ += text;
     } else if (!IsBlank(text)) {
-        Mark(current_.builder.Fail("text outside of leader, control fields and subfields"));
+        Mark(current_.builder.Fail(FaultCode::kMisplacedText));
     }
 }
 

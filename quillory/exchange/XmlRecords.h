@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -40,7 +41,7 @@ public:
     bool InRecord() const { return depth_ != 0; }
     const XmlRecord& Unended() const { return current_; }
     // Gives up that record: no more of it is kept.
-    void Abandon(std::string reason) { current_.builder.Fail(std::move(reason)); }
+    void Abandon(FaultCode code) { current_.builder.Fail(code); }
 
     // Bytes that were understood, all of them in whole tags.
     std::uint64_t Position() const;
@@ -48,10 +49,10 @@ public:
     bool IsMarc() const { return isMarc_; }
 
     // Reads no further.
-    void Fail(std::string reason, std::uint64_t offset);
-    bool Failed() const { return !reason_.empty(); }
-    const std::string& Reason() const { return reason_; }
-    std::uint64_t FaultOffset() const { return faultOffset_; }
+    void Fail(Fault fault, std::uint64_t offset);
+    bool Failed() const { return fault_.has_value(); }
+    // In the document.
+    const std::optional<ItemFault>& WhatFailed() const { return fault_; }
 
 private:
     struct Callbacks;
@@ -59,6 +60,7 @@ private:
     enum Element : std::int32_t { kRecord, kLeader, kControlField, kDataField, kSubfield, kOther };
 
     void StopParser();
+    void FailMalformed(std::string words);
     void Begin(Element element, const unsigned char** attributes, int count);
     void BeginPart(Element element, const unsigned char** attributes, int count);
     void BeginRecord();
@@ -82,8 +84,7 @@ private:
     std::uint64_t windowOffset_ = 0;
     std::uint64_t fed_ = 0;
     bool atEnd_ = false;
-    std::string reason_;
-    std::uint64_t faultOffset_ = 0;
+    std::optional<ItemFault> fault_;
 };
 
 }  // namespace quillory

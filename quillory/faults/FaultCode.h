@@ -9,8 +9,78 @@ namespace quillory {
 enum class FaultCode : std::uint16_t {
     kNone,
 
-    // Files of records.
+    // Files of records: ISO 2709.
     kEmptyFile,
+    kEmptyRecord,
+    kCutShort,
+    kLengthNotNumber,
+    kLengthWrong,
+    kLongerThanFormat,
+    kBytesAfterEnd,
+    kCountsNotTwo,
+    kEntryMapWrong,
+    kBaseAddressWrong,
+    kDirectorySize,
+    kDirectoryEntry,
+    kDirectoryGap,
+    kFieldEndMisplaced,
+    kNoIndicatorsBeforeDelimiter,
+    kNoSubfieldCode,
+    kFieldCountsDiffer,
+    kNoRecordEnd,
+    kNotMarc,
+    kStrayBytes,
+    kTextBetweenRecords,
+    // Text forms.
+    kByteOrderMark,
+    kBlankLines,
+    kFileHeader,
+    kLineWithoutTag,
+    kNoLeaderLine,
+    kTextBeforeSubfields,
+    // What a record is made of.
+    kNoLeader,
+    kSecondLeader,
+    kLeaderTooLong,
+    kFieldWithoutTag,
+    kTagNotThreeBytes,
+    kTagBytes,
+    kNoSubfields,
+    kNoIndicators,
+    kIndicatorNotAscii,
+    kIndicatorIsDelimiter,
+    kIndicatorTwice,
+    kSubfieldCodeSize,
+    kDelimiterInSubfield,
+    kEndInText,
+    // XML and JSON.
+    kMalformedXml,
+    kDocumentType,
+    kXmlPartTooLong,
+    kXmlRecordTooLong,
+    kMisplacedElement,
+    kMisplacedText,
+    kNoMarcInXml,
+    kMalformedJson,
+    kUnknownMember,
+    kMisplacedValue,
+    kArrayNotClosed,
+    // Writing.
+    kNothingToWrite,
+    kFieldTooLong,
+    kRecordTooLong,
+    kFieldLengthCut,
+    kFieldLeftOut,
+    kEmptyFieldLeftOut,
+    kRecordCut,
+    kUnprintableByte,
+    kNotMadeOfSubfields,
+    // Character sets, and what becomes of records.
+    kMislabelled,
+    kInvalidUtf8,
+    kCharactersNotCarried,
+    kStoppedByPolicy,
+    kWrittenWithWarnings,
 
     // Places and coded fields.
     kNoPlace,
@@ -21,6 +91,7 @@ enum class FaultCode : std::uint16_t {
     kNoSuchPart,
 
     // New records.
+    kNoRecordMade,
 
     // Workforms.
 

@@ -1,9 +1,9 @@
 #include <quillory/exchange/Input.h>
+#include <quillory/exchange/TextPlace.h>
 #include <quillory/holdings/HoldingsFile.h>
 #include <quillory/holdings/HoldingsJson.h>
 #include <quillory/holdings/Trimmed.h>
 #include <quillory/text/Charset.h>
-#include <quillory/text/TextPlace.h>
 
 #include <algorithm>
 #include <memory>

@@ -1,5 +1,5 @@
+#include <quillory/exchange/JsonFault.h>
 #include <quillory/holdings/HoldingsJson.h>
-#include <quillory/text/JsonWords.h>
 
 #include <nlohmann/json.hpp>
 
@@ -30,14 +30,14 @@ std::optional<HoldingsFault> Parse(std::string_view line, Json& object, std::siz
     };
     try {
         object = Json::parse(line, count);
-        const std::size_t nul = line.find('\0');  // which the parser takes for the end
-        if (nul == line.npos) return std::nullopt;
-        return HoldingsFault{"malformed JSON: a NUL byte", nul};
+        const auto nul = NulByteOf(line);
+        if (!nul) return std::nullopt;
+        return HoldingsFault{FaultReason(*nul), nul->offset};
     } catch (const Json::parse_error& error) {
-        const std::size_t at = error.byte == 0 ? 0 : error.byte - 1;  // it counts the bytes read
-        return HoldingsFault{"malformed JSON: " + JsonWords(error.what()), at};
+        const ItemFault fault = MalformedJson(error.what(), error.byte);
+        return HoldingsFault{FaultReason(fault), fault.offset};
     } catch (const Json::exception& error) {
-        return HoldingsFault{"malformed JSON: " + JsonWords(error.what())};
+        return HoldingsFault{FaultReason(MalformedJson(error.what(), 0))};
     }
 }
 

@@ -2,8 +2,6 @@
 #include <quillory/jobs/Carrier.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <functional>
 #include <utility>
 
@@ -11,17 +9,14 @@ namespace quillory {
 namespace {
 
 // The byte's place in the file is known where the field stands there as it is.
-std::string InvalidText(const Item& item, const InvalidByte& invalid) {
-    std::array<char, 8> hex{};
-    std::snprintf(hex.data(), hex.size(), "0x%02X", static_cast<unsigned char>(*invalid.at));
-    std::string text = "field " + Printable(invalid.tag) + ": byte " + hex.data() + " is no UTF-8";
+ItemFault FaultOf(const Item& item, const InvalidByte& invalid) {
+    ItemFault fault{invalid.fault, item.offset};
     const char* begin = item.bytes.data();
     const char* end = begin + item.bytes.size();
     if (std::less_equal<>()(begin, invalid.at) && std::less<>()(invalid.at, end)) {
-        const auto offset = static_cast<std::uint64_t>(invalid.at - begin);
-        text += " (byte " + std::to_string(item.offset + offset) + ")";
+        fault.offset += static_cast<std::uint64_t>(invalid.at - begin);
     }
-    return text;
+    return fault;
 }
 
 }  // namespace
@@ -46,8 +41,7 @@ void Carrier::Reject(const Item& item) {
 void Carrier::CountLosses(const Item& item) {
     if (recordLosses_.Empty()) return;
     if (options_.eachLoss) {
-        reporter_.Say(item, "characters not carried",
-                      "characters not carried:\n" + recordLosses_.Text("    "));
+        reporter_.Say(item, {FaultCode::kCharactersNotCarried}, recordLosses_.Text("    "));
     }
     if (recordLosses_.Real()) status_ = kStatusFindings;
     losses_.Add(recordLosses_);
@@ -55,45 +49,44 @@ void Carrier::CountLosses(const Item& item) {
 }
 
 // Every record that has to stay is named.
-void Carrier::Refuse(const Item& item, const std::string& reason) {
+void Carrier::Refuse(const Item& item, const ItemFault& fault, const std::string& lines) {
     recordLosses_.Clear();
-    reporter_.SayAlways(item, reason);
+    reporter_.SayAlways(item, fault, lines);
     ++rejected_;
     Reject(item);
 }
 
 bool Carrier::Prepare(Item& item) {
     if (!options_.prepare) return true;
-    const std::string reason = options_.prepare(item, recordLosses_);
-    if (reason.empty()) return true;
-    Refuse(item, reason);
+    const std::string lines = options_.prepare(item, recordLosses_);
+    if (lines.empty()) return true;
+    Refuse(item, {{FaultCode::kStoppedByPolicy}, item.offset}, lines);
     return false;
 }
 
 void Carrier::TakeRecord(Item& item) {
-    if (!item.reason.empty()) {
+    if (item.fault) {
         reporter_.SayFault(item);
         status_ = kStatusFindings;
     }
     const Recoder::Result recoded = recoder_.Recode(item.record, recordLosses_);
     if (recoded.invalid) {
-        Refuse(item, "not written: " + InvalidText(item, *recoded.invalid));
+        Refuse(item, FaultOf(item, *recoded.invalid));
         return;
     }
     if (recoded.mislabelled) {
         ++mislabelled_;
-        reporter_.Say(item, "leader byte 09 names another character set",
-                      "leader byte 09 says " +
-                          std::string(CharsetName(LabelledCharset(item.bytes))) +
-                          ", the bytes are " + std::string(CharsetName(recoded.from)));
+        reporter_.Say(item, *recoded.mislabelled);
     }
-    if (!Prepare(item)) return;
+    if (Prepare(item)) Write(item);
+}
+
+void Carrier::Write(const Item& item) {
     const WriteResult result = writer_.Write(item.record, recordLosses_);
     CountLosses(item);
     if (result.leaderMended) ++leadersMended_;
-    if (!result.reason.empty()) {
-        const char* kind = result.written ? "not written in full" : "can't be written";
-        reporter_.Say(item, kind, result.reason);
+    for (const Fault& fault : result.faults) {
+        reporter_.Say(item, fault);
         status_ = kStatusFindings;
     }
     if (result.written) {

@@ -14,8 +14,8 @@
 
 namespace quillory {
 
-// What a job does to a record in its last character set, before it is written. Result: why the
-// record has to stay, or an empty text.
+// What a job does to a record in its last character set, before it is written. Result: lines that
+// say why the record has to stay, or an empty text.
 using Preparation = std::function<std::string(Item& item, Losses& losses)>;
 
 struct CarrierOptions {
@@ -45,7 +45,8 @@ public:
 private:
     void TakeRecord(Item& item);
     bool Prepare(Item& item);
-    void Refuse(const Item& item, const std::string& reason);
+    void Write(const Item& item);
+    void Refuse(const Item& item, const ItemFault& fault, const std::string& lines = {});
     void Reject(const Item& item);
     void CountLosses(const Item& item);
 

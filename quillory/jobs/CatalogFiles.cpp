@@ -34,14 +34,13 @@ public:
         item = {};
         item.number = number;
         item.offset = description.offset;
-        item.faultOffset = description.offset;
         item.bytes = toml.substr(description.offset, description.size);
         if (description.error.empty()) Fill(description, item);
         if (description.error.empty()) return;
         item.kind = kItemDamaged;
-        item.reason = description.error;
-        item.faultOffset = OffsetOf(toml, description, description.where);
-        item.faultPlace = TextPlace{description.where.line, description.where.column};
+        item.fault = ItemFault{{FaultCode::kNoRecordMade, {}, description.error},
+                               OffsetOf(toml, description, description.where),
+                               description.where};
     }
 
 private:

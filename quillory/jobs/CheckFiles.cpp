@@ -13,7 +13,7 @@ public:
         : checker_(checker), report_(report), reporter_(reporter) {}
 
     void Take(const Item& item) {
-        if (!item.reason.empty() && !item.continues) TakeFault(item);
+        if (item.fault && !item.continues) TakeFault(item);
         if (item.kind != kItemRecord) return;
         checker_.Check(item.record, findings_);
         if (!findings_.empty()) status_ = kStatusFindings;

@@ -35,9 +35,9 @@ public:
         holdings_.Write(item, charset_, losses);
         checker_.Check(item.record, findings_);
         const Verdict verdict = checker_.GetPolicy().VerdictOf(findings_);
-        if (verdict == kMustStay) return "not written:" + Lines();
+        if (verdict == kMustStay) return Lines();
         if (verdict == kMayGoWithWarnings && !reporter_.Quiet()) {
-            reporter_.Say(item, "written with warnings", "written with warnings:" + Lines());
+            reporter_.Say(item, {FaultCode::kWrittenWithWarnings}, Lines());
         }
         return {};
     }
@@ -47,7 +47,7 @@ public:
 private:
     std::string Lines() const {
         std::string lines;
-        for (const Finding& finding : findings_) lines += "\n    " + LineText(finding);
+        for (const Finding& finding : findings_) lines += "    " + LineText(finding) + "\n";
         return lines;
     }
 

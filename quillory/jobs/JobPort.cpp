@@ -2,12 +2,6 @@
 
 namespace quillory {
 
-std::string Printable(std::string_view text) {
-    std::string printable;
-    for (const char c : text) printable += c >= ' ' && c < 0x7F ? c : '?';
-    return printable;
-}
-
 std::string Counted(std::uint64_t count, std::string_view noun) {
     return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
 }

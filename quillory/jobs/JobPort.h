@@ -10,9 +10,10 @@ namespace quillory {
 
 // One message of a job.
 struct Message {
-    std::string_view file;       // that is being worked on; empty where the text names it
-    const Item* item = nullptr;  // what the message is about; null: a file, or the job as a whole
-    std::string_view kind;       // messages of one kind belong together; may be empty
+    std::string_view file;         // that is being worked on; empty where the text names it
+    const Item* item = nullptr;    // what the message is about; null: a file, or the job as a whole
+    const Fault* fault = nullptr;  // what is wrong; null for a message that reports no fault
+    std::string_view kind;         // messages of one kind belong together; may be empty
     std::string_view text;
 };
 
@@ -42,9 +43,6 @@ std::string ItemPlace(std::string_view file, const Item& item);
 
 // A message as one text: its place, where it is about an item, and its own text.
 std::string MessageLine(const Message& message);
-
-// Bytes of a record on their way to a terminal, with a question mark for each that could steer it.
-std::string Printable(std::string_view text);
 
 // "1 record", "2 records".
 std::string Counted(std::uint64_t count, std::string_view noun);

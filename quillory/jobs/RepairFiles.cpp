@@ -10,7 +10,7 @@ namespace {
 Status DryRun(const ItemSource& source, Reporter& reporter) {
     Status damage = kStatusWell;
     const Status read = source([&](const Item& item) {
-        const bool isDamaged = item.kind != kItemRecord || !item.reason.empty();
+        const bool isDamaged = item.kind != kItemRecord || item.fault;
         if (isDamaged) {
             damage = kStatusFindings;
             if (!item.continues) reporter.SayFault(item);

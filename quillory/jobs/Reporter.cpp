@@ -6,26 +6,33 @@ namespace {
 constexpr std::uint64_t kSaidInFull = 5;
 
 // Where in an item its fault is, if more can be said than where the item is.
-std::string FaultPlace(const Item& item) {
-    if (!item.faultPlace && item.faultOffset == item.offset) return {};
-    std::string place = " (byte " + std::to_string(item.faultOffset);
-    if (item.faultPlace) {
-        place += ", line " + std::to_string(item.faultPlace->line) + ", column " +
-                 std::to_string(item.faultPlace->column);
+std::string OffsetText(const Item& item, const ItemFault& fault) {
+    if (!fault.lineColumn && fault.offset == item.offset) return {};
+    std::string text = " (byte " + std::to_string(fault.offset);
+    if (fault.lineColumn) {
+        text += ", line " + std::to_string(fault.lineColumn->line) + ", column " +
+                std::to_string(fault.lineColumn->column);
     }
-    return place + ")";
+    return text + ")";
 }
 
-std::string FaultText(const Item& item) {
-    std::string text;
-    if (!item.tag.empty()) text += "field " + Printable(item.tag) + ": ";
-    text += item.reason;
-    text += FaultPlace(item);
+// What is wrong with an item, and what became of it.
+std::string FaultTextOf(const Item& item) {
+    const ItemFault& fault = *item.fault;
+    std::string text = FaultText(fault);
+    if (fault.notRescued) {
+        text += "; can't be read with certainty: " + FaultText(*fault.notRescued);
+    }
+    text += OffsetText(item, fault);
     if (item.kind == kItemStray && !item.bytes.empty()) {
         text += " (" + Counted(item.bytes.size(), "byte") + ")";
     }
     if (item.kind == kItemRecord) text += "; read from its terminators";
     return text;
+}
+
+std::string WithLines(const std::string& text, std::string_view lines) {
+    return lines.empty() ? text : text + ":\n" + std::string(lines);
 }
 
 }  // namespace
@@ -49,29 +56,33 @@ bool Reporter::Count(std::string_view kind) {
     return options_.all || counted->second <= kSaidInFull;
 }
 
-void Reporter::Say(const Item& item, std::string_view kind, std::string_view text) {
-    if (Count(kind)) port_.Say({file_, &item, kind, text});
+void Reporter::Say(const Item& item, const Fault& fault, std::string_view lines) {
+    const std::string kind = FaultHeading(fault.code);
+    if (!Count(kind)) return;
+    port_.Say({file_, &item, &fault, kind, WithLines(FaultText(fault), lines)});
+}
+
+void Reporter::SayFault(const Item& item) {
+    const std::string kind = FaultHeading(item.fault->code);
+    if (Count(kind)) port_.Say({file_, &item, &*item.fault, kind, FaultTextOf(item)});
+}
+
+void Reporter::SayAlways(const Item& item, const ItemFault& fault, std::string_view lines) {
+    const std::string text = FaultText(fault) + OffsetText(item, fault);
+    port_.Say({file_, &item, &fault, FaultHeading(fault.code), WithLines(text, lines)});
 }
 
 void Reporter::Say(const Item& item, std::string_view kind,
                    const std::function<std::string()>& text) {
-    if (Count(kind)) port_.Say({file_, &item, kind, text()});
-}
-
-void Reporter::SayFault(const Item& item) {
-    Say(item, item.reason, FaultText(item));
-}
-
-void Reporter::SayAlways(const Item& item, std::string_view text) {
-    port_.Say({file_, &item, {}, text});
+    if (Count(kind)) port_.Say({file_, &item, nullptr, kind, text()});
 }
 
 void Reporter::SayCounted(std::string_view kind, std::string_view text) {
-    if (Count(kind)) port_.Say({file_, nullptr, kind, text});
+    if (Count(kind)) port_.Say({file_, nullptr, nullptr, kind, text});
 }
 
 void Reporter::Say(std::string_view text) const {
-    port_.Say({file_, nullptr, {}, text});
+    port_.Say({file_, nullptr, nullptr, {}, text});
 }
 
 }  // namespace quillory

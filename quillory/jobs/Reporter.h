@@ -27,15 +27,15 @@ public:
     // Says how many messages of the file were only counted.
     void EndFile();
 
-    // What is wrong with an item, and what became of it. `kind` groups messages.
-    void Say(const Item& item, std::string_view kind, std::string_view text);
-    // The same, with a text that is made only if it is said.
-    void Say(const Item& item, std::string_view kind, const std::function<std::string()>& text);
-    // The same, with the item's reason, the place of its fault and what became of it as the text.
+    // What is wrong with an item, and lines that say more. Faults with one heading are of one kind.
+    void Say(const Item& item, const Fault& fault, std::string_view lines = {});
+    // The item's own fault, its place in the file, and what became of the item.
     void SayFault(const Item& item);
-    // The same, not counted with others of its kind.
-    void SayAlways(const Item& item, std::string_view text);
-    // As Say, about something that is no item of a file of records.
+    // As Say, with the fault's place in the file, not counted with others of its kind.
+    void SayAlways(const Item& item, const ItemFault& fault, std::string_view lines = {});
+    // About an item, with a text that is made only if it is said. `kind` groups messages.
+    void Say(const Item& item, std::string_view kind, const std::function<std::string()>& text);
+    // About something that is no item of a file of records.
     void SayCounted(std::string_view kind, std::string_view text);
     // About the file or the work as a whole.
     void Say(std::string_view text) const;

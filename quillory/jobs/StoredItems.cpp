@@ -1,3 +1,4 @@
+#include <quillory/exchange/CommFormatFaults.h>
 #include <quillory/exchange/Input.h>
 #include <quillory/jobs/Progress.h>
 #include <quillory/jobs/StoredItems.h>
@@ -17,9 +18,7 @@ void ReadItem(const StoredRecord& stored, zorby::CommFormatFields& fields, Item&
     const zorby::CommFormatFault fault = zorby::ReadCommFormat(stored.bytes, fields);
     if (fault) {
         item.kind = kItemDamaged;
-        item.reason = zorby::CommFormatFaultText(fault.reason);
-        item.faultOffset = fault.offset;
-        item.tag = fault.tag;
+        item.fault = FaultOf(fault, stored.bytes);
         item.controlNumber = stored.summary.controlNumber;
     } else {
         item.record = {fields.leader, fields.fields, stored.bytes};

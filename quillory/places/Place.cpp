@@ -13,13 +13,6 @@ bool IsGraphic(char c) {
     return ' ' < c && c <= '~';
 }
 
-std::string Readable(std::string_view bytes) {
-    std::string text(bytes);
-    std::ranges::replace_if(
-        text, [](char c) { return c != ' ' && !IsGraphic(c); }, '?');
-    return text;
-}
-
 char Lower(char c) {
     return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
@@ -108,12 +101,25 @@ bool TakeDataPart(std::string_view text, Place& place) {
 
 std::string TagShown(const Place& place) {
     if (place.IsLeader()) return "leader";
-    std::string text = Readable(place.Tag());
-    if (place.material != '\0') text += Readable({&place.material, 1});
+    std::string text = Printable(place.Tag());
+    if (place.material != '\0') text += Printable({&place.material, 1});
     return text;
 }
 
 }  // namespace
+
+std::string Printable(std::string_view bytes) {
+    std::string text(bytes);
+    std::ranges::replace_if(
+        text, [](char c) { return c != ' ' && !IsGraphic(c); }, '?');
+    return text;
+}
+
+std::string HexText(char byte) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    const auto value = static_cast<unsigned char>(byte);
+    return {'0', 'x', kDigits[value / 16], kDigits[value % 16]};
+}
 
 Place Place::OfLeader() {
     return OfField(kLeaderTag);
@@ -177,7 +183,7 @@ std::string PlaceText(const Place& place) {
     }
     if (place.HasPositions()) text += "/" + PositionsText(place.first, place.last);
     if (place.indicator != 0) text += "/" + std::to_string(place.indicator);
-    if (place.code != '\0') text += " $" + Readable({&place.code, 1});
+    if (place.code != '\0') text += " $" + Printable({&place.code, 1});
     return text;
 }
 

@@ -10,6 +10,13 @@
 
 namespace quillory {
 
+// Bytes of a record for a person to see: those that could steer a terminal, and all beyond ASCII,
+// are question marks.
+std::string Printable(std::string_view bytes);
+
+// "0x1F".
+std::string HexText(char byte);
+
 // Where in a record something is: the leader, a field, and in it an indicator, a subfield, or
 // positions. All zeros stand for the record as a whole.
 struct Place {
@@ -46,8 +53,7 @@ struct Place {
 
 // The place as people write it, so that ParsePlace reads it again:
 //   245   245/1   245 $a   650[2] $x   001   008/35-37   007[2]/04   006m/05   leader/06
-// An occurrence of 1 goes without saying. Empty for the record as a whole. Bytes that could steer a
-// terminal come out as question marks.
+// An occurrence of 1 goes without saying. Empty for the record as a whole. Bytes are Printable.
 std::string PlaceText(const Place& place);
 
 // "18-21", "06".

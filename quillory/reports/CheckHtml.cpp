@@ -49,7 +49,8 @@ public:
     void TakeDamage(const Item& item) override {
         NoteFile();
         if (++damages_ > kMostDamages) return;
-        damage_.Write("<li>" + HtmlText(reporter_.PlaceOf(item) + ": " + item.reason) + "</li>\n");
+        damage_.Write("<li>" + HtmlText(reporter_.PlaceOf(item) + ": " + FaultText(*item.fault)) +
+                      "</li>\n");
     }
 
     void Finish(const CheckTotals& totals, const Policy& policy) override {

@@ -52,8 +52,8 @@ public:
 
     void TakeDamage(const Item& item) override {
         WriteLine(item, [&item](JsonWriter& json) {
-            json.Member(item.kind == kItemStray ? "stray" : "damaged", item.reason);
-            json.Member("fault_offset", item.faultOffset);
+            json.Member(item.kind == kItemStray ? "stray" : "damaged", FaultText(*item.fault));
+            json.Member("fault_offset", item.fault->offset);
         });
     }
 

@@ -35,7 +35,7 @@ RecordShower::RecordShower(const ShowOptions& options, Charset from, Output& out
 }
 
 void RecordShower::Take(Item& item) {
-    if (!item.reason.empty() && !item.continues) {
+    if (item.fault && !item.continues) {
         reporter_.SayFault(item);
         status_ = kStatusFindings;
     }
@@ -49,11 +49,7 @@ void RecordShower::Show(Item& item) {
     if (lists_) decoded = DecodeRecord(item.record, Decoder(*lists_));
     const Recoder::Result recoded = recoder_.Recode(item.record, losses_);
     item.record.leader = label_;
-    if (recoded.mislabelled) {
-        reporter_.Say(item, "leader byte 09 names another character set",
-                      "leader byte 09 says " + std::string(CharsetName(LabelledCharset(label_))) +
-                          ", the bytes are " + std::string(CharsetName(recoded.from)));
-    }
+    if (recoded.mislabelled) reporter_.Say(item, *recoded.mislabelled);
     text_ = shown_ ? "\n" : "";
     shown_ = true;
     AppendScreen(item.record, decoded, screen_, text_);

@@ -214,7 +214,7 @@ class Damage(Cli):
         lying = accents[:9] + b" " + accents[10:]
         status, out, err = run("convert", "--to-charset", "utf8", self.path("in.mrc", lying))
         self.assertEqual((status, out), (0, accents))
-        self.assertIn("leader byte 09 says MARC-8, the bytes are UTF-8", err)
+        self.assertIn("leader/09: the record says MARC-8, its bytes are UTF-8", err)
         _, forced, _ = run("convert", "--to-charset", "utf8", "--from-charset", "marc8",
                            self.path("in.mrc", lying))
         self.assertNotEqual(forced, accents)
@@ -224,11 +224,11 @@ class Damage(Cli):
         source, rejects = self.path("big.mrk", mrk), self.path("rejects")
         status, out, err = run("convert", source, "--to", "marc", "--rejects", rejects)
         self.assertEqual((status, out), (1, b""))
-        self.assertIn("(001 big): field 500 of 12005 bytes is over the format's 9,999", err)
+        self.assertIn("(001 big): 500: the field has 12005 bytes, over the 9,999 of the format", err)
         self.assertEqual(rejects.read_bytes(), mrk)
         status, out, err = run("convert", source, "--to", "marc", "--oversize", "cut")
         self.assertEqual((status, len(out)), (1, 24 + 24 + 1 + 4 + 12005 + 1))
-        self.assertIn("stands as 9,999 in the directory", err)
+        self.assertIn("of which the directory says 9,999", err)
 
 
 class Dictionary(Cli):

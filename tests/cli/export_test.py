@@ -95,13 +95,13 @@ class Roads(Export):
             return b"%05dnam %s2200037 i 4500" % (24 + len(body), label) + body
 
         cases = [
-            (b"a", b"Caf\xe2e", b" ", "leader byte 09 says UTF-8, the bytes are MARC-8"),
-            (b" ", b"Caf\xc3\xa9", b"a", "leader byte 09 says MARC-8, the bytes are UTF-8"),
+            (b"a", b"Caf\xe2e", b" ", "leader/09: the record says UTF-8, its bytes are MARC-8"),
+            (b" ", b"Caf\xc3\xa9", b"a", "leader/09: the record says MARC-8, its bytes are UTF-8"),
             (b" ", b"Caf\xe2e", b" ", ""),
             (b"a", b"Caf\xc3\xa9", b"a", ""),
             (b"a", b"Cafe", b"a", ""),
             (b"a", b"Caf\xc3\xa9 \xc3x", None,
-             "not written: field 245: byte 0xC3 is no UTF-8 (byte 47)"),
+             "245: byte 0xC3 is no UTF-8; the record is not written (byte 47)"),
         ]
         for label, title, left, message in cases:
             record = marc(label, title)

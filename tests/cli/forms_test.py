@@ -177,7 +177,7 @@ class Damage(Markup):
         self.assertEqual(out, b"".join(sound[:number - 1] + sound[number:]))
         self.assertEqual(rejects.read_bytes(), bad[start:end - len(text) + len(bad)])
         line = bad.count(b"\n", 0, tag) + 1
-        self.assertRegex(err, rf"bad\.xml: record {number} at byte {start} \(001 .*: field \d+: a "
+        self.assertRegex(err, rf"bad\.xml: record {number} at byte {start} \(001 .*: \d+: a "
                          rf"subfield code that is not one character \(byte \d+, line {line}, ")
 
     def test_malformed_xml_ends_the_file_there(self):

@@ -146,7 +146,7 @@ class Faults(Records):
     def test_a_record_too_long_is_refused(self):
         mrk = b"=LDR  00000nam  2200000 a 4500\n=500  \\\\$a" + b"x" * 12000 + b"\n"
         _, err = self.records("add", "--from", "mrk", stdin=mrk, status=1)
-        self.assertIn("over the format's 9,999", err)
+        self.assertIn("over the 9,999 of the format", err)
         self.assertEqual(self.ids(), [])
 
     def test_a_damaged_record_of_the_store_does_not_end_the_work(self):

@@ -25,9 +25,15 @@ Texts TextsOf(const Record& record) {
 
 struct Found {
     ItemKind kind;
-    std::string bytes, reason, tag, id, place;
+    std::string bytes, fault, id, place;
     Texts texts;
 };
+
+std::string LineColumnOf(const Item& item) {
+    if (!item.fault || !item.fault->lineColumn) return {};
+    const auto [line, column] = *item.fault->lineColumn;
+    return std::to_string(line) + ":" + std::to_string(column);
+}
 
 std::vector<Found> ReadAll(const char* form, const std::string& bytes) {
     const TemporaryFile file(bytes);
@@ -39,19 +45,16 @@ std::vector<Found> ReadAll(const char* form, const std::string& bytes) {
     while (reader->Next(item)) {
         EXPECT_EQ(item.offset, together.size());
         together += item.bytes;
-        const auto& place = item.faultPlace;
-        all.push_back(
-            {item.kind, std::string(item.bytes), item.reason, item.tag,
-             item.kind == kItemRecord ? std::string(item.record.ControlNumber())
-                                      : item.controlNumber,
-             place ? std::to_string(place->line) + ":" + std::to_string(place->column) : "",
-             item.kind == kItemRecord ? TextsOf(item.record) : Texts{}});
+        const bool isRecord = item.kind == kItemRecord;
+        all.push_back({item.kind, std::string(item.bytes), item.fault ? FaultText(*item.fault) : "",
+                       isRecord ? std::string(item.record.ControlNumber()) : item.controlNumber,
+                       LineColumnOf(item), isRecord ? TextsOf(item.record) : Texts{}});
     }
     EXPECT_EQ(together, bytes);
     return all;
 }
 
-// What is no frame: an id for each record, and the place and reason of all else.
+// What is no frame: an id for each record, and the place and words of all else.
 std::string Story(const std::vector<Found>& all) {
     std::string story;
     for (const Found& found : all) {
@@ -59,7 +62,7 @@ std::string Story(const std::vector<Found>& all) {
         if (!story.empty()) story += " | ";
         story += found.id;
         if (found.kind == kItemRecord) continue;
-        story += " " + found.place + " " + found.tag + " " + found.reason;
+        story += " " + found.place + " " + found.fault;
     }
     return story;
 }
@@ -157,9 +160,10 @@ TEST(Markup, CountsWhatItCantCarry) {
     for (const char* form : {kXml, kJson}) {
         const Written written =
             Write(form, {{badLeader, "001x"}, {kLeader, "245no indicators"}, {oldLeader, "001y"}});
-        EXPECT_EQ(written.results[0].reason, "byte 0x02 in leader/06");
-        EXPECT_EQ(written.results[1].reason,
-                  "field 245 is not made of two indicators and subfields with codes");
+        EXPECT_EQ(FaultText(written.results[0].faults.at(0)),
+                  "leader/06: byte 0x02 is no printable character");
+        EXPECT_EQ(FaultText(written.results[1].faults.at(0)),
+                  "245: not made of two indicators and subfields with codes");
         EXPECT_TRUE(written.results[2].written && written.results[2].leaderMended);
         EXPECT_EQ(Story(ReadAll(form, written.bytes)), "y");
     }
@@ -191,7 +195,7 @@ TEST(Markup, RandomRecordsComeBack) {
         std::vector<Texts> back;
         for (const Found& found : ReadAll(form, written.bytes)) {
             ASSERT_TRUE(found.kind == kItemRecord || found.kind == kItemFrame)
-                << found.reason << found.bytes;
+                << found.fault << found.bytes;
             if (found.kind == kItemRecord) back.push_back(found.texts);
         }
         ASSERT_EQ(back, records);
@@ -230,27 +234,27 @@ TEST(MarcXml, NamesWhatIsWrongAndGoesOn) {
         return "<subfield" + attribute + ">" + text + "</subfield></datafield>";
     };
     const std::pair<std::string, std::string> kCases[] = {
-        {"<record><controlfield tag=\"001\">b</controlfield></record>", "b 4:1  no leader"},
-        {"<record/>", " 4:1  no leader"},
-        {XmlRecord("b", "<leader>x</leader>"), "b 4:108  a second leader"},
-        {XmlRecord("b", "<controlfield>x</controlfield>"), "b 4:120  a field without a tag"},
+        {"<record><controlfield tag=\"001\">b</controlfield></record>", "b 4:1 no leader"},
+        {"<record/>", " 4:1 no leader"},
+        {XmlRecord("b", "<leader>x</leader>"), "b 4:108 a second leader"},
+        {XmlRecord("b", "<controlfield>x</controlfield>"), "b 4:120 a field without a tag"},
         {XmlRecord("b", "<controlfield tag=\"245\">x</controlfield>"),
-         "b 4:130 245 a data field without subfields"},
+         "b 4:130 245: a data field without subfields"},
         {XmlRecord("b", "<datafield tag=\"\u00e9x\" ind1=\"1\" ind2=\"2\"/>"),
-         "b 4:1 \u00e9x a tag with bytes that no tag has"},
+         "b 4:1 ??x: a tag with bytes that no tag has"},
         {XmlRecord("b", "<datafield tag=\"24\" ind1=\"1\" ind2=\"2\"/>"),
-         "b 4:90 24 a tag that is not of three bytes"},
+         "b 4:90 a tag that is not of three bytes: 24"},
         {XmlRecord("b", "<datafield tag=\"245\" ind1=\"1\"/>"),
-         "b 4:90 245 an indicator that is not one character of ASCII"},
+         "b 4:90 245/2: an indicator that is not one character of ASCII"},
         {XmlRecord("b", field + sub("", "x")),
-         "b 4:151 245 a subfield code that is not one character"},
+         "b 4:151 245: a subfield code that is not one character"},
         {XmlRecord("b", field + sub(" code=\"ab\"", "x")),
-         "b 4:161 245 a subfield code that is not one character"},
+         "b 4:161 245: a subfield code that is not one character"},
         {XmlRecord("b", field + "text</datafield>"),
-         "b 4:90 245 text outside of leader, control fields and subfields"},
-        {XmlRecord("b", "<other>x</other>"), "b 4:90  an element that does not belong there"},
+         "b 4:90 245: text outside of leader, control fields and subfields"},
+        {XmlRecord("b", "<other>x</other>"), "b 4:90 an element that does not belong there"},
         {XmlRecord("b", "\n<leader><b>x</b></leader>"),
-         "b 5:9  an element that does not belong there"},
+         "b 5:9 an element that does not belong there"},
     };
     for (const auto& [record, story] : kCases) {
         const auto all = ReadAll(kXml, Xml(XmlRecord("a") + "\n" + record + "\n" + XmlRecord("c")));
@@ -277,16 +281,16 @@ TEST(MarcXml, EndsWhereItIsMalformed) {
         const Found& last = all.back();
         EXPECT_TRUE(Story(all).starts_with("a | ")) << Story(all);
         EXPECT_EQ(last.kind, kItemDamaged);
-        EXPECT_TRUE(last.reason.starts_with(reason)) << last.reason;
-        EXPECT_TRUE(last.reason.ends_with(further)) << last.reason;
+        EXPECT_TRUE(last.fault.starts_with(reason)) << last.fault;
+        EXPECT_TRUE(last.fault.ends_with(further)) << last.fault;
         EXPECT_NE(last.place, "");
     }
     const std::string laughs =
         "<!DOCTYPE c [<!ENTITY a \"lol\"><!ENTITY b \"&a;&a;\"><!ENTITY f SYSTEM "
         "\"/etc/passwd\">]>";
     EXPECT_TRUE(Story(ReadAll(kXml, laughs + Xml(XmlRecord("&b;&f;"))))
-                    .starts_with(" 1:1  a document type (DOCTYPE)"));
-    EXPECT_EQ(Story(ReadAll(kXml, "<mods/>")), "   XML that holds no MARC record");
+                    .starts_with(" 1:1 a document type (DOCTYPE)"));
+    EXPECT_EQ(Story(ReadAll(kXml, "<mods/>")), "  XML that holds no MARC record");
     EXPECT_EQ(Story(ReadAll(kXml, "<collection/>")), "");
 }
 
@@ -339,44 +343,43 @@ TEST(MarcJson, ReadsRowsAndArraysAndLayouts) {
     EXPECT_EQ(ReadAll(kJson, with('a'))[0].texts, (Texts{kLeader, "001a", "24510\037a}\"{"}));
     EXPECT_EQ(Story(ReadAll(kJson, "[]")), "");
     EXPECT_EQ(Story(ReadAll(kJson, "[" + a + ",\n")),
-              "a |  2:1  the array is not closed: the file is cut short");
+              "a |  2:1 the array is not closed: the file is cut short");
 }
 
 TEST(MarcJson, NamesWhatIsWrongAndGoesOn) {
-    const std::string kind = "a value of another kind than its place wants";
+    const std::string kind = "a value of a kind that does not belong there";
     const std::string open = "{\"leader\":\"" + kLeader + "\",\"fields\":[";
     const std::pair<std::string, std::string> kCases[] = {
-        {"no JSON", " 2:2  malformed JSON: syntax error while parsing value - invalid literal"},
-        {"{\"fields\":[]}", " 2:1  no leader"},
-        {"{}", " 2:1  no leader"},
-        {"{\"leader\":7}", " 2:1  " + kind},
-        {"{\"leader\":\"x\",\"leader\":\"y\"}", " 2:1  a second leader"},
-        {open + "{\"001\":null}]}", " 2:1  " + kind},
-        {open + "[]]}", " 2:1  " + kind},
-        {open + "{\"245\":\"x\"}]}", " 2:1 245 a data field without subfields"},
-        {open + "{\"245\":{\"ind1\":\"1\"}}]}", " 2:1 245 a data field without two indicators"},
+        {"no JSON", " 2:2 malformed JSON: syntax error while parsing value - invalid literal"},
+        {"{\"fields\":[]}", " 2:1 no leader"},
+        {"{}", " 2:1 no leader"},
+        {"{\"leader\":7}", " 2:1 " + kind},
+        {"{\"leader\":\"x\",\"leader\":\"y\"}", " 2:1 a second leader"},
+        {open + "{\"001\":null}]}", " 2:1 " + kind},
+        {open + "[]]}", " 2:1 " + kind},
+        {open + "{\"245\":\"x\"}]}", " 2:1 245: a data field without subfields"},
+        {open + "{\"245\":{\"ind1\":\"1\"}}]}", " 2:1 245: a data field without two indicators"},
         {open + "{\"245\":{\"x\":\"1\"}}]}",
-         " 2:1 245 a member that is none of ind1, ind2 and subfields"},
-        {open + "]} x",
-         " 2:51  malformed JSON: syntax error while parsing value - invalid literal"},
+         " 2:1 245: a member \"x\" beside ind1, ind2 and subfields"},
+        {open + "]} x", " 2:51 malformed JSON: syntax error while parsing value - invalid literal"},
         {open + "{\"001\":\"\xE9\"}]}",
-         " 2:57  malformed JSON: syntax error while parsing value - invalid string: ill-formed "
+         " 2:57 malformed JSON: syntax error while parsing value - invalid string: ill-formed "
          "UTF-8 byte"},
         {open + "{\"001\":\"b\"",
-         "b 2:58  malformed JSON: syntax error while parsing object - unexpected end of input; "
+         "b 2:58 malformed JSON: syntax error while parsing object - unexpected end of input; "
          "expected '}'"},
         {open + "{\"001\":\"b}]}",
-         " 2:60  malformed JSON: syntax error while parsing value - invalid string: missing "
+         " 2:60 malformed JSON: syntax error while parsing value - invalid string: missing "
          "closing "
          "quote"},
         {open + "{\"CAT\":{\"ind1\":\" \",\"ind2\":\" \",\"subfields\":[{\"a\":\"\\u001f\"}]}}]}",
-         " 2:1 CAT a delimiter (0x1F) in a subfield"},
+         " 2:1 CAT: a delimiter (0x1F) in a subfield"},
         {open + "{\"001\":\"\\u001e\"}]}",
-         "\036 2:1 001 a field or record end (0x1E, 0x1D) in a field"},
-        {open + "],\"x\":[[[[{}]]]]}", " 2:1  a member that is neither leader nor fields"},
-        {JsonRecord("b") + std::string("\0{", 2), "b 2:61  malformed JSON: a NUL byte"},
+         "\036 2:1 001: a field or record end (0x1E, 0x1D) in the text"},
+        {open + "],\"x\":[[[[{}]]]]}", " 2:1 a member \"x\" beside leader and fields"},
+        {JsonRecord("b") + std::string("\0{", 2), "b 2:61 malformed JSON: a NUL byte"},
         {open + std::string(100000, '['),
-         " 2:100048  malformed JSON: syntax error while parsing value - unexpected end of input; "
+         " 2:100048 malformed JSON: syntax error while parsing value - unexpected end of input; "
          "expected '[', '{', or a literal"},
     };
     for (const auto& [line, story] : kCases) {

@@ -28,10 +28,14 @@ struct Found {
     ItemKind kind;
     std::string bytes;
     std::string id;
-    std::string reason;
+    std::string fault;
     std::uint64_t number;
     std::uint64_t offset;
 };
+
+std::string FaultOf(const Item& item) {
+    return item.fault ? FaultText(*item.fault) : "";
+}
 
 std::vector<Found> ReadAll(const char* form, const std::string& bytes, bool lenient = false) {
     const TemporaryFile file(bytes);
@@ -41,7 +45,7 @@ std::vector<Found> ReadAll(const char* form, const std::string& bytes, bool leni
     Item item;
     while (reader->Next(item)) {
         all.push_back({item.kind, std::string(item.bytes), std::string(item.record.ControlNumber()),
-                       item.reason, item.number, item.offset});
+                       FaultOf(item), item.number, item.offset});
     }
     return all;
 }
@@ -162,7 +166,7 @@ TEST(Mrk, ReadsAndWritesTheCustomaryForm) {
     MrkReader reader(input);
     Item item;
     ASSERT_TRUE(reader.Next(item));
-    ASSERT_EQ(item.kind, kItemRecord) << item.reason;
+    ASSERT_EQ(item.kind, kItemRecord) << FaultOf(item);
     EXPECT_EQ(Texts(item.record), texts);
     ASSERT_TRUE(reader.Next(item));
     EXPECT_EQ(item.record.ControlNumber(), "b");
@@ -171,23 +175,23 @@ TEST(Mrk, ReadsAndWritesTheCustomaryForm) {
 
 TEST(Mrk, NamesBadLines) {
     const std::pair<std::string, std::string> kCases[] = {
-        {"=245  10$aNo leader\n", "no leader (=LDR)"},
+        {"=245  10$aNo leader\n", "no line for the leader (=LDR)"},
         {"=LDR  x\n245  10$aText\n", "a line that does not begin with = and a tag"},
-        {"=LDR  x\n=245  1\n", "a data field without two indicators"},
-        {"=LDR  x\n=245  10Text\n", "text before the first subfield ($)"},
-        {"=LDR  x\n=245  10$aText$\n", "a subfield sign ($) without a code"},
-        {"=LDR  x\n=245  10$aText$$b\n", "a subfield sign ($) without a code"},
+        {"=LDR  x\n=245  1\n", "245: a data field without two indicators"},
+        {"=LDR  x\n=245  10Text\n", "245: text before the first subfield ($)"},
+        {"=LDR  x\n=245  10$aText$\n", "245: a delimiter ($) without a subfield code"},
+        {"=LDR  x\n=245  10$aText$$b\n", "245: a delimiter ($) without a subfield code"},
         {"=LDR  x\n=001  a\n=LDR  y\n", ""},
-        {"=LDR  x\n=245  10$aA{1E}B\n", "a field or record end (0x1E, 0x1D) in a field"},
-        {"=LDR  x\n=245  10$aA\x1F\x1F\n", "a delimiter (0x1F) without a subfield code"},
+        {"=LDR  x\n=245  10$aA{1E}B\n", "245: a field or record end (0x1E, 0x1D) in the text"},
+        {"=LDR  x\n=245  10$aA\x1F\x1F\n", "245: a delimiter (0x1F) without a subfield code"},
         {"=LDR  0123456789012345678901234\n", "a leader of over 24 bytes"},
-        {"=LDR  {1D}\n=001  a\n", "a field or record end in the leader"},
-        {"=LDR  x\n=2 5  10$aA\n", "a tag with bytes that no tag has"},
+        {"=LDR  {1D}\n=001  a\n", "leader: a field or record end (0x1E, 0x1D) in the text"},
+        {"=LDR  x\n=2 5  10$aA\n", "2 5: a tag with bytes that no tag has"},
     };
-    for (const auto& [text, reason] : kCases) {
+    for (const auto& [text, fault] : kCases) {
         const auto all = ReadAll("mrk", text + "\n=LDR  y\n=001  next\n");
         ASSERT_GE(all.size(), 2U);
-        EXPECT_EQ(all[0].reason, reason) << text;
+        EXPECT_EQ(all[0].fault, fault) << text;
         EXPECT_EQ(all.back().id, "next") << text;
     }
 }
@@ -214,7 +218,7 @@ TEST(LineForms, RandomRecordsComeBack) {
         MrkReader reader(input);
         Item item;
         ASSERT_TRUE(reader.Next(item));
-        ASSERT_EQ(item.kind, kItemRecord) << item.reason << mrk;
+        ASSERT_EQ(item.kind, kItemRecord) << FaultOf(item) << mrk;
         ASSERT_EQ(Texts(item.record), texts);
         EXPECT_FALSE(reader.Next(item));
 
@@ -253,10 +257,10 @@ TEST(Microlif, ReadsWhatOthersWrite) {
         MicrolifReader reader(input);
         Item item;
         ASSERT_TRUE(reader.Next(item));
-        EXPECT_EQ(item.reason, "file header");
+        EXPECT_EQ(FaultOf(item), "file header");
         for (int i = 0; i < 2; ++i) {
             ASSERT_TRUE(reader.Next(item));
-            ASSERT_EQ(item.kind, kItemRecord) << item.reason;
+            ASSERT_EQ(item.kind, kItemRecord) << FaultOf(item);
             EXPECT_EQ(Texts(item.record),
                       (std::vector<std::string>{"00999nam  22     2  4500", "008a_b",
                                                 "245 0\037aAbout whales."}));
@@ -265,9 +269,9 @@ TEST(Microlif, ReadsWhatOthersWrite) {
     }
     EXPECT_EQ(MicrolifLosses({"CAT", "a_b\r^`"}), "_\rCAT^`");
     EXPECT_EQ(MicrolifLosses({"008", "a_b\037c"}), "\037");
-    EXPECT_EQ(ReadAll("microlif", "245 0_aNo head^`\r\n")[0].reason, "no head (LDR)");
-    EXPECT_EQ(ReadAll("microlif", "LDRx^\r\n245 0Text^`\r\n")[0].reason,
-              "no two indicators before the first delimiter (_)");
+    EXPECT_EQ(ReadAll("microlif", "245 0_aNo head^`\r\n")[0].fault, "no line for the leader (LDR)");
+    EXPECT_EQ(ReadAll("microlif", "LDRx^\r\n245 0Text^`\r\n")[0].fault,
+              "245: no two indicators before the first delimiter (_)");
 }
 
 TEST(Form, IsFoundByContentAndName) {

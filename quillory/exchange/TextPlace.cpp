@@ -1,4 +1,4 @@
-#include <quillory/text/TextPlace.h>
+#include <quillory/exchange/TextPlace.h>
 
 #include <algorithm>
 
@@ -18,20 +18,20 @@ std::uint64_t CountCharacters(std::string_view text) {
 void TextPlace::Pass(std::string_view text) {
     const auto lines = std::count(text.begin(), text.end(), '\n');
     if (lines != 0) {
-        *this = {line + static_cast<std::uint64_t>(lines)};
+        *this = {{at.line + static_cast<std::uint64_t>(lines), 1}};
         text.remove_prefix(text.rfind('\n') + 1);
     }
-    column += CountCharacters(text);
+    at.column += CountCharacters(text);
     if (!inIndent) return;
     const std::size_t blanks = std::min(text.find_first_not_of(" \t"), text.size());
     indent += blanks;
     inIndent = blanks == text.size();
 }
 
-TextPlace TextPlace::After(std::string_view text) const {
+LineColumn TextPlace::After(std::string_view text) const {
     TextPlace place = *this;
     place.Pass(text);
-    return place;
+    return place.at;
 }
 
 }  // namespace quillory
