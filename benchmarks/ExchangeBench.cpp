@@ -40,7 +40,7 @@ std::vector<std::string> Converted(const std::vector<std::string>& fields, Chars
     Losses losses;
     std::vector<std::string> converted(fields.size());
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        converter.Append(fields[i], converted[i], losses);
+        AppendConverted(fields[i], converter, converted[i], losses);
     }
     return converted;
 }
@@ -54,7 +54,7 @@ void ConvertFields(benchmark::State& state, const std::vector<std::string>& fiel
     for ([[maybe_unused]] auto _ : state) {
         out.clear();
         for (const std::string& field : fields) {
-            converter.Append(field, out, losses);
+            AppendConverted(field, converter, out, losses);
             bytes += static_cast<std::int64_t>(field.size());
         }
         benchmark::DoNotOptimize(out.data());

@@ -1,3 +1,4 @@
+#include <quillory/exchange/Recoder.h>
 #include <quillory/text/Charset.h>
 #include <quillory/text/TextConverter.h>
 #include <quillory/text/Utf8.h>
@@ -22,7 +23,7 @@ std::string Converted(std::string_view content, Charset from, Charset to, Normal
     static std::map<std::tuple<Charset, Charset, NormalForm>, TextConverter> converters;
     const auto found = converters.try_emplace({from, to, form}, from, to, form).first;
     std::string out;
-    found->second.Append(content, out, losses);
+    AppendConverted(content, found->second, out, losses);
     return out;
 }
 

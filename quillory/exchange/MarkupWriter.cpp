@@ -39,8 +39,8 @@ char MarkupWriter::WritableIndicator(char indicator) {
 void MarkupWriter::AddDataField(const CommFormatField& field) {
     BeginDataField(field.tag, WritableIndicator(field.content[0]),
                    WritableIndicator(field.content[1]));
-    std::string_view subfields = field.content.substr(2);
-    while (!subfields.empty()) AddSubfield(TakeSubfield(subfields));
+    ForEachPart(field.content.substr(2),
+                [this](std::string_view part) { AddSubfield(SubfieldOf(part)); });
     EndDataField();
 }
 

@@ -1,4 +1,6 @@
 #include <quillory/exchange/Recoder.h>
+#include <quillory/exchange/Subfields.h>
+#include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
 #include <vector>
@@ -30,7 +32,28 @@ Fault Mislabelled(Charset labelled, Charset actual) {
             std::string(CharsetName(labelled)), std::string(CharsetName(actual))};
 }
 
+// The delimiter at the front of a part, and the subfield code after it, unless the byte there is
+// part of a character.
+std::size_t UnconvertedSize(std::string_view part) {
+    if (part.front() != zorby::kDelimiter) return 0;
+    const bool hasCode = part.size() > 1 && zorby::PlainRunLength(&part[1], &part[1] + 1) == 1;
+    return hasCode ? 2 : 1;
+}
+
 }  // namespace
+
+void AppendConverted(std::string_view content, TextConverter& converter, std::string& out,
+                     Losses& losses) {
+    if (TextConverter::IsUntouched(content)) {
+        out += content;
+        return;
+    }
+    ForEachPart(content, [&](std::string_view part) {
+        const std::size_t size = UnconvertedSize(part);
+        out += part.substr(0, size);
+        converter.Append(part.substr(size), out, losses);
+    });
+}
 
 TextConverter& Recoder::ConverterFor(Charset from) {
     auto& converter = converters_[static_cast<std::size_t>(from)];
@@ -57,7 +80,7 @@ void Recoder::Replace(Record& record, TextConverter& converter, Losses& losses) 
     for (const zorby::CommFormatField& field : record.fields) {
         const std::string_view indicators = IndicatorsOf(field);
         for (const char c : indicators) text_ += CarriedIndicator(c, losses);
-        converter.Append(field.content.substr(indicators.size()), text_, losses);
+        AppendConverted(field.content.substr(indicators.size()), converter, text_, losses);
         ends.push_back(text_.size());
     }
     std::size_t start = 0;

@@ -7,8 +7,14 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace quillory {
+
+// Appends the content of a field, its delimiters and subfield codes as they are. Indicators are no
+// part of `content`.
+void AppendConverted(std::string_view content, TextConverter& converter, std::string& out,
+                     Losses& losses);
 
 struct RecoderOptions {
     Charset from = kCharsetAuto;     // auto: as the record says and is

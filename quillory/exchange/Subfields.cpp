@@ -25,13 +25,10 @@ FieldShape ShapeOf(const zorby::CommFormatField& field) {
     return isData && field.content.size() > kIndicators ? kDataShape : kControlShape;
 }
 
-Subfield TakeSubfield(std::string_view& content) {
-    content.remove_prefix(1);
-    const std::size_t size = std::min(content.find(zorby::kDelimiter), content.size());
-    const std::size_t codeSize = DecodeUtf8(content.substr(0, size)).size;
-    const Subfield subfield{content.substr(0, codeSize), content.substr(codeSize, size - codeSize)};
-    content.remove_prefix(size);
-    return subfield;
+Subfield SubfieldOf(std::string_view part) {
+    part.remove_prefix(1);
+    const std::size_t codeSize = DecodeUtf8(part).size;
+    return {part.substr(0, codeSize), part.substr(codeSize)};
 }
 
 }  // namespace quillory

@@ -2,6 +2,7 @@
 
 #include <zorby/record/CommFormat.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace quillory {
@@ -20,25 +21,32 @@ FieldShape ShapeOf(const zorby::CommFormatField& field);
 // Whether a delimiter has no subfield code after it.
 bool HasEmptyCode(std::string_view content);
 
+// Calls `take` for each part of a field's content, which together are all of it: what stands before
+// the first delimiter, if anything does, and each delimiter with all up to the next one.
+template <class Take>
+void ForEachPart(std::string_view content, Take&& take) {
+    while (!content.empty()) {
+        const std::size_t size = std::min(content.find(zorby::kDelimiter, 1), content.size());
+        take(content.substr(0, size));
+        content.remove_prefix(size);
+    }
+}
+
 struct Subfield {
-    std::string_view code;  // one character, of several bytes if it is none of ASCII
+    std::string_view code;  // one character, of several bytes if it is beyond ASCII
     std::string_view text;
 };
 
-// Takes a subfield off the front of `content`, which begins with a delimiter and a code.
-Subfield TakeSubfield(std::string_view& content);
+// `part` is a delimiter, a code and text.
+Subfield SubfieldOf(std::string_view part);
 
-// Calls `take(code, text)` for each subfield of a data field, in order. What stands before the
-// first delimiter (indicators), and a delimiter at the very end, are no subfields.
+// Calls `take(code, text)` for each subfield of a data field, in order; the code is one byte. What
+// stands before the first delimiter (indicators), and a delimiter without a code, are no subfields.
 template <class Take>
 void ForEachSubfield(std::string_view content, Take&& take) {
-    std::size_t start = content.find(zorby::kDelimiter);
-    while (start < content.size()) {
-        const std::size_t end =
-            std::min(content.find(zorby::kDelimiter, start + 1), content.size());
-        if (end > start + 1) take(content[start + 1], content.substr(start + 2, end - start - 2));
-        start = end;
-    }
+    ForEachPart(content, [&take](std::string_view part) {
+        if (part.size() > 1 && part[0] == zorby::kDelimiter) take(part[1], part.substr(2));
+    });
 }
 
 }  // namespace quillory

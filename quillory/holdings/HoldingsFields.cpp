@@ -27,11 +27,6 @@ std::vector<int> TagsOf(const CHoldingsDataRecord& copy) {
     return tags;
 }
 
-bool IsMadeOfSubfields(std::string_view content) {
-    return content.size() > kIndicators && content[kIndicators] == zorby::kDelimiter &&
-           content.back() != zorby::kDelimiter;
-}
-
 // One text for several values, to be divided again where it is written.
 bool Join(const CInfoAboutHoldingsField& info, std::string_view text, CHoldingsDataRecord& copy) {
     const char delimiter = info.GetRepeatDelimiter();
@@ -75,7 +70,8 @@ std::vector<std::string_view> Parts(const zorby::HoldingsComposite& composite,
 }  // namespace
 
 bool HoldingsFields::IsTaken(const CommFormatField& field) const {
-    return from_.HasElements() && from_.HasTag(field.tag) && IsMadeOfSubfields(field.content);
+    return from_.HasElements() && from_.HasTag(field.tag) && field.content.size() > kIndicators &&
+           ShapeOf(field) == kDataShape;
 }
 
 void HoldingsFields::Take(const Record& record, CopiesOfRecord& taken) const {

@@ -1,4 +1,4 @@
-#include <quillory/exchange/RecordCharset.h>
+#include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/holdings/RecordHoldings.h>
 #include <quillory/holdings/Trimmed.h>
@@ -111,7 +111,8 @@ void RecordHoldings::Convert(Charset charset, Losses& losses) {
     }
     for (NewField& field : made_) {
         std::string converted = field.content.substr(0, kIndicators);
-        converter->Append(std::string_view(field.content).substr(kIndicators), converted, losses);
+        AppendConverted(std::string_view(field.content).substr(kIndicators), *converter, converted,
+                        losses);
         field.content = std::move(converted);
     }
 }

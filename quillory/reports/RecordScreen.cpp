@@ -1,3 +1,4 @@
+#include <quillory/exchange/Subfields.h>
 #include <quillory/reports/CodedScreen.h>
 #include <quillory/reports/RecordScreen.h>
 #include <quillory/reports/ScreenText.h>
@@ -26,16 +27,8 @@ std::string_view NamedTag(const zorby::CommFormatField& field) {
     return isLinked ? field.content.substr(link + 2, 3) : field.tag;
 }
 
-// Calls `take` for each part of a data field after its indicators, whole: a subfield with its
-// delimiter, or what stands before the first of them.
-template <class Take>
-void ForEachPart(std::string_view content, Take&& take) {
-    for (std::size_t start = 2; start < content.size();) {
-        const std::size_t end =
-            std::min(content.find(zorby::kDelimiter, start + 1), content.size());
-        take(content.substr(start, end - start));
-        start = end;
-    }
+std::string_view WithoutIndicators(std::string_view content) {
+    return content.substr(std::min<std::size_t>(2, content.size()));
 }
 
 void AppendNamedSubfields(const zorby::CommFormatField& field, const ScreenOptions& options,
@@ -43,7 +36,7 @@ void AppendNamedSubfields(const zorby::CommFormatField& field, const ScreenOptio
     const std::string_view tag = NamedTag(field);
     AppendTag(field.tag, field.content.substr(0, 2), options, text);
     text += options.fieldName(tag) + '\n';
-    ForEachPart(field.content, [&](std::string_view part) {
+    ForEachPart(WithoutIndicators(field.content), [&](std::string_view part) {
         std::string name;
         if (part.size() > 1 && part.front() == zorby::kDelimiter) {
             name = Visible(options.subfieldName(tag, part[1])) + ": ";
@@ -59,7 +52,7 @@ void AppendData(const zorby::CommFormatField& field, const ScreenOptions& option
                 std::string& text) {
     AppendTag(field.tag, field.content.substr(0, 2), options, text);
     Line line(options.width, kTextColumn, text);
-    ForEachPart(field.content, [&](std::string_view part) {
+    ForEachPart(WithoutIndicators(field.content), [&](std::string_view part) {
         if (part.front() == zorby::kDelimiter) {
             line.AddCode(Visible(part.substr(1, 1)), options.colour);
             part.remove_prefix(std::min<std::size_t>(2, part.size()));

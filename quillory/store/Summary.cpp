@@ -1,3 +1,4 @@
+#include <quillory/exchange/Subfields.h>
 #include <quillory/store/Summary.h>
 #include <quillory/text/SearchText.h>
 
@@ -11,16 +12,9 @@ constexpr std::size_t kLeaderType = 6;  // type of record, and bibliographic lev
 
 std::string TitleOf(std::string_view content) {
     std::string title;
-    std::size_t delimiter = content.find(zorby::kDelimiter);
-    while (delimiter != content.npos) {
-        const std::size_t next = content.find(zorby::kDelimiter, delimiter + 1);
-        const std::string_view subfield =
-            content.substr(delimiter + 1, next == content.npos ? next : next - delimiter - 1);
-        if (!subfield.empty() && kTitleCodes.find(subfield[0]) != kTitleCodes.npos) {
-            title.append(subfield.substr(1)) += ' ';
-        }
-        delimiter = next;
-    }
+    ForEachSubfield(content, [&title](char code, std::string_view text) {
+        if (kTitleCodes.find(code) != kTitleCodes.npos) title.append(text) += ' ';
+    });
     title = TidyText(title);
     constexpr std::string_view kSlash = " /";
     if (title.ends_with(kSlash)) title.resize(title.size() - kSlash.size());

@@ -11,7 +11,6 @@
 namespace quillory {
 namespace {
 
-constexpr char kDelimiter = zorby::kDelimiter;
 constexpr std::string_view kEscapeToBasic = "\x1Bs";
 
 // Such a diacritic has no letter, since in MARC-8 it stands before it.
@@ -83,14 +82,14 @@ void AppendValidUtf8(std::string_view text, std::string& utf8, Losses& losses) {
 TextConverter::TextConverter(Charset from, Charset to, NormalForm form)
     : from_(from), to_(to), form_(form), qm_(form) {}
 
-bool TextConverter::IsUntouched(std::string_view content) {
-    const char* p = content.data();
-    const char* const end = p + content.size();
+bool TextConverter::IsUntouched(std::string_view text) {
+    const char* p = text.data();
+    const char* const end = p + text.size();
     while ((p += zorby::PlainRunLength(p, end)) != end) {
-        if (*p != kDelimiter) return false;
+        if (*p != zorby::kDelimiter) return false;
         ++p;
     }
-    return !MayHoldReference(content);
+    return !MayHoldReference(text);
 }
 
 Marc8Unicode& TextConverter::SlowRoad() {
@@ -178,8 +177,10 @@ void TextConverter::AppendFromUtf8(std::string_view utf8, std::string& out, Loss
     }
 }
 
-void TextConverter::AppendText(std::string_view text, std::string& out, Losses& losses) {
-    if (from_ == kCharsetUtf8 && to_ != kCharsetUtf8) {
+void TextConverter::Append(std::string_view text, std::string& out, Losses& losses) {
+    if (IsUntouched(text)) {
+        out += text;
+    } else if (from_ == kCharsetUtf8 && to_ != kCharsetUtf8) {
         AppendFromUtf8(text, out, losses);
     } else if (from_ == kCharsetMarc8 && to_ == kCharsetUtf8) {
         AppendMarc8AsUtf8(text, out, losses);
@@ -187,28 +188,6 @@ void TextConverter::AppendText(std::string_view text, std::string& out, Losses& 
         utf8_.clear();
         AppendUtf8(text, utf8_, losses);
         AppendFromUtf8(utf8_, out, losses);
-    }
-}
-
-// Text runs from one delimiter to the next; behind a delimiter stands a subfield code, unless the
-// byte there is part of a character.
-void TextConverter::Append(std::string_view content, std::string& out, Losses& losses) {
-    if (IsUntouched(content)) {
-        out += content;
-        return;
-    }
-    while (!content.empty()) {
-        const std::size_t end = std::min(content.find(kDelimiter), content.size());
-        const std::string_view text = content.substr(0, end);
-        if (IsUntouched(text)) {
-            out += text;
-        } else {
-            AppendText(text, out, losses);
-        }
-        const std::string_view rest = content.substr(end);
-        const bool hasCode = rest.size() > 1 && zorby::PlainRunLength(&rest[1], &rest[2]) == 1;
-        out += rest.substr(0, hasCode ? 2 : 1);
-        content.remove_prefix(std::min(end + (hasCode ? 2 : 1), content.size()));
     }
 }
 

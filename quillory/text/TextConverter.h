@@ -11,22 +11,22 @@
 
 namespace quillory {
 
-// Carries the content of fields from one character set into another. The library's engine is the
-// fast road, and Marc8Unicode takes what it does not hold.
+// Carries text from one character set into another, a subfield at a time, since a diacritic does
+// not reach into the next one. The library's engine is the fast road, and Marc8Unicode takes what
+// the engine does not hold.
 class TextConverter {
 public:
     // `from` and `to` are not auto. UTF-8 comes out in the normal form, but for text that was
     // UTF-8.
     TextConverter(Charset from, Charset to, NormalForm form);
 
-    // Whether content without bytes beyond printable ASCII and delimiters stays as it is.
-    static bool IsUntouched(std::string_view content);
+    // Whether a text, or the content of a field, is the same in every character set: printable
+    // ASCII and delimiters, without references to characters.
+    static bool IsUntouched(std::string_view text);
 
-    // Appends the content of a field, its delimiters and subfield codes as they are.
-    void Append(std::string_view content, std::string& out, Losses& losses);
+    void Append(std::string_view text, std::string& out, Losses& losses);
 
 private:
-    void AppendText(std::string_view text, std::string& out, Losses& losses);
     void AppendUtf8(std::string_view text, std::string& out, Losses& losses);
     void AppendFromUtf8(std::string_view utf8, std::string& out, Losses& losses);
     void AppendMarc8AsUtf8(std::string_view text, std::string& out, Losses& losses);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -63,6 +64,22 @@ TEST(Recoder, IndicatorsAreNoText) {
     recoder.Recode(record, losses);
     EXPECT_EQ(record.fields[1].content, " 1\037a\u00E9");
     EXPECT_EQ(losses.Text(""), "byte 0xB7 is no indicator, written as a blank: 1\n");
+}
+
+// What stands before a delimiter is a text of its own, and a code is no letter.
+TEST(Recoder, ContentIsCarriedSubfieldBySubfield) {
+    const std::pair<std::string, std::string> kTwins[] = {
+        {"\037a\342e\037b\351c", "\037aé\037bč"}, {"\342e\037a\342e", "é\037aé"},
+        {"\037e\342\037e", "\037e \u0301\037e"},  {"\037\342e\037", "\037é\037"},
+        {"\037\037a\342e", "\037\037aé"},
+    };
+    TextConverter converter(kCharsetMarc8, kCharsetUtf8, kNormalFormC);
+    for (const auto& [marc8, utf8] : kTwins) {
+        Losses losses;
+        std::string out;
+        AppendConverted(marc8, converter, out, losses);
+        EXPECT_EQ(out, utf8) << testing::PrintToString(marc8);
+    }
 }
 
 TEST(Recoder, NormalFormOnRequest) {
