@@ -23,7 +23,7 @@ struct Form {
     std::unique_ptr<RecordWriter> (*makeWriter)(Output& output, Oversize oversize);
 };
 
-// The first one, ISO 2709, is taken where nothing says which it is.
+// The first one, ISO 2709, is taken where the form of a file is unknown.
 std::span<const Form> Forms();
 
 // Each of these is null if there is no such form.

@@ -105,7 +105,7 @@ std::size_t Input::ReadSome(char* target, std::size_t size) {
     return unpacker_ ? unpacker_->Unpack(target, size) : ReadRaw(target, size);
 }
 
-// Makes room behind the window, then reads until it has `size` bytes.
+// Makes room after the window, then reads until the window has `size` bytes.
 void Input::Fill(std::size_t size) {
     if (begin_ + size > buffer_.size()) {
         std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);

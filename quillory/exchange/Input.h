@@ -28,14 +28,14 @@ public:
     // Moves on by `size` bytes, at most those in the window.
     void Skip(std::size_t size);
 
-    // Bytes before the place reached; of a gzip file, unpacked.
+    // Bytes before the place reached; for a gzip file, unpacked ones.
     std::uint64_t Offset() const { return offset_; }
-    // Bytes of the file itself that have been read, and its size, 0 if not known.
+    // Bytes of the file itself that have been read, and its size; 0 if the size is not known.
     std::uint64_t BytesRead() const { return bytesRead_; }
     std::uint64_t FileSize() const { return fileSize_; }
 
     const std::string& Name() const { return name_; }
-    // The device and file number, to tell one file from another; false where there is none.
+    // Whether the path leads to this very file, under whatever name; false for what is no file.
     bool IsSameFileAs(const std::string& path) const;
 
 private:

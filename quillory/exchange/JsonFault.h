@@ -7,11 +7,11 @@
 
 namespace quillory {
 
-// Why a text is not JSON, of what the parser's exception says and the bytes that it had read. The
-// words hold none of these bytes. Offsets count from the start of the text.
+// Why a text is not JSON: the words of the parser's exception, without bytes of the text, and the
+// last of the bytes read. Offsets count from the start of the text.
 ItemFault MalformedJson(std::string_view exception, std::size_t bytesRead);
 
-// The first NUL byte, which the parser takes for the end of the text.
+// The first NUL byte, at which the parser silently ends.
 std::optional<ItemFault> NulByteOf(std::string_view text);
 
 }  // namespace quillory

@@ -14,15 +14,15 @@ constexpr auto npos = std::string_view::npos;
 // White space, what stands between the objects of an array, and a byte order mark.
 constexpr std::string_view kFrame(" \t\r\n,[]\xEF\xBB\xBF");
 
-// Past the end of the line; npos if that is not in sight.
+// Where the next line begins; npos if that is not in sight.
 std::size_t EndOfLine(std::string_view window, std::size_t at) {
     const std::size_t end = window.find('\n', at);
     return end == npos ? npos : end + 1;
 }
 
-// The end of an object, up to which it is balanced: with the rest of its line, but for what may
-// follow it in an array or a row of objects.
-std::size_t EndBehind(std::string_view window, std::size_t end) {
+// Where an object ends of which the last brace has been found: after its line, or before what may
+// follow an object in an array or a row.
+std::size_t EndAfterBrace(std::string_view window, std::size_t end) {
     const std::size_t next = window.find_first_not_of(" \t\r", end);
     if (next == npos) return npos;
     constexpr std::string_view kFollowers = ",]{";
@@ -38,14 +38,14 @@ public:
         for (; at_ < window_.size(); ++at_) {
             const char c = window_[at_];
             if (c == '\n') {
-                inString_ = false;  // no string goes over a line's end
+                inString_ = false;  // no string goes on after a line's end
                 const std::size_t blanks = BlanksOfNextLine();
                 if (blanks == npos) return npos;
                 if (ObjectBegins(blanks)) return at_ + 1;
             } else if (inString_) {
                 TakeInString(c);
             } else if (TakeOutside(c)) {
-                return EndBehind(window_, at_ + 1);
+                return EndAfterBrace(window_, at_ + 1);
             }
         }
         return npos;
@@ -57,16 +57,16 @@ private:
         return next == npos ? npos : next - at_ - 1;
     }
 
-    // Whether the next line begins an object like this one, which is then cut short. An object laid
-    // out without indents is not to be told from its own parts, but for its first line.
+    // Whether the next line begins an object like this one, which is then cut short. An object that
+    // is laid out without indents looks like its own parts, so that none can be found in it.
     bool ObjectBegins(std::size_t blanks) {
         const bool isBrace = window_[at_ + 1 + blanks] == '{';
         if (firstLine_) {
             const bool alone = window_.substr(1, at_ - 1).find_first_not_of(" \t\r") == npos;
-            toldApart_ = !alone || isBrace || blanks > indent_;
+            objectsStandOut_ = !alone || isBrace || blanks > indent_;
             firstLine_ = false;
         }
-        return toldApart_ && isBrace && blanks == indent_;
+        return objectsStandOut_ && isBrace && blanks == indent_;
     }
 
     void TakeInString(char c) {
@@ -88,11 +88,11 @@ private:
     std::size_t depth_ = 0;
     bool inString_ = false;
     bool firstLine_ = true;
-    bool toldApart_ = false;
+    bool objectsStandOut_ = false;  // a line can be seen to begin an object
 };
 
-// Takes what the parser finds in one object, and puts the record together from it. What does not
-// belong to a record is passed over, so that malformed JSON is always found.
+// Puts a record together from what the parser finds in one object. After a fault in the record the
+// parser goes on, since malformed JSON is what to report first.
 class Handler {
 public:
     explicit Handler(RecordBuilder& builder) : builder_(builder) {}
@@ -226,7 +226,7 @@ std::size_t MarcJsonReader::StrayBytes(std::string_view block, FaultCode&) {
     return frame.size();
 }
 
-// The end of a damaged record may have been the array's.
+// A damaged record may have taken in the end of the array.
 FaultCode MarcJsonReader::MissingAtEnd(bool sound) {
     return sound && openArrays_ > 0 ? FaultCode::kArrayNotClosed : FaultCode::kNone;
 }

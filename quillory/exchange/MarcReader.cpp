@@ -9,7 +9,7 @@ namespace {
 
 using zorby::CommFormatFault;
 
-// A record of more bytes than this is taken for a file that holds no records.
+// Bytes without a record end. What is longer comes in pieces.
 constexpr std::size_t kLongestDamage = std::size_t{4} << 20;
 
 std::size_t StatedLength(std::string_view bytes) {
@@ -21,7 +21,7 @@ std::size_t StatedLength(std::string_view bytes) {
     return bytes.size() < 5 ? 0 : length;
 }
 
-// Where in damaged bytes a sound record begins that ends with them; their size if there is none.
+// Where the sound record begins with which damaged bytes end; their size if there is none.
 std::size_t FindSoundTail(std::string_view bytes) {
     zorby::CommFormatFields fields;
     for (std::size_t at = 1; at + zorby::kLeaderSize < bytes.size(); ++at) {
@@ -31,7 +31,7 @@ std::size_t FindSoundTail(std::string_view bytes) {
     return bytes.size();
 }
 
-// The content of field 001 in damaged bytes, if it is where it nearly always is.
+// The content of field 001 in damaged bytes, if it is the first field, as it nearly always is.
 std::string_view LikelyControlNumber(std::string_view bytes) {
     constexpr std::size_t kLongest = 64;
     if (bytes.substr(std::min(bytes.size(), zorby::kLeaderSize), 3) != "001") return {};

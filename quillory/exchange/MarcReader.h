@@ -9,8 +9,8 @@ namespace quillory {
 // record end, the byte order mark of UTF-8.
 inline constexpr std::string_view kRecordFiller("\n\r\t \0\x1A\x1D\xEF\xBB\xBF", 10);
 
-// Reads ISO 2709 records. Damage ends at the next record end (0x1D), and a sound record behind
-// other bytes before that end is found again.
+// Reads ISO 2709 records. Damage goes on to the next record end (0x1D); if that is the end of a
+// sound record, only what stands before this record is damage.
 class MarcReader : public RecordReader {
 public:
     // With `lenient` a damaged record is read from its terminators where that is certain.

@@ -7,14 +7,13 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kPiece = std::size_t{16} << 10;
-// What is given away as soon as it is not needed, and what is needed for no sound record or tag.
-constexpr std::size_t kMuch = std::size_t{1} << 20;
-constexpr std::size_t kTooMuch = std::size_t{4} << 20;
+constexpr std::size_t kPiece = std::size_t{16} << 10;   // given to the parser at a time
+constexpr std::size_t kMuch = std::size_t{1} << 20;     // outside of records, to be passed on
+constexpr std::size_t kTooMuch = std::size_t{4} << 20;  // for a record or a tag
 
 }  // namespace
 
-// Hands the next piece of the file to the parser, and in the end its end.
+// Hands the next piece of the file to the parser, and once the end of the file. False after that.
 bool MarcXmlReader::Feed() {
     if (fedAll_) return false;
     const auto known = static_cast<std::size_t>(fed_ - input_.Offset());
@@ -53,7 +52,7 @@ void MarcXmlReader::GiveRecord(Item& item) {
     if (item.fault) item.controlNumber = item.record.ControlNumber();
 }
 
-// What nobody can make a record of any more, in pieces.
+// A piece of a record that can't be read any more.
 void MarcXmlReader::GiveDamage(Item& item, std::uint64_t end) {
     Give(item, kItemDamaged, end);
     if (!inDamage_ && records_.InRecord()) {
@@ -74,7 +73,7 @@ bool MarcXmlReader::GiveRest(Item& item) {
     return true;
 }
 
-// Gives what can be given while no record is ended. False if that is nothing.
+// Gives what can be given while no record has ended. False if there is nothing.
 bool MarcXmlReader::GivePassed(Item& item) {
     const std::uint64_t offset = input_.Offset();
     const bool inRecord = records_.InRecord();

@@ -29,7 +29,7 @@ std::optional<Fault> Unwritable(std::string_view leader, const Record& record) {
 
 }  // namespace
 
-// Others are white space to a reader of XML, or none at all.
+// To a reader of XML other bytes are white space, or no characters.
 char MarkupWriter::WritableIndicator(char indicator) {
     if (IsPrintable(indicator)) return indicator;
     losses_->Add(kLossIndicator, static_cast<unsigned char>(indicator));

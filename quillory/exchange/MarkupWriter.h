@@ -8,7 +8,7 @@
 
 namespace quillory {
 
-// What the writers of XML and JSON have in common: a record is checked, then told part by part.
+// What the writers of XML and JSON have in common: a record is checked, then written part by part.
 // Records are in UTF-8. The leader's constants are put right, and its lengths stay as they are.
 class MarkupWriter : public RecordWriter {
 public:

@@ -8,8 +8,8 @@
 
 namespace quillory {
 
-// Old MicroLIF text: one field a line, the record ended by "^`". Line ends may be CR LF, LF or CR,
-// and the length in the head may be any.
+// Old MicroLIF text: a field a line, with "^`" at the end of a record. Line ends may be CR LF, LF
+// or CR, and the length in the head may be wrong.
 class MicrolifReader : public LineReader {
 public:
     explicit MicrolifReader(Input& input) : LineReader(input) {}
@@ -31,9 +31,9 @@ private:
 // Appends a record as old MicroLIF.
 void AppendMicrolif(const Record& record, std::string& text);
 
-// Signs of a field that the form does not give back: what is no digit in its tag, underscores of a
-// data field, delimiters of a control field, line ends, and the ends of field and record at the
-// end.
+// Bytes of a field that a reader of the form would not give back: letters of its tag, underscores
+// in a data field, delimiters in a control field, line ends, and the signs for the ends of fields
+// and records at its end.
 std::string MicrolifLosses(const zorby::CommFormatField& field);
 
 class MicrolifWriter : public RecordWriter {

@@ -38,7 +38,7 @@ LineKind KindOf(std::string_view tag) {
     return tag.starts_with("00") ? kControlLine : kDataLine;
 }
 
-// The sign of a mnemonic at the front of `text`, and its size; size 0 if there is none.
+// Sets the sign of the mnemonic at the front of `text`. Result: its size, 0 if there is none.
 std::size_t ReadMnemonic(std::string_view text, char& sign) {
     for (const Mnemonic& mnemonic : kMnemonics) {
         if (!text.starts_with(mnemonic.name)) continue;
@@ -54,8 +54,8 @@ std::size_t ReadMnemonic(std::string_view text, char& sign) {
     return kHexSize;
 }
 
-// The text of a line with its signs put back. `blank` and `delimiter`, if not 0, are the signs that
-// stand for a blank and a delimiter.
+// Appends the text of a line, mnemonics replaced by what they stand for. `blank` and `delimiter`,
+// if not 0, are the signs that stand for a blank and a delimiter.
 void Unescape(std::string_view text, char blank, char delimiter, std::string& out) {
     while (!text.empty()) {
         char sign = text.front();
@@ -216,7 +216,8 @@ FaultCode MrkReader::ReadLine(std::string_view line, Record& record) {
     return FaultCode::kNone;
 }
 
-// No sign grows when it is unescaped but a short leader: with room for it the views stay good.
+// No text grows when it is unescaped, but a short leader is filled up: with room for that, the
+// views stay good.
 std::optional<ItemFault> MrkReader::Read(std::string_view block, Record& record) {
     text_.clear();
     text_.reserve(block.size() + zorby::kLeaderSize);

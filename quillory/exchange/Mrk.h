@@ -30,7 +30,7 @@ private:
     std::string text_;  // leader and contents of the record, unescaped
 };
 
-// Appends a record in the line form, with the blank line behind it.
+// Appends a record in the line form, with the blank line after it.
 void AppendMrk(const Record& record, std::string& text);
 
 class MrkWriter : public RecordWriter {

@@ -9,15 +9,15 @@
 
 namespace quillory {
 
-// The reader of a pipe has gone: the work is over, and that is no error.
+// The reader of a pipe has gone. The work is over, without an error.
 class ClosedPipe : public std::exception {
 public:
     const char* what() const noexcept override { return "closed pipe"; }
 };
 
-// Bytes on their way to a file or to standard output ("-"). A file takes its final name only in
-// Finish: until then, and if it never comes to that, the final name is untouched. A name that ends
-// in ".gz" is written in gzip form. All but the destructor throw FileError, or ClosedPipe.
+// Bytes on their way to a file or to standard output ("-"). A file takes its final name in Finish:
+// a file that has the name before is untouched until then. A name that ends in ".gz" is written in
+// gzip form. All but the destructor throw FileError, or ClosedPipe.
 class Output {
 public:
     explicit Output(const std::string& path);

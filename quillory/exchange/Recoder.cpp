@@ -72,7 +72,7 @@ void Recoder::SetLabel(Record& record, Charset charset) {
     record.leader = leader_;
 }
 
-// Contents are put side by side first, and the views set when the text has its final place.
+// Contents are put side by side first; the views are set when the text does not move any more.
 void Recoder::Replace(Record& record, TextConverter& converter, Losses& losses) {
     text_.clear();
     std::vector<std::size_t> ends;

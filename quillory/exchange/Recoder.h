@@ -17,13 +17,14 @@ void AppendConverted(std::string_view content, TextConverter& converter, std::st
                      Losses& losses);
 
 struct RecoderOptions {
-    Charset from = kCharsetAuto;     // auto: as the record says and is
-    Charset to = kCharsetAuto;       // auto: stays
-    std::optional<NormalForm> form;  // C where not given; given, text that was UTF-8 takes it too
-    bool verify = false;             // look at labels and bytes even where nothing is to be changed
+    Charset from = kCharsetAuto;  // auto: what each record is in
+    Charset to = kCharsetAuto;    // auto: the same
+    // Of UTF-8. Without one, text that comes in UTF-8 stays as it is, and other text is in C.
+    std::optional<NormalForm> form;
+    bool verify = false;  // look at labels and bytes even where nothing is to be changed
 };
 
-// Takes records from character set to character set; leader byte 09 follows.
+// Takes records from one character set to another, and sets leader byte 09.
 class Recoder {
 public:
     explicit Recoder(RecoderOptions options) : options_(options) {}
@@ -35,7 +36,7 @@ public:
             invalid;  // in UTF-8 that is verified; the record is unchanged then
     };
 
-    // Changes the record in place. Its views hold until the next call, if what they viewed does.
+    // Changes the record. Its views hold until the next call, as long as what they viewed before.
     Result Recode(Record& record, Losses& losses);
 
 private:
@@ -45,7 +46,7 @@ private:
     void SetLabel(Record& record, Charset charset);
 
     RecoderOptions options_;
-    std::array<std::unique_ptr<TextConverter>, 4> converters_;  // by the set that they read
+    std::array<std::unique_ptr<TextConverter>, 4> converters_;  // by what they read
     std::string text_;
     std::string leader_;
 };

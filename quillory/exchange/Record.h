@@ -17,10 +17,9 @@ namespace quillory {
 struct Record {
     std::string_view leader;  // 24 bytes
     std::vector<zorby::CommFormatField> fields;
-    std::string_view bytes;  // the whole record in the communications format; empty if it has to be
-                             // put together
+    std::string_view bytes;  // the whole record in ISO 2709; empty if it has to be put together
 
-    // The content of field 001, empty if there is none.
+    // The content of the first field 001; empty if there is none.
     std::string_view ControlNumber() const;
 };
 
@@ -28,7 +27,7 @@ struct Record {
 Place PlaceAfter(std::span<const zorby::CommFormatField> fields, std::string_view tag);
 
 enum ItemKind : std::int32_t {
-    kItemRecord,   // a record to be worked on
+    kItemRecord,   // a record that could be read
     kItemDamaged,  // bytes of a record that can't be read
     kItemStray,    // bytes between records that do not belong there
     kItemFrame,    // what the form itself puts around records

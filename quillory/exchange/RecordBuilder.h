@@ -10,13 +10,13 @@
 
 namespace quillory {
 
-// Puts a record together from the parts that XML and JSON name. Each step is false if the record
-// can't be so; the fault then says why.
+// Puts a record together from the parts that XML and JSON name. A step returns false if no record
+// can be made so, and the fault says why.
 class RecordBuilder {
 public:
     void Clear();
 
-    // Up to 24 bytes, filled with blanks. Byte 09 says UTF-8, as all text of these forms is.
+    // Up to 24 bytes, filled up with blanks. Byte 09 becomes UTF-8, in which these forms are.
     bool SetLeader(std::string_view leader);
     bool AddControlField(std::string_view tag, std::string_view text);
     // Followed by both indicators and any subfields, in any order, and EndDataField.

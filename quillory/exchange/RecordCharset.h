@@ -17,9 +17,9 @@ struct InvalidByte {
 // The first one of a record, if there is any.
 std::optional<InvalidByte> FirstInvalidByte(const Record& record);
 
-// The character set that a record's bytes are in. Valid UTF-8 with at least one character beyond
-// ASCII is UTF-8 whatever the leader says; a record labelled UTF-8 is MARC-8 if it has such bytes
-// and none of them is valid UTF-8.
+// The character set that a record's bytes are in, whatever its leader says: UTF-8 if all bytes
+// beyond ASCII are valid UTF-8, MARC-8 if none of them is. The leader decides where some are, or
+// where there are none.
 Charset ActualCharset(const Record& record);
 
 }  // namespace quillory

@@ -15,24 +15,24 @@ enum Oversize : std::int32_t { kOversizeRefuse, kOversizeCut };
 
 struct WriteResult {
     bool written = true;
-    bool leaderMended = false;       // its structural bytes were others
+    bool leaderMended = false;       // the constants in it were wrong
     std::vector<Fault> faults = {};  // why it was not written, or not in full
 };
 
 WriteResult NotWritten(Fault fault);
 
-// Writes records to an output in one of the forms. What a form can't give back is counted in
-// `losses`.
+// Writes records to an output in one of the forms. Characters that the form can't carry are counted
+// in `losses`.
 class RecordWriter {
 public:
     virtual ~RecordWriter() = default;
     virtual WriteResult Write(const Record& record, Losses& losses) = 0;
-    // Writes what a form has behind its last record.
+    // Writes what a form has after its last record.
     virtual void Finish() {}
 };
 
-// A leader with the constants of the format in bytes 10-11 and 20-23: the one given, or `mended`,
-// which the result then views.
+// A leader with the constants of ISO 2709 in bytes 10-11 and 20-23: the one given if it has them,
+// or else a view of `mended`.
 std::string_view MendLeader(std::string_view leader, std::string& mended);
 
 }  // namespace quillory

@@ -8,8 +8,8 @@
 
 namespace quillory {
 
-// Bytes that come before their place: a nameless file, gone with the object, holds them until they
-// are copied to the output. Throws FileError.
+// Bytes that can't be written yet, because others come before them in the output: a file without a
+// name keeps them, as long as the object lives. Throws FileError.
 class SpillFile {
 public:
     SpillFile();

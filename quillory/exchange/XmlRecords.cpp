@@ -16,8 +16,8 @@ std::string_view View(const xmlChar* text) {
     return text == nullptr ? std::string_view{} : reinterpret_cast<const char*>(text);
 }
 
-// The value of an attribute without a prefix, of which the parser gives five pointers each; empty
-// if there is none.
+// The value of an attribute without a prefix; empty if there is none. The parser gives five
+// pointers for each.
 std::string_view Attribute(std::string_view name, const xmlChar** attributes, int count) {
     constexpr int kPointers = 5;
     for (int i = 0; i < count; ++i, attributes += kPointers) {
@@ -28,7 +28,7 @@ std::string_view Attribute(std::string_view name, const xmlChar** attributes, in
     return {};
 }
 
-// The parser's first line, without bytes that could steer a terminal.
+// The first line of what the parser says, without bytes that could steer a terminal.
 std::string Words(const char* message) {
     std::string words = message == nullptr ? "" : message;
     words.resize(std::min(words.find('\n'), words.size()));
@@ -111,8 +111,8 @@ public:
         xmlSAXHandler handler = Callbacks::Handler();
         context_ = xmlCreatePushParserCtxt(&handler, &records, nullptr, 0, nullptr);
         if (context_ == nullptr) throw std::bad_alloc();
-        // Without a document type there are only the five entities of XML itself, which are not
-        // put in place in attributes unless all are.
+        // Without a document type there are only the five entities of XML itself. In attributes the
+        // parser replaces them only if it replaces all.
         xmlCtxtUseOptions(context_, XML_PARSE_NONET | XML_PARSE_NOENT);
     }
     ~Parser() { xmlFreeParserCtxt(context_); }
@@ -185,7 +185,7 @@ void XmlRecords::BeginRecord() {
 
 void XmlRecords::Begin(Element element, const xmlChar** attributes, int count) {
     rootSeen_ = true;
-    // A record that is not of MARC may hold one that is.
+    // A record of another kind may hold one of MARC.
     const bool isWrapper = depth_ != 0 && current_.builder.Empty();
     if (element == kRecord && (depth_ == 0 || isWrapper)) {
         BeginRecord();

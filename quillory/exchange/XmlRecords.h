@@ -28,8 +28,8 @@ public:
     XmlRecords(const XmlRecords&) = delete;
     XmlRecords& operator=(const XmlRecords&) = delete;
 
-    // Takes the last `fresh` bytes of a window that begins at `offset`, no later than the record or
-    // tag that is not ended yet. No fresh bytes are the end of the document.
+    // Takes the last `fresh` bytes of a window of the document that begins at `offset`, before any
+    // record or tag that has not ended yet. No fresh bytes are the end of the document.
     void Feed(std::string_view window, std::uint64_t offset, std::size_t fresh);
 
     // Moves the first of the ended records into `record`.
@@ -37,13 +37,13 @@ public:
     const XmlRecord& Front() const { return ended_.front(); }
     void Take(XmlRecord& record);
 
-    // The record that is not ended yet.
+    // The record that has not ended yet.
     bool InRecord() const { return depth_ != 0; }
     const XmlRecord& Unended() const { return current_; }
-    // Gives up that record: no more of it is kept.
+    // Gives up that record, of which no more is kept.
     void Abandon(FaultCode code) { current_.builder.Fail(code); }
 
-    // Bytes that were understood, all of them in whole tags.
+    // Bytes that the parser has read, up to the end of a tag.
     std::uint64_t Position() const;
     // Whether the root is a collection of records, or a record.
     bool IsMarc() const { return isMarc_; }

@@ -48,7 +48,7 @@ void Carrier::CountLosses(const Item& item) {
     recordLosses_.Clear();
 }
 
-// Every record that has to stay is named.
+// Every record that is refused is named.
 void Carrier::Refuse(const Item& item, const ItemFault& fault, const std::string& lines) {
     recordLosses_.Clear();
     reporter_.SayAlways(item, fault, lines);

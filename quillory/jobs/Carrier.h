@@ -25,17 +25,17 @@ struct CarrierOptions {
     Preparation prepare;    // may be empty
 };
 
-// Carries records through the character sets into a writer. What is wrong with them is said, and
-// the bytes of what is not written are kept.
+// Carries records through the character sets into a writer. Reports what is wrong with them, and
+// keeps the bytes of what is not written.
 class Carrier {
 public:
-    // Throws FileError if the rejects can't be kept.
+    // Throws FileError if the file of rejects can't be made.
     Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter);
 
     void Take(Item& item);
-    // Gives the file of rejects its name.
+    // Gives the file of rejects its final name. Throws FileError.
     void Finish();
-    // Says in short what became of the records.
+    // Reports in short what became of the records.
     void Summarize() const;
 
     // Findings, if anything was wrong.

@@ -21,11 +21,10 @@ struct Message {
 struct JobProgress {
     std::uint64_t records = 0;
     std::uint64_t done = 0;   // of the total
-    std::uint64_t total = 0;  // 0 if nobody knows
+    std::uint64_t total = 0;  // 0 if it is not known
 };
 
-// What a job asks of the program around it: that somebody sees its messages and how far it has
-// come.
+// What a job asks of the program around it: to show its messages, and how far it has come.
 class JobPort {
 public:
     virtual ~JobPort() = default;

@@ -8,8 +8,8 @@ namespace quillory {
 
 // Throws UsageError if `path` is one of the files that are read.
 void CheckNotAnInput(const std::vector<std::string>& files, const std::string& path);
-// Throws UsageError if two outputs, of which `contents` says what they are, would be one file,
-// under whatever names. An empty path is no file, and /dev/null takes anything.
+// Throws UsageError if two outputs would be one file, under whatever names; `contents` names both
+// outputs. An empty path is no file, and /dev/null takes anything.
 void CheckNotTheSame(const std::string& path, const std::string& other, std::string_view contents);
 
 }  // namespace quillory

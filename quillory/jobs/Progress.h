@@ -6,7 +6,7 @@
 
 namespace quillory {
 
-// Tells the port how far long work has come, while the object lives.
+// Shows how far long work has come, as long as the object lives.
 class Progress {
 public:
     // Keeps the port. Quiet work shows no progress.
@@ -20,7 +20,7 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    // One more record. `done` of `total`, such as bytes of the input; total 0 if nobody knows.
+    // One more record. `done` of `total`, such as bytes of the input; 0 if the total is not known.
     void Step(std::uint64_t done, std::uint64_t total) {
         constexpr std::uint64_t kStepsALook = 256;
         if (++records_ % kStepsALook == 0 && isShown_) port_.ShowProgress({records_, done, total});

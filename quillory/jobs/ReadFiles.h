@@ -18,9 +18,9 @@ struct InputOptions {
     bool lenient = false;
 };
 
-// Hands every item of every file but frames to `take`, which says whether to go on. Result:
-// kStatusWell, or kStatusFindings for an empty file. Throws FileError, before anything is read if
-// one of the files can't be opened.
+// Hands the items of every file to `take`, all but frames, until it returns false. Result:
+// kStatusFindings if a file is empty. Throws FileError, before anything is read if one of the files
+// can't be opened.
 Status ReadFiles(const InputOptions& options, Reporter& reporter,
                  const std::function<bool(Item& item)>& take);
 

@@ -5,7 +5,7 @@ namespace {
 
 constexpr std::uint64_t kSaidInFull = 5;
 
-// Where in an item its fault is, if more can be said than where the item is.
+// Where in an item its fault is; nothing if only the place of the item is known.
 std::string OffsetText(const Item& item, const ItemFault& fault) {
     if (!fault.lineColumn && fault.offset == item.offset) return {};
     std::string text = " (byte " + std::to_string(fault.offset);

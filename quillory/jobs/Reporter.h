@@ -16,7 +16,7 @@ struct ReporterOptions {
     bool all = false;    // every message; else the first few of a kind in each file
 };
 
-// Through this a job speaks to its port. The first few messages of a kind in a file are said in
+// Hands the messages of a job to its port. The first few messages of a kind in a file are said in
 // full and the others are counted, unless all are asked for.
 class Reporter {
 public:

@@ -26,12 +26,12 @@ struct OutputOptions {
 // UsageError for one that the form lacks.
 Charset CharsetOfOutput(const OutputOptions& options);
 
-// Hands items to `take`, which says whether to go on.
+// Hands items to `take` until it returns false.
 using ItemSource = std::function<Status(const std::function<bool(Item& item)>& take)>;
 
-// Writes what a source gives, of which the character set is `from`, with messages and a summary.
-// `prepare` is done to each record (CarrierOptions). Throws FileError, and UsageError for a
-// character set that the form lacks.
+// Writes what a source gives, in the character set `from`, with messages and a summary. Each record
+// is prepared first (CarrierOptions). Throws FileError, and UsageError for a character set that the
+// form lacks.
 Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
                   Reporter& reporter, const Preparation& prepare = {});
 

@@ -5,8 +5,8 @@
 
 namespace quillory {
 
-// The lossless form that MARC 21 publishes for characters outside MARC-8: &#xXXXX;, the code point
-// in hexadecimal digits.
+// The form that MARC 21 gives for characters that MARC-8 does not have, without a loss: &#xXXXX;,
+// the code point in hexadecimal digits.
 
 // Whether a text may hold a reference.
 inline bool MayHoldReference(std::string_view text) {
@@ -15,12 +15,12 @@ inline bool MayHoldReference(std::string_view text) {
 
 void AppendReference(char32_t codePoint, std::string& text);
 
-// The text with its references turned into UTF-8. Those to control characters, and to what is no
-// character, stay.
+// The text with its references turned into UTF-8. A reference to a control character, or to no
+// character, stays.
 std::string WithoutReferences(std::string_view text);
 
-// The text with each "&" that begins such a reference turned into a reference itself, so that it is
-// not taken for one later.
+// The text with each "&" that begins such a reference written as a reference itself, so that the
+// text comes back as it is.
 std::string WithReferencesKept(std::string_view text);
 
 }  // namespace quillory

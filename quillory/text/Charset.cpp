@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kUtf8Label = 'a';
 
-// Bytes of the character at `p`; below 1 if there is none.
+// Bytes of the character at `p`; below 1 if no character begins there.
 std::ptrdiff_t SizeOfCharacter(const char* p, const char* end) {
     utf8proc_int32_t codePoint = 0;
     return utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(p), end - p, &codePoint);

@@ -6,25 +6,24 @@
 
 namespace quillory {
 
-// The character sets of records. Auto: as the record says, or as it is.
+// The character sets of records. Auto stands for the one that a record is in.
 enum Charset : std::int32_t { kCharsetAuto, kCharsetMarc8, kCharsetUtf8, kCharsetLatin1 };
 
 std::string_view CharsetName(Charset charset);
 
-// What leader byte 09 says: UTF-8 for 'a', else MARC-8.
+// The character set that leader byte 09 names: UTF-8 for 'a', else MARC-8.
 Charset LabelledCharset(std::string_view leader);
 
-// What leader byte 09 is for a character set.
+// Leader byte 09 for a character set.
 char LabelFor(Charset charset);
 
-// Bytes before the first that is no part of a UTF-8 character; npos if there is none.
+// Where the first byte is that belongs to no UTF-8 character; npos if there is none.
 std::size_t FindInvalidUtf8(std::string_view text);
 bool IsValidUtf8(std::string_view text);
 
-// What of a text is UTF-8.
 struct Utf8Counts {
     std::size_t valid = 0;    // characters beyond ASCII
-    std::size_t invalid = 0;  // bytes
+    std::size_t invalid = 0;  // bytes that belong to no character
 };
 // Adds what a text holds.
 void CountUtf8(std::string_view text, Utf8Counts& counts);

@@ -13,7 +13,7 @@ std::string Format(const char* format, unsigned value) {
     return text;
 }
 
-// "U+00DF (ß)", without the character itself where it is none to be seen.
+// "U+00DF (ß)", without the character itself where it can't be seen.
 std::string CodePointName(std::uint32_t codePoint) {
     const auto code = static_cast<utf8proc_int32_t>(codePoint);
     std::string name = Format("U+%04X", codePoint);

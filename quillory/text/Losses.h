@@ -7,7 +7,7 @@
 
 namespace quillory {
 
-// What became of a character that an output could not carry.
+// What became of a character that an output can't carry.
 enum LossKind : std::int32_t {
     kLossReference,     // a code point, written as &#xXXXX; nothing is lost
     kLossReplaced,      // a byte that is no character, written as U+FFFD
@@ -15,7 +15,7 @@ enum LossKind : std::int32_t {
     kLossEscape,        // an escape byte in UTF-8, written as &#x001B;
     kLossIndicator,     // a byte that is no indicator, written as a blank
     kLossMicrolifSign,  // a byte that old MicroLIF does not give back
-    kLossXmlSign        // a code point that XML has not, written as &#xXXXX;
+    kLossXmlSign        // a code point that can't stand in XML, written as &#xXXXX;
 };
 
 // Counts by kind and character.
@@ -27,7 +27,7 @@ public:
     void Add(const Losses& other);
     void Clear() { counts_.clear(); }
     bool Empty() const { return counts_.empty(); }
-    // True if anything was not carried in full.
+    // Whether anything can't come back: more than references were written.
     bool Real() const;
 
     // One line a character, each led by `lead`.

@@ -79,7 +79,7 @@ void Marc8Unicode::Encoder::Put(const Encoded& letter) {
     for (const char32_t codePoint : letter.writtenOut) WriteOut(codePoint);
 }
 
-// All but the last character of the run, which may have a diacritic behind it.
+// All but the last character of the run, which a diacritic may follow. Result: bytes taken.
 std::size_t Marc8Unicode::Encoder::TakePlainRun(std::string_view utf8) {
     if (!set_.empty()) return 0;
     const std::size_t run = zorby::PlainRunLength(utf8.data(), utf8.data() + utf8.size());
@@ -88,7 +88,7 @@ std::size_t Marc8Unicode::Encoder::TakePlainRun(std::string_view utf8) {
     return taken;
 }
 
-// A letter with the combining characters behind it. Result: bytes taken.
+// A letter with the combining characters that follow it. Result: bytes taken.
 std::size_t Marc8Unicode::Encoder::Take(std::string_view utf8) {
     constexpr char32_t kReplacement = 0xFFFD;
     const Utf8Char first = DecodeUtf8(utf8);

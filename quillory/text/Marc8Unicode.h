@@ -12,14 +12,14 @@
 
 namespace quillory {
 
-// Carries text between MARC-8 with all its scripts and UTF-8, one subfield at a time. libyaz is
-// asked for one letter with its diacritics at a time, and what it says is kept.
+// Carries text between MARC-8 with all its scripts and UTF-8, one subfield at a time. libyaz
+// converts each letter with its diacritics once, and what comes out is kept.
 class Marc8Unicode {
 public:
     explicit Marc8Unicode(NormalForm form);
 
     void AppendUtf8(std::string_view marc8, std::string& utf8, Losses& losses);
-    // Characters that MARC-8 has not go out as &#xXXXX;
+    // Characters that MARC-8 does not have are written as &#xXXXX;
     void AppendMarc8(std::string_view utf8, std::string& marc8, Losses& losses);
 
 private:
@@ -35,7 +35,7 @@ private:
     struct Encoded {
         std::string set;    // escape of the set that its bytes are of; empty for the default
         std::string bytes;  // without that escape
-        std::vector<char32_t> writtenOut;  // behind the bytes, as references
+        std::vector<char32_t> writtenOut;  // after the bytes, as references
     };
 
     // Units under the same sets, by their bytes as a number.

@@ -24,7 +24,8 @@ constexpr ByteSet PlainBytes(std::string_view signs) {
 constexpr ByteSet kPlainInXml = PlainBytes("<>&\"");
 constexpr ByteSet kPlainInJson = PlainBytes("\"\\");
 
-// A carriage return, or any white space in an attribute, would be read as another.
+// A reader of XML changes a carriage return, and any white space in an attribute, into another
+// sign.
 std::string_view XmlEscape(char c) {
     switch (c) {
         case '<':

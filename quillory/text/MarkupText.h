@@ -7,13 +7,15 @@
 
 namespace quillory {
 
-// Append text of a record, in UTF-8, as it stands in XML (in elements and attributes alike) and
-// between the quotation marks of JSON. A byte that is no character becomes U+FFFD, and a character
-// that XML 1.0 has not (controls, U+FFFE, U+FFFF) the text &#xXXXX;; both are counted.
+// Append text of a record, in UTF-8, as it stands in an element or attribute of XML, and between
+// quotation marks in JSON. A byte that belongs to no character becomes U+FFFD. A character that
+// can't stand in XML 1.0 (controls, U+FFFE, U+FFFF) becomes the text &#xXXXX; with the ampersand
+// escaped. Both are counted.
 void AppendXmlText(std::string_view text, std::string& out, Losses& losses);
 void AppendJsonText(std::string_view text, std::string& out, Losses& losses);
 
-// The same for a single sign, an indicator or a subfield code, which becomes no longer text.
+// The same for a subfield code. What can't stand in XML becomes U+FFFD, since a code is one
+// character.
 void AppendXmlSign(std::string_view sign, std::string& out, Losses& losses);
 
 }  // namespace quillory

@@ -13,7 +13,7 @@ const QmUnicode& Letters() {
 
 }  // namespace
 
-// What is no plain sequence of letters goes by way of MARC-8.
+// What QmUnicode does not take goes by way of MARC-8.
 std::string QmToUtf8(std::string_view qm) {
     std::string utf8;
     if (Letters().AppendUtf8(qm, utf8)) return utf8;

@@ -52,8 +52,8 @@ unsigned char SecondHalf(unsigned char firstHalf) {
     return firstHalf == kTildeFirst ? kTildeSecond : static_cast<unsigned char>(0);
 }
 
-// The engine moves no diacritic over a change of alphabet: in another alphabet, and straight behind
-// it, a text with diacritics can be read in two ways.
+// The engine moves no diacritic over a change of alphabet: in another alphabet, and just after it,
+// a text with diacritics can be read in two ways.
 bool TakesMarks(std::string_view before, unsigned char base) {
     const auto isBasic = [](unsigned char code) {
         return zorby::KeyRecordOf(code).alphabet == zorby::kAlphabetBasic;
@@ -125,7 +125,7 @@ void QmUnicode::Decompose(Sequence& sequence) {
     sequence.size = static_cast<std::uint8_t>(normal.copy(sequence.bytes.data(), kLongest));
 }
 
-// The shortest codes for a character win: they are added last.
+// Of several codes for a character the shortest counts, which is added last.
 void QmUnicode::AddSequence(Codes codes, const std::string& utf8, Sequence& sequence) {
     const std::string normal = Normalized(utf8, kNormalFormC);
     sequence.size = static_cast<std::uint8_t>(normal.copy(sequence.bytes.data(), kLongest));
@@ -167,7 +167,7 @@ std::size_t QmUnicode::AppendLetter(std::string_view before, std::string_view qm
     return hasMark ? 2 : 1;
 }
 
-// The last byte of a plain run may be a letter with a diacritic behind it.
+// A diacritic may follow the last letter of a plain run.
 bool QmUnicode::AppendUtf8(std::string_view text, std::string& utf8) const {
     std::string_view qm = text;
     while (!qm.empty()) {
@@ -192,7 +192,7 @@ const QmUnicode::Codes* QmUnicode::Find(char32_t codePoint) const {
     return found != high_.end() ? &found->second : nullptr;
 }
 
-// One character with the diacritic behind it. Result: bytes taken, 0 if it is refused.
+// One character with the diacritic that follows it. Result: bytes taken, 0 if it is refused.
 std::size_t QmUnicode::AppendCodes(std::string_view utf8, std::string& qm) const {
     const Utf8Char base = DecodeUtf8(utf8);
     const Codes* letter = base.valid ? Find(base.codePoint) : nullptr;

@@ -11,16 +11,17 @@
 namespace quillory {
 
 // Carries text between the library's one-byte code and UTF-8, one character or letter with one
-// diacritic at a time. What it does not hold for certain it refuses, and leaves to a slower road.
+// diacritic at a time. It refuses text that could be read in two ways, which a slower road takes.
 class QmUnicode {
 public:
     explicit QmUnicode(NormalForm form);
 
-    // Appends the text in UTF-8, in the normal form. On false the output is to be thrown away.
+    // Appends the text in UTF-8, in the normal form. If it returns false, what it appended is of no
+    // use.
     bool AppendUtf8(std::string_view text, std::string& utf8) const;
 
-    // Appends the text in the one-byte code, whether its letters are precomposed or not. On false
-    // the output is to be thrown away.
+    // Appends the text in the one-byte code, whether its letters are precomposed or not. False as
+    // above.
     bool AppendQm(std::string_view utf8, std::string& qm) const;
 
 private:

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kEscapeToBasic = "\x1Bs";
 
-// Such a diacritic has no letter, since in MARC-8 it stands before it.
+// Such a diacritic has no letter: in MARC-8 the letter comes after it.
 bool EndsWithDiacritic(std::string_view marc8) {
     constexpr unsigned char kFirstDiacritic = 0xE0;
     return !marc8.empty() && static_cast<unsigned char>(marc8.back()) >= kFirstDiacritic;
@@ -97,8 +97,9 @@ Marc8Unicode& TextConverter::SlowRoad() {
     return *slowRoad_;
 }
 
-// The engine drops what it can't read and joins what it can't tell apart: it holds a text only if
-// it gives the same bytes back. An escape to the basic set at the very end says nothing.
+// The engine drops what it can't read and writes in one way what can be written in several: it
+// holds a text only if it gives the same bytes back. An escape to the basic set at the very end
+// means nothing.
 bool TextConverter::EngineToUtf8(std::string_view marc8, std::string& out) {
     if (marc8.ends_with(kEscapeToBasic)) marc8.remove_suffix(kEscapeToBasic.size());
     if (HasOtherScript(marc8)) return false;

@@ -16,8 +16,7 @@ namespace quillory {
 // the engine does not hold.
 class TextConverter {
 public:
-    // `from` and `to` are not auto. UTF-8 comes out in the normal form, but for text that was
-    // UTF-8.
+    // `from` and `to` are not auto. UTF-8 comes out in the normal form.
     TextConverter(Charset from, Charset to, NormalForm form);
 
     // Whether a text, or the content of a field, is the same in every character set: printable

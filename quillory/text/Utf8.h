@@ -32,8 +32,8 @@ inline void AppendUtf8(char32_t codePoint, std::string& text) {
     text.append(bytes, bytes + size);
 }
 
-// Whether a character may be drawn into the one before it by a normal form: combining characters,
-// and the vowels and finals of Hangul.
+// Whether a normal form may join a character to the one before it: combining characters, and the
+// vowels and finals of Hangul.
 inline bool IsCombining(char32_t codePoint) {
     constexpr char32_t kFirstCombining = 0x0300;
     if (codePoint < kFirstCombining) return false;
@@ -41,7 +41,7 @@ inline bool IsCombining(char32_t codePoint) {
     return utf8proc_get_property(static_cast<utf8proc_int32_t>(codePoint))->combining_class != 0;
 }
 
-// The text in a normal form. A text that is no UTF-8 stays as it is.
+// The text in a normal form. A text that is not UTF-8 stays as it is.
 std::string Normalized(std::string_view text, NormalForm form);
 
 }  // namespace quillory

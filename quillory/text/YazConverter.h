@@ -5,7 +5,7 @@
 
 namespace quillory {
 
-// One direction of libyaz's character conversion. Each call starts afresh.
+// One direction of libyaz's character conversion. No call depends on another.
 class YazConverter {
 public:
     enum Outcome : std::int32_t { kDone, kIncomplete, kFailed };
