@@ -1,5 +1,5 @@
 #include <quillory/checks/FieldRules.h>
-#include <quillory/holdings/HoldingsTags.h>
+#include <quillory/holdings/HoldingsSystem.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/text/TagArray.h>
@@ -68,8 +68,9 @@ void FieldRules::AddHoldings() {
     for (const unsigned tag : {852U, 863U, 864U, 865U, 866U, 867U, 868U, 876U, 877U, 878U}) {
         rules_[tag].isHoldings = true;
     }
-    const zorby::CInfoAboutHoldingsType* type = zorby::CHoldingsSelector::GetCurrentHoldingsType();
-    for (const unsigned tag : HoldingsTags(type)) {
+    const HoldingsSystem system = HoldingsSystemInForce();
+    const zorby::CInfoAboutHoldingsType* type = system.type;
+    for (const unsigned tag : system.tags) {
         if (!rules_[tag].isKnown) AllowAny(tag);
         rules_[tag].isHoldings = true;
     }

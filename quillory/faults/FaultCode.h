@@ -96,6 +96,26 @@ enum class FaultCode : std::uint16_t {
     // Workforms.
 
     // Copies and holdings systems.
+    kNoHoldingsType,     // found: its name or number
+    kNoHoldingsElement,  // found: the column's name; allowed: the system's name
+    kNoHoldingsPlace,    // the same, for a system whose values are named by places alone
+    kHoldingsFromStandardInput,
+    kHoldingsNumberFiles,
+    kHoldingsNotUtf8,
+    kHoldingsJsonArray,
+    kHoldingsNoObject,
+    kHoldingsSameNames,
+    kHoldingsNoText,  // found: the column's name
+    kHoldingsKeyColumn,
+    kHoldingsNoKey,
+    kHoldingsSecondKey,
+    kHoldingsNoValue,         // found: the key
+    kHoldingsNoRecordNumber,  // found: the value
+    kHoldingsExtraCell,
+    kHoldingsUnnamedColumn,
+    kHoldingsControlCharacter,  // found: the column's name
+    kHoldingsNoRoom,            // found: the column's name
+    kHoldingsUnusedLine,        // found: the key
 
     // Checks and repairs.
     kUnknownTypeOfRecord,

@@ -1,5 +1,4 @@
 #include <quillory/holdings/HoldingsColumn.h>
-#include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
 #include <zorby/format/MARCFormat.h>
 
@@ -8,10 +7,6 @@
 
 namespace quillory {
 namespace {
-
-std::optional<HoldingsColumn> Element(const zorby::CInfoAboutHoldingsField& info) {
-    return HoldingsColumn{info.GetHoldingsID(), 0, 0};
-}
 
 char Lower(char c) {
     return 'A' <= c && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
@@ -22,13 +17,12 @@ bool SameName(std::string_view left, std::string_view right) {
 }
 
 // "852$z" or "852z".
-std::optional<HoldingsColumn> FindPlace(const HoldingsSystem& system, std::string_view name) {
-    const std::string_view tag = name.substr(0, kTagSize);
-    std::string_view code = name.substr(tag.size());
-    if (code.size() == 2 && code[0] == '$') code.remove_prefix(1);
-    if (code.size() != 1 || zorby::CMARCFormat::IsAnyValidSubfield(code[0]) == 0) return {};
-    if (!system.HasTag(tag)) return {};
-    return HoldingsColumn{{}, std::stoi(std::string(tag)), code[0]};
+std::optional<HoldingsColumn> FindSubfield(const HoldingsSystem& system, std::string_view name) {
+    const std::optional<Place> place = ParsePlace(name);
+    if (!place || place->code == '\0' || place->occurrence != 0) return {};
+    if (!system.HasTag(place->Tag())) return {};
+    if (zorby::CMARCFormat::IsAnyValidSubfield(place->code) == 0) return {};
+    return HoldingsColumn{{}, *place};
 }
 
 }  // namespace
@@ -38,15 +32,17 @@ std::optional<HoldingsColumn> FindColumn(const HoldingsSystem& system, std::stri
     for (int i = 0; i < elements; ++i) {
         const zorby::CInfoAboutHoldingsField& info = *system.type->GetAt(i);
         const bool isNumber = name == std::to_string(info.GetHoldingsID());
-        if (isNumber || SameName(name, QmToUtf8(info.GetName()))) return Element(info);
+        if (isNumber || SameName(name, QmToUtf8(info.GetName()))) {
+            return HoldingsColumn{info.GetHoldingsID()};
+        }
     }
-    return FindPlace(system, name);
+    return FindSubfield(system, name);
 }
 
 bool AddValue(const HoldingsColumn& column, std::string_view value,
               zorby::CHoldingsDataRecord& copy) {
-    if (column.tag != 0) {
-        copy.AddHoldingItemHold(column.tag, column.code, value);
+    if (!column.place.IsRecord()) {
+        copy.AddHoldingItemHold(static_cast<int>(column.place.Number()), column.place.code, value);
         return true;
     }
     const int before = copy.GetSize();

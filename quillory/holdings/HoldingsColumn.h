@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/holdings/HoldingsSystem.h>
+#include <quillory/places/Place.h>
 #include <zorby/copies/HoldingsDataRecord.h>
 
 #include <optional>
@@ -12,15 +13,14 @@ namespace quillory {
 // record as it is.
 struct HoldingsColumn {
     zorby::EHOLDINGSID element = {};
-    int tag = 0;  // 0 for an element
-    char code = 0;
+    Place place = {};  // of the subfield; the record as a whole for an element
 };
 
-// The column of a name: that of an element, in any case, or its number, or a place such as "852$z"
-// in one of the system's fields. None for any other name.
+// The column of a name: that of an element, in any case, or its number, or a subfield such as
+// "852$z" of one of the system's fields. None for any other name.
 std::optional<HoldingsColumn> FindColumn(const HoldingsSystem& system, std::string_view name);
 
-// Adds a value. False if the copy has no room for it: of some elements it takes a few only.
+// Adds a value. False if the copy has no room for it: some elements take only a few values.
 bool AddValue(const HoldingsColumn& column, std::string_view value,
               zorby::CHoldingsDataRecord& copy);
 

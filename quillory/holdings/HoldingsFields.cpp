@@ -12,11 +12,11 @@ using zorby::CHoldingsDataRecord;
 using zorby::CInfoAboutHoldingsField;
 using zorby::CommFormatField;
 
-constexpr char kEscape = 0x1B;  // other bytes may be parts of characters behind it
+constexpr char kEscape = 0x1B;  // after it, a byte may be part of another character
 constexpr std::size_t kIndicators = 2;
 constexpr std::size_t kMostFields = 2;  // of a copy
 
-// Of the fields to which the elements go.
+// The tags of the fields to which the elements go.
 std::vector<int> TagsOf(const CHoldingsDataRecord& copy) {
     std::vector<int> tags;
     for (int i = 0; i < copy.GetSize() && tags.size() < kMostFields; ++i) {
@@ -152,8 +152,8 @@ bool HoldingsFields::TakeLabelled(int tag, const Subfield& subfield, CopyInHand&
     return isItsPlace && TakeElement(info, subfield.text.substr(label.size()), copy);
 }
 
-// What is no element of both systems stays in a subfield of the same form: as one, where all parts
-// stand after an opening.
+// Parts that are not elements of both systems are kept in a subfield of the same form: together
+// after the opening, or each by itself where there is none.
 bool HoldingsFields::TakeComposite(int tag, const Subfield& subfield, CopyInHand& copy) const {
     const zorby::HoldingsComposite* composite = rules_.composite;
     if (composite == nullptr || subfield.code != composite->code) return false;
@@ -187,7 +187,7 @@ bool HoldingsFields::TakePart(int tag, std::string_view part, CopyInHand& copy) 
     return false;
 }
 
-// Not one that is known by its label.
+// The element of a subfield without a label.
 const CInfoAboutHoldingsField* HoldingsFields::Find(int tag, char code) const {
     for (int i = 0; i < from_.type->GetSize(); ++i) {
         const CInfoAboutHoldingsField& info = *from_.type->GetAt(i);
@@ -205,7 +205,7 @@ const CInfoAboutHoldingsField* HoldingsFields::Target(const CInfoAboutHoldingsFi
         const CInfoAboutHoldingsField* target = to_.type->GetAt(i);
         if (target->GetName() == info.GetName()) return target;
     }
-    // Systems name it otherwise where it may stand in parts.
+    // Systems have another name for it where it may come in parts.
     const bool isCallNumber = info.GetHoldingsID() == rules_.callNumber.Whole();
     return isCallNumber ? to_.type->GetFieldInfo(to_.Rules().callNumber.Whole()) : nullptr;
 }

@@ -9,20 +9,20 @@
 
 namespace quillory {
 
-// The copies that stand in a record, and of each the fields that it stands in.
+// The copies in a record, and the fields in which each of them stands.
 struct CopiesOfRecord {
     zorby::CHoldingsDataRecordList copies;
     std::vector<std::vector<zorby::CommFormatField>> fields;
 };
 
-// Takes up copies from the fields that one system writes, as copies of the same or another system:
-// an element goes to the one of the same name, and a call number to what takes a whole one. A
-// subfield that is no element of both is kept as it is, and so is one that would come out as
-// something else.
+// Reads copies from the fields that one system writes, as copies of the same or another system: an
+// element goes to the element of the same name, and a call number to the one that takes it whole. A
+// subfield that is not an element of both systems is kept as it is, and so is one that would come
+// out as something else.
 //
-// A field is a copy. Of a system that writes two fields a copy, the fields of both tags are taken
-// in pairs where there are as many of the one as of the other; otherwise each is a copy by itself.
-// A copy is written to two fields at most: what is kept of a third comes as a copy of its own.
+// Each field is a copy. Where a system writes a copy to fields of two tags, these are taken in
+// pairs if there are as many of each tag; otherwise each is a copy by itself. A copy is written to
+// two fields at most: what is kept of a third makes a copy of its own.
 class HoldingsFields {
 public:
     HoldingsFields(const HoldingsSystem& from, const HoldingsSystem& to)

@@ -1,12 +1,13 @@
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/TextPlace.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/holdings/HoldingsFile.h>
 #include <quillory/holdings/HoldingsJson.h>
-#include <quillory/holdings/Trimmed.h>
 #include <quillory/text/Charset.h>
+#include <quillory/text/Trimmed.h>
 
 #include <algorithm>
-#include <memory>
 #include <tuple>
 
 namespace quillory {
@@ -16,16 +17,9 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kControlNumber = "001";
 constexpr std::string_view kRecordNumber = "record";
 
-std::string ReadAll(const std::string& path) {
-    constexpr std::size_t kChunk = 1 << 16;
+std::string ReadFile(const std::string& path) {
     Input input(path);
-    std::string text;
-    for (;;) {
-        const std::string_view chunk = input.Peek(kChunk);
-        if (chunk.empty()) return text;
-        text += chunk;
-        input.Skip(chunk.size());
-    }
+    return ReadWhole(input);
 }
 
 bool IsKey(std::string_view name) {
@@ -41,11 +35,6 @@ bool IsRecordNumber(std::string_view text) {
     return !text.empty() && text[0] != '0' && text.find_first_not_of("0123456789") == text.npos;
 }
 
-std::string Hint(const HoldingsSystem& system) {
-    return system.HasElements() ? ", nor a place in its fields"
-                                : ", which has places such as 852$h";
-}
-
 bool HasControls(std::string_view text) {
     return std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) < ' '; });
 }
@@ -53,16 +42,16 @@ bool HasControls(std::string_view text) {
 }  // namespace
 
 HoldingsFile::HoldingsFile(const std::string& path, const HoldingsSystem& system)
-    : name_(path), system_(system), text_(ReadAll(path)), rest_(text_) {
+    : name_(path), system_(system), text_(ReadFile(path)), rest_(text_) {
     if (rest_.starts_with(kByteOrderMark)) rest_.remove_prefix(kByteOrderMark.size());
     isJson_ = rest_.starts_with('{');
-    if (rest_.empty()) Refuse("an empty file");
-    if (rest_.starts_with('[')) Refuse("a JSON array; wanted is one object a line");
+    if (rest_.empty()) Refuse({FaultCode::kEmptyFile});
+    if (rest_.starts_with('[')) Refuse({FaultCode::kHoldingsJsonArray});
     while (!rest_.empty()) {
         const std::string_view line = TakeLine();
         if (Trimmed(line).empty()) continue;
         if (const std::size_t at = FindInvalidUtf8(line); at != line.npos) {
-            RefuseAt(line.substr(0, at), "not in UTF-8");
+            RefuseAt(line, at, {FaultCode::kHoldingsNotUtf8});
         }
         if (!isJson_ && columns_.empty()) {
             ReadHeader(line);
@@ -86,13 +75,13 @@ std::string HoldingsFile::LineText() const {
     return name_ + ": line " + std::to_string(std::max<std::uint64_t>(line_, 1));
 }
 
-void HoldingsFile::Refuse(const std::string& reason) const {
-    throw FileError(LineText() + ": " + reason);
+void HoldingsFile::Refuse(const Fault& fault) const {
+    throw FileError(LineText(), fault);
 }
 
-void HoldingsFile::RefuseAt(std::string_view before, const std::string& reason) const {
-    const std::uint64_t column = TextPlace().After(before).column;
-    throw FileError(LineText() + ", column " + std::to_string(column) + ": " + reason);
+void HoldingsFile::RefuseAt(std::string_view line, std::size_t offset, const Fault& fault) const {
+    const std::uint64_t column = TextPlace().After(line.substr(0, offset)).column;
+    throw FileError(LineText() + ", column " + std::to_string(column), fault);
 }
 
 void HoldingsFile::ReadHeader(std::string_view line) {
@@ -109,14 +98,14 @@ void HoldingsFile::ReadHeader(std::string_view line) {
         more = end < line.size();
         line.remove_prefix(std::min(end + 1, line.size()));
     }
-    if (keys != 1) Refuse("one column must be the key, 001 or record");
+    if (keys != 1) Refuse({FaultCode::kHoldingsKeyColumn});
 }
 
 // Each line is read twice: here to be checked, and again when its record comes.
 void HoldingsFile::ReadRow(std::string_view line) {
     Cells cells = CellsOf(line);
     Row row{TakeKey(cells), line_, line, false};
-    if (cells.empty()) Refuse("no value for " + row.key);
+    if (cells.empty()) Refuse({FaultCode::kHoldingsNoValue, {}, row.key});
     zorby::CHoldingsDataRecord unused(system_.id);
     AddCopy(cells, unused);
     rows_.push_back(std::move(row));
@@ -129,8 +118,8 @@ HoldingsFile::Cells HoldingsFile::CellsOf(std::string_view line) const {
         cells.push_back({std::move(name), std::move(value)});
     });
     if (!fault) return cells;
-    if (!fault->at) Refuse(fault->reason);
-    RefuseAt(line.substr(0, *fault->at), fault->reason);
+    if (!fault->offset) Refuse(fault->fault);
+    RefuseAt(line, *fault->offset, fault->fault);
 }
 
 HoldingsFile::Cells HoldingsFile::CellsOfTsv(std::string_view line) const {
@@ -140,9 +129,9 @@ HoldingsFile::Cells HoldingsFile::CellsOfTsv(std::string_view line) const {
         const std::size_t end = std::min(line.find('\t', start), line.size());
         const std::string_view value = Trimmed(line.substr(start, end - start));
         if (!value.empty()) {
-            const std::string_view before = line.substr(0, start);
-            if (column >= columns_.size()) RefuseAt(before, "more cells than columns");
-            if (columns_[column].empty()) RefuseAt(before, "a value in a column without a name");
+            if (column >= columns_.size()) RefuseAt(line, start, {FaultCode::kHoldingsExtraCell});
+            if (columns_[column].empty())
+                RefuseAt(line, start, {FaultCode::kHoldingsUnnamedColumn});
             cells.push_back({columns_[column], std::string(value)});
         }
         start = end + 1;
@@ -154,13 +143,14 @@ std::string HoldingsFile::TakeKey(Cells& cells) {
     std::string key;
     for (const Cell& cell : cells) {
         if (!IsKey(cell.name)) continue;
-        if (!key.empty()) Refuse("more than one key");
+        if (!key.empty()) Refuse({FaultCode::kHoldingsSecondKey});
         key = Key(cell.name, cell.value);
         if (cell.name == kControlNumber) continue;
-        if (!IsRecordNumber(cell.value)) Refuse("\"" + cell.value + "\" is no number of a record");
+        if (!IsRecordNumber(cell.value))
+            Refuse({FaultCode::kHoldingsNoRecordNumber, {}, cell.value});
         hasRecordNumbers_ = true;
     }
-    if (key.empty()) Refuse("no key (001 or record)");
+    if (key.empty()) Refuse({FaultCode::kHoldingsNoKey});
     std::erase_if(cells, [](const Cell& cell) { return IsKey(cell.name); });
     return key;
 }
@@ -169,7 +159,10 @@ const HoldingsColumn& HoldingsFile::ColumnOf(const std::string& name) {
     if (const auto known = found_.find(name); known != found_.end()) return known->second;
     const auto column = FindColumn(system_, name);
     if (!column) {
-        Refuse("\"" + name + "\" is no holdings element of " + system_.name + Hint(system_));
+        Refuse({system_.HasElements() ? FaultCode::kNoHoldingsElement : FaultCode::kNoHoldingsPlace,
+                {},
+                name,
+                system_.name});
     }
     return found_[name] = *column;
 }
@@ -177,8 +170,8 @@ const HoldingsColumn& HoldingsFile::ColumnOf(const std::string& name) {
 void HoldingsFile::AddCopy(const Cells& cells, zorby::CHoldingsDataRecord& copy) {
     for (const auto& [name, value] : cells) {
         const HoldingsColumn& column = ColumnOf(name);
-        if (HasControls(value)) Refuse(name + ": a control character");
-        if (!AddValue(column, value, copy)) Refuse(name + ": no room for a further value");
+        if (HasControls(value)) Refuse({FaultCode::kHoldingsControlCharacter, {}, name});
+        if (!AddValue(column, value, copy)) Refuse({FaultCode::kHoldingsNoRoom, {}, name});
     }
 }
 
@@ -203,14 +196,13 @@ bool HoldingsFile::AddCopies(std::string_view controlNumber, std::uint64_t recor
     return byControlNumber || byNumber;
 }
 
-void HoldingsFile::TellUnused(
-    const std::function<void(std::uint64_t line, const std::string& key)>& tell) const {
-    std::vector<const Row*> unused;
+std::vector<HoldingsFile::UnusedLine> HoldingsFile::UnusedLines() const {
+    std::vector<UnusedLine> unused;
     for (const Row& row : rows_) {
-        if (!row.used) unused.push_back(&row);
+        if (!row.used) unused.push_back({row.line, row.key});
     }
-    std::ranges::sort(unused, {}, &Row::line);
-    for (const Row* row : unused) tell(row->line, row->key);
+    std::ranges::sort(unused, {}, &UnusedLine::line);
+    return unused;
 }
 
 }  // namespace quillory

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <quillory/faults/Fault.h>
 #include <quillory/holdings/HoldingsColumn.h>
 #include <quillory/holdings/HoldingsSystem.h>
 #include <zorby/copies/HoldingsDataRecordList.h>
 
 #include <cstdint>
-#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -15,20 +15,27 @@ namespace quillory {
 
 // A file of copies, a line each, in UTF-8, in one of two forms.
 //
-// TSV: the first line names the columns, divided by tabs. One of them is the key, "001" for the
-// control number of the record that the copy is of, or "record" for its number in the file of
-// records, from 1. The others are as FindColumn has them; an empty cell is no value, and a column
-// without a name has none.
+// TSV: the first line names the columns, divided by tabs. One of them is the key: "001", the
+// control number of the record to which the copy belongs, or "record", the number of that record in
+// the file of records, from 1. The others are named as FindColumn reads them. An empty cell gives
+// no value, and a column without a name holds none.
 //
-// JSON Lines, told by a first byte "{": an object a line, whose members are named as the columns
+// JSON Lines, known by a first byte "{": an object a line, whose members are named as the columns
 // are. A value is a text, a whole number, a list of those, or null for none.
 //
-// Lines without any key or value are errors; empty lines are passed over. The file is held in
-// memory, in up to twice its size and about 80 bytes for each line. Texts come out in UTF-8.
+// A line without a key or without a value is an error; an empty line is passed over. The file is
+// held in memory, in up to twice its size and about 80 bytes for each line. Texts come out in
+// UTF-8.
 class HoldingsFile {
 public:
-    // Reads and checks the whole file. Throws FileError, which names file, line and the column
-    // by name or number.
+    // A line that no record took.
+    struct UnusedLine {
+        std::uint64_t line = 0;
+        std::string key;  // such as "001 zs0001" or "record 1"
+    };
+
+    // Reads and checks the whole file. Throws FileError, which names the file, the line and, by
+    // name or number, the column.
     HoldingsFile(const std::string& path, const HoldingsSystem& system);
 
     const std::string& Name() const { return name_; }
@@ -37,13 +44,12 @@ public:
     // Appends the copies of a record in the order of the file. False if there are none.
     bool AddCopies(std::string_view controlNumber, std::uint64_t recordNumber,
                    zorby::CHoldingsDataRecordList& copies);
-    // Tells of each line that no record took: its number and its key.
-    void TellUnused(
-        const std::function<void(std::uint64_t line, const std::string& key)>& tell) const;
+    // The lines that no record has taken so far, in the order of the file.
+    std::vector<UnusedLine> UnusedLines() const;
 
 private:
     struct Row {
-        std::string key;  // such as "001 zs0001" or "record 1"
+        std::string key;
         std::uint64_t line = 0;
         std::string_view text;
         bool used = false;
@@ -64,9 +70,10 @@ private:
     void AddCopy(const Cells& cells, zorby::CHoldingsDataRecord& copy);
     bool AddCopiesOf(const std::string& key, zorby::CHoldingsDataRecordList& copies);
     std::string LineText() const;
-    [[noreturn]] void Refuse(const std::string& reason) const;
-    // At the place in the line in hand that has this before it.
-    [[noreturn]] void RefuseAt(std::string_view before, const std::string& reason) const;
+    // For a fault of the line in hand.
+    [[noreturn]] void Refuse(const Fault& fault) const;
+    // The same; the fault comes after the first `offset` bytes of `line`.
+    [[noreturn]] void RefuseAt(std::string_view line, std::size_t offset, const Fault& fault) const;
 
     std::string name_;
     const HoldingsSystem& system_;

@@ -1,4 +1,5 @@
 #include <quillory/exchange/JsonFault.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/holdings/HoldingsJson.h>
 
 #include <nlohmann/json.hpp>
@@ -22,41 +23,43 @@ bool TakeValue(const Json& value, std::string& text) {
     return true;
 }
 
+LineFault LineFaultOf(const ItemFault& fault) {
+    return {fault, fault.offset};
+}
+
 // `names` is how many members the object has, one of the same name again included.
-std::optional<HoldingsFault> Parse(std::string_view line, Json& object, std::size_t& names) {
+std::optional<LineFault> Parse(std::string_view line, Json& object, std::size_t& names) {
     const auto count = [&names](int depth, Json::parse_event_t event, const Json&) {
         if (depth == 1 && event == Json::parse_event_t::key) ++names;
         return true;
     };
     try {
         object = Json::parse(line, count);
-        const auto nul = NulByteOf(line);
-        if (!nul) return std::nullopt;
-        return HoldingsFault{FaultReason(*nul), nul->offset};
+        if (const auto nul = NulByteOf(line)) return LineFaultOf(*nul);
+        return std::nullopt;
     } catch (const Json::parse_error& error) {
-        const ItemFault fault = MalformedJson(error.what(), error.byte);
-        return HoldingsFault{FaultReason(fault), fault.offset};
+        return LineFaultOf(MalformedJson(error.what(), error.byte));
     } catch (const Json::exception& error) {
-        return HoldingsFault{FaultReason(MalformedJson(error.what(), 0))};
+        return LineFault{MalformedJson(error.what(), 0)};
     }
 }
 
 }  // namespace
 
-std::optional<HoldingsFault> ReadHoldingsObject(
+std::optional<LineFault> ReadHoldingsObject(
     std::string_view line, const std::function<void(std::string name, std::string value)>& take) {
     Json object;
     std::size_t names = 0;
     if (auto fault = Parse(line, object, names)) return fault;
-    if (!object.is_object()) return HoldingsFault{"no JSON object", 0};
-    if (names != object.size()) return HoldingsFault{"a name more than once"};
+    if (!object.is_object()) return LineFault{{FaultCode::kHoldingsNoObject}, 0};
+    if (names != object.size()) return LineFault{{FaultCode::kHoldingsSameNames}};
     for (const auto& [name, member] : object.items()) {
         const Json values = member.is_array() ? member : Json::array({member});
         for (const Json& value : values) {
             std::string text;
             if (value.is_null()) continue;
             if (!TakeValue(value, text)) {
-                return HoldingsFault{name + ": neither a text nor a whole number"};
+                return LineFault{{FaultCode::kHoldingsNoText, {}, name}};
             }
             if (!text.empty()) take(name, std::move(text));
         }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillory/faults/Fault.h>
+
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -9,14 +11,14 @@
 namespace quillory {
 
 // Why a line can't be read.
-struct HoldingsFault {
-    std::string reason;
-    std::optional<std::size_t> at = {};  // bytes of the line before it, where there is such a place
+struct LineFault {
+    Fault fault;
+    std::optional<std::size_t> offset = {};  // in bytes of the line, where the fault has a place
 };
 
 // Reads one line of a holdings file in JSON, and gives each value with the name of its member, an
 // item of a list by itself. Result: what is wrong, if anything is.
-std::optional<HoldingsFault> ReadHoldingsObject(
+std::optional<LineFault> ReadHoldingsObject(
     std::string_view line, const std::function<void(std::string name, std::string value)>& take);
 
 }  // namespace quillory

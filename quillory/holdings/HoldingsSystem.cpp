@@ -1,14 +1,13 @@
 #include <quillory/holdings/HoldingsSystem.h>
-#include <quillory/holdings/HoldingsTags.h>
 #include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
+#include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/ini/KeysNValues.h>
 #include <zorby/platform/PortInForce.h>
 #include <zorby/settings/Profile.h>
 
 #include <algorithm>
-#include <charconv>
 
 namespace quillory {
 namespace {
@@ -17,31 +16,46 @@ using zorby::CHoldingsSelector;
 using zorby::CInfoAboutHoldingsType;
 using zorby::CInfoAboutHoldingsTypeList;
 
-// 0 for what is no tag of a data field.
-unsigned TagOf(std::string_view text) {
-    const char* begin = text.data();
-    unsigned tag = 0;
-    const bool isNumber =
-        text.size() == 3 && std::from_chars(begin, begin + 3, tag).ptr == begin + 3;
-    return isNumber && tag >= kFirstDataTag ? tag : 0;
+void AddTag(unsigned tag, std::vector<unsigned>& tags) {
+    const bool isDataTag = kFirstDataTag <= tag && tag < kTags;
+    if (isDataTag && std::ranges::count(tags, tag) == 0) tags.push_back(tag);
+}
+
+// The tags of all places that the settings name, such as "852khim 949d".
+std::vector<unsigned> TagsOfSettings() {
+    std::vector<std::string> entries;
+    for (const std::string& places :
+         {CHoldingsSelector::GetCustomHoldingsFieldsAndSubfields(),
+          CHoldingsSelector::GetCustomCallNumber(), CHoldingsSelector::GetCustomBarCode()}) {
+        zorby::CMARCFormat::ParseUDSubfields(places, entries, 1);
+    }
+    std::vector<unsigned> tags;
+    for (const std::string& entry : entries) AddTag(TagNumber(entry.substr(0, kTagSize)), tags);
+    return tags;
+}
+
+std::vector<unsigned> TagsOf(const CInfoAboutHoldingsType& type) {
+    std::vector<unsigned> tags;
+    for (int i = 0; i < type.GetSize(); ++i) AddTag(type.GetAt(i)->GetTag(), tags);
+    return tags;
 }
 
 }  // namespace
 
 bool HoldingsSystem::HasTag(std::string_view tag) const {
-    const unsigned number = TagOf(tag);
-    return number != 0 && std::ranges::count(tags, number) != 0;
+    return std::ranges::count(tags, TagNumber(tag)) != 0;
 }
 
 HoldingsSystem HoldingsSystemInForce() {
     const CInfoAboutHoldingsType* type = CHoldingsSelector::GetCurrentHoldingsType();
     if (type != nullptr) return SystemOf(*type);
     return {nullptr, zorby::HT_CUSTOM, QmToUtf8(CHoldingsSelector::GetCurrentHoldingsTypeName()),
-            HoldingsTags(nullptr)};
+            TagsOfSettings()};
 }
 
 HoldingsSystem SystemOf(const CInfoAboutHoldingsType& type) {
-    return {&type, type.GetHoldingsTypeID(), QmToUtf8(type.GetName()), HoldingsTags(&type)};
+    return {&type, type.GetHoldingsTypeID(), QmToUtf8(type.GetName()),
+            type.GetSize() == 0 ? TagsOfSettings() : TagsOf(type)};
 }
 
 const CInfoAboutHoldingsType* FindHoldingsType(const std::string& name) {
@@ -56,7 +70,6 @@ const CInfoAboutHoldingsType* FindHoldingsType(const std::string& name) {
     return Utf8ToQm(name, qm) ? CInfoAboutHoldingsTypeList::FindFromName(qm) : nullptr;
 }
 
-// Written as ever, but for the file.
 void PutInForce(const CInfoAboutHoldingsType& type) {
     std::string text;
     zorby::GetZorbyProfileString(zorby::ZP_NewHoldings, text);

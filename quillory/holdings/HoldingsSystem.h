@@ -14,7 +14,7 @@ struct HoldingsSystem {
     const zorby::CInfoAboutHoldingsType* type = nullptr;  // null for the user's own fields
     zorby::EHOLDINGSTYPE id = zorby::HT_CUSTOM;
     std::string name;            // in UTF-8
-    std::vector<unsigned> tags;  // of the fields that hold copies, each once
+    std::vector<unsigned> tags;  // of the data fields that hold copies, each once
 
     // What is fixed for the system, whatever the dictionary says.
     const zorby::HoldingsTypeRow& Rules() const { return zorby::HoldingsRowOf(id); }
@@ -31,7 +31,7 @@ HoldingsSystem SystemOf(const zorby::CInfoAboutHoldingsType& type);
 // The system of the dictionary with this name, present or former, or this number; null if there is
 // none.
 const zorby::CInfoAboutHoldingsType* FindHoldingsType(const std::string& name);
-// Puts a system in force for this run. The settings as they are stored stay.
+// Puts a system in force. The settings change in memory alone, and no file is written.
 void PutInForce(const zorby::CInfoAboutHoldingsType& type);
 
 }  // namespace quillory

@@ -1,8 +1,8 @@
 #include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/holdings/RecordHoldings.h>
-#include <quillory/holdings/Trimmed.h>
 #include <quillory/places/Tag.h>
+#include <quillory/text/Trimmed.h>
 
 #include <algorithm>
 #include <string_view>
@@ -15,7 +15,7 @@ using zorby::CommFormatField;
 
 constexpr std::size_t kIndicators = 2;
 
-// What counts in a field: its tag, its indicators and its subfields, in any order.
+// What a field says: its tag, its indicators and its subfields, in any order.
 struct Statement {
     std::string_view tag;
     std::string_view indicators;
@@ -31,7 +31,7 @@ struct Statement {
     bool operator==(const Statement&) const = default;
 };
 
-// In the order of tags, since that of a pair of fields is nothing that they say.
+// Sorted by tag: in which order the two fields of a copy stand says nothing.
 template <class Fields>
 std::vector<Statement> Statements(const Fields& fields) {
     std::vector<Statement> statements;

@@ -1,4 +1,5 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/ExportHoldings.h>
 
 #include <algorithm>
@@ -9,20 +10,19 @@ namespace {
 const zorby::CInfoAboutHoldingsType& TypeNamed(const std::string& name) {
     const zorby::CInfoAboutHoldingsType* type = FindHoldingsType(name);
     if (type != nullptr) return *type;
-    throw UsageError("there is no holdings type " + name +
-                     "; `quillory describe --holdings` lists them");
+    throw UsageError({FaultCode::kNoHoldingsType, {}, name});
 }
 
 void CheckFile(const HoldingsFile& file, const std::vector<std::string>& files) {
     if (file.HasRecordNumbers() && files.size() > 1) {
-        throw UsageError(file.Name() + ": record numbers go with one file of records only");
+        throw UsageError(file.Name(), {FaultCode::kHoldingsNumberFiles});
     }
 }
 
 void CheckStandardInput(const std::string& path, const std::vector<std::string>& files) {
     const bool isTaken = files.empty() || std::ranges::count(files, "-") != 0;
     if (path == "-" && isTaken) {
-        throw UsageError("records and holdings can't both come from standard input");
+        throw UsageError({FaultCode::kHoldingsFromStandardInput});
     }
 }
 
@@ -54,12 +54,13 @@ Status ExportHoldings::SayUnused(Reporter& reporter) const {
     if (!file_) return kStatusWell;
     Status status = kStatusWell;
     reporter.BeginFile(file_->Name());
-    file_->TellUnused([&](std::uint64_t line, const std::string& key) {
+    for (const auto& [line, key] : file_->UnusedLines()) {
+        const Fault fault = {FaultCode::kHoldingsUnusedLine, {}, key};
         reporter.SayCounted(
             "lines without a record",
-            file_->Name() + ": line " + std::to_string(line) + ": no record has " + key);
+            file_->Name() + ": line " + std::to_string(line) + ": " + FaultReason(fault));
         status = kStatusFindings;
-    });
+    }
     reporter.EndFile();
     return status;
 }

@@ -16,20 +16,21 @@ struct HoldingsOptions {
     std::string from;  // the system whose fields records hold; empty: that to write for
 };
 
-// Puts the system to write for in force, if it isn't that of the settings. Dictionaries have to be
-// loaded again behind a true result. Throws UsageError.
+// Puts the system to write for in force, if it isn't that of the settings. After a true result the
+// dictionaries have to be loaded again. Throws UsageError.
 bool ChooseHoldingsType(const HoldingsOptions& options);
 
 // The copies of records on their way to a file.
 class ExportHoldings {
 public:
-    // Dictionaries and settings are in force. `files` are those of the records. Throws FileError.
+    // Dictionaries and settings are in force. `files` are those of the records. Throws FileError
+    // and UsageError.
     ExportHoldings(const HoldingsOptions& options, const std::vector<std::string>& files);
     ExportHoldings(const ExportHoldings&) = delete;
     ExportHoldings& operator=(const ExportHoldings&) = delete;
 
     void Write(Item& item, Charset charset, Losses& losses);
-    // Names the lines of the file that belong to no record, if any do not.
+    // Names each line of the file to which no record belongs; kStatusFindings if there is one.
     Status SayUnused(Reporter& reporter) const;
 
 private:

@@ -118,8 +118,7 @@ void CheckHoldingsValue(const HoldingsKey& key, const std::string& value) {
     }
     if (key.name == "HoldingsType" &&
         zorby::CInfoAboutHoldingsTypeList::FindFromName(value) == nullptr) {
-        throw UsageError("there is no holdings type " + value +
-                         "; `quillory describe --holdings` lists them");
+        throw UsageError({FaultCode::kNoHoldingsType, {}, value});
     }
 }
 

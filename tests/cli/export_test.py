@@ -192,8 +192,9 @@ class Faults(Export):
     def test_each_fault_of_the_holdings_is_named_and_nothing_written(self):
         cases = [
             (TSV.replace(b"Price", b"Prise"), ["--holdings-type", "1"],
-             "h.tsv: line 1: \"Prise\" is no holdings element of Basic circulation system"),
-            (TSV, [], "h.tsv: line 1: \"Call number\" is no holdings element of Custom"),
+             "h.tsv: line 1: \"Prise\" is not a holdings element of Basic circulation system"),
+            (TSV, [],
+             "h.tsv: line 1: \"Call number\" is not a place in the holdings fields of Custom"),
             (TSV + b"\t\t1\t\n", ["--holdings-type", "1"], "h.tsv: line 5: no key (001 or record)"),
             (TSV, ["--holdings-type", "99"], "there is no holdings type 99"),
             (TSV, ["--holdings-type", "1", "--holdings-from", "x"], "there is no holdings type x"),

@@ -50,6 +50,7 @@ TEST_F(HoldingsFileTest, BothFormsGiveTheCopiesOfARecord) {
         "{\"401\": \"9\", \"Call number\": \"B\", \"001\": \"zs1\"}\n",
     };
     for (const char* text : texts) {
+        SCOPED_TRACE(text);
         const TemporaryFile file(text);
         HoldingsFile holdings(file.Path(), system);
         zorby::CHoldingsDataRecordList copies;
@@ -61,9 +62,9 @@ TEST_F(HoldingsFileTest, BothFormsGiveTheCopiesOfARecord) {
         EXPECT_EQ(TextOf(copies), " 401=7 406=caf\xC3\xA9|b 400=A 407=x 852$k=REF; 401=9 400=B");
         EXPECT_EQ(copies.GetAt(0)->GetHoldingsType(), zorby::HT_TYPE_5);
         std::string unused;
-        holdings.TellUnused([&](std::uint64_t line, const std::string& key) {
+        for (const auto& [line, key] : holdings.UnusedLines()) {
             unused += std::to_string(line) + " " + key + ";";
-        });
+        }
         EXPECT_EQ(unused, isTsv ? "4 001 zs2;" : "3 001 zs2;");
     }
 }
@@ -85,10 +86,12 @@ TEST_F(HoldingsFileTest, RecordNumbersAreKeysToo) {
 TEST_F(HoldingsFileTest, FaultsAreNamedByLineAndColumn) {
     const HoldingsSystem system = System("Follett");
     const std::pair<std::string, const char*> cases[] = {
-        {"", "1: an empty file"},
-        {"\n001\tColour\n", "2: \"Colour\" is no holdings element of Follett, first release"},
-        {"001\t949$a\n", "1: \"949$a\" is no holdings element"},
-        {"001\t852$A\n", "1: \"852$A\" is no holdings element"},
+        {"", "1: the file is empty"},
+        {"\n001\tColour\n", "2: \"Colour\" is not a holdings element of Follett, first release"},
+        {"001\t949$a\n", "1: \"949$a\" is not a holdings element"},
+        {"001\t852[2]$a\n", "1: \"852[2]$a\" is not a holdings element"},
+        {"001\t852/1\n", "1: \"852/1\" is not a holdings element"},
+        {"001\t852$A\n", "1: \"852$A\" is not a holdings element"},
         {"001\tPrice\t\nx\t1\t\nx\t1\t2\n", "3, column 5: a value in a column without a name"},
         {"001\trecord\n", "1: one column must be the key, 001 or record"},
         {"Price\n", "1: one column must be the key, 001 or record"},
@@ -97,18 +100,18 @@ TEST_F(HoldingsFileTest, FaultsAreNamedByLineAndColumn) {
         {"001\tPrice\nx\t1\t\nx\t1\t2\n", "3, column 5: more cells than columns"},
         {"001\tPrice\nx\t\xC3\xA9\xFF\n", "2, column 4: not in UTF-8"},
         {"001\tPrice\nx\ta\037b\n", "2: Price: a control character"},
-        {"record\tPrice\n01\t1\n", "2: \"01\" is no number of a record"},
-        {"record\tPrice\n1a\t1\n", "2: \"1a\" is no number of a record"},
-        {"{\"001\": \"x\", \"Price\": 1}\n[]\n", "2, column 1: no JSON object"},
+        {"record\tPrice\n01\t1\n", "2: \"01\" is not the number of a record"},
+        {"record\tPrice\n1a\t1\n", "2: \"1a\" is not the number of a record"},
+        {"{\"001\": \"x\", \"Price\": 1}\n[]\n", "2, column 1: not a JSON object"},
         {"{\"001\": \"x\", \"Price\": 1", "1, column 24: malformed JSON: syntax error"},
         {std::string("{\"001\": \"x\", \"Price\": 1}\0", 25),
          "1, column 25: malformed JSON: a NUL"},
-        {"[{\"001\": \"x\"}]", "1: a JSON array; wanted is one object a line"},
+        {"[{\"001\": \"x\"}]", "1: the file is a JSON array; it must hold one object a line"},
         {"{\"001\": \"x\", \"Price\": 1.5}\n", "1: Price: neither a text nor a whole number"},
         {"{\"001\": \"x\", \"Price\": [[\"1\"]]}\n", "1: Price: neither a text nor a whole number"},
         {"{\"001\": \"x\", \"Price\": 1, \"Price\": 2}\n", "1: a name more than once"},
         {"{\"001\": \"x\", \"record\": 1, \"Price\": 2}\n", "1: more than one key"},
-        {"{\"001\": \"x\", \"Prise\": 1}\n", "1: \"Prise\" is no holdings element"},
+        {"{\"001\": \"x\", \"Prise\": 1}\n", "1: \"Prise\" is not a holdings element"},
         {"{\"001\": \"x\", \"Public note 1\": [\"a\", \"b\", \"c\", \"d\"]}\n",
          "1: Public note 1: no room for a further value"},
     };
@@ -131,8 +134,9 @@ TEST_F(HoldingsFileTest, WhatASpreadsheetLeavesAtItsEdgesIsNothing) {
 TEST_F(HoldingsFileTest, CustomHoldingsHavePlacesAlone) {
     const HoldingsSystem system = HoldingsSystemInForce();
     EXPECT_EQ(system.id, zorby::HT_CUSTOM);
-    EXPECT_EQ(FaultOf("001\t852$h\t852p\nx\ty\n", system), "none");
-    EXPECT_EQ(FaultOf("001\tBar code\nx\ty\n", system).substr(0, 14), "1: \"Bar code\" ");
+    EXPECT_EQ(FaultOf("001\t852$h\t852p\t852 $k\nx\ty\n", system), "none");
+    EXPECT_EQ(FaultOf("001\tBar code\nx\ty\n", system),
+              "1: \"Bar code\" is not a place in the holdings fields of Custom, such as 852$h");
     EXPECT_EQ(FaultOf("001\t245$a\nx\ty\n", system).substr(0, 11), "1: \"245$a\" ");
 }
 

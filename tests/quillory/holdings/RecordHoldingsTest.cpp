@@ -33,7 +33,9 @@ TEST_F(RecordHoldingsTest, FieldsThatSayTheSameStay) {
         {"Follett Unison", "852  $x\033(Bodd|note\033(B$z|a"},
         {"Mandarin EZ Transfer", "852  $hA"},
     };
-    for (const auto& [system, fields] : cases) EXPECT_EQ(Rewritten(system, system, fields), "");
+    for (const auto& [system, fields] : cases) {
+        EXPECT_EQ(Rewritten(system, system, fields), "") << system << " " << fields;
+    }
 }
 
 TEST_F(RecordHoldingsTest, OthersTakeTheSystemsForm) {
