@@ -24,7 +24,7 @@ protected:
     ExportFilesTest() {
         options_.policy.policy.kind = kPolicyBasic;
         options_.output.output = out_.Path();
-        options_.output.form = kFormMrk;
+        options_.output.form = kFormMarkup;
     }
     ~ExportFilesTest() override { zorby::CMARCFormat::FreeYourself(); }
 
