@@ -52,8 +52,8 @@ Status Show(const WorkformsOptions& options, const WorkformCatalog& catalog) {
     const CodeLists lists = LoadCodeLists();
     const WorkformDocument document = DescribeWorkform(entry, *workform, Decoder(lists));
     const ShowOptions shown = ShowOptionsOf(options.screen);
-    WriteOutput("-", options.isJson ? JsonText(document)
-                                    : ToText(document, {shown.width, shown.colour, {}, {}}));
+    WriteOutput(
+        "-", options.isJson ? JsonText(document) : ToText(document, {shown.width, shown.colour}));
     return kStatusWell;
 }
 

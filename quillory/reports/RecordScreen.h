@@ -13,8 +13,8 @@ struct ScreenOptions {
     std::size_t width = 0;  // columns, 0 for no limit
     bool colour = false;
     // Names of fields, and of subfields in them, to be shown with the record; none if not set.
-    std::function<std::string(std::string_view tag)> fieldName;
-    std::function<std::string(std::string_view tag, char code)> subfieldName;
+    std::function<std::string(std::string_view tag)> fieldName = {};
+    std::function<std::string(std::string_view tag, char code)> subfieldName = {};
 };
 
 // The Leader and the coded control fields of a record in its own character set, in their order.

@@ -26,7 +26,7 @@ void AddNames(ScreenOptions& screen) {
 
 RecordShower::RecordShower(const ShowOptions& options, Charset from, Output& output,
                            Reporter& reporter)
-    : screen_{options.width, options.colour, {}, {}},
+    : screen_{options.width, options.colour},
       output_(output),
       reporter_(reporter),
       recoder_({from, kCharsetUtf8, {}}) {
