@@ -9,43 +9,17 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <filesystem>
 #include <random>
+#include <tests/quillory/Records.h>
 
 namespace quillory {
 namespace {
 
 using namespace zorby;
-using Lines = std::vector<std::string>;
-
-constexpr const char* kLeader = "00000nam a2200000 a 4500";
 const std::string k008 = "990101s1999    nyua          001 0 eng d";
 
-// A field is its tag and its content, with "$" for the delimiter; "LDR" is the leader.
-struct TestRecord {
-    std::string leader = kLeader;
-    std::deque<std::string> lines;
-    Record record;
-
-    explicit TestRecord(const Lines& given) {
-        record.leader = leader;
-        for (const std::string& line : given) Add(line);
-    }
-
-    void Add(std::string line) {
-        if (line.starts_with("LDR")) {
-            leader = line.substr(3);
-            record.leader = leader;
-            return;
-        }
-        std::ranges::replace(line, '$', '\037');
-        const std::string_view field = lines.emplace_back(std::move(line));
-        record.fields.push_back({field.substr(0, 3), field.substr(3)});
-    }
-};
-
-// A record with which nothing is wrong.
+// A record with which nothing is wrong, with "$" for the delimiter.
 const Lines kSound{
     "0011",
     "008" + k008,
@@ -65,7 +39,7 @@ TestRecord Changed(const std::string& without, const Lines& with) {
         if (without.find(line.substr(0, 3)) == without.npos) lines.push_back(line);
     }
     lines.insert(lines.end(), with.begin(), with.end());
-    return TestRecord(lines);
+    return TestRecord(lines, '$');
 }
 
 class CheckerTest : public testing::Test {
@@ -351,7 +325,7 @@ TEST_F(CheckerTest, TakesAnything) {
     Checker checker({});
     std::vector<Finding> findings;
     for (int round = 0; round < 3000; ++round) {
-        TestRecord record({});
+        TestRecord record({}, '$');
         for (int field = 0; field < 8; ++field) {
             std::string line = std::to_string(100 + random() % 900);
             if (random() % 3 == 0) line = kTags[random() % std::size(kTags)];

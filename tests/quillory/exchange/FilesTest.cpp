@@ -7,6 +7,7 @@
 #include <random>
 #include <string>
 #include <sys/stat.h>
+#include <tests/quillory/Records.h>
 #include <tests/quillory/exchange/TemporaryFile.h>
 
 namespace quillory {
@@ -118,11 +119,10 @@ TEST(MarcWriter, OversizeIsRefusedOrCut) {
         const TemporaryFile file;
         Output output(file.Path());
         MarcWriter writer(output, c.oversize);
-        Record record;
-        record.leader = "00000nam a2200000 a 4500";
-        for (const std::string& content : c.contents) record.fields.push_back({"500", content});
+        TestRecord test;
+        for (const std::string& content : c.contents) test.Add("500" + content);
         Losses losses;
-        const WriteResult result = writer.Write(record, losses);
+        const WriteResult result = writer.Write(test.record, losses);
         output.Finish();
         SCOPED_TRACE(c.reason);
         EXPECT_EQ(result.written, c.written);

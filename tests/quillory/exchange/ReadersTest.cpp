@@ -8,20 +8,15 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <tests/quillory/Records.h>
 #include <tests/quillory/exchange/TemporaryFile.h>
 #include <vector>
 
 namespace quillory {
 namespace {
 
-std::string MarcOf(const std::string& id, const std::string& title) {
-    zorby::CommFormatWriter writer;
-    writer.SetLeader("00000nam  2200000 a 4500");
-    writer.AddField("001", id);
-    writer.AddField("245", "10\037a" + title);
-    std::string bytes;
-    writer.Finish(bytes);
-    return bytes;
+std::string BookOf(const std::string& id, const std::string& title) {
+    return MarcOf({"001" + id, "24510\037a" + title});
 }
 
 struct Found {
@@ -57,8 +52,8 @@ std::string Kinds(const std::vector<Found>& all) {
 }
 
 TEST(MarcReader, NamesWhatItFinds) {
-    const std::string a = MarcOf("a", "First");
-    const std::string b = MarcOf("b", "Second");
+    const std::string a = BookOf("a", "First");
+    const std::string b = BookOf("b", "Second");
     std::string wrongLength = a;
     wrongLength[4] = '0';
     struct Case {
@@ -91,7 +86,7 @@ TEST(MarcReader, SoundRecordsSurviveRandomDamage) {
         std::string bytes;
         std::vector<std::string> ids;
         for (int i = 0; i < 6; ++i) {
-            std::string record = MarcOf("id" + std::to_string(i), std::string(random() % 50, 'x'));
+            std::string record = BookOf("id" + std::to_string(i), std::string(random() % 50, 'x'));
             if (random() % 3 == 0) {  // damage in its leader or directory, or it is cut at its end
                 record[random() % 40] = "x\x1E\x1F\xFF"[random() % 4];
             } else {
@@ -116,7 +111,7 @@ TEST(MarcReader, SoundRecordsSurviveRandomDamage) {
 
 TEST(MarcReader, EndlessDamageIsOneRecordInPieces) {
     const std::string bytes =
-        std::string(std::size_t{9} << 20, 'x') + "\x1D" + MarcOf("z", "After");
+        std::string(std::size_t{9} << 20, 'x') + "\x1D" + BookOf("z", "After");
     const auto all = ReadAll("marc", bytes);
     ASSERT_EQ(Kinds(all), "DDDR");
     EXPECT_EQ(all[2].number, 1U);
@@ -125,28 +120,9 @@ TEST(MarcReader, EndlessDamageIsOneRecordInPieces) {
               bytes.size());
 }
 
-Record View(const std::vector<std::string>& texts) {
-    Record record;
-    record.leader = texts[0];
-    for (std::size_t i = 1; i < texts.size(); ++i) {
-        const std::string_view text = texts[i];
-        record.fields.push_back({text.substr(0, 3), text.substr(3)});
-    }
-    return record;
-}
-
-std::vector<std::string> Texts(const Record& record) {
-    std::vector<std::string> texts{std::string(record.leader)};
-    for (const auto& field : record.fields) {
-        texts.push_back(std::string(field.tag) + std::string(field.content));
-    }
-    return texts;
-}
-
 TEST(Mrk, ReadsAndWritesTheCustomaryForm) {
-    const std::vector<std::string> texts{"00000nam a2200000 i 4500", "001a 1\\",
-                                         "24510\037aTitle ${}\\ /\037cName.", "9XXany\x1Fthing",
-                                         "500  "};
+    const Lines lines{"LDR00000nam a2200000 i 4500", "001a 1\\",
+                      "24510\037aTitle ${}\\ /\037cName.", "9XXany\x1Fthing", "500  "};
     const std::string mrk =
         "=LDR  00000nam\\a2200000\\i\\4500\n"
         "=001  a\\1{bsol}\n"
@@ -154,7 +130,7 @@ TEST(Mrk, ReadsAndWritesTheCustomaryForm) {
         "=9XX  any$thing\n"
         "=500  \\\\\n\n";
     std::string written;
-    AppendMrk(View(texts), written);
+    AppendMrk(TestRecord(lines).record, written);
     EXPECT_EQ(written, mrk);
 
     const std::string variants =
@@ -167,7 +143,7 @@ TEST(Mrk, ReadsAndWritesTheCustomaryForm) {
     Item item;
     ASSERT_TRUE(reader.Next(item));
     ASSERT_EQ(item.kind, kItemRecord) << FaultOf(item);
-    EXPECT_EQ(Texts(item.record), texts);
+    EXPECT_EQ(LinesOf(item.record), lines);
     ASSERT_TRUE(reader.Next(item));
     EXPECT_EQ(item.record.ControlNumber(), "b");
     EXPECT_FALSE(reader.Next(item));
@@ -200,7 +176,7 @@ TEST(Mrk, NamesBadLines) {
 TEST(LineForms, RandomRecordsComeBack) {
     std::mt19937 random(5);
     for (int round = 0; round < 500; ++round) {
-        std::vector<std::string> texts{"00000nam a2200000 i 4500"};
+        Lines lines{"LDR00000nam a2200000 i 4500"};
         for (int i = 0; i < 5; ++i) {
             const bool control = random() % 3 == 0;
             std::string text = control ? "008" : random() % 4 == 0 ? "CAT" : "59012\037a";
@@ -209,17 +185,17 @@ TEST(LineForms, RandomRecordsComeBack) {
                 const bool structural = c == '\x1D' || c == '\x1E' || (c == '\x1F' && !control);
                 text += structural ? '$' : c;
             }
-            texts.push_back(text);
+            lines.push_back(text);
         }
         std::string mrk;
-        AppendMrk(View(texts), mrk);
+        AppendMrk(TestRecord(lines).record, mrk);
         const TemporaryFile file(mrk);
         Input input(file.Path());
         MrkReader reader(input);
         Item item;
         ASSERT_TRUE(reader.Next(item));
         ASSERT_EQ(item.kind, kItemRecord) << FaultOf(item) << mrk;
-        ASSERT_EQ(Texts(item.record), texts);
+        ASSERT_EQ(LinesOf(item.record), lines);
         EXPECT_FALSE(reader.Next(item));
 
         bool carried = true;
@@ -230,16 +206,16 @@ TEST(LineForms, RandomRecordsComeBack) {
         }
         if (!carried) continue;
         std::string microlif;
-        AppendMicrolif(View(texts), microlif);
+        AppendMicrolif(TestRecord(lines).record, microlif);
         const TemporaryFile lif(microlif);
         Input lifInput(lif.Path());
         MicrolifReader lifReader(lifInput);
         ASSERT_TRUE(lifReader.Next(item));
-        auto back = Texts(item.record);
-        back[0].replace(0, 5, "00000");
-        for (const std::string& text : texts) {
-            if (text.size() == 3) continue;
-            EXPECT_NE(std::find(back.begin(), back.end(), text), back.end());
+        auto back = LinesOf(item.record);
+        back[0].replace(3, 5, "00000");
+        for (const std::string& line : lines) {
+            if (line.size() == 3) continue;
+            EXPECT_NE(std::find(back.begin(), back.end(), line), back.end()) << line;
         }
     }
 }
@@ -261,9 +237,8 @@ TEST(Microlif, ReadsWhatOthersWrite) {
         for (int i = 0; i < 2; ++i) {
             ASSERT_TRUE(reader.Next(item));
             ASSERT_EQ(item.kind, kItemRecord) << FaultOf(item);
-            EXPECT_EQ(Texts(item.record),
-                      (std::vector<std::string>{"00999nam  22     2  4500", "008a_b",
-                                                "245 0\037aAbout whales."}));
+            EXPECT_EQ(LinesOf(item.record),
+                      (Lines{"LDR00999nam  22     2  4500", "008a_b", "245 0\037aAbout whales."}));
         }
         EXPECT_FALSE(reader.Next(item)) << testing::PrintToString(lineEnd);
     }

@@ -4,24 +4,21 @@
 
 #include <string>
 #include <utility>
+#include <tests/quillory/Records.h>
 
 namespace quillory {
 namespace {
 
-Record RecordOf(std::string_view leader, std::string_view title) {
-    Record record;
-    record.leader = leader;
-    record.fields = {{"001", "id"}, {"245", title}};
-    record.bytes = "verbatim";
-    return record;
-}
+const std::string kMarc8Leader = "00000nam  2200000 a 4500";
+const std::string kUtf8Leader = "00000nam a2200000 a 4500";
 
-constexpr std::string_view kMarc8Leader = "00000nam  2200000 a 4500";
-constexpr std::string_view kUtf8Leader = "00000nam a2200000 a 4500";
+TestRecord Titled(const std::string& leader, const std::string& title) {
+    return TestRecord({"LDR" + leader, "001id", "245" + title});
+}
 
 TEST(Recoder, LabelFollowsAndLiesAreNoticed) {
     struct Case {
-        std::string_view leader;
+        std::string leader;
         std::string title;
         Charset from, to;
         char label;
@@ -46,7 +43,9 @@ TEST(Recoder, LabelFollowsAndLiesAreNoticed) {
     };
     for (const Case& c : kCases) {
         Recoder recoder({c.from, c.to, {}});
-        Record record = RecordOf(c.leader, c.title);
+        TestRecord test = Titled(c.leader, c.title);
+        Record& record = test.record;
+        record.bytes = "verbatim";
         Losses losses;
         const Recoder::Result result = recoder.Recode(record, losses);
         EXPECT_EQ(record.fields[1].content, c.result);
@@ -58,11 +57,11 @@ TEST(Recoder, LabelFollowsAndLiesAreNoticed) {
 
 TEST(Recoder, IndicatorsAreNoText) {
     const std::string title = "\xB7\061\037a\xE2\145";
-    Record record = RecordOf(kMarc8Leader, title);
+    TestRecord test = Titled(kMarc8Leader, title);
     Losses losses;
     Recoder recoder({kCharsetMarc8, kCharsetUtf8, {}});
-    recoder.Recode(record, losses);
-    EXPECT_EQ(record.fields[1].content, " 1\037a\u00E9");
+    recoder.Recode(test.record, losses);
+    EXPECT_EQ(test.record.fields[1].content, " 1\037a\u00E9");
     EXPECT_EQ(losses.Text(""), "byte 0xB7 is no indicator, written as a blank: 1\n");
 }
 
@@ -84,15 +83,15 @@ TEST(Recoder, ContentIsCarriedSubfieldBySubfield) {
 
 TEST(Recoder, NormalFormOnRequest) {
     Losses losses;
-    Record record = RecordOf(kUtf8Leader, "  \037a\u00E9");
-    Recoder({kCharsetAuto, kCharsetUtf8, {}}).Recode(record, losses);
-    EXPECT_EQ(record.fields[1].content, "  \037a\u00E9");
+    TestRecord test = Titled(kUtf8Leader, "  \037a\u00E9");
+    Recoder({kCharsetAuto, kCharsetUtf8, {}}).Recode(test.record, losses);
+    EXPECT_EQ(test.record.fields[1].content, "  \037a\u00E9");
     Recoder recoder({kCharsetAuto, kCharsetUtf8, kNormalFormD});
-    recoder.Recode(record, losses);
-    EXPECT_EQ(record.fields[1].content, "  \037ae\u0301");
+    recoder.Recode(test.record, losses);
+    EXPECT_EQ(test.record.fields[1].content, "  \037ae\u0301");
     Recoder stays({kCharsetAuto, kCharsetAuto, kNormalFormC});
-    stays.Recode(record, losses);
-    EXPECT_EQ(record.fields[1].content, "  \037a\u00E9");
+    stays.Recode(test.record, losses);
+    EXPECT_EQ(test.record.fields[1].content, "  \037a\u00E9");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include <random>
+#include <tests/quillory/Records.h>
 #include <tests/quillory/holdings/HoldingsFixture.h>
 
 namespace quillory {
@@ -12,10 +13,11 @@ protected:
         const HoldingsSystem source = System(from);
         const HoldingsSystem target = System(to);
         RecordHoldings holdings(source, target, nullptr);
-        TestRecord test(fields);
+        TestRecord test(Divided(fields), '$');
+        test.record.bytes = "unchanged";
         Losses losses;
         holdings.Write(test.record, 1, kCharsetUtf8, losses);
-        return test.IsUnchanged() ? "" : test.Text();
+        return test.record.bytes.empty() ? FieldsOf(test.record) : "";
     }
 };
 
@@ -74,17 +76,18 @@ TEST_F(RecordHoldingsTest, TheFileReplacesTheFieldsOfItsRecords) {
     HoldingsFile holdingsFile(file.Path(), system);
     RecordHoldings holdings(system, system, &holdingsFile);
     Losses losses;
-    TestRecord other("0012\n852  $hkept");
+    TestRecord other({"0012", "852  $hkept"}, '$');
+    other.record.bytes = "unchanged";
     holdings.Write(other.record, 2, kCharsetUtf8, losses);
-    EXPECT_TRUE(other.IsUnchanged());
+    EXPECT_EQ(other.record.bytes, "unchanged");
     // In any order of fields, in any character set.
-    TestRecord utf8("245  $aT\n852  $hold\n0011\n900  $ax\n8524 $hold");
+    TestRecord utf8({"245  $aT", "852  $hold", "0011", "900  $ax", "8524 $hold"}, '$');
     holdings.Write(utf8.record, 1, kCharsetUtf8, losses);
-    EXPECT_EQ(utf8.Text(),
+    EXPECT_EQ(FieldsOf(utf8.record),
               "245  $aT\n0011\n852  $hFIC \xC3\x89t\xC3\xA9$p7$99.50\n852  $hB$p8$t2\n900  $ax");
-    TestRecord marc8("0011");
+    TestRecord marc8({"0011"});
     holdings.Write(marc8.record, 1, kCharsetMarc8, losses);
-    EXPECT_EQ(marc8.Text(),
+    EXPECT_EQ(FieldsOf(marc8.record),
               "0011\n852  $hFIC \xE2"
               "Et\xE2"
               "e$p7$99.50\n852  $hB$p8$t2");

@@ -6,6 +6,7 @@
 
 #include <random>
 #include <string>
+#include <tests/quillory/Records.h>
 #include <utility>
 #include <vector>
 
@@ -14,7 +15,6 @@ namespace {
 
 using namespace zorby;
 
-const std::string kLeader = "00000nam a2200000 i 4500";
 const std::string kBook = "261121s2026    ci a   j      000 1 hrv d";
 
 const CodeLists& Lists() {
@@ -31,15 +31,14 @@ protected:
 
     // A line for each repair. The fields are then as the repair has them, and so is leader_.
     std::string Repaired(const std::string& leader, Fields& fields, RepairOptions options = {}) {
-        Record record;
-        record.leader = leader;
-        for (const auto& [tag, content] : fields) record.fields.push_back({tag, content});
+        TestRecord test({"LDR" + leader});
+        for (const auto& [tag, content] : fields) test.Add(tag + content);
         RecordRepairer repairer(Lists(), options);
         std::string said;
-        for (const Repair& repair : repairer.PutRight(record)) said += Line(repair);
-        leader_ = record.leader;
+        for (const Repair& repair : repairer.PutRight(test.record)) said += Line(repair);
+        leader_ = test.record.leader;
         Fields after;
-        for (const auto& field : record.fields) after.emplace_back(field.tag, field.content);
+        for (const auto& field : test.record.fields) after.emplace_back(field.tag, field.content);
         fields = after;
         return said;
     }
@@ -216,14 +215,8 @@ TEST_F(RecordRepairerTest, LeavesWhatItCannotTell) {
 
 // All other bytes of a record stay where they are.
 TEST_F(RecordRepairerTest, ChangesARecordInItsPlace) {
-    CommFormatWriter writer;
-    writer.SetLeader(kLeader);
-    writer.AddField("001", "id");
-    writer.AddField("245", "10\037aTitle");
-    writer.AddField("008", With(kBook, 7, "19x5"));
-    writer.AddField("007", "ta");
-    std::string bytes;
-    writer.Finish(bytes);
+    Lines lines{"001id", "24510\037aTitle", "008" + With(kBook, 7, "19x5"), "007ta"};
+    std::string bytes = MarcOf(lines);
     Record record;
     CommFormatFields fields;
     ASSERT_FALSE(ReadCommFormat(bytes, fields));
@@ -237,9 +230,8 @@ TEST_F(RecordRepairerTest, ChangesARecordInItsPlace) {
     EXPECT_EQ(record.ControlNumber(), "id");
 
     // With another length it has to be put together.
-    bytes.clear();
-    writer.AddField("007", "co");
-    writer.Finish(bytes);
+    lines.push_back("007co");
+    bytes = MarcOf(lines);
     ASSERT_FALSE(ReadCommFormat(bytes, fields));
     record = {fields.leader, fields.fields, bytes};
     repairer.PutRight(record);
