@@ -33,8 +33,8 @@ CodeMeaning MeaningOf(const PublishedCode& published) {
     return meaning;
 }
 
-// The text is the library's for a code in force. The library marks obsolete codes in their texts, so
-// those keep the published text.
+// The text is the library's for a code in force. The library marks obsolete codes in their texts,
+// so those keep the published text.
 CodeMeaning MeaningOf(const ListedCode& listed, const PublishedElement* published) {
     const PublishedCode* known = published == nullptr ? nullptr : published->Find(listed.code);
     CodeMeaning meaning;

@@ -1,4 +1,5 @@
 #include <quillory/exchange/CommFormatFaults.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <iterator>
 

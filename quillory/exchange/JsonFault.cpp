@@ -1,4 +1,5 @@
 #include <quillory/exchange/JsonFault.h>
+#include <quillory/faults/FaultCode.h>
 
 namespace quillory {
 

@@ -1,5 +1,6 @@
 #include <quillory/exchange/LineReader.h>
 #include <quillory/exchange/RecordCheck.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
 #include <utility>

@@ -32,7 +32,7 @@ protected:
     // what is wrong, with an offset that counts from the block, if anything is.
     virtual std::optional<ItemFault> Read(std::string_view block, Record& record) = 0;
     // What is missing at the end of the file; nothing if it ends well. `sound` is the last record.
-    virtual FaultCode MissingAtEnd(bool /*sound*/) { return FaultCode::kNone; }
+    virtual FaultCode MissingAtEnd(bool /*sound*/) { return FaultCode{}; }
 
     // Blanks before the block in its line.
     std::size_t Indent() const { return place_.indent; }

@@ -1,5 +1,6 @@
 #include <quillory/exchange/JsonFault.h>
 #include <quillory/exchange/MarcJson.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <nlohmann/json.hpp>
 

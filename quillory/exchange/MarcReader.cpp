@@ -1,5 +1,6 @@
 #include <quillory/exchange/CommFormatFaults.h>
 #include <quillory/exchange/MarcReader.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
 #include <utility>

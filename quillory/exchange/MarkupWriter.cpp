@@ -1,4 +1,5 @@
 #include <quillory/exchange/MarkupWriter.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
 

@@ -1,5 +1,6 @@
 #include <quillory/exchange/Microlif.h>
 #include <quillory/exchange/Subfields.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
 #include <iterator>

@@ -1,4 +1,5 @@
 #include <quillory/exchange/Mrk.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
 #include <array>

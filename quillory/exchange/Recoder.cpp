@@ -1,5 +1,6 @@
 #include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/Subfields.h>
+#include <quillory/faults/FaultCode.h>
 #include <zorby/charset/PlainRun.h>
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 #include <quillory/exchange/RecordBuilder.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/text/Charset.h>
 #include <quillory/text/Utf8.h>
 

@@ -1,5 +1,6 @@
 #include <quillory/exchange/RecordCheck.h>
 #include <quillory/exchange/Subfields.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
 

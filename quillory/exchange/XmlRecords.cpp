@@ -1,5 +1,6 @@
 #include <quillory/exchange/MarcXml.h>
 #include <quillory/exchange/XmlRecords.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,5 @@
 #include <quillory/exchange/Input.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Carrier.h>
 
 #include <algorithm>

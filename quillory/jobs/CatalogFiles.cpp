@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/CatalogFiles.h>
 #include <quillory/jobs/DescriptionFiles.h>
 #include <quillory/jobs/OutputFiles.h>

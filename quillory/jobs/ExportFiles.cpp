@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/ExportFiles.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/OutputFiles.h>

@@ -1,4 +1,5 @@
 #include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/Settings.h>
 #include <quillory/text/QmText.h>

@@ -304,7 +304,7 @@ TEST_F(CheckerTest, PolicyDecides) {
           PolicyChoice{kPolicyCustom, {{"NoNote", 1}}},
           PolicyChoice{kPolicyCustom, {{"NoNotes", 3}}},
           PolicyChoice{kPolicyProfile, {{"ZP_FontWeight", 1}}}}) {
-        EXPECT_THROW(PutInForce(choice), FileError);
+        EXPECT_THROW(PutInForce(choice), UsageError);
     }
 }
 

@@ -35,7 +35,7 @@ struct Found {
           offset(item.offset),
           bytes(item.bytes),
           continues(item.continues),
-          reason(item.reason),
+          reason(item.fault ? FaultText(*item.fault) : ""),
           lines(item.kind == kItemRecord ? LinesOf(item.record) : Lines()) {}
 
     std::uint64_t End() const { return offset + bytes.size(); }
@@ -83,11 +83,11 @@ Written Write(const Form& form, const std::vector<Lines>& records) {
         Losses losses;
         const TestRecord test(lines);
         const WriteResult result = writer->Write(test.record, losses);
-        const bool whole = result.written && result.reason.empty() && losses.Empty();
+        const bool whole = result.written && result.faults.empty() && losses.Empty();
         written.allWhole = written.allWhole && (whole || !result.written);
         if (whole) written.records.push_back(lines);
         EXPECT_EQ(LinesOf(test.record), lines) << "a writer leaves a record as it is";
-        EXPECT_TRUE(result.written || !result.reason.empty()) << "a refusal has a reason";
+        EXPECT_TRUE(result.written || !result.faults.empty()) << "a refusal has a reason";
     }
     writer->Finish();
     output.Finish();
@@ -298,7 +298,7 @@ TEST_P(FormContract, EveryFormTakesItsRecords) {
         Losses losses;
         for (Item item; reader->Next(item);) {
             if (item.kind != kItemRecord) continue;
-            EXPECT_EQ(writer->Write(item.record, losses).reason, "");
+            EXPECT_TRUE(writer->Write(item.record, losses).faults.empty());
         }
         writer->Finish();
         output.Finish();

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <utility>
 #include <tests/quillory/Records.h>
+#include <utility>
 
 namespace quillory {
 namespace {

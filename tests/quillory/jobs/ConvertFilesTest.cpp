@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/ConvertFiles.h>
 
 #include <gtest/gtest.h>
@@ -173,7 +174,7 @@ TEST(ConvertFiles, WhatCharactersBecomeIsReported) {
 
 TEST(ConvertFiles, AnEmptyFileDoesNotEndTheWork) {
     const TemporaryFile empty;
-    const TemporaryFile full("=LDR  00000nam  2200000 a 4500\n=001  a\n\n");
+    const TemporaryFile full("=LDR  00000nam\\\\2200000\\a\\4500\n=001  a\n\n");
     const TemporaryFile out;
     ConvertOptions options;
     options.input.files = {empty.Path(), full.Path()};
@@ -183,7 +184,7 @@ TEST(ConvertFiles, AnEmptyFileDoesNotEndTheWork) {
     Reporter reporter(port, {});
     EXPECT_EQ(ConvertFiles(options, reporter), kStatusFindings);
     EXPECT_EQ(out.Read(), full.Read());
-    EXPECT_EQ(port.lines, (Lines{empty.Path() + ": the file is empty"}));
+    EXPECT_EQ(port.lines, (Lines{empty.Path() + ": the file is empty", "1 record written"}));
 }
 
 // Whatever would overwrite something is refused before anything is written.

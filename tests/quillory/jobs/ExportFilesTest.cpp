@@ -24,7 +24,7 @@ protected:
     ExportFilesTest() {
         options_.policy.policy.kind = kPolicyBasic;
         options_.output.output = out_.Path();
-        options_.output.form = kFormMarkup;
+        options_.output.form = FormNamed("mrk");
     }
     ~ExportFilesTest() override { zorby::CMARCFormat::FreeYourself(); }
 
@@ -109,7 +109,8 @@ TEST_F(ExportFilesTest, AFileGivesTheCopiesAndItsOtherLinesAreNamed) {
     const std::string records = Record("a", kTitle + kCopy) + "\n" + Record("c", kTitle + kCopy) +
                                 "\n" + Record("b", kTitle);
     EXPECT_EQ(Run(records), kStatusFindings);
-    EXPECT_EQ(CopiesWritten(), "852  $hA$p7\n852  $hA c.2$p9\n852  $hold$p1\n852  $hB$p8\n");
+    EXPECT_EQ(CopiesWritten(),
+              "852    $hA$p7\n852    $hA c.2$p9\n852    $hold$p1\n852    $hB$p8\n");
     std::string expected;
     for (int i = 0; i < 5; ++i) {
         expected += file.Path() + ": line " + std::to_string(i + 5) + ": no record has 001 none" +
@@ -123,7 +124,7 @@ TEST_F(ExportFilesTest, ASystemIsInForceForTheJobAlone) {
     const std::string before = inForce();
     options_.holdings = {"", "Alexandria", "Follett"};
     EXPECT_EQ(Run(Record("a", kTitle + "=852  \\\\$hA$xFSC@cAcme\n")), kStatusWell);
-    EXPECT_EQ(CopiesWritten(), "852  $hA$1Vendor:Acme|\n");
+    EXPECT_EQ(CopiesWritten(), "852    $hA$1Vendor:Acme|\n");
     EXPECT_EQ(inForce(), before);
     options_.holdings.from = "none";
     EXPECT_TRUE(FaultOf({}));
@@ -132,6 +133,8 @@ TEST_F(ExportFilesTest, ASystemIsInForceForTheJobAlone) {
 
 TEST_F(ExportFilesTest, WhatCannotBeCarriedOutIsAFault) {
     const TemporaryFile byNumber("record\tBar code\n1\t7\n");
+    const TemporaryFile one;
+    const TemporaryFile two;
     struct Case {
         HoldingsOptions holdings;
         std::vector<std::string> files;
@@ -142,8 +145,8 @@ TEST_F(ExportFilesTest, WhatCannotBeCarriedOutIsAFault) {
         {{"", "No such", ""}, {}, FaultCode::kNoHoldingsType, "No such"},
         {{"", "", "99"}, {}, FaultCode::kNoHoldingsType, "99"},
         {{"-", "1", ""}, {}, FaultCode::kHoldingsFromStandardInput, ""},
-        {{"-", "1", ""}, {"a", "-"}, FaultCode::kHoldingsFromStandardInput, ""},
-        {{byNumber.Path(), "1", ""}, {"a", "b"}, FaultCode::kHoldingsNumberFiles, ""},
+        {{"-", "1", ""}, {one.Path(), "-"}, FaultCode::kHoldingsFromStandardInput, ""},
+        {{byNumber.Path(), "1", ""}, {one.Path(), two.Path()}, FaultCode::kHoldingsNumberFiles, ""},
     };
     for (const Case& test : cases) {
         options_.holdings = test.holdings;

@@ -12,7 +12,7 @@ class MemoryPort : public JobPort {
 public:
     void Say(const Message& message) override {
         lines.push_back(MessageLine(message));
-        codes.push_back(message.fault == nullptr ? FaultCode::kNone : message.fault->code);
+        codes.push_back(message.fault == nullptr ? FaultCode{} : message.fault->code);
     }
 
     std::vector<std::string> lines;

@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/reports/CheckReports.h>
 
 #include <gtest/gtest.h>
@@ -43,9 +44,7 @@ std::string Report(CheckFormat format, const Texts& texts) {
     note.code = zorby::EC_NoNotes;
     Finding found;
     found.code = zorby::EC_NoTitle;
-    found.tag = {'2', '4', '5'};
-    found.occurrence = 1;
-    found.subfield = 'a';
+    found.place = Place::OfField("245", 1).Subfield('a');
     CheckTotals totals;
     const std::vector<Finding> findings = {note, found};
     const CheckedRecord record{item, findings, kMustStay};
@@ -54,7 +53,7 @@ std::string Report(CheckFormat format, const Texts& texts) {
     Item damage;
     damage.kind = kItemDamaged;
     damage.number = 2;
-    damage.reason = texts.reason;
+    damage.fault = ItemFault{{FaultCode::kMalformedXml, {}, texts.reason}};
     report->TakeDamage(damage);
     ++totals.damaged;
     report->Finish(totals, Policy());

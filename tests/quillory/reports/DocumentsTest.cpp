@@ -106,14 +106,15 @@ WorkformRows Rows() {
 WorkformDocument Workform() {
     WorkformDocument workform;
     workform.row = Rows()[1];
-    DecodedElement date{"008/00-05", "Date", " 99", ElementState::Free, {}, "a day"};
-    DecodedElement code{"008/06",
+    DecodedElement date{
+        Place::OfField("008").Positions(0, 5), "Date", " 99", ElementState::Free, {}, "a day"};
+    DecodedElement code{Place::OfField("008").Positions(6, 6),
                         "Kind",
                         "s",
                         ElementState::Coded,
                         {{"s", "Single", CodeState::Unknown, "", "", "", false}},
                         ""};
-    workform.controlFields = {{" 99s", {"008", zorby::CF006None, {date, code}}}};
+    workform.controlFields = {{" 99s", {Place::OfField("008"), zorby::CF006None, {date, code}}}};
     WorkformSubfield subfield{.code = "a",
                               .name = "Title",
                               .isPrompted = true,

@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/reports/RecordShower.h>
 #include <quillory/reports/ScreenText.h>
 
@@ -59,7 +60,7 @@ TEST(RecordShower, WritesToTheOutputThatItIsGiven) {
     item.record.fields = {{"001", "a\x1B"}, {"245", "1 lost\037aTitle\037\037b\037"}, {"500", "0"}};
     shower.Take(item);
     item.record.fields = {{"245", "10\037a\xFF"}};
-    item.reason = "a fault";
+    item.fault = ItemFault{{FaultCode::kStrayBytes}};
     shower.Take(item);
     item.kind = kItemDamaged;
     shower.Take(item);
@@ -71,9 +72,9 @@ TEST(RecordShower, WritesToTheOutputThatItIsGiven) {
     EXPECT_EQ(shower.Result(), kStatusFindings);
     EXPECT_EQ(port.said,
               (std::vector<std::string>{
-                  "f: record 1 at byte 0: a fault; read from its terminators",
-                  "f: record 1 at byte 0: leader byte 09 says UTF-8, the bytes are MARC-8",
-                  "f: record 1 at byte 0: a fault",
+                  "f: record 1 at byte 0: stray bytes between records; read from its terminators",
+                  "f: record 1 at byte 0: leader/09: the record says UTF-8, its bytes are MARC-8",
+                  "f: record 1 at byte 0: stray bytes between records",
                   "characters not shown as they are:\n    byte 0xFF is no character, written as "
                   "U+FFFD: 1\n"}));
 }
