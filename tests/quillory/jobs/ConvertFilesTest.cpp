@@ -105,8 +105,8 @@ TEST(ConvertFiles, WhatIsNotWrittenIsNamedAndKeptByteForByte) {
         outcome.lines,
         (Lines{"FILE: after record 1 at byte " + at + ": stray bytes between records (1 byte)",
                "FILE: record 2 at byte " + next +
-                   " (001 b): leader/00-04: the record length is 00060, but the record has "
-                   "61 bytes",
+                   " (001 b): leader/00-04: the record length is 00060, but the record has " + at +
+                   " bytes",
                "2 records written, 1 not (kept in REJECTS), stray bytes in 1 place"}));
     EXPECT_EQ(outcome.codes,
               (Codes{FaultCode::kStrayBytes, FaultCode::kLengthWrong, FaultCode::kNone}));
