@@ -129,8 +129,9 @@ std::string_view TagOf(std::string_view line) {
 ItemFault FaultInLine(FaultCode code, std::string_view line, const Record& record,
                       std::size_t offset) {
     ItemFault fault{{code}, offset};
-    if (HasTag(line) && TagOf(line) != kLeaderTag)
+    if (HasTag(line) && TagOf(line) != kLeaderTag) {
         fault.place = PlaceAfter(record.fields, TagOf(line));
+    }
     if (code == FaultCode::kNoSubfieldCode) fault.allowed = "$";
     return fault;
 }

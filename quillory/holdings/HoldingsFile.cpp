@@ -130,8 +130,9 @@ HoldingsFile::Cells HoldingsFile::CellsOfTsv(std::string_view line) const {
         const std::string_view value = Trimmed(line.substr(start, end - start));
         if (!value.empty()) {
             if (column >= columns_.size()) RefuseAt(line, start, {FaultCode::kHoldingsExtraCell});
-            if (columns_[column].empty())
+            if (columns_[column].empty()) {
                 RefuseAt(line, start, {FaultCode::kHoldingsUnnamedColumn});
+            }
             cells.push_back({columns_[column], std::string(value)});
         }
         start = end + 1;
@@ -146,8 +147,9 @@ std::string HoldingsFile::TakeKey(Cells& cells) {
         if (!key.empty()) Refuse({FaultCode::kHoldingsSecondKey});
         key = Key(cell.name, cell.value);
         if (cell.name == kControlNumber) continue;
-        if (!IsRecordNumber(cell.value))
+        if (!IsRecordNumber(cell.value)) {
             Refuse({FaultCode::kHoldingsNoRecordNumber, {}, cell.value});
+        }
         hasRecordNumbers_ = true;
     }
     if (key.empty()) Refuse({FaultCode::kHoldingsNoKey});

@@ -72,8 +72,9 @@ protected:
         for (const Finding& finding : findings) {
             if (!text.empty()) text += "; ";
             text += std::to_string(finding.code);
-            if (const std::string place = PlaceText(finding.place); !place.empty())
+            if (const std::string place = PlaceText(finding.place); !place.empty()) {
                 text += " " + place;
+            }
         }
         return text;
     }

@@ -128,8 +128,9 @@ TEST(ConvertFiles, ARescuedRecordIsWrittenAndNamed) {
 
 TEST(ConvertFiles, MessagesOfAKindAreCounted) {
     std::string bytes;
-    for (std::size_t i = 0; i < 8; ++i)
+    for (std::size_t i = 0; i < 8; ++i) {
         bytes += WithWrongLength(MarcOf("a", std::string(20 + i, ' ')));
+    }
     const std::string more = "FILE: 3 more: the record length is ..., but the record has ... bytes";
     const Outcome few = Convert(bytes);
     ASSERT_EQ(few.lines.size(), 7U);

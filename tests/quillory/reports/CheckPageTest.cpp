@@ -108,8 +108,9 @@ TEST(CheckPage, TextsNeverBecomeMarkup) {
     std::mt19937 random(3);
     for (int round = 0; round < 50; ++round) {
         std::string text;
-        for (auto left = random() % 6; left > 0; --left)
+        for (auto left = random() % 6; left > 0; --left) {
             text += kHostile[random() % kHostile.size()];
+        }
         EXPECT_EQ(Skeleton(Report(kCheckHtml, Hostile(text))), plain) << text;
     }
 }

@@ -23,8 +23,9 @@ TEST(ScreenText, PadsByColumns) {
 
 TEST(ScreenText, ParagraphsKeepWithinTheirColumns) {
     std::string words;
-    for (int i = 0; i < 60; ++i)
+    for (int i = 0; i < 60; ++i) {
         words += (i % 7 == 0 ? "\r\n" : " ") + std::string(static_cast<std::size_t>(i % 9), 'x');
+    }
     const std::string text = Paragraph(words, 4);
     std::size_t letters = 0;
     for (std::size_t start = 0; start < text.size();) {
