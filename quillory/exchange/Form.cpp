@@ -7,7 +7,6 @@
 #include <quillory/exchange/Mrk.h>
 
 #include <algorithm>
-#include <ranges>
 #include <string>
 #include <type_traits>
 
@@ -52,9 +51,13 @@ char Lower(char c) {
 }
 
 bool HasEndingOf(const Form& form, std::string_view fileName) {
-    return std::ranges::any_of(std::views::split(form.endings, ' '), [&](const auto& ending) {
-        return fileName.ends_with(std::string_view(ending.begin(), ending.end()));
-    });
+    std::string_view rest = form.endings;
+    while (!rest.empty()) {
+        const std::size_t size = std::min(rest.find(' '), rest.size());
+        if (fileName.ends_with(rest.substr(0, size))) return true;
+        rest.remove_prefix(std::min(size + 1, rest.size()));
+    }
+    return false;
 }
 
 template <class Condition>
