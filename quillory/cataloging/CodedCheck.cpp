@@ -39,8 +39,9 @@ std::string FaultOf(const DecodedElement& element) {
     for (const CodeMeaning& code : element.codes) {
         if (code.state != CodeState::Unknown && code.state != CodeState::Obsolete) continue;
         const bool isObsolete = code.state == CodeState::Obsolete;
-        return "\"" + code.code + (isObsolete ? "\" is an obsolete code of" : "\" is no code of") +
-               name + "; quillory describe " + place + " lists them";
+        std::string fault = "\"" + code.code;
+        fault.append(isObsolete ? "\" is an obsolete code of" : "\" is no code of").append(name);
+        return fault.append("; quillory describe ").append(place).append(" lists them");
     }
     return {};
 }

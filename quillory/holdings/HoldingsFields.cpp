@@ -177,7 +177,7 @@ bool HoldingsFields::TakeComposite(int tag, const Subfield& subfield, CopyInHand
 bool HoldingsFields::TakePart(int tag, std::string_view part, CopyInHand& copy) const {
     for (int i = 0; i < from_.type->GetSize(); ++i) {
         const CInfoAboutHoldingsField& info = *from_.type->GetAt(i);
-        const int place = info.GetSubfield();
+        const int place = static_cast<unsigned char>(info.GetSubfield());
         const bool isPlace = 0 < place && place < ' ';
         if (!isPlace || static_cast<int>(info.GetTag()) != tag) continue;
         const std::string lead = rules_.composite->lead(place);

@@ -24,7 +24,7 @@ bool TakeValue(const Json& value, std::string& text) {
 }
 
 LineFault LineFaultOf(const ItemFault& fault) {
-    return {fault, fault.offset};
+    return {{fault.code, fault.place, fault.found, fault.allowed}, fault.offset};
 }
 
 // `names` is how many members the object has, one of the same name again included.
@@ -40,7 +40,7 @@ std::optional<LineFault> Parse(std::string_view line, Json& object, std::size_t&
     } catch (const Json::parse_error& error) {
         return LineFaultOf(MalformedJson(error.what(), error.byte));
     } catch (const Json::exception& error) {
-        return LineFault{MalformedJson(error.what(), 0)};
+        return LineFault{LineFaultOf(MalformedJson(error.what(), 0)).fault};
     }
 }
 
