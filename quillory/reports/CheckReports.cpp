@@ -40,6 +40,7 @@ const FormatRow& FormatOf(const CheckReportOptions& options) {
 
 std::vector<std::pair<std::string, CheckFormat>> CheckFormatNames() {
     std::vector<std::pair<std::string, CheckFormat>> names;
+    names.reserve(kFormats.size());
     for (const FormatRow& row : kFormats) names.emplace_back(row.name, row.format);
     return names;
 }

@@ -57,7 +57,7 @@ std::string KindOf(const Repair& repair) {
 
 // Why a length changed, with the bytes that were cut, or why something was left; else empty.
 std::string ReasonOf(const Repair& repair) {
-    const std::string reason = FaultReason(FaultOf(repair));
+    std::string reason = FaultReason(FaultOf(repair));
     if (repair.fault != FaultCode::kFieldCut) return reason;
     const std::string cut = repair.before.substr(repair.after.size());
     return reason + ": " + (IsAll(cut, ' ') ? "blanks" : cut);
