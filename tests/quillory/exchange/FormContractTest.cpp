@@ -246,6 +246,14 @@ TEST_P(FormContract, ACutFileGivesWhatIsBeforeTheCut) {
     }
 }
 
+// Old MicroLIF reads a line whose tag has letters as field 000, and takes a field 000 for the
+// leader.
+bool HasFieldZero(const std::vector<Lines>& records) {
+    return std::ranges::any_of(records, [](const Lines& lines) {
+        return std::ranges::any_of(lines, [](const auto& line) { return line.starts_with("000"); });
+    });
+}
+
 // Whatever the bytes, they are accounted for, and no record has what no record can have.
 TEST_P(FormContract, AnyBytesAreAccountedFor) {
     const std::string bytes = Write(form_, kSamples).bytes;
@@ -266,7 +274,7 @@ TEST_P(FormContract, AnyBytesAreAccountedFor) {
             ExpectAccounted(all, damaged);
             // A record that a form does not carry in full is named (see Write).
             const Written written = Write(form_, RecordsIn(all));
-            if (!written.allWhole) continue;
+            if (!written.allWhole || HasFieldZero(written.records)) continue;
             ExpectSame(RecordsIn(ReadAll(form_, written.bytes)), written.records);
         }
     }
