@@ -130,6 +130,19 @@ enum class FaultCode : std::uint16_t {
     kNoDataFile,          // found: the reason
     kNoUserDefinedField,  // found: the list
 
+    // Which records and places: --where and its like.
+    kNoPlaceGiven,
+    kRangeBackwards,      // found: the range of tags
+    kQueryExpected,       // allowed: what may come here; found: what does
+    kQueryTextNotClosed,  // found: the quotation mark
+    kQueryNotComparable,  // found: the text
+    kQueryNoMaterial,     // found: the name; allowed: the nearest names, or all
+    kQueryBadPattern,     // found: what is wrong with it
+    kQueryTooDeep,        // allowed: how deep it may be
+    kQueryNotUtf8,        // found: the byte
+    kConditionText,       // found: what is wrong with a condition's text form
+    kNoRecordNumbers,     // found: the list
+
     kEnd  // one past the last
 };
 

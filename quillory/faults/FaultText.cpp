@@ -189,6 +189,26 @@ constexpr Words kWords[] = {
      "can't be opened: {found}; QUILLORY_DATA names the folder of the data files"},
     {FaultCode::kNoUserDefinedField, "no-user-defined-field",
      "\"{found}\" names no fields of your own; they are given as 590ab or 591-595"},
+
+    // Which records and places: --where and its like.
+    {FaultCode::kNoPlaceGiven, "no-place-given",
+     "no place is given; 245 is a field, 245ab are subfields, 6XX and 600-699 are fields of many "
+     "tags"},
+    {FaultCode::kRangeBackwards, "range-backwards", "{found} ends before it begins"},
+    {FaultCode::kQueryExpected, "query-expected", "expected {allowed}, but found {found}"},
+    {FaultCode::kQueryTextNotClosed, "query-text-not-closed",
+     "the text lacks its closing quotation mark {found}"},
+    {FaultCode::kQueryNotComparable, "query-not-comparable",
+     "{found} is no number, such as 1990, and no date, such as 2024-05-31 or 2024-05"},
+    {FaultCode::kQueryNoMaterial, "query-no-material", "there is no material {found}; {allowed}"},
+    {FaultCode::kQueryBadPattern, "query-bad-pattern",
+     "the regular expression can't be used: {found}"},
+    {FaultCode::kQueryTooDeep, "query-too-deep",
+     "brackets and \"not\" stand more than {allowed} deep"},
+    {FaultCode::kQueryNotUtf8, "query-not-utf-8", "byte {found} is no UTF-8"},
+    {FaultCode::kConditionText, "condition-text", "{found}"},
+    {FaultCode::kNoRecordNumbers, "no-record-numbers",
+     "\"{found}\" is no list of record numbers, such as 17,20-25"},
 };
 
 constexpr bool IsInOrder() {
