@@ -3,7 +3,6 @@
 #define ZLIB_CONST
 #include <zlib.h>
 
-#include <array>
 #include <atomic>
 #include <cerrno>
 #include <csignal>
@@ -21,31 +20,33 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 18;
 
-// Names of unfinished files, where a signal handler can reach them.
-std::array<std::atomic<char*>, 8> unfinished{};
+// The name of an unfinished file, where a signal handler can reach it. Names are many where one
+// work writes many files; none is ever taken from the list, a free one is used again.
+struct Unfinished {
+    std::atomic<char*> name;
+    Unfinished* next;
+};
+std::atomic<Unfinished*> unfinished{};
 
-void Remember(const std::string& path) {
+Unfinished& Remember(const std::string& path) {
     char* copy = strdup(path.c_str());
-    for (auto& slot : unfinished) {
+    for (Unfinished* slot = unfinished.load(); slot != nullptr; slot = slot->next) {
         char* none = nullptr;
-        if (slot.compare_exchange_strong(none, copy)) return;
+        if (slot->name.compare_exchange_strong(none, copy)) return *slot;
     }
-    std::free(copy);
+    auto* slot = new Unfinished{copy, unfinished.load()};
+    while (!unfinished.compare_exchange_weak(slot->next, slot)) {
+    }
+    return *slot;
 }
 
-void Forget(const std::string& path) {
-    for (auto& slot : unfinished) {
-        char* name = slot.load();
-        if (name == nullptr || path != name) continue;
-        slot.store(nullptr);
-        std::free(name);
-        return;
-    }
+void Forget(Unfinished& slot) {
+    std::free(slot.name.exchange(nullptr));
 }
 
 extern "C" void EndBySignal(int signal) {
-    for (auto& slot : unfinished) {
-        const char* name = slot.load();
+    for (Unfinished* slot = unfinished.load(); slot != nullptr; slot = slot->next) {
+        const char* name = slot->name.load();
         if (name != nullptr) unlink(name);
     }
     std::signal(signal, SIG_DFL);
@@ -100,8 +101,18 @@ private:
     z_stream stream_{};
 };
 
-Output::Output(const std::string& path) : name_(path == "-" ? "standard output" : path) {
-    buffer_.resize(kBufferSize);
+// Where the name of an output's temporary file is kept.
+struct Output::Temporary {
+    explicit Temporary(const std::string& path) : slot(Remember(path)) {}
+    ~Temporary() { Forget(slot); }
+    Temporary(const Temporary&) = delete;
+    Temporary& operator=(const Temporary&) = delete;
+
+    Unfinished& slot;
+};
+
+Output::Output(const std::string& path)
+    : name_(path == "-" ? "standard output" : path), isPacked_(path.ends_with(".gz")) {
     if (path == "-") {
         descriptor_ = dup(STDOUT_FILENO);
     } else if (IsPlainOrAbsent(path)) {
@@ -111,28 +122,53 @@ Output::Output(const std::string& path) : name_(path == "-" ? "standard output" 
         temporaryPath_ = finalPath_ + ".XXXXXX";
         descriptor_ = mkostemp(temporaryPath_.data(), O_CLOEXEC);
         if (descriptor_ >= 0) {
-            Remember(temporaryPath_);
+            temporary_ = std::make_unique<Temporary>(temporaryPath_);
             fchmod(descriptor_, ModeFor(finalPath_));
         }
     } else {
         descriptor_ = open(path.c_str(), O_WRONLY | O_CLOEXEC);
     }
-    if (descriptor_ < 0) {
-        temporaryPath_.clear();
-        throw FileError(name_ + ": " + std::strerror(errno));
-    }
-    if (path.ends_with(".gz")) packer_ = std::make_unique<Packer>(*this);
+    Begin();
+}
+
+Output::Output(ToMemory, std::string& memory) : memory_(&memory) {
+    buffer_.resize(kBufferSize);
 }
 
 Output::~Output() {
     if (descriptor_ >= 0) close(descriptor_);
-    if (!temporaryPath_.empty()) {
-        unlink(temporaryPath_.c_str());
-        Forget(temporaryPath_);
+    if (temporary_) unlink(temporaryPath_.c_str());
+}
+
+void Output::Begin() {
+    if (descriptor_ < 0) throw FileError(name_ + ": " + std::strerror(errno));
+    buffer_.resize(kBufferSize);
+    if (isPacked_) packer_ = std::make_unique<Packer>(*this);
+}
+
+void Output::Close() {
+    Flush();
+    if (packer_) packer_->Pack({}, Z_FINISH);
+    packer_.reset();
+    const int closed = close(descriptor_);
+    descriptor_ = -1;
+    buffer_ = {};
+    if (closed != 0) throw FileError(name_ + ": can't be written: " + std::strerror(errno));
+}
+
+void Output::Rest() {
+    if (!temporary_) {
+        Flush();
+    } else if (descriptor_ >= 0) {
+        Close();
     }
 }
 
 void Output::WriteRaw(std::string_view bytes) {
+    if (memory_ != nullptr) {
+        memory_->append(bytes);
+        return;
+    }
     while (!bytes.empty()) {
         const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
         if (written >= 0) {
@@ -154,6 +190,10 @@ void Output::WriteThrough(std::string_view bytes) {
 }
 
 void Output::WriteLarge(std::string_view bytes) {
+    if (buffer_.empty()) {
+        descriptor_ = open(temporaryPath_.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+        Begin();
+    }
     Flush();
     if (bytes.size() < buffer_.size()) {
         Write(bytes);
@@ -169,19 +209,16 @@ void Output::Flush() {
 }
 
 void Output::Finish() {
-    Flush();
-    if (packer_) packer_->Pack({}, Z_FINISH);
-    const int closed = close(descriptor_);
-    descriptor_ = -1;
-    if (closed != 0) {
-        throw FileError(name_ + ": can't be written: " + std::strerror(errno));
+    if (memory_ != nullptr) {
+        Flush();
+        return;
     }
-    if (finalPath_.empty()) return;
+    if (descriptor_ >= 0) Close();
+    if (!temporary_) return;
     if (rename(temporaryPath_.c_str(), finalPath_.c_str()) != 0) {
         throw FileError(name_ + ": can't take its name: " + std::strerror(errno));
     }
-    Forget(temporaryPath_);
-    temporaryPath_.clear();
+    temporary_.reset();
 }
 
 void WriteOutput(const std::string& path, std::string_view bytes) {

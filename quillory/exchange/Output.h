@@ -20,7 +20,11 @@ public:
 // gzip form. All but the destructor throw FileError, or ClosedPipe.
 class Output {
 public:
+    // For an output that goes to a text in memory instead, with each Flush.
+    enum ToMemory : bool { kToMemory };
+
     explicit Output(const std::string& path);
+    Output(ToMemory, std::string& memory);
     ~Output();
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
@@ -35,19 +39,28 @@ public:
     }
     // Hands everything written so far to the system, for a person who waits for it.
     void Flush();
+    // Closes a file until more is written to it: for one of many that are written by turns.
+    void Rest();
     void Finish();
 
 private:
     class Packer;
+    struct Temporary;
+
+    void Begin();
+    void Close();
 
     void WriteLarge(std::string_view bytes);
     void WriteThrough(std::string_view bytes);
     void WriteRaw(std::string_view bytes);
 
     std::string name_;
-    std::string finalPath_;      // empty if written in place
-    std::string temporaryPath_;  // empty if there is none
-    int descriptor_ = -1;
+    std::string finalPath_;  // empty if written in place
+    std::string temporaryPath_;
+    std::unique_ptr<Temporary> temporary_;  // until the file has its final name
+    bool isPacked_ = false;
+    std::string* memory_ = nullptr;  // null if it goes to a file
+    int descriptor_ = -1;            // negative while a file rests
     std::vector<char> buffer_;
     std::size_t used_ = 0;
     std::unique_ptr<Packer> packer_;

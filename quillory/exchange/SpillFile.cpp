@@ -1,11 +1,16 @@
 #include <quillory/exchange/SpillFile.h>
 
-#include <array>
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
+#include <unistd.h>
+#include <vector>
 
 namespace quillory {
 namespace {
+
+constexpr std::size_t kBlock = 65536;
 
 [[noreturn]] void Fail(const char* what) {
     throw FileError(std::string("a temporary file ") + what + ": " + std::strerror(errno));
@@ -13,24 +18,56 @@ namespace {
 
 }  // namespace
 
-SpillFile::SpillFile() : file_(std::tmpfile()) {
-    if (!file_) Fail("can't be made");
+// The name goes at once, so nothing stays behind, however the program ends.
+SpillFile::SpillFile() {
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+    std::string path = (error ? "/tmp" : folder) / "quillory-XXXXXX";
+    descriptor_ = mkostemp(path.data(), 0);
+    if (descriptor_ < 0) Fail("can't be made");
+    unlink(path.c_str());
+}
+
+SpillFile::~SpillFile() {
+    close(descriptor_);
 }
 
 void SpillFile::Write(std::string_view bytes) {
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) {
-        Fail("can't be written");
+    pending_ += bytes;
+    if (pending_.size() >= kBlock) Flush();
+}
+
+void SpillFile::Flush() {
+    std::string_view bytes = pending_;
+    while (!bytes.empty()) {
+        const ssize_t size = write(descriptor_, bytes.data(), bytes.size());
+        if (size < 0 && errno != EINTR) Fail("can't be written");
+        if (size > 0) bytes.remove_prefix(static_cast<std::size_t>(size));
     }
+    written_ += pending_.size();
+    pending_.clear();
+}
+
+std::size_t SpillFile::ReadAt(std::uint64_t offset, std::span<char> target) {
+    if (!pending_.empty()) Flush();
+    std::size_t done = 0;
+    while (done < target.size()) {
+        const ssize_t size = pread(descriptor_, target.data() + done, target.size() - done,
+                                   static_cast<off_t>(offset + done));
+        if (size == 0) break;
+        if (size < 0 && errno != EINTR) Fail("can't be read");
+        if (size > 0) done += static_cast<std::size_t>(size);
+    }
+    return done;
 }
 
 void SpillFile::CopyTo(Output& output) {
-    if (std::fflush(file_.get()) != 0) Fail("can't be written");
-    if (std::fseek(file_.get(), 0, SEEK_SET) != 0) Fail("can't be read");
-    std::array<char, 65536> block{};
-    while (const std::size_t size = std::fread(block.data(), 1, block.size(), file_.get())) {
+    std::vector<char> block(kBlock);
+    std::uint64_t offset = 0;
+    while (const std::size_t size = ReadAt(offset, block)) {
         output.Write({block.data(), size});
+        offset += size;
     }
-    if (std::ferror(file_.get()) != 0) Fail("can't be read");
 }
 
 }  // namespace quillory
