@@ -15,6 +15,8 @@ constexpr CommandRow kCommands[] = {
     {"show", "Show records as a person reads them", DeclareShow},
     {"check", "Find what stops or mars records before they leave", DeclareCheck},
     {"repair", "Put the coded control fields of records right", DeclareRepair},
+    {"split", "Divide records among files, by number, size or a place", DeclareSplit},
+    {"sort", "Put records in order, by places, titles or numbers", DeclareSort},
     {"describe", "What is known of fields, codes and holdings", DeclareDescribe},
     {"codes", "The code lists of the control fields", DeclareCodes},
     {"new", "Make a record from a workform", DeclareNew},

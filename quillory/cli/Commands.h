@@ -25,6 +25,8 @@ void DeclareRecordsShow(Arguments& command);
 void DeclareRepair(Arguments& command);
 void DeclareSettings(Arguments& command);
 void DeclareShow(Arguments& command);
+void DeclareSort(Arguments& command);
+void DeclareSplit(Arguments& command);
 void DeclareWorkforms(Arguments& command);
 void DeclareWorkformsDelete(Arguments& command);
 void DeclareWorkformsExport(Arguments& command);

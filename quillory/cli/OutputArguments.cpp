@@ -20,6 +20,10 @@ std::string FormsInUtf8() {
 void DeclareOutput(Arguments& command, OutputOptions& options) {
     command.Option("-o,--output", options.output,
                    "Where the records go; standard output if not given");
+    DeclareWriting(command, options);
+}
+
+void DeclareWriting(Arguments& command, OutputOptions& options) {
     DeclareForm(command, "--to", options.form,
                 "Form of the output; told by its name, or marc, if not given");
     DeclareCharset(

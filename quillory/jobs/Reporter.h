@@ -26,6 +26,9 @@ public:
     void BeginFile(const std::string& name);
     // Says how many messages of the file were only counted.
     void EndFile();
+    // Messages are again about a file that was read before, and are counted with those of the
+    // others.
+    void GoBackTo(const std::string& name) { file_ = name; }
 
     // What is wrong with an item, and lines that say more. Faults with one heading are of one kind.
     void Say(const Item& item, const Fault& fault, std::string_view lines = {});

@@ -9,13 +9,13 @@ RecoderOptions RecoderOptionsOf(const OutputOptions& options, Charset from, Char
     return {from, to, options.normalForm, options.verify};
 }
 
+}  // namespace
+
 const Form& FormOfOutput(const OutputOptions& options) {
     const Form* form = options.form;
     if (form == nullptr) form = FormOfFileName(options.output);
     return form != nullptr ? *form : Forms().front();
 }
-
-}  // namespace
 
 Charset CharsetOfOutput(const OutputOptions& options) {
     const Form& form = FormOfOutput(options);
@@ -29,20 +29,17 @@ Charset CharsetOfOutput(const OutputOptions& options) {
     return kCharsetUtf8;
 }
 
-Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
-                  Reporter& reporter, const Preparation& prepare) {
-    CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
+Status CarryItems(const ItemSource& source, Charset from, const OutputOptions& options,
+                  RecordWriter& writer, const std::function<void()>& finish, Reporter& reporter,
+                  const Preparation& prepare) {
     const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options));
-    Output output(options.output);
-    const auto writer = FormOfOutput(options).makeWriter(output, options.oversize);
-    Carrier carrier({recoder, options.eachLoss, options.rejects, prepare}, *writer, reporter);
+    Carrier carrier({recoder, options.eachLoss, options.rejects, prepare}, writer, reporter);
     try {
         carrier.Raise(source([&carrier](Item& item) {
             carrier.Take(item);
             return true;
         }));
-        writer->Finish();
-        output.Finish();
+        finish();
         carrier.Finish();
     } catch (const ClosedPipe&) {
         carrier.Finish();
@@ -50,6 +47,19 @@ Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& o
     }
     carrier.Summarize();
     return carrier.Result();
+}
+
+Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
+                  Reporter& reporter, const Preparation& prepare) {
+    CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
+    CharsetOfOutput(options);  // what can't be is said before anything is made
+    Output output(options.output);
+    const auto writer = FormOfOutput(options).makeWriter(output, options.oversize);
+    const auto finish = [&] {
+        writer->Finish();
+        output.Finish();
+    };
+    return CarryItems(source, from, options, *writer, finish, reporter, prepare);
 }
 
 }  // namespace quillory

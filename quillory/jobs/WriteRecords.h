@@ -22,6 +22,9 @@ struct OutputOptions {
     bool verify = false;  // as in RecoderOptions; only a job itself asks for it
 };
 
+// The form by which records are written.
+const Form& FormOfOutput(const OutputOptions& options);
+
 // The character set that records are written in; auto if each keeps its own. Throws
 // UsageError for one that the form lacks.
 Charset CharsetOfOutput(const OutputOptions& options);
@@ -34,5 +37,11 @@ using ItemSource = std::function<Status(const std::function<bool(Item& item)>& t
 // form lacks.
 Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
                   Reporter& reporter, const Preparation& prepare = {});
+
+// The same for a writer of the job's own: `finish` gives what it wrote its name. The output's path
+// in `options` only tells the form.
+Status CarryItems(const ItemSource& source, Charset from, const OutputOptions& options,
+                  RecordWriter& writer, const std::function<void()>& finish, Reporter& reporter,
+                  const Preparation& prepare = {});
 
 }  // namespace quillory
