@@ -3,6 +3,7 @@
 #include <zorby/platform/ApplicationPort.h>
 #include <zorby/platform/MessagePort.h>
 #include <zorby/platform/ProfileFilePort.h>
+#include <zorby/platform/WindowPort.h>
 
 namespace zorby {
 
@@ -21,6 +22,7 @@ private:
 };
 
 using ApplicationInForce = PortInForce<ApplicationPort, CurrentApplicationPort, SetApplicationPort>;
+using DialogsInForce = PortInForce<DialogPort, CurrentDialogPort, SetDialogPort>;
 using MessagesInForce = PortInForce<MessagePort, CurrentMessagePort, SetMessagePort>;
 using ProfileFilesInForce =
     PortInForce<ProfileFilePort, CurrentProfileFilePort, SetProfileFilePort>;
