@@ -135,4 +135,10 @@ void COnlyWhenState::SaveState(std::string& text) {
     text = keys.Get();
 }
 
+bool COnlyWhenState::Combined(bool firstHolds, bool secondHolds) const {
+    if (!onlyWhen) return true;
+    if (!advanced) return firstHolds;
+    return bothConditions ? firstHolds && secondHolds : firstHolds || secondHolds;
+}
+
 }  // namespace zorby

@@ -53,6 +53,9 @@ public:
     void MakeLongString(std::string& text, int withDelimiters, int showAlways,
                         int withPrefix) const;
 
+    // Returns whether the condition holds, from the results of its tests.
+    bool Combined(bool firstHolds, bool secondHolds) const;
+
     bool onlyWhen = false;  // if not set, the operation always applies
     OnlyWhenTest first;
     bool advanced = false;  // the second test counts too

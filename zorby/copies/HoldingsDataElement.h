@@ -2,12 +2,15 @@
 
 #include <zorby/Export.h>
 #include <zorby/archive/Object.h>
+#include <zorby/conditions/ContainType.h>
 #include <zorby/holdings/HoldingsID.h>
 
 #include <string>
 #include <string_view>
 
 namespace zorby {
+
+class COnlyWhenState;
 
 // One value of a copy's holdings data. The text is in the Qm code.
 class ZORBY_EXPORT CHoldingsDataElement : public CObject {
@@ -40,6 +43,17 @@ public:
 
     // Returns whether both have the same number and the same text, byte for byte.
     bool IsEqualTo(const CHoldingsDataElement& element) const;
+
+    // Returns the element if it meets the condition, else null. Each test is about the element that
+    // it names, even if it is set to look at any. If the operation always applies, the element has
+    // to be the one that the condition is attached to. With `requireText` an element without text
+    // meets nothing, not even "is empty or missing".
+    CHoldingsDataElement* OnlyWhenElement(const COnlyWhenState& state, int requireText);
+    // Returns 1 if the element has the number and its text passes the test, else 0. `text` may have
+    // wildcards, as CGeneral::FindWild reads them. An unknown type counts as CT_DOES_NOT_CONTAIN.
+    int OnlyWhenElementMeetsCondition(EHOLDINGSID id, int matchCase, std::string_view text,
+                                      CONTAIN_TYPE type) const;
+
     // Returns how many bytes the element takes as a subfield, or 0 if its text is empty.
     unsigned GetMARCSize() const;
 

@@ -100,10 +100,6 @@ void CHoldingsDataRecord::RemoveAll() {
     elements_.clear();
 }
 
-void CHoldingsDataRecord::EmptyBarCode() {
-    std::erase_if(elements_, [](const auto& element) { return IsBarCode(element->GetID()); });
-}
-
 void CHoldingsDataRecord::AddHoldingItemHold(int tag, char subfield, std::string_view text) {
     holds_.push_back({tag, subfield, std::string(text)});
 }

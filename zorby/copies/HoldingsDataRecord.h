@@ -2,6 +2,7 @@
 
 #include <zorby/Export.h>
 #include <zorby/archive/Object.h>
+#include <zorby/conditions/ContainType.h>
 #include <zorby/copies/HoldingsDataElement.h>
 #include <zorby/holdings/HoldingsType.h>
 
@@ -14,6 +15,7 @@
 namespace zorby {
 
 class CHoldingsDataRecordList;
+class COnlyWhenState;
 class CPmarc;
 
 // A subfield that is passed through to the output as it is.
@@ -30,6 +32,8 @@ struct ZORBY_EXPORT HoldingItemHold {
 // may have the same number; lookups give the first of them.
 class ZORBY_EXPORT CHoldingsDataRecord : public CObject {
 public:
+    using Elements = std::vector<std::unique_ptr<CHoldingsDataElement>>;
+
     static const CRuntimeClass kRuntimeClass;
 
     // A record of the type HT_NONE, for loading or cloning into it.
@@ -74,8 +78,59 @@ public:
     const CHoldingsDataElement* GetAt(int index) const;
     // Deletes the elements; holds stay.
     void RemoveAll();
+
     // Deletes the elements that are the bar code of any system.
     void EmptyBarCode();
+    // Adds an empty element for each one of the type, as the dictionary in force has it, that has
+    // no text here, so that a form shows all of them. An empty element that is there stays too.
+    void AddMissingElements();
+    void RemoveEmptyElements();
+    // Appends to the text of the first element with the number, after the separator and a blank,
+    // with a blank before kcHoldingsDelimiter. If there is no such element, adds it.
+    void AddToPreviousOrAddNew(EHOLDINGSID id, std::string_view text, char separator);
+    // Sets the call number of a record that has no elements, or that begins with the call number
+    // (HoldingsTypeRow; all of the text goes into one part). Does nothing for other records, or if
+    // the type has no call number.
+    void SetCallNumber(std::string_view text);
+
+    // These take the first element that matches, or all that match, out of the record. What they
+    // return belongs to the caller; it is null or empty if nothing matches.
+    std::unique_ptr<CHoldingsDataElement> DeleteElement(const CHoldingsDataElement* element);
+    std::unique_ptr<CHoldingsDataElement> DeleteElement(EHOLDINGSID id);
+    Elements DeleteAllElementsExcept(const std::vector<unsigned>& ids);
+    Elements DeleteOnesMarkedForLaterDeletion();
+    // Marks the first element with the number, if there is one.
+    void MarkElementForLaterDeletion(EHOLDINGSID id);
+
+    // Returns the number at a position in a path of elements, such as "\250\258\", counted from
+    // 0, or -1 outside of it. What comes after the last backslash is not read.
+    static int GetHoldingsID(int position, std::string_view path);
+    // Makes a record in which the elements of one path have gone to those at the same positions in
+    // another, all at once, so that two can be swapped. Values go in by Add, before what the target
+    // had is deleted: one that goes to a number of a repeating item may land on a further one. A
+    // position with a text of COnlyWhenState in `onlyWhenTexts` is passed over if the element does
+    // not meet it; an element that is missing or empty meets none. Without `keepOthers` only the
+    // elements whose number a value was moved to remain. Holds are copied.
+    //
+    // Returns null if nothing changes. May leave this record sorted, as IsEqualTo does.
+    std::unique_ptr<CHoldingsDataRecord> ChangeElementsNewDR(
+        std::string_view fromPath, std::string_view toPath,
+        const std::vector<std::string>& onlyWhenTexts, int keepOthers);
+
+    // Returns the record if it meets the condition, else null.
+    CHoldingsDataRecord* OnlyWhenRecord(const COnlyWhenState& state);
+    // Return 1 if the elements with the number, or all elements with `anySubfield`, pass the test,
+    // else 0. One element is enough to contain a text, and one with text is not empty. The two
+    // other tests are their opposites, so that a record without such elements passes them. An
+    // unknown type gives 0.
+    int OnlyWhenRecordMeetsCondition(int anySubfield, int matchCase, std::string_view text,
+                                     CONTAIN_TYPE type, EHOLDINGSID id) const;
+    int OnlyWhenRecordMeetsCondition_Contains(int anySubfield, int matchCase, std::string_view text,
+                                              EHOLDINGSID id) const;
+    int OnlyWhenRecordMeetsCondition_DoesNotContain(int anySubfield, int matchCase,
+                                                    std::string_view text, EHOLDINGSID id) const;
+    int OnlyWhenRecordMeetsCondition_EmptyOrMissing(int anySubfield, EHOLDINGSID id) const;
+    int OnlyWhenRecordMeetsCondition_NotEmpty(int anySubfield, EHOLDINGSID id) const;
 
     void AddHoldingItemHold(int tag, char subfield, std::string_view text);
     const std::vector<HoldingItemHold>& GetHolds() const { return holds_; }
@@ -128,7 +183,7 @@ private:
     int pageHasData_ = 0;
     EHOLDINGSTYPE holdingsType_ = HT_NONE;
     const CHoldingsDataRecordList* owner_ = nullptr;
-    std::vector<std::unique_ptr<CHoldingsDataElement>> elements_;
+    Elements elements_;
     std::vector<HoldingItemHold> holds_;
 };
 
