@@ -39,7 +39,17 @@ void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& me
                    "Character set of the files; told by leader byte 09 and the bytes if not given");
     command.Flag("--lenient", options.lenient,
                  "Read damaged records from their terminators where that is certain");
+    DeclareWhere(command, options.where);
     DeclareMessages(command, messages);
+}
+
+void DeclareWhere(Arguments& command, WhereOptions& where) {
+    command
+        .Option("--where", where.expression,
+                "Only records that match, such as '245a contains \"rivers\" and not has 856u'; all "
+                "others are left out, of what is written too")
+        .Shown("EXPRESSION");
+    command.Flag("--exact", where.exact, "Case and diacritics count in what --where compares");
 }
 
 }  // namespace quillory

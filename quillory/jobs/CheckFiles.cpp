@@ -1,5 +1,6 @@
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/CheckFiles.h>
+#include <quillory/jobs/RecordFilter.h>
 
 #include <algorithm>
 
@@ -45,8 +46,11 @@ private:
 
 }  // namespace
 
-Status CheckFiles(const InputOptions& input, Checker& checker, CheckReport& report,
-                  Reporter& reporter) {
+Status CheckFiles(InputOptions input, Checker& checker, CheckReport& report, Reporter& reporter) {
+    std::vector<Finding> findings;
+    input.where.isValid = [&](const Record& record) {
+        return IsValidUnder(checker, record, findings);
+    };
     CheckRun run(checker, report, reporter);
     try {
         const Status read = ReadFiles(input, reporter, [&run](const Item& item) {

@@ -8,7 +8,6 @@ namespace quillory {
 
 // Checks the records of files, and tells the report what was found. Result: findings, if there was
 // any, or damage. Throws FileError.
-Status CheckFiles(const InputOptions& input, Checker& checker, CheckReport& report,
-                  Reporter& reporter);
+Status CheckFiles(InputOptions input, Checker& checker, CheckReport& report, Reporter& reporter);
 
 }  // namespace quillory

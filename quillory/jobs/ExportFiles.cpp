@@ -2,6 +2,7 @@
 #include <quillory/jobs/ExportFiles.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/OutputFiles.h>
+#include <quillory/jobs/RecordFilter.h>
 
 #include <algorithm>
 
@@ -73,11 +74,15 @@ Status ExportFiles(ExportOptions options, Reporter& reporter) {
     CheckFiles(options);
     const SettingsKeeper settings;
     Checker checker = PutAllInForce(options);
+    std::vector<Finding> findings;
+    options.input.where.isValid = [&](const Record& record) {
+        return IsValidUnder(checker, record, findings);
+    };
     ExportRun run(options, checker, reporter);
     bool readAll = false;
     const ItemSource files = [&](const auto& take) {
         const Status read = ReadFiles(options.input, reporter, take);
-        readAll = true;
+        readAll = options.input.where.AsksForAll();
         return read;
     };
     const auto prepare = [&](Item& item, Losses& losses) { return run.Prepare(item, losses); };

@@ -1,6 +1,7 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Progress.h>
 #include <quillory/jobs/ReadFiles.h>
+#include <quillory/jobs/RecordFilter.h>
 
 #include <memory>
 
@@ -16,8 +17,7 @@ const Form& FormOf(const InputOptions& options, Input& input) {
 
 }  // namespace
 
-Status ReadFiles(const InputOptions& options, Reporter& reporter,
-                 const std::function<bool(Item& item)>& take) {
+Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take) {
     const std::vector<std::string> standardInput{"-"};
     const auto& files = options.files.empty() ? standardInput : options.files;
     std::vector<std::unique_ptr<Input>> inputs;
@@ -37,7 +37,6 @@ Status ReadFiles(const InputOptions& options, Reporter& reporter,
         const auto reader = FormOf(options, *input).makeReader(*input, options.lenient);
         Item item;
         while (goOn && reader->Next(item)) {
-            if (item.kind == kItemFrame) continue;
             goOn = take(item);
             progress.Step(input->BytesRead(), input->FileSize());
         }
@@ -45,6 +44,15 @@ Status ReadFiles(const InputOptions& options, Reporter& reporter,
         input.reset();
     }
     return status;
+}
+
+Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemTaker& take) {
+    RecordFilter filter(options.where, options.charset);
+    return ReadAllItems(options, reporter, [&](Item& item) {
+        if (item.kind == kItemFrame) return true;
+        if (item.kind == kItemRecord && !filter.Takes(item.record)) return true;
+        return take(item);
+    });
 }
 
 }  // namespace quillory

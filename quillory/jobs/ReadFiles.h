@@ -2,6 +2,7 @@
 
 #include <quillory/exchange/Form.h>
 #include <quillory/jobs/Reporter.h>
+#include <quillory/jobs/WhereOptions.h>
 #include <quillory/text/Charset.h>
 
 #include <functional>
@@ -16,12 +17,18 @@ struct InputOptions {
     const Form* form = nullptr;      // null: by content, then by name
     Charset charset = kCharsetAuto;
     bool lenient = false;
+    WhereOptions where = {};
 };
 
-// Hands the items of every file to `take`, all but frames, until it returns false. Result:
-// kStatusFindings if a file is empty. Throws FileError, before anything is read if one of the files
-// can't be opened.
-Status ReadFiles(const InputOptions& options, Reporter& reporter,
-                 const std::function<bool(Item& item)>& take);
+using ItemTaker = std::function<bool(Item& item)>;
+
+// Hands the items of every file to `take`, until it returns false: all but frames, and but for
+// records that are not asked for. Result: kStatusFindings if a file is empty. Throws FileError,
+// before anything is read if one of the files can't be opened, and UsageError if the records asked
+// for can't be told.
+Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemTaker& take);
+
+// The same with frames, and with every record, whichever are asked for.
+Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take);
 
 }  // namespace quillory

@@ -47,11 +47,16 @@ bool SliceOf(const PlacePattern& pattern, std::string_view leader,
              const zorby::CommFormatField& field, ValueSlice& slice);
 bool SliceOfLeader(const PlacePattern& pattern, std::string_view leader, ValueSlice& slice);
 
-template <class Take>
-void ForEachSliceOf(const PlacePattern& pattern, std::string_view leader,
-                    const zorby::CommFormatField& field, ValueSlice& slice, Take& take);
+template <class Test>
+bool AnySliceOf(const PlacePattern& pattern, std::string_view leader,
+                const zorby::CommFormatField& field, ValueSlice& slice, Test& test);
 
 }  // namespace values
+
+// Whether `test(const ValueSlice&)` holds of a value of the places in a record; the values after
+// that one are not looked at.
+template <class Test>
+bool AnySlice(const Record& record, const PlaceSet& places, Test&& test);
 
 // Calls `take(const ValueSlice&)` for each value of the places in a record: that of the leader
 // first, then field after field. The values of one field come pattern after pattern, those of one
@@ -62,7 +67,12 @@ void ForEachSliceOf(const PlacePattern& pattern, std::string_view leader,
 //   indicator     one byte, of data fields that are long enough
 //   positions     as many bytes of them as the field has, if it has any
 template <class Take>
-void ForEachSlice(const Record& record, const PlaceSet& places, Take&& take);
+void ForEachSlice(const Record& record, const PlaceSet& places, Take&& take) {
+    AnySlice(record, places, [&take](const ValueSlice& slice) {
+        take(slice);
+        return false;
+    });
+}
 
 // As ForEachSlice, with `take(const Place&, std::string_view value)`: a whole field comes as
 // JoinedText. The bytes are in the record's character set. A view holds until `take` returns.
@@ -108,30 +118,33 @@ private:
 
 namespace values {
 
-template <class Take>
-void ForEachSliceOf(const PlacePattern& pattern, std::string_view leader,
-                    const zorby::CommFormatField& field, ValueSlice& slice, Take& take) {
+template <class Test>
+bool AnySliceOf(const PlacePattern& pattern, std::string_view leader,
+                const zorby::CommFormatField& field, ValueSlice& slice, Test& test) {
     slice.isCoded = pattern.IsCoded();
     slice.isField = false;
     if (!pattern.HasCodes()) {
-        if (SliceOf(pattern, leader, field, slice)) take(std::as_const(slice));
-        return;
+        return SliceOf(pattern, leader, field, slice) && test(std::as_const(slice));
     }
+    bool any = false;
     ForEachSubfield(field.content, [&](char code, std::string_view text) {
-        if (!pattern.HasCode(code)) return;
+        if (any || !pattern.HasCode(code)) return;
         slice.place.code = code;
         slice.bytes = text;
-        take(std::as_const(slice));
+        any = test(std::as_const(slice));
     });
+    return any;
 }
 
 }  // namespace values
 
-template <class Take>
-void ForEachSlice(const Record& record, const PlaceSet& places, Take&& take) {
+template <class Test>
+bool AnySlice(const Record& record, const PlaceSet& places, Test&& test) {
     ValueSlice slice;
     for (const PlacePattern& pattern : places.patterns) {
-        if (values::SliceOfLeader(pattern, record.leader, slice)) take(std::as_const(slice));
+        if (values::SliceOfLeader(pattern, record.leader, slice) && test(std::as_const(slice))) {
+            return true;
+        }
     }
     TagOccurrences occurrences;
     for (const zorby::CommFormatField& field : record.fields) {
@@ -142,9 +155,10 @@ void ForEachSlice(const Record& record, const PlaceSet& places, Take&& take) {
             const std::uint32_t wanted = pattern.place.occurrence;
             if (wanted != 0 && wanted != occurrence) continue;
             slice.place = Place::OfField(field.tag, occurrence);
-            values::ForEachSliceOf(pattern, record.leader, field, slice, take);
+            if (values::AnySliceOf(pattern, record.leader, field, slice, test)) return true;
         }
     }
+    return false;
 }
 
 }  // namespace quillory

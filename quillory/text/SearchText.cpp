@@ -17,12 +17,20 @@ bool IsControl(utf8proc_int32_t c) {
     return c < kFirstPrintable || (c >= kFirstC1Control && c <= kLastC1Control);
 }
 
-bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return c >= 0; });
-}
-
 char LowerAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// A text that is not UTF-8 stays as it is.
+std::string Mapped(std::string_view utf8, int options) {
+    utf8proc_uint8_t* mapped = nullptr;
+    const utf8proc_ssize_t size =
+        utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(utf8.data()),
+                     static_cast<utf8proc_ssize_t>(utf8.size()), &mapped,
+                     static_cast<utf8proc_option_t>(UTF8PROC_STABLE | UTF8PROC_COMPOSE | options));
+    const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(mapped, &std::free);
+    if (size < 0) return std::string(utf8);
+    return {reinterpret_cast<const char*>(mapped), static_cast<std::size_t>(size)};
 }
 
 }  // namespace
@@ -48,22 +56,23 @@ std::string TidyText(std::string_view utf8) {
 }
 
 std::string Folded(std::string_view utf8) {
-    std::string folded(utf8);
-    if (IsAscii(utf8)) {
-        std::transform(folded.begin(), folded.end(), folded.begin(), LowerAscii);
-        return folded;
+    std::string folded;
+    if (FoldAscii(utf8, folded)) return folded;
+    return Mapped(utf8, UTF8PROC_CASEFOLD | UTF8PROC_STRIPMARK);
+}
+
+bool FoldAscii(std::string_view text, std::string& folded) {
+    folded.resize(text.size());
+    unsigned char all = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        all |= static_cast<unsigned char>(text[i]);
+        folded[i] = LowerAscii(text[i]);
     }
-    constexpr auto kOptions = static_cast<utf8proc_option_t>(
-        UTF8PROC_STABLE | UTF8PROC_COMPOSE | UTF8PROC_CASEFOLD | UTF8PROC_STRIPMARK);
-    utf8proc_uint8_t* mapped = nullptr;
-    const utf8proc_ssize_t size =
-        utf8proc_map(reinterpret_cast<const utf8proc_uint8_t*>(utf8.data()),
-                     static_cast<utf8proc_ssize_t>(utf8.size()), &mapped, kOptions);
-    const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(mapped, &std::free);
-    if (size >= 0) {
-        folded.assign(reinterpret_cast<const char*>(mapped), static_cast<std::size_t>(size));
-    }
-    return folded;
+    return all < 0x80;
+}
+
+std::string WithoutMarks(std::string_view utf8) {
+    return Mapped(utf8, UTF8PROC_STRIPMARK);
 }
 
 std::string_view TitleKeyOf(std::string_view folded) {

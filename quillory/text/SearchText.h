@@ -11,6 +11,10 @@ std::string TidyText(std::string_view utf8);
 
 // The text without case and diacritics.
 std::string Folded(std::string_view utf8);
+// The same for ASCII alone, into `folded`, which is used again and again. False for other text.
+bool FoldAscii(std::string_view text, std::string& folded);
+// The text without diacritics, its case kept.
+std::string WithoutMarks(std::string_view utf8);
 
 // Titles are found by so many bytes of them, folded: the index holds no more.
 inline constexpr std::size_t kTitleKeySize = 32;

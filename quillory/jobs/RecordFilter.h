@@ -1,0 +1,38 @@
+#pragma once
+
+#include <quillory/checks/Checker.h>
+#include <quillory/jobs/Library.h>
+#include <quillory/jobs/WhereOptions.h>
+#include <quillory/queries/Query.h>
+
+#include <optional>
+#include <vector>
+
+namespace quillory {
+
+// Tells the records that a job works on from all others.
+class RecordFilter {
+public:
+    // `charset` is that of the records. Throws UsageError, which shows what is wrong with the
+    // expression, and FileError if checks are asked for whose data files can't be read.
+    RecordFilter(const WhereOptions& options, Charset charset);
+    RecordFilter(const RecordFilter&) = delete;
+    RecordFilter& operator=(const RecordFilter&) = delete;
+
+    bool Takes(const Record& record) { return !query_ || query_->Matches(record); }
+    // As Query::HitsIn.
+    std::vector<QueryHit> HitsIn(const Record& record);
+
+private:
+    void MakeChecks(Charset charset);
+
+    std::optional<Query> query_;
+    std::optional<SettingsKeeper> settings_;
+    std::optional<Checker> checker_;
+    std::vector<Finding> findings_;
+};
+
+// Whether a record with these findings is what a query calls valid.
+bool IsValidUnder(Checker& checker, const Record& record, std::vector<Finding>& findings);
+
+}  // namespace quillory
