@@ -47,7 +47,7 @@ std::optional<TextRange> FindLike(std::string_view text, std::string_view patter
         return std::nullopt;
     }
     const auto end = std::min(static_cast<std::size_t>(last) + 1, text.size());
-    return TextRange{static_cast<std::size_t>(first), end};
+    return TextRange{std::min(static_cast<std::size_t>(first), end), end};
 }
 
 }  // namespace
