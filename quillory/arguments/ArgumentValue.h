@@ -23,7 +23,7 @@ std::optional<std::pair<std::string, std::string>> SplitKeyValue(const std::stri
 
 // A text, a number, or a pair of a key and one of them.
 template <class Value>
-struct ValueReader {
+struct ArgumentReader {
     static constexpr bool kIsNumber = std::integral<Value> && !std::same_as<Value, bool>;
     static_assert(kIsNumber || std::same_as<Value, std::string>,
                   "an argument takes a text, a number, or one of several choices");
@@ -53,14 +53,15 @@ struct ValueReader {
 };
 
 template <class Value>
-struct ValueReader<std::pair<std::string, Value>> {
-    static std::optional<NumberRange> Range() { return ValueReader<Value>::Range(); }
+struct ArgumentReader<std::pair<std::string, Value>> {
+    static std::optional<NumberRange> Range() { return ArgumentReader<Value>::Range(); }
     static std::string Shown() { return "KEY=VALUE"; }
     static std::pair<std::string, Value> Read(const std::string& text,
                                               const ArgumentDefinition& definition) {
         try {
             const auto parts = SplitKeyValue(text);
-            if (parts) return {parts->first, ValueReader<Value>::Read(parts->second, definition)};
+            if (parts)
+                return {parts->first, ArgumentReader<Value>::Read(parts->second, definition)};
         } catch (const UsageError&) {  // the whole is what is wrong
         }
         throw UsageError(text + " is not " + definition.value);

@@ -146,7 +146,7 @@ private:
     Argument& Add(ArgumentKind kind, const std::string& names, Target& target,
                   const std::string& text) {
         using Slot = ValueSlot<Target>;
-        using Reader = ValueReader<typename Slot::Value>;
+        using Reader = ArgumentReader<typename Slot::Value>;
         ArgumentDefinition definition = Define(kind, names, text);
         definition.value = Reader::Shown();
         definition.range = Reader::Range();
