@@ -47,6 +47,7 @@ void Reporter::EndFile() {
         if (options_.all || count <= kSaidInFull) continue;
         Say(file_ + ": " + std::to_string(count - kSaidInFull) + " more: " + kind);
     }
+    counts_.clear();
 }
 
 bool Reporter::Count(std::string_view kind) {

@@ -21,6 +21,12 @@ std::vector<std::string> Parts(const std::string& text) {
 
 }  // namespace
 
+PlaceSet ParsePlaces(const std::string& option, const std::string& text) {
+    PlaceSetReading reading = ParsePlaceSet(text);
+    if (reading.fault) throw UsageError(option + ": " + CaretText(text, reading.fault));
+    return std::move(reading.places);
+}
+
 std::vector<KeyPlace> ParseKeyPlaces(const std::string& option, const std::string& text) {
     std::vector<KeyPlace> places;
     for (const std::string& part : Parts(text)) {
@@ -28,9 +34,7 @@ std::vector<KeyPlace> ParseKeyPlaces(const std::string& option, const std::strin
             places.push_back({true, {}});
             continue;
         }
-        const PlaceSetReading reading = ParsePlaceSet(part);
-        if (reading.fault) throw UsageError(option + ":\n" + CaretText(part, reading.fault));
-        for (const PlacePattern& pattern : reading.places.patterns) {
+        for (const PlacePattern& pattern : ParsePlaces(option, part).patterns) {
             places.push_back({false, {{pattern}}});
         }
     }

@@ -14,6 +14,10 @@ struct KeyPlace {
     PlaceSet place;  // of one pattern; empty for the title
 };
 
+// The places of an option's text. Throws UsageError, with the name of the option and where in the
+// text it is, for what is no place.
+PlaceSet ParsePlaces(const std::string& option, const std::string& text);
+
 // "245a, 008/07-10", or "title". Throws UsageError, with the name of the option, for what is no
 // place.
 std::vector<KeyPlace> ParseKeyPlaces(const std::string& option, const std::string& text);

@@ -75,8 +75,8 @@ TEST(Commands, OptionsHaveOneSpelling) {
     for (const auto& [shortName, names] : longNames) {
         EXPECT_EQ(names.size(), 1U) << shortName << testing::PrintToString(names);
     }
-    EXPECT_EQ(formats,
-              (std::set<std::string>{"text|json", "text|jsonl", "text|jsonl|html", "tsv|json"}));
+    EXPECT_EQ(formats, (std::set<std::string>{"text|json", "text|jsonl", "text|jsonl|html",
+                                              "tsv|csv|jsonl", "tsv|json"}));
 }
 
 }  // namespace

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <quillory/exchange/Output.h>
+#include <quillory/jobs/Reporter.h>
+
+#include <memory>
+#include <string>
+
+namespace quillory {
+
+// What is no sound record, for a job that writes no records: it is named, and its bytes are kept in
+// a file if one is given.
+class DamageKeeper {
+public:
+    // Throws FileError if the file can't be made. An empty path is no file.
+    DamageKeeper(const std::string& path, Reporter& reporter);
+
+    // Of an item that is no record, or one that was read from its terminators. Result: true for a
+    // record.
+    bool Take(const Item& item);
+    // Gives the file its final name.
+    void Finish();
+
+    // Findings, if anything came.
+    Status Result() const { return status_; }
+
+private:
+    Reporter& reporter_;
+    std::unique_ptr<Output> file_;
+    Status status_ = kStatusWell;
+};
+
+}  // namespace quillory
