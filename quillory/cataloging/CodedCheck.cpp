@@ -1,91 +1,109 @@
 #include <quillory/cataloging/CodedCheck.h>
 #include <quillory/coded/Decoder.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillory {
 namespace {
 
-constexpr int kType = 6;
+constexpr unsigned kTag006 = 6;
+constexpr unsigned kTag007 = 7;
+constexpr unsigned kTag008 = 8;
+constexpr int kType = 6;  // positions of the leader
 constexpr int kLevel = 7;
 
 bool IsCoded(const Entry& entry) {
-    if (entry.kind == EntryKind::ControlField && entry.text.empty()) return false;
-    const bool isCodedTag = entry.tag == 0 || (6 <= entry.tag && entry.tag <= 8);
-    return isCodedTag &&
-           (entry.kind == EntryKind::Positions || entry.kind == EntryKind::ControlField);
+    const bool isWhole = entry.kind == EntryKind::ControlField && !entry.text.empty();
+    const unsigned tag = entry.Tag();
+    return (isWhole || entry.kind == EntryKind::Positions) &&
+           (entry.place.IsLeader() || (kTag006 <= tag && tag <= kTag008));
 }
 
-bool IsNamed(const DecodedElement& element, const Entry& entry) {
-    const bool isOtherField = entry.tag == 0 && element.place.Tag() == "008";
-    if (entry.kind == EntryKind::ControlField || isOtherField) return true;
-    return element.place.first <= entry.last && entry.first <= element.place.last;
-}
-
-std::string FaultOf(const DecodedElement& element) {
-    const std::string value = "\"" + element.value + "\"";
-    const std::string place = PlaceText(element.place);
-    const std::string name = " " + place + " (" + element.name + ")";
+// What is wrong with an element, if anything is.
+Fault FaultOf(const DecodedElement& element) {
+    const Place& place = element.place;
     switch (element.state) {
         case ElementState::Misfit:
-            return value + " is no value of" + name;
+            return {FaultCode::kNotAValue, place, element.value, element.name};
         case ElementState::Undefined:
-            return value + " stands in" + name + ", which the format leaves undefined";
+            return {FaultCode::kUndefinedPositions, place, element.value};
         case ElementState::Undecoded:
-            return value + ": " + element.text;
+            return {FaultCode::kNotDecoded, place, element.value, element.text};
         default:
             break;
     }
     for (const CodeMeaning& code : element.codes) {
-        if (code.state != CodeState::Unknown && code.state != CodeState::Obsolete) continue;
-        const bool isObsolete = code.state == CodeState::Obsolete;
-        std::string fault = "\"" + code.code;
-        fault.append(isObsolete ? "\" is an obsolete code of" : "\" is no code of").append(name);
-        return fault.append("; quillory describe ").append(place).append(" lists them");
+        if (code.state == CodeState::Unknown) {
+            return {FaultCode::kNotACode, place, code.code, element.name};
+        }
+        if (code.state == CodeState::Obsolete) {
+            return {FaultCode::kObsoleteCode, place, code.code, element.name};
+        }
     }
     return {};
 }
 
-bool IsOfOtherLength(const DecodedField& field) {
-    return std::ranges::any_of(field.elements, [](const DecodedElement& element) {
-        return element.state == ElementState::Missing || element.state == ElementState::Excess;
-    });
+// Whether an element is in a place: in its positions, or in the whole field.
+bool Covers(const Place& place, const Place& element) {
+    return !place.HasPositions() || (element.first <= place.last && place.first <= element.last);
 }
 
-// The type of record, and the level of what is published in parts, say how 008 is to be read.
-bool ChangesForm(const Entry& entry) {
-    return entry.tag == 0 && entry.first <= kLevel && kType <= entry.last;
-}
-
-void Check(const DecodedField& field, const Entry& entry) {
-    if (IsOfOtherLength(field)) {
-        throw EntryError(entry.place, "the field is not as long as the format has it");
+// The first fault in a place of a field.
+Fault FaultIn(const DecodedField& field, const Place& place) {
+    for (const DecodedElement& element : field.elements) {
+        if (element.state == ElementState::Missing || element.state == ElementState::Excess) {
+            return {FaultCode::kWrongLength, place, element.text};
+        }
     }
     for (const DecodedElement& element : field.elements) {
-        if (!IsNamed(element, entry)) continue;
-        const std::string fault = FaultOf(element);
-        if (!fault.empty()) throw EntryError(entry.place, fault);
+        const Fault fault = FaultOf(element);
+        if (fault && Covers(place, fault.place)) return fault;
     }
+    return {};
 }
 
-// Without an occurrence it is the first field; of a whole field, any with this content.
-void CheckEntry(const Record& record, const Entry& entry, const Decoder& decoder) {
-    if (entry.tag == 0) Check(decoder.Leader(record.leader), entry);
-    int count = 0;
+// The type of record and the bibliographic level in the leader decide how 008 is read.
+Fault FaultOf008UnderLeader(const Record& record, const Entry& entry, const Decoder& decoder) {
+    if (kLevel < entry.place.first || entry.place.last < kType) return {};
     for (const zorby::CommFormatField& field : record.fields) {
-        if (field.tag == "008" && ChangesForm(entry)) {
-            Check(decoder.Field008(field.content, record.leader), entry);
-        }
-        if (!field.IsControlField() || field.tag[2] != static_cast<char>('0' + entry.tag)) continue;
-        ++count;
-        const bool isWhole = entry.kind == EntryKind::ControlField;
-        const bool isMeant =
-            isWhole ? field.content == entry.text : count == std::max(entry.occurrence, 1);
-        if (!isMeant) continue;
-        if (entry.tag == 6) Check(decoder.Field006(field.content), entry);
-        if (entry.tag == 7) Check(decoder.Field007(field.content), entry);
-        if (entry.tag == 8) Check(decoder.Field008(field.content, record.leader), entry);
+        if (field.tag != "008") continue;
+        const Fault fault =
+            FaultIn(decoder.Field008(field.content, record.leader), Place::OfField(kTag008));
+        if (fault) return {FaultCode::kTypeAgainst008, entry.place, FaultText(fault)};
     }
+    return {};
+}
+
+DecodedField Decoded(const zorby::CommFormatField& field, unsigned tag, const Record& record,
+                     const Decoder& decoder) {
+    if (tag == kTag006) return decoder.Field006(field.content);
+    if (tag == kTag007) return decoder.Field007(field.content);
+    return decoder.Field008(field.content, record.leader);
+}
+
+// Positions are of the first field, or of that with the occurrence; a whole field may be any field
+// with its content.
+Fault FaultOfField(const Record& record, const Entry& entry, const Decoder& decoder) {
+    std::uint32_t count = 0;
+    for (const zorby::CommFormatField& field : record.fields) {
+        if (field.tag != entry.place.Tag()) continue;
+        ++count;
+        const bool isMeant = entry.kind == EntryKind::ControlField
+                                 ? field.content == entry.text
+                                 : count == std::max(entry.place.occurrence, 1U);
+        if (!isMeant) continue;
+        const Fault fault = FaultIn(Decoded(field, entry.Tag(), record, decoder), entry.place);
+        if (fault) return fault;
+    }
+    return {};
+}
+
+Fault FaultOfEntry(const Record& record, const Entry& entry, const Decoder& decoder) {
+    if (!entry.place.IsLeader()) return FaultOfField(record, entry, decoder);
+    const Fault fault = FaultIn(decoder.Leader(record.leader), entry.place);
+    return fault ? fault : FaultOf008UnderLeader(record, entry, decoder);
 }
 
 }  // namespace
@@ -93,7 +111,8 @@ void CheckEntry(const Record& record, const Entry& entry, const Decoder& decoder
 std::string CodedEntriesText(std::span<const Entry> entries) {
     std::string text;
     for (const Entry& entry : entries) {
-        if (IsCoded(entry)) text.append(entry.place).append("=").append(entry.text).append("\n");
+        if (!IsCoded(entry)) continue;
+        text.append(PlaceText(entry.place)).append("=").append(entry.text).append("\n");
     }
     return text;
 }
@@ -103,11 +122,8 @@ void CheckCodedEntries(const Record& record, std::span<const Entry> entries,
     const Decoder decoder(lists);
     for (const Entry& entry : entries) {
         if (!IsCoded(entry)) continue;
-        try {
-            CheckEntry(record, entry, decoder);
-        } catch (const EntryError& error) {
-            throw EntryError(error, entry.where);
-        }
+        Fault fault = FaultOfEntry(record, entry, decoder);
+        if (fault) throw EntryError(std::move(fault), entry.where);
     }
 }
 

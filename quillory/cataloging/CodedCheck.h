@@ -9,13 +9,13 @@
 
 namespace quillory {
 
-// All that CheckCodedEntries looks at, to tell whether it has been looked at before; empty if there
-// is nothing.
+// The entries that CheckCodedEntries looks at, as one text; empty if there are none. Equal texts
+// give equal results for records of one workform.
 std::string CodedEntriesText(std::span<const Entry> entries);
 
-// Holds what was said of the control fields against the codes that they may have: the positions
-// that were given, and the whole of a 006, 007 or 008 that was. Throws EntryError for a value that
-// is none, and for a field of another length.
+// Checks what was said of coded fields (leader, 006, 007, 008) against the codes that they may
+// have: the positions that were given, or all of a field that was given whole. Throws EntryError
+// for the first value that is not a code, and for a field of another length.
 void CheckCodedEntries(const Record& record, std::span<const Entry> entries,
                        const CodeLists& lists);
 

@@ -1,6 +1,8 @@
 #include <quillory/cataloging/Description.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
+#include <utility>
 
 #include <toml++/toml.h>
 
@@ -11,12 +13,12 @@ constexpr const char* kWorkform = "workform";
 constexpr const char* kRecord = "record";
 constexpr const char* kIndicators = "ind";
 
-// A value and its key, in the order of the file: tables are in that of their keys.
 struct Value {
     std::string_view key;
     const toml::node* node;
 };
 
+// In the order of the file; the table itself is in the order of its keys.
 std::vector<Value> InOrder(const toml::table& table) {
     std::vector<Value> values;
     for (const auto& [key, node] : table) values.push_back({key.str(), &node});
@@ -26,14 +28,14 @@ std::vector<Value> InOrder(const toml::table& table) {
     return values;
 }
 
-// A text, or a number as it would be written.
+// A text, or the digits of a number.
 std::string TextOf(const toml::node& node, std::string_view key) {
     if (const auto* text = node.as_string()) return text->get();
     if (const auto* number = node.as_integer()) return std::to_string(number->get());
-    throw EntryError(key, "is no text");
+    throw EntryError({FaultCode::kNotAText, {}, std::string(key)});
 }
 
-// One value, or each of an array.
+// Hands a value to `take`, or each element of an array.
 template <class Take>
 void ForEach(const toml::node& node, Take take) {
     const toml::array* array = node.as_array();
@@ -71,15 +73,20 @@ void ReadValue(const Value& value, Description& description) {
     });
 }
 
-// Where a text stands that begins behind so many lines.
+// The place in the file of a place in a text that begins after so many lines.
 LineColumn PlaceOf(const toml::source_position& place, std::uint64_t lines) {
     return {lines + place.line, place.column};
 }
 
-void SetError(const toml::source_position& place, std::uint64_t lines, std::string_view reason,
+void SetError(const toml::source_position& place, std::uint64_t lines, Fault fault,
               Description& description) {
-    description.error = reason;
+    description.error = std::move(fault);
     description.where = PlaceOf(place, lines);
+}
+
+void SetError(const toml::parse_error& error, std::uint64_t lines, Description& description) {
+    SetError(error.source().begin, lines,
+             {FaultCode::kNotToml, {}, std::string(error.description())}, description);
 }
 
 void ReadTable(const toml::table& table, std::uint64_t lines, Description& description) {
@@ -88,7 +95,7 @@ void ReadTable(const toml::table& table, std::uint64_t lines, Description& descr
         try {
             ReadValue(value, description);
         } catch (const EntryError& error) {
-            SetError(value.node->source().begin, lines, error.what(), description);
+            SetError(value.node->source().begin, lines, error.What(), description);
             return;
         }
         for (std::size_t i = known; i < description.entries.size(); ++i) {
@@ -109,7 +116,7 @@ bool IsHeader(std::string_view text) {
     return true;
 }
 
-// The next line that begins a record, from there on; npos without.
+// The next line that begins a record, from there on; npos if there is none.
 std::size_t FindRecord(std::string_view toml, std::size_t from) {
     for (std::size_t at = from; (at = toml.find("[[", at)) != toml.npos; ++at) {
         const std::size_t before = at == 0 ? toml.npos : toml.find_last_not_of(" \t", at - 1);
@@ -119,11 +126,11 @@ std::size_t FindRecord(std::string_view toml, std::size_t from) {
     return toml.npos;
 }
 
-// A record that is no TOML may have a text that reads like the beginning of another record: then it
-// is TOML with what follows.
+// A text of a record may have a line that reads like the beginning of another record. Then the
+// record is valid TOML only together with what follows.
 constexpr int kJoinedAtMost = 4;
 
-// Reads the record at the front of a text, or says why it can't be read. Gives its size.
+// Reads the record at the front of a text, or says why it can't be read, and gives its size.
 toml::table Parse(std::string_view toml, std::uint64_t lines, Description& description) {
     std::size_t size = 0;
     for (int joined = 0; joined < kJoinedAtMost && size < toml.size(); ++joined) {
@@ -131,12 +138,12 @@ toml::table Parse(std::string_view toml, std::uint64_t lines, Description& descr
         try {
             toml::table table = toml::parse(toml.substr(0, size));
             description.size = size;
-            description.error.clear();
+            description.error = {};
             return table;
         } catch (const toml::parse_error& error) {
             if (joined != 0) continue;
             description.size = size;
-            SetError(error.source().begin, lines, error.description(), description);
+            SetError(error, lines, description);
         }
     }
     return {};
@@ -163,13 +170,14 @@ void DescriptionReader::ReadHead() {
     try {
         ReadTable(toml::parse(rest_.substr(0, size)), lines, head_);
     } catch (const toml::parse_error& error) {
-        SetError(error.source().begin, lines, error.description(), head_);
+        SetError(error, lines, head_);
     }
-    if (head_.error.empty() && !head_.entries.empty()) {
-        head_.error = head_.entries.front().place + ": stands outside of the records";
-        head_.where = head_.entries.front().where;
+    if (!head_.error && !head_.entries.empty()) {
+        const Entry& first = head_.entries.front();
+        head_.error = {FaultCode::kOutsideOfRecords, first.place};
+        head_.where = first.where.value_or(LineColumn());
     }
-    if (head_.error.empty()) Skip(size);
+    if (!head_.error) Skip(size);
 }
 
 bool DescriptionReader::Next(Description& description) {
@@ -178,7 +186,7 @@ bool DescriptionReader::Next(Description& description) {
     description.workform = head_.workform;
     description.offset = offset_;
     description.line = line_;
-    if (!head_.error.empty()) {
+    if (head_.error) {
         description.error = std::exchange(head_.error, {});
         description.where = head_.where;
         description.size = FindRecord(rest_, 0);
@@ -192,7 +200,7 @@ bool DescriptionReader::Next(Description& description) {
 void DescriptionReader::ReadRecord(Description& description) {
     const std::uint64_t lines = line_ - 1;
     const toml::table root = Parse(rest_, lines, description);
-    if (!description.error.empty()) return;
+    if (description.error) return;
     if (!hasRecords_) {
         ReadTable(root, lines, description);
         return;
@@ -202,7 +210,7 @@ void DescriptionReader::ReadRecord(Description& description) {
     if (isOne) {
         ReadTable(*records->get(0)->as_table(), lines, description);
     } else {
-        SetError({1, 1}, lines, "what follows is not one record", description);
+        SetError({1, 1}, lines, {FaultCode::kNotOneRecord}, description);
     }
 }
 

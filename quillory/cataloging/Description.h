@@ -9,11 +9,11 @@
 
 namespace quillory {
 
-// What is told of one new record.
+// What a file says of one new record.
 struct Description {
-    std::string workform;  // its name, or empty if not told
+    std::string workform;  // its name; empty if none is named
     std::vector<Entry> entries;
-    std::string error;         // why it can't be used; empty if it can
+    Fault error;               // why no record can be made of it; of no code if one can
     LineColumn where;          // of the error
     std::uint64_t offset = 0;  // of its bytes in the file
     std::uint64_t size = 0;
@@ -21,13 +21,13 @@ struct Description {
 };
 
 // Reads the descriptions of a TOML file: one for each [[record]], or a single one in a file that
-// has none. `workform` above the first is for all that name none. The keys of a record are places
-// as in ReadEntry, their values
+// has no [[record]]. A `workform` above the first is for all records that name none. The keys of a
+// record are places as in ReadEntry, and their values are
 //   245a = "Title"                  a text, or an array of texts
-//   245 = "10$aTitle"               a field as it is to stand, or an array
+//   245 = "10$aTitle"               a field as it is to stand, or an array of fields
 //   264 = {a = "Town :", c = 2021}  a field by its subfields, each a text or an array of texts,
-//                                   "ind" its indicators; or an array of such
-// A record that is no TOML does not keep the others from being read.
+//                                   and its indicators ("ind"); or an array of such fields
+// A record that is not valid TOML does not keep the others from being read.
 class DescriptionReader {
 public:
     // Keeps the view.
@@ -39,7 +39,7 @@ public:
 private:
     void ReadHead();
     void ReadRecord(Description& description);
-    // Moves on behind `size` bytes.
+    // Moves on by `size` bytes.
     void Skip(std::size_t size);
 
     std::string_view rest_;

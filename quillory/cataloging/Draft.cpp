@@ -1,5 +1,5 @@
 #include <quillory/cataloging/Draft.h>
-#include <quillory/places/Tag.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
 #include <array>
@@ -22,7 +22,7 @@ std::string Day(const std::tm& day) {
     return {text.data(), std::strftime(text.data(), text.size(), "%y%m%d", &day)};
 }
 
-// Positions of the leader that say how the record is stored: nobody's to set.
+// Positions of the leader that say how the record is stored. They are set when it is written.
 bool IsStructure(int first, int last) {
     constexpr std::array<std::pair<int, int>, 3> kStructure{{{0, 4}, {9, 16}, {20, 23}}};
     return std::ranges::any_of(
@@ -30,7 +30,11 @@ bool IsStructure(int first, int last) {
 }
 
 [[noreturn]] void ThrowOnce(const Entry& entry) {
-    throw EntryError(entry.place, "a record has this field once");
+    throw EntryError({FaultCode::kOnlyOneField, entry.place});
+}
+
+[[noreturn]] void ThrowTooFew(const Entry& entry, std::size_t count) {
+    throw EntryError({FaultCode::kTooFewFields, entry.place, std::to_string(count)});
 }
 
 }  // namespace
@@ -39,7 +43,7 @@ bool Draft::Field::Has(char code) const {
     return std::ranges::find(given, code, &SubfieldText::code) != given.end();
 }
 
-// A text that was given, or the workform's own where it has not been taken away.
+// Whether there is a text that was given, or one of the workform that was not taken away.
 bool Draft::Field::IsWanted() const {
     const bool isFilled = std::ranges::any_of(
         given, [](const SubfieldText& subfield) { return !subfield.text.empty(); });
@@ -78,10 +82,10 @@ void Draft::Take(const Entry& entry) {
 }
 
 void Draft::TakeSubfields(const Entry& entry) {
-    const std::size_t place = FieldFor(entry);
-    Field& field = fields_[place];
+    const std::size_t index = FieldFor(entry);
+    Field& field = fields_[index];
     CheckRepeats(field, entry);
-    current_[entry.tag] = place;
+    current_[entry.Tag()] = index;
     field.isTouched = true;
     if (!entry.indicators.empty()) {
         field.indicators = entry.indicators;
@@ -95,55 +99,55 @@ void Draft::CheckRepeats(const Field& field, const Entry& entry) {
     for (const SubfieldText& subfield : field.given) codes += subfield.code;
     for (const SubfieldText& subfield : entry.subfields) {
         const bool isRepeat = codes.find(subfield.code) != codes.npos;
-        if (isRepeat && CTemplate::SubfieldRepeatable(entry.tag, subfield.code) == 0) {
-            throw EntryError(entry.place, std::string("a field has $") + subfield.code + " once");
+        if (isRepeat && CTemplate::SubfieldRepeatable(entry.Tag(), subfield.code) == 0) {
+            throw EntryError({FaultCode::kOnlyOneSubfield, entry.place, {subfield.code}});
         }
         codes += subfield.code;
     }
 }
 
 void Draft::TakeWrittenField(const Entry& entry) {
-    const std::size_t place = entry.occurrence != 0 ? NumberedField(entry) : NextField(entry);
-    if (!fields_[place].given.empty()) {
-        throw EntryError(entry.place, "something was said of this field before");
+    const std::size_t index = entry.place.occurrence != 0 ? NumberedField(entry) : NextField(entry);
+    if (!fields_[index].given.empty()) {
+        throw EntryError({FaultCode::kFieldGivenBefore, entry.place});
     }
-    current_[entry.tag] = place;
-    fields_[place] = {entry.tag, entry.indicators, nullptr, entry.subfields, true, true, true};
+    current_[entry.Tag()] = index;
+    fields_[index] = {entry.Tag(), entry.indicators, nullptr, entry.subfields, true, true, true};
 }
 
 std::size_t Draft::FieldFor(const Entry& entry) {
-    if (entry.occurrence != 0) return NumberedField(entry);
-    const auto current = current_.find(entry.tag);
+    if (entry.place.occurrence != 0) return NumberedField(entry);
+    const auto current = current_.find(entry.Tag());
     if (current == current_.end() || entry.kind == EntryKind::Field || entry.subfields.empty()) {
         return NextField(entry);
     }
     const char code = entry.subfields.front().code;
     const Field& field = fields_[current->second];
-    const bool fits = !field.Has(code) || CTemplate::SubfieldRepeatable(entry.tag, code) != 0;
+    const bool fits = !field.Has(code) || CTemplate::SubfieldRepeatable(entry.Tag(), code) != 0;
     return fits ? current->second : NextField(entry);
 }
 
-// A field of the workform that nothing has been put into, or another one.
+// A field of the workform that nothing has gone into yet, or a new one.
 std::size_t Draft::NextField(const Entry& entry) {
     const char code = entry.subfields.empty() ? '\0' : entry.subfields.front().code;
-    const std::size_t untouched = UntouchedField(entry.tag, code);
+    const std::size_t untouched = UntouchedField(entry.Tag(), code);
     if (untouched != kNone) return untouched;
-    if (current_.contains(entry.tag) && CTemplate::FieldRepeatable(entry.tag) == 0) {
+    if (current_.contains(entry.Tag()) && CTemplate::FieldRepeatable(entry.Tag()) == 0) {
         ThrowOnce(entry);
     }
-    return AddField(entry.tag, code);
+    return AddField(entry.Tag(), code);
 }
 
-// At first one that waits for the subfield; the text of a workform is replaced only where there is
-// no such field, and never by further entries.
+// A field that has the subfield without a text is the first choice. Only the first entry of a tag
+// may replace a text of the workform.
 std::size_t Draft::UntouchedField(unsigned tag, char code) const {
-    const std::vector<std::size_t> places = FieldsOf(tag);
+    const std::vector<std::size_t> indexes = FieldsOf(tag);
     const auto find = [&](auto matches) {
-        const auto found = std::ranges::find_if(places, [&](std::size_t place) {
-            const Field& field = fields_[place];
+        const auto found = std::ranges::find_if(indexes, [&](std::size_t index) {
+            const Field& field = fields_[index];
             return !field.isTouched && field.pattern != nullptr && matches(*field.pattern);
         });
-        return found == places.end() ? kNone : *found;
+        return found == indexes.end() ? kNone : *found;
     };
     const std::size_t waiting = find([code](const PatternField& pattern) {
         const std::string* text = pattern.Find(code);
@@ -156,20 +160,15 @@ std::size_t Draft::UntouchedField(unsigned tag, char code) const {
 }
 
 std::size_t Draft::NumberedField(const Entry& entry) {
-    const std::vector<std::size_t> places = FieldsOf(entry.tag);
-    const auto number = static_cast<std::size_t>(entry.occurrence);
-    if (number <= places.size()) return places[number - 1];
-    const std::string count = std::to_string(places.size());
-    if (number > places.size() + 1) {
-        throw EntryError(entry.place, "so far there are " + count + " of these fields");
-    }
-    if (!places.empty() && CTemplate::FieldRepeatable(entry.tag) == 0) {
-        ThrowOnce(entry);
-    }
-    return AddField(entry.tag, entry.subfields.empty() ? '\0' : entry.subfields.front().code);
+    const std::vector<std::size_t> indexes = FieldsOf(entry.Tag());
+    const std::size_t number = entry.place.occurrence;
+    if (number <= indexes.size()) return indexes[number - 1];
+    if (number > indexes.size() + 1) ThrowTooFew(entry, indexes.size());
+    if (!indexes.empty() && CTemplate::FieldRepeatable(entry.Tag()) == 0) ThrowOnce(entry);
+    return AddField(entry.Tag(), entry.subfields.empty() ? '\0' : entry.subfields.front().code);
 }
 
-// Like the workform's field that waits for the subfield, or the first of the tag.
+// A field like that of the workform which has the subfield without a text, or the first of the tag.
 std::size_t Draft::AddField(unsigned tag, char code) {
     const PatternField* like = nullptr;
     for (const PatternField& field : pattern_.Fields()) {
@@ -185,79 +184,83 @@ std::size_t Draft::AddField(unsigned tag, char code) {
 }
 
 std::vector<std::size_t> Draft::FieldsOf(unsigned tag) const {
-    std::vector<std::size_t> places;
-    for (std::size_t place = 0; place < fields_.size(); ++place) {
-        if (fields_[place].tag == tag) places.push_back(place);
+    std::vector<std::size_t> indexes;
+    for (std::size_t index = 0; index < fields_.size(); ++index) {
+        if (fields_[index].tag == tag) indexes.push_back(index);
     }
-    return places;
+    return indexes;
 }
 
-// Fields 006 and 007 repeat: what is given goes behind those of the workform, or in the place of
-// the one that was named.
+// Fields 006 and 007 repeat: what is given comes after those of the workform, or replaces the one
+// that was named.
 void Draft::TakeControlField(const Entry& entry) {
-    const bool isRepeatable = entry.tag == kTag006 || entry.tag == kTag007;
-    if (entry.occurrence == 0 && !given_.insert(entry.tag).second && !isRepeatable) {
+    const unsigned tag = entry.Tag();
+    const bool isRepeatable = tag == kTag006 || tag == kTag007;
+    if (entry.place.occurrence == 0 && !given_.insert(tag).second && !isRepeatable) {
         ThrowOnce(entry);
     }
-    hasOwnDate_ = hasOwnDate_ || entry.tag == kTag008;
-    const bool isAnother = isRepeatable && entry.occurrence == 0 && !entry.text.empty();
+    hasOwnDate_ = hasOwnDate_ || tag == kTag008;
+    const bool isAnother = isRepeatable && entry.place.occurrence == 0 && !entry.text.empty();
     const auto known = isAnother ? controlFields_.end() : FindControlField(entry);
     if (known != controlFields_.end()) {
         known->content = entry.text;
         return;
     }
-    if (entry.occurrence > 1) {
-        throw EntryError(entry.place, "the record has not so many of these fields");
-    }
-    const auto behind = std::ranges::find_if(
-        controlFields_, [&](const ControlField& field) { return field.tag > entry.tag; });
-    controlFields_.insert(behind, {entry.tag, entry.text});
+    if (entry.place.occurrence > 1) ThrowTooFew(entry, CountControlFields(tag));
+    const auto next = std::ranges::find_if(
+        controlFields_, [tag](const ControlField& field) { return field.tag > tag; });
+    controlFields_.insert(next, {tag, entry.text});
 }
 
 void Draft::TakePositions(const Entry& entry) {
-    if (entry.tag == 0 && IsStructure(entry.first, entry.last)) {
-        throw EntryError(entry.place, "says how a record is stored, and is set when it is written");
+    const Place& place = entry.place;
+    if (place.IsLeader() && IsStructure(place.first, place.last)) {
+        throw EntryError({FaultCode::kStorageOfLeader, place});
     }
-    std::string& content = entry.tag == 0 ? leader_ : ControlFieldFor(entry);
-    const auto first = static_cast<std::size_t>(entry.first);
-    const auto width = static_cast<std::size_t>(entry.last) - first + 1;
+    std::string& content = place.IsLeader() ? leader_ : ControlFieldFor(entry);
+    const auto first = static_cast<std::size_t>(place.first);
+    const auto width = static_cast<std::size_t>(place.last) - first + 1;
     if (first + width > content.size()) {
-        throw EntryError(entry.place,
-                         "the field has " + std::to_string(content.size()) + " characters");
+        throw EntryError({FaultCode::kBeyondField, place, std::to_string(content.size())});
     }
     if (entry.text.size() != width) {
-        throw EntryError(entry.place, "\"" + entry.text + "\" is not " + std::to_string(width) +
-                                          (width == 1 ? " character" : " characters"));
+        throw EntryError({FaultCode::kWrongWidth, place, entry.text, std::to_string(width)});
     }
     content.replace(first, width, entry.text);
     const bool isDate =
-        entry.tag == kTag008 && entry.first <= kLastOfDate1 && kFirstOfDate1 <= entry.last;
+        entry.Tag() == kTag008 && place.first <= kLastOfDate1 && kFirstOfDate1 <= place.last;
     hasOwnDate_ = hasOwnDate_ || isDate;
 }
 
 std::vector<ControlField>::iterator Draft::FindControlField(const Entry& entry) {
-    int left = std::max(entry.occurrence, 1);
+    std::uint32_t left = std::max(entry.place.occurrence, 1U);
     return std::ranges::find_if(controlFields_, [&](const ControlField& field) {
-        return field.tag == entry.tag && !field.content.empty() && --left == 0;
+        return field.tag == entry.Tag() && !field.content.empty() && --left == 0;
     });
+}
+
+std::size_t Draft::CountControlFields(unsigned tag) const {
+    const auto isOne = [tag](const ControlField& field) {
+        return field.tag == tag && !field.content.empty();
+    };
+    return static_cast<std::size_t>(std::ranges::count_if(controlFields_, isOne));
 }
 
 std::string& Draft::ControlFieldFor(const Entry& entry) {
     const auto found = FindControlField(entry);
     if (found != controlFields_.end()) return found->content;
-    throw EntryError(entry.place,
-                     "the record has no such field; give it whole, as " + TagText(entry.tag));
+    throw EntryError({FaultCode::kNoFieldForPositions, entry.place});
 }
 
-std::vector<Draft::Gap> Draft::Gaps() const {
-    std::vector<Gap> gaps;
-    std::map<unsigned, int> counts;
+std::vector<Place> Draft::Gaps() const {
+    std::vector<Place> gaps;
+    std::map<unsigned, std::uint32_t> counts;
     for (const Field& field : fields_) {
-        const int occurrence = ++counts[field.tag];
+        const Place place = Place::OfField(field.tag, ++counts[field.tag]);
         if (field.pattern == nullptr) continue;
         for (const SubfieldText& subfield : field.pattern->subfields) {
             const bool isGap = subfield.text.empty() && !field.Has(subfield.code);
-            if (isGap) gaps.push_back({field.tag, occurrence, subfield.code});
+            if (isGap) gaps.push_back(place.Subfield(subfield.code));
         }
     }
     return gaps;

@@ -14,26 +14,21 @@ namespace quillory {
 
 // A new record on its way from the workform to the finished record.
 //
-// Subfields go into the field of their tag that is being filled, at first the workform's. One that
-// is there already is repeated if the format allows it, and else begins another field of the tag.
-// In the finished record subfields stand in the workform's order; one that the workform does not
-// know stays behind the one after which it was given.
+// A subfield goes into the field of its tag that is being filled, at first one of the workform's.
+// If that field has the subfield already, it is repeated if the format allows it, and else begins
+// another field of the tag. In the finished record subfields stand in the workform's order; one
+// that the workform does not know follows the subfield after which it was given.
 class Draft {
 public:
-    // Of a record that is entered on that day. Keeps the reference.
+    // The record is entered on that day. Keeps the reference.
     Draft(const Pattern& pattern, const std::tm& day);
 
-    // Throws EntryError for what the format does not allow; the draft is then as it was.
+    // Throws EntryError for what the format does not allow, and then changes nothing.
     void Take(const Entry& entry);
 
-    // A subfield of a workform's field that has no text yet.
-    struct Gap {
-        unsigned tag = 0;
-        int occurrence = 0;  // as in Entry
-        char code = 0;
-    };
-    // In the order in which a cataloger fills them.
-    std::vector<Gap> Gaps() const;
+    // The subfields of the workform's fields that have no text yet, each in the field of its
+    // occurrence, in the order in which a cataloger fills them.
+    std::vector<Place> Gaps() const;
 
     // The finished record in UTF-8. Fields without a text of their own are left out. The views hold
     // until the draft is finished again.
@@ -43,7 +38,7 @@ private:
     struct Field {
         unsigned tag = 0;
         std::string indicators;
-        const PatternField* pattern = nullptr;  // null for one that the workform has not
+        const PatternField* pattern = nullptr;  // null where the workform has no such field
         std::vector<SubfieldText> given;        // an empty text takes the workform's away
         bool isTouched = false;
         bool isWritten = false;      // as it is to stand, with nothing of the workform
@@ -59,7 +54,7 @@ private:
     void TakeControlField(const Entry& entry);
     void TakePositions(const Entry& entry);
 
-    // These give places in `fields_`.
+    // These give indexes into `fields_`.
     std::size_t FieldFor(const Entry& entry);
     std::size_t NextField(const Entry& entry);
     std::size_t NumberedField(const Entry& entry);
@@ -67,6 +62,7 @@ private:
     std::size_t AddField(unsigned tag, char code);
     std::vector<std::size_t> FieldsOf(unsigned tag) const;
     std::vector<ControlField>::iterator FindControlField(const Entry& entry);
+    std::size_t CountControlFields(unsigned tag) const;
     std::string& ControlFieldFor(const Entry& entry);
 
     void AddFinishedFields();

@@ -21,7 +21,7 @@ struct Ranked {
     const SubfieldText* subfield;
 };
 
-// Whether a code comes again behind another: then the order says something.
+// Whether a code comes again after another one: then the order has a meaning.
 bool HasOrderOfItsOwn(const std::vector<SubfieldText>& subfields) {
     std::string codes;
     for (const SubfieldText& subfield : subfields) {
@@ -66,7 +66,7 @@ Record Draft::Finish() {
     return record;
 }
 
-// Fields of a tag stay together, where the workform has its first.
+// The fields of a tag stay together, where the workform has the first of them.
 void Draft::AddFinishedFields() {
     std::vector<unsigned> done;
     for (const Field& first : fields_) {
@@ -118,7 +118,7 @@ std::vector<SubfieldText> Draft::SubfieldsOf(const Field& field) const {
     return subfields;
 }
 
-// Date 1 of 008 follows the imprint, unless it was given.
+// Date 1 of 008 becomes the year of publication, unless it was given.
 void Draft::TakeOverDate() {
     const auto found =
         std::ranges::find(controlFields_, kTag008, [](const ControlField& f) { return f.tag; });
@@ -131,7 +131,7 @@ void Draft::TakeOverDate() {
     if (!year.empty()) content.replace(kDate1, year.size(), year);
 }
 
-// The first that was given, but a copyright date only where there is no other.
+// The first date that was given; a copyright date only if there is no other.
 std::string Draft::DateOfPublication(bool isContinuing) const {
     std::string copyright;
     for (const Field& field : fields_) {

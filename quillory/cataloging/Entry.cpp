@@ -1,87 +1,50 @@
 #include <quillory/cataloging/Entry.h>
-#include <quillory/places/Tag.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/text/Charset.h>
+#include <quillory/text/Utf8.h>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 
 namespace quillory {
 namespace {
 
-constexpr const char* kSuchAs =
-    "is no place: such are 245a, 650[2]a, 245, 001, 008/35-37, leader/17, language, country";
-
-// Elements of 008 that every new record needs, by a name of their own.
+// Elements of 008 that every new record needs have names.
 struct NamedPositions {
     std::string_view name;
-    std::string_view place;
-    std::size_t width;
+    int first;
+    int last;
 };
-constexpr std::array<NamedPositions, 2> kNamed{{
-    {"language", "008/35-37", 3},
-    {"country", "008/15-17", 3},
-}};
+constexpr std::array<NamedPositions, 2> kNamed{{{"language", 35, 37}, {"country", 15, 17}}};
 
-bool IsDigits(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
+// How a place is filled. An indicator, and a field of one material, can't be filled.
+std::optional<EntryKind> KindOf(const Place& place) {
+    if (place.indicator != 0 || place.material != '\0') return std::nullopt;
+    if (place.HasPositions()) return EntryKind::Positions;
+    if (place.IsControl()) return EntryKind::ControlField;
+    return place.code != '\0' ? EntryKind::Subfield : EntryKind::WrittenField;
 }
 
-int NumberOf(std::string_view digits, std::string_view place) {
-    int number = 0;
-    const char* const end = digits.data() + digits.size();
-    const bool isNumber =
-        IsDigits(digits) && std::from_chars(digits.data(), end, number).ec == std::errc();
-    if (!isNumber) throw EntryError(place, kSuchAs);
-    return number;
-}
-
-// Takes "[2]" off the front of `rest`.
-int TakeOccurrence(std::string_view& rest, std::string_view place) {
-    if (!rest.starts_with('[')) return 0;
-    const std::size_t close = rest.find(']');
-    if (close == rest.npos) throw EntryError(place, kSuchAs);
-    const int occurrence = NumberOf(rest.substr(1, close - 1), place);
-    if (occurrence == 0) throw EntryError(place, "fields are counted from 1");
-    rest.remove_prefix(close + 1);
-    return occurrence;
-}
-
-void TakePositions(std::string_view text, Entry& entry) {
-    const std::size_t dash = std::min(text.find('-'), text.size());
-    entry.kind = EntryKind::Positions;
-    entry.first = NumberOf(text.substr(0, dash), entry.place);
-    entry.last = dash == text.size() ? entry.first : NumberOf(text.substr(dash + 1), entry.place);
-    if (entry.last < entry.first) throw EntryError(entry.place, kSuchAs);
-}
-
-// The tag, the occurrence, and what is behind them.
-std::string_view TakeTag(std::string_view place, Entry& entry) {
-    entry.place = place;
-    std::string_view rest = place;
-    for (const std::string_view leader : {"leader", "ldr", "LDR"}) {
-        if (rest.starts_with(leader)) return rest.substr(leader.size());
-    }
-    const std::string_view digits = rest.substr(0, kTagSize);
-    entry.tag = static_cast<unsigned>(NumberOf(digits, place));
-    if (digits.size() != kTagSize || entry.tag == 0) throw EntryError(place, kSuchAs);
-    rest.remove_prefix(kTagSize);
-    entry.occurrence = TakeOccurrence(rest, place);
-    return rest;
+Place PlaceFrom(std::string_view text) {
+    const std::optional<Place> place = ParsePlace(text);
+    if (place && KindOf(*place)) return *place;
+    throw EntryError({FaultCode::kNotAnEntryPlace, {}, std::string(text)});
 }
 
 bool IsControl(char c) {
     return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
 }
 
+bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(' ') == text.npos;
+}
+
 // The text on one line, as a field holds it.
-std::string OnOneLine(std::string_view text, std::string_view place) {
+std::string OnOneLine(std::string_view text, const Place& place) {
     std::string line;
     for (const char c : text) {
         const bool isBreak = c == '\n' || c == '\r' || c == '\t';
-        if (!isBreak && IsControl(c)) {
-            throw EntryError(place, "the text has a control character");
-        }
+        if (!isBreak && IsControl(c)) throw EntryError({FaultCode::kControlCharacter, place});
         if (!isBreak) {
             line += c;
         } else if (!line.empty() && line.back() != ' ') {
@@ -89,20 +52,19 @@ std::string OnOneLine(std::string_view text, std::string_view place) {
         }
     }
     if (!text.empty() && IsControl(text.back()) && line.ends_with(' ')) line.pop_back();
-    if (!IsValidUtf8(line)) throw EntryError(place, "the text is no UTF-8");
+    if (!IsValidUtf8(line)) throw EntryError({FaultCode::kTextNotUtf8, place});
     return line;
 }
 
-// The same, and nothing for blanks alone.
-std::string FieldText(std::string_view text, std::string_view place) {
-    std::string line = OnOneLine(text, place);
-    if (line.find_first_not_of(' ') == line.npos) line.clear();
-    return line;
+// The same, but empty if it is all blank.
+std::string FieldText(std::string_view text, const Place& place) {
+    const std::string line = OnOneLine(text, place);
+    return IsBlank(line) ? "" : line;
 }
 
-char CodeOf(std::string_view code, std::string_view place) {
+char CodeFrom(std::string_view code, const Place& place) {
     const bool isCode = code.size() == 1 && code[0] > ' ' && code[0] <= '~' && code[0] != '$';
-    if (!isCode) throw EntryError(place, kSuchAs);
+    if (!isCode) throw EntryError({FaultCode::kNotASubfieldCode, place, std::string(code)});
     return code[0];
 }
 
@@ -115,54 +77,57 @@ std::string Unescaped(std::string_view text) {
     return plain;
 }
 
+// Takes a subfield off the front of `rest`, which begins with a dollar sign.
+void TakeSubfield(std::string_view& rest, Entry& entry) {
+    const std::string_view subfield = rest.substr(1, rest.find('$', 1) - 1);
+    if (subfield.empty()) throw EntryError({FaultCode::kSubfieldWithoutCode, entry.place});
+    const std::size_t codeSize = DecodeUtf8(subfield).size;
+    const char code = CodeFrom(subfield.substr(0, codeSize), entry.place);
+    std::string text = Unescaped(subfield.substr(codeSize));
+    if (!IsBlank(text)) entry.subfields.push_back({code, std::move(text)});
+    rest.remove_prefix(1 + subfield.size());
+}
+
 void ReadWrittenField(std::string_view text, Entry& entry) {
     constexpr std::size_t kIndicators = 2;
-    entry.kind = EntryKind::WrittenField;
     if (text.empty()) return;
     const std::string line = OnOneLine(text, entry.place);
     std::string_view rest = line;
     if (rest.size() < kIndicators + 2 || rest[kIndicators] != '$') {
-        throw EntryError(entry.place,
-                         "a whole field is two indicators and subfields, such as 10$aTitle");
+        throw EntryError({FaultCode::kNotAWrittenField, entry.place});
     }
     SetIndicators(entry, rest.substr(0, kIndicators));
     rest.remove_prefix(kIndicators);
-    while (!rest.empty()) {
-        const std::size_t size = std::min(rest.find('$', 1), rest.size());
-        if (size == 1) throw EntryError(entry.place, "a subfield sign ($) without a code");
-        const char code = CodeOf(rest.substr(1, 1), entry.place);
-        std::string value = Unescaped(rest.substr(2, size - 2));
-        const bool isBlank = value.find_first_not_of(' ') == value.npos;
-        if (!isBlank) entry.subfields.push_back({code, std::move(value)});
-        rest.remove_prefix(size);
-    }
+    while (!rest.empty()) TakeSubfield(rest, entry);
 }
 
 }  // namespace
 
 Entry ReadEntry(std::string_view place, std::string_view text) {
     const auto named = std::ranges::find(kNamed, place, &NamedPositions::name);
-    if (named != kNamed.end()) {
-        std::string code(text);
-        code.resize(std::max(code.size(), named->width), ' ');
-        return ReadEntry(named->place, code);
-    }
+    if (named == kNamed.end()) return MakeEntry(PlaceFrom(place), text);
+    const auto width = static_cast<std::size_t>(named->last - named->first + 1);
+    std::string code(text);
+    code.resize(std::max(code.size(), width), ' ');
+    return MakeEntry(Place::OfField("008").Positions(named->first, named->last), code);
+}
+
+Entry MakeEntry(const Place& place, std::string_view text) {
+    const std::optional<EntryKind> kind = KindOf(place);
+    if (!kind) throw EntryError({FaultCode::kNotAnEntryPlace, {}, PlaceText(place)});
     Entry entry;
-    const std::string_view rest = TakeTag(place, entry);
-    if (rest.starts_with('/')) {
-        if (entry.tag >= kFirstDataTag) throw EntryError(place, kSuchAs);
-        TakePositions(rest.substr(1), entry);
-        entry.text = OnOneLine(text, place);
-    } else if (entry.tag == 0) {
-        throw EntryError(place, "the leader is told by positions, such as leader/17");
-    } else if (entry.tag < kFirstDataTag) {
-        if (!rest.empty()) throw EntryError(place, kSuchAs);
-        entry.kind = EntryKind::ControlField;
-        entry.text = FieldText(text, place);
-    } else if (rest.empty()) {
+    entry.kind = *kind;
+    entry.place = place;
+    if (kind == EntryKind::Subfield) {
+        entry.subfields = {{place.code, FieldText(text, place)}};
+    } else if (kind == EntryKind::WrittenField) {
         ReadWrittenField(text, entry);
+    } else if (kind == EntryKind::Positions) {
+        entry.text = OnOneLine(text, place);
+    } else if (place.IsLeader()) {
+        throw EntryError({FaultCode::kWholeLeader, place});
     } else {
-        AddSubfield(entry, rest, text);
+        entry.text = FieldText(text, place);
     }
     return entry;
 }
@@ -170,26 +135,25 @@ Entry ReadEntry(std::string_view place, std::string_view text) {
 Entry BeginField(std::string_view place) {
     Entry entry;
     entry.kind = EntryKind::Field;
-    if (!TakeTag(place, entry).empty() || entry.tag < kFirstDataTag) {
-        throw EntryError(place, "only the tag of a data field, such as 245, has subfields");
+    entry.place = PlaceFrom(place);
+    if (KindOf(entry.place) != EntryKind::WrittenField) {
+        throw EntryError({FaultCode::kNotADataField, entry.place});
     }
     return entry;
 }
 
 void SetIndicators(Entry& field, std::string_view indicators) {
     constexpr std::string_view kBlankSigns = "_#\\";
-    if (indicators.size() != 2) throw EntryError(field.place, "indicators are two characters");
+    if (indicators.size() != 2) throw EntryError({FaultCode::kNotTwoIndicators, field.place});
     field.indicators = indicators;
     for (char& c : field.indicators) {
         if (kBlankSigns.find(c) != kBlankSigns.npos) c = ' ';
-        if (c < ' ' || c > '~') {
-            throw EntryError(field.place, "an indicator is a digit, a letter or a blank (_)");
-        }
+        if (c < ' ' || c > '~') throw EntryError({FaultCode::kNotAnIndicator, field.place});
     }
 }
 
 void AddSubfield(Entry& field, std::string_view code, std::string_view text) {
-    const char letter = CodeOf(code, field.place);
+    const char letter = CodeFrom(code, field.place);
     field.subfields.push_back({letter, FieldText(text, field.place)});
 }
 

@@ -1,4 +1,5 @@
 #include <quillory/cataloging/Pattern.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
 #include <zorby/record/Pmarc.h>
@@ -50,8 +51,7 @@ void Pattern::TakeControlFields() {
             controlFields_.push_back({tag, field.substr(kTagSize)});
         }
         if (!std::ranges::all_of(field, [](char c) { return ' ' <= c && c <= '~'; })) {
-            throw EntryError("workform",
-                             "\"" + Name() + "\" has control fields with bytes of no code");
+            throw EntryError({FaultCode::kOddControlFields, {}, Name()});
         }
     }
 }
@@ -65,7 +65,7 @@ void Pattern::TakeFields() {
                  {IndicatorOf(data->GetIndicator(1)), IndicatorOf(data->GetIndicator(2))},
                  {}});
         }
-        if (fields_.empty()) continue;  // no field that it could continue
+        if (fields_.empty()) continue;  // a subfield without a field
         fields_.back().subfields.push_back({data->GetSubCode(), QmToUtf8(data->GetDefaultData())});
     }
 }

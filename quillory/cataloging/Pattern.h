@@ -22,17 +22,17 @@ struct PatternField {
     std::string indicators;               // two
     std::vector<SubfieldText> subfields;  // in the order in which they are filled
 
-    // The text of the subfield; null without it.
+    // The text of the subfield; null if the field lacks it.
     const std::string* Find(char code) const;
-    // The first subfield, but for the words that go before a linked title ($i); null without one. A
-    // field stands in a record by itself if this one has a text.
+    // The first subfield other than the words before a linked title ($i); null if there is none. If
+    // it has a text, the field is in every record of the workform.
     const SubfieldText* FirstOfItsOwn() const;
 };
 
-// What a workform gives a new record, its texts in UTF-8.
+// What a workform gives to a new record. Texts are UTF-8.
 class Pattern {
 public:
-    // Throws EntryError for control fields that no record may have.
+    // Throws EntryError for control fields that a record can't have.
     explicit Pattern(zorby::TemplateHolder workform);
 
     std::string Name() const;
@@ -44,7 +44,7 @@ public:
     const std::vector<ControlField>& ControlFields() const { return controlFields_; }
     const std::vector<PatternField>& Fields() const { return fields_; }
 
-    // Of a field that the workform does not begin with.
+    // Of a field that the workform has no texts of.
     std::string IndicatorsOf(unsigned tag) const;
     // The codes of a tag in the order of the workform, or of the dictionary.
     const std::string& CodesOf(unsigned tag) const;
@@ -58,7 +58,7 @@ private:
     std::string leader_;
     std::vector<ControlField> controlFields_;
     std::vector<PatternField> fields_;
-    mutable std::map<unsigned, std::string> codes_;  // by tag, as far as they were asked for
+    mutable std::map<unsigned, std::string> codes_;  // by tag, of those asked for so far
 };
 
 }  // namespace quillory

@@ -15,7 +15,7 @@ Draft RecordMaker::Begin(const Description& description) {
         try {
             draft.Take(entry);
         } catch (const EntryError& error) {
-            throw EntryError(error, entry.where);
+            throw EntryError(error.What(), entry.where);
         }
     }
     return draft;

@@ -14,14 +14,14 @@
 
 namespace quillory {
 
-// Makes complete records of descriptions. What a workform gives is worked out once for each.
+// Makes complete records from descriptions. What a workform gives is worked out once for each.
 class RecordMaker {
 public:
     // Gives the workform of a name, in UTF-8; throws EntryError if there is none.
     using WorkformFinder = std::function<zorby::TemplateHolder(const std::string& name)>;
     using ListsLoader = std::function<CodeLists()>;
 
-    // The lists are loaded when a control field is first to be held against them.
+    // The lists are loaded when a control field is first to be checked against them.
     RecordMaker(WorkformFinder find, ListsLoader load, const std::tm& day)
         : find_(std::move(find)), load_(std::move(load)), day_(day) {}
 
@@ -29,7 +29,8 @@ public:
 
     // A draft that has taken all entries. Throws EntryError.
     Draft Begin(const Description& description);
-    // Throws EntryError for a code of the control fields that is none. The record as in Draft.
+    // Throws EntryError for a value of the control fields that is not a code. The record as in
+    // Draft.
     Record Finish(Draft& draft, const Description& description);
 
 private:
@@ -40,7 +41,7 @@ private:
     std::tm day_;
     std::map<std::string, std::unique_ptr<Pattern>> patterns_;
     std::optional<CodeLists> lists_;
-    std::set<std::string> sound_;  // what has been said of control fields, and its workform
+    std::set<std::string> sound_;  // checked entries of control fields, with their workform
 };
 
 }  // namespace quillory

@@ -1,5 +1,4 @@
 #include <quillory/cli/NewRecordArguments.h>
-#include <quillory/faults/Errors.h>
 
 namespace quillory {
 
@@ -11,15 +10,14 @@ void DeclareNewRecord(Arguments& command, NewRecordChoice& choice,
 }
 
 NewRecordOptions NewRecordOptionsOf(const NewRecordChoice& choice) {
-    NewRecordOptions options{choice.workform, {}};
-    for (const auto& [place, text] : choice.sets) {
-        try {
-            options.entries.push_back(ReadEntry(place, text));
-        } catch (const EntryError& error) {
-            throw UsageError(std::string("--set ") + error.what());
-        }
-    }
-    return options;
+    return {choice.workform, EntriesOf(choice.sets)};
+}
+
+std::vector<Entry> EntriesOf(const PlacesAndTexts& sets) {
+    std::vector<Entry> entries;
+    entries.reserve(sets.size());
+    for (const auto& [place, text] : sets) entries.push_back(ReadEntry(place, text));
+    return entries;
 }
 
 }  // namespace quillory

@@ -1,5 +1,4 @@
 #include <quillory/cli/Prompter.h>
-#include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
 
 #include <string_view>
@@ -7,24 +6,20 @@
 namespace quillory {
 namespace {
 
-std::string PlaceOf(const Draft::Gap& gap) {
-    return TagText(gap.tag) + "[" + std::to_string(gap.occurrence) + "]" + gap.code;
-}
-
-// Whether both stand in one field.
-bool IsSameField(const Draft::Gap& a, const Draft::Gap& b) {
+// Whether both are in one field.
+bool IsSameField(const Place& a, const Place& b) {
     return a.tag == b.tag && a.occurrence == b.occurrence;
 }
 
 }  // namespace
 
-// A field whose first subfield is left out is left out.
+// If the first subfield of a field is left out, so is the field.
 void Prompter::Fill(const Pattern& pattern, Draft& draft) {
     questions_ << pattern.Name()
                << ": Enter alone leaves a subfield out, ? helps, Ctrl-D ends the questions.\n";
-    Draft::Gap leftOut;
-    Draft::Gap filled;
-    for (const Draft::Gap& gap : draft.Gaps()) {
+    Place leftOut;
+    Place filled;
+    for (const Place& gap : draft.Gaps()) {
         if (IsSameField(gap, leftOut) || !IsAsked(pattern, gap)) continue;
         std::string answer;
         bool isTaken = false;
@@ -40,22 +35,22 @@ void Prompter::Fill(const Pattern& pattern, Draft& draft) {
     }
 }
 
-bool Prompter::IsAsked(const Pattern& pattern, const Draft::Gap& gap) const {
+bool Prompter::IsAsked(const Pattern& pattern, const Place& gap) const {
     if (all_) return true;
     std::string prompted;
-    pattern.Workform().SubfieldPrompt(gap.tag, prompted);
-    return pattern.Workform().FieldPriority(gap.tag) != 0 &&
+    pattern.Workform().SubfieldPrompt(gap.Number(), prompted);
+    return pattern.Workform().FieldPriority(gap.Number()) != 0 &&
            prompted.find(gap.code) != prompted.npos;
 }
 
-bool Prompter::Ask(const Pattern& pattern, const Draft::Gap& gap, std::string& answer) {
+bool Prompter::Ask(const Pattern& pattern, const Place& gap, std::string& answer) {
     constexpr zorby::EDISPLAYOPTIONS kNames = zorby::EDO_NameOnly;
     std::string field;
     std::string subfield;
-    zorby::CTemplate::GetNameOfFieldAndSubfield(gap.tag, gap.code, field, subfield, kNames);
+    zorby::CTemplate::GetNameOfFieldAndSubfield(gap.Number(), gap.code, field, subfield, kNames);
     for (;;) {
-        questions_ << TagText(gap.tag) << " $" << gap.code << "  " << QmToUtf8(field) << ", "
-                   << QmToUtf8(subfield) << ": " << std::flush;
+        questions_ << PlaceText(gap) << "  " << QmToUtf8(field) << ", " << QmToUtf8(subfield)
+                   << ": " << std::flush;
         if (!std::getline(answers_, answer)) {
             questions_ << "\n";
             return false;
@@ -66,15 +61,15 @@ bool Prompter::Ask(const Pattern& pattern, const Draft::Gap& gap, std::string& a
     }
 }
 
-void Prompter::Help(const Pattern& pattern, const Draft::Gap& gap) {
+void Prompter::Help(const Pattern& pattern, const Place& gap) {
     std::string rules;
     std::string reminders;
     std::string examples;
-    pattern.Workform().SubfieldRules(gap.tag, gap.code, rules);
-    pattern.Workform().SubfieldReminders(gap.tag, gap.code, reminders);
-    pattern.Workform().SubfieldExamples(gap.tag, gap.code, examples);
+    pattern.Workform().SubfieldRules(gap.Number(), gap.code, rules);
+    pattern.Workform().SubfieldReminders(gap.Number(), gap.code, reminders);
+    pattern.Workform().SubfieldExamples(gap.Number(), gap.code, examples);
     if (rules.empty() && reminders.empty() && examples.empty()) {
-        questions_ << "  There is no help for it.\n";
+        questions_ << "  There is no help on this subfield.\n";
     }
     for (const std::string& text : {rules, reminders, examples}) {
         std::string_view rest(text);
@@ -86,9 +81,9 @@ void Prompter::Help(const Pattern& pattern, const Draft::Gap& gap) {
     }
 }
 
-bool Prompter::Take(Draft& draft, const Draft::Gap& gap, const std::string& answer) {
+bool Prompter::Take(Draft& draft, const Place& gap, const std::string& answer) {
     try {
-        draft.Take(ReadEntry(PlaceOf(gap), answer));
+        draft.Take(MakeEntry(gap, answer));
         return true;
     } catch (const EntryError& error) {
         questions_ << "  " << error.what() << "\n";

@@ -1,17 +1,18 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/TerminalPort.h>
-#include <quillory/jobs/WorkformFiles.h>
+#include <quillory/jobs/ExportWorkforms.h>
+#include <quillory/jobs/ImportWorkforms.h>
 
 namespace quillory {
 namespace {
 
-Status RunExport(const WorkformExportOptions& options) {
+Status RunExport(const ExportWorkformsOptions& options) {
     TerminalPort terminal;
     Reporter reporter(terminal, {false, true});
     return ExportWorkforms(options, reporter);
 }
 
-Status RunImport(const WorkformImportOptions& options) {
+Status RunImport(const ImportWorkformsOptions& options) {
     TerminalPort terminal;
     Reporter reporter(terminal, {false, true});
     return ImportWorkforms(options, reporter);
@@ -20,13 +21,13 @@ Status RunImport(const WorkformImportOptions& options) {
 }  // namespace
 
 void DeclareWorkformsExport(Arguments& command) {
-    WorkformExportOptions& options = command.Runs(RunExport);
+    ExportWorkformsOptions& options = command.Runs(RunExport);
     command.Positional("FILE", options.file, "Where they go; - for standard output").Required();
     command.Positional("NAME", options.names, "Workforms, by name or ID; none for all");
 }
 
 void DeclareWorkformsImport(Arguments& command) {
-    WorkformImportOptions& options = command.Runs(RunImport);
+    ImportWorkformsOptions& options = command.Runs(RunImport);
     command.Positional("FILE", options.file, "The file; - for standard input").Required();
     command.Flag("--force", options.force, "Replace workforms of your own of the same names");
 }

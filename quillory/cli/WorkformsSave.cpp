@@ -1,14 +1,23 @@
 #include <quillory/cli/Commands.h>
+#include <quillory/cli/NewRecordArguments.h>
 #include <quillory/cli/TerminalPort.h>
-#include <quillory/jobs/SaveWorkform.h>
+#include <quillory/jobs/DeleteWorkforms.h>
+#include <quillory/jobs/MakeWorkform.h>
 
 namespace quillory {
 namespace {
 
-Status RunSave(const WorkformSaveOptions& options) {
+struct SaveCommand {
+    MakeWorkformOptions workform;
+    PlacesAndTexts sets;
+};
+
+Status RunSave(const SaveCommand& command) {
     TerminalPort terminal;
     Reporter reporter(terminal, {false, true});
-    return SaveWorkform(options, reporter);
+    MakeWorkformOptions options = command.workform;
+    options.texts = EntriesOf(command.sets);
+    return MakeWorkform(options, reporter);
 }
 
 Status RunDelete(const std::vector<std::string>& names) {
@@ -20,14 +29,13 @@ Status RunDelete(const std::vector<std::string>& names) {
 }  // namespace
 
 void DeclareWorkformsSave(Arguments& command) {
-    WorkformSaveOptions& options = command.Runs(RunSave);
+    SaveCommand& save = command.Runs(RunSave);
+    MakeWorkformOptions& options = save.workform;
     command.Positional("NAME", options.name, "What it is to be called").Required();
     command.Option("--from", options.from, "The workform that it begins as, by name or ID")
         .Required();
-    command
-        .Option("--set", options.settings,
-                "A text that new records begin with, as 040a=TEXT; may be given again")
-        .Shown("PLACE=TEXT");
+    command.KeyValue("--set", save.sets, "PLACE=TEXT",
+                     "A text that new records begin with, as 040a=TEXT; may be given again");
     command.Flag("--force", options.force, "Replace a workform of your own of that name");
 }
 

@@ -91,9 +91,60 @@ enum class FaultCode : std::uint16_t {
     kNoSuchPart,
 
     // New records.
-    kNoRecordMade,
+    kNotAnEntryPlace,  // found: the text
+    kWholeLeader,
+    kNotADataField,
+    kNotASubfieldCode,  // found: the text
+    kSubfieldWithoutCode,
+    kControlCharacter,
+    kTextNotUtf8,
+    kNotAWrittenField,
+    kNotTwoIndicators,
+    kNotAnIndicator,
+    kOnlyOneField,
+    kOnlyOneSubfield,  // found: its code
+    kFieldGivenBefore,
+    kTooFewFields,  // found: how many there are
+    kNoFieldForPositions,
+    kBeyondField,  // found: its length
+    kWrongWidth,   // allowed: how many characters
+    kStorageOfLeader,
+    kWrongLength,  // found: its length and that of the format
+    kNotAValue,    // allowed: the name of the element
+    kUndefinedPositions,
+    kNotDecoded,        // allowed: why
+    kNotACode,          // allowed: the name of the element
+    kObsoleteCode,      // allowed: the name of the element
+    kTypeAgainst008,    // found: the fault in 008
+    kOddControlFields,  // found: the name of the workform
+    kNotAText,          // found: the key
+    kNotToml,           // found: the reason
+    kOutsideOfRecords,
+    kNotOneRecord,
+    kSeveralRecords,
+    kNoWorkformNamed,
 
     // Workforms.
+    kNoWorkform,         // found: the name or ID
+    kNoWorkformButNear,  // found: the name; allowed: names near it
+    kSeveralWorkforms,   // found: the name; allowed: what it may be
+    kNoName,
+    kLongName,             // found: the name; allowed: characters
+    kStandardName,         // found: the name
+    kStandardNotDeleted,   // found: the name
+    kStandardNotExported,  // found: the name
+    kNoOwnWorkforms,
+    kNoFurtherId,      // found: the name
+    kWorkformThere,    // found: the name; allowed: its ID
+    kWorkformTwice,    // found: the name
+    kLockedWorkform,   // found: the name
+    kOddByte,          // found: the name; allowed: the byte
+    kNoBase,           // found: its name; allowed: the name of another
+    kDamagedWorkform,  // found: its ID
+    kNotWorkformFile,
+    kBytesAfterWorkforms,  // found: their number
+    kNotWorkformText,      // found: the text
+    kNotADefaultText,
 
     // Copies and holdings systems.
     kNoHoldingsType,     // found: its name or number
@@ -127,6 +178,14 @@ enum class FaultCode : std::uint16_t {
 
     // Settings and arguments.
     kAlwaysUtf8,
+    kNoHomeFolder,
+    kNoSetting,          // found: the name
+    kNoHoldingsSetting,  // found: the name
+    kNotASettingValue,   // found: the value
+    kNotSettingText,     // found: the value
+    kNotHoldingsSettingText,
+    kIsTheStore,
+    kNoStoredRecord,      // found: its ID
     kNoDataFile,          // found: the reason
     kNoUserDefinedField,  // found: the list
 

@@ -1,6 +1,5 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/CatalogFiles.h>
-#include <quillory/jobs/DescriptionFiles.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/Progress.h>
 #include <quillory/text/Utf8.h>
@@ -11,19 +10,20 @@
 namespace quillory {
 namespace {
 
-// Where in the file a place is, counting from the beginning of the description.
-std::uint64_t OffsetOf(std::string_view toml, const Description& description, LineColumn where) {
+// The offset in the file at which a description has its error.
+std::uint64_t ErrorOffset(std::string_view toml, const Description& description) {
     std::size_t at = description.offset;
-    for (std::uint64_t line = description.line; line < where.line && at < toml.size(); ++line) {
+    const LineColumn& error = description.where;
+    for (std::uint64_t line = description.line; line < error.line && at < toml.size(); ++line) {
         at = std::min(toml.find('\n', at), toml.size() - 1) + 1;
     }
-    for (std::uint64_t column = 1; column < where.column && at < toml.size(); ++column) {
+    for (std::uint64_t column = 1; column < error.column && at < toml.size(); ++column) {
         at += DecodeUtf8(toml.substr(at)).size;
     }
     return at;
 }
 
-// A description as an item: the record that it makes, or why it makes none.
+// Turns a description into an item: the record that it describes, or why there is none.
 class DescriptionItems {
 public:
     DescriptionItems(const CatalogOptions& options, RecordMaker& maker)
@@ -36,12 +36,11 @@ public:
         item.number = number;
         item.offset = description.offset;
         item.bytes = toml.substr(description.offset, description.size);
-        if (description.error.empty()) Fill(description, item);
-        if (description.error.empty()) return;
+        if (!description.error) Fill(description, item);
+        if (!description.error) return;
         item.kind = kItemDamaged;
-        item.fault = ItemFault{{FaultCode::kNoRecordMade, {}, description.error},
-                               OffsetOf(toml, description, description.where),
-                               description.where};
+        item.fault =
+            ItemFault{description.error, ErrorOffset(toml, description), description.where};
     }
 
 private:
@@ -50,15 +49,15 @@ private:
         AddEntries(options_.record.entries, description);
         if (description.workform.empty()) description.workform = options_.record.workform;
         if (description.workform.empty()) {
-            description.error = "no workform is named";
+            description.error = {FaultCode::kNoWorkformNamed};
             return;
         }
         try {
             draft_.emplace(maker_.Begin(description));
             item.record = maker_.Finish(*draft_, description);
         } catch (const EntryError& error) {
-            description.error = error.what();
-            if (error.Where().line != 0) description.where = error.Where();
+            description.error = error.What();
+            description.where = error.Where().value_or(description.where);
         }
     }
 

@@ -9,13 +9,13 @@
 namespace quillory {
 
 struct CatalogOptions {
-    NewRecordOptions record;  // its workform is that of descriptions that name none
+    NewRecordOptions record;  // its workform is for the descriptions that name none
     std::vector<std::string> files;
     OutputOptions output;
 };
 
-// Makes the records that TOML files describe. A description of which no record can be made is
-// damage, as in a file of records. Throws FileError and UsageError.
+// Makes the records that TOML files describe. A description from which no record can be made counts
+// as damage, as in a file of records. Throws FileError and UsageError.
 Status CatalogFiles(const CatalogOptions& options, Reporter& reporter);
 
 }  // namespace quillory

@@ -1,13 +1,12 @@
-#include <quillory/jobs/DescriptionFiles.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/MakeRecord.h>
 #include <quillory/jobs/OutputFiles.h>
 
 namespace quillory {
 namespace {
 
-std::string PlaceText(LineColumn where) {
-    if (where.line == 0) return {};
-    return ": line " + std::to_string(where.line) + ", column " + std::to_string(where.column);
+FileError ErrorAt(const LineColumn& where, const std::string& path, const Fault& fault) {
+    return {path + ": " + LineColumnText(where), fault};
 }
 
 Description SingleDescription(const std::string& path) {
@@ -16,12 +15,8 @@ Description SingleDescription(const std::string& path) {
     Description description;
     Description further;
     reader.Next(description);
-    if (reader.Next(further)) {
-        throw UsageError(path + ": describes several records; quillory catalog makes them all");
-    }
-    if (!description.error.empty()) {
-        throw FileError(path + PlaceText(description.where) + ": " + description.error);
-    }
+    if (reader.Next(further)) throw UsageError(path, {FaultCode::kSeveralRecords});
+    if (description.error) throw ErrorAt(description.where, path, description.error);
     return description;
 }
 
@@ -30,9 +25,7 @@ Description DescriptionFor(const MakeRecordOptions& options) {
     if (!options.from.empty()) description = SingleDescription(options.from);
     if (!options.record.workform.empty()) description.workform = options.record.workform;
     AddEntries(options.record.entries, description);
-    if (description.workform.empty()) {
-        throw UsageError("which workform? Name it by --workform; quillory workforms lists them");
-    }
+    if (description.workform.empty()) throw UsageError({FaultCode::kNoWorkformNamed});
     return description;
 }
 
@@ -64,9 +57,8 @@ Status MakeRecord(const MakeRecordOptions& options, const DraftFiller& fill, Rep
     try {
         return MakeAndWrite(options, fill, reporter);
     } catch (const EntryError& error) {
-        const bool isOfFile = error.Where().line != 0;
-        throw FileError((isOfFile ? options.from + PlaceText(error.Where()) + ": " : "") +
-                        error.what());
+        if (!error.Where()) throw;
+        throw ErrorAt(*error.Where(), options.from, error.What());
     }
 }
 

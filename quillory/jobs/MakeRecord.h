@@ -9,16 +9,16 @@
 namespace quillory {
 
 struct MakeRecordOptions {
-    NewRecordOptions record;  // its workform goes before that of the description
-    std::string from;         // TOML file that describes the record; empty for none
+    NewRecordOptions record;  // its workform replaces that of the description
+    std::string from;         // TOML file that describes the record; may be empty
     OutputOptions output;
 };
 
-// Puts into a draft what a person adds to it.
+// Lets a person add to a draft.
 using DraftFiller = std::function<void(const Pattern& pattern, Draft& draft)>;
 
-// Makes one record and writes it. What can't be done is said before `fill`, which may be empty, is
-// called. Throws FileError and UsageError.
+// Makes one record and writes it. `fill`, which may be empty, is called when all that the options
+// say has been found sound. Throws FileError and UsageError.
 Status MakeRecord(const MakeRecordOptions& options, const DraftFiller& fill, Reporter& reporter);
 
 }  // namespace quillory

@@ -1,4 +1,5 @@
 #include <quillory/exchange/Input.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/NewRecords.h>
 #include <zorby/platform/ClockPort.h>
@@ -8,42 +9,35 @@
 namespace quillory {
 namespace {
 
-const Reporter& LoadAll(const Reporter& reporter) {
+WorkformCatalog LoadAll(const Reporter& reporter) {
     LoadSettings();
     LoadDictionaries();
     LoadWorkforms();
-    return reporter;
+    return WorkformCatalog(reporter);
 }
 
+// A workform that is not there, or damaged, is a fault of the description that names it.
 zorby::TemplateHolder FindWorkform(const WorkformCatalog& workforms, const std::string& name) {
     try {
         return workforms.Get(workforms.Find(name).id);
-    } catch (const FileError& error) {
-        throw EntryError("workform", error.what());
+    } catch (const FaultError& error) {
+        if (!error.What()) throw;  // the whole store can't be read
+        throw EntryError(error.What());
     }
 }
 
-bool IsSamePlace(const Entry& a, const Entry& b) {
-    return a.kind == b.kind && a.tag == b.tag && a.occurrence == b.occurrence &&
-           a.first == b.first && a.last == b.last;
-}
-
-// What was said of the place that is set; of one subfield in a table of several, only that.
+// Takes away what a description says of the place that is set. A subfield is also taken out of the
+// tables of its field.
 void TakeAway(const Entry& set, std::vector<Entry>& entries) {
-    const bool isSubfield = set.kind == EntryKind::Subfield && set.occurrence == 0;
+    std::erase_if(entries, [&set](const Entry& entry) { return entry.place == set.place; });
+    if (set.kind != EntryKind::Subfield) return;
+    const Place field = set.place.Field();
     for (Entry& entry : entries) {
-        const bool hasSubfields =
-            entry.kind == EntryKind::Subfield || entry.kind == EntryKind::Field;
-        if (isSubfield && hasSubfields && entry.tag == set.tag && entry.occurrence == 0) {
-            std::erase_if(entry.subfields, [&set](const SubfieldText& subfield) {
-                return subfield.code == set.subfields.front().code;
-            });
-        }
+        if (entry.place != field) continue;
+        std::erase_if(entry.subfields, [&set](const SubfieldText& subfield) {
+            return subfield.code == set.place.code;
+        });
     }
-    std::erase_if(entries, [&](const Entry& entry) {
-        const bool isEmpty = entry.kind == EntryKind::Subfield && entry.subfields.empty();
-        return isEmpty || (set.kind != EntryKind::Subfield && IsSamePlace(set, entry));
-    });
 }
 
 }  // namespace
@@ -52,6 +46,13 @@ NewRecords::NewRecords(const Reporter& reporter)
     : workforms_(LoadAll(reporter)),
       maker_([this](const std::string& name) { return FindWorkform(workforms_, name); },
              LoadCodeLists, zorby::CurrentClockPort().LocalTime()) {}
+
+std::string ReadDescriptionFile(const std::string& path) {
+    Input input(path);
+    std::string text = ReadWhole(input);
+    if (text.empty()) throw FileError(path, {FaultCode::kEmptyFile});
+    return text;
+}
 
 void AddEntries(const std::vector<Entry>& entries, Description& description) {
     for (const Entry& entry : entries) TakeAway(entry, description.entries);

@@ -11,13 +11,14 @@ namespace quillory {
 // What is said of new records beside their descriptions.
 struct NewRecordOptions {
     std::string workform;
-    std::vector<Entry> entries;  // in the place of what a description says of the same
+    std::vector<Entry> entries;  // they replace what a description says of the same places
 };
 
-// What new records are made from: settings, dictionaries and workforms, put in force as long as the
-// object lives, and a maker of records of today. Throws FileError.
+// A maker of records that are entered today. It loads settings, dictionaries and workforms; those
+// of the user are in force as long as the object lives.
 class NewRecords {
 public:
+    // Throws FileError.
     explicit NewRecords(const Reporter& reporter);
 
     RecordMaker& Maker() { return maker_; }
@@ -27,7 +28,11 @@ private:
     RecordMaker maker_;
 };
 
-// Adds entries to a description, in the place of what it says of the same.
+// All of a file of descriptions, or of standard input ("-"). Throws FileError, also for an empty
+// file.
+std::string ReadDescriptionFile(const std::string& path);
+
+// Adds entries to a description. They replace what it says of the same places.
 void AddEntries(const std::vector<Entry>& entries, Description& description);
 
 }  // namespace quillory

@@ -9,10 +9,7 @@ constexpr std::uint64_t kSaidInFull = 5;
 std::string OffsetText(const Item& item, const ItemFault& fault) {
     if (!fault.lineColumn && fault.offset == item.offset) return {};
     std::string text = " (byte " + std::to_string(fault.offset);
-    if (fault.lineColumn) {
-        text += ", line " + std::to_string(fault.lineColumn->line) + ", column " +
-                std::to_string(fault.lineColumn->column);
-    }
+    if (fault.lineColumn) text += ", " + LineColumnText(*fault.lineColumn);
     return text + ")";
 }
 

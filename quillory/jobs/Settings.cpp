@@ -75,7 +75,7 @@ HoldingsKey HoldingsKeyNamed(std::string_view name) {
     for (const HoldingsKey& key : HoldingsKeys()) {
         if (key.name == name) return key;
     }
-    throw UsageError("there is no holdings setting " + std::string(name));
+    throw UsageError({FaultCode::kNoHoldingsSetting, {}, std::string(name)});
 }
 
 // By number, by name, or by name without "ZP_".
@@ -89,7 +89,7 @@ const zorby::ProfileKeyRow& KeyNamed(const std::string& name) {
             return row;
         }
     }
-    throw UsageError("there is no setting " + name + "; `quillory settings` lists them");
+    throw UsageError({FaultCode::kNoSetting, {}, name});
 }
 
 bool IsNumberKey(const zorby::ProfileKeyRow& row) {
@@ -106,16 +106,17 @@ std::string ValueOf(const zorby::ProfileKeyRow& row) {
 
 std::string InQmCode(const std::string& value) {
     std::string qm;
-    if (!Utf8ToQm(value, qm)) throw UsageError("settings can't hold all characters of " + value);
+    if (!Utf8ToQm(value, qm)) throw UsageError({FaultCode::kNotSettingText, {}, value});
     return qm;
 }
 
 void CheckHoldingsValue(const HoldingsKey& key, const std::string& value) {
     if (key.name == "EasyOrCustom" && value != "Easy" && value != "Custom") {
-        throw UsageError("EasyOrCustom is Easy or Custom");
+        throw UsageError(std::string(key.name),
+                         {FaultCode::kNotASettingValue, {}, value, "Easy or Custom"});
     }
     if (value.find(kExtraSeparator) != value.npos || value.find('\\') != value.npos) {
-        throw UsageError("holdings settings can't hold | or a backslash");
+        throw UsageError(std::string(key.name), {FaultCode::kNotHoldingsSettingText});
     }
     if (key.name == "HoldingsType" &&
         zorby::CInfoAboutHoldingsTypeList::FindFromName(value) == nullptr) {
@@ -127,7 +128,7 @@ void Set(const zorby::ProfileKeyRow& row, const std::string& value) {
     const std::size_t sign = value.starts_with('-') ? 1 : 0;
     if (IsNumberKey(row) &&
         (value.size() == sign || value.find_first_not_of("0123456789", sign) != value.npos)) {
-        throw UsageError(std::string(row.name) + " is a number, not " + value);
+        throw UsageError(row.name, {FaultCode::kNotASettingValue, {}, value, "a number"});
     }
     WriteSetting(row.id, InQmCode(value));
 }

@@ -13,15 +13,15 @@ struct SettingRow {
     std::string value;
 };
 
-// The keys of the profile. Settings are in force (LoadSettings). A key is named by its number, its
-// name, or its name without "ZP_". These throw UsageError for a name or value that is none, and
-// FileError.
+// The keys of the profile, which LoadSettings has put in force. A key is named by its number, its
+// name, or its name without "ZP_". These throw UsageError for a key that is not there or a value
+// that it can't have, and FileError.
 std::vector<SettingRow> ListSettings();
 std::string ReadSetting(const std::string& name);
 void ChangeSetting(const std::string& name, const std::string& value);
 
-// The settings of holdings, which the profile keeps in one text, by their own names. The
-// dictionaries are in force, too.
+// The settings of holdings by their own names; the profile keeps them in one text. The dictionaries
+// are in force, too.
 std::vector<SettingRow> ListHoldingsSettings();
 std::string ReadHoldingsSetting(const std::string& name);
 void ChangeHoldingsSetting(const std::string& name, const std::string& value);

@@ -29,7 +29,7 @@ private:
     Summarizer summarizer_;
 };
 
-// Records keep their character set, but for Latin-1, which no leader can tell.
+// Records keep their character set, except Latin-1, which a leader can't name.
 RecoderOptions RecoderOptionsFor(Charset from) {
     return {from, from == kCharsetLatin1 ? kCharsetUtf8 : kCharsetAuto, {}};
 }
@@ -65,7 +65,7 @@ Status AddRecordsToStore(const AddOptions& options, Reporter& reporter) {
                     reporter);
     try {
         AddFiles(options, carrier, batch, reporter);
-    } catch (const FileError&) {
+    } catch (...) {
         SaySaved(batch, reporter);
         throw;
     }

@@ -19,7 +19,7 @@ struct AddOptions {
 // Adds the records of files to the store. Throws FileError and UsageError.
 Status AddRecordsToStore(const AddOptions& options, Reporter& reporter);
 
-// Deletes records from the store, all at once, and names those that are not there. Throws
+// Deletes records from the store in one transaction, and names those that are not there. Throws
 // FileError.
 Status DeleteRecordsFromStore(const RecordIds& ids, Reporter& reporter);
 

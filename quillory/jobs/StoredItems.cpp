@@ -1,5 +1,6 @@
 #include <quillory/exchange/CommFormatFaults.h>
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Progress.h>
 #include <quillory/jobs/StoredItems.h>
 #include <quillory/store/Schema.h>
@@ -38,7 +39,7 @@ void CheckNotTheStore(const std::string& path) {
     const std::string store = StorePath();
     std::error_code unknown;
     if (path == store || std::filesystem::equivalent(path, store, unknown)) {
-        throw FileError(path + ": is the store, which would be overwritten");
+        throw UsageError(path, {FaultCode::kIsTheStore});
     }
 }
 
@@ -74,7 +75,7 @@ Status ReadStored(const std::optional<Database>& database, const std::vector<std
 }
 
 void SayMissing(const Reporter& reporter, std::int64_t id) {
-    reporter.Say("there is no record " + std::to_string(id) + " in the store");
+    reporter.Say(FaultReason({FaultCode::kNoStoredRecord, {}, std::to_string(id)}));
 }
 
 }  // namespace quillory

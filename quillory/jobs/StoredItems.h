@@ -11,20 +11,20 @@
 
 namespace quillory {
 
-// The store for commands that only read; nothing if there is none yet, which is as good as an empty
-// one. Throws FileError for one that can't be used.
+// The store for jobs that only read. Nothing if there is none yet, which is the same as an empty
+// one. Throws FileError for a store that can't be used.
 std::optional<Database> OpenStoreToRead();
 
-// Throws FileError if what is written to this file would go into the store.
+// Throws UsageError if this file, which is to be written, is the store.
 void CheckNotTheStore(const std::string& path);
 
 // Hands records of the store to `take`, which says whether to go on: those of the IDs in their
-// order, or all. A record's number is its ID. Result: findings if there is no record of some ID,
-// which is said.
+// order, or all if there are no IDs. A record's number is its ID. Result: findings if an ID has no
+// record, which is reported.
 Status ReadStored(const std::optional<Database>& database, const std::vector<std::int64_t>& ids,
                   Reporter& reporter, const std::function<bool(Item& item)>& take);
 
-// Says which record is not there.
+// Reports that an ID has no record.
 void SayMissing(const Reporter& reporter, std::int64_t id);
 
 }  // namespace quillory

@@ -1,4 +1,5 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/WorkformCatalog.h>
 #include <quillory/store/HomeFolder.h>
 #include <quillory/store/Schema.h>
@@ -31,7 +32,7 @@ std::string Quoted(const std::vector<std::string>& names) {
     return quoted;
 }
 
-// 0 if it is none.
+// 0 for a text that is not a number.
 int IdIn(const std::string& text) {
     int id = 0;
     const char* const end = text.data() + text.size();
@@ -48,9 +49,8 @@ std::vector<WorkformEntry> Matching(const std::vector<WorkformEntry>& entries, T
 
 [[noreturn]] void ThrowUnknown(const std::string& text, const std::vector<WorkformEntry>& all) {
     const std::string near = Quoted(NearestNames(text, TextsOf(all)));
-    throw FileError("there is no workform \"" + text + "\"" +
-                    (near.empty() ? "" : "; near it: " + near) +
-                    "; `quillory workforms` lists all");
+    const FaultCode code = near.empty() ? FaultCode::kNoWorkform : FaultCode::kNoWorkformButNear;
+    throw UsageError({code, {}, text, near});
 }
 
 }  // namespace
@@ -103,7 +103,7 @@ WorkformEntry WorkformCatalog::Find(const std::string& nameOrId) const {
         Matching(all, [&](const auto& entry) { return Folded(entry.text) == folded; });
     if (alike.empty()) ThrowUnknown(nameOrId, all);
     if (alike.size() > 1) {
-        throw FileError("\"" + nameOrId + "\" may be any of " + Quoted(TextsOf(alike)));
+        throw UsageError({FaultCode::kSeveralWorkforms, {}, nameOrId, Quoted(TextsOf(alike))});
     }
     return alike.front();
 }
@@ -112,17 +112,18 @@ zorby::TemplateHolder WorkformCatalog::Get(int id) const {
     try {
         zorby::TemplateHolder workform(zorby::CTemplateList::GetTemplate(id));
         if (workform) return workform;
-        throw FileError("there is no workform " + std::to_string(id));
+        throw UsageError({FaultCode::kNoWorkform, {}, std::to_string(id)});
     } catch (const zorby::CArchiveException& damage) {
-        throw FileError(StorePath() + ": workform " + std::to_string(id) +
-                        ": its block is damaged: " + damage.what());
+        throw FileError(
+            StorePath(),
+            {FaultCode::kDamagedWorkform, {}, std::to_string(id) + ": " + damage.what()});
     }
 }
 
 std::string WorkformText(const std::string& utf8) {
     std::string text;
     if (Utf8ToQm(utf8, text)) return text;
-    throw FileError("a workform can't hold all characters of \"" + utf8 + "\"");
+    throw UsageError({FaultCode::kNotWorkformText, {}, utf8});
 }
 
 bool IsStandardName(const std::string& name) {

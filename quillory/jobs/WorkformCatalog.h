@@ -18,24 +18,24 @@ struct WorkformEntry {
     bool IsUsers() const { return id >= kFirstUserWorkformId; }
 };
 
-// The workforms that a command can use, the standard ones and the user's own. LoadWorkforms comes
-// first; there is one object at a time.
+// The workforms that a job can use, the standard ones and the user's own. LoadWorkforms comes
+// first.
 class WorkformCatalog {
 public:
-    // For commands that only read: a store that isn't there is not made, and one that can't be used
-    // is told and done without. Throws FileError for a damaged store.
+    // For jobs that only read. A store that isn't there is not made, and one that can't be used is
+    // reported and left out. Throws FileError for a damaged store.
     explicit WorkformCatalog(const Reporter& reporter);
-    // With a store that the command has opened, and keeps.
+    // With a store that the job has opened, and keeps.
     explicit WorkformCatalog(const Database& database);
 
     // In the order of the data file, and of their IDs.
     std::vector<WorkformEntry> Standard() const;
     std::vector<WorkformEntry> Users() const;
 
-    // By its name; if none has it, by its ID, or by its name without regard to case and diacritics.
-    // FileError says which names come near, or that there are several.
+    // By its name; if there is none of that name, by its ID, or by its name without regard to case
+    // and diacritics. UsageError says which names come near, or that there are several.
     WorkformEntry Find(const std::string& nameOrId) const;
-    // FileError for a block that is damaged.
+    // Throws FileError for a damaged block, and UsageError for an ID that no workform has.
     zorby::TemplateHolder Get(int id) const;
 
     // Null without a store.
@@ -47,10 +47,10 @@ private:
     std::optional<Workforms> workforms_;
 };
 
-// Text for a workform, in the library's one-byte code. FileError if that hasn't all characters.
+// Text for a workform, in the library's one-byte code. UsageError if that lacks a character.
 std::string WorkformText(const std::string& utf8);
 
-// By its name in the library's one-byte code.
+// Whether a standard workform has this name, which is in the library's one-byte code.
 bool IsStandardName(const std::string& name);
 
 }  // namespace quillory

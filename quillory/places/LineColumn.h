@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace quillory {
 
@@ -11,5 +12,10 @@ struct LineColumn {
 
     friend bool operator==(const LineColumn&, const LineColumn&) = default;
 };
+
+// "line 3, column 14", as it stands in messages.
+inline std::string LineColumnText(const LineColumn& place) {
+    return "line " + std::to_string(place.line) + ", column " + std::to_string(place.column);
+}
 
 }  // namespace quillory

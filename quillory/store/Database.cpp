@@ -1,4 +1,4 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/store/Database.h>
 #include <quillory/store/SqliteFailure.h>
 
@@ -33,7 +33,7 @@ bool CanWrite(const std::string& path) {
 
 }  // namespace
 
-// A store has files beside it while it is open.
+// An open store has files beside it, so its folder must be writable, too.
 std::string StoreObstacle(const std::string& path) {
     std::error_code unknown;
     const bool exists = std::filesystem::exists(path, unknown);
@@ -72,7 +72,7 @@ void Database::Open() {
     sqlite3_extended_result_codes(connection, 1);
 }
 
-// Only reads, so that a file of somebody else stays as it is, and reads at one moment, since
+// Only reads, so that a file of another program stays as it is. It reads in one transaction, since
 // another process may be making the store.
 void Database::CheckIsStore(std::size_t knownVersion) const {
     Execute("BEGIN");
@@ -81,7 +81,7 @@ void Database::CheckIsStore(std::size_t knownVersion) const {
     const bool isEmpty = NumberOf("SELECT count(*) FROM sqlite_schema") == 0;
     Execute("COMMIT");
     if (application != kApplicationId && !isEmpty) {
-        throw FileError(path_ + ": is a database, but no store of quillory");
+        throw FileError(path_ + ": is a database, but not a store of quillory");
     }
     if (version > static_cast<std::int64_t>(knownVersion)) {
         throw FileError(path_ + ": was written by a newer quillory (form " +
@@ -90,7 +90,7 @@ void Database::CheckIsStore(std::size_t knownVersion) const {
     }
 }
 
-// Where several processes make the same store, SQLite itself does not wait.
+// SQLite itself does not wait here when several processes make the same store.
 void Database::UseLog(std::chrono::milliseconds busyTimeout) const {
     constexpr std::chrono::milliseconds kPause{5};
     const auto end = std::chrono::steady_clock::now() + busyTimeout;
@@ -109,7 +109,7 @@ void Database::Migrate(std::span<const char* const> steps) const {
     const auto wanted = static_cast<std::int64_t>(steps.size());
     if (NumberOf("PRAGMA user_version") == wanted) return;
     Transaction transaction(*this);
-    // Another process may have been first.
+    // Another process may have done it in the meantime.
     auto version = static_cast<std::size_t>(NumberOf("PRAGMA user_version"));
     while (version < steps.size()) Execute(steps[version++]);
     Execute("PRAGMA application_id = " + std::to_string(kApplicationId) +

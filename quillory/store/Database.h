@@ -10,23 +10,23 @@
 
 namespace quillory {
 
-// Pages of 16 KB in the log, from which on a commit carries it over into the file.
+// When the log has so many pages of 16 KB, the next commit carries them over into the file.
 inline constexpr int kCheckpointPages = 1000;
 
 // How long to wait for another process that is writing.
 inline constexpr std::chrono::milliseconds kBusyTimeout{10000};
 
-// Why a store can't be written, or made where there is none, with its name; empty if it can.
+// Why a store can't be written, or made where there is none, with its name. Empty if it can.
 std::string StoreObstacle(const std::string& path);
 
-// A connection to the store's file, an SQLite database in WAL mode. A transaction that has been
-// committed is on the disk: neither the end of the process nor that of the power undoes it.
-// Everything that fails throws FileError, which names the file and the reason.
+// A connection to the store's file, an SQLite database in WAL mode. A committed transaction is on
+// the disk, and neither the end of the process nor a loss of power undoes it. Failures throw
+// FileError, which names the file and the reason.
 class Database {
 public:
     // Opens the file, or makes it and its folder. `steps` lead from an empty database to the form
-    // that the program knows, one after the other; an older file is brought up to it. A file that
-    // is no store, can't be written, or has a form beyond these steps is left alone.
+    // that the program knows, one after the other; an older file is brought up to that form. A file
+    // that is not a store, can't be written, or has a form beyond these steps is left alone.
     Database(const std::string& path, std::span<const char* const> steps,
              std::chrono::milliseconds busyTimeout = kBusyTimeout);
 
@@ -34,7 +34,7 @@ public:
     // Runs statements, separated by semicolons, that give no rows.
     void Execute(const std::string& sql) const;
 
-    // As kCheckpointPages, from now on.
+    // Replaces kCheckpointPages from now on.
     void SetCheckpointPages(int pages) const;
 
     // Of the row that was added last.
@@ -59,7 +59,8 @@ private:
     std::unique_ptr<sqlite3, Closer> connection_;
 };
 
-// Changes that become real together in Commit, or not at all. Only one process at a time has one.
+// Changes that Commit makes all together; without it, none is made. Only one process at a time has
+// a transaction.
 class Transaction {
 public:
     explicit Transaction(const Database& database);

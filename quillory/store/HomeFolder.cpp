@@ -1,4 +1,5 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/store/HomeFolder.h>
 
 #include <cstdlib>
@@ -32,9 +33,7 @@ bool HasHomeFolder() {
 
 fs::path HomeFolder() {
     if (fs::path home = FindHome(); !home.empty()) return home;
-    throw FileError(
-        "there is no folder for settings and the store: set QUILLORY_HOME to one, since neither "
-        "XDG_DATA_HOME nor HOME is set");
+    throw UsageError({FaultCode::kNoHomeFolder});
 }
 
 }  // namespace quillory

@@ -5,7 +5,7 @@
 namespace quillory {
 
 // Where the user's settings and store are kept: QUILLORY_HOME, or else quillory/ in the user's XDG
-// data folder. It need not exist. Throws FileError if the environment names no folder at all.
+// data folder. It need not exist. Throws UsageError if the environment names no folder at all.
 std::filesystem::path HomeFolder();
 bool HasHomeFolder();
 

@@ -14,7 +14,7 @@ constexpr std::string_view kSelect =
     "SELECT id, control_number, title, type, added, changed, workform, bytes FROM records";
 
 constexpr std::size_t kBatchBytes = std::size_t{96} << 20;
-constexpr int kBatchCheckpointPages = 20000;  // pages that every batch changes go out but once
+constexpr int kBatchCheckpointPages = 20000;  // a page that every batch changes is written once
 
 void BindRecord(Statement& statement, const NewRecord& record, std::string_view titleKey) {
     const RecordSummary& summary = record.summary;
@@ -42,12 +42,12 @@ void ReadRow(const Statement& row, StoredRecord& record) {
     record.bytes = row.Bytes(7);
 }
 
-// A text behind all that begin with `prefix`: no UTF-8 has the byte 0xFF.
+// Sorts after all texts that begin with `prefix`, since UTF-8 never has the byte 0xFF.
 std::string EndOf(std::string_view prefix) {
     return std::string(prefix) + '\xFF';
 }
 
-// Beside a search the ID is kept from being taken for the index to use.
+// In a search, the plus sign keeps SQLite from using the index of the IDs.
 std::string SqlFor(const RecordSelection& selection) {
     const bool isSearch = selection.controlNumber || selection.titlePrefix;
     std::string sql(kSelect);

@@ -12,7 +12,7 @@
 
 namespace quillory {
 
-// What lists and searches need of a record, in UTF-8 without control characters.
+// What lists and searches show of a record, in UTF-8 without control characters.
 struct RecordSummary {
     std::string controlNumber;  // 001
     std::string title;          // 245 $a, $b, $n and $p
@@ -26,21 +26,20 @@ struct NewRecord {
     int workform = 0;   // ID of the user's workform that it was made from; 0 for none
 };
 
-// A record of the store. The views and the bytes hold until the next one is asked for.
 struct StoredRecord {
     std::int64_t id = 0;
     RecordSummary summary;
     std::int64_t added = 0;    // seconds since 1970 UTC
     std::int64_t changed = 0;  // as added
-    int workform = 0;          // 0 for none, or one that has been deleted
+    int workform = 0;          // 0 for none, and for one that has been deleted
     std::string bytes;
 };
 
-// What Walk gives; the empty selection is all records.
+// What Walk gives: the records that all of these hold for.
 struct RecordSelection {
-    std::int64_t after = 0;                    // IDs above this
-    std::optional<std::string> controlNumber;  // the whole of it, but for the number of blanks
-    std::optional<std::string> titlePrefix;    // without regard to case and diacritics
+    std::int64_t after = 0;                    // the ID is above this
+    std::optional<std::string> controlNumber;  // all of it; the number of blanks doesn't count
+    std::optional<std::string> titlePrefix;    // case and diacritics don't count
 };
 
 struct IdRange {
@@ -48,22 +47,22 @@ struct IdRange {
     std::int64_t last = 0;
 };
 
-// The records that quillory keeps, by an ID from 1 that is never given twice. Everything that
-// fails throws FileError.
+// The records that quillory keeps, each by an ID from 1 on that is never given twice. Failures
+// throw FileError.
 class RecordStore {
 public:
     explicit RecordStore(const Database& database);
 
     // The result is the ID.
     std::int64_t Add(const NewRecord& record);
-    // At least one, all or none. Their IDs follow each other.
+    // Adds at least one record: all or none. Their IDs follow each other.
     IdRange AddAll(std::span<const NewRecord> records);
     // False if there is no such record.
     bool Delete(std::int64_t id);
 
     std::optional<StoredRecord> Find(std::int64_t id) const;
-    // One record in memory at a time, until `take` gives false; in the order of their IDs, or of
-    // the beginnings of their titles if a title was asked for.
+    // Hands records to `take`, one in memory at a time, until it gives false. They come in the
+    // order of their IDs, or of their titles if a title was asked for.
     void Walk(const RecordSelection& selection,
               const std::function<bool(StoredRecord& record)>& take) const;
     std::int64_t Count() const;
@@ -75,21 +74,21 @@ private:
     Statement insert_;
 };
 
-// Gathers records and adds them to the store many at a time, in one transaction each time. While
-// records are gathered, others may write to the store.
+// Gathers records and adds them to the store many at a time, each time in one transaction. Other
+// processes may write to the store while records are gathered.
 class RecordBatch {
 public:
-    // Adds after so many records, and before that if they take up much memory.
+    // Adds them after every `size` records, or earlier if they take up much memory.
     explicit RecordBatch(RecordStore& store, std::size_t size = 50000);
     ~RecordBatch();
     RecordBatch(const RecordBatch&) = delete;
     RecordBatch& operator=(const RecordBatch&) = delete;
 
     void Add(NewRecord record);
-    // Adds what is gathered. Records not yet added when the object goes are dropped.
+    // Adds what is gathered. The destructor drops what has not been added.
     void Flush();
 
-    // Records that are in the store for good, and their first and last ID.
+    // Records that have been added, and their first and last ID.
     std::uint64_t Saved() const { return saved_; }
     IdRange Ids() const { return ids_; }
 

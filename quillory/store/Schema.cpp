@@ -7,10 +7,10 @@
 namespace quillory {
 namespace {
 
-// IDs of either table are never given twice. Times are seconds since 1970 UTC.
+// No ID is given twice in either table. Times are seconds since 1970 UTC.
 
-// Workforms that the user has made; IDs below 100 belong to the standard ones. A row without a
-// block is only a name that has its ID.
+// Workforms that the user has made; IDs below 100 are those of the standard ones. A row without a
+// block only keeps an ID for a name.
 constexpr const char* kWorkforms = R"(
 CREATE TABLE workforms (
     id      INTEGER PRIMARY KEY AUTOINCREMENT CHECK (id BETWEEN 100 AND 2147483647),
@@ -24,8 +24,8 @@ CREATE TABLE workforms (
 INSERT INTO sqlite_sequence (name, seq) VALUES ('workforms', 99);
 )";
 
-// Records as ISO 2709. The other columns are taken from the record, as UTF-8; title_key is the
-// beginning of the title, folded.
+// Records in ISO 2709. The texts in the other columns are taken from the record, in UTF-8;
+// title_key is the beginning of the title, folded.
 constexpr const char* kRecords = R"(
 CREATE TABLE records (
     id             INTEGER PRIMARY KEY AUTOINCREMENT,

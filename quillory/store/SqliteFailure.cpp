@@ -27,7 +27,7 @@ std::string ReasonOf(sqlite3* connection) {
         case SQLITE_IOERR:
             return "can't be read or written" + SystemReason(connection);
         case SQLITE_NOTADB:
-            return "is no database";
+            return "is not a database";
         case SQLITE_CORRUPT:
             return "is damaged: " + std::string(sqlite3_errmsg(connection));
         default:

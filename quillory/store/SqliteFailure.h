@@ -1,6 +1,6 @@
 #pragma once
 
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
 
 #include <string>
 
@@ -8,14 +8,14 @@ struct sqlite3;
 
 namespace quillory {
 
-// Another process is writing, and did not come to an end in time.
+// Another process is writing, and did not finish in time.
 class StoreBusy : public FileError {
 public:
     using FileError::FileError;
 };
 
-// Throws FileError, or StoreBusy, for the last thing that failed on a connection: the file, the
-// reason and, where the operating system had one, its own.
+// Throws FileError, or StoreBusy, for the last failure on a connection. The text has the file, the
+// reason and, where there is one, the reason of the operating system.
 [[noreturn]] void ThrowSqliteFailure(sqlite3* connection, const std::string& name);
 
 }  // namespace quillory

@@ -1,4 +1,4 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/store/SqliteFailure.h>
 #include <quillory/store/Statement.h>
 

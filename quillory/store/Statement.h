@@ -10,27 +10,28 @@ struct sqlite3_stmt;
 
 namespace quillory {
 
-// One statement of SQL, prepared. Everything that fails throws FileError with the database's name.
+// One prepared statement of SQL. Failures throw FileError with the name of the database.
 class Statement {
 public:
     // `name` is the database's file, for messages.
     Statement(sqlite3* connection, const std::string& name, std::string_view sql);
 
-    // Parameters are counted from 1. Texts and bytes are not copied: they have to stay until the
+    // Parameters are counted from 1. Texts and bytes are not copied; they must stay until the
     // statement has run.
     Statement& Bind(int parameter, std::int64_t number);
     Statement& BindText(int parameter, std::string_view utf8);
     Statement& BindBytes(int parameter, std::string_view bytes);
     Statement& BindNull(int parameter);
 
-    // True with the next row at hand. False, and ready to be bound and run again, without one.
+    // True if there is a next row, which Number and Bytes then read. Else the statement can be
+    // bound and run again.
     bool Step();
-    // Runs the statement to its end, without looking at rows.
+    // Runs the statement to its end and ignores its rows.
     void Run();
 
-    // Columns of the row at hand are counted from 0. The views hold until the next Step.
+    // Columns are counted from 0. The views hold until the next Step.
     std::int64_t Number(int column) const;
-    std::string_view Bytes(int column) const;  // of a text, too; empty for null
+    std::string_view Bytes(int column) const;  // of a blob or a text; empty for null
 
 private:
     struct Finalizer {

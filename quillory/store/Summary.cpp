@@ -8,7 +8,7 @@ namespace {
 constexpr std::string_view kControlNumberTag = "001";
 constexpr std::string_view kTitleTag = "245";
 constexpr std::string_view kTitleCodes = "abnp";
-constexpr std::size_t kLeaderType = 6;  // type of record, and bibliographic level behind it
+constexpr std::size_t kLeaderType = 6;  // type of record, and bibliographic level after it
 
 std::string TitleOf(std::string_view content) {
     std::string title;

@@ -6,7 +6,7 @@
 
 namespace quillory {
 
-// Takes from records what lists and searches need. Their character set is told as Recoder tells it.
+// Takes from records what lists and searches need. Recoder finds out their character set.
 class Summarizer {
 public:
     RecordSummary Summarize(const Record& record);

@@ -1,4 +1,5 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/store/WorkformFile.h>
 #include <zorby/archive/Archive.h>
 #include <zorby/archive/MemoryStream.h>
@@ -7,7 +8,7 @@
 namespace quillory {
 namespace {
 
-// Reads the workform at the stream's position out of all its bytes.
+// Reads the workform at the stream's position; `bytes` are all bytes of the stream.
 FiledWorkform ReadNext(zorby::MemoryViewStream& stream, zorby::CArchive& archive,
                        std::string_view bytes) {
     const std::uint64_t begin = stream.GetPosition();
@@ -22,8 +23,8 @@ void CheckAtEnd(const zorby::MemoryViewStream& stream, std::string_view bytes,
                 const std::string& what) {
     const std::uint64_t end = stream.GetPosition();
     if (end == bytes.size()) return;
-    throw FileError(what + ": offset " + std::to_string(end) + ": " +
-                    std::to_string(bytes.size() - end) + " bytes behind its end");
+    throw FileError(what + ": offset " + std::to_string(end),
+                    {FaultCode::kBytesAfterWorkforms, {}, std::to_string(bytes.size() - end)});
 }
 
 }  // namespace
@@ -47,7 +48,7 @@ std::vector<FiledWorkform> ParseWorkformFile(std::string_view bytes, const std::
     std::int32_t count = 0;
     try {
         archive >> count;
-        if (count < 0) throw FileError(fileName + ": offset 0: is no file of workforms");
+        if (count < 0) throw FileError(fileName + ": offset 0", {FaultCode::kNotWorkformFile});
         for (std::int32_t i = 0; i < count; ++i) {
             workforms.push_back(ReadNext(stream, archive, bytes));
         }

@@ -1,4 +1,4 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/store/WorkformLocks.h>
 
 #include <cerrno>
@@ -9,7 +9,7 @@
 namespace quillory {
 namespace {
 
-// The file holds the holder's number of each ID; the place is what is locked.
+// At the place of each ID, the file has the number of the lock's holder; that place is locked.
 off_t PlaceOf(int id) {
     return static_cast<off_t>(id) * static_cast<off_t>(sizeof(int));
 }
@@ -65,7 +65,7 @@ int WorkformLocks::HolderElsewhere(int id) const {
     struct flock lock = LockOf(id, F_WRLCK);
     if (fcntl(descriptor_, F_OFD_GETLK, &lock) != 0) Fail(path_, "can't be looked at");
     if (lock.l_type == F_UNLCK) return 0;
-    constexpr int kUnknown = -1;  // has locked, and not yet told who
+    constexpr int kUnknown = -1;  // has locked, and not yet written who
     int who = 0;
     const bool isRead = pread(descriptor_, &who, sizeof who, PlaceOf(id)) == ssize_t{sizeof who};
     return isRead && who != 0 ? who : kUnknown;

@@ -5,8 +5,8 @@
 
 namespace quillory {
 
-// Locks on workforms, by ID. They are locks of the operating system on a file beside the store, so
-// that a process that ends in whatever way holds none any more.
+// Locks on workforms, by ID. They are locks of the operating system on a file beside the store,
+// which vanish when their process ends, however it ends.
 class WorkformLocks {
 public:
     // Opens the file, or makes it. Throws FileError.

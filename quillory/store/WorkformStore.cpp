@@ -1,4 +1,5 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/store/Clock.h>
 #include <quillory/store/WorkformStore.h>
 
@@ -61,7 +62,7 @@ SaveObstacle WorkformStore::ObstacleTo(std::string_view name, int who) const {
     return locks_.IsHeldByOther(known, who) ? kLockedByOther : kNoObstacle;
 }
 
-// The ID that a user's workform of this name has, or from now on has.
+// The ID of the user's workform of this name. A new name is given an ID.
 int WorkformStore::IdFor(std::string_view name) {
     if (name.empty()) return 0;
     if (const int known = UserIdOf(name); known != 0) return known;
@@ -141,20 +142,18 @@ std::optional<std::string> WorkformStore::Block(int id) const {
     if (!row.Bind(1, id).Step()) return std::nullopt;
     const std::string_view block = row.Bytes(0);
     if (row.Number(1) != CrcOf(block)) {
-        throw FileError(database_.Path() + ": workform " + std::to_string(id) +
-                        ": its block is damaged");
+        throw FileError(database_.Path(), {FaultCode::kDamagedWorkform, {}, std::to_string(id)});
     }
     return std::string(block);
 }
 
-// The row may have gone since the save began; its ID is still nobody else's.
+// The row may have gone since the save began. Even so no other workform has its ID.
 void WorkformStore::StoreBlock(int id, std::string_view block) {
     const std::optional<PendingSave> pending = std::exchange(pending_, std::nullopt);
     const bool isSave = pending && pending->id == id;
     const std::optional<WorkformInfo> known = isSave ? std::nullopt : FindById(id);
     if (!isSave && (!known || !IsUserId(id))) {
-        throw FileError(database_.Path() + ": there is no workform " + std::to_string(id) +
-                        " to store");
+        throw UsageError({FaultCode::kNoWorkform, {}, std::to_string(id)});
     }
     database_
         .Prepare(

@@ -27,13 +27,14 @@ enum SaveObstacle : int { kNoObstacle, kStandardName, kNoFurtherId, kLockedByOth
 
 enum WorkformKind : int { kStandardWorkforms, kUserWorkforms };
 
-// The workforms behind the library's callbacks. Those of users are in the database, each with a
-// block of bytes that only the library understands. The standard ones live in a data file of the
-// library, which names them anew in each run; here they only keep their names from being taken.
+// The workforms that the library asks for through its callbacks. Those of users are in the
+// database, each with a block of bytes that only the library understands. The standard ones are in
+// a data file of the library, which names them anew in each run; the store only keeps their names
+// from being taken.
 //
-// A user's workform is there from the moment that its block is stored; until then only its ID and
-// its name are taken. Names are told apart by their bytes. Whatever fails throws FileError; a
-// request that the rules refuse gives 0, false or nothing.
+// A user's workform exists from the moment that its block is stored; until then only its ID and its
+// name are taken. Names are compared by their bytes. Failures throw FileError; a request that the
+// rules refuse gives 0, false or nothing.
 class WorkformStore {
 public:
     explicit WorkformStore(const Database& database);
@@ -42,19 +43,19 @@ public:
     //  - an ID below 100 and a name: a standard workform of this run;
     //  - ID 0, a name, `held` 0: the ID of that name, which is given one if it has none;
     //  - ID 0, a backslash and a name, `held` 1: `who` saves a workform. The name keeps the ID that
-    //    it has. Nothing else changes until StoreBlock, which sets `state`, too. Refused for the
-    //    name of a standard workform and for one that somebody else has locked; who 0 is anybody of
-    //    this process;
-    //  - an ID and no name: `who` locks (`held` 1), or this process unlocks (`held` 0); the state
-    //    stays as it is.
+    //    it has. Nothing else changes until StoreBlock, which also sets `state`. Refused for the
+    //    name of a standard workform and for a workform that somebody else has locked; `who` 0 is
+    //    anybody in this process;
+    //  - an ID and no name: `who` locks the workform (`held` 1), or this process unlocks it (`held`
+    //    0); its state stays as it is.
     // The result is the ID, or 0 for a refusal.
     int Register(int id, const char* name, int who, int held, int state);
 
-    // Refused if `who` or the workform is none, or if somebody else holds the lock.
+    // Refused if `who` is 0, if there is no such workform, or if somebody else holds the lock.
     bool Lock(int id, int who);
     void Unlock(int id);
 
-    // By name a standard workform goes before a user's.
+    // By name, a standard workform is found before a user's.
     std::optional<WorkformInfo> FindByName(std::string_view name) const;
     std::optional<WorkformInfo> FindById(int id) const;
     // In the order of their IDs.
@@ -62,14 +63,15 @@ public:
     // Empty for an ID that was not registered.
     std::string StandardName(int id) const;
 
-    // Nothing if there is no such workform; FileError if the bytes are not those that were stored.
+    // Nothing if there is no such workform. FileError if the bytes are not those that were stored.
     std::optional<std::string> Block(int id) const;
-    // Finishes the save that Register began for this ID. Without one, replaces the block.
+    // Finishes the save that Register began for this ID; replaces the block if it began none.
+    // Throws UsageError if there is no such workform either.
     void StoreBlock(int id, std::string_view block);
     // Both steps of a save. The result is as that of Register.
     int Save(std::string_view name, int who, int state, std::string_view block);
 
-    // Refused for a standard workform, and while somebody else holds the lock.
+    // Refused for a standard workform, and for one that somebody else has locked.
     bool Delete(int id);
 
     bool CanAllocateId() const;

@@ -9,7 +9,8 @@
 namespace quillory {
 namespace {
 
-WorkformStore* theStore = nullptr;
+const Workforms* inForce = nullptr;
+WorkformStore* theStore = nullptr;  // the one in force
 
 void Set(int* target, int value) {
     if (target != nullptr) *target = value;
@@ -106,20 +107,24 @@ zorby::TemplateCallbacks CallbacksOfStore() {
 
 }  // namespace
 
-Workforms::Workforms(WorkformStore* store) {
-    theStore = store;
-    zorby::TemplateCallbacks callbacks{};
-    if (store != nullptr) {
-        callbacks = CallbacksOfStore();
-    } else {
-        callbacks.standardName = StandardNameWithoutStore;
-    }
-    zorby::CTemplate::InitTemplateCB(callbacks);
+Workforms::Workforms(WorkformStore* store) : store_(store), before_(inForce) {
+    PutInForce(this);
 }
 
 Workforms::~Workforms() {
-    zorby::CTemplate::InitTemplateCB({});
-    theStore = nullptr;
+    PutInForce(before_);
+}
+
+void Workforms::PutInForce(const Workforms* workforms) {
+    inForce = workforms;
+    theStore = workforms == nullptr ? nullptr : workforms->store_;
+    zorby::TemplateCallbacks callbacks{};
+    if (theStore != nullptr) {
+        callbacks = CallbacksOfStore();
+    } else if (workforms != nullptr) {
+        callbacks.standardName = StandardNameWithoutStore;
+    }
+    zorby::CTemplate::InitTemplateCB(callbacks);
 }
 
 }  // namespace quillory

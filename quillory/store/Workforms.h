@@ -4,12 +4,13 @@
 
 namespace quillory {
 
-// Puts the user's workforms behind the library's callbacks (see zorby::CTemplate), and tells the
-// store the names of the standard ones. CTemplateList is loaded before and stays until after. There
-// is one object at a time; without one the library reaches no workform but by its name.
+// Answers the library's callbacks for the user's workforms (see zorby::CTemplate) as long as the
+// object lives, and tells the store the names of the standard ones. Those that were in force before
+// are put back. CTemplateList is loaded before and stays until after. Without any object the
+// library reaches a workform only by its name.
 //
-// What fails in the store is thrown as FileError, right through the library, out of the operation
-// that needed the store.
+// A failure of the store passes through the library as a FileError, out of the operation that
+// needed the store.
 class Workforms {
 public:
     // Without a store there are only the standard workforms.
@@ -17,6 +18,12 @@ public:
     ~Workforms();
     Workforms(const Workforms&) = delete;
     Workforms& operator=(const Workforms&) = delete;
+
+private:
+    static void PutInForce(const Workforms* workforms);
+
+    WorkformStore* store_;
+    const Workforms* before_;
 };
 
 }  // namespace quillory

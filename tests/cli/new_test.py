@@ -61,16 +61,19 @@ class New(NewRecords):
     def test_what_is_wrong_is_said(self):
         for arguments, reason in [
                 (["-w", "Boks"], 'there is no workform "Boks"'),
-                ([], "which workform?"),
+                ([], "no workform is named; "),
                 (["-w", BOOK, "-s", "245a"], "--set: 245a is not PLACE=TEXT"),
-                (["-w", BOOK, "-s", "245=Title"], "--set 245: a whole field is"),
-                (["-w", BOOK, "-s", "008/22=Q"], '"Q" is no code of 008/22 (Target audience)'),
-                (["-w", BOOK, "-s", "language=xyz"], '"xyz" is no code of 008/35-37 (Language)'),
-                (["-w", BOOK, "-s", "country=us"], '"us " is an obsolete code of 008/15-17'),
+                (["-w", BOOK, "-s", "245=Title"], "quillory: 245: a whole field is"),
+                (["-w", BOOK, "-s", "008/22=Q"], '008/22: "Q" is not a code of Target audience; '),
+                (["-w", BOOK, "-s", "language=xyz"],
+                 '008/35-37: "xyz" is not a code of Language; '),
+                (["-w", BOOK, "-s", "country=us"], '008/15-17: "us " is an obsolete code of '),
                 (["-w", BOOK, "-s", "leader/06=g"], "leader/06: "),  # 008 is that of a book
-                (["-w", BOOK, "-s", "008=short"], "not as long as the format has it"),
-                (["-w", BOOK, "-s", "leader/09=a"], "leader/09: says how a record is stored"),
-                (["-w", BOOK, "-s", "245a=A", "-s", "245a=B"], "a record has this field once"),
+                (["-w", BOOK, "-s", "008=short"], "008: the field has the wrong length: "),
+                (["-w", BOOK, "-s", "leader/09=a"],
+                 "leader/09: these positions say how a record is stored"),
+                (["-w", BOOK, "-s", "245a=A", "-s", "245a=B"],
+                 "245 $a: a record can have this field only once"),
                 (["--from", self.path("no.toml", b"245a = ")], "no.toml: line 1, column "),
                 (["--from", self.path("two.toml", b"[[record]]\n[[record]]\n")],
                  "describes several records"),
@@ -157,9 +160,10 @@ class Catalog(NewRecords):
         self.assertEqual([self.field(record, b"245")[0] for record in records_of(out)],
                          [b"00\x1faone", b"00\x1fasix"])
         for reason in ["many.toml: record 2 at byte 66: ", "(byte 88, line 5, column 12)",
-                       "245a: a record has this field once (byte 107, line 7, column 8)",
-                       'workform: there is no workform "Boks"',
-                       '"xx1" is no code of 008/35-37 (Language)']:
+                       "245 $a: a record can have this field only once "
+                       "(byte 107, line 7, column 8)",
+                       'there is no workform "Boks"',
+                       '008/35-37: "xx1" is not a code of Language; ']:
             self.assertIn(reason, err)
         self.assertEqual(err.count("\n"), 5)
         lines = text.splitlines(keepends=True)

@@ -176,7 +176,7 @@ class Faults(Records):
         self.home.mkdir()
         store = self.path("home/quillory.db", b"no database " * 100)
         _, err = self.records("list", status=2)
-        self.assertEqual(err, f"quillory: {store}: is no database\n")
+        self.assertEqual(err, f"quillory: {store}: is not a database\n")
         self.assertEqual(store.read_bytes(), b"no database " * 100)
         self.records("show", "one", status=2)
         self.records("frobnicate", status=2)

@@ -115,7 +115,7 @@ class Roads(Workforms):
 
     def test_saving_again_needs_force_and_keeps_the_id(self):
         self.save_two()
-        self.assertIn('"save" is already there, 101; --force',
+        self.assertIn('"save" is already there as workform 101; --force',
                       self.fails("save", "save", "--from", "Map"))
         self.workforms("save", "save", "--from", "Map", "--force")
         self.assertEqual(self.listed()["save"]["id"], 101)
@@ -138,7 +138,7 @@ class Roads(Workforms):
         before = self.rows()
         file = self.path("ours.ttm")
         self.assertIn("2 workforms exported", self.workforms("export", file)[1])
-        self.assertIn('is already there, 100; --force', self.fails("import", file))
+        self.assertIn('is already there as workform 100; --force', self.fails("import", file))
         self.workforms("import", file, "--force")
         self.assertEqual(self.rows(), before)
         self.workforms("delete", "101")
@@ -158,12 +158,14 @@ class Faults(Workforms):
             (("pictur bok",), 'there is no workform "pictur bok"; near it: "Picture book"'),
             (("save", "x", "--from", "no such"), 'there is no workform "no such"'),
             (("save", BOOK, "--from", "1"), "is the name of a standard workform"),
-            (("save", "", "--from", "1"), '"" is no name'),
-            (("save", "x" * 201, "--from", "1"), "has 201 characters, and a name at most 200"),
+            (("save", "", "--from", "1"), 'a workform needs a name'),
+            (("save", "x" * 201, "--from", "1"), "is too long; a name has at most 200 characters"),
             (("save", "日本", "--from", "1"), "can't hold all characters of"),
-            (("save", "x", "--from", "1", "--set", "008a=x"), '"008a=x" is no default text'),
-            (("save", "x", "--from", "1", "--set", "245=x"), '"245=x" is no default text'),
-            (("save", "x", "--from", "1", "--set", "2451$a=x"), "is no default text"),
+            (("save", "x", "--from", "1", "--set", "008a=x"),
+             '"008a" is not a place in a new record'),
+            (("save", "x", "--from", "1", "--set", "245=x"),
+             "245: a whole field is two indicators and subfields"),
+            (("save", "x", "--from", "1", "--set", "2451$a=x"), "is not a place in a new record"),
             (("save", "x", "--from", "1", "--set", "245a=日"), "can't hold all characters of"),
             (("export", "-", BOOK), "is a standard workform"),
             (("export", self.path("x.ttm"), "Map"), '"Map" is a standard workform'),
@@ -180,16 +182,16 @@ class Faults(Workforms):
         self.workforms("save", "x" * 200, "--from", "Downloadable audiobook")
         whole = self.workforms("export", "-")[0]
         self.workforms("delete", "100")
-        cases = [(b"00000nim", b"00000n\x1em", "has the byte 0x1E at position 06 of its Leader"),
-                 (b"00000nim", b"00000n\xe9m", "has the byte 0xE9 at position 06 of its Leader"),
-                 (b"000000s", b"00\x1f000s", "has the byte 0x1F at position 02 of its 008"),
-                 (b"m     o  h", b"m   \0 o  h", "has the byte 0x00 at position 04 of its 006"),
-                 (b"cr", b"c\n", "has the byte 0x0A at position 01 of its 007"),
-                 (b"\xc8" + b"x" * 200, b"\xc9" + b"x" * 201, "has 201 characters")]
+        cases = [(b"00000nim", b"00000n\x1em", 'leader/06: "x+" has the byte 0x1E there'),
+                 (b"00000nim", b"00000n\xe9m", 'leader/06: "x+" has the byte 0xE9 there'),
+                 (b"000000s", b"00\x1f000s", '008/02: "x+" has the byte 0x1F there'),
+                 (b"m     o  h", b"m   \0 o  h", '006/04: "x+" has the byte 0x00 there'),
+                 (b"cr", b"c\n", '007/01: "x+" has the byte 0x0A there'),
+                 (b"\xc8" + b"x" * 200, b"\xc9" + b"x" * 201, 'the name "x+" is too long')]
         for old, new, reason in cases:
             self.assertIn(old, whole)
             err = self.fails("import", self.path("odd.ttm", whole.replace(old, new)))
-            self.assertRegex(err, f'odd.ttm: workform 1: "x+" {reason}')
+            self.assertRegex(err, f'odd.ttm: workform 1: {reason}')
             self.assertEqual(self.rows(), [])
 
     def test_ids_that_have_run_out_are_told(self):
@@ -215,9 +217,9 @@ class Faults(Workforms):
         self.workforms("delete", "100", "101")
         cases = [(whole[:3], r"workform 1: offset 0: unexpected end"),
                  (whole[:-1], r"workform 2: offset \d{4}: unexpected end"),
-                 (whole + b"x", rf"offset {len(whole)}: 1 bytes behind its end"),
-                 (b"\xff\xff\xff\xff", "offset 0: is no file of workforms"),
-                 (b"\2\0\0\0" + whole[4:] * 2, r"bytes behind its end"),
+                 (whole + b"x", rf"offset {len(whole)}: bytes after the end: 1"),
+                 (b"\xff\xff\xff\xff", "offset 0: this is not a file of workforms"),
+                 (b"\2\0\0\0" + whole[4:] * 2, r"bytes after the end: "),
                  (b"\4\0\0\0" + whole[4:] * 2, r'workform 3: ".*" is there twice'),
                  ((DATA / "zorby.ttm").read_bytes(), "is the name of a standard workform")]
         for content, reason in cases:
@@ -230,10 +232,10 @@ class Faults(Workforms):
         before = self.rows()
         self.change_store("UPDATE workforms SET block = substr(block, 1, 40) WHERE id = 100")
         out, err = self.workforms(status=1)
-        self.assertIn("quillory.db: workform 100: its block is damaged", err)
+        self.assertIn("quillory.db: the block of a workform is damaged: 100", err)
         self.assertIn("\n101  save", out.decode())
-        self.assertIn("workform 100: its block is damaged", self.fails(OURS))
-        self.assertIn("workform 100: its block is damaged", self.fails("export", "-"))
+        self.assertIn("the block of a workform is damaged: 100", self.fails(OURS))
+        self.assertIn("the block of a workform is damaged: 100", self.fails("export", "-"))
         self.assertEqual(self.workforms("export", "-", "save")[0][4:], before[1][3])
         self.workforms("save", OURS, "--from", "Picture book", "--set", "040a=ZS", "--force")
         self.assertEqual(self.rows(), before)

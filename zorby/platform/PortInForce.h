@@ -1,6 +1,7 @@
 #pragma once
 
 #include <zorby/platform/ApplicationPort.h>
+#include <zorby/platform/ClockPort.h>
 #include <zorby/platform/MessagePort.h>
 #include <zorby/platform/ProfileFilePort.h>
 #include <zorby/platform/WindowPort.h>
@@ -22,6 +23,7 @@ private:
 };
 
 using ApplicationInForce = PortInForce<ApplicationPort, CurrentApplicationPort, SetApplicationPort>;
+using ClockInForce = PortInForce<ClockPort, CurrentClockPort, SetClockPort>;
 using DialogsInForce = PortInForce<DialogPort, CurrentDialogPort, SetDialogPort>;
 using MessagesInForce = PortInForce<MessagePort, CurrentMessagePort, SetMessagePort>;
 using ProfileFilesInForce =

@@ -124,17 +124,18 @@ TEST_F(Drafts, SubfieldsFindTheirFields) {
 
 TEST_F(Drafts, WhatTheFormatDoesNotAllowIsSaid) {
     const std::vector<std::pair<Sets, std::string>> cases{
-        {{{"245a", "A"}, {"245a", "B"}}, "245a: a record has this field once"},
-        {{{"245", "10$aA$aB"}, {"245", "10$aB"}}, "245: a record has this field once"},
-        {{{"245[2]a", "B"}}, "245[2]a: a record has this field once"},
-        {{{"245[1]a", "A"}, {"245[1]a", "B"}}, "245[1]a: a field has $a once"},
-        {{{"245a", "A"}, {"245[1]", "10$aB"}}, "245[1]: something was said of this field before"},
-        {{{"001", "a"}, {"001", "b"}}, "001: a record has this field once"},
-        {{{"007[2]", "ta"}}, "007[2]: the record has not so many of these fields"},
-        {{{"500[2]a", "B"}}, "500[2]a: so far there are 0 of these fields"},
+        {{{"245a", "A"}, {"245a", "B"}}, "245 $a: a record can have this field only once"},
+        {{{"245", "10$aA$aB"}, {"245", "10$aB"}}, "245: a record can have this field only once"},
+        {{{"245[2]a", "B"}}, "245[2] $a: a record can have this field only once"},
+        {{{"245[1]a", "A"}, {"245[1]a", "B"}}, "245 $a: a field can have $a only once"},
+        {{{"245a", "A"}, {"245[1]", "10$aB"}}, "245: the field has been given before"},
+        {{{"001", "a"}, {"001", "b"}}, "001: a record can have this field only once"},
+        {{{"007[2]", "ta"}}, "007[2]: there are 0 of these fields so far"},
+        {{{"500[2]a", "B"}}, "500[2] $a: there are 0 of these fields so far"},
         {{{"008/40", "x"}}, "008/40: the field has 40 characters"},
-        {{{"008/38-39", "x"}}, "008/38-39: \"x\" is not 2 characters"},
-        {{{"007/01", "x"}}, "007/01: the record has no such field; give it whole, as 007"},
+        {{{"008/38-39", "x"}},
+         "008/38-39: \"x\" does not have the width of these positions, which is 2"},
+        {{{"007/01", "x"}}, "007/01: the record has no such field; give the whole field first"},
     };
     for (const auto& [sets, reason] : cases) {
         try {
@@ -206,12 +207,10 @@ TEST_F(Drafts, GapsAreWhatHasNoText) {
     draft.Take(ReadEntry("245a", "A"));
     draft.Take(ReadEntry("264[2]c", "1999"));
     std::string gaps;
-    for (const Draft::Gap& gap : draft.Gaps()) {
-        gaps += std::to_string(gap.tag) + "." + std::to_string(gap.occurrence) + gap.code + " ";
-    }
+    for (const Place& gap : draft.Gaps()) gaps += PlaceText(gap) + "; ";
     EXPECT_EQ(gaps,
-              "20.1a 20.1q 100.1a 100.1e 245.1n 245.1p 245.1b 245.1c 264.1a 264.1b 264.1c 650.1a "
-              "650.1x 650.1z 650.1v 655.1a 776.1t ");
+              "020 $a; 020 $q; 100 $a; 100 $e; 245 $n; 245 $p; 245 $b; 245 $c; 264 $a; 264 $b; "
+              "264 $c; 650 $a; 650 $x; 650 $z; 650 $v; 655 $a; 776 $t; ");
 }
 
 }  // namespace

@@ -91,8 +91,8 @@ TEST(Database, LeavesAloneWhatIsNotItsOwn) {
                                 std::string(2000, '.'));
     const std::vector<std::pair<std::string, std::string>> cases{
         {"newer.db", "was written by a newer quillory (form 3; this one knows up to 2)"},
-        {"other.db", "is a database, but no store of quillory"},
-        {"text.db", "is no database"},
+        {"other.db", "is a database, but not a store of quillory"},
+        {"text.db", "is not a database"},
     };
     for (const auto& [name, reason] : cases) {
         const std::string path = folder.Path(name);

@@ -72,7 +72,7 @@ TEST_F(WorkformStoreTest, NothingShowsBeforeItsBlockIsStored) {
     Save("Old", "block", 0, kUsable);
     store_.Register(0, "\\Old", 0, 1, kWithdrawn);
     EXPECT_EQ(store_.FindByName("Old")->state, kUsable);
-    EXPECT_THROW(store_.StoreBlock(4711, "x"), FileError);
+    EXPECT_THROW(store_.StoreBlock(4711, "x"), UsageError);
 }
 
 TEST_F(WorkformStoreTest, ASaveSurvivesThatItsEntryWasDeletedMeanwhile) {
@@ -98,7 +98,7 @@ TEST_F(WorkformStoreTest, StandardWorkformsKeepTheirNames) {
     EXPECT_EQ(Save("", "x"), 0);
     EXPECT_FALSE(store_.Delete(1));
     EXPECT_EQ(store_.Register(1, nullptr, 7, 1, 1), 0);
-    EXPECT_THROW(store_.StoreBlock(1, "x"), FileError);
+    EXPECT_THROW(store_.StoreBlock(1, "x"), UsageError);
     EXPECT_TRUE(UserNames().empty());
 }
 
@@ -146,7 +146,7 @@ TEST_F(WorkformStoreTest, ADamagedBlockIsNamedAndLeavesTheOthersAlone) {
         store_.Block(id);
         FAIL();
     } catch (const FileError& error) {
-        EXPECT_EQ(error.what(), database_.Path() + ": workform 100: its block is damaged");
+        EXPECT_EQ(error.what(), database_.Path() + ": the block of a workform is damaged: 100");
     }
     EXPECT_EQ(UserNames(), (std::vector<std::string>{"Broken", "Sound"}));
     EXPECT_EQ(store_.Block(101), "sound");

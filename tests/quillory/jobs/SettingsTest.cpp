@@ -1,0 +1,138 @@
+#include <quillory/holdings/HoldingsSystem.h>
+#include <quillory/jobs/Library.h>
+#include <quillory/jobs/RecordPolicy.h>
+#include <quillory/jobs/Settings.h>
+
+#include <tests/quillory/jobs/JobsFixture.h>
+
+namespace quillory {
+namespace {
+
+class SettingsJobs : public Jobs {
+protected:
+    SettingsJobs() {
+        LoadSettings();
+        LoadDictionaries();
+    }
+};
+
+std::string ValueIn(const std::vector<SettingRow>& rows, const std::string& name) {
+    for (const SettingRow& row : rows) {
+        if (row.name == name) return row.value;
+    }
+    return "none";
+}
+
+TEST_F(SettingsJobs, WhatIsWrittenIsReadByEveryNameAndInTheNextRun) {
+    ChangeSetting("DisplayNameOrMARC", "2");
+    ChangeSetting("ZP_FontName", "Bücherei");
+    LoadSettings();
+    for (const char* name : {"DisplayNameOrMARC", "ZP_DisplayNameOrMARC"}) {
+        EXPECT_EQ(ReadSetting(name), "2") << name;
+    }
+    for (const SettingRow& row : ListSettings()) {
+        EXPECT_EQ(ReadSetting(std::to_string(row.id.value())), row.value) << row.name;
+    }
+    ChangeHoldingsSetting("HoldingsType", "Alexandria");
+    ChangeHoldingsSetting("CustomBarCodeSubfield", "949$b");
+    LoadSettings();
+    EXPECT_EQ(ReadHoldingsSetting("HoldingsType"), "Alexandria");
+    EXPECT_EQ(ValueIn(ListHoldingsSettings(), "CustomBarCodeSubfield"), "949$b");
+}
+
+TEST_F(SettingsJobs, WhatIsRefusedSaysWhy) {
+    const auto change = [](const char* name, const char* value) {
+        return ErrorOf([&] { ChangeSetting(name, value); });
+    };
+    const auto changeHoldings = [](const char* name, const char* value) {
+        return ErrorOf([&] { ChangeHoldingsSetting(name, value); });
+    };
+    EXPECT_EQ(change("Nope", "1"), "there is no setting Nope; quillory settings lists them");
+    EXPECT_EQ(change("", "1"), "there is no setting ; quillory settings lists them");
+    EXPECT_EQ(change("DisplayNameOrMARC", "x"),
+              "ZP_DisplayNameOrMARC: the value is a number, not \"x\"");
+    EXPECT_EQ(change("DisplayNameOrMARC", "-"),
+              "ZP_DisplayNameOrMARC: the value is a number, not \"-\"");
+    EXPECT_EQ(change("FontName", "日"), "settings can't hold all characters of \"日\"");
+    EXPECT_EQ(changeHoldings("Nope", "1"),
+              "there is no holdings setting Nope; quillory settings --holdings lists them");
+    EXPECT_EQ(changeHoldings("EasyOrCustom", "no"),
+              "EasyOrCustom: the value is Easy or Custom, not \"no\"");
+    EXPECT_EQ(changeHoldings("NextBarCode", "a|b"),
+              "NextBarCode: holdings settings can't hold | or a backslash");
+    EXPECT_EQ(changeHoldings("HoldingsType", "zzz"),
+              "there is no holdings type zzz; `quillory describe --holdings` lists them");
+}
+
+TEST_F(SettingsJobs, AFileThatCanNotBeWrittenIsNamed) {
+    folder_.Write("home", "a file, and no folder");
+    LoadSettings();
+    const std::string error = ErrorOf([] { ChangeSetting("DisplayNameOrMARC", "2"); });
+    EXPECT_TRUE(error.starts_with(folder_.Path("home/"))) << error;
+    EXPECT_NE(error.find(": can't be written: "), error.npos) << error;
+}
+
+TEST_F(SettingsJobs, WithoutAHomeFolderThereAreNoSettings) {
+    unsetenv("QUILLORY_HOME");
+    const std::string home = std::getenv("HOME");
+    unsetenv("HOME");
+    unsetenv("XDG_DATA_HOME");
+    LoadSettings();
+    EXPECT_NE(ErrorOf([] { ChangeSetting("DisplayNameOrMARC", "2"); }).find("QUILLORY_HOME"),
+              std::string::npos);
+    setenv("HOME", home.c_str(), 1);
+}
+
+TEST_F(SettingsJobs, APolicyAndAHoldingsSystemAreInForceForOneJob) {
+    const auto inForce = [] {
+        return HoldingsSystemInForce().name + " " + ReadSetting("RC_NoSubjects");
+    };
+    ChangeSetting("RC_NoSubjects", "0");
+    const std::string before = inForce();
+    try {
+        const SettingsKeeper settings;
+        PolicyOptions options;
+        options.policy = {kPolicyTLC, {{"NoSubjects", 2}}};
+        MakeChecker(options, kCharsetAuto);
+        PutInForce(*FindHoldingsType("Alexandria"));
+        EXPECT_EQ(inForce(), "Alexandria 2");
+        options.policy.keys = {{"Nope", 1}};
+        MakeChecker(options, kCharsetAuto);
+        ADD_FAILURE() << "there is no such key";
+    } catch (const FaultError&) {
+        EXPECT_EQ(inForce(), before);
+    }
+    LoadSettings();
+    EXPECT_EQ(inForce(), before);
+}
+
+TEST_F(SettingsJobs, AMissingDataFileIsNamedAndThePortsArePutBack) {
+    const std::string program = zorby::CurrentApplicationPort().Folder();
+    zorby::MessagePort& messages = zorby::CurrentMessagePort();
+    const std::string data = folder_.Path("data");
+    std::filesystem::create_directory(data);
+    setenv("QUILLORY_DATA", data.c_str(), 1);
+    std::filesystem::copy(std::string(DATA_FOLDER) + "zorby.hld", data);
+    EXPECT_EQ(ErrorOf([] { LoadDictionaries(); }),
+              data +
+                  "/MARCBibl.tfm: can't be opened: No such file or directory; QUILLORY_DATA "
+                  "names the folder of the data files");
+    for (const char* bytes : {"", "\1", "\xff\xff\xff\xff"}) {
+        folder_.Write("data/MARCBibl.tfm", bytes);
+        folder_.Write("data/zorby.ttm", bytes);
+        for (const auto& error :
+             {ErrorOf([] { LoadDictionaries(); }), ErrorOf([] { LoadWorkforms(); })}) {
+            EXPECT_NE(error.find(data), error.npos) << error;
+        }
+    }
+    folder_.Write("data/zorby.ttm", std::string(4, '\0'));
+    EXPECT_NE(ErrorOf([] { LoadWorkforms(); }).find("holds no workform \"Book"), std::string::npos);
+    EXPECT_EQ(zorby::CurrentApplicationPort().Folder(), program);
+    EXPECT_EQ(&zorby::CurrentMessagePort(), &messages);
+    unsetenv("QUILLORY_DATA");
+    EXPECT_EQ(ErrorOf([] { LoadDictionaries("zz"); }),
+              "\"zz\" names no fields of your own; they are given as 590ab or 591-595");
+}
+
+}  // namespace
+}  // namespace quillory
