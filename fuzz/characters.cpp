@@ -104,7 +104,8 @@ private:
         if (rest.front() == kEscape) {
             const std::size_t letter = rest.size() > 1 ? kEscapeLetters.find(rest[1]) : rest.npos;
             known = letter != rest.npos;
-            alphabet_ = known ? static_cast<unsigned char>(letter) : kAlphabetBasic;
+            alphabet_ = kAlphabetBasic;
+            if (known) alphabet_ = static_cast<unsigned char>(letter);
             if (rest.size() < 2) return false;
             rest.remove_prefix(2);
             consumed = rest.empty() || rest[0] == 0x1E || rest[0] == 0x1F ? 2 : 3;
