@@ -46,7 +46,7 @@ std::string Predicate(const OnlyWhenTest& test) {
 
 std::string Conditions(const COnlyWhenState& state) {
     const char* const any = state.parsedTag == 0 ? "Any element" : "Any subfield";
-    const std::string text = Subject(state, state.first, any) + Predicate(state.first);
+    std::string text = Subject(state, state.first, any) + Predicate(state.first);
     if (!state.advanced) return text;
     return text + (state.bothConditions ? " AND " : " OR ") + Subject(state, state.second, "Any") +
            Predicate(state.second);

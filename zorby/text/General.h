@@ -91,10 +91,10 @@ public:
     // Replaces every character outside ASCII by a plain letter or a blank.
     static void TranslateToNonDiacritic(std::string& text);
 
-    // Searches a text for a pattern, as WildPattern does, from `position` on. Returns 1 if it is
-    // found, with its first and last byte, and `position` behind it for the next call. Else returns
-    // 0, and the results then mean nothing; an empty pattern or a position after the end leaves
-    // them as they were.
+    // Searches a text for a pattern, as WildPattern does, from `position` on. Returns 1 with the
+    // first and the last byte of what it found, and `position` after it, where the next call
+    // starts. Returns 0 if it finds nothing; what it gives then means nothing, but if the pattern
+    // is empty or `position` is not in the text, all three stay as they were.
     static int FindWild(std::string_view text, std::string_view pattern, int wholeWords,
                         int& position, int& foundStart, int& foundEnd, int useWildcards);
 

@@ -28,13 +28,14 @@ public:
     // Without `useWildcards` all bytes stand for themselves.
     WildPattern(std::string_view pattern, bool useWildcards);
 
-    // Searches from match.position on. Returns false if nothing is found, and then only an empty
-    // pattern or a position after the end leaves `match` as it was. With `wholeWords` a match
-    // begins and ends where a word does; "*" at an end of the pattern then stands for the rest of
-    // the word, else for the rest of the text. A comma, full stop, dollar sign or hyphen ends a
-    // word only beside a blank or an end of the text; all other punctuation and blanks always do.
-    // Marks
-    // "?" alone don't match punctuation before the last byte.
+    // Searches from match.position on. Returns false if it finds nothing; what `match` is then
+    // means nothing, but if the pattern is empty or the position is not in the text, it stays as it
+    // was.
+    //
+    // A "*" at an end of the pattern stands for the rest of the text on that side, or of the word
+    // with `wholeWords`, where a match begins and ends as a word does. Blanks and punctuation end a
+    // word, but a comma, full stop, dollar sign or hyphen does so only beside a blank or an end of
+    // the text. A match for "?" alone has no punctuation before its last byte.
     bool Find(std::string_view text, bool wholeWords, WildMatch& match) const;
 
 private:
