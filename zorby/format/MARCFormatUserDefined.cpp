@@ -1,6 +1,6 @@
 #include <zorby/format/MARCFormat.h>
-#include <zorby/format/detail/ValidSubfieldCodes.h>
 #include <zorby/text/detail/TagText.h>
+#include <zorby/text/detail/ValidSubfieldCodes.h>
 #include <zorby/text/detail/WhiteSpace.h>
 
 #include <algorithm>
@@ -105,7 +105,7 @@ void CMARCFormat::ParseUDSubfields(std::string_view list, std::vector<std::strin
 }
 
 int CMARCFormat::IsAnyValidSubfield(char code) {
-    return kValidSubfieldCodes.find(code) != std::string_view::npos ? 1 : 0;
+    return IsValidSubfieldCode(code) ? 1 : 0;
 }
 
 }  // namespace zorby

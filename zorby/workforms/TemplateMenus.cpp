@@ -1,6 +1,6 @@
 #include <zorby/format/MARCFormat.h>
-#include <zorby/format/detail/ValidSubfieldCodes.h>
 #include <zorby/text/General.h>
+#include <zorby/text/detail/ValidSubfieldCodes.h>
 #include <zorby/workforms/Template.h>
 
 #include <algorithm>

@@ -8,4 +8,8 @@ namespace zorby {
 inline constexpr std::string_view kValidSubfieldCodes =
     "abcdefghijklmnopqrstuvwxyz0123456789!\"#$%&'()*+,-./:;<=>?";
 
+inline bool IsValidSubfieldCode(char code) {
+    return kValidSubfieldCodes.find(code) != std::string_view::npos;
+}
+
 }  // namespace zorby
