@@ -2,8 +2,6 @@
 #include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/detail/HoldingsSelectorSettings.h>
 
-#include <algorithm>
-
 namespace zorby {
 
 const CInfoAboutHoldingsType* CHoldingsSelector::GetCurrentHoldingsType() {
@@ -37,36 +35,38 @@ std::string CHoldingsSelector::GetNextBarCode() {
 }
 
 void CHoldingsSelector::SetNextBarCode(std::string_view barCode) {
-    HoldingsSettings().Set("NextBarCode", barCode);
+    HoldingsSettings settings;
+    settings.Set("NextBarCode", barCode);
+    settings.Save();
 }
 
 std::string CHoldingsSelector::GetNextAccNo() {
-    return HoldingsSettings().GetExtra(kUnisonNextAccNo);
+    return HoldingsSettings().Extra().Get(kUnisonNextAccNo);
 }
 
 void CHoldingsSelector::SetNextAccNo(std::string_view number) {
-    HoldingsSettings().SetExtra(kUnisonNextAccNo, number);
+    HoldingsSettings settings;
+    ExtraSettings extra = settings.Extra();
+    extra.Set(kUnisonNextAccNo, number);
+    settings.SetExtra(extra.Text());
+    settings.Save();
 }
 
 std::string CHoldingsSelector::GetDynixIndicators() {
-    std::string indicators = HoldingsSettings().GetExtra(kDynixIndicators);
-    indicators.resize(std::max<std::size_t>(indicators.size(), 2), '_');
-    std::ranges::replace(indicators, ' ', '_');
-    return indicators;
+    return HoldingsSettings().Extra().DynixIndicators();
 }
 
 std::string CHoldingsSelector::GetFollettUnisonDCNLocation() {
-    const HoldingsSettings settings;
-    return settings.HasExtra() ? settings.GetExtra(kUnisonDCNLocation) : "900a";
+    return HoldingsSettings().Extra().UnisonDCNLocation();
 }
 
 std::string CHoldingsSelector::GetLWLPCallTagAndSubs() {
-    const HoldingsSettings settings;
-    return settings.GetExtra(kLwlpCallTag) + settings.GetExtra(kLwlpSubTags);
+    const ExtraSettings extra = HoldingsSettings().Extra();
+    return extra.Get(kLwlpCallTag) + extra.Get(kLwlpSubTags);
 }
 
 std::string CHoldingsSelector::GetMandarinHoldingSubfields() {
-    return HoldingsSettings().GetExtraOr(kMandarinSubfields, "khip");
+    return HoldingsSettings().Extra().MandarinSubfields();
 }
 
 bool CInfoAboutHoldingsTypeList::IsSameHoldingsType(EHOLDINGSID id) {

@@ -1,18 +1,26 @@
 #pragma once
 
 #include <zorby/Export.h>
+#include <zorby/controls/ControlSet.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 
+#include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace zorby {
 
+class HoldingsSettings;
+
 // How a library keeps its holdings: "Easy", as one of the systems in the holdings dictionary does,
-// or "Custom", in fields of the user's choice. Each operation reads the settings anew, from the key
-// ZP_NewHoldings of the user's profile. A place in a record is written as a tag with subfield
-// codes, such as "852khim".
-class ZORBY_EXPORT CHoldingsSelector {
+// or "Custom", in fields of the user's choice. Each static operation reads the settings anew, from
+// the key ZP_NewHoldings of the user's profile. A place in a record is written as a tag with
+// subfield codes, such as "852khim".
+//
+// An object is the control in which the user chooses. It works on a copy of the settings, which
+// reaches the profile through SaveSettings.
+class ZORBY_EXPORT CHoldingsSelector : public CommandTarget {
 public:
     // Returns the system in force, or null for custom holdings and for a system that the dictionary
     // doesn't know.
@@ -61,6 +69,57 @@ public:
                                          std::string& barCode);
     // Returns the fields that the settings add to the dictionary, for CMARCFormat::AddUserDefined.
     static std::string GetUDFields();
+
+    enum Id : std::int32_t {
+        kCustom = 10000,
+        kEasy = 10001,
+        kTypes = 10002,
+        kChange = 10004,
+        kGroup = 10005,
+        kCurrentHeading = 10006,
+        kCurrentSettings = 10007,
+    };
+
+    CHoldingsSelector();
+    ~CHoldingsSelector() override;
+    CHoldingsSelector(const CHoldingsSelector&) = delete;
+    CHoldingsSelector& operator=(const CHoldingsSelector&) = delete;
+
+    // Creates the controls in a window, which must outlive this object, and shows the settings of
+    // the profile.
+    void InitializeYourself(WindowPort& window, const ControlBox& place);
+    // Takes other settings. A system that they know by a former name gets its present one.
+    void InitializeYourself(std::string_view settings);
+    std::string GetSettings() const;
+    void SaveSettings() const;
+    // Whether the user has chosen "Easy" or "Custom".
+    bool HasBeenSet() const;
+    // Returns the name of the system for "Easy", else "Custom".
+    std::string GetHoldingsType() const;
+
+    // These show a dialog and return 1 if the user confirmed, else 0.
+    int EasyEntryHoldingsDialog();
+    int CustomSettingsDialog();
+    // Describes the settings as they are now, and shows the description.
+    void UpdateCurrentSettings();
+    const std::string& GetCurrentSettings() const { return currentSettings_; }
+    void SetButtonState();
+    // Handles what concerns these controls.
+    int OnCmdMsg(int id, int code, TreeItem item) override;
+
+private:
+    void OnEasy();
+    void OnCustom();
+    void OnSelchangeTypes();
+    void OnChange();
+
+    std::unique_ptr<HoldingsSettings> settings_;
+    std::string currentSettings_;
+    ControlSet controls_;
+    WindowPort* window_ = nullptr;
+    bool isBuilding_ = false;
+    bool isInEasy_ = false;
+    bool isInCustom_ = false;
 };
 
 }  // namespace zorby

@@ -10,27 +10,25 @@ const HoldingsTypeRow& RowInForce() {
     return HoldingsRowOf(CHoldingsSelector::GetCurrentHoldingsTypeID());
 }
 
-// Returns the place in the custom settings. The places of a system without elements are fixed.
-std::string CustomPlace(std::string_view key, const char* HoldingsTypeRow::*place) {
-    const HoldingsTypeRow& row = RowInForce();
-    if (row.tagsWithoutElements) return row.*place;
-    return HoldingsSettings().GetExtraOr(key, HoldingsTypeRow().*place);
-}
-
 }  // namespace
 
+// The places of a system without elements are fixed.
 std::string CHoldingsSelector::GetCustomHoldingsFieldsAndSubfields() {
     const HoldingsTypeRow& row = RowInForce();
     if (row.tagsWithoutElements) return row.userDefinedFields();
-    return HoldingsSettings().GetExtra("CustomAllFAndS");
+    return HoldingsSettings().Extra().Get(kCustomAllFAndS);
 }
 
 std::string CHoldingsSelector::GetCustomCallNumber() {
-    return CustomPlace("CustomCallNumberSubfields", &HoldingsTypeRow::callNumberPlace);
+    const HoldingsTypeRow& row = RowInForce();
+    if (row.tagsWithoutElements) return row.callNumberPlace;
+    return HoldingsSettings().Extra().CustomCallNumber();
 }
 
 std::string CHoldingsSelector::GetCustomBarCode() {
-    return CustomPlace("CustomBarCodeSubfield", &HoldingsTypeRow::barCodePlace);
+    const HoldingsTypeRow& row = RowInForce();
+    if (row.tagsWithoutElements) return row.barCodePlace;
+    return HoldingsSettings().Extra().CustomBarCode();
 }
 
 bool CHoldingsSelector::IsHoldingsField(unsigned tag) {

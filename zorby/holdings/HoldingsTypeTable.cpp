@@ -77,6 +77,7 @@ constexpr HoldingsTypeRow kLwlp = {
     .barCode = HID_LWLP_BAR_CODE,
     .automatic = HID_LWLP_AUTOMATIC,
     .userDefinedFields = CHoldingsSelector::GetLWLPCallTagAndSubs,
+    .group = HoldingsGroup::kLwlp,
     .settings = {kLwlpCallTag, kLwlpSubTags},
 };
 constexpr HoldingsTypeRow kType12 = {
@@ -134,6 +135,7 @@ constexpr HoldingsTypeRow kRows[] = {
         .indicators = CHoldingsSelector::GetDynixIndicators,
         .callNumberPlace = "949d",
         .barCodePlace = "949b",
+        .group = HoldingsGroup::kDynix,
         .settings = {kDynixIndicators},
     },
     kLwlp,
@@ -146,6 +148,7 @@ constexpr HoldingsTypeRow kRows[] = {
         .composite = &kFollettX,
         .label = {HID_FOLLETT_UNISON_FUND, 'x', kFundLabel},
         .userDefinedFields = CHoldingsSelector::GetFollettUnisonDCNLocation,
+        .group = HoldingsGroup::kFollettUnison,
         .settings = {kUnisonNextAccNo, kUnisonDCNLocation},
     },
     {
@@ -169,6 +172,7 @@ constexpr HoldingsTypeRow kRows[] = {
         .type = HT_MANDARIN_EZ,
         .userDefinedFields = MandarinFields,
         .tagsWithoutElements = "001,852,989",
+        .group = HoldingsGroup::kMandarin,
         .settings = {kMandarinSubfields},
     },
 };

@@ -69,6 +69,9 @@ struct HoldingsLocalField {
     const char* name = "";
 };
 
+// The systems whose settings have the same keys, and one dialog.
+enum class HoldingsGroup : std::int32_t { kBasic, kDynix, kLwlp, kFollettUnison, kMandarin };
+
 struct HoldingsTypeRow {
     EHOLDINGSTYPE type = HT_NONE;
     // The numbers of the system's elements. Two releases of a system share them.
@@ -101,6 +104,7 @@ struct HoldingsTypeRow {
     // places that userDefinedFields returns. Null for a system with elements.
     const char* tagsWithoutElements = nullptr;
     std::span<const HoldingsLocalField> localFields = {};
+    HoldingsGroup group = HoldingsGroup::kBasic;
     // The system's keys in the text "HoldingsExtraSettings", with nulls after the last one.
     std::array<const char*, 2> settings = {};
 

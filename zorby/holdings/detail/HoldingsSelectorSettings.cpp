@@ -1,10 +1,11 @@
+#include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/detail/HoldingsSelectorSettings.h>
 #include <zorby/settings/Profile.h>
 
+#include <algorithm>
+
 namespace zorby {
 namespace {
-
-constexpr std::string_view kExtraSettings = "HoldingsExtraSettings";
 
 std::string Value(const CKeysNValues& keys, std::string_view key) {
     std::string value;
@@ -12,52 +13,59 @@ std::string Value(const CKeysNValues& keys, std::string_view key) {
     return value;
 }
 
-}  // namespace
-
-HoldingsSettings::HoldingsSettings() {
+std::string TextOfProfile() {
     std::string text;
     GetZorbyProfileString(ZP_NewHoldings, text);
-    keys_.Set(text, true);
+    return text;
 }
 
-bool HoldingsSettings::IsEasy() const {
-    return Get("EasyOrCustom") == "Easy";
+}  // namespace
+
+std::string DynixNormalForm(std::string_view indicators) {
+    std::string normal(indicators);
+    normal.resize(std::max<std::size_t>(normal.size(), 2), '_');
+    std::ranges::replace(normal, ' ', '_');
+    return normal;
+}
+
+ExtraSettings::ExtraSettings(std::string_view text) {
+    keys_.SetSeperator("|");
+    keys_.Set(text, false);
+}
+
+std::string ExtraSettings::Get(std::string_view key) const {
+    return Value(keys_, key);
+}
+
+std::string ExtraSettings::GetOr(std::string_view key, std::string_view defaultValue) const {
+    const std::string value = Get(key);
+    return value.empty() ? std::string(defaultValue) : value;
+}
+
+std::string ExtraSettings::UnisonDCNLocation() const {
+    return keys_.IsEmpty() ? "900a" : Get(kUnisonDCNLocation);
+}
+
+std::string ExtraSettings::CustomCallNumber() const {
+    return GetOr(kCustomCallNumber, HoldingsTypeRow().callNumberPlace);
+}
+
+std::string ExtraSettings::CustomBarCode() const {
+    return GetOr(kCustomBarCode, HoldingsTypeRow().barCodePlace);
+}
+
+HoldingsSettings::HoldingsSettings() : HoldingsSettings(TextOfProfile()) {}
+
+HoldingsSettings::HoldingsSettings(std::string_view text) {
+    keys_.Set(text, true);
 }
 
 std::string HoldingsSettings::Get(std::string_view key) const {
     return Value(keys_, key);
 }
 
-std::string HoldingsSettings::GetExtra(std::string_view key) const {
-    return Value(Extra(), key);
-}
-
-std::string HoldingsSettings::GetExtraOr(std::string_view key,
-                                         std::string_view defaultValue) const {
-    const std::string value = GetExtra(key);
-    return value.empty() ? std::string(defaultValue) : value;
-}
-
-bool HoldingsSettings::HasExtra() const {
-    return !Extra().IsEmpty();
-}
-
-void HoldingsSettings::Set(std::string_view key, std::string_view value) {
-    keys_.SetKey(key, value);
-    WriteZorbyProfileString(ZP_NewHoldings, keys_.Get());
-}
-
-void HoldingsSettings::SetExtra(std::string_view key, std::string_view value) {
-    CKeysNValues extra = Extra();
-    extra.SetKey(key, value);
-    Set(kExtraSettings, extra.Get());
-}
-
-CKeysNValues HoldingsSettings::Extra() const {
-    CKeysNValues extra;
-    extra.SetSeperator("|");
-    extra.Set(Get(kExtraSettings), false);
-    return extra;
+void HoldingsSettings::Save() const {
+    WriteZorbyProfileString(ZP_NewHoldings, Text());
 }
 
 }  // namespace zorby
