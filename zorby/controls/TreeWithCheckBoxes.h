@@ -90,7 +90,6 @@ protected:
     void SetExpandable(TreeItem item) const;
     void Collapse(TreeItem item) const;
     bool IsSingleSelection() const { return singleSelection_; }
-    bool IsLevel2Checkable() const { return level2Checkable_; }
 
 private:
     struct Node {

@@ -130,7 +130,7 @@ void CTreeFieldAndSub::InsertGroup(const Group& group, std::string_view selectio
                                    int allow001And003) {
     const TreeItem item = InsertItemFieldGroups(group.name, kTreeRoot);
     const auto insert = [&](unsigned tag) {
-        InsertItemFieldGroupsSingleTag(tag, group.letter, item, selection, IsLevel2Checkable());
+        InsertItemFieldGroupsSingleTag(tag, group.letter, item, selection, 1);
     };
     std::ranges::for_each(group.tags, insert);
     if (group.low <= group.high) {
@@ -152,7 +152,7 @@ void CTreeFieldAndSub::InsertItemAllFandS(unsigned low, unsigned high, char lett
                                           std::string_view selection) {
     for (const unsigned tag : KnownTags(low, high)) {
         if (tag == kHoldingsTag && CHoldingsSelector::IsHoldingsField(tag)) continue;
-        InsertItemFieldGroupsSingleTag(tag, letter, parent, selection, IsLevel2Checkable());
+        InsertItemFieldGroupsSingleTag(tag, letter, parent, selection, 1);
     }
 }
 
@@ -207,10 +207,10 @@ bool CTreeFieldAndSub::IsField(TreeItem item) const {
 }
 
 std::string CTreeFieldAndSub::ChosenCodes(TreeItem field) const {
-    const std::uint32_t data = GetItemData(field);
-    const std::string path = "\\" + FieldNode(data & kLowHalf, HighOf(data));
-    const std::string codes = CodesAfter(path, selection_);
-    return codes.empty() ? CodesAfter("\\" + TagText(data & kLowHalf), selection_) : codes;
+    const unsigned tag = GetItemData(field) & kLowHalf;
+    const std::string withLetter = "\\" + FieldNode(tag, HighOf(GetItemData(field)));
+    const bool hasLetter = Contains(selection_, withLetter);
+    return CodesAfter(hasLetter ? withLetter : "\\" + TagText(tag), selection_);
 }
 
 void CTreeFieldAndSub::PopulateSubfield(TreeItem item) {
@@ -242,10 +242,13 @@ void CTreeFieldAndSub::PopulateNeededSubfields() {
 void CTreeFieldAndSub::ShowParentsOfChecked() {
     for (const TreeItem group : GetChildren(kTreeRoot)) {
         for (const TreeItem item : GetChildren(group)) {
+            if (GetItemSelection(item) == kChecked) {
+                UpdateParents(item);
+                continue;
+            }
             for (const TreeItem below : GetChildren(item)) {
                 if (GetItemSelection(below) == kChecked) UpdateParents(below);
             }
-            if (GetItemSelection(item) == kChecked) UpdateParents(item);
         }
     }
     ExpandSelected();

@@ -1,0 +1,197 @@
+#include <zorby/format/MARCFormat.h>
+#include <zorby/selection/IndicatorSelect.h>
+#include <zorby/settings/Profile.h>
+#include <zorby/text/General.h>
+#include <zorby/workforms/Template.h>
+
+#include <algorithm>
+#include <array>
+
+namespace zorby {
+
+namespace {
+
+using Id = CIndicatorSelect::Id;
+
+constexpr const char* kUserDefined = "User defined indicator value";
+constexpr const char* kSears = "Sears specified in $2";
+constexpr unsigned kTagWithoutName = 1000;
+
+constexpr ControlRow kRows[] = {
+    {ControlKind::kLabel, Id::kName, {}, {0, 0, 240, 16}},
+    {ControlKind::kLabel, Id::kExplanation, {}, {0, 18, 240, 32}},
+    {ControlKind::kList, Id::kCombo, {}, {0, 52, 240, 22}},
+    {ControlKind::kText, Id::kUserValue, {}, {0, 78, 30, 22}},
+    {ControlKind::kLabel,
+     Id::kUserTip,
+     "Enter a user defined indicator value here.",
+     {36, 82, 204, 16}},
+    {ControlKind::kCheck, Id::kAuto, "&Updated automatically by program", {0, 104, 240, 18}},
+    {ControlKind::kLabel,
+     Id::kAutoTip,
+     "This indicator is automatically set by the program and can't be set here.",
+     {0, 124, 240, 32}},
+};
+constexpr int kUserControls[] = {Id::kUserValue, Id::kUserTip};
+
+constexpr std::array kAutomaticFirst = {130, 245, 630, 730, 740};
+constexpr std::array kAutomaticSecond = {222, 240, 242, 243, 245, 440, 830};
+
+bool IsUserValue(char value) {
+    return value == '_' || ('0' <= value && value <= '9') || ('a' <= value && value <= 'z') ||
+           ('A' <= value && value <= 'Z');
+}
+
+std::string TextOr(std::string text, const char* otherwise) {
+    return text.empty() ? otherwise : text;
+}
+
+}  // namespace
+
+void CIndicatorSelect::InitializeIndicatorSelect(WindowPort& parent, const ControlBox& place,
+                                                 const Settings& settings) {
+    settings_ = settings;
+    if (controls_.IsEmpty()) {
+        controls_.SetWindow(parent);
+        controls_.Add(kRows, place);
+    }
+    controls_.At(kAuto).Check(settings.autoUpdate != 0);
+    controls_.At(kUserValue).SetText({});
+    SetControlState();
+}
+
+int CIndicatorSelect::IsIndicatorAutomatic(int tag, int isFirstIndicator) {
+    const bool isAutomatic =
+        isFirstIndicator ? std::ranges::find(kAutomaticFirst, tag) != kAutomaticFirst.end()
+                         : std::ranges::find(kAutomaticSecond, tag) != kAutomaticSecond.end();
+    return isAutomatic ? 1 : 0;
+}
+
+int CIndicatorSelect::IsCheckVisible() const {
+    const int tag = static_cast<int>(settings_.tag);
+    return settings_.showAutoCheck && IsIndicatorAutomatic(tag, settings_.isFirstIndicator) ? 1 : 0;
+}
+
+void CIndicatorSelect::SetControlState() {
+    std::string name;
+    std::string explanation;
+    CMARCFormat::GetIndicatorNameFor(settings_.tag, Which(),
+                                     static_cast<EDISPLAYOPTIONS>(settings_.templateType), name);
+    CMARCFormat::GetIndicatorExplanationFor(settings_.tag, Which(), explanation);
+    controls_.At(kName).SetText(TextOr(name, "Undefined"));
+    controls_.At(kExplanation).SetText(TextOr(explanation, "This is an undefined indicator"));
+    controls_.At(kName).Show(settings_.tag != kTagWithoutName);
+    controls_.At(kAuto).Show(IsCheckVisible() != 0);
+    LoadCombo();
+    SetComboState();
+    SetUserDefControls();
+}
+
+bool CIndicatorSelect::AllowsUserValues() const {
+    const CInfoAboutField* field = CMARCFormat::FindField(settings_.tag);
+    return GetZorbyProfileInt(ZP_USMARCRulesSelIndConFld) != 1 ||
+           (field && field->IsUserDefined() != 0);
+}
+
+// Of several entries with the code, the last one is selected. A subject heading may have two with
+// the code 7, and then its $2 decides.
+int CIndicatorSelect::EntryToSelect() const {
+    const bool asksSubfield2 =
+        Which() == 2 && settings_.currentCode == '7' &&
+        CGeneral::IsSubjectWithSecondInd(static_cast<int>(settings_.tag)) != 0;
+    const std::string* subfield2 = settings_.subfield2Text;
+    int selected = -1;
+    for (int i = 0; i < values_->GetSize(); ++i) {
+        char code = 0;
+        std::string text;
+        values_->GetCodeAt(i, &code);
+        values_->GetStringAt(i, text);
+        if (code != settings_.currentCode) continue;
+        const bool agrees = subfield2 && (*subfield2 == "sears") == (text == kSears);
+        if (!asksSubfield2 || agrees) selected = i;
+    }
+    return selected;
+}
+
+void CIndicatorSelect::LoadCombo() {
+    values_ = CTemplate::MARCInfoIndicatorCodeAndText(
+        settings_.tag, Which(), static_cast<EDISPLAYOPTIONS>(settings_.templateType),
+        settings_.templateCode != 0);
+    if (!values_) return;
+    ListPort& list = controls_.List(kCombo);
+    while (list.GetCount() > 0) list.Remove(list.GetCount() - 1);
+    for (int i = 0; i < values_->GetSize(); ++i) {
+        std::string text;
+        values_->GetStringAt(i, text);
+        list.Insert(i, text, 0);
+    }
+    int selected = EntryToSelect();
+    const int userEntry = list.GetCount();
+    if (selected < 0 || AllowsUserValues()) list.Insert(userEntry, kUserDefined, 0);
+    if (selected < 0) {
+        selected = userEntry;
+        if (settings_.currentCode) controls_.At(kUserValue).SetText({&settings_.currentCode, 1});
+    }
+    list.Select(selected);
+}
+
+void CIndicatorSelect::GetComboString(std::string& text) const {
+    const ListPort& list = controls_.List(kCombo);
+    const int selected = list.GetSelected();
+    text = selected < 0 ? std::string() : list.GetTextAt(selected);
+}
+
+bool CIndicatorSelect::IsUserValueChosen() const {
+    std::string text;
+    GetComboString(text);
+    return text == kUserDefined;
+}
+
+char CIndicatorSelect::GetCode() const {
+    std::string text;
+    GetComboString(text);
+    if (controls_.List(kCombo).GetSelected() < 0 || !values_) return 0;
+    if (text == kUserDefined) {
+        const std::string value = controls_.Text(kUserValue).GetText();
+        return value.size() == 1 && IsUserValue(value.front()) ? value.front() : '\0';
+    }
+    char code = 0;
+    values_->GetCodeFromString(text, &code);
+    return code;
+}
+
+void CIndicatorSelect::SetComboState() const {
+    const bool isAutomatic = IsCheckVisible() && settings_.autoUpdate;
+    controls_.At(kCombo).Enable(!isAutomatic);
+    controls_.At(kAutoTip).Show(isAutomatic);
+}
+
+void CIndicatorSelect::SetUserDefControls() const {
+    controls_.Show(kUserControls, IsUserValueChosen());
+}
+
+void CIndicatorSelect::SetFocusToEdit() const {
+    controls_.At(kUserValue).SetFocus();
+}
+
+void CIndicatorSelect::OnSetFocus() const {
+    controls_.At(kCombo).SetFocus();
+}
+
+void CIndicatorSelect::OnCheckAuto() {
+    settings_.autoUpdate = controls_.At(kAuto).IsChecked() ? 1 : 0;
+    SetComboState();
+}
+
+int CIndicatorSelect::OnCmdMsg(int id, int code, TreeItem) {
+    if (controls_.IsEmpty()) return 0;
+    if (id == kAuto && code == CN_Clicked) {
+        OnCheckAuto();
+        return 1;
+    }
+    if (id != kCombo || code != CN_SelectionChanged) return 0;
+    OnSelchangeCombo();
+    return 1;
+}
+
+}  // namespace zorby
