@@ -19,6 +19,8 @@ constexpr CommandRow kCommands[] = {
     {"split", "Divide records among files, by number, size or a place", DeclareSplit},
     {"sort", "Put records in order, by places, titles or numbers", DeclareSort},
     {"dedupe", "Take out records that are there already", DeclareDedupe},
+    {"compare", "Find out what two files of records differ in", DeclareCompare},
+    {"merge", "Put fields of one file's records into those of another", DeclareMerge},
     {"describe", "What is known of fields, codes and holdings", DeclareDescribe},
     {"codes", "The code lists of the control fields", DeclareCodes},
     {"new", "Make a record from a workform", DeclareNew},

@@ -11,6 +11,7 @@ namespace quillory {
 // What terminals take for colours.
 constexpr const char* kBold = "\033[1m";
 constexpr const char* kRed = "\033[31m";
+constexpr const char* kGreen = "\033[32m";
 constexpr const char* kYellow = "\033[33m";
 constexpr const char* kCyan = "\033[36m";
 constexpr const char* kPlain = "\033[0m";

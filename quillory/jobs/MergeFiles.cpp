@@ -1,0 +1,138 @@
+#include <quillory/jobs/KeyedFile.h>
+#include <quillory/jobs/MergeFiles.h>
+#include <quillory/jobs/OutputFiles.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+namespace quillory {
+namespace {
+
+std::vector<std::string> WaysOf(const MergeOptions& options) {
+    return options.by.empty() ? std::vector<std::string>{"001"} : options.by;
+}
+
+PlaceSet FieldsOf(const MergeOptions& options) {
+    PlaceSet places = ParsePlaces("--fields", options.fields);
+    for (const PlacePattern& pattern : places.patterns) {
+        const Place& place = pattern.place;
+        const bool isWhole = !pattern.HasCodes() && !pattern.IsCoded() && !place.IsLeader() &&
+                             place.occurrence == 0 && place.material == '\0';
+        if (isWhole) continue;
+        throw UsageError("--fields: " + PlacePatternText(pattern) +
+                         " is not a whole field; fields are merged as they are");
+    }
+    return places;
+}
+
+InputOptions FileOf(const MergeOptions& options, std::size_t which) {
+    InputOptions input = options.input;
+    input.files = {options.input.files[which]};
+    return input;
+}
+
+class Merger {
+public:
+    Merger(const MergeOptions& options, Reporter& reporter)
+        : options_(options),
+          fields_(FieldsOf(options)),
+          target_(CharsetOfOutput(options.output)),
+          reporter_(reporter),
+          keys_(WaysOf(options), options.input.charset),
+          others_(WaysOf(options), options.input.charset, reporter) {
+        if (target_ == kCharsetAuto) target_ = options.input.charset;
+    }
+
+    Status ReadOthers(const std::function<bool(Item& item)>& take) {
+        const Status read = others_.Read(FileOf(options_, 1), take);
+        others_.NameDoubles();
+        isUsed_.resize(others_.Count());
+        return read;
+    }
+
+    // The other record's fields, in the character set of this one, last until the next record.
+    void Merge(Record& record, Losses& losses) {
+        ++records_;
+        keys_.Of(record, recordKeys_);
+        const std::string file = reporter_.File();
+        const auto partner = others_.FindPartner(recordKeys_);
+        if (partner) {
+            isUsed_[*partner] = true;
+            other_ = others_.At(*partner).item.record;
+            const Charset charset = target_ == kCharsetAuto ? ActualCharset(record) : target_;
+            RecoderTo(charset).Recode(other_, losses);
+            if (MergeFields(record, other_, fields_, options_.mode)) ++changed_;
+        }
+        reporter_.GoBackTo(file);
+    }
+
+    void Summarize() {
+        std::uint64_t unused = 0;
+        for (KeyedFile::Index i = 0; i < others_.Count(); ++i) {
+            if (isUsed_[i]) continue;
+            ++unused;
+            const KeyedFile::Found& other = others_.At(i);
+            reporter_.Say(other.item, "records that go with none", [&other] {
+                return other.hasKey ? "goes with no record" : "has no key, and goes with no record";
+            });
+        }
+        if (unused > 0) reporter_.EndFile();
+        if (reporter_.Quiet()) return;
+        std::string text =
+            std::to_string(changed_) + " of " + Counted(records_, "record") + " changed";
+        if (unused > 0) {
+            text += ", " + Counted(unused, "record") + " of " + options_.input.files[1] +
+                    " went with none";
+        }
+        reporter_.Say(text);
+    }
+
+private:
+    Recoder& RecoderTo(Charset charset) {
+        auto& recoder = recoders_[static_cast<std::size_t>(charset)];
+        if (!recoder) {
+            recoder = std::make_unique<Recoder>(
+                RecoderOptions{options_.input.charset, charset, options_.output.normalForm, false});
+        }
+        return *recoder;
+    }
+
+    const MergeOptions& options_;
+    PlaceSet fields_;
+    Charset target_;
+    Reporter& reporter_;
+    MatchKeys keys_;
+    KeyedFile others_;
+    std::array<std::unique_ptr<Recoder>, 4> recoders_;  // by the set that they write
+    std::vector<bool> isUsed_;
+    std::vector<std::string> recordKeys_;
+    Record other_;
+    std::uint64_t records_ = 0;
+    std::uint64_t changed_ = 0;
+};
+
+}  // namespace
+
+Status MergeFiles(const MergeOptions& options, Reporter& reporter) {
+    if (options.input.files.size() != 2) {
+        throw UsageError("two files are merged: the records, and those with fields for them");
+    }
+    CheckNotAnInput(options.input.files, options.output.output);
+    CheckNotAnInput(options.input.files, options.output.rejects);
+    Merger merger(options, reporter);
+    const ItemSource source = [&](const auto& take) {
+        const Status others = merger.ReadOthers(take);
+        return std::max(others, ReadFiles(FileOf(options, 0), reporter, take));
+    };
+    const Preparation merge = [&merger](Item& item, Losses& losses) {
+        merger.Merge(item.record, losses);
+        return std::string();
+    };
+    const Status status =
+        WriteItems(source, options.input.charset, options.output, reporter, merge);
+    merger.Summarize();
+    return status;
+}
+
+}  // namespace quillory

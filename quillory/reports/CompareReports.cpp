@@ -1,0 +1,152 @@
+#include <quillory/reports/CompareReports.h>
+#include <quillory/reports/DedupeMessages.h>
+#include <quillory/reports/RecordScreen.h>
+#include <quillory/reports/ScreenText.h>
+#include <quillory/text/JsonWriter.h>
+
+namespace quillory {
+namespace {
+
+CompareFormat FormatOf(const CompareReportOptions& options) {
+    if (options.format != kCompareByName) return options.format;
+    std::string_view name = options.output;
+    if (name.ends_with(".gz")) name.remove_suffix(3);
+    if (name.ends_with(".jsonl")) return kCompareJsonl;
+    return name.ends_with(".html") || name.ends_with(".htm") ? kCompareHtml : kCompareText;
+}
+
+void SayTotals(const CompareTotals& totals, const Reporter& reporter) {
+    if (!reporter.Quiet()) reporter.Say(TotalsText(totals));
+}
+
+class TextReport : public CompareReport {
+public:
+    TextReport(const CompareReportOptions& options, Reporter& reporter)
+        : output_(options.output), colour_(options.colour), reporter_(reporter) {}
+
+    void Take(const ComparedRecord& record) override {
+        const RecordName& name = record.before != nullptr ? *record.before : *record.after;
+        std::string text = HeadingOf(record, name);
+        for (const FieldChange& change : record.changes) {
+            if (change.isBefore) AddField('-', kRed, FieldLine(change.tag, change.before), text);
+            if (change.isAfter) AddField('+', kGreen, FieldLine(change.tag, change.after), text);
+        }
+        output_.Write(text);
+    }
+    void Finish(const CompareTotals& totals) override {
+        output_.Finish();
+        SayTotals(totals, reporter_);
+    }
+
+private:
+    std::string HeadingOf(const ComparedRecord& record, const RecordName& name) const {
+        std::string text = colour_ ? kBold : "";
+        text += std::string(OutcomeText(record.outcome)) + ": " + Visible(ShortText(name, ""));
+        if (record.outcome == CompareOutcome::Changed) {
+            text += " -> " + Visible(ShortText(*record.after, ""));
+        }
+        if (!name.title.empty()) text += " " + Visible(name.title);
+        return text + (colour_ ? kPlain : "") + "\n";
+    }
+    void AddField(char sign, const char* colour, const std::string& line, std::string& text) const {
+        if (colour_) text += colour;
+        text += sign;
+        text += " " + line;
+        if (colour_) text += kPlain;
+        text += '\n';
+    }
+
+    Output output_;
+    bool colour_;
+    Reporter& reporter_;
+};
+
+void ToJson(const FieldChange& change, JsonWriter& json) {
+    json.BeginObject();
+    json.Member("tag", change.tag);
+    json.Name("before");
+    change.isBefore ? json.Value(FieldLine(change.tag, change.before)) : json.Null();
+    json.Name("after");
+    change.isAfter ? json.Value(FieldLine(change.tag, change.after)) : json.Null();
+    json.EndObject();
+}
+
+void AddName(std::string_view member, const RecordName* name, JsonWriter& json) {
+    json.Name(member);
+    name == nullptr ? json.Null() : json.Value(*name);
+}
+
+class JsonlReport : public CompareReport {
+public:
+    JsonlReport(const CompareReportOptions& options, Reporter& reporter)
+        : output_(options.output), reporter_(reporter) {}
+
+    void Take(const ComparedRecord& record) override {
+        std::string line;
+        Losses unused;  // names and fields are UTF-8 already
+        JsonWriter json(line, unused);
+        json.BeginObject();
+        json.Member("outcome", OutcomeText(record.outcome));
+        AddName("before", record.before, json);
+        AddName("after", record.after, json);
+        json.Name("fields");
+        json.BeginArray();
+        for (const FieldChange& change : record.changes) ToJson(change, json);
+        json.EndArray();
+        json.EndObject();
+        output_.Write(line + "\n");
+    }
+    void Finish(const CompareTotals& totals) override {
+        output_.Finish();
+        SayTotals(totals, reporter_);
+    }
+
+private:
+    Output output_;
+    Reporter& reporter_;
+};
+
+}  // namespace
+
+std::string FieldLine(std::string_view tag, std::string_view content, bool colour) {
+    std::string line;
+    AppendField({tag, content}, {0, colour}, line);
+    while (line.ends_with('\n')) line.pop_back();
+    return line;
+}
+
+std::string_view OutcomeText(CompareOutcome outcome) {
+    switch (outcome) {
+        case CompareOutcome::New:
+            return "new";
+        case CompareOutcome::Gone:
+            return "gone";
+        case CompareOutcome::Changed:
+            return "changed";
+        default:
+            return "no key";
+    }
+}
+
+std::string TotalsText(const CompareTotals& totals) {
+    std::string text = Counted(totals.same, "record") + " the same, " +
+                       std::to_string(totals.changed) + " changed, " + std::to_string(totals.gone) +
+                       " gone, " + std::to_string(totals.added) + " new";
+    if (totals.keyless > 0) text += ", " + std::to_string(totals.keyless) + " without a key";
+    if (totals.doubles > 0) text += ", " + std::to_string(totals.doubles) + " with a double key";
+    return text;
+}
+
+std::unique_ptr<CompareReport> MakeCompareReport(const CompareReportOptions& options,
+                                                 Reporter& reporter) {
+    switch (FormatOf(options)) {
+        case kCompareJsonl:
+            return std::make_unique<JsonlReport>(options, reporter);
+        case kCompareHtml:
+            return MakeHtmlCompareReport(options, reporter);
+        default:
+            return std::make_unique<TextReport>(options, reporter);
+    }
+}
+
+}  // namespace quillory
