@@ -32,15 +32,15 @@ void DeclareSplit(Arguments& command) {
     SplitCommand& options = command.Runs(RunSplit);
     command.Footer(kDetails);
     DeclareInput(command, options.split.input, options.messages);
-    command.Option("--records", options.split.records, "Records in a file, at most");
+    command.Option("--every", options.split.records, "Records in a file, at most");
     command
         .Option("--size", options.split.size,
                 "Bytes in a file, at most, such as 10M; a record that is larger stands alone")
         .Shown("SIZE")
-        .Excludes("--records");
+        .Excludes("--every");
     command.Option("--by", options.split.by, "A place, such as 008/35-37: a file for each value")
         .Shown("PLACE")
-        .Excludes("--records")
+        .Excludes("--every")
         .Excludes("--size");
     command
         .Option("-o,--output", options.split.output.output,

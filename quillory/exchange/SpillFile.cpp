@@ -13,7 +13,8 @@ namespace {
 constexpr std::size_t kBlock = 65536;
 
 [[noreturn]] void Fail(const char* what) {
-    throw FileError(std::string("a temporary file ") + what + ": " + std::strerror(errno));
+    throw FileError(std::string("a temporary file ") + what + ": " + std::strerror(errno) +
+                    "; TMPDIR names the folder of such files");
 }
 
 }  // namespace

@@ -84,7 +84,7 @@ std::unique_ptr<Divider> MakeDivider(const SplitOptions& options, PartFiles& par
     const int ways = static_cast<int>(options.records > 0) +
                      static_cast<int>(!options.size.empty()) +
                      static_cast<int>(!options.by.empty());
-    if (ways != 1) throw UsageError("one of --records, --size and --by says how to divide");
+    if (ways != 1) throw UsageError("one of --every, --size and --by says how to divide");
     if (options.records > 0) return std::make_unique<DividerByNumber>(parts, options.records);
     if (!options.size.empty()) {
         return std::make_unique<DividerBySize>(parts, ParseByteSize("--size", options.size));

@@ -1,15 +1,24 @@
 #!/usr/bin/env python3
 """quillory extract, split, sort, dedupe, compare and merge, as a person calls them.
 
-usage: sets_test.py QUILLORY SAMPLES_FOLDER
+usage: sets_test.py QUILLORY SAMPLES_FOLDER EXAMPLES_FOLDER
 """
 import csv
 import json
+import pathlib
 import random
+import re
+import shlex
+import subprocess
+import sys
 import unittest
 
-from support import FIELD_END, RECORD_END, SAMPLES, Cli, fields_of, records_of, run
+from support import FIELD_END, QUILLORY, RECORD_END, SAMPLES, Cli, fields_of, records_of, run
 
+PROGRAM = pathlib.Path(QUILLORY).resolve()
+ROOT = pathlib.Path(sys.argv[3]).parent  # the folder of the examples stands at the top of the tree
+
+DOCUMENTED = ["Sets of records"]
 FORMS = ["mrc", "mrk", "lif", "xml", "jsonl"]
 
 
@@ -47,7 +56,7 @@ class Sets(Cli):
             with self.subTest(form):
                 samples = self.samples(form)
                 parts = self.folder / f"{form}-{{}}.{form}"
-                self.well("split", "--records", "7", samples, "-o", parts)
+                self.well("split", "--every", "7", samples, "-o", parts)
                 together = sorted(self.folder.glob(f"{form}-*"))
                 self.assertEqual(len(together), 4)
                 self.well("compare", "-q", "--by", "title", samples,
@@ -119,7 +128,7 @@ class Sets(Cli):
     def test_a_split_that_fails_leaves_no_files(self):
         source = self.path("in.mrc", titled(1, b"A") + titled(2, b"B"))
         self.path("p-0002.mrc", b"mine")
-        status, _, err = run("split", "--records", "1", source, "-o", self.path("p-{}.mrc"))
+        status, _, err = run("split", "--every", "1", source, "-o", self.path("p-{}.mrc"))
         self.assertEqual(status, 2)
         self.assertIn("p-0002.mrc: is there already; --force replaces it", err)
         self.assertEqual(len(list(self.folder.glob("p-*"))), 1)
@@ -140,6 +149,34 @@ class Sets(Cli):
             status, out, err = run(*command, empty)
             self.assertEqual((status, out), (1, b""), command)
             self.assertIn("empty.mrc: the file is empty", err)
+
+    def commands_work(self, name, text):
+        """Each command of the blocks of a document does its work, one after the other."""
+        (self.folder / name).mkdir()
+        self.convert(SAMPLES, f"{name}/records.mrc")
+        self.convert(SAMPLES, f"{name}/before.mrc")
+        edited = self.path(f"{name}/records.mrc").read_bytes().replace(b"523 pages", b"524 pages")
+        self.path(f"{name}/edited.mrc", edited)
+        self.path(f"{name}/after.mrc", edited)
+        self.path(f"{name}/updates.mrc",
+                  record_of((b"001", b"zs0003"), (b"650", b" 0\x1faRivers")))
+        lines = [line for block in re.findall(r"```sh\n(.*?)```", text, re.DOTALL)
+                 for line in block.splitlines()]
+        self.assertGreater(len(lines), 5)
+        for line in lines:
+            words = shlex.split(line.replace("*.mrc", "before.mrc after.mrc"), comments=True)
+            self.assertEqual(words[0], "quillory")
+            done = subprocess.run([PROGRAM, *words[1:]], cwd=self.folder / name,
+                                  capture_output=True, timeout=120)
+            self.assertLess(done.returncode, 2, f"{line}\n{done.stderr.decode()}")
+
+    def test_the_documents_commands_work(self):
+        self.commands_work("docs", (ROOT / "docs" / "sets.md").read_text("utf-8"))
+        readme = (ROOT / "README.md").read_text("utf-8")
+        for heading in DOCUMENTED:
+            with self.subTest(heading):
+                section = re.search(rf"## {heading}\n(.*?)\n## ", readme, re.DOTALL)[1]
+                self.commands_work(heading, section)
 
 
 if __name__ == "__main__":
