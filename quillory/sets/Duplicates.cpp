@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace quillory {
 
@@ -32,7 +33,8 @@ void Duplicates::Collect() {
         records.push_back(static_cast<Index>(TakeNumber(packed)));
     });
     AddLinks(last, records);
-    std::ranges::sort(links_);
+    std::ranges::sort(links_, {},
+                      [](const Link& link) { return std::pair(link.record, link.key); });
 }
 
 std::vector<Duplicates::Index> Duplicates::InOrderOfPreference() const {
@@ -48,15 +50,22 @@ std::vector<Duplicates::Index> Duplicates::InOrderOfPreference() const {
     return records;
 }
 
+std::span<const Duplicates::Link> Duplicates::LinksOf(Index record) const {
+    const auto first = std::ranges::lower_bound(links_, record, {}, &Link::record);
+    const auto last = std::ranges::upper_bound(links_, record, {}, &Link::record);
+    return {first, last};
+}
+
 std::vector<Duplicates::Match> Duplicates::Find() {
     constexpr Index kNobody = std::numeric_limits<Index>::max();
     Collect();
     std::vector<Index> keepers(keys_.Count(), kNobody);  // by key
     std::vector<Match> matches;
     for (const Index record : InOrderOfPreference()) {
-        const auto own = std::ranges::equal_range(links_, record, {}, &Link::record);
-        const auto match = std::ranges::find_if(
-            own, [&keepers](const Link& link) { return keepers[link.key] != kNobody; });
+        const std::span<const Link> own = LinksOf(record);
+        const auto match = std::find_if(own.begin(), own.end(), [&keepers](const Link& link) {
+            return keepers[link.key] != kNobody;
+        });
         if (match != own.end()) {
             matches.push_back({record, keepers[match->key], match->key});
         } else {

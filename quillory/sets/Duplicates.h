@@ -4,6 +4,7 @@
 #include <quillory/sets/PackedRecords.h>
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -40,12 +41,12 @@ private:
     struct Link {
         Index record;
         Index key;
-        auto operator<=>(const Link&) const = default;
     };
 
     void Collect();
     void AddLinks(std::string_view key, const std::vector<Index>& records);
     std::vector<Index> InOrderOfPreference() const;
+    std::span<const Link> LinksOf(Index record) const;
 
     Keep keep_;
     ExternalSort sort_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace quillory {
 
@@ -15,7 +16,8 @@ void KeyedRecords::Add(std::string_view packed, const std::vector<std::string>& 
 }
 
 void KeyedRecords::Sort() {
-    std::ranges::sort(entries_);
+    std::ranges::sort(entries_, {},
+                      [](const Entry& entry) { return std::pair(entry.hash, entry.record); });
     taken_.resize(records_.Count());
 }
 

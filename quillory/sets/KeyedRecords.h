@@ -52,7 +52,6 @@ private:
         std::uint64_t hash;
         Index record;
         Index next;  // in the first entry of a hash: how many of those after it are taken
-        auto operator<=>(const Entry&) const = default;
     };
 
     static std::uint64_t HashOf(std::string_view key);
