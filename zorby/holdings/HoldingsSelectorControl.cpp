@@ -98,6 +98,7 @@ CHoldingsSelector::~CHoldingsSelector() = default;
 
 void CHoldingsSelector::InitializeYourself(WindowPort& window, const ControlBox& place) {
     window_ = &window;
+    controls_ = {};
     controls_.SetWindow(window);
     controls_.Add(kRows, place);
     InitializeYourself(HoldingsSettings().Text());

@@ -12,7 +12,7 @@ namespace zorby {
 // Controls in memory, for tests and for programs without a window.
 
 // What every control in memory shows.
-struct ShownControl {
+struct ZORBY_EXPORT ShownControl {
     explicit ShownControl(const ControlRow& row)
         : kind(row.kind), id(row.id), text(row.text), box(row.box) {}
     virtual ~ShownControl() = default;
@@ -31,7 +31,7 @@ struct ShownControl {
 };
 
 template <class Port>
-class MemoryControlOf : public Port, public ShownControl {
+class ZORBY_EXPORT MemoryControlOf : public Port, public ShownControl {
 public:
     explicit MemoryControlOf(const ControlRow& row) : ShownControl(row) {}
 

@@ -44,6 +44,7 @@ void CFandSSelector::InitializeYourself(WindowPort& parent, const CFandSSelector
                                         const ControlBox& place, int holdingsMode) {
     state_ = state;
     allSelected_ = state.allSelected;
+    controls_ = {};
     controls_.SetWindow(parent);
     CreateControls(state, place);
     controls_.Text(kEdit).SetText(state.typedSelection);
@@ -188,17 +189,32 @@ int CFandSSelector::OnCmdMsg(int id, int code, TreeItem item) {
         NotifyChanged();
         return 1;
     }
-    if (code != CN_Clicked || !controls_.Has(id)) return 0;
-    if (id == kAll) OnAll();
-    if (id == kSelected) OnSelected();
-    if (id == kFromList) OnFromList();
-    if (id == kFromText) OnFromText();
-    if (id == kClear) {
-        ClearTyped();
-        ClearTree();
-    }
+    if (code != CN_Clicked || !controls_.Has(id) || !OnCommand(id)) return 0;
     NotifyChanged();
     return 1;
+}
+
+bool CFandSSelector::OnCommand(int id) {
+    switch (id) {
+        case kAll:
+            OnAll();
+            return true;
+        case kSelected:
+            OnSelected();
+            return true;
+        case kFromList:
+            OnFromList();
+            return true;
+        case kFromText:
+            OnFromText();
+            return true;
+        case kClear:
+            ClearTyped();
+            ClearTree();
+            return true;
+        default:
+            return false;
+    }
 }
 
 void CFandSSelector::OnAll() {

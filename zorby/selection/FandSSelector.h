@@ -48,7 +48,7 @@ public:
     CFandSSelector& operator=(const CFandSSelector&) = delete;
 
     // Creates the controls in a part of a window, which must outlive this object or its Destroy.
-    // `holdingsMode` leaves out the groups before "Notes". To be called once.
+    // `holdingsMode` leaves out the groups before "Notes".
     void InitializeYourself(WindowPort& parent, const CFandSSelectorState& state,
                             const ControlBox& place, int holdingsMode);
     // Removes the controls from the window.
@@ -84,6 +84,8 @@ public:
 
 private:
     void CreateControls(const CFandSSelectorState& state, const ControlBox& place);
+    // Returns whether it was one of the buttons.
+    bool OnCommand(int id);
     void OnAll();
     void OnSelected();
     void OnFromList();

@@ -48,12 +48,15 @@ std::string TextOr(std::string text, const char* otherwise) {
 
 }  // namespace
 
-void CIndicatorSelect::InitializeIndicatorSelect(WindowPort& parent, const ControlBox& place,
-                                                 const Settings& settings) {
+void CIndicatorSelect::InitializeIndicatorSelect(WindowPort& parent, unsigned tag, char currentCode,
+                                                 int isFirstIndicator, const Settings& settings) {
+    tag_ = tag;
+    currentCode_ = currentCode;
+    isFirstIndicator_ = isFirstIndicator;
     settings_ = settings;
     if (controls_.IsEmpty()) {
         controls_.SetWindow(parent);
-        controls_.Add(kRows, place);
+        controls_.Add(kRows, settings.place);
     }
     controls_.At(kAuto).Check(settings.autoUpdate != 0);
     controls_.At(kUserValue).SetText({});
@@ -68,19 +71,18 @@ int CIndicatorSelect::IsIndicatorAutomatic(int tag, int isFirstIndicator) {
 }
 
 int CIndicatorSelect::IsCheckVisible() const {
-    const int tag = static_cast<int>(settings_.tag);
-    return settings_.showAutoCheck && IsIndicatorAutomatic(tag, settings_.isFirstIndicator) ? 1 : 0;
+    const int tag = static_cast<int>(tag_);
+    return settings_.showAutoCheck && IsIndicatorAutomatic(tag, isFirstIndicator_) ? 1 : 0;
 }
 
 void CIndicatorSelect::SetControlState() {
     std::string name;
     std::string explanation;
-    CMARCFormat::GetIndicatorNameFor(settings_.tag, Which(),
-                                     static_cast<EDISPLAYOPTIONS>(settings_.templateType), name);
-    CMARCFormat::GetIndicatorExplanationFor(settings_.tag, Which(), explanation);
+    CMARCFormat::GetIndicatorNameFor(tag_, Which(), Option(), name);
+    CMARCFormat::GetIndicatorExplanationFor(tag_, Which(), explanation);
     controls_.At(kName).SetText(TextOr(name, "Undefined"));
     controls_.At(kExplanation).SetText(TextOr(explanation, "This is an undefined indicator"));
-    controls_.At(kName).Show(settings_.tag != kTagWithoutName);
+    controls_.At(kName).Show(tag_ != kTagWithoutName);
     controls_.At(kAuto).Show(IsCheckVisible() != 0);
     LoadCombo();
     SetComboState();
@@ -88,7 +90,7 @@ void CIndicatorSelect::SetControlState() {
 }
 
 bool CIndicatorSelect::AllowsUserValues() const {
-    const CInfoAboutField* field = CMARCFormat::FindField(settings_.tag);
+    const CInfoAboutField* field = CMARCFormat::FindField(tag_);
     return GetZorbyProfileInt(ZP_USMARCRulesSelIndConFld) != 1 ||
            (field && field->IsUserDefined() != 0);
 }
@@ -96,9 +98,8 @@ bool CIndicatorSelect::AllowsUserValues() const {
 // Of several entries with the code, the last one is selected. A subject heading may have two with
 // the code 7, and then its $2 decides.
 int CIndicatorSelect::EntryToSelect() const {
-    const bool asksSubfield2 =
-        Which() == 2 && settings_.currentCode == '7' &&
-        CGeneral::IsSubjectWithSecondInd(static_cast<int>(settings_.tag)) != 0;
+    const bool asksSubfield2 = Which() == 2 && currentCode_ == '7' &&
+                               CGeneral::IsSubjectWithSecondInd(static_cast<int>(tag_)) != 0;
     const std::string* subfield2 = settings_.subfield2Text;
     int selected = -1;
     for (int i = 0; i < values_->GetSize(); ++i) {
@@ -106,7 +107,7 @@ int CIndicatorSelect::EntryToSelect() const {
         std::string text;
         values_->GetCodeAt(i, &code);
         values_->GetStringAt(i, text);
-        if (code != settings_.currentCode) continue;
+        if (code != currentCode_) continue;
         const bool agrees = subfield2 && (*subfield2 == "sears") == (text == kSears);
         if (!asksSubfield2 || agrees) selected = i;
     }
@@ -114,9 +115,8 @@ int CIndicatorSelect::EntryToSelect() const {
 }
 
 void CIndicatorSelect::LoadCombo() {
-    values_ = CTemplate::MARCInfoIndicatorCodeAndText(
-        settings_.tag, Which(), static_cast<EDISPLAYOPTIONS>(settings_.templateType),
-        settings_.templateCode != 0);
+    values_ = CTemplate::MARCInfoIndicatorCodeAndText(tag_, Which(), Option(),
+                                                      settings_.templateCode != 0);
     if (!values_) return;
     ListPort& list = controls_.List(kCombo);
     while (list.GetCount() > 0) list.Remove(list.GetCount() - 1);
@@ -130,7 +130,7 @@ void CIndicatorSelect::LoadCombo() {
     if (selected < 0 || AllowsUserValues()) list.Insert(userEntry, kUserDefined, 0);
     if (selected < 0) {
         selected = userEntry;
-        if (settings_.currentCode) controls_.At(kUserValue).SetText({&settings_.currentCode, 1});
+        if (currentCode_) controls_.At(kUserValue).SetText({&currentCode_, 1});
     }
     list.Select(selected);
 }

@@ -2,6 +2,7 @@
 
 #include <zorby/Export.h>
 #include <zorby/controls/ControlSet.h>
+#include <zorby/format/DisplayOptions.h>
 #include <zorby/format/MARCInfo.h>
 
 #include <cstdint>
@@ -28,16 +29,14 @@ public:
         kAutoTip = 10106,
     };
 
-    // `subfield2Text` is the text of the field's $2, or null; it must outlive this object.
     struct Settings {
-        unsigned tag = 0;
-        int isFirstIndicator = 1;
-        char currentCode = 0;
         int templateType = 0;   // how values are shown (EDISPLAYOPTIONS)
         char templateCode = 0;  // nonzero adds "Sears specified in $2" to subject headings
+        // The text of the field's $2, or null; it must outlive the control.
         const std::string* subfield2Text = nullptr;
         int autoUpdate = 0;     // the check box at the start
         int showAutoCheck = 0;  // offers the check box
+        ControlBox place = {};
     };
 
     CIndicatorSelect() = default;
@@ -46,8 +45,8 @@ public:
 
     // Creates the controls, but only in the first call, in a window that must outlive this object;
     // then shows the indicator.
-    void InitializeIndicatorSelect(WindowPort& parent, const ControlBox& place,
-                                   const Settings& settings);
+    void InitializeIndicatorSelect(WindowPort& parent, unsigned tag, char currentCode,
+                                   int isFirstIndicator, const Settings& settings);
 
     // Returns 1 for the indicators that count the characters to skip in a title, and for the one
     // that says whether a title is traced.
@@ -74,12 +73,16 @@ public:
     int OnCmdMsg(int id, int code, TreeItem item) override;
 
 private:
-    int Which() const { return settings_.isFirstIndicator ? 1 : 2; }
+    int Which() const { return isFirstIndicator_ ? 1 : 2; }
+    EDISPLAYOPTIONS Option() const { return static_cast<EDISPLAYOPTIONS>(settings_.templateType); }
     bool AllowsUserValues() const;
     int EntryToSelect() const;
     bool IsUserValueChosen() const;
 
     ControlSet controls_;
+    unsigned tag_ = 0;
+    char currentCode_ = 0;
+    int isFirstIndicator_ = 1;
     Settings settings_;
     std::unique_ptr<CMARCInfo> values_;
 };

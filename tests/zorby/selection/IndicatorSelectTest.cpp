@@ -21,8 +21,8 @@ protected:
         WriteZorbyProfileInt(ZP_USMARCRulesSelIndConFld, allow ? 0 : 1);
     }
 
-    void Show(const CIndicatorSelect::Settings& settings) {
-        control.InitializeIndicatorSelect(window, {10, 10, 240, 160}, settings);
+    void Show(unsigned tag, int isFirst, char code, const CIndicatorSelect::Settings& settings) {
+        control.InitializeIndicatorSelect(window, tag, code, isFirst, settings);
     }
 
     // The entries, divided by commas, with "*" before the selected one.
@@ -52,7 +52,7 @@ TEST_F(IndicatorSelect, WhichIndicatorsAreAutomatic) {
 }
 
 TEST_F(IndicatorSelect, TheListHoldsTheValuesOfTheFormat) {
-    Show({.tag = 245, .currentCode = '1', .templateType = EDO_NameOnly});
+    Show(245, 1, '1', {.templateType = EDO_NameOnly});
     EXPECT_EQ(Entries(), "No,*Yes");
     EXPECT_EQ(window.Find(Id::kName)->text, "Added entry");
     EXPECT_EQ(window.Find(Id::kExplanation)->text, "Whether to trace the title");
@@ -63,24 +63,24 @@ TEST_F(IndicatorSelect, TheListHoldsTheValuesOfTheFormat) {
     EXPECT_EQ(control.GetCode(), '0');
 
     AllowUserValues(true);
-    Show({.tag = 245, .currentCode = '1', .templateType = EDO_NameOnly});
+    Show(245, 1, '1', {.templateType = EDO_NameOnly});
     EXPECT_EQ(Entries(), "No,*Yes,User defined indicator value");
     EXPECT_EQ(window.controls.size(), 7U) << "the controls are made once";
 
-    Show({.tag = 1000, .isFirstIndicator = 0, .currentCode = '_'});
+    Show(1000, 0, '_', {});
     EXPECT_FALSE(window.Find(Id::kName)->isShown);
     EXPECT_EQ(window.Find(Id::kExplanation)->text, "This is an undefined indicator");
 }
 
 TEST_F(IndicatorSelect, FieldsOfTheUserTakeAnyValue) {
     CMARCFormat::AddUserDefined("590a");
-    Show({.tag = 590, .currentCode = '_', .templateType = EDO_NameOnly});
+    Show(590, 1, '_', {.templateType = EDO_NameOnly});
     EXPECT_EQ(Entries(), "*Undefined,User defined indicator value");
     EXPECT_EQ(control.GetCode(), '_');
 }
 
 TEST_F(IndicatorSelect, AValueThatTheListLacksIsTheUsersOwn) {
-    Show({.tag = 245, .currentCode = '5', .templateType = EDO_NameOnly});
+    Show(245, 1, '5', {.templateType = EDO_NameOnly});
     EXPECT_EQ(Entries(), "No,Yes,*User defined indicator value");
     EXPECT_EQ(control.GetCode(), '5') << "nothing is lost";
     EXPECT_TRUE(window.Find(Id::kUserValue)->isShown);
@@ -111,19 +111,15 @@ TEST_F(IndicatorSelect, Subfield2DecidesBetweenTwoValues) {
         {nullptr, "LCSH,Sears specified in $2,Source in $2,*User defined indicator value"},
     };
     for (const auto& c : kCases) {
-        Show({.tag = 650,
-              .isFirstIndicator = 0,
-              .currentCode = '7',
-              .templateType = EDO_NameOnly,
-              .templateCode = 1,
-              .subfield2Text = c.subfield2});
+        Show(650, 0, '7',
+             {.templateType = EDO_NameOnly, .templateCode = 1, .subfield2Text = c.subfield2});
         EXPECT_EQ(Entries(), c.entries);
         EXPECT_EQ(control.GetCode(), '7') << c.entries;
     }
 }
 
 TEST_F(IndicatorSelect, AnAutomaticValueCannotBeChosen) {
-    Show({.tag = 245, .currentCode = '1', .autoUpdate = 1, .showAutoCheck = 1});
+    Show(245, 1, '1', {.autoUpdate = 1, .showAutoCheck = 1});
     EXPECT_EQ(control.IsCheckVisible(), 1);
     EXPECT_EQ(control.IsDisabledBecauseOfAutoset(), 1);
     EXPECT_FALSE(window.Find(Id::kCombo)->isEnabled);
@@ -133,7 +129,7 @@ TEST_F(IndicatorSelect, AnAutomaticValueCannotBeChosen) {
     EXPECT_TRUE(window.Find(Id::kCombo)->isEnabled);
     EXPECT_FALSE(window.Find(Id::kAutoTip)->isShown);
 
-    Show({.tag = 650, .currentCode = '0', .autoUpdate = 1, .showAutoCheck = 1});
+    Show(650, 1, '0', {.autoUpdate = 1, .showAutoCheck = 1});
     EXPECT_EQ(control.IsCheckVisible(), 0);
     EXPECT_TRUE(window.Find(Id::kCombo)->isEnabled);
     EXPECT_FALSE(window.Find(Id::kAuto)->isShown);
