@@ -55,7 +55,7 @@ public:
     // Gives all items below `item` its state.
     void UpdateChildren(TreeItem item);
     // Checks each item above `item` if all of its children are checked, partly if some are. With
-    // single selection one of several is all that is ever chosen, so partly is the most.
+    // single selection an item above is at most partly checked, since only one item is chosen.
     void UpdateParents(TreeItem item);
 
     void DeselectSiblings(TreeItem item);

@@ -63,8 +63,7 @@ std::string Description(const HoldingsSettings& settings) {
     const std::string type = settings.Get("HoldingsType");
     const std::string start =
         IsMandarinEZTransfer(type) ? "" : "Next bar code: " + settings.Get("NextBarCode");
-    if (!settings.IsEasy()) return start;
-    return start + EasyDescription(GroupOfType(type), settings.Extra());
+    return start + (settings.IsEasy() ? EasyDescription(GroupOfType(type), settings.Extra()) : "");
 }
 
 // A system that was renamed keeps its settings under its present name.

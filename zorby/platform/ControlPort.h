@@ -67,7 +67,7 @@ public:
 class ZORBY_EXPORT TextPort : public ControlPort {
 public:
     // Selects from `first` up to `last`, which isn't selected itself, puts the caret at the end and
-    // scrolls to it.
+    // scrolls to it. -1 and -1 select nothing.
     virtual void Select(int first, int last) = 0;
     virtual void GetSelection(int& first, int& last) const = 0;
 };

@@ -80,8 +80,8 @@ int MemoryWindow::IdOf(std::string_view text) const {
 std::string MemoryWindow::ShownLabels() const {
     std::string labels;
     for (const auto& control : controls) {
-        if (control->kind == ControlKind::kLabel && control->isShown)
-            labels += control->text + '\n';
+        if (control->kind != ControlKind::kLabel || !control->isShown) continue;
+        labels += control->text + '\n';
     }
     return labels;
 }

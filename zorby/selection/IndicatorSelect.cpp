@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace zorby {
 
@@ -42,7 +43,7 @@ bool IsUserValue(char value) {
            ('A' <= value && value <= 'Z');
 }
 
-std::string TextOr(std::string text, const char* otherwise) {
+std::string_view TextOr(std::string_view text, std::string_view otherwise) {
     return text.empty() ? otherwise : text;
 }
 
