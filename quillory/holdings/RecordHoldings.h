@@ -18,18 +18,18 @@
 
 namespace quillory {
 
-// Writes the copies of records into them as a holdings system has it, one record after the other.
+// Writes copies into their records in the form of a holdings system, one record after the other.
 class RecordHoldings {
 public:
     // `to` is the system in force, `from` the one whose fields records hold; both outlive this, and
     // so does the file, which may be null.
     RecordHoldings(const HoldingsSystem& from, const HoldingsSystem& to, HoldingsFile* file);
 
-    // Replaces the fields of copies, those of both systems, by the copies that the file has for the
-    // record; or else by the copies that stand in them. Fields that say the same already stay as
-    // they are, and so do records without copies. `number` is that of the record in its file, and
-    // `charset` what the record is in; auto: as it says and is. Views of a changed record hold
-    // until the next call.
+    // Replaces the fields that hold copies, those of both systems, by the copies that the file has
+    // for the record, or else by the copies in these fields. Fields that say the same already stay
+    // as they are, and so does a record without copies. `number` is the record's number in its file.
+    // `charset` is what the record is in; auto: as the record says and is. The views of a changed
+    // record are valid until the next call.
     void Write(Record& record, std::uint64_t number, Charset charset, Losses& losses);
 
 private:

@@ -14,8 +14,9 @@ struct ExportOptions {
     HoldingsOptions holdings;
 };
 
-// Puts the copies into the records of files, and writes those that the policy lets leave. What they
-// are written from is verified. Throws FileError and UsageError.
+// Puts copies into the records of files, and writes the records that the policy lets leave. Labels
+// and bytes of records that stay as they are are verified too. Settings are put back. Throws
+// FileError and UsageError.
 Status ExportFiles(ExportOptions options, Reporter& reporter);
 
 }  // namespace quillory

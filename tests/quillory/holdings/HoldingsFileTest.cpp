@@ -28,6 +28,7 @@ std::string FaultOf(std::string_view text, const HoldingsSystem& system) {
     try {
         const HoldingsFile read(file.Path(), system);
     } catch (const FileError& error) {
+        EXPECT_TRUE(error.What()) << text;
         const std::string what = error.what();
         EXPECT_TRUE(what.starts_with(file.Path() + ": line "));
         return what.substr(std::min(file.Path().size() + 7, what.size()));
