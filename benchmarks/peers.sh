@@ -78,7 +78,7 @@ quotient() {
 }
 
 # row JOB AIM FILE [PEER COUNT]: times both, whose commands stand in the arrays ours and theirs. PEER
-# is the other program's name, COUNT tells from an output how many records came through.
+# is the other program's name, COUNT finds in an output how many records came through.
 row() {
     local job=$1 aim=$2 file=$3 name=${4-yaz-marcdump} count=${5-count_records} round records size
     local our_records their_records=- peer=${theirs[0]}
@@ -161,7 +161,7 @@ row 'MARC-8 to UTF-8' 8 "$marc8"
 ours=("$quillory" convert --quiet --to marc --from-charset utf8 --to-charset marc8 "$utf8")
 theirs=("$yaz" -f UTF-8 -t MARC-8 -o marc -l "9=32" "$utf8")
 row 'UTF-8 to MARC-8' 10 "$utf8"
-# No other tool repairs coded fields, so this is held against carrying the same records unchanged.
+# No other tool repairs coded fields, so this is compared with carrying the same records unchanged.
 ours=("$quillory" repair --quiet --to marc "$marc8")
 theirs=("$quillory" convert --quiet --to marc "$marc8")
 row 'repair' - "$marc8" convert

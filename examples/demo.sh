@@ -62,7 +62,7 @@ step "They are kept in the store"
 "$quillory" records add "$folder/new.mrc" "$folder/catalog.mrc"
 "$quillory" records list
 
-step "A control field with codes that are none is put right, and each repair named"
+step "A control field with values that are not codes is put right, and each repair named"
 "$quillory" convert "$folder/new.mrc" --to mrk |
     sed 's/^\(=008.*\)eng\\d$/\1xyz\\d/; s/^\(=008.*\)\\000/\1?000/' > "$folder/faulty.mrk"
 "$quillory" repair "$folder/faulty.mrk" -o "$folder/repaired.mrc"

@@ -113,7 +113,7 @@ inline std::vector<Copy> ReadAll(const std::string& path, const Form& form) {
     return records;
 }
 
-// The leader but for its length, counts, base address and entry map, which a form writes itself.
+// The leader without its length, counts, base address and entry map, which a form writes itself.
 inline std::string OwnPart(const std::string& leader) {
     return leader.substr(5, 5) + leader.substr(17, 3);
 }

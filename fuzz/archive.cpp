@@ -66,7 +66,7 @@ std::vector<std::unique_ptr<Node>> Load(std::string_view bytes) {
         Expect(failure.GetCause() == CArchiveException::kEndOfFile, "loading fails at the end");
         Expect(failure.GetOffset() <= bytes.size(), "a failed item begins in the stream");
     }
-    Expect(stream.GetPosition() <= bytes.size(), "nothing is read behind the end");
+    Expect(stream.GetPosition() <= bytes.size(), "nothing is read after the end");
     return nodes;
 }
 

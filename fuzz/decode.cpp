@@ -10,7 +10,7 @@ namespace {
 
 using zorby::fuzz::Expect;
 
-// What a field holds is told with it, each byte once at most.
+// The elements give what a field holds, each byte once at most.
 void Check(const DecodedField& field, const std::string& content) {
     std::size_t end = 0;
     for (const DecodedElement& element : field.elements) {

@@ -32,7 +32,7 @@ struct ArgumentDefinition {
 struct CommandDefinition {
     std::string name;
     std::string summary;
-    std::string footer;  // what is to be said behind the arguments; may be empty
+    std::string footer;  // shown by --help after the arguments; may be empty
     std::vector<ArgumentDefinition> arguments;
     std::vector<CommandDefinition> commands;  // those under it
     bool needsCommand = false;                // does nothing without one of them

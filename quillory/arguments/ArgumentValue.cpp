@@ -30,7 +30,7 @@ std::int64_t ReadNumber(const std::string& text, const NumberRange& range) {
     const bool isNumber = read.ec == std::errc() && read.ptr == end;
     if (isNumber && number >= range.lowest && number <= range.highest) return number;
     const bool isTooLarge = read.ec == std::errc::result_out_of_range && !text.starts_with('-');
-    throw UsageError("\"" + text + "\" is no " + RangeText(range, isTooLarge));
+    throw UsageError("\"" + text + "\" is not a " + RangeText(range, isTooLarge));
 }
 
 std::size_t ReadChoice(const std::string& text, const std::vector<std::string>& choices) {
@@ -39,7 +39,7 @@ std::size_t ReadChoice(const std::string& text, const std::vector<std::string>& 
         if (std::ranges::equal(text, choices[at], {}, Lower, Lower)) return at;
         names += (names.empty() ? "" : ", ") + choices[at];
     }
-    throw UsageError("\"" + text + "\" is none of " + names);
+    throw UsageError("\"" + text + "\" is not one of " + names);
 }
 
 std::optional<std::pair<std::string, std::string>> SplitKeyValue(const std::string& text) {

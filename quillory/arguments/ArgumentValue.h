@@ -18,7 +18,7 @@ namespace quillory {
 std::int64_t ReadNumber(const std::string& text, const NumberRange& range);
 // The index of the choice that is meant, whatever the case of its letters.
 std::size_t ReadChoice(const std::string& text, const std::vector<std::string>& choices);
-// The key before the first equals sign and the value behind it. Nothing without a key.
+// The key before the first equals sign and the value after it. Nothing without a key.
 std::optional<std::pair<std::string, std::string>> SplitKeyValue(const std::string& text);
 
 // A text, a number, or a pair of a key and one of them.

@@ -48,7 +48,7 @@ void DeclareArgument(const Argument& argument, CLI::App& app) {
                                   ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
                                   ->type_name(definition.value)
                                   ->required(definition.isRequired);
-        // A positional list takes what comes. It is not told to allow extra arguments: it would
+        // A positional list takes what comes. It is not set to allow extra arguments: it would
         // then take a word in brackets for several.
         constexpr int kAll = CLI::detail::expected_max_vector_size;
         const bool takesAll = definition.isList && definition.kind == kPositionalArgument;

@@ -124,7 +124,7 @@ public:
     // A command under this one. A name such as "records list" is looked for under that of its first
     // word, which is declared before it.
     Arguments& Command(const std::string& name, const std::string& summary);
-    // What is to be said behind the arguments.
+    // The text that --help shows after the arguments.
     void Footer(std::string text) { footer_ = std::move(text); }
 
     const std::string& Name() const { return name_; }

@@ -39,7 +39,7 @@ struct FieldRule {
 class FieldRules {
 public:
     // With `allowLocal`, fields and subfields that the format leaves to libraries are known: tags
-    // with a 9, but for 490; subfield 9; graphic symbols as codes.
+    // with a 9, except 490; subfield 9; graphic symbols as codes.
     explicit FieldRules(bool allowLocal);
 
     // The tag is below kTags.

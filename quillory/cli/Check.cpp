@@ -34,7 +34,7 @@ void DeclareCheck(Arguments& command) {
     DeclareInput(command, options.input, options.messages);
     DeclarePolicy(command, options.policy);
     command.Choice("--format", options.report.format, CheckFormatNames(),
-                   "Form of the report; told by the name of the output if not given");
+                   "Form of the report; by default that of the output's name");
     command.Option("-o,--output", options.report.output,
                    "File to write; none, or -, is standard output");
     command.Option("--rows", options.report.rows,

@@ -101,7 +101,7 @@ Status RunDescribe(const DescribeOptions& options) {
     if (isPlace && what.empty()) {
         throw UsageError(
             "describe what? A field such as 245, an element such as 008/18; quillory "
-            "describe --help tells more");
+            "describe --help says more");
     }
     if (isPlace && IsCodedPlace(what)) return DescribeCodedPlace(what, options);
     LoadSettings();

@@ -50,7 +50,7 @@ void DeclareExtract(Arguments& command) {
                    "File to write; none, or -, is standard output");
     command.Choice("--format", options.table.format,
                    {{"tsv", kTableTsv}, {"csv", kTableCsv}, {"jsonl", kTableJsonl}},
-                   "Form of the table; told by the name of the output, or tsv, if not given");
+                   "Form of the table; by default that of the output's name, or else tsv");
     command.Choice("--repeat", options.table.isRowEach, {{"join", false}, {"rows", true}},
                    "Several values of a record: joined in one cell, or a row for each; join if not "
                    "given");

@@ -34,9 +34,10 @@ void DeclareCharset(Arguments& command, const std::string& name, Charset& charse
 void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& messages) {
     command.Positional("FILE", options.files, "Files of records; none, or -, is standard input");
     DeclareForm(command, "--from", options.form,
-                "Form of the files; told by content and name if not given");
-    DeclareCharset(command, "--from-charset", options.charset,
-                   "Character set of the files; told by leader byte 09 and the bytes if not given");
+                "Form of the files; by default recognised by content and name");
+    DeclareCharset(
+        command, "--from-charset", options.charset,
+        "Character set of the files; by default recognised by leader byte 09 and the bytes");
     command.Flag("--lenient", options.lenient,
                  "Read damaged records from their terminators where that is certain");
     DeclareWhere(command, options.where);

@@ -25,7 +25,7 @@ void DeclareOutput(Arguments& command, OutputOptions& options) {
 
 void DeclareWriting(Arguments& command, OutputOptions& options) {
     DeclareForm(command, "--to", options.form,
-                "Form of the output; told by its name, or marc, if not given");
+                "Form of the output; by default that of its name, or else marc");
     DeclareCharset(
         command, "--to-charset", options.charset,
         "Character set of the output; as it is, or utf8 for " + FormsInUtf8() + ", if not given");

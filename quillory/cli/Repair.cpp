@@ -59,7 +59,7 @@ void DeclareRepair(Arguments& command) {
     command.Flag("--strict", options.repair.repair.strict,
                  "Replace what the library's lists lack, even if the format allows it");
     command.Option("--report", options.report,
-                   "Where each repair and each value kept is told as a line of JSON");
+                   "File for a line of JSON about each repair and each value kept");
     command
         .Flag("-n,--dry-run", options.repair.isDryRun,
               "Write no records, only say what would be repaired")

@@ -10,8 +10,8 @@ namespace quillory {
 void DeclareScreen(Arguments& command, ScreenChoice& choice) {
     command.Flag("--names", choice.names, "With the names of fields and subfields");
     command.Flag("--decode", choice.decode,
-                 "With Leader, 006, 007 and 008 spelled out; a question mark stands before what "
-                 "the format has not");
+                 "With Leader, 006, 007 and 008 spelled out; a question mark stands before a "
+                 "value that the format does not allow");
     DeclareWidth(command, choice);
 }
 

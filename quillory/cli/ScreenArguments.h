@@ -16,13 +16,13 @@ struct ScreenChoice {
 };
 
 void DeclareScreen(Arguments& command, ScreenChoice& choice);
-// That of them that says how wide the lines are.
+// Declares the width of lines alone.
 void DeclareWidth(Arguments& command, ScreenChoice& choice);
 
 // With the width and the colours of what goes to standard output.
 ShowOptions ShowOptionsOf(const ScreenChoice& choice);
 
-// Puts in force what the names are taken from, if they are wanted. Throws FileError.
+// Puts the dictionaries in force, if names are wanted. Throws FileError.
 void LoadNames(const ScreenChoice& choice);
 
 }  // namespace quillory

@@ -13,7 +13,7 @@ struct SortCommand {
 };
 
 constexpr const char* kDetails =
-    "Titles are sorted without the characters that an indicator tells not to file by, and all "
+    "Titles are sorted without the characters that an indicator excludes from filing, and all "
     "texts\n"
     "without case: a letter with a diacritic comes after the plain one, and other scripts come\n"
     "after the Latin. Codes (008/35-37, 245/1) are sorted byte by byte. The first value of a "

@@ -143,7 +143,7 @@ const PublishedCode* PublishedElement::Find(std::string_view code) const {
 CodeStatus::CodeStatus(const std::string& path) {
     Input input(path);
     Add(ReadWhole(input), path);
-    if (elements_.empty()) throw FileError(path + ": has no codes");
+    if (elements_.empty()) throw FileError(path + ": holds no codes");
 }
 
 void CodeStatus::Add(std::string_view text, const std::string& name) {

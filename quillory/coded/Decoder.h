@@ -35,7 +35,7 @@ struct DecodedField {
 
 // Spells the coded control fields out. Fields may have any length and any bytes. What can't be
 // decoded comes as it is: the values of all elements, one after the other, make up the whole field,
-// but for blanks and fill characters in undefined positions.
+// except blanks and fill characters in undefined positions.
 class Decoder {
 public:
     // Keeps the reference.

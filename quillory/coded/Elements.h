@@ -45,7 +45,7 @@ bool IsFormOf006(zorby::CFType form);
 bool IsFormOf007(zorby::CFType form);
 
 // Where an element stands: 008/18-21, 006/01-04, leader/06. With `in008` an element of 006 is given
-// its positions in 008, but for position 0, which 008 lacks. The combined element stands in two
+// its positions in 008, except position 0, which 008 lacks. The combined element stands in two
 // fields, and its place is the first of them.
 Place PlaceOf(const Element& element, bool in008);
 

@@ -30,7 +30,7 @@ std::string_view LineReader::FindBlock() {
     }
 }
 
-// A fault counts from the item as yet.
+// The offset of the fault counts from the front of the item so far.
 void LineReader::PlaceFault(Item& item) const {
     item.fault->lineColumn = place_.After(item.bytes.substr(0, item.fault->offset));
     item.fault->offset += item.offset;

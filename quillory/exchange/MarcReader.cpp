@@ -22,7 +22,7 @@ std::size_t StatedLength(std::string_view bytes) {
     return bytes.size() < 5 ? 0 : length;
 }
 
-// Where the sound record begins with which damaged bytes end; their size if there is none.
+// The offset of a sound record at the end of damaged bytes; their size if there is none.
 std::size_t FindSoundTail(std::string_view bytes) {
     zorby::CommFormatFields fields;
     for (std::size_t at = 1; at + zorby::kLeaderSize < bytes.size(); ++at) {

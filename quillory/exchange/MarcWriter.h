@@ -7,7 +7,7 @@
 
 namespace quillory {
 
-// Puts records into ISO 2709. A record that comes in this form keeps its bytes, but for its leader:
+// Puts records into ISO 2709. A record that comes in this form keeps its bytes, except its leader:
 // bytes 10-11 become "22" and bytes 20-23 "4500", which is how the record is made.
 class MarcAssembler {
 public:

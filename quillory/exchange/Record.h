@@ -53,7 +53,7 @@ struct Item {
     std::string controlNumber;  // of a damaged record, as far as it can be made out
     Record record;
 
-    // Makes it another item, of the bytes at `offset`, without a record as yet.
+    // Makes it another item, of the bytes at `offset`, whose record is still empty.
     void Begin(ItemKind newKind, std::uint64_t newOffset, std::string_view newBytes);
 };
 

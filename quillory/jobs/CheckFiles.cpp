@@ -7,7 +7,7 @@
 namespace quillory {
 namespace {
 
-// Checks records as they come, and tells the report.
+// Checks records as they come, and hands the findings to the report.
 class CheckRun {
 public:
     CheckRun(Checker& checker, CheckReport& report, Reporter& reporter)

@@ -6,7 +6,7 @@
 
 namespace quillory {
 
-// Checks the records of files, and tells the report what was found. Result: findings, if there was
+// Checks the records of files, and hands the findings to the report. Result: findings, if there was
 // any, or damage. Throws FileError.
 Status CheckFiles(InputOptions input, Checker& checker, CheckReport& report, Reporter& reporter);
 

@@ -22,10 +22,10 @@ struct InputOptions {
 
 using ItemTaker = std::function<bool(Item& item)>;
 
-// Hands the items of every file to `take`, until it returns false: all but frames, and but for
-// records that are not asked for. Result: kStatusFindings if a file is empty. Throws FileError,
-// before anything is read if one of the files can't be opened, and UsageError if the records asked
-// for can't be told.
+// Hands the items of every file to `take`, until it returns false: all except frames, and records
+// that are not asked for. Result: kStatusFindings if a file is empty. Throws FileError,
+// before anything is read if one of the files can't be opened, and UsageError if the options don't
+// say clearly which records are asked for.
 Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemTaker& take);
 
 // The same with frames, and with every record, whichever are asked for.

@@ -15,8 +15,8 @@ struct RepairFilesOptions {
     bool isDryRun = false;
 };
 
-// Puts the coded control fields of the records of files right, writes the records, and tells the
-// report what was repaired. The standard workforms must be in force. Result: kStatusFindings for
+// Puts the coded control fields of the records of files right, writes the records, and hands
+// the repairs to the report. The standard workforms must be in force. Result: kStatusFindings for
 // damage, for rejects, for what was left as it was, and for repairs that a dry run would make.
 // Throws FileError and UsageError.
 Status RepairFiles(const RepairFilesOptions& options, const CodeLists& lists, RepairReport& report,

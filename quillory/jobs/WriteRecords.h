@@ -39,7 +39,7 @@ Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& o
                   Reporter& reporter, const Preparation& prepare = {});
 
 // The same for a writer of the job's own: `finish` gives what it wrote its name. The output's path
-// in `options` only tells the form.
+// in `options` only says which form.
 Status CarryItems(const ItemSource& source, Charset from, const OutputOptions& options,
                   RecordWriter& writer, const std::function<void()>& finish, Reporter& reporter,
                   const Preparation& prepare = {});

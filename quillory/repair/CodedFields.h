@@ -39,7 +39,7 @@ public:
     // Null if there is none.
     CodedField* Field008();
 
-    // The 008 is none of the fields any more, but left for this reason.
+    // Takes the 008 out of the fields; it is left as it is, for this reason.
     void Leave008(FaultCode reason);
     // One repair of kind Left for each field that was left.
     const std::vector<Repair>& LeftOnes() const { return left_; }

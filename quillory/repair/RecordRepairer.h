@@ -19,7 +19,7 @@ struct RepairOptions {
 
 // Puts the coded control fields of bibliographic records right: Leader, 006, 007 and 008, by the
 // code lists and the standard workforms of the library. The standard workforms must be in force.
-// docs/repair.md tells the steps.
+// docs/repair.md describes the steps.
 //
 // The lengths and addresses of the file (Leader 00-04 and 12-16) stay as they are, and so does byte
 // 09, if it names a character set. All other fields stay, and so does the order of all fields.

@@ -21,7 +21,7 @@ struct CheckReportOptions {
     std::uint64_t rows = 5000;  // findings that a page shows, 0 for all
 };
 
-// The formats by the names of the option, but for kCheckByName.
+// The formats that the option names: all but kCheckByName.
 std::vector<std::pair<std::string, CheckFormat>> CheckFormatNames();
 
 // The report asks the reporter for the file in hand. Throws FileError if the output can't be

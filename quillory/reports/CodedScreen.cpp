@@ -32,7 +32,7 @@ void FillCode(const CodeMeaning& code, bool isUndefined, Row& row) {
     row.value = Visible(CodeText(code.code));
     if (code.state == CodeState::Unknown) {
         row.text = isUndefined             ? "? undefined position"
-                   : IsAll(code.code, ' ') ? "? blank, which is no code here"
+                   : IsAll(code.code, ' ') ? "? blank, which is not a code here"
                                            : "? unknown code";
         row.colour = kRed;
         return;

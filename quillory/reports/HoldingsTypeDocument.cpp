@@ -44,7 +44,7 @@ std::string ElementText(const HoldingsElementDocument& element) {
     std::string text = "  " + std::to_string(element.id) + "  " +
                        Padded(element.tag + " " + element.subfield + " ", 12) + element.name;
     if (!element.repeatDelimiter.empty()) {
-        text += ", several divided by \"" + element.repeatDelimiter + "\"";
+        text += ", several values divided by \"" + element.repeatDelimiter + "\"";
     }
     if (element.oncePerRecord) text += ", once a record";
     text += "\n";

@@ -43,7 +43,7 @@ public:
     Line(std::size_t width, std::size_t indent, std::string& text)
         : width_(width), indent_(indent), text_(text), column_(indent) {}
 
-    // Blanks stay as they are, but for those at a line's end.
+    // Blanks stay as they are, except those at the end of a line.
     void Add(std::string_view visible);
     // A subfield code.
     void AddCode(std::string_view code, bool colour);

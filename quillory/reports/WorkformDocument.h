@@ -48,7 +48,7 @@ struct WorkformIndicator {
 // are the workform's own or its base's.
 struct WorkformDocument {
     WorkformRow row;
-    // Leader, 006, 007, 008 and those of additional materials, but for those that are blank.
+    // Leader, 006, 007, 008 and those of additional materials, except those that are blank.
     std::vector<WorkformControlField> controlFields;
     std::vector<WorkformField> fields;       // of a new record
     std::vector<WorkformField> otherFields;  // for which the workform has help of its own

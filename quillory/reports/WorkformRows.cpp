@@ -33,7 +33,7 @@ void SortByMaterial(WorkformRows& rows) {
 }
 
 std::string BaseText(const WorkformRow& row) {
-    return Visible(row.base.value_or("")) + (row.baseIsMissing ? " (is not there)" : "");
+    return Visible(row.base.value_or("")) + (row.baseIsMissing ? " (missing)" : "");
 }
 
 std::string ToText(const WorkformRows& rows, bool withBase) {

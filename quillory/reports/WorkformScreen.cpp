@@ -22,7 +22,7 @@ public:
         Strong(Visible(row.name));
         text_ += " (workform " + std::to_string(row.id) + ")\n";
         Fact("Material", Visible(row.material));
-        if (row.base) Fact("Rests on", BaseText(row));
+        if (row.base) Fact("Based on", BaseText(row));
         if (workform.holdings > 0) Fact("Holdings", std::to_string(workform.holdings));
     }
 

@@ -16,7 +16,7 @@ inline constexpr int kCheckpointPages = 1000;
 // How long to wait for another process that is writing.
 inline constexpr std::chrono::milliseconds kBusyTimeout{10000};
 
-// Why a store can't be written, or made where there is none, with its name. Empty if it can.
+// Why a store can't be written, or created, with its name. Empty if it can.
 std::string StoreObstacle(const std::string& path);
 
 // A connection to the store's file, an SQLite database in WAL mode. A committed transaction is on

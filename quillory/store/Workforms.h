@@ -5,7 +5,7 @@
 namespace quillory {
 
 // Answers the library's callbacks for the user's workforms (see zorby::CTemplate) as long as the
-// object lives, and tells the store the names of the standard ones. Those that were in force before
+// object lives, and gives the store the names of the standard ones. Those that were in force before
 // are put back. CTemplateList is loaded before and stays until after. Without any object the
 // library reaches a workform only by its name.
 //

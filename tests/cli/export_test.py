@@ -101,7 +101,7 @@ class Roads(Export):
             (b"a", b"Caf\xc3\xa9", b"a", ""),
             (b"a", b"Cafe", b"a", ""),
             (b"a", b"Caf\xc3\xa9 \xc3x", None,
-             "245: byte 0xC3 is no UTF-8; the record is not written (byte 47)"),
+             "245: byte 0xC3 is not UTF-8; the record is not written (byte 47)"),
         ]
         for label, title, left, message in cases:
             record = marc(label, title)

@@ -129,7 +129,7 @@ class Faults(Records):
         for option in ("--limit", "--after"):
             for text in ("-1", "junk", "1x", "0x10", "", "9" * 20):
                 _, err = self.records("list", f"{option}={text}", status=2)
-                self.assertIn("is no number" if text else option, err)
+                self.assertIn("is not a number" if text else option, err)
 
     def test_damage_is_named_and_kept_and_the_rest_added(self):
         good = records_of(self.convert(SAMPLES, "a.mrc").read_bytes())

@@ -89,7 +89,7 @@ class Repair(Cli):
                          {("length", "008"), ("length", "007"), ("left", "006")})
         self.assertIn("008: 38 bytes, the format has 40", err)
         _, _, err = self.repair(book(GOOD).replace(b"nam", b"n!m"), status=1)
-        self.assertIn("leader/06 is no type of record", err)
+        self.assertIn("leader/06 is not a type of record", err)
 
     def test_other_formats_pass_through(self):
         authority = record_of([(b"001", b"id"), (b"008", BAD), (b"100", b"1 \x1faName")], b"nz  a")

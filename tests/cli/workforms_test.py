@@ -72,7 +72,7 @@ class Roads(Workforms):
         self.assertEqual(rows["City map"]["base"], BOOK)
         text = self.workforms("large-print BOOK", "--width", "100")[0].decode()
         self.assertLessEqual(max(map(len, text.splitlines())), 100)
-        for line in ("Large-print book (workform 2)\n", "Rests on  " + BOOK,
+        for line in ("Large-print book (workform 2)\n", "Based on  " + BOOK,
                      "23     Form of item                     d       Large print",
                      "020 ##  International Standard Book Number (priority)",
                      "        $a  International Standard Book Number (prompt, priority)",
@@ -250,7 +250,7 @@ class Faults(Workforms):
         _, err = self.workforms("import", "-", stdin=orphan)
         self.assertIn(f'its base "{BOOK[::-1]}" is not there; "{BOOK}" stands in for it', err)
         self.assertTrue(self.shown("102")["base_is_missing"])
-        self.assertIn("(is not there)", self.workforms("102")[0].decode())
+        self.assertIn("(missing)", self.workforms("102")[0].decode())
 
     def test_a_lock_of_another_program_is_respected(self):
         self.save_two()

@@ -78,7 +78,7 @@ class CodeMenus(unittest.TestCase):
             ([TITLE, row("a", "menu", "", "", caption="Alpha")], 8, "no menu"),
             ([TITLE, row("a", "menu", "", "Sound")], 8, "no caption"),
             ([TITLE, row("a", "current", "Alpha", "", caption="Other")], 8, "without a menu"),
-            ([TITLE, row("a", "current", "Alpha", "Sound", caption="Alpha")], 8, "need not"),
+            ([TITLE, row("a", "current", "Alpha", "Sound", caption="Alpha")], 8, "is the default"),
             ([TITLE, row("a", "current", "Ärmel", "Sound")], 8, "ASCII"),
             ([TITLE, row("a", "current", "Alpha", "Sound", caption="Other ")], 8, "blank"),
             ([TITLE, row("a", "current", "Alpha", "Sound", caption=r"Other\t")], 8, "backslash"),

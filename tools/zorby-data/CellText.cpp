@@ -25,7 +25,7 @@ std::string Formatted(const char* format, unsigned number) {
     return text.data();
 }
 
-// The bytes in front of the first character that doesn't go into the code behind `before`. The
+// The bytes in front of the first character that doesn't go into the code after `before`. The
 // longest good beginning counts, for a double diacritic is only good with both of its letters.
 std::size_t GoodBytes(std::string_view utf8, const std::string& before) {
     std::size_t good = 0;

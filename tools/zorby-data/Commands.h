@@ -17,7 +17,7 @@ struct CompileOptions {
 
 struct DumpOptions {
     std::string file;
-    std::optional<Kind> kind;  // told by the file's name if not given
+    std::optional<Kind> kind;  // by default that of the file's name
     std::string output = "-";
 };
 
@@ -33,7 +33,7 @@ struct JoinOptions {
 Status CompileFiles(const CompileOptions& options);
 // Writes a data file as a source, or workforms as a source each into the folder `output`, which is
 // made where there is none. A file that no source gives is refused. Faults that compiling
-// would find in the source are told, and it is written all the same.
+// would find in the source are reported, and it is written all the same.
 Status DumpFile(const DumpOptions& options);
 
 // Checks sources of codes and joins them into the file that quillory reads. Throws

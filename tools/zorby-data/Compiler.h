@@ -12,7 +12,7 @@
 
 namespace datatool {
 
-// A dictionary of one kind of data file: built from its sources, or loaded and told as sources
+// A dictionary of one kind of data file: built from its sources, or loaded and written as sources
 // again.
 class Compiler {
 public:

@@ -10,7 +10,7 @@
 
 namespace datatool {
 
-// A dictionary that can't be told as a source.
+// A dictionary that no source can describe.
 class NoSource : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

@@ -31,7 +31,7 @@ public:
     void Add(const Place& place, std::string reason);
     bool Empty() const { return reasons_.empty(); }
 
-    // A line "FILE:LINE:COLUMN: REASON" for each fault, in the order of the sources; behind the
+    // A line "FILE:LINE:COLUMN: REASON" for each fault, in the order of the sources; after the
     // twentieth only how many more there are.
     std::string Text() const;
     // "FILE:LINE"

@@ -60,7 +60,7 @@ void FormatCompiler::TakeIndicatorExplanation(Row& row) {
     explanations_.Add({tag, which}, row.PlaceOf("which"), faults_);
 }
 
-// The dictionary tells how a blank is stored.
+// The dictionary says how a blank is stored.
 void FormatCompiler::TakeIndicatorValue(Row& row) {
     const unsigned tag = TagOfField(row);
     const int which = row.Which("which");
@@ -89,7 +89,7 @@ void FormatCompiler::CheckDefault(int field, int which, const Place& place) {
     if (tag < kFirstDataField || values_.Contains({tag, which, indicators->GetIndicator(which)})) {
         return;
     }
-    faults_.Add(place, "the default is none of the values of this indicator");
+    faults_.Add(place, "the default is not among the values of this indicator");
 }
 
 }  // namespace datatool

@@ -9,7 +9,7 @@
 
 namespace datatool {
 
-// The dictionary of holdings systems. The rows behind that of a type, in the same source, are its
+// The dictionary of holdings systems. The rows after that of a type, in the same source, are its
 // own.
 class HoldingsCompiler : public TableCompiler {
 public:

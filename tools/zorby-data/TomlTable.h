@@ -27,7 +27,7 @@ public:
     void Fault(const Place& place, std::string_view key, const std::string& reason) const;
 
     std::string Text(std::string_view key) const;
-    // Characters, as many as told.
+    // So many characters.
     std::string Text(std::string_view key, std::size_t size) const;
     // One character.
     char Code(std::string_view key) const;

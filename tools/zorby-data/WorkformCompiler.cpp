@@ -27,7 +27,7 @@ Value Named(const TomlTable& table, std::string_view key, Value otherwise,
             std::optional<Value> (*valueOf)(std::string_view)) {
     if (!table.Has(key)) return otherwise;
     const auto value = valueOf(table.Text(key));
-    if (!value) table.Fault(key, "there is none of this name");
+    if (!value) table.Fault(key, "there is nothing of this name");
     return value.value_or(otherwise);
 }
 

@@ -22,7 +22,7 @@ void DeclareDump(Arguments& command) {
     DumpOptions& options = command.Runs(DumpFile);
     command.Positional("FILE", options.file, "The data file").Required();
     command.Choice("--kind", options.kind, kKinds,
-                   "What the file holds; told by its name if not given");
+                   "What the file holds; by default that of its name");
     command.Option(
         "-o,--output", options.output,
         "The source, standard output if not given; for workforms the folder of their sources");

@@ -143,21 +143,21 @@ std::string CommFormatFaultText(CommFormatReason reason) {
         case CFR_CutShort:
             return "cut short: no record end (0x1D)";
         case CFR_LengthNotNumber:
-            return "leader 00-04 is no number";
+            return "leader 00-04 is not a number";
         case CFR_LengthWrong:
             return "leader 00-04 is not the record's length";
         case CFR_TooLong:
             return "longer than 99,999 bytes";
         case CFR_TextAfterEnd:
-            return "bytes behind the record end (0x1D)";
+            return "bytes after the record end (0x1D)";
         case CFR_CountsNotTwo:
             return "leader 10-11 is not \"22\"";
         case CFR_EntryMap:
             return "leader 20-21 is not \"45\"";
         case CFR_BaseAddressWrong:
-            return "leader 12-16 does not point behind the directory's end (0x1E)";
+            return "leader 12-16 does not point past the directory's end (0x1E)";
         case CFR_DirectorySize:
-            return "the directory is no whole number of 12-byte entries";
+            return "the directory is not a whole number of 12-byte entries";
         case CFR_DirectoryEntry:
             return "a directory entry without a tag, or with a length and start outside the data";
         case CFR_DirectoryGap:

@@ -145,7 +145,7 @@ TEST(Markup, CountsWhatItCantCarry) {
         const Written written = Write(
             form, {{badLeader, "001x"}, {kLeaderLine, "245no indicators"}, {oldLeader, "001y"}});
         EXPECT_EQ(FaultText(written.results[0].faults.at(0)),
-                  "leader/06: byte 0x02 is no printable character");
+                  "leader/06: byte 0x02 is not a printable character");
         EXPECT_EQ(FaultText(written.results[1].faults.at(0)),
                   "245: not made of two indicators and subfields with codes");
         EXPECT_TRUE(written.results[2].written && written.results[2].leaderMended);

@@ -252,7 +252,7 @@ TEST(Carrier, ARecordStaysThatIsNotUtf8OrThatAJobRefuses) {
     const auto at = std::to_string(100 + items[1].bytes.find('\xFF'));
     ASSERT_EQ(port.lines.size(), 3U);
     EXPECT_TRUE(port.lines[0].ends_with(
-        " (001 b): 245: byte 0xFF is no UTF-8; the record is not written (byte " + at + ")"))
+        " (001 b): 245: byte 0xFF is not UTF-8; the record is not written (byte " + at + ")"))
         << port.lines[0];
     EXPECT_TRUE(port.lines[1].ends_with(" (001 c): not written:\n    245: a finding\n"))
         << port.lines[1];

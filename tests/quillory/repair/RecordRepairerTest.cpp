@@ -191,15 +191,15 @@ TEST_F(RecordRepairerTest, LeavesWhatItCannotTell) {
         {"?????nx?????????????????", {{"008", any}, {"007", "?"}}, ""},
         {"?????n??????????????????",
          {{"008", any}},
-         "left : leader/06 is no type of record, so the material can't be told\n"},
+         "left : leader/06 is not a type of record, so the material is unknown\n"},
         {"",
          {{"008", any}},
-         "left : leader/06 is no type of record, so the material can't be told\n"},
+         "left : leader/06 is not a type of record, so the material is unknown\n"},
         {kLeader,
          {{"006", ""}, {"006", "?"}, {"007", "?x"}, {"008", kBook}, {"008", any}},
-         "left 006: its first byte is no type of record or category\n"
-         "left 006[2]: its first byte is no type of record or category\n"
-         "left 007: its first byte is no type of record or category\n"
+         "left 006: its first byte is not a type of record or a category\n"
+         "left 006[2]: its first byte is not a type of record or a category\n"
+         "left 007: its first byte is not a type of record or a category\n"
          "left 008[2]: a record has one 008\n"
          "kept 008/35-37: hrv -> und\n"},
         {kLeader, {}, ""},

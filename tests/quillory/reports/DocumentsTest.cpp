@@ -167,7 +167,7 @@ TEST(Documents, AsText) {
         {"holdings", ToText(Holdings()),
          "  7  System                                      852  (formerly Older)"
          "  (formerly Oldest)  in force/"
-         "  3  852 $p      Bar code, several divided by \";\", once a record/"
+         "  3  852 $p      Bar code, several values divided by \";\", once a record/"
          "       As it is printed./"},
         {"elements", ToText(Elements()),
          "008/18-21  Illustrations (books)/"
@@ -185,11 +185,10 @@ TEST(Documents, AsText) {
              {"008", "books", "35-37", 7, "Language", "e#", "", "E", "newer", "1", "", "f"}}),
          "field\tform\tpositions\tpart\tlist\tcode\tsecond_code\ttext\tstatus\tsince\tuntil\tuse/"
          "008\tbooks\t35-37\t7\tLanguage\te#\t\tE\tnewer\t1\t\tf/"},
-        {"workforms", ToText(Rows(), true),
-         "1    Book  Books/101  本    Books  Gone (is not there)/"},
+        {"workforms", ToText(Rows(), true), "1    Book  Books/101  本    Books  Gone (missing)/"},
         {"workforms without bases", ToText(Rows(), false), "1    Book  Books/101  本    Books/"},
         {"workform", ToText(Workform(), {.width = 40}),
-         "本 (workform 101)/Material  Books/Rests on  Gone (is not there)/Holdings  2/"
+         "本 (workform 101)/Material  Books/Based on  Gone (missing)/Holdings  2/"
          "/Control fields/008     #99s/"
          "        00-05  Date  #99  a day/        06     Kind  s    ? unknown code/"
          "/Fields of a new record/245 1#  Title statement (priority)/"

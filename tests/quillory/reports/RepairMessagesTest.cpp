@@ -70,9 +70,9 @@ TEST(RepairMessages, NameThePlaceAndBothValues) {
          "007: 3 bytes, the format has 2; cut: blanks"},
         {{RepairKind::Left, Place::OfField("006", 2), nullptr, "?", "?",
           FaultCode::kUnknownFirstByte},
-         "006[2]: its first byte is no type of record or category; left as it was"},
+         "006[2]: its first byte is not a type of record or a category; left as it was"},
         {{.kind = RepairKind::Left, .fault = FaultCode::kUnknownTypeOfRecord},
-         "leader/06 is no type of record, so the material can't be told; left as it was"},
+         "leader/06 is not a type of record, so the material is unknown; left as it was"},
     };
     for (const auto& c : cases) EXPECT_EQ(Tell(c.repair).message, c.message);
 
