@@ -8,7 +8,10 @@ from pathlib import Path
 
 CHECK_ONE_PLACE = Path(__file__).resolve().parents[2] / "tools" / "check-one-place"
 PLACES = {"quillory/arguments/Arguments.cpp": "#include <CLI/CLI.hpp>\nCLI::App app;\n",
-          "quillory/exchange/Output.cpp": "int out = dup(STDOUT_FILENO);\n"}
+          "quillory/exchange/Output.cpp": "int out = dup(STDOUT_FILENO);\n",
+          "quillory/exchange/MarcJsonReader.cpp": "#include <nlohmann/json.hpp>\n",
+          "quillory/holdings/HoldingsJson.cpp": "nlohmann::json value;\n",
+          "quillory/queries/RegularExpression.cpp": "#include <re2/re2.h>\nRE2 pattern;\n"}
 
 
 def check(tree):
@@ -29,6 +32,8 @@ class CheckOnePlace(unittest.TestCase):
         rows = [
             ("quillory/cli/New.cpp", "#include <CLI/CLI.hpp>"),
             ("tests/quillory/cli/NewTest.cpp", "CLI::Option* option = nullptr;"),
+            ("quillory/reports/Text.h", "#include <nlohmann/json_fwd.hpp>"),
+            ("quillory/edits/Replace.cpp", "const RE2 pattern(text);"),
             ("quillory/cli/Settings.cpp", 'std::printf("%s", text);'),
             ("quillory/cli/Settings.cpp", 'printf ("%s", text);'),
             ("quillory/reports/Text.cpp", "std::fputs(text, stdout);"),
