@@ -98,7 +98,7 @@ std::vector<Description> AllOf(std::string_view toml) {
 void ExpectWhole(std::string_view toml, const std::vector<Description>& all, std::uint64_t head) {
     std::uint64_t at = head;
     for (const Description& description : all) {
-        EXPECT_EQ(description.offset, at);
+        EXPECT_EQ(description.offset, at) << "line " << description.line;
         at += description.size;
     }
     EXPECT_EQ(at, toml.size());

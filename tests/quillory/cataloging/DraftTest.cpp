@@ -142,7 +142,7 @@ TEST_F(Drafts, WhatTheFormatDoesNotAllowIsSaid) {
             Made(sets);
             ADD_FAILURE() << reason;
         } catch (const EntryError& error) {
-            EXPECT_EQ(error.what(), reason);
+            EXPECT_EQ(error.what(), reason) << sets.back().first;
         }
     }
     for (const char* place : {"leader/00", "leader/09", "leader/08-10", "leader/23"}) {
@@ -170,6 +170,7 @@ TEST_F(Drafts, NothingIsLostOfRandomEntries) {
     std::mt19937 random{11};
     const std::vector<std::string> tags{"020", "100", "264", "500", "505", "650", "655", "700"};
     for (int round = 0; round < 300; ++round) {
+        SCOPED_TRACE(round);
         Draft draft(pattern_, {});
         std::vector<std::string> taken;
         for (int i = 0; i < 12; ++i) {
@@ -193,10 +194,10 @@ TEST_F(Drafts, NothingIsLostOfRandomEntries) {
         }
         for (std::size_t i = 0; i < record.fields.size(); ++i) {
             const auto& field = record.fields[i];
-            EXPECT_FALSE(field.content.empty());
+            EXPECT_FALSE(field.content.empty()) << mrk;
             EXPECT_TRUE(!field.IsDataField() || field.content.size() > 4) << mrk;
             if (i > 0 && field.tag[0] != '5' && field.tag[0] != '6') {
-                EXPECT_LE(record.fields[i - 1].tag, field.tag);
+                EXPECT_LE(record.fields[i - 1].tag, field.tag) << mrk;
             }
         }
     }

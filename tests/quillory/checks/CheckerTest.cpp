@@ -305,7 +305,7 @@ TEST_F(CheckerTest, PolicyDecides) {
           PolicyChoice{kPolicyCustom, {{"NoNote", 1}}},
           PolicyChoice{kPolicyCustom, {{"NoNotes", 3}}},
           PolicyChoice{kPolicyProfile, {{"ZP_FontWeight", 1}}}}) {
-        EXPECT_THROW(PutInForce(choice), UsageError);
+        EXPECT_THROW(PutInForce(choice), UsageError) << testing::PrintToString(choice.keys);
     }
 }
 
@@ -336,8 +336,8 @@ TEST_F(CheckerTest, TakesAnything) {
         }
         checker.Check(record.record, findings);
         for (const Finding& finding : findings) {
-            EXPECT_TRUE(IsValidUtf8(LongText(finding)));
-            EXPECT_FALSE(ShortText(finding).empty());
+            EXPECT_TRUE(IsValidUtf8(LongText(finding))) << round;
+            EXPECT_FALSE(ShortText(finding).empty()) << round << ": " << LongText(finding);
         }
     }
 }

@@ -55,7 +55,9 @@ TEST(Commands, ArgumentsAreSaidInOneForm) {
             EXPECT_EQ(argument.value.empty(), argument.kind == kFlagArgument);
             const bool isPositional = argument.kind == kPositionalArgument;
             EXPECT_NE(isPositional, argument.names.back().starts_with("--"));
-            for (const std::string& name : argument.names) EXPECT_TRUE(names.insert(name).second);
+            for (const std::string& name : argument.names) {
+                EXPECT_TRUE(names.insert(name).second) << name;
+            }
         }
     });
 }
@@ -67,7 +69,7 @@ TEST(Commands, OptionsHaveOneSpelling) {
     WalkCommands([&](const auto&, const CommandDefinition& command) {
         for (const ArgumentDefinition& argument : command.arguments) {
             const std::string& name = argument.names.back();
-            EXPECT_NE(name, "--json");
+            EXPECT_NE(name, "--json") << command.name;
             if (argument.names.size() > 1) longNames[argument.names.front()].insert(name);
             if (name == "--format") formats.insert(argument.value);
         }

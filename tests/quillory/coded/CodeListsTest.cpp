@@ -105,7 +105,7 @@ TEST(Elements, CoverTheirForm) {
             EXPECT_FALSE(element.name.empty()) << form << " " << next;
             next = element.last + 1;
         }
-        EXPECT_EQ(next, LengthOfForm(form));
+        EXPECT_EQ(next, LengthOfForm(form)) << form;
     }
     EXPECT_EQ(LengthOfForm(CFLdr), 24);
     EXPECT_EQ(LengthOfForm(CF008Standard), 40);

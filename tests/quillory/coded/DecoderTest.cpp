@@ -144,7 +144,7 @@ void ExpectAllTold(const DecodedField& field, const std::string& content) {
         EXPECT_GE(first, end) << PlaceText(element.place) << " is told twice";
         end = first + element.value.size();
         if (element.state == ElementState::Missing) {
-            EXPECT_EQ(first, content.size());
+            EXPECT_EQ(first, content.size()) << PlaceText(element.place);
             continue;
         }
         ASSERT_EQ(content.substr(first, element.value.size()), element.value)
@@ -162,6 +162,7 @@ TEST(Decoder, TakesAnyLengthAndAnyBytes) {
     const std::string types = "acdefgijkmoprtbz ";
     for (std::size_t round = 0; round < 40; ++round) {
         for (std::size_t length = 0; length <= 60; ++length) {
+            SCOPED_TRACE("round " + std::to_string(round) + ", length " + std::to_string(length));
             std::string content(length, ' ');
             for (char& c : content) c = likely[random() % likely.size()];
             const std::string typeAndLevel = {types[random() % types.size()], "mis"[random() % 3]};

@@ -270,6 +270,7 @@ TEST_P(FormContract, AnyBytesAreAccountedFor) {
         }
         SCOPED_TRACE(damaged);
         for (const bool lenient : {false, true}) {
+            SCOPED_TRACE(lenient ? "lenient" : "strict");
             const auto all = ReadAll(form_, damaged, lenient);
             ExpectAccounted(all, damaged);
             // A record that a form does not carry in full is named (see Write).
@@ -291,7 +292,7 @@ TEST_P(FormContract, ViewsHoldUntilTheReaderIsAskedAgain) {
     while (reader->Next(item)) {
         const Found before(item);
         otherReader->Next(otherItem);
-        EXPECT_EQ(Found(item), before);
+        EXPECT_EQ(Found(item), before) << "at byte " << item.offset;
     }
 }
 
@@ -308,7 +309,8 @@ TEST_P(FormContract, EveryFormTakesItsRecords) {
         Losses losses;
         for (Item item; reader->Next(item);) {
             if (item.kind != kItemRecord) continue;
-            EXPECT_TRUE(writer->Write(item.record, losses).faults.empty());
+            EXPECT_TRUE(writer->Write(item.record, losses).faults.empty())
+                << item.record.ControlNumber();
         }
         writer->Finish();
         output.Finish();

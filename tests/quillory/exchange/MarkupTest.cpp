@@ -34,7 +34,7 @@ std::vector<Found> ReadAll(const char* form, const std::string& bytes) {
     std::string together;
     Item item;
     while (reader->Next(item)) {
-        EXPECT_EQ(item.offset, together.size());
+        EXPECT_EQ(item.offset, together.size()) << form;
         together += item.bytes;
         const bool isRecord = item.kind == kItemRecord;
         all.push_back({item.kind, std::string(item.bytes), item.fault ? FaultText(*item.fault) : "",
@@ -142,6 +142,7 @@ TEST(Markup, CountsWhatItCantCarry) {
     std::string oldLeader = kLeaderLine;
     oldLeader.replace(3 + 20, 4, "4\x92 \xFF");
     for (const char* form : {kXml, kJson}) {
+        SCOPED_TRACE(form);
         const Written written = Write(
             form, {{badLeader, "001x"}, {kLeaderLine, "245no indicators"}, {oldLeader, "001y"}});
         EXPECT_EQ(FaultText(written.results[0].faults.at(0)),
@@ -208,6 +209,7 @@ TEST(MarcXml, NamesWhatIsWrongAndGoesOn) {
          "b 5:9 an element that does not belong there"},
     };
     for (const auto& [record, story] : kCases) {
+        SCOPED_TRACE(record);
         const auto all = ReadAll(kXml, Xml(XmlRecord("a") + "\n" + record + "\n" + XmlRecord("c")));
         EXPECT_EQ(Story(all), "a | " + story + " | c");
         const auto damaged = std::find_if(
@@ -228,6 +230,7 @@ TEST(MarcXml, EndsWhereItIsMalformed) {
         {Xml(XmlRecord("a")) + "<x/>", "malformed XML: Extra content"},
     };
     for (const auto& [document, reason] : kCases) {
+        SCOPED_TRACE(reason);
         const auto all = ReadAll(kXml, document);
         const Found& last = all.back();
         EXPECT_TRUE(Story(all).starts_with("a | ")) << Story(all);
@@ -253,7 +256,7 @@ TEST(MarcXml, MemoryIsBoundedWhateverComes) {
     EXPECT_EQ(long1.back().kind, kItemFrame);
     std::string ids;
     for (const Found& found : long1) {
-        EXPECT_LE(found.bytes.size(), std::size_t{5} << 20);
+        EXPECT_LE(found.bytes.size(), std::size_t{5} << 20) << found.id;
         if (found.kind == kItemRecord) ids += found.id;
     }
     EXPECT_EQ(ids, "ac");
@@ -336,7 +339,7 @@ TEST(MarcJson, NamesWhatIsWrongAndGoesOn) {
     for (const auto& [line, story] : kCases) {
         const auto all =
             ReadAll(kJson, JsonRecord("a") + "\n" + line + "\n" + JsonRecord("c") + "\n");
-        EXPECT_EQ(Story(all), "a | " + story + " | c");
+        EXPECT_EQ(Story(all), "a | " + story + " | c") << line.substr(0, 60);
     }
 }
 

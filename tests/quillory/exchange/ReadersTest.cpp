@@ -83,6 +83,7 @@ TEST(MarcReader, NamesWhatItFinds) {
 TEST(MarcReader, SoundRecordsSurviveRandomDamage) {
     std::mt19937 random(3);
     for (int round = 0; round < 300; ++round) {
+        SCOPED_TRACE(round);
         std::string bytes;
         std::vector<std::string> ids;
         for (int i = 0; i < 6; ++i) {
@@ -166,7 +167,7 @@ TEST(Mrk, NamesBadLines) {
     };
     for (const auto& [text, fault] : kCases) {
         const auto all = ReadAll("mrk", text + "\n=LDR  y\n=001  next\n");
-        ASSERT_GE(all.size(), 2U);
+        ASSERT_GE(all.size(), 2U) << text;
         EXPECT_EQ(all[0].fault, fault) << text;
         EXPECT_EQ(all.back().id, "next") << text;
     }
@@ -176,6 +177,7 @@ TEST(Mrk, NamesBadLines) {
 TEST(LineForms, RandomRecordsComeBack) {
     std::mt19937 random(5);
     for (int round = 0; round < 500; ++round) {
+        SCOPED_TRACE(round);
         Lines lines{"LDR00000nam a2200000 i 4500"};
         for (int i = 0; i < 5; ++i) {
             const bool control = random() % 3 == 0;
@@ -223,6 +225,7 @@ TEST(LineForms, RandomRecordsComeBack) {
 TEST(Microlif, ReadsWhatOthersWrite) {
     const std::string one = "LDR00999nam  22     2  4500^@008a_b^@245 0_aAbout whales.^`@";
     for (const std::string lineEnd : {"\r\n", "\n", "\r"}) {
+        SCOPED_TRACE(testing::PrintToString(lineEnd));
         std::string text = "HDRsome maker@";
         text.append(one).append(one);
         for (std::size_t at = text.find('@'); at != text.npos; at = text.find('@')) {
@@ -235,12 +238,13 @@ TEST(Microlif, ReadsWhatOthersWrite) {
         ASSERT_TRUE(reader.Next(item));
         EXPECT_EQ(FaultOf(item), "file header");
         for (int i = 0; i < 2; ++i) {
+            SCOPED_TRACE(i);
             ASSERT_TRUE(reader.Next(item));
             ASSERT_EQ(item.kind, kItemRecord) << FaultOf(item);
             EXPECT_EQ(LinesOf(item.record),
                       (Lines{"LDR00999nam  22     2  4500", "008a_b", "245 0\037aAbout whales."}));
         }
-        EXPECT_FALSE(reader.Next(item)) << testing::PrintToString(lineEnd);
+        EXPECT_FALSE(reader.Next(item));
     }
     EXPECT_EQ(MicrolifLosses({"CAT", "a_b\r^`"}), "_\rCAT^`");
     EXPECT_EQ(MicrolifLosses({"008", "a_b\037c"}), "\037");

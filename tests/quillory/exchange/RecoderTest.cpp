@@ -48,7 +48,7 @@ TEST(Recoder, LabelFollowsAndLiesAreNoticed) {
         record.bytes = "verbatim";
         Losses losses;
         const Recoder::Result result = recoder.Recode(record, losses);
-        EXPECT_EQ(record.fields[1].content, c.result);
+        EXPECT_EQ(record.fields[1].content, c.result) << c.title;
         EXPECT_EQ(record.leader[9], c.label) << c.result;
         EXPECT_EQ(result.mislabelled.has_value(), c.mislabelled) << c.result;
         EXPECT_EQ(record.bytes.empty(), c.result != c.title) << c.result;

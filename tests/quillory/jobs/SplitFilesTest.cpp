@@ -59,6 +59,7 @@ TEST(SplitFiles, ByNumberAndBySizeTogetherGiveAll) {
     std::string bytes;
     for (int i = 0; i < 60; ++i) bytes += Language("1", std::string(random() % 300, 'x'));
     for (const std::uint64_t records : {1U, 7U, 60U, 100U}) {
+        SCOPED_TRACE(records);
         const Folder folder;
         EXPECT_EQ(Split(bytes, folder / "{}.mrc", {.records = records}), kStatusWell);
         std::string together;
@@ -68,7 +69,7 @@ TEST(SplitFiles, ByNumberAndBySizeTogetherGiveAll) {
             together += part;
         }
         EXPECT_EQ(folder.Files().size(), (60 + records - 1) / records);
-        EXPECT_TRUE(together == bytes) << records;
+        EXPECT_TRUE(together == bytes);
     }
     const Folder folder;
     EXPECT_EQ(Split(bytes, folder / "{}.mrc", {.size = "1K"}), kStatusWell);

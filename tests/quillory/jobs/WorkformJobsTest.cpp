@@ -197,12 +197,16 @@ TEST_F(WorkformJobs, ALockOfAnotherProgramIsRespected) {
     const Database other = OpenStore();
     WorkformStore theirs(other);
     ASSERT_TRUE(theirs.Lock(101, 7));
-    for (const std::function<void()>& act :
-         std::vector<std::function<void()>>{[&] { Make("Theirs", "Map", true); },
-                                            [&] {
-                                                Delete({"Ours", "Theirs"});
-                                            },
-                                            [&] { Import(file, true); }}) {
+    const std::vector<std::pair<const char*, std::function<void()>>> acts{
+        {"make", [&] { Make("Theirs", "Map", true); }},
+        {"delete",
+         [&] {
+             Delete({"Ours", "Theirs"});
+         }},
+        {"import", [&] { Import(file, true); }},
+    };
+    for (const auto& [name, act] : acts) {
+        SCOPED_TRACE(name);
         const std::string error = ErrorOf(act);
         EXPECT_TRUE(error.ends_with("\"Theirs\" is locked by another program that is changing it"))
             << error;

@@ -174,7 +174,7 @@ TEST_F(RecordRepairerTest, FurtherMaterialsByTheirOwnFormats) {
         Fields fields = c.fields;
         Repaired(With(kLeader, 6, c.leader6), fields);
         for (std::size_t i = 0; i < c.repaired.size(); ++i) {
-            EXPECT_EQ(fields[i].second, c.repaired[i]);
+            EXPECT_EQ(fields[i].second, c.repaired[i]) << i;
         }
     }
 }

@@ -95,6 +95,7 @@ TEST(Database, LeavesAloneWhatIsNotItsOwn) {
         {"text.db", "is not a database"},
     };
     for (const auto& [name, reason] : cases) {
+        SCOPED_TRACE(name);
         const std::string path = folder.Path(name);
         const std::string before = folder.Read(name);
         EXPECT_EQ(FailureOf([&] { OpenStore(path); }),
@@ -206,7 +207,7 @@ TEST(Database, ManyProcessesMakeAndWriteTheSameStore) {
     for (const pid_t child : children) {
         int status = 0;
         waitpid(child, &status, 0);
-        EXPECT_EQ(status, 0);
+        EXPECT_EQ(status, 0) << "process " << child;
     }
     const Database database = OpenStore(path);
     EXPECT_EQ(RecordStore(database).Count(), kProcesses * kEach);

@@ -117,6 +117,7 @@ void Check(const std::string& path, const Saved& saved) {
 
     WorkformStore workforms(database);
     for (const auto& [id, state] : saved.states) {
+        SCOPED_TRACE(id);
         const std::optional<WorkformInfo> info = workforms.FindById(static_cast<int>(id));
         ASSERT_TRUE(info);
         EXPECT_GE(info->state, state);
@@ -134,6 +135,7 @@ TEST(Store, LosesNothingThatWasReportedWhenKilled) {
     std::mt19937 random{20};
     Saved saved;
     for (int round = 0; round < kKills; ++round) {
+        SCOPED_TRACE(round);
         int ends[2];
         ASSERT_EQ(pipe(ends), 0);
         const pid_t child = fork();
@@ -145,7 +147,6 @@ TEST(Store, LosesNothingThatWasReportedWhenKilled) {
         const int reports = round % 2 == 0 ? 0 : 5;
         WatchAndKill(child, ends[0], reports, std::chrono::microseconds(random() % 30000), saved);
         close(ends[0]);
-        SCOPED_TRACE(round);
         Check(path, saved);
         if (HasFatalFailure()) return;
         const Database database = OpenStore(path);

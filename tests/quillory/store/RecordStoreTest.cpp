@@ -114,6 +114,7 @@ TEST_F(RecordStoreTest, IsFoundByNumberAndByTheBeginningOfTheTitle) {
 
 TEST_F(RecordStoreTest, SearchesGoThroughAnIndex) {
     for (const char* where : {"control_number = 'a'", "title_key >= 'a' AND title_key < 'b'"}) {
+        SCOPED_TRACE(where);
         Statement plan = database_.Prepare(
             "EXPLAIN QUERY PLAN SELECT bytes FROM records WHERE "
             "+id > 0 AND " +
@@ -164,6 +165,7 @@ TEST(Summarizer, TakesWhatListsNeed) {
     };
     Summarizer summarizer;
     for (const Case& c : cases) {
+        SCOPED_TRACE(c.fields.front().content);
         const RecordSummary summary =
             summarizer.Summarize({std::string_view(c.leader, 24), c.fields, {}});
         EXPECT_EQ(summary.controlNumber, c.expected.controlNumber);

@@ -68,7 +68,8 @@ TEST(TextConverter, TwinsBothWays) {
         EXPECT_EQ(ToMarc8(twin.utf8), twin.marc8) << twin.utf8;
         EXPECT_EQ(ToMarc8(Normalized(twin.utf8, kNormalFormD)), twin.marc8) << twin.utf8;
         EXPECT_EQ(Convert(kCharsetMarc8, kCharsetUtf8, twin.marc8, nullptr, kNormalFormD),
-                  Normalized(twin.utf8, kNormalFormD));
+                  Normalized(twin.utf8, kNormalFormD))
+            << twin.utf8;
     }
 }
 
@@ -94,7 +95,7 @@ TEST(TextConverter, FastAndSlowRoadAgree) {
             Losses losses;
             slow.AppendUtf8(marc8, slowUtf8, losses);
             EXPECT_EQ(utf8, slowUtf8) << std::hex << base << " " << mark;
-            EXPECT_TRUE(losses.Empty());
+            EXPECT_TRUE(losses.Empty()) << std::hex << base << " " << mark;
             EXPECT_EQ(ToUtf8(ToMarc8(utf8)), utf8) << std::hex << base << " " << mark;
             std::string back;
             if (!fast.AppendQm(utf8, back)) continue;
@@ -116,6 +117,7 @@ TEST(TextConverter, CharactersThatMarc8HasNot) {
         {"\u20AB\u0302", "&#x20AB;&#x0302;"},
     };
     for (const auto& [utf8, marc8] : kCases) {
+        SCOPED_TRACE(utf8);
         EXPECT_EQ(ToMarc8(utf8), marc8);
         EXPECT_EQ(ToUtf8(marc8), utf8);
     }
@@ -154,6 +156,7 @@ TEST(TextConverter, LossesAreCounted) {
         {kCharsetMarc8, kCharsetLatin1, "\342e", "\xE9", ""},
     };
     for (const Case& c : kCases) {
+        SCOPED_TRACE(testing::PrintToString(c.in));
         Losses losses;
         EXPECT_EQ(Convert(c.from, c.to, c.in, &losses), c.out);
         EXPECT_EQ(losses.Text(""), c.losses);

@@ -101,6 +101,7 @@ TEST(Archive, LengthsBeyondTheStreamEndAsEndOfFile) {
         "\xFF\xFE\xFF\001a"s,
     };
     for (const std::string& bytes : damaged) {
+        SCOPED_TRACE(testing::PrintToString(bytes));
         MemoryViewStream stream(bytes);
         CArchive archive(stream, CArchive::load);
         std::string text = "kept";
@@ -249,6 +250,7 @@ Everything Random(std::mt19937& random) {
 TEST(Archive, StoringLoadingStoringGivesTheSameBytesAndEveryCutIsNoticed) {
     std::mt19937 random(20);
     for (int round = 0; round < 50; ++round) {
+        SCOPED_TRACE(round);
         std::vector<Everything> original(random() % 4 + 1);
         for (Everything& element : original) element = Random(random);
         const std::string bytes = StoredList(original);

@@ -119,9 +119,9 @@ TEST_P(WritableStream, RandomAccessMatchesAPlainText) {
             stream_->Write(piece.data(), piece.size());
             model.replace(place, piece.size(), piece);
         } else {
-            ASSERT_EQ(ReadAll(*stream_, piece.size()), model.substr(place, piece.size()));
+            ASSERT_EQ(ReadAll(*stream_, piece.size()), model.substr(place, piece.size())) << step;
         }
-        ASSERT_EQ(stream_->GetPosition(), std::min(place + piece.size(), model.size()));
+        ASSERT_EQ(stream_->GetPosition(), std::min(place + piece.size(), model.size())) << step;
     }
 }
 
@@ -202,10 +202,11 @@ TEST(FileStream, OpeningTellsWhatStoodInTheWay) {
         {folder.File(""), FileStream::kReadWrite, EISDIR},
     };
     for (const Row& row : rows) {
+        SCOPED_TRACE(row.path + ", mode " + std::to_string(row.mode));
         FileStream stream;
         const CArchiveException failure = FailureOf([&] { stream.Open(row.path, row.mode); });
-        EXPECT_EQ(failure.GetCause(), CArchiveException::kCannotOpen) << row.path;
-        EXPECT_EQ(failure.GetSystemError(), row.systemError) << row.path;
+        EXPECT_EQ(failure.GetCause(), CArchiveException::kCannotOpen);
+        EXPECT_EQ(failure.GetSystemError(), row.systemError);
         EXPECT_EQ(failure.GetStreamName(), row.path);
         EXPECT_FALSE(stream.IsOpen());
         EXPECT_EQ(FailureOf([&] { ReadAll(stream, 1); }).GetCause(), CArchiveException::kClosed);

@@ -91,19 +91,20 @@ TEST(MarcConvert, AnyBytes) {
             c = static_cast<char>(round % 2 == 0 ? byte : kBusy[byte % 10]);
         }
         const std::string qm = ToQm(text);
-        EXPECT_LE(qm.size(), text.size());
-        EXPECT_EQ(qm.find('\0'), qm.npos);
+        EXPECT_LE(qm.size(), text.size()) << testing::PrintToString(text);
+        EXPECT_EQ(qm.find('\0'), qm.npos) << testing::PrintToString(text);
         const std::string marc = ToMarc(qm);
         EXPECT_LE(marc.size(),
-                  static_cast<std::size_t>(CSQmGetWorstCaseSenarioMARCSize(qm.c_str())));
+                  static_cast<std::size_t>(CSQmGetWorstCaseSenarioMARCSize(qm.c_str())))
+            << testing::PrintToString(text);
         const char* p = text.c_str();
         CSResetAlphabet();
         while (*p != 0) {
             int consumed = 0;
             CSMARCCharIsValid(p, &consumed);
-            ASSERT_GE(consumed, 1);
+            ASSERT_GE(consumed, 1) << testing::PrintToString(text);
             p += consumed;
-            ASSERT_LE(p, text.c_str() + text.size());
+            ASSERT_LE(p, text.c_str() + text.size()) << testing::PrintToString(text);
         }
     }
 }
@@ -144,7 +145,7 @@ TEST(DisplayConvert, DisplayAndPlainLetters) {
     for (const Case& c : kCases) {
         std::string target(c.source.size(), '?');
         CSQmToDisplay(c.source.c_str(), target.data(), c.type, c.keepControls);
-        EXPECT_EQ(target, c.target);
+        EXPECT_EQ(target, c.target) << testing::PrintToString(c.source) << ", type " << c.type;
     }
     std::string plain(8, '?');
     CSQmToNonDiacritic("\x65\xA4\xDF\x84\xD5~Q\xBF", plain.data());
@@ -170,6 +171,7 @@ TEST(Latin1Convert, FromQm) {
         {"e", 1, "e"},
     };
     for (const Case& c : kCases) {
+        SCOPED_TRACE(testing::PrintToString(c.qm));
         std::string text = c.qm;
         EXPECT_EQ(CSQmToISO8859(text, 0), c.result);
         EXPECT_EQ(text, c.latin1);
@@ -186,7 +188,7 @@ TEST(Latin1Convert, ToQm) {
     for (const auto& [latin1, qm] : kCases) {
         std::string text = latin1;
         CSISO8859ToQm(text);
-        EXPECT_EQ(text, qm);
+        EXPECT_EQ(text, qm) << testing::PrintToString(latin1);
     }
 }
 

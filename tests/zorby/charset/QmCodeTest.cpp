@@ -34,11 +34,13 @@ TEST(QmCode, KeyInfoFindsCodeAndDisplay) {
         {0x87, 1, 1, 0x87, 0xB7}, {0x87, 9, 1, 0x87, 0},    {0xFF, 1, 1, 0xFF, 0xDC},
     };
     for (const Case& expected : kCases) {
+        SCOPED_TRACE("key " + std::to_string(expected.key) + ", type " +
+                     std::to_string(expected.type));
         unsigned char code = 1;
         unsigned char display = 1;
         EXPECT_EQ(CSKeyInfo(expected.key, &code, &display, expected.type), expected.result);
-        EXPECT_EQ(code, expected.code) << int(expected.key);
-        EXPECT_EQ(display, expected.display) << int(expected.key);
+        EXPECT_EQ(code, expected.code);
+        EXPECT_EQ(display, expected.display);
     }
     EXPECT_EQ(CSGetKeyFromQmCode(0x1F), 0x20);
     EXPECT_EQ(CSGetKeyFromQmCode(0x7F), 0);
@@ -47,6 +49,7 @@ TEST(QmCode, KeyInfoFindsCodeAndDisplay) {
 
 TEST(QmCode, DisplayTypeIsKeptWhateverItIs) {
     for (const int type : {0, 3, -1, 1, 2}) {
+        SCOPED_TRACE(type);
         EXPECT_EQ(CSSetDisplayType(type), type);
         EXPECT_EQ(CSGetDisplayType(), type);
         EXPECT_EQ(CSInSIL(), type == 2 ? 1 : 0);

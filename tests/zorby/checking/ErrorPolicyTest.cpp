@@ -73,12 +73,14 @@ TEST_F(ErrorPolicy, EachKeyHasItsCodes) {
     };
     Set(ZP_RecordViewerShowImportRepairLog, 2);
     for (const auto& [key, code] : kKeys) {
+        SCOPED_TRACE(code);
         Set(key, 1);
         EXPECT_EQ(Codes(1), std::to_string(code) + " ");
         EXPECT_EQ(Verdict({code, 110}), 2);
         Set(key, 0);
         EXPECT_EQ(Verdict({code}), 2);
         for (const int ignore : {3, -1, 2}) {
+            SCOPED_TRACE(ignore);
             Set(key, ignore);
             EXPECT_EQ(Codes(1), "");
             EXPECT_EQ(Codes(2), kAlways);
@@ -176,6 +178,7 @@ TEST_F(ErrorPolicy, DialogLeavesWhatThePolicyLeaves) {
         {7, "Active Error Checking Settings: Custom", "1111777777777777777", "0000222222222122222"},
     };
     for (const auto& c : kCases) {
+        SCOPED_TRACE(c.line);
         CDialogWarningSettings settings;
         settings.SetBasicDefaults();
         settings.SetBasicTLCCustom(c.policy);

@@ -40,13 +40,14 @@ TEST_F(RecordError, EveryFindingHasItsOwnWords) {
         EXPECT_EQ(endsInLine, code != 112 && code != 114) << code;
     }
     for (const int code : {0, 90, 109, 134, -1}) {
+        SCOPED_TRACE(code);
         EXPECT_EQ(Text(code, 0), "<unknown");
         EXPECT_EQ(Text(code, 1), "<Unknown error code\r\n");
     }
     EXPECT_EQ(Text(122, 0), "<unknown place of pub (control fields).");
     EXPECT_EQ(Text(118, 1), "<This record does not have any notes (500-599).\r\n");
     for (int code = 124; code <= 127; ++code) {
-        EXPECT_EQ(Text(code, 0), "<only one main entry is allowed (1xx)");
+        EXPECT_EQ(Text(code, 0), "<only one main entry is allowed (1xx)") << code;
     }
 }
 
@@ -82,7 +83,8 @@ TEST_F(RecordError, PrefixGoesWithTheMessage) {
     for (const int value : {2, 1, 3}) {
         SetDictionaryFindings(value);
         for (const int code : {132, 133}) {
-            EXPECT_EQ(Text(code, 1, 1, 'a', EST_Error) == "<", value == 2);
+            EXPECT_EQ(Text(code, 1, 1, 'a', EST_Error) == "<", value == 2)
+                << code << ", setting " << value;
         }
     }
     EXPECT_TRUE(CRecordError(EC_NoTitle, EST_Error, 0, 0).IsError());
@@ -95,6 +97,7 @@ TEST_F(RecordError, ListIsWalkedInOrder) {
     list.Add(EC_NoNotes, EST_Warning, 500, '\0');
     list.Add(EC_NoTitle, EST_Error, 245, 'a');
     for (int walk = 0; walk < 2; ++walk) {
+        SCOPED_TRACE(walk);
         EXPECT_EQ(list.GetFirst()->GetCode(), EC_NoNotes);
         EXPECT_EQ(list.GetNext()->GetSubfield(), 'a');
         EXPECT_EQ(list.GetNext(), nullptr);

@@ -134,6 +134,7 @@ TEST(OnlyWhenState, RandomStatesComeBack) {
                             upTo(1) == 1};
     };
     for (int i = 0; i < 500; ++i) {
+        SCOPED_TRACE(i);
         COnlyWhenState state;
         state.tagText = text();
         state.onlyWhen = upTo(1) == 1;

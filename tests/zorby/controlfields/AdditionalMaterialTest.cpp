@@ -87,7 +87,7 @@ TEST(AdditionalMaterial, Whole006) {
                                       std::pair{"0123456789abcdefgh?", "0123456789abcdefgh"}}) {
         book.Set006Complete(given);
         book.GetAll(field006, field007);
-        EXPECT_EQ(field006, held);
+        EXPECT_EQ(field006, held) << given;
     }
 }
 
@@ -130,6 +130,7 @@ TEST(AdditionalMaterial, ArchiveForm) {
     Load("\002" + kBook.substr(1), book);
     EXPECT_EQ(Store(book), kBook);
     for (std::size_t size = 0; size < kBook.size(); ++size) {
+        SCOPED_TRACE(size);
         EXPECT_THROW(Load(std::string_view(kBook).substr(0, size), book), CArchiveException);
         EXPECT_EQ(Store(book), kBook);
     }
@@ -156,6 +157,7 @@ TEST(AdditionalMaterialsList, KeepsOrderAndOwnsItsEntries) {
     EXPECT_EQ(list.GetPartSize(3, CFPCombinedFormOfItem), 2);
 
     for (const int index : {-1, 4, INT32_MAX}) {
+        SCOPED_TRACE(index);
         EXPECT_EQ(list.GetAt(index), nullptr);
         EXPECT_EQ(list.Get(index, CFP006BooksAudience, text), 0);
         EXPECT_EQ(list.Set(index, CFP006BooksAudience, "j"), 0);

@@ -132,6 +132,7 @@ TEST_F(MainMaterial, CombinedFormOfItem) {
                  {CF006MusicSound, CFP006MusicSoundFormOfItem},
                  {CF006Continuing, CFP006ContinuingFormOfItem}};
     for (const auto& form : forms) {
+        SCOPED_TRACE(form.part);
         CCFMainMaterial material = Make(form.type, CF007Microform, kMicroform);
         EXPECT_EQ(material.Set(CFPCombinedFormOfItem, "cg"), 1);
         EXPECT_EQ(Read(material, form.part), "c");
@@ -152,6 +153,7 @@ TEST_F(MainMaterial, A007ThatIsReplacedLeavesItsOldEndBehind) {
 TEST_F(MainMaterial, TextsOfAnyLengthAreSafe) {
     std::mt19937 random(4);
     for (std::size_t length = 0; length <= 60; ++length) {
+        SCOPED_TRACE(length);
         std::string bytes(length, ' ');
         for (char& c : bytes) c = static_cast<char>(random() % 256);
         CCFMainMaterial material;
@@ -248,7 +250,8 @@ TEST_F(MainMaterial, ArchiveForm) {
     EXPECT_EQ(All(loaded).leader, All(book).leader);
 
     for (std::size_t size = 0; size < stored.size(); ++size) {
-        EXPECT_THROW(Load(std::string_view(stored).substr(0, size), loaded), CArchiveException);
+        EXPECT_THROW(Load(std::string_view(stored).substr(0, size), loaded), CArchiveException)
+            << size;
     }
 }
 

@@ -97,6 +97,7 @@ TEST(MenuData, ItemsHaveTheirLines) {
     Strings joined;
     for (const MenuFacts& facts : kMenuFacts) {
         const CFPart part = facts.parts.front();
+        SCOPED_TRACE(part);
         const auto width = widths.contains(part) ? widths.at(part) : 1;
         const char* text = CCFMenuData(part).GetMenuText();
         for (const std::string& item : ItemsOf(part)) {
@@ -109,8 +110,9 @@ TEST(MenuData, ItemsHaveTheirLines) {
             })) << item;
             const bool isJoined = lines.size() == 4;
             if (isJoined) joined.push_back(lines[0] + '|' + lines[2] + '|' + lines[3]);
-            EXPECT_TRUE(isJoined || lines.size() == (part == CFPCombinedFormOfItem ? 3 : 2));
-            EXPECT_EQ(text, lines[1]);
+            EXPECT_TRUE(isJoined || lines.size() == (part == CFPCombinedFormOfItem ? 3 : 2))
+                << item;
+            EXPECT_EQ(text, lines[1]) << item;
             text += std::strlen(text) + 1;
         }
         EXPECT_STREQ(text, "");
@@ -243,6 +245,7 @@ TEST(MenuData, CombinedCodesComeWithTheirSecondCharacter) {
     const Strings items = ItemsOf(CFPCombinedFormOfItem);
     Strings codes;
     for (int index = 0; index < menu.GetCount(); ++index) {
+        SCOPED_TRACE(index);
         std::string code;
         std::string padded;
         EXPECT_EQ(menu.GetCodeFromText(LinesOf(items[static_cast<std::size_t>(index)])[1], code),
@@ -277,6 +280,7 @@ void ExpectPrefixesFound(const CCFMenuData& menu, const Strings& items, std::str
 
 TEST(MenuData, FindsTheFirstItemThatBeginsWithTheCode) {
     for (const MenuFacts& facts : kMenuFacts) {
+        SCOPED_TRACE(facts.parts.front());
         if (facts.parts.front() == CFPCombinedFormOfItem) continue;
         const CCFMenuData menu(facts.parts.front());
         const Strings items = ItemsOf(menu);
@@ -292,8 +296,9 @@ TEST(MenuData, AnyBytesAreACode) {
     for (int round = 0; round < 5000; ++round) {
         std::string code(random() % 6, '\0');
         for (char& byte : code) byte = static_cast<char>(random());
-        EXPECT_EQ(language.GetIndexFromCode(code), FirstWithPrefix(items, code));
-        EXPECT_LT(form.GetIndexFromCode(code), form.GetCount());
+        EXPECT_EQ(language.GetIndexFromCode(code), FirstWithPrefix(items, code))
+            << testing::PrintToString(code);
+        EXPECT_LT(form.GetIndexFromCode(code), form.GetCount()) << testing::PrintToString(code);
     }
     EXPECT_EQ(language.GetIndexFromCode(std::string(100000, 'a')), -1);
     EXPECT_EQ(language.GetIndexFromCode(std::string_view("eng\0", 4)), -1);
@@ -303,11 +308,13 @@ TEST(MenuData, AnyBytesAreACode) {
 TEST(MenuData, TextsGiveTheCodeOfTheFirstItemWithThem) {
     for (const MenuFacts& facts : kMenuFacts) {
         const CFPart part = facts.parts.front();
+        SCOPED_TRACE(part);
         if (part == CFPCombinedFormOfItem) continue;
         const CCFMenuData menu(part);
         const Strings codes = ColumnOf(part, 0);
         const Strings texts = ColumnOf(part, 1);
         for (std::size_t i = 0; i < texts.size(); ++i) {
+            SCOPED_TRACE(texts[i]);
             std::string code;
             EXPECT_EQ(menu.GetCodeFromText(texts[i], code), 1);
             EXPECT_EQ(code, codes[static_cast<std::size_t>(PositionOf(texts[i], texts))]);
@@ -332,6 +339,7 @@ TEST(MenuData, NoMatchLeavesTheCode) {
 TEST(MenuData, AnElementWithoutAListGivesNothing) {
     for (const CFPart part : {CFPLdrTypeOfRecord, CFPLdrCharacterCoding, CFP008DateEntered,
                               CFPEndOfTable, kBelowAllParts, kAboveAllParts}) {
+        SCOPED_TRACE(part);
         CCFMenuData menu(part);
         std::string code = "old";
         EXPECT_EQ(menu.GetPart(), part);

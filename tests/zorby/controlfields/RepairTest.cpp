@@ -113,8 +113,9 @@ protected:
 
 TEST_F(Repair, LeavesTheStandardWorkformsAlone) {
     for (const Standard& standard : kStandards) {
+        SCOPED_TRACE(standard.material);
         Standard fields = standard;
-        EXPECT_EQ(RepairMain(fields), Parts{}) << standard.material;
+        EXPECT_EQ(RepairMain(fields), Parts{});
         EXPECT_EQ(fields.leader, standard.leader);
         EXPECT_EQ(fields.field008, standard.field008);
     }
@@ -273,10 +274,10 @@ TEST_F(Repair, AdditionalMaterialByRule) {
          {2201, 2202, 2203}},
     };
     for (const Case& c : cases) {
+        SCOPED_TRACE("006 " + std::string(c.got006) + ", 007 " + c.got007);
         std::string field006 = c.got006, field007 = c.got007, repaired006 = c.repaired006;
         repaired006.resize(18, ' ');
-        EXPECT_EQ(RepairAdditional(c.material, c.type006, c.type007, field006, field007), c.parts)
-            << c.got007;
+        EXPECT_EQ(RepairAdditional(c.material, c.type006, c.type007, field006, field007), c.parts);
         EXPECT_EQ(field006, repaired006);
         EXPECT_EQ(field007, c.repaired007);
     }
@@ -305,7 +306,7 @@ TEST_F(Repair, FormOfItemOfAnAdditionalMicroform) {
         field006[6] = c.got;
         EXPECT_EQ(RepairAdditional(MTBook, CF006Books, c.type007, field006, field007), c.parts)
             << c.got << c.field007;
-        EXPECT_EQ(field006[6], c.repaired);
+        EXPECT_EQ(field006[6], c.repaired) << c.got << c.field007;
     }
 }
 
@@ -333,6 +334,7 @@ TEST_F(Repair, NonMusicalSound) {
     };
     for (const Case& c : {Case{'i', "  ", "z ", "z "}, Case{'i', "ab", "ab", "ab"},
                           Case{'j', "ab", "  ", "ab"}, Case{'j', "  ", "  ", "  "}}) {
+        SCOPED_TRACE(c.type + std::string(c.got));
         CCFMainMaterial main;
         const Standard& sound = StandardOf(MTSoundDisc);
         main.Create(sound.type006, sound.type007, sound.leader, "", "", sound.field008, "");
@@ -382,6 +384,7 @@ private:
 TEST_F(Repair, OfAnyBytesSettles) {
     Bytes bytes;
     for (int round = 0; round < 60; ++round) {
+        SCOPED_TRACE(round);
         for (const Standard& standard : kStandards) {
             Standard fields = standard;
             fields.leader = bytes(24);
@@ -393,7 +396,8 @@ TEST_F(Repair, OfAnyBytesSettles) {
             const Standard once = fields;
             EXPECT_EQ(RepairMain(fields), Parts{}) << standard.material;
             EXPECT_EQ(fields.leader + fields.field008 + fields.field007,
-                      once.leader + once.field008 + once.field007);
+                      once.leader + once.field008 + once.field007)
+                << standard.material;
         }
     }
 }
@@ -402,6 +406,7 @@ TEST_F(Repair, OfAnyBytesSettles) {
 TEST_F(Repair, OfAnyAdditionalBytesSettles) {
     Bytes bytes;
     for (int round = 0; round < 60; ++round) {
+        SCOPED_TRACE(round);
         for (const Standard& standard : kStandards) {
             CCFAdditionalMaterial entry;
             entry.Create(standard.material, standard.type006, standard.type007, "", "");
@@ -417,7 +422,7 @@ TEST_F(Repair, OfAnyAdditionalBytesSettles) {
             entry.SetInvalidValuesToDefault(Note, &parts);
             entry.GetAll(after006, after007);
             EXPECT_EQ(parts, Parts{}) << standard.material;
-            EXPECT_EQ(before006 + before007, after006 + after007);
+            EXPECT_EQ(before006 + before007, after006 + after007) << standard.material;
         }
     }
 }
@@ -427,6 +432,7 @@ TEST_F(Repair, StaysInItsBuffers) {
     Bytes bytes;
     for (int material = 0; material <= kLastMaterialType + 1; ++material) {
         for (int type = 0; type < 20; ++type) {
+            SCOPED_TRACE("material " + std::to_string(material) + ", type " + std::to_string(type));
             Standard fields{static_cast<MaterialType>(material),
                             static_cast<CFType>(CF006None + type % 10),
                             static_cast<CFType>(CF007None + type),

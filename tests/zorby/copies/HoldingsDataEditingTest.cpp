@@ -51,7 +51,7 @@ TEST(HoldingsDataEditing, AppendsToAValue) {
         Fill(record, {{252, "y"}});
         if (old) Fill(record, {{251, old}});
         record.AddToPreviousOrAddNew(ID(251), added, separator);
-        EXPECT_EQ(Elements(record), expected);
+        EXPECT_EQ(Elements(record), expected) << old << separator << added;
     }
 }
 
@@ -157,17 +157,19 @@ TEST(HoldingsDataEditing, MovesValues) {
         {{{400, "a"}, {407, "b"}}, R"(\400\)", R"(\407\)", {}, "408=a", ""},
     };
     for (const MoveCase& test : cases) {
+        SCOPED_TRACE(std::to_string(&test - cases) + ": " + test.from + " to " + test.to);
         for (const bool keepOthers : {true, false}) {
+            SCOPED_TRACE(keepOthers ? "others kept" : "others removed");
             CHoldingsDataRecord record(HT_FOLLETT_UNISON);
             Fill(record, test.values)->AddHoldingItemHold(852, 'x', "held");
             const auto changed =
                 record.ChangeElementsNewDR(test.from, test.to, test.conditions, keepOthers);
             const char* const expected = keepOthers ? test.kept : test.moved;
-            ASSERT_EQ(changed == nullptr, expected == nullptr) << test.from << test.to;
+            ASSERT_EQ(changed == nullptr, expected == nullptr);
             EXPECT_EQ(record.GetSize(), static_cast<int>(test.values.size()));
             if (!changed) continue;
             changed->Sort();
-            EXPECT_EQ(Elements(*changed), expected) << test.from << test.to;
+            EXPECT_EQ(Elements(*changed), expected);
             EXPECT_EQ(changed->GetHolds().size(), 1U);
             EXPECT_EQ(changed->GetHoldingsType(), HT_FOLLETT_UNISON);
         }
@@ -211,7 +213,8 @@ TEST(HoldingsDataEditing, RandomMovesAreThoseOfAMap) {
             found[changed->GetAt(i)->GetID()] = changed->GetAt(i)->GetText();
         }
         EXPECT_EQ(found, after) << fromPath << " to " << toPath;
-        EXPECT_EQ(static_cast<std::size_t>(changed->GetSize()), after.size());
+        EXPECT_EQ(static_cast<std::size_t>(changed->GetSize()), after.size())
+            << fromPath << " to " << toPath;
     }
 }
 

@@ -25,7 +25,7 @@ std::string CallNumbers(const List& list) {
     for (int i = 0; i < list.GetSize(); ++i) {
         const CHoldingsDataRecord* record = list.GetAt(i);
         all += record ? record->Get(HID_TYPE_1_CALL_NUMBER) : "-";
-        EXPECT_TRUE(!record || record->GetOwner() == &list);
+        EXPECT_TRUE(!record || record->GetOwner() == &list) << i;
     }
     return all;
 }
@@ -75,7 +75,7 @@ TEST(HoldingsDataRecordList, ReplaceMayLeavePlacesWithoutARecord) {
     EXPECT_EQ(CallNumbers(list), "cbd");
     EXPECT_EQ(list.Replace(5, Record("e")), 1);
     for (const int index : {-1, List::kHighestIndex + 1, 0x7FFFFFFF}) {
-        EXPECT_EQ(list.Replace(index, Record("x")), 0);
+        EXPECT_EQ(list.Replace(index, Record("x")), 0) << index;
     }
     EXPECT_EQ(list.Replace(1, nullptr), 0);
     EXPECT_EQ(CallNumbers(list), "cbd--e");
@@ -161,6 +161,7 @@ TEST_F(HoldingsDataStored, OtherVersions) {
          "\2\0\0\0\0\0\0\0\0\2\0\0\0\1\0\0\0\0\0"s + kElement},
     };
     for (const VersionCase& test : cases) {
+        SCOPED_TRACE(testing::PrintToString(test.bytes));
         CHoldingsDataRecord record;
         EXPECT_EQ(Load(test.bytes, record), test.read);
         EXPECT_EQ(Store(record), test.stored);
@@ -168,6 +169,7 @@ TEST_F(HoldingsDataStored, OtherVersions) {
     const std::pair<std::string, std::size_t> lists[] = {{"\2\1\0\0\0\2"s, 1},
                                                          {"\1\xFF\xFF\xFF\xFF\2"s, 5}};
     for (const auto& [bytes, read] : lists) {
+        SCOPED_TRACE(testing::PrintToString(bytes));
         List list;
         EXPECT_EQ(Load(bytes, list), read);
         EXPECT_EQ(list.GetSize(), 0);
@@ -190,7 +192,7 @@ TEST_F(HoldingsDataStored, TypesFollowTheOneInForce) {
             CHoldingsDataRecord record;
             Load("\1"s + static_cast<char>(stored) + "\0\0\0\0\0\0\0"s, record);
             EXPECT_EQ(record.GetHoldingsType(), expected) << inForce << " " << stored;
-            EXPECT_EQ(Store(record)[5], expected);
+            EXPECT_EQ(Store(record)[5], expected) << inForce << " " << stored;
         }
     }
 }
@@ -201,6 +203,7 @@ TEST_F(HoldingsDataStored, ACountThatTheStreamDoesNotHold) {
     const std::string records[] = {"\2"s + huge, "\2"s + huge + kHolds.substr(4),
                                    "\1\1\0\0\0"s + huge + kElement};
     for (const std::string& record : records) {
+        SCOPED_TRACE(testing::PrintToString(record));
         CHoldingsDataRecord loaded;
         EXPECT_THROW(Load(record, loaded), CArchiveException);
         List list;
@@ -216,6 +219,7 @@ TEST_F(HoldingsDataStored, AnythingStoresAndLoadsTheSame) {
     List list;
     std::size_t count = 0;
     for (int round = 0; round < 2000; ++round) {
+        SCOPED_TRACE(round);
         const int index = below(12) - 1;
         CHoldingsDataRecord* record = list.GetAt(index);
         switch (below(8)) {

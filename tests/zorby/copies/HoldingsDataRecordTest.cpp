@@ -82,7 +82,7 @@ TEST(HoldingsDataRecord, FindsTheFirstAndSetsIt) {
     record.Get(HID_FOLLETT_FUND, text, element);
     EXPECT_EQ(text, "");
     EXPECT_EQ(element, nullptr);
-    for (const int index : {-1, 3, 1000}) EXPECT_EQ(record.GetAt(index), nullptr);
+    for (const int index : {-1, 3, 1000}) EXPECT_EQ(record.GetAt(index), nullptr) << index;
     record.AddHoldingItemHold(852, 'x', " kept ");
     record.RemoveAll();
     EXPECT_EQ(record.GetElementCount(), 0);
@@ -106,7 +106,9 @@ TEST(HoldingsDataRecord, TellsWhetherItIsEmpty) {
         {{{603, "x"}}, 0, false, false, false},
     };
     for (const EmptyCase& test : cases) {
+        SCOPED_TRACE(&test - cases);
         for (const auto type : {HT_TYPE_1, HT_LWLP, HT_LWLP_2}) {
+            SCOPED_TRACE(type);
             CHoldingsDataRecord record(type);
             for (const auto& [id, text] : test.elements) record.Add(ID(id), text, 1, 0);
             record.SetPageHasData(test.pageHasData);
@@ -207,7 +209,9 @@ TEST_F(HoldingsDataOrder, FollowsTheDictionary) {
         {{{907, 852, 2}, {906, 852, 'a'}}, "906 907"},
         {{{907, 852, 'a'}, {905, 852, 'a'}}, "907 905"},
     };
-    for (const auto& [rows, expected] : cases) {
+    for (const auto& test : cases) {
+        SCOPED_TRACE(&test - cases);
+        const auto& [rows, expected] = test;
         PutInForce(rows);
         CHoldingsDataRecord record(HT_TYPE_12);
         record.Add(ID(99), "unknown", 0, 0);
@@ -228,6 +232,7 @@ TEST_F(HoldingsDataOrder, HoldsBetweenAnyTwo) {
     const auto random = [&] { return static_cast<unsigned>(engine()); };
     constexpr int kSubfields[] = {1, 9, -3, 31, ' ', 'a', 'b', '0', '9'};
     for (int round = 0; round < 60; ++round) {
+        SCOPED_TRACE(round);
         std::vector<Row> rows;
         for (int id = 895; id < 912; ++id) {
             rows.push_back({id, 850 + random() % 3, kSubfields[random() % std::size(kSubfields)]});
@@ -244,7 +249,8 @@ TEST_F(HoldingsDataOrder, HoldsBetweenAnyTwo) {
         for (int i = 0; i < record.GetSize(); ++i) {
             --counts[record.GetAt(i)->GetID()];
             for (int j = i + 1; j < record.GetSize(); ++j) {
-                EXPECT_LE(Compare(record.GetAt(i)->GetID(), record.GetAt(j)->GetID()), 0);
+                EXPECT_LE(Compare(record.GetAt(i)->GetID(), record.GetAt(j)->GetID()), 0)
+                    << i << " and " << j;
             }
         }
         for (const auto& [id, count] : counts) EXPECT_EQ(count, 0) << id;

@@ -147,7 +147,7 @@ TEST_F(HoldingsToMARC, EachSystemHasItsWays) {
         }
         CPmarc marc;
         copy->AddToPseudoMARC(marc);
-        EXPECT_EQ(Fields(marc), test.fields);
+        EXPECT_EQ(Fields(marc), test.fields) << "case " << &test - cases;
     }
 }
 
@@ -214,6 +214,7 @@ TEST_F(HoldingsToMARC, TheListShowsCallNumbersAndBarCodes) {
         {HT_CUSTOM, ""},
     };
     for (const Case& test : cases) {
+        SCOPED_TRACE(test.type);
         CHoldingsDataRecord copy(test.type);
         copy.Add(ID(0), "none", 0, 0);
         for (int id = 999; id >= 90; --id) copy.Add(ID(id), std::to_string(id), 0, 0);

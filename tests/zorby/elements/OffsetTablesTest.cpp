@@ -68,7 +68,8 @@ TEST(OffsetTables, EveryRowIsFoundInItsOwnTypeAlone) {
             EXPECT_EQ(WidthOfPart(row.part), row.Width());
             EXPECT_EQ(FindOffset(TableOf(type), row.part)->first, row.first);
             for (const CFType other : kWithTable) {
-                EXPECT_EQ(PartBelongsTo(row.part, other, ByteZero::Included), other == type);
+                EXPECT_EQ(PartBelongsTo(row.part, other, ByteZero::Included), other == type)
+                    << other;
             }
         }
     }
@@ -117,9 +118,9 @@ TEST(OffsetTables, PartsOfNoTable) {
         SCOPED_TRACE(part);
         EXPECT_EQ(WidthOfPart(Part(part)), 0);
         for (const CFType type : kWithTable) {
-            EXPECT_EQ(FindOffset(TableOf(type), Part(part)), nullptr);
+            EXPECT_EQ(FindOffset(TableOf(type), Part(part)), nullptr) << type;
             const bool isDateGroup = part == CFP008DateGroup && type == CF008Standard;
-            EXPECT_EQ(PartBelongsTo(Part(part), type, ByteZero::Included), isDateGroup);
+            EXPECT_EQ(PartBelongsTo(Part(part), type, ByteZero::Included), isDateGroup) << type;
         }
     }
     EXPECT_EQ(WidthOfPart(CFPBlock4), 8);
@@ -136,6 +137,7 @@ TEST(OffsetTables, OtherTypesFallBack) {
         EXPECT_EQ(OffsetsFor007Type(Type(type)), OffsetsFor007Type(CF007Unspecified)) << type;
     }
     for (const CFType type : {CF006None, CF006Unknown, CF006AltDate, CF007None, CF007Unknown}) {
+        SCOPED_TRACE(type);
         EXPECT_FALSE(PartBelongsTo(CFP006BooksAudience, type, ByteZero::Included));
         EXPECT_FALSE(PartBelongsTo(CFP007UnspecifiedSMD, type, ByteZero::Included));
     }

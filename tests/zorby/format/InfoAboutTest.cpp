@@ -66,12 +66,13 @@ std::vector<WireCase> WireCases() {
 
 TEST(InfoAbout, EveryRecordHasItsBytes) {
     for (const WireCase& test : WireCases()) {
+        SCOPED_TRACE(test.name);
         const CRuntimeClass& runtimeClass = *test.record->GetRuntimeClass();
         EXPECT_STREQ(runtimeClass.name, test.name);
-        EXPECT_EQ(Store(*test.record), test.bytes) << test.name;
+        EXPECT_EQ(Store(*test.record), test.bytes);
         const auto loaded = runtimeClass.CreateObject();
-        EXPECT_EQ(Load(test.bytes, *loaded), test.bytes.size()) << test.name;
-        EXPECT_EQ(Store(*loaded), test.bytes) << test.name;
+        EXPECT_EQ(Load(test.bytes, *loaded), test.bytes.size());
+        EXPECT_EQ(Store(*loaded), test.bytes);
     }
 }
 
@@ -171,7 +172,9 @@ TEST(InfoAbout, LookupsAgreeWithAWalkOfTheList) {
         if (action == 0) list.RemoveUserDefined();
         if (action == 1) Load(stored, list);
         if (action > 1) list.AddField(below(12), "", 0, 0, below(2) == 0);
-        for (unsigned tag = 0; tag < 13; ++tag) ASSERT_EQ(list.Find(tag), SlowFind(list, tag));
+        for (unsigned tag = 0; tag < 13; ++tag) {
+            ASSERT_EQ(list.Find(tag), SlowFind(list, tag)) << "step " << step << ", tag " << tag;
+        }
     }
 }
 
@@ -232,6 +235,7 @@ TEST(InfoAbout, NamesAreShownAsTheOptionSays) {
     CInfoAboutIndicatorValue value;
     value.Create(245, 1, '_', "None");
     for (const OptionCase& test : cases) {
+        SCOPED_TRACE(test.option);
         const auto option = static_cast<EDISPLAYOPTIONS>(test.option);
         std::string text = "old";
         names.GetIndicatorNameFor(245, 1, option, text);

@@ -143,7 +143,7 @@ TEST_F(MARCFormat, ATruncatedFileThrowsAndLeavesNone) {
     for (std::size_t size = 0; size < bytes.size(); ++size) {
         folder.Write("MARCBibl.tfm", bytes.substr(0, size));
         EXPECT_THROW(CMARCFormat::InitializeYourself("590a"), CArchiveException) << size;
-        EXPECT_EQ(CMARCFormat::TheOneAndOnly(), nullptr);
+        EXPECT_EQ(CMARCFormat::TheOneAndOnly(), nullptr) << size;
     }
     folder.Write("MARCBibl.tfm", bytes + "more");
     EXPECT_EQ(CMARCFormat::InitializeYourself("590a"), 1);
@@ -165,6 +165,7 @@ TEST_F(MARCFormat, NamesAreShownAsTheOptionSays) {
         {4, {"Title statement", "User defined 092", "Title", "User defined $x", "Yes"}},
     };
     for (const auto& [number, expected] : cases) {
+        SCOPED_TRACE(number);
         const auto option = static_cast<EDISPLAYOPTIONS>(number);
         std::vector<std::string> texts(4, "old");
         CMARCFormat::FieldName(245, option, texts[0]);

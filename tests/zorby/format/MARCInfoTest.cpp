@@ -37,7 +37,7 @@ std::vector<std::string> Sorted(const std::vector<std::string>& texts) {
     menu.Sort();
     std::vector<std::string> sorted;
     for (const auto& [code, text] : ElementsOf(menu)) {
-        EXPECT_EQ(text, texts[static_cast<std::size_t>(code)]);
+        EXPECT_EQ(text, texts[static_cast<std::size_t>(code)]) << code;
         sorted.push_back(text);
     }
     return sorted;
@@ -48,6 +48,7 @@ TEST(MARCInfo, UnsetElementsAndOthersOutsideAreBars) {
     CMARCInfo wide(0, 3, 1);
     CMARCInfo tags(5, 1, 1);
     for (const int index : {-1, 0, 1, 2, 2147483647}) {
+        SCOPED_TRACE(index);
         char code[4] = "xyz";
         letters.GetCodeAt(index, code);
         EXPECT_STREQ(code, "|yz");
@@ -68,7 +69,7 @@ TEST(MARCInfo, SettingOutsideDoesNothing) {
         menu.SetElement(index, &code, "other");
         std::string text = "kept";
         menu.GetStringAt(index, text);
-        EXPECT_EQ(text, "kept");
+        EXPECT_EQ(text, "kept") << index;
     }
     EXPECT_EQ(ElementsOf(menu), std::vector<Element>({{0, "one"}}));
     EXPECT_EQ(CMARCInfo(0, -1, -1).GetSize(), 0);
@@ -125,7 +126,7 @@ TEST(MARCInfo, EqualTextsEndInTheOrderThatExchangingLeaves) {
         CMARCInfo menu = MenuOf(texts);
         const std::vector<Element> expected = ExchangeSorted(ElementsOf(menu));
         menu.Sort();
-        EXPECT_EQ(ElementsOf(menu), expected);
+        EXPECT_EQ(ElementsOf(menu), expected) << round;
     }
 }
 

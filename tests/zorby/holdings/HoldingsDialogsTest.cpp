@@ -214,18 +214,19 @@ TEST_F(HoldingsDialogs, CustomTextsThatAreRefused) {
         "DynixIndicators=1_|CustomAllFAndS=852p|CustomBarCodeSubfield=852p|"
         "CustomCallNumberSubfields=852h|";
     for (const auto& c : kCases) {
+        SCOPED_TRACE(c.text);
         std::string extra = before;
         messages.messages.clear();
         Next([&](MemoryWindow& custom) {
             custom.Type(c.id, c.text);
             custom.Ok();
-            EXPECT_TRUE(custom.IsOpen()) << c.text;
-            EXPECT_EQ(custom.Find(c.id)->timesFocused, 1) << c.text;
+            EXPECT_TRUE(custom.IsOpen());
+            EXPECT_EQ(custom.Find(c.id)->timesFocused, 1);
         });
         EXPECT_EQ(Dialog(extra, nullptr).DoModal(), kIdCancel);
-        ASSERT_EQ(messages.messages.size(), 1U) << c.text;
+        ASSERT_EQ(messages.messages.size(), 1U);
         EXPECT_EQ(messages.messages[0].text, c.message);
-        EXPECT_EQ(extra, before) << c.text;
+        EXPECT_EQ(extra, before);
     }
 }
 

@@ -132,7 +132,7 @@ TEST_F(HoldingsSelector, DynixIndicatorsHaveANormalForm) {
         {"", "__"}, {"1", "1_"}, {"1 ", "1_"}, {" ", "__"}, {"12", "12"}, {" 2 ", "_2_"}};
     for (const auto& [stored, normal] : cases) {
         SetEasy("Dynix", std::string("DynixIndicators=") + stored + "|");
-        EXPECT_EQ(Selector::GetDynixIndicators(), normal);
+        EXPECT_EQ(Selector::GetDynixIndicators(), normal) << testing::PrintToString(stored);
     }
 }
 

@@ -95,6 +95,7 @@ TEST(HoldingsType, TellsItsTagsOnce) {
         {{9, 852, 949}, "9,852,949"},
     };
     for (const auto& [tags, expected] : cases) {
+        SCOPED_TRACE(testing::PrintToString(tags));
         CInfoAboutHoldingsType type;
         for (const unsigned tag : tags) type.AddField("", tag, 'a', '\0', ID(1), 0, "");
         EXPECT_EQ(type.GetCurrentHoldingsFields(), expected);
@@ -142,7 +143,7 @@ TEST_F(HoldingsTypes, AMissingOrTruncatedFileLeavesNone) {
     for (std::size_t size = 0; size < bytes.size(); ++size) {
         folder.Write("zorby.hld", bytes.substr(0, size));
         EXPECT_THROW(List::CreateTheOneAndOnly(folder.Path()), CArchiveException) << size;
-        EXPECT_EQ(List::TheOneAndOnly(), nullptr);
+        EXPECT_EQ(List::TheOneAndOnly(), nullptr) << size;
     }
     // Counts of types, names and fields that no file holds.
     for (const std::size_t at : {0U, 4U, 26U}) {

@@ -37,7 +37,7 @@ TEST(KeysNValues, ParsesPackedTexts) {
         pairs.Set(test.text, test.allowTrailingBackslash);
         pairs.SetSeperator("/");
         EXPECT_EQ(pairs.Get(), test.repacked) << test.text;
-        EXPECT_EQ(pairs.IsEmpty(), pairs.Get().empty());
+        EXPECT_EQ(pairs.IsEmpty(), pairs.Get().empty()) << test.text;
     }
 }
 
@@ -71,6 +71,7 @@ TEST(KeysNValues, AnAbsentKeyLeavesTheResultAlone) {
 TEST(KeysNValues, UnsignedNumbersComeBack) {
     CKeysNValues pairs;
     for (const unsigned number : {0U, 7U, 2147483648U, 4294967295U}) {
+        SCOPED_TRACE(number);
         unsigned found = 1;
         pairs.SetKey("signed", static_cast<int>(number));
         EXPECT_EQ(pairs.GetKey("signed", found), 1);

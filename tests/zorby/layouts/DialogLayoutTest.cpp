@@ -154,10 +154,11 @@ void PrintTo(const CCFDialogLayout& row, std::ostream* out) {
 
 TEST(DialogLayout, EveryFormHasItsRowsAndThenTheEnd) {
     for (const Material& material : kMaterials) {
+        SCOPED_TRACE(material.type);
         const CCFDialogLayoutArray full(material.type, 0);
         const CCFDialogLayoutArray additional(material.type, 1);
-        EXPECT_EQ(full.GetSize(), material.full) << material.type;
-        EXPECT_EQ(additional.GetSize(), material.additional) << material.type;
+        EXPECT_EQ(full.GetSize(), material.full);
+        EXPECT_EQ(additional.GetSize(), material.additional);
         EXPECT_EQ(full.GetAt(-1), nullptr);
         EXPECT_EQ(full.GetAt(material.full), nullptr);
         const CCFDialogLayout* end = additional.GetAt(0) + additional.GetSize();
@@ -168,6 +169,7 @@ TEST(DialogLayout, EveryFormHasItsRowsAndThenTheEnd) {
         EXPECT_EQ(end->controlType, CFControlEndOfTable);
     }
     for (const int unknown : {-1, 0, 31, 1000}) {
+        SCOPED_TRACE(unknown);
         const CCFDialogLayoutArray form(static_cast<MaterialType>(unknown), 0);
         EXPECT_EQ(form.GetSize(), 0);
         EXPECT_EQ(form.GetAt(0), nullptr);
@@ -216,7 +218,7 @@ TEST(DialogLayout, ElementsBelongToTheFormatsOfTheMaterial) {
             if (type == CFLdr || type == CF008Standard) {
                 EXPECT_EQ(additional, 0) << row.part;
             } else if (row.part == CFPCombinedFormOfItem) {
-                EXPECT_EQ(type007, CF007Microform);
+                EXPECT_EQ(type007, CF007Microform) << row.part;
             } else {
                 EXPECT_TRUE(PartBelongsTo(row.part, type006, byteZero) ||
                             PartBelongsTo(row.part, type007, byteZero))
@@ -299,6 +301,7 @@ TEST(DialogLayout, FullFormsFollowOnePlan) {
 TEST(DialogLayout, RowsDoNotOverlap) {
     ForEachForm([](const Material&, int, const Rows& rows) {
         for (const CCFDialogLayout& row : rows) {
+            SCOPED_TRACE(row.part);
             EXPECT_TRUE(1 <= row.page && row.page <= 4);
             EXPECT_GE(Place(row).left, 10);
             EXPECT_LE(Place(row).left + Place(row).width, 505);
@@ -330,11 +333,12 @@ TEST(DialogLayout, AcceleratorsDoNotClash) {
 TEST(DialogLayout, ColumnsOfAdditionalForms) {
     std::map<int, int> ofBook;
     for (const CCFDialogLayout& row : RowsOf(MTBook, 1)) {
-        EXPECT_EQ(row.labelBox.width, 157);
+        EXPECT_EQ(row.labelBox.width, 157) << row.part;
         ++ofBook[row.labelBox.left];
     }
     EXPECT_EQ(ofBook, (std::map<int, int>{{10, 7}, {177, 7}, {344, 5}}));
     for (const CCFDialogLayout& row : RowsOf(MTSerial, 1)) {
+        SCOPED_TRACE(row.part);
         EXPECT_EQ(row.labelBox.width, 235);
         EXPECT_TRUE(row.labelBox.left == 10 || row.labelBox.left == 265);
     }

@@ -52,6 +52,7 @@ protected:
 
 TEST_F(DiskProfileFiles, KeepsTheModeOfTheFile) {
     for (const mode_t mode : {0600U, 0640U, 0666U}) {
+        SCOPED_TRACE(mode);
         folder.Write("f", "");
         ASSERT_EQ(::chmod(folder.Path("f").c_str(), mode), 0);
         EXPECT_EQ(Write("f", "a", std::to_string(mode).c_str()), 1);
@@ -145,6 +146,7 @@ TEST_F(DiskProfileFiles, AKilledWriterLeavesAWholeFileThatOthersCanWrite) {
     const std::string padding(20000, 'x');
     ASSERT_EQ(Write("f", "z", padding.c_str()), 1);
     for (int round = 0; round < 20; ++round) {
+        SCOPED_TRACE(round);
         const pid_t writer = Start([&] {
             for (int i = 1;; ++i) Write("f", "count", std::to_string(i).c_str());
             return false;

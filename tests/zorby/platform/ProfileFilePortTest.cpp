@@ -107,7 +107,8 @@ TYPED_TEST(ProfileFilePortTest, WhatNoLineCanHoldIsRefused) {
     const std::string before = "[S]\na=0\n";
     store.Put(before);
     for (const RefusedCase& test : kRefusedCases) {
-        EXPECT_EQ(store.Port().WriteValue(store.Path(), test.section, test.key, test.value), 0);
+        EXPECT_EQ(store.Port().WriteValue(store.Path(), test.section, test.key, test.value), 0)
+            << test.section << "|" << test.key;
         EXPECT_EQ(store.Text(), before) << test.section << "|" << test.key;
     }
 }

@@ -141,7 +141,7 @@ TEST(CommFormat, RandomDamage) {
         if (random() % 8 == 0) bytes.resize(random() % bytes.size());
         CommFormatFields fields;
         const CommFormatFault fault = ReadCommFormat(bytes, fields);
-        EXPECT_LE(fault.offset, bytes.size());
+        EXPECT_LE(fault.offset, bytes.size()) << round;
         CommFormatRescue rescue;
         if (RescueCommFormat(bytes, rescue)) continue;
         CommFormatWriter writer;
@@ -152,7 +152,7 @@ TEST(CommFormat, RandomDamage) {
         std::string again;
         writer.Finish(again);
         const CommFormatFault second = ReadCommFormat(again, fields);
-        EXPECT_FALSE(second) << CommFormatFaultText(second.reason);
+        EXPECT_FALSE(second) << CommFormatFaultText(second.reason) << " in round " << round;
     }
 }
 

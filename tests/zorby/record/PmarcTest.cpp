@@ -48,6 +48,7 @@ TEST(Pmarc, FieldNewFindsItsPlace) {
         {{100}, 999, 1, 1},
     };
     for (const Case& c : kCases) {
+        SCOPED_TRACE(testing::PrintToString(c.before) + " and " + std::to_string(c.tag));
         CPmarc record = WithTags(c.before);
         int occurrence = 0;
         EXPECT_EQ(record.FieldNew(c.tag, occurrence), c.index);
@@ -88,6 +89,7 @@ TEST(Pmarc, AgreesWithThePlainWordingOverRandomLists) {
     std::mt19937 random(7);
     constexpr int kTags[] = {0, 1, 8, 10, 245, 500, 504, 599, 600, 650, 700, 999};
     for (int round = 0; round < 300; ++round) {
+        SCOPED_TRACE(round);
         CPmarc record;
         PlainList plain;
         for (int step = 0; step < 60; ++step) {
@@ -102,11 +104,13 @@ TEST(Pmarc, AgreesWithThePlainWordingOverRandomLists) {
             }
             int occurrence = 0;
             int expectedOccurrence = 0;
-            EXPECT_EQ(record.FieldNew(tag, occurrence), plain.FieldNew(digits, expectedOccurrence));
-            EXPECT_EQ(occurrence, expectedOccurrence);
+            EXPECT_EQ(record.FieldNew(tag, occurrence), plain.FieldNew(digits, expectedOccurrence))
+                << step;
+            EXPECT_EQ(occurrence, expectedOccurrence) << step;
             const int any = static_cast<int>(random() % 8);
             EXPECT_EQ(record.FieldGetIndexForTagOccurance(static_cast<unsigned>(tag), any),
-                      plain.Find(digits, any));
+                      plain.Find(digits, any))
+                << step;
         }
         ASSERT_EQ(Fields(record), plain.fields);
         ASSERT_EQ(record.FieldCount(), plain.fields.size());
@@ -141,6 +145,7 @@ TEST(Pmarc, IndicatorsAndSubfields) {
         {"text", 0, 0, "245  text"},
     };
     for (const Case& c : kCases) {
+        SCOPED_TRACE(c.field);
         CPmarc one = WithTags({245});
         EXPECT_EQ(one.FieldAddSubfield(245, 1, c.code, c.text, c.separator), 1);
         EXPECT_EQ(Fields(one)[0], c.field);
@@ -224,10 +229,13 @@ TEST(Pmarc, LongFieldsAndRecords) {
     // Totals around the limit, made by one long field and one that fills up.
     for (const auto& [total, cut] :
          std::vector<std::pair<std::size_t, std::size_t>>{{99999, 0}, {100000, 10}, {100020, 30}}) {
+        SCOPED_TRACE(total);
         const std::size_t directory = 20 * 12;
         const std::size_t data = total - directory - 26;
         CommFormatWriter writer;
-        for (int i = 0; i < 19; ++i) ASSERT_TRUE(writer.AddField("500", std::string(4999, 'x')));
+        for (int i = 0; i < 19; ++i) {
+            ASSERT_TRUE(writer.AddField("500", std::string(4999, 'x'))) << i;
+        }
         ASSERT_TRUE(writer.AddField("900", std::string(data - 19 * 5000 - 1, 'y')));
         std::string out;
         EXPECT_EQ(writer.Finish(out), cut);
@@ -274,6 +282,7 @@ TEST(Pmarc, ReadsOldMicrolifLines) {
         {"24", "24"},
     };
     for (auto [line, field] : kCases) {
+        SCOPED_TRACE(line);
         CPmarc record;
         record.AddOldMicrolifField(line.data(), static_cast<int>(line.size()));
         EXPECT_EQ(Fields(record), std::vector<std::string>{field});

@@ -246,9 +246,10 @@ TEST_F(Selector, SelectSubfieldSaysWhatIsWrong) {
     dialogs.persons.push_back([&](MemoryWindow& shown) {
         shown.Click("Select from text box");
         for (const auto& [typed, message] : cases) {
+            SCOPED_TRACE(typed);
             shown.Type(Id::kEdit, typed);
             EXPECT_TRUE(shown.Ok());
-            EXPECT_TRUE(shown.IsOpen()) << typed;
+            EXPECT_TRUE(shown.IsOpen());
             EXPECT_EQ(shown.Find(CDlgSelectSubfield::kError)->text, message);
             EXPECT_TRUE(shown.Find(CDlgSelectSubfield::kError)->isShown);
         }

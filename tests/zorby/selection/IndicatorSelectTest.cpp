@@ -111,10 +111,11 @@ TEST_F(IndicatorSelect, Subfield2DecidesBetweenTwoValues) {
         {nullptr, "LCSH,Sears specified in $2,Source in $2,*User defined indicator value"},
     };
     for (const auto& c : kCases) {
+        SCOPED_TRACE(c.entries);
         Show(650, 0, '7',
              {.templateType = EDO_NameOnly, .templateCode = 1, .subfield2Text = c.subfield2});
         EXPECT_EQ(Entries(), c.entries);
-        EXPECT_EQ(control.GetCode(), '7') << c.entries;
+        EXPECT_EQ(control.GetCode(), '7');
     }
 }
 

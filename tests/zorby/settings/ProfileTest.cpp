@@ -59,7 +59,8 @@ TEST_F(Profile, TheTableIsWhole) {
         const bool isFirst = ids.insert(row.id).second;
         EXPECT_TRUE(isFirst || row.id == 88 || row.id == 89) << row.id;
         EXPECT_EQ(names.insert(row.name).second, isFirst) << row.name;
-        EXPECT_EQ(FindProfileKey(row.id) == &row, isFirst && row.id != kProfileKeyTableEnd);
+        EXPECT_EQ(FindProfileKey(row.id) == &row, isFirst && row.id != kProfileKeyTableEnd)
+            << row.name;
         const bool hasText = row.defaultText && *row.defaultText;
         EXPECT_TRUE(row.defaultNumber == 0 || !hasText) << row.name;
     }
@@ -230,7 +231,7 @@ TEST_F(Profile, WithoutAWholePlacementTheDefaultsApply) {
         WindowPlacement placement{.length = 5};
         ReadWindowPlacement(&placement, which);
         WriteWindowPlacement(&placement, which);
-        EXPECT_EQ(placement.length, 5);
+        EXPECT_EQ(placement.length, 5) << which;
     }
 }
 

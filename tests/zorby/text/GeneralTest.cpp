@@ -63,7 +63,8 @@ TEST(General, WritesNumbersOfFixedWidth) {
         const std::string expected = test.digits;
         const auto target = std::make_unique<char[]>(expected.size());
         CGeneral::UIntToASCII(test.value, target.get(), test.width);
-        EXPECT_EQ(std::string(target.get(), expected.size()), expected);
+        EXPECT_EQ(std::string(target.get(), expected.size()), expected)
+            << test.value << " in " << test.width;
     }
 }
 
@@ -82,7 +83,8 @@ TEST(General, BreaksCallNumbersIntoLines) {
         {"", ""},
         {" ", "\n"}};
     for (const auto& [callNumber, lines] : cases) {
-        EXPECT_EQ(CGeneral::BreakCallNumber(callNumber, 1), lines) << callNumber;
+        SCOPED_TRACE(callNumber);
+        EXPECT_EQ(CGeneral::BreakCallNumber(callNumber, 1), lines);
         std::string withReturns = CGeneral::BreakCallNumber(callNumber, 0);
         EXPECT_EQ(std::erase(withReturns, '\r'), std::count(lines.begin(), lines.end(), '\n'));
         EXPECT_EQ(withReturns, lines);
@@ -113,6 +115,7 @@ TEST(General, SplitsAtTheFirstCharacter) {
     const std::vector<std::array<const char*, 3>> cases{
         {"a=b=c", "a", "b=c"}, {"=b", "", "b"}, {"b=", "b", ""}, {"b", "b", ""}, {"", "", ""}};
     for (const auto& [source, before, after] : cases) {
+        SCOPED_TRACE(source);
         std::string left = source;
         std::string right = "old";
         CGeneral::SplitStringAtChar(left.c_str(), '=', left, right);

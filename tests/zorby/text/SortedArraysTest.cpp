@@ -81,7 +81,7 @@ TEST(TagArray, KeepsEveryTag) {
     EXPECT_TRUE(std::is_permutation(tags.begin(), tags.end(), before.begin(), before.end()));
     tags.RemoveDuplicates();
     EXPECT_EQ(std::adjacent_find(tags.begin(), tags.end()), tags.end());
-    for (const unsigned tag : before) EXPECT_EQ(tags.Find(tag), 1);
+    for (const unsigned tag : before) EXPECT_EQ(tags.Find(tag), 1) << tag;
     EXPECT_EQ(tags.Find(100), 0);
 }
 
@@ -115,6 +115,7 @@ TEST(TagAndSubfieldArray, DropsDuplicatesAndGuardsItsEnds) {
     array.RemoveDuplicates();
     EXPECT_EQ(PairsOf(array), (Pairs{{100, 'a'}, {245, 'a'}}));
     for (const int index : {2, 1000, -1, -2147483647 - 1}) {
+        SCOPED_TRACE(index);
         unsigned tag = 5;
         char code = 'x';
         array.GetAt(index, tag, code);

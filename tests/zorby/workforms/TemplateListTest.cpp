@@ -37,7 +37,7 @@ TEST_F(TemplateList, LoadsOrTellsWhyNot) {
     for (std::size_t size = 0; size < bytes.size(); size += 11) {
         WriteStandard(bytes.substr(0, size));
         EXPECT_THROW(Start(), CArchiveException) << size;
-        EXPECT_EQ(CTemplateList::TheOneAndOnly(), nullptr);
+        EXPECT_EQ(CTemplateList::TheOneAndOnly(), nullptr) << size;
     }
     WriteStandard(bytes);
     EXPECT_EQ(Start(), 1);

@@ -136,7 +136,7 @@ TEST_F(Template, WhatMayBeAdded) {
     const auto any = CTemplate::FieldsAvailableToAddViaEdit(existing, 0, 1, 0);
     EXPECT_EQ(any->size(), 3U + 999 - 4 - 1);
     EXPECT_FALSE(any->Find(245));
-    for (const unsigned tag : {5U, 6U, 7U}) EXPECT_FALSE(any->Find(tag));
+    for (const unsigned tag : {5U, 6U, 7U}) EXPECT_FALSE(any->Find(tag)) << tag;
     EXPECT_EQ(std::count(any->begin(), any->end(), 8U), 1);  // the dictionary's
     EXPECT_EQ(CTemplate::FieldsAvailableToAddViaEdit(existing, 1, 1, 0)->size(), 4U + 999 - 4);
 
