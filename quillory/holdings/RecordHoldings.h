@@ -27,9 +27,9 @@ public:
 
     // Replaces the fields that hold copies, those of both systems, by the copies that the file has
     // for the record, or else by the copies in these fields. Fields that say the same already stay
-    // as they are, and so does a record without copies. `number` is the record's number in its file.
-    // `charset` is what the record is in; auto: as the record says and is. The views of a changed
-    // record are valid until the next call.
+    // as they are, and so does a record without copies. `number` is the record's number in its
+    // file. `charset` is what the record is in; auto: as the record says and is. The views of a
+    // changed record are valid until the next call.
     void Write(Record& record, std::uint64_t number, Charset charset, Losses& losses);
 
 private:
