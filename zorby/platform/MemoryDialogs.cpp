@@ -130,7 +130,7 @@ bool MemoryWindow::Choose(int id, std::string_view entry) {
 
 bool MemoryWindow::ClickItem(int id, const std::vector<std::string>& path) {
     auto* tree = dynamic_cast<MemoryTree*>(Reach(id));
-    if (!tree) return false;
+    if (!tree || path.empty()) return false;
     for (auto last = path.begin() + 1; last < path.end(); ++last) {
         const MemoryTree::Item* item = tree->Find(std::vector(path.begin(), last));
         if (!item) return false;

@@ -38,6 +38,7 @@ void CTreeForControlFields::InitializeYourself(const ControlBox& place, WindowPo
     constexpr int kButtonHeight = 24;
     constexpr int kButtonWidth = 110;
     const int treeHeight = std::max(place.height - kButtonHeight - 6, 0);
+    controls_ = {};
     controls_.SetWindow(window);
     controls_.Add(
         {ControlKind::kTree, kTreeId, {}, {place.left, place.top, place.width, treeHeight}});

@@ -262,4 +262,21 @@ TEST_F(ControlFieldTree, PathsNameTheLevels) {
     EXPECT_FALSE(window.Click("Clear Selected"));
 }
 
+TEST_F(ControlFieldTree, AnotherWindowGetsControlsOfItsOwn) {
+    CTreeForControlFields tree;
+    {
+        MemoryWindow first;
+        tree.InitializeYourself({0, 0, 200, 300}, first, "");
+    }
+    MemoryWindow second;
+    second.SetTarget(&tree);
+    tree.InitializeYourself({0, 0, 200, 300}, second, "7\\");
+    EXPECT_EQ(second.Tree(CTreeForControlFields::kTreeId)->ChildrenOf(kTreeRoot).size(), 2U);
+    EXPECT_FALSE(second.ClickItem(CTreeForControlFields::kTreeId, {}));
+    EXPECT_TRUE(second.Click("Clear Selected"));
+    std::string text;
+    tree.GetCurrentSettings(text);
+    EXPECT_EQ(text, "");
+}
+
 }  // namespace
