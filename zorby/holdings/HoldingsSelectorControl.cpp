@@ -1,3 +1,4 @@
+#include <zorby/controls/detail/FlagGuard.h>
 #include <zorby/holdings/DlgHoldingsCustom.h>
 #include <zorby/holdings/DlgHoldingsEasyEntry.h>
 #include <zorby/holdings/HoldingsSelector.h>
@@ -21,18 +22,6 @@ constexpr ControlRow kRows[] = {
     {ControlKind::kButton, Id::kChange, "C&hange...", {338, 19, 80, 24}},
     {ControlKind::kLabel, Id::kCurrentHeading, "Current settings", {12, 76, 400, 16}},
     {ControlKind::kLabel, Id::kCurrentSettings, {}, {12, 94, 406, 66}},
-};
-
-// Sets a flag while the object lives.
-class Guard {
-public:
-    explicit Guard(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Guard() { flag_ = false; }
-    Guard(const Guard&) = delete;
-    Guard& operator=(const Guard&) = delete;
-
-private:
-    bool& flag_;
 };
 
 std::string EasyDescription(HoldingsGroup group, const ExtraSettings& extra) {
@@ -78,17 +67,6 @@ void TakePresentName(HoldingsSettings& settings) {
     }
 }
 
-// Systems without bar codes to give out have no next one.
-void SetTypeSettings(HoldingsSettings& settings, const std::string& type,
-                     const std::string& nextBarCode, const std::string& extra) {
-    if (IsMandarinEZTransfer(type)) {
-        settings.Remove("NextBarCode");
-    } else {
-        settings.Set("NextBarCode", nextBarCode);
-    }
-    settings.SetExtra(extra);
-}
-
 }  // namespace
 
 CHoldingsSelector::CHoldingsSelector() : settings_(std::make_unique<HoldingsSettings>("")) {}
@@ -104,7 +82,7 @@ void CHoldingsSelector::InitializeYourself(WindowPort& window, const ControlBox&
 }
 
 void CHoldingsSelector::InitializeYourself(std::string_view settings) {
-    const Guard building(isBuilding_);
+    const FlagGuard building(isBuilding_);
     *settings_ = HoldingsSettings(settings);
     TakePresentName(*settings_);
     if (!controls_.IsEmpty()) FillTypeNames(controls_.List(kTypes));
@@ -135,7 +113,8 @@ int CHoldingsSelector::EasyEntryHoldingsDialog() {
     if (CDlgHoldingsEasyEntry(type, nextBarCode, extra, window_).DoModal() != kIdOk) return 0;
     settings_->Set("EasyOrCustom", "Easy");
     settings_->Set("HoldingsType", type);
-    SetTypeSettings(*settings_, type, nextBarCode, extra);
+    settings_->Set("NextBarCode", nextBarCode);
+    settings_->SetExtra(extra);
     SetButtonState();
     UpdateCurrentSettings();
     return 1;
@@ -177,14 +156,14 @@ int CHoldingsSelector::OnCmdMsg(int id, int code, TreeItem) {
 // After a cancelled dialog the buttons go back to what is in force.
 void CHoldingsSelector::OnEasy() {
     if (isInEasy_) return;
-    const Guard guard(isInEasy_);
+    const FlagGuard guard(isInEasy_);
     if (EasyEntryHoldingsDialog()) settings_->Set("EasyOrCustom", "Easy");
     SetButtonState();
 }
 
 void CHoldingsSelector::OnCustom() {
     if (isInCustom_) return;
-    const Guard guard(isInCustom_);
+    const FlagGuard guard(isInCustom_);
     if (CustomSettingsDialog()) settings_->Set("EasyOrCustom", "Custom");
     SetButtonState();
     UpdateCurrentSettings();
@@ -192,6 +171,7 @@ void CHoldingsSelector::OnCustom() {
 
 void CHoldingsSelector::OnSelchangeTypes() {
     const std::string chosen = SelectedTypeName(controls_.List(kTypes));
+    if (chosen.empty()) return;
     settings_->Set("HoldingsType", chosen);
     UpdateCurrentSettings();
     if (!IsMandarinEZTransfer(chosen)) return;
@@ -205,7 +185,8 @@ void CHoldingsSelector::OnChange() {
         std::string nextBarCode = settings_->Get("NextBarCode");
         std::string extra = settings_->Extra().Text();
         if (RunGroupDialog(type, nextBarCode, extra, window_)) {
-            SetTypeSettings(*settings_, type, nextBarCode, extra);
+            if (!IsMandarinEZTransfer(type)) settings_->Set("NextBarCode", nextBarCode);
+            settings_->SetExtra(extra);
         }
     } else {
         CustomSettingsDialog();

@@ -1,4 +1,5 @@
 #include <zorby/conditions/ZorbySearch.h>
+#include <zorby/controls/detail/FlagGuard.h>
 #include <zorby/selection/FandSSelector.h>
 #include <zorby/selection/detail/TypedSelection.h>
 #include <zorby/text/detail/WhiteSpace.h>
@@ -147,7 +148,7 @@ void CFandSSelector::UpdateZorbySearch(CZorbySearch& search) {
 
 void CFandSSelector::SetControlState() {
     controls_.EnableAll(enabled_ != 0);
-    if (!enabled_) return;
+    if (!enabled_ || controls_.IsEmpty()) return;
     if (state_.singleSelection) {
         return SetOpen(controls_.At(kFromList).IsChecked(), controls_.At(kFromText).IsChecked());
     }
@@ -170,10 +171,9 @@ int CFandSSelector::EnableWindow(int enable) {
         controls_.At(kGroup).Enable(enable != 0);
         return before;
     }
-    isEnabling_ = true;
+    const FlagGuard enabling(isEnabling_);
     enabled_ = enable;
     SetControlState();
-    isEnabling_ = false;
     return before;
 }
 

@@ -162,6 +162,29 @@ TEST_F(HoldingsControl, ChangeOpensTheDialogOfTheGroup) {
               "MandarinEZTransferHoldingsSubfields=khip|\\\\");
 }
 
+TEST_F(HoldingsControl, ASystemWithoutBarCodesKeepsTheNextOneForOthers) {
+    Open("EasyOrCustom=Easy\\\\HoldingsType=Basic\\\\NextBarCode=T 7\\\\");
+    Next([](MemoryWindow& easy) {
+        easy.Choose(CDlgHoldingsEasyEntry::kTypes, "Mandarin EZ Transfer");
+        easy.Ok();
+    });
+    for (int i = 0; i < 2; ++i) Next([](MemoryWindow& mandarin) { mandarin.Ok(); });
+    window.Click("Easy entry");
+    window.Click("Change...");
+    EXPECT_EQ(dialogs.opened, 3);
+    EXPECT_EQ(selector.GetCurrentSettings(), "Holdings Subfields: khip");
+    window.Choose(Id::kTypes, "Basic");
+    EXPECT_EQ(selector.GetCurrentSettings(), "Next bar code: T 7");
+}
+
+TEST_F(HoldingsControl, AListWithoutASelectionChangesNothing) {
+    const std::string before = "EasyOrCustom=Easy\\\\HoldingsType=Basic\\\\";
+    Open(before);
+    window.List(Id::kTypes)->Select(-1);
+    EXPECT_EQ(selector.OnCmdMsg(Id::kTypes, CN_SelectionChanged, kTreeRoot), 1);
+    EXPECT_EQ(selector.GetSettings(), before);
+}
+
 TEST_F(HoldingsControl, CustomSettings) {
     Open("EasyOrCustom=Easy\\\\HoldingsType=Basic\\\\");
     Next([](MemoryWindow& custom) {

@@ -205,6 +205,8 @@ TEST_F(Selector, ListOrTextBox) {
     EXPECT_EQ(window.Click("All"), false) << "not offered";
     selector.Destroy();
     EXPECT_TRUE(window.controls.empty());
+    EXPECT_EQ(selector.EnableWindow(0), 1);
+    EXPECT_EQ(selector.EnableWindow(1), 0) << "without controls, only the flag changes";
 }
 
 TEST_F(Selector, SelectSubfieldStartsWithWhatItIsGiven) {
