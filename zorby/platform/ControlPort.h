@@ -39,7 +39,7 @@ struct ControlRow {
 
 // What a window tells the logic about a control (CommandTarget).
 enum ControlNotice : std::int32_t {
-    CN_Clicked = 0,           // a button, or the box of a tree item
+    CN_Clicked = 0,           // a button, or the box of a tree item; also by the space key
     CN_SelectionChanged = 1,  // of a list
     CN_TextChanged = 2,       // of an edit box
     CN_Expanding = 3,         // a tree item is about to show its children
@@ -67,7 +67,7 @@ public:
 class ZORBY_EXPORT TextPort : public ControlPort {
 public:
     // Selects from `first` up to `last`, which isn't selected itself, puts the caret at the end and
-    // scrolls to it. -1 and -1 select nothing.
+    // scrolls to it. -1 and -1 select nothing. A position after the text counts as its end.
     virtual void Select(int first, int last) = 0;
     virtual void GetSelection(int& first, int& last) const = 0;
 };

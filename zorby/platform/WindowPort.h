@@ -40,7 +40,7 @@ class ZORBY_EXPORT DialogPort {
 public:
     virtual ~DialogPort() = default;
 
-    // The parent is null for a dialog of the program's main window.
+    // The parent is null for a dialog of the program's main window. The result is never null.
     virtual std::unique_ptr<DialogWindowPort> Open(WindowPort* parent) = 0;
 };
 
