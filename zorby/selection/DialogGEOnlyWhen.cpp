@@ -260,9 +260,12 @@ int CDialogGEOnlyWhen::OnCmdMsg(int id, int code, TreeItem item) {
     return 1;
 }
 
+// A condition that is refused leaves no trace in the next one.
 void CDialogGEOnlyWhen::OnOK() {
+    const COnlyWhenState before = state_;
     const std::string missing = state_.onlyWhen ? ReadTests() : std::string();
     if (!missing.empty()) {
+        state_ = before;
         Controls().At(kError).SetText(missing);
         return Controls().At(kError).Show(true);
     }

@@ -188,6 +188,21 @@ TEST_F(ConditionDialogs, TwoTestsOfHoldings) {
     EXPECT_NE(packed.find("Tag=\\HLD200\\\\\\"), std::string::npos) << packed;
 }
 
+TEST_F(ConditionDialogs, ARefusedConditionLeavesNoTrace) {
+    EXPECT_EQ(Edited("\\HLD201\\", "OnlyWhen=1\\\\",
+                     [](MemoryWindow& window) {
+                         window.Choose(kSubject1, "Follett 2");
+                         window.Ok();
+                         EXPECT_TRUE(window.IsOpen());
+                         EXPECT_EQ(window.List(kSubject1)->SelectedText(), "Follett 2");
+                         window.Choose(kSubject1, "Any holding");
+                         window.Type(kText1, "x");
+                         window.Ok();
+                     }),
+              "Any element contains \"x\"");
+    EXPECT_NE(packed.find("Tag=\\HLD201\\\\\\"), std::string::npos) << packed;
+}
+
 TEST_F(ConditionDialogs, StatesAreReadWithoutAWindow) {
     SetNames(EDO_NameOnly);
     const struct {
