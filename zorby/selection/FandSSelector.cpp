@@ -116,10 +116,15 @@ CFandSSelectorErrorCode CFandSSelector::SpecificFieldEditIsOK(int& first, int& l
     return CheckTypedSelection(Trimmed(text), rules, first, last);
 }
 
+void CFandSSelector::ReadSelection() {
+    if (controls_.IsEmpty()) return;
+    tree_.GetSelected(lastTree_);
+    lastTyped_ = controls_.Text(kEdit).GetText();
+}
+
 CFandSSelectorErrorCode CFandSSelector::DoInOnOK(const bool& checkFormat) {
     if (IsAll()) return FSE_OK;
-    lastTyped_ = controls_.Text(kEdit).GetText();
-    tree_.GetSelected(lastTree_);
+    ReadSelection();
     if (lastTyped_.empty()) return lastTree_.empty() ? FSE_EMPTY : FSE_OK;
     int first = -1;
     int last = -1;
@@ -136,8 +141,7 @@ void CFandSSelector::GetSelection(std::string& treeText, std::string& typedText)
     treeText.clear();
     typedText.clear();
     if (IsAll()) return;
-    tree_.GetSelected(lastTree_);
-    lastTyped_ = controls_.Text(kEdit).GetText();
+    ReadSelection();
     treeText = lastTree_;
     typedText = lastTyped_;
 }

@@ -67,7 +67,8 @@ public:
                                                   const bool& checkFormat) const;
     // Checks the selection when the user wants to leave the dialog. Selects a typed part at fault.
     CFandSSelectorErrorCode DoInOnOK(const bool& checkFormat);
-    // Gives the paths of what is checked, and what is typed. With "All", both are empty.
+    // Gives the paths of what is checked, and what is typed. With "All", both are empty. After
+    // Destroy, they are as they were last read.
     void GetSelection(std::string& treeText, std::string& typedText);
     // Stores both as what a search looks in.
     void UpdateZorbySearch(CZorbySearch& search);
@@ -83,6 +84,8 @@ public:
     int OnCmdMsg(int id, int code, TreeItem item) override;
 
 private:
+    // Takes what is checked and typed, if there are controls.
+    void ReadSelection();
     void CreateControls(const CFandSSelectorState& state, const ControlBox& place);
     // Returns whether it was one of the buttons.
     bool OnCommand(int id);

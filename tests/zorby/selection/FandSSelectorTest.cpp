@@ -207,6 +207,7 @@ TEST_F(Selector, ListOrTextBox) {
     EXPECT_TRUE(window.controls.empty());
     EXPECT_EQ(selector.EnableWindow(0), 1);
     EXPECT_EQ(selector.EnableWindow(1), 0) << "without controls, only the flag changes";
+    EXPECT_EQ(Selection(), "\\650z\\|") << "as last read";
 }
 
 TEST_F(Selector, SelectSubfieldStartsWithWhatItIsGiven) {
