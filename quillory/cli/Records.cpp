@@ -4,7 +4,6 @@
 #include <quillory/cli/ScreenArguments.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/StoreJobs.h>
-#include <quillory/jobs/StoredItems.h>
 
 #include <algorithm>
 #include <optional>
@@ -13,7 +12,7 @@ namespace quillory {
 namespace {
 
 struct ShowCommand {
-    RecordIds ids;
+    StoredChoice choice;
     ScreenChoice screen;
 };
 
@@ -23,13 +22,16 @@ struct ExportCommand {
 };
 
 Status RunShow(const ShowCommand& options) {
+    if (options.choice.ids.empty() && options.choice.where.AsksForAll()) {
+        throw UsageError("which records are to be shown is missing: their IDs, or --where");
+    }
     LoadNames(options.screen);
     const std::optional<Database> database = OpenStoreToRead();
     TerminalPort terminal;
     Reporter reporter(terminal, {true, true});
     Output output("-");
     RecordShower shower(ShowOptionsOf(options.screen), kCharsetAuto, output, reporter);
-    const Status read = ReadStored(database, options.ids, reporter, [&](Item& item) {
+    const Status read = ReadStored(database, options.choice, reporter, [&](Item& item) {
         shower.Take(item);
         return true;
     });
@@ -38,10 +40,10 @@ Status RunShow(const ShowCommand& options) {
     return std::max(read, shower.Result());
 }
 
-Status RunDelete(const RecordIds& ids) {
+Status RunDelete(const StoredChoice& choice) {
     TerminalPort terminal;
     Reporter reporter(terminal, {false, true});
-    return DeleteRecordsFromStore(ids, reporter);
+    return DeleteRecordsFromStore(choice, reporter);
 }
 
 Status RunExport(const ExportCommand& command) {
@@ -54,18 +56,21 @@ Status RunExport(const ExportCommand& command) {
 
 void DeclareRecordsShow(Arguments& command) {
     ShowCommand& options = command.Runs(RunShow);
-    command.Positional("ID", options.ids, "Records of these IDs").Required();
+    command.Positional("ID", options.choice.ids, "Records of these IDs");
+    DeclareWhere(command, options.choice.where);
     DeclareScreen(command, options.screen);
 }
 
 void DeclareRecordsDelete(Arguments& command) {
-    RecordIds& ids = command.Runs(RunDelete);
-    command.Positional("ID", ids, "Records of these IDs").Required();
+    StoredChoice& choice = command.Runs(RunDelete);
+    command.Positional("ID", choice.ids, "Records of these IDs");
+    DeclareWhere(command, choice.where);
 }
 
 void DeclareRecordsExport(Arguments& command) {
     ExportCommand& options = command.Runs(RunExport);
-    command.Positional("ID", options.records.ids, "Records of these IDs; none for all");
+    command.Positional("ID", options.records.choice.ids, "Records of these IDs; none for all");
+    DeclareWhere(command, options.records.choice.where);
     DeclareOutput(command, options.records.output);
     DeclareMessages(command, options.messages);
 }

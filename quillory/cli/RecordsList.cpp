@@ -1,5 +1,7 @@
 #include <quillory/cli/Commands.h>
+#include <quillory/cli/InputArguments.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/jobs/RecordFilter.h>
 #include <quillory/jobs/StoredItems.h>
 #include <quillory/reports/StoredRecordRow.h>
 
@@ -11,6 +13,7 @@ namespace {
 
 struct ListOptions {
     RecordSelection selection;
+    WhereOptions where;
     std::uint64_t limit = 0;  // 0 for none
     bool isJson = false;
 };
@@ -19,13 +22,23 @@ Status RunList(const ListOptions& options) {
     const std::optional<Database> database = OpenStoreToRead();
     Output output("-");
     std::uint64_t listed = 0;
+    RecordFilter filter(options.where, kCharsetAuto);
+    zorby::CommFormatFields fields;
+    Item item;
+    const auto isAskedFor = [&](const StoredRecord& record) {
+        if (options.where.AsksForAll()) return true;
+        ReadItem(record, fields, item);
+        return item.kind == kItemRecord && filter.Takes(item.record);
+    };
     const auto list = [&](const StoredRecord& record) {
+        if (!isAskedFor(record)) return true;
         output.Write(options.isJson ? JsonLine(record) : ToText(record));
         return ++listed != options.limit;
     };
     if (database) RecordStore(*database).Walk(options.selection, list);
     output.Finish();
-    const bool isSearch = options.selection.controlNumber || options.selection.titlePrefix;
+    const bool isSearch = options.selection.controlNumber || options.selection.titlePrefix ||
+                          !options.where.AsksForAll();
     return isSearch && listed == 0 ? kStatusFindings : kStatusWell;
 }
 
@@ -39,6 +52,7 @@ void DeclareRecordsList(Arguments& command) {
                    "Only records of this control number (001)");
     command.Option("--title", selection.titlePrefix,
                    "Only titles that begin so; case and diacritics don't count");
+    DeclareWhere(command, options.where);
     command.Option("--after", selection.after, "Only IDs above this").Range(0, kMost);
     command.Option("--limit", options.limit, "At most so many; 0, as if not given, for all");
     command.Choice("--format", options.isJson, {{"text", false}, {"jsonl", true}},

@@ -2,8 +2,8 @@
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/Carrier.h>
 #include <quillory/jobs/OutputFiles.h>
+#include <quillory/jobs/RecordFilter.h>
 #include <quillory/jobs/StoreJobs.h>
-#include <quillory/jobs/StoredItems.h>
 #include <quillory/store/Schema.h>
 #include <quillory/store/Summary.h>
 
@@ -52,6 +52,31 @@ void AddFiles(const AddOptions& options, Carrier& carrier, RecordBatch& batch, R
     carrier.Finish();
 }
 
+// The IDs given, or of those and all others the ones of records that match.
+std::vector<std::int64_t> IdsOf(const StoredChoice& choice, const Database& database) {
+    if (choice.where.AsksForAll()) return choice.ids;
+    RecordFilter filter(choice.where, kCharsetAuto);
+    const RecordStore store(database);
+    zorby::CommFormatFields fields;
+    Item item;
+    std::vector<std::int64_t> ids;
+    const auto take = [&](const StoredRecord& stored) {
+        ReadItem(stored, fields, item);
+        if (item.kind == kItemRecord && filter.Takes(item.record)) ids.push_back(stored.id);
+        return true;
+    };
+    if (choice.ids.empty()) store.Walk({}, take);
+    for (const std::int64_t id : choice.ids) {
+        const auto stored = store.Find(id);
+        if (stored) {
+            take(*stored);
+        } else {
+            ids.push_back(id);
+        }
+    }
+    return ids;
+}
+
 }  // namespace
 
 Status AddRecordsToStore(const AddOptions& options, Reporter& reporter) {
@@ -74,13 +99,16 @@ Status AddRecordsToStore(const AddOptions& options, Reporter& reporter) {
     return carrier.Result();
 }
 
-Status DeleteRecordsFromStore(const RecordIds& ids, Reporter& reporter) {
+Status DeleteRecordsFromStore(const StoredChoice& choice, Reporter& reporter) {
+    if (choice.ids.empty() && choice.where.AsksForAll()) {
+        throw UsageError("which records are to be deleted is missing: their IDs, or --where");
+    }
     const Database database = OpenStore();
     RecordStore store(database);
     Status status = kStatusWell;
     std::uint64_t deleted = 0;
     Transaction transaction(database);
-    for (const std::int64_t id : ids) {
+    for (const std::int64_t id : IdsOf(choice, database)) {
         if (store.Delete(id)) {
             ++deleted;
         } else {
@@ -98,7 +126,7 @@ Status ExportRecordsOfStore(const StoreExportOptions& options, Reporter& reporte
     CheckNotTheStore(options.output.rejects);
     const std::optional<Database> database = OpenStoreToRead();
     const ItemSource stored = [&](const auto& take) {
-        return ReadStored(database, options.ids, reporter, take);
+        return ReadStored(database, options.choice, reporter, take);
     };
     return WriteItems(stored, kCharsetAuto, options.output, reporter);
 }

@@ -1,15 +1,12 @@
 #pragma once
 
 #include <quillory/jobs/ReadFiles.h>
+#include <quillory/jobs/StoredItems.h>
 #include <quillory/jobs/WriteRecords.h>
 
-#include <cstdint>
 #include <string>
-#include <vector>
 
 namespace quillory {
-
-using RecordIds = std::vector<std::int64_t>;
 
 struct AddOptions {
     InputOptions input;
@@ -20,11 +17,11 @@ struct AddOptions {
 Status AddRecordsToStore(const AddOptions& options, Reporter& reporter);
 
 // Deletes records from the store in one transaction, and names those that are not there. Throws
-// FileError.
-Status DeleteRecordsFromStore(const RecordIds& ids, Reporter& reporter);
+// FileError, and UsageError if all records are asked for.
+Status DeleteRecordsFromStore(const StoredChoice& choice, Reporter& reporter);
 
 struct StoreExportOptions {
-    RecordIds ids;  // none for all
+    StoredChoice choice;
     OutputOptions output;
 };
 

@@ -2,32 +2,13 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Progress.h>
+#include <quillory/jobs/RecordFilter.h>
 #include <quillory/jobs/StoredItems.h>
 #include <quillory/store/Schema.h>
-#include <zorby/record/CommFormat.h>
 
 #include <filesystem>
 
 namespace quillory {
-namespace {
-
-// A stored record as an item. The views look into `stored`.
-void ReadItem(const StoredRecord& stored, zorby::CommFormatFields& fields, Item& item) {
-    item = {};
-    item.number = static_cast<std::uint64_t>(stored.id);
-    item.bytes = stored.bytes;
-    const zorby::CommFormatFault fault = zorby::ReadCommFormat(stored.bytes, fields);
-    if (fault) {
-        item.kind = kItemDamaged;
-        item.fault = FaultOf(fault, stored.bytes);
-        item.controlNumber = stored.summary.controlNumber;
-    } else {
-        item.record = {fields.leader, fields.fields, stored.bytes};
-    }
-}
-
-}  // namespace
-
 std::optional<Database> OpenStoreToRead() {
     std::string obstacle;
     std::optional<Database> database = OpenStoreIfThere(obstacle);
@@ -43,8 +24,24 @@ void CheckNotTheStore(const std::string& path) {
     }
 }
 
-Status ReadStored(const std::optional<Database>& database, const std::vector<std::int64_t>& ids,
+void ReadItem(const StoredRecord& stored, zorby::CommFormatFields& fields, Item& item) {
+    item = {};
+    item.number = static_cast<std::uint64_t>(stored.id);
+    item.bytes = stored.bytes;
+    const zorby::CommFormatFault fault = zorby::ReadCommFormat(stored.bytes, fields);
+    if (fault) {
+        item.kind = kItemDamaged;
+        item.fault = FaultOf(fault, stored.bytes);
+        item.controlNumber = stored.summary.controlNumber;
+    } else {
+        item.record = {fields.leader, fields.fields, stored.bytes};
+    }
+}
+
+Status ReadStored(const std::optional<Database>& database, const StoredChoice& choice,
                   Reporter& reporter, const std::function<bool(Item& item)>& take) {
+    RecordFilter filter(choice.where, kCharsetAuto);
+    const auto& ids = choice.ids;
     std::optional<RecordStore> store;
     if (database) store.emplace(*database);
     reporter.BeginFile(StorePath());
@@ -57,7 +54,7 @@ Status ReadStored(const std::optional<Database>& database, const std::vector<std
     const auto takeStored = [&](const StoredRecord& stored) {
         ReadItem(stored, fields, item);
         progress.Step(++done, total);
-        return take(item);
+        return (item.kind == kItemRecord && !filter.Takes(item.record)) || take(item);
     };
     Status status = kStatusWell;
     if (store && ids.empty()) store->Walk({}, takeStored);

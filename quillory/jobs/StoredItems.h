@@ -1,7 +1,9 @@
 #pragma once
 
 #include <quillory/jobs/Reporter.h>
+#include <quillory/jobs/WhereOptions.h>
 #include <quillory/store/RecordStore.h>
+#include <zorby/record/CommFormat.h>
 
 #include <cstdint>
 #include <functional>
@@ -18,11 +20,21 @@ std::optional<Database> OpenStoreToRead();
 // Throws UsageError if this file, which is to be written, is the store.
 void CheckNotTheStore(const std::string& path);
 
+// Which records of the store a job works on.
+struct StoredChoice {
+    std::vector<std::int64_t> ids;  // none for all
+    WhereOptions where = {};
+};
+
 // Hands records of the store to `take`, which says whether to go on: those of the IDs in their
-// order, or all if there are no IDs. A record's number is its ID. Result: findings if an ID has no
-// record, which is reported.
-Status ReadStored(const std::optional<Database>& database, const std::vector<std::int64_t>& ids,
+// order, or all if there are no IDs, as far as they match. A record's number is its ID. Result:
+// findings if an ID has no record, which is reported. Throws FileError, and UsageError for an
+// expression that can't be read.
+Status ReadStored(const std::optional<Database>& database, const StoredChoice& choice,
                   Reporter& reporter, const std::function<bool(Item& item)>& take);
+
+// A stored record as an item. The views look into `stored` and `fields`.
+void ReadItem(const StoredRecord& stored, zorby::CommFormatFields& fields, Item& item);
 
 // Reports that an ID has no record.
 void SayMissing(const Reporter& reporter, std::int64_t id);
