@@ -20,13 +20,17 @@ void DeclareWidth(Arguments& command, ScreenChoice& choice) {
                    "Columns of a line, 0 for no limit; the terminal's if not given");
 }
 
+bool ColourOfOutput() {
+    const char* noColour = std::getenv("NO_COLOR");
+    return isatty(STDOUT_FILENO) != 0 && (noColour == nullptr || *noColour == 0);
+}
+
 ShowOptions ShowOptionsOf(const ScreenChoice& choice) {
     ShowOptions screen;
     screen.names = choice.names;
     screen.decode = choice.decode;
     const bool terminal = isatty(STDOUT_FILENO) != 0;
-    const char* noColour = std::getenv("NO_COLOR");
-    screen.colour = terminal && (noColour == nullptr || *noColour == 0);
+    screen.colour = ColourOfOutput();
     winsize size{};
     if (choice.width) {
         screen.width = *choice.width;

@@ -19,6 +19,9 @@ void DeclareScreen(Arguments& command, ScreenChoice& choice);
 // Declares the width of lines alone.
 void DeclareWidth(Arguments& command, ScreenChoice& choice);
 
+// Whether standard output is for a person who wants colours.
+bool ColourOfOutput();
+
 // With the width and the colours of what goes to standard output.
 ShowOptions ShowOptionsOf(const ScreenChoice& choice);
 

@@ -17,7 +17,8 @@ const Form& FormOf(const InputOptions& options, Input& input) {
 
 }  // namespace
 
-Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take) {
+Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take,
+                    const FileBeginner& beginFile) {
     const std::vector<std::string> standardInput{"-"};
     const auto& files = options.files.empty() ? standardInput : options.files;
     std::vector<std::unique_ptr<Input>> inputs;
@@ -34,7 +35,9 @@ Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemT
             status = kStatusFindings;
             continue;
         }
-        const auto reader = FormOf(options, *input).makeReader(*input, options.lenient);
+        const Form& form = FormOf(options, *input);
+        if (beginFile) beginFile(form);
+        const auto reader = form.makeReader(*input, options.lenient);
         Item item;
         while (goOn && reader->Next(item)) {
             goOn = take(item);

@@ -28,7 +28,10 @@ using ItemTaker = std::function<bool(Item& item)>;
 // say clearly which records are asked for.
 Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemTaker& take);
 
-// The same with frames, and with every record, whichever are asked for.
-Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take);
+// The same with frames, and with every record, whichever are asked for. `beginFile`, if there is
+// one, is told the form of each file that is not empty.
+using FileBeginner = std::function<void(const Form& form)>;
+Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take,
+                    const FileBeginner& beginFile = {});
 
 }  // namespace quillory
