@@ -1,0 +1,194 @@
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
+#include <quillory/jobs/OutputFiles.h>
+#include <quillory/jobs/PickRecords.h>
+#include <quillory/jobs/RecordCopier.h>
+#include <quillory/jobs/RecordFilter.h>
+#include <quillory/jobs/RecordIds.h>
+#include <quillory/queries/RecordNumbers.h>
+
+#include <algorithm>
+#include <random>
+
+namespace quillory {
+namespace {
+
+// Tells which records are asked for.
+class Choice {
+public:
+    explicit Choice(const PickOptions& options)
+        : filter_(options.input.where, options.input.charset), invert_(options.invert) {
+        if (!options.numbers.empty()) ReadNumbers(options);
+        if (!options.ids.empty()) ReadIds(options);
+    }
+
+    bool Takes(const Item& item) { return IsAskedFor(item) != invert_; }
+
+    // Whether no record from this number on can be asked for.
+    bool IsOver(std::uint64_t number) const {
+        return !invert_ && !numbers_.Empty() && number > numbers_.Last();
+    }
+
+    Status SayNotMet(const Reporter& reporter) const {
+        constexpr std::size_t kMostNamed = 5;
+        const std::vector<std::string> notMet = ids_ ? ids_->NotMet() : std::vector<std::string>();
+        if (notMet.empty()) return kStatusWell;
+        std::string text = "no record has " + std::to_string(notMet.size()) + " of the " +
+                           Counted(ids_->Size(), "ID") + ":";
+        for (std::size_t i = 0; i < std::min(notMet.size(), kMostNamed); ++i) {
+            text += (i == 0 ? " " : ", ") + notMet[i];
+        }
+        if (notMet.size() > kMostNamed) text += " ...";
+        reporter.Say(text);
+        return kStatusFindings;
+    }
+
+private:
+    void ReadNumbers(const PickOptions& options) {
+        if (options.input.files.size() > 1) {
+            throw UsageError(Fault{FaultCode::kHoldingsNumberFiles});
+        }
+        RecordNumbersReading reading = ParseRecordNumbers(options.numbers);
+        if (reading.fault) {
+            throw UsageError("--records: " + CaretText(options.numbers, reading.fault));
+        }
+        numbers_ = std::move(reading.numbers);
+    }
+
+    void ReadIds(const PickOptions& options) {
+        PlaceSetReading reading = ParsePlaceSet(options.idPlace);
+        if (reading.fault) {
+            throw UsageError("--id-place: " + CaretText(options.idPlace, reading.fault));
+        }
+        ids_.emplace(options.ids, std::move(reading.places), options.input.charset);
+    }
+
+    bool IsAskedFor(const Item& item) {
+        if (!numbers_.Empty() && !numbers_.Has(item.number)) return false;
+        return (!ids_ || ids_->Has(item.record)) && filter_.Takes(item.record);
+    }
+
+    RecordFilter filter_;
+    RecordNumbers numbers_;
+    std::optional<RecordIdList> ids_;
+    bool invert_;
+};
+
+// So many of the records by chance, each as likely as any other.
+class Sample {
+public:
+    Sample(std::uint64_t size, std::uint64_t seed) : size_(size), random_(seed) {}
+
+    void Take(const RecordCopier::Copy& copy) {
+        const std::uint64_t number = taken_++;
+        if (kept_.size() < size_) {
+            kept_.push_back({number, std::string(copy.lead), std::string(copy.bytes)});
+            return;
+        }
+        const std::uint64_t chance = random_() % taken_;
+        if (chance < size_) {
+            kept_[chance] = {number, std::string(copy.lead), std::string(copy.bytes)};
+        }
+    }
+
+    void WriteTo(RecordCopier& copier) {
+        std::ranges::sort(kept_, {}, &Kept::number);
+        for (const Kept& kept : kept_) copier.Write({kept.lead, kept.bytes});
+    }
+
+    std::uint64_t Size() const { return kept_.size(); }
+
+private:
+    struct Kept {
+        std::uint64_t number;
+        std::string lead;
+        std::string bytes;
+    };
+
+    std::uint64_t size_;
+    std::mt19937_64 random_;
+    std::uint64_t taken_ = 0;
+    std::vector<Kept> kept_;
+};
+
+class PickRun {
+public:
+    PickRun(const PickOptions& options, Reporter& reporter)
+        : options_(options),
+          reporter_(reporter),
+          choice_(options),
+          output_(options.output),
+          copier_(output_) {
+        if (options.sample) sample_.emplace(*options.sample, options.seed);
+    }
+
+    Status Run() {
+        Status read = kStatusWell;
+        try {
+            read = ReadAllItems(
+                options_.input, reporter_, [this](const Item& item) { return Take(item); },
+                [this](const Form& form) { BeginFile(form); });
+            copier_.EndFile();
+            Finish();
+        } catch (const ClosedPipe&) {
+            return status_;
+        }
+        if (!IsFull()) status_ = std::max(status_, choice_.SayNotMet(reporter_));
+        return std::max({read, status_, picked_ == 0 ? kStatusFindings : kStatusWell});
+    }
+
+private:
+    void BeginFile(const Form& form) {
+        copier_.EndFile();
+        copier_.BeginFile(form, reporter_.File());
+    }
+
+    bool IsFull() const { return options_.first && picked_ >= *options_.first; }
+
+    bool Take(const Item& item) {
+        copier_.Pass(item);
+        if (item.fault && !item.continues && item.kind != kItemFrame && !IsFull()) Damage(item);
+        if (item.kind == kItemRecord && !IsFull() && choice_.Takes(item)) Pick(item);
+        const bool isOver = IsFull() || choice_.IsOver(item.number + 1);
+        return !isOver || copier_.NeedsEnd();
+    }
+
+    void Damage(const Item& item) {
+        reporter_.SayFault(item);
+        status_ = kStatusFindings;
+    }
+
+    void Pick(const Item& item) {
+        ++picked_;
+        const RecordCopier::Copy copy = copier_.CopyOf(item);
+        if (sample_) {
+            sample_->Take(copy);
+        } else {
+            copier_.Write(copy);
+        }
+    }
+
+    void Finish() {
+        if (sample_) sample_->WriteTo(copier_);
+        copier_.Finish();
+        output_.Finish();
+    }
+
+    const PickOptions& options_;
+    Reporter& reporter_;
+    Choice choice_;
+    Output output_;
+    RecordCopier copier_;
+    std::optional<Sample> sample_;
+    std::uint64_t picked_ = 0;
+    Status status_ = kStatusWell;
+};
+
+}  // namespace
+
+Status PickRecords(const PickOptions& options, Reporter& reporter) {
+    CheckNotAnInput(options.input.files, options.output);
+    return PickRun(options, reporter).Run();
+}
+
+}  // namespace quillory
