@@ -79,7 +79,7 @@ namespace values {
 
 bool SliceOfLeader(const PlacePattern& pattern, std::string_view leader, ValueSlice& slice) {
     if (!pattern.place.IsLeader() || leader.empty()) return false;
-    slice = {Place::OfLeader(), leader, false, pattern.IsCoded()};
+    slice = {Place::OfLeader(), leader, false, pattern.IsCoded(), leader};
     return !pattern.place.HasPositions() || TakePositions(pattern.place, leader, slice);
 }
 

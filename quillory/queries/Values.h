@@ -21,6 +21,7 @@ struct ValueSlice {
     std::string_view bytes;  // of the record, in its character set
     bool isField = false;    // bytes may hold several subfields, with their delimiters and codes
     bool isCoded = false;    // an indicator, or positions
+    std::string_view field = {};  // the whole content that the bytes are of
 };
 
 // How often each tag came, as fields are passed in their order.
@@ -155,6 +156,7 @@ bool AnySlice(const Record& record, const PlaceSet& places, Test&& test) {
             const std::uint32_t wanted = pattern.place.occurrence;
             if (wanted != 0 && wanted != occurrence) continue;
             slice.place = Place::OfField(field.tag, occurrence);
+            slice.field = field.content;
             if (values::AnySliceOf(pattern, record.leader, field, slice, test)) return true;
         }
     }

@@ -16,6 +16,8 @@ extern const std::string_view kDamageSection;    // damage.html
 extern const std::string_view kCheckStyle;       // check.css
 // Sorts the findings by the column whose head is pressed, and hides those without the words typed.
 extern const std::string_view kCheckScript;  // check.js
+// The page of what was counted, in the same style.
+extern const std::string_view kCountPage;  // count.html
 
 // What writes the text of each slot, by its name.
 using PageSlots = std::map<std::string_view, std::function<void()>>;

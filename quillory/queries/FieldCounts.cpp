@@ -1,0 +1,35 @@
+#include <quillory/exchange/Subfields.h>
+#include <quillory/queries/FieldCounts.h>
+
+namespace quillory {
+
+FieldCounts::Counts& FieldCounts::CountsOf(std::string_view tag) {
+    const unsigned number = TagNumber(tag);
+    auto* place = number == kNoTag ? nullptr : &byNumber_[number];
+    if (place == nullptr) {
+        const auto known = others_.find(tag);
+        place = known == others_.end() ? &others_[std::string(tag)] : &known->second;
+    }
+    if (!*place) *place = std::make_unique<Counts>();
+    return **place;
+}
+
+void FieldCounts::Add(const Record& record) {
+    ++records_;
+    fields_ += record.fields.size();
+    for (const zorby::CommFormatField& field : record.fields) {
+        Counts& counts = CountsOf(field.tag);
+        counts.field.Add(records_);
+        if (field.IsControlField()) continue;
+        ForEachSubfield(field.content, [&](char code, std::string_view) {
+            ++subfields_;
+            counts.codes[static_cast<unsigned char>(code)].Add(records_);
+        });
+        if (!field.IsDataField() || field.content.size() < 2) continue;
+        for (std::size_t i = 0; i < 2; ++i) {
+            counts.indicators[i][static_cast<unsigned char>(field.content[i])].Add(records_);
+        }
+    }
+}
+
+}  // namespace quillory
