@@ -6,17 +6,14 @@
 
 #include <benchmark/benchmark.h>
 
-#include <benchmarks/CatalogueRecord.h>
 #include <benchmarks/CatalogueText.h>
-#include <filesystem>
-#include <fstream>
+#include <benchmarks/RecordFile.h>
 #include <string>
 #include <vector>
 
 namespace quillory::bench {
 namespace {
 
-using zorby::bench::BuildCatalogueRecord;
 using zorby::bench::LatinMarc8;
 using zorby::bench::Pieces;
 
@@ -74,27 +71,6 @@ void ToMarc8(benchmark::State& state, std::vector<std::string> (*fields)()) {
 }
 BENCHMARK_CAPTURE(ToMarc8, latin, LatinFields);
 BENCHMARK_CAPTURE(ToMarc8, cyrillic, CyrillicFields);
-
-// A file of records that goes when the benchmark ends.
-class RecordFile {
-public:
-    explicit RecordFile(std::size_t records)
-        : path_(std::filesystem::temp_directory_path() / "quillory_bench.mrc") {
-        std::string record;
-        BuildCatalogueRecord().ConvertToUSMARCCommFormat(record);
-        std::ofstream file(path_, std::ios::binary);
-        for (std::size_t i = 0; i < records; ++i) file << record;
-    }
-    ~RecordFile() { std::filesystem::remove(path_); }
-    RecordFile(const RecordFile&) = delete;
-    RecordFile& operator=(const RecordFile&) = delete;
-
-    std::string Path() const { return path_.string(); }
-    std::size_t Size() const { return std::filesystem::file_size(path_); }
-
-private:
-    std::filesystem::path path_;
-};
 
 // Records from a file, through the character sets, to nowhere.
 void CarryRecords(benchmark::State& state, Charset to) {
