@@ -20,9 +20,11 @@ std::optional<Database> OpenStoreToRead();
 // Throws UsageError if this file, which is to be written, is the store.
 void CheckNotTheStore(const std::string& path);
 
+using RecordIds = std::vector<std::int64_t>;
+
 // Which records of the store a job works on.
 struct StoredChoice {
-    std::vector<std::int64_t> ids;  // none for all
+    RecordIds ids;  // none for all
     WhereOptions where = {};
 };
 

@@ -20,7 +20,7 @@ protected:
         return AddRecordsToStore(options, reporter_);
     }
     std::string Exported(const RecordIds& ids, Status status) {
-        StoreExportOptions options{ids, {}};
+        StoreExportOptions options{{ids}, {}};
         options.output.output = folder_.Path("out.mrk");
         EXPECT_EQ(ExportRecordsOfStore(options, reporter_), status);
         return folder_.Read("out.mrk");
@@ -34,7 +34,7 @@ TEST_F(StoreJobs, RecordsComeOutAsTheyWentIn) {
     Said();
     EXPECT_EQ(Exported({2, 9, 1}, kStatusFindings), std::string(kTwo) + kOne);
     EXPECT_EQ(Said(), "there is no record 9 in the store\n2 records written\n");
-    EXPECT_EQ(DeleteRecordsFromStore({1, 9, 1}, reporter_), kStatusFindings);
+    EXPECT_EQ(DeleteRecordsFromStore({{1, 9, 1}}, reporter_), kStatusFindings);
     EXPECT_EQ(Said(),
               "there is no record 9 in the store\nthere is no record 1 in the store\n"
               "1 record deleted\n");
