@@ -2,6 +2,7 @@
 #include <quillory/cli/InputArguments.h>
 #include <quillory/cli/ScreenArguments.h>
 #include <quillory/cli/TerminalPort.h>
+#include <quillory/queries/ConditionText.h>
 #include <quillory/reports/FoundRecord.h>
 
 namespace quillory {
@@ -11,6 +12,7 @@ struct FindCommand {
     FindOptions find;
     ReporterOptions messages;
     bool isJson = false;
+    bool printsCondition = false;
 };
 
 constexpr const char* kDetails =
@@ -22,7 +24,20 @@ constexpr const char* kDetails =
     "Status: 0 if a record was found, 1 if none was, or with damage; 2 for wrong usage, or a file\n"
     "that can't be read.";
 
+// What --where says, as the library keeps it.
+Status PrintCondition(const WhereOptions& where) {
+    const auto text = ConditionTextOf(where.expression, where.exact);
+    if (!text) {
+        throw UsageError(
+            "--print-where-text: conditions of the library are one or two tests of one field, of "
+            "has, contains and like");
+    }
+    WriteOutput("-", *text + "\n");
+    return kStatusWell;
+}
+
 Status RunFind(const FindCommand& command) {
+    if (command.printsCondition) return PrintCondition(command.find.input.where);
     TerminalPort terminal;
     Reporter reporter(terminal, command.messages);
     Output output("-");
@@ -39,6 +54,8 @@ void DeclareFind(Arguments& command) {
     command.Footer(kDetails);
     DeclareInput(command, options.find.input, options.messages);
     command.Flag("--count", options.find.onlyCount, "Only say how many records match");
+    command.Flag("--print-where-text", options.printsCondition,
+                 "Only print what --where says in the form of --where-text");
     command.Choice("--format", options.isJson, {{"text", false}, {"jsonl", true}},
                    "text, or jsonl for a program: an object for each record");
 }

@@ -50,6 +50,12 @@ void DeclareWhere(Arguments& command, WhereOptions& where) {
                 "Only records that match, such as '245a contains \"rivers\" and not has 856u'; all "
                 "others are left out, of what is written too")
         .Shown("EXPRESSION");
+    command
+        .Option(
+            "--where-text", where.condition,
+            "Only records for which this condition holds, in the text form in which the library "
+            "keeps conditions")
+        .Shown("TEXT");
     command.Flag("--exact", where.exact, "Case and diacritics count in what --where compares");
 }
 

@@ -1,6 +1,10 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/jobs/RecordFilter.h>
 #include <quillory/jobs/RecordPolicy.h>
+#include <quillory/queries/ConditionText.h>
+
+#include <algorithm>
+#include <utility>
 
 namespace quillory {
 
@@ -10,29 +14,43 @@ bool IsValidUnder(Checker& checker, const Record& record, std::vector<Finding>& 
 }
 
 RecordFilter::RecordFilter(const WhereOptions& options, Charset charset) {
-    if (options.AsksForAll()) return;
-    QueryReading reading = ParseQuery(options.expression, {options.exact, charset});
-    if (!reading.query) {
-        throw UsageError("--where: " + CaretText(options.expression, reading.fault));
+    const QueryOptions queryOptions{options.exact, charset};
+    if (!options.condition.empty()) {
+        Add(ParseCondition(options.condition, queryOptions), "--where-text", options.condition);
     }
-    query_ = std::move(reading.query);
-    if (!query_->AsksValidity()) return;
+    if (options.expression.empty()) return;
+    Add(ParseQuery(options.expression, queryOptions), "--where", options.expression);
+    Query& query = queries_.back();
+    if (!query.AsksValidity()) return;
     if (options.isValid) {
-        query_->SetValidity(options.isValid);
+        query.SetValidity(options.isValid);
     } else {
-        MakeChecks(charset);
+        MakeChecks(query, charset);
     }
 }
 
-void RecordFilter::MakeChecks(Charset charset) {
+void RecordFilter::Add(QueryReading reading, const std::string& option, const std::string& text) {
+    if (!reading.query) throw UsageError(option + ": " + CaretText(text, reading.fault));
+    queries_.push_back(std::move(*reading.query));
+}
+
+void RecordFilter::MakeChecks(Query& query, Charset charset) {
     settings_.emplace();
     checker_ = MakeChecker({}, charset);
-    query_->SetValidity(
+    query.SetValidity(
         [this](const Record& record) { return IsValidUnder(*checker_, record, findings_); });
 }
 
+bool RecordFilter::Takes(const Record& record) {
+    return std::ranges::all_of(queries_, [&](Query& query) { return query.Matches(record); });
+}
+
 std::vector<QueryHit> RecordFilter::HitsIn(const Record& record) {
-    return query_ ? query_->HitsIn(record) : std::vector<QueryHit>();
+    std::vector<QueryHit> hits;
+    for (Query& query : queries_) {
+        for (QueryHit& hit : query.HitsIn(record)) hits.push_back(std::move(hit));
+    }
+    return hits;
 }
 
 }  // namespace quillory

@@ -19,14 +19,15 @@ public:
     RecordFilter(const RecordFilter&) = delete;
     RecordFilter& operator=(const RecordFilter&) = delete;
 
-    bool Takes(const Record& record) { return !query_ || query_->Matches(record); }
+    bool Takes(const Record& record);
     // As Query::HitsIn.
     std::vector<QueryHit> HitsIn(const Record& record);
 
 private:
-    void MakeChecks(Charset charset);
+    void Add(QueryReading reading, const std::string& option, const std::string& text);
+    void MakeChecks(Query& query, Charset charset);
 
-    std::optional<Query> query_;
+    std::vector<Query> queries_;  // all of which have to match
     std::optional<SettingsKeeper> settings_;
     std::optional<Checker> checker_;
     std::vector<Finding> findings_;

@@ -84,6 +84,17 @@ class Expressions(Files):
         named = re.findall(rb"=001  (.*)", wanted)
         self.assertLessEqual({text.encode() for text in checked}, {text for text in named})
 
+    def test_conditions_of_the_library(self):
+        where = ("--where", "650a like 'whal*' and not 650v contains drama")
+        status, text, err = run("find", *where, "--print-where-text")
+        self.assertEqual((status, err), (0, ""))
+        found = run("find", "--count", *where, SAMPLES)
+        self.assertEqual(run("find", "--count", "--where-text", text.decode().strip(), SAMPLES),
+                         found)
+        self.assertEqual(found[0], 0)
+        self.assertEqual(run("find", "--where", "valid", "--print-where-text")[:2], (2, b""))
+        self.assertEqual(run("convert", "--where-text", "650x", SAMPLES)[:2], (2, b""))
+
     def test_the_store(self):
         self.assertEqual(run("records", "add", "--where", "has 650", SAMPLES)[0], 0)
         where = ("--where", "count(650) > 1")
