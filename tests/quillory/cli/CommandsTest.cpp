@@ -78,7 +78,7 @@ TEST(Commands, OptionsHaveOneSpelling) {
         EXPECT_EQ(names.size(), 1U) << shortName << testing::PrintToString(names);
     }
     EXPECT_EQ(formats, (std::set<std::string>{"text|json", "text|jsonl", "text|jsonl|html",
-                                              "tsv|csv|jsonl", "tsv|json"}));
+                                              "text|tsv|json|html", "tsv|csv|jsonl", "tsv|json"}));
 }
 
 }  // namespace
