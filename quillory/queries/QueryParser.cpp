@@ -12,13 +12,13 @@ namespace {
 constexpr std::size_t kDeepest = 200;
 
 constexpr std::string_view kTest =
-    "a place such as 245a, or one of: has, count, material, valid, not, (";
+    "a place such as 245a, \"has\", \"count\", \"material\", \"valid\", \"not\" or (";
 constexpr std::string_view kPlace = "a place, such as 245a, 650[2], 6XX, 600-699 or 008/35-37";
 constexpr std::string_view kOperator =
     "one of: =, !=, <, <=, >, >=, contains, starts, ends, like, matches";
 constexpr std::string_view kText = "a text, best in quotation marks";
-constexpr std::string_view kJoin = "and, or, or the end";
-constexpr std::string_view kJoinOrBracket = "and, or, or )";
+constexpr std::string_view kJoin = "\"and\", \"or\" or the end";
+constexpr std::string_view kJoinOrBracket = "\"and\", \"or\" or )";
 
 struct NumberSign {
     std::string_view sign;
@@ -248,7 +248,7 @@ QueryNodePtr QueryParser::ParseNumberTest(PlaceSet places, NumberOperator op) {
 }
 
 // A tag, the leader, or the subfield after a blank: "650[2] $x".
-bool QueryParser::BeginsPlace(const Token& token) const {
+bool QueryParser::BeginsPlace(const Token& token) {
     constexpr std::string_view kFirsts = "0123456789Xx$";
     if (token.kind != kTokenWord) return false;
     if (kFirsts.find(token.bytes.front()) != kFirsts.npos) return true;

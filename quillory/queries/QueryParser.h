@@ -51,7 +51,7 @@ private:
     bool TakeSign(std::string_view sign);
     bool TakeWord(std::string_view word);
     Token Take();
-    bool BeginsPlace(const Token& token) const;
+    static bool BeginsPlace(const Token& token);
 
     // Keeps a fault, unless there is one. Result: false, or null.
     bool Fail(TextFault fault);
