@@ -239,18 +239,16 @@ void CTreeFieldAndSub::PopulateNeededSubfields() {
     }
 }
 
+// An item that the selection checks as a whole stays so, also with single selection.
 void CTreeFieldAndSub::ShowParentsOfChecked() {
-    for (const TreeItem group : GetChildren(kTreeRoot)) {
-        for (const TreeItem item : GetChildren(group)) {
-            if (GetItemSelection(item) == kChecked) {
-                UpdateParents(item);
-                continue;
-            }
-            for (const TreeItem below : GetChildren(item)) {
-                if (GetItemSelection(below) == kChecked) UpdateParents(below);
-            }
+    const auto show = [this](TreeItem parent, const auto& showBelow) -> void {
+        if (GetItemSelection(parent) == kChecked) return;
+        for (const TreeItem item : GetChildren(parent)) {
+            showBelow(item, showBelow);
+            if (GetItemSelection(item) == kChecked) UpdateParents(item);
         }
-    }
+    };
+    show(kTreeRoot, show);
     ExpandSelected();
     ScrollFirstChecked();
 }

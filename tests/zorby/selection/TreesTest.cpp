@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <tests/zorby/selection/Selection.h>
 
 using namespace zorby;
@@ -90,6 +91,28 @@ TEST_F(Trees, SelectionsComeBackAsTheyWentIn) {
         EXPECT_EQ(Selected(tree), c.out) << c.in;
         tree.DeselectAll();
         EXPECT_EQ(Selected(tree), "") << c.in;
+    }
+}
+
+TEST_F(Trees, WhateverIsClickedComesBack) {
+    SetEasy("Follett 2");
+    std::minstd_rand random(1);
+    for (int options = 0; options < 16; ++options) {
+        const int single = options & 1;
+        const auto populate = [&](CTreeFieldAndSub& tree, const std::string& selection) {
+            tree.SetOptions(options & 2, options & 4, single, options & 8, 1);
+            tree.PopulateFieldGroups(selection, 1, 0, 1);
+        };
+        CTreeFieldAndSub clicked;
+        populate(clicked, "");
+        std::uniform_int_distribution<TreeItem> items(1, 60);
+        for (int click = 0; click < 40; ++click) {
+            clicked.OnNotify(CN_Expanding, items(random));
+            clicked.OnNotify(CN_Clicked, items(random));
+            CTreeFieldAndSub again;
+            populate(again, Selected(clicked));
+            ASSERT_EQ(Selected(again), Selected(clicked)) << options << " after " << click;
+        }
     }
 }
 
