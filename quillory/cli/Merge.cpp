@@ -20,7 +20,8 @@ constexpr const char* kDetails =
     "in\n"
     "the place of the record's own, missing only those of tags that the record lacks. Fields come "
     "in\n"
-    "the character set of the record. Records of the second file that go with none are named.";
+    "the character set of the record. Records of the second file that go with none are named.\n"
+    "--where is asked of the records of the first file alone.";
 
 Status RunMerge(const MergeCommand& command) {
     TerminalPort terminal;

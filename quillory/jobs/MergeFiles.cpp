@@ -26,9 +26,17 @@ PlaceSet FieldsOf(const MergeOptions& options) {
     return places;
 }
 
-InputOptions FileOf(const MergeOptions& options, std::size_t which) {
+InputOptions RecordsOf(const MergeOptions& options) {
     InputOptions input = options.input;
-    input.files = {options.input.files[which]};
+    input.files.resize(1);
+    return input;
+}
+
+// All of its records, whichever of the first file are asked for.
+InputOptions OthersOf(const MergeOptions& options) {
+    InputOptions input = options.input;
+    input.files.erase(input.files.begin());
+    input.where = {};
     return input;
 }
 
@@ -45,7 +53,7 @@ public:
     }
 
     Status ReadOthers(const std::function<bool(Item& item)>& take) {
-        const Status read = others_.Read(FileOf(options_, 1), take);
+        const Status read = others_.Read(OthersOf(options_), take);
         others_.NameDoubles();
         isUsed_.resize(others_.Count());
         return read;
@@ -123,7 +131,7 @@ Status MergeFiles(const MergeOptions& options, Reporter& reporter) {
     Merger merger(options, reporter);
     const ItemSource source = [&](const auto& take) {
         const Status others = merger.ReadOthers(take);
-        return std::max(others, ReadFiles(FileOf(options, 0), reporter, take));
+        return std::max(others, ReadFiles(RecordsOf(options), reporter, take));
     };
     const Preparation merge = [&merger](Item& item, Losses& losses) {
         merger.Merge(item.record, losses);

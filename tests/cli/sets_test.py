@@ -89,6 +89,12 @@ class Sets(Cli):
         self.assertEqual([merged[0], merged[2]], [records[0], records[2]])
         self.assertEqual(fields_of(merged[1])[1][-1], (b"500", b"  \x1faNote"))
 
+    def test_where_asks_the_records_that_fields_are_put_into(self):
+        source = self.path("in.mrc", titled(1, b"A") + titled(2, b"B"))
+        others = self.path("b.mrc", record_of((b"001", b"2"), (b"500", b"  \x1faNote")))
+        out = self.well("merge", "--where", "245a = B", source, others, "--fields", "500")
+        self.assertEqual([tag for tag, _ in fields_of(out)[1]], [b"001", b"245", b"500"])
+
     def test_sorting_in_little_memory(self):
         random.seed(4)
         numbers = list(range(3000))
