@@ -1,6 +1,8 @@
 #include <quillory/sets/FieldMerge.h>
 
 #include <algorithm>
+#include <map>
+#include <set>
 #include <string_view>
 #include <vector>
 
@@ -18,13 +20,6 @@ bool HasTag(const Fields& fields, std::string_view tag) {
     return std::ranges::find(fields, tag, &CommFormatField::tag) != fields.end();
 }
 
-Fields OfTag(const Fields& fields, std::string_view tag) {
-    Fields found;
-    std::ranges::copy_if(fields, std::back_inserter(found),
-                         [tag](const CommFormatField& field) { return field.tag == tag; });
-    return found;
-}
-
 // Where a field of this tag goes.
 Fields::iterator PlaceFor(std::string_view tag, Fields& fields) {
     const auto after = [&fields](auto isBefore) {
@@ -35,8 +30,9 @@ Fields::iterator PlaceFor(std::string_view tag, Fields& fields) {
     return after([tag](const CommFormatField& field) { return field.tag < tag; });
 }
 
-void Add(const CommFormatField& field, Fields& fields) {
-    fields.insert(PlaceFor(field.tag, fields), field);
+void Insert(const Fields& others, Fields& fields) {
+    if (others.empty()) return;
+    fields.insert(PlaceFor(others.front().tag, fields), others.begin(), others.end());
 }
 
 // The fields of one tag by those of the other record, at the place of the first of them.
@@ -44,7 +40,7 @@ void Replace(const Fields& others, Fields& fields) {
     const std::string_view tag = others.front().tag;
     const auto first = std::ranges::find(fields, tag, &CommFormatField::tag);
     if (first == fields.end()) {
-        for (const CommFormatField& field : others) Add(field, fields);
+        Insert(others, fields);
         return;
     }
     const auto at = first - fields.begin();
@@ -53,20 +49,26 @@ void Replace(const Fields& others, Fields& fields) {
 }
 
 void AddMissing(const Fields& others, Fields& fields) {
-    for (const CommFormatField& other : others) {
-        const bool isThere = std::ranges::any_of(
-            fields, [&other](const CommFormatField& field) { return AreEqual(field, other); });
-        if (!isThere) Add(other, fields);
+    std::set<std::string_view> known;
+    for (const CommFormatField& field : fields) {
+        if (field.tag == others.front().tag) known.insert(field.content);
     }
+    Fields missing;
+    for (const CommFormatField& other : others) {
+        if (known.insert(other.content).second) missing.push_back(other);
+    }
+    Insert(missing, fields);
 }
 
 // The fields that are meant, those of one tag side by side, tags in the order in which they come.
 std::vector<Fields> ByTag(const Record& record, const PlaceSet& which) {
     std::vector<Fields> byTag;
+    std::map<std::string_view, std::size_t> known;
     for (const CommFormatField& field : record.fields) {
-        const bool isNew = std::ranges::none_of(
-            byTag, [&field](const Fields& known) { return known.front().tag == field.tag; });
-        if (isNew && which.Covers(field.tag)) byTag.push_back(OfTag(record.fields, field.tag));
+        if (!which.Covers(field.tag)) continue;
+        const auto [at, isNew] = known.emplace(field.tag, byTag.size());
+        if (isNew) byTag.emplace_back();
+        byTag[at->second].push_back(field);
     }
     return byTag;
 }

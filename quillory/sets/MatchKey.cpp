@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -133,9 +135,10 @@ std::string MatchKeys::TogetherOf(const Record& record, const Way& way) {
 
 void MatchKeys::Of(const Record& record, std::vector<std::string>& keys) {
     keys.clear();
-    const auto add = [&keys](const Way& way, const std::string& value) {
+    std::set<std::string> known;
+    const auto add = [&](const Way& way, const std::string& value) {
         std::string key = way.name + " " + value;
-        if (std::ranges::find(keys, key) == keys.end()) keys.push_back(std::move(key));
+        if (known.insert(key).second) keys.push_back(std::move(key));
     };
     for (const Way& way : ways_) {
         if (way.places.size() == 1) {

@@ -86,25 +86,24 @@ bool IsBlank(std::string_view text) {
 
 }  // namespace
 
-std::string PlaceTexts::TextOf(const Record& record, const CommFormatField& field,
-                               std::string_view codes, bool skips) {
+std::string PlaceTexts::Joined(const Record& record, std::string_view content,
+                               std::string_view codes, const CommFormatField* nonfiling) {
     std::string text;
-    bool isFirst = true;
-    ForEachSubfield(field.content, [&](char code, std::string_view part) {
+    ForEachSubfield(content, [&](char code, std::string_view part) {
         if (codes.find(code) == codes.npos) return;
-        if (skips && isFirst) part = WithoutNonfiling(field, part);
-        isFirst = false;
+        if (nonfiling != nullptr) part = WithoutNonfiling(*nonfiling, part);
+        nonfiling = nullptr;
         text.append(text.empty() ? "" : " ").append(reader_.TextOf(record, {{}, part}));
     });
     return text;
 }
 
 std::string PlaceTexts::TextOf(const Record& record, const ValueSlice& slice, bool skips) {
-    const CommFormatField* field = FieldAround(record, slice.bytes);
-    if (slice.isField && field != nullptr && !field->IsControlField()) {
-        return TextOf(record, *field, kLetters, skips);
+    const CommFormatField* field = skips ? FieldAround(record, slice.bytes) : nullptr;
+    if (slice.isField && slice.bytes.starts_with(zorby::kDelimiter)) {
+        return Joined(record, slice.bytes, kLetters, field);
     }
-    if (skips && field != nullptr && slice.place.code == 'a') {
+    if (field != nullptr && slice.place.code == 'a') {
         return std::string(reader_.TextOf(record, {{}, WithoutNonfiling(*field, slice.bytes)}));
     }
     return std::string(reader_.TextOf(record, slice));
@@ -115,7 +114,10 @@ std::optional<std::string> PlaceTexts::First(const Record& record, const KeyPlac
     reader_.Begin();
     if (place.isTitle) {
         const CommFormatField* field = FieldOf(record, kTitleTag);
-        const std::string title = field ? TextOf(record, *field, kTitleCodes, skips) : "";
+        std::string title;
+        if (field != nullptr) {
+            title = Joined(record, field->content, kTitleCodes, skips ? field : nullptr);
+        }
         return IsBlank(title) ? std::nullopt : std::optional(title);
     }
     std::optional<std::string> first;
@@ -151,7 +153,7 @@ std::string PlaceTexts::FieldText(const Record& record, std::string_view tag,
                                   std::string_view codes) {
     reader_.Begin();
     const CommFormatField* field = FieldOf(record, tag);
-    return field == nullptr ? std::string() : TextOf(record, *field, codes, false);
+    return field == nullptr ? std::string() : Joined(record, field->content, codes, nullptr);
 }
 
 }  // namespace quillory

@@ -27,8 +27,9 @@ public:
 
 private:
     std::optional<std::string> First(const Record& record, const KeyPlace& place, bool skips);
-    std::string TextOf(const Record& record, const zorby::CommFormatField& field,
-                       std::string_view codes, bool skips);
+    // `nonfiling` is the field, if its indicator tells where the text begins; else null.
+    std::string Joined(const Record& record, std::string_view content, std::string_view codes,
+                       const zorby::CommFormatField* nonfiling);
     std::string TextOf(const Record& record, const ValueSlice& slice, bool skips);
 
     ValueReader reader_;
