@@ -100,10 +100,17 @@ char* ExternalSort::Room(std::size_t size) {
     return room;
 }
 
+// Bytes that are held once there is room for an entry. While the list of entries grows, the old one
+// and the new one, which is twice as long, are there side by side.
+std::size_t ExternalSort::NeededFor(std::size_t size) const {
+    const std::size_t block = size > free_ ? std::max(size, std::min(kBlock, memory_)) : 0;
+    const bool grows = entries_.size() == entries_.capacity();
+    return held_ + block + entries_.capacity() * sizeof(Entry) * (grows ? 3 : 1);
+}
+
 void ExternalSort::Add(std::string_view key, std::string_view payload) {
     const std::size_t size = key.size() + payload.size();
-    const std::size_t more = size > free_ ? size : 0;
-    if (!entries_.empty() && held_ + more + entries_.capacity() * sizeof(Entry) > memory_) Spill();
+    if (!entries_.empty() && NeededFor(size) > memory_) Spill();
     char* room = Room(size);
     key.copy(room, key.size());
     payload.copy(room + key.size(), payload.size());
@@ -129,6 +136,7 @@ void ExternalSort::GiveEntries(const Take& take) {
 }
 
 void ExternalSort::Spill() {
+    ++spills_;
     auto file = std::make_unique<SpillFile>();
     GiveEntries([&file](std::string_view key, std::string_view payload) {
         AppendEntry(key, payload, *file);

@@ -24,6 +24,8 @@ public:
 
     void Add(std::string_view key, std::string_view payload);
     std::uint64_t Count() const { return count_; }
+    // How often memory was full so far.
+    std::uint64_t Spills() const { return spills_; }
     // Gives all entries in the order of the bytes of their keys, those with one key in the order in
     // which they were added. To be called once; the views last until the call returns.
     void ForEach(const Take& take);
@@ -42,6 +44,7 @@ private:
     };
     class RunReader;
 
+    std::size_t NeededFor(std::size_t size) const;
     char* Room(std::size_t size);
     void SortEntries();
     void GiveEntries(const Take& take);
@@ -57,6 +60,7 @@ private:
     std::vector<Entry> entries_;
     std::vector<Run> runs_;  // in the order of their entries
     std::uint64_t count_ = 0;
+    std::uint64_t spills_ = 0;
 };
 
 }  // namespace quillory

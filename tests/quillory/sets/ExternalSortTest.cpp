@@ -48,6 +48,18 @@ TEST(ExternalSort, AgreesWithAStableSortWhateverTheMemory) {
     }
 }
 
+// Of entries that are smaller than what is noted of them, as of others.
+TEST(ExternalSort, MemoryIsFullAsSeldomAsItCanBe) {
+    for (const std::size_t size : {2U, 2000U}) {
+        ExternalSort sort(std::size_t{1} << 20);
+        const std::string payload(size, 'x');
+        const std::size_t count = (std::size_t{10} << 20) / (size + 50);
+        for (std::size_t i = 0; i < count; ++i) sort.Add(std::to_string(i * 7919 % count), payload);
+        EXPECT_GE(sort.Spills(), 8U) << size;
+        EXPECT_LE(sort.Spills(), 40U) << size;
+    }
+}
+
 TEST(ExternalSort, OfNothingIsNothing) {
     EXPECT_EQ(Sorted({}, 1), Pairs{});
     EXPECT_EQ(Sorted({{"", ""}}, 1), (Pairs{{"", ""}}));
