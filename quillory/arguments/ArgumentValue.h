@@ -60,8 +60,9 @@ struct ArgumentReader<std::pair<std::string, Value>> {
                                               const ArgumentDefinition& definition) {
         try {
             const auto parts = SplitKeyValue(text);
-            if (parts)
+            if (parts) {
                 return {parts->first, ArgumentReader<Value>::Read(parts->second, definition)};
+            }
         } catch (const UsageError&) {  // the whole is what is wrong
         }
         throw UsageError(text + " is not " + definition.value);

@@ -50,8 +50,8 @@ void ValueCounts::FindElements() {
 }
 
 const Element* ValueCounts::ElementOf(const ValueSlice& slice, std::string_view leader) const {
-    if (elements_.empty() || !slice.place.HasPositions() || !IsBibliographic(leader))
-        return nullptr;
+    const bool mayBeOne = !elements_.empty() && slice.place.HasPositions();
+    if (!mayBeOne || !IsBibliographic(leader)) return nullptr;
     const CFType form = FormOf(slice, leader);
     const auto found = std::ranges::find_if(elements_, [&](const ElementAt& at) {
         return at.element->form == form && at.place.tag == slice.place.tag &&

@@ -68,8 +68,9 @@ std::string_view JoinedText(std::string_view slice, std::string& joined) {
     if (slice.find(zorby::kDelimiter) == slice.npos) return slice;
     joined.clear();
     ForEachPart(slice, [&joined](std::string_view part) {
-        if (part.front() == zorby::kDelimiter)
+        if (part.front() == zorby::kDelimiter) {
             part.remove_prefix(std::min<std::size_t>(2, part.size()));
+        }
         if (!part.empty()) joined.append(joined.empty() ? "" : " ").append(part);
     });
     return joined;

@@ -36,6 +36,7 @@ std::string ChartOf(const CountTable& table) {
     std::ranges::stable_sort(rows, std::ranges::greater(), &CountRow::count);
     rows.resize(std::min(rows.size(), kMostBars));
     std::vector<Bar> bars;
+    bars.reserve(rows.size());
     for (const CountRow& row : rows) bars.push_back({LabelOf(row), {{"ok", "count", row.count}}});
     return BarChart(table.of, bars);
 }
@@ -100,6 +101,7 @@ void WriteCountPage(const CountDocument& document, Output& output) {
 
 std::vector<std::pair<std::string, CountFormat>> CountFormatNames() {
     std::vector<std::pair<std::string, CountFormat>> names;
+    names.reserve(kFormats.size());
     for (const FormatRow& row : kFormats) names.emplace_back(row.name, row.format);
     return names;
 }
