@@ -117,7 +117,8 @@ private:
             records_.Read(i, packed);
             const std::string& file = kept_.Unpack(packed, item);
             const bool isRemoved = match != matches.end() && match->record == i;
-            if (isRemoved) report_.Take(item, Named(file, item, *match++));
+            if (isRemoved) report_.Take(item, [&] { return Named(file, item, *match); });
+            if (isRemoved) ++match;
             files.Choose(isRemoved);
             if (!isRemoved || files.HasFileForRemoved()) take(item);
             progress.Step(i, records_.Count());
@@ -130,8 +131,7 @@ private:
         std::string packed;
         Item other;
         records_.Read(match.kept, packed);
-        duplicate.kept = names_.NameOf(kept_.Unpack(packed, other), other);
-        reporter_.GoBackTo(file);
+        duplicate.kept = names_.NameOf(kept_.Peek(packed, other), other);
         return duplicate;
     }
 

@@ -6,6 +6,7 @@
 #include <quillory/sets/Duplicates.h>
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -38,8 +39,9 @@ class DedupeReport {
 public:
     virtual ~DedupeReport() = default;
 
-    // Comes for each record that goes, in their order.
-    virtual void Take(const Item& item, const Duplicate& duplicate) = 0;
+    // Comes for each record that goes, in their order. What it goes with is found out when asked
+    // for.
+    virtual void Take(const Item& item, const std::function<Duplicate()>& find) = 0;
     // Comes once, at the end.
     virtual void Finish(const DedupeTotals& totals) = 0;
 };

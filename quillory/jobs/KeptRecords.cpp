@@ -21,8 +21,12 @@ Status KeptRecords::Read(
     return std::max(read, rescued);
 }
 
+const std::string& KeptRecords::Peek(std::string_view packed, Item& item) const {
+    return files_[UnpackItem(packed, item)];
+}
+
 const std::string& KeptRecords::Unpack(std::string_view packed, Item& item) const {
-    const std::string& file = files_[UnpackItem(packed, item)];
+    const std::string& file = Peek(packed, item);
     reporter_.GoBackTo(file);
     return file;
 }

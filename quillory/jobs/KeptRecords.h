@@ -20,8 +20,9 @@ public:
     // that could be read is said here. Result: as ReadFiles, and findings for the latter.
     Status Read(const InputOptions& input, const std::function<bool(Item& item)>& take,
                 const std::function<void(const Item& item, std::string_view packed)>& keep);
-    // A record again, with views of `packed`; messages are about its file from now on. Result: the
-    // name of its file.
+    // A record again, with views of `packed`. Result: the name of its file.
+    const std::string& Peek(std::string_view packed, Item& item) const;
+    // The same; messages are about its file from now on.
     const std::string& Unpack(std::string_view packed, Item& item) const;
     // The last one has come back: says how many messages were only counted.
     void Finish() const;

@@ -47,12 +47,15 @@ DedupeMessages::DedupeMessages(const std::string& path, const DedupeOptions& opt
     if (!path.empty()) file_ = std::make_unique<Output>(path);
 }
 
-void DedupeMessages::Take(const Item& item, const Duplicate& duplicate) {
+void DedupeMessages::Take(const Item& item, const std::function<Duplicate()>& find) {
     reporter_.Say(item, "records removed", [&] {
+        const Duplicate duplicate = find();
         return "removed; " + ShortText(duplicate.kept, duplicate.removed.file) + " has " +
                Visible(duplicate.key) + ", too";
     });
-    if (file_) file_->Write(isJson_ ? JsonOf(duplicate) : TextOf(duplicate));
+    if (!file_) return;
+    const Duplicate duplicate = find();
+    file_->Write(isJson_ ? JsonOf(duplicate) : TextOf(duplicate));
 }
 
 void DedupeMessages::Finish(const DedupeTotals& totals) {

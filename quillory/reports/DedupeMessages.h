@@ -17,7 +17,7 @@ public:
     // An empty path is no file. Throws FileError.
     DedupeMessages(const std::string& path, const DedupeOptions& options, Reporter& reporter);
 
-    void Take(const Item& item, const Duplicate& duplicate) override;
+    void Take(const Item& item, const std::function<Duplicate()>& find) override;
     void Finish(const DedupeTotals& totals) override;
 
 private:

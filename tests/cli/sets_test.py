@@ -18,7 +18,7 @@ from support import FIELD_END, QUILLORY, RECORD_END, SAMPLES, Cli, fields_of, re
 PROGRAM = pathlib.Path(QUILLORY).resolve()
 ROOT = pathlib.Path(sys.argv[3]).parent  # the folder of the examples stands at the top of the tree
 
-DOCUMENTED = ["Sets of records"]
+DOCUMENTED = ["A day's work", "Sets of records"]
 FORMS = ["mrc", "mrk", "lif", "xml", "jsonl"]
 
 
