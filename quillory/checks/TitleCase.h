@@ -1,11 +1,11 @@
 #pragma once
 
 #include <quillory/exchange/Record.h>
+#include <quillory/text/Capitals.h>
 #include <quillory/text/Charset.h>
 #include <quillory/text/TextConverter.h>
 
 #include <array>
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -23,14 +23,6 @@ public:
     bool IsUpperCase(const Record& record, std::string_view content, Charset charset);
 
 private:
-    // The letters of a text.
-    struct Capitals {
-        std::size_t words = 0;  // with a capital
-        std::size_t letters = 0;
-        bool hasSmall = false;
-    };
-
-    static Capitals CapitalsOfQm(std::string_view qm);
     Capitals CapitalsOf(const Record& record, std::string_view text, Charset charset);
     bool ToQm(std::string_view text, Charset charset);
 

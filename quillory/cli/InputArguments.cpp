@@ -31,7 +31,7 @@ void DeclareCharset(Arguments& command, const std::string& name, Charset& charse
     command.Choice(name, charset, kCharsets, text);
 }
 
-void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& messages) {
+void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& messages) {
     command.Positional("FILE", options.files, "Files of records; none, or -, is standard input");
     DeclareForm(command, "--from", options.form,
                 "Form of the files; by default recognised by content and name");
@@ -40,8 +40,12 @@ void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& me
         "Character set of the files; by default recognised by leader byte 09 and the bytes");
     command.Flag("--lenient", options.lenient,
                  "Read damaged records from their terminators where that is certain");
-    DeclareWhere(command, options.where);
     DeclareMessages(command, messages);
+}
+
+void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& messages) {
+    DeclareFiles(command, options, messages);
+    DeclareWhere(command, options.where);
 }
 
 void DeclareWhere(Arguments& command, WhereOptions& where) {

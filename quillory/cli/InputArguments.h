@@ -10,6 +10,9 @@ namespace quillory {
 // The files that a command reads, and how; with --quiet and --verbose.
 void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& messages);
 
+// The same without --where.
+void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& messages);
+
 // --where and what goes with it.
 void DeclareWhere(Arguments& command, WhereOptions& where);
 

@@ -235,11 +235,13 @@ std::optional<ItemFault> MrkReader::Read(std::string_view block, Record& record)
     return ItemFault{{FaultCode::kNoLeaderLine, {}, {}, "=LDR"}};
 }
 
+void AppendMrkField(const CommFormatField& field, std::string& text) {
+    AppendLine(field.tag, field.content, KindOf(field.tag), text);
+}
+
 void AppendMrk(const Record& record, std::string& text) {
     AppendLine("LDR", record.leader, kControlLine, text);
-    for (const CommFormatField& field : record.fields) {
-        AppendLine(field.tag, field.content, KindOf(field.tag), text);
-    }
+    for (const CommFormatField& field : record.fields) AppendMrkField(field, text);
     text += '\n';
 }
 

@@ -32,6 +32,8 @@ private:
 
 // Appends a record in the line form, with the blank line after it.
 void AppendMrk(const Record& record, std::string& text);
+// Appends a field as a line, with its end.
+void AppendMrkField(const zorby::CommFormatField& field, std::string& text);
 
 class MrkWriter : public RecordWriter {
 public:

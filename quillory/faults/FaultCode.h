@@ -202,6 +202,27 @@ enum class FaultCode : std::uint16_t {
     kConditionText,       // found: what is wrong with a condition's text form
     kNoRecordNumbers,     // found: the list
 
+    // Edits.
+    kEditRefused,          // found: why
+    kNoOperation,          // found: the name; allowed: the names
+    kParameterMissing,     // found: the operation
+    kNoSuchChoice,         // found: the value; allowed: the values
+    kNoPlaceForOperation,  // found: the place; allowed: such places
+    kOnePlaceOnly,         // found: the places
+    kNoFieldText,
+    kOneOnly,  // allowed: the parameters
+    kBraceAlone,
+    kNoSuchGroup,         // found: the group; allowed: their number
+    kNoIndicatorValue,    // found: the value
+    kValueWidth,          // found: the value; allowed: how many positions
+    kPositionsOfTheFile,  // found: the place
+    kFieldEndsBefore,
+    kSubfieldsInControlField,
+    kMalformedToml,  // found: what is wrong
+    kTaskKey,        // found: the key; allowed: the keys
+    kTaskValue,
+    kNoEdits,
+
     kEnd  // one past the last
 };
 

@@ -308,6 +308,36 @@ constexpr Words kWords[] = {
     {FaultCode::kConditionText, "condition-text", "{found}"},
     {FaultCode::kNoRecordNumbers, "no-record-numbers",
      "\"{found}\" is no list of record numbers, such as 17,20-25"},
+
+    // Edits.
+    {FaultCode::kEditRefused, "edit-refused", "not edited: {found}"},
+    {FaultCode::kNoOperation, "no-operation",
+     "there is no operation \"{found}\"; the operations are {allowed}"},
+    {FaultCode::kParameterMissing, "parameter-missing", "is missing; {found} needs it"},
+    {FaultCode::kNoSuchChoice, "no-such-choice", "\"{found}\" is none of {allowed}"},
+    {FaultCode::kNoPlaceForOperation, "no-place-for-operation",
+     "\"{found}\" can't be named here, only {allowed}"},
+    {FaultCode::kOnePlaceOnly, "one-place-only", "\"{found}\" is more than one place"},
+    {FaultCode::kNoFieldText, "no-field-text",
+     "an empty text, or one with control characters or bytes that are no UTF-8"},
+    {FaultCode::kOneOnly, "one-only", "one of {allowed} is needed, and only one"},
+    {FaultCode::kBraceAlone, "brace-alone",
+     "a brace that is not closed or not opened; a brace in the text is written twice"},
+    {FaultCode::kNoSuchGroup, "no-such-group",
+     "\"{found}\" stands for none of the {allowed} groups of the expression; a backslash itself is "
+     "written twice"},
+    {FaultCode::kNoIndicatorValue, "no-indicator-value",
+     "\"{found}\" is no value; an indicator is one character of ASCII, _ for a blank"},
+    {FaultCode::kValueWidth, "value-width", "\"{found}\" does not fill the {allowed} positions"},
+    {FaultCode::kPositionsOfTheFile, "positions-of-the-file",
+     "{found} says how the record is stored, and can't be edited"},
+    {FaultCode::kFieldEndsBefore, "field-ends-before", "the field ends before these positions"},
+    {FaultCode::kSubfieldsInControlField, "subfields-in-control-field",
+     "subfields in a control field"},
+    {FaultCode::kMalformedToml, "malformed-toml", "malformed TOML: {found}"},
+    {FaultCode::kTaskKey, "task-key", "there is no key \"{found}\" here; the keys are {allowed}"},
+    {FaultCode::kTaskValue, "task-value", "neither a text nor a number, true or false"},
+    {FaultCode::kNoEdits, "no-edits", "no edits; each is a table that begins with [[edit]]"},
 };
 
 constexpr bool IsInOrder() {

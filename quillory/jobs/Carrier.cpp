@@ -118,7 +118,7 @@ void Carrier::Summarize() const {
     if (!losses_.Empty()) {
         reporter_.Say("characters not carried as they were:\n" + losses_.Text("    "));
     }
-    if (reporter_.Quiet()) return;
+    if (reporter_.Quiet() || options_.isDryRun) return;
     if (leadersMended_ > 0) {
         reporter_.Say("leader 10-11 and 20-23 set to \"22\" and \"4500\" in " +
                       Counted(leadersMended_, "record"));

@@ -23,6 +23,7 @@ struct CarrierOptions {
     bool eachLoss = false;  // report the characters not carried for each record, too
     std::string rejects;    // file for the bytes of what is not written; empty for none
     Preparation prepare;    // may be empty
+    bool isDryRun = false;  // nothing comes of what is written
 };
 
 // Carries records through the character sets into a writer. Reports what is wrong with them, and

@@ -13,13 +13,13 @@ bool IsValidUnder(Checker& checker, const Record& record, std::vector<Finding>& 
     return checker.GetPolicy().VerdictOf(findings) != kMustStay;
 }
 
-RecordFilter::RecordFilter(const WhereOptions& options, Charset charset) {
+RecordFilter::RecordFilter(const WhereOptions& options, Charset charset, const std::string& name) {
     const QueryOptions queryOptions{options.exact, charset};
     if (!options.condition.empty()) {
         Add(ParseCondition(options.condition, queryOptions), "--where-text", options.condition);
     }
     if (options.expression.empty()) return;
-    Add(ParseQuery(options.expression, queryOptions), "--where", options.expression);
+    Add(ParseQuery(options.expression, queryOptions), name, options.expression);
     Query& query = queries_.back();
     if (!query.AsksValidity()) return;
     if (options.isValid) {
@@ -30,7 +30,8 @@ RecordFilter::RecordFilter(const WhereOptions& options, Charset charset) {
 }
 
 void RecordFilter::Add(QueryReading reading, const std::string& option, const std::string& text) {
-    if (!reading.query) throw UsageError(option + ": " + CaretText(text, reading.fault));
+    const std::string name = option.empty() ? option : option + ": ";
+    if (!reading.query) throw UsageError(name + CaretText(text, reading.fault));
     queries_.push_back(std::move(*reading.query));
 }
 

@@ -14,8 +14,9 @@ namespace quillory {
 class RecordFilter {
 public:
     // `charset` is that of the records. Throws UsageError, which shows what is wrong with the
-    // expression, and FileError if checks are asked for whose data files can't be read.
-    RecordFilter(const WhereOptions& options, Charset charset);
+    // expression after `name`, if there is one, and FileError if checks are asked for whose data
+    // files can't be read.
+    RecordFilter(const WhereOptions& options, Charset charset, const std::string& name = "--where");
     RecordFilter(const RecordFilter&) = delete;
     RecordFilter& operator=(const RecordFilter&) = delete;
 

@@ -33,7 +33,8 @@ Status CarryItems(const ItemSource& source, Charset from, const OutputOptions& o
                   RecordWriter& writer, const std::function<void()>& finish, Reporter& reporter,
                   const Preparation& prepare) {
     const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options));
-    Carrier carrier({recoder, options.eachLoss, options.rejects, prepare}, writer, reporter);
+    Carrier carrier({recoder, options.eachLoss, options.rejects, prepare, options.isDryRun}, writer,
+                    reporter);
     try {
         carrier.Raise(source([&carrier](Item& item) {
             carrier.Take(item);
@@ -53,7 +54,7 @@ Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& o
                   Reporter& reporter, const Preparation& prepare) {
     CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
     CharsetOfOutput(options);  // what can't be is said before anything is made
-    Output output(options.output);
+    Output output(options.isDryRun ? "/dev/null" : options.output);
     const auto writer = FormOfOutput(options).makeWriter(output, options.oversize);
     const auto finish = [&] {
         writer->Finish();

@@ -19,7 +19,8 @@ struct OutputOptions {
     std::optional<NormalForm> normalForm;
     Oversize oversize = kOversizeRefuse;
     bool eachLoss = false;
-    bool verify = false;  // as in RecoderOptions; only a job itself asks for it
+    bool verify = false;    // as in RecoderOptions; only a job itself asks for it
+    bool isDryRun = false;  // goes the whole way, and writes no records
 };
 
 // The form by which records are written.

@@ -1,23 +1,8 @@
 #include <quillory/reports/ScreenText.h>
 #include <quillory/reports/StoredRecordRow.h>
-
-#include <array>
-#include <ctime>
+#include <quillory/reports/TimeText.h>
 
 namespace quillory {
-namespace {
-
-// As ISO 8601.
-std::string TimeText(std::int64_t seconds) {
-    const std::time_t time = seconds;
-    std::tm parts{};
-    gmtime_r(&time, &parts);
-    std::array<char, 32> text{};
-    return {text.data(), std::strftime(text.data(), text.size(), "%Y-%m-%dT%H:%M:%SZ", &parts)};
-}
-
-}  // namespace
-
 std::string ToText(const StoredRecord& record) {
     constexpr std::size_t kIdWidth = 8;
     constexpr std::size_t kNumberWidth = 16;

@@ -43,7 +43,26 @@ CREATE INDEX records_title ON records (title_key);
 CREATE INDEX records_workform ON records (workform) WHERE workform IS NOT NULL;
 )";
 
-constexpr std::array<const char*, 2> kSteps{kWorkforms, kRecords};
+// What records were before they were changed, the oldest first. Changes that were made together
+// have one number. The columns from control_number on are those of the record.
+constexpr const char* kHistory = R"(
+CREATE TABLE record_history (
+    id             INTEGER PRIMARY KEY AUTOINCREMENT,
+    record         INTEGER NOT NULL REFERENCES records (id) ON DELETE CASCADE,
+    edit           INTEGER NOT NULL,
+    change         TEXT NOT NULL,
+    replaced       INTEGER NOT NULL,
+    control_number TEXT NOT NULL,
+    title          TEXT NOT NULL,
+    title_key      TEXT NOT NULL,
+    type           TEXT NOT NULL,
+    bytes          BLOB NOT NULL
+) STRICT;
+CREATE INDEX record_history_record ON record_history (record);
+CREATE INDEX record_history_edit ON record_history (edit);
+)";
+
+constexpr std::array<const char*, 3> kSteps{kWorkforms, kRecords, kHistory};
 
 }  // namespace
 

@@ -41,6 +41,20 @@ inline bool IsCombining(char32_t codePoint) {
     return utf8proc_get_property(static_cast<utf8proc_int32_t>(codePoint))->combining_class != 0;
 }
 
+// Whether a byte is part of a character and not the first of it.
+inline bool IsContinuation(char byte) {
+    constexpr unsigned kMask = 0xC0;
+    constexpr unsigned kContinuation = 0x80;
+    return (static_cast<unsigned char>(byte) & kMask) == kContinuation;
+}
+
+// The bytes of the last character of a text that is not empty.
+inline std::string_view LastCharacter(std::string_view text) {
+    std::size_t start = text.size() - 1;
+    while (start > 0 && IsContinuation(text[start])) --start;
+    return text.substr(start);
+}
+
 // The text in a normal form. A text that is not UTF-8 stays as it is.
 std::string Normalized(std::string_view text, NormalForm form);
 

@@ -81,7 +81,7 @@ TEST(Database, AStepThatFailsLeavesTheOldForm) {
 
 TEST(Database, LeavesAloneWhatIsNotItsOwn) {
     const TemporaryFolder folder;
-    const std::array<const char*, 3> newer{"", "", "CREATE TABLE future (a)"};
+    const std::array<const char*, 4> newer{"", "", "", "CREATE TABLE future (a)"};
     { const Database made(folder.Path("newer.db"), newer); }
     {
         const Database made(folder.Path("other.db"), newer);
@@ -90,7 +90,7 @@ TEST(Database, LeavesAloneWhatIsNotItsOwn) {
     folder.Write("text.db", "These are no pages of a database, whatever the name may say. " +
                                 std::string(2000, '.'));
     const std::vector<std::pair<std::string, std::string>> cases{
-        {"newer.db", "was written by a newer quillory (form 3; this one knows up to 2)"},
+        {"newer.db", "was written by a newer quillory (form 4; this one knows up to 3)"},
         {"other.db", "is a database, but not a store of quillory"},
         {"text.db", "is not a database"},
     };
