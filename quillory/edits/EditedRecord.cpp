@@ -98,6 +98,7 @@ void EditedRecord::SetTag(std::size_t index, std::string_view tag) {
     const std::string before = WrittenField(PlaceOf(index), ContentOf(index));
     Note(PlaceOf(index), before, std::nullopt);
     std::ranges::copy(tag, fields_[index].tag.begin());
+    fields_[index].isRenamed = true;
     Note(PlaceOf(index), std::nullopt, before);
 }
 

@@ -49,6 +49,10 @@ public:
     std::string_view ContentOf(std::size_t index);
     bool IsControl(std::size_t index) const;
     Place PlaceOf(std::size_t index) const;
+    // Whether the field is new, or has another tag or content than it came with.
+    bool IsTouched(std::size_t index) const {
+        return fields_[index].isChanged || fields_[index].isRenamed;
+    }
 
     void SetLeader(std::string leader);
     void SetTag(std::size_t index, std::string_view tag);
@@ -81,7 +85,8 @@ private:
         std::string_view given;    // in the record's character set; no data for a new field
         std::string_view content;  // in UTF-8
         bool isRead = false;       // `content` is set
-        bool isChanged = false;
+        bool isChanged = false;    // in its content
+        bool isRenamed = false;
     };
 
     static std::string_view TagOf(const Field& field) { return {field.tag.data(), kTagSize}; }

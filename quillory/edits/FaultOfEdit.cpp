@@ -4,6 +4,7 @@
 #include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
+#include <span>
 
 namespace quillory {
 namespace {
@@ -22,55 +23,48 @@ std::size_t SizeOf(const Record& record) {
     return size;
 }
 
+// What no form could hold of a field that an edit has touched.
+FaultCode FaultOf(const CommFormatField& field) {
+    if (field.IsControlField() && field.content.find(zorby::kDelimiter) != field.content.npos) {
+        return FaultCode::kSubfieldsInControlField;
+    }
+    if (field.IsDataField() && ShapeOf(field) == kBrokenShape) {
+        return FaultCode::kNotMadeOfSubfields;
+    }
+    const auto fault = FaultOf(Record{{}, {field}, {}});
+    return fault ? fault->code : FaultCode::kNone;
+}
+
 bool IsTooLong(const CommFormatField& field) {
     return SizeOf(field) > zorby::kLongestField;
 }
 
-bool HasSubfieldsAmiss(const CommFormatField& field) {
-    return field.IsControlField() && field.content.find(zorby::kDelimiter) != field.content.npos;
-}
-
-bool IsBroken(const CommFormatField& field) {
-    return field.IsDataField() && ShapeOf(field) == kBrokenShape;
-}
-
-Place PlaceOf(const Record& record, const CommFormatField& field) {
-    const auto index = static_cast<std::size_t>(&field - record.fields.data());
-    return PlaceAfter(std::span(record.fields).first(index), field.tag);
-}
-
-// The last field of the edited record that is so, if the record has more such fields than before.
-template <class IsSo>
-const CommFormatField* NewOne(const Record& given, const Record& edited, IsSo isSo) {
-    const auto count = std::ranges::count_if(edited.fields, isSo);
-    if (count == 0 || count <= std::ranges::count_if(given.fields, isSo)) return nullptr;
-    return &*std::find_if(edited.fields.rbegin(), edited.fields.rend(), isSo);
-}
-
-std::optional<Fault> FaultOfLength(const Record& given, const Record& edited) {
-    if (const auto* field = NewOne(given, edited, IsTooLong)) {
-        return Fault{FaultCode::kFieldTooLong, PlaceOf(edited, *field),
-                     std::to_string(SizeOf(*field))};
-    }
-    const std::size_t size = SizeOf(edited);
-    if (size <= zorby::kLongestRecord || SizeOf(given) > zorby::kLongestRecord) return {};
-    const auto& longest = *std::ranges::max_element(
-        edited.fields, {}, [](const CommFormatField& field) { return SizeOf(field); });
-    return Fault{FaultCode::kRecordTooLong, PlaceOf(edited, longest), std::to_string(size)};
+Fault TooLong(const Record& record, std::size_t size) {
+    const auto longest = std::ranges::max_element(
+        record.fields, {}, [](const CommFormatField& field) { return SizeOf(field); });
+    const auto before =
+        std::span(record.fields).first(static_cast<std::size_t>(longest - record.fields.begin()));
+    return {FaultCode::kRecordTooLong, PlaceAfter(before, longest->tag), std::to_string(size)};
 }
 
 }  // namespace
 
-std::optional<Fault> FaultOfEdit(const Record& given, const Record& edited, bool isIso2709) {
-    if (edited.fields.empty()) return Fault{FaultCode::kNothingToWrite};
-    if (const auto* field = NewOne(given, edited, HasSubfieldsAmiss)) {
-        return Fault{FaultCode::kSubfieldsInControlField, PlaceOf(edited, *field)};
+std::optional<Fault> FaultOfEdit(const EditedRecord& edited, const Record& record, bool isIso2709) {
+    if (record.fields.empty()) return Fault{FaultCode::kNothingToWrite};
+    for (std::size_t i = 0; i < record.fields.size(); ++i) {
+        if (!edited.IsTouched(i)) continue;
+        const CommFormatField& field = record.fields[i];
+        const FaultCode code = FaultOf(field);
+        if (code != FaultCode::kNone) return Fault{code, edited.PlaceOf(i)};
+        if (isIso2709 && IsTooLong(field)) {
+            return Fault{FaultCode::kFieldTooLong, edited.PlaceOf(i),
+                         std::to_string(SizeOf(field))};
+        }
     }
-    if (const auto* field = NewOne(given, edited, IsBroken)) {
-        return Fault{FaultCode::kNotMadeOfSubfields, PlaceOf(edited, *field)};
-    }
-    if (auto fault = FaultOf(edited); fault && !FaultOf(given)) return Fault(*fault);
-    return isIso2709 ? FaultOfLength(given, edited) : std::nullopt;
+    const std::size_t size = SizeOf(record);
+    const bool isTooLong = isIso2709 && size > zorby::kLongestRecord &&
+                           SizeOf(edited.Given()) <= zorby::kLongestRecord;
+    return isTooLong ? std::optional(TooLong(record, size)) : std::nullopt;
 }
 
 }  // namespace quillory

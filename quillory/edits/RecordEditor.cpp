@@ -50,7 +50,7 @@ std::optional<Fault> RecordEditor::PutInto(Record& record, Losses& losses) {
     Record edited;
     Losses ofEdit;
     record_.Give(edited, ofEdit);
-    if (auto fault = FaultOfEdit(record, edited, options_.isIso2709)) return fault;
+    if (auto fault = FaultOfEdit(record_, edited, options_.isIso2709)) return fault;
     losses.Add(ofEdit);
     if (options_.keepsLines) KeepLines(record);
     record = std::move(edited);
@@ -64,9 +64,11 @@ void RecordEditor::KeepLines(const Record& given) {
 
 const Edit& RecordEditor::Carry(Record& record, Losses& losses) {
     edit_ = {};
+    const bool isLatin1 = options_.record.charset == kCharsetLatin1;
+    if (task_.where && !isLatin1 && !task_.where(record)) return edit_;
     record_.Begin(record);
     try {
-        if (!Holds(task_.where)) return edit_;
+        if (isLatin1 && !Holds(task_.where)) return edit_;
         for (const EditStep& step : task_.steps) Run(step);
         if (!record_.IsChanged()) return edit_;
         edit_.refused = PutInto(record, losses);

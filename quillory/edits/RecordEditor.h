@@ -67,7 +67,8 @@ private:
 // The leader and the fields of a record as lines of the line form, in UTF-8.
 std::vector<std::string> LinesInUtf8(const Record& record, EditedRecord::Options options = {});
 
-// Why a record that was edited could not be read again, though it could before; nothing if it can.
-std::optional<Fault> FaultOfEdit(const Record& given, const Record& edited, bool isIso2709);
+// Why the record that an edited one has become could not be read again; nothing if it can. Only
+// what edits have touched is looked at.
+std::optional<Fault> FaultOfEdit(const EditedRecord& edited, const Record& record, bool isIso2709);
 
 }  // namespace quillory
