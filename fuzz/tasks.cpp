@@ -16,7 +16,8 @@ using zorby::fuzz::Expect;
 
 RecordCondition ConditionOf(const std::string& text) {
     auto reading = std::make_shared<QueryReading>(ParseQuery(text));
-    if (!reading->query) throw UsageError(reading->fault);
+    const Fault& fault = reading->fault;
+    if (!reading->query) throw UsageError(fault);
     reading->query->SetValidity([](const Record&) { return true; });
     return [reading](const Record& record) { return reading->query->Matches(record); };
 }

@@ -26,9 +26,14 @@ constexpr const char* kDetails =
     "--dry-run with changes to be made; 2 for wrong usage, or a file that can't be read or "
     "written.";
 
+// The file of the task is read, too.
 void CheckOutputs(const EditCommand& command) {
     const OutputOptions& output = command.files.output;
-    CheckNotAnInput(command.files.input.files, command.report);
+    std::vector<std::string> inputs = command.files.input.files;
+    if (!command.choice.task.empty()) inputs.push_back(command.choice.task);
+    for (const std::string& path : {output.output, output.rejects, command.report}) {
+        CheckNotAnInput(inputs, path);
+    }
     CheckNotTheSame(command.report, output.output, "the records and the report");
     CheckNotTheSame(command.report, output.rejects, "the rejects and the report");
 }

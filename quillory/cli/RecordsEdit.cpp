@@ -4,6 +4,7 @@
 #include <quillory/cli/ScreenArguments.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/EditStore.h>
+#include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/StoredItems.h>
 #include <quillory/reports/EditMessages.h>
 #include <quillory/reports/HistoryText.h>
@@ -30,6 +31,7 @@ constexpr const char* kDetails =
 
 Status RunEdit(const EditCommand& command) {
     CheckNotTheStore(command.report);
+    if (!command.choice.task.empty()) CheckNotAnInput({command.choice.task}, command.report);
     EditWork work;
     EditTask task = work.TaskOf(command.choice);
     TerminalPort terminal;

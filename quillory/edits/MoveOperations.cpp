@@ -113,6 +113,7 @@ public:
         for (const PlacePattern& pattern : places_.patterns) {
             const auto fields = FieldsOf(record, pattern, isMeant);
             std::vector<std::string> contents;
+            contents.reserve(fields.size());
             for (const std::size_t index : fields) contents.emplace_back(record.ContentOf(index));
             if (isMove_) RemoveFields(record, fields);
             for (std::string& content : contents) {

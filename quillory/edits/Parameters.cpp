@@ -31,7 +31,8 @@ std::string Parameters::FieldText(std::string_view name) const {
 
 PlaceSet Parameters::Places(std::string_view name) const {
     const PlaceSetReading reading = ParsePlaceSet(Text(name));
-    if (reading.fault) throw ParameterError(name, reading.fault);
+    const Fault& fault = reading.fault;
+    if (fault) throw ParameterError(name, fault);
     return reading.places;
 }
 

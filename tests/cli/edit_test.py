@@ -129,6 +129,18 @@ class Edit(Cli):
                 self.assertEqual((status, out), (2, b""))
                 self.assertIn(text, err)
 
+    def test_the_task_is_not_overwritten(self):
+        text = b"[[edit]]\ndo = 'trim'\nplace = '245'\n"
+        task, source = self.path("task.toml", text), self.sample()
+        for command, option in (("edit", "--output"), ("edit", "--rejects"), ("edit", "--report"),
+                                ("records edit", "--report")):
+            with self.subTest(command=command, option=option):
+                files = [source] if command == "edit" else []
+                status, _, err = run(*command.split(), task, *files, option, task)
+                self.assertEqual(status, 2, err)
+                self.assertIn("is an input", err)
+                self.assertEqual(task.read_bytes(), text)
+
     def test_the_store_keeps_what_was(self):
         source = self.sample()
         run("records", "add", source)

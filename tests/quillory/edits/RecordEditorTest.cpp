@@ -162,10 +162,11 @@ TEST_F(RecordEditorTest, WhateverIsEditedCanBeReadAgain) {
         ParameterTexts texts;
         for (const ParameterRow& parameter : row.parameters) {
             const bool isText = parameter.kind == ParameterKind::Text;
-            if (!isText || parameter.isRequired) texts[std::string(parameter.name)] = pick(kTexts);
-            if (parameter.kind == ParameterKind::Choice)
-                texts[std::string(parameter.name)] = ChoicesOf(parameter).back();
-            if (parameter.kind == ParameterKind::Flag) texts[std::string(parameter.name)] = "true";
+            if (isText && !parameter.isRequired) continue;
+            std::string& text = texts[std::string(parameter.name)];
+            text = pick(kTexts);
+            if (parameter.kind == ParameterKind::Choice) text = ChoicesOf(parameter).back();
+            if (parameter.kind == ParameterKind::Flag) text = "true";
         }
         texts["place"] = texts["places"] = pick(kPlaces);
         texts["as"] = row.name == "case" ? "title" : pick(kPlaces);
