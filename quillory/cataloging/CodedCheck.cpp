@@ -58,7 +58,7 @@ Fault FaultIn(const DecodedField& field, const Place& place) {
         }
     }
     for (const DecodedElement& element : field.elements) {
-        const Fault fault = FaultOf(element);
+        Fault fault = FaultOf(element);
         if (fault && Covers(place, fault.place)) return fault;
     }
     return {};
@@ -94,7 +94,7 @@ Fault FaultOfField(const Record& record, const Entry& entry, const Decoder& deco
                                  ? field.content == entry.text
                                  : count == std::max(entry.place.occurrence, 1U);
         if (!isMeant) continue;
-        const Fault fault = FaultIn(Decoded(field, entry.Tag(), record, decoder), entry.place);
+        Fault fault = FaultIn(Decoded(field, entry.Tag(), record, decoder), entry.place);
         if (fault) return fault;
     }
     return {};
@@ -102,7 +102,7 @@ Fault FaultOfField(const Record& record, const Entry& entry, const Decoder& deco
 
 Fault FaultOfEntry(const Record& record, const Entry& entry, const Decoder& decoder) {
     if (!entry.place.IsLeader()) return FaultOfField(record, entry, decoder);
-    const Fault fault = FaultIn(decoder.Leader(record.leader), entry.place);
+    Fault fault = FaultIn(decoder.Leader(record.leader), entry.place);
     return fault ? fault : FaultOf008UnderLeader(record, entry, decoder);
 }
 

@@ -106,7 +106,7 @@ void ReadWrittenField(std::string_view text, Entry& entry) {
 Entry ReadEntry(std::string_view place, std::string_view text) {
     const auto named = std::ranges::find(kNamed, place, &NamedPositions::name);
     if (named == kNamed.end()) return MakeEntry(PlaceFrom(place), text);
-    const auto width = static_cast<std::size_t>(named->last - named->first + 1);
+    const auto width = static_cast<std::size_t>(named->last - named->first) + 1;
     std::string code(text);
     code.resize(std::max(code.size(), width), ' ');
     return MakeEntry(Place::OfField("008").Positions(named->first, named->last), code);
