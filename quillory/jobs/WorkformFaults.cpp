@@ -80,12 +80,12 @@ Fault FaultOfControlFields(const std::string& block) {
     zorby::CArchive archive(stream, zorby::CArchive::load);
     zorby::CTemplate workform;
     workform.Serialize(archive);
-    for (const auto& [place, content] : ControlFieldsOf(workform)) {
-        const auto bad =
-            std::ranges::find_if_not(content, [&place](char c) { return IsAllowed(c, place); });
-        if (bad == content.end()) continue;
-        const int position = static_cast<int>(bad - content.begin());
-        return {FaultCode::kOddByte, place.Positions(position, position),
+    for (const ControlFieldText& field : ControlFieldsOf(workform)) {
+        const auto bad = std::ranges::find_if_not(
+            field.content, [&field](char c) { return IsAllowed(c, field.place); });
+        if (bad == field.content.end()) continue;
+        const int position = static_cast<int>(bad - field.content.begin());
+        return {FaultCode::kOddByte, field.place.Positions(position, position),
                 QmToUtf8(workform.GetName()), Hexadecimal(*bad)};
     }
     return {};
