@@ -32,8 +32,10 @@ struct CatalogueItem {
 std::vector<std::string> RandomKeys(std::size_t count, unsigned most) {
     std::mt19937 random(1);
     std::vector<std::string> keys;
-    for (std::size_t i = 0; i < count; ++i)
+    keys.reserve(count);
+    for (std::size_t i = 0; i < count; ++i) {
         keys.push_back("title " + std::to_string(random() % most));
+    }
     return keys;
 }
 

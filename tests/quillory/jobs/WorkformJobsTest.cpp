@@ -96,8 +96,8 @@ TEST_F(WorkformJobs, DefaultTextsFindTheirPlaces) {
         workform.AddDefaultData('b', "");
         workform.AddDefaultData(650, '_', '0', 'a', "A");
         workform.AddDefaultData(650, '_', '1', 'a', "B");
-        const std::string error =
-            ErrorOf([&] { SetDefaultText(ReadEntry(set.first, set.second), workform); });
+        const Entry entry = ReadEntry(set.first, set.second);
+        const std::string error = ErrorOf([&] { SetDefaultText(entry, workform); });
         EXPECT_EQ(error.empty() ? TextsOf(workform) : error, expected) << set.first;
     }
 }
@@ -182,7 +182,8 @@ TEST_F(WorkformJobs, AFileThatIsDamagedAddsNothing) {
     for (const auto& [bytes, reason] : cases) {
         const std::string path = File("damaged.ttm", bytes);
         const std::string error = ErrorOf([&] { Import(path); });
-        EXPECT_TRUE(error.starts_with(path + ": " + reason)) << error << "\nand not " << reason;
+        const std::string named = error.substr(std::min(error.size(), path.size() + 2));
+        EXPECT_TRUE(named.starts_with(reason)) << error << "\nand not " << reason;
         EXPECT_EQ(Users(), "") << reason;
     }
     Import(File("orphan.ttm", with(kBook, "Boot (not atlas or songbook)")));

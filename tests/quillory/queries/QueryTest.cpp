@@ -13,8 +13,7 @@ const Lines kBook{"LDR00000nam a2200000 a 4500",
                   "001bk1",
                   "00520240531120000.0",
                   "008990102s1999    nyua          001 0 eng d",
-                  "1001 $aDe\xCC\x81sire\xCC\x81"
-                  "e, Anna",
+                  "1001 $aDe\xCC\x81sire\xCC\x81\x65, Anna",
                   "24510$aRivers of \xC3\x89urope :$ba survey /$cA. D. ",
                   "264 1$aNew York,$c[199-?], c1999.",
                   "300  $a304 p. :$c23.5 cm",
@@ -25,8 +24,7 @@ const Lines kMap{"LDR00000cem  2200000 a 4500",
                  "001mp1",
                  "007aj canzn",
                  "008240601m19uu2004fr        a  0      fre d",
-                 "24500$aCarte de l'\xE2"
-                 "etranger",
+                 "24500$aCarte de l'\xE2\x65tranger",
                  "500  $a100% \x1B(3ABG\x1B(B end"};
 
 std::string Matching(const std::string& expression, bool exact = false) {

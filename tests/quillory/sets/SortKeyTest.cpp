@@ -34,9 +34,11 @@ std::string By(const std::string& places, const std::vector<Lines>& records, boo
 
 std::vector<Lines> Titles(const std::vector<std::string>& fields) {
     std::vector<Lines> records;
+    records.reserve(fields.size());
     char id = 'a';
-    for (const std::string& field : fields)
+    for (const std::string& field : fields) {
         records.push_back({"001" + std::string(1, id++), field});
+    }
     return records;
 }
 
