@@ -15,7 +15,7 @@ TEST_F(HoldingsSystemTest, TheDictionaryHasWhatTheTableNames) {
         for (int i = 0; i < type->GetSize(); ++i) {
             const zorby::CInfoAboutHoldingsField& info = *type->GetAt(i);
             EXPECT_TRUE(row.Has(info.GetHoldingsID())) << info.GetName();
-            const auto place = static_cast<int>(info.GetSubfield());
+            const int place = static_cast<unsigned char>(info.GetSubfield());
             if (place >= ' ') continue;
             ASSERT_NE(row.composite, nullptr) << info.GetName();
             EXPECT_NE(row.composite->lead(place), "") << info.GetName();
