@@ -7,9 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <benchmarks/CatalogueRecord.h>
-#include <filesystem>
-#include <fstream>
+#include <benchmarks/RecordFile.h>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,24 +16,6 @@ namespace quillory::bench {
 namespace {
 
 constexpr std::size_t kRecords = 10000;
-
-class RecordFile {
-public:
-    RecordFile() : path_(std::filesystem::temp_directory_path() / "quillory_edit_bench.mrc") {
-        std::string record;
-        zorby::bench::BuildCatalogueRecord().ConvertToUSMARCCommFormat(record);
-        std::ofstream file(path_, std::ios::binary);
-        for (std::size_t i = 0; i < kRecords; ++i) file << record;
-    }
-    ~RecordFile() { std::filesystem::remove(path_); }
-    RecordFile(const RecordFile&) = delete;
-    RecordFile& operator=(const RecordFile&) = delete;
-
-    std::string Path() const { return path_.string(); }
-
-private:
-    std::filesystem::path path_;
-};
 
 // Puts a word at the end of the title, where the condition holds.
 EditTask TaskFor(const char* condition) {
@@ -55,7 +35,7 @@ EditTask TaskFor(const char* condition) {
 // Records from a file to nowhere, as both commands carry them. Without a condition nothing is
 // edited.
 void Carry(benchmark::State& state, const char* condition) {
-    const RecordFile file;
+    const RecordFile file(kRecords);
     std::optional<RecordEditor> editor;
     if (condition != nullptr) editor.emplace(TaskFor(condition), EditorOptions{{}, true, false});
     std::size_t changes = 0;

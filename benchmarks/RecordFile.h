@@ -7,13 +7,18 @@
 
 namespace quillory::bench {
 
-// A file of records that goes when the benchmark ends.
+// A catalogue's record in ISO 2709.
+inline std::string CatalogueBytes() {
+    std::string record;
+    zorby::bench::BuildCatalogueRecord().ConvertToUSMARCCommFormat(record);
+    return record;
+}
+
+// A file of equal records that goes when the benchmark ends.
 class RecordFile {
 public:
-    explicit RecordFile(std::size_t records)
+    explicit RecordFile(std::size_t records, const std::string& record = CatalogueBytes())
         : path_(std::filesystem::temp_directory_path() / "quillory_bench.mrc") {
-        std::string record;
-        zorby::bench::BuildCatalogueRecord().ConvertToUSMARCCommFormat(record);
         std::ofstream file(path_, std::ios::binary);
         for (std::size_t i = 0; i < records; ++i) file << record;
     }

@@ -6,9 +6,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include <benchmarks/CatalogueRecord.h>
-#include <filesystem>
-#include <fstream>
+#include <benchmarks/RecordFile.h>
 #include <optional>
 #include <string>
 
@@ -27,29 +25,9 @@ std::string WithFaults(std::string record) {
     return record;
 }
 
-class RecordFile {
-public:
-    explicit RecordFile(bool withFaults)
-        : path_(std::filesystem::temp_directory_path() / "quillory_repair_bench.mrc") {
-        std::string record;
-        zorby::bench::BuildCatalogueRecord().ConvertToUSMARCCommFormat(record);
-        if (withFaults) record = WithFaults(record);
-        std::ofstream file(path_, std::ios::binary);
-        for (std::size_t i = 0; i < kRecords; ++i) file << record;
-    }
-    ~RecordFile() { std::filesystem::remove(path_); }
-    RecordFile(const RecordFile&) = delete;
-    RecordFile& operator=(const RecordFile&) = delete;
-
-    std::string Path() const { return path_.string(); }
-
-private:
-    std::filesystem::path path_;
-};
-
 // Records from a file to nowhere, as both commands carry them.
 void Carry(benchmark::State& state, bool withFaults, bool isRepaired) {
-    const RecordFile file(withFaults);
+    const RecordFile file(kRecords, withFaults ? WithFaults(CatalogueBytes()) : CatalogueBytes());
     zorby::CTemplateList::InitializeTemplateList(DATA_FOLDER "/");
     const CodeLists lists{CodeStatus(DATA_FOLDER "/marc21-codes.tsv")};
     RecordRepairer repairer(lists, {});

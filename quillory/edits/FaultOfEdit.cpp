@@ -1,4 +1,5 @@
 #include <quillory/edits/RecordEditor.h>
+#include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/RecordCheck.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/faults/FaultCode.h>
@@ -10,18 +11,6 @@ namespace quillory {
 namespace {
 
 using zorby::CommFormatField;
-
-std::size_t SizeOf(const CommFormatField& field) {
-    return field.content.size() + 1;
-}
-
-std::size_t SizeOf(const Record& record) {
-    std::size_t size = zorby::kLeaderSize + 2;
-    for (const CommFormatField& field : record.fields) {
-        size += zorby::kDirectoryEntrySize + SizeOf(field);
-    }
-    return size;
-}
 
 // What no form could hold of a field that an edit has touched.
 FaultCode FaultOf(const CommFormatField& field) {
@@ -36,12 +25,12 @@ FaultCode FaultOf(const CommFormatField& field) {
 }
 
 bool IsTooLong(const CommFormatField& field) {
-    return SizeOf(field) > zorby::kLongestField;
+    return CommFormatSize(field) > zorby::kLongestField;
 }
 
 Fault TooLong(const Record& record, std::size_t size) {
     const auto longest = std::ranges::max_element(
-        record.fields, {}, [](const CommFormatField& field) { return SizeOf(field); });
+        record.fields, {}, [](const CommFormatField& field) { return CommFormatSize(field); });
     const auto before =
         std::span(record.fields).first(static_cast<std::size_t>(longest - record.fields.begin()));
     return {FaultCode::kRecordTooLong, PlaceAfter(before, longest->tag), std::to_string(size)};
@@ -58,12 +47,12 @@ std::optional<Fault> FaultOfEdit(const EditedRecord& edited, const Record& recor
         if (code != FaultCode::kNone) return Fault{code, edited.PlaceOf(i)};
         if (isIso2709 && IsTooLong(field)) {
             return Fault{FaultCode::kFieldTooLong, edited.PlaceOf(i),
-                         std::to_string(SizeOf(field))};
+                         std::to_string(CommFormatSize(field))};
         }
     }
-    const std::size_t size = SizeOf(record);
+    const std::size_t size = CommFormatSize(record);
     const bool isTooLong = isIso2709 && size > zorby::kLongestRecord &&
-                           SizeOf(edited.Given()) <= zorby::kLongestRecord;
+                           CommFormatSize(edited.Given()) <= zorby::kLongestRecord;
     return isTooLong ? std::optional(TooLong(record, size)) : std::nullopt;
 }
 

@@ -8,18 +8,6 @@ namespace {
 
 using zorby::CommFormatField;
 
-std::size_t SizeOf(const CommFormatField& field) {
-    return field.content.size() + 1;
-}
-
-std::size_t SizeOf(const Record& record) {
-    std::size_t size = zorby::kLeaderSize + 2;
-    for (const CommFormatField& field : record.fields) {
-        size += zorby::kDirectoryEntrySize + SizeOf(field);
-    }
-    return size;
-}
-
 // `field` is its index, `size` of the field or of the whole record.
 Fault FaultOf(FaultCode code, const Record& record, std::size_t field, std::size_t size) {
     const std::span fields = record.fields;
@@ -34,16 +22,28 @@ std::size_t LargestField(const Record& record) {
 
 }  // namespace
 
+std::size_t CommFormatSize(const CommFormatField& field) {
+    return field.content.size() + 1;
+}
+
+std::size_t CommFormatSize(const Record& record) {
+    std::size_t size = zorby::kLeaderSize + 2;
+    for (const CommFormatField& field : record.fields) {
+        size += zorby::kDirectoryEntrySize + CommFormatSize(field);
+    }
+    return size;
+}
+
 // Why a record can't be written as it is.
 WriteResult MarcAssembler::Refuse(const Record& record) const {
     if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
     if (oversize_ == kOversizeCut) return {};
     const std::size_t largest = LargestField(record);
-    const std::size_t size = SizeOf(record.fields[largest]);
+    const std::size_t size = CommFormatSize(record.fields[largest]);
     if (size > zorby::kLongestField) {
         return NotWritten(FaultOf(FaultCode::kFieldTooLong, record, largest, size));
     }
-    const std::size_t whole = SizeOf(record);
+    const std::size_t whole = CommFormatSize(record);
     if (whole <= zorby::kLongestRecord) return {};
     return NotWritten(FaultOf(FaultCode::kRecordTooLong, record, largest, whole));
 }
@@ -56,7 +56,7 @@ WriteResult MarcAssembler::AssembleFields(const Record& record) {
     result.leaderMended = leader.data() == leader_.data();
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
         const CommFormatField& field = record.fields[i];
-        const std::size_t size = SizeOf(field);
+        const std::size_t size = CommFormatSize(field);
         if (!writer_.AddField(field.tag, field.content)) {
             result.faults.push_back(FaultOf(FaultCode::kFieldLeftOut, record, i, size));
         } else if (size > zorby::kLongestField) {

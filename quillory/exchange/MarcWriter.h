@@ -7,6 +7,11 @@
 
 namespace quillory {
 
+// The bytes that a field, with its end but without its directory entry, or a whole record takes in
+// ISO 2709.
+std::size_t CommFormatSize(const zorby::CommFormatField& field);
+std::size_t CommFormatSize(const Record& record);
+
 // Puts records into ISO 2709. A record that comes in this form keeps its bytes, except its leader:
 // bytes 10-11 become "22" and bytes 20-23 "4500", which is how the record is made.
 class MarcAssembler {
