@@ -1,6 +1,7 @@
 #include <quillory/exchange/Subfields.h>
 #include <quillory/queries/Values.h>
 #include <quillory/sets/RecordDifference.h>
+#include <quillory/text/CommonSequence.h>
 
 #include <algorithm>
 #include <array>
@@ -56,43 +57,6 @@ bool LeaveOut(const PlacePattern& pattern, std::string& content) {
     return true;
 }
 
-// Which fields of the one stand in the other, too, in one order, and as many as possible. The table
-// has, for each pair of places, how many do from there on.
-class CommonFields {
-public:
-    CommonFields(Fields before, Fields after)
-        : before_(before), after_(after), table_((before.size() + 1) * (after.size() + 1)) {
-        for (std::size_t i = before.size(); i-- > 0;) {
-            for (std::size_t k = after.size(); k-- > 0;) {
-                At(i, k) = before[i] == after[k] ? At(i + 1, k + 1) + 1
-                                                 : std::max(At(i + 1, k), At(i, k + 1));
-            }
-        }
-    }
-    // Calls `common(i, k)` for each.
-    template <class Common>
-    void ForEach(Common&& common) {
-        std::size_t i = 0;
-        std::size_t k = 0;
-        while (i < before_.size() && k < after_.size()) {
-            if (before_[i] == after_[k]) {
-                common(i++, k++);
-            } else if (At(i + 1, k) >= At(i, k + 1)) {
-                ++i;
-            } else {
-                ++k;
-            }
-        }
-    }
-
-private:
-    std::uint32_t& At(std::size_t i, std::size_t k) { return table_[i * (after_.size() + 1) + k]; }
-
-    Fields before_;
-    Fields after_;
-    std::vector<std::uint32_t> table_;
-};
-
 // Fields between those that stand in both: each against the next one of its tag.
 void AddChanges(Fields before, Fields after, std::vector<FieldChange>& changes) {
     std::map<std::string_view, std::deque<std::size_t>> waiting;  // of the second, by tag
@@ -111,20 +75,6 @@ void AddChanges(Fields before, Fields after, std::vector<FieldChange>& changes) 
         if (left.empty() || k < left.front()) continue;
         changes.push_back({after[k].tag, {}, after[k].content, false, true});
     }
-}
-
-std::size_t CommonFront(Fields before, Fields after) {
-    const auto [differs, other] = std::ranges::mismatch(before, after);
-    return static_cast<std::size_t>(differs - before.begin());
-}
-
-std::size_t CommonBack(Fields before, Fields after) {
-    std::size_t size = 0;
-    while (size < std::min(before.size(), after.size()) &&
-           before[before.size() - size - 1] == after[after.size() - size - 1]) {
-        ++size;
-    }
-    return size;
 }
 
 }  // namespace
@@ -155,29 +105,19 @@ void ComparableRecord::Set(const Record& record) {
 
 std::vector<FieldChange> Differences(const ComparableRecord& before,
                                      const ComparableRecord& after) {
-    // So much work that records with more fields than ISO 2709 can hold are compared as a whole.
-    constexpr std::size_t kLargestTable = std::size_t{16} << 20;
-    Fields one = before.Fields();
-    Fields other = after.Fields();
-    const std::size_t front = CommonFront(one, other);
-    one = one.subspan(front);
-    other = other.subspan(front);
-    const std::size_t back = CommonBack(one, other);
-    one = one.first(one.size() - back);
-    other = other.first(other.size() - back);
+    const Fields one = before.Fields();
+    const Fields other = after.Fields();
     std::vector<FieldChange> changes;
-    if ((one.size() + 1) * (other.size() + 1) <= kLargestTable) {
-        std::size_t i = 0;
-        std::size_t k = 0;
-        CommonFields(one, other).ForEach([&](std::size_t sameI, std::size_t sameK) {
+    std::size_t i = 0;
+    std::size_t k = 0;
+    ForEachCommon<Field>(one, other, [&](std::size_t sameI, std::size_t sameK) {
+        if (i < sameI || k < sameK) {
             AddChanges(one.subspan(i, sameI - i), other.subspan(k, sameK - k), changes);
-            i = sameI + 1;
-            k = sameK + 1;
-        });
-        one = one.subspan(i);
-        other = other.subspan(k);
-    }
-    AddChanges(one, other, changes);
+        }
+        i = sameI + 1;
+        k = sameK + 1;
+    });
+    AddChanges(one.subspan(i), other.subspan(k), changes);
     return changes;
 }
 
