@@ -2,8 +2,10 @@
 
 #include <zorby/platform/ApplicationPort.h>
 #include <zorby/platform/ClockPort.h>
+#include <zorby/platform/FilePort.h>
 #include <zorby/platform/MessagePort.h>
 #include <zorby/platform/ProfileFilePort.h>
+#include <zorby/platform/QuestionPort.h>
 #include <zorby/platform/WindowPort.h>
 
 namespace zorby {
@@ -25,8 +27,10 @@ private:
 using ApplicationInForce = PortInForce<ApplicationPort, CurrentApplicationPort, SetApplicationPort>;
 using ClockInForce = PortInForce<ClockPort, CurrentClockPort, SetClockPort>;
 using DialogsInForce = PortInForce<DialogPort, CurrentDialogPort, SetDialogPort>;
+using FilesInForce = PortInForce<FilePort, CurrentFilePort, SetFilePort>;
 using MessagesInForce = PortInForce<MessagePort, CurrentMessagePort, SetMessagePort>;
 using ProfileFilesInForce =
     PortInForce<ProfileFilePort, CurrentProfileFilePort, SetProfileFilePort>;
+using QuestionsInForce = PortInForce<QuestionPort, CurrentQuestionPort, SetQuestionPort>;
 
 }  // namespace zorby

@@ -1,3 +1,4 @@
+#include <zorby/platform/detail/Descriptor.h>
 #include <zorby/platform/detail/FileRewrite.h>
 
 #include <array>
@@ -15,28 +16,6 @@
 namespace zorby {
 
 namespace {
-
-// Owns a file descriptor. Closing it doesn't change errno, which may still hold the reason of a
-// failure.
-class Descriptor {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    ~Descriptor() {
-        const int reason = errno;
-        if (number_ >= 0) ::close(number_);
-        errno = reason;
-    }
-
-    int Number() const { return number_; }
-    bool IsOpen() const { return number_ >= 0; }
-    bool Close() { return ::close(std::exchange(number_, -1)) == 0; }
-
-private:
-    int number_;
-};
 
 // A new file beside the one that it will replace. It is deleted unless it does replace that file.
 class Replacement {
