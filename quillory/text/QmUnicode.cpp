@@ -1,4 +1,5 @@
 #include <quillory/text/QmUnicode.h>
+#include <zorby/charset/CodePoint.h>
 #include <zorby/charset/KeyTable.h>
 #include <zorby/charset/PlainRun.h>
 
@@ -7,32 +8,8 @@
 namespace quillory {
 namespace {
 
-// Code points for the codes 0x80 to 0xDD, after the MARC-8 to Unicode mapping of the MARC 21 code
-// tables. The second halves of the two double diacritics have none: the first half stands for both.
-constexpr unsigned kFirstMapped = 0x80;
-constexpr std::array<char32_t, 94> kCodePoints{{
-    // clang-format off
-    0x0141, 0x00D8, 0x0110, 0x00DE, 0x00C6, 0x0152, 0x02B9, 0x00B7,  // 80
-    0x266D, 0x00AE, 0x00B1, 0x01A0, 0x01AF, 0x02BC, 0x02BB, 0x0142,  // 88
-    0x00F8, 0x0111, 0x00FE, 0x00E6, 0x0153, 0x02BA, 0x0131, 0x00A3,  // 90
-    0x00F0, 0x01A1, 0x01B0, 0x00B0, 0x2113, 0x2117, 0x00A9, 0x266F,  // 98
-    0x00BF, 0x00A1, 0x0309, 0x0300, 0x0301, 0x0302, 0x0303, 0x0304,  // A0
-    0x0306, 0x0307, 0x0308, 0x030C, 0x030A, 0x0361, 0,      0x0315,  // A8
-    0x030B, 0x0310, 0x0327, 0x0328, 0x0323, 0x0324, 0x0325, 0x0333,  // B0
-    0x0332, 0x0326, 0x031C, 0x032E, 0x0360, 0,      0x0313, 0x03B1,  // B8
-    0x03B2, 0x03B3, 0x208D, 0x208E, 0x208A, 0x208B, 0x2080, 0x2081,  // C0
-    0x2082, 0x2083, 0x2084, 0x2085, 0x2086, 0x2087, 0x2088, 0x2089,  // C8
-    0x207D, 0x207E, 0x207A, 0x207B, 0x2070, 0x00B9, 0x00B2, 0x00B3,  // D0
-    0x2074, 0x2075, 0x2076, 0x2077, 0x2078, 0x2079,                  // D8
-    // clang-format on
-}};
-
 constexpr unsigned kFirstPrecomposed = 0xDE;
 constexpr unsigned char kHookAbove = 0xA2;  // stands before its letter, as in MARC-8
-constexpr unsigned char kLigatureFirst = 0xAD;
-constexpr unsigned char kLigatureSecond = 0xAE;
-constexpr unsigned char kTildeFirst = 0xBC;
-constexpr unsigned char kTildeSecond = 0xBD;
 
 unsigned char At(std::string_view text, std::size_t at) {
     return at < text.size() ? static_cast<unsigned char>(text[at]) : static_cast<unsigned char>(0);
@@ -43,13 +20,8 @@ bool IsMark(unsigned code) {
 }
 
 bool IsDoubleMark(unsigned char code) {
-    return code == kLigatureFirst || code == kLigatureSecond || code == kTildeFirst ||
-           code == kTildeSecond;
-}
-
-unsigned char SecondHalf(unsigned char firstHalf) {
-    if (firstHalf == kLigatureFirst) return kLigatureSecond;
-    return firstHalf == kTildeFirst ? kTildeSecond : static_cast<unsigned char>(0);
+    constexpr std::string_view kHalves = "\xAD\xAE\xBC\xBD";
+    return kHalves.find(static_cast<char>(code)) != std::string_view::npos;
 }
 
 // The engine moves no diacritic over a change of alphabet: in another alphabet, and just after it,
@@ -66,24 +38,10 @@ bool IsBase(unsigned code) {
     return code >= 0x20 && code != 0x7F && !IsMark(code) && code != kHookAbove;
 }
 
-std::string Utf8OfMapped(unsigned code) {
+std::string Utf8Of(unsigned code) {
     std::string utf8;
-    AppendUtf8(code < kFirstMapped ? code : kCodePoints[code - kFirstMapped], utf8);
+    AppendUtf8(zorby::CodePointOf(static_cast<unsigned char>(code)), utf8);
     return utf8;
-}
-
-unsigned MarkOfMarc8(unsigned char marc) {
-    for (unsigned code = 0xA3; code <= 0xBE; ++code) {
-        if (zorby::KeyRecordOf(static_cast<unsigned char>(code)).marc1 == marc) return code;
-    }
-    return 0;
-}
-
-// Not normalised.
-std::string Utf8OfBase(unsigned code) {
-    if (code < kFirstPrecomposed) return Utf8OfMapped(code);
-    const zorby::KeyRecord& row = zorby::KeyRecordOf(static_cast<unsigned char>(code));
-    return Utf8OfMapped(row.marc1) + Utf8OfMapped(MarkOfMarc8(row.marc2));
 }
 
 }  // namespace
@@ -92,13 +50,13 @@ QmUnicode::QmUnicode(NormalForm form) : single_{}, marked_{}, low_{} {
     for (unsigned base = 0xFF; base >= 0x20; --base) {
         if (!IsBase(base)) continue;
         const auto code = static_cast<unsigned char>(base);
-        const std::string letter = Utf8OfBase(base);
+        const std::string letter = Utf8Of(base);
         AddSequence({code, 0}, letter, single_[base]);
         if (base >= kFirstPrecomposed) continue;
         for (unsigned i = 0; i < kMarks; ++i) {
             const auto mark = static_cast<unsigned char>(kFirstMark + i);
             if (IsDoubleMark(mark)) continue;
-            AddSequence({code, mark}, letter + Utf8OfMapped(mark), marked_[base][i]);
+            AddSequence({code, mark}, letter + Utf8Of(mark), marked_[base][i]);
         }
     }
     if (form == kNormalFormD) {
@@ -107,16 +65,12 @@ QmUnicode::QmUnicode(NormalForm form) : single_{}, marked_{}, low_{} {
             for (Sequence& sequence : row) Decompose(sequence);
         }
     }
-    constexpr std::array<std::pair<char32_t, unsigned char>, 4> kHalfMarks{{
-        {0xFE20, kLigatureFirst},
-        {0xFE21, kLigatureSecond},
-        {0xFE22, kTildeFirst},
-        {0xFE23, kTildeSecond},
-    }};
-    for (const auto& [codePoint, code] : kHalfMarks) high_[codePoint] = {code, 0};
     for (unsigned code = kFirstMark; code < kFirstMark + kMarks; ++code) {
-        const char32_t codePoint = kCodePoints[code - kFirstMapped];
-        if (codePoint != 0) high_[codePoint] = {static_cast<unsigned char>(code), 0};
+        const auto mark = static_cast<unsigned char>(code);
+        high_[zorby::CodePointOf(mark)] = {mark, 0};
+        if (const auto* const known = zorby::DoubleDiacriticOf(mark)) {
+            high_[known->codePoint] = {mark, 0};
+        }
     }
 }
 
@@ -138,15 +92,15 @@ void QmUnicode::AddSequence(Codes codes, const std::string& utf8, Sequence& sequ
 
 // Letters under one double diacritic: letter, first half, letter, second half. Result: codes taken.
 std::size_t QmUnicode::AppendLigature(std::string_view qm, std::string& utf8) const {
-    const unsigned char half = At(qm, 1);
+    const auto* const known = zorby::DoubleDiacriticOf(At(qm, 1));
     const unsigned char second = At(qm, 2);
-    const bool whole = SecondHalf(half) != 0 && IsBase(second) && At(qm, 3) == SecondHalf(half) &&
+    const bool whole = known != nullptr && IsBase(second) && At(qm, 3) == known->secondHalf &&
                        !IsMark(At(qm, 4)) && At(qm, 0) < kFirstPrecomposed &&
                        second < kFirstPrecomposed;
     if (!whole) return 0;
     const Sequence& first = single_[At(qm, 0)];
     utf8.append(first.bytes.data(), first.size);
-    quillory::AppendUtf8(kCodePoints[half - kFirstMapped], utf8);
+    quillory::AppendUtf8(known->codePoint, utf8);
     utf8.append(single_[second].bytes.data(), single_[second].size);
     return 4;
 }
@@ -211,7 +165,8 @@ std::size_t QmUnicode::AppendCodes(std::string_view utf8, std::string& qm) const
     if (mark == nullptr || !IsMark(mark->first) || !bare) return 0;
     qm += static_cast<char>(mark->first);
     taken += next.size;
-    if (next.codePoint != 0x0361 && next.codePoint != 0x0360) return taken;
+    const auto* const known = zorby::DoubleDiacriticAt(next.codePoint);
+    if (known == nullptr) return taken;
 
     const Utf8Char other = DecodeUtf8(utf8.substr(std::min(taken, utf8.size() - 1)));
     const Codes* second = other.valid && taken < utf8.size() ? Find(other.codePoint) : nullptr;
@@ -220,7 +175,7 @@ std::size_t QmUnicode::AppendCodes(std::string_view utf8, std::string& qm) const
         return 0;
     }
     qm += static_cast<char>(second->first);
-    qm += static_cast<char>(SecondHalf(mark->first));
+    qm += static_cast<char>(known->secondHalf);
     return taken + other.size;
 }
 

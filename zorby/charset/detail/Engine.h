@@ -20,6 +20,16 @@ constexpr bool IsDiacritic(unsigned char code) {
     return code >= 0xA3 && code <= 0xBE;
 }
 
+inline constexpr unsigned char kBlankBeforeDiacritic = 0x1F;
+// Stands before its letter, as in MARC-8, and is therefore no diacritic of the `Qm` code.
+inline constexpr unsigned char kHookAbove = 0xA2;
+
+// A code for a character of its own, on which a diacritic can stand.
+constexpr bool CanCarryDiacritic(unsigned char code) {
+    return code >= kBlankBeforeDiacritic && code != 0x7F && code != kHookAbove &&
+           !IsDiacritic(code);
+}
+
 inline constexpr unsigned char kGlyphMissing = 0x7F;
 
 // The only mapping from the `Qm` code to a display code. If `keepControls` is nonzero, carriage
