@@ -79,7 +79,7 @@ std::string Carry(RecordEditor& editor, const std::string& bytes) {
 
 std::optional<EditTask> Read(std::string_view toml) {
     try {
-        return ReadTask(toml, "task", {{Lists}, ConditionOf});
+        return ReadTask(toml, "task", {{Lists, HoldingsSystemNamed}, ConditionOf});
     } catch (const FileError& error) {
         const std::string_view text = error.what();
         Expect(text.starts_with("task:"), "a fault in a task names its place");

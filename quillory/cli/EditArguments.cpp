@@ -4,8 +4,17 @@
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/RecordFilter.h>
 
+#include <algorithm>
+#include <cctype>
+
 namespace quillory {
 namespace {
+
+std::string PositionalName(std::string_view parameter) {
+    std::string name(parameter);
+    std::ranges::transform(name, name.begin(), [](char c) { return std::toupper(c); });
+    return name;
+}
 
 void DeclareParameter(Arguments& command, const ParameterRow& row, EditChoice& choice) {
     const std::string text(row.text);
@@ -15,8 +24,8 @@ void DeclareParameter(Arguments& command, const ParameterRow& row, EditChoice& c
         return;
     }
     std::optional<std::string>& target = choice.texts[row.name];
-    if (row.kind == ParameterKind::Place) {
-        command.Positional("PLACE", target, text).Required();
+    if (row.kind == ParameterKind::Positional) {
+        command.Positional(PositionalName(row.name), target, text).Required();
         return;
     }
     if (row.kind == ParameterKind::Choice) {
@@ -61,8 +70,17 @@ void AddCondition(RecordCondition added, RecordCondition& condition) {
 }
 
 // A parameter as the command line has it.
-std::string ArgumentName(const std::string& parameter) {
-    return parameter == "place" ? "PLACE" : "--" + parameter;
+std::string ArgumentName(const OperationRow& row, const std::string& parameter) {
+    const auto found = std::ranges::find(row.parameters, parameter, &ParameterRow::name);
+    const bool isPositional =
+        found != row.parameters.end() && found->kind == ParameterKind::Positional;
+    return isPositional ? PositionalName(parameter) : "--" + parameter;
+}
+
+HoldingsSystem HoldingsSystemOfFiles(const std::string& name) {
+    LoadSettings();
+    LoadDictionaries();
+    return HoldingsSystemNamed(name);
 }
 
 void DeclareConditions(Arguments& command, EditChoice& choice) {
@@ -104,7 +122,7 @@ const CodeLists& EditWork::Lists() {
 }
 
 EditTask EditWork::TaskOf(const EditChoice& choice) {
-    const TaskTools tools{{[this]() -> const CodeLists& { return Lists(); }},
+    const TaskTools tools{{[this]() -> const CodeLists& { return Lists(); }, HoldingsSystemOfFiles},
                           [&](const std::string& text) {
                               return ConditionOf({text, choice.where.exact}, "");
                           }};
@@ -123,7 +141,7 @@ EditTask EditWork::TaskOf(const EditChoice& choice) {
     try {
         step.work = MakeOperation(*choice.row, ParametersOf(choice), tools.edits);
     } catch (const ParameterError& error) {
-        throw UsageError(ArgumentName(error.Parameter()), error.What());
+        throw UsageError(ArgumentName(*choice.row, error.Parameter()), error.What());
     }
     task.where = ConditionOf(choice.where, "--where");
     step.onlyWhen = ConditionOf({choice.onlyWhen, choice.where.exact}, "--only-when");

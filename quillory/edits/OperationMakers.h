@@ -31,6 +31,9 @@ MadeOperation MakeRemoveDouble(const Parameters& parameters, const EditTools& to
 // Coded fields.
 MadeOperation MakeSet(const Parameters& parameters, const EditTools& tools);
 
+// Copies.
+MadeOperation MakeMoveElement(const Parameters& parameters, const EditTools& tools);
+
 // Checks of places, which throw ParameterError.
 enum class PlaceKind { Field, ControlField, Subfield, Indicator, Positions };
 PlaceKind KindOf(const Place& place);

@@ -9,7 +9,7 @@ namespace {
 using enum ParameterKind;
 
 constexpr ParameterRow PlaceRow(std::string_view text) {
-    return {"place", Place, true, text};
+    return {"place", Positional, true, text};
 }
 
 constexpr ParameterRow AnyPlaceRow(std::string_view text) {
@@ -110,6 +110,14 @@ const std::vector<OperationRow>& Table() {
          {PlaceRow("The positions, such as 008/35-37, 006m/05 or leader/17"),
           {"value", Text, true, "The code, # for a blank"}},
          MakeSet},
+        {"move-element",
+         "Move values of copies from one holdings element to another",
+         {{"elements", Positional, true, "The elements by name or number, divided by commas"},
+          {"into", Text, true,
+           "The element that each goes to, in the same order: its own value gives way"},
+          {"system", Text, false,
+           "The holdings system of the records; that of the settings if not given"}},
+         MakeMoveElement},
     };
     return table;
 }

@@ -3,6 +3,7 @@
 #include <quillory/coded/CodeLists.h>
 #include <quillory/edits/Operation.h>
 #include <quillory/edits/Parameters.h>
+#include <quillory/holdings/HoldingsSystem.h>
 
 #include <functional>
 #include <memory>
@@ -12,7 +13,7 @@
 
 namespace quillory {
 
-enum class ParameterKind { Place, Text, Choice, Flag };
+enum class ParameterKind { Positional, Text, Choice, Flag };
 
 // What an operation takes, by the same name on the command line and in the file of a task.
 struct ParameterRow {
@@ -27,6 +28,8 @@ struct ParameterRow {
 struct EditTools {
     // The codes of the control fields, asked for by the operations that need them.
     std::function<const CodeLists&()> codeLists;
+    // The holdings system of a name, or that of the settings for an empty name. Throws UsageError.
+    std::function<HoldingsSystem(const std::string& name)> holdingsSystem;
 };
 
 struct OperationRow {

@@ -167,6 +167,9 @@ enum class FaultCode : std::uint16_t {
     kHoldingsControlCharacter,  // found: the column's name
     kHoldingsNoRoom,            // found: the column's name
     kHoldingsUnusedLine,        // found: the key
+    kNoSuchElement,             // found: its name; allowed: the system's name
+    kElementsInPairs,
+    kElementNotMoved,  // found: the element; allowed: the one that it was to go to
 
     // Checks and repairs.
     kUnknownTypeOfRecord,

@@ -254,6 +254,13 @@ constexpr Words kWords[] = {
      "{found}: a control character"},
     {FaultCode::kHoldingsNoRoom, "holdings-no-room", "{found}: no room for a further value"},
     {FaultCode::kHoldingsUnusedLine, "holdings-unused-line", "no record has {found}"},
+    {FaultCode::kNoSuchElement, "no-such-element",
+     "\"{found}\" is not an element of {allowed}; `quillory describe --holdings` shows the "
+     "elements"},
+    {FaultCode::kElementsInPairs, "elements-in-pairs",
+     "name one element for each that moves, and no others"},
+    {FaultCode::kElementNotMoved, "element-not-moved",
+     "the value of {found} can't go to {allowed}, which the copy needs for another value"},
 
     // Checks and repairs.
     {FaultCode::kUnknownTypeOfRecord, "unknown-type-of-record",

@@ -27,14 +27,20 @@ std::optional<HoldingsColumn> FindSubfield(const HoldingsSystem& system, std::st
 
 }  // namespace
 
-std::optional<HoldingsColumn> FindColumn(const HoldingsSystem& system, std::string_view name) {
+const zorby::CInfoAboutHoldingsField* FindElement(const HoldingsSystem& system,
+                                                  std::string_view name) {
     const int elements = system.type != nullptr ? system.type->GetSize() : 0;
     for (int i = 0; i < elements; ++i) {
-        const zorby::CInfoAboutHoldingsField& info = *system.type->GetAt(i);
-        const bool isNumber = name == std::to_string(info.GetHoldingsID());
-        if (isNumber || SameName(name, QmToUtf8(info.GetName()))) {
-            return HoldingsColumn{info.GetHoldingsID()};
-        }
+        const zorby::CInfoAboutHoldingsField* info = system.type->GetAt(i);
+        const bool isNumber = name == std::to_string(info->GetHoldingsID());
+        if (isNumber || SameName(name, QmToUtf8(info->GetName()))) return info;
+    }
+    return nullptr;
+}
+
+std::optional<HoldingsColumn> FindColumn(const HoldingsSystem& system, std::string_view name) {
+    if (const auto* element = FindElement(system, name)) {
+        return HoldingsColumn{element->GetHoldingsID()};
     }
     return FindSubfield(system, name);
 }

@@ -16,6 +16,10 @@ struct HoldingsColumn {
     Place place = {};  // of the subfield; the record as a whole for an element
 };
 
+// The element of a system by its name, in any case, or its number; null if there is none.
+const zorby::CInfoAboutHoldingsField* FindElement(const HoldingsSystem& system,
+                                                  std::string_view name);
+
 // The column of a name: that of an element, in any case, or its number, or a subfield such as
 // "852$z" of one of the system's fields. None for any other name.
 std::optional<HoldingsColumn> FindColumn(const HoldingsSystem& system, std::string_view name);

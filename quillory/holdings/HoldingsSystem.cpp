@@ -1,3 +1,5 @@
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
 #include <quillory/holdings/HoldingsSystem.h>
 #include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
@@ -68,6 +70,12 @@ const CInfoAboutHoldingsType* FindHoldingsType(const std::string& name) {
     }
     std::string qm;
     return Utf8ToQm(name, qm) ? CInfoAboutHoldingsTypeList::FindFromName(qm) : nullptr;
+}
+
+HoldingsSystem HoldingsSystemNamed(const std::string& name) {
+    if (name.empty()) return HoldingsSystemInForce();
+    if (const CInfoAboutHoldingsType* type = FindHoldingsType(name)) return SystemOf(*type);
+    throw UsageError({FaultCode::kNoHoldingsType, {}, name});
 }
 
 void PutInForce(const CInfoAboutHoldingsType& type) {

@@ -31,6 +31,9 @@ HoldingsSystem SystemOf(const zorby::CInfoAboutHoldingsType& type);
 // The system of the dictionary with this name, present or former, or this number; null if there is
 // none.
 const zorby::CInfoAboutHoldingsType* FindHoldingsType(const std::string& name);
+// The system of the dictionary that has this name or number, or the system of the settings in force
+// for an empty name. Throws UsageError if there is none.
+HoldingsSystem HoldingsSystemNamed(const std::string& name);
 // Puts a system in force. The settings change in memory alone, and no file is written.
 void PutInForce(const zorby::CInfoAboutHoldingsType& type);
 

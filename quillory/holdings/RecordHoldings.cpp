@@ -5,6 +5,7 @@
 #include <quillory/text/Trimmed.h>
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -79,28 +80,17 @@ bool RecordHoldings::MakeFromFields(const Record& record) {
     return Statements(old) != Statements(made_);
 }
 
-// The library writes blank indicators unless the settings have some for the system: those of the
-// record stay then. It writes nothing for a copy of which no more is left than parts of a composed
-// subfield: the fields of the record stay then.
+// The library writes nothing for a copy of which no more is left than parts of a composed subfield:
+// the fields of the record stay then.
 void RecordHoldings::MakeFields(const zorby::CHoldingsDataRecord& copy,
                                 const std::vector<CommFormatField>& origin) {
-    zorby::CPmarc marc;
-    copy.AddToPseudoMARC(marc);
-    const std::size_t before = made_.size();
-    for (const std::string& field : marc) {
-        if (field.size() <= kTagSize + kIndicators) continue;
-        NewField made{field.substr(0, kTagSize), field.substr(kTagSize)};
-        const auto same = std::ranges::find(origin, made.tag, &CommFormatField::tag);
-        const bool keepsIndicators = to_.Rules().indicators == nullptr || !to_.HasTag(made.tag);
-        if (same != origin.end() && keepsIndicators) {
-            made.content.replace(0, kIndicators, same->content.substr(0, kIndicators));
+    std::vector<CopyField> fields = FieldsOfCopy(copy, to_, origin);
+    if (fields.empty()) {
+        for (const CommFormatField& field : origin) {
+            fields.push_back({std::string(field.tag), std::string(field.content)});
         }
-        made_.push_back(std::move(made));
     }
-    if (made_.size() > before) return;
-    for (const CommFormatField& field : origin) {
-        made_.push_back({std::string(field.tag), std::string(field.content)});
-    }
+    std::ranges::move(fields, std::back_inserter(made_));
 }
 
 void RecordHoldings::Convert(Charset charset, Losses& losses) {
@@ -109,7 +99,7 @@ void RecordHoldings::Convert(Charset charset, Losses& losses) {
     if (!converter) {
         converter = std::make_unique<TextConverter>(kCharsetUtf8, charset, kNormalFormC);
     }
-    for (NewField& field : made_) {
+    for (CopyField& field : made_) {
         std::string converted = field.content.substr(0, kIndicators);
         AppendConverted(std::string_view(field.content).substr(kIndicators), *converter, converted,
                         losses);

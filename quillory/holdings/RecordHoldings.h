@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/exchange/Record.h>
+#include <quillory/holdings/CopyFields.h>
 #include <quillory/holdings/HoldingsFields.h>
 #include <quillory/holdings/HoldingsFile.h>
 #include <quillory/holdings/HoldingsSystem.h>
@@ -33,11 +34,6 @@ public:
     void Write(Record& record, std::uint64_t number, Charset charset, Losses& losses);
 
 private:
-    struct NewField {
-        std::string tag;
-        std::string content;
-    };
-
     bool MakeFromFile(const Record& record, std::uint64_t number);
     bool MakeFromFields(const Record& record);
     void MakeFields(const zorby::CHoldingsDataRecord& copy,
@@ -49,7 +45,7 @@ private:
     const HoldingsSystem& to_;
     HoldingsFields reader_;
     HoldingsFile* file_;
-    std::vector<NewField> made_;
+    std::vector<CopyField> made_;
     zorby::CPmarc record_;
     std::array<std::unique_ptr<TextConverter>, 4> converters_;  // from UTF-8
 };

@@ -7,12 +7,6 @@
 namespace quillory {
 namespace {
 
-const zorby::CInfoAboutHoldingsType& TypeNamed(const std::string& name) {
-    const zorby::CInfoAboutHoldingsType* type = FindHoldingsType(name);
-    if (type != nullptr) return *type;
-    throw UsageError({FaultCode::kNoHoldingsType, {}, name});
-}
-
 void CheckFile(const HoldingsFile& file, const std::vector<std::string>& files) {
     if (file.HasRecordNumbers() && files.size() > 1) {
         throw UsageError(file.Name(), {FaultCode::kHoldingsNumberFiles});
@@ -30,14 +24,14 @@ void CheckStandardInput(const std::string& path, const std::vector<std::string>&
 
 bool ChooseHoldingsType(const HoldingsOptions& options) {
     if (options.type.empty()) return false;
-    PutInForce(TypeNamed(options.type));
+    PutInForce(*HoldingsSystemNamed(options.type).type);
     return true;
 }
 
 ExportHoldings::ExportHoldings(const HoldingsOptions& options,
                                const std::vector<std::string>& files)
     : to_(HoldingsSystemInForce()) {
-    from_ = options.from.empty() ? to_ : SystemOf(TypeNamed(options.from));
+    from_ = options.from.empty() ? to_ : HoldingsSystemNamed(options.from);
     if (!options.file.empty()) {
         CheckStandardInput(options.file, files);
         file_ = std::make_unique<HoldingsFile>(options.file, to_);

@@ -15,9 +15,10 @@ using ParameterTexts = std::map<std::string, std::string>;
 
 inline EditTools TestTools() {
     return {[]() -> const CodeLists& {
-        static const CodeLists lists{CodeStatus(CODES_FILE)};
-        return lists;
-    }};
+                static const CodeLists lists{CodeStatus(CODES_FILE)};
+                return lists;
+            },
+            HoldingsSystemNamed};
 }
 
 inline EditStep StepOf(std::string_view operation, const ParameterTexts& texts) {
