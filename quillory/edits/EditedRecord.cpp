@@ -70,8 +70,10 @@ std::string_view EditedRecord::Decoded(std::string_view bytes, std::size_t indic
 
 std::string_view EditedRecord::ContentOf(std::size_t index) {
     Field& field = fields_[index];
-    if (!field.isRead) field.content = Decoded(field.given, IndicatorsOf(TagOf(field)));
-    field.isRead = true;
+    if (!field.isRead) {
+        field.decoded = field.content = Decoded(field.given, IndicatorsOf(TagOf(field)));
+        field.isRead = true;
+    }
     return field.content;
 }
 
@@ -116,7 +118,7 @@ void EditedRecord::SetContent(std::size_t index, std::string content) {
 }
 
 void EditedRecord::Insert(std::size_t index, std::string_view tag, std::string content) {
-    Field field{{}, {}, Hold(std::move(content)), true, true};
+    Field field{{}, {}, {}, Hold(std::move(content)), true, true};
     std::ranges::copy(tag, field.tag.begin());
     fields_.insert(fields_.begin() + static_cast<std::ptrdiff_t>(index), field);
     Note(PlaceOf(index), std::nullopt, WrittenField(PlaceOf(index), field.content));
@@ -172,15 +174,15 @@ void EditedRecord::AppendEncoded(std::string_view part, std::string& bytes, Loss
 std::string_view EditedRecord::Encoded(const Field& field, Losses& losses) {
     if (TextConverter::IsUntouched(field.content)) return field.content;
     const FieldParts given = PartsOf(field.given);
+    FieldParts decoded = PartsOf(field.decoded);
+    if (decoded.parts.size() != given.parts.size()) decoded = {};  // text that reads as a delimiter
     const FieldParts content = PartsOf(field.content);
     std::string bytes;
     AppendEncoded(content.head, bytes, losses);
     for (const std::string_view part : content.parts) {
-        const auto known = std::ranges::find_if(given.parts, [&](std::string_view bytesOfPart) {
-            return Decoded(bytesOfPart, 0) == part;
-        });
-        if (known != given.parts.end()) {
-            bytes += *known;
+        const auto known = std::ranges::find(decoded.parts, part);
+        if (known != decoded.parts.end()) {
+            bytes += given.parts[static_cast<std::size_t>(known - decoded.parts.begin())];
         } else {
             AppendEncoded(part, bytes, losses);
         }

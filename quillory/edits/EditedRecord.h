@@ -83,8 +83,9 @@ private:
     struct Field {
         std::array<char, kTagSize> tag;
         std::string_view given;    // in the record's character set; no data for a new field
-        std::string_view content;  // in UTF-8
-        bool isRead = false;       // `content` is set
+        std::string_view decoded;  // `given` in UTF-8
+        std::string_view content;  // in UTF-8, as it is now
+        bool isRead = false;       // `decoded` and `content` are set
         bool isChanged = false;    // in its content
         bool isRenamed = false;
     };
