@@ -17,6 +17,10 @@ constexpr std::pair<ButtonState, int> kBitmaps[] = {
 
 }  // namespace
 
+CButtonAlphabet::~CButtonAlphabet() {
+    while (!fields_.empty()) fields_.back()->SetButtonAlphabet(nullptr);
+}
+
 void CButtonAlphabet::InitializeYourself(unsigned id, EditControls& parent) {
     BitmapButtonPort* const button = parent.Button(static_cast<int>(id));
     if (!button) return;
@@ -36,6 +40,7 @@ void CButtonAlphabet::SetActiveFocus(CEditMARCAlpha* control) {
 }
 
 void CButtonAlphabet::Forget(const CEditMARCAlpha& control) {
+    std::erase(fields_, &control);
     if (well_ && well_->Field() == &control) well_.reset();
     if (target_ == &control) SetActiveFocus(nullptr);
 }

@@ -5,7 +5,9 @@
 #include <zorby/platform/ButtonPort.h>
 #include <zorby/platform/FocusTarget.h>
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace zorby {
 
@@ -24,8 +26,8 @@ public:
     };
 
     CButtonAlphabet() = default;
-    // The fields that have this button must be gone before, or be given null.
-    ~CButtonAlphabet() override = default;
+    // The fields that have this button lose it.
+    ~CButtonAlphabet() override;
     CButtonAlphabet(const CButtonAlphabet&) = delete;
     CButtonAlphabet& operator=(const CButtonAlphabet&) = delete;
 
@@ -34,7 +36,8 @@ public:
     void InitializeYourself(unsigned id, EditControls& parent);
     // The field that has got the focus, or null for anything else.
     void SetActiveFocus(CEditMARCAlpha* control);
-    // The field is about to go.
+    // Called by a field that gets this button, and by one that loses it.
+    void Serve(CEditMARCAlpha& control) { fields_.push_back(&control); }
     void Forget(const CEditMARCAlpha& control);
     CEditMARCAlpha* Target() const { return target_; }
 
@@ -49,6 +52,7 @@ public:
 
 private:
     BitmapButtonPort* button_ = nullptr;
+    std::vector<CEditMARCAlpha*> fields_;
     CEditMARCAlpha* target_ = nullptr;
     std::unique_ptr<CPopupAlphaWell> well_;
 };

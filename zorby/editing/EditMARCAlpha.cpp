@@ -17,7 +17,7 @@ CEditMARCAlpha::CEditMARCAlpha() : ownPort_(std::make_unique<MemoryEdit>()), por
 CEditMARCAlpha::CEditMARCAlpha(EditPort& port) : port_(port) {}
 
 CEditMARCAlpha::~CEditMARCAlpha() {
-    if (buttonAlphabet_) buttonAlphabet_->Forget(*this);
+    SetButtonAlphabet(nullptr);
 }
 
 void CEditMARCAlpha::SetWindowTextA(std::string_view text) {
@@ -68,6 +68,12 @@ CEditMARCAlpha::Selection CEditMARCAlpha::GetSel() const {
 
 void CEditMARCAlpha::SetNextNumberCallback(NextNumber callback) {
     nextNumber_ = std::move(callback);
+}
+
+void CEditMARCAlpha::SetButtonAlphabet(CButtonAlphabet* button) {
+    if (buttonAlphabet_) buttonAlphabet_->Forget(*this);
+    buttonAlphabet_ = button;
+    if (button) button->Serve(*this);
 }
 
 void CEditMARCAlpha::OnSetFocus() {

@@ -102,7 +102,7 @@ public:
 
     // Setup. What is given to the control must outlive it; null takes it away.
     void SetNextNumberCallback(NextNumber callback);
-    void SetButtonAlphabet(CButtonAlphabet* button) { buttonAlphabet_ = button; }
+    void SetButtonAlphabet(CButtonAlphabet* button);
     // `menu` 0 is no context menu. With no target the control carries commands out itself.
     void SetContextMenu(CommandTarget* target, unsigned menu, unsigned submenu);
     void SetWildcardsAllowed(int allowed) { wildcardsAllowed_ = allowed; }
@@ -110,8 +110,9 @@ public:
     // What is typed goes no further than this; what is pasted may. 0 is no limit, as at first.
     void SetLimitText(int bytes) { limit_ = bytes; }
 
-    // The font that DoInOnInitDialog gives to the fields of all dialogs.
-    static void SetEditFont(const CFont& font);
+    // The font that DoInOnInitDialog gives to the fields of all dialogs. It is copied; null is
+    // none.
+    static void SetEditFont(const CFont* font);
     // Sets up the fields of a dialog: font, limit, context menu, and the key for the next number.
     static void DoInOnInitDialog(EditControls& dialog);
     // A font higher than kMaxFontHeight is made that high.

@@ -21,8 +21,8 @@ CFont Reduced(CFont font, int height) {
 
 }  // namespace
 
-void CEditMARCAlpha::SetEditFont(const CFont& font) {
-    EditFont() = font;
+void CEditMARCAlpha::SetEditFont(const CFont* font) {
+    EditFont() = font ? std::optional(*font) : std::nullopt;
 }
 
 void CEditMARCAlpha::SetFont(const CFont& font, bool redraw) {

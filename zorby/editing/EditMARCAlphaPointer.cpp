@@ -2,6 +2,8 @@
 #include <zorby/editing/EditMARCAlpha.h>
 #include <zorby/editing/detail/WordAt.h>
 
+#include <algorithm>
+
 namespace zorby {
 
 void CEditMARCAlpha::OnLButtonDown(ControlPoint point, bool extend) {
@@ -27,9 +29,11 @@ void CEditMARCAlpha::OnLButtonDblClk(ControlPoint point) {
 }
 
 void CEditMARCAlpha::SetSelInRed(int start, int end, std::string_view word) {
+    const int length = GetWindowTextLengthA();
+    const int last = std::clamp(end, 0, length);
     DropRedWord();
-    redWord_ = std::make_unique<RedWord>(port_, start, end, word);
-    SetSel(end + 1, end + 1);
+    redWord_ = std::make_unique<RedWord>(port_, std::clamp(start, 0, length), last, word);
+    SetSel(last + 1, last + 1);
     redWord_->CheckForRedWordSelection();
     OnVscroll();
     port_.SetFocus();

@@ -5,10 +5,8 @@
 namespace zorby {
 
 void CEditMARCAlpha::UndoStateSave() {
-    undoText_.reset();
-    if (!realText_) return;
     undoText_ = realText_;
-    undoSelection_ = GetSel();
+    if (undoText_) undoSelection_ = GetSel();
 }
 
 int CEditMARCAlpha::UndoStateHasChanged() const {
