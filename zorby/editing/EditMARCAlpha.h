@@ -167,6 +167,12 @@ protected:
     // The real text, up to the next change.
     std::string_view RealText() const;
 
+    // What a derived class is told: `added` bytes of the real text took the place of `removed` ones
+    // in an edit; the real text went into the undo copy, which may be none; both changed places.
+    virtual void RealTextReplaced(int /*from*/, int /*removed*/, int /*added*/) {}
+    virtual void UndoStateSaved() {}
+    virtual void UndoStateSwapped() {}
+
 private:
     bool IsDiacriticAt(int position) const;
     bool IsInRun(Selection selection) const;

@@ -13,12 +13,17 @@ void BeepForMismatch() {
 }  // namespace
 
 void CEditMARCAlpha::BufferMaintRemove(int from, int to) {
-    if (realText_) realText_->Remove(from, to);
+    if (!realText_) return;
+    const int before = realText_->Length();
+    realText_->Remove(from, to);
+    RealTextReplaced(from, before - realText_->Length(), 0);
 }
 
 void CEditMARCAlpha::BufferMaintInsert(int position, std::string_view text) {
     if (!realText_) realText_.emplace();
+    const int before = realText_->Length();
     realText_->Insert(position, text);
+    RealTextReplaced(position, 0, realText_->Length() - before);
 }
 
 void CEditMARCAlpha::BufferMaintEditCut() {

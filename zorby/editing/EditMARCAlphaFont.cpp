@@ -38,9 +38,11 @@ void CEditMARCAlpha::EnsureCorrectFont(const CFont& font) {
 
 void CEditMARCAlpha::MendStart() {
     if (CSInSIL()) {
-        if (IsDiacriticAt(0)) realText_->Prepend(kBlankForDiacritic);
+        if (!IsDiacriticAt(0)) return;
+        realText_->Prepend(kBlankForDiacritic);
+        RealTextReplaced(0, 0, 1);
     } else if (RealText().starts_with(kBlankForDiacritic) && IsDiacriticAt(1)) {
-        realText_->Remove(0, 1);
+        BufferMaintRemove(0, 1);
     }
 }
 

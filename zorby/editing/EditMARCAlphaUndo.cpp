@@ -7,6 +7,7 @@ namespace zorby {
 void CEditMARCAlpha::UndoStateSave() {
     undoText_ = realText_;
     if (undoText_) undoSelection_ = GetSel();
+    UndoStateSaved();
 }
 
 int CEditMARCAlpha::UndoStateHasChanged() const {
@@ -23,6 +24,7 @@ void CEditMARCAlpha::EditUndo() {
     if (UndoStateHasChanged()) {
         const Selection present = GetSel();
         std::swap(undoText_, realText_);
+        UndoStateSwapped();
         ReloadControlFromBuffer();
         port_.SetFocus();
         SetSel(undoSelection_.start, undoSelection_.end);
