@@ -1,4 +1,5 @@
 #include <quillory/checks/Checker.h>
+#include <quillory/rules/Inspector.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 #include <zorby/platform/ApplicationPort.h>
@@ -48,6 +49,28 @@ void CheckRecord(benchmark::State& state, PolicyKind kind, bool reads) {
     state.SetItemsProcessed(state.iterations());
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
 }
+// The same record, held against all rules.
+void InspectRecord(benchmark::State& state) {
+    if (!LoadDictionaries()) {
+        state.SkipWithError("no dictionaries");
+        return;
+    }
+    std::string bytes;
+    zorby::bench::BuildCatalogueRecord().ConvertToUSMARCCommFormat(bytes);
+    zorby::CommFormatFields parts;
+    zorby::ReadCommFormat(bytes, parts);
+    const Record record{parts.leader, parts.fields, bytes};
+    const CodeLists lists{CodeStatus(DATA_FOLDER "/marc21-codes.tsv")};
+    Inspector inspector({}, RuleWeights(), lists);
+    std::vector<Remark> remarks;
+    for ([[maybe_unused]] auto _ : state) {
+        inspector.Inspect(record, 1, remarks);
+        benchmark::DoNotOptimize(remarks.data());
+    }
+    state.SetItemsProcessed(state.iterations());
+}
+BENCHMARK(InspectRecord);
+
 BENCHMARK_CAPTURE(CheckRecord, basic, kPolicyBasic, false);
 BENCHMARK_CAPTURE(CheckRecord, custom, kPolicyCustom, false);
 BENCHMARK_CAPTURE(CheckRecord, read_and_custom, kPolicyCustom, true);

@@ -1,4 +1,6 @@
+#include <quillory/jobs/Library.h>
 #include <quillory/jobs/RecordPolicy.h>
+#include <quillory/rules/Inspector.h>
 #include <quillory/text/Utf8.h>
 
 #include <algorithm>
@@ -29,7 +31,6 @@ bool HasField(const Record& record, const Place& place) {
 }
 
 void CheckFinding(const Finding& finding, const Record& record) {
-    Expect(!ShortText(finding).empty() && !LongText(finding).empty(), "a finding has words");
     Expect(IsUtf8(LineText(finding)), "a finding can be shown");
     Expect(HasField(record, finding.place), "a finding is about a field that is there");
 }
@@ -47,12 +48,35 @@ void Check(Checker& checker, const Record& record) {
     }
 }
 
+const CodeLists& Lists() {
+    static const CodeLists lists = LoadCodeLists();
+    return lists;
+}
+
+void Inspect(const CheckerOptions& options, const Record& record) {
+    static const RuleWeights weights({{}, {}, {"control-number-repeated"}});
+    static Inspector inspector(options, weights, Lists());
+    std::vector<Remark> remarks;
+    std::vector<Remark> again;
+    inspector.Inspect(record, 1, remarks);
+    inspector.Inspect(record, 1, again);
+    Expect(remarks.size() == again.size(), "a record is held to rules without regard to others");
+    for (std::size_t i = 0; i < remarks.size(); ++i) {
+        Expect(IsUtf8(RemarkLine(remarks[i])), "what a rule says can be shown");
+        Expect(HasField(record, remarks[i].place), "a rule speaks of a field that is there");
+        Expect(RemarkLine(remarks[i]) == RemarkLine(again[i]), "a second look finds the same");
+    }
+}
+
 }  // namespace
 }  // namespace quillory::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     using namespace quillory;
     static Checker checker = fuzz::MakeStrictChecker();
-    fuzz::ForEachRecord(data, size, [](const Item& item) { fuzz::Check(checker, item.record); });
+    fuzz::ForEachRecord(data, size, [](const Item& item) {
+        fuzz::Check(checker, item.record);
+        fuzz::Inspect(checker.GetOptions(), item.record);
+    });
     return 0;
 }

@@ -43,7 +43,7 @@ void Checker::Begin() {
 void Checker::Check(const Record& record, std::vector<Finding>& findings) {
     Begin();
     findings.clear();
-    FindingSink sink(policy_, findings);
+    FindingSink sink(policy_, options_.findsAll, findings);
     RecordFacts facts;
     facts.leader = record.leader;
     const bool isBibliographic = IsBibliographic(record.leader);

@@ -18,6 +18,7 @@ namespace quillory {
 struct CheckerOptions {
     Charset charset = kCharsetAuto;  // of the records; auto: each record is asked
     bool allowLocal = true;          // fields and subfields that the format leaves to libraries
+    bool findsAll = false;           // also what the policy does not want
 };
 
 // Checks bibliographic records for what stops or mars an export. Policy, dictionary and holdings
@@ -31,11 +32,13 @@ class Checker {
 public:
     explicit Checker(CheckerOptions options);
 
-    // Replaces `findings` by those on the record that the policy wants: in the order of the fields,
+    // Replaces `findings` by those on the record that are wanted: in the order of the fields,
     // and then what the record lacks.
     void Check(const Record& record, std::vector<Finding>& findings);
 
     const Policy& GetPolicy() const { return policy_; }
+    const FieldRules& GetFieldRules() const { return rules_; }
+    const CheckerOptions& GetOptions() const { return options_; }
 
 private:
     void Begin();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 namespace quillory {
 namespace {
@@ -19,6 +20,13 @@ std::size_t Index(char code) {
 void AllowCode(FieldRule& rule, char code, bool repeatable) {
     rule.codes.set(Index(code));
     if (repeatable) rule.repeatableCodes.set(Index(code));
+}
+
+constexpr char kBlank = '_';  // as an indicator in the dictionary
+
+// How the dictionary marks what the format has withdrawn.
+bool IsObsolete(std::string_view name) {
+    return name.ends_with(" (obsolete)");
 }
 
 // $9, and the graphic symbols of ASCII.
@@ -51,15 +59,31 @@ void FieldRules::AddDictionary() {
         FieldRule& rule = rules_[tag];
         rule.isKnown = true;
         rule.isRepeatable = field == nullptr || field->Repeatable() != 0;
+        rule.isObsolete = field != nullptr && IsObsolete(field->GetName());
         std::string codes;
         CMARCFormat::AllSubfieldCodes(tag, codes);
         for (const char code : codes) {
             const zorby::CInfoAboutSubfield* subfield = CMARCFormat::FindSubfield(tag, code);
             AllowCode(rule, code, subfield == nullptr || subfield->Repeatable() != 0);
+            if (subfield != nullptr && IsObsolete(subfield->GetName())) {
+                rule.obsoleteCodes.set(Index(code));
+            }
         }
+        AddIndicators(tag);
         // Fields of the user's own may also name an institution and links between fields.
         if (CMARCFormat::IsUDField(tag) == 0) continue;
         for (const char code : {'5', '6', '8'}) AllowCode(rule, code, true);
+    }
+}
+
+void FieldRules::AddIndicators(unsigned tag) {
+    for (int which = 1; which <= 2; ++which) {
+        IndicatorRule& rule = rules_[tag].indicators[static_cast<std::size_t>(which - 1)];
+        const auto* value = CMARCFormat::GetIndicatorValueMatchFirst(tag, which);
+        for (; value != nullptr; value = CMARCFormat::GetIndicatorValueMatchNext(tag, which)) {
+            Codes& values = IsObsolete(value->GetName()) ? rule.obsolete : rule.current;
+            values.set(Index(value->GetValue() == kBlank ? ' ' : value->GetValue()));
+        }
     }
 }
 

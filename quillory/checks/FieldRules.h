@@ -24,15 +24,24 @@ enum FieldRole : std::uint8_t {
 
 using Codes = std::bitset<256>;
 
+// The values of an indicator; none where nothing is known of it.
+struct IndicatorRule {
+    Codes current;
+    Codes obsolete;
+};
+
 // What is allowed in the fields of a tag.
 struct FieldRule {
     bool isKnown = false;
+    bool isObsolete = false;
     bool isRepeatable = true;
     bool hasAnyCodes = false;  // any subfield, any number of times
     bool isHoldings = false;
     FieldRole role = kRoleOther;
     Codes codes;
     Codes repeatableCodes;
+    Codes obsoleteCodes;
+    std::array<IndicatorRule, 2> indicators;
 };
 
 // The format's dictionary and the holdings system in force when the object is made, by tag.
@@ -47,6 +56,7 @@ public:
 
 private:
     void AddDictionary();
+    void AddIndicators(unsigned tag);
     void AddHoldings();
     void AddRoles();
     void AllowLocal();

@@ -17,26 +17,19 @@ std::string Readable(std::string text) {
     return isAscii ? text : QmToUtf8(text);
 }
 
-std::string Words(const Finding& finding, int isLong) {
+// The short words of the library: the long ones speak of menus and windows.
+std::string Words(const Finding& finding) {
     std::string text;
     zorby::CRecordError(finding.code, kNoPrefix, zorby::kLongestExportedRecord, finding.place.code)
-        .GetEnglishMessage(text, isLong, finding.place.Tag());
+        .GetEnglishMessage(text, 0, finding.place.Tag());
     while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
     return Readable(text);
 }
 
 }  // namespace
 
-std::string ShortText(const Finding& finding) {
-    return Words(finding, 0);
-}
-
-std::string LongText(const Finding& finding) {
-    return Words(finding, 1);
-}
-
 std::string LineText(const Finding& finding) {
-    const std::string line = (finding.IsError() ? "E: " : "W: ") + ShortText(finding);
+    const std::string line = (finding.IsError() ? "E: " : "W: ") + Words(finding);
     const std::string place = PlaceText(finding.place);
     return place.empty() ? line : line + " [" + place + "]";
 }

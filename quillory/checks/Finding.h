@@ -16,12 +16,8 @@ struct Finding {
     bool IsError() const { return severity == zorby::EST_Error; }
 };
 
-// The words of the library in UTF-8, without prefix and line end. The policy that made the finding
-// must be in force.
-std::string ShortText(const Finding& finding);
-std::string LongText(const Finding& finding);
-
-// Severity, short words and place in a line: "E: ... [245 $a]".
+// Severity, the library's words and the place in a line: "E: ... [245 $a]". The policy that made
+// the finding must be in force.
 std::string LineText(const Finding& finding);
 
 }  // namespace quillory

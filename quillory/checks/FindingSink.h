@@ -7,20 +7,21 @@
 
 namespace quillory {
 
-// Takes the findings on one record that the policy in force wants.
+// Takes the findings on one record, all or those that the policy in force wants.
 class FindingSink {
 public:
     // Keeps the references.
-    FindingSink(const Policy& policy, std::vector<Finding>& findings)
-        : policy_(policy), findings_(findings) {}
+    FindingSink(const Policy& policy, bool takesAll, std::vector<Finding>& findings)
+        : policy_(policy), takesAll_(takesAll), findings_(findings) {}
 
-    bool Wants(zorby::E_ERROR_CODE code) const { return policy_.Wants(code); }
+    bool Wants(zorby::E_ERROR_CODE code) const { return takesAll_ || policy_.Wants(code); }
     void Add(zorby::E_ERROR_CODE code, const Place& place) {
         if (Wants(code)) findings_.push_back({code, policy_.SeverityOf(code), place});
     }
 
 private:
     const Policy& policy_;
+    bool takesAll_;
     std::vector<Finding>& findings_;
 };
 

@@ -10,20 +10,22 @@ namespace {
 // Checks records as they come, and hands the findings to the report.
 class CheckRun {
 public:
-    CheckRun(Checker& checker, CheckReport& report, Reporter& reporter)
-        : checker_(checker), report_(report), reporter_(reporter) {}
+    CheckRun(Severity failsOn, Inspector& inspector, CheckReport& report, Reporter& reporter)
+        : failsOn_(failsOn), inspector_(inspector), report_(report), reporter_(reporter) {}
 
     void Take(const Item& item) {
         if (item.fault && !item.continues) TakeFault(item);
         if (item.kind != kItemRecord) return;
-        checker_.Check(item.record, findings_);
-        if (!findings_.empty()) status_ = kStatusFindings;
-        const CheckedRecord record{item, findings_, checker_.GetPolicy().VerdictOf(findings_)};
+        NoteFile();
+        inspector_.Inspect(item.record, item.number, remarks_);
+        const auto fails = [this](const Remark& remark) { return remark.severity <= failsOn_; };
+        if (std::ranges::any_of(remarks_, fails)) status_ = kStatusFindings;
+        const CheckedRecord record{item, remarks_};
         totals_.Count(record);
         report_.TakeRecord(record);
     }
 
-    void Finish() { report_.Finish(totals_, checker_.GetPolicy()); }
+    void Finish() { report_.Finish(totals_); }
 
     // Findings, if there was any, or damage.
     Status Result() const { return status_; }
@@ -36,24 +38,33 @@ private:
         if (item.kind != kItemRecord) report_.TakeDamage(item);
     }
 
-    Checker& checker_;
+    void NoteFile() {
+        if (reporter_.File() == file_) return;
+        file_ = reporter_.File();
+        inspector_.BeginFile(file_);
+    }
+
+    Severity failsOn_;
+    Inspector& inspector_;
     CheckReport& report_;
     Reporter& reporter_;
-    std::vector<Finding> findings_;
+    std::string file_;
+    std::vector<Remark> remarks_;
     CheckTotals totals_;
     Status status_ = kStatusWell;
 };
 
 }  // namespace
 
-Status CheckFiles(InputOptions input, Checker& checker, CheckReport& report, Reporter& reporter) {
+Status CheckFiles(CheckFilesOptions options, Checker& checker, Inspector& inspector,
+                  CheckReport& report, Reporter& reporter) {
     std::vector<Finding> findings;
-    input.where.isValid = [&](const Record& record) {
+    options.input.where.isValid = [&](const Record& record) {
         return IsValidUnder(checker, record, findings);
     };
-    CheckRun run(checker, report, reporter);
+    CheckRun run(options.failsOn, inspector, report, reporter);
     try {
-        const Status read = ReadFiles(input, reporter, [&run](const Item& item) {
+        const Status read = ReadFiles(options.input, reporter, [&run](const Item& item) {
             run.Take(item);
             return true;
         });

@@ -3,12 +3,26 @@
 
 namespace quillory {
 
+Verdict CheckedRecord::GetVerdict() const {
+    Verdict verdict = kMayGo;
+    for (const Remark& remark : remarks) {
+        if (remark.severity == Severity::Error) return kMustStay;
+        if (remark.severity == Severity::Warning) verdict = kMayGoWithWarnings;
+    }
+    return verdict;
+}
+
 void CheckTotals::Count(const CheckedRecord& record) {
     ++records;
-    ++verdicts[static_cast<std::size_t>(record.verdict)];
-    for (const Finding& finding : record.findings) ++findings[finding.code];
+    const auto verdict = static_cast<std::size_t>(record.GetVerdict());
+    ++verdicts[verdict];
+    for (const Remark& remark : record.remarks) {
+        RuleCount& rule = rules[remark.rule];
+        rule.severity = remark.severity;
+        ++rule.count;
+    }
     const std::string material = MaterialText(record.item.record.leader);
-    ++materials[material][static_cast<std::size_t>(record.verdict)];
+    ++materials[material][verdict];
 }
 
 }  // namespace quillory

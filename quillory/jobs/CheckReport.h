@@ -2,6 +2,7 @@
 
 #include <quillory/checks/Policy.h>
 #include <quillory/exchange/Record.h>
+#include <quillory/rules/Remark.h>
 
 #include <array>
 #include <cstdint>
@@ -14,8 +15,16 @@ namespace quillory {
 // One record, and what was found on it.
 struct CheckedRecord {
     const Item& item;
-    const std::vector<Finding>& findings;
-    Verdict verdict;
+    const std::vector<Remark>& remarks;
+
+    // By the heaviest of the remarks; notes do no harm.
+    Verdict GetVerdict() const;
+};
+
+// How often a rule was broken.
+struct RuleCount {
+    Severity severity = Severity::Note;
+    std::uint64_t count = 0;
 };
 
 // Records by verdict.
@@ -26,7 +35,7 @@ struct CheckTotals {
     std::uint64_t records = 0;
     std::uint64_t damaged = 0;  // that can't be read
     VerdictCounts verdicts{};
-    std::map<zorby::E_ERROR_CODE, std::uint64_t> findings;
+    std::map<RuleId, RuleCount> rules;
     std::map<std::string, VerdictCounts, std::less<>> materials;
 
     void Count(const CheckedRecord& record);
@@ -41,7 +50,7 @@ public:
     // Bytes that are no record.
     virtual void TakeDamage(const Item& item) = 0;
     // The end of the report, for which there are no more records.
-    virtual void Finish(const CheckTotals& totals, const Policy& policy) = 0;
+    virtual void Finish(const CheckTotals& totals) = 0;
 };
 
 }  // namespace quillory

@@ -7,7 +7,7 @@
 
 namespace quillory {
 
-// A part of a bar. Its colour is that of a class of the page: "error", "warning", "ok".
+// A part of a bar. Its colour is that of a class of the page: "error", "warning", "note", "ok".
 struct BarPart {
     std::string_view colour;
     std::string_view name;

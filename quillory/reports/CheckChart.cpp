@@ -12,17 +12,21 @@ std::vector<Bar> Sorted(std::vector<Bar> bars) {
     return bars;
 }
 
+std::string_view PluralOf(Severity severity) {
+    if (severity == Severity::Error) return "errors";
+    return severity == Severity::Warning ? "warnings" : "notes";
+}
+
 }  // namespace
 
-std::string FindingsChart(const CheckTotals& totals, const Policy& policy) {
+std::string FindingsChart(const CheckTotals& totals) {
     std::vector<Bar> bars;
-    for (const auto& [code, count] : totals.findings) {
-        const bool isError = policy.SeverityOf(code) == zorby::EST_Error;
-        const BarPart part =
-            isError ? BarPart{"error", "errors", count} : BarPart{"warning", "warnings", count};
-        bars.push_back({KindText(code), {part}});
+    bars.reserve(totals.rules.size());
+    for (const auto& [rule, count] : totals.rules) {
+        const BarPart part{SeverityText(count.severity), PluralOf(count.severity), count.count};
+        bars.push_back({std::string(RuleOf(rule).title), {part}});
     }
-    return BarChart("Findings by kind", Sorted(std::move(bars)));
+    return BarChart("Findings by rule", Sorted(std::move(bars)));
 }
 
 std::string MaterialsChart(const CheckTotals& totals) {

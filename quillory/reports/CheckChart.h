@@ -6,11 +6,11 @@
 
 namespace quillory {
 
-// Bar charts of a check as inline SVG. Colours come from the classes "error", "warning" and "ok" of
-// the page.
+// Bar charts of a check as inline SVG. Colours come from the classes "error", "warning", "note" and
+// "ok" of the page.
 
-// How often each kind of finding came, most frequent first.
-std::string FindingsChart(const CheckTotals& totals, const Policy& policy);
+// How often each rule was broken, most frequent first.
+std::string FindingsChart(const CheckTotals& totals);
 // Records by verdict, for each material.
 std::string MaterialsChart(const CheckTotals& totals);
 

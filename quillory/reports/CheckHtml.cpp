@@ -22,7 +22,7 @@ std::string Tile(std::string_view kind, std::uint64_t count, std::string_view te
 
 std::string Tiles(const CheckTotals& totals) {
     return Tile("", totals.records, "records checked") +
-           Tile("ok", totals.verdicts[kMayGo], "well") +
+           Tile("ok", totals.verdicts[kMayGo], "well or with notes alone") +
            Tile("warning", totals.verdicts[kMayGoWithWarnings], "with warnings") +
            Tile("error", totals.verdicts[kMustStay], "with errors") +
            (totals.damaged > 0 ? Tile("error", totals.damaged, "damaged") : "");
@@ -37,10 +37,10 @@ public:
 
     void TakeRecord(const CheckedRecord& record) override {
         NoteFile();
-        findings_ += record.findings.size();
+        findings_ += record.remarks.size();
         const bool isShown = rowsWanted_ == 0 || rowsShown_ < rowsWanted_;
-        if (record.findings.empty() || !isShown) return;
-        rowsShown_ += record.findings.size();
+        if (record.remarks.empty() || !isShown) return;
+        rowsShown_ += record.remarks.size();
         const CheckRecordHtml html = printer_.Print(record, "r" + std::to_string(++records_));
         rows_.Write(html.rows);
         sections_.Write(html.section);
@@ -53,13 +53,13 @@ public:
                       "</li>\n");
     }
 
-    void Finish(const CheckTotals& totals, const Policy& policy) override {
+    void Finish(const CheckTotals& totals) override {
         NoteFile();
         const PageSlots slots = {
             {"style", [this] { output_->Write(kCheckStyle); }},
             {"files", [this] { output_->Write(Files()); }},
             {"tiles", [&] { output_->Write(Tiles(totals)); }},
-            {"findings-chart", [&] { output_->Write(FindingsChart(totals, policy)); }},
+            {"findings-chart", [&] { output_->Write(FindingsChart(totals)); }},
             {"materials-chart", [&] { output_->Write(MaterialsChart(totals)); }},
             {"findings", [this] { WriteFindings(); }},
             {"damage", [this] { WriteDamage(); }},

@@ -16,18 +16,21 @@ std::optional<std::string_view> Given(std::string_view text) {
 
 }  // namespace
 
-void ToJson(const Finding& finding, JsonWriter& json) {
-    const std::string_view subfield(&finding.place.code, finding.place.code == '\0' ? 0 : 1);
+void ToJson(const Remark& remark, JsonWriter& json) {
+    const Place& place = remark.place;
+    const Rule& rule = RuleOf(remark.rule);
+    const std::string_view subfield(&place.code, place.code == '\0' ? 0 : 1);
     json.BeginObject();
-    json.Member("code", static_cast<int>(finding.code));
-    json.Member("severity", finding.IsError() ? "error" : "warning");
-    json.Member("tag", Given(finding.place.Tag()));
-    json.Member("occurrence", finding.place.occurrence == 0
-                                  ? std::nullopt
-                                  : std::optional(finding.place.occurrence));
+    json.Member("rule", rule.name);
+    if (rule.code != zorby::E_ERROR_CODE{}) json.Member("code", static_cast<int>(rule.code));
+    json.Member("severity", SeverityText(remark.severity));
+    json.Member("place", Given(PlaceText(place)));
+    json.Member("tag", Given(place.Tag()));
+    json.Member("occurrence",
+                place.occurrence == 0 ? std::nullopt : std::optional(place.occurrence));
     json.Member("subfield", Given(subfield));
-    json.Member("short", ShortText(finding));
-    json.Member("message", LongText(finding));
+    json.Member("title", rule.title);
+    json.Member("message", RemarkText(remark));
     json.EndObject();
 }
 
@@ -45,8 +48,8 @@ public:
             json.Member("control_number", summary.controlNumber);
             json.Member("title", summary.title);
             json.Member("material", MaterialText(record.item.record.leader));
-            json.Member("verdict", VerdictText(record.verdict));
-            json.Member("findings", record.findings);
+            json.Member("verdict", VerdictText(record.GetVerdict()));
+            json.Member("findings", record.remarks);
         });
     }
 
@@ -57,7 +60,7 @@ public:
         });
     }
 
-    void Finish(const CheckTotals&, const Policy&) override { output_->Finish(); }
+    void Finish(const CheckTotals&) override { output_->Finish(); }
 
 private:
     // Where the item is, and then what `addMembers` adds.

@@ -2,6 +2,7 @@
 #include <quillory/reports/HtmlText.h>
 #include <quillory/reports/RecordScreen.h>
 
+#include <cctype>
 #include <map>
 #include <set>
 #include <string_view>
@@ -14,8 +15,10 @@ std::string Cell(std::string_view kind, std::string_view html) {
     return "<td class=\"" + std::string(kind) + "\">" + std::string(html) + "</td>";
 }
 
-std::string_view ClassOf(const Finding& finding) {
-    return finding.IsError() ? "error" : "warning";
+std::string SeverityName(const Remark& remark) {
+    std::string name(SeverityText(remark.severity));
+    name.front() = static_cast<char>(std::toupper(name.front()));
+    return name;
 }
 
 // The folder shows where the pointer rests.
@@ -32,16 +35,19 @@ std::string RecordCells(const Item& item, const RecordSummary& summary, const st
            Cell("id", HtmlText(summary.controlNumber)) + Cell("title", HtmlText(summary.title));
 }
 
-std::string FindingCells(const Finding& finding) {
-    return Cell(ClassOf(finding), finding.IsError() ? "Error" : "Warning") +
-           Cell("finding", HtmlText(ShortText(finding))) +
-           Cell("field", HtmlText(PlaceText(finding.place)));
+// Why the rule is there shows where the pointer rests.
+std::string RemarkCells(const Remark& remark) {
+    const Rule& rule = RuleOf(remark.rule);
+    return Cell(SeverityText(remark.severity), SeverityName(remark)) +
+           "<td class=\"finding\" title=\"" + HtmlText(std::string(rule.why)) + "\">" +
+           HtmlText(std::string(rule.title)) + "</td>" +
+           Cell("field", HtmlText(PlaceText(remark.place)));
 }
 
-std::string FindingItem(const Finding& finding) {
-    const std::string place = PlaceText(finding.place);
-    return "<li class=\"" + std::string(ClassOf(finding)) + "\">" +
-           HtmlText(LongText(finding) + (place.empty() ? "" : " [" + place + "]")) + "</li>\n";
+std::string RemarkItem(const Remark& remark) {
+    const std::string place = PlaceText(remark.place);
+    return "<li class=\"" + std::string(SeverityText(remark.severity)) + "\">" +
+           HtmlText((place.empty() ? "" : place + ": ") + RemarkText(remark)) + "</li>\n";
 }
 
 // A line without its end.
@@ -61,9 +67,9 @@ CheckRecordHtml CheckRecordPrinter::Print(const CheckedRecord& record, const std
     html.section = "<section class=\"record\" id=\"" + id + "\"><h3>" + HtmlText(title) +
                    "</h3>\n<p class=\"note\">" + HtmlText(reporter_.PlaceOf(record.item)) +
                    " <a class=\"back\" href=\"#findings\">all findings</a></p>\n<ul>\n";
-    for (const Finding& finding : record.findings) {
-        html.rows += "<tr>" + FindingCells(finding) + cells;
-        html.section += FindingItem(finding);
+    for (const Remark& remark : record.remarks) {
+        html.rows += "<tr>" + RemarkCells(remark) + cells;
+        html.section += RemarkItem(remark);
     }
     html.section += "</ul>\n<pre>" + Fields(record) + "</pre></section>\n";
     return html;
@@ -71,8 +77,8 @@ CheckRecordHtml CheckRecordPrinter::Print(const CheckedRecord& record, const std
 
 std::string CheckRecordPrinter::Fields(const CheckedRecord& record) {
     std::set<std::pair<std::string_view, std::uint32_t>> marked;
-    for (const Finding& finding : record.findings) {
-        marked.emplace(finding.place.Tag(), finding.place.occurrence);
+    for (const Remark& remark : record.remarks) {
+        marked.emplace(remark.place.Tag(), remark.place.occurrence);
     }
     Record shown = record.item.record;
     Losses unused;

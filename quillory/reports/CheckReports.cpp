@@ -50,32 +50,6 @@ std::unique_ptr<CheckReport> MakeCheckReport(const CheckReportOptions& options,
     return FormatOf(options).make(std::make_unique<Output>(options.output), options, reporter);
 }
 
-std::string KindText(zorby::E_ERROR_CODE code) {
-    switch (code) {
-        case zorby::EC_ManyMainEntriesPersonal:
-            return "too many main entries (100)";
-        case zorby::EC_ManyMainEntriesCorporate:
-            return "too many main entries (110)";
-        case zorby::EC_ManyMainEntriesMeeting:
-            return "too many main entries (111)";
-        case zorby::EC_ManyMainEntriesUniformTitle:
-            return "too many main entries (130)";
-        case zorby::EC_SubfieldTooLong:
-            return "subfield is too long";
-        case zorby::EC_FieldTooLong:
-            return "field is too long";
-        case zorby::EC_NotMARC:
-            return "not a MARC field or subfield";
-        case zorby::EC_NotRepeatable:
-            return "not a repeatable field or subfield";
-        default: {
-            Finding finding;
-            finding.code = code;
-            return ShortText(finding);
-        }
-    }
-}
-
 std::string_view VerdictText(Verdict verdict) {
     switch (verdict) {
         case kMayGo:

@@ -19,6 +19,7 @@ struct CheckReportOptions {
     CheckFormat format = kCheckByName;  // by the name of the output, or text
     std::string output = "-";
     std::uint64_t rows = 5000;  // findings that a page shows, 0 for all
+    bool showsEach = false;     // in a text; else the first few of each rule
 };
 
 // The formats that the option names: all but kCheckByName.
@@ -39,8 +40,6 @@ std::unique_ptr<CheckReport> MakeHtmlCheckReport(std::unique_ptr<Output> output,
                                                  const CheckReportOptions& options,
                                                  Reporter& reporter);
 
-// A kind of finding in a few words, without field or subfield of one record.
-std::string KindText(zorby::E_ERROR_CODE code);
 // "ok", "warnings", "errors".
 std::string_view VerdictText(Verdict verdict);
 

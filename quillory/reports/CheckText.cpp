@@ -1,20 +1,24 @@
 #include <quillory/reports/CheckReports.h>
 #include <quillory/reports/ScreenText.h>
 
+#include <algorithm>
+#include <array>
 #include <utility>
+#include <vector>
 
 namespace quillory {
 namespace {
 
-// A line for each finding, and a summary at the end.
+// A line for each finding, or for the first few by each rule, and a table of the rules at the end.
 class TextReport : public CheckReport {
 public:
-    TextReport(std::unique_ptr<Output> output, Reporter& reporter)
-        : output_(std::move(output)), reporter_(reporter) {}
+    TextReport(std::unique_ptr<Output> output, bool showsEach, Reporter& reporter)
+        : output_(std::move(output)), showsEach_(showsEach), reporter_(reporter) {}
 
     void TakeRecord(const CheckedRecord& record) override {
-        for (const Finding& finding : record.findings) {
-            text_ = reporter_.PlaceOf(record.item) + ": " + LineText(finding) + '\n';
+        for (const Remark& remark : record.remarks) {
+            if (!IsShown(remark)) continue;
+            text_ = reporter_.PlaceOf(record.item) + ": " + RemarkLine(remark) + '\n';
             output_->Write(text_);
         }
     }
@@ -22,41 +26,72 @@ public:
     // The reporter has named it already.
     void TakeDamage(const Item&) override {}
 
-    void Finish(const CheckTotals& totals, const Policy& policy) override {
-        if (!reporter_.Quiet()) output_->Write(Summary(totals, policy));
+    void Finish(const CheckTotals& totals) override {
+        if (!reporter_.Quiet()) output_->Write(Summary(totals));
         output_->Finish();
     }
 
 private:
     static constexpr std::size_t kCountWidth = 8;
+    static constexpr std::size_t kSeverityWidth = 9;
+    static constexpr std::size_t kNameWidth = 26;
+    static constexpr std::uint64_t kShown = 3;  // of each rule
 
-    static std::string Summary(const CheckTotals& totals, const Policy& policy) {
-        std::string text = totals.findings.empty() ? "" : "\n";
+    std::string Summary(const CheckTotals& totals) const {
+        std::string text = totals.rules.empty() ? "" : "\n";
         text += Counted(totals.records, "record") +
-                " checked: " + std::to_string(totals.verdicts[kMayGo]) + " well, " +
+                " checked: " + std::to_string(totals.verdicts[kMayGo]) +
+                " well or with notes alone, " +
                 std::to_string(totals.verdicts[kMayGoWithWarnings]) + " with warnings, " +
                 std::to_string(totals.verdicts[kMustStay]) + " with errors";
         if (totals.damaged > 0) text += "; " + std::to_string(totals.damaged) + " damaged";
         text += '\n';
-        for (const auto& [code, count] : totals.findings) {
-            const bool isError = policy.SeverityOf(code) == zorby::EST_Error;
-            text += RightAligned(std::to_string(count), kCountWidth) +
-                    (isError ? "  E: " : "  W: ") + KindText(code) + '\n';
+        for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
+            text += Table(totals, severity);
+        }
+        if (isCut_) text += "The first few of each rule are shown; --each shows all.\n";
+        return text;
+    }
+
+    static std::string Table(const CheckTotals& totals, Severity severity) {
+        std::vector<std::pair<std::uint64_t, RuleId>> rows;
+        for (const auto& [rule, count] : totals.rules) {
+            if (count.severity == severity) rows.emplace_back(count.count, rule);
+        }
+        std::ranges::stable_sort(rows, std::ranges::greater(),
+                                 &std::pair<std::uint64_t, RuleId>::first);
+        std::string text;
+        for (const auto& [count, rule] : rows) {
+            text += RightAligned(std::to_string(count), kCountWidth) + "  " +
+                    Padded(std::string(SeverityText(severity)), kSeverityWidth) +
+                    Padded(std::string(RuleOf(rule).name), kNameWidth) +
+                    std::string(RuleOf(rule).title) + '\n';
         }
         return text;
     }
 
+    bool IsShown(const Remark& remark) {
+        if (showsEach_ || reporter_.Quiet() ||
+            ++shown_[static_cast<std::size_t>(remark.rule)] <= kShown)
+            return true;
+        isCut_ = true;
+        return false;
+    }
+
     std::unique_ptr<Output> output_;
+    bool showsEach_;
     Reporter& reporter_;
+    std::array<std::uint64_t, kRules> shown_{};
+    bool isCut_ = false;
     std::string text_;
 };
 
 }  // namespace
 
 std::unique_ptr<CheckReport> MakeTextCheckReport(std::unique_ptr<Output> output,
-                                                 const CheckReportOptions& /*options*/,
+                                                 const CheckReportOptions& options,
                                                  Reporter& reporter) {
-    return std::make_unique<TextReport>(std::move(output), reporter);
+    return std::make_unique<TextReport>(std::move(output), options.showsEach, reporter);
 }
 
 }  // namespace quillory

@@ -5,15 +5,19 @@ usage: check_test.py QUILLORY SAMPLES_FOLDER
 """
 import html.parser
 import json
+import pathlib
 import subprocess
 import sys
 import unittest
 
 from support import QUILLORY, SAMPLES, Cli, run
 
+PAGE = pathlib.Path(__file__).parents[2] / "docs" / "checks.md"
 SOUND = """=LDR  00000nam\\a2200000\\i\\4500
 =001  sound
+=005  20210101101010.0
 =008  990101s1999\\\\\\\\nyua\\\\\\\\\\\\\\\\\\\\001\\0\\eng\\d
+=040  \\\\$aDLC
 =100  1\\$aTwain, Mark
 =245  10$aRoughing it /$cby Mark Twain.
 =260  \\\\$aNew York :$bHarper,$c1999.
@@ -83,26 +87,70 @@ class Findings(Checks):
                               "NoHoldings=1")
         place = f'{self.bare}: record 1 at byte 0 (001 <b>&"bare): '
         self.assertEqual(out.splitlines(), [
-            place + "E: no title (245 $a) [245 $a]",
-            place + "E: no pub. name (260 $b) [260 $b]",
-            place + "E: no pub. date (260 $c) [260 $c]",
-            place + "E: no extent (300 $a) [300 $a]",
-            place + "W: no holdings [852]",
+            place + "008: error: the record lacks field 008, which the format requires [no-008]",
+            place + "040: note: the record lacks 040 $a or $c, the agencies that made it [no-040]",
+            place + "245 $a: error: the record lacks a title: give 245 $a [no-title]",
+            place + "260 $b: error: the record lacks a publisher: give 264 $b or 260 $b "
+                    "[no-publisher]",
+            place + "260 $c: error: the record lacks a date of publication: give 264 $c or 260 $c "
+                    "[no-date]",
+            place + "300 $a: error: the record lacks the number of pages, discs or pieces: give "
+                    "300 $a [no-extent]",
+            place + "852: warning: the record lacks copies: give a field of the holdings system in "
+                    "force [no-holdings]",
             "",
-            "1 record checked: 0 well, 0 with warnings, 1 with errors",
-            "       1  E: no title (245 $a)",
-            "       1  E: no pub. name (260 $b)",
-            "       1  E: no pub. date (260 $c)",
-            "       1  E: no extent (300 $a)",
-            "       1  W: no holdings",
+            "1 record checked: 0 well or with notes alone, 0 with warnings, 1 with errors",
+            "       1  error    no-title                  No title",
+            "       1  error    no-publisher              No publisher",
+            "       1  error    no-date                   No date of publication",
+            "       1  error    no-extent                 No extent",
+            "       1  error    no-008                    No fixed-length data elements",
+            "       1  warning  no-holdings               No holdings",
+            "       1  note     no-040                    No cataloging source",
         ])
         self.assertEqual(err, "")
-        quiet, _ = self.check("-q", self.bare, "--policy", "basic")
-        self.assertEqual(quiet, place + "E: no title (245 $a) [245 $a]\n")
+
+    def test_the_first_of_each_rule_unless_each_is_wanted(self):
+        many = self.path("many.mrk", (SOUND + "=500  91$aX\n" * 5).encode())
+        found = [line for line in self.check(many)[0].splitlines() if ": record 1" in line]
+        self.assertEqual(len(found), 3)
+        for option in ("--each", "-q"):
+            found = [line for line in self.check(many, option)[0].splitlines()
+                     if ": record 1" in line]
+            self.assertEqual(len(found), 10)
+
+    def test_rules_weigh_what_is_said(self):
+        notes = self.path("notes.mrk", SOUND.replace("=245  10", "=245  00").encode())
+        self.check(notes, status=0)
+        self.check(notes, "--fail-on", "note")
+        self.check(notes, "--rule", "title-first-indicator=warning")
+        self.check(notes, "--rule", "title-first-indicator=off", "--fail-on", "note", status=0)
+        self.check(notes, "--only", "no-008", "--fail-on", "note", status=0)
+        self.check(notes, "--skip", "title-first-indicator", "--fail-on", "note", status=0)
+        _, err = self.check(notes, "--skip", "title-first-indicater", status=2)
+        self.assertIn("perhaps title-first-indicator is meant", err)
+
+    def test_one_number_in_two_files(self):
+        other = self.path("other.mrk", SOUND.encode())
+        out, _ = self.check(self.sound, other)
+        self.assertIn(f"{other}: record 1 at byte 0 (001 sound): 001: warning: record 1 of "
+                      f"{self.sound} has the same control number", out)
+
+    def test_the_page_of_rules_is_that_of_the_program(self):
+        out, _ = self.check("--rules", "--format", "jsonl", status=0)
+        page = PAGE.read_text()
+        rules = [json.loads(line) for line in out.splitlines()]
+        rows = [f"| `{rule['rule']}` | {rule['severity']} | {rule['title']}. {rule['why']} | "
+                f"`{rule['example']}` | {rule['source']} |" for rule in rules]
+        self.assertIn("\n".join(rows) + "\n", page)
+        text, _ = self.check("--rules", status=0)
+        for rule in rules:
+            self.assertIn(rule["rule"] + " ", text)
 
     def test_a_sound_record_is_well(self):
         out, _ = self.check(self.sound, "--policy", "custom", status=0)
-        self.assertEqual(out, "1 record checked: 1 well, 0 with warnings, 0 with errors\n")
+        self.assertEqual(out, "1 record checked: 1 well or with notes alone, 0 with warnings, "
+                              "0 with errors\n")
         self.assertEqual(self.check("-q", self.sound, status=0), ("", ""))
 
     def test_json_has_every_record(self):
@@ -118,20 +166,18 @@ class Findings(Checks):
         out, _ = self.check(self.bare, "-o", self.path("out.jsonl"), "--policy", "custom")
         line = json.loads(self.path("out.jsonl").read_text())
         self.assertEqual(line["verdict"], "errors")
-        self.assertEqual(line["findings"][0], {
-            "code": 110, "severity": "error", "tag": "245", "occurrence": None, "subfield": "a",
-            "short": "no title (245 $a)",
-            "message": "No title statement (245 $a). This record has no main title. You must enter "
-                       "a title before the record can be exported. Enter the title as found on the "
-                       "item being cataloged, or create a title and enter it in square brackets."})
-        self.assertEqual([found["code"] for found in line["findings"]],
+        self.assertEqual(line["findings"][2], {
+            "rule": "no-title", "code": 110, "severity": "error", "place": "245 $a", "tag": "245",
+            "occurrence": None, "subfield": "a", "title": "No title",
+            "message": "the record lacks a title: give 245 $a"})
+        self.assertEqual([found["code"] for found in line["findings"] if "code" in found],
                          [110, 112, 113, 114, 115, 116, 117, 119, 120, 121, 122, 123])
 
     def test_the_same_from_marc_mrk_and_standard_input(self):
         def codes(*arguments, **options):
             out = subprocess.run([QUILLORY, "check", "-q", "--policy", "custom", "--format",
                                   "jsonl", *arguments], capture_output=True, **options).stdout
-            return [[(found["code"], found["tag"], found["occurrence"], found["subfield"])
+            return [[(found["rule"], found["tag"], found["occurrence"], found["subfield"])
                      for found in json.loads(line)["findings"]] for line in out.splitlines()]
         ours = codes(SAMPLES)
         self.assertEqual(len(ours), 24)
@@ -144,7 +190,7 @@ class Findings(Checks):
         custom = ["-q", "--policy", "custom", self.bare]
         self.assertNotIn("590", self.check(*custom)[0])
         self.assertNotIn("590", self.check(*custom, "--user-defined", "590a")[0])
-        self.assertIn("E: 590 is not a MARC field [590]\n",
+        self.assertIn("590: error: MARC 21 has no such field or subfield [undefined]\n",
                       self.check(*custom, "--user-defined", "591a")[0])
 
     def test_holdings_are_the_fields_that_an_export_writes(self):
@@ -152,7 +198,7 @@ class Findings(Checks):
                            ("CustomCallNumberSubfields", "949a"), ("CustomAllFAndS", "")):
             self.assertEqual(run("settings", "holdings." + key, value)[0], 0)
         bare = self.path("bare.mrk", SOUND.replace("=852  \\\\$aMain\n", "").encode())
-        self.assertIn("no holdings", self.check(bare, "--policy", "custom")[0])
+        self.assertIn("no-holdings", self.check(bare, "--policy", "custom")[0])
         tsv = self.path("h.tsv", b"001\t949b\nsound\t7\n")
         marc = self.path("out.mrc")
         status, _, err = run("export", bare, "-o", marc, "--holdings", tsv, "--policy", "custom")
@@ -178,9 +224,9 @@ class Policies(Checks):
             "=500  \\\\$aIncludes index.\n", "").encode())
         self.check(lacking, status=0)
         run("settings", "ZP_RC_NoNotes", "1")
-        self.assertIn("W: no notes", self.check(lacking)[0])
+        self.assertIn("warning: the record lacks notes", self.check(lacking)[0])
         run("settings", "ZP_RC_NoNotes", "0")
-        self.assertIn("E: no notes", self.check(lacking)[0])
+        self.assertIn("error: the record lacks notes", self.check(lacking)[0])
 
     def test_wrong_usage(self):
         for arguments, words in (
@@ -221,7 +267,7 @@ class Pages(Checks):
         out, _ = self.check(self.both, SAMPLES, "--policy", "custom", "-q")
         rows = [row for row in page.rows if row]
         self.assertEqual(len(rows), len(out.splitlines()))
-        self.assertEqual(rows[0], ["Error", "no title (245 $a)", "245 $a", "2",
+        self.assertEqual(rows[2], ["Error", "No title", "245 $a", "2",
                                    str(len(SOUND) + 1), '<b>&"bare',
                                    "Nothing <script>alert(1)</script>", "both.mrk"])
         self.assertEqual(sum(tag == "svg" for tag, _ in page.tags), 2)

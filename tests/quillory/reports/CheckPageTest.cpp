@@ -40,14 +40,12 @@ std::string Report(CheckFormat format, const Texts& texts) {
     item.number = 1;
     item.record.leader = "00000nam a2200000 a 4500";
     item.record.fields = {{"001", texts.number}, {"245", title}};
-    Finding note;
-    note.code = zorby::EC_NoNotes;
-    Finding found;
-    found.code = zorby::EC_NoTitle;
-    found.place = Place::OfField("245", 1).Subfield('a');
+    const Remark note{RuleId::NoNotes, Severity::Warning, {}};
+    const Remark found{RuleId::IsbnInvalid, Severity::Error, Place::OfField("245", 1).Subfield('a'),
+                       texts.reason};
     CheckTotals totals;
-    const std::vector<Finding> findings = {note, found};
-    const CheckedRecord record{item, findings, kMustStay};
+    const std::vector<Remark> remarks = {note, found};
+    const CheckedRecord record{item, remarks};
     totals.Count(record);
     report->TakeRecord(record);
     Item damage;
@@ -56,7 +54,7 @@ std::string Report(CheckFormat format, const Texts& texts) {
     damage.fault = ItemFault{{FaultCode::kMalformedXml, {}, texts.reason}};
     report->TakeDamage(damage);
     ++totals.damaged;
-    report->Finish(totals, Policy());
+    report->Finish(totals);
     return file.Read();
 }
 
@@ -161,7 +159,7 @@ TEST(CheckReports, FormatsGoByTheNameOfTheOutput) {
         const TemporaryFile file({}, ending);
         SilentPort port;
         Reporter reporter(port, {});
-        MakeCheckReport({kCheckByName, file.Path(), 0}, reporter)->Finish({}, Policy());
+        MakeCheckReport({kCheckByName, file.Path(), 0}, reporter)->Finish({});
         EXPECT_EQ(kindOf(file.Read()), std::string(kind)) << ending;
     }
 }

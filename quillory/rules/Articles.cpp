@@ -1,0 +1,119 @@
+#include <quillory/rules/Articles.h>
+
+#include <algorithm>
+#include <array>
+#include <ranges>
+#include <string>
+
+namespace quillory {
+namespace {
+
+struct LanguageArticles {
+    std::string_view language;
+    std::string_view articles;  // divided by blanks
+};
+
+// After the list of initial articles in the MARC 21 Format for Bibliographic Data, Appendix F:
+// languages of the Latin script, and articles in letters of ASCII.
+constexpr std::array kLanguages = std::to_array<LanguageArticles>({
+    {"afr", "die 'n"},
+    {"cat", "el els en l' la les lo los un una unes uns"},
+    {"dan", "de den det en et"},
+    {"dut", "de een het 's 't"},
+    {"eng", "a an the"},
+    {"epo", "la"},
+    {"fre", "l' la le les un une"},
+    {"ger", "das dem den der des die ein eine einem einen einer eines"},
+    {"glg", "a as o os unha un"},
+    {"gre", "ho he to hoi hai ta"},
+    {"hun", "a az egy"},
+    {"ita", "gl' gli i il l' la le lo un un' una uno"},
+    {"nor", "de dei den det ei en et eit"},
+    {"nno", "den det dei ein ei eit"},
+    {"nob", "de den det en et ei"},
+    {"oci", "l' la las le lo los un una"},
+    {"por", "a as o os um uma umas uns"},
+    {"rum", "o un una"},
+    {"spa", "el la las lo los un una unas unos"},
+    {"swe", "de den det en ett"},
+    {"wel", "y yr"},
+    {"yid", "a an der di dem dos"},
+});
+
+// Names and phrases that begin with a word that is an article elsewhere.
+constexpr std::array<std::string_view, 15> kNoArticles{
+    "a is ",        "a to ",       "a priori",  "a cappella",   "a la ",
+    "a posteriori", "los angeles", "las vegas", "el paso",      "el salvador",
+    "la paz",       "le havre",    "le mans",   "le corbusier", "la rochelle"};
+
+constexpr std::string_view kSignsBefore = "\"'[(<.";
+constexpr std::string_view kSignsAfter = "\"'[(<.-";
+
+char Lower(char c) {
+    return 'A' <= c && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+}
+
+bool BeginsWith(std::string_view text, std::string_view word) {
+    return text.size() >= word.size() &&
+           std::ranges::equal(text.substr(0, word.size()), word, {}, Lower);
+}
+
+bool IsJoined(std::string_view article) {
+    return article.back() == '\'';
+}
+
+// The article stands at the front and is followed by a blank, or by the word that it is joined to.
+bool IsAt(std::string_view text, std::string_view article) {
+    if (!BeginsWith(text, article) || text.size() <= article.size() + 1) return false;
+    return IsJoined(article) ? text[article.size()] != ' ' : text[article.size()] == ' ';
+}
+
+bool IsNoArticle(std::string_view text) {
+    return std::ranges::any_of(
+        kNoArticles, [text](std::string_view phrase) { return BeginsWith(text, phrase); });
+}
+
+std::string_view FindArticle(std::string_view text, std::string_view articles) {
+    std::string_view longest;
+    for (const auto part : std::views::lazy_split(articles, ' ')) {
+        const auto common = std::views::common(part);
+        const std::string article(common.begin(), common.end());
+        if (article.size() > longest.size() && IsAt(text, article)) {
+            longest = text.substr(0, article.size());
+        }
+    }
+    return longest;
+}
+
+Article FindAfterSigns(std::string_view title, std::string_view articles) {
+    const std::size_t start = std::min(title.find_first_not_of(kSignsBefore), title.size());
+    const std::string_view text = title.substr(start);
+    if (IsNoArticle(text)) return {};
+    const std::string_view word = FindArticle(text, articles);
+    if (word.empty()) return {};
+    const std::size_t end = start + word.size();
+    const std::size_t size = std::min(title.find_first_not_of(' ', end), title.size());
+    return {word, size, std::min(title.find_first_not_of(kSignsAfter, size), title.size())};
+}
+
+}  // namespace
+
+bool KnowsArticlesOf(std::string_view language) {
+    return std::ranges::find(kLanguages, language, &LanguageArticles::language) != kLanguages.end();
+}
+
+Article ArticleOf(std::string_view title, std::string_view language) {
+    const auto* known = std::ranges::find(kLanguages, language, &LanguageArticles::language);
+    return known == kLanguages.end() ? Article{} : FindAfterSigns(title, known->articles);
+}
+
+Article ArticleOfAnyLanguage(std::string_view title) {
+    Article longest;
+    for (const LanguageArticles& language : kLanguages) {
+        const Article article = FindAfterSigns(title, language.articles);
+        if (article.word.size() > longest.word.size()) longest = article;
+    }
+    return longest;
+}
+
+}  // namespace quillory

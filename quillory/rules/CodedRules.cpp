@@ -1,0 +1,266 @@
+#include <quillory/coded/Elements.h>
+#include <quillory/coded/FreeValues.h>
+#include <quillory/coded/Material.h>
+#include <quillory/rules/Dates.h>
+#include <quillory/rules/RuleFamilies.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace quillory {
+namespace {
+
+using zorby::CFType;
+
+constexpr unsigned k005 = 5;
+constexpr unsigned k006 = 6;
+constexpr unsigned k007 = 7;
+constexpr unsigned k008 = 8;
+constexpr std::size_t k008Size = 40;
+constexpr int kFirstLanguage = 35;
+constexpr int kFirstCountry = 15;
+constexpr std::size_t kCodeSize = 3;
+
+std::string Quoted(std::string_view text) {
+    return '"' + Printable(text) + '"';
+}
+
+const Element* ElementAt(CFType form, int first) {
+    const auto& elements = ElementsOf(form);
+    const auto found = std::ranges::find(elements, first, &Element::first);
+    return found == elements.end() ? nullptr : &*found;
+}
+
+std::string SizeText(std::size_t size) {
+    return std::to_string(size);
+}
+
+// The types of date whose second date is not before the first.
+bool HasPeriod(char type) {
+    constexpr std::string_view kPeriods = "cdikmqu";
+    return kPeriods.find(type) != kPeriods.npos;
+}
+
+bool IsYear(std::string_view text) {
+    return std::ranges::all_of(text, [](char c) { return '0' <= c && c <= '9'; });
+}
+
+void Check005(const CheckedField& field, RemarkSink& remarks) {
+    if (IsTimeStamp(field.content)) return;
+    remarks.Add(RuleId::DateMalformed, field.GetPlace(), Printable(field.content),
+                "time of the form yyyymmddhhmmss.f");
+}
+
+void CheckDatesOf008(const CheckedField& field, RemarkSink& remarks) {
+    const std::string_view entered = field.content.substr(0, 6);
+    if (!IsDayOfEntry(entered)) {
+        remarks.Add(RuleId::DateMalformed, field.GetPlace().Positions(0, 5), Printable(entered),
+                    "day of the form yymmdd");
+    }
+    const std::string_view first = field.content.substr(7, 4);
+    const std::string_view second = field.content.substr(11, 4);
+    if (HasPeriod(field.content[6]) && IsYear(first) && IsYear(second) && second < first) {
+        remarks.Add(RuleId::DatesInWrongOrder, field.GetPlace().Positions(7, 14),
+                    std::string(first) + " to " + std::string(second),
+                    "date 2 is not before date 1");
+    }
+}
+
+}  // namespace
+
+class CodedRules::Work {
+public:
+    explicit Work(const CodeLists& lists)
+        : lists_(lists),
+          language_(ElementAt(zorby::CF008Standard, kFirstLanguage)),
+          country_(ElementAt(zorby::CF008Standard, kFirstCountry)) {}
+
+    void Check(const RecordInHand& record, RemarkSink& remarks) {
+        CheckElements(Place::OfLeader(), record.Leader(), zorby::CFLdr, 0, remarks);
+        for (const CheckedField& field : record.Fields()) CheckField(record, field, remarks);
+    }
+
+private:
+    void CheckField(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+        switch (field.number) {
+            case k005:
+                return Check005(field, remarks);
+            case k006:
+                return CheckForm(field, MaterialOf006(field.content), zorby::CF006None, remarks);
+            case k007:
+                return CheckForm(field, CategoryOf007(field.content), zorby::CF007None, remarks);
+            case k008:
+                return Check008(record, field, remarks);
+            case 41:
+                return CheckLanguages(record, field, remarks);
+            case 44:
+                return CheckCountries(record, field, remarks);
+            default:
+                return;
+        }
+    }
+
+    void CheckForm(const CheckedField& field, CFType form, CFType none, RemarkSink& remarks) {
+        if (form == none) {
+            remarks.Add(RuleId::CodeUnknown, field.GetPlace().Positions(0, 0),
+                        Quoted(field.content.substr(0, 1)),
+                        none == zorby::CF006None ? "Form of material" : "Category of material");
+            return;
+        }
+        CheckLength(field, static_cast<std::size_t>(LengthOfForm(form)), remarks);
+        CheckElements(field.GetPlace(), field.content, form, 0, remarks);
+    }
+
+    static bool CheckLength(const CheckedField& field, std::size_t size, RemarkSink& remarks) {
+        if (field.content.size() == size) return true;
+        remarks.Add(RuleId::FieldLength, field.GetPlace(), SizeText(field.content.size()),
+                    SizeText(size));
+        return false;
+    }
+
+    // The positions of an 008 of another length can't be trusted.
+    void Check008(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+        if (field.occurrence > 1 || !CheckLength(field, k008Size, remarks)) return;
+        CheckDatesOf008(field, remarks);
+        CheckElements(field.GetPlace(), field.content, zorby::CF008Standard, 0, remarks);
+        const CFType material = MaterialOfLeader(record.Leader());
+        if (material == zorby::CF006None) return;
+        CheckElements(field.GetPlace(), field.content, material, kMaterialOffset008, remarks);
+    }
+
+    // Positions of a form of 006 stand `offset` further on in 008. The day at the front of 008 is
+    // no code.
+    void CheckElements(const Place& field, std::string_view bytes, CFType form, int offset,
+                       RemarkSink& remarks) {
+        for (const Element& element : ElementsOf(form)) {
+            const bool isIn008 = offset > 0 || form == zorby::CF008Standard;
+            if (isIn008 && element.first == 0) continue;
+            const auto first = static_cast<std::size_t>(element.first + offset);
+            const auto width = static_cast<std::size_t>(element.Width());
+            if (first + width > bytes.size()) return;
+            CheckElement(element, bytes.substr(first, width),
+                         field.Positions(element.first + offset, element.last + offset), remarks);
+        }
+    }
+
+    void CheckElement(const Element& element, std::string_view value, const Place& place,
+                      RemarkSink& remarks) {
+        const CodeState state = StateOf(element, value);
+        if (state == CodeState::Obsolete) {
+            remarks.Add(RuleId::CodeObsolete, place, Quoted(value), element.name);
+        } else if (state == CodeState::Unknown) {
+            const RuleId rule =
+                element.IsUndefined() ? RuleId::PositionUndefined : RuleId::CodeUnknown;
+            remarks.Add(rule, place, Quoted(value), element.name);
+        }
+    }
+
+    CodeState StateOf(const Element& element, std::string_view value) {
+        if (value.size() != 1 || element.IsUndefined()) return LookUp(element, value);
+        const auto number = static_cast<std::size_t>(element.parts.front());
+        if (number >= answers_.size()) answers_.resize(number + 1);
+        auto& answer = answers_[number][static_cast<unsigned char>(value.front())];
+        if (!answer) answer = LookUp(element, value);
+        return *answer;
+    }
+
+    CodeState LookUp(const Element& element, std::string_view value) const {
+        if (IsAll(value, ' ') && element.IsUndefined()) return CodeState::Known;
+        if (IsAll(value, kFill)) return CodeState::NoAttempt;
+        if (!element.IsUndefined()) {
+            if (const auto free = ReadFreeValue(element.parts.front(), value)) {
+                return free->fits ? CodeState::Known : CodeState::Unknown;
+            }
+        }
+        CodeState worst = CodeState::Known;
+        for (const std::string_view code : lists_.SplitCodes(element, value)) {
+            const CodeState state = lists_.StateOf(element, code);
+            if (state == CodeState::Unknown) return state;
+            if (state == CodeState::Obsolete) worst = state;
+        }
+        return worst;
+    }
+
+    // Codes of other lists stand in fields whose second indicator is 7. Codes once stood without a
+    // division: "engfre".
+    void CheckLanguages(const RecordInHand& record, const CheckedField& field,
+                        RemarkSink& remarks) {
+        if (field.Indicator(2) != ' ') return;
+        bool isFirst = field.occurrence == 1;
+        for (const auto& [code, text] : record.SubfieldsOf(field)) {
+            const bool isCode = 'a' <= code && code <= 'z';
+            if (!isCode) continue;
+            if (isFirst && code == 'a') CheckAgainst008(record, field, text, remarks);
+            isFirst = isFirst && code != 'a';
+            if (text.size() % kCodeSize != 0) {
+                AddLanguage(field, code, text, remarks);
+                continue;
+            }
+            for (std::size_t at = 0; at < text.size(); at += kCodeSize) {
+                AddLanguage(field, code, text.substr(at, kCodeSize), remarks);
+            }
+        }
+    }
+
+    void AddLanguage(const CheckedField& field, char subfield, std::string_view code,
+                     RemarkSink& remarks) {
+        AddListed(*language_, field.GetPlace().Subfield(subfield), code, code,
+                  {RuleId::LanguageUnknown, RuleId::LanguageObsolete}, remarks);
+    }
+
+    static void CheckAgainst008(const RecordInHand& record, const CheckedField& field,
+                                std::string_view text, RemarkSink& remarks) {
+        const CheckedField* fixed = record.First(k008);
+        if (fixed == nullptr || fixed->content.size() != k008Size) return;
+        const std::string_view language = fixed->content.substr(kFirstLanguage, kCodeSize);
+        const bool saysNothing = IsAll(language, ' ') || IsAll(language, kFill);
+        if (saysNothing || text.substr(0, kCodeSize) == language) return;
+        remarks.Add(RuleId::LanguageAgainst008, field.GetPlace().Subfield('a'),
+                    Quoted(text.substr(0, kCodeSize)), Quoted(language));
+    }
+
+    void CheckCountries(const RecordInHand& record, const CheckedField& field,
+                        RemarkSink& remarks) {
+        for (const auto& [code, text] : record.SubfieldsOf(field)) {
+            if (code != 'a') continue;
+            std::string padded(text);
+            if (padded.size() < kCodeSize) padded.resize(kCodeSize, ' ');
+            AddListed(*country_, field.GetPlace().Subfield('a'), text, padded,
+                      {RuleId::CountryUnknown, RuleId::CountryObsolete}, remarks);
+        }
+    }
+
+    struct ListRules {
+        RuleId unknown;
+        RuleId obsolete;
+    };
+
+    void AddListed(const Element& element, const Place& place, std::string_view given,
+                   std::string_view code, ListRules rules, RemarkSink& remarks) {
+        const CodeState state = lists_.StateOf(element, code);
+        if (state == CodeState::Unknown || IsAll(code, kFill)) {
+            remarks.Add(rules.unknown, place, Quoted(given));
+        } else if (state == CodeState::Obsolete) {
+            const std::string use = lists_.Find(element, code).use;
+            remarks.Add(rules.obsolete, place, Quoted(given),
+                        use.empty() ? "another now" : use + " now");
+        }
+    }
+
+    const CodeLists& lists_;
+    const Element* language_;
+    const Element* country_;
+    // By the number of an element's first part.
+    std::vector<std::array<std::optional<CodeState>, 256>> answers_;
+};
+
+CodedRules::CodedRules(const CodeLists& lists) : work_(std::make_unique<Work>(lists)) {}
+
+CodedRules::~CodedRules() = default;
+
+void CodedRules::Check(const RecordInHand& record, RemarkSink& remarks) {
+    work_->Check(record, remarks);
+}
+
+}  // namespace quillory

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <quillory/checks/Checker.h>
+#include <quillory/coded/CodeLists.h>
+#include <quillory/rules/Remark.h>
+#include <quillory/rules/RuleChoice.h>
+#include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/SeenNumbers.h>
+
+#include <vector>
+
+namespace quillory {
+
+// Holds records against all rules: those of the library, and what the format and good practice ask
+// beyond them. Of records of another format than the bibliographic one only lengths, characters and
+// control numbers are checked.
+class Inspector {
+public:
+    // `charset` is that of the records; auto: each record says it. Policy and dictionaries are in
+    // force. Keeps the reference.
+    Inspector(CheckerOptions options, const RuleWeights& weights, const CodeLists& lists);
+
+    // Records of the files that follow are named by their numbers alone within this one.
+    void BeginFile(const std::string& name) { numbers_.BeginFile(name); }
+
+    // Replaces `remarks`: in the order of the fields, and then what the record lacks. `number` is
+    // that of the record in its file.
+    void Inspect(const Record& record, std::uint64_t number, std::vector<Remark>& remarks);
+
+private:
+    void TakeFindings(const Record& record, RemarkSink& remarks);
+    void CheckBytes(const Record& record, RemarkSink& remarks) const;
+    void CheckControlNumber(const Record& record, std::uint64_t number, RemarkSink& remarks);
+
+    CheckerOptions options_;
+    Checker checker_;
+    RuleWeights weights_;
+    RecordInHand record_;
+    CodedRules coded_;
+    SeenNumbers numbers_;
+    std::vector<Finding> findings_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,119 @@
+#include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/StandardNumbers.h>
+#include <quillory/text/Trimmed.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+// The number at the front of a text, and what comes after it.
+struct Divided {
+    std::string_view number;
+    std::string_view rest;
+};
+
+Divided DivideIsbn(std::string_view text) {
+    text = Trimmed(text);
+    const std::size_t end = std::min(text.find_first_not_of("0123456789Xx-"), text.size());
+    return {text.substr(0, end), Trimmed(text.substr(end))};
+}
+
+void AddFault(RuleId rule, const Place& place, std::string_view number, std::string fault,
+              RemarkSink& remarks) {
+    if (!fault.empty()) remarks.Add(rule, place, Printable(number), std::move(fault));
+}
+
+// In other fields an ISBN stands alone; in 020 words may come after it.
+void CheckIsbn(const Place& place, std::string_view text, RemarkSink& remarks) {
+    const auto [number, rest] = DivideIsbn(text);
+    AddFault(RuleId::IsbnInvalid, place, number.empty() ? text : number, FaultOfIsbn(number),
+             remarks);
+    if (!rest.empty() && !number.empty()) {
+        remarks.Add(RuleId::IsbnWithText, place, '"' + Printable(rest) + '"');
+    }
+}
+
+void CheckIssn(const Place& place, std::string_view text, RemarkSink& remarks) {
+    // Punctuation before the next subfield is no part of the number.
+    std::string_view number = Trimmed(text);
+    while (!number.empty() && std::string_view(" ;:,.)").find(number.back()) != text.npos) {
+        number.remove_suffix(1);
+    }
+    if (number.starts_with("ISSN ")) number.remove_prefix(5);
+    AddFault(RuleId::IssnInvalid, place, number, FaultOfIssn(number), remarks);
+}
+
+void CheckStandardNumber(const CheckedField& field, std::string_view text, RemarkSink& remarks) {
+    const Place place = field.GetPlace().Subfield('a');
+    const std::string_view number = Trimmed(text);
+    std::string fault;
+    switch (field.Indicator(1)) {
+        case '1':
+            fault = FaultOfUpc(number);
+            break;
+        case '2':
+            fault = FaultOfIsmn(number);
+            break;
+        case '3':
+            fault = FaultOfEan(number);
+            break;
+        default:
+            return;
+    }
+    AddFault(RuleId::StandardNumberInvalid, place, number, std::move(fault), remarks);
+}
+
+bool IsSchemeSign(char c) {
+    return ('a' <= (c | 0x20) && (c | 0x20) <= 'z') || ('0' <= c && c <= '9') || c == '+' ||
+           c == '-' || c == '.';
+}
+
+void CheckUrl(const Place& place, std::string_view text, RemarkSink& remarks) {
+    const std::string_view url = Trimmed(text);
+    const std::string_view scheme = url.substr(0, url.find(':'));
+    const bool hasScheme =
+        scheme.size() < url.size() && !scheme.empty() && std::ranges::all_of(scheme, IsSchemeSign);
+    if (!hasScheme) {
+        remarks.Add(RuleId::UrlMalformed, place, Printable(url), "it begins like https://");
+    } else if (url.find_first_of(" \"<>") != url.npos) {
+        remarks.Add(RuleId::UrlMalformed, place, Printable(url),
+                    "it has no blanks, quotation marks or angle brackets");
+    }
+}
+
+// Series, and links to other records.
+bool HasIssnInX(unsigned tag) {
+    constexpr unsigned kSeries[] = {440, 490, 800, 810, 811, 830};
+    return std::ranges::find(kSeries, tag) != std::end(kSeries) || (760 <= tag && tag <= 787);
+}
+
+void CheckSubfield(const CheckedField& field, const SubfieldInHand& subfield, RemarkSink& remarks) {
+    const auto [code, text] = subfield;
+    if (Trimmed(text).empty()) return;
+    const Place place = field.GetPlace().Subfield(code);
+    const unsigned tag = field.number;
+    if (tag == 20 && code == 'a') CheckIsbn(place, text, remarks);
+    if (760 <= tag && tag <= 787 && code == 'z') {
+        AddFault(RuleId::IsbnInvalid, place, text, FaultOfIsbn(DivideIsbn(text).number), remarks);
+    }
+    if (tag == 22 && (code == 'a' || code == 'l')) CheckIssn(place, text, remarks);
+    if (HasIssnInX(tag) && code == 'x') CheckIssn(place, text, remarks);
+    if (tag == 24 && code == 'a') CheckStandardNumber(field, text, remarks);
+    if (tag == 856 && code == 'u') CheckUrl(place, text, remarks);
+}
+
+}  // namespace
+
+void CheckNumbers(const RecordInHand& record, RemarkSink& remarks) {
+    for (const CheckedField& field : record.Fields()) {
+        const unsigned tag = field.number;
+        const bool mayHave = tag == 20 || tag == 22 || tag == 24 || tag == 856 || HasIssnInX(tag);
+        if (!mayHave) continue;
+        for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
+            CheckSubfield(field, subfield, remarks);
+        }
+    }
+}
+
+}  // namespace quillory

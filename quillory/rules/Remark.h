@@ -1,0 +1,25 @@
+#pragma once
+
+#include <quillory/places/Place.h>
+#include <quillory/rules/Rule.h>
+
+#include <string>
+
+namespace quillory {
+
+// What a rule says of one record, and of which place in it.
+struct Remark {
+    RuleId rule = {};
+    Severity severity = Severity::Note;
+    Place place = {};        // occurrence 0 where the record lacks the field
+    std::string found = {};  // as Rule::words has them; UTF-8, or bytes of a record
+    std::string allowed = {};
+};
+
+// In words, without the place.
+std::string RemarkText(const Remark& remark);
+
+// "245 $a: warning: ... [isbn-invalid]".
+std::string RemarkLine(const Remark& remark);
+
+}  // namespace quillory

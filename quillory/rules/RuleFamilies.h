@@ -1,0 +1,40 @@
+#pragma once
+
+#include <quillory/coded/CodeLists.h>
+#include <quillory/rules/RecordInHand.h>
+#include <quillory/rules/RemarkSink.h>
+
+#include <memory>
+
+namespace quillory {
+
+// The checks of rules, by families. Each looks at a bibliographic record that was taken apart.
+
+// Fields, indicators and subfields against the dictionary. Without `allowsLocal`, what the format
+// leaves to libraries is undefined, too.
+void CheckStructure(const RecordInHand& record, bool allowsLocal, RemarkSink& remarks);
+// Fields that a record lacks.
+void CheckNeeds(const RecordInHand& record, RemarkSink& remarks);
+// ISBN, ISSN and others, and addresses.
+void CheckNumbers(const RecordInHand& record, RemarkSink& remarks);
+// Nonfiling characters, added entries and series.
+void CheckTitleFields(const RecordInHand& record, RemarkSink& remarks);
+// Fields in other scripts and their partners.
+void CheckLinks(const RecordInHand& record, RemarkSink& remarks);
+// Terms and codes of 336 to 338.
+void CheckMediaTypes(const RecordInHand& record, RemarkSink& remarks);
+
+// The Leader, 006, 007, 008 and dates, and fields of codes.
+class CodedRules {
+public:
+    // Keeps the reference.
+    explicit CodedRules(const CodeLists& lists);
+    ~CodedRules();
+    void Check(const RecordInHand& record, RemarkSink& remarks);
+
+private:
+    class Work;
+    std::unique_ptr<Work> work_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,120 @@
+#include <quillory/rules/StandardNumbers.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr std::size_t kIsbn10 = 10;
+constexpr std::size_t kEan = 13;
+constexpr std::size_t kUpc = 12;
+constexpr std::size_t kIssn = 8;
+
+bool IsDigit(char c) {
+    return '0' <= c && c <= '9';
+}
+
+bool AreDigits(std::string_view text) {
+    return std::ranges::all_of(text, IsDigit);
+}
+
+std::string WithoutSigns(std::string_view text, std::string_view signs) {
+    std::string number(text);
+    std::erase_if(number, [signs](char c) { return signs.find(c) != signs.npos; });
+    return number;
+}
+
+char Eleven(int rest) {
+    return rest == 10 ? 'X' : static_cast<char>('0' + rest);
+}
+
+// Weights fall from the length to 2; the check digit makes the sum a multiple of 11.
+char CheckDigit11(std::string_view digits) {
+    int sum = 0;
+    int weight = static_cast<int>(digits.size()) + 1;
+    for (const char digit : digits) sum += (digit - '0') * weight--;
+    return Eleven((11 - sum % 11) % 11);
+}
+
+// Weights are 3 and 1 in turn, 3 beside the check digit, which makes the sum a multiple of 10.
+char CheckDigit10(std::string_view digits) {
+    int sum = 0;
+    int weight = 3;
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+        sum += (*digit - '0') * weight;
+        weight = 4 - weight;
+    }
+    return static_cast<char>('0' + (10 - sum % 10) % 10);
+}
+
+std::string WrongCheckDigit(char right) {
+    return std::string("the check digit would be ") + right;
+}
+
+std::string WrongSize(std::string_view digits, std::string_view sizes) {
+    return "it has " + std::to_string(digits.size()) + " digits; there are " + std::string(sizes);
+}
+
+char Upper(char c) {
+    return c == 'x' ? 'X' : c;
+}
+
+std::string FaultOf11(std::string_view number) {
+    const std::string_view digits = number.substr(0, number.size() - 1);
+    const char last = Upper(number.back());
+    if (!AreDigits(digits) || (!IsDigit(last) && last != 'X')) return "it has other signs";
+    const char right = CheckDigit11(digits);
+    return last == right ? std::string() : WrongCheckDigit(right);
+}
+
+std::string FaultOf10(std::string_view number) {
+    if (!AreDigits(number)) return "it has other signs";
+    const char right = CheckDigit10(number.substr(0, number.size() - 1));
+    return number.back() == right ? std::string() : WrongCheckDigit(right);
+}
+
+}  // namespace
+
+std::string FaultOfIsbn(std::string_view text) {
+    const std::string number = WithoutSigns(text, "- ");
+    if (number.size() == kIsbn10) return FaultOf11(number);
+    if (number.size() != kEan) return WrongSize(number, "10 or 13 in an ISBN");
+    if (!number.starts_with("978") && !number.starts_with("979")) {
+        return "an ISBN of 13 digits begins with 978 or 979";
+    }
+    return FaultOf10(number);
+}
+
+std::string FaultOfIssn(std::string_view text) {
+    constexpr std::size_t kHyphen = 4;
+    const std::string number = WithoutSigns(text, "-");
+    if (number.size() != kIssn) return WrongSize(number, "8 in an ISSN");
+    std::string fault = FaultOf11(number);
+    if (!fault.empty()) return fault;
+    const bool isWritten = text.size() == kIssn + 1 && text[kHyphen] == '-';
+    return isWritten ? fault
+                     : "it would be " + number.substr(0, kHyphen) + '-' + number.substr(kHyphen);
+}
+
+std::string FaultOfEan(std::string_view text) {
+    const std::string number = WithoutSigns(text, "- ");
+    if (number.size() != kEan) return WrongSize(number, "13 in this number");
+    return FaultOf10(number);
+}
+
+std::string FaultOfUpc(std::string_view text) {
+    const std::string number = WithoutSigns(text, "- ");
+    if (number.size() != kUpc) return WrongSize(number, "12 in this number");
+    return FaultOf10(number);
+}
+
+std::string FaultOfIsmn(std::string_view text) {
+    std::string number = WithoutSigns(text, "- ");
+    if (number.starts_with('M') || number.starts_with('m')) number.replace(0, 1, "9790");
+    if (number.size() != kEan || !number.starts_with("9790")) {
+        return "an ISMN is 13 digits from 9790 on, or M and nine digits";
+    }
+    return FaultOf10(number);
+}
+
+}  // namespace quillory

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+// What is wrong with a number, in words that follow the number; empty if nothing is. Each takes the
+// number alone.
+
+// An ISBN of 10 or 13 digits, with or without hyphens or blanks.
+std::string FaultOfIsbn(std::string_view number);
+// An ISSN: four digits, a hyphen, three digits, a check digit.
+std::string FaultOfIssn(std::string_view number);
+// An International Article Number of 13 digits, with or without hyphens or blanks.
+std::string FaultOfEan(std::string_view number);
+// A Universal Product Code of 12 digits.
+std::string FaultOfUpc(std::string_view number);
+// An ISMN: 13 digits that begin with 9790, or M and nine digits.
+std::string FaultOfIsmn(std::string_view number);
+
+}  // namespace quillory

@@ -1,0 +1,234 @@
+#include <quillory/faults/Errors.h>
+#include <quillory/rules/Inspector.h>
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <tests/quillory/Records.h>
+#include <tests/quillory/checks/DictionariesInForce.h>
+
+namespace quillory {
+namespace {
+
+const std::string k008 = "990101s1999    nyua          001 0 eng d";
+
+// A record with which nothing is wrong, with "$" for the delimiter.
+const Lines kSound{
+    "001x1",
+    "00520210101101010.0",
+    "008" + k008,
+    "020  $a9780596000271$q(paperback)",
+    "040  $aDLC$beng$cDLC",
+    "1001 $aTwain, Mark",
+    "24510$aRoughing it /$cby Mark Twain.",
+    "264 1$aNew York :$bHarper,$c1999.",
+    "300  $a304 pages :$billustrations ;$c21 cm",
+    "336  $atext$btxt$2rdacontent",
+    "337  $aunmediated$bn$2rdamedia",
+    "338  $avolume$bnc$2rdacarrier",
+    "650 0$aWest (U.S.)$xHistory.",
+    "85640$uhttps://example.org/a",
+};
+
+class InspectorTest : public testing::Test {
+protected:
+    static const CodeLists& Lists() {
+        static const CodeLists lists{CodeStatus(CODES_FILE)};
+        return lists;
+    }
+
+    // What is found on a record, as "indicator-undefined 245/1; ...".
+    static std::string Found(Inspector& inspector, const Record& record, std::uint64_t number = 1) {
+        std::vector<Remark> remarks;
+        inspector.Inspect(record, number, remarks);
+        std::string text;
+        for (const Remark& remark : remarks) {
+            text += (text.empty() ? "" : "; ") + std::string(RuleOf(remark.rule).name);
+            const std::string place = PlaceText(remark.place);
+            if (!place.empty()) text += " " + place;
+        }
+        return text;
+    }
+
+    static std::string Found(const Record& record, const RuleChoice& choice = {}) {
+        Inspector inspector({}, RuleWeights(choice), Lists());
+        return Found(inspector, record);
+    }
+
+    // The sound record, without the fields of some tags (by three digits each), and with others.
+    static std::string FoundIn(const std::string& without, const Lines& with) {
+        Lines lines;
+        for (const std::string& line : kSound) {
+            if (without.find(line.substr(0, 3)) == without.npos) lines.push_back(line);
+        }
+        lines.insert(lines.end(), with.begin(), with.end());
+        return Found(TestRecord(lines, '$').record);
+    }
+
+private:
+    DictionariesInForce dictionaries_;
+};
+
+std::string With008(std::size_t at, const std::string& text) {
+    std::string field = k008;
+    field.replace(at, text.size(), text);
+    return "008" + field;
+}
+
+TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
+    const struct {
+        const char* without;
+        Lines with;
+        const char* found;
+    } kCases[] = {
+        {"", {}, ""},
+        // What a record is made of.
+        {"", {"50091$aNote"}, "indicator-undefined 500/1; indicator-undefined 500/2"},
+        {"", {"050 1$aPS1"}, "indicator-obsolete 050/2"},
+        {"", {"440 0$aBlue books"}, "field-obsolete 440"},
+        {"", {"500  $aNote$zSource"}, "subfield-obsolete 500 $z"},
+        {"", {"1041 $aX"}, "undefined 104"},
+        {"", {"500  $jX$jY"}, "undefined 500 $j"},
+        {"", {"300  $a1 disc$bx$by$bz"}, "not-repeatable 300[2] $b"},
+        {"", {"590  $jLocal", "9XX  $zOf a system"}, ""},
+        {"", {"500  $a$b"}, "undefined 500 $b; field-empty 500"},
+        {"", {"500  $a $3Part"}, "subfield-empty 500 $a"},
+        {"001040", {}, "no-001 001; no-040 040"},
+        {"008", {}, "no-008 008"},
+        {"264", {"880 1$6264-00/(N$aM"}, ""},
+        // Numbers and addresses.
+        {"020", {"020  $a9780596000272"}, "isbn-invalid 020 $a"},
+        {"020", {"020  $a978-0-596-00027-1"}, ""},
+        {"020", {"020  $a0596000278 (pbk.)", "020  $zwrong"}, "isbn-with-text 020 $a"},
+        {"020", {"020  $a080442957X", "020  $c9.95"}, ""},
+        {"", {"022  $a0046-2251"}, "issn-invalid 022 $a"},
+        {"", {"022  $a0046-225X", "4900 $aS ;$x0046-225X ;$v1"}, ""},
+        {"", {"0243 $a9780596000271", "0241 $a036000291453"}, "standard-number-invalid 024[2] $a"},
+        {"", {"0242 $aM230671187", "0247 $a10.1000/1$2doi"}, ""},
+        {"856", {"85640$uexample.org"}, "url-malformed 856 $u"},
+        {"856", {"85640$uhttps://example.org/a b"}, "url-malformed 856 $u"},
+        // Titles and series.
+        {"245", {"24510$aThe rivers"}, "nonfiling-count 245/2"},
+        {"245", {"24515$aThe rivers"}, "nonfiling-count 245/2"},
+        {"245", {"24514$aThe rivers"}, ""},
+        {"245", {"24515$aThe \"rivers\""}, ""},
+        {"245", {"24514$aOne river"}, "nonfiling-count 245/2"},
+        {"245", {"24513$aLe fleuve"}, ""},
+        {"245", {"24510$aA is for apple"}, ""},
+        {"245", {"24519$aRiver"}, "nonfiling-count 245/2"},
+        {"", {"7300 $aThe rivers"}, ""},
+        {"245", {"24500$aRoughing it"}, "title-first-indicator 245/1"},
+        {"100", {}, "title-first-indicator 245/1"},
+        {"", {"4901 $aBlue books"}, "series-not-traced 490/1"},
+        {"", {"4901 $aBlue books", "830 0$aBlue books."}, ""},
+        // Other scripts.
+        {"245", {"24510$6880-01$aX", "88010$6245-01/(2/r$aY"}, ""},
+        {"245", {"24510$6880-01$aX"}, "link-without-partner 245 $6"},
+        {"", {"88010$6245-1$aY"}, "link-malformed 880 $6"},
+        {"", {"88010$6245-00/(9$aY"}, "link-malformed 880 $6"},
+        // Coded values.
+        {"008", {"008" + k008.substr(1)}, "field-length 008"},
+        {"008", {With008(23, "y")}, "code-unknown 008/23"},
+        {"008", {With008(32, "1")}, "code-obsolete 008/32"},
+        {"008", {With008(35, "xyz")}, "code-unknown 008/35-37"},
+        {"008", {With008(0, "990231")}, "date-malformed 008/00-05"},
+        {"008", {With008(6, "m20101999")}, "dates-in-wrong-order 008/07-14"},
+        {"005", {"00520211332101010.0"}, "date-malformed 005"},
+        {"", {"007zz", "007xx"}, "code-unknown 007[2]/00"},
+        {"", {"0410 $aeng$aqqq"}, "language-unknown 041 $a"},
+        {"", {"0410 $aengscr"}, "language-obsolete 041 $a"},
+        {"", {"0411 $afre$heng"}, "language-against-008 041 $a"},
+        {"", {"041 7$aen$2iso639-1"}, ""},
+        {"", {"044  $anyu$azz9"}, "country-code-unknown 044 $a"},
+        {"336", {"336  $atext$btxxt$2rdacontent"}, "media-code-unknown 336 $b"},
+        {"336", {"336  $atext$bcri$2rdacontent"}, "media-term-against-code 336 $a"},
+        {"336", {"336  $aText$btxt$2rdacontent/ger"}, ""},
+    };
+    for (const auto& row : kCases) {
+        std::string name = row.without;
+        for (const std::string& line : row.with) name += " " + line;
+        EXPECT_EQ(FoundIn(row.without, row.with), row.found) << name;
+    }
+}
+
+TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
+    const struct {
+        const char* line;
+        const char* words;
+    } kCases[] = {
+        {"24592$aOf rivers",
+         "245/1: warning: the indicator is 9; the field has 0, 1 "
+         "[indicator-undefined]"},
+        {"24510$aThe rivers",
+         "245/2: warning: the indicator is 0; the title begins with the "
+         "article \"The\", so it would be 4 [nonfiling-count]"},
+        {"020  $a0596000279",
+         "020[2] $a: warning: 0596000279: the check digit would be 8 "
+         "[isbn-invalid]"},
+        {"022  $a0046225X", "022 $a: warning: 0046225X: it would be 0046-225X [issn-invalid]"},
+        {"88010$6245-07$aX",
+         "880 $6: warning: \"245-07\" has no partner; the record needs a field "
+         "245 with $6 880-07 [link-without-partner]"},
+    };
+    for (const auto& row : kCases) {
+        Lines lines = kSound;
+        std::erase_if(lines, [&row](const std::string& line) {
+            return line.starts_with("245") && std::string_view(row.line).starts_with("245");
+        });
+        lines.emplace_back(row.line);
+        const TestRecord test(lines, '$');
+        std::vector<Remark> remarks;
+        Inspector({}, RuleWeights(), Lists()).Inspect(test.record, 1, remarks);
+        ASSERT_FALSE(remarks.empty()) << row.line;
+        EXPECT_EQ(RemarkLine(remarks.front()), row.words) << row.line;
+    }
+}
+
+TEST_F(InspectorTest, BytesAndControlNumbersAreOfAnyFormat) {
+    Inspector inspector({}, RuleWeights(), Lists());
+    const TestRecord authority({"LDR00000nz  a2200000n  4500", "001a1", "1001 $aHill\xFF"}, '$');
+    EXPECT_EQ(Found(inspector, authority.record), "bytes-invalid 100");
+    EXPECT_EQ(Found(inspector, authority.record, 2),
+              "bytes-invalid 100; control-number-repeated 001");
+    const TestRecord other({"LDR00000nz  a2200000n  4500", "001a2"}, '$');
+    EXPECT_EQ(Found(inspector, other.record, 3), "");
+}
+
+TEST_F(InspectorTest, RulesWeighWhatTheUserSays) {
+    const TestRecord test({"001x1", "008" + k008, "24500$aX$a", "040  $aDLC"}, '$');
+    EXPECT_EQ(Found(test.record), "not-repeatable 245 $a; subfield-empty 245 $a");
+    EXPECT_EQ(Found(test.record, {{}, {}, {"not-repeatable"}}), "subfield-empty 245 $a");
+    EXPECT_EQ(Found(test.record, {{}, {"subfield-empty", "no-subjects"}, {}}),
+              "subfield-empty 245 $a; no-subjects 600");
+    EXPECT_EQ(Found(test.record, {{{"subfield-empty", "off"}, {"no-notes", "note"}}, {}, {}}),
+              "not-repeatable 245 $a; no-notes 500");
+    EXPECT_THROW(RuleWeights({{{"subfield-emty", "off"}}, {}, {}}), UsageError);
+    EXPECT_THROW(RuleWeights({{{"subfield-empty", "fatal"}}, {}, {}}), UsageError);
+}
+
+// Of whatever a record is made, nothing is read beyond it, and a second look finds the same.
+TEST_F(InspectorTest, AnyBytesCanBeLookedAt) {
+    std::mt19937 random(20261122);
+    const RuleWeights weights({{}, {}, {"control-number-repeated"}});
+    Inspector first({}, weights, Lists());
+    Inspector second({}, weights, Lists());
+    const std::string kBytes = "\037 0159aZ$-/(.'\"\xC3\xA9\x1B";
+    const Lines kTags{"001", "005", "006", "007", "008", "020", "022", "024", "040", "041",
+                      "044", "130", "245", "336", "490", "773", "856", "880", "9ZZ"};
+    const auto upTo = [&random](std::size_t most) { return random() % (most + 1); };
+    for (int i = 0; i < 3000; ++i) {
+        Lines lines;
+        for (std::size_t fields = upTo(8); fields > 0; --fields) {
+            std::string line = kTags[upTo(kTags.size() - 1)];
+            for (std::size_t size = upTo(44); size > 0; --size) {
+                line += kBytes[upTo(kBytes.size() - 1)];
+            }
+            lines.push_back(line);
+        }
+        const TestRecord test(lines);
+        EXPECT_EQ(Found(first, test.record), Found(second, test.record)) << "record " << i;
+    }
+}
+
+}  // namespace
+}  // namespace quillory
