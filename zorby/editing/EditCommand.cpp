@@ -1,5 +1,7 @@
 #include <zorby/editing/EditCommand.h>
 
+#include <span>
+
 namespace zorby {
 
 namespace {
@@ -28,11 +30,10 @@ constexpr MenuEntry kEditHoldings[] = {
 }  // namespace
 
 std::vector<MenuEntry> EditMenu(unsigned menu, unsigned submenu) {
-    if (menu != kEditContextMenu) return {};
-    if (submenu == kSubmenuEdit) return {std::begin(kEdit), std::end(kEdit)};
-    if (submenu == kSubmenuEditHoldings)
-        return {std::begin(kEditHoldings), std::end(kEditHoldings)};
-    return {};
+    std::span<const MenuEntry> entries;
+    if (menu == kEditContextMenu && submenu == kSubmenuEdit) entries = kEdit;
+    if (menu == kEditContextMenu && submenu == kSubmenuEditHoldings) entries = kEditHoldings;
+    return {entries.begin(), entries.end()};
 }
 
 }  // namespace zorby

@@ -186,6 +186,8 @@ private:
     bool StepOverDiacritics(const KeyStroke& stroke);
     void TellRedWord(EditKey key);
     void OnControlKey(EditKey key);
+    bool OnAltKey();
+    bool OnPlainKey(const KeyStroke& stroke);
     bool HandleKey(const KeyStroke& stroke);
     void MoveByByte(int step, bool extend);
     void Erase(int step);

@@ -26,11 +26,16 @@ bool CEditMARCAlpha::OnKeyDown(const KeyStroke& stroke) {
         OnControlKey(stroke.key);
         return true;
     }
-    if (stroke.key == EditKey::kAlt) {
-        const bool isPossible = CanPasteNextNumber() && !isNextNumberKeyBlocked_;
-        if (isPossible) EditPasteNextNumber();
-        return isPossible;
-    }
+    return stroke.key == EditKey::kAlt ? OnAltKey() : OnPlainKey(stroke);
+}
+
+bool CEditMARCAlpha::OnAltKey() {
+    const bool isPossible = CanPasteNextNumber() && !isNextNumberKeyBlocked_;
+    if (isPossible) EditPasteNextNumber();
+    return isPossible;
+}
+
+bool CEditMARCAlpha::OnPlainKey(const KeyStroke& stroke) {
     BufferMaintOnKeyDown(stroke.key);
     const bool isDone = HandleKey(stroke);
     BufferMaintCheckChanges();

@@ -61,7 +61,7 @@ protected:
     ControlPoint Anywhere() { return {Below(200) - 10, Below(90) - 10}; }
 
     // Does something, and returns what should become of the text.
-    std::string Act(Model model);
+    std::string Act(const Model& model);
     std::string TypeAnything(Model model);
     std::string UseClipboard(Model model);
     std::string UndoAndRedo(const Model& model);
@@ -157,7 +157,7 @@ void EditRandom::Move() {
     }
 }
 
-std::string EditRandom::Act(Model model) {
+std::string EditRandom::Act(const Model& model) {
     if (model.text.size() > 150) {
         edit.SetWindowTextA("e\xA4\xB2");
         return "e\xA4\xB2";

@@ -69,6 +69,16 @@ TEST_F(EditTyping, ARunOfTypingIsOneStepOfUndo) {
     EXPECT_EQ(Shown(), "tiXY|tle") << "what is erased within a run is part of it";
 }
 
+TEST_F(EditTyping, ARunEndsWhereItsTextEnds) {
+    edit.SetWindowTextA("12");
+    Press(EditKey::kRight);
+    Type("ab\x08");
+    Press(EditKey::kRight);
+    Type("c");
+    edit.EditUndo();
+    EXPECT_EQ(Shown(), "1a2|") << "after what was erased, a new run begins";
+}
+
 TEST_F(EditTyping, NothingToUndo) {
     EXPECT_EQ(edit.UndoStateHasChanged(), 0);
     edit.SetWindowTextA("abc");
@@ -132,8 +142,8 @@ TEST_F(EditTyping, ASelectionDoesNotSplitARunOfDiacritics) {
         EXPECT_EQ(Shown(), "a|x") << type;
         edit.SetWindowTextA("be\xA4x");
         edit.SetSel(4, 3);
-        PressWithShift(EditKey::kHome);
-        EXPECT_EQ(Shown(), "|be\xA4x[") << "the caret stays at its end, type " << type;
+        PressWithShift(EditKey::kUp);
+        EXPECT_EQ(Shown(), "be|\xA4x[") << "the caret stays at its end, type " << type;
     }
 }
 
