@@ -64,8 +64,8 @@ step "They are kept in the store"
 
 step "A control field with values that are not codes is put right, and each repair named"
 "$quillory" convert "$folder/new.mrc" --to mrk |
-    sed 's/^\(=008.*\)eng\\d$/\1xyz\\d/; s/^\(=008.*\)\\000/\1?000/' > "$folder/faulty.mrk"
-"$quillory" repair "$folder/faulty.mrk" -o "$folder/repaired.mrc"
+    sed 's/^\(=008.*\)eng\\d$/\1ENG\\d/; s/^\(=008.*\)\\000/\1?000/' > "$folder/faulty.mrk"
+"$quillory" repair --each "$folder/faulty.mrk" -o "$folder/repaired.mrc"
 
 step "Only sound records leave, with the copies of a list, in the fields of a holdings system"
 printf '001\tCall number\tBar code\nzx0006\tMAP WIE\t3001\nzx0006\tMAP WIE c.2\t3002\n' > "$folder/copies.tsv"

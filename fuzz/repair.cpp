@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     using namespace quillory;
     static const CodeLists lists = fuzz::LoadAll();
     for (const bool strict : {false, true}) {
-        RecordRepairer repairer(lists, {strict});
+        RecordRepairer repairer(lists, {.strict = strict});
         fuzz::ForEachRecord(data, size,
                             [&](const Item& item) { fuzz::PutRight(repairer, item.record); });
     }

@@ -17,18 +17,43 @@ struct RepairCommand {
 };
 
 constexpr const char* kDetails =
-    "The Leader, 006, 007 and 008 of bibliographic records are tested against the library's code\n"
-    "lists and the workform of their material, which Leader, 006, 007 and 008 tell. A value that\n"
-    "the library would replace stays if the format allows it, or once did; --strict lets the\n"
-    "library have its way. A field of the wrong length gets that of its format: filled up with\n"
-    "fill characters, or cut at its end. An 008 of the wrong length whose country and language "
-    "are\n"
-    "not in their places stays as it is, as does a 006 or 007 of an unknown first byte, and a\n"
-    "record of an unknown leader/06; each is named. Leader 00-04, 09 and 12-16 are the file's.\n"
-    "Records of authorities, holdings, classification and communities are passed through.\n"
-    "Status: 0 if every record was written, with or without repairs; 1 with damage, rejects or\n"
-    "fields left as they were, and for --dry-run with repairs to be made; 2 for wrong usage, or a\n"
-    "file that can't be read or written.";
+    "The Leader, 006, 007 and 008 of bibliographic records are tested against the codes of the\n"
+    "format. A value that the format has, or ever had, stays. For any other a code comes only if\n"
+    "the value itself or another field of the record is certain to mean it; else \"not coded\" "
+    "(|)\n"
+    "comes, or the value is left and named. Nothing is said that the record did not say. --strict\n"
+    "gives what the library makes of a record: the defaults of its workforms for all that its\n"
+    "own, older lists lack.\n"
+    "A field that is too short is filled up with fill characters, and one that is too long loses\n"
+    "bytes that say nothing. An 008 whose country and language are not in their places stays as "
+    "it\n"
+    "is, as does a 006 or 007 of an unknown first byte, and a record of an unknown leader/06; "
+    "each\n"
+    "is named. Leader 00-04, 09 and 12-16 are the file's. Records of authorities, holdings,\n"
+    "classification and communities are passed through.\n"
+    "A table at the end counts the repairs by class and element:\n";
+
+constexpr const char* kStatusDetails =
+    "Status: 0 if every record was written, with or without repairs; 1 with damage, rejects, or\n"
+    "values or fields left as they were, and for --dry-run with repairs to be made; 2 for wrong\n"
+    "usage, or a file that can't be read or written.";
+
+std::string Details() {
+    std::string text = kDetails;
+    for (const RepairClassRow& row : RepairClasses()) {
+        std::string name(row.name);
+        name.resize(16, ' ');
+        text += "  " + name + std::string(row.text) + "\n";
+    }
+    return text + kStatusDetails;
+}
+
+Choices<RepairClass> ClassChoices() {
+    Choices<RepairClass> choices;
+    for (const RepairClassRow& row : RepairClasses())
+        choices.emplace_back(row.name, row.repairClass);
+    return choices;
+}
 
 void CheckOutputs(const RepairCommand& command) {
     const OutputOptions& output = command.repair.output;
@@ -45,7 +70,7 @@ Status RunRepair(const RepairCommand& command) {
     const CodeLists lists = LoadCodeLists();
     TerminalPort terminal;
     Reporter reporter(terminal, command.messages);
-    RepairMessages report(command.report, lists, reporter);
+    RepairMessages report(MakeRepairFile(command.report, lists, reporter), lists, reporter);
     return RepairFiles(command.repair, lists, report, reporter);
 }
 
@@ -53,13 +78,20 @@ Status RunRepair(const RepairCommand& command) {
 
 void DeclareRepair(Arguments& command) {
     RepairCommand& options = command.Runs(RunRepair);
-    command.Footer(kDetails);
+    command.Footer(Details());
     DeclareInput(command, options.repair.input, options.messages);
     DeclareOutput(command, options.repair.output);
-    command.Flag("--strict", options.repair.repair.strict,
-                 "Replace what the library's lists lack, even if the format allows it");
+    RepairOptions& repair = options.repair.repair;
+    command.Choice("--only", repair.classes.only, ClassChoices(), "Only repairs of this class");
+    command.Choice("--skip", repair.classes.skip, ClassChoices(), "No repairs of this class");
+    command
+        .Flag("--strict", repair.strict,
+              "The library's own result: its defaults for all that its lists lack")
+        .Excludes("--only")
+        .Excludes("--skip");
+    command.Flag("--each", options.messages.all, "Name each repair, and not only each class");
     command.Option("--report", options.report,
-                   "File for a line of JSON about each repair and each value kept");
+                   "File for a page (.html), or for a line of JSON about each repair");
     command
         .Flag("-n,--dry-run", options.repair.isDryRun,
               "Write no records, only say what would be repaired")

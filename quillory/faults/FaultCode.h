@@ -176,8 +176,14 @@ enum class FaultCode : std::uint16_t {
     kUnknownFirstByte,
     kSecond008,
     kShifted008,
+    kShort008,
+    kDisplaced008,
+    kSurplusBytes,
     kFieldFilledUp,
     kFieldCut,
+    kNoCodeOfFormat,  // found: the value, for all three
+    kTwoCountries,
+    kCodeMayBeCut,
 
     // Settings and arguments.
     kAlwaysUtf8,

@@ -4,21 +4,36 @@
 #include <quillory/repair/Repair.h>
 
 #include <cstdint>
+#include <map>
+#include <string>
+#include <tuple>
 #include <vector>
 
 namespace quillory {
 
+// The repairs of one class at one element, or what was left there.
+struct RepairRow {
+    Repair first;  // of them
+    std::uint64_t count = 0;
+};
+
 // What a job repaired in all its records.
 struct RepairTotals {
+    // By class, then what was repaired before what was left, then place.
+    using Key = std::tuple<RepairClass, bool, std::string>;
+
     std::uint64_t records = 0;
     std::uint64_t recordsRepaired = 0;
     std::uint64_t repaired = 0;  // values and lengths
-    std::uint64_t kept = 0;      // values
-    std::uint64_t left = 0;      // fields and records
+    std::uint64_t left = 0;      // values, fields and records
+    std::map<Key, RepairRow> rows;
 
     // Counts one more record, with all that became of it.
     void Count(const std::vector<Repair>& repairs);
 };
+
+// The place of a repair in any record: without the occurrence of the field.
+std::string GeneralPlace(const Repair& repair);
 
 // Is given what a repair does, record by record.
 class RepairReport {

@@ -15,6 +15,22 @@ constexpr std::string_view kTag006 = "006";
 constexpr std::string_view kTag007 = "007";
 constexpr std::string_view kTag008 = "008";
 
+// Of several 008 the first one that has the length of the format, or else the first one.
+std::size_t IndexOf008(const Record& record) {
+    const auto length = static_cast<std::size_t>(LengthOfForm(CF008Standard));
+    const auto& fields = record.fields;
+    const auto whole = std::ranges::find_if(fields, [&](const CommFormatField& field) {
+        return field.tag == kTag008 && field.content.size() == length;
+    });
+    const auto first = std::ranges::find(fields, kTag008, &CommFormatField::tag);
+    return static_cast<std::size_t>((whole == fields.end() ? first : whole) - fields.begin());
+}
+
+RepairClass ClassOf(FaultCode reason) {
+    if (reason == FaultCode::kSecond008) return RepairClass::Repeated;
+    return reason == FaultCode::kUnknownFirstByte ? RepairClass::UnknownValue : RepairClass::Length;
+}
+
 bool LiesIn(std::string_view view, std::string_view bytes) {
     const std::less_equal<> isBefore;
     return isBefore(bytes.data(), view.data()) &&
@@ -36,6 +52,7 @@ void CodedFields::Collect(const Record& record) {
     std::uint32_t count006 = 0;
     std::uint32_t count007 = 0;
     std::uint32_t count008 = 0;
+    const std::size_t main008 = IndexOf008(record);
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
         const CommFormatField& field = record.fields[i];
         if (!field.IsControlField()) continue;
@@ -46,7 +63,12 @@ void CodedFields::Collect(const Record& record) {
             Add(i, Place::OfField(kTag007, ++count007), CategoryOf007(field.content),
                 field.content);
         } else if (field.tag == kTag008) {
-            Add(i, Place::OfField(kTag008, ++count008), CF008Standard, field.content);
+            const Place place = Place::OfField(kTag008, ++count008);
+            if (i == main008) {
+                Add(i, place, CF008Standard, field.content);
+            } else {
+                Leave(place, field.content, FaultCode::kSecond008);
+            }
         }
     }
 }
@@ -59,17 +81,20 @@ void CodedFields::Add(std::size_t index, const Place& place, CFType form, std::s
     field.form = form;
     field.given = given;
     if (form == CF006None || form == CF007None) {
-        Leave(field, FaultCode::kUnknownFirstByte);
-    } else if (form == CF008Standard && place.occurrence > 1) {
-        Leave(field, FaultCode::kSecond008);
+        Leave(place, given, FaultCode::kUnknownFirstByte);
     } else {
         ++count_;
     }
 }
 
-void CodedFields::Leave(const CodedField& field, FaultCode reason) {
-    const std::string given(field.given);
-    left_.push_back({RepairKind::Left, field.place, nullptr, given, given, reason});
+void CodedFields::Leave(const Place& place, std::string_view given, FaultCode reason) {
+    const std::string bytes(given);
+    left_.push_back({.kind = RepairKind::Left,
+                     .repairClass = ClassOf(reason),
+                     .place = place,
+                     .before = bytes,
+                     .after = bytes,
+                     .fault = reason});
 }
 
 CodedField* CodedFields::Field008() {
@@ -78,11 +103,9 @@ CodedField* CodedFields::Field008() {
     return found == fields.end() ? nullptr : &*found;
 }
 
-void CodedFields::Leave008(FaultCode reason) {
-    CodedField* field008 = Field008();
-    if (field008 == nullptr) return;
-    Leave(*field008, reason);
-    std::rotate(field008, field008 + 1, fields_.data() + count_);
+void CodedFields::Leave(CodedField& field, FaultCode reason) {
+    Leave(field.place, field.given, reason);
+    std::rotate(&field, &field + 1, fields_.data() + count_);
     --count_;
 }
 

@@ -31,7 +31,7 @@ struct CodedField {
 class CodedFields {
 public:
     // Takes the Leader, and each 006, 007 and 008 that can be read. A 006 or 007 of an unknown
-    // first byte, and a second 008, are left.
+    // first byte, and all 008 but one, are left.
     void Collect(const Record& record);
 
     std::span<CodedField> Fields() { return {fields_.data(), count_}; }
@@ -39,8 +39,8 @@ public:
     // Null if there is none.
     CodedField* Field008();
 
-    // Takes the 008 out of the fields; it is left as it is, for this reason.
-    void Leave008(FaultCode reason);
+    // Takes a field out of the others; it is left as it is, for this reason.
+    void Leave(CodedField& field, FaultCode reason);
     // One repair of kind Left for each field that was left.
     const std::vector<Repair>& LeftOnes() const { return left_; }
 
@@ -52,7 +52,7 @@ public:
 
 private:
     void Add(std::size_t index, const Place& place, zorby::CFType form, std::string_view given);
-    void Leave(const CodedField& field, FaultCode reason);
+    void Leave(const Place& place, std::string_view given, FaultCode reason);
     bool FitInto(const Record& record);
     void PutIntoBytes(Record& record);
     void PutIntoFields(Record& record);

@@ -1,19 +1,10 @@
+#include <quillory/coded/CodeLists.h>
 #include <quillory/repair/FieldElements.h>
 #include <quillory/repair/FieldLength.h>
 
 namespace quillory {
-namespace {
 
 using namespace zorby;
-
-// Whether a field has all of an element, and there a value that the format does not allow.
-bool IsNoCodeIn(std::string_view field, CFPart part, AllowedValues& allowed) {
-    const Element& element = *ElementOfPart(part);
-    const FieldElement at{element, static_cast<std::size_t>(element.first)};
-    return at.End() <= field.size() && !allowed.Allows(element, at.ValueIn(field));
-}
-
-}  // namespace
 
 std::string FittedToFormat(std::string_view given, CFType form, CFType material) {
     const auto length = static_cast<std::size_t>(LengthOfForm(form));
@@ -24,11 +15,6 @@ std::string FittedToFormat(std::string_view given, CFType form, CFType material)
         for (std::size_t i = std::max(at.first, given.size()); i < at.End(); ++i) fitted[i] = ' ';
     });
     return fitted;
-}
-
-bool IsShifted008(std::string_view field008, AllowedValues& allowed) {
-    return IsNoCodeIn(field008, CFP008PlaceOfPublication, allowed) ||
-           IsNoCodeIn(field008, CFP008Language, allowed);
 }
 
 }  // namespace quillory

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <quillory/repair/AllowedValues.h>
 #include <zorby/elements/CFType.h>
 
 #include <string>
@@ -12,9 +11,5 @@ namespace quillory {
 // the end. Bytes too few are filled up with fill characters, not coded; the Leader and undefined
 // positions, which have no such code, with blanks. `material` is that of the record.
 std::string FittedToFormat(std::string_view given, zorby::CFType form, zorby::CFType material);
-
-// Whether an 008 lost or gained a byte before its end: its place of publication or its language is
-// no code then.
-bool IsShifted008(std::string_view field008, AllowedValues& allowed);
 
 }  // namespace quillory

@@ -1,9 +1,11 @@
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/RecordCharset.h>
 #include <quillory/faults/FaultCode.h>
-#include <quillory/repair/FieldElements.h>
 #include <quillory/repair/FieldLength.h>
 #include <quillory/repair/RecordRepairer.h>
+#include <quillory/repair/ValueBytes.h>
+
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -14,6 +16,22 @@ using namespace zorby;
 // any record; the limit only makes sure of an end.
 constexpr int kMostPasses = 8;
 
+std::size_t LengthOf(const CodedField& field) {
+    return static_cast<std::size_t>(LengthOfForm(field.form));
+}
+
+bool IsOfTheFile(const Element& element) {
+    if (element.form != CFLdr || element.IsUndefined()) return false;
+    const CFPart part = element.parts.front();
+    return part == CFPLdrRecordLength || part == CFPLdrBaseAddress;
+}
+
+// The label of the character set that the record is in; the one that it has, if that is a label.
+char LabelOf(char label, const Record& record) {
+    if (label == LabelFor(kCharsetUtf8) || label == LabelFor(kCharsetMarc8)) return label;
+    return LabelFor(ActualCharset(record));
+}
+
 }  // namespace
 
 const std::vector<Repair>& RecordRepairer::PutRight(Record& record) {
@@ -21,56 +39,106 @@ const std::vector<Repair>& RecordRepairer::PutRight(Record& record) {
     if (!IsBibliographic(record.leader)) return repairs_;
     material_ = MaterialOfLeader(record.leader);
     if (material_ == CF006None) {
-        repairs_.push_back({.kind = RepairKind::Left, .fault = FaultCode::kUnknownTypeOfRecord});
+        Add({.kind = RepairKind::Left, .fault = FaultCode::kUnknownTypeOfRecord});
         return repairs_;
     }
     fields_.Collect(record);
     FitLengths();
-    Add(fields_.LeftOnes());
-    for (int pass = 0; pass < kMostPasses && RunPass(record); ++pass) {
+    for (const Repair& left : fields_.LeftOnes()) Add(left);
+    if (options_.strict) {
+        RunLibrary(record);
+    } else {
+        for (CodedField& field : fields_.Fields()) JudgeElements(field, record);
     }
-    Add(kept_);
-    for (const CodedField& field : fields_.Fields()) AddReplaced(field);
     fields_.PutInto(record);
     return repairs_;
 }
 
 void RecordRepairer::FitLengths() {
-    const auto hasLength = [](const CodedField& field) {
-        return field.given.size() == static_cast<std::size_t>(LengthOfForm(field.form));
-    };
-    const CodedField* field008 = fields_.Field008();
-    if (!options_.strict && field008 != nullptr && !hasLength(*field008) &&
-        IsShifted008(field008->given, allowed_)) {
-        fields_.Leave008(FaultCode::kShifted008);
-    }
-    for (CodedField& field : fields_.Fields()) {
-        if (hasLength(field)) {
-            field.fitted = field.given;
+    for (std::size_t i = 0; i < fields_.Fields().size();) {
+        CodedField& field = fields_.Fields()[i];
+        if (const auto reason = WhyLeft(field)) {
+            fields_.Leave(field, *reason);
         } else {
-            field.fitted = FittedToFormat(field.given, field.form, material_);
-            const bool isLonger = field.given.size() > field.fitted.size();
-            repairs_.push_back({RepairKind::Length, field.place, nullptr, std::string(field.given),
-                                field.fitted,
-                                isLonger ? FaultCode::kFieldCut : FaultCode::kFieldFilledUp});
+            FitLength(field);
+            ++i;
         }
-        field.bytes = field.fitted;
     }
+}
+
+// Why a field is to stay as it is.
+std::optional<FaultCode> RecordRepairer::WhyLeft(const CodedField& field) {
+    if (options_.strict) return std::nullopt;
+    if (field.form == CF008Standard) {
+        if (const auto reason = elements_.WhyNot008(field.given)) return reason;
+    }
+    const bool isLonger = field.given.size() > LengthOf(field);
+    if (isLonger && !SaysNothing(field.given.substr(LengthOf(field)))) {
+        return FaultCode::kSurplusBytes;
+    }
+    return std::nullopt;
+}
+
+void RecordRepairer::FitLength(CodedField& field) {
+    const bool isFitted = options_.strict || options_.classes.Has(RepairClass::Length);
+    field.fitted = field.given;
+    if (isFitted && field.given.size() != LengthOf(field)) {
+        field.fitted = FittedToFormat(field.given, field.form, material_);
+        const bool isLonger = field.given.size() > field.fitted.size();
+        Add({.kind = RepairKind::Length,
+             .repairClass = RepairClass::Length,
+             .place = field.place,
+             .before = std::string(field.given),
+             .after = field.fitted,
+             .fault = isLonger ? FaultCode::kFieldCut : FaultCode::kFieldFilledUp});
+    }
+    field.bytes = field.fitted;
+}
+
+void RecordRepairer::JudgeElements(CodedField& field, const Record& record) {
+    ForEachElement(field.form, material_, [&](const FieldElement& at) {
+        const auto judgement = Judge(at, field, record);
+        if (!judgement || !options_.classes.Has(judgement->repairClass)) return;
+        const bool isLeft = judgement->value.empty();
+        const std::string before(at.ValueIn(field.bytes));
+        const std::string& after = isLeft ? before : judgement->value;
+        after.copy(field.bytes.data() + at.first, after.size());
+        Add({.kind = isLeft ? RepairKind::Left : RepairKind::Replaced,
+             .repairClass = judgement->repairClass,
+             .place = at.PlaceIn(field.place),
+             .element = &at.element,
+             .before = before,
+             .after = after,
+             .source = judgement->source,
+             .fault = judgement->left});
+    });
+}
+
+std::optional<Judgement> RecordRepairer::Judge(const FieldElement& at, const CodedField& field,
+                                               const Record& record) {
+    const std::string_view value = at.ValueIn(field.bytes);
+    if (value.size() < at.Width() || IsOfTheFile(at.element)) return std::nullopt;
+    if (field.form == CFLdr && at.first == kLeaderCharacterCode) {
+        const char label = LabelOf(value.front(), record);
+        if (label == value.front()) return std::nullopt;
+        return Judgement{.repairClass = RepairClass::CharacterSet, .value = {label}};
+    }
+    return elements_.Judge(at.element, value, field.form == CF008Standard, RecordFacts(record));
+}
+
+void RecordRepairer::RunLibrary(const Record& record) {
+    for (int pass = 0; pass < kMostPasses && RunPass(record); ++pass) {
+    }
+    for (const CodedField& field : fields_.Fields()) AddReplaced(field);
 }
 
 // Whether the pass changed anything.
 bool RecordRepairer::RunPass(const Record& record) {
-    kept_.clear();
     for (CodedField& field : fields_.Fields()) field.beforePass = field.bytes;
     library_.Run(fields_);
     RestoreLeader(record);
-    bool isChanged = false;
-    for (CodedField& field : fields_.Fields()) {
-        if (field.bytes == field.beforePass) continue;
-        if (!options_.strict) RestoreAllowedValues(field);
-        isChanged = isChanged || field.bytes != field.beforePass;
-    }
-    return isChanged;
+    return std::ranges::any_of(
+        fields_.Fields(), [](const CodedField& field) { return field.bytes != field.beforePass; });
 }
 
 void RecordRepairer::RestoreLeader(const Record& record) {
@@ -80,42 +148,25 @@ void RecordRepairer::RestoreLeader(const Record& record) {
         leader.bytes.replace(first, kNumberSize, leader.beforePass, first, kNumberSize);
     }
     // The library writes MARC-8, whatever the record is in.
-    char& label = leader.bytes[kLeaderCharacterCode];
-    const char before = leader.beforePass[kLeaderCharacterCode];
-    if (before == LabelFor(kCharsetUtf8) || before == LabelFor(kCharsetMarc8)) {
-        label = before;
-    } else {
-        label = LabelFor(ActualCharset(record));
-    }
-}
-
-void RecordRepairer::RestoreAllowedValues(CodedField& field) {
-    ForEachElement(field.form, material_, [&](const FieldElement& at) {
-        if (at.IsSameIn(field.beforePass, field.bytes)) return;
-        const std::string_view before = at.ValueIn(field.beforePass);
-        const std::string proposed(at.ValueIn(field.bytes));
-        const std::string chosen = allowed_.Choose(at.element, before, proposed);
-        chosen.copy(field.bytes.data() + at.first, chosen.size());
-        const bool isGiven = at.first < field.given.size();
-        if (chosen == before && isGiven) {
-            kept_.push_back({RepairKind::Kept, at.PlaceIn(field.place), &at.element,
-                             std::string(before), proposed});
-        }
-    });
+    leader.bytes[kLeaderCharacterCode] = LabelOf(leader.beforePass[kLeaderCharacterCode], record);
 }
 
 void RecordRepairer::AddReplaced(const CodedField& field) {
     if (field.bytes == field.fitted) return;
     ForEachElement(field.form, material_, [&](const FieldElement& at) {
         if (at.IsSameIn(field.fitted, field.bytes)) return;
-        repairs_.push_back({RepairKind::Replaced, at.PlaceIn(field.place), &at.element,
-                            std::string(at.ValueIn(field.fitted)),
-                            std::string(at.ValueIn(field.bytes))});
+        Add({.kind = RepairKind::Replaced,
+             .repairClass = RepairClass::Library,
+             .place = at.PlaceIn(field.place),
+             .element = &at.element,
+             .before = std::string(at.ValueIn(field.fitted)),
+             .after = std::string(at.ValueIn(field.bytes))});
     });
 }
 
-void RecordRepairer::Add(const std::vector<Repair>& repairs) {
-    repairs_.insert(repairs_.end(), repairs.begin(), repairs.end());
+void RecordRepairer::Add(Repair repair) {
+    const bool isWanted = options_.strict || options_.classes.Has(repair.repairClass);
+    if (isWanted) repairs_.push_back(std::move(repair));
 }
 
 }  // namespace quillory

@@ -1,5 +1,7 @@
 #include <quillory/repair/Repair.h>
 
+#include <algorithm>
+
 namespace quillory {
 namespace {
 
@@ -10,6 +12,11 @@ std::string Bytes(std::size_t count) {
 }  // namespace
 
 Fault FaultOf(const Repair& repair) {
+    if (repair.element != nullptr) {
+        std::string value = Printable(repair.before);
+        std::ranges::replace(value, ' ', '#');
+        return {repair.fault, repair.place, value};
+    }
     return {repair.fault, repair.place, Bytes(repair.before.size()),
             std::to_string(repair.after.size())};
 }

@@ -18,6 +18,8 @@ extern const std::string_view kCheckStyle;       // check.css
 extern const std::string_view kCheckScript;  // check.js
 // The page of what was counted, in the same style.
 extern const std::string_view kCountPage;  // count.html
+// The page of a repair, in the same style and with the same script.
+extern const std::string_view kRepairPage;  // repair.html
 
 // What writes the text of each slot, by its name.
 using PageSlots = std::map<std::string_view, std::function<void()>>;

@@ -1,38 +1,41 @@
 #pragma once
 
-#include <quillory/coded/CodeLists.h>
-#include <quillory/exchange/Output.h>
 #include <quillory/jobs/RepairReport.h>
 #include <quillory/jobs/Reporter.h>
+#include <quillory/reports/RepairWords.h>
 
 #include <memory>
 #include <string>
-#include <string_view>
 
 namespace quillory {
 
-// Says what a repair did in messages, and writes it into a file: a line of JSON for each repair,
-// with bytes beyond ASCII as the characters of the same numbers.
+// The file that the report of a repair is written to: a page if its name ends in ".html", else a
+// line of JSON for each repair, with bytes beyond ASCII as the characters of the same numbers. Null
+// for an empty path. The file has its name only once the report is finished. Keeps the references.
+// Throws FileError.
+std::unique_ptr<RepairReport> MakeRepairFile(const std::string& path, const CodeLists& lists,
+                                             const Reporter& reporter);
+
+// Says what a repair did in messages: a table by class and element at the end, and before that what
+// was left, or, if the reporter says all, every repair. Hands all on to a file's report.
 class RepairMessages : public RepairReport {
 public:
-    // `path` is the file to write; empty for none. Keeps the references. Throws FileError.
-    RepairMessages(const std::string& path, const CodeLists& lists, Reporter& reporter);
+    // Keeps the references.
+    RepairMessages(std::unique_ptr<RepairReport> file, const CodeLists& lists, Reporter& reporter)
+        : words_(lists), reporter_(reporter), file_(std::move(file)) {}
 
     void TakeRecord(const Item& item, const std::vector<Repair>& repairs) override;
-    // Says the totals. The file has its name only after this.
     void Finish(const RepairTotals& totals, bool isDryRun) override;
 
 private:
-    void Say(const Item& item, const Repair& repair);
-    void Write(const Item& item, const Repair& repair);
     void SayTotals(const RepairTotals& totals, bool isDryRun) const;
-    std::string MessageOf(const Repair& repair) const;
-    std::string ValueShown(const Repair& repair, std::string_view value) const;
-    std::string MeaningOf(const Repair& repair, std::string_view value) const;
 
-    const CodeLists& lists_;
+    RepairWords words_;
     Reporter& reporter_;
-    std::unique_ptr<Output> file_;
+    std::unique_ptr<RepairReport> file_;
 };
+
+// The table of what was repaired, a line for each row.
+std::string TableOf(const RepairTotals& totals, const RepairWords& words);
 
 }  // namespace quillory

@@ -17,8 +17,8 @@ namespace {
 using Lines = std::vector<std::string>;
 
 const std::string kGood = "261121s2026    ci a          000 1 eng d";
-const std::string kFaulty = "261121s19x5    ci a9b  ?     000 1 xyz d";
-const std::string kPutRight = "261121s19u5    ci a b        000 1 und d";
+const std::string kFaulty = "261121s19x5    ci a9b  ?     000 1 ??? d";
+const std::string kPutRight = "261121s19u5    ci a|b  |     000 1 und d";
 
 std::string BytesOf(const std::vector<std::pair<std::string, std::string>>& fields) {
     zorby::CommFormatWriter writer;
@@ -79,12 +79,13 @@ protected:
 TEST_F(RepairFilesTest, WritesRecordsPutRightAndTellsTheReport) {
     EXPECT_EQ(Run(Book(kGood) + Book(kFaulty)), kStatusWell);
     EXPECT_EQ(out_.Read(), Book(kGood) + Book(kPutRight));
-    EXPECT_EQ(report_.lines, (Lines{"2 008/07-10: 19x5 -> 19u5", "2 008/18-21: a9b  -> a b ",
-                                    "2 008/23: ? ->  ", "2 008/35-37: xyz -> und"}));
+    EXPECT_EQ(report_.lines, (Lines{"2 008/07-10: 19x5 -> 19u5", "2 008/18-21: a9b  -> a|b ",
+                                    "2 008/23: ? -> |", "2 008/35-37: ??? -> und"}));
     EXPECT_EQ(report_.totals.records, 2U);
     EXPECT_EQ(report_.totals.recordsRepaired, 1U);
     EXPECT_EQ(report_.totals.repaired, 4U);
-    EXPECT_EQ(report_.totals.kept + report_.totals.left, 0U);
+    EXPECT_EQ(report_.totals.left, 0U);
+    EXPECT_EQ(report_.totals.rows.size(), 4U);
     EXPECT_EQ(report_.ends, Lines{"records written"});
     EXPECT_EQ(said_, Lines{});
 
