@@ -99,7 +99,7 @@ TEST(Decoder, ReadsFieldsByTheirMaterial) {
          "undefined obsolete 1 Main entry in body of entry"},
         {"008", "am", "240109s1913    fr            000 0 fre d", "008/32", "not there"},
         {"008", "am", "240109s1913    fr            000|0 fre d", "008/32", "not there"},
-        {"008", "gm", "000502p19981994cau119xg          vleng d", "008/21", "undefined "},
+        {"008", "gm", "000502p19981994cau119xg          vleng d", "008/21", "undefined unknown x "},
         // Leader, 006, 007
         {"leader", "", "01420cas  2200361Ki 4500", "leader/06", "a Language material"},
         {"leader", "", "01420cas  2200361Ki 4500", "leader/00-04", "1420 bytes"},
