@@ -1,6 +1,7 @@
 #include <quillory/places/Tag.h>
 #include <quillory/reports/DictionaryNames.h>
 #include <quillory/reports/FieldDocument.h>
+#include <quillory/reports/FieldGuide.h>
 #include <quillory/text/QmText.h>
 #include <zorby/format/MARCFormat.h>
 
@@ -50,6 +51,7 @@ std::optional<FieldDocument> DescribeField(unsigned tag, EDISPLAYOPTIONS display
     if (field == nullptr && codes.empty()) return std::nullopt;
     FieldDocument document{.tag = TagText(tag),
                            .name = FieldName(tag, display),
+                           .explanation = std::string(FieldGuide(tag)),
                            .repeatable = field == nullptr || field->Repeatable() != 0,
                            .mandatory = field != nullptr && field->Mandatory() != 0,
                            .userDefined = field != nullptr && field->IsUserDefined() != 0,
@@ -104,6 +106,7 @@ void ToJson(const FieldDocument& field, JsonWriter& json) {
     json.BeginObject();
     json.Member("tag", field.tag);
     json.Member("name", field.name);
+    json.MemberIfAny("explanation", field.explanation);
     json.Member("repeatable", field.repeatable);
     json.Member("mandatory", field.mandatory);
     json.Member("user_defined", field.userDefined);

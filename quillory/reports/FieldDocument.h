@@ -39,6 +39,7 @@ struct SubfieldDocument {
 struct FieldDocument {
     std::string tag;
     std::string name;
+    std::string explanation;  // may be empty
     bool repeatable = false;
     bool mandatory = false;
     bool userDefined = false;

@@ -33,6 +33,7 @@ std::string ToText(const SubfieldDocument& subfield) {
 
 std::string ToText(const FieldDocument& field) {
     std::string text = field.name + ", " + Facts(field) + "\n";
+    if (!field.explanation.empty()) text += Paragraph(field.explanation, 4);
     for (const IndicatorDocument& indicator : field.indicators) text += ToText(indicator);
     if (field.subfields) {
         text += "Subfields\n";

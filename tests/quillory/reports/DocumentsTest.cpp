@@ -34,6 +34,7 @@ const SubfieldDocument kSubfield{.tag = "245",
 FieldDocument Field(bool withSubfields) {
     FieldDocument field{.tag = "245",
                         .name = "Title statement",
+                        .explanation = "",
                         .repeatable = false,
                         .mandatory = true,
                         .userDefined = true,
