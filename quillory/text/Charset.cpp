@@ -1,8 +1,14 @@
 #include <quillory/text/Charset.h>
+#include <quillory/text/IconvConverter.h>
 #include <zorby/charset/PlainRun.h>
 #include <zorby/record/CommFormat.h>
 
 #include <utf8proc.h>
+
+#include <algorithm>
+#include <deque>
+#include <string>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -13,6 +19,22 @@ constexpr char kUtf8Label = 'a';
 std::ptrdiff_t SizeOfCharacter(const char* p, const char* end) {
     utf8proc_int32_t codePoint = 0;
     return utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(p), end - p, &codePoint);
+}
+
+// Names of sets of the C library that have been asked for, in the order of their numbers.
+std::deque<std::string>& OtherNames() {
+    static std::deque<std::string> names;
+    return names;
+}
+
+std::string WithoutHyphens(std::string_view name) {
+    std::string plain;
+    for (const char c : name) {
+        if (c != '-' && c != '_') {
+            plain += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        }
+    }
+    return plain;
 }
 
 }  // namespace
@@ -26,9 +48,29 @@ std::string_view CharsetName(Charset charset) {
         case kCharsetLatin1:
             return "Latin-1";
         case kCharsetAuto:
+            return "auto";
+        case kCharsetOther:
             break;
     }
-    return "auto";
+    return OtherNames()[static_cast<std::size_t>(charset - kCharsetOther)];
+}
+
+std::optional<Charset> CharsetNamed(std::string_view name) {
+    constexpr std::pair<std::string_view, Charset> kNames[] = {{"auto", kCharsetAuto},
+                                                               {"marc8", kCharsetMarc8},
+                                                               {"utf8", kCharsetUtf8},
+                                                               {"latin1", kCharsetLatin1},
+                                                               {"iso88591", kCharsetLatin1}};
+    const std::string plain = WithoutHyphens(name);
+    for (const auto& [known, charset] : kNames) {
+        if (plain == known) return charset;
+    }
+    const std::string given(name);
+    if (!IconvConverter::HasSet(given)) return std::nullopt;
+    auto& others = OtherNames();
+    const auto at = std::ranges::find(others, given) - others.begin();
+    if (static_cast<std::size_t>(at) == others.size()) others.push_back(given);
+    return static_cast<Charset>(kCharsetOther + at);
 }
 
 Charset LabelledCharset(std::string_view leader) {

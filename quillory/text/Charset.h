@@ -2,14 +2,27 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace quillory {
 
-// The character sets of records. Auto stands for the one that a record is in.
-enum Charset : std::int32_t { kCharsetAuto, kCharsetMarc8, kCharsetUtf8, kCharsetLatin1 };
+// The character sets of records. Auto stands for the one that a record is in. From kCharsetOther on
+// they are sets that the C library converts, by the number that CharsetNamed gave them.
+enum Charset : std::int32_t {
+    kCharsetAuto,
+    kCharsetMarc8,
+    kCharsetUtf8,
+    kCharsetLatin1,
+    kCharsetOther
+};
 
 std::string_view CharsetName(Charset charset);
+
+// The set that goes by a name, whatever its case and with hyphens or without: "marc8", "UTF-8",
+// "latin1", "auto", or one that the C library converts and in which ASCII is as it is, such as
+// "cp1252". Nothing if there is none.
+std::optional<Charset> CharsetNamed(std::string_view name);
 
 // The character set that leader byte 09 names: UTF-8 for 'a', else MARC-8.
 Charset LabelledCharset(std::string_view leader);

@@ -53,6 +53,9 @@ private:
     std::size_t TakeEscape();
     void TakeUnit();
     bool TakeSecondHalf();
+    std::size_t WidthHere() const;
+    std::size_t EndOfRun();
+    bool LoseBrokenCharacter();
     void TakeCharacter(std::string& unit);
     void TakeLoneDiacritic(Sets& sets, const std::string& unit);
     void Lose(std::string_view bytes);
@@ -62,6 +65,7 @@ private:
     std::string& out_;
     Losses& losses_;
     std::size_t at_ = 0;
+    std::size_t runEnd_ = 0;  // of the run that is being read
     Set g0_;
     Set g1_;
     Sets* sets_;  // what the owner knows of both
@@ -102,10 +106,39 @@ bool Marc8Unicode::Decoder::TakeSecondHalf() {
     return true;
 }
 
+std::size_t Marc8Unicode::Decoder::WidthHere() const {
+    const char c = text_[at_];
+    return c == ' ' ? 1 : IsHigh(c) ? g1_.width : g0_.width;
+}
+
+// Where a run of characters of the same set ends: an escape, a blank or a control ends it.
+std::size_t Marc8Unicode::Decoder::EndOfRun() {
+    if (at_ < runEnd_) return runEnd_;
+    const bool isHigh = IsHigh(text_[at_]);
+    for (runEnd_ = at_ + 1; runEnd_ < text_.size(); ++runEnd_) {
+        const char c = text_[runEnd_];
+        if (IsHigh(c) != isHigh || IsControl(c) || c == ' ') break;
+    }
+    return runEnd_;
+}
+
+// What is no character of a set of three bytes is lost without what follows: a whole character if
+// the run is made of whole ones, or else a byte, since one is missing and the next ones may agree.
+bool Marc8Unicode::Decoder::LoseBrokenCharacter() {
+    const std::size_t width = WidthHere();
+    if (width == 1) return false;
+    const std::size_t run = EndOfRun() - at_;
+    const std::string bytes(text_.substr(at_, width));
+    if (run >= width && owner_.Decode(*sets_, bytes).outcome != YazConverter::kFailed) return false;
+    const std::size_t lost = run % width == 0 ? width : 1;
+    Lose(text_.substr(at_, lost));
+    at_ += lost;
+    return true;
+}
+
 void Marc8Unicode::Decoder::TakeCharacter(std::string& unit) {
     const char c = text_[at_];
-    const std::size_t width = c == ' ' ? 1 : IsHigh(c) ? g1_.width : g0_.width;
-    const std::size_t size = std::min(width, text_.size() - at_);
+    const std::size_t size = std::min(WidthHere(), text_.size() - at_);
     if (g1_.escape.empty() && (c == '\xEB' || c == '\xFA')) doubleMarkOpen_ = true;
     unit += text_.substr(at_, size);
     at_ += size;
@@ -134,6 +167,9 @@ void Marc8Unicode::Decoder::TakeUnit() {
             unit += text_.substr(at_ - size, size);
         } else if (IsControl(text_[at_])) {
             break;
+        } else if (LoseBrokenCharacter()) {
+            if (begun) continue;
+            return;
         } else if (!TakeSecondHalf()) {
             TakeCharacter(unit);
             begun = true;

@@ -4,12 +4,56 @@
 #include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace quillory {
 namespace {
 
 constexpr char kEscape = '\x1B';
 constexpr char32_t kDelete = 0x7F;
+
+constexpr std::string_view kHalfMarkLead = "\xEF\xB8";  // of U+FE20 to U+FE2F in UTF-8
+
+// A double diacritic over two letters: as one mark after the first, and as a half after each.
+struct DoubleMark {
+    std::string_view whole, left, right;
+};
+constexpr DoubleMark kDoubleMarks[] = {{"\u0361", "\uFE20", "\uFE21"},
+                                       {"\u0360", "\uFE22", "\uFE23"}};
+
+// The size of the letter at the front with the combining characters that follow it.
+std::size_t LetterSize(std::string_view utf8) {
+    std::size_t size = std::min(DecodeUtf8(utf8).size, utf8.size());
+    while (size < utf8.size() && static_cast<unsigned char>(utf8[size]) >= 0x80) {
+        const Utf8Char next = DecodeUtf8(utf8.substr(size));
+        if (!next.valid || !IsCombining(next.codePoint)) break;
+        size += next.size;
+    }
+    return size;
+}
+
+// Two halves over letters side by side are one mark, which MARC-8 has.
+std::string WithDoubleMarks(std::string_view utf8) {
+    std::string out;
+    std::string letter;  // that may take a right half next
+    const DoubleMark* open = nullptr;
+    while (!utf8.empty()) {
+        std::string next(utf8.substr(0, LetterSize(utf8)));
+        utf8.remove_prefix(next.size());
+        const std::size_t right = open == nullptr ? next.npos : next.find(open->right);
+        if (right != next.npos) {
+            next.erase(right, open->right.size());
+            letter.replace(letter.find(open->left), open->left.size(), open->whole);
+        }
+        out += std::exchange(letter, std::move(next));
+        const auto* begun = std::ranges::find_if(kDoubleMarks, [&letter](const DoubleMark& mark) {
+            return letter.find(mark.left) != letter.npos;
+        });
+        open = begun == std::end(kDoubleMarks) ? nullptr : begun;
+    }
+    return out + letter;
+}
 
 // Brings the basic set back. The sets of subscripts, superscripts and the three Greek symbols have
 // an escape of their own for that.
@@ -102,12 +146,7 @@ std::size_t Marc8Unicode::Encoder::Take(std::string_view utf8) {
         TakeControl(utf8.front());
         return 1;
     }
-    std::size_t size = first.size;
-    while (size < utf8.size() && static_cast<unsigned char>(utf8[size]) >= 0x80) {
-        const Utf8Char next = DecodeUtf8(utf8.substr(size));
-        if (!next.valid || !IsCombining(next.codePoint)) break;
-        size += next.size;
-    }
+    const std::size_t size = LetterSize(utf8);
     if (size > 1) {
         Put(owner_.Encode(utf8.substr(0, size)));
         return size;
@@ -142,7 +181,8 @@ bool Marc8Unicode::SplitSet(std::string_view marc8, Encoded& encoded) {
 }
 
 void Marc8Unicode::AppendMarc8(std::string_view utf8, std::string& marc8, Losses& losses) {
-    Encoder(*this, marc8, losses).Run(utf8);
+    const bool hasHalves = utf8.find(kHalfMarkLead) != utf8.npos;
+    Encoder(*this, marc8, losses).Run(hasHalves ? WithDoubleMarks(utf8) : std::string(utf8));
 }
 
 }  // namespace quillory

@@ -97,6 +97,12 @@ Marc8Unicode& TextConverter::SlowRoad() {
     return *slowRoad_;
 }
 
+IconvConverter& TextConverter::Other(Charset charset) {
+    auto& other = charset == from_ ? otherFrom_ : otherTo_;
+    if (!other) other = std::make_unique<IconvConverter>(std::string(CharsetName(charset)));
+    return *other;
+}
+
 // The engine drops what it can't read and writes in one way what can be written in several: it
 // holds a text only if it gives the same bytes back. An escape to the basic set at the very end
 // means nothing.
@@ -163,8 +169,14 @@ void TextConverter::AppendUtf8(std::string_view text, std::string& out, Losses& 
         case kCharsetLatin1:
             AppendLatin1AsUtf8(text, out);
             break;
-        default:
+        case kCharsetUtf8:
             AppendValidUtf8(text, out, losses);
+            break;
+        default: {
+            std::string written;
+            Other(from_).AppendUtf8(text, written, losses);
+            out += WithoutReferences(written);
+        }
     }
 }
 
@@ -173,8 +185,11 @@ void TextConverter::AppendFromUtf8(std::string_view utf8, std::string& out, Loss
         AppendUtf8AsMarc8(utf8, out, losses);
     } else if (to_ == kCharsetLatin1) {
         AppendUtf8AsLatin1(WithReferencesKept(utf8), out, losses);
-    } else {
+    } else if (to_ == kCharsetUtf8) {
         out += Normalized(utf8, form_);
+    } else {
+        const std::string composed = Normalized(WithReferencesKept(utf8), kNormalFormC);
+        Other(to_).AppendFromUtf8(composed, out, losses);
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/text/Charset.h>
+#include <quillory/text/IconvConverter.h>
 #include <quillory/text/Losses.h>
 #include <quillory/text/Marc8Unicode.h>
 #include <quillory/text/QmUnicode.h>
@@ -12,8 +13,8 @@
 namespace quillory {
 
 // Carries text from one character set into another, a subfield at a time, since a diacritic does
-// not reach into the next one. The library's engine is the fast road, and Marc8Unicode takes what
-// the engine does not hold.
+// not reach into the next one. The library's engine is the fast road of MARC-8, and Marc8Unicode
+// takes what the engine does not hold.
 class TextConverter {
 public:
     // `from` and `to` are not auto. UTF-8 comes out in the normal form.
@@ -33,12 +34,14 @@ private:
     bool EngineToUtf8(std::string_view marc8, std::string& out);
     bool EngineToMarc8(std::string_view utf8, std::string& out);
     Marc8Unicode& SlowRoad();
+    IconvConverter& Other(Charset charset);
 
     Charset from_;
     Charset to_;
     NormalForm form_;
     QmUnicode qm_;
     std::unique_ptr<Marc8Unicode> slowRoad_;
+    std::unique_ptr<IconvConverter> otherFrom_, otherTo_;
     std::string utf8_;
     std::string codes_;
     std::string check_;

@@ -184,6 +184,83 @@ TEST(TextConverter, Utf8ComesBackFromMarc8) {
     }
 }
 
+// A lost byte in a run of three bytes a character does not spoil what follows the run.
+TEST(TextConverter, ALostByteSpoilsNoMoreThanItsRun) {
+    const std::string run = "!0!!0\"!0#!0$";  // four characters
+    const std::string rest =
+        "\x1B(B plain \xE2"
+        "e";
+    const std::string after = " plain \u00E9";
+    for (std::size_t at = 0; at < run.size(); ++at) {
+        SCOPED_TRACE(at);
+        std::string lost = run;
+        lost.erase(at, 1);
+        Losses losses;
+        const std::string utf8 =
+            Convert(kCharsetMarc8, kCharsetUtf8, "\x1B$1" + lost + rest, &losses);
+        EXPECT_TRUE(utf8.ends_with(after)) << utf8;
+        EXPECT_TRUE(losses.Real());
+    }
+    // An unknown character among whole ones takes none of them with it.
+    EXPECT_EQ(ToUtf8("\x1B$1!0!~~~!0!" + rest), "\u4E00\uFFFD\u4E00" + after);
+    EXPECT_EQ(ToUtf8("\x1B$1!0"), "\uFFFD\uFFFD");
+    EXPECT_EQ(ToUtf8("\x1B$1!0!!\tx"), "\u4E00\uFFFD\t\uFFFD");
+}
+
+TEST(TextConverter, HalfMarksAreOneMarkInMarc8) {
+    const std::pair<std::string, std::string> kCases[] = {
+        {"t\uFE20s\uFE21", "\353t\354s"},
+        {"e\u0301 t\uFE20s\uFE21 \u4E00", "\342e \353t\354s \x1B$1!0!\x1B(B"},
+        {"n\uFE22g\uFE23 o\u0323", "\372n\373g \362o"},
+        {"t\uFE20", "t&#xFE20;"},
+        {"s\uFE21", "s&#xFE21;"},
+    };
+    for (const auto& [utf8, marc8] : kCases) {
+        EXPECT_EQ(ToMarc8(utf8 + " \u263A").substr(0, marc8.size()), marc8) << utf8;
+    }
+    // Beside any letter with a mark.
+    for (const char32_t letter : std::u32string_view(U"aeiouAEIOUncsz")) {
+        for (char32_t mark = 0x300; mark <= 0x30C; ++mark) {
+            std::string text;
+            AppendUtf8(letter, text);
+            AppendUtf8(mark, text);
+            const std::string marc8 = ToMarc8(text + "i\uFE20a\uFE21");
+            EXPECT_EQ(marc8.find("&#xFE2"), marc8.npos) << text << " " << marc8;
+            EXPECT_EQ(ToUtf8(marc8), Normalized(text, kNormalFormC) + "i\u0361a") << text;
+        }
+    }
+}
+
+TEST(TextConverter, SetsOfTheCLibraryGoBothWays) {
+    const std::tuple<std::string, std::string, std::string> kCases[] = {
+        {"cp1252", "\x80 \xE9", "\u20AC \u00E9"},
+        {"cp1250", "\xB3\xF3", "\u0142\u00F3"},
+        {"CP1251", "\xCC\xE8\xF0", "\u041C\u0438\u0440"},
+        {"iso-8859-2", "\xB3 &#x4E00;", "\u0142 \u4E00"},
+        {"gbk", "\xD6\xD0", "\u4E2D"},
+    };
+    for (const auto& [name, bytes, utf8] : kCases) {
+        SCOPED_TRACE(name);
+        const auto charset = CharsetNamed(name);
+        ASSERT_TRUE(charset.has_value());
+        EXPECT_EQ(CharsetName(*charset), name);
+        EXPECT_EQ(CharsetNamed(name), charset);
+        EXPECT_EQ(LabelFor(*charset), ' ');
+        EXPECT_EQ(Convert(*charset, kCharsetUtf8, bytes), utf8);
+        EXPECT_EQ(Convert(kCharsetUtf8, *charset, Normalized(utf8, kNormalFormD)), bytes);
+        EXPECT_EQ(Convert(*charset, *charset, bytes), bytes);
+    }
+    Losses losses;
+    EXPECT_EQ(Convert(*CharsetNamed("cp1252"), kCharsetUtf8, "a\x81z", &losses), "a\uFFFDz");
+    EXPECT_EQ(losses.Text(""), "byte 0x81 is no character, written as U+FFFD: 1\n");
+    EXPECT_EQ(CharsetNamed("UTF-8"), kCharsetUtf8);
+    EXPECT_EQ(CharsetNamed("Latin-1"), kCharsetLatin1);
+    EXPECT_EQ(CharsetNamed("MARC-8"), kCharsetMarc8);
+    for (const std::string name : {"", "foo", "utf-16", "ebcdic-us", "cp1252//TRANSLIT"}) {
+        EXPECT_EQ(CharsetNamed(name), std::nullopt) << name;
+    }
+}
+
 TEST(TextConverter, AnyBytesGiveUtf8) {
     std::mt19937 random(12);
     constexpr unsigned char kBusy[] = {0x1B, 's',  'b', '$', '1',  '(', 'N',  '!', 'E', 0xE2,
