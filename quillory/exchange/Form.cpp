@@ -23,9 +23,9 @@ std::unique_ptr<RecordReader> Read(Input& input, bool lenient) {
 }
 
 template <class Writer>
-std::unique_ptr<RecordWriter> Write(Output& output, Oversize oversize) {
-    if constexpr (std::is_constructible_v<Writer, Output&, Oversize>) {
-        return std::make_unique<Writer>(output, oversize);
+std::unique_ptr<RecordWriter> Write(Output& output, const WriterOptions& options) {
+    if constexpr (std::is_constructible_v<Writer, Output&, WriterOptions>) {
+        return std::make_unique<Writer>(output, options);
     } else {
         return std::make_unique<Writer>(output);
     }
@@ -33,15 +33,15 @@ std::unique_ptr<RecordWriter> Write(Output& output, Oversize oversize) {
 
 // clang-format off
 constexpr Form kForms[] = {
-    {"marc", "ISO 2709", ".mrc .marc .iso .iso2709", false,
+    {"marc", "", "ISO 2709", ".mrc .marc .iso .iso2709", false,
      MarcReader::Fits, Read<MarcReader>, Write<MarcWriter>},
-    {"mrk", "the line form", ".mrk .mrk8", false,
+    {"mrk", "", "the line form", ".mrk .mrk8", false,
      MrkReader::Fits, Read<MrkReader>, Write<MrkWriter>},
-    {"microlif", "old MicroLIF text", ".lif .001", false,
+    {"microlif", "", "old MicroLIF text", ".lif .001", false,
      MicrolifReader::Fits, Read<MicrolifReader>, Write<MicrolifWriter>},
-    {"marcxml", "MARC 21 XML", ".xml .marcxml", true,
+    {"marcxml", "xml", "MARC 21 XML", ".xml .marcxml", true,
      MarcXmlReader::Fits, Read<MarcXmlReader>, Write<MarcXmlWriter>},
-    {"jsonl", "MARC-in-JSON", ".jsonl .ndjson .json", true,
+    {"jsonl", "json", "MARC-in-JSON", ".jsonl .ndjson .json", true,
      MarcJsonReader::Fits, Read<MarcJsonReader>, Write<MarcJsonWriter>},
 };
 // clang-format on
@@ -73,7 +73,9 @@ std::span<const Form> Forms() {
 }
 
 const Form* FormNamed(std::string_view name) {
-    return FirstWhere([name](const Form& form) { return form.name == name; });
+    return FirstWhere([name](const Form& form) {
+        return form.name == name || (!name.empty() && form.alias == name);
+    });
 }
 
 const Form* FormOfFileName(std::string_view fileName) {
@@ -84,10 +86,16 @@ const Form* FormOfFileName(std::string_view fileName) {
 }
 
 const Form* FormOfContent(Input& input) {
-    constexpr std::size_t kLook = 256;
-    std::string_view head = input.Peek(kLook);
-    head.remove_prefix(std::min(head.find_first_not_of(kRecordFiller), head.size()));
-    return FirstWhere([head](const Form& form) { return form.fits(head); });
+    constexpr std::size_t kFirstLook = 256;
+    constexpr std::size_t kLastLook = std::size_t{64} << 10;
+    for (std::size_t look = kFirstLook;; look *= 4) {
+        const std::string_view window = input.Peek(look).substr(0, look);
+        const std::size_t filler = std::min(window.find_first_not_of(kRecordFiller), window.size());
+        const bool isToGrow = filler + kFirstLook > look && window.size() == look;
+        if (isToGrow && look < kLastLook) continue;
+        const std::string_view head = window.substr(filler);
+        return FirstWhere([head](const Form& form) { return form.fits(head); });
+    }
 }
 
 }  // namespace quillory

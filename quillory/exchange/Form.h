@@ -13,6 +13,7 @@ namespace quillory {
 // with its reader and its writer, and a row.
 struct Form {
     std::string_view name;     // by which a person chooses it: "marcxml"
+    std::string_view alias;    // another name that is taken: "xml"; empty for none
     std::string_view words;    // "MARC 21 XML"
     std::string_view endings;  // of file names: ".xml .marcxml"
     bool isAlwaysUtf8;
@@ -20,13 +21,14 @@ struct Form {
     bool (*fits)(std::string_view head);
     // With `lenient`, damaged records are read where the form allows that with certainty.
     std::unique_ptr<RecordReader> (*makeReader)(Input& input, bool lenient);
-    std::unique_ptr<RecordWriter> (*makeWriter)(Output& output, Oversize oversize);
+    std::unique_ptr<RecordWriter> (*makeWriter)(Output& output, const WriterOptions& options);
 };
 
 // The first one, ISO 2709, is taken where the form of a file is unknown.
 std::span<const Form> Forms();
 
 // Each of these is null if there is no such form.
+// By its name or its alias.
 const Form* FormNamed(std::string_view name);
 // By the end of a file's name, a ".gz" after it left out.
 const Form* FormOfFileName(std::string_view fileName);

@@ -1,4 +1,5 @@
 #include <quillory/exchange/Input.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <zlib.h>
 
@@ -37,17 +38,12 @@ public:
     std::size_t Unpack(char* target, std::size_t size) {
         stream_.next_out = Bytes(target);
         stream_.avail_out = static_cast<uInt>(size);
-        while (stream_.avail_out == size) {
+        while (stream_.avail_out == size && !stopped_) {
             if (stream_.avail_in == 0 && !Refill()) return 0;
-            if (memberEnded_) {
-                inflateReset(&stream_);
-                memberEnded_ = false;
-            }
+            if (memberEnded_ && !BeginMember()) break;
             const int result = inflate(&stream_, Z_NO_FLUSH);
             memberEnded_ = result == Z_STREAM_END;
-            if (result != Z_OK && !memberEnded_) {
-                throw FileError(input_.name_ + ": damaged gzip data");
-            }
+            if (result != Z_OK && !memberEnded_) Stop(FaultCode::kGzipDamaged);
         }
         return size - stream_.avail_out;
     }
@@ -55,18 +51,36 @@ public:
 private:
     static Bytef* Bytes(char* p) { return reinterpret_cast<Bytef*>(p); }
 
+    // Another member follows if its first byte is that of one; else it is no gzip data.
+    bool BeginMember() {
+        if (static_cast<char>(*stream_.next_in) != kGzipMagic.front()) {
+            Stop(FaultCode::kBytesAfterGzip);
+            return false;
+        }
+        inflateReset(&stream_);
+        memberEnded_ = false;
+        return true;
+    }
+
     bool Refill() {
         const std::size_t size = input_.ReadRaw(packed_.data(), packed_.size());
-        if (size == 0 && !memberEnded_) throw FileError(input_.name_ + ": gzip data cut short");
+        if (size == 0 && !memberEnded_) Stop(FaultCode::kGzipCutShort);
         stream_.next_in = Bytes(packed_.data());
         stream_.avail_in = static_cast<uInt>(size);
         return size != 0;
+    }
+
+    void Stop(FaultCode code) {
+        stopped_ = true;
+        input_.damaged_ = Fault{code};
+        if (!input_.givesWhatUnpacks_) throw FileError(input_.name_, *input_.damaged_);
     }
 
     Input& input_;
     std::vector<char> packed_;
     z_stream stream_{};
     bool memberEnded_ = false;
+    bool stopped_ = false;
 };
 
 Input::Input(const std::string& path) : name_(path == "-" ? "standard input" : path) {

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -27,6 +28,11 @@ public:
     std::string_view Peek(std::size_t size);
     // Moves on by `size` bytes, at most those in the window.
     void Skip(std::size_t size);
+
+    // From now on damaged gzip data is no error: what can be unpacked is given, and WhatIsDamaged
+    // says at the end what is wrong.
+    void GiveWhatUnpacks() { givesWhatUnpacks_ = true; }
+    const std::optional<Fault>& WhatIsDamaged() const { return damaged_; }
 
     // Bytes before the place reached; for a gzip file, unpacked ones.
     std::uint64_t Offset() const { return offset_; }
@@ -55,6 +61,8 @@ private:
     std::size_t end_ = 0;
     bool atEnd_ = false;
     bool begun_ = false;
+    bool givesWhatUnpacks_ = false;
+    std::optional<Fault> damaged_;
     std::unique_ptr<Unpacker> unpacker_;
 };
 

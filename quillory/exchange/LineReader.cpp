@@ -7,6 +7,16 @@
 
 namespace quillory {
 
+namespace {
+
+// What is passed over without a loss.
+bool IsFrame(FaultCode what) {
+    return what == FaultCode::kFiller || what == FaultCode::kByteOrderMark ||
+           what == FaultCode::kBlankLines || what == FaultCode::kFileHeader;
+}
+
+}  // namespace
+
 std::string_view TakeLine(std::string_view& text) {
     const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
     const std::string_view line = text.substr(0, end);
@@ -30,14 +40,24 @@ std::string_view LineReader::FindBlock() {
     }
 }
 
+void LineReader::AddDamage(Item& item, ItemFault fault) const {
+    item.kind = kItemDamaged;
+    if (!item.fault) {
+        item.fault = std::move(fault);
+    } else if (lenient_) {
+        item.mends.push_back(std::move(fault));
+    }
+}
+
 // The offset of the fault counts from the front of the item so far.
-void LineReader::PlaceFault(Item& item) const {
-    item.fault->lineColumn = place_.After(item.bytes.substr(0, item.fault->offset));
-    item.fault->offset += item.offset;
+void LineReader::PlaceFault(const Item& item, ItemFault& fault) const {
+    fault.lineColumn = place_.After(item.bytes.substr(0, fault.offset));
+    fault.offset += item.offset;
 }
 
 void LineReader::GiveStray(Item& item, std::string_view bytes, FaultCode what) const {
-    item.Begin(what == FaultCode::kNone ? kItemFrame : kItemStray, input_.Offset(), bytes);
+    const bool isStray = what != FaultCode::kNone && !IsFrame(what);
+    item.Begin(isStray ? kItemStray : kItemFrame, input_.Offset(), bytes);
     item.number = count_;
     if (what != FaultCode::kNone) item.fault = {{what}, item.offset};
 }
@@ -45,13 +65,21 @@ void LineReader::GiveStray(Item& item, std::string_view bytes, FaultCode what) c
 void LineReader::GiveRecord(Item& item, std::string_view block) {
     item.Begin(kItemRecord, input_.Offset(), block);
     item.number = ++count_;
-    item.fault = Read(block, item.record);
-    if (!item.fault) item.fault = FaultOf(item.record);
-    sound_ = !item.fault;
+    Read(block, item);
+    const auto unfit = FaultOf(item.record);
+    if (unfit && item.kind == kItemRecord) {
+        item.kind = kItemDamaged;
+        item.fault = unfit;
+    }
+    sound_ = item.kind == kItemRecord;
+    if (item.fault) PlaceFault(item, *item.fault);
+    for (ItemFault& mend : item.mends) PlaceFault(item, mend);
     if (sound_) return;
-    PlaceFault(item);
-    item.kind = kItemDamaged;
     item.controlNumber = item.record.ControlNumber();
+    const bool isOfUse = !item.record.leader.empty() && !item.record.fields.empty();
+    if (!lenient_ || unfit || !isOfUse) return;
+    item.kind = kItemRecord;
+    item.isPartial = true;
 }
 
 // Reports once what is missing at the end; the item has no bytes.

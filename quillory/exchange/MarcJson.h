@@ -22,7 +22,7 @@ public:
 protected:
     std::size_t EndOfRecord(std::string_view window) const override;
     std::size_t StrayBytes(std::string_view block, FaultCode& what) override;
-    std::optional<ItemFault> Read(std::string_view block, Record& record) override;
+    void Read(std::string_view block, Item& item) override;
     FaultCode MissingAtEnd(bool sound) override;
 
 private:

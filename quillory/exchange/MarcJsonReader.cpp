@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -103,7 +104,7 @@ public:
     }
 
     bool start_object(std::size_t) {
-        if (builder_.Failed()) return true;
+        if (builder_.Failed() || BeginsForeign()) return true;
         switch (where_) {
             case kBefore:
                 return Go(kInRecord);
@@ -120,7 +121,7 @@ public:
     }
 
     bool end_object() {
-        if (builder_.Failed()) return true;
+        if (builder_.Failed() || EndsForeign()) return true;
         switch (where_) {
             case kInSubfield:
                 return Go(kInSubfields);
@@ -136,30 +137,32 @@ public:
     }
 
     bool start_array(std::size_t) {
-        if (builder_.Failed()) return true;
+        if (builder_.Failed() || BeginsForeign()) return true;
         if (where_ == kInRecord && key_ == "fields") return Go(kInFields);
         if (where_ == kInData && key_ == "subfields") return Go(kInSubfields);
         return Misplaced();
     }
 
     bool end_array() {
-        if (builder_.Failed()) return true;
+        if (builder_.Failed() || EndsForeign()) return true;
         return Go(where_ == kInFields ? kInRecord : kInData);
     }
 
     bool key(std::string& name) {
+        if (builder_.Failed() || foreignDepth_ != 0) return true;
         key_.swap(name);
-        if (where_ == kInRecord && key_ != "leader" && key_ != "fields") {
-            builder_.Fail(FaultCode::kUnknownMember, Printable(key_), "leader and fields");
-        }
-        if (where_ == kInData && key_ != "ind1" && key_ != "ind2" && key_ != "subfields") {
-            builder_.Fail(FaultCode::kUnknownMember, Printable(key_), "ind1, ind2 and subfields");
+        const bool isForeign =
+            (where_ == kInRecord && key_ != "leader" && key_ != "fields") ||
+            (where_ == kInData && key_ != "ind1" && key_ != "ind2" && key_ != "subfields");
+        if (isForeign) {
+            builder_.Note(FaultCode::kForeignParts);
+            foreignComes_ = true;
         }
         return true;
     }
 
     bool string(const std::string& text) {
-        if (builder_.Failed()) return true;
+        if (builder_.Failed() || IsForeignValue()) return true;
         if (where_ == kInRecord && key_ == "leader") {
             builder_.SetLeader(text);
         } else if (where_ == kInField) {
@@ -174,11 +177,11 @@ public:
         return true;
     }
 
-    bool null() { return Misplaced(); }
-    bool boolean(bool) { return Misplaced(); }
-    bool number_integer(std::int64_t) { return Misplaced(); }
-    bool number_unsigned(std::uint64_t) { return Misplaced(); }
-    bool number_float(double, const std::string&) { return Misplaced(); }
+    bool null() { return IsForeignValue() || Misplaced(); }
+    bool boolean(bool) { return IsForeignValue() || Misplaced(); }
+    bool number_integer(std::int64_t) { return IsForeignValue() || Misplaced(); }
+    bool number_unsigned(std::uint64_t) { return IsForeignValue() || Misplaced(); }
+    bool number_float(double, const std::string&) { return IsForeignValue() || Misplaced(); }
     bool binary(const std::vector<std::uint8_t>&) { return Misplaced(); }
 
     bool parse_error(std::size_t position, const std::string&, const std::exception& error) {
@@ -203,7 +206,24 @@ private:
         return true;
     }
 
+    // The value of a foreign member is passed over, whatever it is made of.
+    bool IsForeignValue() { return foreignDepth_ != 0 || std::exchange(foreignComes_, false); }
+
+    bool BeginsForeign() {
+        if (!IsForeignValue()) return false;
+        ++foreignDepth_;
+        return true;
+    }
+
+    bool EndsForeign() {
+        if (foreignDepth_ == 0) return false;
+        --foreignDepth_;
+        return true;
+    }
+
     RecordBuilder& builder_;
+    bool foreignComes_ = false;  // the next value is that of a foreign member
+    std::size_t foreignDepth_ = 0;
     Where where_ = kBefore;
     std::string key_;
     std::optional<ItemFault> malformed_;
@@ -232,14 +252,14 @@ FaultCode MarcJsonReader::MissingAtEnd(bool sound) {
     return sound && openArrays_ > 0 ? FaultCode::kArrayNotClosed : FaultCode::kNone;
 }
 
-std::optional<ItemFault> MarcJsonReader::Read(std::string_view block, Record& record) {
+void MarcJsonReader::Read(std::string_view block, Item& item) {
     builder_.Clear();
     Handler handler(builder_);
     handler.Parse(block.substr(0, block.find_last_not_of(" \t\r\n") + 1));
-    builder_.Give(record);
-    if (handler.Malformed()) return handler.Malformed();
-    if (builder_.Failed()) return ItemFault{*builder_.WhatFailed()};
-    return std::nullopt;
+    builder_.Give(item);
+    if (!handler.Malformed() && !builder_.Failed()) return;
+    item.kind = kItemDamaged;
+    item.fault = handler.Malformed() ? *handler.Malformed() : ItemFault{*builder_.WhatFailed()};
 }
 
 }  // namespace quillory

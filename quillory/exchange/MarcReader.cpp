@@ -52,17 +52,21 @@ bool MarcReader::Fits(std::string_view head) {
 
 void MarcReader::Give(Item& item, ItemKind kind, std::string_view bytes) {
     item.Begin(kind, input_.Offset(), bytes);
-    if (kind != kItemStray) ++count_;
+    if (kind == kItemRecord || kind == kItemDamaged) ++count_;
     item.number = count_;
     taken_ = bytes.size();
 }
 
-bool MarcReader::TakeStrayBytes(Item& item) {
-    if (kRecordFiller.find(input_.Peek(1).front()) == kRecordFiller.npos) return false;
-    const std::string_view window = input_.Peek(zorby::kLongestRecord);
-    const std::size_t size = std::min(window.find_first_not_of(kRecordFiller), window.size());
-    Give(item, kItemStray, window.substr(0, size));
-    item.fault = {{FaultCode::kStrayBytes}, item.offset};
+// A doubled record end is not filler, but there is nothing in it to be lost.
+bool MarcReader::TakeFiller(Item& item) {
+    constexpr std::size_t kMost = 99999;
+    static const std::string kFiller = std::string(kRecordFiller) + zorby::kRecordEnd;
+    if (kFiller.find(input_.Peek(1).front()) == kFiller.npos) return false;
+    const std::string_view window = input_.Peek(kMost).substr(0, kMost);
+    const std::string_view bytes = window.substr(0, window.find_first_not_of(kFiller));
+    const bool isFiller = bytes.find(zorby::kRecordEnd) == bytes.npos;
+    Give(item, isFiller ? kItemFrame : kItemStray, bytes);
+    item.fault = {{isFiller ? FaultCode::kFiller : FaultCode::kStrayBytes}, item.offset};
     return true;
 }
 
@@ -81,13 +85,22 @@ bool MarcReader::TakeSoundRecord(Item& item) {
 }
 
 void MarcReader::Rescue(Item& item) {
-    if (const CommFormatFault fault = RescueCommFormat(item.bytes, rescue_)) {
-        item.fault->notRescued = FaultOf(fault, item.bytes);
+    salvage_.Read(item.bytes);
+    item.record.leader = salvage_.Leader();
+    item.record.fields = salvage_.Fields();
+    const bool isTooLongAlone = item.bytes.size() > zorby::kLongestRecord && salvage_.IsWhole();
+    if (isTooLongAlone || (lenient_ && salvage_.IsRecord())) {
+        item.kind = kItemRecord;
+        item.mends = salvage_.Mends();
+        item.isPartial = !salvage_.IsWhole();
+        for (ItemFault& mend : item.mends) mend.offset += item.offset;
         return;
     }
-    item.kind = kItemRecord;
-    item.record.leader = rescue_.leader;
-    item.record.fields = rescue_.fields;
+    const auto& others = salvage_.Others();
+    item.record.fields.insert(item.record.fields.end(), others.begin(), others.end());
+    if (!lenient_) return;
+    zorby::CommFormatRescue rescue;
+    item.fault->notRescued = FaultOf(RescueCommFormat(item.bytes, rescue), item.bytes);
 }
 
 void MarcReader::TakeEndlessDamage(Item& item, std::string_view window) {
@@ -123,13 +136,13 @@ void MarcReader::TakeDamage(Item& item) {
     }
     item.fault = FaultOf(ReadCommFormat(bytes, fields_), bytes);
     item.fault->offset += item.offset;
-    if (lenient_ && !item.continues) Rescue(item);
+    if (!item.continues) Rescue(item);
 }
 
 bool MarcReader::Next(Item& item) {
     input_.Skip(std::exchange(taken_, 0));
     if (input_.Peek(1).empty()) return false;
-    if (!inEndlessDamage_ && (TakeStrayBytes(item) || TakeSoundRecord(item))) return true;
+    if (!inEndlessDamage_ && (TakeFiller(item) || TakeSoundRecord(item))) return true;
     TakeDamage(item);
     return true;
 }

@@ -1,19 +1,21 @@
 #pragma once
 
 #include <quillory/exchange/Input.h>
+#include <quillory/exchange/MarcSalvage.h>
 #include <quillory/exchange/Record.h>
 
 namespace quillory {
 
-// What systems put between records: line ends, blanks, NUL, the old end-of-file byte, a doubled
-// record end, the byte order mark of UTF-8.
-inline constexpr std::string_view kRecordFiller("\n\r\t \0\x1A\x1D\xEF\xBB\xBF", 10);
+// What systems put between records: line ends, blanks, NUL, the old end-of-file byte, the byte
+// order mark of UTF-8.
+inline constexpr std::string_view kRecordFiller("\n\r\t \0\x1A\xEF\xBB\xBF", 9);
 
 // Reads ISO 2709 records. Damage goes on to the next record end (0x1D); if that is the end of a
-// sound record, only what stands before this record is damage.
+// sound record, only what stands before this record is damage. A record over 99,999 bytes is read
+// if no field of it is in doubt.
 class MarcReader : public RecordReader {
 public:
-    // With `lenient` a damaged record is read from its terminators where that is certain.
+    // With `lenient` a damaged record is read as far as that is certain.
     MarcReader(Input& input, bool lenient) : input_(input), lenient_(lenient) {}
 
     static bool Fits(std::string_view head);
@@ -21,7 +23,7 @@ public:
     bool Next(Item& item) override;
 
 private:
-    bool TakeStrayBytes(Item& item);
+    bool TakeFiller(Item& item);
     bool TakeSoundRecord(Item& item);
     void TakeDamage(Item& item);
     void TakeEndlessDamage(Item& item, std::string_view window);
@@ -34,7 +36,7 @@ private:
     std::uint64_t count_ = 0;
     std::size_t taken_ = 0;  // bytes of the item given last
     zorby::CommFormatFields fields_;
-    zorby::CommFormatRescue rescue_;
+    MarcSalvage salvage_;
 };
 
 }  // namespace quillory

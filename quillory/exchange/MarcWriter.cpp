@@ -1,7 +1,9 @@
 #include <quillory/exchange/MarcWriter.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/text/Utf8.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -18,6 +20,23 @@ std::size_t LargestField(const Record& record) {
     const auto largest = std::ranges::max_element(
         record.fields, {}, [](const CommFormatField& field) { return field.content.size(); });
     return static_cast<std::size_t>(largest - record.fields.begin());
+}
+
+// The content as far as the directory can describe it: whole subfields, or if the first one is too
+// long by itself, whole words, or whole characters.
+std::string_view CutToFit(const CommFormatField& field) {
+    constexpr std::size_t kMost = zorby::kLongestField - 1;
+    const std::string_view content = field.content;
+    if (content.size() <= kMost) return content;
+    const std::size_t delimiter = content.rfind(zorby::kDelimiter, kMost);
+    constexpr std::size_t kIndicators = 2;
+    if (delimiter != content.npos && delimiter > kIndicators) return content.substr(0, delimiter);
+    const std::size_t blank = content.rfind(' ', kMost);
+    constexpr std::size_t kFirstWord = 5;  // after indicators, delimiter, code and a byte
+    if (blank != content.npos && blank >= kFirstWord) return content.substr(0, blank);
+    std::size_t size = kMost;
+    while (size > kMost - 4 && IsContinuation(content[size])) --size;
+    return content.substr(0, size);
 }
 
 }  // namespace
@@ -37,7 +56,7 @@ std::size_t CommFormatSize(const Record& record) {
 // Why a record can't be written as it is.
 WriteResult MarcAssembler::Refuse(const Record& record) const {
     if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
-    if (oversize_ == kOversizeCut) return {};
+    if (oversize_ != kOversizeRefuse) return {};
     const std::size_t largest = LargestField(record);
     const std::size_t size = CommFormatSize(record.fields[largest]);
     if (size > zorby::kLongestField) {
@@ -48,19 +67,45 @@ WriteResult MarcAssembler::Refuse(const Record& record) const {
     return NotWritten(FaultOf(FaultCode::kRecordTooLong, record, largest, whole));
 }
 
+void MarcAssembler::AddAsItIs(const Record& record, std::size_t field, WriteResult& result) {
+    const std::size_t size = CommFormatSize(record.fields[field]);
+    if (!writer_.AddField(record.fields[field].tag, record.fields[field].content)) {
+        result.faults.push_back(FaultOf(FaultCode::kFieldLeftOut, record, field, size));
+    } else if (size > zorby::kLongestField) {
+        result.faults.push_back(FaultOf(FaultCode::kFieldLengthCut, record, field, size));
+    }
+}
+
+// A field that the directory can't describe is cut; one that the record has no room for is left
+// out, and a shorter one after it may still find room.
+void MarcAssembler::AddToFit(const Record& record, std::size_t field, WriteResult& result) {
+    const CommFormatField& given = record.fields[field];
+    const CommFormatField fitting{given.tag, CutToFit(given)};
+    const std::size_t size = CommFormatSize(given);
+    const std::size_t grown = size_ + zorby::kDirectoryEntrySize + CommFormatSize(fitting);
+    if (grown > zorby::kLongestRecord || !writer_.AddField(fitting.tag, fitting.content)) {
+        result.faults.push_back(FaultOf(FaultCode::kFieldLeftOut, record, field, size));
+        return;
+    }
+    size_ = grown;
+    if (fitting.content.size() == given.content.size()) return;
+    Fault fault = FaultOf(FaultCode::kFieldCutToFit, record, field, size);
+    fault.allowed = std::to_string(CommFormatSize(fitting));
+    result.faults.push_back(std::move(fault));
+}
+
 WriteResult MarcAssembler::AssembleFields(const Record& record) {
     const std::string_view leader = MendLeader(record.leader, leader_);
     writer_.Clear();
     writer_.SetLeader(leader);
+    size_ = zorby::kLeaderSize + 2;
     WriteResult result;
     result.leaderMended = leader.data() == leader_.data();
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
-        const CommFormatField& field = record.fields[i];
-        const std::size_t size = CommFormatSize(field);
-        if (!writer_.AddField(field.tag, field.content)) {
-            result.faults.push_back(FaultOf(FaultCode::kFieldLeftOut, record, i, size));
-        } else if (size > zorby::kLongestField) {
-            result.faults.push_back(FaultOf(FaultCode::kFieldLengthCut, record, i, size));
+        if (oversize_ == kOversizeCut) {
+            AddToFit(record, i, result);
+        } else {
+            AddAsItIs(record, i, result);
         }
     }
     const std::size_t cut = writer_.Finish(text_);

@@ -25,9 +25,12 @@ public:
 private:
     WriteResult Refuse(const Record& record) const;
     WriteResult AssembleFields(const Record& record);
+    void AddAsItIs(const Record& record, std::size_t field, WriteResult& result);
+    void AddToFit(const Record& record, std::size_t field, WriteResult& result);
 
     Oversize oversize_;
     zorby::CommFormatWriter writer_;
+    std::size_t size_ = 0;  // of the record so far
     std::string leader_;
     std::string text_;
     std::string_view bytes_;
@@ -35,7 +38,8 @@ private:
 
 class MarcWriter : public RecordWriter {
 public:
-    MarcWriter(Output& output, Oversize oversize) : output_(output), assembler_(oversize) {}
+    MarcWriter(Output& output, const WriterOptions& options)
+        : output_(output), assembler_(options.oversize) {}
     WriteResult Write(const Record& record, Losses& losses) override;
 
 private:

@@ -6,13 +6,18 @@
 #include <quillory/exchange/TextPlace.h>
 #include <quillory/exchange/XmlRecords.h>
 
+#include <optional>
+#include <utility>
+
 namespace quillory {
 
 inline constexpr std::string_view kMarcXmlNamespace = "http://www.loc.gov/MARC21/slim";
 
 // MARC 21 XML. Records may lie anywhere in a document, such as the answer of a server; elements may
-// be of the namespace or of none. A record that is not made as it should be is damage, and the next
-// one goes on; XML that is not well-formed, or has a document type (DOCTYPE), is read no further.
+// be of the namespace or of none. Elements of other kinds are passed over. A record that is not
+// made as it should be is damage, and the next one goes on. Another document may follow the first,
+// with its own declaration, as where files were joined; XML that is not well-formed, or has a
+// document type (DOCTYPE), is read no further.
 class MarcXmlReader : public RecordReader {
 public:
     explicit MarcXmlReader(Input& input) : input_(input) {}
@@ -27,12 +32,13 @@ private:
     void GiveRecord(Item& item);
     void GiveDamage(Item& item, std::uint64_t end);
     bool GivePassed(Item& item);
+    bool BeginNextDocument(Item& item);
     bool GiveRest(Item& item);
     bool GiveEnd(Item& item);
     void SetFault(Item& item, const Fault& fault, std::uint64_t offset);
 
     Input& input_;
-    XmlRecords records_;
+    std::optional<XmlRecords> records_{std::in_place};
     XmlRecord record_;  // given last
     TextPlace place_;   // of the input
     std::uint64_t count_ = 0;

@@ -21,7 +21,7 @@ bool MarcXmlReader::Feed() {
     const std::string_view window = input_.Peek(known + kPiece).substr(0, known + kPiece);
     fedAll_ = window.size() == known;
     fed_ += window.size() - known;
-    records_.Feed(window, input_.Offset(), window.size() - known);
+    records_->Feed(window, input_.Offset(), window.size() - known);
     return true;
 }
 
@@ -39,16 +39,19 @@ void MarcXmlReader::SetFault(Item& item, const Fault& fault, std::uint64_t offse
 }
 
 void MarcXmlReader::GiveRecord(Item& item) {
-    records_.Take(record_);
+    records_->Take(record_);
     const RecordBuilder& builder = record_.builder;
     Give(item, builder.Failed() ? kItemDamaged : kItemRecord, record_.end);
     inDamage_ = false;
-    builder.Give(item.record);
+    builder.Give(item);
     if (builder.Failed()) {
         SetFault(item, *builder.WhatFailed(), record_.faultOffset);
     } else if (const auto fault = FaultOf(item.record)) {
         item.kind = kItemDamaged;
         SetFault(item, *fault, item.offset);
+    } else if (item.fault) {
+        SetFault(item, Fault(*item.fault), item.offset);
+        for (ItemFault& mend : item.mends) mend.offset = item.offset;
     }
     if (item.fault) item.controlNumber = item.record.ControlNumber();
 }
@@ -56,10 +59,10 @@ void MarcXmlReader::GiveRecord(Item& item) {
 // A piece of a record that can't be read any more.
 void MarcXmlReader::GiveDamage(Item& item, std::uint64_t end) {
     Give(item, kItemDamaged, end);
-    if (!inDamage_ && records_.InRecord()) {
-        Record unended;
-        records_.Unended().builder.Give(unended);
-        item.controlNumber = unended.ControlNumber();
+    if (!inDamage_ && records_->InRecord()) {
+        records_->Unended().builder.Give(item);
+        item.fault.reset();
+        item.controlNumber = item.record.ControlNumber();
     }
     inDamage_ = true;
 }
@@ -69,7 +72,7 @@ bool MarcXmlReader::GiveRest(Item& item) {
     const std::size_t left = input_.Peek(kMuch).size();
     if (left == 0 && inDamage_) return false;
     GiveDamage(item, input_.Offset() + left);
-    const ItemFault& fault = *records_.WhatFailed();
+    const ItemFault& fault = *records_->WhatFailed();
     SetFault(item, fault, fault.offset);
     return true;
 }
@@ -77,23 +80,39 @@ bool MarcXmlReader::GiveRest(Item& item) {
 // Gives what can be given while no record has ended. False if there is nothing.
 bool MarcXmlReader::GivePassed(Item& item) {
     const std::uint64_t offset = input_.Offset();
-    const bool inRecord = records_.InRecord();
-    if (fed_ - offset < kMuch && !records_.Failed()) return false;
-    const std::uint64_t start = records_.Unended().start;
-    const std::uint64_t known = records_.Failed() ? offset : records_.Position();
+    const bool inRecord = records_->InRecord();
+    if (fed_ - offset < kMuch && !records_->Failed()) return false;
+    const std::uint64_t start = records_->Unended().start;
+    const std::uint64_t known = records_->Failed() ? offset : records_->Position();
     const std::uint64_t passed = inRecord ? std::max(start, offset) : known;
     if (passed > offset) {
         Give(item, kItemFrame, passed);
         return true;
     }
-    if (records_.Failed() || fed_ - offset < kTooMuch) return false;
-    if (!inRecord || records_.Position() == offset) {
-        records_.Fail({FaultCode::kXmlPartTooLong}, offset);
+    if (records_->Failed() || fed_ - offset < kTooMuch) return false;
+    if (!inRecord || records_->Position() == offset) {
+        records_->Fail({FaultCode::kXmlPartTooLong}, offset);
         return false;
     }
-    records_.Abandon(FaultCode::kXmlRecordTooLong);
-    GiveDamage(item, records_.Position());
+    records_->Abandon(FaultCode::kXmlRecordTooLong);
+    GiveDamage(item, records_->Position());
     SetFault(item, {FaultCode::kXmlRecordTooLong}, offset);
+    return true;
+}
+
+// After the root there may be another document. What the parser stopped at is its declaration.
+bool MarcXmlReader::BeginNextDocument(Item& item) {
+    constexpr std::string_view kDeclaration = "<?xml";
+    if (!records_->Failed() || !records_->IsOver()) return false;
+    const auto known = static_cast<std::size_t>(fed_ - input_.Offset());
+    const auto stop = static_cast<std::size_t>(records_->WhatFailed()->offset - input_.Offset());
+    const std::size_t start = input_.Peek(known).substr(0, known).rfind(kDeclaration, stop);
+    if (start == std::string_view::npos) return false;
+    fed_ = input_.Offset() + start;
+    fedAll_ = false;
+    inDamage_ = false;
+    records_.emplace(fed_);
+    Give(item, kItemFrame, fed_);
     return true;
 }
 
@@ -101,7 +120,7 @@ bool MarcXmlReader::GivePassed(Item& item) {
 bool MarcXmlReader::GiveEnd(Item& item) {
     const std::size_t left = input_.Peek(kMuch).size();
     if (left == 0) return false;
-    const bool isMarc = records_.IsMarc();
+    const bool isMarc = records_->IsMarc();
     Give(item, isMarc ? kItemFrame : kItemStray, input_.Offset() + left);
     if (!isMarc) item.fault = {{FaultCode::kNoMarcInXml}, item.offset};
     return true;
@@ -111,8 +130,8 @@ bool MarcXmlReader::Next(Item& item) {
     place_.Pass(input_.Peek(taken_).substr(0, taken_));
     input_.Skip(std::exchange(taken_, 0));
     do {
-        if (!records_.Empty()) {
-            const std::uint64_t start = records_.Front().start;
+        if (!records_->Empty()) {
+            const std::uint64_t start = records_->Front().start;
             if (start > input_.Offset()) {
                 Give(item, kItemFrame, start);
             } else {
@@ -120,8 +139,8 @@ bool MarcXmlReader::Next(Item& item) {
             }
             return true;
         }
-        if (GivePassed(item)) return true;
-        if (records_.Failed()) return GiveRest(item);
+        if (BeginNextDocument(item) || GivePassed(item)) return true;
+        if (records_->Failed()) return GiveRest(item);
     } while (Feed());
     return GiveEnd(item);
 }

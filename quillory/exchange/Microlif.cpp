@@ -4,25 +4,63 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
+#include <vector>
 
 namespace quillory {
 namespace {
 
 constexpr std::string_view kFillers(" \t\r\n\x1A\0", 6);
 constexpr char kRecordEndSign = '`';
+constexpr std::string_view kLeaderLine = "LDR";
 constexpr std::string_view kLeaderTag = "000";
 constexpr std::size_t kIndicators = 2;
 
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
 bool IsControlTag(std::string_view tag) {
-    return tag.starts_with("00");
+    return tag.starts_with("00") && std::ranges::all_of(tag, IsDigit);
+}
+
+// Whether a line can begin with the tag: digits and letters, and not what begins a record.
+bool IsCarried(std::string_view tag) {
+    const auto isPart = [](char c) {
+        return IsDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+    };
+    return tag.size() == kTagSize && tag != kLeaderLine && tag != kLeaderTag &&
+           std::ranges::all_of(tag, isPart);
+}
+
+// A header of a file: the old letters, or a word of any case with what follows, on a line that does
+// not end as a field does.
+bool IsHeader(std::string_view line) {
+    constexpr std::string_view kWord = "header";
+    constexpr std::string_view kFieldEnds = "^`\x1E\x1D";
+    if (line.starts_with("HDR")) return true;
+    const bool hasWord = std::ranges::equal(line.substr(0, kWord.size()), kWord, {},
+                                            [](char c) { return static_cast<char>(c | 0x20); });
+    return hasWord && (line.empty() || kFieldEnds.find(line.back()) == line.npos);
 }
 
 FaultCode FaultOf(std::string_view tag, std::string_view content) {
+    if (!std::ranges::all_of(tag, IsDigit)) return FaultCode::kNone;
     const bool isControl = IsControlTag(tag);
     const std::size_t first = std::min(content.find(zorby::kDelimiter), content.size());
     if (!isControl && first != kIndicators) return FaultCode::kNoIndicatorsBeforeDelimiter;
     const bool isEmpty = isControl ? content.ends_with(zorby::kDelimiter) : HasEmptyCode(content);
     return isEmpty ? FaultCode::kNoSubfieldCode : FaultCode::kNone;
+}
+
+// Content that does not break its line: a line end, or an underscore for an indicator, is a blank.
+std::string InOneLine(std::string_view content) {
+    std::string line(content);
+    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
+    std::ranges::replace_if(line, isLineEnd, ' ');
+    const bool hasIndicators = line.find(zorby::kDelimiter) == kIndicators;
+    if (hasIndicators) std::replace(line.begin(), line.begin() + kIndicators, '_', ' ');
+    return line;
 }
 
 void CountMicrolifLosses(const zorby::CommFormatField& field, Losses& losses) {
@@ -34,20 +72,17 @@ void CountMicrolifLosses(const zorby::CommFormatField& field, Losses& losses) {
 }  // namespace
 
 bool MicrolifReader::Fits(std::string_view head) {
-    return head.starts_with("LDR") || head.starts_with("HDR");
+    return head.starts_with(kLeaderLine) || IsHeader(head.substr(0, head.find_first_of("\r\n")));
 }
 
-// A record ends after the line that closes with the record end, or before the next head.
+// A record ends after the line that closes with the record end, or before the next head. What
+// stands before the first head is a block of its own.
 std::size_t MicrolifReader::EndOfRecord(std::string_view window) const {
     std::string_view rest = window;
-    bool begun = false;
     while (!rest.empty()) {
         const std::size_t at = window.size() - rest.size();
         const std::string_view line = TakeLine(rest);
-        if (line.starts_with("LDR")) {
-            if (begun) return at;
-            begun = true;
-        }
+        if (line.starts_with(kLeaderLine) && at != 0) return at;
         const std::size_t end = window.size() - rest.size();
         // The second byte of a line end may not be in the window yet.
         const bool wholeLine = !rest.empty() || window.ends_with('\n');
@@ -59,55 +94,79 @@ std::size_t MicrolifReader::EndOfRecord(std::string_view window) const {
 std::size_t MicrolifReader::StrayBytes(std::string_view block, FaultCode& what) {
     const std::size_t first = std::min(block.find_first_not_of(kFillers), block.size());
     if (first != 0) {
-        what = FaultCode::kStrayBytes;
+        what = FaultCode::kFiller;
         return first;
     }
-    if (!block.starts_with("HDR")) return 0;
-    what = FaultCode::kFileHeader;
     std::string_view rest = block;
-    TakeLine(rest);
+    const std::string_view line = TakeLine(rest);
+    if (!IsHeader(line)) return 0;
+    what = FaultCode::kFileHeader;
     return block.size() - rest.size();
 }
 
-std::optional<ItemFault> MicrolifReader::TakeFields(Record& record) {
-    for (const std::string& field : pmarc_) {
-        const std::string_view tag = std::string_view(field).substr(0, kTagSize);
-        const std::string_view content = std::string_view(field).substr(tag.size());
-        if (tag.size() < kTagSize) return ItemFault{{FaultCode::kFieldWithoutTag}};
-        if (tag == kLeaderTag && record.leader.empty()) {
-            leader_.assign(content);
-            leader_.resize(zorby::kLeaderSize, ' ');
-            record.leader = leader_;
-            continue;
-        }
-        const FaultCode code = FaultOf(tag, content);
-        if (code != FaultCode::kNone) {
-            return ItemFault{{code, PlaceAfter(record.fields, tag), {}, "_"}};
-        }
-        record.fields.push_back({tag, content});
+// The library reads a line, but makes zeros of the letters in its tag.
+FaultCode MicrolifReader::ReadLine(std::string_view line, Record& record) {
+    constexpr std::string_view kAnyDataTag = "999";
+    const std::string_view tag = line.substr(0, kTagSize);
+    if (tag.size() < kTagSize) return FaultCode::kFieldWithoutTag;
+    const bool isLeader = tag == kLeaderLine;
+    if (!isLeader && tag != kLeaderTag && !IsCarried(tag)) return FaultCode::kTagBytes;
+    std::string text(line);
+    if (!isLeader && !std::ranges::all_of(tag, IsDigit)) text.replace(0, kTagSize, kAnyDataTag);
+    pmarc_.Clear();
+    pmarc_.AddOldMicrolifField(text.data(), static_cast<int>(text.size()));
+    std::string& held = lines_.emplace_back(*pmarc_.begin());
+    if (isLeader) {
+        if (!record.leader.empty()) return FaultCode::kSecondLeader;
+        held.resize(kTagSize + zorby::kLeaderSize, ' ');
+        record.leader = std::string_view(held).substr(kTagSize);
+        return FaultCode::kNone;
     }
-    if (!record.leader.empty()) return std::nullopt;
-    return ItemFault{{FaultCode::kNoLeaderLine, {}, {}, "LDR"}};
+    const std::string_view content = std::string_view(held).substr(kTagSize);
+    const FaultCode code = FaultOf(tag, content);
+    if (code == FaultCode::kNone) record.fields.push_back({tag, content});
+    return code;
 }
 
-std::optional<ItemFault> MicrolifReader::Read(std::string_view block, Record& record) {
-    pmarc_.Clear();
+void MicrolifReader::Read(std::string_view block, Item& item) {
+    lines_.clear();
     std::string_view rest = block;
     while (!rest.empty()) {
-        std::string line(TakeLine(rest));
-        pmarc_.AddOldMicrolifField(line.data(), static_cast<int>(line.size()));
+        const auto at = static_cast<std::size_t>(rest.data() - block.data());
+        const std::string_view line = TakeLine(rest);
+        if (line.find_first_not_of(" \t") == line.npos) continue;
+        const FaultCode code = ReadLine(line, item.record);
+        if (code == FaultCode::kNone) continue;
+        const bool hasTag = IsCarried(line.substr(0, kTagSize));
+        const Place place =
+            hasTag ? PlaceAfter(item.record.fields, line.substr(0, kTagSize)) : Place();
+        AddDamage(item, {{code, place, {}, hasTag ? "_" : ""}, at});
     }
-    return TakeFields(record);
+    if (item.record.leader.empty()) {
+        AddDamage(item, {{FaultCode::kNoLeaderLine, {}, {}, std::string(kLeaderLine)}});
+    }
 }
 
+// The library takes a tag with letters for a head: the field is written under a number, and the
+// letters are put in their place.
 void AppendMicrolif(const Record& record, std::string& text) {
+    constexpr std::string_view kAnyTag = "999";
+    constexpr std::size_t kHeadSize = 30;  // with its ends, "^\r\n"
+    constexpr std::size_t kEnds = 3;
     zorby::CPmarc pmarc;
-    pmarc.FieldAppend("000", record.leader);
+    pmarc.FieldAppend(kLeaderTag, InOneLine(record.leader));
+    std::vector<std::pair<std::size_t, std::string_view>> letters;
+    std::size_t at = kHeadSize;
     for (const zorby::CommFormatField& field : record.fields) {
-        pmarc.FieldAppend(field.tag, field.content);
+        if (!IsCarried(field.tag) || field.content.empty()) continue;
+        const bool isNumber = std::ranges::all_of(field.tag, IsDigit);
+        if (!isNumber) letters.emplace_back(at, field.tag);
+        pmarc.FieldAppend(isNumber ? field.tag : kAnyTag, InOneLine(field.content));
+        at += kTagSize + field.content.size() + kEnds;
     }
     std::string one;
     pmarc.ConvertToOldMicrolif(one);
+    for (const auto& [start, tag] : letters) one.replace(start, kTagSize, tag);
     text += one;
 }
 
@@ -117,8 +176,6 @@ std::string MicrolifLosses(const zorby::CommFormatField& field) {
     std::copy_if(content.begin(), content.end(), std::back_inserter(lost), [&](char c) {
         return c == '\r' || c == '\n' || c == (IsControlTag(field.tag) ? zorby::kDelimiter : '_');
     });
-    std::copy_if(field.tag.begin(), field.tag.end(), std::back_inserter(lost),
-                 [](char c) { return c < '0' || c > '9'; });
     const std::size_t last = content.find_last_not_of("^`");
     lost += content.substr(last == content.npos ? 0 : last + 1);
     return lost;
@@ -127,14 +184,18 @@ std::string MicrolifLosses(const zorby::CommFormatField& field) {
 WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
     if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
     WriteResult result;
-    CountMicrolifLosses({"000", record.leader}, losses);
+    CountMicrolifLosses({kLeaderTag, record.leader}, losses);
     const std::span fields = record.fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (fields[i].content.empty()) {
-            result.faults.push_back(
-                {FaultCode::kEmptyFieldLeftOut, PlaceAfter(fields.first(i), fields[i].tag)});
+        const bool isCarried = IsCarried(fields[i].tag);
+        if (isCarried && !fields[i].content.empty()) {
+            CountMicrolifLosses(fields[i], losses);
+            continue;
         }
-        CountMicrolifLosses(fields[i], losses);
+        const Place place = PlaceAfter(fields.first(i), fields[i].tag);
+        result.faults.push_back(isCarried
+                                    ? Fault{FaultCode::kEmptyFieldLeftOut, place}
+                                    : Fault{FaultCode::kTagNotCarried, place, "old MicroLIF"});
     }
     text_.clear();
     AppendMicrolif(record, text_);

@@ -1,4 +1,5 @@
 #include <quillory/exchange/Mrk.h>
+#include <quillory/exchange/MrkMnemonics.h>
 #include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
@@ -23,6 +24,7 @@ constexpr std::array<Mnemonic, 5> kMnemonics{{
     {"{bsol}", '\\'},
     {"{esc}", '\x1B'},
 }};
+constexpr std::string_view kNumberSign = "{num}";
 
 constexpr std::size_t kTagEnd = 4;  // of a line
 constexpr std::string_view kLeaderTag = "LDR";
@@ -39,33 +41,58 @@ LineKind KindOf(std::string_view tag) {
     return tag.starts_with("00") ? kControlLine : kDataLine;
 }
 
-// Sets the sign of the mnemonic at the front of `text`. Result: its size, 0 if there is none.
-std::size_t ReadMnemonic(std::string_view text, char& sign) {
+// A sign that the form itself writes by its name.
+struct Sign {
+    char byte = 0;
+    std::size_t size = 0;  // of its name with the braces, 0 if there is none
+};
+
+// At the front of `text`.
+Sign ReadSign(std::string_view text) {
     for (const Mnemonic& mnemonic : kMnemonics) {
-        if (!text.starts_with(mnemonic.name)) continue;
-        sign = mnemonic.sign;
-        return mnemonic.name.size();
+        if (text.starts_with(mnemonic.name)) return {mnemonic.sign, mnemonic.name.size()};
     }
     constexpr std::size_t kHexSize = 4;
-    if (text.size() < kHexSize || text[3] != '}') return 0;
+    if (text.size() < kHexSize || text[0] != '{' || text[3] != '}') return {};
     const std::size_t high = kHexDigits.find(text[1]);
     const std::size_t low = kHexDigits.find(text[2]);
-    if (high > 1 || low > 15) return 0;  // control bytes only
-    sign = static_cast<char>(high * 16 + low);
-    return kHexSize;
+    if (high > 1 || low > 15) return {};  // control bytes only
+    return {static_cast<char>(high * 16 + low), kHexSize};
 }
 
-// Appends the text of a line, mnemonics replaced by what they stand for. `blank` and `delimiter`,
-// if not 0, are the signs that stand for a blank and a delimiter.
-void Unescape(std::string_view text, char blank, char delimiter, std::string& out) {
-    while (!text.empty()) {
-        char sign = text.front();
-        const std::size_t size = sign == '{' ? ReadMnemonic(text, sign) : 0;
-        if (size == 0 && blank != 0 && sign == blank) sign = ' ';
-        if (size == 0 && delimiter != 0 && sign == delimiter) sign = kDelimiter;
-        out += sign;
-        text.remove_prefix(std::max<std::size_t>(size, 1));
+// The name in braces at the front of `text`, with the braces; empty if there is none.
+std::string_view NameInBraces(std::string_view text) {
+    constexpr std::size_t kLongest = 12;
+    const std::size_t end = text.substr(0, kLongest).find('}');
+    if (!text.starts_with('{') || end == text.npos || end == 1) return {};
+    const std::string_view name = text.substr(1, end - 1);
+    const bool isName =
+        std::ranges::all_of(name, [](unsigned char c) { return std::isalnum(c) != 0; });
+    return isName ? text.substr(0, end + 1) : std::string_view();
+}
+
+std::string MnemonicBytesOf(std::string_view inBraces) {
+    return inBraces.empty() ? std::string()
+                            : MnemonicBytes(inBraces.substr(1, inBraces.size() - 2));
+}
+
+bool IsHigh(char c) {
+    return static_cast<unsigned char>(c) >= 0x80;
+}
+
+bool IsDiacritic(char marc8) {
+    return static_cast<unsigned char>(marc8) >= 0xE0;
+}
+
+// A letter with the combining characters after it, at the front of a text in UTF-8.
+std::string_view UnitAt(std::string_view text) {
+    std::size_t size = DecodeUtf8(text).size;
+    while (size < text.size() && IsHigh(text[size])) {
+        const Utf8Char next = DecodeUtf8(text.substr(size));
+        if (!next.valid || !IsCombining(next.codePoint)) break;
+        size += next.size;
     }
+    return text.substr(0, size);
 }
 
 void AppendHex(char c, std::string& out) {
@@ -107,6 +134,8 @@ void AppendLine(std::string_view tag, std::string_view content, LineKind kind, s
         for (const char c : indicators) {
             if (c == ' ') {
                 text += '\\';
+            } else if (c == '#') {
+                text += kNumberSign;
             } else {
                 Escape({&c, 1}, kOtherLine, text);
             }
@@ -176,22 +205,104 @@ std::string_view MrkReader::Hold(std::size_t start) const {
     return std::string_view(text_).substr(start);
 }
 
+// At the front of `text`, which is not empty.
+char MrkReader::ReadIndicator(std::string_view& text) {
+    constexpr std::string_view kBlankSigns = "\\# ";
+    const char first = text.front();
+    const std::string_view name = NameInBraces(text);
+    const std::string bytes = MnemonicBytesOf(name);
+    Sign sign = ReadSign(text);
+    if (sign.size == 0 && bytes.size() == 1) sign = {bytes[0], name.size()};
+    text.remove_prefix(std::max<std::size_t>(sign.size, 1));
+    if (sign.size != 0) return sign.byte;
+    return kBlankSigns.find(first) != kBlankSigns.npos ? ' ' : first;
+}
+
 // Indicators, then subfields that each have a code.
 FaultCode MrkReader::ReadData(std::string_view text) {
-    constexpr std::string_view kBlankSigns = "\\# ";
     for (std::size_t i = 0; i < 2; ++i) {
         if (text.empty()) return FaultCode::kNoIndicators;
-        char sign = text.front();
-        const std::size_t size = sign == '{' ? ReadMnemonic(text, sign) : 0;
-        text_ += size == 0 && kBlankSigns.find(sign) != kBlankSigns.npos ? ' ' : sign;
-        text.remove_prefix(std::max<std::size_t>(size, 1));
+        text_ += ReadIndicator(text);
     }
     if (!text.empty() && text.front() != '$') return FaultCode::kTextBeforeSubfields;
     for (std::size_t at = 0; at < text.size(); at = std::min(text.find('$', at + 2), text.size())) {
         if (at + 1 == text.size() || text[at + 1] == '$') return FaultCode::kNoSubfieldCode;
     }
-    Unescape(text, 0, '$', text_);
+    Unescape(text, 0, '$');
     return FaultCode::kNone;
+}
+
+// Appends the text of a line, names in braces replaced by what they stand for. `blank` and
+// `delimiter`, if not 0, are the signs that stand for a blank and a delimiter.
+void MrkReader::Unescape(std::string_view text, char blank, char delimiter) {
+    while (!text.empty()) {
+        char sign = text.front();
+        std::size_t size = 1;
+        if (sign == '{') {
+            const Sign own = ReadSign(text);
+            if (own.size == 0) size = TakeMnemonics(text);
+            if (own.size == 0 && size != 0) {
+                text.remove_prefix(size);
+                continue;
+            }
+            size = std::max<std::size_t>(own.size, 1);
+            if (own.size != 0) sign = own.byte;
+        } else if (blank != 0 && sign == blank) {
+            sign = ' ';
+        } else if (delimiter != 0 && sign == delimiter) {
+            sign = kDelimiter;
+        }
+        text_ += sign;
+        text.remove_prefix(size);
+    }
+}
+
+// Appends what the name at the front stands for. Result: bytes taken, 0 if the name is not known.
+std::size_t MrkReader::TakeMnemonics(std::string_view text) {
+    const std::string_view name = NameInBraces(text);
+    if (name.empty()) return 0;
+    const std::string marc8 = MnemonicBytesOf(name);
+    const bool needsUtf8 = isUtf8_ && !TextConverter::IsUntouched(marc8);
+    const std::size_t size = marc8.empty() ? 0 : needsUtf8 ? TakeAsUtf8(text) : name.size();
+    if (size == 0) ++unknown_;
+    if (size != 0 && !needsUtf8) text_ += marc8;
+    return size;
+}
+
+// In UTF-8 diacritics follow their letter.
+std::size_t MrkReader::TakeAsUtf8(std::string_view text) {
+    std::string marc8;
+    std::size_t size = 0;
+    while (marc8.empty() || IsDiacritic(marc8.back())) {
+        const std::string_view name = NameInBraces(text.substr(size));
+        const std::string bytes = MnemonicBytesOf(name);
+        if (bytes.empty()) break;
+        marc8 += bytes;
+        size += name.size();
+    }
+    const std::string_view rest = text.substr(size);
+    // The first half of a double diacritic stands for both.
+    const bool isSecondHalf = (marc8 == "\xEC" && text_.ends_with("\u0361")) ||
+                              (marc8 == "\xFB" && text_.ends_with("\u0360"));
+    if (isSecondHalf) return size;
+    const bool lacksLetter = IsDiacritic(marc8.back());
+    if (lacksLetter && (rest.empty() || rest.front() == '$' || rest.front() == '{')) return 0;
+    const std::string_view letter = lacksLetter ? UnitAt(rest) : std::string_view();
+    return AppendAsUtf8(marc8, letter) ? size + letter.size() : 0;
+}
+
+// A letter given is under the diacritics that the text is made of.
+bool MrkReader::AppendAsUtf8(std::string_view marc8, std::string_view letter) {
+    if (!toUtf8_) {
+        toUtf8_ = std::make_unique<TextConverter>(kCharsetMarc8, kCharsetUtf8, kNormalFormD);
+    }
+    Losses losses;
+    std::string utf8;
+    toUtf8_->Append(std::string(marc8) + (letter.empty() ? "" : " "), utf8, losses);
+    if (!losses.Empty()) return false;
+    if (!letter.empty()) utf8.replace(0, 1, letter);
+    text_ += Normalized(utf8, kNormalFormC);
+    return true;
 }
 
 FaultCode MrkReader::ReadLine(std::string_view line, Record& record) {
@@ -202,9 +313,9 @@ FaultCode MrkReader::ReadLine(std::string_view line, Record& record) {
     const LineKind kind = KindOf(tag);
     const std::size_t start = text_.size();
     if (tag == kLeaderTag || kind == kControlLine) {
-        Unescape(text, '\\', 0, text_);
+        Unescape(text, '\\', 0);
     } else if (kind == kOtherLine) {
-        Unescape(text, 0, '$', text_);
+        Unescape(text, 0, '$');
     } else if (const FaultCode code = ReadData(text); code != FaultCode::kNone) {
         return code;
     }
@@ -212,6 +323,7 @@ FaultCode MrkReader::ReadLine(std::string_view line, Record& record) {
         if (text_.size() - start > zorby::kLeaderSize) return FaultCode::kLeaderTooLong;
         text_.resize(start + zorby::kLeaderSize, ' ');
         record.leader = Hold(start);
+        isUtf8_ = LabelledCharset(record.leader) == kCharsetUtf8;
     } else {
         record.fields.push_back({tag, Hold(start)});
     }
@@ -219,20 +331,24 @@ FaultCode MrkReader::ReadLine(std::string_view line, Record& record) {
 }
 
 // No text grows when it is unescaped, but a short leader is filled up: with room for that, the
-// views stay good.
-std::optional<ItemFault> MrkReader::Read(std::string_view block, Record& record) {
+// views stay good. A line that can't be read is left out.
+void MrkReader::Read(std::string_view block, Item& item) {
     text_.clear();
     text_.reserve(block.size() + zorby::kLeaderSize);
+    isUtf8_ = false;
+    unknown_ = 0;
     std::string_view rest = block;
     while (!rest.empty()) {
         const auto at = static_cast<std::size_t>(rest.data() - block.data());
         const std::string_view line = TakeLine(rest);
         if (line.find_first_not_of(" \t") == line.npos) continue;
-        const FaultCode code = ReadLine(line, record);
-        if (code != FaultCode::kNone) return FaultInLine(code, line, record, at);
+        const FaultCode code = ReadLine(line, item.record);
+        if (code != FaultCode::kNone) AddDamage(item, FaultInLine(code, line, item.record, at));
     }
-    if (!record.leader.empty()) return std::nullopt;
-    return ItemFault{{FaultCode::kNoLeaderLine, {}, {}, "=LDR"}};
+    item.notes.assign(unknown_, FaultCode::kUnknownMnemonics);
+    if (item.record.leader.empty()) {
+        AddDamage(item, {{FaultCode::kNoLeaderLine, {}, {}, "=LDR"}});
+    }
 }
 
 void AppendMrkField(const CommFormatField& field, std::string& text) {
@@ -245,11 +361,54 @@ void AppendMrk(const Record& record, std::string& text) {
     text += '\n';
 }
 
+// A letter in UTF-8 with its diacritics. It stays where the names would not give it back.
+std::string MrkWriter::UnitAsMnemonics(std::string_view unit) {
+    if (Normalized(unit, kNormalFormC) != unit) return std::string(unit);
+    if (!toMarc8_) {
+        toMarc8_ = std::make_unique<TextConverter>(kCharsetUtf8, kCharsetMarc8, kNormalFormC);
+    }
+    Losses losses;
+    std::string marc8;
+    toMarc8_->Append(unit, marc8, losses);
+    const bool isOfTable =
+        losses.Empty() && marc8.find('\x1B') == marc8.npos && !IsDiacritic(marc8.back());
+    return isOfTable ? WithMnemonics(marc8, false) : std::string(unit);
+}
+
+// The text of a line with names for the characters beyond ASCII.
+std::string MrkWriter::WithMnemonics(std::string_view text, bool isUtf8) {
+    std::string named;
+    while (!text.empty()) {
+        const std::string_view unit = isUtf8 ? UnitAt(text) : text.substr(0, 1);
+        if (unit.size() > 1) {
+            named += UnitAsMnemonics(unit);
+        } else if (!isUtf8 && IsHigh(unit.front())) {
+            named += "{" + MnemonicOf(unit.front()) + "}";
+        } else {
+            named += unit;
+        }
+        text.remove_prefix(unit.size());
+    }
+    return named;
+}
+
 WriteResult MrkWriter::Write(const Record& record, Losses&) {
+    WriteResult result;
     text_.clear();
-    AppendMrk(record, text_);
-    output_.Write(text_);
-    return {};
+    AppendLine(kLeaderTag, record.leader, kControlLine, text_);
+    const std::span fields = record.fields;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (fields[i].tag == kLeaderTag) {
+            result.faults.push_back({FaultCode::kTagNotCarried,
+                                     PlaceAfter(fields.first(i), kLeaderTag), "the line form"});
+        } else {
+            AppendMrkField(fields[i], text_);
+        }
+    }
+    text_ += '\n';
+    const bool isUtf8 = LabelledCharset(record.leader) == kCharsetUtf8;
+    output_.Write(mnemonics_ ? WithMnemonics(text_, isUtf8) : text_);
+    return result;
 }
 
 }  // namespace quillory

@@ -57,7 +57,7 @@ void AppendConverted(std::string_view content, TextConverter& converter, std::st
 }
 
 TextConverter& Recoder::ConverterFor(Charset from) {
-    auto& converter = converters_[static_cast<std::size_t>(from)];
+    auto& converter = converters_[from];
     if (!converter) {
         converter = std::make_unique<TextConverter>(from, TargetFor(from),
                                                     options_.form.value_or(kNormalFormC));
@@ -108,12 +108,15 @@ Recoder::Result Recoder::Recode(Record& record, Losses& losses) {
     }
     result.from = forced ? options_.from : ActualCharset(record);
     if (options_.verify && result.from == kCharsetUtf8) result.invalid = FirstInvalidByte(record);
-    if (result.invalid) return result;
+    const bool isToReplace = result.invalid && options_.replaceInvalid;
+    if (result.invalid && !isToReplace) return result;
+    result.invalid.reset();
     const Charset labelled = LabelledCharset(record.leader);
     if (!forced && result.from != labelled) result.mislabelled = Mislabelled(labelled, result.from);
     const Charset target = TargetFor(result.from);
     const bool normalize = target == kCharsetUtf8 && options_.form.has_value();
-    if (result.from != target || normalize) Replace(record, ConverterFor(result.from), losses);
+    if (result.from != target || normalize || isToReplace)
+        Replace(record, ConverterFor(result.from), losses);
     SetLabel(record, target);
     return result;
 }

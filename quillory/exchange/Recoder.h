@@ -3,7 +3,7 @@
 #include <quillory/exchange/RecordCharset.h>
 #include <quillory/text/TextConverter.h>
 
-#include <array>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,7 +21,8 @@ struct RecoderOptions {
     Charset to = kCharsetAuto;    // auto: the same
     // Of UTF-8. Without one, text that comes in UTF-8 stays as it is, and other text is in C.
     std::optional<NormalForm> form;
-    bool verify = false;  // look at labels and bytes even where nothing is to be changed
+    bool verify = false;          // look at labels and bytes even where nothing is to be changed
+    bool replaceInvalid = false;  // bytes of UTF-8 that is verified become U+FFFD and are counted
 };
 
 // Takes records from one character set to another, and sets leader byte 09.
@@ -33,7 +34,7 @@ public:
         Charset from = kCharsetAuto;       // auto if it makes no difference
         std::optional<Fault> mislabelled;  // the leader says another set
         std::optional<InvalidByte>
-            invalid;  // in UTF-8 that is verified; the record is unchanged then
+            invalid;  // in UTF-8 that is verified and not replaced; the record is unchanged then
     };
 
     // Changes the record. Its views hold until the next call, as long as what they viewed before.
@@ -46,7 +47,7 @@ private:
     void SetLabel(Record& record, Charset charset);
 
     RecoderOptions options_;
-    std::array<std::unique_ptr<TextConverter>, 4> converters_;  // by what they read
+    std::map<Charset, std::unique_ptr<TextConverter>> converters_;  // by what they read
     std::string text_;
     std::string leader_;
 };

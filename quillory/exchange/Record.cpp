@@ -22,6 +22,9 @@ void Item::Begin(ItemKind newKind, std::uint64_t newOffset, std::string_view new
     bytes = newBytes;
     continues = false;
     fault.reset();
+    mends.clear();
+    isPartial = false;
+    notes.clear();
     controlNumber.clear();
     record.leader = {};
     record.fields.clear();

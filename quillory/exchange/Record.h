@@ -30,7 +30,9 @@ enum ItemKind : std::int32_t {
     kItemRecord,   // a record that could be read
     kItemDamaged,  // bytes of a record that can't be read
     kItemStray,    // bytes between records that do not belong there
-    kItemFrame,    // what the form itself puts around records
+    // What the form itself puts around records. With a fault it is filler between them, which is
+    // no damage.
+    kItemFrame,
 };
 
 // What is wrong with an item, and where in its file.
@@ -49,9 +51,13 @@ struct Item {
     std::string_view bytes;    // what the item takes up in the file
     bool continues = false;    // the item goes on with the damage of the one before it
     std::optional<ItemFault>
-        fault;                  // for a record: what is wrong with its bytes, now read otherwise
-    std::string controlNumber;  // of a damaged record, as far as it can be made out
-    Record record;
+        fault;  // for a record: what is wrong with its bytes, now read otherwise
+    // What of a record with a fault is left out or read in another way than it stands there.
+    std::vector<ItemFault> mends;
+    bool isPartial = false;        // the record lacks something that its bytes have
+    std::vector<FaultCode> notes;  // what leaves no doubt and is only counted
+    std::string controlNumber;     // of a damaged record, as far as it can be made out
+    Record record;  // of a damaged record, what can be read of it, for a person to look at
 
     // Makes it another item, of the bytes at `offset`, whose record is still empty.
     void Begin(ItemKind newKind, std::uint64_t newOffset, std::string_view newBytes);

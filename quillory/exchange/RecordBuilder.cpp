@@ -1,6 +1,7 @@
 #include <quillory/exchange/RecordBuilder.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/text/Charset.h>
+#include <quillory/text/Trimmed.h>
 #include <quillory/text/Utf8.h>
 
 #include <algorithm>
@@ -21,6 +22,8 @@ void RecordBuilder::Clear() {
     fields_.clear();
     inField_ = false;
     fault_.reset();
+    mended_.clear();
+    notes_.clear();
 }
 
 Place RecordBuilder::PlaceInHand() const {
@@ -42,6 +45,10 @@ bool RecordBuilder::FailIndicator(std::size_t which, FaultCode code) {
 
 bool RecordBuilder::SetLeader(std::string_view leader) {
     if (!leader_.empty()) return Fail(FaultCode::kSecondLeader);
+    if (leader.size() > zorby::kLeaderSize && Trimmed(leader).size() == zorby::kLeaderSize) {
+        leader = Trimmed(leader);
+        Note(FaultCode::kLeadersTrimmed);
+    }
     if (leader.size() > zorby::kLeaderSize) return Fail(FaultCode::kLeaderTooLong);
     leader_ = leader;
     leader_.resize(zorby::kLeaderSize, ' ');
@@ -75,8 +82,9 @@ bool RecordBuilder::AddDataField(std::string_view tag) {
 }
 
 bool RecordBuilder::SetIndicator(std::size_t which, std::string_view value) {
-    constexpr unsigned char kFirstBeyondAscii = 0x80;
-    if (value.size() != 1 || static_cast<unsigned char>(value.front()) >= kFirstBeyondAscii) {
+    if (value.empty()) return true;
+    const bool isAscii = static_cast<unsigned char>(value.front()) < 0x80;
+    if (isAscii ? value.size() != 1 : !IsOneCharacter(value)) {
         return FailIndicator(which, FaultCode::kIndicatorNotAscii);
     }
     if (value.front() == zorby::kDelimiter) {
@@ -85,7 +93,12 @@ bool RecordBuilder::SetIndicator(std::size_t which, std::string_view value) {
     if (std::exchange(haveIndicator_[which], true)) {
         return FailIndicator(which, FaultCode::kIndicatorTwice);
     }
-    text_[fields_.back().start + which] = value.front();
+    if (isAscii) {
+        text_[fields_.back().start + which] = value.front();
+    } else {
+        mended_.push_back(
+            {FaultCode::kIndicatorForBlank, PlaceInHand().Indicator(static_cast<int>(which) + 1)});
+    }
     return true;
 }
 
@@ -100,7 +113,9 @@ bool RecordBuilder::AddSubfield(std::string_view code, std::string_view text) {
 }
 
 bool RecordBuilder::EndDataField() {
-    if (!haveIndicator_[0] || !haveIndicator_[1]) return Fail(FaultCode::kNoIndicators);
+    for (const bool have : haveIndicator_) {
+        if (!have) Note(FaultCode::kEmptyIndicators);
+    }
     inField_ = false;
     return true;
 }
@@ -110,7 +125,17 @@ bool RecordBuilder::End() {
     return leader_.empty() ? Fail(FaultCode::kNoLeader) : true;
 }
 
-void RecordBuilder::Give(Record& record) const {
+void RecordBuilder::Give(Item& item) const {
+    item.notes = notes_;
+    item.isPartial = !mended_.empty();
+    for (const Fault& mend : mended_) {
+        if (!item.fault) {
+            item.fault = ItemFault{mend};
+        } else {
+            item.mends.push_back({mend});
+        }
+    }
+    Record& record = item.record;
     record.leader = leader_;
     record.bytes = {};
     record.fields.clear();

@@ -16,10 +16,12 @@ class RecordBuilder {
 public:
     void Clear();
 
-    // Up to 24 bytes, filled up with blanks. Byte 09 becomes UTF-8, in which these forms are.
+    // Up to 24 bytes, filled up with blanks, or 24 with blanks around them. Byte 09 becomes UTF-8,
+    // in which these forms are.
     bool SetLeader(std::string_view leader);
     bool AddControlField(std::string_view tag, std::string_view text);
-    // Followed by both indicators and any subfields, in any order, and EndDataField.
+    // Followed by both indicators and any subfields, in any order, and EndDataField. An indicator
+    // that is empty or not given is a blank, one beyond ASCII is taken for a blank.
     bool AddDataField(std::string_view tag);
     bool SetIndicator(std::size_t which, std::string_view value);
     bool AddSubfield(std::string_view code, std::string_view text);
@@ -29,13 +31,17 @@ public:
     // counts.
     bool Fail(FaultCode code, std::string_view found = {}, std::string_view allowed = {});
 
+    // Counts what leaves no doubt.
+    void Note(FaultCode code) { notes_.push_back(code); }
+
     bool Failed() const { return fault_.has_value(); }
     bool Empty() const { return leader_.empty() && fields_.empty(); }
     const std::optional<Fault>& WhatFailed() const { return fault_; }
     // Of the field that is begun; of the record as a whole between fields.
     Place PlaceInHand() const;
-    // The fields put in so far, as views that last until the next Clear.
-    void Give(Record& record) const;
+    // The fields put in so far, as views that last until the next Clear, with what was noted, and
+    // with what was read otherwise, if anything was, as its fault and its mends.
+    void Give(Item& item) const;
 
 private:
     struct Field {
@@ -52,6 +58,8 @@ private:
     std::array<bool, 2> haveIndicator_{};
     bool inField_ = false;
     std::optional<Fault> fault_;
+    std::vector<Fault> mended_;  // indicators that were taken for blanks
+    std::vector<FaultCode> notes_;
 };
 
 }  // namespace quillory

@@ -10,8 +10,19 @@
 
 namespace quillory {
 
-// What to do with a field of over 9,999 bytes or a record of over 99,999.
-enum Oversize : std::int32_t { kOversizeRefuse, kOversizeCut };
+// What to do with a field of over 9,999 bytes or a record of over 99,999. What is cut fits the
+// format; in the historic form, the directory says 9,999 for any longer field, and data that is
+// over 99,999 bytes is missing at the end.
+enum Oversize : std::int32_t { kOversizeRefuse, kOversizeCut, kOversizeHistoric };
+
+// How records are written, as far as a form has a choice.
+struct WriterOptions {
+    constexpr WriterOptions(Oversize which = kOversizeRefuse, bool withMnemonics = false)
+        : oversize(which), mnemonics(withMnemonics) {}
+
+    Oversize oversize;
+    bool mnemonics;  // characters beyond ASCII as names in braces
+};
 
 struct WriteResult {
     bool written = true;

@@ -132,7 +132,8 @@ private:
     xmlParserCtxtPtr context_;
 };
 
-XmlRecords::XmlRecords() : parser_(std::make_unique<Parser>(*this)) {}
+XmlRecords::XmlRecords(std::uint64_t base)
+    : base_(base), parser_(std::make_unique<Parser>(*this)) {}
 
 XmlRecords::~XmlRecords() = default;
 
@@ -157,8 +158,8 @@ void XmlRecords::Take(XmlRecord& record) {
 
 std::uint64_t XmlRecords::Position() const {
     const long position = parser_->Position();
-    return std::clamp(position < 0 ? fed_ : static_cast<std::uint64_t>(position), windowOffset_,
-                      fed_);
+    return std::clamp(position < 0 ? fed_ : base_ + static_cast<std::uint64_t>(position),
+                      windowOffset_, fed_);
 }
 
 // No "<" stands within a tag, and the parser is not past the end of the tag.
@@ -181,11 +182,13 @@ void XmlRecords::BeginRecord() {
     current_.start = TagStart();
     isMarc_ = true;
     depth_ = 1;
+    foreign_ = 0;
     within_ = kRecord;
 }
 
 void XmlRecords::Begin(Element element, const xmlChar** attributes, int count) {
     rootSeen_ = true;
+    ++openElements_;
     // A record of another kind may hold one of MARC.
     const bool isWrapper = depth_ != 0 && current_.builder.Empty();
     if (element == kRecord && (depth_ == 0 || isWrapper)) {
@@ -194,7 +197,13 @@ void XmlRecords::Begin(Element element, const xmlChar** attributes, int count) {
     }
     if (depth_ == 0) return;
     ++depth_;
-    if (!current_.builder.Failed()) BeginPart(element, attributes, count);
+    if (current_.builder.Failed() || foreign_ != 0) return;
+    if (element == kOther && (within_ == kRecord || within_ == kDataField)) {
+        current_.builder.Note(FaultCode::kForeignParts);
+        foreign_ = depth_;
+    } else {
+        BeginPart(element, attributes, count);
+    }
 }
 
 void XmlRecords::BeginPart(Element element, const xmlChar** attributes, int count) {
@@ -220,7 +229,7 @@ void XmlRecords::Mark(bool sound) {
 }
 
 void XmlRecords::AddText(std::string_view text) {
-    if (depth_ == 0 || current_.builder.Failed()) return;
+    if (depth_ == 0 || foreign_ != 0 || current_.builder.Failed()) return;
     if (within_ != kRecord && within_ != kDataField) {
         text_ += text;
     } else if (!IsBlank(text)) {
@@ -247,9 +256,12 @@ void XmlRecords::EndPart(Element element) {
 }
 
 void XmlRecords::End() {
+    --openElements_;
     if (depth_ == 0) return;
+    const bool isForeign = foreign_ != 0;
+    if (foreign_ == depth_) foreign_ = 0;
     if (--depth_ != 0) {
-        if (!current_.builder.Failed()) EndPart(within_);
+        if (!isForeign && !current_.builder.Failed()) EndPart(within_);
         return;
     }
     current_.end = Position();

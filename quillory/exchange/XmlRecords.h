@@ -23,7 +23,8 @@ struct XmlRecord {
 // is ever read, and a document type is a fault.
 class XmlRecords {
 public:
-    XmlRecords();
+    // `base` is where the document begins in what offsets are of.
+    explicit XmlRecords(std::uint64_t base = 0);
     ~XmlRecords();
     XmlRecords(const XmlRecords&) = delete;
     XmlRecords& operator=(const XmlRecords&) = delete;
@@ -47,6 +48,8 @@ public:
     std::uint64_t Position() const;
     // Whether the root is a collection of records, or a record.
     bool IsMarc() const { return isMarc_; }
+    // Whether the root has ended, so that no more records can come.
+    bool IsOver() const { return rootSeen_ && openElements_ == 0; }
 
     // Reads no further.
     void Fail(Fault fault, std::uint64_t offset);
@@ -70,13 +73,16 @@ private:
     void Mark(bool sound);
     std::uint64_t TagStart() const;
 
+    std::uint64_t base_;
     std::unique_ptr<Parser> parser_;
     std::deque<XmlRecord> ended_;
     XmlRecord current_;
     std::size_t depth_ = 0;  // of elements in the record, itself included
     bool isMarc_ = false;
     bool rootSeen_ = false;
+    std::size_t openElements_ = 0;
     Element within_ = kRecord;  // the element that is open, while the record is sound
+    std::size_t foreign_ = 0;   // depth of an element that is passed over, 0 for none
     std::string tag_;           // of a control field
     std::string code_;
     std::string text_;

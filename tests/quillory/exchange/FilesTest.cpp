@@ -105,15 +105,15 @@ TEST(MarcWriter, OversizeIsRefusedOrCut) {
          false,
          "500: the field has 10001 bytes, over the 9,999 of the format"},
         {{longField},
-         kOversizeCut,
+         kOversizeHistoric,
          true,
          "500: the field has 10001 bytes, of which the directory says 9,999"},
         {std::vector<std::string>(10, fitting), kOversizeRefuse, false,
          "500: the longest field of a record of 100136 bytes, which is over the 99,999 of the "
          "format"},
-        {std::vector<std::string>(10, fitting), kOversizeCut, true,
+        {std::vector<std::string>(10, fitting), kOversizeHistoric, true,
          "140 bytes cut off the end of the record"},
-        {{}, kOversizeCut, false, "no field to write"},
+        {{}, kOversizeHistoric, false, "no field to write"},
     };
     for (const Case& c : kCases) {
         const TemporaryFile file;

@@ -1,6 +1,7 @@
 #include <quillory/exchange/Form.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/exchange/RecordWriter.h>
+#include <quillory/faults/FaultCode.h>
 
 #include <gtest/gtest.h>
 
@@ -180,6 +181,20 @@ TEST(MarcXml, ReadsWhatOthersWrite) {
     }
 }
 
+// As where files were joined, or packed one after the other.
+TEST(MarcXml, AnotherDocumentMayFollow) {
+    const std::string one = Xml(XmlRecord("a"));
+    const std::string long1 = Xml(XmlRecord(std::string(40000, 'l')));
+    EXPECT_EQ(Story(ReadAll(kXml, one + "\n" + one)), "a | a");
+    EXPECT_EQ(Story(ReadAll(kXml, one + one + "<!-- end -->" + one)), "a | a | a");
+    const auto longs = ReadAll(kXml, long1 + long1 + one);
+    EXPECT_EQ(std::ranges::count(longs, kItemRecord, &Found::kind), 3);
+    EXPECT_TRUE(Story(ReadAll(kXml, one + "<?xml")).starts_with("a |  "));
+    EXPECT_TRUE(Story(ReadAll(kXml, one + one.substr(0, one.find("<collection")) + "<collection>"))
+                    .starts_with("a |  "));
+    EXPECT_TRUE(Story(ReadAll(kXml, "<collection>" + one)).starts_with(" "));
+}
+
 TEST(MarcXml, NamesWhatIsWrongAndGoesOn) {
     const std::string field = "<datafield tag=\"245\" ind1=\"1\" ind2=\"0\">";
     const auto sub = [](const std::string& attribute, const std::string& text) {
@@ -196,15 +211,15 @@ TEST(MarcXml, NamesWhatIsWrongAndGoesOn) {
          "b 4:1 ??x: a tag with bytes that no tag has"},
         {XmlRecord("b", "<datafield tag=\"24\" ind1=\"1\" ind2=\"2\"/>"),
          "b 4:90 a tag that is not of three bytes: 24"},
-        {XmlRecord("b", "<datafield tag=\"245\" ind1=\"1\"/>"),
-         "b 4:90 245/2: an indicator that is not one character of ASCII"},
+        {XmlRecord("b", "<datafield tag=\"245\" ind1=\"10\" ind2=\"0\"/>"),
+         "b 4:90 245/1: an indicator that is not one character of ASCII"},
         {XmlRecord("b", field + sub("", "x")),
          "b 4:151 245: a subfield code that is not one character"},
         {XmlRecord("b", field + sub(" code=\"ab\"", "x")),
          "b 4:161 245: a subfield code that is not one character"},
         {XmlRecord("b", field + "text</datafield>"),
          "b 4:90 245: text outside of leader, control fields and subfields"},
-        {XmlRecord("b", "<other>x</other>"), "b 4:90 an element that does not belong there"},
+        {XmlRecord("b", "<subfield>x</subfield>"), "b 4:90 an element that does not belong there"},
         {XmlRecord("b", "\n<leader><b>x</b></leader>"),
          "b 5:9 an element that does not belong there"},
     };
@@ -215,6 +230,74 @@ TEST(MarcXml, NamesWhatIsWrongAndGoesOn) {
         const auto damaged = std::find_if(
             all.begin(), all.end(), [](const Found& found) { return found.kind == kItemDamaged; });
         EXPECT_EQ(damaged->bytes, record);
+    }
+}
+
+// What leaves no doubt is read and counted.
+TEST(Markup, WhatOthersAddIsPassedOver) {
+    using enum FaultCode;
+    const std::string data =
+        "<datafield tag=\"245\" ind1=\"@\" ind2=\"0\"><subfield code=\"a\">T</subfield>";
+    const auto with = [&data](const std::string& indicator) {
+        return std::string(data).replace(data.find('@'), 1, indicator) + "</datafield>";
+    };
+    const auto json = [](const std::string& indicator, const std::string& more) {
+        return "{\"leader\":\"" + kLeader + "\"" + more +
+               ",\"fields\":[{\"001\":\"b\"},{\"245\":{" + indicator +
+               "\"ind2\":\"0\",\"subfields\":[{\"a\":\"T\"}]}}]}\n";
+    };
+    const std::string spaced = "<record><leader>\n  " + kLeader + "\n</leader>" +
+                               "<controlfield tag='001'>b</controlfield>" + with("1") + "</record>";
+    struct Case {
+        const char* form;
+        std::string text;
+        std::string title;
+        std::vector<FaultCode> notes, mends;
+    };
+    const Case kCases[] = {
+        {kXml,
+         XmlRecord("b", "<x:y xmlns:x='urn:x'>z<leader/></x:y>" + with("1")),
+         "24510",
+         {kForeignParts},
+         {}},
+        {kXml,
+         XmlRecord("b", "<header><identifier>z</identifier></header>" + with("1")),
+         "24510",
+         {kForeignParts},
+         {}},
+        {kXml,
+         XmlRecord("b", data.substr(0, data.size()).replace(data.find('@'), 1, "1") +
+                            "<note>z</note></datafield>"),
+         "24510",
+         {kForeignParts},
+         {}},
+        {kXml, XmlRecord("b", with("")), "245 0", {kEmptyIndicators}, {}},
+        {kXml, spaced, "24510", {kLeadersTrimmed}, {}},
+        {kXml, XmlRecord("b", with("\u00A0")), "245 0", {}, {kIndicatorForBlank}},
+        {kJson,
+         json("\"ind1\":\"1\",", ",\"x\":{\"fields\":[1,null,{\"a\":true}]},\"y\":\"z\""),
+         "24510",
+         {kForeignParts, kForeignParts},
+         {}},
+        {kJson, json("\"ind1\":\"1\",\"x\":[[]],", ""), "24510", {kForeignParts}, {}},
+        {kJson, json("", ""), "245 0", {kEmptyIndicators}, {}},
+        {kJson, json("\"ind1\":\"\u00E6\",", ""), "245 0", {}, {kIndicatorForBlank}},
+    };
+    for (const Case& c : kCases) {
+        SCOPED_TRACE(c.text);
+        const TemporaryFile file(c.text);
+        Input input(file.Path());
+        const auto reader = FormNamed(c.form)->makeReader(input, false);
+        Item item;
+        ASSERT_TRUE(reader->Next(item));
+        ASSERT_EQ(item.kind, kItemRecord);
+        EXPECT_EQ(FieldsOf(item.record), "001b\n" + c.title + "$aT");
+        EXPECT_EQ(item.notes, c.notes);
+        EXPECT_EQ(item.isPartial, !c.mends.empty());
+        EXPECT_EQ(item.fault.has_value(), !c.mends.empty());
+        if (item.fault) {
+            EXPECT_EQ(item.fault->code, c.mends.front());
+        }
     }
 }
 
@@ -312,9 +395,8 @@ TEST(MarcJson, NamesWhatIsWrongAndGoesOn) {
         {open + "{\"001\":null}]}", " 2:1 " + kind},
         {open + "[]]}", " 2:1 " + kind},
         {open + "{\"245\":\"x\"}]}", " 2:1 245: a data field without subfields"},
-        {open + "{\"245\":{\"ind1\":\"1\"}}]}", " 2:1 245: a data field without two indicators"},
-        {open + "{\"245\":{\"x\":\"1\"}}]}",
-         " 2:1 245: a member \"x\" beside ind1, ind2 and subfields"},
+        {open + "{\"245\":{\"ind1\":\"12\"}}]}",
+         " 2:1 245/1: an indicator that is not one character of ASCII"},
         {open + "]} x", " 2:51 malformed JSON: syntax error while parsing value - invalid literal"},
         {open + "{\"001\":\"\xE9\"}]}",
          " 2:57 malformed JSON: syntax error while parsing value - invalid string: ill-formed "
@@ -330,7 +412,6 @@ TEST(MarcJson, NamesWhatIsWrongAndGoesOn) {
          " 2:1 CAT: a delimiter (0x1F) in a subfield"},
         {open + "{\"001\":\"\\u001e\"}]}",
          "\036 2:1 001: a field or record end (0x1E, 0x1D) in the text"},
-        {open + "],\"x\":[[[[{}]]]]}", " 2:1 a member \"x\" beside leader and fields"},
         {JsonRecord("b") + std::string("\0{", 2), "b 2:61 malformed JSON: a NUL byte"},
         {open + std::string(100000, '['),
          " 2:100048 malformed JSON: syntax error while parsing value - unexpected end of input; "
