@@ -1,16 +1,31 @@
 #include <quillory/cli/InputArguments.h>
+#include <quillory/faults/FaultCode.h>
 
 namespace quillory {
-namespace {
 
-const Choices<Charset> kCharsets{{"auto", kCharsetAuto},
-                                 {"marc8", kCharsetMarc8},
-                                 {"utf8", kCharsetUtf8},
-                                 {"latin1", kCharsetLatin1}};
+// A character set by its name.
+template <>
+struct ArgumentReader<Charset> {
+    static std::optional<NumberRange> Range() { return std::nullopt; }
+    static std::string Shown() { return "auto|marc8|utf8|latin1|NAME"; }
+    static Charset Read(const std::string& text, const ArgumentDefinition&) {
+        if (const auto charset = CharsetNamed(text)) return *charset;
+        throw UsageError({FaultCode::kNoCharset,
+                          {},
+                          text,
+                          "auto, marc8, utf8, latin1, and those of the C library that have ASCII, "
+                          "such as cp1252 and iso-8859-2"});
+    }
+};
+
+namespace {
 
 Choices<const Form*> FormChoices() {
     Choices<const Form*> choices;
-    for (const Form& form : Forms()) choices.emplace_back(form.name, &form);
+    for (const Form& form : Forms()) {
+        choices.emplace_back(form.name, &form);
+        if (!form.alias.empty()) choices.emplace_back(form.alias, &form);
+    }
     return choices;
 }
 
@@ -28,7 +43,7 @@ void DeclareForm(Arguments& command, const std::string& name, const Form*& form,
 
 void DeclareCharset(Arguments& command, const std::string& name, Charset& charset,
                     const std::string& text) {
-    command.Choice(name, charset, kCharsets, text);
+    command.Option(name, charset, text);
 }
 
 void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& messages) {
@@ -39,7 +54,7 @@ void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& me
         command, "--from-charset", options.charset,
         "Character set of the files; by default recognised by leader byte 09 and the bytes");
     command.Flag("--lenient", options.lenient,
-                 "Read damaged records from their terminators where that is certain");
+                 "Read damaged records as far as that is certain; what is left out is named");
     DeclareMessages(command, messages);
 }
 

@@ -20,7 +20,9 @@ Status RunShow(const ShowCommand& options) {
     TerminalPort terminal;
     Reporter reporter(terminal, options.messages);
     Output output("-");
-    RecordShower shower(ShowOptionsOf(options.screen), options.input.charset, output, reporter);
+    ShowOptions show = ShowOptionsOf(options.screen);
+    show.damaged = options.input.where.AsksForAll();
+    RecordShower shower(show, options.input.charset, output, reporter);
     try {
         const Status read = ReadFiles(options.input, reporter, [&](Item& item) {
             if (options.record != 0 && item.number > options.record) return false;

@@ -32,7 +32,7 @@ RecordEditor::RecordEditor(EditTask task, EditorOptions options)
 // A record of ISO 8859-1 does not say so: whoever asks for its values has to get UTF-8.
 bool RecordEditor::Holds(const RecordCondition& condition) {
     if (!condition) return true;
-    const bool isAsGiven = !record_.IsChanged() && options_.record.charset != kCharsetLatin1;
+    const bool isAsGiven = !record_.IsChanged() && options_.record.charset < kCharsetLatin1;
     return condition(isAsGiven ? record_.Given() : record_.InUtf8());
 }
 
@@ -64,7 +64,7 @@ void RecordEditor::KeepLines(const Record& given) {
 
 const Edit& RecordEditor::Carry(Record& record, Losses& losses) {
     edit_ = {};
-    const bool isLatin1 = options_.record.charset == kCharsetLatin1;
+    const bool isLatin1 = options_.record.charset >= kCharsetLatin1;
     if (task_.where && !isLatin1 && !task_.where(record)) return edit_;
     record_.Begin(record);
     try {

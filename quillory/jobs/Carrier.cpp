@@ -39,6 +39,13 @@ void Carrier::Reject(const Item& item) {
     status_ = kStatusFindings;
 }
 
+// What a record was read without is not lost.
+void Carrier::KeepIfPartial(const Item& item) {
+    if (!item.isPartial) return;
+    ++partial_;
+    if (rejects_) rejects_->Write(item.bytes);
+}
+
 void Carrier::CountLosses(const Item& item) {
     if (recordLosses_.Empty()) return;
     if (options_.eachLoss) {
@@ -92,6 +99,7 @@ void Carrier::Write(const Item& item) {
     }
     if (result.written) {
         ++written_;
+        KeepIfPartial(item);
     } else {
         ++rejected_;
         Reject(item);
@@ -128,6 +136,10 @@ void Carrier::Summarize() const {
     if (rejected_ > 0) {
         text += ", " + std::to_string(rejected_) + " not";
         if (rejects_) text += " (kept in " + options_.rejects + ")";
+    }
+    if (partial_ > 0) {
+        text += ", " + std::to_string(partial_) + " read in part";
+        if (rejects_) text += " (kept whole in " + options_.rejects + ")";
     }
     if (stray_ > 0) text += ", stray bytes in " + Counted(stray_, "place");
     if (mislabelled_ > 0) text += ", " + std::to_string(mislabelled_) + " mislabelled";

@@ -21,7 +21,8 @@ using Preparation = std::function<std::string(Item& item, Losses& losses)>;
 struct CarrierOptions {
     RecoderOptions recoder;
     bool eachLoss = false;  // report the characters not carried for each record, too
-    std::string rejects;    // file for the bytes of what is not written; empty for none
+    // File for the bytes of what is not written or was read in part; empty for none.
+    std::string rejects;
     Preparation prepare;    // may be empty
     bool isDryRun = false;  // nothing comes of what is written
 };
@@ -49,6 +50,7 @@ private:
     void Write(const Item& item);
     void Refuse(const Item& item, const ItemFault& fault, const std::string& lines = {});
     void Reject(const Item& item);
+    void KeepIfPartial(const Item& item);
     void CountLosses(const Item& item);
 
     CarrierOptions options_;
@@ -61,6 +63,7 @@ private:
     Status status_ = kStatusWell;
     std::uint64_t written_ = 0;
     std::uint64_t rejected_ = 0;
+    std::uint64_t partial_ = 0;
     std::uint64_t stray_ = 0;
     std::uint64_t mislabelled_ = 0;
     std::uint64_t leadersMended_ = 0;

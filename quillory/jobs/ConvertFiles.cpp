@@ -9,7 +9,9 @@ Status ConvertFiles(const ConvertOptions& options, Reporter& reporter) {
     const ItemSource files = [&](const auto& take) {
         return ReadFiles(options.input, reporter, take);
     };
-    return WriteItems(files, options.input.charset, options.output, reporter);
+    OutputOptions output = options.output;
+    output.replaceInvalid = options.input.lenient;
+    return WriteItems(files, options.input.charset, output, reporter);
 }
 
 }  // namespace quillory

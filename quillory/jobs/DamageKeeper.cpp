@@ -11,7 +11,7 @@ bool DamageKeeper::Take(const Item& item) {
     if (isRecord && !item.fault) return true;
     status_ = kStatusFindings;
     if (!item.continues) reporter_.SayFault(item);
-    if (!isRecord && file_) file_->Write(item.bytes);
+    if ((!isRecord || item.isPartial) && file_) file_->Write(item.bytes);
     return isRecord;
 }
 

@@ -15,8 +15,8 @@ public:
     // Throws FileError if the file can't be made. An empty path is no file.
     DamageKeeper(const std::string& path, Reporter& reporter);
 
-    // Of an item that is no record, or one that was read from its terminators. Result: true for a
-    // record.
+    // Of an item that is no record, or one that was read in spite of its damage; of a record that
+    // was read in part, the file keeps all bytes. Result: true for a record.
     bool Take(const Item& item);
     // Gives the file its final name.
     void Finish();

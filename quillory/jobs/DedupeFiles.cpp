@@ -55,7 +55,7 @@ public:
 private:
     struct File {
         File(const std::string& path, const OutputOptions& options)
-            : output(path), writer(FormOfOutput(options).makeWriter(output, options.oversize)) {}
+            : output(path), writer(FormOfOutput(options).makeWriter(output, options.writing)) {}
 
         Output output;
         std::unique_ptr<RecordWriter> writer;

@@ -16,7 +16,7 @@ Charset CharsetOf(const InputOptions& input, const OutputOptions& output) {
 EditorOptions EditorOptionsOf(const EditFilesOptions& options, const EditReport& report) {
     const bool isIso2709 = &FormOfOutput(options.output) == &Forms().front();
     return {{CharsetOf(options.input, options.output), options.output.normalForm},
-            isIso2709 && options.output.oversize == kOversizeRefuse,
+            isIso2709 && options.output.writing.oversize == kOversizeRefuse,
             report.WantsLines()};
 }
 

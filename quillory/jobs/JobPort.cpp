@@ -8,7 +8,7 @@ std::string Counted(std::uint64_t count, std::string_view noun) {
 
 std::string ItemPlace(std::string_view file, const Item& item) {
     std::string place = std::string(file) + ": ";
-    if (item.kind == kItemStray) {
+    if (item.kind == kItemStray || item.kind == kItemFrame) {
         place += item.number == 0 ? "before the first record"
                                   : "after record " + std::to_string(item.number);
     } else {

@@ -48,7 +48,7 @@ std::string SafeFileName(std::string_view utf8) {
 
 struct PartFiles::Part {
     Part(const std::string& path, const PartFilesOptions& options)
-        : summary{path}, output(path), writer(options.form->makeWriter(output, options.oversize)) {}
+        : summary{path}, output(path), writer(options.form->makeWriter(output, options.writing)) {}
 
     Summary summary;
     std::uint64_t bytes = 0;  // of its records, where sizes are asked for
@@ -67,7 +67,7 @@ public:
 
 private:
     std::uint64_t Weigh(const Record* record) {
-        const auto writer = options_.form->makeWriter(output_, options_.oversize);
+        const auto writer = options_.form->makeWriter(output_, options_.writing);
         text_.clear();
         if (record != nullptr) writer->Write(*record, unused_);
         writer->Finish();

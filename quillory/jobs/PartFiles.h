@@ -21,7 +21,7 @@ std::string SafeFileName(std::string_view utf8);
 struct PartFilesOptions {
     std::string pattern;  // of the names; "{}" in it stands for what tells the parts apart
     const Form* form = nullptr;
-    Oversize oversize = kOversizeRefuse;
+    WriterOptions writing = {};
     bool force = false;                 // replace files that are there
     std::vector<std::string> inputs;    // never replaced
     std::vector<std::string> notAPart;  // other outputs

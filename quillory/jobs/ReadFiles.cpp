@@ -15,6 +15,12 @@ const Form& FormOf(const InputOptions& options, Input& input) {
     return form != nullptr ? *form : Forms().front();
 }
 
+// What is no damage: filler between records is told only where everything is.
+void Tell(const Item& item, Reporter& reporter) {
+    for (const FaultCode note : item.notes) reporter.Note(note);
+    if (item.kind == kItemFrame && item.fault && reporter.SaysAll()) reporter.SayFault(item);
+}
+
 }  // namespace
 
 Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take,
@@ -30,6 +36,7 @@ Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemT
     bool goOn = true;
     for (auto& input : inputs) {
         reporter.BeginFile(input->Name());
+        input->GiveWhatUnpacks();
         if (input->Peek(1).empty()) {
             reporter.Say(input->Name() + ": " + FaultReason({FaultCode::kEmptyFile}));
             status = kStatusFindings;
@@ -40,8 +47,14 @@ Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemT
         const auto reader = form.makeReader(*input, options.lenient);
         Item item;
         while (goOn && reader->Next(item)) {
+            Tell(item, reporter);
             goOn = take(item);
             progress.Step(input->BytesRead(), input->FileSize());
+        }
+        if (input->WhatIsDamaged()) {
+            reporter.Say(input->Name() + ": " + FaultReason(*input->WhatIsDamaged()) +
+                         "; what could be unpacked has been read");
+            status = kStatusFindings;
         }
         reporter.EndFile();
         input.reset();

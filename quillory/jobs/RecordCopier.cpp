@@ -10,11 +10,11 @@ namespace {
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// What belongs to the file, though it comes as something astray.
+// What belongs to the file; other filler does not.
 bool IsFrame(const Item& item) {
-    return item.kind == kItemFrame ||
-           (item.fault && (item.fault->code == FaultCode::kFileHeader ||
-                           item.fault->code == FaultCode::kByteOrderMark));
+    if (item.kind != kItemFrame) return false;
+    return !item.fault || item.fault->code == FaultCode::kFileHeader ||
+           item.fault->code == FaultCode::kByteOrderMark;
 }
 
 std::string_view WithoutBlanksAtEnd(std::string_view text) {

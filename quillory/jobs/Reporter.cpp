@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Reporter.h>
 
 namespace quillory {
@@ -21,10 +22,12 @@ std::string FaultTextOf(const Item& item) {
         text += "; can't be read with certainty: " + FaultText(*fault.notRescued);
     }
     text += OffsetText(item, fault);
-    if (item.kind == kItemStray && !item.bytes.empty()) {
+    const bool isBetween = item.kind == kItemStray || item.kind == kItemFrame;
+    if (isBetween && !item.bytes.empty()) {
         text += " (" + Counted(item.bytes.size(), "byte") + ")";
     }
-    if (item.kind == kItemRecord) text += "; read from its terminators";
+    if (item.kind != kItemRecord || fault.code == FaultCode::kIndicatorForBlank) return text;
+    text += item.isPartial ? "; the rest is read" : "; read from its terminators";
     return text;
 }
 
@@ -45,6 +48,10 @@ void Reporter::EndFile() {
         Say(file_ + ": " + std::to_string(count - kSaidInFull) + " more: " + kind);
     }
     counts_.clear();
+    for (const auto& [code, count] : notes_) {
+        if (!options_.quiet) Say(file_ + ": " + FaultReason({code, {}, std::to_string(count)}));
+    }
+    notes_.clear();
 }
 
 bool Reporter::Count(std::string_view kind) {
@@ -63,6 +70,12 @@ void Reporter::Say(const Item& item, const Fault& fault, std::string_view lines)
 void Reporter::SayFault(const Item& item) {
     const std::string kind = FaultHeading(item.fault->code);
     if (Count(kind)) port_.Say({file_, &item, &*item.fault, kind, FaultTextOf(item)});
+    if (item.kind != kItemRecord) return;
+    for (const ItemFault& mend : item.mends) {
+        const std::string kindOfMend = FaultHeading(mend.code);
+        if (!Count(kindOfMend)) continue;
+        port_.Say({file_, &item, &mend, kindOfMend, FaultText(mend) + OffsetText(item, mend)});
+    }
 }
 
 void Reporter::SayAlways(const Item& item, const ItemFault& fault, std::string_view lines) {

@@ -32,8 +32,12 @@ public:
 
     // What is wrong with an item, and lines that say more. Faults with one heading are of one kind.
     void Say(const Item& item, const Fault& fault, std::string_view lines = {});
-    // The item's own fault, its place in the file, and what became of the item.
+    // The item's own fault, its place in the file, and what became of the item; then what was
+    // mended or left out.
     void SayFault(const Item& item);
+    // Something that leaves no doubt: it is counted, and said with its number at the end of the
+    // file.
+    void Note(FaultCode code) { ++notes_[code]; }
     // As Say, with the fault's place in the file, not counted with others of its kind.
     void SayAlways(const Item& item, const ItemFault& fault, std::string_view lines = {});
     // About an item, with a text that is made only if it is said. `kind` groups messages.
@@ -59,6 +63,7 @@ private:
     ReporterOptions options_;
     std::string file_;
     std::map<std::string, std::uint64_t, std::less<>> counts_;
+    std::map<FaultCode, std::uint64_t> notes_;
 };
 
 }  // namespace quillory

@@ -112,7 +112,7 @@ Status SplitFiles(const SplitOptions& options, Reporter& reporter) {
     CheckNotAnInput(options.input.files, options.output.rejects);
     PartFiles parts({options.output.output,
                      &FormOfOutput(options.output),
-                     options.output.oversize,
+                     options.output.writing,
                      options.force,
                      options.input.files,
                      {options.output.rejects},

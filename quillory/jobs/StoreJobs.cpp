@@ -31,7 +31,7 @@ private:
 
 // Records keep their character set, except Latin-1, which a leader can't name.
 RecoderOptions RecoderOptionsFor(Charset from) {
-    return {from, from == kCharsetLatin1 ? kCharsetUtf8 : kCharsetAuto, {}};
+    return {from, from >= kCharsetLatin1 ? kCharsetUtf8 : kCharsetAuto, {}};
 }
 
 void SaySaved(const RecordBatch& batch, const Reporter& reporter) {

@@ -5,8 +5,23 @@
 namespace quillory {
 namespace {
 
+// Whether the name of a file has an ending, as "x.txt" has. A name such as /dev/fd/3 has none, and
+// no more has one that only begins with a full stop.
+bool HasEnding(std::string_view path) {
+    const std::string_view name = path.substr(path.rfind('/') + 1);
+    const std::size_t at = name.rfind('.');
+    return at != name.npos && at != 0 && name.find_first_not_of('.') < at && at + 1 < name.size();
+}
+
+std::string NamesOfForms() {
+    std::string names;
+    for (const Form& form : Forms()) names.append(names.empty() ? "" : ", ").append(form.name);
+    return names;
+}
+
 RecoderOptions RecoderOptionsOf(const OutputOptions& options, Charset from, Charset to) {
-    return {from, to, options.normalForm, options.verify};
+    const bool verify = options.verify || to == kCharsetUtf8;
+    return {from, to, options.normalForm, verify, options.replaceInvalid};
 }
 
 }  // namespace
@@ -14,6 +29,9 @@ RecoderOptions RecoderOptionsOf(const OutputOptions& options, Charset from, Char
 const Form& FormOfOutput(const OutputOptions& options) {
     const Form* form = options.form;
     if (form == nullptr) form = FormOfFileName(options.output);
+    if (form == nullptr && HasEnding(options.output)) {
+        throw UsageError(options.output, {FaultCode::kNoFormOfName, {}, NamesOfForms()});
+    }
     return form != nullptr ? *form : Forms().front();
 }
 
@@ -55,7 +73,7 @@ Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& o
     CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
     CharsetOfOutput(options);  // what can't be is said before anything is made
     Output output(options.isDryRun ? "/dev/null" : options.output);
-    const auto writer = FormOfOutput(options).makeWriter(output, options.oversize);
+    const auto writer = FormOfOutput(options).makeWriter(output, options.writing);
     const auto finish = [&] {
         writer->Finish();
         output.Finish();

@@ -14,16 +14,19 @@ namespace quillory {
 struct OutputOptions {
     std::string output = "-";
     std::string rejects;
-    const Form* form = nullptr;  // null: by name, or ISO 2709
+    const Form* form = nullptr;  // null: by name, or ISO 2709 for a name without an ending
     Charset charset = kCharsetAuto;
     std::optional<NormalForm> normalForm;
-    Oversize oversize = kOversizeRefuse;
+    WriterOptions writing = {};
     bool eachLoss = false;
-    bool verify = false;    // as in RecoderOptions; only a job itself asks for it
+    // As in RecoderOptions; only a job itself asks for them. What is to be in UTF-8 is verified.
+    bool verify = false;
+    bool replaceInvalid = false;
     bool isDryRun = false;  // goes the whole way, and writes no records
 };
 
-// The form by which records are written.
+// The form by which records are written. Throws UsageError if the name of the output has an ending
+// that is none of a form.
 const Form& FormOfOutput(const OutputOptions& options);
 
 // The character set that records are written in; auto if each keeps its own. Throws

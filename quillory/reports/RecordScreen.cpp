@@ -90,7 +90,8 @@ void AppendLeader(std::string_view leader, const ScreenOptions& options, std::st
 
 void AppendField(const zorby::CommFormatField& field, const ScreenOptions& options,
                  std::string& text) {
-    if (field.IsControlField()) {
+    // A field whose tag has letters may be text alone.
+    if (field.IsControlField() || (!field.IsDataField() && ShapeOf(field) == kControlShape)) {
         AppendControlField(field, options, text);
     } else if (options.subfieldName) {
         AppendNamedSubfields(field, options, text);

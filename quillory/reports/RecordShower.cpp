@@ -29,7 +29,8 @@ RecordShower::RecordShower(const ShowOptions& options, Charset from, Output& out
     : screen_{options.width, options.colour},
       output_(output),
       reporter_(reporter),
-      recoder_({from, kCharsetUtf8, {}}) {
+      recoder_({from, kCharsetUtf8, {}}),
+      showsDamaged_(options.damaged) {
     if (options.names) AddNames(screen_);
     if (options.decode) lists_.emplace(LoadCodeLists());
 }
@@ -39,10 +40,24 @@ void RecordShower::Take(Item& item) {
         reporter_.SayFault(item);
         status_ = kStatusFindings;
     }
-    if (item.kind == kItemRecord) Show(item);
+    if (item.kind == kItemRecord) {
+        Write(item, item.isPartial ? "(damaged: what is left of the record)" : "");
+    } else if (item.kind == kItemDamaged && showsDamaged_ && !item.continues) {
+        ShowDamaged(item);
+    }
 }
 
-void RecordShower::Show(Item& item) {
+// A person can look at whatever there is.
+void RecordShower::ShowDamaged(Item& item) {
+    if (item.record.leader.empty() && item.record.fields.empty()) return;
+    std::string leader(item.record.leader);
+    leader.resize(zorby::kLeaderSize, ' ');
+    item.record.leader = leader;
+    Write(item, "(damaged: what can be read of the record)");
+}
+
+// `mark` is a line above the record; empty for none.
+void RecordShower::Write(Item& item, std::string_view mark) {
     label_ = item.record.leader;
     // Positions are those of the bytes as they came.
     std::vector<DecodedField> decoded;
@@ -52,6 +67,7 @@ void RecordShower::Show(Item& item) {
     if (recoded.mislabelled) reporter_.Say(item, *recoded.mislabelled);
     text_ = shown_ ? "\n" : "";
     shown_ = true;
+    if (!mark.empty()) text_.append(mark).append("\n");
     AppendScreen(item.record, decoded, screen_, text_);
     output_.Write(text_);
 }

@@ -16,7 +16,8 @@ struct ShowOptions {
     std::size_t width = 0;  // columns of a line, 0 for no limit
     bool colour = false;
     bool names = false;  // with the names that the dictionary in force has for fields and subfields
-    bool decode = false;  // with the coded control fields spelled out
+    bool decode = false;   // with the coded control fields spelled out
+    bool damaged = false;  // what can be read of damaged records, too, marked as such
 };
 
 // Writes records as a person reads them, with a blank line between them.
@@ -25,8 +26,8 @@ public:
     // `from` is the character set of the records; auto as in Recoder. Keeps the references.
     RecordShower(const ShowOptions& options, Charset from, Output& output, Reporter& reporter);
 
-    // Shows a record, and reports what is wrong with an item. The record's text becomes UTF-8; its
-    // leader stays as it is.
+    // Shows a record, and reports what is wrong with an item. A mark stands above a damaged one.
+    // The record's text becomes UTF-8; its leader stays as it is.
     void Take(Item& item);
     // Reports the characters that could not be shown as they are.
     void Finish();
@@ -35,7 +36,8 @@ public:
     Status Result() const { return status_; }
 
 private:
-    void Show(Item& item);
+    void ShowDamaged(Item& item);
+    void Write(Item& item, std::string_view mark);
 
     ScreenOptions screen_;
     Output& output_;
@@ -43,6 +45,7 @@ private:
     Recoder recoder_;
     Losses losses_;
     std::optional<CodeLists> lists_;
+    bool showsDamaged_;
     std::string label_;  // the leader as it came
     std::string text_;
     bool shown_ = false;

@@ -161,6 +161,7 @@ class Damage(Cli):
 
     def test_every_byte_is_written_or_kept(self):
         chance = random.Random(4)
+        filler = b"\n\0 "  # between records, it is passed over
         for turn in range(20):
             pieces = []
             for record in self.sound:
@@ -173,8 +174,8 @@ class Damage(Cli):
             status, out, err = run("convert", source, "--rejects", rejects)
             self.assertIn(status, (0, 1), err)
             kept = rejects.read_bytes()
-            self.assertEqual(len(out) + len(kept), len(data), err)
-            self.assertEqual(sorted(out + kept), sorted(data))
+            self.assertEqual(sorted((out + kept).translate(None, filler)),
+                             sorted(data.translate(None, filler)))
             self.assertEqual(status == 1, kept != b"", err)
             for record in self.sound:
                 if data.count(record):
@@ -187,7 +188,7 @@ class Damage(Cli):
             (b"\xff\xd8\xff\xe0 no MARC", "record 1 at byte 0: no MARC record"),
             (first + b"00010" + first[5:], "record 2 at byte %d (001 " % len(first)),
             (first[:100], "record 1 at byte 0: cut short: no record end (0x1D) (byte 100)"),
-            (first + b"\n" + first, "after record 1 at byte %d: stray bytes" % len(first)),
+            (first + b"\x1d" + first, "after record 1 at byte %d: stray bytes" % len(first)),
         ]
         for data, message in cases:
             status, _, err = run("convert", self.path("in.mrc", data))
@@ -196,7 +197,7 @@ class Damage(Cli):
             self.assertIn(message, err)
 
     def test_many_messages_are_counted(self):
-        data = b"\n".join(self.sound * 3)
+        data = b"\x1d".join(self.sound * 3)
         _, _, err = run("convert", self.path("in.mrc", data))
         self.assertLessEqual(len(err.splitlines()), 8)
         self.assertIn("%d more: stray bytes" % (len(self.sound) * 3 - 6), err)
@@ -226,9 +227,14 @@ class Damage(Cli):
         self.assertEqual((status, out), (1, b""))
         self.assertIn("(001 big): 500: the field has 12005 bytes, over the 9,999", err)
         self.assertEqual(rejects.read_bytes(), mrk)
-        status, out, err = run("convert", source, "--to", "marc", "--oversize", "cut")
+        status, out, err = run("convert", source, "--to", "marc", "--oversize", "historic")
         self.assertEqual((status, len(out)), (1, 24 + 24 + 1 + 4 + 12005 + 1))
         self.assertIn("of which the directory says 9,999", err)
+        self.assertEqual(run("convert", self.path("historic.mrc", out))[0], 1)
+        status, out, err = run("convert", source, "--to", "marc", "--oversize", "cut")
+        self.assertEqual((status, len(out)), (1, 24 + 24 + 1 + 4 + 9999 + 1))
+        self.assertIn("the field has 12005 bytes, cut to the 9999 that fit", err)
+        self.assertEqual(run("convert", self.path("cut.mrc", out)), (0, out, ""))
 
 
 class Dictionary(Cli):

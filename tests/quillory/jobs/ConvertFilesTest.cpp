@@ -2,7 +2,9 @@
 #include <quillory/jobs/ConvertFiles.h>
 
 #include <gtest/gtest.h>
+#include <zlib.h>
 
+#include <algorithm>
 #include <string>
 #include <tests/quillory/exchange/TemporaryFile.h>
 #include <tests/quillory/jobs/MemoryPort.h>
@@ -94,36 +96,113 @@ TEST(ConvertFiles, SoundRecordsGoWithoutAWord) {
 
 TEST(ConvertFiles, WhatIsNotWrittenIsNamedAndKeptByteForByte) {
     const std::string damaged = WithWrongLength(Sound("b"));
-    const std::string bytes = Sound("a") + "\n" + damaged + Sound("c");
+    const std::string bytes = Sound("a") + "words" + damaged + Sound("c");
     const Outcome outcome = Convert(bytes);
     EXPECT_EQ(outcome.status, kStatusFindings);
     EXPECT_EQ(outcome.output, Sound("a") + Sound("c"));
-    EXPECT_EQ(outcome.rejects, "\n" + damaged);
+    EXPECT_EQ(outcome.rejects, "words" + damaged);
     const std::string at = std::to_string(Sound("a").size());
-    const std::string next = std::to_string(Sound("a").size() + 1);
-    EXPECT_EQ(
-        outcome.lines,
-        (Lines{"FILE: after record 1 at byte " + at + ": stray bytes between records (1 byte)",
-               "FILE: record 2 at byte " + next +
-                   " (001 b): leader/00-04: the record length is 00060, but the record has " + at +
-                   " bytes",
-               "2 records written, 1 not (kept in REJECTS), stray bytes in 1 place"}));
-    EXPECT_EQ(outcome.codes,
-              (Codes{FaultCode::kStrayBytes, FaultCode::kLengthWrong, FaultCode::kNone}));
+    EXPECT_EQ(outcome.lines, (Lines{"FILE: record 2 at byte " + at +
+                                        ": leader/00-04: the record length is not a "
+                                        "number: \"words\"",
+                                    "2 records written, 1 not (kept in REJECTS)"}));
+}
+
+// Filler between records is no damage.
+TEST(ConvertFiles, FillerIsToldOnRequest) {
+    const std::string bytes = "\xEF\xBB\xBF" + Sound("a") + "\r\n" + Sound("b") + "\x1A";
+    const Outcome quiet = Convert(bytes);
+    EXPECT_EQ(quiet.status, kStatusWell);
+    EXPECT_EQ(quiet.output, Sound("a") + Sound("b"));
+    EXPECT_EQ(quiet.rejects, "");
+    EXPECT_EQ(quiet.lines, Lines{});
+    const Outcome told = Convert(bytes, {.messages = {.all = true}});
+    EXPECT_EQ(told.status, kStatusWell);
+    EXPECT_EQ(told.codes, Codes(3, FaultCode::kFiller));
 }
 
 TEST(ConvertFiles, ARescuedRecordIsWrittenAndNamed) {
     const std::string twoFields = MarcOf("b", "10\037aTitle\036  \037aMore");
-    const Outcome outcome = Convert(WithWrongLength(Sound("a")) + twoFields, {.lenient = true});
-    EXPECT_EQ(outcome.output, Sound("a"));
-    EXPECT_EQ(outcome.rejects, twoFields);
-    ASSERT_EQ(outcome.codes,
-              (Codes{FaultCode::kLengthWrong, FaultCode::kFieldEndMisplaced, FaultCode::kNone}));
+    const std::string mended = MarcOf("c", "10\037aTi\036tle");
+    const Outcome outcome =
+        Convert(WithWrongLength(Sound("a")) + twoFields + mended, {.lenient = true});
+    EXPECT_EQ(outcome.output, Sound("a") + Sound("c"));
+    EXPECT_EQ(outcome.rejects, twoFields + mended) << "what is read in part is kept whole";
+    ASSERT_EQ(outcome.codes, (Codes{FaultCode::kLengthWrong, FaultCode::kFieldEndMisplaced,
+                                    FaultCode::kFieldEndMisplaced, FaultCode::kFieldEndLeftOut,
+                                    FaultCode::kNone}));
     EXPECT_TRUE(outcome.lines[0].ends_with("; read from its terminators")) << outcome.lines[0];
     EXPECT_NE(outcome.lines[1].find("; can't be read with certainty: the directory and the data "
                                     "differ in their number of fields"),
               std::string::npos)
         << outcome.lines[1];
+    EXPECT_TRUE(outcome.lines[2].ends_with("; the rest is read")) << outcome.lines[2];
+    EXPECT_EQ(outcome.lines[4],
+              "2 records written, 1 not (kept in REJECTS), 1 read in part (kept "
+              "whole in REJECTS)");
+}
+
+TEST(ConvertFiles, BytesThatAreNoUtf8AreRefusedOrReplaced) {
+    const std::string bytes = MarcOf("a", "10\037aB\xC3\xA9 \xFF");
+    const Outcome refused = Convert(bytes, {.from = kCharsetUtf8, .charset = kCharsetUtf8});
+    EXPECT_EQ(refused.status, kStatusFindings);
+    EXPECT_EQ(refused.rejects, bytes);
+    EXPECT_EQ(refused.codes, (Codes{FaultCode::kInvalidUtf8, FaultCode::kNone}));
+    const Outcome replaced =
+        Convert(bytes, {.from = kCharsetUtf8, .charset = kCharsetUtf8, .lenient = true});
+    EXPECT_EQ(replaced.status, kStatusFindings);
+    EXPECT_NE(replaced.output.find("B\u00E9 \uFFFD"), std::string::npos);
+    EXPECT_EQ(replaced.lines, (Lines{"characters not carried as they were:\n    byte 0xFF is no "
+                                     "character, written as U+FFFD: 1\n",
+                                     "1 record written"}));
+}
+
+// Gzip data that breaks off, or has something after it, gives what can be unpacked.
+TEST(ConvertFiles, DamagedGzipGivesWhatUnpacks) {
+    std::string bytes;
+    for (int i = 0; i < 2000; ++i) bytes += Sound("id" + std::to_string(i * 7919 % 10007));
+    const TemporaryFile packed;
+    gzFile file = gzopen(packed.Path().c_str(), "wb");
+    ASSERT_EQ(gzwrite(file, bytes.data(), static_cast<unsigned>(bytes.size())),
+              static_cast<int>(bytes.size()));
+    gzclose(file);
+    const std::string gzip = packed.Read();
+    std::string flipped = gzip;
+    flipped[gzip.size() / 2] ^= 0x55;
+    const std::pair<std::string, std::string> kFiles[] = {
+        {gzip.substr(0, gzip.size() / 2), "cut short"},
+        {gzip.substr(0, gzip.size() - 3), "cut short"},
+        {gzip + std::string(512, '\0'), "bytes after the gzip data"},
+        {flipped, "the gzip data is damaged"},
+    };
+    for (const auto& [given, words] : kFiles) {
+        SCOPED_TRACE(words);
+        const Outcome outcome = Convert(given);
+        EXPECT_EQ(outcome.status, kStatusFindings);
+        EXPECT_GT(outcome.output.size(), bytes.size() / 10);
+        const bool isThere = std::ranges::any_of(outcome.lines, [&](const std::string& line) {
+            return line.find(words) != line.npos && line.ends_with("unpacked has been read");
+        });
+        EXPECT_TRUE(isThere) << testing::PrintToString(outcome.lines);
+    }
+    EXPECT_EQ(Convert(gzip + gzip).output, bytes + bytes);
+}
+
+TEST(ConvertFiles, ANameWithoutAFormAsksForOne) {
+    const TemporaryFile in(Sound("a"));
+    for (const std::string name : {"x.txt", "dir.mrk/x.out", "x.gz"}) {
+        ConvertOptions options;
+        options.input.files = {in.Path()};
+        options.output.output = name;
+        MemoryPort port;
+        Reporter reporter(port, {});
+        EXPECT_THROW(ConvertFiles(options, reporter), UsageError) << name;
+    }
+    for (const std::string name : {"x", "dir.d/x", "-", "/dev/fd/3", ".hidden", "..", "x.mrc.gz"}) {
+        OutputOptions options;
+        options.output = name;
+        EXPECT_EQ(&FormOfOutput(options), &Forms().front()) << name;
+    }
 }
 
 TEST(ConvertFiles, MessagesOfAKindAreCounted) {

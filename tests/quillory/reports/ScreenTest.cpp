@@ -53,7 +53,9 @@ TEST(RecordShower, WritesToTheOutputThatItIsGiven) {
     Reporter reporter(port, {});
     reporter.BeginFile("f");
     Output output(file.Path());
-    RecordShower shower({}, kCharsetAuto, output, reporter);
+    ShowOptions options;
+    options.damaged = true;
+    RecordShower shower(options, kCharsetAuto, output, reporter);
     Item item;
     item.number = 1;
     item.record.leader = "00000nam a2200000 a 4500";
@@ -64,12 +66,15 @@ TEST(RecordShower, WritesToTheOutputThatItIsGiven) {
     item.fault = ItemFault{{FaultCode::kStrayBytes}};
     shower.Take(item);
     item.kind = kItemDamaged;
+    item.record.fields = {{"???", "words"}};
     shower.Take(item);
     shower.Finish();
     output.Finish();
     EXPECT_EQ(file.Read(),
               "LDR     00000nam a2200000 a 4500\n001     a<1B>\n245 1#  lost $a Title $  $b  $ \n"
-              "500 0   \n\nLDR     00000nam a2200000 a 4500\n245 10  $a \xEF\xBF\xBD\n");
+              "500 0   \n\nLDR     00000nam a2200000 a 4500\n245 10  $a \xEF\xBF\xBD\n\n"
+              "(damaged: what can be read of the record)\n"
+              "LDR     00000nam a2200000 a 4500\n???     words\n");
     EXPECT_EQ(shower.Result(), kStatusFindings);
     EXPECT_EQ(port.said,
               (std::vector<std::string>{
