@@ -25,6 +25,7 @@ struct ArgumentDefinition {
     std::vector<std::string> choices;  // the only values there are, in any case; empty for any
     std::optional<NumberRange> range;  // of an argument that takes a number
     bool isRequired = false;
+    bool isFile = false;                // names a file, and is never empty
     bool isList = false;                // may be given often
     std::vector<std::string> excludes;  // options that don't go with it
 };

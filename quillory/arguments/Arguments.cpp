@@ -183,6 +183,9 @@ private:
             argument.count_ = values.size();
             const bool isOnce = definition.kind != kFlagArgument && !definition.isList;
             if (isOnce && values.size() > 1) return name + ": it may be given only once";
+            if (definition.isFile && std::ranges::count(values, "") > 0) {
+                return name + ": the name of a file is empty";
+            }
             try {
                 for (const std::string& value : values) argument.take_(value, definition);
             } catch (const UsageError& error) {
@@ -198,6 +201,11 @@ private:
 
 Argument& Argument::Required() {
     definition_.isRequired = true;
+    return *this;
+}
+
+Argument& Argument::File() {
+    definition_.isFile = true;
     return *this;
 }
 

@@ -25,6 +25,9 @@ public:
         : definition_(std::move(definition)), take_(std::move(take)) {}
 
     Argument& Required();
+    // It names a file. An empty name, as of a variable of the shell that is not set, is wrong
+    // usage.
+    Argument& File();
     // What stands for its value in help.
     Argument& Shown(std::string value);
     // An option that can't be given beside this one; it is declared before it.

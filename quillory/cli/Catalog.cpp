@@ -27,7 +27,8 @@ Status RunCatalog(const CatalogCommand& command) {
 void DeclareCatalog(Arguments& command) {
     CatalogCommand& options = command.Runs(RunCatalog);
     command.Positional("FILE", options.files, "TOML files of descriptions; - is standard input")
-        .Required();
+        .Required()
+        .File();
     DeclareNewRecord(command, options.record,
                      "The workform of records that name none, by its name or ID");
     DeclareOutput(command, options.output);

@@ -68,8 +68,10 @@ void DeclareCheck(Arguments& command) {
     DeclarePolicy(command, options.policy);
     command.Choice("--format", options.report.format, CheckFormatNames(),
                    "Form of the report; by default that of the output's name");
-    command.Option("-o,--output", options.report.output,
-                   "File to write; none, or -, is standard output");
+    command
+        .Option("-o,--output", options.report.output,
+                "File to write; none, or -, is standard output")
+        .File();
     command.Flag("--each", options.report.showsEach,
                  "Every finding as text, not the first three of each rule");
     command.Option("--rows", options.report.rows,

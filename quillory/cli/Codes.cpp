@@ -32,8 +32,8 @@ void DeclareCodes(Arguments& command) {
                        "Only those of elements such as 008/35, 007s/03 or \"part 310\"");
     command.Choice("--format", options.isJson, {{"tsv", false}, {"json", true}},
                    "tsv, or json for a program");
-    command.Option("-o,--output", options.output,
-                   "The file to write; standard output if not given");
+    command.Option("-o,--output", options.output, "The file to write; standard output if not given")
+        .File();
 }
 
 }  // namespace quillory

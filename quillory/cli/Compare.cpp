@@ -49,14 +49,17 @@ void DeclareCompare(Arguments& command) {
         .Option("--ignore", options.compare.ignored,
                 "Places that are not compared, such as 005,9XX,008/00-05")
         .Shown("PLACES");
-    command.Option("-o,--output", options.report.output,
-                   "File to write; none, or -, is standard output");
+    command
+        .Option("-o,--output", options.report.output,
+                "File to write; none, or -, is standard output")
+        .File();
     command.Choice("--format", options.report.format,
                    {{"text", kCompareText}, {"jsonl", kCompareJsonl}, {"html", kCompareHtml}},
                    "Form of the report; told by the name of the output if not given");
     command.Option("--rows", options.report.rows,
                    "Rows that a page of HTML shows, 0 for all; it counts all in any case");
-    command.Option("--rejects", options.compare.rejects, "Where the bytes of what is no record go");
+    command.Option("--rejects", options.compare.rejects, "Where the bytes of what is no record go")
+        .File();
 }
 
 }  // namespace quillory

@@ -48,7 +48,8 @@ void DeclareCount(Arguments& command) {
     command.Flag("--names", options.document.names, "With the names of fields and subfields");
     command.Choice("--format", options.format, CountFormatNames(),
                    "Form of the report; told by the name of the output if not given");
-    command.Option("-o,--output", options.output, "File to write; none, or -, is standard output");
+    command.Option("-o,--output", options.output, "File to write; none, or -, is standard output")
+        .File();
 }
 
 }  // namespace quillory

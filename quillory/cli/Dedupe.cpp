@@ -55,10 +55,12 @@ void DeclareDedupe(Arguments& command) {
     command.Choice("--keep", options.dedupe.keep,
                    {{"first", Keep::First}, {"last", Keep::Last}, {"fullest", Keep::Fullest}},
                    "Which of them is kept; the first if not given");
-    command.Option("--removed", options.dedupe.removed, "Where the others go");
-    command.Option("--report", options.report,
-                   "Where it is told what went with what: lines of JSON for a name that ends in "
-                   ".jsonl, else text");
+    command.Option("--removed", options.dedupe.removed, "Where the others go").File();
+    command
+        .Option("--report", options.report,
+                "Where it is told what went with what: lines of JSON for a name that ends in "
+                ".jsonl, else text")
+        .File();
     command.Option("--memory", options.dedupe.memory, "Memory to sort keys in; 256M if not given")
         .Shown("SIZE");
 }

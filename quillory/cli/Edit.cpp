@@ -55,7 +55,8 @@ void Declare(Arguments& command, const OperationRow* row) {
     DeclareEditChoice(command, row, options.choice);
     DeclareFiles(command, options.files.input, options.messages);
     DeclareOutput(command, options.files.output);
-    command.Option("--report", options.report, "Where each change is told as a line of JSON");
+    command.Option("--report", options.report, "Where each change is told as a line of JSON")
+        .File();
     command
         .Flag("-n,--dry-run", options.files.isDryRun,
               "Write no records, only show the lines that would change")

@@ -107,7 +107,7 @@ void DeclareConditions(Arguments& command, EditChoice& choice) {
 void DeclareEditChoice(Arguments& command, const OperationRow* row, EditChoice& choice) {
     choice.row = row;
     if (row == nullptr) {
-        command.Positional("TASK", choice.task, "A file of edits, in TOML");
+        command.Positional("TASK", choice.task, "A file of edits, in TOML").File();
     } else {
         for (const ParameterRow& parameter : row->parameters) {
             DeclareParameter(command, parameter, choice);

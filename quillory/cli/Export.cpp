@@ -14,9 +14,11 @@ struct ExportCommand {
 };
 
 void DeclareHoldings(Arguments& command, HoldingsOptions& options) {
-    command.Option("--holdings", options.file,
-                   "The copies of the records, as tab-separated text or JSON lines; those that "
-                   "records hold if not given");
+    command
+        .Option("--holdings", options.file,
+                "The copies of the records, as tab-separated text or JSON lines; those that "
+                "records hold if not given")
+        .File();
     command.Option("--holdings-type", options.type,
                    "The holdings system to write for, by name or number; that of the settings "
                    "if not given");

@@ -46,8 +46,10 @@ void DeclareExtract(Arguments& command) {
                 "Places, a column for each, such as 001,245ab,650a,008/35-37")
         .Shown("PLACES")
         .Required();
-    command.Option("-o,--output", options.table.output,
-                   "File to write; none, or -, is standard output");
+    command
+        .Option("-o,--output", options.table.output,
+                "File to write; none, or -, is standard output")
+        .File();
     command.Choice("--format", options.table.format,
                    {{"tsv", kTableTsv}, {"csv", kTableCsv}, {"jsonl", kTableJsonl}},
                    "Form of the table; by default that of the output's name, or else tsv");
@@ -57,7 +59,8 @@ void DeclareExtract(Arguments& command) {
     command.Option("--separator", options.table.separator,
                    "What stands between joined values; \"; \" if not given");
     command.Flag("--no-header", options.hasNoHeader, "Without the row that names the columns");
-    command.Option("--rejects", options.extract.rejects, "Where the bytes of what is no record go");
+    command.Option("--rejects", options.extract.rejects, "Where the bytes of what is no record go")
+        .File();
 }
 
 }  // namespace quillory

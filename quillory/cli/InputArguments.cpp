@@ -47,7 +47,8 @@ void DeclareCharset(Arguments& command, const std::string& name, Charset& charse
 }
 
 void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& messages) {
-    command.Positional("FILE", options.files, "Files of records; none, or -, is standard input");
+    command.Positional("FILE", options.files, "Files of records; none, or -, is standard input")
+        .File();
     DeclareForm(command, "--from", options.form,
                 "Form of the files; by default recognised by content and name");
     DeclareCharset(

@@ -51,7 +51,7 @@ void DeclareNew(Arguments& command) {
     NewOptions& options = command.Runs(RunNew);
     DeclareNewRecord(command, options.record,
                      "The workform, by its name or ID; that of --from if not given");
-    command.Option("--from", options.from, "A TOML file that describes the record");
+    command.Option("--from", options.from, "A TOML file that describes the record").File();
     command.Flag("--no-input", options.noInput, "Ask nothing, even on a terminal");
     command.Flag("--all", options.all, "Ask for every subfield of the workform");
     DeclareOutput(command, options.output);

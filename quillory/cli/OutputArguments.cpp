@@ -18,8 +18,9 @@ std::string FormsInUtf8() {
 }  // namespace
 
 void DeclareOutput(Arguments& command, OutputOptions& options) {
-    command.Option("-o,--output", options.output,
-                   "Where the records go; standard output if not given");
+    command
+        .Option("-o,--output", options.output, "Where the records go; standard output if not given")
+        .File();
     DeclareWriting(command, options);
 }
 
@@ -34,8 +35,10 @@ void DeclareWriting(Arguments& command, OutputOptions& options) {
                    {{"nfc", kNormalFormC}, {"nfd", kNormalFormD}},
                    "Normal form of all UTF-8 that is written; if not given, text that comes in "
                    "UTF-8 stays as it is, and other text is written in nfc");
-    command.Option("--rejects", options.rejects,
-                   "Where the bytes of everything go that is not written");
+    command
+        .Option("--rejects", options.rejects,
+                "Where the bytes of everything go that is not written")
+        .File();
     command.Choice(
         "--oversize", options.writing.oversize,
         {{"refuse", kOversizeRefuse}, {"cut", kOversizeCut}, {"historic", kOversizeHistoric}},

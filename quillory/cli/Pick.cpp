@@ -34,12 +34,13 @@ void DeclarePick(Arguments& command) {
     PickOptions& pick = options.pick;
     command.Footer(kDetails);
     DeclareInput(command, pick.input, options.messages);
-    command.Option("-o,--output", pick.output,
-                   "Where the records go; standard output if not given");
+    command.Option("-o,--output", pick.output, "Where the records go; standard output if not given")
+        .File();
     command.Option("--records", pick.numbers, "Records of these numbers, such as 17,20-25")
         .Shown("NUMBERS");
     command.Option("--ids", pick.ids, "Records whose control number (001) is a line of this file")
-        .Shown("FILE");
+        .Shown("FILE")
+        .File();
     command
         .Option("--id-place", pick.idPlace,
                 "Where --ids looks, such as 020a; the first word of a value counts, too")

@@ -22,8 +22,10 @@ Status RunAdd(const AddCommand& command) {
 void DeclareRecordsAdd(Arguments& command) {
     AddCommand& options = command.Runs(RunAdd);
     DeclareInput(command, options.records.input, options.messages);
-    command.Option("--rejects", options.records.rejects,
-                   "Where the bytes of everything go that is not added");
+    command
+        .Option("--rejects", options.records.rejects,
+                "Where the bytes of everything go that is not added")
+        .File();
 }
 
 }  // namespace quillory

@@ -90,8 +90,10 @@ void DeclareRepair(Arguments& command) {
         .Excludes("--only")
         .Excludes("--skip");
     command.Flag("--each", options.messages.all, "Name each repair, and not only each class");
-    command.Option("--report", options.report,
-                   "File for a page (.html), or for a line of JSON about each repair");
+    command
+        .Option("--report", options.report,
+                "File for a page (.html), or for a line of JSON about each repair")
+        .File();
     command
         .Flag("-n,--dry-run", options.repair.isDryRun,
               "Write no records, only say what would be repaired")

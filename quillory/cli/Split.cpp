@@ -46,7 +46,8 @@ void DeclareSplit(Arguments& command) {
         .Option("-o,--output", options.split.output.output,
                 "Names of the files, such as part-{}.mrc")
         .Shown("NAME")
-        .Required();
+        .Required()
+        .File();
     command.Flag("--force", options.split.force, "Replace files that are there");
     command.Option("--most", options.split.most, "Files that may be made; 10000 if not given");
     DeclareWriting(command, options.split.output);

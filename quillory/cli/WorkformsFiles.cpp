@@ -22,13 +22,15 @@ Status RunImport(const ImportWorkformsOptions& options) {
 
 void DeclareWorkformsExport(Arguments& command) {
     ExportWorkformsOptions& options = command.Runs(RunExport);
-    command.Positional("FILE", options.file, "Where they go; - for standard output").Required();
+    command.Positional("FILE", options.file, "Where they go; - for standard output")
+        .Required()
+        .File();
     command.Positional("NAME", options.names, "Workforms, by name or ID; none for all");
 }
 
 void DeclareWorkformsImport(Arguments& command) {
     ImportWorkformsOptions& options = command.Runs(RunImport);
-    command.Positional("FILE", options.file, "The file; - for standard input").Required();
+    command.Positional("FILE", options.file, "The file; - for standard input").Required().File();
     command.Flag("--force", options.force, "Replace workforms of your own of the same names");
 }
 

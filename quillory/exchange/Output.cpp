@@ -3,69 +3,41 @@
 #define ZLIB_CONST
 #include <zlib.h>
 
-#include <atomic>
 #include <cerrno>
-#include <csignal>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace quillory {
 namespace {
 
-namespace fs = std::filesystem;
-
 constexpr std::size_t kBufferSize = std::size_t{1} << 18;
 
-// The name of an unfinished file, where a signal handler can reach it. Names are many where one
-// work writes many files; none is ever taken from the list, a free one is used again.
-struct Unfinished {
-    std::atomic<char*> name;
-    Unfinished* next;
-};
-std::atomic<Unfinished*> unfinished{};
-
-Unfinished& Remember(const std::string& path) {
-    char* copy = strdup(path.c_str());
-    for (Unfinished* slot = unfinished.load(); slot != nullptr; slot = slot->next) {
-        char* none = nullptr;
-        if (slot->name.compare_exchange_strong(none, copy)) return *slot;
-    }
-    auto* slot = new Unfinished{copy, unfinished.load()};
-    while (!unfinished.compare_exchange_weak(slot->next, slot)) {
-    }
-    return *slot;
-}
-
-void Forget(Unfinished& slot) {
-    std::free(slot.name.exchange(nullptr));
-}
-
-extern "C" void EndBySignal(int signal) {
-    for (Unfinished* slot = unfinished.load(); slot != nullptr; slot = slot->next) {
-        const char* name = slot->name.load();
-        if (name != nullptr) unlink(name);
-    }
-    std::signal(signal, SIG_DFL);
-    std::raise(signal);
-}
-
-bool IsPlainOrAbsent(const fs::path& path) {
-    std::error_code error;
-    const fs::file_status status = fs::status(path, error);
-    return !fs::exists(status) || fs::is_regular_file(status);
-}
-
-// The mode of the file that is replaced, or what the process gives to new files.
-mode_t ModeFor(const fs::path& path) {
+// Gives a new file the owner and the mode of the one that it is to replace, or else the mode of any
+// new file. Bits that lend an owner's rights are not given for another owner.
+void TakeOver(int descriptor, const std::filesystem::path& replaced) {
+    constexpr mode_t kOfNewFiles = 0666;
+    constexpr mode_t kLendingBits = S_ISUID | S_ISGID;
+    constexpr mode_t kAllBits = 07777;
     struct stat status {};
-    if (stat(path.c_str(), &status) == 0) return status.st_mode & 07777;
+    if (stat(replaced.c_str(), &status) == 0) {
+        const bool isOwned = fchown(descriptor, status.st_uid, status.st_gid) == 0 ||
+                             fchown(descriptor, static_cast<uid_t>(-1), status.st_gid) == 0;
+        fchmod(descriptor, status.st_mode & kAllBits & ~(isOwned ? 0 : kLendingBits));
+        return;
+    }
     const mode_t mask = umask(0);
     umask(mask);
-    return 0666 & ~mask;
+    fchmod(descriptor, kOfNewFiles & ~mask);
+}
+
+// A name that no file can have is found out before the work is done.
+bool IsTooLong(const std::filesystem::path& folder, const std::filesystem::path& name) {
+    const long most = pathconf(folder.c_str(), _PC_NAME_MAX);
+    return most > 0 && name.native().size() > static_cast<std::size_t>(most);
 }
 
 }  // namespace
@@ -101,30 +73,15 @@ private:
     z_stream stream_{};
 };
 
-// Where the name of an output's temporary file is kept.
-struct Output::Temporary {
-    explicit Temporary(const std::string& path) : slot(Remember(path)) {}
-    ~Temporary() { Forget(slot); }
-    Temporary(const Temporary&) = delete;
-    Temporary& operator=(const Temporary&) = delete;
-
-    Unfinished& slot;
-};
-
-Output::Output(const std::string& path)
-    : name_(path == "-" ? "standard output" : path), isPacked_(path.ends_with(".gz")) {
-    if (path == "-") {
-        descriptor_ = dup(STDOUT_FILENO);
-    } else if (IsPlainOrAbsent(path)) {
-        std::error_code error;
-        const fs::path real = fs::weakly_canonical(path, error);
-        finalPath_ = error ? path : real.string();
-        temporaryPath_ = finalPath_ + ".XXXXXX";
-        descriptor_ = mkostemp(temporaryPath_.data(), O_CLOEXEC);
-        if (descriptor_ >= 0) {
-            temporary_ = std::make_unique<Temporary>(temporaryPath_);
-            fchmod(descriptor_, ModeFor(finalPath_));
-        }
+Output::Output(const std::string& path, OutputRole role)
+    : name_(path), target_(OutputTargetOf(path)), isPacked_(path.ends_with(".gz")) {
+    const bool isStandard = target_.descriptor == STDOUT_FILENO;
+    if (isStandard) name_ = "standard output";
+    endsQuietly_ = isStandard && role == OutputRole::kMain;
+    if (target_.descriptor >= 0) {
+        descriptor_ = fcntl(target_.descriptor, F_DUPFD_CLOEXEC, 0);
+    } else if (target_.isFile) {
+        Make();
     } else {
         descriptor_ = open(path.c_str(), O_WRONLY | O_CLOEXEC);
     }
@@ -137,11 +94,27 @@ Output::Output(ToMemory, std::string& memory) : memory_(&memory) {
 
 Output::~Output() {
     if (descriptor_ >= 0) close(descriptor_);
-    if (temporary_) unlink(temporaryPath_.c_str());
+}
+
+void Output::Fail(const std::string& what, int reason) const {
+    throw FileError(name_ + ": " + what + std::strerror(reason));
+}
+
+void Output::Make() {
+    std::filesystem::path folder = target_.path.parent_path();
+    if (folder.empty()) folder = ".";
+    if (IsTooLong(folder, target_.path.filename())) Fail("", ENAMETOOLONG);
+    try {
+        file_ = std::make_unique<UnfinishedFile>(folder);
+    } catch (const std::system_error& error) {
+        Fail("", error.code().value());
+    }
+    descriptor_ = file_->Open();
+    if (descriptor_ >= 0) TakeOver(descriptor_, target_.path);
 }
 
 void Output::Begin() {
-    if (descriptor_ < 0) throw FileError(name_ + ": " + std::strerror(errno));
+    if (descriptor_ < 0) Fail("", errno);
     buffer_.resize(kBufferSize);
     if (isPacked_) packer_ = std::make_unique<Packer>(*this);
 }
@@ -150,14 +123,21 @@ void Output::Close() {
     Flush();
     if (packer_) packer_->Pack({}, Z_FINISH);
     packer_.reset();
+    if (isComplete_) Sync();
     const int closed = close(descriptor_);
     descriptor_ = -1;
     buffer_ = {};
-    if (closed != 0) throw FileError(name_ + ": can't be written: " + std::strerror(errno));
+    if (closed != 0) Fail("can't be written: ", errno);
+}
+
+// Only what a file system is able to do is asked of it.
+void Output::Sync() const {
+    if (!file_ || !SyncsFiles() || fsync(descriptor_) == 0) return;
+    if (errno != EINVAL && errno != ENOTSUP && errno != EROFS) Fail("can't be written: ", errno);
 }
 
 void Output::Rest() {
-    if (!temporary_) {
+    if (!file_) {
         Flush();
     } else if (descriptor_ >= 0) {
         Close();
@@ -173,10 +153,10 @@ void Output::WriteRaw(std::string_view bytes) {
         const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
         if (written >= 0) {
             bytes.remove_prefix(static_cast<std::size_t>(written));
-        } else if (errno == EPIPE) {
+        } else if (errno == EPIPE && endsQuietly_) {
             throw ClosedPipe();
         } else if (errno != EINTR) {
-            throw FileError(name_ + ": can't be written: " + std::strerror(errno));
+            Fail("can't be written: ", errno);
         }
     }
 }
@@ -191,7 +171,7 @@ void Output::WriteThrough(std::string_view bytes) {
 
 void Output::WriteLarge(std::string_view bytes) {
     if (buffer_.empty()) {
-        descriptor_ = open(temporaryPath_.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC);
+        descriptor_ = file_->Open();
         Begin();
     }
     Flush();
@@ -208,28 +188,36 @@ void Output::Flush() {
     WriteThrough({buffer_.data(), used});
 }
 
-void Output::Finish() {
+void Output::Complete() {
+    if (isComplete_) return;
+    isComplete_ = true;
     if (memory_ != nullptr) {
         Flush();
         return;
     }
-    if (descriptor_ >= 0) Close();
-    if (!temporary_) return;
-    if (rename(temporaryPath_.c_str(), finalPath_.c_str()) != 0) {
-        throw FileError(name_ + ": can't take its name: " + std::strerror(errno));
+    if (descriptor_ < 0) {  // it rests
+        descriptor_ = file_->Open();
+        isPacked_ = false;
+        Begin();
     }
-    temporary_.reset();
+    Close();
+}
+
+void Output::Finish() {
+    Complete();
+    if (!file_) return;
+    try {
+        file_->TakeName(target_.path);
+    } catch (const std::system_error& error) {
+        Fail("can't take its name: ", error.code().value());
+    }
+    file_.reset();
 }
 
 void WriteOutput(const std::string& path, std::string_view bytes) {
     Output output(path);
     output.Write(bytes);
     output.Finish();
-}
-
-void RemoveUnfinishedFilesOnSignals() {
-    std::signal(SIGPIPE, SIG_IGN);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, EndBySignal);
 }
 
 }  // namespace quillory

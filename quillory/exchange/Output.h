@@ -1,7 +1,10 @@
 #pragma once
 
-#include <quillory/exchange/Input.h>
+#include <quillory/exchange/OutputTarget.h>
+#include <quillory/exchange/UnfinishedFile.h>
+#include <quillory/faults/Errors.h>
 
+#include <exception>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,15 +18,23 @@ public:
     const char* what() const noexcept override { return "closed pipe"; }
 };
 
+// What an output is to the work.
+enum class OutputRole : bool {
+    kMain,    // when the reader of standard output has gone, there is no more to do
+    kBeside,  // what must not get lost: rejects, a report
+};
+
 // Bytes on their way to a file or to standard output ("-"). A file takes its final name in Finish:
-// a file that has the name before is untouched until then. A name that ends in ".gz" is written in
-// gzip form. All but the destructor throw FileError, or ClosedPipe.
+// a file that has the name before is untouched until then, and gives its mode and its owner. A name
+// that ends in ".gz" is written in gzip form. All but the destructor throw FileError; the main
+// output of the work throws ClosedPipe.
 class Output {
 public:
     // For an output that goes to a text in memory instead, with each Flush.
     enum ToMemory : bool { kToMemory };
 
-    explicit Output(const std::string& path);
+    // Throws UsageError for an empty name, too.
+    explicit Output(const std::string& path, OutputRole role = OutputRole::kMain);
     Output(ToMemory, std::string& memory);
     ~Output();
     Output(const Output&) = delete;
@@ -41,24 +52,30 @@ public:
     void Flush();
     // Closes a file until more is written to it: for one of many that are written by turns.
     void Rest();
+    // Nothing more is written. All of it is on the disk, and a file lacks only its name.
+    void Complete();
+    // Completes it, and gives a file its name.
     void Finish();
 
 private:
     class Packer;
-    struct Temporary;
 
+    void Make();
     void Begin();
     void Close();
+    void Sync() const;
 
     void WriteLarge(std::string_view bytes);
     void WriteThrough(std::string_view bytes);
     void WriteRaw(std::string_view bytes);
+    [[noreturn]] void Fail(const std::string& what, int reason) const;
 
     std::string name_;
-    std::string finalPath_;  // empty if written in place
-    std::string temporaryPath_;
-    std::unique_ptr<Temporary> temporary_;  // until the file has its final name
+    OutputTarget target_;
+    std::unique_ptr<UnfinishedFile> file_;  // until it has its name; null for what is no file
+    bool endsQuietly_ = false;
     bool isPacked_ = false;
+    bool isComplete_ = false;
     std::string* memory_ = nullptr;  // null if it goes to a file
     int descriptor_ = -1;            // negative while a file rests
     std::vector<char> buffer_;
@@ -68,8 +85,5 @@ private:
 
 // Writes the whole of an output at once.
 void WriteOutput(const std::string& path, std::string_view bytes);
-
-// Removes the unfinished files when a signal ends the program.
-void RemoveUnfinishedFilesOnSignals();
 
 }  // namespace quillory

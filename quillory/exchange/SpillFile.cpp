@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <unistd.h>
 #include <vector>
@@ -19,12 +20,17 @@ constexpr std::size_t kBlock = 65536;
 
 }  // namespace
 
-// The name goes at once, so nothing stays behind, however the program ends.
+// Nothing stays behind, however the program ends: the file never has a name, or not for long where
+// a file system can't do that.
 SpillFile::SpillFile() {
+    constexpr mode_t kOnlyForUs = 0600;
     std::error_code error;
-    const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
-    std::string path = (error ? "/tmp" : folder) / "quillory-XXXXXX";
-    descriptor_ = mkostemp(path.data(), 0);
+    std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+    if (error) folder = "/tmp";
+    descriptor_ = open(folder.c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, kOnlyForUs);
+    if (descriptor_ >= 0) return;
+    std::string path = folder / "quillory-XXXXXX";
+    descriptor_ = mkostemp(path.data(), O_CLOEXEC);
     if (descriptor_ < 0) Fail("can't be made");
     unlink(path.c_str());
 }

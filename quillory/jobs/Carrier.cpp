@@ -27,7 +27,8 @@ Carrier::Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporte
       writer_(writer),
       reporter_(reporter),
       recoder_(options_.recoder) {
-    if (!options_.rejects.empty()) rejects_ = std::make_unique<Output>(options_.rejects);
+    if (options_.rejects.empty()) return;
+    rejects_ = std::make_unique<Output>(options_.rejects, OutputRole::kBeside);
 }
 
 void Carrier::Raise(Status status) {
@@ -144,6 +145,10 @@ void Carrier::Summarize() const {
     if (stray_ > 0) text += ", stray bytes in " + Counted(stray_, "place");
     if (mislabelled_ > 0) text += ", " + std::to_string(mislabelled_) + " mislabelled";
     reporter_.Say(text);
+}
+
+void Carrier::Complete() {
+    if (rejects_) rejects_->Complete();
 }
 
 void Carrier::Finish() {

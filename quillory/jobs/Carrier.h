@@ -35,6 +35,8 @@ public:
     Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter);
 
     void Take(Item& item);
+    // The rejects are on the disk, and lack only their name. Throws FileError.
+    void Complete();
     // Gives the file of rejects its final name. Throws FileError.
     void Finish();
     // Reports in short what became of the records.

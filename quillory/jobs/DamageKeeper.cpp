@@ -3,7 +3,7 @@
 namespace quillory {
 
 DamageKeeper::DamageKeeper(const std::string& path, Reporter& reporter) : reporter_(reporter) {
-    if (!path.empty()) file_ = std::make_unique<Output>(path);
+    if (!path.empty()) file_ = std::make_unique<Output>(path, OutputRole::kBeside);
 }
 
 bool DamageKeeper::Take(const Item& item) {

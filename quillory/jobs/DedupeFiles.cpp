@@ -27,7 +27,8 @@ std::uint64_t FullnessOf(const Record& record) {
 // Records that are kept and those that go, each in a file.
 class TwoFiles : public RecordWriter {
 public:
-    explicit TwoFiles(const DedupeOptions& options) : kept_(options.output.output, options.output) {
+    explicit TwoFiles(const DedupeOptions& options)
+        : kept_(options.output.output, options.output, OutputRole::kMain) {
         if (options.removed.empty()) return;
         OutputOptions output = options.output;
         output.form = FormOfFileName(options.removed);
@@ -37,7 +38,7 @@ public:
                              ": is always in UTF-8; --to-charset utf8 writes the "
                              "others so, too");
         }
-        removed_ = std::make_unique<File>(options.removed, output);
+        removed_ = std::make_unique<File>(options.removed, output, OutputRole::kBeside);
     }
 
     bool HasFileForRemoved() const { return removed_ != nullptr; }
@@ -45,17 +46,25 @@ public:
     WriteResult Write(const Record& record, Losses& losses) override {
         return (isRemoved_ ? *removed_ : kept_).writer->Write(record, losses);
     }
+    void Complete() {
+        kept_.Complete();
+        if (removed_) removed_->Complete();
+    }
     void Finish() override {
-        kept_.writer->Finish();
-        if (removed_) removed_->writer->Finish();
-        kept_.output.Finish();
         if (removed_) removed_->output.Finish();
+        kept_.output.Finish();
     }
 
 private:
     struct File {
-        File(const std::string& path, const OutputOptions& options)
-            : output(path), writer(FormOfOutput(options).makeWriter(output, options.writing)) {}
+        File(const std::string& path, const OutputOptions& options, OutputRole role)
+            : output(path, role),
+              writer(FormOfOutput(options).makeWriter(output, options.writing)) {}
+
+        void Complete() {
+            writer->Finish();
+            output.Complete();
+        }
 
         Output output;
         std::unique_ptr<RecordWriter> writer;
@@ -85,9 +94,11 @@ public:
             Write(files, take);
             return read;
         };
-        const Status status = CarryItems(
-            source, options_.input.charset, options_.output, files, [&files] { files.Finish(); },
-            reporter_);
+        OutputOptions output = options_.output;
+        output.completeBeside = [this] { report_.Complete(); };
+        const Status status =
+            CarryItems(source, options_.input.charset, output, files,
+                       {[&files] { files.Complete(); }, [&files] { files.Finish(); }}, reporter_);
         report_.Finish(totals_);
         return status;
     }

@@ -42,6 +42,9 @@ public:
     // Comes for each record that goes, in their order. What it goes with is found out when asked
     // for.
     virtual void Take(const Item& item, const std::function<Duplicate()>& find) = 0;
+    // Comes before the records take their name: what was told so far must be safe. Throws
+    // FileError.
+    virtual void Complete() {}
     // Comes once, at the end.
     virtual void Finish(const DedupeTotals& totals) = 0;
 };

@@ -44,6 +44,7 @@ Status EditFiles(const EditFilesOptions& options, EditTask task, EditReport& rep
     };
     OutputOptions output = options.output;
     output.isDryRun = options.isDryRun;
+    output.completeBeside = [&report] { report.Complete(); };
     const Status done = WriteItems(files, options.input.charset, output, reporter, edit);
     report.Finish(totals, options.isDryRun);
     const bool hasFindings = totals.refused > 0 || (options.isDryRun && totals.edited > 0);

@@ -32,6 +32,9 @@ public:
     virtual bool WantsLines() const { return false; }
     // Comes for every record that was changed.
     virtual void TakeRecord(const Item& item, const Edit& edit) = 0;
+    // Comes before the records take their name: what was told so far must be safe. Throws
+    // FileError.
+    virtual void Complete() {}
     // Comes once, after the last record. A dry run wrote no records.
     virtual void Finish(const EditTotals& totals, bool isDryRun) = 0;
 };

@@ -137,6 +137,7 @@ Status EditStore(const EditStoreOptions& options, EditTask task, EditReport& rep
         });
         return true;
     });
+    report.Complete();
     if (transaction) transaction->Commit();
     return std::max(read, editor.Finish(options.isDryRun));
 }

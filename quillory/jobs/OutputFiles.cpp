@@ -1,7 +1,11 @@
-#include <quillory/exchange/Input.h>
+#include <quillory/exchange/OutputTarget.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/jobs/OutputFiles.h>
 
 #include <filesystem>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace quillory {
 namespace {
@@ -19,25 +23,44 @@ fs::path Canonical(const std::string& path) {
 // A file may have two names as a hard link, or a path two spellings before the file is there.
 bool AreTheSameFile(const std::string& one, const std::string& other) {
     if (one == other) return true;
-    if (one == "-" || other == "-" || other.empty()) return false;
+    if (other.empty()) return false;
+    if (IsStandardOutput(one) || IsStandardOutput(other)) {
+        return IsStandardOutput(one) && IsStandardOutput(other);
+    }
     std::error_code error;
     return fs::equivalent(one, other, error) || Canonical(one) == Canonical(other);
+}
+
+// What an input or an output is, if it is a file. Nothing is opened: a named pipe can be only once.
+std::optional<struct stat> FileStatus(const std::string& path, int standardStream,
+                                      bool isStandard) {
+    struct stat status {};
+    const int result = isStandard ? fstat(standardStream, &status) : stat(path.c_str(), &status);
+    if (result != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    return status;
 }
 
 }  // namespace
 
 void CheckNotAnInput(const std::vector<std::string>& files, const std::string& path) {
-    if (path.empty() || path == "-") return;
+    if (path.empty()) return;
+    const bool isStandard = IsStandardOutput(path);
+    const auto output = FileStatus(path, STDOUT_FILENO, isStandard);
+    if (!output) return;
     for (const std::string& file : files) {
-        if (file != "-" && Input(file).IsSameFileAs(path)) {
-            throw UsageError(path + ": is an input, and would be overwritten");
+        if (file == "-" && !isStandard) continue;  // it is read to its end before it is replaced
+        const auto input = FileStatus(file, STDIN_FILENO, file == "-");
+        if (input && input->st_dev == output->st_dev && input->st_ino == output->st_ino) {
+            throw UsageError((isStandard ? "standard output" : path) +
+                             ": is an input, and would be overwritten");
         }
     }
 }
 
 void CheckNotTheSame(const std::string& path, const std::string& other, std::string_view contents) {
     if (path.empty() || path == "/dev/null" || !AreTheSameFile(path, other)) return;
-    throw UsageError(path + ": can't take both " + std::string(contents));
+    throw UsageError(path + ": can't take both " + std::string(contents) +
+                     (path != "-" && IsStandardOutput(path) ? "; it is standard output" : ""));
 }
 
 }  // namespace quillory

@@ -154,11 +154,14 @@ WriteResult PartFiles::Write(const Record& record, Losses& losses) {
     return result;
 }
 
-void PartFiles::Finish() {
+void PartFiles::Complete() {
     for (Part& part : parts_) {
         part.writer->Finish();
-        part.output.Rest();
+        part.output.Complete();
     }
+}
+
+void PartFiles::Finish() {
     for (Part& part : parts_) part.output.Finish();
 }
 

@@ -42,6 +42,8 @@ public:
     // To the next of the parts that are told apart by their numbers.
     void ChooseNext();
     WriteResult Write(const Record& record, Losses& losses) override;
+    // All parts are on the disk, and lack only their names.
+    void Complete();
     void Finish() override;
 
     // Bytes of the part chosen if this record were put into it; 0 if there is none, or if it is

@@ -37,9 +37,12 @@ Status RepairFiles(const RepairFilesOptions& options, const CodeLists& lists, Re
             return take(item);
         });
     };
+    OutputOptions output = options.output;
+    output.completeBeside = [&] { report.Complete(totals); };
     const Status done = options.isDryRun
                             ? DryRun(repaired, reporter)
-                            : WriteItems(repaired, options.input.charset, options.output, reporter);
+                            : WriteItems(repaired, options.input.charset, output, reporter);
+    if (options.isDryRun) report.Complete(totals);
     report.Finish(totals, options.isDryRun);
     const bool hasFindings = totals.left > 0 || (options.isDryRun && totals.repaired > 0);
     return std::max(done, hasFindings ? kStatusFindings : kStatusWell);

@@ -42,7 +42,10 @@ public:
 
     // Comes for every record; the item's record is as it is after the repair.
     virtual void TakeRecord(const Item& item, const std::vector<Repair>& repairs) = 0;
-    // Comes once, after the last record. A dry run wrote no records.
+    // Comes once, after the last record and before the records take their name: what was told must
+    // be safe. Throws FileError.
+    virtual void Complete(const RepairTotals& /*totals*/) {}
+    // Comes after it. A dry run wrote no records.
     virtual void Finish(const RepairTotals& totals, bool isDryRun) = 0;
 };
 

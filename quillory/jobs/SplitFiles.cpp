@@ -17,7 +17,6 @@ public:
 
     // Comes for each record as it was read, before Write.
     virtual void Look(const Record& /*record*/) {}
-    void Finish() override { parts_.Finish(); }
 
 protected:
     PartFiles& Parts() { return parts_; }
@@ -124,9 +123,9 @@ Status SplitFiles(const SplitOptions& options, Reporter& reporter) {
             return take(item);
         });
     };
-    const Status status = CarryItems(
-        source, options.input.charset, options.output, *divider, [&divider] { divider->Finish(); },
-        reporter);
+    const Status status =
+        CarryItems(source, options.input.charset, options.output, *divider,
+                   {[&parts] { parts.Complete(); }, [&parts] { parts.Finish(); }}, reporter);
     SayParts(parts, reporter);
     return status;
 }

@@ -48,7 +48,7 @@ Charset CharsetOfOutput(const OutputOptions& options) {
 }
 
 Status CarryItems(const ItemSource& source, Charset from, const OutputOptions& options,
-                  RecordWriter& writer, const std::function<void()>& finish, Reporter& reporter,
+                  RecordWriter& writer, const Closing& closing, Reporter& reporter,
                   const Preparation& prepare) {
     const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options));
     Carrier carrier({recoder, options.eachLoss, options.rejects, prepare, options.isDryRun}, writer,
@@ -58,8 +58,11 @@ Status CarryItems(const ItemSource& source, Charset from, const OutputOptions& o
             carrier.Take(item);
             return true;
         }));
-        finish();
+        closing.complete();
+        carrier.Complete();
+        if (options.completeBeside) options.completeBeside();
         carrier.Finish();
+        closing.takeNames();
     } catch (const ClosedPipe&) {
         carrier.Finish();
         return carrier.Result();
@@ -74,11 +77,12 @@ Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& o
     CharsetOfOutput(options);  // what can't be is said before anything is made
     Output output(options.isDryRun ? "/dev/null" : options.output);
     const auto writer = FormOfOutput(options).makeWriter(output, options.writing);
-    const auto finish = [&] {
-        writer->Finish();
-        output.Finish();
-    };
-    return CarryItems(source, from, options, *writer, finish, reporter, prepare);
+    const Closing closing{[&] {
+                              writer->Finish();
+                              output.Complete();
+                          },
+                          [&output] { output.Finish(); }};
+    return CarryItems(source, from, options, *writer, closing, reporter, prepare);
 }
 
 }  // namespace quillory

@@ -23,6 +23,8 @@ struct OutputOptions {
     bool verify = false;
     bool replaceInvalid = false;
     bool isDryRun = false;  // goes the whole way, and writes no records
+    // Completes what a job itself writes beside the records, before these take their name.
+    std::function<void()> completeBeside = {};
 };
 
 // The form by which records are written. Throws UsageError if the name of the output has an ending
@@ -42,10 +44,16 @@ using ItemSource = std::function<Status(const std::function<bool(Item& item)>& t
 Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
                   Reporter& reporter, const Preparation& prepare = {});
 
-// The same for a writer of the job's own: `finish` gives what it wrote its name. The output's path
-// in `options` only says which form.
+// How the outputs of a job are closed. None has its name before all are complete, rejects too.
+struct Closing {
+    std::function<void()> complete;
+    std::function<void()> takeNames;
+};
+
+// The same for a writer and outputs of the job's own. The output's path in `options` only says
+// which form.
 Status CarryItems(const ItemSource& source, Charset from, const OutputOptions& options,
-                  RecordWriter& writer, const std::function<void()>& finish, Reporter& reporter,
+                  RecordWriter& writer, const Closing& closing, Reporter& reporter,
                   const Preparation& prepare = {});
 
 }  // namespace quillory

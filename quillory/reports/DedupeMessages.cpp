@@ -44,7 +44,7 @@ DedupeMessages::DedupeMessages(const std::string& path, const DedupeOptions& opt
     : reporter_(reporter),
       removed_(options.removed),
       isJson_(path.ends_with(".json") || path.ends_with(".jsonl")) {
-    if (!path.empty()) file_ = std::make_unique<Output>(path);
+    if (!path.empty()) file_ = std::make_unique<Output>(path, OutputRole::kBeside);
 }
 
 void DedupeMessages::Take(const Item& item, const std::function<Duplicate()>& find) {
@@ -56,6 +56,10 @@ void DedupeMessages::Take(const Item& item, const std::function<Duplicate()>& fi
     if (!file_) return;
     const Duplicate duplicate = find();
     file_->Write(isJson_ ? JsonOf(duplicate) : TextOf(duplicate));
+}
+
+void DedupeMessages::Complete() {
+    if (file_) file_->Complete();
 }
 
 void DedupeMessages::Finish(const DedupeTotals& totals) {

@@ -18,6 +18,7 @@ public:
     DedupeMessages(const std::string& path, const DedupeOptions& options, Reporter& reporter);
 
     void Take(const Item& item, const std::function<Duplicate()>& find) override;
+    void Complete() override;
     void Finish(const DedupeTotals& totals) override;
 
 private:

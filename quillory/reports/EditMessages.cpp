@@ -18,7 +18,9 @@ std::string GeneralPlace(Place place) {
 
 EditMessages::EditMessages(const EditMessagesOptions& options, Reporter& reporter)
     : reporter_(reporter), colour_(options.colour) {
-    if (!options.report.empty()) file_ = std::make_unique<Output>(options.report);
+    if (!options.report.empty()) {
+        file_ = std::make_unique<Output>(options.report, OutputRole::kBeside);
+    }
     if (options.showsDiff) screen_ = std::make_unique<Output>("-");
 }
 
@@ -49,6 +51,10 @@ void EditMessages::WriteChange(const Item& item, const Change& change) {
 
 void EditMessages::ShowDiff(const Item& item, const Edit& edit) {
     screen_->Write(reporter_.PlaceOf(item) + "\n" + DiffText(edit.before, edit.after, colour_));
+}
+
+void EditMessages::Complete() {
+    if (file_) file_->Complete();
 }
 
 void EditMessages::Finish(const EditTotals& totals, bool isDryRun) {

@@ -23,6 +23,7 @@ public:
 
     bool WantsLines() const override { return screen_ != nullptr; }
     void TakeRecord(const Item& item, const Edit& edit) override;
+    void Complete() override;
     // Says the totals. The file has its name only after this.
     void Finish(const EditTotals& totals, bool isDryRun) override;
 

@@ -28,11 +28,12 @@ std::string Utf8OfBytes(std::string_view bytes) {
 class JsonlFile : public RepairReport {
 public:
     JsonlFile(const std::string& path, const CodeLists& lists, const Reporter& reporter)
-        : words_(lists), reporter_(reporter), output_(path) {}
+        : words_(lists), reporter_(reporter), output_(path, OutputRole::kBeside) {}
 
     void TakeRecord(const Item& item, const std::vector<Repair>& repairs) override {
         for (const Repair& repair : repairs) output_.Write(RowOf(item, repair) + "\n");
     }
+    void Complete(const RepairTotals& /*totals*/) override { output_.Complete(); }
     void Finish(const RepairTotals& /*totals*/, bool /*isDryRun*/) override { output_.Finish(); }
 
 private:
@@ -78,7 +79,7 @@ std::string Tile(std::string_view kind, std::uint64_t count, std::string_view te
 class HtmlFile : public RepairReport {
 public:
     HtmlFile(const std::string& path, const CodeLists& lists, const Reporter& reporter)
-        : words_(lists), reporter_(reporter), output_(path) {}
+        : words_(lists), reporter_(reporter), output_(path, OutputRole::kBeside) {}
 
     void TakeRecord(const Item& item, const std::vector<Repair>& repairs) override {
         for (const Repair& repair : repairs) {
@@ -90,7 +91,7 @@ public:
         }
     }
 
-    void Finish(const RepairTotals& totals, bool /*isDryRun*/) override {
+    void Complete(const RepairTotals& totals) override {
         const PageSlots slots = {
             {"style", [this] { output_.Write(kCheckStyle); }},
             {"tiles", [&] { output_.Write(Tiles(totals)); }},
@@ -100,8 +101,9 @@ public:
             {"script", [this] { output_.Write(kCheckScript); }},
         };
         WritePagePart(kRepairPage, slots, output_);
-        output_.Finish();
+        output_.Complete();
     }
+    void Finish(const RepairTotals& /*totals*/, bool /*isDryRun*/) override { output_.Finish(); }
 
 private:
     static constexpr std::uint64_t kMostRows = 5000;

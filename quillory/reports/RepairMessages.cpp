@@ -27,6 +27,10 @@ void RepairMessages::TakeRecord(const Item& item, const std::vector<Repair>& rep
     if (file_) file_->TakeRecord(item, repairs);
 }
 
+void RepairMessages::Complete(const RepairTotals& totals) {
+    if (file_) file_->Complete(totals);
+}
+
 void RepairMessages::Finish(const RepairTotals& totals, bool isDryRun) {
     if (file_) file_->Finish(totals, isDryRun);
     if (!reporter_.Quiet()) SayTotals(totals, isDryRun);

@@ -25,6 +25,7 @@ public:
         : words_(lists), reporter_(reporter), file_(std::move(file)) {}
 
     void TakeRecord(const Item& item, const std::vector<Repair>& repairs) override;
+    void Complete(const RepairTotals& totals) override;
     void Finish(const RepairTotals& totals, bool isDryRun) override;
 
 private:

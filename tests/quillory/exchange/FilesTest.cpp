@@ -1,3 +1,4 @@
+#include <quillory/exchange/Input.h>
 #include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/Output.h>
 
