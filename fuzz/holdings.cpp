@@ -1,4 +1,5 @@
 #include <zorby/holdings/HoldingsSelector.h>
+#include <zorby/ini/KeysNValues.h>
 #include <zorby/platform/ProfileFilePort.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/text/General.h>
@@ -56,15 +57,31 @@ void AskEverything() {
     CHoldingsSelector::GetUDFields();
 }
 
+// A value takes the backslash with which the next key begins: three of them in a row are one that
+// ends the value, and then the separator.
+std::string BarCodeReadBack(std::string_view settings, const std::string& number) {
+    CKeysNValues keys;
+    keys.Set(settings, true);
+    keys.SetKey("NextBarCode", number);
+    CKeysNValues again;
+    again.Set(keys.Get(), true);
+    std::string value;
+    again.GetKey("NextBarCode", value);
+    Expect(value == number || value == number + "\\", "no more than a backslash is taken");
+    return value;
+}
+
 void CheckSettings(FuzzedDataProvider& data) {
     MemoryProfileFiles files;
     SetProfileFilePort(&files);
     ZorbyProfileChangeUserID(1);
     const std::string number = std::to_string(data.ConsumeIntegral<unsigned>());
-    WriteZorbyProfileString(ZP_NewHoldings, data.ConsumeRemainingBytesAsString());
+    const std::string text = data.ConsumeRemainingBytesAsString();
+    WriteZorbyProfileString(ZP_NewHoldings, text);
     AskEverything();
     CHoldingsSelector::SetNextBarCode(number);
-    Expect(CHoldingsSelector::GetNextBarCode() == number, "the next bar code is kept");
+    Expect(CHoldingsSelector::GetNextBarCode() == BarCodeReadBack(text, number),
+           "the next bar code is kept");
     CHoldingsSelector::SetNextAccNo(number);
     Expect(CHoldingsSelector::GetNextAccNo() == number, "the next accession number is kept");
     AskEverything();

@@ -14,9 +14,12 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -62,6 +65,20 @@ void LoadData(std::initializer_list<std::string> paths, Load load) {
     throw FileError(reason);
 }
 
+// The library takes a file that it can't read for one that is not there.
+void CheckProfileFile(const std::string& path) {
+    constexpr const char* kUnread = ": the settings can't be read: ";
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) {
+        if (errno == ENOENT) return;
+        throw FileError(path + kUnread + std::strerror(errno));
+    }
+    if (!S_ISREG(status.st_mode)) throw FileError(path + kUnread + "it is no file");
+    if (faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0) {
+        throw FileError(path + kUnread + std::strerror(errno));
+    }
+}
+
 void ReloadProfile() {
     zorby::CGeneral::m_iniUserProfile.Initialize(zorby::GetZorbyProfilePath());
 }
@@ -79,7 +96,10 @@ void CheckUserDefined(const std::string& list) {
 
 void LoadSettings() {
     if (!HasHomeFolder()) return;
-    zorby::SetZorbyProfilePath((HomeFolder().string() + "/").c_str());
+    const std::string folder = HomeFolder().string() + "/";
+    zorby::SetZorbyProfilePath(folder.c_str());
+    CheckProfileFile(folder + "Quillory Main.ini");
+    CheckProfileFile(zorby::GetZorbyProfilePath());
     ReloadProfile();
 }
 

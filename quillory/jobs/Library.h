@@ -12,7 +12,8 @@ namespace quillory {
 // build.
 
 // Puts the user's settings in force: the profile files in HomeFolder. Files that are not there are
-// empty, and so is all if the environment names no such folder.
+// empty, and so is all if the environment names no such folder. Throws FileError for a file that is
+// there and can't be read, since a policy in it would be passed over.
 void LoadSettings();
 
 // Writes a key of the profile. Throws FileError if it can't be written.

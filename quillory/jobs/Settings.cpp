@@ -2,6 +2,7 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/Settings.h>
+#include <quillory/jobs/SettingsLock.h>
 #include <quillory/text/QmText.h>
 #include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
@@ -51,7 +52,7 @@ public:
         outer_.Set(text, true);
         outer_.GetKey(kExtraSettings, nested);
         extra_.SetSeperator(kExtraSeparator);
-        extra_.Set(nested, true);
+        extra_.Set(nested, false);
     }
 
     std::string Get(const HoldingsKey& key) const {
@@ -63,10 +64,26 @@ public:
     void Set(const HoldingsKey& key, std::string_view value) {
         (key.isExtra ? extra_ : outer_).SetKey(key.name, value);
         if (key.isExtra) outer_.SetKey(kExtraSettings, extra_.Get());
+        CheckReadsBack(key, value);
         WriteSetting(zorby::ZP_NewHoldings, outer_.Get());
     }
 
 private:
+    // A key that a strange file has, and that begins with a backslash, leaves it to the value
+    // before it.
+    void CheckReadsBack(const HoldingsKey& key, std::string_view value) const {
+        const std::string wanted = key.isExtra ? extra_.Get() : std::string(value);
+        std::string written;
+        zorby::CKeysNValues again;
+        again.Set(outer_.Get(), true);
+        again.GetKey(key.isExtra ? kExtraSettings : key.name, written);
+        if (written == wanted) return;
+        throw FileError(zorby::GetZorbyProfilePath() +
+                        ": the holdings settings (ZP_NewHoldings) have a key that begins with a "
+                        "backslash after " +
+                        std::string(key.name) + ", which can't be changed before that key is gone");
+    }
+
     zorby::CKeysNValues outer_;
     zorby::CKeysNValues extra_;
 };
@@ -149,6 +166,7 @@ std::string ReadSetting(const std::string& name) {
 }
 
 void ChangeSetting(const std::string& name, const std::string& value) {
+    const SettingsLock lock;
     Set(KeyNamed(name), value);
 }
 
@@ -168,7 +186,10 @@ std::string ReadHoldingsSetting(const std::string& name) {
 void ChangeHoldingsSetting(const std::string& name, const std::string& value) {
     const HoldingsKey key = HoldingsKeyNamed(name);
     CheckHoldingsValue(key, value);
-    HoldingsSettings().Set(key, InQmCode(value));
+    const std::string qm = InQmCode(value);
+    const SettingsLock lock;
+    LoadSettings();
+    HoldingsSettings().Set(key, qm);
 }
 
 }  // namespace quillory

@@ -13,7 +13,8 @@ namespace zorby {
 //
 // A line "[name]" starts a section, and the same name later continues that section. Any other line
 // is a key, "=" and a value. The key ends at the first "=", and nothing is trimmed. A line without
-// a key is ignored, and so is a key before the first section. Lines end in LF or CR LF. Names are
+// a key is ignored, and so are a key before the first section and a byte order mark of UTF-8 before
+// the first line. Lines end in LF or CR LF. Names are
 // compared byte for byte. If a key occurs several times, its last value counts.
 class ZORBY_EXPORT ProfileFilePort {
 public:
@@ -47,8 +48,8 @@ public:
 
 // Returns the port in force. The plain one keeps files on disk. A write replaces the file in one
 // step, follows a symbolic link to the real file and keeps the mode of the file. Writers of one
-// folder, in this process or another, wait for each other. After a result of 0, `errno` has the
-// reason.
+// folder, in this process or another, wait for each other, for ten seconds at most. After a result
+// of 0, `errno` has the reason.
 ZORBY_EXPORT ProfileFilePort& CurrentProfileFilePort();
 
 // Puts a port in force that the caller owns and keeps alive. Null restores the plain one.

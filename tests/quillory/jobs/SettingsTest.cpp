@@ -3,7 +3,9 @@
 #include <quillory/jobs/RecordPolicy.h>
 #include <quillory/jobs/Settings.h>
 
+#include <sys/stat.h>
 #include <tests/quillory/jobs/JobsFixture.h>
+#include <unistd.h>
 
 namespace quillory {
 namespace {
@@ -66,10 +68,51 @@ TEST_F(SettingsJobs, WhatIsRefusedSaysWhy) {
 
 TEST_F(SettingsJobs, AFileThatCanNotBeWrittenIsNamed) {
     folder_.Write("home", "a file, and no folder");
-    LoadSettings();
     const std::string error = ErrorOf([] { ChangeSetting("DisplayNameOrMARC", "2"); });
     EXPECT_TRUE(error.starts_with(folder_.Path("home/"))) << error;
     EXPECT_NE(error.find(": can't be written: "), error.npos) << error;
+}
+
+TEST_F(SettingsJobs, AFileThatCanNotBeReadIsNotTakenForNone) {
+    namespace fs = std::filesystem;
+    ChangeSetting("RC_NoSubjects", "2");
+    const std::string path = folder_.Path("home/Quillory 0.INI");
+    const std::string kept = path + ".kept";
+    fs::rename(path, kept);
+    const auto isNamed = [&](const char* case_) {
+        const std::string error = ErrorOf([] { LoadSettings(); });
+        EXPECT_TRUE(error.starts_with(path + ": the settings can't be read: ")) << case_ << error;
+        fs::remove(path);
+    };
+    fs::create_directory(path);
+    isNamed("a folder");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    isNamed("a named pipe");
+    fs::create_symlink(path, path);
+    isNamed("a link to itself");
+    if (geteuid() != 0) {
+        fs::copy(kept, path);
+        fs::permissions(path, fs::perms::none);
+        isNamed("a file of somebody else");
+    }
+    fs::rename(kept, path);
+    LoadSettings();
+    EXPECT_EQ(ReadSetting("RC_NoSubjects"), "2");
+}
+
+TEST_F(SettingsJobs, AByteOrderMarkIsPassedOverAndStays) {
+    folder_.Write("home/Quillory 0.INI", "\xEF\xBB\xBF[Zorby]\r\nZP_RC_NoSubjects=2\r\n");
+    LoadSettings();
+    EXPECT_EQ(ReadSetting("RC_NoSubjects"), "2");
+    ChangeSetting("RC_NoSubjects", "1");
+    EXPECT_EQ(folder_.Read("home/Quillory 0.INI"), "\xEF\xBB\xBF[Zorby]\r\nZP_RC_NoSubjects=1\r\n");
+}
+
+TEST_F(SettingsJobs, AChangeThatWouldNotReadBackIsRefused) {
+    folder_.Write("home/Quillory 0.INI", "[Zorby]\nZP_NewHoldings=NextBarCode=1\\\\\\key=2\\\\\n");
+    LoadSettings();
+    const std::string error = ErrorOf([] { ChangeHoldingsSetting("NextBarCode", "5"); });
+    EXPECT_NE(error.find("begins with a backslash"), error.npos) << error;
 }
 
 TEST_F(SettingsJobs, WithoutAHomeFolderThereAreNoSettings) {

@@ -136,6 +136,13 @@ TEST_F(HoldingsSelector, DynixIndicatorsHaveANormalForm) {
     }
 }
 
+TEST_F(HoldingsSelector, AValueTakesTheBackslashOfTheNextKey) {
+    WriteZorbyProfileString(ZP_NewHoldings, "NextBarCode=1\\\\\\\\Key=2\\\\");
+    EXPECT_EQ(Selector::GetNextBarCode(), "1\\");
+    Selector::SetNextBarCode("5");
+    EXPECT_EQ(Selector::GetNextBarCode(), "5\\");
+}
+
 TEST_F(HoldingsSelector, SettersWriteTheSettingsThrough) {
     SetEasy("Unison", "FollettUnisonLocOfMasterCallNumber=092a|");
     Selector::SetNextBarCode("T 0100\\");

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
@@ -10,6 +11,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -114,9 +116,15 @@ std::optional<std::filesystem::path> RealFile(std::filesystem::path path) {
     return path;
 }
 
+// A program that was stopped in the middle keeps its lock: nobody waits for it forever.
 bool Lock(int folder) {
-    while (::flock(folder, LOCK_EX) != 0) {
-        if (errno != EINTR) return false;
+    constexpr std::chrono::seconds kPatience{10};
+    constexpr std::chrono::milliseconds kPause{2};
+    const auto end = std::chrono::steady_clock::now() + kPatience;
+    while (::flock(folder, LOCK_EX | LOCK_NB) != 0) {
+        const bool mayWait = errno == EWOULDBLOCK || errno == EINTR;
+        if (!mayWait || std::chrono::steady_clock::now() > end) return false;
+        std::this_thread::sleep_for(kPause);
     }
     return true;
 }

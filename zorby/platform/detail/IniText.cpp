@@ -102,6 +102,8 @@ private:
 }  // namespace
 
 std::vector<IniLine> IniLines(std::string_view text) {
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
     std::vector<IniLine> lines;
     while (!text.empty()) lines.push_back(TakeLine(text));
     return lines;
