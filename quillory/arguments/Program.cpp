@@ -1,10 +1,12 @@
 #include <quillory/arguments/Program.h>
 #include <quillory/arguments/StandardStreams.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/text/Visible.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <unistd.h>
 
 namespace quillory {
 namespace {
@@ -18,7 +20,8 @@ int Print(std::string_view text) {
 }
 
 void Say(const std::string& program, const std::string& text) {
-    std::fprintf(stderr, "%s: %s\n", program.c_str(), text.c_str());
+    const std::string shown = isatty(STDERR_FILENO) != 0 ? VisibleLines(text) : text;
+    std::fprintf(stderr, "%s: %s\n", program.c_str(), shown.c_str());
 }
 
 int Answer(const std::string& name, const Call& call) {

@@ -1,4 +1,5 @@
 #include <quillory/cli/TerminalPort.h>
+#include <quillory/text/Visible.h>
 
 #include <algorithm>
 #include <cinttypes>
@@ -24,6 +25,7 @@ TerminalPort::TerminalPort() : isTerminal_(isatty(STDERR_FILENO) != 0) {}
 void TerminalPort::Say(const Message& message) {
     std::string line = MessageLine(message);
     if (line.ends_with('\n')) line.pop_back();
+    if (isTerminal_) line = VisibleLines(line);
     if (isDrawn_) std::fputs(kClearLine, stderr);
     isDrawn_ = false;
     std::fprintf(stderr, "quillory: %s\n", line.c_str());

@@ -2,35 +2,9 @@
 #include <quillory/text/Utf8.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <sstream>
 
 namespace quillory {
-namespace {
-
-bool IsSeen(const Utf8Char& c) {
-    return c.valid && c.codePoint >= 0x20 && !(c.codePoint >= 0x7F && c.codePoint <= 0x9F);
-}
-
-}  // namespace
-
-std::string Visible(std::string_view text) {
-    std::string visible;
-    while (!text.empty()) {
-        const Utf8Char c = DecodeUtf8(text);
-        if (IsSeen(c)) {
-            visible += text.substr(0, c.size);
-        } else {
-            for (const char byte : text.substr(0, c.size)) {
-                char hex[8];
-                std::snprintf(hex, sizeof hex, "<%02X>", static_cast<unsigned char>(byte));
-                visible += hex;
-            }
-        }
-        text.remove_prefix(c.size);
-    }
-    return visible;
-}
 
 std::size_t Columns(std::string_view text) {
     std::size_t columns = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillory/text/Visible.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <functional>
@@ -15,9 +17,6 @@ constexpr const char* kGreen = "\033[32m";
 constexpr const char* kYellow = "\033[33m";
 constexpr const char* kCyan = "\033[36m";
 constexpr const char* kPlain = "\033[0m";
-
-// The text with bytes that are no UTF-8, and control characters, as "<1B>".
-std::string Visible(std::string_view text);
 
 // Columns that a text takes on a terminal.
 std::size_t Columns(std::string_view text);

@@ -16,7 +16,7 @@ std::string ToText(const SettingRows& rows) {
     for (const SettingRow& row : rows) {
         text += row.id ? RightAligned(std::to_string(*row.id), 3) + " " + Padded(NameOf(row), 42)
                        : Padded(NameOf(row), 45);
-        text += " " + row.value + "\n";
+        text += " " + Visible(row.value) + "\n";
     }
     return text;
 }

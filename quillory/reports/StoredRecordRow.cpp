@@ -9,8 +9,8 @@ std::string ToText(const StoredRecord& record) {
     constexpr std::size_t kTypeWidth = 2;
     const RecordSummary& summary = record.summary;
     return Padded(std::to_string(record.id), kIdWidth) + " " +
-           Padded(summary.controlNumber, kNumberWidth) + " " + Padded(summary.type, kTypeWidth) +
-           " " + summary.title + "\n";
+           Padded(Visible(summary.controlNumber), kNumberWidth) + " " +
+           Padded(Visible(summary.type), kTypeWidth) + " " + Visible(summary.title) + "\n";
 }
 
 void ToJson(const StoredRecord& record, JsonWriter& json) {

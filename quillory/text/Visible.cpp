@@ -1,0 +1,60 @@
+#include <quillory/text/Utf8.h>
+#include <quillory/text/Visible.h>
+
+#include <cstdio>
+
+namespace quillory {
+namespace {
+
+bool IsControl(char32_t c) {
+    return c < 0x20 || (c >= 0x7F && c <= 0x9F);
+}
+
+// Those by which text runs the other way, and the separators of lines and paragraphs.
+bool TurnsOrBreaks(char32_t c) {
+    return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x2028 && c <= 0x202E) ||
+           (c >= 0x2066 && c <= 0x2069);
+}
+
+template <class... Value>
+std::string Formatted(const char* format, Value... value) {
+    char text[16];
+    std::snprintf(text, sizeof text, format, value...);
+    return text;
+}
+
+std::string Shown(std::string_view letter, const Utf8Char& c) {
+    if (!c.valid) return Formatted("<%02X>", static_cast<unsigned char>(letter.front()));
+    if (IsControl(c.codePoint)) return Formatted("<%02X>", static_cast<unsigned>(c.codePoint));
+    if (TurnsOrBreaks(c.codePoint)) {
+        return Formatted("<U+%04X>", static_cast<unsigned>(c.codePoint));
+    }
+    return std::string(letter);
+}
+
+std::string VisibleBut(std::string_view text, std::string_view kept) {
+    std::string visible;
+    while (!text.empty()) {
+        const Utf8Char c = DecodeUtf8(text);
+        const std::string_view letter = text.substr(0, c.size);
+        if (kept.find(letter) != kept.npos) {
+            visible += letter;
+        } else {
+            visible += Shown(letter, c);
+        }
+        text.remove_prefix(c.size);
+    }
+    return visible;
+}
+
+}  // namespace
+
+std::string Visible(std::string_view text) {
+    return VisibleBut(text, "");
+}
+
+std::string VisibleLines(std::string_view text) {
+    return VisibleBut(text, "\n\t");
+}
+
+}  // namespace quillory
