@@ -43,8 +43,7 @@ void DeclareWriting(Arguments& command, OutputOptions& options) {
         "--oversize", options.writing.oversize,
         {{"refuse", kOversizeRefuse}, {"cut", kOversizeCut}, {"historic", kOversizeHistoric}},
         "A field of over 9,999 bytes, or a record of over 99,999: refuse the record, cut it to "
-        "what "
-        "fits, or write it as was done of old, with 9,999 for any longer field; refuse if not "
+        "what fits, or write it as was done of old, with 9,999 for any longer field; refuse if not "
         "given");
     command.Flag("--mnemonics", options.writing.mnemonics,
                  "In mrk, write characters beyond ASCII as names, such as {acute}e");

@@ -3,7 +3,10 @@
 #include <quillory/jobs/ReadFiles.h>
 #include <quillory/jobs/RecordFilter.h>
 
-#include <memory>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace quillory {
 namespace {
@@ -21,43 +24,48 @@ void Tell(const Item& item, Reporter& reporter) {
     if (item.kind == kItemFrame && item.fault && reporter.SaysAll()) reporter.SayFault(item);
 }
 
+// What is missing is said before the work begins. Nothing is opened: files may be many, and a named
+// pipe can be opened only once.
+void CheckCanBeOpened(const std::string& file) {
+    if (file == "-" || faccessat(AT_FDCWD, file.c_str(), R_OK, AT_EACCESS) == 0) return;
+    throw FileError(file + ": " + std::strerror(errno));
+}
+
 }  // namespace
 
 Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take,
                     const FileBeginner& beginFile) {
     const std::vector<std::string> standardInput{"-"};
     const auto& files = options.files.empty() ? standardInput : options.files;
-    std::vector<std::unique_ptr<Input>> inputs;
-    inputs.reserve(files.size());
-    for (const std::string& file : files) inputs.push_back(std::make_unique<Input>(file));
+    for (const std::string& file : files) CheckCanBeOpened(file);
 
     Status status = kStatusWell;
     Progress progress(reporter);
     bool goOn = true;
-    for (auto& input : inputs) {
-        reporter.BeginFile(input->Name());
-        input->GiveWhatUnpacks();
-        if (input->Peek(1).empty()) {
-            reporter.Say(input->Name() + ": " + FaultReason({FaultCode::kEmptyFile}));
+    for (const std::string& file : files) {
+        Input input(file);
+        reporter.BeginFile(input.Name());
+        input.GiveWhatUnpacks();
+        if (input.Peek(1).empty()) {
+            reporter.Say(input.Name() + ": " + FaultReason({FaultCode::kEmptyFile}));
             status = kStatusFindings;
             continue;
         }
-        const Form& form = FormOf(options, *input);
+        const Form& form = FormOf(options, input);
         if (beginFile) beginFile(form);
-        const auto reader = form.makeReader(*input, options.lenient);
+        const auto reader = form.makeReader(input, options.lenient);
         Item item;
         while (goOn && reader->Next(item)) {
             Tell(item, reporter);
             goOn = take(item);
-            progress.Step(input->BytesRead(), input->FileSize());
+            progress.Step(input.BytesRead(), input.FileSize());
         }
-        if (input->WhatIsDamaged()) {
-            reporter.Say(input->Name() + ": " + FaultReason(*input->WhatIsDamaged()) +
+        if (input.WhatIsDamaged()) {
+            reporter.Say(input.Name() + ": " + FaultReason(*input.WhatIsDamaged()) +
                          "; what could be unpacked has been read");
             status = kStatusFindings;
         }
         reporter.EndFile();
-        input.reset();
     }
     return status;
 }
