@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <utility>
 
 namespace quillory {
@@ -96,9 +97,8 @@ void Draft::TakeSubfields(const Entry& entry) {
 
 void Draft::CheckRepeats(const Field& field, const Entry& entry) {
     std::string codes;
-    for (const SubfieldText& subfield : field.given) codes += subfield.code;
     for (const SubfieldText& subfield : entry.subfields) {
-        const bool isRepeat = codes.find(subfield.code) != codes.npos;
+        const bool isRepeat = field.Has(subfield.code) || codes.find(subfield.code) != codes.npos;
         if (isRepeat && CTemplate::SubfieldRepeatable(entry.Tag(), subfield.code) == 0) {
             throw EntryError({FaultCode::kOnlyOneSubfield, entry.place, {subfield.code}});
         }
@@ -139,15 +139,16 @@ std::size_t Draft::NextField(const Entry& entry) {
 }
 
 // A field that has the subfield without a text is the first choice. Only the first entry of a tag
-// may replace a text of the workform.
+// may replace a text of the workform. Those of the workform come first; any other field was made
+// for what it holds.
 std::size_t Draft::UntouchedField(unsigned tag, char code) const {
-    const std::vector<std::size_t> indexes = FieldsOf(tag);
+    const auto ofWorkform = std::span(fields_).first(pattern_.Fields().size());
     const auto find = [&](auto matches) {
-        const auto found = std::ranges::find_if(indexes, [&](std::size_t index) {
-            const Field& field = fields_[index];
-            return !field.isTouched && field.pattern != nullptr && matches(*field.pattern);
+        const auto found = std::ranges::find_if(ofWorkform, [&](const Field& field) {
+            return field.tag == tag && !field.isTouched && matches(*field.pattern);
         });
-        return found == indexes.end() ? kNone : *found;
+        return found == ofWorkform.end() ? kNone
+                                         : static_cast<std::size_t>(found - ofWorkform.begin());
     };
     const std::size_t waiting = find([code](const PatternField& pattern) {
         const std::string* text = pattern.Find(code);

@@ -23,6 +23,7 @@ void EditedRecord::Begin(const Record& record) {
     given_ = &record;
     charset_ = options_.charset;
     leader_ = record.leader;
+    ForgetOccurrences(0);
     fields_.clear();
     texts_.clear();
     changes_.clear();
@@ -37,10 +38,18 @@ bool EditedRecord::IsControl(std::size_t index) const {
     return zorby::CommFormatField{TagOf(index), {}}.IsControlField();
 }
 
-Place EditedRecord::PlaceOf(std::size_t index) const {
-    std::uint32_t occurrence = 1;
-    for (std::size_t i = 0; i < index; ++i) occurrence += fields_[i].tag == fields_[index].tag;
-    return Place::OfField(TagOf(index), occurrence);
+// A record may have fields by the ten thousand: none is counted twice without need.
+Place EditedRecord::PlaceOf(std::size_t index) {
+    while (occurrences_.size() <= index) {
+        occurrences_.push_back(++tagCounts_[fields_[occurrences_.size()].tag]);
+    }
+    return Place::OfField(TagOf(index), occurrences_[index]);
+}
+
+void EditedRecord::ForgetOccurrences(std::size_t from) {
+    for (; occurrences_.size() > from; occurrences_.pop_back()) {
+        --tagCounts_[fields_[occurrences_.size() - 1].tag];
+    }
 }
 
 Charset EditedRecord::CharsetInHand() {
@@ -99,6 +108,7 @@ void EditedRecord::SetTag(std::size_t index, std::string_view tag) {
     if (TagOf(index) == tag) return;
     const std::string before = WrittenField(PlaceOf(index), ContentOf(index));
     Note(PlaceOf(index), before, std::nullopt);
+    ForgetOccurrences(index);
     std::ranges::copy(tag, fields_[index].tag.begin());
     fields_[index].isRenamed = true;
     Note(PlaceOf(index), std::nullopt, before);
@@ -120,12 +130,14 @@ void EditedRecord::SetContent(std::size_t index, std::string content) {
 void EditedRecord::Insert(std::size_t index, std::string_view tag, std::string content) {
     Field field{{}, {}, {}, Hold(std::move(content)), true, true};
     std::ranges::copy(tag, field.tag.begin());
+    ForgetOccurrences(index);
     fields_.insert(fields_.begin() + static_cast<std::ptrdiff_t>(index), field);
     Note(PlaceOf(index), std::nullopt, WrittenField(PlaceOf(index), field.content));
 }
 
 void EditedRecord::Remove(std::size_t index) {
     Note(PlaceOf(index), WrittenField(PlaceOf(index), ContentOf(index)), std::nullopt);
+    ForgetOccurrences(index);
     fields_.erase(fields_.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
@@ -137,6 +149,7 @@ std::string EditedRecord::TagsInOrder() const {
 
 void EditedRecord::Reorder(const std::vector<std::size_t>& order) {
     if (std::ranges::is_sorted(order)) return;
+    ForgetOccurrences(0);
     const std::string before = TagsInOrder();
     std::vector<Field> fields;
     fields.reserve(order.size());

@@ -5,8 +5,10 @@
 #include <quillory/text/TextConverter.h>
 
 #include <array>
+#include <cstdint>
 #include <deque>
 #include <exception>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -48,7 +50,7 @@ public:
     std::string_view TagOf(std::size_t index) const { return TagOf(fields_[index]); }
     std::string_view ContentOf(std::size_t index);
     bool IsControl(std::size_t index) const;
-    Place PlaceOf(std::size_t index) const;
+    Place PlaceOf(std::size_t index);
     // Whether the field is new, or has another tag or content than it came with.
     bool IsTouched(std::size_t index) const {
         return fields_[index].isChanged || fields_[index].isRenamed;
@@ -90,6 +92,10 @@ private:
         bool isRenamed = false;
     };
 
+    // Forgets the occurrences of fields from this one on, before one of them changes its tag or its
+    // index.
+    void ForgetOccurrences(std::size_t from);
+
     static std::string_view TagOf(const Field& field) { return {field.tag.data(), kTagSize}; }
     Charset CharsetInHand();
     TextConverter& Converter(Charset from, Charset to);
@@ -108,6 +114,8 @@ private:
     std::string_view operation_;
     std::string_view leader_;
     std::vector<Field> fields_;
+    std::vector<std::uint32_t> occurrences_;  // of the first fields, as far as they are known
+    std::map<std::array<char, kTagSize>, std::uint32_t> tagCounts_;  // of these fields
     std::deque<std::string> texts_;
     std::vector<Change> changes_;
     Record view_;

@@ -38,7 +38,7 @@ Fault TooLong(const Record& record, std::size_t size) {
 
 }  // namespace
 
-std::optional<Fault> FaultOfEdit(const EditedRecord& edited, const Record& record, bool isIso2709) {
+std::optional<Fault> FaultOfEdit(EditedRecord& edited, const Record& record, bool isIso2709) {
     if (record.fields.empty()) return Fault{FaultCode::kNothingToWrite};
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
         if (!edited.IsTouched(i)) continue;

@@ -69,6 +69,6 @@ std::vector<std::string> LinesInUtf8(const Record& record, EditedRecord::Options
 
 // Why the record that an edited one has become could not be read again; nothing if it can. Only
 // what edits have touched is looked at.
-std::optional<Fault> FaultOfEdit(const EditedRecord& edited, const Record& record, bool isIso2709);
+std::optional<Fault> FaultOfEdit(EditedRecord& edited, const Record& record, bool isIso2709);
 
 }  // namespace quillory

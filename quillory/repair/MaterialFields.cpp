@@ -2,6 +2,7 @@
 #include <quillory/repair/MaterialFields.h>
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 
 namespace quillory {
@@ -26,6 +27,7 @@ void MaterialFields::Sort(CodedFields& fields) {
     for (CodedField& field : fields.Fields()) {
         if (IsFormOf006(field.form)) additional_.push_back({&field, nullptr});
     }
+    with006_ = additional_.size();
     const std::string_view bytes008 =
         field008_ == nullptr ? "" : std::string_view(field008_->bytes);
     const MaterialCodes main = MaterialCodes::OfRecord(leader_->bytes, bytes008);
@@ -45,9 +47,10 @@ void MaterialFields::Sort007(CodedField& field007, const MaterialCodes& main) {
 }
 
 void MaterialFields::SortAdditional007(CodedField& field007) {
-    const auto partner = std::ranges::find_if(
-        additional_, [&](const auto& one) { return Lacks(one, field007.form); });
-    if (partner == additional_.end()) {
+    const auto with006 = std::span(additional_).first(with006_);
+    const auto partner =
+        std::ranges::find_if(with006, [&](const auto& one) { return Lacks(one, field007.form); });
+    if (partner == with006.end()) {
         additional_.push_back({nullptr, &field007});
     } else {
         partner->field007 = &field007;

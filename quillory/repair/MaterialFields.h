@@ -39,6 +39,7 @@ private:
     CodedField* field007_ = nullptr;
     std::vector<CodedField*> microforms_;
     std::vector<AdditionalFields> additional_;
+    std::size_t with006_ = 0;  // the first of these; the others are a 007 alone
 };
 
 }  // namespace quillory

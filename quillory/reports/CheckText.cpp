@@ -16,9 +16,11 @@ public:
         : output_(std::move(output)), showsEach_(showsEach), reporter_(reporter) {}
 
     void TakeRecord(const CheckedRecord& record) override {
+        if (record.remarks.empty()) return;
+        const std::string place = reporter_.PlaceOf(record.item) + ": ";
         for (const Remark& remark : record.remarks) {
             if (!IsShown(remark)) continue;
-            text_ = reporter_.PlaceOf(record.item) + ": " + RemarkLine(remark) + '\n';
+            text_ = place + RemarkLine(remark) + '\n';
             output_->Write(text_);
         }
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace quillory {
 namespace {
@@ -93,17 +94,20 @@ bool Marc8Unicode::EncodeWhole(std::string_view letter, Encoded& encoded) {
     return false;
 }
 
-// As many of the code points as MARC-8 has, from the first on; the others are to be written out.
+// As many of the code points as MARC-8 has, from the first on; the others are to be written out. No
+// letter of a language has many marks, so of a heap of them only the first few are tried.
 bool Marc8Unicode::EncodeFirst(std::string_view letter, Encoded& encoded) {
-    for (std::vector<char32_t> first = CodePoints(letter), rest; !first.empty();) {
+    constexpr std::size_t kMostTried = 32;
+    const std::vector<char32_t> codePoints = CodePoints(letter);
+    for (std::size_t count = std::min(codePoints.size(), kMostTried); count > 0; --count) {
         std::string part;
-        for (const char32_t codePoint : first) quillory::AppendUtf8(codePoint, part);
-        if (EncodeWhole(part, encoded)) {
-            encoded.writtenOut.assign(rest.rbegin(), rest.rend());
-            return true;
+        for (const char32_t c : std::span(codePoints).first(count)) {
+            quillory::AppendUtf8(c, part);
         }
-        rest.push_back(first.back());
-        first.pop_back();
+        if (!EncodeWhole(part, encoded)) continue;
+        const auto rest = std::span(codePoints).subspan(count);
+        encoded.writtenOut.assign(rest.begin(), rest.end());
+        return true;
     }
     return false;
 }
