@@ -1,4 +1,6 @@
 #include <quillory/cataloging/Description.h>
+#include <quillory/exchange/Nesting.h>
+#include <quillory/exchange/TextPlace.h>
 #include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
@@ -89,6 +91,18 @@ void SetError(const toml::parse_error& error, std::uint64_t lines, Description& 
              {FaultCode::kNotToml, {}, std::string(error.description())}, description);
 }
 
+// A text that the parser would go too deep into, and fail without a word. Result: false if it is
+// not.
+bool SetErrorIfTooDeep(std::string_view toml, std::uint64_t lines, Description& description) {
+    const auto at = TooDeepInToml(toml);
+    if (!at) return false;
+    const LineColumn place = TextPlace().After(toml.substr(0, *at));
+    SetError({static_cast<toml::source_index>(place.line),
+              static_cast<toml::source_index>(place.column)},
+             lines, {FaultCode::kTooDeep, {}, {}, std::to_string(kDeepestNesting)}, description);
+    return true;
+}
+
 void ReadTable(const toml::table& table, std::uint64_t lines, Description& description) {
     for (const Value& value : InOrder(table)) {
         const std::size_t known = description.entries.size();
@@ -135,6 +149,10 @@ toml::table Parse(std::string_view toml, std::uint64_t lines, Description& descr
     std::size_t size = 0;
     for (int joined = 0; joined < kJoinedAtMost && size < toml.size(); ++joined) {
         size = std::min(FindRecord(toml, size + 1), toml.size());
+        if (SetErrorIfTooDeep(toml.substr(0, size), lines, description)) {
+            description.size = size;
+            return {};
+        }
         try {
             toml::table table = toml::parse(toml.substr(0, size));
             description.size = size;
@@ -167,6 +185,7 @@ void DescriptionReader::Skip(std::size_t size) {
 void DescriptionReader::ReadHead() {
     const std::size_t size = FindRecord(rest_, 0);
     const std::uint64_t lines = line_ - 1;
+    if (SetErrorIfTooDeep(rest_.substr(0, size), lines, head_)) return;
     try {
         ReadTable(toml::parse(rest_.substr(0, size)), lines, head_);
     } catch (const toml::parse_error& error) {

@@ -11,6 +11,7 @@ namespace {
 struct CatalogCommand {
     NewRecordChoice record;
     std::vector<std::string> files;
+    std::string memory = "64M";
     OutputOptions output;
     ReporterOptions messages;
 };
@@ -18,8 +19,9 @@ struct CatalogCommand {
 Status RunCatalog(const CatalogCommand& command) {
     TerminalPort terminal;
     Reporter reporter(terminal, command.messages);
-    return CatalogFiles({NewRecordOptionsOf(command.record), command.files, command.output},
-                        reporter);
+    return CatalogFiles(
+        {NewRecordOptionsOf(command.record), command.files, command.output, command.memory},
+        reporter);
 }
 
 }  // namespace
@@ -32,6 +34,8 @@ void DeclareCatalog(Arguments& command) {
     DeclareNewRecord(command, options.record,
                      "The workform of records that name none, by its name or ID");
     DeclareOutput(command, options.output);
+    command.Option("--memory", options.memory, "The most that is held of a file; 64M if not given")
+        .Shown("SIZE");
     DeclareMessages(command, options.messages);
 }
 

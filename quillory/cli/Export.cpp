@@ -25,6 +25,11 @@ void DeclareHoldings(Arguments& command, HoldingsOptions& options) {
     command.Option("--holdings-from", options.from,
                    "The holdings system whose fields the records hold; the one to write for if "
                    "not given");
+    command
+        .Option("--memory", options.memory,
+                "The most that is held of a file of copies; 64M if "
+                "not given")
+        .Shown("SIZE");
 }
 
 Status RunExport(const ExportCommand& command) {

@@ -1,4 +1,6 @@
 #include <quillory/edits/TaskFile.h>
+#include <quillory/exchange/Nesting.h>
+#include <quillory/exchange/TextPlace.h>
 #include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
@@ -125,6 +127,11 @@ EditTask ReadRoot(const toml::table& root, const TaskTools& tools) {
 }  // namespace
 
 EditTask ReadTask(std::string_view toml, const std::string& name, const TaskTools& tools) {
+    if (const auto at = TooDeepInToml(toml)) {
+        const std::string place = LineColumnText(TextPlace().After(toml.substr(0, *at)));
+        throw FileError(name + ", " + place,
+                        {FaultCode::kTooDeep, {}, {}, std::to_string(kDeepestNesting)});
+    }
     try {
         return ReadRoot(toml::parse(toml), tools);
     } catch (const toml::parse_error& error) {

@@ -90,7 +90,9 @@ Input::Input(const std::string& path) : name_(path == "-" ? "standard input" : p
     if (fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode)) {
         fileSize_ = static_cast<std::uint64_t>(status.st_size);
     }
-    buffer_.resize(kBufferSize);
+    // A small file needs no more than its own size, and a byte to see its end.
+    const bool isSmall = fileSize_ > 0 && fileSize_ < kBufferSize;
+    buffer_.resize(isSmall ? static_cast<std::size_t>(fileSize_) + 1 : kBufferSize);
 }
 
 Input::~Input() {
@@ -155,11 +157,14 @@ void Input::Skip(std::size_t size) {
     offset_ += taken;
 }
 
-std::string ReadWhole(Input& input) {
+std::string ReadWhole(Input& input, std::uint64_t most, const std::string& advice) {
     std::string bytes;
     for (;;) {
         const std::string_view window = input.Peek(1);
         if (window.empty()) return bytes;
+        if (window.size() > most - bytes.size()) {
+            throw FileError(input.Name(), {FaultCode::kTooLarge, {}, std::to_string(most), advice});
+        }
         bytes += window;
         input.Skip(window.size());
     }

@@ -66,7 +66,12 @@ private:
     std::unique_ptr<Unpacker> unpacker_;
 };
 
-// All bytes from the place reached to the end. Throws FileError.
-std::string ReadWhole(Input& input);
+// What is held in memory of a file that is read as a whole.
+inline constexpr std::uint64_t kMostHeld = std::uint64_t{64} << 20;
+
+// All bytes from the place reached to the end. Throws FileError, also for more than `most` bytes;
+// `advice` is what a person can do then.
+std::string ReadWhole(Input& input, std::uint64_t most = kMostHeld,
+                      const std::string& advice = "a smaller file is needed");
 
 }  // namespace quillory

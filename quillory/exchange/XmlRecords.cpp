@@ -13,6 +13,8 @@
 namespace quillory {
 namespace {
 
+constexpr std::size_t kDeepest = 256;  // elements in one another
+
 std::string_view View(const xmlChar* text) {
     return text == nullptr ? std::string_view{} : reinterpret_cast<const char*>(text);
 }
@@ -124,6 +126,7 @@ public:
         xmlParseChunk(context_, bytes.data(), static_cast<int>(bytes.size()), atEnd ? 1 : 0);
     }
     void Stop() { xmlStopParser(context_); }
+    bool IsInTag() const { return context_->instate == XML_PARSER_START_TAG; }
     bool IsWellFormed() const { return context_->wellFormed != 0; }
     // Bytes of the document that have been read; less than 0 if that is not known.
     long Position() const { return xmlByteConsumed(context_); }
@@ -149,6 +152,17 @@ void XmlRecords::Feed(std::string_view window, std::uint64_t offset, std::size_t
     const std::string_view bytes = window.substr(window.size() - fresh);
     parser_->Take(bytes, atEnd_);
     if (!parser_->IsWellFormed()) FailMalformed("it is not well-formed");
+    if (!Failed() && IsWithinLongTag()) {
+        Fail({FaultCode::kXmlTagTooLong}, Position());
+        StopParser();
+    }
+}
+
+// Of a tag the parser takes nothing before it is whole, and then time that grows with the square of
+// its attributes.
+bool XmlRecords::IsWithinLongTag() const {
+    constexpr std::uint64_t kLongestTag = std::uint64_t{32} << 10;
+    return parser_->IsInTag() && fed_ - Position() > kLongestTag;
 }
 
 void XmlRecords::Take(XmlRecord& record) {
@@ -188,7 +202,11 @@ void XmlRecords::BeginRecord() {
 
 void XmlRecords::Begin(Element element, const xmlChar** attributes, int count) {
     rootSeen_ = true;
-    ++openElements_;
+    if (++openElements_ > kDeepest) {
+        Fail({FaultCode::kXmlTooDeep, {}, {}, std::to_string(kDeepest)}, TagStart());
+        StopParser();
+        return;
+    }
     // A record of another kind may hold one of MARC.
     const bool isWrapper = depth_ != 0 && current_.builder.Empty();
     if (element == kRecord && (depth_ == 0 || isWrapper)) {

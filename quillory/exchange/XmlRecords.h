@@ -63,6 +63,7 @@ private:
     enum Element : std::int32_t { kRecord, kLeader, kControlField, kDataField, kSubfield, kOther };
 
     void StopParser();
+    bool IsWithinLongTag() const;
     void FailMalformed(std::string words);
     void Begin(Element element, const unsigned char** attributes, int count);
     void BeginPart(Element element, const unsigned char** attributes, int count);

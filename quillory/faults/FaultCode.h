@@ -73,10 +73,14 @@ enum class FaultCode : std::uint16_t {
     kDocumentType,
     kXmlPartTooLong,
     kXmlRecordTooLong,
+    kXmlTagTooLong,
+    kXmlTooDeep,
     kMisplacedElement,
     kMisplacedText,
     kNoMarcInXml,
     kMalformedJson,
+    kTooDeep,   // allowed: how deep it may be
+    kTooLarge,  // found: the most bytes; allowed: what to do
     kMisplacedValue,
     kArrayNotClosed,
     kForeignParts,

@@ -17,9 +17,9 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kControlNumber = "001";
 constexpr std::string_view kRecordNumber = "record";
 
-std::string ReadFile(const std::string& path) {
+std::string ReadFile(const std::string& path, std::uint64_t most) {
     Input input(path);
-    return ReadWhole(input);
+    return ReadWhole(input, most, "--memory allows more");
 }
 
 bool IsKey(std::string_view name) {
@@ -41,8 +41,9 @@ bool HasControls(std::string_view text) {
 
 }  // namespace
 
-HoldingsFile::HoldingsFile(const std::string& path, const HoldingsSystem& system)
-    : name_(path), system_(system), text_(ReadFile(path)), rest_(text_) {
+HoldingsFile::HoldingsFile(const std::string& path, const HoldingsSystem& system,
+                           std::uint64_t most)
+    : name_(path), system_(system), text_(ReadFile(path, most)), rest_(text_) {
     if (rest_.starts_with(kByteOrderMark)) rest_.remove_prefix(kByteOrderMark.size());
     isJson_ = rest_.starts_with('{');
     if (rest_.empty()) Refuse({FaultCode::kEmptyFile});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillory/exchange/Input.h>
 #include <quillory/faults/Fault.h>
 #include <quillory/holdings/HoldingsColumn.h>
 #include <quillory/holdings/HoldingsSystem.h>
@@ -36,7 +37,8 @@ public:
 
     // Reads and checks the whole file. Throws FileError, which names the file, the line and, by
     // name or number, the column.
-    HoldingsFile(const std::string& path, const HoldingsSystem& system);
+    HoldingsFile(const std::string& path, const HoldingsSystem& system,
+                 std::uint64_t most = kMostHeld);
 
     const std::string& Name() const { return name_; }
     // Whether any key is a number of a record.

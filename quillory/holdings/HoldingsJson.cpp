@@ -1,4 +1,5 @@
 #include <quillory/exchange/JsonFault.h>
+#include <quillory/exchange/Nesting.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/holdings/HoldingsJson.h>
 
@@ -33,6 +34,9 @@ std::optional<LineFault> Parse(std::string_view line, Json& object, std::size_t&
         if (depth == 1 && event == Json::parse_event_t::key) ++names;
         return true;
     };
+    if (const auto at = TooDeepInJson(line)) {
+        return LineFault{{FaultCode::kTooDeep, {}, {}, std::to_string(kDeepestNesting)}, *at};
+    }
     try {
         object = Json::parse(line, count);
         if (const auto nul = NulByteOf(line)) return LineFaultOf(*nul);

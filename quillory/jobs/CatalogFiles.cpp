@@ -72,7 +72,7 @@ Status MakeRecords(const CatalogOptions& options, Reporter& reporter,
     DescriptionItems items(options, newRecords.Maker());
     Progress progress(reporter);
     for (const std::string& file : options.files) {
-        const std::string toml = ReadDescriptionFile(file);
+        const std::string toml = ReadDescriptionFile(file, options.memory);
         reporter.BeginFile(file);
         Item item;
         DescriptionReader reader(toml);

@@ -12,6 +12,7 @@ struct CatalogOptions {
     NewRecordOptions record;  // its workform is for the descriptions that name none
     std::vector<std::string> files;
     OutputOptions output;
+    std::string memory = "64M";  // the most that is held of a file
 };
 
 // Makes the records that TOML files describe. A description from which no record can be made counts

@@ -1,5 +1,6 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/jobs/ByteSize.h>
 #include <quillory/jobs/ExportHoldings.h>
 
 #include <algorithm>
@@ -34,7 +35,8 @@ ExportHoldings::ExportHoldings(const HoldingsOptions& options,
     from_ = options.from.empty() ? to_ : HoldingsSystemNamed(options.from);
     if (!options.file.empty()) {
         CheckStandardInput(options.file, files);
-        file_ = std::make_unique<HoldingsFile>(options.file, to_);
+        file_ = std::make_unique<HoldingsFile>(options.file, to_,
+                                               ParseByteSize("--memory", options.memory));
         CheckFile(*file_, files);
     }
     holdings_ = std::make_unique<RecordHoldings>(from_, to_, file_.get());

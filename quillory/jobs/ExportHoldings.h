@@ -11,9 +11,10 @@ namespace quillory {
 
 // Which copies go into records, and in what form.
 struct HoldingsOptions {
-    std::string file;  // of copies; empty for those that records hold
-    std::string type;  // the system to write for; empty: that of the settings
-    std::string from;  // the system whose fields records hold; empty: that to write for
+    std::string file;            // of copies; empty for those that records hold
+    std::string type;            // the system to write for; empty: that of the settings
+    std::string from;            // the system whose fields records hold; empty: that to write for
+    std::string memory = "64M";  // the most that is held of the file
 };
 
 // Puts the system to write for in force, if it isn't that of the settings. After a true result the

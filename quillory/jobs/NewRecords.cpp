@@ -1,5 +1,6 @@
 #include <quillory/exchange/Input.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/jobs/ByteSize.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/NewRecords.h>
 #include <zorby/platform/ClockPort.h>
@@ -47,9 +48,11 @@ NewRecords::NewRecords(const Reporter& reporter)
       maker_([this](const std::string& name) { return FindWorkform(workforms_, name); },
              LoadCodeLists, zorby::CurrentClockPort().LocalTime()) {}
 
-std::string ReadDescriptionFile(const std::string& path) {
+std::string ReadDescriptionFile(const std::string& path, const std::string& memory) {
     Input input(path);
-    std::string text = ReadWhole(input);
+    std::string text = memory.empty() ? ReadWhole(input)
+                                      : ReadWhole(input, ParseByteSize("--memory", memory),
+                                                  "--memory allows more");
     if (text.empty()) throw FileError(path, {FaultCode::kEmptyFile});
     return text;
 }

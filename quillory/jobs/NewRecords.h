@@ -29,8 +29,8 @@ private:
 };
 
 // All of a file of descriptions, or of standard input ("-"). Throws FileError, also for an empty
-// file.
-std::string ReadDescriptionFile(const std::string& path);
+// file, and for one of more bytes than --memory allows.
+std::string ReadDescriptionFile(const std::string& path, const std::string& memory = {});
 
 // Adds entries to a description. They replace what it says of the same places.
 void AddEntries(const std::vector<Entry>& entries, Description& description);
