@@ -22,6 +22,7 @@ void DeclareOutput(Arguments& command, OutputOptions& options) {
         .Option("-o,--output", options.output, "Where the records go; standard output if not given")
         .File();
     DeclareWriting(command, options);
+    command.Flag("--force", options.force, "Replace a file that is write-protected, too");
 }
 
 void DeclareWriting(Arguments& command, OutputOptions& options) {

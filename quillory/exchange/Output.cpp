@@ -34,6 +34,15 @@ void TakeOver(int descriptor, const std::filesystem::path& replaced) {
     fchmod(descriptor, kOfNewFiles & ~mask);
 }
 
+// Whether nobody may write into a file, or this program may not: it could be replaced all the same.
+bool IsProtected(const std::filesystem::path& path) {
+    constexpr mode_t kWritable = S_IWUSR | S_IWGRP | S_IWOTH;
+    struct stat status {};
+    if (stat(path.c_str(), &status) != 0) return false;
+    return (status.st_mode & kWritable) == 0 ||
+           faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0;
+}
+
 // A name that no file can have is found out before the work is done.
 bool IsTooLong(const std::filesystem::path& folder, const std::filesystem::path& name) {
     const long most = pathconf(folder.c_str(), _PC_NAME_MAX);
@@ -73,7 +82,7 @@ private:
     z_stream stream_{};
 };
 
-Output::Output(const std::string& path, OutputRole role)
+Output::Output(const std::string& path, OutputRole role, bool replacesProtected)
     : name_(path), target_(OutputTargetOf(path)), isPacked_(path.ends_with(".gz")) {
     const bool isStandard = target_.descriptor == STDOUT_FILENO;
     if (isStandard) name_ = "standard output";
@@ -81,7 +90,7 @@ Output::Output(const std::string& path, OutputRole role)
     if (target_.descriptor >= 0) {
         descriptor_ = fcntl(target_.descriptor, F_DUPFD_CLOEXEC, 0);
     } else if (target_.isFile) {
-        Make();
+        Make(replacesProtected);
     } else {
         descriptor_ = open(path.c_str(), O_WRONLY | O_CLOEXEC);
     }
@@ -100,7 +109,10 @@ void Output::Fail(const std::string& what, int reason) const {
     throw FileError(name_ + ": " + what + std::strerror(reason));
 }
 
-void Output::Make() {
+void Output::Make(bool replacesProtected) {
+    if (!replacesProtected && IsProtected(target_.path)) {
+        throw FileError(name_ + ": is write-protected, and not replaced");
+    }
     std::filesystem::path folder = target_.path.parent_path();
     if (folder.empty()) folder = ".";
     if (IsTooLong(folder, target_.path.filename())) Fail("", ENAMETOOLONG);

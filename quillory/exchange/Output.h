@@ -33,8 +33,10 @@ public:
     // For an output that goes to a text in memory instead, with each Flush.
     enum ToMemory : bool { kToMemory };
 
-    // Throws UsageError for an empty name, too.
-    explicit Output(const std::string& path, OutputRole role = OutputRole::kMain);
+    // Throws UsageError for an empty name, too. A file that is write-protected is only replaced if
+    // that is asked for.
+    explicit Output(const std::string& path, OutputRole role = OutputRole::kMain,
+                    bool replacesProtected = false);
     Output(ToMemory, std::string& memory);
     ~Output();
     Output(const Output&) = delete;
@@ -60,7 +62,7 @@ public:
 private:
     class Packer;
 
-    void Make();
+    void Make(bool replacesProtected);
     void Begin();
     void Close();
     void Sync() const;

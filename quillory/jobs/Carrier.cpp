@@ -28,7 +28,7 @@ Carrier::Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporte
       reporter_(reporter),
       recoder_(options_.recoder) {
     if (options_.rejects.empty()) return;
-    rejects_ = std::make_unique<Output>(options_.rejects, OutputRole::kBeside);
+    rejects_ = std::make_unique<Output>(options_.rejects, OutputRole::kBeside, options_.force);
 }
 
 void Carrier::Raise(Status status) {

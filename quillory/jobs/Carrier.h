@@ -25,6 +25,7 @@ struct CarrierOptions {
     std::string rejects;
     Preparation prepare;    // may be empty
     bool isDryRun = false;  // nothing comes of what is written
+    bool force = false;     // replaces a file of rejects that is write-protected
 };
 
 // Carries records through the character sets into a writer. Reports what is wrong with them, and

@@ -58,7 +58,7 @@ public:
 private:
     struct File {
         File(const std::string& path, const OutputOptions& options, OutputRole role)
-            : output(path, role),
+            : output(path, role, options.force),
               writer(FormOfOutput(options).makeWriter(output, options.writing)) {}
 
         void Complete() {

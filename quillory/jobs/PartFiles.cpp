@@ -48,7 +48,9 @@ std::string SafeFileName(std::string_view utf8) {
 
 struct PartFiles::Part {
     Part(const std::string& path, const PartFilesOptions& options)
-        : summary{path}, output(path), writer(options.form->makeWriter(output, options.writing)) {}
+        : summary{path},
+          output(path, OutputRole::kMain, options.force),
+          writer(options.form->makeWriter(output, options.writing)) {}
 
     Summary summary;
     std::uint64_t bytes = 0;  // of its records, where sizes are asked for

@@ -62,7 +62,7 @@ Fault FaultOfLock(const std::string& name) {
 
 Fault FaultOfName(const std::string& name, bool force, const WorkformStore& store) {
     const std::string text = QmToUtf8(name);
-    if (name.empty()) return {FaultCode::kNoName};
+    if (name.find_first_not_of(' ') == name.npos) return {FaultCode::kNoName};
     if (name.size() > kLongestName) {
         return {FaultCode::kLongName, {}, text, std::to_string(kLongestName)};
     }

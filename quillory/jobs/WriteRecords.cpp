@@ -51,8 +51,9 @@ Status CarryItems(const ItemSource& source, Charset from, const OutputOptions& o
                   RecordWriter& writer, const Closing& closing, Reporter& reporter,
                   const Preparation& prepare) {
     const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options));
-    Carrier carrier({recoder, options.eachLoss, options.rejects, prepare, options.isDryRun}, writer,
-                    reporter);
+    Carrier carrier(
+        {recoder, options.eachLoss, options.rejects, prepare, options.isDryRun, options.force},
+        writer, reporter);
     try {
         carrier.Raise(source([&carrier](Item& item) {
             carrier.Take(item);
@@ -75,7 +76,8 @@ Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& o
                   Reporter& reporter, const Preparation& prepare) {
     CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
     CharsetOfOutput(options);  // what can't be is said before anything is made
-    Output output(options.isDryRun ? "/dev/null" : options.output);
+    Output output(options.isDryRun ? "/dev/null" : options.output, OutputRole::kMain,
+                  options.force);
     const auto writer = FormOfOutput(options).makeWriter(output, options.writing);
     const Closing closing{[&] {
                               writer->Finish();

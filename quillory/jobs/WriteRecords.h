@@ -14,6 +14,7 @@ namespace quillory {
 struct OutputOptions {
     std::string output = "-";
     std::string rejects;
+    bool force = false;          // replaces what is write-protected
     const Form* form = nullptr;  // null: by name, or ISO 2709 for a name without an ending
     Charset charset = kCharsetAuto;
     std::optional<NormalForm> normalForm;

@@ -79,6 +79,8 @@ void Database::CheckIsStore(std::size_t knownVersion) const {
     const std::int64_t version = NumberOf("PRAGMA user_version");
     const std::int64_t application = NumberOf("PRAGMA application_id");
     const bool isEmpty = NumberOf("SELECT count(*) FROM sqlite_schema") == 0;
+    const bool isStrange =
+        NumberOf("SELECT count(*) FROM sqlite_schema WHERE type NOT IN ('table', 'index')") != 0;
     Execute("COMMIT");
     if (application != kApplicationId && !isEmpty) {
         throw FileError(path_ + ": is a database, but not a store of quillory");
@@ -88,6 +90,9 @@ void Database::CheckIsStore(std::size_t knownVersion) const {
                         std::to_string(version) + "; this one knows up to " +
                         std::to_string(knownVersion) + ")");
     }
+    // What is read from a view, or done by a trigger, is not what a store holds.
+    if (isStrange)
+        throw FileError(path_ + ": has views or triggers, which no store of quillory has");
 }
 
 // SQLite itself does not wait here when several processes make the same store.

@@ -140,6 +140,19 @@ class Outputs(Cli):
         self.assertIn("t: can't be written: File too large", err)
         self.assertEqual(self.names(), before)
 
+    def test_a_write_protected_file_is_only_replaced_when_asked_for(self):
+        target = self.path("t", b"kept")
+        target.chmod(0o444)
+        for command in (["convert", self.source, "-o", target], ["codes", "-o", target],
+                        ["convert", self.source, "--rejects", target],
+                        ["check", self.source, "-o", target]):
+            status, out, err = run(*command)
+            self.assertEqual((status, target.read_bytes()), (2, b"kept"), err)
+            self.assertIn("t: is write-protected, and not replaced", err)
+        self.convert(self.source, "t", "--force")
+        self.assertEqual(target.read_bytes(), self.data)
+        self.assertEqual(stat.S_IMODE(target.stat().st_mode), 0o444)
+
     def test_links_modes_and_long_names(self):
         real = self.path("real", b"old")
         real.chmod(0o640)

@@ -159,6 +159,7 @@ class Faults(Workforms):
             (("save", "x", "--from", "no such"), 'there is no workform "no such"'),
             (("save", BOOK, "--from", "1"), "is the name of a standard workform"),
             (("save", "", "--from", "1"), 'a workform needs a name'),
+            (("save", "  ", "--from", "1"), 'a workform needs a name'),
             (("save", "x" * 201, "--from", "1"), "is too long; a name has at most 200 characters"),
             (("save", "日本", "--from", "1"), "can't hold all characters of"),
             (("save", "x", "--from", "1", "--set", "008a=x"),

@@ -87,12 +87,17 @@ TEST(Database, LeavesAloneWhatIsNotItsOwn) {
         const Database made(folder.Path("other.db"), newer);
         made.Execute("PRAGMA application_id = 77");
     }
+    OpenStore(folder.Path("views.db"))
+        .Execute(
+            "ALTER TABLE records RENAME TO kept; CREATE VIEW records AS SELECT * FROM kept;"
+            "PRAGMA journal_mode = DELETE");
     folder.Write("text.db", "These are no pages of a database, whatever the name may say. " +
                                 std::string(2000, '.'));
     const std::vector<std::pair<std::string, std::string>> cases{
         {"newer.db", "was written by a newer quillory (form 4; this one knows up to 3)"},
         {"other.db", "is a database, but not a store of quillory"},
         {"text.db", "is not a database"},
+        {"views.db", "has views or triggers, which no store of quillory has"},
     };
     for (const auto& [name, reason] : cases) {
         SCOPED_TRACE(name);
