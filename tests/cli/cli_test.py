@@ -8,7 +8,9 @@ import gzip
 import json
 import os
 import pathlib
+import pty
 import random
+import resource
 import re
 import shutil
 import signal
@@ -101,6 +103,32 @@ class Roads(Cli):
         self.assertEqual(gzip.decompress(packed.read_bytes()),
                          self.convert(self.utf8, "a.mrk").read_bytes())
         self.assertEqual(run("convert", packed)[1], data)
+
+    def test_many_files_are_open_one_after_the_other(self):
+        def few_descriptors():
+            resource.setrlimit(resource.RLIMIT_NOFILE, (64, 64))
+        record = records_of(self.convert(self.utf8, "a.mrc").read_bytes())[0]
+        self.path("one.mrc", record)
+        names = [f"{number}.mrc" for number in range(5000)]
+        for name in names:
+            self.path(name).symlink_to("one.mrc")
+        done = subprocess.run([QUILLORY, "convert", "-q", *names], cwd=self.folder,
+                              preexec_fn=few_descriptors, capture_output=True, timeout=60)
+        self.assertEqual((done.returncode, done.stderr), (0, b""))
+        self.assertEqual(done.stdout, record * len(names))
+        status, out, err = run("convert", self.path("one.mrc"), self.path("none.mrc"))
+        self.assertEqual((status, out), (2, b""))
+        self.assertIn("none.mrc: No such file", err)
+
+    def test_a_named_pipe_is_opened_once(self):
+        data = self.utf8.read_bytes()
+        pipe = self.path("pipe")
+        os.mkfifo(pipe)
+        with subprocess.Popen([QUILLORY, "convert", pipe, "-o", self.path("t.mrk")]) as child:
+            pipe.write_bytes(data)
+            self.assertEqual(child.wait(60), 0)
+        self.assertEqual(self.path("t.mrk").read_bytes(),
+                         self.convert(self.utf8, "u.mrk").read_bytes())
 
     def test_streams_that_the_caller_has_closed(self):
         def closed(redirections, *arguments):
@@ -273,6 +301,26 @@ class Dictionary(Cli):
             self.assertIn(what[:3], err)
         self.assertEqual(run("describe", "--search", "no such words")[0], 1)
 
+    def test_settings_of_programs_that_write_at_once_are_all_kept(self):
+        values = {"NextBarCode": "T1", "DynixIndicators": "12", "LWLPCallTag": "852",
+                  "LWLPSubTags": "ab", "CustomAllFAndS": "852khim", "EasyOrCustom": "Custom",
+                  "CustomBarCodeSubfield": "852p", "CustomCallNumberSubfields": "852kh"}
+        children = [subprocess.Popen([QUILLORY, "settings", f"holdings.{key}", value])
+                    for key, value in values.items()]
+        children.append(subprocess.Popen([QUILLORY, "settings", "FontName", "Arial"]))
+        self.assertEqual([child.wait(60) for child in children], [0] * len(children))
+        for key, value in values.items():
+            self.assertEqual(self.say("settings", f"holdings.{key}"), value + "\n")
+        self.assertEqual(self.say("settings", "FontName"), "Arial\n")
+
+    def test_a_policy_that_can_not_be_read_stops_the_work(self):
+        self.home.mkdir()
+        (self.home / "Quillory 0.INI").mkdir()
+        for command in (["export", SAMPLES], ["check", SAMPLES], ["settings"], ["new", "-w", "1"]):
+            status, out, err = run(*command)
+            self.assertEqual((status, out), (2, b""))
+            self.assertIn("the settings can't be read: it is no file", err)
+
     def test_settings_are_kept(self):
         self.assertEqual(self.say("settings", "ZP_DisplayNameOrMARC"), "2\n")
         self.say("settings", "DisplayNameOrMARC", "0")
@@ -384,6 +432,51 @@ class Dictionary(Cli):
         self.assertIn("245 10  245 (Title Statement)\n        $a (Title): Du côté", out)
         linked = self.say("show", "--names", "--record", "12", SAMPLES)
         self.assertRegex(linked, r"880 1.  \d\d\d \([A-Z]")
+
+
+class Terminal(Cli):
+    """What a file holds does not steer the terminal of whoever looks at it."""
+
+    HOSTILE = "\x1b[31m\x9b2J\u202e\u2028\x07".encode()
+
+    def on_terminal(self, *arguments):
+        terminal, side = pty.openpty()
+        child = subprocess.Popen([QUILLORY, *arguments], stdin=subprocess.DEVNULL, stdout=side,
+                                 stderr=side)
+        os.close(side)
+        shown = b""
+        while True:
+            try:
+                block = os.read(terminal, 65536)
+            except OSError:  # the other side is closed
+                break
+            shown += block
+        child.wait(60)
+        os.close(terminal)
+        return re.sub(rb"\x1b\[(\d+m|K)|\r", b"", shown)  # what the program itself writes
+
+    def test_nothing_but_the_program_steers_it(self):
+        mrk = (b"=LDR  00000nam a2200000 a 4500\n=001  " + self.HOSTILE + b"\n=245  10$a"
+               + self.HOSTILE + b"\n=999  \\\\$" + self.HOSTILE + b"\n")
+        record = self.path("r.mrk", mrk)
+        self.assertEqual(run("records", "add", record)[0], 0)
+        name = self.path("name\x1b[31m\x9b.mrc", b"00010")
+        toml = self.path("d.toml", b'[[record]]\n"' + self.HOSTILE[5:] + b'" = 1\n')
+        tsv = self.path("h.tsv", b"001\t" + self.HOSTILE + b"\nx\ty\n")
+        bad = self.path("bad.mrk", b"=LDR  00000nam a2200000 a 4500\n=2\x1b]5  10$a\n=\x9b\n")
+        for command in (["show", record], ["show", "--names", record], ["records", "list"],
+                        ["records", "show", "1"], ["check", record], ["find", "--where",
+                        "has 245", record], ["convert", name, "-o", "/dev/null"],
+                        ["convert", bad, "-o", "/dev/null"], ["catalog", toml],
+                        ["export", record, "--holdings-type", "1", "--holdings", tsv],
+                        ["convert", "no\x1b[31m\x9bfile"], ["count", "245a", record],
+                        ["edit", "delete", "245a", record, "-n"], ["repair", bad, "-n"],
+                        ["convert", record, "--to", "\x1b[31m"], ["describe", "\x1b[31m"]):
+            with self.subTest(command=command[:2]):
+                shown = self.on_terminal(*command).decode()
+                hostile = re.findall("[\x1b\x07\x7f-\x9f\u2028-\u202e]", shown)
+                self.assertEqual(hostile, [], shown)
+        self.assertIn(b"<1B>[31m<9B>2J<U+202E><U+2028><07>", self.on_terminal("show", record))
 
 
 class Ends(Cli):
