@@ -87,7 +87,7 @@ void Convert(benchmark::State& state, Shape shape, Charset charset, NormalForm n
     options.output.form = FormNamed(form);
     options.output.charset = charset;
     options.output.normalForm = normalForm;
-    options.output.oversize = kOversizeCut;
+    options.output.writing.oversize = kOversizeCut;
     SilentPort port;
     for ([[maybe_unused]] auto _ : state) {
         Reporter reporter(port, {true, false});

@@ -47,6 +47,16 @@ constexpr CommandRow kCommands[] = {
     {"workforms export", "Write workforms of your own to a file", DeclareWorkformsExport},
     {"workforms import", "Add the workforms of an exported file, all of them or none",
      DeclareWorkformsImport},
+    {"cards", "Make catalogue cards of records, as PDF or to look at", DeclareCards},
+    {"cards add", "Add the cards of records to the queue", DeclareCardsAdd},
+    {"cards list", "List the cards that wait in the queue", DeclareCardsList},
+    {"cards print", "Print the cards of the queue, which stay there", DeclareCardsPrint},
+    {"cards clear", "Delete the queue of cards", DeclareCardsClear},
+    {"labels", "Make spine labels of records, as PDF or to look at", DeclareLabels},
+    {"labels add", "Add the labels of records to the queue", DeclareLabelsAdd},
+    {"labels list", "List the labels that wait in the queue", DeclareLabelsList},
+    {"labels print", "Print the labels of the queue, which stay there", DeclareLabelsPrint},
+    {"labels clear", "Delete the queue of labels", DeclareLabelsClear},
     {"settings", "List, read and write the settings", DeclareSettings},
 };
 

@@ -10,6 +10,11 @@ void DeclareCommands(Arguments& program);
 
 // The arguments of each command and what it runs. A command leaves FileError, UsageError and
 // ClosedPipe to its caller.
+void DeclareCards(Arguments& command);
+void DeclareCardsAdd(Arguments& command);
+void DeclareCardsClear(Arguments& command);
+void DeclareCardsList(Arguments& command);
+void DeclareCardsPrint(Arguments& command);
 void DeclareCatalog(Arguments& command);
 void DeclareCheck(Arguments& command);
 void DeclareCodes(Arguments& command);
@@ -22,6 +27,11 @@ void DeclareEdit(Arguments& command);
 void DeclareExport(Arguments& command);
 void DeclareExtract(Arguments& command);
 void DeclareFind(Arguments& command);
+void DeclareLabels(Arguments& command);
+void DeclareLabelsAdd(Arguments& command);
+void DeclareLabelsClear(Arguments& command);
+void DeclareLabelsList(Arguments& command);
+void DeclareLabelsPrint(Arguments& command);
 void DeclareMerge(Arguments& command);
 void DeclareNew(Arguments& command);
 void DeclarePick(Arguments& command);

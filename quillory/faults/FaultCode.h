@@ -257,6 +257,20 @@ enum class FaultCode : std::uint16_t {
     kTaskValue,
     kNoEdits,
 
+    // Cards and labels.
+    kNoFonts,
+    kMissingSigns,  // found: how many characters; allowed: the first of them
+    kNoTitleForCards,
+    kNoCallNumber,
+    kNoRoomToPrint,  // found: the control number; allowed: "card" or "label"
+    kQueueInUse,
+    kQueueNotOpened,  // found: the reason
+    kQueueNotOurs,
+    kQueueCutShort,
+    kQueueItemDamaged,
+    kQueueNotAddedTo,  // found: what is wrong with it
+    kQueueFull,
+
     kEnd  // one past the last
 };
 

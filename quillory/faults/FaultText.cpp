@@ -403,6 +403,29 @@ constexpr Words kWords[] = {
     {FaultCode::kTaskKey, "task-key", "there is no key \"{found}\" here; the keys are {allowed}"},
     {FaultCode::kTaskValue, "task-value", "neither a text nor a number, true or false"},
     {FaultCode::kNoEdits, "no-edits", "no edits; each is a table that begins with [[edit]]"},
+
+    // Cards and labels.
+    {FaultCode::kNoFonts, "no-fonts",
+     "no font is installed; one is needed, such as fonts-dejavu-core of Debian"},
+    {FaultCode::kMissingSigns, "missing-signs",
+     "no installed font has {found}, first {allowed}: boxes stand in their places; fonts-unifont "
+     "of Debian has most characters"},
+    {FaultCode::kNoTitleForCards, "no-title-for-cards", "no title (245), and so no cards"},
+    {FaultCode::kNoCallNumber, "no-call-number", "no call number, and so no label"},
+    {FaultCode::kNoRoomToPrint, "no-room-to-print",
+     "the {allowed} of record {found} has no room for all of its text"},
+    {FaultCode::kQueueInUse, "queue-in-use",
+     "another program has the queue open; try again when it is done"},
+    {FaultCode::kQueueNotOpened, "queue-not-opened", "the queue can't be opened: {found}"},
+    {FaultCode::kQueueNotOurs, "queue-not-ours",
+     "the file is no queue that this program made, and stays as it is; move it away to begin a "
+     "queue"},
+    {FaultCode::kQueueCutShort, "queue-cut-short",
+     "the queue ends here, or its next item can't be found, before all that it counts"},
+    {FaultCode::kQueueItemDamaged, "queue-item-damaged", "the item is damaged, and is left out"},
+    {FaultCode::kQueueNotAddedTo, "queue-not-added-to",
+     "nothing was added: {found}. Print what is there, clear the queue, and add again"},
+    {FaultCode::kQueueFull, "queue-full", "the queue is full"},
 };
 
 constexpr bool IsInOrder() {

@@ -11,6 +11,7 @@ PLACES = {"quillory/arguments/Arguments.cpp": "#include <CLI/CLI.hpp>\nCLI::App 
           "quillory/exchange/Output.cpp": "int out = dup(STDOUT_FILENO);\n",
           "quillory/exchange/MarcJsonReader.cpp": "#include <nlohmann/json.hpp>\n",
           "quillory/holdings/HoldingsJson.cpp": "nlohmann::json value;\n",
+          "quillory/cards/Pages.cpp": "#include <pango/pangocairo.h>\ncairo_t* pen;\n",
           "quillory/queries/RegularExpression.cpp": "#include <re2/re2.h>\nRE2 pattern;\n"}
 
 
@@ -33,6 +34,7 @@ class CheckOnePlace(unittest.TestCase):
             ("quillory/cli/New.cpp", "#include <CLI/CLI.hpp>"),
             ("tests/quillory/cli/NewTest.cpp", "CLI::Option* option = nullptr;"),
             ("quillory/reports/Text.h", "#include <nlohmann/json_fwd.hpp>"),
+            ("quillory/reports/PanelText.cpp", "cairo_show_page(pen);"),
             ("quillory/edits/Replace.cpp", "const RE2 pattern(text);"),
             ("quillory/cli/Settings.cpp", 'std::printf("%s", text);'),
             ("quillory/cli/Settings.cpp", 'printf ("%s", text);'),

@@ -1,0 +1,193 @@
+#include <quillory/cards/CardLayout.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+constexpr double kMargin = 5 * kPointsPerMillimetre;
+constexpr double kLeftEdge = 4 * kPointsPerMillimetre;
+constexpr double kCallNumberWidth = 21.5 * kPointsPerMillimetre;
+constexpr double kFirstIndention = 27 * kPointsPerMillimetre;
+constexpr double kSecondIndention = 35 * kPointsPerMillimetre;
+constexpr double kRightEdge = kCardWidth - kMargin;
+constexpr double kClearOfHole = 5 * kPointsPerMillimetre;  // around its centre
+constexpr std::size_t kMostHeadingLines = 2;               // of a card that continues another
+constexpr const char* kContinued = "(Continued on next card)";
+
+// A line before it has its place from above.
+struct FlowLine {
+    PlacedLine line;
+    double height = 0;
+    bool isOfMainEntry = false;  // where the call number stands
+    bool isTracing = false;
+};
+
+struct Shape {
+    const zorby::CFont& font;
+    double first;   // where the first line begins
+    double others;  // where all others do
+};
+
+Shape ShapeOf(BlockRole role, const CardFonts& fonts) {
+    switch (role) {
+        case kBlockAddedHeading:
+            return {fonts.heading, kSecondIndention, kSecondIndention};
+        case kBlockMainHeading:
+            return {fonts.heading, kFirstIndention, kSecondIndention};
+        case kBlockTitleEntry:
+            return {fonts.body, kFirstIndention, kSecondIndention};
+        case kBlockTracings:
+            return {fonts.tracings, kSecondIndention, kFirstIndention};
+        default:
+            return {fonts.body, kSecondIndention, kFirstIndention};
+    }
+}
+
+double BottomOf(const CardOptions& options) {
+    const double hole = options.holeCenter * kPointsPerInch;
+    const bool hasHole = kCardHeight / 2 < hole && hole < kCardHeight;
+    return hasHole ? hole - kClearOfHole : kCardHeight - kMargin;
+}
+
+// Lays one card out.
+class CardSetter {
+public:
+    CardSetter(const PrintItem& card, const CardOptions& options, Typesetter& typesetter)
+        : card_(card), options_(options), typesetter_(typesetter), bottom_(BottomOf(options)) {}
+
+    std::vector<Panel> Set() {
+        for (const Block& block : card_.blocks) {
+            if (block.role != kBlockCallNumber && block.role != kBlockContinued) AddBlock(block);
+        }
+        do {
+            BeginPanel();
+            FillPanel();
+        } while (next_ < flow_.size());
+        return std::move(panels_);
+    }
+
+private:
+    std::vector<FlowLine> Lines(const std::string& text, const Shape& shape) {
+        const SetText set = typesetter_.Break(text, shape.font, kRightEdge - shape.first,
+                                              kRightEdge - shape.others);
+        std::vector<FlowLine> lines;
+        double indention = shape.first;
+        for (const SetText::Line& line : set.lines) {
+            // What is read from the right begins there.
+            const double x = set.isRightToLeft
+                                 ? kRightEdge - (indention - kFirstIndention) - line.width
+                                 : indention;
+            lines.push_back({{x, 0, line.text, shape.font, set.isRightToLeft},
+                             typesetter_.LineHeight(shape.font)});
+            indention = shape.others;
+        }
+        return lines;
+    }
+
+    void AddBlock(const Block& block) {
+        for (FlowLine& line : Lines(block.text, ShapeOf(block.role, options_.fonts))) {
+            line.isOfMainEntry = block.role != kBlockAddedHeading;
+            line.isTracing = block.role == kBlockTracings;
+            flow_.push_back(std::move(line));
+        }
+    }
+
+    void BeginPanel() {
+        panels_.push_back({kCardWidth, kCardHeight, {}, options_.holeCenter * kPointsPerInch});
+        y_ = kMargin;
+        hasCallNumber_ = false;
+        if (panels_.size() > 1) BeginContinuation();
+    }
+
+    void BeginContinuation() {
+        const std::vector<std::string> headings = card_.Texts(kBlockContinued);
+        const std::string number = "(Card " + std::to_string(panels_.size()) + ")";
+        const std::string text = headings.empty() ? number : headings.front() + " " + number;
+        const Shape shape{options_.fonts.continued, kFirstIndention, kSecondIndention};
+        std::vector<FlowLine> lines = Lines(text, shape);
+        // The number has to be seen, whatever the length of the heading.
+        if (lines.size() > kMostHeadingLines) {
+            lines.resize(kMostHeadingLines - 1);
+            lines.push_back(Lines("\u2026 " + number, {shape.font, shape.others, shape.others})[0]);
+        }
+        for (FlowLine& line : lines) {
+            line.isOfMainEntry = true;
+            Place(std::move(line));
+        }
+    }
+
+    // Puts the call number beside the first line of the main entry.
+    void PlaceCallNumber() {
+        hasCallNumber_ = true;
+        const zorby::CFont& font = options_.fonts.callNumber;
+        double y = y_;
+        for (const std::string& line : card_.Texts(kBlockCallNumber)) {
+            const SetText set = typesetter_.Break(line, font, kCallNumberWidth, kCallNumberWidth);
+            for (const SetText::Line& part : set.lines) {
+                const double height = typesetter_.LineHeight(font);
+                if (y + height > kCardHeight) {
+                    panels_.back().lacksRoom = true;
+                    return;
+                }
+                panels_.back().lines.push_back({kLeftEdge, y, part.text, font, set.isRightToLeft});
+                y += height;
+            }
+        }
+    }
+
+    void Place(FlowLine line) {
+        if (line.isOfMainEntry && !hasCallNumber_) PlaceCallNumber();
+        line.line.y = y_;
+        y_ += line.height;
+        panels_.back().lines.push_back(std::move(line.line));
+    }
+
+    double HeightFrom(std::size_t first) const {
+        double height = 0;
+        for (std::size_t i = first; i < flow_.size(); ++i) height += flow_[i].height;
+        return height;
+    }
+
+    // All that is left, or as much as leaves room for the note that there is more.
+    void FillPanel() {
+        const bool isLast = y_ + HeightFrom(next_) <= bottom_;
+        const double note = typesetter_.LineHeight(options_.fonts.continued);
+        const double limit = isLast ? bottom_ : bottom_ - note;
+        bool isFirst = true;
+        while (next_ < flow_.size() && (isFirst || y_ + flow_[next_].height <= limit)) {
+            // Tracings stand at the foot.
+            if (isLast && flow_[next_].isTracing) y_ = std::max(y_, bottom_ - HeightFrom(next_));
+            Place(std::move(flow_[next_++]));
+            isFirst = false;
+        }
+        if (next_ < flow_.size()) PlaceNote(note);
+    }
+
+    void PlaceNote(double height) {
+        const zorby::CFont& font = options_.fonts.continued;
+        const SetText set = typesetter_.Break(kContinued, font, kCardWidth, kCardWidth);
+        const double x = kRightEdge - set.lines.front().width;
+        panels_.back().lines.push_back({x, bottom_ - height, kContinued, font});
+    }
+
+    const PrintItem& card_;
+    const CardOptions& options_;
+    Typesetter& typesetter_;
+    double bottom_;
+    std::vector<FlowLine> flow_;
+    std::size_t next_ = 0;  // of the lines to be placed
+    std::vector<Panel> panels_;
+    double y_ = 0;
+    bool hasCallNumber_ = false;
+};
+
+}  // namespace
+
+std::vector<Panel> LayOutCard(const PrintItem& card, const CardOptions& options,
+                              Typesetter& typesetter) {
+    return CardSetter(card, options, typesetter).Set();
+}
+
+}  // namespace quillory
