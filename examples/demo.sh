@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The road of a record: made from a workform, shown, written, read by other tools, converted, and
-# compared. Uses $QUILLORY.
+# The road of a record: made from a workform, shown, written, read by other tools, converted,
+# compared, and printed. Uses $QUILLORY.
 set -euo pipefail
 
 quillory=${QUILLORY:-quillory}
@@ -43,7 +43,7 @@ step "A workform, made our own: every record gets the code of our library"
 
 step "A few typed fields become a finished record"
 "$quillory" new --workform "Our book" --set language=eng --set country=enk \
-    --set 020a=9780306406157 --set 100a="Weber, Anna," --set 100e="author." \
+    --set 020a=9780306406157 --set "090a=VK1523 .W43 2021" --set 100a="Weber, Anna," --set 100e="author." \
     --set 245a="The river below :" --set 245b="a history of the Danube pilots /" \
     --set 245c="Anna Weber ; translated by José Müller." \
     --set 264a="London :" --set 264b="Harbour Press," --set 264c=2021 \
@@ -122,3 +122,9 @@ step "Summary"
 echo "$(records "$folder/catalog.mrc") records made of descriptions, and one of typed fields."
 echo "$count records read, taken to MARC-8, line form, MARCXML, JSON and back: all the same."
 echo "Of the damaged file $sound records were saved, and $(wc -c < "$folder/rejects") bytes kept as rejects."
+
+step "A catalogue card of the new record, to look at and to print"
+pdf=$here/../build/card.pdf
+[[ -w ${pdf%/*} ]] || pdf=$folder/card.pdf
+"$quillory" cards --make main "$folder/new.mrc"
+"$quillory" cards --make main --per-sheet 1 "$folder/new.mrc" -o "$pdf"
