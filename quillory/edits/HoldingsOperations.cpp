@@ -55,8 +55,9 @@ public:
             if (!std::ranges::any_of(origin, isMeantHere)) continue;
             const auto outcome = moves_.Carry(*taken.copies.GetAt(static_cast<int>(i)));
             if (outcome.fault) throw EditRefused(*outcome.fault);
-            if (outcome.copy)
+            if (outcome.copy) {
                 WriteCopy(record, FieldsOfCopy(*outcome.copy, system_, origin), origin);
+            }
         }
     }
 
