@@ -67,9 +67,10 @@ class Outputs(Cli):
         self.assertEqual(self.source.read_bytes(), self.data)
 
     def test_an_output_beside_the_main_one_that_breaks_is_named(self):
+        self.path("capitals.mrc", self.data.replace(b"eng", b"ENG"))
         for command in ('convert damaged.mrc -o t --rejects >(head -c 10 > /dev/null)',
                         'convert damaged.mrc -o t --rejects - | head -c 10 > /dev/null',
-                        'repair a.mrc -o t --report /dev/full',
+                        'repair capitals.mrc -o t --report /dev/full',
                         'edit delete 245 a.mrc -o t --report /dev/full',
                         'convert damaged.mrc -o t --rejects /dev/full',
                         'records add damaged.mrc --rejects >(head -c 10 > /dev/null)'):

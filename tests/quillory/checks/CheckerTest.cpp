@@ -295,7 +295,7 @@ TEST_F(CheckerTest, Words) {
     ASSERT_EQ(findings.size(), 3U);
     EXPECT_TRUE(IsValidUtf8(LineText(findings[0])));
     EXPECT_EQ(LineText(findings[1]), "E: +?5 is not a MARC field [+?5]");
-    EXPECT_EQ(LineText(findings[2]), "E: no notes [500]");
+    EXPECT_EQ(LineText(findings[2]), "E: no notes (500-599) [500]");
 }
 
 TEST_F(CheckerTest, TakesAnything) {

@@ -47,6 +47,7 @@ Told Tell(const std::vector<Repair>& repairs, bool all, const std::string& endin
     RepairTotals totals;
     totals.Count(repairs);
     messages.TakeRecord(item, repairs);
+    messages.Complete(totals);
     messages.Finish(totals, false);
     const std::string start = ItemPlace("in.mrc", item) + ": ";
     for (std::string& line : port.lines) {

@@ -29,7 +29,11 @@ public:
     }
 
     void Write(const std::string& name, const std::string& text) const {
-        std::ofstream(path_ / name, std::ios::binary) << text;
+        const std::filesystem::path path = path_ / name;
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream file(path, std::ios::binary);
+        file << text;
+        if (!file.flush()) throw std::runtime_error("can't write " + path.string());
     }
 
     std::ptrdiff_t FileCount() const {
