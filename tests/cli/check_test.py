@@ -238,7 +238,7 @@ class Policies(Checks):
                  "the policy basic leaves nothing to set"),
                 (["--user-defined", "zzz"], '"zzz" names no fields of your own'),
                 (["--format", "3"], '--format: "3" is not one of text, jsonl, html'),
-                (["--from-charset", "2"], '"2" is not a character set; there are auto, marc8, utf8, latin1'),
+                (["--from-charset", "2"], '"2" is not a character set; there are auto, marc8, '),
                 (["--policy", "basic", "--set", "NoNotes=1"], "the policy basic fixes it to 2"),
                 (["--policy", "tlc", "--set", "No300a=2"], "the policy tlc fixes it to 0"),
                 (["--policy", "strict"], '"strict" is not one of basic, tlc, custom'),

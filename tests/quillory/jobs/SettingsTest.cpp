@@ -109,7 +109,8 @@ TEST_F(SettingsJobs, AByteOrderMarkIsPassedOverAndStays) {
 }
 
 TEST_F(SettingsJobs, AChangeThatWouldNotReadBackIsRefused) {
-    folder_.Write("home/Quillory 0.INI", "[Zorby]\nZP_NewHoldings=NextBarCode=1\\\\\\\\key=2\\\\\n");
+    folder_.Write("home/Quillory 0.INI",
+                  "[Zorby]\nZP_NewHoldings=NextBarCode=1\\\\\\\\key=2\\\\\n");
     LoadSettings();
     const std::string error = ErrorOf([] { ChangeHoldingsSetting("NextBarCode", "5"); });
     EXPECT_NE(error.find("begins with a backslash"), error.npos) << error;
