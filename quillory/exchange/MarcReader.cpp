@@ -8,8 +8,6 @@
 namespace quillory {
 namespace {
 
-using zorby::CommFormatFault;
-
 // Bytes without a record end. What is longer comes in pieces.
 constexpr std::size_t kLongestDamage = std::size_t{4} << 20;
 

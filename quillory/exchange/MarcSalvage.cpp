@@ -8,7 +8,6 @@
 namespace quillory {
 namespace {
 
-using zorby::CommFormatField;
 using zorby::kDirectoryEntrySize;
 using zorby::kFieldEnd;
 using zorby::kLeaderSize;

@@ -50,7 +50,7 @@ void MarcXmlReader::GiveRecord(Item& item) {
         item.kind = kItemDamaged;
         SetFault(item, *fault, item.offset);
     } else if (item.fault) {
-        SetFault(item, Fault(*item.fault), item.offset);
+        SetFault(item, *item.fault, item.offset);
         for (ItemFault& mend : item.mends) mend.offset = item.offset;
     }
     if (item.fault) item.controlNumber = item.record.ControlNumber();

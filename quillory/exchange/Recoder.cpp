@@ -115,8 +115,9 @@ Recoder::Result Recoder::Recode(Record& record, Losses& losses) {
     if (!forced && result.from != labelled) result.mislabelled = Mislabelled(labelled, result.from);
     const Charset target = TargetFor(result.from);
     const bool normalize = target == kCharsetUtf8 && options_.form.has_value();
-    if (result.from != target || normalize || isToReplace)
+    if (result.from != target || normalize || isToReplace) {
         Replace(record, ConverterFor(result.from), losses);
+    }
     SetLabel(record, target);
     return result;
 }

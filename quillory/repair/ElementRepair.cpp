@@ -127,7 +127,7 @@ Judgement ElementRepair::JudgeCountryCode(const Element& element, std::string_vi
 
 Judgement ElementRepair::JudgeCountry(const Element& element, std::string_view value,
                                       const RecordFacts& facts) {
-    const Judgement own = JudgeCountryCode(element, value, facts);
+    Judgement own = JudgeCountryCode(element, value, facts);
     if (!own.value.empty()) return own;
     const std::string given = facts.Country();
     if (!given.empty() && IsCurrent(element, given)) {

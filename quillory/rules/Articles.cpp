@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <string>
 
 namespace quillory {
@@ -75,9 +74,9 @@ bool IsNoArticle(std::string_view text) {
 
 std::string_view FindArticle(std::string_view text, std::string_view articles) {
     std::string_view longest;
-    for (const auto part : std::views::lazy_split(articles, ' ')) {
-        const auto common = std::views::common(part);
-        const std::string article(common.begin(), common.end());
+    while (!articles.empty()) {
+        const std::string_view article = articles.substr(0, articles.find(' '));
+        articles.remove_prefix(std::min(article.size() + 1, articles.size()));
         if (article.size() > longest.size() && IsAt(text, article)) {
             longest = text.substr(0, article.size());
         }

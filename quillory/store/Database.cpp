@@ -91,8 +91,9 @@ void Database::CheckIsStore(std::size_t knownVersion) const {
                         std::to_string(knownVersion) + ")");
     }
     // What is read from a view, or done by a trigger, is not what a store holds.
-    if (isStrange)
+    if (isStrange) {
         throw FileError(path_ + ": has views or triggers, which no store of quillory has");
+    }
 }
 
 // SQLite itself does not wait here when several processes make the same store.

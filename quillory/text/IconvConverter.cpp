@@ -2,6 +2,7 @@
 #include <quillory/text/IconvConverter.h>
 #include <quillory/text/Utf8.h>
 
+#include <cstdint>
 #include <stdexcept>
 
 namespace quillory {
@@ -10,7 +11,8 @@ namespace {
 constexpr char kUtf8[] = "UTF-8";
 
 bool IsOpen(iconv_t handle) {
-    return handle != reinterpret_cast<iconv_t>(-1);
+    constexpr std::intptr_t kNone = -1;
+    return reinterpret_cast<std::intptr_t>(handle) != kNone;
 }
 
 void Close(iconv_t handle) {
