@@ -14,6 +14,8 @@ import unittest.mock
 QUILLORY = sys.argv[1]
 SAMPLES = pathlib.Path(sys.argv[2]) / "catalogue.mrk"
 HERE = pathlib.Path(__file__).parent
+# What a test writes has to outlive no power cut.
+os.environ["QUILLORY_SYNC"] = "off"
 RECORD_END, FIELD_END, DELIMITER = b"\x1d", b"\x1e", b"\x1f"
 
 
