@@ -18,6 +18,7 @@ struct CheckOptions {
     RuleChoice rules;
     CheckReportOptions report;
     bool listsRules = false;
+    bool showsRepertoire = false;
 };
 
 constexpr const char* kDetails =
@@ -37,7 +38,10 @@ Status RunCheck(const CheckOptions& options) {
     const SettingsKeeper settings;
     Checker checker = MakeChecker(options.policy, options.files.input.charset);
     const CodeLists lists = LoadCodeLists();
-    Inspector inspector(checker.GetOptions(), RuleWeights(options.rules), lists);
+    RuleChoice rules = options.rules;
+    if (options.showsRepertoire)
+        rules.severities.insert(rules.severities.begin(), {"outside-marc8", "note"});
+    Inspector inspector(checker.GetOptions(), RuleWeights(rules), lists);
     TerminalPort terminal;
     Reporter reporter(terminal, options.messages);
     const auto report = MakeCheckReport(options.report, reporter);
@@ -52,6 +56,8 @@ void DeclareRules(Arguments& command, CheckOptions& options) {
         .Shown("RULE");
     command.Option("--skip", options.rules.skip, "All but this rule; may be given often")
         .Shown("RULE");
+    command.Flag("--repertoire", options.showsRepertoire,
+                 "Note the characters that MARC-8 lacks; the same as --rule outside-marc8=note");
     command.Choice(
         "--fail-on", options.files.failsOn,
         {{"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}},

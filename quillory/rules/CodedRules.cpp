@@ -20,6 +20,7 @@ constexpr unsigned k008 = 8;
 constexpr std::size_t k008Size = 40;
 constexpr int kFirstLanguage = 35;
 constexpr int kFirstCountry = 15;
+constexpr int kFirstFormOfMusic = 1;  // in 006
 constexpr std::size_t kCodeSize = 3;
 
 std::string Quoted(std::string_view text) {
@@ -74,7 +75,8 @@ public:
     explicit Work(const CodeLists& lists)
         : lists_(lists),
           language_(ElementAt(zorby::CF008Standard, kFirstLanguage)),
-          country_(ElementAt(zorby::CF008Standard, kFirstCountry)) {}
+          country_(ElementAt(zorby::CF008Standard, kFirstCountry)),
+          formOfMusic_(ElementAt(zorby::CF006MusicSound, kFirstFormOfMusic)) {}
 
     void Check(const RecordInHand& record, RemarkSink& remarks) {
         CheckElements(Place::OfLeader(), record.Leader(), zorby::CFLdr, 0, remarks);
@@ -96,6 +98,8 @@ private:
                 return CheckLanguages(record, field, remarks);
             case 44:
                 return CheckCountries(record, field, remarks);
+            case 47:
+                return CheckForms(record, field, remarks);
             default:
                 return;
         }
@@ -136,7 +140,8 @@ private:
         for (const Element& element : ElementsOf(form)) {
             const bool isIn008 = offset > 0 || form == zorby::CF008Standard;
             if (isIn008 && element.first == 0) continue;
-            const auto first = static_cast<std::size_t>(element.first + offset);
+            const int position = element.first + offset;
+            const auto first = static_cast<std::size_t>(position);
             const auto width = static_cast<std::size_t>(element.Width());
             if (first + width > bytes.size()) return;
             CheckElement(element, bytes.substr(first, width),
@@ -211,8 +216,8 @@ private:
 
     static void CheckAgainst008(const RecordInHand& record, const CheckedField& field,
                                 std::string_view text, RemarkSink& remarks) {
-        const CheckedField* fixed = record.First(k008);
-        if (fixed == nullptr || fixed->content.size() != k008Size) return;
+        const CheckedField* fixed = record.Whole008();
+        if (fixed == nullptr) return;
         const std::string_view language = fixed->content.substr(kFirstLanguage, kCodeSize);
         const bool saysNothing = IsAll(language, ' ') || IsAll(language, kFill);
         if (saysNothing || text.substr(0, kCodeSize) == language) return;
@@ -228,6 +233,15 @@ private:
             if (padded.size() < kCodeSize) padded.resize(kCodeSize, ' ');
             AddListed(*country_, field.GetPlace().Subfield('a'), text, padded,
                       {RuleId::CountryUnknown, RuleId::CountryObsolete}, remarks);
+        }
+    }
+
+    // Codes of other lists stand in fields whose second indicator is 7.
+    void CheckForms(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+        if (field.Indicator(2) == '7') return;
+        for (const auto& [code, text] : record.SubfieldsOf(field)) {
+            if (code != 'a' || lists_.StateOf(*formOfMusic_, text) != CodeState::Unknown) continue;
+            remarks.Add(RuleId::MusicCodeUnknown, field.GetPlace().Subfield('a'), Quoted(text));
         }
     }
 
@@ -251,6 +265,7 @@ private:
     const CodeLists& lists_;
     const Element* language_;
     const Element* country_;
+    const Element* formOfMusic_;
     // By the number of an element's first part.
     std::vector<std::array<std::optional<CodeState>, 256>> answers_;
 };

@@ -16,6 +16,27 @@ bool IsFoundByStructure(zorby::E_ERROR_CODE code) {
     return code == zorby::EC_NotMARC || code == zorby::EC_NotRepeatable;
 }
 
+// What nobody published has no publisher, and archives measure by boxes. Serials may have their
+// dates in 362 alone.
+bool IsMoot(RuleId rule, const RecordInHand& record) {
+    constexpr std::string_view kManuscripts = "dfpt";
+    constexpr std::string_view kSerials = "bis";
+    const bool isUnpublished =
+        record.LeaderByte(8) == 'a' || kManuscripts.find(record.LeaderByte(6)) != kManuscripts.npos;
+    switch (rule) {
+        case RuleId::NoPlaceOfPublication:
+        case RuleId::NoPublisher:
+            return isUnpublished;
+        case RuleId::NoPhysicalDetails:
+        case RuleId::NoDimensions:
+            return record.LeaderByte(8) == 'a';
+        case RuleId::NoDateOfPublication:
+            return kSerials.find(record.LeaderByte(7)) != kSerials.npos && record.Has(362);
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
 Inspector::Inspector(CheckerOptions options, const RuleWeights& weights, const CodeLists& lists)
@@ -30,14 +51,20 @@ Inspector::Inspector(CheckerOptions options, const RuleWeights& weights, const C
 void Inspector::Inspect(const Record& record, std::uint64_t number, std::vector<Remark>& remarks) {
     remarks.clear();
     RemarkSink sink(weights_, remarks);
-    CheckBytes(record, sink);
+    characters_.Check(record, CharsetOf(record), sink);
+    record_.Take(record);
     if (IsBibliographic(record.leader)) {
-        record_.Take(record);
         coded_.Check(record_, sink);
         CheckStructure(record_, options_.allowLocal, sink);
+        CheckDates(record_, sink);
+        CheckNotes(record_, sink);
+        CheckCodeFields(record_, sink);
         CheckNumbers(record_, sink);
         CheckTitleFields(record_, sink);
         CheckMediaTypes(record_, sink);
+        CheckCarriers(record_, sink);
+        CheckNumbersMet(number, sink);
+        CheckPunctuation(record_, sink);
         CheckLinks(record_, sink);
         CheckNeeds(record_, sink);
     }
@@ -48,26 +75,38 @@ void Inspector::Inspect(const Record& record, std::uint64_t number, std::vector<
 void Inspector::TakeFindings(const Record& record, RemarkSink& remarks) {
     checker_.Check(record, findings_);
     for (const Finding& finding : findings_) {
-        if (!IsFoundByStructure(finding.code)) remarks.Add(RuleOf(finding.code).id, finding.place);
+        const RuleId rule = RuleOf(finding.code).id;
+        if (IsFoundByStructure(finding.code) || IsMoot(rule, record_)) continue;
+        remarks.Add(rule, finding.place);
     }
 }
 
-void Inspector::CheckBytes(const Record& record, RemarkSink& remarks) const {
-    const bool isUtf8 =
-        options_.charset == kCharsetUtf8 ||
-        (options_.charset == kCharsetAuto && record.leader[zorby::kLeaderCharacterCode] == 'a');
-    if (!isUtf8 || !remarks.Wants(RuleId::InvalidBytes)) return;
-    if (const auto invalid = FirstInvalidByte(record)) {
-        remarks.Add(RuleId::InvalidBytes, invalid->fault.place, "byte " + HexText(*invalid->at));
-    }
+Charset Inspector::CharsetOf(const Record& record) const {
+    if (options_.charset != kCharsetAuto) return options_.charset;
+    return record.leader[zorby::kLeaderCharacterCode] == 'a' ? kCharsetUtf8 : kCharsetMarc8;
 }
 
 void Inspector::CheckControlNumber(const Record& record, std::uint64_t number,
                                    RemarkSink& remarks) {
     const std::string_view controlNumber = Trimmed(record.ControlNumber());
     if (controlNumber.empty() || !remarks.Wants(RuleId::ControlNumberRepeated)) return;
-    if (auto first = numbers_.Meet(controlNumber, number)) {
+    if (auto first = numbers_.Meet('c', controlNumber, number)) {
         remarks.Add(RuleId::ControlNumberRepeated, Place::OfField(1U, 1), std::move(*first));
+    }
+}
+
+// The ISBN and the number of another system, by which files are matched when they are loaded.
+void Inspector::CheckNumbersMet(std::uint64_t number, RemarkSink& remarks) {
+    if (!remarks.Wants(RuleId::NumberRepeated)) return;
+    for (const CheckedField& field : record_.Fields()) {
+        if (field.number != 20 && field.number != 35) continue;
+        std::string_view text = record_.TextOf(field, 'a');
+        if (field.number == 20) text = text.substr(0, text.find(' '));
+        if (text.empty()) continue;
+        if (auto first = numbers_.Meet(field.number == 20 ? 'i' : 's', text, number)) {
+            remarks.Add(RuleId::NumberRepeated, field.GetPlace().Subfield('a'), std::string(text),
+                        std::move(*first));
+        }
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include <quillory/checks/Checker.h>
 #include <quillory/coded/CodeLists.h>
+#include <quillory/rules/CharacterRules.h>
 #include <quillory/rules/Remark.h>
 #include <quillory/rules/RuleChoice.h>
 #include <quillory/rules/RuleFamilies.h>
@@ -29,14 +30,16 @@ public:
 
 private:
     void TakeFindings(const Record& record, RemarkSink& remarks);
-    void CheckBytes(const Record& record, RemarkSink& remarks) const;
+    Charset CharsetOf(const Record& record) const;
     void CheckControlNumber(const Record& record, std::uint64_t number, RemarkSink& remarks);
+    void CheckNumbersMet(std::uint64_t number, RemarkSink& remarks);
 
     CheckerOptions options_;
     Checker checker_;
     RuleWeights weights_;
     RecordInHand record_;
     CodedRules coded_;
+    CharacterRules characters_;
     SeenNumbers numbers_;
     std::vector<Finding> findings_;
 };

@@ -1,4 +1,6 @@
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/text/Utf8.h>
+#include <zorby/record/CommFormat.h>
 
 #include <algorithm>
 #include <array>
@@ -40,6 +42,67 @@ bool IsRest(std::string_view rest) {
     return rest.empty() || (rest.front() == '/' && IsScript(rest.substr(1)));
 }
 
+struct ScriptRange {
+    char32_t first;
+    char32_t last;
+    std::string_view code;
+};
+
+// The scripts that have a code of their own in $6, by blocks of Unicode.
+constexpr auto kScriptRanges = std::to_array<ScriptRange>({
+    {0x0370, 0x03FF, "(S"},
+    {0x0400, 0x052F, "(N"},
+    {0x0590, 0x05FF, "(2"},
+    {0x0600, 0x077F, "(3"},
+    {0x1100, 0x11FF, "$1"},
+    {0x1F00, 0x1FFF, "(S"},
+    {0x2E80, 0xA4CF, "$1"},
+    {0xAC00, 0xD7FF, "$1"},
+    {0xF900, 0xFAFF, "$1"},
+    {0xFB1D, 0xFB4F, "(2"},
+    {0xFB50, 0xFDFF, "(3"},
+    {0xFE70, 0xFEFE, "(3"},
+    {0x20000, 0x3FFFF, "$1"},
+});
+
+std::string_view ScriptOf(char32_t codePoint) {
+    for (const ScriptRange& range : kScriptRanges) {
+        if (range.first <= codePoint && codePoint <= range.last) return range.code;
+    }
+    return {};
+}
+
+std::string_view NameOf(std::string_view code) {
+    if (code == "(S") return "Greek";
+    if (code == "(N") return "Cyrillic";
+    if (code == "(2") return "Hebrew";
+    if (code == "(3") return "Arabic";
+    if (code == "$1") return "Chinese, Japanese or Korean";
+    return "Latin";
+}
+
+// In a record in UTF-8, the letters tell the script; of several, $6 may name any.
+void CheckScript(const RecordInHand& record, const Link& link, RemarkSink& remarks) {
+    const std::size_t at = link.text.find('/');
+    if (at == link.text.npos || record.LeaderByte(zorby::kLeaderCharacterCode) != 'a') return;
+    const std::string_view named = link.text.substr(at + 1, 2);
+    if (NameOf(named) == "Latin" && named != "(B") return;
+    std::string_view found;
+    for (const auto& [code, text] : record.SubfieldsOf(*link.field)) {
+        for (std::string_view rest = text; code != '6' && !rest.empty();) {
+            const Utf8Char character = DecodeUtf8(rest);
+            rest.remove_prefix(character.size);
+            const std::string_view script = ScriptOf(character.codePoint);
+            if (script == named) return;
+            if (found.empty()) found = script;
+        }
+    }
+    if (found.empty()) return;
+    remarks.Add(RuleId::ScriptCodeWrong, link.field->GetPlace().Subfield('6'),
+                std::string(named) + " (" + std::string(NameOf(named)) + ")",
+                std::string(found) + " (" + std::string(NameOf(found)) + ")");
+}
+
 std::optional<Link> LinkOf(const CheckedField& field, std::string_view text) {
     const bool isNumbered = text.size() >= kNumberEnd && text[kTagSize] == '-' &&
                             IsDigit(text[kTagSize + 1]) && IsDigit(text[kTagSize + 2]);
@@ -75,6 +138,7 @@ void CheckLinks(const RecordInHand& record, RemarkSink& remarks) {
             if (code != '6') continue;
             if (const auto link = LinkOf(field, text)) {
                 links.push_back(*link);
+                CheckScript(record, *link, remarks);
             } else {
                 remarks.Add(RuleId::LinkMalformed, field.GetPlace().Subfield('6'), Printable(text),
                             field.number == kLinkedTag ? "245-01/$1" : "880-01");

@@ -37,6 +37,13 @@ const CheckedField* RecordInHand::First(unsigned tag) const {
     return &*std::ranges::find(fields_, tag, &CheckedField::number);
 }
 
+const CheckedField* RecordInHand::Whole008() const {
+    constexpr unsigned kTag = 8;
+    constexpr std::size_t kSize = 40;
+    const CheckedField* field = First(kTag);
+    return field != nullptr && field->content.size() == kSize ? field : nullptr;
+}
+
 std::string_view RecordInHand::TextOf(const CheckedField& field, char code) const {
     const auto subfields = SubfieldsOf(field);
     const auto found = std::ranges::find(subfields, code, &SubfieldInHand::code);

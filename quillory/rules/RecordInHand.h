@@ -56,6 +56,8 @@ public:
     // The first field of a tag; null if there is none.
     const CheckedField* First(unsigned tag) const;
     bool Has(unsigned tag) const { return First(tag) != nullptr; }
+    // The first 008, if it has all its 40 positions; null otherwise.
+    const CheckedField* Whole008() const;
     // The first subfield of a code, of a field; empty if there is none.
     std::string_view TextOf(const CheckedField& field, char code) const;
     const FieldRule& OwnRuleOf(const CheckedField& field) const { return rules_.Of(field.number); }

@@ -49,8 +49,12 @@ enum class RuleId : std::uint8_t {
     No001,
     No008,
     No040,
+    SourceIncomplete,
     ControlNumberRepeated,
     InvalidBytes,
+    CharacterUndefined,
+    OutsideMarc8,
+    NumberRepeated,
     // Standard numbers and addresses.
     IsbnInvalid,
     IsbnWithText,
@@ -64,6 +68,7 @@ enum class RuleId : std::uint8_t {
     // Fields in other scripts.
     LinkMalformed,
     LinkWithoutPartner,
+    ScriptCodeWrong,
     // Coded values.
     FieldLength,
     CodeUnknown,
@@ -71,13 +76,29 @@ enum class RuleId : std::uint8_t {
     PositionUndefined,
     DateMalformed,
     DatesInWrongOrder,
+    DateAgainstType,
+    DateAgainstImprint,
+    NoteAgainst008,
     LanguageUnknown,
     LanguageObsolete,
     LanguageAgainst008,
     CountryUnknown,
     CountryObsolete,
+    AreaUnknown,
+    AreaObsolete,
+    PeriodMalformed,
+    MusicCodeUnknown,
     MediaCodeUnknown,
     MediaTermAgainstCode,
+    ContentAgainstType,
+    CarrierAgainstMedia,
+    CarrierAgainstExtent,
+    CarrierWithout007,
+    FormAgainstCarrier,
+    // Punctuation.
+    IsbdMark,
+    HeadingMark,
+    FinalMark,
     Count
 };
 

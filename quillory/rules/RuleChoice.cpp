@@ -38,6 +38,8 @@ std::optional<Severity> SeverityNamed(const std::string& text) {
 
 RuleWeights::RuleWeights(const RuleChoice& choice) {
     for (const Rule& rule : Rules()) weights_[Index(rule.id)] = rule.severity;
+    // A system in UTF-8 has no need of it.
+    weights_[Index(RuleId::OutsideMarc8)] = std::nullopt;
     for (const auto& [name, severity] : choice.severities) {
         const RuleId rule = Named(name);
         weights_[Index(rule)] = SeverityNamed(severity);

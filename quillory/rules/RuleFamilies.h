@@ -19,8 +19,18 @@ void CheckNeeds(const RecordInHand& record, RemarkSink& remarks);
 void CheckNumbers(const RecordInHand& record, RemarkSink& remarks);
 // Nonfiling characters, added entries and series.
 void CheckTitleFields(const RecordInHand& record, RemarkSink& remarks);
+// The marks of ISBD, where Leader/18 promises them.
+void CheckPunctuation(const RecordInHand& record, RemarkSink& remarks);
 // Fields in other scripts and their partners.
 void CheckLinks(const RecordInHand& record, RemarkSink& remarks);
+// Dates of 008 against their type and against the imprint.
+void CheckDates(const RecordInHand& record, RemarkSink& remarks);
+// Notes on bibliographies and indexes against 008.
+void CheckNotes(const RecordInHand& record, RemarkSink& remarks);
+// Codes of areas, periods, instruments and voices: 043, 045, 048.
+void CheckCodeFields(const RecordInHand& record, RemarkSink& remarks);
+// Content, media and carrier against each other, the Leader, 007, 008 and 300.
+void CheckCarriers(const RecordInHand& record, RemarkSink& remarks);
 // Terms and codes of 336 to 338.
 void CheckMediaTypes(const RecordInHand& record, RemarkSink& remarks);
 

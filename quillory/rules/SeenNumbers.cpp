@@ -1,20 +1,75 @@
 #include <quillory/rules/SeenNumbers.h>
 
 #include <algorithm>
-#include <functional>
-#include <limits>
+#include <iterator>
+#include <utility>
 
 namespace quillory {
+namespace {
 
-std::optional<std::string> SeenNumbers::Meet(std::string_view controlNumber, std::uint64_t record) {
-    constexpr std::uint64_t kMost = std::numeric_limits<std::uint32_t>::max();
-    const auto file = static_cast<std::uint32_t>(files_.empty() ? 0 : files_.size() - 1);
-    const Where here{file, static_cast<std::uint32_t>(std::min(record, kMost))};
-    const auto [at, isNew] = seen_.emplace(std::hash<std::string_view>()(controlNumber), here);
-    if (isNew) return std::nullopt;
-    const Where& first = at->second;
-    std::string text = std::to_string(first.record);
-    if (first.file != file) text += " of " + files_[first.file];
+// FNV-1a, with its bits stirred: places are taken from the high ones.
+std::uint64_t HashOf(char kind, std::string_view number) {
+    constexpr std::uint64_t kStart = 0xCBF29CE484222325;
+    constexpr std::uint64_t kPrime = 0x100000001B3;
+    constexpr std::uint64_t kStir = 0x9E3779B97F4A7C15;
+    std::uint64_t hash = (kStart ^ static_cast<unsigned char>(kind)) * kPrime;
+    for (const char c : number) hash = (hash ^ static_cast<unsigned char>(c)) * kPrime;
+    hash = (hash ^ hash >> 32) * kStir;
+    return hash ^ hash >> 32;
+}
+
+}  // namespace
+
+void SeenNumbers::BeginFile(const std::string& name) {
+    files_.push_back({name, last_});
+}
+
+std::optional<std::string> SeenNumbers::Meet(char kind, std::string_view number,
+                                             std::uint64_t record) {
+    constexpr std::size_t kFull = 85;  // percent
+    if (used_ * 100 >= hashes_.size() * kFull) Grow();
+    if (files_.empty()) BeginFile({});
+    const std::uint32_t here = files_.back().before + static_cast<std::uint32_t>(record);
+    last_ = std::max(last_, here);
+    const std::uint64_t hash = HashOf(kind, number);
+    const std::size_t place = PlaceOf(hash);
+    if (records_[place] == 0) {
+        hashes_[place] = hash;
+        records_[place] = here;
+        ++used_;
+        return std::nullopt;
+    }
+    if (records_[place] == here) return std::nullopt;
+    return TextOf(records_[place]);
+}
+
+std::size_t SeenNumbers::PlaceOf(std::uint64_t hash) const {
+    constexpr int kHalf = 32;  // of the bits of a hash; there are fewer places than it has values
+    std::size_t place = (hash >> kHalf) * hashes_.size() >> kHalf;
+    while (records_[place] != 0 && hashes_[place] != hash) {
+        if (++place == hashes_.size()) place = 0;
+    }
+    return place;
+}
+
+void SeenNumbers::Grow() {
+    constexpr std::size_t kFirstSize = 1024;
+    const std::size_t size = std::max(kFirstSize, hashes_.size() + hashes_.size() / 4);
+    const auto hashes = std::exchange(hashes_, std::vector<std::uint64_t>(size));
+    const auto records = std::exchange(records_, std::vector<std::uint32_t>(size));
+    for (std::size_t i = 0; i < hashes.size(); ++i) {
+        if (records[i] == 0) continue;
+        const std::size_t place = PlaceOf(hashes[i]);
+        hashes_[place] = hashes[i];
+        records_[place] = records[i];
+    }
+}
+
+std::string SeenNumbers::TextOf(std::uint32_t record) const {
+    const auto file = std::prev(std::ranges::find_if(
+        files_, [record](const File& other) { return other.before >= record; }));
+    std::string text = std::to_string(record - file->before);
+    if (file != std::prev(files_.end())) text += " of " + file->name;
     return text;
 }
 

@@ -4,28 +4,37 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace quillory {
 
-// The control numbers that a run has met, in about 50 bytes each: a number is known by 64 bits made
-// of it.
+// The numbers that a run has met, in 14 to 18 bytes each: a number is known by 64 bits made of it.
 class SeenNumbers {
 public:
-    void BeginFile(const std::string& name) { files_.push_back(name); }
+    void BeginFile(const std::string& name);
 
-    // Where the number was met first: "3", or "3 of FILE" for another file; nothing if it is new.
-    std::optional<std::string> Meet(std::string_view controlNumber, std::uint64_t record);
+    // Where the number was met first: "3", or "3 of FILE" for another file; nothing if it is new,
+    // or was met in this record. Kinds of numbers (those of 001, of 020) don't mix. `record` is
+    // the number of the record in its file, from 1 on.
+    std::optional<std::string> Meet(char kind, std::string_view number, std::uint64_t record);
 
 private:
-    struct Where {
-        std::uint32_t file;  // index among `files_`
-        std::uint32_t record;
+    struct File {
+        std::string name;
+        std::uint32_t before;  // records of the files before it
     };
 
-    std::vector<std::string> files_;
-    std::unordered_map<std::uint64_t, Where> seen_;
+    void Grow();
+    // Where a hash stands, or would stand.
+    std::size_t PlaceOf(std::uint64_t hash) const;
+    std::string TextOf(std::uint32_t record) const;
+
+    std::vector<File> files_;
+    std::uint32_t last_ = 0;  // record of all files
+    // Side by side, so that no bytes are lost between them. A record of 0 is a free place.
+    std::vector<std::uint64_t> hashes_;
+    std::vector<std::uint32_t> records_;
+    std::size_t used_ = 0;
 };
 
 }  // namespace quillory

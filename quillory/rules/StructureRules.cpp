@@ -134,7 +134,15 @@ void CheckNeeds(const RecordInHand& record, RemarkSink& remarks) {
     const CheckedField* source = record.First(40);
     const bool hasSource = source != nullptr && (HasText(record.TextOf(*source, 'a')) ||
                                                  HasText(record.TextOf(*source, 'c')));
-    if (!hasSource) remarks.Add(RuleId::No040, Place::OfField(40U, source == nullptr ? 0U : 1U));
+    if (!hasSource) {
+        remarks.Add(RuleId::No040, Place::OfField(40U, source == nullptr ? 0U : 1U));
+    } else if (!HasText(record.TextOf(*source, 'c'))) {
+        remarks.Add(RuleId::SourceIncomplete, source->GetPlace(),
+                    "$c, the agency that made the record machine-readable");
+    } else if (!HasText(record.TextOf(*source, 'a'))) {
+        remarks.Add(RuleId::SourceIncomplete, source->GetPlace(),
+                    "$a, the agency that described the item");
+    }
 }
 
 }  // namespace quillory

@@ -29,11 +29,9 @@ constexpr std::array kNonfilingFields = std::to_array<NonfilingField>({
     {830, 2, false},
 });
 
-constexpr std::size_t k008Size = 40;
-
 std::string_view LanguageOf(const RecordInHand& record) {
-    const CheckedField* fixed = record.First(8);
-    if (fixed == nullptr || fixed->content.size() != k008Size) return {};
+    const CheckedField* fixed = record.Whole008();
+    if (fixed == nullptr) return {};
     return fixed->content.substr(35, 3);
 }
 

@@ -13,16 +13,6 @@ std::string Format(const char* format, unsigned value) {
     return text;
 }
 
-// "U+00DF (ß)", without the character itself where it can't be seen.
-std::string CodePointName(std::uint32_t codePoint) {
-    const auto code = static_cast<utf8proc_int32_t>(codePoint);
-    std::string name = Format("U+%04X", codePoint);
-    if (utf8proc_charwidth(code) < 1) return name;
-    utf8proc_uint8_t bytes[4];
-    const utf8proc_ssize_t size = utf8proc_encode_char(code, bytes);
-    return name + " (" + std::string(bytes, bytes + size) + ")";
-}
-
 std::string Describe(LossKind kind, std::uint32_t character) {
     switch (kind) {
         case kLossReference:
@@ -48,8 +38,23 @@ std::string Describe(LossKind kind, std::uint32_t character) {
 
 }  // namespace
 
+std::string CodePointName(std::uint32_t codePoint) {
+    const auto code = static_cast<utf8proc_int32_t>(codePoint);
+    std::string name = Format("U+%04X", codePoint);
+    if (utf8proc_charwidth(code) < 1) return name;
+    utf8proc_uint8_t bytes[4];
+    const utf8proc_ssize_t size = utf8proc_encode_char(code, bytes);
+    return name + " (" + std::string(bytes, bytes + size) + ")";
+}
+
 void Losses::Add(const Losses& other) {
     for (const auto& [key, count] : other.counts_) counts_[key] += count;
+}
+
+std::optional<std::uint32_t> Losses::First(LossKind kind) const {
+    const auto found = counts_.lower_bound({kind, 0});
+    if (found == counts_.end() || found->first.first != kind) return std::nullopt;
+    return found->first.second;
 }
 
 bool Losses::Real() const {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -18,6 +19,9 @@ enum LossKind : std::int32_t {
     kLossXmlSign        // a code point that can't stand in XML, written as &#xXXXX;
 };
 
+// "U+00DF (ß)", without the character itself where it can't be seen.
+std::string CodePointName(std::uint32_t codePoint);
+
 // Counts by kind and character.
 class Losses {
 public:
@@ -27,6 +31,8 @@ public:
     void Add(const Losses& other);
     void Clear() { counts_.clear(); }
     bool Empty() const { return counts_.empty(); }
+    // The first character of a kind, if there is any.
+    std::optional<std::uint32_t> First(LossKind kind) const;
     // Whether anything can't come back: more than references were written.
     bool Real() const;
 

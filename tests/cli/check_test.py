@@ -17,7 +17,7 @@ SOUND = """=LDR  00000nam\\a2200000\\i\\4500
 =001  sound
 =005  20210101101010.0
 =008  990101s1999\\\\\\\\nyua\\\\\\\\\\\\\\\\\\\\001\\0\\eng\\d
-=040  \\\\$aDLC
+=040  \\\\$aDLC$cDLC
 =100  1\\$aTwain, Mark
 =245  10$aRoughing it /$cby Mark Twain.
 =260  \\\\$aNew York :$bHarper,$c1999.

@@ -19,7 +19,7 @@ const Lines kSound{
     "008" + k008,
     "020  $a9780596000271$q(paperback)",
     "040  $aDLC$beng$cDLC",
-    "1001 $aTwain, Mark",
+    "1001 $aTwain, Mark.",
     "24510$aRoughing it /$cby Mark Twain.",
     "264 1$aNew York :$bHarper,$c1999.",
     "300  $a304 pages :$billustrations ;$c21 cm",
@@ -62,7 +62,7 @@ protected:
             if (without.find(line.substr(0, 3)) == without.npos) lines.push_back(line);
         }
         lines.insert(lines.end(), with.begin(), with.end());
-        return Found(TestRecord(lines, '$').record);
+        return Found(TestRecord(lines, '$').record, {{}, {}, {"final-mark-missing"}});
     }
 
 private:
@@ -89,7 +89,7 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"", {"500  $aNote$zSource"}, "subfield-obsolete 500 $z"},
         {"", {"1041 $aX"}, "undefined 104"},
         {"", {"500  $jX$jY"}, "undefined 500 $j"},
-        {"", {"300  $a1 disc$bx$by$bz"}, "not-repeatable 300[2] $b"},
+        {"", {"300  $a1 disc :$bx$by$bz"}, "not-repeatable 300[2] $b"},
         {"", {"590  $jLocal", "9XX  $zOf a system"}, ""},
         {"", {"500  $a$b"}, "undefined 500 $b; field-empty 500"},
         {"", {"500  $a $3Part"}, "subfield-empty 500 $a"},
@@ -102,7 +102,7 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"020", {"020  $a0596000278 (pbk.)", "020  $zwrong"}, "isbn-with-text 020 $a"},
         {"020", {"020  $a080442957X", "020  $c9.95"}, ""},
         {"", {"022  $a0046-2251"}, "issn-invalid 022 $a"},
-        {"", {"022  $a0046-225X", "4900 $aS ;$x0046-225X ;$v1"}, ""},
+        {"", {"022  $a0046-225X", "4900 $aS,$x0046-225X ;$v1"}, ""},
         {"", {"0243 $a9780596000271", "0241 $a036000291453"}, "standard-number-invalid 024[2] $a"},
         {"", {"0242 $aM230671187", "0247 $a10.1000/1$2doi"}, ""},
         {"856", {"85640$uexample.org"}, "url-malformed 856 $u"},
@@ -126,6 +126,10 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"245", {"24510$6880-01$aX"}, "link-without-partner 245 $6"},
         {"", {"88010$6245-1$aY"}, "link-malformed 880 $6"},
         {"", {"88010$6245-00/(9$aY"}, "link-malformed 880 $6"},
+        {"245",
+         {"24510$6880-01$aX", "88010$6245-01/(2/r$a\u041C\u0438\u0440"},
+         "script-code-wrong 880 $6"},
+        {"245", {"24510$6880-01$aX", "88010$6245-01/(N$a\u041C\u4E2D"}, ""},
         // Coded values.
         {"008", {"008" + k008.substr(1)}, "field-length 008"},
         {"008", {With008(23, "y")}, "code-unknown 008/23"},
@@ -133,6 +137,18 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"008", {With008(35, "xyz")}, "code-unknown 008/35-37"},
         {"008", {With008(0, "990231")}, "date-malformed 008/00-05"},
         {"008", {With008(6, "m20101999")}, "dates-in-wrong-order 008/07-14"},
+        {"008", {With008(11, "2000")}, "date-against-type 008/11-14"},
+        {"008", {With008(6, "m1999    ")}, "date-against-type 008/11-14"},
+        {"008", {With008(6, "c19999999")}, ""},
+        {"008", {With008(6, "e19990231")}, ""},
+        {"008", {With008(7, "1989")}, "date-against-imprint 008/07-10"},
+        {"008264", {With008(7, "1989"), "264 1$c198[9]"}, ""},
+        {"008264", {With008(7, "1989"), "264 1$c[not before 1979?]", "264 4$c\u00A91989"}, ""},
+        {"",
+         {"504  $aIncludes bibliographical references and index."},
+         "note-against-008 008/24-27"},
+        {"008", {With008(24, "b"), "504  $aIncludes bibliographies."}, ""},
+        {"008", {With008(31, "0"), "500  $aIncludes index."}, "note-against-008 008/31"},
         {"005", {"00520211332101010.0"}, "date-malformed 005"},
         {"", {"007zz", "007xx"}, "code-unknown 007[2]/00"},
         {"", {"0410 $aeng$aqqq"}, "language-unknown 041 $a"},
@@ -141,7 +157,25 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"", {"041 7$aen$2iso639-1"}, ""},
         {"", {"044  $anyu$azz9"}, "country-code-unknown 044 $a"},
         {"336", {"336  $atext$btxxt$2rdacontent"}, "media-code-unknown 336 $b"},
-        {"336", {"336  $atext$bcri$2rdacontent"}, "media-term-against-code 336 $a"},
+        {"",
+         {"043  $an-us---$ae-xx---$ae-ur-ru"},
+         "area-code-unknown 043 $a; area-code-obsolete 043 $a"},
+        {"", {"0452 $bd197$bd1972$bc0221"}, "period-malformed 045 $b"},
+        {"", {"0450 $aw5w$aw5w-"}, "period-malformed 045 $a"},
+        {"", {"048  $bva01$aoa$axx02", "048 7$azzz$2local"}, "music-code-unknown 048 $a"},
+        {"", {"047  $asn$aqq"}, "music-code-unknown 047 $a"},
+        {"336", {"336  $aperformed music$bprm$2rdacontent"}, "content-against-type 336 $b"},
+        {"336", {"336  $btxt$2rdacontent", "336  $bprm$2rdacontent"}, ""},
+        {"338",
+         {"338  $bnc$2rdacarrier", "338  $bsd$2rdacarrier"},
+         "carrier-against-media 338 $b; carrier-without-007 007"},
+        {"300337338",
+         {"300  $a1 Online Resource", "337  $bn$2rdamedia", "338  $bnc$2rdacarrier"},
+         "carrier-against-extent 300 $a"},
+        {"008", {With008(23, "o")}, "form-against-carrier 008/23"},
+        {"336",
+         {"336  $atext$bcri$2rdacontent"},
+         "media-term-against-code 336 $a; content-against-type 336 $b"},
         {"336", {"336  $aText$btxt$2rdacontent/ger"}, ""},
     };
     for (const auto& row : kCases) {
@@ -184,6 +218,96 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
     }
 }
 
+TEST_F(InspectorTest, MarksAreAskedForWhereTheLeaderPromisesThem) {
+    const struct {
+        char form;  // Leader/18
+        const char* line;
+        const char* found;
+    } kCases[] = {
+        {'a', "24510$aRoughing it /$cby Mark Twain.", ""},
+        {'a', "24510$aRoughing it$cby Mark Twain",
+         "isbd-mark-missing 245 $a; final-mark-missing 245 $c"},
+        {'i', "24510$aRoughing it$cby Mark Twain", "isbd-mark-missing 245 $a"},
+        {'c', "24510$aRoughing it$cby Mark Twain", ""},
+        {' ', "24510$aRoughing it$cby Mark Twain", ""},
+        {'a', "24510$aRoughing it$h[text] :$btravels = Reisen /$c[?]", ""},
+        {'a', "24510$aRoughing it.$nPart 1,$pOut west!", ""},
+        {'a', "264 1$aNew York ;$aLondon :$bHarper,$c1999.", ""},
+        {'a', "264 1$aNew York$aLondon:$bHarper$c1999",
+         "isbd-mark-missing 264 $a; isbd-mark-missing 264 $a; isbd-mark-missing 264 $b"},
+        {'a', "300  $a304 pages$billustrations$c21 cm",
+         "isbd-mark-missing 300 $a; isbd-mark-missing 300 $b"},
+        {'a', "4900 $aBooks,$x0046-225X ;$v1", ""},
+        {'a', "4900 $aBooks$v1", "isbd-mark-missing 490 $a"},
+        {'a', "7001 $aTwain, Mark,$d1835-1910,$eauthor.$4aut", ""},
+        {'a', "7001 $aHill, Ann,$d1950-$eauthor.", ""},
+        {'a', "7001 $aTwain, Mark$c(Spirit)$d1835-1910",
+         "heading-mark-missing 700 $c; final-mark-missing 700 $d"},
+        {'a', "65007$aWest$2fast", ""},
+        {'a', "650 0$aWest", "final-mark-missing 650 $a"},
+        {'a', "500  $aSee https://example.org/a", ""},
+    };
+    for (const auto& row : kCases) {
+        const TestRecord test({std::string("LDR00000nam  2200000 ") + row.form + " 4500", row.line},
+                              '$');
+        const RuleChoice marks{
+            {}, {"isbd-mark-missing", "heading-mark-missing", "final-mark-missing"}, {}};
+        EXPECT_EQ(Found(test.record, marks), row.found) << row.form << row.line;
+    }
+}
+
+TEST_F(InspectorTest, CharactersAreLookedAtInTheirSet) {
+    const struct {
+        char coding;  // Leader/09
+        const char* text;
+        const char* found;
+    } kCases[] = {
+        {'a', "a\u0301 \u00DF \u4E2D", ""},
+        {'a', "\uFFFD", "character-undefined 500 $a"},
+        {'a', "\u0378", "character-undefined 500 $a"},
+        {'a', "\uE000", "character-undefined 500 $a"},
+        {'a', "\302\230The \302\234end", ""},
+        {'a', "\xC2\x80", "character-undefined 500 $a"},
+        {'a', "1901\u20131910", "outside-marc8 500 $a"},
+        {' ', "caf\342e \033(Nabc\033(B", ""},
+        {' ', "a\377z", "character-undefined 500 $a"},
+    };
+    for (const auto& row : kCases) {
+        const TestRecord test({std::string("LDR00000nam ") + row.coding + "2200000 c 4500",
+                               std::string("500  $a") + row.text},
+                              '$');
+        EXPECT_EQ(
+            Found(test.record,
+                  {{{"outside-marc8", "note"}}, {"character-undefined", "outside-marc8"}, {}}),
+            row.found)
+            << row.text;
+    }
+    const TestRecord dash({"LDR00000nam a2200000 c 4500", "500  $a\u2013"}, '$');
+    EXPECT_EQ(Found(dash.record).find("outside-marc8"), std::string::npos);
+}
+
+TEST_F(InspectorTest, NumbersThatWereMetAreNamedWithTheirFile) {
+    Inspector inspector({}, RuleWeights({{}, {"number-repeated", "control-number-repeated"}, {}}),
+                        Lists());
+    const TestRecord one({"001a", "020  $a9780596000271 (pbk.)", "035  $a(X)1"}, '$');
+    const TestRecord other({"001b", "020  $a9780596000271", "020  $a9780596000271"}, '$');
+    inspector.BeginFile("one.mrc");
+    EXPECT_EQ(Found(inspector, one.record, 7), "");
+    EXPECT_EQ(Found(inspector, other.record, 9),
+              "number-repeated 020 $a; number-repeated 020[2] $a");
+    inspector.BeginFile("two.mrc");
+    std::vector<Remark> remarks;
+    inspector.Inspect(one.record, 3, remarks);
+    ASSERT_EQ(remarks.size(), 3U);
+    EXPECT_EQ(remarks.back().found, "7 of one.mrc");
+    for (int i = 0; i < 5000; ++i) {
+        const TestRecord more({"001n" + std::to_string(i)}, '$');
+        EXPECT_EQ(Found(inspector, more.record, 10 + static_cast<std::uint64_t>(i)), "") << i;
+    }
+    EXPECT_EQ(Found(inspector, TestRecord({"001n17"}, '$').record, 6000),
+              "control-number-repeated 001");
+}
+
 TEST_F(InspectorTest, BytesAndControlNumbersAreOfAnyFormat) {
     Inspector inspector({}, RuleWeights(), Lists());
     const TestRecord authority({"LDR00000nz  a2200000n  4500", "001a1", "1001 $aHill\xFF"}, '$');
@@ -195,7 +319,7 @@ TEST_F(InspectorTest, BytesAndControlNumbersAreOfAnyFormat) {
 }
 
 TEST_F(InspectorTest, RulesWeighWhatTheUserSays) {
-    const TestRecord test({"001x1", "008" + k008, "24500$aX$a", "040  $aDLC"}, '$');
+    const TestRecord test({"001x1", "008" + k008, "24500$aX.$a", "040  $aDLC$cDLC"}, '$');
     EXPECT_EQ(Found(test.record), "not-repeatable 245 $a; subfield-empty 245 $a");
     EXPECT_EQ(Found(test.record, {{}, {}, {"not-repeatable"}}), "subfield-empty 245 $a");
     EXPECT_EQ(Found(test.record, {{}, {"subfield-empty", "no-subjects"}, {}}),
@@ -213,8 +337,9 @@ TEST_F(InspectorTest, AnyBytesCanBeLookedAt) {
     Inspector first({}, weights, Lists());
     Inspector second({}, weights, Lists());
     const std::string kBytes = "\037 0159aZ$-/(.'\"\xC3\xA9\x1B";
-    const Lines kTags{"001", "005", "006", "007", "008", "020", "022", "024", "040", "041",
-                      "044", "130", "245", "336", "490", "773", "856", "880", "9ZZ"};
+    const Lines kTags{"001", "005", "006", "007", "008", "020", "022", "024",
+                      "040", "041", "043", "044", "045", "048", "130", "245",
+                      "300", "336", "338", "490", "773", "856", "880", "9ZZ"};
     const auto upTo = [&random](std::size_t most) { return random() % (most + 1); };
     for (int i = 0; i < 3000; ++i) {
         Lines lines;

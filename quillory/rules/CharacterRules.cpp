@@ -1,0 +1,97 @@
+#include <quillory/exchange/RecordCharset.h>
+#include <quillory/exchange/Subfields.h>
+#include <quillory/rules/CharacterRules.h>
+
+#include <algorithm>
+#include <span>
+
+namespace quillory {
+namespace {
+
+Place PlaceOf(const Record& record, std::size_t index) {
+    const std::string_view tag = record.fields[index].tag;
+    const auto before = std::span(record.fields).first(index + 1);
+    return Place::OfField(tag, static_cast<std::uint32_t>(
+                                   std::ranges::count(before, tag, &zorby::CommFormatField::tag)));
+}
+
+// The marks around characters that are passed over in filing.
+bool IsNonfilingMark(char32_t codePoint) {
+    return codePoint == 0x98 || codePoint == 0x9C;
+}
+
+// Why a code point has no place in a record; empty if it has one.
+std::string_view FaultOf(char32_t codePoint) {
+    constexpr char32_t kReplacement = 0xFFFD;
+    if (codePoint == kReplacement) return "stands for a character that was lost";
+    if (IsNonfilingMark(codePoint)) return {};
+    switch (utf8proc_category(static_cast<utf8proc_int32_t>(codePoint))) {
+        case UTF8PROC_CATEGORY_CN:
+            return "is not assigned in Unicode";
+        case UTF8PROC_CATEGORY_CO:
+            return "is for private use";
+        case UTF8PROC_CATEGORY_CC:
+            return "is a control character";
+        default:
+            return {};
+    }
+}
+
+}  // namespace
+
+void CharacterRules::Check(const Record& record, Charset charset, RemarkSink& remarks) {
+    const bool isUtf8 = charset == kCharsetUtf8;
+    if (!isUtf8 && charset != kCharsetMarc8) return;
+    if (isUtf8) {
+        if (const auto invalid = FirstInvalidByte(record)) {
+            remarks.Add(RuleId::InvalidBytes, invalid->fault.place,
+                        "byte " + HexText(*invalid->at));
+            return;
+        }
+    }
+    if (!remarks.Wants(RuleId::CharacterUndefined) && !remarks.Wants(RuleId::OutsideMarc8)) return;
+    for (std::size_t i = 0; i < record.fields.size(); ++i) {
+        const std::string_view content = record.fields[i].content;
+        if (TextConverter::IsUntouched(content)) continue;
+        const Place place = PlaceOf(record, i);
+        ForEachSubfield(content, [&](char code, std::string_view text) {
+            if (TextConverter::IsUntouched(text)) return;
+            if (isUtf8) {
+                CheckUtf8(place.Subfield(code), text, remarks);
+            } else {
+                CheckMarc8(place.Subfield(code), text, remarks);
+            }
+        });
+    }
+}
+
+void CharacterRules::CheckUtf8(const Place& place, std::string_view text, RemarkSink& remarks) {
+    for (std::string_view rest = text; !rest.empty();) {
+        const Utf8Char character = DecodeUtf8(rest);
+        rest.remove_prefix(character.size);
+        const std::string_view fault = FaultOf(character.codePoint);
+        if (fault.empty()) continue;
+        remarks.Add(RuleId::CharacterUndefined, place, CodePointName(character.codePoint),
+                    std::string(fault));
+        return;
+    }
+    if (!remarks.Wants(RuleId::OutsideMarc8)) return;
+    converted_.clear();
+    losses_.Clear();
+    toMarc8_.Append(text, converted_, losses_);
+    if (const auto lost = losses_.First(kLossReference)) {
+        remarks.Add(RuleId::OutsideMarc8, place, CodePointName(*lost));
+    }
+}
+
+void CharacterRules::CheckMarc8(const Place& place, std::string_view text, RemarkSink& remarks) {
+    converted_.clear();
+    losses_.Clear();
+    toUtf8_.Append(text, converted_, losses_);
+    if (const auto lost = losses_.First(kLossReplaced)) {
+        remarks.Add(RuleId::CharacterUndefined, place, "byte " + HexText(static_cast<char>(*lost)),
+                    "is no character of MARC-8 where it stands");
+    }
+}
+
+}  // namespace quillory

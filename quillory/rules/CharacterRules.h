@@ -1,0 +1,26 @@
+#pragma once
+
+#include <quillory/exchange/Record.h>
+#include <quillory/rules/RemarkSink.h>
+#include <quillory/text/TextConverter.h>
+
+namespace quillory {
+
+// Bytes and characters of a record in MARC-8 or UTF-8: what is no character, what no character set
+// defines, and what MARC-8 lacks.
+class CharacterRules {
+public:
+    // Nothing is found in other character sets.
+    void Check(const Record& record, Charset charset, RemarkSink& remarks);
+
+private:
+    void CheckUtf8(const Place& place, std::string_view text, RemarkSink& remarks);
+    void CheckMarc8(const Place& place, std::string_view text, RemarkSink& remarks);
+
+    TextConverter toMarc8_{kCharsetUtf8, kCharsetMarc8, kNormalFormC};
+    TextConverter toUtf8_{kCharsetMarc8, kCharsetUtf8, kNormalFormC};
+    std::string converted_;
+    Losses losses_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,164 @@
+#include <quillory/rules/RuleFamilies.h>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace quillory {
+namespace {
+
+// What a date of 008 may be under a type of date.
+enum class DateKind : std::uint8_t { Blank, Year, YearNotOpen, Unknown, Open, MonthAndDay };
+
+struct TypeOfDate {
+    char code;
+    DateKind first;
+    DateKind second;
+};
+
+// As the MARC 21 Format for Bibliographic Data has them in 008/06.
+constexpr std::array kTypes = std::to_array<TypeOfDate>({
+    {'b', DateKind::Blank, DateKind::Blank},
+    {'c', DateKind::Year, DateKind::Open},
+    {'d', DateKind::Year, DateKind::YearNotOpen},
+    {'e', DateKind::Year, DateKind::MonthAndDay},
+    {'i', DateKind::Year, DateKind::Year},
+    {'k', DateKind::Year, DateKind::Year},
+    {'m', DateKind::Year, DateKind::Year},
+    {'n', DateKind::Unknown, DateKind::Unknown},
+    {'p', DateKind::Year, DateKind::YearNotOpen},
+    {'q', DateKind::Year, DateKind::YearNotOpen},
+    {'r', DateKind::Year, DateKind::YearNotOpen},
+    {'s', DateKind::Year, DateKind::Blank},
+    {'t', DateKind::Year, DateKind::YearNotOpen},
+    {'u', DateKind::Year, DateKind::Unknown},
+});
+
+bool IsDigit(char c) {
+    return '0' <= c && c <= '9';
+}
+
+bool IsAll(std::string_view text, char c) {
+    return text.find_first_not_of(c) == text.npos;
+}
+
+// Digits, with "u" for what is not known.
+bool IsYear(std::string_view date) {
+    return std::ranges::all_of(date, [](char c) { return IsDigit(c) || c == 'u'; });
+}
+
+bool IsMonthAndDay(std::string_view date) {
+    const std::string_view month = date.substr(0, 2);
+    const std::string_view day = date.substr(2);
+    const bool hasDay = IsAll(day, ' ') || std::ranges::all_of(day, IsDigit);
+    return IsAll(date, ' ') || (std::ranges::all_of(month, IsDigit) && month <= "12" && hasDay);
+}
+
+bool Is(DateKind kind, std::string_view date) {
+    switch (kind) {
+        case DateKind::Blank:
+            return IsAll(date, ' ');
+        case DateKind::Year:
+            return IsYear(date);
+        case DateKind::YearNotOpen:
+            return IsYear(date) && date != "9999";
+        case DateKind::Unknown:
+            return IsAll(date, 'u');
+        case DateKind::Open:
+            return date == "9999";
+        default:
+            return IsMonthAndDay(date);
+    }
+}
+
+std::string_view TextOf(DateKind kind) {
+    switch (kind) {
+        case DateKind::Blank:
+            return "blank";
+        case DateKind::Unknown:
+            return "uuuu";
+        case DateKind::Open:
+            return "9999";
+        case DateKind::MonthAndDay:
+            return "a month and a day";
+        default:
+            return "a year";
+    }
+}
+
+// Other values are unknown codes, and found as such.
+bool IsWellFormed(std::string_view date) {
+    return IsAll(date, ' ') || IsYear(date) || IsMonthAndDay(date);
+}
+
+void CheckDate(const CheckedField& field, const TypeOfDate& type, int which, RemarkSink& remarks) {
+    constexpr int kFirst = 7;
+    constexpr int kWidth = 4;
+    const int at = kFirst + (which - 1) * kWidth;
+    const std::string_view date = field.content.substr(static_cast<std::size_t>(at), kWidth);
+    const DateKind kind = which == 1 ? type.first : type.second;
+    if (!IsWellFormed(date) || Is(kind, date)) return;
+    remarks.Add(RuleId::DateAgainstType, field.GetPlace().Positions(at, at + kWidth - 1),
+                "date " + std::to_string(which) + " is \"" + std::string(date) + '"',
+                std::string("type ") + type.code + " it is " + std::string(TextOf(kind)));
+}
+
+// The years in a text, without the brackets in them: "198[5]".
+void AddYears(std::string_view text, std::vector<std::string>& years) {
+    constexpr std::size_t kYearSize = 4;
+    std::string digits;
+    const auto end = [&] {
+        if (digits.size() == kYearSize) years.push_back(digits);
+        digits.clear();
+    };
+    for (const char c : text) {
+        if (IsDigit(c)) {
+            digits += c;
+        } else if (c != '[' && c != ']') {
+            end();
+        }
+    }
+    end();
+}
+
+std::vector<std::string> YearsOfImprint(const RecordInHand& record) {
+    std::vector<std::string> years;
+    for (const CheckedField& field : record.Fields()) {
+        if (field.number != 260 && field.number != 264) continue;
+        for (const auto& [code, text] : record.SubfieldsOf(field)) {
+            if (code == 'c' || code == 'g') AddYears(text, years);
+        }
+    }
+    return years;
+}
+
+// Of these types, date 1 is a year that stands on the item.
+bool HasYearOfItem(char type) {
+    return type == 's' || type == 't' || type == 'e' || type == 'r';
+}
+
+void CheckImprint(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    const std::string year(field.content.substr(7, 4));
+    if (!HasYearOfItem(field.content[6]) || !std::ranges::all_of(year, IsDigit)) return;
+    const std::vector<std::string> years = YearsOfImprint(record);
+    if (years.empty() || std::ranges::find(years, year) != years.end()) return;
+    std::string list;
+    for (const std::string& other : years) list += (list.empty() ? "" : ", ") + other;
+    const unsigned tag = record.Has(264) ? 264 : 260;
+    remarks.Add(RuleId::DateAgainstImprint, field.GetPlace().Positions(7, 10), year,
+                TagText(tag) + " $c has " + list);
+}
+
+}  // namespace
+
+void CheckDates(const RecordInHand& record, RemarkSink& remarks) {
+    const CheckedField* field = record.Whole008();
+    if (field == nullptr) return;
+    const auto* type = std::ranges::find(kTypes, field->content[6], &TypeOfDate::code);
+    if (type == kTypes.end()) return;
+    CheckDate(*field, *type, 1, remarks);
+    CheckDate(*field, *type, 2, remarks);
+    CheckImprint(record, *field, remarks);
+}
+
+}  // namespace quillory

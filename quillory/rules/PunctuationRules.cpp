@@ -1,0 +1,111 @@
+#include <quillory/coded/IsbdMarks.h>
+#include <quillory/rules/RuleFamilies.h>
+#include <quillory/text/Trimmed.h>
+
+#include <algorithm>
+#include <array>
+
+namespace quillory {
+namespace {
+
+constexpr std::size_t kDescriptiveForm = 18;  // in the Leader
+constexpr char kEscape = '\x1B';
+
+bool IsControlSubfield(char code) {
+    return ('0' <= code && code <= '9') || code == 'u' || code == 'w';
+}
+
+std::string_view TrimmedAtEnd(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+bool EndsWith(std::string_view text, const IsbdMark& mark) {
+    const std::string_view end = TrimmedAtEnd(text);
+    if (end.empty() || end.ends_with(kEscape)) return true;
+    return end.ends_with(mark.mark) || mark.others.find(end.back()) != mark.others.npos;
+}
+
+// What a mark looks like to a reader: "\" :\"", or two of them.
+std::string Shown(const IsbdMark& mark) {
+    std::string text = '"' + std::string(mark.mark) + '"';
+    for (const char other : mark.others.substr(0, 1)) text += std::string(" or \"") + other + '"';
+    return text;
+}
+
+// In brackets, what follows needs no mark before it: "$c(Spirit)".
+bool StandsAlone(std::string_view text) {
+    return text.starts_with('(') || text.starts_with('[');
+}
+
+void CheckBetween(const CheckedField& field, const SubfieldInHand& one, const SubfieldInHand& next,
+                  RemarkSink& remarks) {
+    const IsbdMark* mark = IsbdMarkBetween(field.tag, one.code, next.code);
+    if (mark == nullptr || EndsWith(one.text, *mark)) return;
+    if (mark->isHeading && StandsAlone(next.text)) return;
+    // An escape at the end may hide the mark.
+    if (one.text.find(kEscape) != one.text.npos) return;
+    remarks.Add(mark->isHeading ? RuleId::HeadingMark : RuleId::IsbdMark,
+                field.GetPlace().Subfield(one.code),
+                std::string("$") + one.code + " before $" + next.code, Shown(*mark));
+}
+
+void CheckMarks(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    const SubfieldInHand* last = nullptr;
+    for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
+        if (IsControlSubfield(subfield.code)) continue;
+        if (last != nullptr) CheckBetween(field, *last, subfield, remarks);
+        last = &subfield;
+    }
+}
+
+// Headings of the Library of Congress, and of no thesaurus in particular; others have rules of
+// their own.
+bool IsHeadingWithMark(const CheckedField& field) {
+    constexpr std::string_view kLibraryOfCongress = "01";
+    const unsigned tag = field.number;
+    const bool isName = (100 <= tag && tag <= 130) || (700 <= tag && tag <= 730);
+    const bool isSubject = 600 <= tag && tag <= 651;
+    return isName ||
+           (isSubject && kLibraryOfCongress.find(field.Indicator(2)) != kLibraryOfCongress.npos);
+}
+
+// Fields that end with a full stop, unless another mark stands there.
+bool NeedsFinalMark(const CheckedField& field) {
+    constexpr std::array<unsigned, 6> kNotes{500, 504, 511, 520, 538, 588};
+    return field.number == 245 || IsHeadingWithMark(field) ||
+           std::ranges::find(kNotes, field.number) != kNotes.end();
+}
+
+bool IsFinalMark(char c) {
+    constexpr std::string_view kMarks = ".?!-)]\"'>";
+    return kMarks.find(c) != kMarks.npos || static_cast<unsigned char>(c) >= 0x80;
+}
+
+void CheckEnd(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    const auto subfields = record.SubfieldsOf(field);
+    const auto isText = [](const SubfieldInHand& subfield) {
+        return !IsControlSubfield(subfield.code);
+    };
+    const auto last = std::ranges::find_if(subfields.rbegin(), subfields.rend(), isText);
+    // An address may close the field, and no full stop follows it.
+    const bool endsInAddress = !subfields.empty() && subfields.back().code == 'u';
+    if (last == subfields.rend() || endsInAddress) return;
+    const std::string_view text = TrimmedAtEnd(last->text);
+    if (text.empty() || IsFinalMark(text.back()) || text.find(kEscape) != text.npos) return;
+    if (text.find("://") != text.npos) return;
+    remarks.Add(RuleId::FinalMark, field.GetPlace().Subfield(last->code));
+}
+
+}  // namespace
+
+void CheckPunctuation(const RecordInHand& record, RemarkSink& remarks) {
+    const char form = record.LeaderByte(kDescriptiveForm);
+    if (form != 'a' && form != 'i') return;
+    for (const CheckedField& field : record.Fields()) {
+        if (!field.IsData()) continue;
+        CheckMarks(record, field, remarks);
+        if (form == 'a' && NeedsFinalMark(field)) CheckEnd(record, field, remarks);
+    }
+}
+
+}  // namespace quillory
