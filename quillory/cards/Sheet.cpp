@@ -22,9 +22,11 @@ Sheet CardSheet(const CardOptions& options, Paper paper) {
     const double left = (sheet.width - columns * kCardWidth) / 2;
     const double top = (sheet.height - rows * kCardHeight) / 2;
     for (int i = 0; i < count; ++i) {
+        const int row = i / columns;
+        const int column = i % columns;
         sheet.places.push_back(
-            {left + i % columns * kCardWidth + options.horizontalOffset * kPointsPerInch,
-             top + i / columns * kCardHeight + options.verticalOffset * kPointsPerInch});
+            {left + column * kCardWidth + options.horizontalOffset * kPointsPerInch,
+             top + row * kCardHeight + options.verticalOffset * kPointsPerInch});
     }
     return sheet;
 }
