@@ -153,12 +153,26 @@ private:
                       RemarkSink& remarks) {
         const CodeState state = StateOf(element, value);
         if (state == CodeState::Obsolete) {
-            remarks.Add(RuleId::CodeObsolete, place, Quoted(value), element.name);
+            const std::string& former = lists_.FormerNameOf(element);
+            remarks.Add(RuleId::CodeObsolete, place, Quoted(value) + HistoryOf(element, value),
+                        former.empty() ? element.name : former);
         } else if (state == CodeState::Unknown) {
             const RuleId rule =
                 element.IsUndefined() ? RuleId::PositionUndefined : RuleId::CodeUnknown;
             remarks.Add(rule, place, Quoted(value), element.name);
         }
+    }
+
+    // " (until 1990; now d)", as far as it is known of the obsolete codes in a value.
+    std::string HistoryOf(const Element& element, std::string_view value) const {
+        for (const std::string_view code : lists_.SplitCodes(element, value)) {
+            const CodeMeaning meaning = lists_.Find(element, code);
+            if (meaning.state != CodeState::Obsolete) continue;
+            std::string text = meaning.until.empty() ? "" : "until " + meaning.until;
+            if (!meaning.use.empty()) text += (text.empty() ? "now " : "; now ") + meaning.use;
+            return text.empty() ? text : " (" + text + ")";
+        }
+        return {};
     }
 
     CodeState StateOf(const Element& element, std::string_view value) {

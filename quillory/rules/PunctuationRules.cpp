@@ -96,6 +96,15 @@ void CheckEnd(const RecordInHand& record, const CheckedField& field, RemarkSink&
     remarks.Add(RuleId::FinalMark, field.GetPlace().Subfield(last->code));
 }
 
+void CheckMedium(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    for (const auto& [code, text] : record.SubfieldsOf(field)) {
+        const bool isBracketed = text.starts_with('[') && text.find(']') != text.npos;
+        if (code != 'h' || text.empty() || isBracketed) continue;
+        remarks.Add(RuleId::MediumBrackets, field.GetPlace().Subfield('h'),
+                    '"' + Printable(text) + '"');
+    }
+}
+
 }  // namespace
 
 void CheckPunctuation(const RecordInHand& record, RemarkSink& remarks) {
@@ -104,6 +113,7 @@ void CheckPunctuation(const RecordInHand& record, RemarkSink& remarks) {
     for (const CheckedField& field : record.Fields()) {
         if (!field.IsData()) continue;
         CheckMarks(record, field, remarks);
+        if (field.number == 245) CheckMedium(record, field, remarks);
         if (form == 'a' && NeedsFinalMark(field)) CheckEnd(record, field, remarks);
     }
 }

@@ -46,6 +46,7 @@ enum class RuleId : std::uint8_t {
     SubfieldObsolete,
     FieldEmpty,
     SubfieldEmpty,
+    SubfieldsInControlField,
     No001,
     No008,
     No040,
@@ -97,6 +98,7 @@ enum class RuleId : std::uint8_t {
     FormAgainstCarrier,
     // Punctuation.
     IsbdMark,
+    MediumBrackets,
     HeadingMark,
     FinalMark,
     Count

@@ -1,4 +1,5 @@
 #include <quillory/rules/RuleFamilies.h>
+#include <zorby/record/CommFormat.h>
 
 #include <algorithm>
 #include <array>
@@ -102,12 +103,18 @@ void CheckKnownField(const RecordInHand& record, const CheckedField& field, cons
     }
     if (!field.IsData()) {
         if (!HasText(field.content)) remarks.Add(RuleId::FieldEmpty, field.GetPlace());
+        const auto delimiters = std::ranges::count(field.content, zorby::kDelimiter);
+        if (delimiters > 0) {
+            remarks.Add(RuleId::SubfieldsInControlField, field.GetPlace(),
+                        std::to_string(delimiters));
+        }
         return;
     }
     const FieldRule& linked = record.RuleFor(field);
     if (!linked.isObsolete) CheckIndicators(field, linked, remarks);
     CheckCodes(record, field, linked, remarks);
-    CheckTexts(record, field, remarks);
+    // What systems keep in fields of their own is their affair.
+    if (!rule.hasAnyCodes) CheckTexts(record, field, remarks);
 }
 
 }  // namespace

@@ -96,6 +96,7 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"001040", {}, "no-001 001; no-040 040"},
         {"008", {}, "no-008 008"},
         {"264", {"880 1$6264-00/(N$aM"}, ""},
+        {"001", {"001x$a1"}, "subfields-in-control-field 001"},
         // Numbers and addresses.
         {"020", {"020  $a9780596000272"}, "isbn-invalid 020 $a"},
         {"020", {"020  $a978-0-596-00027-1"}, ""},
@@ -231,6 +232,7 @@ TEST_F(InspectorTest, MarksAreAskedForWhereTheLeaderPromisesThem) {
         {'c', "24510$aRoughing it$cby Mark Twain", ""},
         {' ', "24510$aRoughing it$cby Mark Twain", ""},
         {'a', "24510$aRoughing it$h[text] :$btravels = Reisen /$c[?]", ""},
+        {'a', "24510$aRoughing it$htext /$c[?]", "medium-without-brackets 245 $h"},
         {'a', "24510$aRoughing it.$nPart 1,$pOut west!", ""},
         {'a', "264 1$aNew York ;$aLondon :$bHarper,$c1999.", ""},
         {'a', "264 1$aNew York$aLondon:$bHarper$c1999",
@@ -250,8 +252,10 @@ TEST_F(InspectorTest, MarksAreAskedForWhereTheLeaderPromisesThem) {
     for (const auto& row : kCases) {
         const TestRecord test({std::string("LDR00000nam  2200000 ") + row.form + " 4500", row.line},
                               '$');
-        const RuleChoice marks{
-            {}, {"isbd-mark-missing", "heading-mark-missing", "final-mark-missing"}, {}};
+        const RuleChoice marks{{},
+                               {"isbd-mark-missing", "medium-without-brackets",
+                                "heading-mark-missing", "final-mark-missing"},
+                               {}};
         EXPECT_EQ(Found(test.record, marks), row.found) << row.form << row.line;
     }
 }
