@@ -38,7 +38,9 @@ std::size_t RegularExpression::Groups() const {
 bool RegularExpression::Find(std::string_view text, std::size_t from,
                              std::vector<TextRange>& ranges) const {
     if (!engine_->re2.ok() || from > text.size()) return false;
-    std::vector<re2::StringPiece> parts(Groups() + 1);
+    // Each group that is asked for takes memory and time in proportion to the expression.
+    constexpr std::size_t kMostGroups = 9;
+    std::vector<re2::StringPiece> parts(std::min(Groups(), kMostGroups) + 1);
     if (!engine_->re2.Match({text.data(), text.size()}, from, text.size(), RE2::UNANCHORED,
                             parts.data(), static_cast<int>(parts.size()))) {
         return false;
@@ -50,6 +52,17 @@ bool RegularExpression::Find(std::string_view text, std::size_t from,
         ranges.push_back({at, at + part.size()});
     }
     return true;
+}
+
+std::optional<TextRange> RegularExpression::FindMatch(std::string_view text,
+                                                      std::size_t from) const {
+    re2::StringPiece match;
+    const bool isFound = engine_->re2.ok() && from <= text.size() &&
+                         engine_->re2.Match({text.data(), text.size()}, from, text.size(),
+                                            RE2::UNANCHORED, &match, 1);
+    if (!isFound) return std::nullopt;
+    const auto at = static_cast<std::size_t>(match.data() - text.data());
+    return TextRange{at, at + match.size()};
 }
 
 bool RegularExpression::IsIn(std::string_view text) const {

@@ -81,11 +81,7 @@ std::optional<TextRange> TextTest::Find(std::string_view text, bool isCoded,
         const std::string& pattern = isCoded ? codedPattern_ : pattern_;
         return RangeOf(text.find(pattern, from), pattern.size());
     }
-    if (op_ == kTextMatches) {
-        std::vector<TextRange> ranges;
-        if (!expression_->Find(text, from, ranges)) return std::nullopt;
-        return ranges.front();
-    }
+    if (op_ == kTextMatches) return expression_->FindMatch(text, from);
     if (op_ == kTextLike) return FindLike(text, isCoded ? codedPattern_ : pattern_, from);
     return from == 0 ? FindAtEnds(text, isCoded) : std::nullopt;
 }
