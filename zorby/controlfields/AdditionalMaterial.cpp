@@ -160,12 +160,13 @@ void CCFAdditionalMaterial::Serialize(CArchive& archive) {
             << static_cast<std::int32_t>(type007_);
 }
 
-// A 007 that is too long keeps its first bytes, and the rest is skipped.
+// A 007 that is too long keeps its first bytes, and the rest is skipped. A short one leaves the
+// bytes after it as they are, as all changes of the 007 do.
 void CCFAdditionalMaterial::Load(CArchive& archive) {
     unsigned char version = 0;
     archive >> version;
     if (version != kVersion) return;
-    CCFAdditionalMaterial loaded;
+    CCFAdditionalMaterial loaded = *this;
     archive.Read(loaded.field006_.data(), k006Size);
     std::int32_t length = 0;
     archive >> length;
@@ -226,6 +227,22 @@ char CCFAdditionalMaterial::ByteZeroForMaterialType(MaterialType material) {
         default:
             return 'a';
     }
+}
+
+bool CCFAdditionalMaterial::IsEmpty() const {
+    return material_ == kNoMaterial;
+}
+
+MaterialType CCFAdditionalMaterial::GetMaterialType() const {
+    return material_;
+}
+
+CFType CCFAdditionalMaterial::Get006Type() const {
+    return type006_;
+}
+
+CFType CCFAdditionalMaterial::Get007Type() const {
+    return type007_;
 }
 
 }  // namespace zorby

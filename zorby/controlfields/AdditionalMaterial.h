@@ -45,10 +45,10 @@ public:
     // Returns the length of the text that Get gives now.
     int GetPartSize(CFPart part) const;
 
-    bool IsEmpty() const { return material_ == kNoMaterial; }
-    MaterialType GetMaterialType() const { return material_; }
-    CFType Get006Type() const { return type006_; }
-    CFType Get007Type() const { return type007_; }
+    bool IsEmpty() const;
+    MaterialType GetMaterialType() const;
+    CFType Get006Type() const;
+    CFType Get007Type() const;
     // The 006 always has 18 bytes.
     void GetAll(std::string& field006, std::string& field007) const;
     // Replaces the whole 006, including position 0. It is cut at 18 bytes or padded with blanks.

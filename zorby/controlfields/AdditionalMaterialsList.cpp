@@ -110,4 +110,12 @@ void CCFAdditionalMaterialsList::Serialize(CArchive& archive) {
     if (version == kVersion) SerializeList(archive, entries_);
 }
 
+int CCFAdditionalMaterialsList::GetSize() const {
+    return static_cast<int>(entries_.size());
+}
+
+void CCFAdditionalMaterialsList::RemoveAll() {
+    entries_.clear();
+}
+
 }  // namespace zorby

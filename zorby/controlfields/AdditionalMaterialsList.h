@@ -41,11 +41,11 @@ public:
 
     // Returns null outside the list.
     CCFAdditionalMaterial* GetAt(int index) const;
-    int GetSize() const { return static_cast<int>(entries_.size()); }
+    int GetSize() const;
 
     void DeleteByNumber(int index);
     void RemoveEmpty();
-    void RemoveAll() { entries_.clear(); }
+    void RemoveAll();
     void Empty() { RemoveAll(); }
 
     void CloneFrom(const CCFAdditionalMaterialsList& other);

@@ -35,6 +35,12 @@ void Fill(Buffer& buffer, std::size_t size, std::string_view text) {
     if (text.find('#') != text.npos) std::replace(begin, end, '#', kBlank);
 }
 
+// The byte after a field's own, which loading made a terminator.
+template <class... Buffers>
+void BlankEnds(Buffers&... buffers) {
+    ((buffers.back() = kBlank), ...);
+}
+
 template <class Buffer>
 std::string_view Bytes(const Buffer& buffer, std::size_t size) {
     return {buffer.data(), size};
@@ -67,6 +73,7 @@ int CCFMainMaterial::Create(CFType type006, CFType type007, std::string_view lea
     Fill(field008_, k008Size, field008);
     Fill(image006_, k006Size, field008.substr(std::min(kFrom006To008, field008.size())));
     image006_[0] = kBlank;
+    BlankEnds(leader_, block_, field008_, image006_);
     AttachTables();
     second006_.assign(second006.empty() ? 0 : k006Size, kBlank);
     Fill(second006_, second006_.size(), second006);
@@ -278,6 +285,18 @@ char CCFMainMaterial::FormOfItemFrom007Byte1(char designation) {
 
 const tagCFOFFSETENTRY* CCFMainMaterial::CFOFFSETENTRYARRAYFor006Type(CFType type006) {
     return OffsetsFor006Type(type006);
+}
+
+CFType CCFMainMaterial::Get006Type() const {
+    return type006_;
+}
+
+CFType CCFMainMaterial::Get007Type() const {
+    return type007_;
+}
+
+const std::string& CCFMainMaterial::GetSecond006() const {
+    return second006_;
 }
 
 }  // namespace zorby

@@ -57,15 +57,15 @@ public:
     // is none.
     static std::string DefaultLdr(CFType type006, CFType type007);
 
-    CFType Get006Type() const { return type006_; }
-    CFType Get007Type() const { return type007_; }
+    CFType Get006Type() const;
+    CFType Get007Type() const;
     void GetAll(std::string& leader, std::string& field007, std::string& field008,
                 std::string& second006) const;
     // Each returns one of these alone.
     std::string GetLeader() const;
     std::string GetField007() const;
     std::string GetField008() const;
-    const std::string& GetSecond006() const { return second006_; }
+    const std::string& GetSecond006() const;
     // Returns the 32 bytes of the four-part block, which the library stores and never interprets.
     std::string GetBlock() const;
     // Replaces the 007 and its length, but not its type. The text is cut at 24 bytes. Elements

@@ -1,5 +1,6 @@
 #include <zorby/archive/Archive.h>
 #include <zorby/controlfields/MainMaterial.h>
+#include <zorby/controlfields/detail/PartBytes.h>
 
 #include <algorithm>
 
@@ -40,12 +41,12 @@ void CCFMainMaterial::Serialize(CArchive& archive) {
 }
 
 void CCFMainMaterial::Store(CArchive& archive) const {
-    const auto bytes = [](const auto& buffer, std::size_t size) {
-        return std::string_view(buffer.data(), size);
+    const auto text = [](const auto& buffer, std::size_t size) {
+        return UpToZero(std::string_view(buffer.data(), size));
     };
-    archive << std::string_view(second006_) << bytes(leader_, kLeaderSize)
-            << bytes(block_, kBlockSize) << bytes(field008_, static_cast<std::size_t>(length008_))
-            << bytes(image006_, k006Size) << Field007() << length007_ << length008_
+    archive << UpToZero(second006_) << text(leader_, kLeaderSize) << text(block_, kBlockSize)
+            << text(field008_, static_cast<std::size_t>(length008_)) << text(image006_, k006Size)
+            << UpToZero(Field007()) << length007_ << length008_
             << static_cast<std::int32_t>(type006_) << static_cast<std::int32_t>(type007_);
 }
 

@@ -118,4 +118,8 @@ bool CCFMenuData::PartNumberInRange(int withoutByteZero, CFPart part, CFType typ
                          withoutByteZero == 0 ? ByteZero::Included : ByteZero::Excluded);
 }
 
+CFPart CCFMenuData::GetPart() const {
+    return part_;
+}
+
 }  // namespace zorby

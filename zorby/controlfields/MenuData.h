@@ -26,7 +26,7 @@ public:
     CCFMenuData& operator=(const CCFMenuData&) = default;
     virtual ~CCFMenuData();
 
-    CFPart GetPart() const { return part_; }
+    CFPart GetPart() const;
     // Returns null without a menu.
     const char* GetMenuTitle() const;
     // Returns all texts, each terminated, and an empty text after the last one. Returns null

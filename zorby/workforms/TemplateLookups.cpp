@@ -8,15 +8,19 @@ void SetText(const InfoAboutSubfieldText* found, std::string& text) {
     text = found == nullptr ? std::string() : found->GetText();
 }
 
-// Visits each entry of the default data with the tag of its field, which is 0 before the first
-// entry that has one.
+// Visits the entries of default data that belong to fields with this tag: those that have it, and
+// those of tag 0 that continue one. To tag 0 itself belong the entries that have it.
 template <class Visit>
-void WalkByField(const CInfoAboutDefaultDataList& list, Visit visit) {
-    unsigned field = 0;
+void ForEachOfField(const CInfoAboutDefaultDataList& list, unsigned tag, Visit visit) {
+    bool isInField = false;
     for (int i = 0; i < list.GetSize(); ++i) {
         const CInfoAboutDefaultData* data = list.GetAt(i);
-        if (data->GetTag() != 0) field = data->GetTag();
-        visit(field, *data);
+        if (data->GetTag() == tag) {
+            isInField = true;
+        } else if (data->GetTag() != 0) {
+            isInField = false;
+        }
+        if (isInField) visit(*data);
     }
 }
 
@@ -129,17 +133,16 @@ const CInfoAboutDefaultData* CTemplate::GetDefaultDataNext(unsigned tag) {
 
 int CTemplate::DefaultDataIncludes(unsigned tag, char code) const {
     int included = 0;
-    WalkByField(defaultData_, [&](unsigned field, const CInfoAboutDefaultData& data) {
-        if (field == tag && field != 0 && data.GetSubCode() == code) included = 1;
+    ForEachOfField(defaultData_, tag, [&](const CInfoAboutDefaultData& data) {
+        if (data.GetSubCode() == code) included = 1;
     });
     return included;
 }
 
 std::string CTemplate::SubsInTemplateOrder(unsigned tag) const {
     std::string codes;
-    WalkByField(defaultData_, [&](unsigned field, const CInfoAboutDefaultData& data) {
-        if (field == tag && field != 0) codes += data.GetSubCode();
-    });
+    ForEachOfField(defaultData_, tag,
+                   [&](const CInfoAboutDefaultData& data) { codes += data.GetSubCode(); });
     if (codes.empty()) CMARCFormat::AllSubfieldCodes(tag, codes);
     return codes;
 }

@@ -138,6 +138,11 @@ TEST(AdditionalMaterial, ArchiveForm) {
         Entry(k006, std::string(50, 'x') + "end", MTBook, CF006Books, CF007Text);
     CCFAdditionalMaterial cut = Make(tooLong);
     EXPECT_EQ(Store(cut), Entry(k006, std::string(23, 'x'), MTBook, CF006Books, CF007Text));
+    // A short 007 leaves the bytes after it.
+    Load(Entry(k006, "ta", MTBook, CF006Books, CF007Microform), cut);
+    std::string dimensions;
+    cut.Get(CFP007MicroformDimensions, dimensions);
+    EXPECT_EQ(dimensions, "x");
     const std::string endless = kBook.substr(0, 19) + "\377\377\377\177";
     EXPECT_THROW(Load(endless, cut), CArchiveException);
 }

@@ -108,6 +108,10 @@ TEST_F(Template, DefaultDataInTheOrderOfFields) {
     EXPECT_EQ(workform.SubsInTemplateOrder(245), "cab");
     EXPECT_EQ(workform.SubsInTemplateOrder(500), "a");
     EXPECT_EQ(CTemplate().SubsInTemplateOrder(245), "ab");
+    // To tag 0 belong the entries that have no tag.
+    EXPECT_EQ(workform.SubsInTemplateOrder(0), "za");
+    EXPECT_EQ(workform.DefaultDataIncludes(0, 'z'), 1);
+    EXPECT_EQ(workform.DefaultDataIncludes(0, 'c'), 0);
     EXPECT_EQ(workform.DefaultDataIncludes(245, 'b'), 1);
     EXPECT_EQ(workform.DefaultDataIncludes(500, 'b'), 0);
     EXPECT_EQ(workform.DefaultDataIncludes(245, 'z'), 0);
