@@ -48,4 +48,16 @@ CArchiveException::CArchiveException(Cause cause, std::string streamName, std::u
 
 CArchiveException::~CArchiveException() = default;
 
+const std::string& CArchiveException::GetStreamName() const {
+    return streamName_;
+}
+
+std::uint64_t CArchiveException::GetOffset() const {
+    return offset_;
+}
+
+int CArchiveException::GetSystemError() const {
+    return systemError_;
+}
+
 }  // namespace zorby

@@ -13,7 +13,7 @@ namespace zorby {
 // failure, the system's own words.
 class ZORBY_EXPORT CArchiveException : public std::runtime_error {
 public:
-    // Numbers are stable: they are shown to users as a code for technical support.
+    // Numbers are stable.
     enum Cause : std::int32_t {
         kReadOnly = 2,      // storing through a loading archive, or into a read-only stream
         kEndOfFile = 3,     // the stream ended before the item did
@@ -32,10 +32,10 @@ public:
     ~CArchiveException() override;
 
     Cause GetCause() const { return cause_; }
-    const std::string& GetStreamName() const { return streamName_; }
+    const std::string& GetStreamName() const;
     // If an item couldn't be read completely, this is where the item begins.
-    std::uint64_t GetOffset() const { return offset_; }
-    int GetSystemError() const { return systemError_; }
+    std::uint64_t GetOffset() const;
+    int GetSystemError() const;
 
 private:
     Cause cause_;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <filesystem>
 #include <tests/zorby/format/Dictionaries.h>
 #include <vector>
 
@@ -135,7 +137,11 @@ TEST_F(MARCFormat, AMissingFileIsToldAndLeavesNone) {
     ASSERT_EQ(messages.messages.size(), 1U);
     EXPECT_EQ(messages.messages[0].text,
               "File \"" + folder.Path("none/MARCBibl.tfm") +
-                  "\"could not be opened.  Can't start program.  Code: 8");
+                  "\"could not be opened.  Can't start program.  Code: 2");
+    // A folder in its place has another number of the system.
+    std::filesystem::create_directories(folder.Path("none/MARCBibl.tfm"));
+    EXPECT_EQ(CMARCFormat::InitializeYourself(""), 0);
+    EXPECT_TRUE(messages.messages[1].text.ends_with("Code: " + std::to_string(EISDIR)));
 }
 
 TEST_F(MARCFormat, ATruncatedFileThrowsAndLeavesNone) {

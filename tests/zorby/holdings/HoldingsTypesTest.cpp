@@ -157,7 +157,7 @@ TEST_F(HoldingsTypes, AMissingOrTruncatedFileLeavesNone) {
     ASSERT_EQ(messages.messages.size(), 1U);
     EXPECT_EQ(messages.messages[0].text,
               "File \"" + folder.Path("none/zorby.hld") +
-                  "\"could not be opened.  Can't start program.  Code: 8");
+                  "\"could not be opened.  Can't start program.  Code: 2");
 }
 
 }  // namespace

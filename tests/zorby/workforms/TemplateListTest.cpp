@@ -22,7 +22,7 @@ TEST_F(TemplateList, LoadsOrTellsWhyNot) {
     EXPECT_EQ(CTemplateList::InitializeTemplateList("/nowhere/"), 0);
     ASSERT_EQ(messages.messages.size(), 1U);
     EXPECT_EQ(messages.messages[0].text,
-              "File \"/nowhere/zorby.ttm\"could not be opened.  Can't start program.  Code: 8");
+              "File \"/nowhere/zorby.ttm\"could not be opened.  Can't start program.  Code: 2");
     EXPECT_EQ(CTemplateList::TheOneAndOnly(), nullptr);
     EXPECT_EQ(CTemplateList::GetStandardTemplate(kBook), nullptr);
 

@@ -7,10 +7,11 @@
 namespace zorby {
 namespace {
 
-void ShowNotOpened(const std::string& path, CArchiveException::Cause cause) {
+// The code is the system's own number: a missing file, a folder and a forbidden one differ.
+void ShowNotOpened(const std::string& path, int systemError) {
     const std::string text =
         "File \"" + path +
-        "\"could not be opened.  Can't start program.  Code: " + std::to_string(cause);
+        "\"could not be opened.  Can't start program.  Code: " + std::to_string(systemError);
     CurrentMessagePort().ShowMessage(text, CGeneral::GetApplicationName(), MessageIcon::kError);
 }
 
@@ -19,7 +20,7 @@ int Open(const std::string& path, FileStream& file) {
         file.Open(path, FileStream::kRead);
         return 1;
     } catch (const CArchiveException& failure) {
-        ShowNotOpened(path, failure.GetCause());
+        ShowNotOpened(path, failure.GetSystemError());
         return 0;
     }
 }
