@@ -102,4 +102,12 @@ void CDialogWarningSettings::OnOK(const RadioDialog& dialog) {
     for (const RadioGroup& shown : dialog.groups) SetValue(group++, shown.chosen);
 }
 
+void CDialogWarningSettings::SetBasicTLCCustom(int policy) {
+    policy_ = policy;
+}
+
+int CDialogWarningSettings::GetBasicTLCCustom() const {
+    return policy_;
+}
+
 }  // namespace zorby

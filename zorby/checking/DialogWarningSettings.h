@@ -48,8 +48,8 @@ public:
     void SetTLCDefaults();
     void SetCustomDefaults();
     // Sets the policy that the dialog is for. The values stay.
-    void SetBasicTLCCustom(int policy) { policy_ = policy; }
-    int GetBasicTLCCustom() const { return policy_; }
+    void SetBasicTLCCustom(int policy);
+    int GetBasicTLCCustom() const;
 
     // Groups are counted from 0. For any other number, reading returns -1 and setting does nothing.
     int GetValue(int group) const;

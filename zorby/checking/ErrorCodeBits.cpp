@@ -5,10 +5,7 @@
 namespace zorby {
 
 CErrorCodeBits::CErrorCodeBits(const CRecordErrorList& findings) : codes_(ErrorCodeSet()) {
-    for (const CRecordError* finding = findings.GetFirst(); finding != nullptr;
-         finding = findings.GetNext()) {
-        codes_->Set(finding->GetCode());
-    }
+    for (int i = 0; i < findings.GetSize(); ++i) codes_->Set(findings.GetAt(i)->GetCode());
 }
 
 CErrorCodeBits::CErrorCodeBits(const unsigned char* buffer, int size) {

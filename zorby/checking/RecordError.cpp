@@ -122,4 +122,24 @@ std::string CRecordError::DictionaryText(int isLong, const std::string& tag) con
            ".\r\n";
 }
 
+E_ERROR_CODE CRecordError::GetCode() const {
+    return code_;
+}
+
+E_ERROR_CODE_SUB_TYPE CRecordError::GetSubType() const {
+    return subType_;
+}
+
+std::int32_t CRecordError::GetNumber() const {
+    return number_;
+}
+
+char CRecordError::GetSubfield() const {
+    return subfield_;
+}
+
+bool CRecordError::IsError() const {
+    return subType_ == EST_Error;
+}
+
 }  // namespace zorby

@@ -33,11 +33,11 @@ public:
     void Create(E_ERROR_CODE code, E_ERROR_CODE_SUB_TYPE subType, std::int32_t number,
                 char subfield);
 
-    E_ERROR_CODE GetCode() const { return code_; }
-    E_ERROR_CODE_SUB_TYPE GetSubType() const { return subType_; }
-    std::int32_t GetNumber() const { return number_; }
-    char GetSubfield() const { return subfield_; }
-    bool IsError() const { return subType_ == EST_Error; }
+    E_ERROR_CODE GetCode() const;
+    E_ERROR_CODE_SUB_TYPE GetSubType() const;
+    std::int32_t GetNumber() const;
+    char GetSubfield() const;
+    bool IsError() const;
 
     // Appends the prefix and the message in English, always in ASCII except for the code of a
     // subfield. A long message has whole sentences, most of which end in CR LF; a short one has a

@@ -20,14 +20,19 @@ void CRecordErrorList::Add(E_ERROR_CODE code, E_ERROR_CODE_SUB_TYPE subType, std
     entries_.push_back(std::make_unique<CRecordError>(code, subType, number, subfield));
 }
 
-CRecordError* CRecordErrorList::GetFirst() const {
+CRecordError* CRecordErrorList::GetFirst() {
     iterator_ = -1;
     return GetNext();
 }
 
-CRecordError* CRecordErrorList::GetNext() const {
+CRecordError* CRecordErrorList::GetNext() {
     if (iterator_ < std::numeric_limits<std::int32_t>::max()) ++iterator_;
     return iterator_ < GetSize() ? entries_[static_cast<std::size_t>(iterator_)].get() : nullptr;
+}
+
+const CRecordError* CRecordErrorList::GetAt(int index) const {
+    if (index < 0 || index >= GetSize()) return nullptr;
+    return entries_[static_cast<std::size_t>(index)].get();
 }
 
 void CRecordErrorList::Serialize(CArchive& archive) {
@@ -42,6 +47,14 @@ void CRecordErrorList::Serialize(CArchive& archive) {
         entries_.push_back(std::make_unique<CRecordError>());
         entries_.back()->Serialize(archive);
     }
+}
+
+int CRecordErrorList::GetSize() const {
+    return static_cast<int>(entries_.size());
+}
+
+void CRecordErrorList::Clear() {
+    entries_.clear();
 }
 
 }  // namespace zorby

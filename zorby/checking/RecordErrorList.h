@@ -23,18 +23,20 @@ public:
     void Add(E_ERROR_CODE code, E_ERROR_CODE_SUB_TYPE subType, std::int32_t number, char subfield);
 
     // Walk through the list. At its end they return null, however often they are called.
-    CRecordError* GetFirst() const;
-    CRecordError* GetNext() const;
+    CRecordError* GetFirst();
+    CRecordError* GetNext();
 
-    int GetSize() const { return static_cast<int>(entries_.size()); }
-    void Clear() { entries_.clear(); }
+    // Null beyond the list, which counts from 0.
+    const CRecordError* GetAt(int index) const;
+    int GetSize() const;
+    void Clear();
 
     // Only the count is stored, an int32. Loading appends that many entries without a finding, but
     // at most 1,000,000, since nothing in the stream confirms the count.
     void Serialize(CArchive& archive) override;
 
 private:
-    mutable std::int32_t iterator_ = -1;
+    std::int32_t iterator_ = -1;
     std::vector<std::unique_ptr<CRecordError>> entries_;
 };
 

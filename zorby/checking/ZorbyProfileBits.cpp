@@ -30,4 +30,12 @@ void CZorbyProfileBits::SetForError(E_ERROR_CODE code) {
     errors_.Set(code);
 }
 
+const ErrorCodeSet& CZorbyProfileBits::GetErrors() const {
+    return errors_;
+}
+
+const ErrorCodeSet& CZorbyProfileBits::GetWarnings() const {
+    return warnings_;
+}
+
 }  // namespace zorby

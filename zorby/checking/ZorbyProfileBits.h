@@ -14,8 +14,8 @@ class ZORBY_EXPORT CZorbyProfileBits {
 public:
     CZorbyProfileBits();
 
-    const ErrorCodeSet& GetErrors() const { return errors_; }
-    const ErrorCodeSet& GetWarnings() const { return warnings_; }
+    const ErrorCodeSet& GetErrors() const;
+    const ErrorCodeSet& GetWarnings() const;
 
 private:
     void SetFor(ProfileKey key, E_ERROR_CODE code);

@@ -194,16 +194,9 @@ CPmarc::Place CPmarc::FindFurther(const Place& from, int steps) const {
     return place;
 }
 
-const CPmarc::Place& CPmarc::Find(unsigned tag, int occurrence) const {
-    if (last_.tag == tag && last_.occurrence == occurrence && occurrence != 0) return last_;
-    const Place place = Search(tag, occurrence);
-    if (place.occurrence != 0) return last_ = place;
-    static constexpr Place kNowhere;
-    return kNowhere;
-}
-
 CPmarc::Place CPmarc::Search(unsigned tag, int occurrence) const {
     if (tag > kLastTag || occurrence < 1) return {};
+    if (last_.tag == tag && last_.occurrence == occurrence) return last_;
     if (last_.tag == tag && last_.occurrence != 0 && last_.occurrence < occurrence) {
         const Place place = FindFurther(last_, occurrence - last_.occurrence);
         if (place.occurrence != 0) return place;
@@ -226,12 +219,14 @@ CPmarc::Place CPmarc::Search(unsigned tag, int occurrence) const {
 }
 
 std::string* CPmarc::FindField(unsigned tag, int occurrence) {
-    const Place& place = Find(tag, occurrence);
-    return place.occurrence == 0 ? nullptr : &fields_[place.field].text;
+    const Place place = Search(tag, occurrence);
+    if (place.occurrence == 0) return nullptr;
+    last_ = place;
+    return &fields_[place.field].text;
 }
 
 int CPmarc::FieldGetIndexForTagOccurance(unsigned tag, int occurrence) const {
-    return Find(tag, occurrence).index;
+    return Search(tag, occurrence).index;
 }
 
 int CPmarc::FieldExists(int tag, int occurrence) const {

@@ -19,7 +19,8 @@ namespace zorby {
 //
 // FieldNew keeps the list in the order of tags, except that the fields 5XX stay in the order in
 // which they were added, and so do the fields 6XX. Indices count from 0. An int result is 1 for
-// success and 0 for failure unless said otherwise; a failure changes nothing.
+// success and 0 for failure unless said otherwise; a failure changes nothing. Threads may share a
+// record as long as all of them only call const operations.
 class ZORBY_EXPORT CPmarc {
 public:
     class const_iterator;
@@ -116,7 +117,6 @@ private:
     void InsertRun(std::size_t at, std::uint32_t place);
     Gap FindGap(std::uint32_t place, std::uint32_t tag) const;
     std::uint32_t Append(std::size_t run, std::string_view tag, std::string_view content);
-    const Place& Find(unsigned tag, int occurrence) const;
     Place Search(unsigned tag, int occurrence) const;
     Place FindFurther(const Place& from, int steps) const;
     std::string* FindField(unsigned tag, int occurrence);
@@ -126,7 +126,7 @@ private:
     std::vector<Field> fields_;  // in the order in which they were made
     std::vector<Run> runs_;      // in list order
     bool sorted_ = true;         // the places of the runs ascend
-    mutable Place last_;  // the field made or found last; most calls are about it or the next
+    Place last_;                 // the field made or changed last; most calls are about it
 };
 
 // Walks through the fields in list order. Any change of the record invalidates it.
