@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs the library, builds the example against the installed copy by CMake and by pkg-config,
-# and compares what the two programs write with the record that they should write.
+# Installs the library, builds the examples against the installed copy by CMake and by pkg-config,
+# and compares what the programs write with the records that they should write.
 #
 # usage: consume.sh BUILD-FOLDER WORK-FOLDER COMPILER [COMPILER-FLAG...]
 set -euo pipefail
@@ -9,7 +9,7 @@ build=$1 work=$2 compiler=$3
 shift 3
 flags=("$@")
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-example=$here/../../examples/build-record
+examples=$here/../../examples
 prefix=$work/prefix
 
 fail() {
@@ -25,12 +25,13 @@ install_library() {
 }
 
 build_by_cmake() {
-    local generator
+    local example=$1 generator
     generator=$(sed -n 's/^CMAKE_GENERATOR:INTERNAL=//p' "$build/CMakeCache.txt")
-    cmake -G "$generator" -S "$example" -B "$work/cmake" -DCMAKE_PREFIX_PATH="$prefix" \
-        -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_FLAGS="${flags[*]}" > "$work/cmake.log"
-    cmake --build "$work/cmake" >> "$work/cmake.log"
-    cp "$work/cmake/build-record" "$work/by-cmake"
+    cmake -G "$generator" -S "$examples/$example" -B "$work/cmake-$example" \
+        -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$compiler" \
+        -DCMAKE_CXX_FLAGS="${flags[*]}" > "$work/cmake.log"
+    cmake --build "$work/cmake-$example" >> "$work/cmake.log"
+    cp "$work/cmake-$example/$example" "$work/$example-by-cmake"
 }
 
 # What pkg-config says for the installed library, whatever prefix it was configured for.
@@ -40,8 +41,8 @@ zorby_flags() {
 
 build_by_pkg_config() {
     # shellcheck disable=SC2046 # the flags are words
-    "$compiler" "${flags[@]}" "$example/main.cpp" $(zorby_flags --cflags --libs) \
-        -o "$work/by-pkg-config"
+    "$compiler" "${flags[@]}" "$examples/$1/main.cpp" $(zorby_flags --cflags --libs) \
+        -o "$work/$1-by-pkg-config"
 }
 
 # All headers in one program, as a host with strict warnings might include them.
@@ -55,23 +56,39 @@ include_every_header() {
         -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Werror "$all"
 }
 
+# Runs an example and compares what it writes with the record of its name.
 write_record() {
-    LD_LIBRARY_PATH=$libdir "$work/$1" > "$work/$1.mrc" || fail "$1 failed"
-    cmp "$work/$1.mrc" "$here/record.mrc" || fail "$1 wrote another record"
+    local program=$1-by-$2
+    LD_LIBRARY_PATH=$libdir "$work/$program" > "$work/$program.mrc" 2> "$work/$program.txt" ||
+        fail "$program failed: $(cat "$work/$program.txt")"
+    cmp "$work/$program.mrc" "$here/$1.mrc" || fail "$program wrote another record"
 }
 
 # An independent reader finds in the record what the example put there.
 read_back() {
     if command -v yaz-marcdump > /dev/null; then
-        yaz-marcdump -f MARC-8 -t UTF-8 "$work/by-cmake.mrc" |
-            diff - "$here/record.txt" || fail "yaz-marcdump reads another record"
+        yaz-marcdump -f MARC-8 -t UTF-8 "$work/$1-by-cmake.mrc" |
+            diff - "$here/$1.txt" || fail "yaz-marcdump reads another record"
     fi
 }
 
+# The folder of the data files, as the two package systems and the library name it.
+check_data_folder() {
+    local folder
+    folder=$(zorby_flags --variable=datafolder)
+    [[ -f $folder/MARCBibl.tfm ]] || fail "pkg-config names no folder of data files: $folder"
+    grep -qF "(245)" "$work/host-by-cmake.txt" || fail "the host has no dictionary"
+}
+
 install_library
-build_by_cmake
-build_by_pkg_config
+for example in build-record host; do
+    # A host needs the data files, which are installed with the program.
+    [[ $example == host && ! -d $prefix/share/quillory ]] && continue
+    build_by_cmake "$example"
+    build_by_pkg_config "$example"
+    write_record "$example" cmake
+    write_record "$example" pkg-config
+    read_back "$example"
+done
+[[ -d $prefix/share/quillory ]] && check_data_folder
 include_every_header
-write_record by-cmake
-write_record by-pkg-config
-read_back
