@@ -113,4 +113,16 @@ void FileStream::Fail(CArchiveException::Cause cause, int systemError) const {
     throw CArchiveException(cause, path_, position_, systemError);
 }
 
+bool FileStream::IsOpen() const {
+    return file_ != nullptr;
+}
+
+std::uint64_t FileStream::GetPosition() const {
+    return position_;
+}
+
+std::string FileStream::GetName() const {
+    return path_;
+}
+
 }  // namespace zorby

@@ -25,16 +25,16 @@ public:
 
     // Closes any file that was open before. If the file can't be opened, throws with kCannotOpen.
     void Open(const std::string& path, Mode mode);
-    bool IsOpen() const { return file_ != nullptr; }
+    bool IsOpen() const;
     // Writes out the buffer. The file is closed even if that fails.
     void Close();
 
     std::size_t Read(void* buffer, std::size_t size) override;
     void Write(const void* bytes, std::size_t size) override;
     void Flush() override;
-    std::uint64_t GetPosition() const override { return position_; }
+    std::uint64_t GetPosition() const override;
     void Seek(std::uint64_t position) override;
-    std::string GetName() const override { return path_; }
+    std::string GetName() const override;
 
 private:
     enum class Last { kNothing, kRead, kWrite };

@@ -76,4 +76,16 @@ void MemoryViewStream::Seek(std::uint64_t position) {
     position_ = position;
 }
 
+std::uint64_t MemoryStream::GetPosition() const {
+    return position_;
+}
+
+const std::string& MemoryStream::GetBytes() const {
+    return bytes_;
+}
+
+std::uint64_t MemoryViewStream::GetPosition() const {
+    return position_;
+}
+
 }  // namespace zorby

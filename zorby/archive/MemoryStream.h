@@ -19,11 +19,11 @@ public:
     std::size_t Read(void* buffer, std::size_t size) override;
     void Write(const void* bytes, std::size_t size) override;
     void Flush() override;
-    std::uint64_t GetPosition() const override { return position_; }
+    std::uint64_t GetPosition() const override;
     void Seek(std::uint64_t position) override;
 
     // Returns everything that was written, whatever the position is.
-    const std::string& GetBytes() const { return bytes_; }
+    const std::string& GetBytes() const;
 
 private:
     std::string bytes_;
@@ -40,7 +40,7 @@ public:
     std::size_t Read(void* buffer, std::size_t size) override;
     void Write(const void* bytes, std::size_t size) override;
     void Flush() override;
-    std::uint64_t GetPosition() const override { return position_; }
+    std::uint64_t GetPosition() const override;
     void Seek(std::uint64_t position) override;
 
 private:

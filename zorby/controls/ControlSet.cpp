@@ -90,4 +90,12 @@ void ControlSet::EnableAll(bool enable) const {
     for (const Entry& entry : entries_) entry.control->Enable(enable);
 }
 
+void ControlSet::SetWindow(WindowPort& window) {
+    window_ = &window;
+}
+
+bool ControlSet::IsEmpty() const {
+    return entries_.empty();
+}
+
 }  // namespace zorby

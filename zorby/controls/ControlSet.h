@@ -15,7 +15,7 @@ namespace zorby {
 class ZORBY_EXPORT ControlSet {
 public:
     // The window must outlive the set.
-    void SetWindow(WindowPort& window) { window_ = &window; }
+    void SetWindow(WindowPort& window);
 
     void Add(const ControlRow& row);
     // The boxes are moved by where `place` begins.
@@ -24,7 +24,7 @@ public:
     void Destroy();
 
     bool Has(int id) const { return Find(id) != nullptr; }
-    bool IsEmpty() const { return entries_.empty(); }
+    bool IsEmpty() const;
     ControlPort& At(int id) const;
     TextPort& Text(int id) const;
     ListPort& List(int id) const;

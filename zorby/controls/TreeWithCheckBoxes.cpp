@@ -213,4 +213,12 @@ void CTreeWithCheckBoxes::ForEachBelow(TreeItem item, Visit visit) const {
     }
 }
 
+void CTreeWithCheckBoxes::Attach(TreePort* port) {
+    port_ = port;
+}
+
+void CTreeWithCheckBoxes::SetOneRootOnly(int oneRootOnly) {
+    oneRootOnly_ = oneRootOnly != 0;
+}
+
 }  // namespace zorby

@@ -30,12 +30,12 @@ public:
 
     // Shows all items from now on in a control, which must outlive this tree or be detached with
     // null. It must be empty, and so must this tree.
-    void Attach(TreePort* port) { port_ = port; }
+    void Attach(TreePort* port);
     // `level2Checkable` and `rootCheckable` are 1 at first, `singleSelection` is 0. They hold for
     // items that are inserted later.
     void SetOptions(int level2Checkable, int rootCheckable, int singleSelection);
     // With 1, checking an item clears the other branches of the top level. It is 0 at first.
-    void SetOneRootOnly(int oneRootOnly) { oneRootOnly_ = oneRootOnly != 0; }
+    void SetOneRootOnly(int oneRootOnly);
     void InitializeSelChangedCallBack(SelChangedCallBack callback, WindowPort* window);
 
     // Empties the tree.

@@ -42,4 +42,24 @@ unsigned CHoldingsDataElement::GetMARCSize() const {
     return text_.empty() ? 0 : static_cast<unsigned>(text_.size()) + kDelimiterAndCode;
 }
 
+EHOLDINGSID CHoldingsDataElement::GetID() const {
+    return id_;
+}
+
+const std::string& CHoldingsDataElement::GetText() const {
+    return text_;
+}
+
+int CHoldingsDataElement::GetUserValue() const {
+    return userValue_;
+}
+
+void CHoldingsDataElement::SetMarkedForDeletion(int marked) {
+    markedForDeletion_ = marked;
+}
+
+int CHoldingsDataElement::IsMarkedForDeletion() const {
+    return markedForDeletion_;
+}
+
 }  // namespace zorby

@@ -31,15 +31,15 @@ public:
     // Copies only the number and the text.
     void CloneFrom(const CHoldingsDataElement& element);
 
-    EHOLDINGSID GetID() const { return id_; }
-    const std::string& GetText() const { return text_; }
+    EHOLDINGSID GetID() const;
+    const std::string& GetText() const;
     // Stores the text without white space at its ends.
     void SetText(std::string_view text);
-    int GetUserValue() const { return userValue_; }
+    int GetUserValue() const;
 
     // A mark that is neither stored nor cloned. It is not set at first.
-    void SetMarkedForDeletion(int marked) { markedForDeletion_ = marked; }
-    int IsMarkedForDeletion() const { return markedForDeletion_; }
+    void SetMarkedForDeletion(int marked);
+    int IsMarkedForDeletion() const;
 
     // Returns whether both have the same number and the same text, byte for byte.
     bool IsEqualTo(const CHoldingsDataElement& element) const;

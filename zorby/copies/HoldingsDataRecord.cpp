@@ -171,4 +171,24 @@ bool CHoldingsDataRecord::MoveToFree(EHOLDINGSID& id) const {
     return true;
 }
 
+EHOLDINGSTYPE CHoldingsDataRecord::GetHoldingsType() const {
+    return holdingsType_;
+}
+
+const CHoldingsDataRecordList* CHoldingsDataRecord::GetOwner() const {
+    return owner_;
+}
+
+int CHoldingsDataRecord::GetSize() const {
+    return static_cast<int>(elements_.size());
+}
+
+const std::vector<HoldingItemHold>& CHoldingsDataRecord::GetHolds() const {
+    return holds_;
+}
+
+void CHoldingsDataRecord::SetPageHasData(int hasData) {
+    pageHasData_ = hasData;
+}
+
 }  // namespace zorby

@@ -53,9 +53,9 @@ public:
     // holds. Cloning a record from itself changes nothing.
     void CloneFrom(const CHoldingsDataRecord& record);
 
-    EHOLDINGSTYPE GetHoldingsType() const { return holdingsType_; }
+    EHOLDINGSTYPE GetHoldingsType() const;
     // Returns the list that the record is in, or null.
-    const CHoldingsDataRecordList* GetOwner() const { return owner_; }
+    const CHoldingsDataRecordList* GetOwner() const;
 
     // Adds an element. A further value of a repeating item goes to another of the item's numbers
     // (HoldingsTypeRow). In a triple that is the next free one, and the value is dropped if none is
@@ -71,7 +71,7 @@ public:
     void Get(EHOLDINGSID id, std::string& text, CHoldingsDataElement*& element);
 
     // The number of elements.
-    int GetSize() const { return static_cast<int>(elements_.size()); }
+    int GetSize() const;
     int GetElementCount() const { return GetSize(); }
     // Returns null outside the record.
     CHoldingsDataElement* GetAt(int index);
@@ -133,10 +133,10 @@ public:
     int OnlyWhenRecordMeetsCondition_NotEmpty(int anySubfield, EHOLDINGSID id) const;
 
     void AddHoldingItemHold(int tag, char subfield, std::string_view text);
-    const std::vector<HoldingItemHold>& GetHolds() const { return holds_; }
+    const std::vector<HoldingItemHold>& GetHolds() const;
 
     // Nonzero while an editor page holds data for a record that has no elements yet.
-    void SetPageHasData(int hasData) { pageHasData_ = hasData; }
+    void SetPageHasData(int hasData);
     // For a type with an automatic element (HoldingsTypeRow): returns whether no other element has
     // text. For other types: returns whether there is no element, not even one without text, and no
     // data on an editor page.

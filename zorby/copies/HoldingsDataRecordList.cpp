@@ -121,4 +121,8 @@ unsigned CHoldingsDataRecordList::GetMARCSize() const {
     return size;
 }
 
+int CHoldingsDataRecordList::GetSize() const {
+    return static_cast<int>(records_.size());
+}
+
 }  // namespace zorby

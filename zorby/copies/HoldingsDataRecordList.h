@@ -40,7 +40,7 @@ public:
     // the record is null, or the index negative or above kHighestIndex.
     int Replace(int index, std::unique_ptr<CHoldingsDataRecord> record);
 
-    int GetSize() const { return static_cast<int>(records_.size()); }
+    int GetSize() const;
     int GetCount() const { return GetSize(); }
     // Returns null outside the list.
     CHoldingsDataRecord* GetAt(int index);

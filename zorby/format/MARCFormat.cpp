@@ -153,4 +153,32 @@ void CMARCFormat::AddIndicatorName(unsigned tag, int which, std::string_view nam
     indicatorNames_.AddIndicatorName(tag, which, name);
 }
 
+void CMARCFormat::SetName(std::string_view name) {
+    name_ = name;
+}
+
+const std::string& CMARCFormat::GetName() const {
+    return name_;
+}
+
+const CInfoAboutFieldList& CMARCFormat::GetFields() const {
+    return fields_;
+}
+
+const CInfoAboutSubfieldList& CMARCFormat::GetSubfields() const {
+    return subfields_;
+}
+
+const CInfoAboutIndicatorDefaultList& CMARCFormat::GetIndicatorDefaults() const {
+    return defaults_;
+}
+
+const CInfoAboutIndicatorNameList& CMARCFormat::GetIndicatorNames() const {
+    return indicatorNames_;
+}
+
+const CInfoAboutIndicatorValueList& CMARCFormat::GetIndicatorValues() const {
+    return values_;
+}
+
 }  // namespace zorby

@@ -78,7 +78,7 @@ public:
     static std::string IndicatorValue(unsigned tag, int which, char value, EDISPLAYOPTIONS option);
 
     // These build a dictionary, which Serialize then stores. "#" for a blank indicator becomes "_".
-    void SetName(std::string_view name) { name_ = name; }
+    void SetName(std::string_view name);
     // Adds the default indicators too. The last argument is ignored.
     void AddField(unsigned tag, char first, char second, std::string_view name, int repeatable,
                   int mandatory, int unused);
@@ -88,15 +88,15 @@ public:
     void AddIndicatorExpl(unsigned tag, int which, std::string_view text);
     void AddIndicatorName(unsigned tag, int which, std::string_view name);
 
-    const std::string& GetName() const { return name_; }
-    const CInfoAboutFieldList& GetFields() const { return fields_; }
-    const CInfoAboutSubfieldList& GetSubfields() const { return subfields_; }
-    const CInfoAboutIndicatorDefaultList& GetIndicatorDefaults() const { return defaults_; }
+    const std::string& GetName() const;
+    const CInfoAboutFieldList& GetFields() const;
+    const CInfoAboutSubfieldList& GetSubfields() const;
+    const CInfoAboutIndicatorDefaultList& GetIndicatorDefaults() const;
     const CInfoAboutIndicatorExplanationList& GetIndicatorExplanations() const {
         return explanations_;
     }
-    const CInfoAboutIndicatorNameList& GetIndicatorNames() const { return indicatorNames_; }
-    const CInfoAboutIndicatorValueList& GetIndicatorValues() const { return values_; }
+    const CInfoAboutIndicatorNameList& GetIndicatorNames() const;
+    const CInfoAboutIndicatorValueList& GetIndicatorValues() const;
 
 private:
     void AddUserDefinedEntry(const std::string& entry);

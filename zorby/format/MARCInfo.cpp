@@ -97,4 +97,8 @@ void CMARCInfo::Sort() {
     texts_.swap(texts);
 }
 
+int CMARCInfo::GetSize() const {
+    return count_;
+}
+
 }  // namespace zorby

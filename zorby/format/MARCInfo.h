@@ -18,7 +18,7 @@ public:
     // each.
     CMARCInfo(int integerCodes, int width, int count);
 
-    int GetSize() const { return count_; }
+    int GetSize() const;
     // Here and below, `code` points to as many bytes as a code has.
     void SetElement(int index, const void* code, std::string_view text);
     // Outside the list an integer code is 0, and any other code is "|" in every byte.

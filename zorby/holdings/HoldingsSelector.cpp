@@ -75,4 +75,8 @@ bool CInfoAboutHoldingsTypeList::IsSameHoldingsType(EHOLDINGSID id) {
     return current == GetHoldingsTypeFromHoldingsID(id) || HoldingsRowOf(current).Has(id);
 }
 
+const std::string& CHoldingsSelector::GetCurrentSettings() const {
+    return currentSettings_;
+}
+
 }  // namespace zorby

@@ -102,7 +102,7 @@ public:
     int CustomSettingsDialog();
     // Describes the settings as they are now, and shows the description.
     void UpdateCurrentSettings();
-    const std::string& GetCurrentSettings() const { return currentSettings_; }
+    const std::string& GetCurrentSettings() const;
     void SetButtonState();
     // Handles what concerns these controls.
     int OnCmdMsg(int id, int code, TreeItem item) override;

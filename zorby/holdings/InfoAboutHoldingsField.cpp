@@ -25,4 +25,40 @@ void CInfoAboutHoldingsField::Create(std::string_view name, unsigned tag, std::i
     helpText_ = helpText;
 }
 
+void CInfoAboutHoldingsField::SetExtraValue(std::int32_t extraValue) {
+    extraValue_ = extraValue;
+}
+
+const std::string& CInfoAboutHoldingsField::GetName() const {
+    return name_;
+}
+
+unsigned CInfoAboutHoldingsField::GetTag() const {
+    return tag_;
+}
+
+std::int8_t CInfoAboutHoldingsField::GetSubfield() const {
+    return subfield_;
+}
+
+char CInfoAboutHoldingsField::GetRepeatDelimiter() const {
+    return repeatDelimiter_;
+}
+
+EHOLDINGSID CInfoAboutHoldingsField::GetHoldingsID() const {
+    return holdingsID_;
+}
+
+int CInfoAboutHoldingsField::OnePerRecord() const {
+    return onePerRecord_;
+}
+
+std::int32_t CInfoAboutHoldingsField::GetExtraValue() const {
+    return extraValue_;
+}
+
+const std::string& CInfoAboutHoldingsField::GetHelpText() const {
+    return helpText_;
+}
+
 }  // namespace zorby

@@ -20,21 +20,21 @@ public:
     // `repeatDelimiter` is NUL for an element that has only one value.
     void Create(std::string_view name, unsigned tag, std::int8_t subfield, char repeatDelimiter,
                 EHOLDINGSID id, int onePerRecord, std::string_view helpText);
-    void SetExtraValue(std::int32_t extraValue) { extraValue_ = extraValue; }
+    void SetExtraValue(std::int32_t extraValue);
 
     // The label in forms and the entry in menus.
-    const std::string& GetName() const { return name_; }
-    unsigned GetTag() const { return tag_; }
+    const std::string& GetName() const;
+    unsigned GetTag() const;
     // A subfield code or, below 32, a place in a subfield composed of several elements.
-    std::int8_t GetSubfield() const { return subfield_; }
+    std::int8_t GetSubfield() const;
     // The character that separates the values in the element's text, or NUL.
-    char GetRepeatDelimiter() const { return repeatDelimiter_; }
-    EHOLDINGSID GetHoldingsID() const { return holdingsID_; }
+    char GetRepeatDelimiter() const;
+    EHOLDINGSID GetHoldingsID() const;
     // Nonzero if a MARC record may have the field only once.
-    int OnePerRecord() const { return onePerRecord_; }
+    int OnePerRecord() const;
     // A number that is kept for the host.
-    std::int32_t GetExtraValue() const { return extraValue_; }
-    const std::string& GetHelpText() const { return helpText_; }
+    std::int32_t GetExtraValue() const;
+    const std::string& GetHelpText() const;
 
 private:
     std::string name_;

@@ -107,4 +107,24 @@ std::string CInfoAboutHoldingsType::GetCurrentHoldingsFields() const {
     return tags;
 }
 
+const std::vector<std::string>& CInfoAboutHoldingsType::GetNames() const {
+    return names_;
+}
+
+EHOLDINGSTYPE CInfoAboutHoldingsType::GetHoldingsTypeID() const {
+    return holdingsTypeID_;
+}
+
+std::uint32_t CInfoAboutHoldingsType::GetTypeFlags() const {
+    return typeFlags_;
+}
+
+int CInfoAboutHoldingsType::GetTypeOption() const {
+    return typeOption_;
+}
+
+int CInfoAboutHoldingsType::GetSize() const {
+    return static_cast<int>(fields_.size());
+}
+
 }  // namespace zorby

@@ -33,13 +33,13 @@ public:
     // Returns the present name, or an empty text if there is none.
     std::string GetName() const;
     // The present name comes first, then the former ones.
-    const std::vector<std::string>& GetNames() const { return names_; }
-    EHOLDINGSTYPE GetHoldingsTypeID() const { return holdingsTypeID_; }
-    std::uint32_t GetTypeFlags() const { return typeFlags_; }
-    int GetTypeOption() const { return typeOption_; }
+    const std::vector<std::string>& GetNames() const;
+    EHOLDINGSTYPE GetHoldingsTypeID() const;
+    std::uint32_t GetTypeFlags() const;
+    int GetTypeOption() const;
 
     // The number of fields.
-    int GetSize() const { return static_cast<int>(fields_.size()); }
+    int GetSize() const;
     // Returns null outside the list. The lookups return null if no field matches.
     const CInfoAboutHoldingsField* GetAt(int index) const;
     const CInfoAboutHoldingsField* GetFieldInfo(EHOLDINGSID id) const;

@@ -101,4 +101,8 @@ const CInfoAboutHoldingsType* CInfoAboutHoldingsTypeList::FirstWith(EHOLDINGSID 
                      [&](const auto& type) { return type.GetFieldInfo(id) != nullptr; });
 }
 
+int CInfoAboutHoldingsTypeList::GetSize() const {
+    return static_cast<int>(types_.size());
+}
+
 }  // namespace zorby

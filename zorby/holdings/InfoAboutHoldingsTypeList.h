@@ -51,7 +51,7 @@ public:
 
     // These build a dictionary, which Serialize then stores.
     void AddType(std::unique_ptr<CInfoAboutHoldingsType> type);
-    int GetSize() const { return static_cast<int>(types_.size()); }
+    int GetSize() const;
     // Returns null outside the list.
     const CInfoAboutHoldingsType* GetAt(int index) const;
 

@@ -59,4 +59,8 @@ std::string CCFDialogLayoutArray::GetLabel(MaterialType material, CFPart part, i
     return label;
 }
 
+int CCFDialogLayoutArray::GetSize() const {
+    return size_;
+}
+
 }  // namespace zorby

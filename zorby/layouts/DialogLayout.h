@@ -43,7 +43,7 @@ public:
     // rows if the material is unknown or has no such form.
     CCFDialogLayoutArray(MaterialType material, int additional);
 
-    int GetSize() const { return size_; }
+    int GetSize() const;
     // Returns null outside the form. In memory, a row of a null label and CFPEndOfTable follows the
     // last one.
     const CCFDialogLayout* GetAt(int index) const;

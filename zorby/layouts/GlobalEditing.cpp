@@ -194,4 +194,12 @@ int CCFGlobalEditingEntryArray::AddDL(const CCFDialogLayoutArray& form, const CT
     return 1;
 }
 
+const CCFDialogLayout& CCFGlobalEditingEntry::GetRow() const {
+    return *row_;
+}
+
+const CTemplate* CCFGlobalEditingEntry::GetTemplate() const {
+    return workform_;
+}
+
 }  // namespace zorby

@@ -18,9 +18,9 @@ public:
     CCFGlobalEditingEntry(const CCFDialogLayout& row, const CTemplate* workform)
         : row_(&row), workform_(workform) {}
 
-    const CCFDialogLayout& GetRow() const { return *row_; }
+    const CCFDialogLayout& GetRow() const;
     // Returns null if the material has no standard workform.
-    const CTemplate* GetTemplate() const { return workform_; }
+    const CTemplate* GetTemplate() const;
 
     // Returns a number below 0, 0 or above 0 if the first entry belongs before, beside or after the
     // second. Elements without a menu come first, in order of their numbers. The others are in

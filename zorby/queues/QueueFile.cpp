@@ -97,4 +97,24 @@ void CQueueFile::Fail(CArchiveException::Cause cause) const {
     throw CArchiveException(cause, path_, position_, errno);
 }
 
+bool CQueueFile::IsOpen() const {
+    return file_ != nullptr;
+}
+
+void CQueueFile::Close() {
+    file_.reset();
+}
+
+std::uint64_t CQueueFile::GetPosition() const {
+    return position_;
+}
+
+void CQueueFile::Seek(std::uint64_t position) {
+    position_ = position;
+}
+
+std::string CQueueFile::GetName() const {
+    return path_;
+}
+
 }  // namespace zorby

@@ -29,15 +29,15 @@ public:
     // Opens this user's file, and creates it if it is missing; a file that was open before is
     // closed. Returns 1, or 0 with the reason in `failure`, which may be null.
     int Open(CFileException* failure);
-    bool IsOpen() const { return file_ != nullptr; }
-    void Close() { file_.reset(); }
+    bool IsOpen() const;
+    void Close();
 
     std::size_t Read(void* buffer, std::size_t size) override;
     void Write(const void* bytes, std::size_t size) override;
     void Flush() override {}
-    std::uint64_t GetPosition() const override { return position_; }
-    void Seek(std::uint64_t position) override { position_ = position; }
-    std::string GetName() const override { return path_; }
+    std::uint64_t GetPosition() const override;
+    void Seek(std::uint64_t position) override;
+    std::string GetName() const override;
 
     std::uint64_t GetSize() const;
     // Cuts the file after so many bytes. The position stays.

@@ -30,4 +30,8 @@ void CDialogAdv::SetAdvanced(bool advanced) {
     ShowAdvanced(advanced ? 1 : 0);
 }
 
+bool CDialogAdv::IsAdvanced() const {
+    return isAdvanced_;
+}
+
 }  // namespace zorby

@@ -14,7 +14,7 @@ public:
 
     using ModalDialog::ModalDialog;
 
-    bool IsAdvanced() const { return isAdvanced_; }
+    bool IsAdvanced() const;
     // Shows the sentence of a condition, "Always" if it has none, in a label.
     void UpdateOnlyWhen(int label, const COnlyWhenState* state) const;
 

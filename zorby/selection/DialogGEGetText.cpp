@@ -180,4 +180,16 @@ int CDialogGEGetText::OnCmdMsg(int id, int code, TreeItem item) {
     return 1;
 }
 
+const std::string& CDialogGEGetText::GetTagText() const {
+    return tagText_;
+}
+
+bool CDialogGEGetText::IsHolding() const {
+    return isHolding_;
+}
+
+const std::string& CDialogGEGetText::GetDescription() const {
+    return description_;
+}
+
 }  // namespace zorby

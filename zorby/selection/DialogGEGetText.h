@@ -33,11 +33,11 @@ public:
                            EHOLDINGSID& id, std::string& description);
 
     // What was picked, and the condition in its packed text.
-    const std::string& GetTagText() const { return tagText_; }
+    const std::string& GetTagText() const;
     std::string GetState();
-    bool IsHolding() const { return isHolding_; }
+    bool IsHolding() const;
     // Such as "<<Field: Title, Subfield: Remainder>>"; empty if nothing is picked.
-    const std::string& GetDescription() const { return description_; }
+    const std::string& GetDescription() const;
 
     // In the form without conditions, there is none afterwards.
     void OnOK() override;

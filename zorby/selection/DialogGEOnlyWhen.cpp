@@ -320,4 +320,20 @@ void CDialogGEOnlyWhen::ReadPredicate(int test, OnlyWhenTest& values) const {
     values.matchCase = hasText && Controls().At(test + kMatchCase).IsChecked();
 }
 
+const std::string& CDialogGEOnlyWhen::GetDescription() const {
+    return description_;
+}
+
+const std::string& CDialogGEOnlyWhen::GetStateText() const {
+    return stateText_;
+}
+
+void CDialogGEOnlyWhen::OnRadioBoth() {
+    state_.bothConditions = true;
+}
+
+void CDialogGEOnlyWhen::OnRadioEither() {
+    state_.bothConditions = false;
+}
+
 }  // namespace zorby

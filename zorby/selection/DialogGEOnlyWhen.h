@@ -36,14 +36,14 @@ public:
                       int restrictOwnItem, WindowPort* parent);
 
     // The condition that the user confirmed, as a sentence and packed.
-    const std::string& GetDescription() const { return description_; }
-    const std::string& GetStateText() const { return stateText_; }
+    const std::string& GetDescription() const;
+    const std::string& GetStateText() const;
 
     void OnOK() override;
     void OnRadioAlways();
     void OnRadioOnlywhen();
-    void OnRadioBoth() { state_.bothConditions = true; }
-    void OnRadioEither() { state_.bothConditions = false; }
+    void OnRadioBoth();
+    void OnRadioEither();
     void OnSelchangeComboSubfield1() { OnSelchangeSubject(kFirst); }
     void OnSelchangeComboSubfield2() { OnSelchangeSubject(kSecond); }
     void OnSelchangeComboCondition1() { OnSelchangeCondition(kFirst); }

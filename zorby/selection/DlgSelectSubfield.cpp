@@ -86,4 +86,8 @@ void CDlgSelectSubfield::OnOK() {
     Controls().At(kError).Show(true);
 }
 
+const std::string& CDlgSelectSubfield::GetResult() const {
+    return result_;
+}
+
 }  // namespace zorby

@@ -24,7 +24,7 @@ public:
 
     // Returns what was chosen: the path of the tree, or what was typed without the white space
     // around it.
-    const std::string& GetResult() const { return result_; }
+    const std::string& GetResult() const;
 
     int OnCmdMsg(int id, int code, TreeItem item) override;
     void OnOK() override;

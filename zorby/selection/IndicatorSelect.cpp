@@ -195,4 +195,8 @@ int CIndicatorSelect::OnCmdMsg(int id, int code, TreeItem) {
     return 1;
 }
 
+int CIndicatorSelect::GetAutoUpdateState() const {
+    return settings_.autoUpdate;
+}
+
 }  // namespace zorby

@@ -57,7 +57,7 @@ public:
     char GetCode() const;
     // Gives the text of the selected entry, or an empty text.
     void GetComboString(std::string& text) const;
-    int GetAutoUpdateState() const { return settings_.autoUpdate; }
+    int GetAutoUpdateState() const;
     int IsCheckVisible() const;
     int IsDisabledBecauseOfAutoset() const { return IsCheckVisible(); }
 

@@ -71,4 +71,8 @@ void COtherMissingFieldsDlg::Refuse(std::string_view message) {
     selector_.SetFocus();
 }
 
+const std::string& COtherMissingFieldsDlg::GetResult() const {
+    return selection_;
+}
+
 }  // namespace zorby

@@ -17,7 +17,7 @@ public:
     COtherMissingFieldsDlg(std::string_view selection, int treeValue, WindowPort* parent = nullptr);
 
     // Returns what was chosen, in the same forms.
-    const std::string& GetResult() const { return selection_; }
+    const std::string& GetResult() const;
 
     int OnCmdMsg(int id, int code, TreeItem item) override;
     void OnOK() override;

@@ -298,4 +298,8 @@ void CTreeFieldAndSub::GetSelNodePath(TreeItem item, std::string& path,
     }
 }
 
+int CTreeFieldAndSub::GetAllow245h() const {
+    return allow245h_ ? 1 : 0;
+}
+
 }  // namespace zorby

@@ -26,7 +26,7 @@ public:
     // Subfields are allowed, and 245 $h is not, until this says otherwise.
     void SetOptions(int level2Checkable, int rootCheckable, int singleSelection, int allow245h,
                     int allowSubfields);
-    int GetAllow245h() const { return allow245h_ ? 1 : 0; }
+    int GetAllow245h() const;
 
     // Fills the tree anew, and checks what is in a text of paths. `notesOnward` leaves out the
     // groups before "Notes". The names of fields are shown as ZP_DisplayNameOrMARC says.

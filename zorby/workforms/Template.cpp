@@ -130,4 +130,100 @@ void CTemplate::AddRET(unsigned tag, char code, std::string_view rules, std::str
     if (!reminders.empty()) AddSubfieldReminders(tag, code, reminders);
 }
 
+const std::string& CTemplate::GetName() const {
+    return name_;
+}
+
+void CTemplate::SetName(std::string_view name) {
+    name_ = name;
+}
+
+void CTemplate::SetBaseTemplateName(std::string_view name) {
+    baseName_ = name;
+}
+
+bool CTemplate::IsBaseTemplate() const {
+    return base_ == nullptr;
+}
+
+int CTemplate::IsSavedTemplate() const {
+    return saved_;
+}
+
+void CTemplate::SetSavedTemplate() {
+    saved_ = 1;
+}
+
+void CTemplate::SetID(int id) {
+    id_ = id;
+}
+
+MaterialType CTemplate::GetMaterialType() const {
+    return material_;
+}
+
+const CCFMainMaterial& CTemplate::GetMainMaterial() const {
+    return main_;
+}
+
+CCFAdditionalMaterialsList& CTemplate::GetAMList() {
+    return additional_;
+}
+
+const CCFAdditionalMaterialsList& CTemplate::GetAMList() const {
+    return additional_;
+}
+
+CHoldingsDataRecordList& CTemplate::GetHoldingsDataRecordList() {
+    return holdings_;
+}
+
+const CHoldingsDataRecordList& CTemplate::GetHoldingsDataRecordList() const {
+    return holdings_;
+}
+
+void CTemplate::MakeAMListFrom(CCFAdditionalMaterialsList& list) const {
+    list.CloneFrom(additional_);
+}
+
+void CTemplate::MakeHoldingsListFrom(CHoldingsDataRecordList& list) const {
+    list.CloneFrom(holdings_);
+}
+
+int CTemplate::GetOwnID() const {
+    return id_;
+}
+
+CInfoAboutDefaultDataList& CTemplate::GetDefaultData() {
+    return defaultData_;
+}
+
+const CInfoAboutDefaultDataList& CTemplate::GetDefaultData() const {
+    return defaultData_;
+}
+
+const CInfoAboutFieldPriorityList& CTemplate::GetFieldPriorities() const {
+    return fieldPriorities_;
+}
+
+const CInfoAboutIndicatorNameList& CTemplate::GetIndicatorNames() const {
+    return indicatorNames_;
+}
+
+const CInfoAboutSubfieldExamplesList& CTemplate::GetExamples() const {
+    return examples_;
+}
+
+const CInfoAboutSubfieldPromptList& CTemplate::GetPrompts() const {
+    return prompts_;
+}
+
+const CInfoAboutSubfieldRemindersList& CTemplate::GetReminders() const {
+    return reminders_;
+}
+
+const CInfoAboutSubfieldRulesList& CTemplate::GetRules() const {
+    return rules_;
+}
+
 }  // namespace zorby

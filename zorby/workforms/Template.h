@@ -45,17 +45,17 @@ public:
     // standard workform; the other lists are reached through the base.
     void CloneFrom(const CTemplate& other);
 
-    const std::string& GetName() const { return name_; }
-    void SetName(std::string_view name) { name_ = name; }
+    const std::string& GetName() const;
+    void SetName(std::string_view name);
     // Returns the workform's own name if it has no base.
     const std::string& GetBaseTemplateName() const;
-    void SetBaseTemplateName(std::string_view name) { baseName_ = name; }
-    bool IsBaseTemplate() const { return base_ == nullptr; }
+    void SetBaseTemplateName(std::string_view name);
+    bool IsBaseTemplate() const;
     // Nonzero for a workform of the user, which its holder must delete.
-    int IsSavedTemplate() const { return saved_; }
-    void SetSavedTemplate() { saved_ = 1; }
-    void SetID(int id) { id_ = id; }
-    MaterialType GetMaterialType() const { return material_; }
+    int IsSavedTemplate() const;
+    void SetSavedTemplate();
+    void SetID(int id);
+    MaterialType GetMaterialType() const;
 
     // Control fields.
     int ControlFieldsSetMain(MaterialType material, CFType type006, CFType type007,
@@ -65,13 +65,13 @@ public:
     void GetMainMaterialSettings(CFType& type006, CFType& type007, std::string& leader,
                                  std::string& block, std::string& field007, std::string& field008,
                                  std::string& second006) const;
-    const CCFMainMaterial& GetMainMaterial() const { return main_; }
-    CCFAdditionalMaterialsList& GetAMList() { return additional_; }
-    const CCFAdditionalMaterialsList& GetAMList() const { return additional_; }
-    CHoldingsDataRecordList& GetHoldingsDataRecordList() { return holdings_; }
-    const CHoldingsDataRecordList& GetHoldingsDataRecordList() const { return holdings_; }
-    void MakeAMListFrom(CCFAdditionalMaterialsList& list) const { list.CloneFrom(additional_); }
-    void MakeHoldingsListFrom(CHoldingsDataRecordList& list) const { list.CloneFrom(holdings_); }
+    const CCFMainMaterial& GetMainMaterial() const;
+    CCFAdditionalMaterialsList& GetAMList();
+    const CCFAdditionalMaterialsList& GetAMList() const;
+    CHoldingsDataRecordList& GetHoldingsDataRecordList();
+    const CHoldingsDataRecordList& GetHoldingsDataRecordList() const;
+    void MakeAMListFrom(CCFAdditionalMaterialsList& list) const;
+    void MakeHoldingsListFrom(CHoldingsDataRecordList& list) const;
 
     // These build a workform. If there are several texts of one kind for the same place, the first
     // one counts.
@@ -173,7 +173,7 @@ public:
     // nothing.
     int SaveYourself(int a, int b);
     int GetID() const;
-    int GetOwnID() const { return id_; }
+    int GetOwnID() const;
     static int Lock(int id, int who);
     void Unlock(int id) const;
     static void DeleteFromDB(int id);
@@ -192,23 +192,23 @@ public:
     static std::string GetTemplateName(int id);
 
     // The workform's own lists, for programs that show or store them.
-    CInfoAboutDefaultDataList& GetDefaultData() { return defaultData_; }
-    const CInfoAboutDefaultDataList& GetDefaultData() const { return defaultData_; }
-    const CInfoAboutFieldPriorityList& GetFieldPriorities() const { return fieldPriorities_; }
+    CInfoAboutDefaultDataList& GetDefaultData();
+    const CInfoAboutDefaultDataList& GetDefaultData() const;
+    const CInfoAboutFieldPriorityList& GetFieldPriorities() const;
     const CInfoAboutIndicatorDefaultList& GetIndicatorDefaults() const {
         return indicatorDefaults_;
     }
     const CInfoAboutIndicatorExplanationList& GetIndicatorExplanations() const {
         return indicatorExplanations_;
     }
-    const CInfoAboutIndicatorNameList& GetIndicatorNames() const { return indicatorNames_; }
-    const CInfoAboutSubfieldExamplesList& GetExamples() const { return examples_; }
+    const CInfoAboutIndicatorNameList& GetIndicatorNames() const;
+    const CInfoAboutSubfieldExamplesList& GetExamples() const;
     const CInfoAboutSubfieldPriorityList& GetSubfieldPriorities() const {
         return subfieldPriorities_;
     }
-    const CInfoAboutSubfieldPromptList& GetPrompts() const { return prompts_; }
-    const CInfoAboutSubfieldRemindersList& GetReminders() const { return reminders_; }
-    const CInfoAboutSubfieldRulesList& GetRules() const { return rules_; }
+    const CInfoAboutSubfieldPromptList& GetPrompts() const;
+    const CInfoAboutSubfieldRemindersList& GetReminders() const;
+    const CInfoAboutSubfieldRulesList& GetRules() const;
 
 private:
     void AttachBaseTemplate();

@@ -176,4 +176,12 @@ void CTemplateList::WriteZorbyTemplateMapProfileInt(std::string_view name, const
     }
 }
 
+void CTemplateList::Add(std::unique_ptr<CTemplate> workform) {
+    templates_.push_back(std::move(workform));
+}
+
+int CTemplateList::GetSize() const {
+    return static_cast<int>(templates_.size());
+}
+
 }  // namespace zorby

@@ -30,8 +30,8 @@ public:
     static constexpr const char* kFallbackName = "Book (not atlas or songbook)";
 
     // These build a list, which Serialize then stores. GetAt returns null outside the list.
-    void Add(std::unique_ptr<CTemplate> workform) { templates_.push_back(std::move(workform)); }
-    int GetSize() const { return static_cast<int>(templates_.size()); }
+    void Add(std::unique_ptr<CTemplate> workform);
+    int GetSize() const;
     const CTemplate* GetAt(int index) const;
 
     // Loads the list from the file `folder` + "zorby.ttm", puts it in force and returns 1. If the
