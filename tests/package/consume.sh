@@ -77,6 +77,7 @@ check_data_folder() {
     local folder
     folder=$(zorby_flags --variable=datafolder)
     [[ -f $folder/MARCBibl.tfm ]] || fail "pkg-config names no folder of data files: $folder"
+    grep -qF "data files: $folder" "$work/cmake.log" || fail "CMake names another folder"
     grep -qF "(245)" "$work/host-by-cmake.txt" || fail "the host has no dictionary"
 }
 

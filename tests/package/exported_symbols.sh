@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The library's name is versioned, and it exports nothing but its own names.
+# The library's name is versioned, and it exports nothing but its own names, all of them listed.
 #
 # usage: exported_symbols.sh LIBRARY SONAME
 set -euo pipefail
@@ -26,3 +26,6 @@ if foreign=$(grep -vE "^(. $own|$standard)" <<< "$symbols"); then
     printf 'exported, but not in namespace zorby:\n%s\n' "$foreign" | c++filt >&2
     exit 1
 fi
+
+# What programs link to changes only on purpose.
+"$(dirname "${BASH_SOURCE[0]}")/../../tools/exported-symbols" "$library" --check

@@ -155,4 +155,8 @@ std::size_t UnicodeView::LetterEnd(std::size_t byte) const {
     return letter != nullptr ? letter->byteEnd : std::min(byte, size_);
 }
 
+const std::u16string& UnicodeView::Text() const {
+    return units_;
+}
+
 }  // namespace zorby

@@ -26,7 +26,7 @@ public:
     // `Qm` code, as which display type 2 is laid out.
     UnicodeView(std::string_view text, int type);
 
-    const std::u16string& Text() const { return units_; }
+    const std::u16string& Text() const;
 
     // Positions are between characters, from 0 to the length. The place of a byte in units, and of
     // a unit in bytes; a later position never comes before an earlier one. A position that one side

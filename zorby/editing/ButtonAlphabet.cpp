@@ -51,4 +51,16 @@ void CButtonAlphabet::OnLButtonDown() {
     well_->Create(*button_, target_);
 }
 
+void CButtonAlphabet::Serve(CEditMARCAlpha& control) {
+    fields_.push_back(&control);
+}
+
+CEditMARCAlpha* CButtonAlphabet::Target() const {
+    return target_;
+}
+
+CPopupAlphaWell* CButtonAlphabet::Well() {
+    return well_.get();
+}
+
 }  // namespace zorby

@@ -37,14 +37,14 @@ public:
     // The field that has got the focus, or null for anything else.
     void SetActiveFocus(CEditMARCAlpha* control);
     // Called by a field that gets this button, and by one that loses it.
-    void Serve(CEditMARCAlpha& control) { fields_.push_back(&control); }
+    void Serve(CEditMARCAlpha& control);
     void Forget(const CEditMARCAlpha& control);
-    CEditMARCAlpha* Target() const { return target_; }
+    CEditMARCAlpha* Target() const;
 
     // Opens the palette, if there is a target.
     void OnLButtonDown();
     // The palette that was opened last, or null.
-    CPopupAlphaWell* Well() { return well_.get(); }
+    CPopupAlphaWell* Well();
 
     // The button itself takes nothing from the field that is in charge.
     void OnSetFocus() override {}

@@ -14,27 +14,17 @@ class CEditMARCAlpha;
 // numbers. It owns none of them, and must not outlive them.
 class ZORBY_EXPORT EditControls {
 public:
-    void AddField(int id, CEditMARCAlpha& field) { fields_[id] = &field; }
-    void AddButton(int id, BitmapButtonPort& button) { buttons_[id] = &button; }
+    void AddField(int id, CEditMARCAlpha& field);
+    void AddButton(int id, BitmapButtonPort& button);
     // Who gets the commands of context menus; null lets each field carry out its own.
-    void SetMainWindow(CommandTarget* window) { mainWindow_ = window; }
+    void SetMainWindow(CommandTarget* window);
 
     // Null if there is none with this number.
-    CEditMARCAlpha* Field(int id) const {
-        const auto found = fields_.find(id);
-        return found == fields_.end() ? nullptr : found->second;
-    }
-    BitmapButtonPort* Button(int id) const {
-        const auto found = buttons_.find(id);
-        return found == buttons_.end() ? nullptr : found->second;
-    }
+    CEditMARCAlpha* Field(int id) const;
+    BitmapButtonPort* Button(int id) const;
     // In the order of their numbers.
-    std::vector<CEditMARCAlpha*> Fields() const {
-        std::vector<CEditMARCAlpha*> fields;
-        for (const auto& [id, field] : fields_) fields.push_back(field);
-        return fields;
-    }
-    CommandTarget* MainWindow() const { return mainWindow_; }
+    std::vector<CEditMARCAlpha*> Fields() const;
+    CommandTarget* MainWindow() const;
 
 private:
     std::map<int, CEditMARCAlpha*> fields_;

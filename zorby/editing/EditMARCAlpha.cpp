@@ -91,4 +91,32 @@ void CEditMARCAlpha::OnSize() {
     if (port_.GetLeftMargin() > kWidestMargin) port_.SetLeftMargin(0);
 }
 
+void CEditMARCAlpha::SetSel(int anchor, int caret) {
+    port_.Select(anchor, caret);
+}
+
+EditPort& CEditMARCAlpha::Port() {
+    return port_;
+}
+
+const EditPort& CEditMARCAlpha::Port() const {
+    return port_;
+}
+
+void CEditMARCAlpha::SetWildcardsAllowed(int allowed) {
+    wildcardsAllowed_ = allowed;
+}
+
+int CEditMARCAlpha::WildcardsAllowed() const {
+    return wildcardsAllowed_;
+}
+
+void CEditMARCAlpha::SetLimitText(int bytes) {
+    limit_ = bytes;
+}
+
+const RedWord* CEditMARCAlpha::MarkedWord() const {
+    return redWord_.get();
+}
+
 }  // namespace zorby

@@ -65,9 +65,9 @@ public:
     // The selection, inside the real text.
     Selection GetSel() const;
     // The caret comes to be at `caret`, and the text from there to `anchor` is selected.
-    void SetSel(int anchor, int caret) { port_.Select(anchor, caret); }
-    EditPort& Port() { return port_; }
-    const EditPort& Port() const { return port_; }
+    void SetSel(int anchor, int caret);
+    EditPort& Port();
+    const EditPort& Port() const;
 
     // Commands, and whether each is possible now.
     void EditUndo();  // a second one redoes
@@ -105,10 +105,10 @@ public:
     void SetButtonAlphabet(CButtonAlphabet* button);
     // `menu` 0 is no context menu. With no target the control carries commands out itself.
     void SetContextMenu(CommandTarget* target, unsigned menu, unsigned submenu);
-    void SetWildcardsAllowed(int allowed) { wildcardsAllowed_ = allowed; }
-    int WildcardsAllowed() const { return wildcardsAllowed_; }
+    void SetWildcardsAllowed(int allowed);
+    int WildcardsAllowed() const;
     // What is typed goes no further than this; what is pasted may. 0 is no limit, as at first.
-    void SetLimitText(int bytes) { limit_ = bytes; }
+    void SetLimitText(int bytes);
 
     // The font that DoInOnInitDialog gives to the fields of all dialogs. It is copied; null is
     // none.
@@ -127,7 +127,7 @@ public:
 
     // Marks the word from the first to the last position in red, and puts the caret after it.
     void SetSelInRed(int start, int end, std::string_view word);
-    const RedWord* MarkedWord() const { return redWord_.get(); }
+    const RedWord* MarkedWord() const;
 
     // What a person does. A typed character is a key of CSKeyInfo, or 0x08 for backspace.
     virtual void OnChar(unsigned char key);

@@ -110,4 +110,20 @@ void CEditMARCAlphaGT::OnGetTextButton() {
     BufferMaintCheckChanges();
 }
 
+std::string CEditMARCAlphaGT::GetActualText() const {
+    return fields_.WithValues(plainText_);
+}
+
+const GetTextFields::Fields& CEditMARCAlphaGT::Fields() const {
+    return fields_.All();
+}
+
+void CEditMARCAlphaGT::SetGetTextButton(ControlPort* button) {
+    button_ = button;
+}
+
+void CEditMARCAlphaGT::SetDialogParent(WindowPort* parent) {
+    parent_ = parent;
+}
+
 }  // namespace zorby

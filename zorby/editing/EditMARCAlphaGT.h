@@ -41,16 +41,16 @@ public:
     // Sets the value of a field for the current record.
     void SetGTSubfieldText(const int& index, std::string_view text);
     // Returns the text with the values in the places of the fields.
-    std::string GetActualText() const { return fields_.WithValues(plainText_); }
+    std::string GetActualText() const;
 
     bool IsEmpty() const { return GetWindowTextLengthA() == 0; }
-    const GetTextFields::Fields& Fields() const { return fields_.All(); }
+    const GetTextFields::Fields& Fields() const;
 
     // The button is enabled when this control gets the focus, and disabled when another field does.
     // It must outlive this object; null takes it away.
-    void SetGetTextButton(ControlPort* button) { button_ = button; }
+    void SetGetTextButton(ControlPort* button);
     // The window over which the dialog of a field opens. It must outlive this object, or be null.
-    void SetDialogParent(WindowPort* parent) { parent_ = parent; }
+    void SetDialogParent(WindowPort* parent);
     // Lets the user change the last field that begins in the selection, or make a new one in the
     // place of the selection.
     void OnGetTextButton();

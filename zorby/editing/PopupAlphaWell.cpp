@@ -116,4 +116,16 @@ void CPopupAlphaWell::Draw() const {
     grid_->Draw(cells);
 }
 
+bool CPopupAlphaWell::IsOpen() const {
+    return grid_ != nullptr;
+}
+
+const CEditMARCAlpha* CPopupAlphaWell::Field() const {
+    return edit_;
+}
+
+void CPopupAlphaWell::OnEnter() {
+    HandleSelection(column_, row_, kWellChosen);
+}
+
 }  // namespace zorby

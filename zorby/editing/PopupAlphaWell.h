@@ -36,9 +36,9 @@ public:
 
     // Opens the grid under a button, for a field that may be null. Both must outlive this object.
     void Create(BitmapButtonPort& button, CEditMARCAlpha* edit);
-    bool IsOpen() const { return grid_ != nullptr; }
+    bool IsOpen() const;
     void Close();
-    const CEditMARCAlpha* Field() const { return edit_; }
+    const CEditMARCAlpha* Field() const;
 
     virtual void HandleSelection(int column, int row, int selection);
 
@@ -47,7 +47,7 @@ public:
     void OnLButtonDown(ControlPoint point) { Select(point, kWellPressed); }
     void OnLButtonUp(ControlPoint point) { Select(point, kWellChosen); }
     bool OnKeyDown(EditKey key);
-    void OnEnter() { HandleSelection(column_, row_, kWellChosen); }
+    void OnEnter();
     void OnEscape() { Close(); }
 
     // Gives the cell at a point, or returns false outside the grid.

@@ -181,4 +181,8 @@ const CInfoAboutIndicatorValueList& CMARCFormat::GetIndicatorValues() const {
     return values_;
 }
 
+const CInfoAboutIndicatorExplanationList& CMARCFormat::GetIndicatorExplanations() const {
+    return explanations_;
+}
+
 }  // namespace zorby

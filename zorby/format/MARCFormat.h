@@ -92,9 +92,7 @@ public:
     const CInfoAboutFieldList& GetFields() const;
     const CInfoAboutSubfieldList& GetSubfields() const;
     const CInfoAboutIndicatorDefaultList& GetIndicatorDefaults() const;
-    const CInfoAboutIndicatorExplanationList& GetIndicatorExplanations() const {
-        return explanations_;
-    }
+    const CInfoAboutIndicatorExplanationList& GetIndicatorExplanations() const;
     const CInfoAboutIndicatorNameList& GetIndicatorNames() const;
     const CInfoAboutIndicatorValueList& GetIndicatorValues() const;
 

@@ -68,4 +68,12 @@ void CTagAndSubfieldArray::RemoveDuplicates() {
     elements_.erase(last, elements_.end());
 }
 
+unsigned CTagAndSubfield::GetTag() const {
+    return tag_;
+}
+
+char CTagAndSubfield::GetCode() const {
+    return code_;
+}
+
 }  // namespace zorby

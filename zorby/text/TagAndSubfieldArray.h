@@ -18,8 +18,8 @@ public:
     // Compares by tag, then by code as an unsigned byte. Returns -1, 0 or 1.
     static int Compare(const CTagAndSubfield& left, const CTagAndSubfield& right);
 
-    unsigned GetTag() const { return tag_; }
-    char GetCode() const { return code_; }
+    unsigned GetTag() const;
+    char GetCode() const;
 
 private:
     unsigned tag_;

@@ -226,4 +226,16 @@ const CInfoAboutSubfieldRulesList& CTemplate::GetRules() const {
     return rules_;
 }
 
+const CInfoAboutIndicatorDefaultList& CTemplate::GetIndicatorDefaults() const {
+    return indicatorDefaults_;
+}
+
+const CInfoAboutIndicatorExplanationList& CTemplate::GetIndicatorExplanations() const {
+    return indicatorExplanations_;
+}
+
+const CInfoAboutSubfieldPriorityList& CTemplate::GetSubfieldPriorities() const {
+    return subfieldPriorities_;
+}
+
 }  // namespace zorby

@@ -195,17 +195,11 @@ public:
     CInfoAboutDefaultDataList& GetDefaultData();
     const CInfoAboutDefaultDataList& GetDefaultData() const;
     const CInfoAboutFieldPriorityList& GetFieldPriorities() const;
-    const CInfoAboutIndicatorDefaultList& GetIndicatorDefaults() const {
-        return indicatorDefaults_;
-    }
-    const CInfoAboutIndicatorExplanationList& GetIndicatorExplanations() const {
-        return indicatorExplanations_;
-    }
+    const CInfoAboutIndicatorDefaultList& GetIndicatorDefaults() const;
+    const CInfoAboutIndicatorExplanationList& GetIndicatorExplanations() const;
     const CInfoAboutIndicatorNameList& GetIndicatorNames() const;
     const CInfoAboutSubfieldExamplesList& GetExamples() const;
-    const CInfoAboutSubfieldPriorityList& GetSubfieldPriorities() const {
-        return subfieldPriorities_;
-    }
+    const CInfoAboutSubfieldPriorityList& GetSubfieldPriorities() const;
     const CInfoAboutSubfieldPromptList& GetPrompts() const;
     const CInfoAboutSubfieldRemindersList& GetReminders() const;
     const CInfoAboutSubfieldRulesList& GetRules() const;
