@@ -55,6 +55,7 @@ private:
     bool TakeSecondHalf();
     std::size_t WidthHere() const;
     std::size_t EndOfRun();
+    bool IsCharacter(const std::string& bytes) const;
     bool LoseBrokenCharacter();
     void TakeCharacter(std::string& unit);
     void TakeLoneDiacritic(Sets& sets, const std::string& unit);
@@ -122,14 +123,19 @@ std::size_t Marc8Unicode::Decoder::EndOfRun() {
     return runEnd_;
 }
 
+// libyaz passes over some bytes without a word.
+bool Marc8Unicode::Decoder::IsCharacter(const std::string& bytes) const {
+    const Decoded& decoded = owner_.Decode(*sets_, bytes);
+    return decoded.outcome == YazConverter::kDone && !decoded.utf8.empty();
+}
+
 // What is no character of a set of three bytes is lost without what follows: a whole character if
 // the run is made of whole ones, or else a byte, since one is missing and the next ones may agree.
 bool Marc8Unicode::Decoder::LoseBrokenCharacter() {
     const std::size_t width = WidthHere();
     if (width == 1) return false;
     const std::size_t run = EndOfRun() - at_;
-    const std::string bytes(text_.substr(at_, width));
-    if (run >= width && owner_.Decode(*sets_, bytes).outcome != YazConverter::kFailed) return false;
+    if (run >= width && IsCharacter(std::string(text_.substr(at_, width)))) return false;
     const std::size_t lost = run % width == 0 ? width : 1;
     Lose(text_.substr(at_, lost));
     at_ += lost;

@@ -203,6 +203,8 @@ TEST(TextConverter, ALostByteSpoilsNoMoreThanItsRun) {
     }
     // An unknown character among whole ones takes none of them with it.
     EXPECT_EQ(ToUtf8("\x1B$1!0!~~~!0!" + rest), "\u4E00\uFFFD\u4E00" + after);
+    // A byte too many is lost alone.
+    EXPECT_EQ(ToUtf8("\x1B$1!0!z!0!" + rest), "\u4E00\uFFFD\u4E00" + after);
     EXPECT_EQ(ToUtf8("\x1B$1!0"), "\uFFFD\uFFFD");
     EXPECT_EQ(ToUtf8("\x1B$1!0!!\tx"), "\u4E00\uFFFD\t\uFFFD");
 }
