@@ -15,11 +15,7 @@ namespace {
 
 template <class Reader>
 std::unique_ptr<RecordReader> Read(Input& input, bool lenient) {
-    if constexpr (std::is_constructible_v<Reader, Input&, bool>) {
-        return std::make_unique<Reader>(input, lenient);
-    } else {
-        return std::make_unique<Reader>(input);
-    }
+    return std::make_unique<Reader>(input, lenient);
 }
 
 template <class Writer>

@@ -40,6 +40,8 @@ public:
         stream_.avail_out = static_cast<uInt>(size);
         while (stream_.avail_out == size && !stopped_) {
             if (stream_.avail_in == 0 && !Refill()) return 0;
+            if (memberEnded_) SkipZeros();
+            if (stream_.avail_in == 0) continue;
             if (memberEnded_ && !BeginMember()) break;
             const int result = inflate(&stream_, Z_NO_FLUSH);
             memberEnded_ = result == Z_STREAM_END;
@@ -50,6 +52,14 @@ public:
 
 private:
     static Bytef* Bytes(char* p) { return reinterpret_cast<Bytef*>(p); }
+
+    // They fill up the blocks of a tape.
+    void SkipZeros() {
+        while (stream_.avail_in != 0 && *stream_.next_in == 0) {
+            ++stream_.next_in;
+            --stream_.avail_in;
+        }
+    }
 
     // Another member follows if its first byte is that of one; else it is no gzip data.
     bool BeginMember() {

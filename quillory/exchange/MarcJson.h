@@ -13,7 +13,9 @@ namespace quillory {
 // "fields": [{"001": "..."}, {"245": {"ind1": "1", "ind2": "0", "subfields": [{"a": "..."}]}}]}.
 class MarcJsonReader : public LineReader {
 public:
-    explicit MarcJsonReader(Input& input) : LineReader(input) {}
+    // With `lenient` a damaged record is given without the fields that can't be read.
+    explicit MarcJsonReader(Input& input, bool lenient = false)
+        : LineReader(input), lenient_(lenient) {}
 
     static bool Fits(std::string_view head) {
         return head.starts_with('{') || head.starts_with('[');
@@ -26,6 +28,7 @@ protected:
     FaultCode MissingAtEnd(bool sound) override;
 
 private:
+    bool lenient_;
     RecordBuilder builder_;
     std::ptrdiff_t openArrays_ = 0;
 };

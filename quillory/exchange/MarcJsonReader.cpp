@@ -116,7 +116,7 @@ public:
             case kInSubfields:
                 return Go(kInSubfield);
             default:
-                return Misplaced();
+                return MisplacedPart();
         }
     }
 
@@ -140,7 +140,7 @@ public:
         if (builder_.Failed() || BeginsForeign()) return true;
         if (where_ == kInRecord && key_ == "fields") return Go(kInFields);
         if (where_ == kInData && key_ == "subfields") return Go(kInSubfields);
-        return Misplaced();
+        return MisplacedPart();
     }
 
     bool end_array() {
@@ -169,7 +169,7 @@ public:
             builder_.AddControlField(key_, text);
         } else if (where_ == kInSubfield) {
             builder_.AddSubfield(key_, text);
-        } else if (where_ == kInData && key_ != "subfields") {
+        } else if (IsIndicator()) {
             builder_.SetIndicator(key_ == "ind1" ? 0 : 1, text);
         } else {
             return Misplaced();
@@ -177,10 +177,14 @@ public:
         return true;
     }
 
-    bool null() { return IsForeignValue() || Misplaced(); }
+    // For an indicator, nothing.
+    bool null() { return IsForeignValue() || IsIndicator() || Misplaced(); }
     bool boolean(bool) { return IsForeignValue() || Misplaced(); }
     bool number_integer(std::int64_t) { return IsForeignValue() || Misplaced(); }
-    bool number_unsigned(std::uint64_t) { return IsForeignValue() || Misplaced(); }
+    bool number_unsigned(std::uint64_t number) {
+        if (IsForeignValue()) return true;
+        return IsIndicator() ? string(std::to_string(number)) : Misplaced();
+    }
     bool number_float(double, const std::string&) { return IsForeignValue() || Misplaced(); }
     bool binary(const std::vector<std::uint8_t>&) { return Misplaced(); }
 
@@ -204,6 +208,14 @@ private:
     bool Misplaced() {
         builder_.Fail(FaultCode::kMisplacedValue);
         return true;
+    }
+
+    bool IsIndicator() const { return where_ == kInData && key_ != "subfields"; }
+
+    // An object or array, which is passed over.
+    bool MisplacedPart() {
+        ++foreignDepth_;
+        return Misplaced();
     }
 
     // The value of a foreign member is passed over, whatever it is made of.
@@ -257,9 +269,10 @@ void MarcJsonReader::Read(std::string_view block, Item& item) {
     Handler handler(builder_);
     handler.Parse(block.substr(0, block.find_last_not_of(" \t\r\n") + 1));
     builder_.Give(item);
-    if (!handler.Malformed() && !builder_.Failed()) return;
+    const auto& damage = builder_.Damage(lenient_);
+    if (!handler.Malformed() && !damage) return;
     item.kind = kItemDamaged;
-    item.fault = handler.Malformed() ? *handler.Malformed() : ItemFault{*builder_.WhatFailed()};
+    item.fault = handler.Malformed() ? *handler.Malformed() : ItemFault{*damage};
 }
 
 }  // namespace quillory

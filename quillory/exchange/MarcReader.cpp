@@ -11,13 +11,22 @@ namespace {
 // Bytes without a record end. What is longer comes in pieces.
 constexpr std::size_t kLongestDamage = std::size_t{4} << 20;
 
+// Of the record length, which begins the leader.
+constexpr std::size_t kLengthSize = 5;
+
 std::size_t StatedLength(std::string_view bytes) {
     std::size_t length = 0;
-    for (const char c : bytes.substr(0, 5)) {
+    for (const char c : bytes.substr(0, kLengthSize)) {
         if (c < '0' || c > '9') return 0;
         length = length * 10 + static_cast<std::size_t>(c - '0');
     }
-    return bytes.size() < 5 ? 0 : length;
+    return bytes.size() < kLengthSize ? 0 : length;
+}
+
+// Whether a leader begins here whose length was left blank.
+bool HasBlankLength(std::string_view bytes) {
+    return bytes.size() >= zorby::kLeaderSize && bytes.starts_with("     ") &&
+           bytes.substr(10, 2) == "22" && bytes.substr(20, 2) == "45";
 }
 
 // The offset of a sound record at the end of damaged bytes; their size if there is none.
@@ -44,7 +53,6 @@ std::string_view LikelyControlNumber(std::string_view bytes) {
 }  // namespace
 
 bool MarcReader::Fits(std::string_view head) {
-    constexpr std::size_t kLengthSize = 5;
     return std::min(head.find_first_not_of("0123456789"), head.size()) >= kLengthSize;
 }
 
@@ -61,7 +69,12 @@ bool MarcReader::TakeFiller(Item& item) {
     static const std::string kFiller = std::string(kRecordFiller) + zorby::kRecordEnd;
     if (kFiller.find(input_.Peek(1).front()) == kFiller.npos) return false;
     const std::string_view window = input_.Peek(kMost).substr(0, kMost);
-    const std::string_view bytes = window.substr(0, window.find_first_not_of(kFiller));
+    std::size_t size = std::min(window.find_first_not_of(kFiller), window.size());
+    if (size >= kLengthSize && HasBlankLength(window.substr(size - kLengthSize))) {
+        size -= kLengthSize;
+    }
+    if (size == 0) return false;
+    const std::string_view bytes = window.substr(0, size);
     const bool isFiller = bytes.find(zorby::kRecordEnd) == bytes.npos;
     Give(item, isFiller ? kItemFrame : kItemStray, bytes);
     item.fault = {{isFiller ? FaultCode::kFiller : FaultCode::kStrayBytes}, item.offset};

@@ -14,13 +14,14 @@ namespace quillory {
 inline constexpr std::string_view kMarcXmlNamespace = "http://www.loc.gov/MARC21/slim";
 
 // MARC 21 XML. Records may lie anywhere in a document, such as the answer of a server; elements may
-// be of the namespace or of none. Elements of other kinds are passed over. A record that is not
-// made as it should be is damage, and the next one goes on. Another document may follow the first,
-// with its own declaration, as where files were joined; XML that is not well-formed, or has a
-// document type (DOCTYPE), is read no further.
+// be of the namespace, of that of MarcXchange, or of none. Elements of other kinds are passed over.
+// A record that is not made as it should be is damage, and the next one goes on. Another document
+// may follow the first, with its own declaration, as where files were joined; XML that is not
+// well-formed, or has a document type (DOCTYPE), is read no further.
 class MarcXmlReader : public RecordReader {
 public:
-    explicit MarcXmlReader(Input& input) : input_(input) {}
+    // With `lenient` a damaged record is given without the fields that can't be read.
+    explicit MarcXmlReader(Input& input, bool lenient = false) : input_(input), lenient_(lenient) {}
 
     static bool Fits(std::string_view head) { return head.starts_with('<'); }
 
@@ -38,6 +39,7 @@ private:
     void SetFault(Item& item, const Fault& fault, std::uint64_t offset);
 
     Input& input_;
+    bool lenient_;
     std::optional<XmlRecords> records_{std::in_place};
     XmlRecord record_;  // given last
     TextPlace place_;   // of the input

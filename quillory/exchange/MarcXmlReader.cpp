@@ -40,12 +40,12 @@ void MarcXmlReader::SetFault(Item& item, const Fault& fault, std::uint64_t offse
 
 void MarcXmlReader::GiveRecord(Item& item) {
     records_->Take(record_);
-    const RecordBuilder& builder = record_.builder;
-    Give(item, builder.Failed() ? kItemDamaged : kItemRecord, record_.end);
+    const auto& damage = record_.builder.Damage(lenient_);
+    Give(item, damage ? kItemDamaged : kItemRecord, record_.end);
     inDamage_ = false;
-    builder.Give(item);
-    if (builder.Failed()) {
-        SetFault(item, *builder.WhatFailed(), record_.faultOffset);
+    record_.builder.Give(item);
+    if (damage) {
+        SetFault(item, *damage, record_.faultOffset);
     } else if (const auto fault = FaultOf(item.record)) {
         item.kind = kItemDamaged;
         SetFault(item, *fault, item.offset);

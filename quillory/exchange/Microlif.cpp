@@ -44,6 +44,15 @@ bool IsHeader(std::string_view line) {
     return hasWord && (line.empty() || kFieldEnds.find(line.back()) == line.npos);
 }
 
+// The first line of a block. A header of 80 bytes may stand before the leader without a line end.
+std::string_view FirstLine(std::string_view block) {
+    constexpr std::size_t kHeaderSize = 80;
+    const std::string_view line = block.substr(0, block.find_first_of("\r\n"));
+    const bool isJoined =
+        line.size() > kHeaderSize && line.substr(kHeaderSize).starts_with(kLeaderLine);
+    return isJoined ? line.substr(0, kHeaderSize) : line;
+}
+
 FaultCode FaultOf(std::string_view tag, std::string_view content) {
     if (!std::ranges::all_of(tag, IsDigit)) return FaultCode::kNone;
     const bool isControl = IsControlTag(tag);
@@ -72,7 +81,7 @@ void CountMicrolifLosses(const zorby::CommFormatField& field, Losses& losses) {
 }  // namespace
 
 bool MicrolifReader::Fits(std::string_view head) {
-    return head.starts_with(kLeaderLine) || IsHeader(head.substr(0, head.find_first_of("\r\n")));
+    return head.starts_with(kLeaderLine) || IsHeader(FirstLine(head));
 }
 
 // A record ends after the line that closes with the record end, or before the next head. What
@@ -97,10 +106,11 @@ std::size_t MicrolifReader::StrayBytes(std::string_view block, FaultCode& what) 
         what = FaultCode::kFiller;
         return first;
     }
-    std::string_view rest = block;
-    const std::string_view line = TakeLine(rest);
+    const std::string_view line = FirstLine(block);
     if (!IsHeader(line)) return 0;
     what = FaultCode::kFileHeader;
+    std::string_view rest = block.substr(line.size());
+    if (!rest.starts_with(kLeaderLine)) TakeLine(rest);
     return block.size() - rest.size();
 }
 

@@ -21,7 +21,9 @@ void RecordBuilder::Clear() {
     text_.clear();
     fields_.clear();
     inField_ = false;
+    isLeftOut_ = false;
     fault_.reset();
+    leftOut_.reset();
     mended_.clear();
     notes_.clear();
 }
@@ -33,14 +35,23 @@ Place RecordBuilder::PlaceInHand() const {
     return Place::OfField({tag.data(), tag.size()}, static_cast<std::uint32_t>(occurrence));
 }
 
-bool RecordBuilder::Fail(FaultCode code, std::string_view found, std::string_view allowed) {
-    if (!Failed()) fault_ = {code, PlaceInHand(), std::string(found), std::string(allowed)};
+bool RecordBuilder::Fail(Fault fault) {
+    if (inField_) {
+        if (!leftOut_) leftOut_ = fault;
+        if (!isLeftOut_) mended_.push_back(std::move(fault));
+        isLeftOut_ = true;
+    } else if (!Failed()) {
+        fault_ = std::move(fault);
+    }
     return false;
 }
 
+bool RecordBuilder::Fail(FaultCode code, std::string_view found, std::string_view allowed) {
+    return Fail({code, PlaceInHand(), std::string(found), std::string(allowed)});
+}
+
 bool RecordBuilder::FailIndicator(std::size_t which, FaultCode code) {
-    if (!Failed()) fault_ = {code, PlaceInHand().Indicator(static_cast<int>(which) + 1)};
-    return false;
+    return Fail({code, PlaceInHand().Indicator(static_cast<int>(which) + 1)});
 }
 
 bool RecordBuilder::SetLeader(std::string_view leader) {
@@ -50,6 +61,7 @@ bool RecordBuilder::SetLeader(std::string_view leader) {
         Note(FaultCode::kLeadersTrimmed);
     }
     if (leader.size() > zorby::kLeaderSize) return Fail(FaultCode::kLeaderTooLong);
+    if (leader.size() < zorby::kLeaderSize) Note(FaultCode::kLeadersFilledUp);
     leader_ = leader;
     leader_.resize(zorby::kLeaderSize, ' ');
     leader_[zorby::kLeaderCharacterCode] = LabelFor(kCharsetUtf8);
@@ -58,27 +70,35 @@ bool RecordBuilder::SetLeader(std::string_view leader) {
 
 bool RecordBuilder::BeginField(std::string_view tag) {
     Field field{{}, text_.size()};
-    if (tag.empty()) return Fail(FaultCode::kFieldWithoutTag);
-    if (tag.size() != field.tag.size()) return Fail(FaultCode::kTagNotThreeBytes, Printable(tag));
-    std::ranges::copy(tag, field.tag.begin());
+    const bool hasTag = tag.size() == field.tag.size();
+    if (hasTag) std::ranges::copy(tag, field.tag.begin());
     fields_.push_back(field);
     inField_ = true;
-    return true;
+    if (hasTag) return true;
+    if (tag.empty()) return Fail({FaultCode::kFieldWithoutTag});
+    return Fail({FaultCode::kTagNotThreeBytes, {}, Printable(tag)});
+}
+
+void RecordBuilder::EndField() {
+    inField_ = false;
+    if (!std::exchange(isLeftOut_, false)) return;
+    text_.resize(fields_.back().start);
+    fields_.pop_back();
 }
 
 bool RecordBuilder::AddControlField(std::string_view tag, std::string_view text) {
-    if (!BeginField(tag)) return false;
-    if (zorby::CommFormatField{tag, {}}.IsDataField()) return Fail(FaultCode::kNoSubfields);
-    text_ += text;
-    inField_ = false;
-    return true;
+    const bool isSound = BeginField(tag) && (!zorby::CommFormatField{tag, {}}.IsDataField() ||
+                                             Fail(FaultCode::kNoSubfields));
+    if (isSound) text_ += text;
+    EndField();
+    return isSound;
 }
 
 bool RecordBuilder::AddDataField(std::string_view tag) {
     haveIndicator_ = {};
-    if (!BeginField(tag)) return false;
+    const bool isSound = BeginField(tag);
     text_ += "  ";
-    return true;
+    return isSound;
 }
 
 bool RecordBuilder::SetIndicator(std::size_t which, std::string_view value) {
@@ -114,9 +134,9 @@ bool RecordBuilder::AddSubfield(std::string_view code, std::string_view text) {
 
 bool RecordBuilder::EndDataField() {
     for (const bool have : haveIndicator_) {
-        if (!have) Note(FaultCode::kEmptyIndicators);
+        if (!have && !isLeftOut_) Note(FaultCode::kEmptyIndicators);
     }
-    inField_ = false;
+    EndField();
     return true;
 }
 

@@ -11,7 +11,7 @@
 namespace quillory {
 
 // Puts a record together from the parts that XML and JSON name. A step returns false if no record
-// can be made so, and the fault says why.
+// can be made so, or the field in hand is left out, and the fault says why.
 class RecordBuilder {
 public:
     void Clear();
@@ -27,16 +27,22 @@ public:
     bool AddSubfield(std::string_view code, std::string_view text);
     bool EndDataField();
     bool End();
-    // Notes what is wrong, in the field in hand if there is one. Of several faults the first
-    // counts.
+    // Notes what is wrong. The field in hand is left out; if there is none, there is no record. Of
+    // several faults the first counts.
     bool Fail(FaultCode code, std::string_view found = {}, std::string_view allowed = {});
+
+    // Makes no record of it, whatever is in hand.
+    void Abandon(FaultCode code) { fault_ = {code}; }
 
     // Counts what leaves no doubt.
     void Note(FaultCode code) { notes_.push_back(code); }
 
     bool Failed() const { return fault_.has_value(); }
     bool Empty() const { return leader_.empty() && fields_.empty(); }
-    const std::optional<Fault>& WhatFailed() const { return fault_; }
+    // What makes damage of the record. With `lenient` a field that is left out does not.
+    const std::optional<Fault>& Damage(bool lenient) const {
+        return lenient || Failed() ? fault_ : leftOut_;
+    }
     // Of the field that is begun; of the record as a whole between fields.
     Place PlaceInHand() const;
     // The fields put in so far, as views that last until the next Clear, with what was noted, and
@@ -50,6 +56,8 @@ private:
     };
 
     bool BeginField(std::string_view tag);
+    void EndField();
+    bool Fail(Fault fault);
     bool FailIndicator(std::size_t which, FaultCode code);
 
     std::string leader_;
@@ -57,8 +65,10 @@ private:
     std::vector<Field> fields_;
     std::array<bool, 2> haveIndicator_{};
     bool inField_ = false;
+    bool isLeftOut_ = false;  // the field in hand
     std::optional<Fault> fault_;
-    std::vector<Fault> mended_;  // indicators that were taken for blanks
+    std::optional<Fault> leftOut_;  // the first field
+    std::vector<Fault> mended_;     // indicators taken for blanks, fields left out
     std::vector<FaultCode> notes_;
 };
 

@@ -50,7 +50,7 @@ bool IsBlank(std::string_view text) {
 struct XmlRecords::Callbacks {
     static void StartElement(void* self, const xmlChar* name, const xmlChar*, const xmlChar* uri,
                              int, const xmlChar**, int count, int, const xmlChar** attributes) {
-        const bool isOurs = uri == nullptr || View(uri) == kMarcXmlNamespace;
+        const bool isOurs = IsOfMarc(View(uri));
         Of(self).Begin(isOurs ? ElementOf(Of(self), View(name)) : kOther, attributes, count);
     }
 
@@ -90,6 +90,12 @@ struct XmlRecords::Callbacks {
     }
 
 private:
+    // Of the namespace or of none; MarcXchange (ISO 25577) has the same elements.
+    static bool IsOfMarc(std::string_view uri) {
+        return uri.empty() || uri == kMarcXmlNamespace ||
+               uri.starts_with("info:lc/xmlns/marcxchange-");
+    }
+
     static XmlRecords& Of(void* self) { return *static_cast<XmlRecords*>(self); }
 
     static Element ElementOf(XmlRecords& records, std::string_view name) {
@@ -230,6 +236,7 @@ void XmlRecords::BeginPart(Element element, const xmlChar** attributes, int coun
     text_.clear();
     if (!isInPlace || element == kRecord || element == kOther) {
         Mark(builder.Fail(FaultCode::kMisplacedElement));
+        foreign_ = depth_;
         return;
     }
     within_ = element;
@@ -241,9 +248,10 @@ void XmlRecords::BeginPart(Element element, const xmlChar** attributes, int coun
          builder.SetIndicator(1, Attribute("ind2", attributes, count)));
 }
 
-// Notes the place of the first fault.
+// Notes the place of the first fault, or of the one that ends the record.
 void XmlRecords::Mark(bool sound) {
-    if (!sound) current_.faultOffset = TagStart();
+    const bool isFirst = current_.faultOffset == 0;
+    if (!sound && (isFirst || current_.builder.Failed())) current_.faultOffset = TagStart();
 }
 
 void XmlRecords::AddText(std::string_view text) {

@@ -13,10 +13,10 @@ namespace quillory {
 
 // A MARC record in an XML document. Offsets are bytes of the document.
 struct XmlRecord {
-    RecordBuilder builder;          // failed if the record is damaged
+    RecordBuilder builder;          // has the fault if the record is damaged
     std::uint64_t start = 0;        // of its element
     std::uint64_t end = 0;          // past its element
-    std::uint64_t faultOffset = 0;  // of the element at fault
+    std::uint64_t faultOffset = 0;  // of the first element at fault
 };
 
 // Finds the MARC records in an XML document that comes in pieces. Nothing outside of the document
@@ -42,7 +42,7 @@ public:
     bool InRecord() const { return depth_ != 0; }
     const XmlRecord& Unended() const { return current_; }
     // Gives up that record, of which no more is kept.
-    void Abandon(FaultCode code) { current_.builder.Fail(code); }
+    void Abandon(FaultCode code) { current_.builder.Abandon(code); }
 
     // Bytes that the parser has read, up to the end of a tag.
     std::uint64_t Position() const;

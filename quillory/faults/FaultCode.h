@@ -86,6 +86,7 @@ enum class FaultCode : std::uint16_t {
     kForeignParts,
     kEmptyIndicators,
     kLeadersTrimmed,
+    kLeadersFilledUp,
     // Writing.
     kNothingToWrite,
     kFieldTooLong,
@@ -203,6 +204,7 @@ enum class FaultCode : std::uint16_t {
     kShifted008,
     kShort008,
     kDisplaced008,
+    kDisplacedLanguage,
     kSurplusBytes,
     kFieldFilledUp,
     kFieldCut,

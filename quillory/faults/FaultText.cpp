@@ -135,6 +135,8 @@ constexpr Words kWords[] = {
      "empty or missing indicators, taken for blanks: {found}"},
     {FaultCode::kLeadersTrimmed, "leaders-trimmed",
      "leaders with blanks around their 24 characters, trimmed: {found}"},
+    {FaultCode::kLeadersFilledUp, "leaders-filled-up",
+     "leaders of fewer than 24 characters, filled up with blanks: {found}"},
     // Writing.
     {FaultCode::kNothingToWrite, "nothing-to-write", "no field to write"},
     {FaultCode::kFieldTooLong, "field-too-long",
@@ -320,6 +322,8 @@ constexpr Words kWords[] = {
      "{found}, the format has 40; too short to tell which byte is which"},
     {FaultCode::kDisplaced008, "displaced-008",
      "neither date, country nor language are in their places"},
+    {FaultCode::kDisplacedLanguage, "displaced-language",
+     "the language, and what is before it, stand a byte beside their places"},
     {FaultCode::kSurplusBytes, "surplus-bytes",
      "{found}, more than the format has, and they say something"},
     {FaultCode::kFieldFilledUp, "field-filled-up",

@@ -78,6 +78,10 @@ TEST(Output, GzipBothWays) {
     EXPECT_EQ(ReadInput(file.Path()), bytes);
     const TemporaryFile twoMembers(packed + packed);
     EXPECT_EQ(ReadInput(twoMembers.Path()), bytes + bytes);
+    const TemporaryFile filledUp(packed + std::string(3000, '\0') + packed + std::string(9, '\0'));
+    EXPECT_EQ(ReadInput(filledUp.Path()), bytes + bytes);
+    const TemporaryFile withWords(packed + "words");
+    EXPECT_THROW(ReadInput(withWords.Path()), FileError);
     const TemporaryFile cut(packed.substr(0, packed.size() / 2));
     EXPECT_THROW(ReadInput(cut.Path()), FileError);
     const TemporaryFile plain(bytes);

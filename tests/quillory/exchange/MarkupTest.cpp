@@ -171,6 +171,8 @@ TEST(MarcXml, ReadsWhatOthersWrite) {
             "</metadata></record></answer>",
         "<records><record><metadata>" + kRecord + "</metadata></record></records>",
         "<?xml version='1.0' encoding='ISO-8859-1'?><!--\xE9-->" + kRecord,
+        std::string(kRecord).replace(kRecord.find(slim), slim.size(),
+                                     "info:lc/xmlns/marcxchange-v1"),
     };
     for (const std::string& document : kDocuments) {
         Lines found;
@@ -273,6 +275,11 @@ TEST(Markup, WhatOthersAddIsPassedOver) {
          {}},
         {kXml, XmlRecord("b", with("")), "245 0", {kEmptyIndicators}, {}},
         {kXml, spaced, "24510", {kLeadersTrimmed}, {}},
+        {kXml,
+         "<record><leader>00000nam</leader>" + spaced.substr(spaced.find("<controlfield")),
+         "24510",
+         {kLeadersFilledUp},
+         {}},
         {kXml, XmlRecord("b", with("\u00A0")), "245 0", {}, {kIndicatorForBlank}},
         {kJson,
          json("\"ind1\":\"1\",", ",\"x\":{\"fields\":[1,null,{\"a\":true}]},\"y\":\"z\""),
@@ -281,6 +288,8 @@ TEST(Markup, WhatOthersAddIsPassedOver) {
          {}},
         {kJson, json("\"ind1\":\"1\",\"x\":[[]],", ""), "24510", {kForeignParts}, {}},
         {kJson, json("", ""), "245 0", {kEmptyIndicators}, {}},
+        {kJson, json("\"ind1\":null,", ""), "245 0", {kEmptyIndicators}, {}},
+        {kJson, json("\"ind1\":1,", ""), "24510", {}, {}},
         {kJson, json("\"ind1\":\"\u00E6\",", ""), "245 0", {}, {kIndicatorForBlank}},
     };
     for (const Case& c : kCases) {

@@ -57,6 +57,7 @@ TEST(MarcReader, NamesWhatItFinds) {
     const std::string b = BookOf("b", "Second");
     std::string wrongLength = a;
     wrongLength[4] = '0';
+    const std::string blankLength = "     " + a.substr(5);
     struct Case {
         std::string bytes;
         std::string kinds, lenientKinds;
@@ -74,6 +75,7 @@ TEST(MarcReader, NamesWhatItFinds) {
         {"no MARC at all", "D", "D"},
         {wrongLength + "text" + b, "DSR", "RSR"},
         {a.substr(0, a.size() - 1), "D", "R"},
+        {a + "  " + blankLength + b, "RFDR", "RFRR"},
     };
     for (const Case& c : kCases) {
         EXPECT_EQ(Kinds(ReadAll("marc", c.bytes)), c.kinds) << c.bytes;
@@ -271,6 +273,8 @@ TEST(Microlif, TagsAndTheLeaderAreWhatTheLinesSay) {
         {"12345 words\r\n" + head + "001id^`\r\n", "DR", "001id"},
         {"Header of words^\r\n" + head + "001id^`\r\n", "DR", "001id"},
         {head + "001id^`\r\nheader 1\r\n" + head + "001id^`\r\n", "RFR", "001id"},
+        {"HEADER" + std::string(74, ' ') + head + "001id^`\r\n", "FR", "001id"},
+        {"HEADER" + std::string(73, ' ') + head + "001id^`\r\n", "D", ""},
         {head + "24?10_ax^\r\n001id^`\r\n", "D", ""},
         {head + "\r\n001id^`\r\n\x1A", "RF", "001id"},
     };

@@ -235,5 +235,52 @@ TEST(Salvage, LinesThatCantBeReadAreLeftOut) {
     }
 }
 
+// Each field but the first and the last has a fault.
+TEST(Salvage, FieldsOfMarkupThatCantBeReadAreLeftOut) {
+    using enum FaultCode;
+    struct Case {
+        const char* form;
+        std::string bytes;
+        std::vector<FaultCode> codes;
+    };
+    const auto xml = [](const std::string& tag, const std::string& ind1, const std::string& parts) {
+        return "<datafield tag='" + tag + "' ind1='" + ind1 + "' ind2=' '>" + parts +
+               "</datafield>";
+    };
+    const std::string leader(24, ' ');
+    const std::string note = "<subfield code='a'>Last</subfield>";
+    const Case kCases[] = {
+        {"marcxml",
+         "<record><leader>" + leader + "</leader><controlfield tag='001'>id</controlfield>" +
+             xml("245", "10", note) + xml("24", " ", note) +
+             xml("245", " ", "<subfield>x</subfield>" + note) + xml("245", " ", "words" + note) +
+             xml("245", " ", "<subfield code='a'>x<b>y<c>z</c></b>w</subfield>") +
+             "<controlfield tag='245'>x</controlfield>" + xml("500", " ", note) + "</record>",
+         {kIndicatorNotAscii, kTagNotThreeBytes, kSubfieldCodeSize, kMisplacedText,
+          kMisplacedElement, kNoSubfields}},
+        {"jsonl",
+         "{\"leader\":\"" + leader +
+             R"(","fields":[{"001":"id"},{"245":{"ind1":"10","subfields":[{"a":"x"}]}},)"
+             R"({"24":{"ind1":"1","subfields":[{"a":"x"}]}},{"245":{"subfields":[{"a":5}]}},)"
+             R"({"245":{"subfields":[{"a":["x",{"b":"y"}]},{"b":{"c":"z"}}]}},)"
+             R"({"245":{"subfields":"words"}},{"245":"x"},)"
+             R"({"500":{"subfields":[{"a":"Last"}]}}]})",
+         {kIndicatorNotAscii, kTagNotThreeBytes, kMisplacedValue, kMisplacedValue, kMisplacedValue,
+          kNoSubfields}},
+    };
+    for (const Case& c : kCases) {
+        SCOPED_TRACE(c.form);
+        const Reading lenient = ReadOne(c.bytes, true, c.form);
+        EXPECT_EQ(lenient.kind, kItemRecord);
+        EXPECT_TRUE(lenient.isPartial);
+        EXPECT_EQ(lenient.fields, "001id\n500  $aLast");
+        EXPECT_EQ(lenient.codes, c.codes);
+        const Reading strict = ReadOne(c.bytes, false, c.form);
+        EXPECT_EQ(strict.kind, kItemDamaged);
+        EXPECT_EQ(strict.codes.front(), c.codes.front());
+        EXPECT_EQ(strict.fields, lenient.fields) << "for a person to look at";
+    }
+}
+
 }  // namespace
 }  // namespace quillory

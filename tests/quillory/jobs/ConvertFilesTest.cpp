@@ -172,7 +172,7 @@ TEST(ConvertFiles, DamagedGzipGivesWhatUnpacks) {
     const std::pair<std::string, std::string> kFiles[] = {
         {gzip.substr(0, gzip.size() / 2), "cut short"},
         {gzip.substr(0, gzip.size() - 3), "cut short"},
-        {gzip + std::string(512, '\0'), "bytes after the gzip data"},
+        {gzip + "words", "bytes after the gzip data"},
         {flipped, "the gzip data is damaged"},
     };
     for (const auto& [given, words] : kFiles) {
