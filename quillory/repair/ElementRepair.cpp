@@ -198,8 +198,21 @@ std::optional<FaultCode> ElementRepair::WhyNot008(std::string_view field008) {
         if (noCountry || noLanguage) return FaultCode::kShifted008;
     } else if (noCountry && noLanguage && !IsNumber(field008.substr(0, 6))) {
         return FaultCode::kDisplaced008;
+    } else if (noLanguage && IsLanguageBeside(field008)) {
+        return FaultCode::kDisplacedLanguage;
     }
     return std::nullopt;
+}
+
+// Whether a byte lost or added before it has moved the language.
+bool ElementRepair::IsLanguageBeside(std::string_view field008) {
+    const Element& element = *ElementOfPart(CFP008Language);
+    const auto isCodeAt = [&](int first) {
+        return allowed_.Allows(
+            element, AsciiLower(field008.substr(static_cast<std::size_t>(first),
+                                                static_cast<std::size_t>(element.Width()))));
+    };
+    return isCodeAt(element.first - 1) || isCodeAt(element.first + 1);
 }
 
 // Not for a value that says nothing.

@@ -48,6 +48,7 @@ private:
     Judgement JudgeCodes(const Element& element, std::string_view value) const;
     Judgement JudgeCode(const Element& element, std::string_view value);
     bool IsNoCodeIn(std::string_view field008, zorby::CFPart part);
+    bool IsLanguageBeside(std::string_view field008);
     std::optional<std::string> UnknownOf(const Element& element);
     bool IsCurrent(const Element& element, std::string_view code) const;
     bool MayBeCut(std::string_view country) const;

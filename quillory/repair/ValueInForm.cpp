@@ -1,3 +1,4 @@
+#include <quillory/coded/CodeLists.h>
 #include <quillory/repair/ValueInForm.h>
 
 #include <algorithm>
@@ -15,8 +16,11 @@ bool IsDigit(char c) {
     return kDigits.find(c) != kDigits.npos;
 }
 
-// With `unknown` for each digit that is marked as unknown.
+// With `unknown` for each digit that is marked as unknown. What has no digit, and was not coded in
+// part, is not said to be unknown.
 std::optional<std::string> WithUnknown(std::string_view value, char unknown) {
+    const bool hasDigit = std::ranges::any_of(value, IsDigit);
+    if (!hasDigit && value.find(kFill) != value.npos) return std::nullopt;
     std::string inForm(value);
     for (char& c : inForm) {
         if (kUnknownDigits.find(c) != kUnknownDigits.npos) {

@@ -234,6 +234,9 @@ TEST_F(RecordRepairerTest, LeavesAn008WhoseBytesHaveNoPlace) {
         {kBook + "xy", "42 bytes, more than the format has, and they say something"},
         {"spa|  z927 x   955                 Sir  ",
          "neither date, country nor language are in their places"},
+        // A byte was lost before the language, and another one came after it.
+        {kBook.substr(0, 20) + kBook.substr(21) + "u",
+         "the language, and what is before it, stand a byte beside their places"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(Repaired008(c.field008), c.field008);
@@ -270,6 +273,10 @@ TEST_F(RecordRepairerTest, FurtherMaterialsByTheirOwnFormats) {
         // A microform of a book that is none.
         {"a", {{"007", "hd ?fa???bac?"}}, {"hd |fa---bac|"}},
         {"a", {{"007", "f?|a?  ?uu"}}, {"f||a|| |uu"}},
+        // A date that was not coded in part has no unknown digits.
+        {"g",
+         {{"007", "mr cf|||||||||||||||---"}, {"007", "mr cf||||||||||||2001??"}},
+         {"mr cf||||||||||||||||||", "mr cf||||||||||||2001--"}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.leader6 + " " + c.fields.front().second);
