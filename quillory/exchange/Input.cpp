@@ -93,7 +93,7 @@ private:
     bool stopped_ = false;
 };
 
-Input::Input(const std::string& path) : name_(path == "-" ? "standard input" : path) {
+Input::Input(const std::string& path) : name_(path == "-" ? std::string(kStandardInput) : path) {
     descriptor_ = path == "-" ? dup(STDIN_FILENO) : open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor_ < 0) throw FileError(name_ + ": " + std::strerror(errno));
     struct stat status {};

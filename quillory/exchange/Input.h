@@ -13,6 +13,9 @@
 
 namespace quillory {
 
+// The name of "-" in messages.
+inline constexpr std::string_view kStandardInput = "standard input";
+
 // The bytes of a file or of standard input ("-"), in order, through a window that moves forward. A
 // file in gzip form is unpacked. Memory is bounded by the largest window that is asked for.
 class Input {

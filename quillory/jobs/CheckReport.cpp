@@ -1,6 +1,8 @@
 #include <quillory/coded/Material.h>
 #include <quillory/jobs/CheckReport.h>
 
+#include <algorithm>
+
 namespace quillory {
 
 Verdict CheckedRecord::GetVerdict() const {
@@ -17,12 +19,21 @@ void CheckTotals::Count(const CheckedRecord& record) {
     const auto verdict = static_cast<std::size_t>(record.GetVerdict());
     ++verdicts[verdict];
     for (const Remark& remark : record.remarks) {
-        RuleCount& rule = rules[remark.rule];
+        RuleCount& rule = rules[remark.rule->id];
+        rule.rule = remark.rule;
         rule.severity = remark.severity;
         ++rule.count;
     }
     const std::string material = MaterialText(record.item.record.leader);
     ++materials[material][verdict];
+}
+
+std::vector<RuleCount> CheckTotals::MostFrequentFirst() const {
+    std::vector<RuleCount> counts;
+    counts.reserve(rules.size());
+    for (const auto& [id, count] : rules) counts.push_back(count);
+    std::ranges::stable_sort(counts, std::ranges::greater(), &RuleCount::count);
+    return counts;
 }
 
 }  // namespace quillory

@@ -23,6 +23,7 @@ struct CheckedRecord {
 
 // How often a rule was broken.
 struct RuleCount {
+    const Rule* rule = nullptr;  // never null
     Severity severity = Severity::Note;
     std::uint64_t count = 0;
 };
@@ -39,6 +40,7 @@ struct CheckTotals {
     std::map<std::string, VerdictCounts, std::less<>> materials;
 
     void Count(const CheckedRecord& record);
+    std::vector<RuleCount> MostFrequentFirst() const;
 };
 
 // Writes what a check finds, as it finds it.

@@ -22,9 +22,9 @@ std::string_view PluralOf(Severity severity) {
 std::string FindingsChart(const CheckTotals& totals) {
     std::vector<Bar> bars;
     bars.reserve(totals.rules.size());
-    for (const auto& [rule, count] : totals.rules) {
+    for (const auto& [id, count] : totals.rules) {
         const BarPart part{SeverityText(count.severity), PluralOf(count.severity), count.count};
-        bars.push_back({std::string(RuleOf(rule).title), {part}});
+        bars.push_back({std::string(count.rule->title), {part}});
     }
     return BarChart("Findings by rule", Sorted(std::move(bars)));
 }

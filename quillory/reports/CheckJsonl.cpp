@@ -18,7 +18,7 @@ std::optional<std::string_view> Given(std::string_view text) {
 
 void ToJson(const Remark& remark, JsonWriter& json) {
     const Place& place = remark.place;
-    const Rule& rule = RuleOf(remark.rule);
+    const Rule& rule = *remark.rule;
     const std::string_view subfield(&place.code, place.code == '\0' ? 0 : 1);
     json.BeginObject();
     json.Member("rule", rule.name);

@@ -37,7 +37,7 @@ std::string RecordCells(const Item& item, const RecordSummary& summary, const st
 
 // Why the rule is there shows where the pointer rests.
 std::string RemarkCells(const Remark& remark) {
-    const Rule& rule = RuleOf(remark.rule);
+    const Rule& rule = *remark.rule;
     return Cell(SeverityText(remark.severity), SeverityName(remark)) +
            "<td class=\"finding\" title=\"" + HtmlText(std::string(rule.why)) + "\">" +
            HtmlText(std::string(rule.title)) + "</td>" +

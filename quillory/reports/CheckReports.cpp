@@ -15,10 +15,11 @@ struct FormatRow {
 };
 
 // The first is that of an output with any other name.
-constexpr std::array<FormatRow, 3> kFormats{{
+constexpr std::array<FormatRow, 4> kFormats{{
     {kCheckText, "text", {}, MakeTextCheckReport},
     {kCheckJsonl, "jsonl", {".jsonl"}, MakeJsonlCheckReport},
     {kCheckHtml, "html", {".html", ".htm"}, MakeHtmlCheckReport},
+    {kCheckSarif, "sarif", {".sarif", ".sarif.json"}, MakeSarifCheckReport},
 }};
 
 bool IsNamedFor(std::string_view output, const FormatRow& row) {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,13 +14,15 @@
 
 namespace quillory {
 
-enum CheckFormat : std::int32_t { kCheckByName, kCheckText, kCheckJsonl, kCheckHtml };
+enum CheckFormat : std::int32_t { kCheckByName, kCheckText, kCheckJsonl, kCheckHtml, kCheckSarif };
 
 struct CheckReportOptions {
     CheckFormat format = kCheckByName;  // by the name of the output, or text
     std::string output = "-";
     std::uint64_t rows = 5000;  // findings that a page shows, 0 for all
     bool showsEach = false;     // in a text; else the first few of each rule
+    // Those of the run beside all others, for a report that lists rules.
+    std::span<const Rule> ownRules = {};
 };
 
 // The formats that the option names: all but kCheckByName.
@@ -39,6 +42,9 @@ std::unique_ptr<CheckReport> MakeJsonlCheckReport(std::unique_ptr<Output> output
 std::unique_ptr<CheckReport> MakeHtmlCheckReport(std::unique_ptr<Output> output,
                                                  const CheckReportOptions& options,
                                                  Reporter& reporter);
+std::unique_ptr<CheckReport> MakeSarifCheckReport(std::unique_ptr<Output> output,
+                                                  const CheckReportOptions& options,
+                                                  Reporter& reporter);
 
 // "ok", "warnings", "errors".
 std::string_view VerdictText(Verdict verdict);

@@ -2,9 +2,7 @@
 #include <quillory/reports/ScreenText.h>
 
 #include <algorithm>
-#include <array>
-#include <utility>
-#include <vector>
+#include <map>
 
 namespace quillory {
 namespace {
@@ -56,26 +54,19 @@ private:
     }
 
     static std::string Table(const CheckTotals& totals, Severity severity) {
-        std::vector<std::pair<std::uint64_t, RuleId>> rows;
-        for (const auto& [rule, count] : totals.rules) {
-            if (count.severity == severity) rows.emplace_back(count.count, rule);
-        }
-        std::ranges::stable_sort(rows, std::ranges::greater(),
-                                 &std::pair<std::uint64_t, RuleId>::first);
         std::string text;
-        for (const auto& [count, rule] : rows) {
-            text += RightAligned(std::to_string(count), kCountWidth) + "  " +
+        for (const RuleCount& row : totals.MostFrequentFirst()) {
+            if (row.severity != severity) continue;
+            text += RightAligned(std::to_string(row.count), kCountWidth) + "  " +
                     Padded(std::string(SeverityText(severity)), kSeverityWidth) +
-                    Padded(std::string(RuleOf(rule).name), kNameWidth) +
-                    std::string(RuleOf(rule).title) + '\n';
+                    Padded(std::string(row.rule->name), kNameWidth) + std::string(row.rule->title) +
+                    '\n';
         }
         return text;
     }
 
     bool IsShown(const Remark& remark) {
-        if (showsEach_ || reporter_.Quiet() ||
-            ++shown_[static_cast<std::size_t>(remark.rule)] <= kShown)
-            return true;
+        if (showsEach_ || reporter_.Quiet() || ++shown_[remark.rule->id] <= kShown) return true;
         isCut_ = true;
         return false;
     }
@@ -83,7 +74,7 @@ private:
     std::unique_ptr<Output> output_;
     bool showsEach_;
     Reporter& reporter_;
-    std::array<std::uint64_t, kRules> shown_{};
+    std::map<RuleId, std::uint64_t> shown_;
     bool isCut_ = false;
     std::string text_;
 };

@@ -11,7 +11,7 @@ void Fill(std::string& words, std::string_view slot, std::string_view text) {
 }  // namespace
 
 std::string RemarkText(const Remark& remark) {
-    std::string words(RuleOf(remark.rule).words);
+    std::string words(remark.rule->words);
     Fill(words, "{allowed}", remark.allowed);
     Fill(words, "{found}", remark.found);
     return words;
@@ -21,7 +21,7 @@ std::string RemarkLine(const Remark& remark) {
     const std::string place = PlaceText(remark.place);
     std::string line = place.empty() ? place : place + ": ";
     line.append(SeverityText(remark.severity)).append(": ").append(RemarkText(remark));
-    return line.append(" [").append(RuleOf(remark.rule).name).append("]");
+    return line.append(" [").append(remark.rule->name).append("]");
 }
 
 }  // namespace quillory

@@ -9,7 +9,7 @@ namespace quillory {
 
 // What a rule says of one record, and of which place in it.
 struct Remark {
-    RuleId rule = {};
+    const Rule* rule = nullptr;  // never null
     Severity severity = Severity::Note;
     Place place = {};        // occurrence 0 where the record lacks the field
     std::string found = {};  // as Rule::words has them; UTF-8, or bytes of a record

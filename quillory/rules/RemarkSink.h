@@ -17,9 +17,12 @@ public:
 
     bool Wants(RuleId rule) const { return weights_.Wants(rule); }
     void Add(RuleId rule, const Place& place, std::string found = {}, std::string allowed = {}) {
-        const auto severity = weights_.Of(rule);
+        Add(RuleOf(rule), place, std::move(found), std::move(allowed));
+    }
+    void Add(const Rule& rule, const Place& place, std::string found, std::string allowed = {}) {
+        const auto severity = weights_.Of(rule.id);
         if (!severity) return;
-        remarks_.push_back({rule, *severity, place, std::move(found), std::move(allowed)});
+        remarks_.push_back({&rule, *severity, place, std::move(found), std::move(allowed)});
     }
 
 private:

@@ -13,7 +13,8 @@ enum class Severity : std::uint8_t { Error, Warning, Note };
 
 std::string_view SeverityText(Severity severity);
 
-enum class RuleId : std::uint8_t {
+// Rules of a library's own have the numbers from Count on.
+enum class RuleId : std::uint16_t {
     // Those of the library, under the policy in force, in the order of their codes.
     NoTitle,
     ManyTitles,

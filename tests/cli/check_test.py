@@ -10,7 +10,7 @@ import subprocess
 import sys
 import unittest
 
-from support import QUILLORY, SAMPLES, Cli, run
+from support import QUILLORY, RECORD_END, SAMPLES, Cli, run
 
 PAGE = pathlib.Path(__file__).parents[2] / "docs" / "checks.md"
 SOUND = """=LDR  00000nam\\a2200000\\i\\4500
@@ -173,6 +173,41 @@ class Findings(Checks):
         self.assertEqual([found["code"] for found in line["findings"] if "code" in found],
                          [110, 112, 113, 114, 115, 116, 117, 119, 120, 121, 122, 123])
 
+    def test_annotations_for_other_tools(self):
+        marc = self.convert(self.both, "both.mrc")
+        damaged = self.path("a b.mrc", marc.read_bytes() + b"00099 no record" + b"\x1d")
+        self.check(damaged, "--policy", "custom", "-o", self.path("out.sarif"))
+        log = json.loads(self.path("out.sarif").read_text())
+        tool, results = log["runs"][0]["tool"]["driver"], log["runs"][0]["results"]
+        self.assertEqual((log["version"], len(log["runs"]), tool["name"]), ("2.1.0", 1, "quillory"))
+        self.assertEqual(len({rule["id"] for rule in tool["rules"]}), len(tool["rules"]))
+        for rule in tool["rules"]:
+            for member in ("shortDescription", "fullDescription", "help"):
+                self.assertTrue(rule[member]["text"], rule["id"])
+            self.assertIn(rule["defaultConfiguration"]["level"], ("error", "warning", "note"))
+        lines = self.check(damaged, "--policy", "custom", "-q")[0].splitlines()
+        self.assertEqual(len(results), len(lines) + 1)
+        for result, line in zip(results, lines):
+            self.assertEqual(tool["rules"][result["ruleIndex"]]["id"], result["ruleId"])
+            self.assertIn(f" {result['level']}: ", line)
+            self.assertTrue(line.endswith(f" [{result['ruleId']}]"), line)
+        place = results[2]["locations"][0]
+        self.assertEqual(results[2]["message"]["text"], 'record 2 (001 <b>&"bare), 245 $a: the '
+                         "record lacks a title: give 245 $a")
+        first = marc.read_bytes().index(RECORD_END) + 1
+        self.assertEqual(place["physicalLocation"], {
+            "artifactLocation": {"uri": damaged.as_uri()},
+            "region": {"byteOffset": first, "byteLength": len(marc.read_bytes()) - first}})
+        self.assertEqual(place["logicalLocations"], [{
+            "name": "245 $a", "fullyQualifiedName": 'record 2 (001 <b>&"bare), 245 $a',
+            "properties": {"record": 2, "control_number": '<b>&"bare', "tag": "245",
+                           "subfield": "a"}}])
+        self.assertEqual(results[-1]["ruleId"], "damaged-record")
+        self.assertEqual(tool["rules"][results[-1]["ruleIndex"]]["id"], "damaged-record")
+        out = run("check", "-", "--format", "sarif", stdin=marc.read_bytes())[1]
+        for result in json.loads(out)["runs"][0]["results"]:
+            self.assertNotIn("physicalLocation", result["locations"][0])
+
     def test_the_same_from_marc_mrk_and_standard_input(self):
         def codes(*arguments, **options):
             out = subprocess.run([QUILLORY, "check", "-q", "--policy", "custom", "--format",
@@ -237,7 +272,7 @@ class Policies(Checks):
                 (["--policy", "basic", "--set", "RecordViewerShowImportRepairLog=0"],
                  "the policy basic leaves nothing to set"),
                 (["--user-defined", "zzz"], '"zzz" names no fields of your own'),
-                (["--format", "3"], '--format: "3" is not one of text, jsonl, html'),
+                (["--format", "3"], '--format: "3" is not one of text, jsonl, html, sarif'),
                 (["--from-charset", "2"], '"2" is not a character set; there are auto, marc8, '),
                 (["--policy", "basic", "--set", "NoNotes=1"], "the policy basic fixes it to 2"),
                 (["--policy", "tlc", "--set", "No300a=2"], "the policy tlc fixes it to 0"),

@@ -40,9 +40,9 @@ std::string Report(CheckFormat format, const Texts& texts) {
     item.number = 1;
     item.record.leader = "00000nam a2200000 a 4500";
     item.record.fields = {{"001", texts.number}, {"245", title}};
-    const Remark note{RuleId::NoNotes, Severity::Warning, {}};
-    const Remark found{RuleId::IsbnInvalid, Severity::Error, Place::OfField("245", 1).Subfield('a'),
-                       texts.reason};
+    const Remark note{&RuleOf(RuleId::NoNotes), Severity::Warning, {}};
+    const Remark found{&RuleOf(RuleId::IsbnInvalid), Severity::Error,
+                       Place::OfField("245", 1).Subfield('a'), texts.reason};
     CheckTotals totals;
     const std::vector<Remark> remarks = {note, found};
     const CheckedRecord record{item, remarks};
@@ -127,6 +127,25 @@ TEST(CheckPage, ShowsBytesThatCantBeSeen) {
     const std::string page = Report(kCheckHtml, Hostile("\xFF<\x1B"));
     EXPECT_NE(page.find("file&lt;FF&gt;&lt;&lt;1B&gt;</td>"), page.npos);
     EXPECT_NE(page.find("<h3>Title "), page.npos);
+}
+
+TEST(CheckSarif, TextsNeverBreakTheReport) {
+    for (const std::string& text : kHostile) {
+        SCOPED_TRACE(text);
+        const auto log = nlohmann::json::parse(Report(kCheckSarif, Hostile(text)));
+        const auto& results = log.at("runs").at(0).at("results");
+        ASSERT_EQ(results.size(), 3U);
+        const std::string uri = results.at(0)
+                                    .at("locations")
+                                    .at(0)
+                                    .at("physicalLocation")
+                                    .at("artifactLocation")
+                                    .at("uri");
+        EXPECT_EQ(uri.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
+                                        "0123456789:/-._~%"),
+                  uri.npos)
+            << uri;
+    }
 }
 
 // Every line is an object, whatever the record holds.

@@ -43,7 +43,7 @@ protected:
         inspector.Inspect(record, number, remarks);
         std::string text;
         for (const Remark& remark : remarks) {
-            text += (text.empty() ? "" : "; ") + std::string(RuleOf(remark.rule).name);
+            text += (text.empty() ? "" : "; ") + std::string(remark.rule->name);
             const std::string place = PlaceText(remark.place);
             if (!place.empty()) text += " " + place;
         }
