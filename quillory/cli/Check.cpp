@@ -2,17 +2,23 @@
 #include <quillory/cli/InputArguments.h>
 #include <quillory/cli/PolicyArguments.h>
 #include <quillory/cli/TerminalPort.h>
+#include <quillory/exchange/Input.h>
 #include <quillory/jobs/CheckFiles.h>
+#include <quillory/jobs/CheckSettingsFile.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/OutputFiles.h>
+#include <quillory/jobs/RecordFilter.h>
 #include <quillory/reports/CheckReports.h>
 #include <quillory/reports/RuleList.h>
+#include <quillory/rules/CheckSettings.h>
 
 namespace quillory {
 namespace {
 
 struct CheckOptions {
     CheckFilesOptions files;
+    std::optional<Severity> failsOn;
+    CheckSettingsChoice settings;
     ReporterOptions messages;
     PolicyOptions policy;
     RuleChoice rules;
@@ -27,28 +33,66 @@ constexpr const char* kDetails =
     "Status: 0 if nothing weighs as much as --fail-on says; 1 with such findings or damage; 2 for\n"
     "wrong usage, or a file that can't be read or written.";
 
-Status ListRules(const CheckReportOptions& report) {
-    WriteOutput(report.output, report.format == kCheckJsonl ? RulesJsonl() : RulesText());
+CheckSettings ReadSettings(const std::optional<std::string>& file, const ConditionTools& tools) {
+    if (!file) return {};
+    Input input(*file);
+    return ReadCheckSettings(ReadWhole(input), *file, tools);
+}
+
+RuleWeights WeightsOf(const CheckSettings& settings, const CheckOptions& options) {
+    RuleWeights weights(settings.choice, settings.own.List());
+    if (options.showsRepertoire) weights.Choose({{{"outside-marc8", "note"}}, {}, {}});
+    weights.Choose(options.rules);
+    return weights;
+}
+
+Status ListRules(const CheckOptions& options, const std::optional<std::string>& file) {
+    const auto isValid = [](const Record&) { return true; };  // no record is looked at
+    const CheckSettings settings = ReadSettings(file, {kCharsetAuto, isValid});
+    const RuleWeights weights = WeightsOf(settings, options);
+    const auto list = options.report.format == kCheckJsonl ? RulesJsonl : RulesText;
+    WriteOutput(options.report.output, list(settings.own.List(), weights));
     return kStatusWell;
 }
 
+void CheckOutput(const CheckOptions& options, const std::optional<std::string>& settings) {
+    std::vector<std::string> inputs = options.files.input.files;
+    if (settings) inputs.push_back(*settings);
+    CheckNotAnInput(inputs, options.report.output);
+}
+
 Status RunCheck(const CheckOptions& options) {
-    if (options.listsRules) return ListRules(options.report);
-    CheckNotAnInput(options.files.input.files, options.report.output);
-    const SettingsKeeper settings;
+    const auto settingsFile = FindCheckSettings(options.settings, options.files.input.files);
+    CheckOutput(options, settingsFile);
+    if (options.listsRules) return ListRules(options, settingsFile);
+    const SettingsKeeper keeper;
     Checker checker = MakeChecker(options.policy, options.files.input.charset);
+    std::vector<Finding> findings;
+    const auto isValid = [&](const Record& record) {
+        return IsValidUnder(checker, record, findings);
+    };
+    CheckSettings settings = ReadSettings(settingsFile, {options.files.input.charset, isValid});
     const CodeLists lists = LoadCodeLists();
-    RuleChoice rules = options.rules;
-    if (options.showsRepertoire)
-        rules.severities.insert(rules.severities.begin(), {"outside-marc8", "note"});
-    Inspector inspector(checker.GetOptions(), RuleWeights(rules), lists);
+    Inspector inspector(checker.GetOptions(), WeightsOf(settings, options), lists, &settings.own);
     TerminalPort terminal;
     Reporter reporter(terminal, options.messages);
-    const auto report = MakeCheckReport(options.report, reporter);
-    return CheckFiles(options.files, checker, inspector, *report, reporter);
+    if (settingsFile && options.messages.all) reporter.Say(*settingsFile + " sets the rules");
+    CheckReportOptions reportOptions = options.report;
+    reportOptions.ownRules = settings.own.List();
+    const auto report = MakeCheckReport(reportOptions, reporter);
+    CheckFilesOptions files = options.files;
+    files.failsOn = options.failsOn.value_or(settings.failsOn.value_or(Severity::Warning));
+    return CheckFiles(files, checker, inspector, *report, reporter);
 }
 
 void DeclareRules(Arguments& command, CheckOptions& options) {
+    command
+        .Option("--config", options.settings.file,
+                "Settings for checks, with rules of your own; by default a quillory-check.toml "
+                "beside the files, or else in the folder of the settings")
+        .File();
+    command.Flag("--no-config", options.settings.isNone, "No settings for checks")
+        .Excludes("--config");
     command.Flag("--rules", options.listsRules, "List the rules, with the reason for each");
     command.KeyValue("--rule", options.rules.severities, "RULE=error|warning|note|off",
                      "What one rule weighs; may be given often");
@@ -59,7 +103,7 @@ void DeclareRules(Arguments& command, CheckOptions& options) {
     command.Flag("--repertoire", options.showsRepertoire,
                  "Note the characters that MARC-8 lacks; the same as --rule outside-marc8=note");
     command.Choice(
-        "--fail-on", options.files.failsOn,
+        "--fail-on", options.failsOn,
         {{"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}},
         "From what weight on findings make the status 1; a warning if not given");
 }

@@ -34,7 +34,7 @@ public:
 private:
     static constexpr std::size_t kCountWidth = 8;
     static constexpr std::size_t kSeverityWidth = 9;
-    static constexpr std::size_t kNameWidth = 26;
+    static constexpr std::size_t kLeastNameWidth = 24;
     static constexpr std::uint64_t kShown = 3;  // of each rule
 
     std::string Summary(const CheckTotals& totals) const {
@@ -54,13 +54,15 @@ private:
     }
 
     static std::string Table(const CheckTotals& totals, Severity severity) {
+        const std::vector<RuleCount> rows = totals.MostFrequentFirst();
+        const std::size_t width = Widest(rows, [](const RuleCount& row) { return row.rule->name; });
         std::string text;
-        for (const RuleCount& row : totals.MostFrequentFirst()) {
+        for (const RuleCount& row : rows) {
             if (row.severity != severity) continue;
             text += RightAligned(std::to_string(row.count), kCountWidth) + "  " +
                     Padded(std::string(SeverityText(severity)), kSeverityWidth) +
-                    Padded(std::string(row.rule->name), kNameWidth) + std::string(row.rule->title) +
-                    '\n';
+                    Padded(std::string(row.rule->name), std::max(width, kLeastNameWidth) + 2) +
+                    std::string(row.rule->title) + '\n';
         }
         return text;
     }

@@ -39,12 +39,14 @@ bool IsMoot(RuleId rule, const RecordInHand& record) {
 
 }  // namespace
 
-Inspector::Inspector(CheckerOptions options, const RuleWeights& weights, const CodeLists& lists)
+Inspector::Inspector(CheckerOptions options, const RuleWeights& weights, const CodeLists& lists,
+                     OwnRules* ownRules)
     : options_(options),
       checker_(FindingAll(options)),
       weights_(weights),
       record_(checker_.GetFieldRules()),
-      coded_(lists) {
+      coded_(lists),
+      ownRules_(ownRules) {
     weights_.Follow(checker_.GetPolicy());
 }
 
@@ -69,6 +71,7 @@ void Inspector::Inspect(const Record& record, std::uint64_t number, std::vector<
         CheckNeeds(record_, sink);
     }
     TakeFindings(record, sink);
+    if (ownRules_ != nullptr) ownRules_->Check(record, sink);
     CheckControlNumber(record, number, sink);
 }
 

@@ -3,6 +3,7 @@
 #include <quillory/checks/Checker.h>
 #include <quillory/coded/CodeLists.h>
 #include <quillory/rules/CharacterRules.h>
+#include <quillory/rules/OwnRules.h>
 #include <quillory/rules/Remark.h>
 #include <quillory/rules/RuleChoice.h>
 #include <quillory/rules/RuleFamilies.h>
@@ -19,7 +20,9 @@ class Inspector {
 public:
     // `charset` is that of the records; auto: each record says it. Policy and dictionaries are in
     // force. Keeps the reference.
-    Inspector(CheckerOptions options, const RuleWeights& weights, const CodeLists& lists);
+    // Keeps what `ownRules` points to, if it does.
+    Inspector(CheckerOptions options, const RuleWeights& weights, const CodeLists& lists,
+              OwnRules* ownRules = nullptr);
 
     // Records of the files that follow are named by their numbers alone within this one.
     void BeginFile(const std::string& name) { numbers_.BeginFile(name); }
@@ -41,6 +44,7 @@ private:
     CodedRules coded_;
     CharacterRules characters_;
     SeenNumbers numbers_;
+    OwnRules* ownRules_;
     std::vector<Finding> findings_;
 };
 

@@ -3,27 +3,34 @@
 #include <quillory/rules/RuleChoice.h>
 #include <quillory/text/NearestNames.h>
 
+#include <algorithm>
+
 namespace quillory {
 namespace {
 
-[[noreturn]] void RefuseName(const std::string& name) {
+[[noreturn]] void RefuseName(const std::string& name, std::span<const Rule> ownRules) {
     std::vector<std::string> names;
-    names.reserve(kRules);
+    names.reserve(kRules + ownRules.size());
     for (const Rule& rule : Rules()) names.emplace_back(rule.name);
+    for (const Rule& rule : ownRules) names.emplace_back(rule.name);
     std::string text = "there is no rule " + name;
     const auto nearest = NearestNames(name, names);
     if (!nearest.empty()) text += "; perhaps " + nearest.front() + " is meant";
     throw UsageError(text + "; quillory check --rules lists them");
 }
 
-RuleId Named(const std::string& name) {
-    if (const Rule* rule = RuleNamed(name)) return rule->id;
-    RefuseName(name);
-}
-
 // Faults by the format are told whatever the policy of export says of them.
 bool IsOfTheFormat(RuleId rule) {
     return rule == RuleId::NotMarc || rule == RuleId::NotRepeatable;
+}
+
+}  // namespace
+
+const Rule& KnownRule(const std::string& name, std::span<const Rule> ownRules) {
+    if (const Rule* rule = RuleNamed(name)) return *rule;
+    const auto own = std::ranges::find(ownRules, name, &Rule::name);
+    if (own == ownRules.end()) RefuseName(name, ownRules);
+    return *own;
 }
 
 std::optional<Severity> SeverityNamed(const std::string& text) {
@@ -34,43 +41,45 @@ std::optional<Severity> SeverityNamed(const std::string& text) {
     throw UsageError({FaultCode::kNoSuchChoice, {}, text, "error, warning, note, off"});
 }
 
-}  // namespace
-
-RuleWeights::RuleWeights(const RuleChoice& choice) {
-    for (const Rule& rule : Rules()) weights_[Index(rule.id)] = rule.severity;
+RuleWeights::RuleWeights(const RuleChoice& choice, std::span<const Rule> ownRules)
+    : own_(ownRules) {
+    weights_.reserve(kRules + own_.size());
+    for (const Rule& rule : Rules()) weights_.push_back({rule.severity});
+    for (const Rule& rule : own_) weights_.push_back({rule.severity});
     // A system in UTF-8 has no need of it.
-    weights_[Index(RuleId::OutsideMarc8)] = std::nullopt;
-    for (const auto& [name, severity] : choice.severities) {
-        const RuleId rule = Named(name);
-        weights_[Index(rule)] = SeverityNamed(severity);
-        chosen_[Index(rule)] = true;
+    weights_[Index(RuleId::OutsideMarc8)].isOn = false;
+    Choose(choice);
+}
+
+void RuleWeights::Choose(const RuleChoice& choice) {
+    for (const auto& [name, text] : choice.severities) {
+        Weight& weight = Named(name);
+        const auto severity = SeverityNamed(text);
+        weight = {severity.value_or(weight.severity), severity.has_value(), true};
     }
-    if (!choice.only.empty()) {
-        const auto all = weights_;
-        weights_ = {};
-        chosen_.fill(true);
-        for (const std::string& name : choice.only) {
-            const RuleId rule = Named(name);
-            weights_[Index(rule)] = all[Index(rule)];
-        }
-    }
+    if (!choice.only.empty()) TakeOnly(choice.only);
     for (const std::string& name : choice.skip) {
-        const RuleId rule = Named(name);
-        weights_[Index(rule)] = std::nullopt;
-        chosen_[Index(rule)] = true;
+        Weight& weight = Named(name);
+        weight = {weight.severity, false, true};
     }
+}
+
+// What was turned off before is wanted now.
+void RuleWeights::TakeOnly(const std::vector<std::string>& names) {
+    for (Weight& weight : weights_) weight = {weight.severity, false, true};
+    for (const std::string& name : names) Named(name).isOn = true;
 }
 
 void RuleWeights::Follow(const Policy& policy) {
     for (const Rule& rule : Rules()) {
         const bool isOfLibrary = rule.code != zorby::E_ERROR_CODE{};
-        if (!isOfLibrary || chosen_[Index(rule.id)]) continue;
-        std::optional<Severity>& weight = weights_[Index(rule.id)];
+        Weight& weight = weights_[Index(rule.id)];
+        if (!isOfLibrary || weight.isChosen) continue;
         if (policy.Wants(rule.code)) {
-            weight = policy.SeverityOf(rule.code) == zorby::EST_Error ? Severity::Error
-                                                                      : Severity::Warning;
+            weight.severity = policy.SeverityOf(rule.code) == zorby::EST_Error ? Severity::Error
+                                                                               : Severity::Warning;
         } else if (!IsOfTheFormat(rule.id)) {
-            weight = std::nullopt;
+            weight.isOn = false;
         }
     }
 }

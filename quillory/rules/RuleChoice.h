@@ -3,8 +3,8 @@
 #include <quillory/checks/Policy.h>
 #include <quillory/rules/Rule.h>
 
-#include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,24 +18,46 @@ struct RuleChoice {
     std::vector<std::string> skip;
 };
 
+// The rule of a name, of the table or of a library's own. Throws UsageError, which names the
+// nearest, if there is none.
+const Rule& KnownRule(const std::string& name, std::span<const Rule> ownRules);
+
+// Nothing for "off". Throws UsageError for what is no weight.
+std::optional<Severity> SeverityNamed(const std::string& text);
+
 // How much each rule weighs; nothing for one that is off.
 class RuleWeights {
 public:
-    // Throws UsageError for a name or a severity that does not exist.
-    explicit RuleWeights(const RuleChoice& choice = {});
+    // As the rules themselves have it, and then by the choice. `ownRules` are those that a library
+    // has beside the table. Throws UsageError for a name or a severity that does not exist.
+    explicit RuleWeights(const RuleChoice& choice = {}, std::span<const Rule> ownRules = {});
+
+    // Another choice, which goes before what was chosen until now. Throws UsageError.
+    void Choose(const RuleChoice& choice);
 
     // Gives the rules of the library the weight that a policy has for them, unless the user has
     // said otherwise.
     void Follow(const Policy& policy);
 
-    bool Wants(RuleId rule) const { return weights_[Index(rule)].has_value(); }
-    std::optional<Severity> Of(RuleId rule) const { return weights_[Index(rule)]; }
+    bool Wants(RuleId rule) const { return Of(rule).has_value(); }
+    std::optional<Severity> Of(RuleId rule) const {
+        const Weight& weight = weights_[Index(rule)];
+        return weight.isOn ? std::optional(weight.severity) : std::nullopt;
+    }
 
 private:
-    static std::size_t Index(RuleId rule) { return static_cast<std::size_t>(rule); }
+    struct Weight {
+        Severity severity = Severity::Note;
+        bool isOn = true;
+        bool isChosen = false;  // by the user
+    };
 
-    std::array<std::optional<Severity>, kRules> weights_;
-    std::array<bool, kRules> chosen_{};  // by the user
+    static std::size_t Index(RuleId rule) { return static_cast<std::size_t>(rule); }
+    Weight& Named(const std::string& name) { return weights_[Index(KnownRule(name, own_).id)]; }
+    void TakeOnly(const std::vector<std::string>& names);
+
+    std::span<const Rule> own_;
+    std::vector<Weight> weights_;  // by the numbers of the rules
 };
 
 }  // namespace quillory

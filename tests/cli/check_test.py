@@ -246,6 +246,105 @@ class Findings(Checks):
         self.assertIn("0 records checked", out)
 
 
+class Settings(Checks):
+    """A file that sets the rules for a library."""
+    NAME = "quillory-check.toml"
+    OWN = b"""fail-on = "error"
+skip = ["no-001"]
+
+[severity]
+title-first-indicator = "off"
+
+[[rule]]
+id = "west"
+severity = "error"
+where = '650a contains "west"'
+message = "the heading {found} is too wide: give a state"
+why = "Readers of this library know the states."
+example = '=650  \\0$aWest (U.S.)'
+"""
+    SAID = ("650 $a: error: the heading West (U.S.) is too wide: give a state [west]\n"
+            "\n1 record checked: 0 well or with notes alone, 0 with warnings, 1 with errors\n"
+            "       1  error    west                      the heading ... is too wide: give a "
+            "state\n")
+
+    def test_it_is_found_beside_the_input_or_at_home(self):
+        place = f"{self.sound}: record 1 at byte 0 (001 sound): "
+        well = "1 record checked: 1 well or with notes alone, 0 with warnings, 0 with errors\n"
+        self.assertEqual(self.check(self.sound, status=0), (well, ""))
+        self.home.mkdir(exist_ok=True)
+        home = self.home / self.NAME
+        home.write_bytes(self.OWN)
+        self.assertEqual(self.check(self.sound), (place + self.SAID, ""))
+        self.assertIn(f"{home} sets the rules", self.check(self.sound, "-v")[1])
+        beside = self.path(self.NAME, b"skip = ['no-008']\n")
+        self.assertEqual(self.check(self.sound, status=0)[0], well)
+        self.assertIn(f"{beside} sets the rules", self.check(self.sound, "-v", status=0)[1])
+        self.assertEqual(self.check(self.sound, "--config", home)[0], place + self.SAID)
+        beside.unlink()
+        self.assertEqual(self.check(self.sound, "--no-config", status=0)[0], well)
+        self.assertEqual(run("check", stdin=SOUND.encode())[0], 1)
+        self.assertEqual(run("check", "--no-config", stdin=SOUND.encode())[0], 0)
+
+    def test_two_folders_with_different_ones_are_refused(self):
+        folder = self.path("other")
+        folder.mkdir()
+        (folder / "x.mrk").write_text(SOUND)
+        self.path(self.NAME, self.OWN)
+        self.check(self.sound, folder / "x.mrk")
+        (folder / self.NAME).write_bytes(self.OWN)
+        _, err = self.check(self.sound, folder / "x.mrk", status=2)
+        self.assertIn("both set rules", err)
+        self.check(self.sound, folder / "x.mrk", "--config", folder / self.NAME)
+
+    def test_options_go_before_it(self):
+        settings = ("--config", self.path("own.toml", self.OWN))
+        notes = self.path("notes.mrk", SOUND.replace("=245  10", "=245  00").encode())
+        self.check(notes, *settings)
+        self.check(notes, *settings, "--skip", "west", "--fail-on", "note", status=0)
+        self.check(notes, *settings, "--rule", "west=warning", status=0)
+        self.check(notes, *settings, "--rule", "west=warning", "--fail-on", "warning")
+        out, _ = self.check(notes, *settings, "--only", "title-first-indicator", "-q", status=0)
+        self.assertIn("note: ", out)
+        self.assertNotIn("[west]", out)
+
+    def test_own_rules_stand_in_all_reports(self):
+        settings = ("--config", self.path("own.toml", self.OWN))
+        out, _ = self.check(self.sound, *settings, "--format", "jsonl")
+        self.assertEqual(json.loads(out)["findings"], [{
+            "rule": "west", "severity": "error", "place": "650 $a", "tag": "650", "occurrence": 1,
+            "subfield": "a", "title": "the heading ... is too wide: give a state",
+            "message": "the heading West (U.S.) is too wide: give a state"}])
+        log = json.loads(self.check(self.sound, *settings, "--format", "sarif")[0])["runs"][0]
+        rule = log["tool"]["driver"]["rules"][log["results"][0]["ruleIndex"]]
+        self.assertEqual((rule["id"], rule["fullDescription"]["text"]),
+                         ("west", "Readers of this library know the states."))
+        page = self.check(self.sound, *settings, "--format", "html")[0]
+        self.assertIn('data-rule="west"', page)
+        rules = [json.loads(line) for line in
+                 self.check(*settings, "--rules", "--format", "jsonl", status=0)[0].splitlines()]
+        self.assertEqual((rules[-1]["rule"], rules[-1]["severity"]), ("west", "error"))
+        weights = {rule["rule"]: rule["severity"] for rule in rules}
+        self.assertEqual((weights["no-001"], weights["title-first-indicator"]), ("off", "off"))
+        text, _ = self.check(*settings, "--rules", status=0)
+        self.assertIn("Readers of this library know the states.", text)
+
+    def test_a_fault_in_it_is_told_with_its_place(self):
+        own = self.path("own.toml", b"[[rule]]\nid = 'x'\nmessage = 'M'\nwhere = 'has'\n")
+        _, err = self.check(self.sound, "--config", own, status=2)
+        self.assertTrue(err.startswith(f"quillory: {own}:4:9: "), err)
+        self.assertIn("        has\n", err.replace("    ", "        "))
+        own.write_bytes(b"skip = ['no-41']\n")
+        for arguments in ((self.sound,), ("--rules",)):
+            _, err = self.check(*arguments, "--config", own, status=2)
+            self.assertIn(f"{own}:1:9: there is no rule no-41", err)
+        before = own.read_bytes()
+        self.check(self.sound, "--config", own, "-o", own, status=2)
+        self.assertEqual(own.read_bytes(), before)
+        self.assertIn("none.toml", self.check(self.sound, "--config", "none.toml", status=2)[1])
+        self.check(self.sound, "--config", own, "--no-config", status=2)
+
+
 class Policies(Checks):
     def test_a_policy_leaves_the_settings_alone(self):
         self.assertEqual(run("settings", "ZP_RC_NoNotes", "1")[0], 0)

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace quillory {
+
+// Which file of settings for checks is in force.
+struct CheckSettingsChoice {
+    std::string file;     // that is asked for; empty: what stands beside the input, or at home
+    bool isNone = false;  // none at all
+};
+
+// The file's path: the one asked for, or else a quillory-check.toml beside the first input that has
+// one, or else that of the settings' folder. Nothing if there is none, or none is wanted. Standard
+// input has nothing beside it. Throws UsageError if inputs have different ones beside them.
+std::optional<std::string> FindCheckSettings(const CheckSettingsChoice& choice,
+                                             const std::vector<std::string>& inputs);
+
+}  // namespace quillory
