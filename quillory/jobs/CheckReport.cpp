@@ -2,6 +2,7 @@
 #include <quillory/jobs/CheckReport.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillory {
 
@@ -18,14 +19,21 @@ void CheckTotals::Count(const CheckedRecord& record) {
     ++records;
     const auto verdict = static_cast<std::size_t>(record.GetVerdict());
     ++verdicts[verdict];
-    for (const Remark& remark : record.remarks) {
-        RuleCount& rule = rules[remark.rule->id];
-        rule.rule = remark.rule;
-        rule.severity = remark.severity;
-        ++rule.count;
-    }
+    for (const Remark& remark : record.remarks) Count(remark);
     const std::string material = MaterialText(record.item.record.leader);
     ++materials[material][verdict];
+}
+
+void CheckTotals::Count(const Remark& remark) {
+    RuleCount& rule = rules[remark.rule->id];
+    rule.rule = remark.rule;
+    rule.severity = remark.severity;
+    ++rule.count;
+    if (std::exchange(rule.lastRecord, records) != records) ++rule.records;
+    const std::string_view tag = remark.place.Tag();
+    auto field = fields.find(tag);
+    if (field == fields.end()) field = fields.emplace(tag, SeverityCounts{}).first;
+    ++field->second[static_cast<std::size_t>(remark.severity)];
 }
 
 std::vector<RuleCount> CheckTotals::MostFrequentFirst() const {

@@ -26,10 +26,14 @@ struct RuleCount {
     const Rule* rule = nullptr;  // never null
     Severity severity = Severity::Note;
     std::uint64_t count = 0;
+    std::uint64_t records = 0;     // that break it
+    std::uint64_t lastRecord = 0;  // of those, by its number in the run
 };
 
 // Records by verdict.
 using VerdictCounts = std::array<std::uint64_t, 3>;
+// Findings by severity.
+using SeverityCounts = std::array<std::uint64_t, 3>;
 
 // What a whole run found.
 struct CheckTotals {
@@ -38,9 +42,14 @@ struct CheckTotals {
     VerdictCounts verdicts{};
     std::map<RuleId, RuleCount> rules;
     std::map<std::string, VerdictCounts, std::less<>> materials;
+    // By tag; empty for what is said of whole records.
+    std::map<std::string, SeverityCounts, std::less<>> fields;
 
     void Count(const CheckedRecord& record);
     std::vector<RuleCount> MostFrequentFirst() const;
+
+private:
+    void Count(const Remark& remark);
 };
 
 // Writes what a check finds, as it finds it.

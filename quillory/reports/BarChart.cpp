@@ -26,10 +26,19 @@ std::string TextAt(double x, int y, std::string_view anchor, std::string_view te
            std::string(anchor) + "\">" + HtmlText(text) + "</text>";
 }
 
+// As much of a label as there is room for.
+std::string Shortened(const std::string& label) {
+    constexpr std::size_t kLongest = 44;
+    if (label.size() <= kLongest) return label;
+    std::size_t end = kLongest;
+    while (end > 0 && (static_cast<unsigned char>(label[end]) & 0xC0U) == 0x80U) --end;
+    return label.substr(0, end) + "...";
+}
+
 std::string BarSvg(const Bar& bar, std::uint64_t most, int row) {
     const int top = row * kRowHeight + (kRowHeight - kBarHeight) / 2;
     const int baseline = row * kRowHeight + 16;
-    std::string svg = "<g>" + TextAt(kLabelWidth - 8, baseline, "end", bar.label);
+    std::string svg = "<g>" + TextAt(kLabelWidth - 8, baseline, "end", Shortened(bar.label));
     double x = kLabelWidth;
     for (const BarPart& part : bar.parts) {
         if (part.count == 0) continue;

@@ -3,6 +3,7 @@
 #include <quillory/reports/CheckPage.h>
 #include <quillory/reports/CheckRecordHtml.h>
 #include <quillory/reports/CheckReports.h>
+#include <quillory/reports/CheckRuleRows.h>
 #include <quillory/reports/HtmlText.h>
 
 #include <algorithm>
@@ -61,7 +62,8 @@ public:
             {"tiles", [&] { output_->Write(Tiles(totals)); }},
             {"findings-chart", [&] { output_->Write(FindingsChart(totals)); }},
             {"materials-chart", [&] { output_->Write(MaterialsChart(totals)); }},
-            {"findings", [this] { WriteFindings(); }},
+            {"fields-chart", [&] { output_->Write(FieldsChart(totals)); }},
+            {"findings", [&] { WriteFindings(totals); }},
             {"damage", [this] { WriteDamage(); }},
             {"script", [this] { output_->Write(kCheckScript); }},
         };
@@ -90,16 +92,17 @@ private:
         if (rowsShown_ == findings_) return {};
         return "<p class=\"note\">The first " + std::to_string(rowsShown_) + " of " +
                std::to_string(findings_) +
-               " findings, with their records. The charts count all of them; <code>--rows 0</code> "
-               "shows all.</p>\n";
+               " findings, with their records. Charts and rules count all of them; "
+               "<code>--rows 0</code> shows all.</p>\n";
     }
 
-    void WriteFindings() {
+    void WriteFindings(const CheckTotals& totals) {
         if (findings_ == 0) {
             output_->Write("<p>Nothing was found.</p>\n");
             return;
         }
         const PageSlots slots = {
+            {"rules", [&] { output_->Write(CheckRuleRows(totals)); }},
             {"note", [this] { output_->Write(FindingsNote()); }},
             {"rows", [this] { rows_.CopyTo(*output_); }},
             {"records", [this] { sections_.CopyTo(*output_); }},

@@ -1,3 +1,4 @@
+#include <quillory/coded/Material.h>
 #include <quillory/reports/CheckRecordHtml.h>
 #include <quillory/reports/HtmlText.h>
 #include <quillory/reports/RecordScreen.h>
@@ -27,6 +28,14 @@ std::string FileCell(const std::string& path) {
            HtmlText(path.substr(path.find_last_of('/') + 1)) + "</td>";
 }
 
+// What the filters of the page look at.
+std::string RowTag(const Remark& remark, const std::string& material, const std::string& id) {
+    return "<tr data-severity=\"" + std::string(SeverityText(remark.severity)) + "\" data-rule=\"" +
+           HtmlText(remark.rule->name) + "\" data-material=\"" + material + "\" data-field=\"" +
+           HtmlText(PlaceText(Place::OfField(remark.place.Tag()))) + "\" data-record=\"" + id +
+           "\">";
+}
+
 // The cells of a record's rows that are the same for each of its findings.
 std::string RecordCells(const Item& item, const RecordSummary& summary, const std::string& id) {
     const std::string number = std::to_string(item.number);
@@ -39,8 +48,8 @@ std::string RecordCells(const Item& item, const RecordSummary& summary, const st
 std::string RemarkCells(const Remark& remark) {
     const Rule& rule = *remark.rule;
     return Cell(SeverityText(remark.severity), SeverityName(remark)) +
-           "<td class=\"finding\" title=\"" + HtmlText(std::string(rule.why)) + "\">" +
-           HtmlText(std::string(rule.title)) + "</td>" +
+           "<td class=\"finding\" title=\"" + HtmlText(rule.why) + "\">" +
+           HtmlText(rule.title) + "<small> " + HtmlText(RemarkText(remark)) + "</small></td>" +
            Cell("field", HtmlText(PlaceText(remark.place)));
 }
 
@@ -62,13 +71,14 @@ CheckRecordHtml CheckRecordPrinter::Print(const CheckedRecord& record, const std
     const RecordSummary summary = summarizer_.Summarize(record.item.record);
     const std::string cells =
         RecordCells(record.item, summary, id) + FileCell(reporter_.File()) + "</tr>\n";
+    const std::string material = HtmlText(MaterialText(record.item.record.leader));
     const std::string title = summary.title.empty() ? "(no title)" : summary.title;
     CheckRecordHtml html;
     html.section = "<section class=\"record\" id=\"" + id + "\"><h3>" + HtmlText(title) +
                    "</h3>\n<p class=\"note\">" + HtmlText(reporter_.PlaceOf(record.item)) +
                    " <a class=\"back\" href=\"#findings\">all findings</a></p>\n<ul>\n";
     for (const Remark& remark : record.remarks) {
-        html.rows += "<tr>" + RemarkCells(remark) + cells;
+        html.rows += RowTag(remark, material, id) + RemarkCells(remark) + cells;
         html.section += RemarkItem(remark);
     }
     html.section += "</ul>\n<pre>" + Fields(record) + "</pre></section>\n";

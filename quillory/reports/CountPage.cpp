@@ -22,12 +22,7 @@ std::string Tiles(const CountDocument& document) {
 }
 
 std::string LabelOf(const CountRow& row) {
-    constexpr std::size_t kLongest = 44;
-    std::string label = row.name.empty() ? row.value : row.value + " " + row.name;
-    if (label.size() <= kLongest) return label;
-    std::size_t end = kLongest;
-    while (end > 0 && (static_cast<unsigned char>(label[end]) & 0xC0U) == 0x80U) --end;
-    return label.substr(0, end) + "...";
+    return row.name.empty() ? row.value : row.value + " " + row.name;
 }
 
 // The most frequent rows.

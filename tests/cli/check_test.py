@@ -39,7 +39,8 @@ class Page(html.parser.HTMLParser):
 
     def __init__(self, text):
         super().__init__()
-        self.open, self.tags, self.ids, self.links, self.rows, self.text = [], [], set(), [], [], ""
+        self.open, self.tags, self.ids, self.links, self.text = [], [], set(), [], ""
+        self.rows, self.rules, self.row = [], [], None  # of findings, of rules; the one at hand
         self.feed(text)
         self.close()
 
@@ -52,9 +53,10 @@ class Page(html.parser.HTMLParser):
         if "href" in attributes:
             self.links.append(attributes["href"])
         if tag == "tr":
-            self.rows.append([])
+            self.row = []
+            (self.rows if "data-record" in attributes else self.rules).append(self.row)
         if tag == "td":
-            self.rows[-1].append("")
+            self.row.append("")
         if tag not in self.VOID:
             self.open.append(tag)
 
@@ -65,7 +67,7 @@ class Page(html.parser.HTMLParser):
     def handle_data(self, data):
         self.text += data
         if "td" in self.open:
-            self.rows[-1][-1] += data
+            self.row[-1] += data
 
 
 class Checks(Cli):
@@ -329,6 +331,13 @@ example = '=650  \\0$aWest (U.S.)'
         text, _ = self.check(*settings, "--rules", status=0)
         self.assertIn("Readers of this library know the states.", text)
 
+    def test_the_example_of_the_page_of_rules_is_sound(self):
+        example = PAGE.read_text().split("```toml\n")[1].split("```")[0]
+        out, _ = self.check(self.sound, "--config", self.path("own.toml", example.encode()), "-q",
+                            status=0)
+        self.assertTrue(out.endswith("852 $h: warning: the record lacks a call number: give 852 $h "
+                                     "[no-call-number]\n"), out)
+
     def test_a_fault_in_it_is_told_with_its_place(self):
         own = self.path("own.toml", b"[[rule]]\nid = 'x'\nmessage = 'M'\nwhere = 'has'\n")
         _, err = self.check(self.sound, "--config", own, status=2)
@@ -399,17 +408,37 @@ class Pages(Checks):
         self.assertFalse(tags & {"link", "img", "iframe", "base"})
         self.assertEqual([attributes for tag, attributes in page.tags if tag == "script"], [{}])
         out, _ = self.check(self.both, SAMPLES, "--policy", "custom", "-q")
-        rows = [row for row in page.rows if row]
-        self.assertEqual(len(rows), len(out.splitlines()))
-        self.assertEqual(rows[2], ["Error", "No title", "245 $a", "2",
-                                   str(len(SOUND) + 1), '<b>&"bare',
-                                   "Nothing <script>alert(1)</script>", "both.mrk"])
-        self.assertEqual(sum(tag == "svg" for tag, _ in page.tags), 2)
+        self.assertEqual(len(page.rows), len(out.splitlines()))
+        self.assertEqual(page.rows[2], ["Error", "No title the record lacks a title: give 245 $a",
+                                        "245 $a", "2", str(len(SOUND) + 1), '<b>&"bare',
+                                        "Nothing <script>alert(1)</script>", "both.mrk"])
+        self.assertEqual(sum(tag == "svg" for tag, _ in page.tags), 3)
         self.assertIn("visual materials", page.text)
+
+    def test_a_page_has_the_rules_and_what_filters_look_at(self):
+        twice = self.path("twice.mrk", (SOUND + "=245  1 $aX\n=500  9\\$a\n=500  9\\$aY\n"
+                                        + "\n" + BARE).encode())
+        page = self.page(twice, "--policy", "custom", "--skip", "no-040")
+        lines = self.check(twice, "--policy", "custom", "--skip", "no-040")[0].splitlines()
+        rules = {row[1]: row for row in page.rules if row}
+        totals = [line.split(None, 3) for line in lines[lines.index("") + 2:]]
+        self.assertEqual([(row[3], row[0], row[1], row[2]) for row in rules.values()],
+                         [tuple(total) for total in totals[:len(rules)]])
+        self.assertEqual(rules["indicator-undefined"][3:5], ["3", "1"])
+        shown = [attributes for tag, attributes in page.tags if "data-record" in attributes]
+        undefined = [(row["data-field"], row["data-material"], row["data-severity"],
+                      row["data-record"]) for row in shown
+                     if row["data-rule"] == "indicator-undefined"]
+        self.assertEqual(undefined, [("245", "books", "warning", "r1"),
+                                     ("500", "books", "warning", "r1"),
+                                     ("500", "books", "warning", "r1")])
+        choices = {attributes["name"] for tag, attributes in page.tags if tag == "select"}
+        for choice in choices:
+            self.assertTrue(all("data-" + choice in row for row in shown), choice)
 
     def test_a_page_says_what_it_leaves_out(self):
         page = self.page(SAMPLES, "--policy", "custom", "--rows", "10")
-        shown = len([row for row in page.rows if row])
+        shown = len(page.rows)
         total = len(self.check(SAMPLES, "--policy", "custom", "-q")[0].splitlines())
         self.assertIn(f"The first {shown} of {total} findings", page.text)
         self.assertGreaterEqual(shown, 10)

@@ -1,3 +1,4 @@
+#include <quillory/faults/Errors.h>
 #include <quillory/rules/CheckSettings.h>
 
 #include <gtest/gtest.h>
