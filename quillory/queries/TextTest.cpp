@@ -89,7 +89,7 @@ std::optional<TextRange> TextTest::Find(std::string_view text, bool isCoded,
 bool TextTest::Holds(std::string_view utf8, bool isCoded) {
     std::string_view text = utf8;
     if (!exact_) {
-        if (!FoldAscii(utf8, folded_)) folded_ = Folded(utf8);
+        Fold(utf8, folded_);
         text = folded_;
     }
     if (op_ == kTextMatches) return expression_->IsIn(text);

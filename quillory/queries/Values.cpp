@@ -53,15 +53,16 @@ std::string_view WithoutIndicators(const zorby::CommFormatField& field) {
 }  // namespace
 
 std::uint32_t TagOccurrences::Next(std::string_view tag) {
-    std::array<char, kTagSize> key{};
+    constexpr std::size_t kUsual = 64;
+    Tag key{};
     std::ranges::copy(tag.substr(0, kTagSize), key.begin());
-    if (key != last_) {
-        if (count_ != 0) others_[last_] = count_;
-        const auto known = others_.find(key);
-        count_ = known == others_.end() ? 0 : known->second;
-        last_ = key;
+    if (ascending_.empty()) ascending_.reserve(kUsual);
+    if (ascending_.empty() || ascending_.back().tag < key) {
+        ascending_.push_back({key, 1});
+        return 1;
     }
-    return ++count_;
+    const auto known = std::ranges::lower_bound(ascending_, key, {}, &Counted::tag);
+    return known->tag == key ? ++known->count : ++others_[key];
 }
 
 std::string_view JoinedText(std::string_view slice, std::string& joined) {

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace quillory {
 
@@ -31,9 +32,14 @@ public:
     std::uint32_t Next(std::string_view tag);
 
 private:
-    std::array<char, kTagSize> last_{};
-    std::uint32_t count_ = 0;                                     // of `last_`
-    std::map<std::array<char, kTagSize>, std::uint32_t> others_;  // and of `last_`, not up to date
+    using Tag = std::array<char, kTagSize>;
+    struct Counted {
+        Tag tag;
+        std::uint32_t count;
+    };
+
+    std::vector<Counted> ascending_;  // tags that were each greater than all before, as most are
+    std::map<Tag, std::uint32_t> others_;
 };
 
 // The text of a whole field from its bytes: the texts of subfields with a blank between any two.

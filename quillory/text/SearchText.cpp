@@ -1,9 +1,11 @@
 #include <quillory/text/SearchText.h>
-
-#include <utf8proc.h>
+#include <quillory/text/Utf8.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 
 namespace quillory {
@@ -17,8 +19,36 @@ bool IsControl(utf8proc_int32_t c) {
     return c < kFirstPrintable || (c >= kFirstC1Control && c <= kLastC1Control);
 }
 
+bool IsAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
 char LowerAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// The same for eight bytes of ASCII.
+std::uint64_t LowerAscii(std::uint64_t bytes) {
+    constexpr std::uint64_t kOnes = 0x0101010101010101;
+    const std::uint64_t notBelow = bytes + kOnes * (0x80 - 'A');
+    const std::uint64_t above = bytes + kOnes * (0x7F - 'Z');
+    const std::uint64_t isUpper = notBelow & ~above & (kOnes * 0x80);
+    return bytes | isUpper >> 2;  // 0x20
+}
+
+// Folds what is ASCII at the front of a text. Result: how much that is.
+std::size_t FoldAscii(std::string_view text, char* folded) {
+    constexpr std::uint64_t kNotAscii = 0x8080808080808080;
+    std::size_t at = 0;
+    for (; text.size() - at >= sizeof(std::uint64_t); at += sizeof(std::uint64_t)) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, text.data() + at, sizeof bytes);
+        if ((bytes & kNotAscii) != 0) break;
+        bytes = LowerAscii(bytes);
+        std::memcpy(folded + at, &bytes, sizeof bytes);
+    }
+    for (; at < text.size() && IsAscii(text[at]); ++at) folded[at] = LowerAscii(text[at]);
+    return at;
 }
 
 // A text that is not UTF-8 stays as it is.
@@ -31,6 +61,56 @@ std::string Mapped(std::string_view utf8, int options) {
     const std::unique_ptr<utf8proc_uint8_t, decltype(&std::free)> owner(mapped, &std::free);
     if (size < 0) return std::string(utf8);
     return {reinterpret_cast<const char*>(mapped), static_cast<std::size_t>(size)};
+}
+
+constexpr int kFold = UTF8PROC_CASEFOLD | UTF8PROC_STRIPMARK;
+
+// Characters up to this one, which are the Latin letters of Europe, modifiers and diacritics, fold
+// each for itself, whatever stands beside it.
+constexpr char32_t kLatinEnd = 0x0370;
+
+using LatinFolds = std::array<std::string, kLatinEnd>;
+
+const std::string& FoldOfLatin(char32_t c) {
+    static const LatinFolds folds = [] {
+        LatinFolds made;
+        for (char32_t i = 0; i < kLatinEnd; ++i) {
+            std::string letter;
+            AppendUtf8(i, letter);
+            made[i] = Mapped(letter, kFold);
+        }
+        return made;
+    }();
+    return folds[c];
+}
+
+// The character of two bytes at the front of a text; 0 for any other.
+char32_t TwoByteCharacter(std::string_view text) {
+    constexpr unsigned kFirstLead = 0xC2;
+    constexpr unsigned kLastLead = 0xDF;
+    const auto lead = static_cast<unsigned char>(text[0]);
+    const bool isOne =
+        text.size() > 1 && kFirstLead <= lead && lead <= kLastLead && IsContinuation(text[1]);
+    if (!isOne) return 0;
+    return (lead & 0x1FU) << 6U | (static_cast<unsigned char>(text[1]) & 0x3FU);
+}
+
+// False for a text with other characters.
+bool FoldLatin(std::string_view utf8, std::string& folded) {
+    folded.resize(utf8.size());
+    std::size_t at = FoldAscii(utf8, folded.data());
+    folded.resize(at);
+    while (at < utf8.size()) {
+        if (IsAscii(utf8[at])) {
+            folded += LowerAscii(utf8[at++]);
+            continue;
+        }
+        const char32_t c = TwoByteCharacter(utf8.substr(at));
+        if (c == 0 || c >= kLatinEnd) return false;
+        folded += FoldOfLatin(c);
+        at += 2;
+    }
+    return true;
 }
 
 }  // namespace
@@ -55,20 +135,14 @@ std::string TidyText(std::string_view utf8) {
     return tidy;
 }
 
-std::string Folded(std::string_view utf8) {
-    std::string folded;
-    if (FoldAscii(utf8, folded)) return folded;
-    return Mapped(utf8, UTF8PROC_CASEFOLD | UTF8PROC_STRIPMARK);
+void Fold(std::string_view utf8, std::string& folded) {
+    if (!FoldLatin(utf8, folded)) folded = Mapped(utf8, kFold);
 }
 
-bool FoldAscii(std::string_view text, std::string& folded) {
-    folded.resize(text.size());
-    unsigned char all = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        all |= static_cast<unsigned char>(text[i]);
-        folded[i] = LowerAscii(text[i]);
-    }
-    return all < 0x80;
+std::string Folded(std::string_view utf8) {
+    std::string folded;
+    Fold(utf8, folded);
+    return folded;
 }
 
 std::string WithoutMarks(std::string_view utf8) {

@@ -11,8 +11,8 @@ std::string TidyText(std::string_view utf8);
 
 // The text without case and diacritics.
 std::string Folded(std::string_view utf8);
-// The same for ASCII alone, into `folded`, which is used again and again. False for other text.
-bool FoldAscii(std::string_view text, std::string& folded);
+// The same into a text that is used again and again.
+void Fold(std::string_view utf8, std::string& folded);
 // The text without diacritics, its case kept.
 std::string WithoutMarks(std::string_view utf8);
 
