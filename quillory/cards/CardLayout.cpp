@@ -45,6 +45,17 @@ Shape ShapeOf(BlockRole role, const CardFonts& fonts) {
     }
 }
 
+// Where the last cutter of a call number begins, the point before a letter; npos for none but at
+// the front.
+std::size_t CutterIn(const std::string& part) {
+    const auto isLetter = [](char c) { return 'A' <= c && c <= 'Z'; };
+    for (std::size_t at = part.rfind('.'); at != part.npos && at > 0;
+         at = part.rfind('.', at - 1)) {
+        if (at + 1 < part.size() && isLetter(part[at + 1])) return at;
+    }
+    return part.npos;
+}
+
 double BottomOf(const CardOptions& options) {
     const double hole = options.holeCenter * kPointsPerInch;
     const bool hasHole = kCardHeight / 2 < hole && hole < kCardHeight;
@@ -118,22 +129,37 @@ private:
         }
     }
 
+    // A part that is too wide is broken before its cutter, as in "PK3798" and ".N313", or else
+    // wherever it has to be.
+    void BreakCallNumber(const std::string& part, std::vector<PlacedLine>& lines) {
+        const zorby::CFont& font = options_.fonts.callNumber;
+        const SetText set = typesetter_.Break(part, font, kCallNumberWidth, kCallNumberWidth);
+        const std::size_t cutter = set.lines.size() > 1 ? CutterIn(part) : part.npos;
+        if (cutter != part.npos) {
+            BreakCallNumber(part.substr(0, cutter), lines);
+            BreakCallNumber(part.substr(cutter), lines);
+            return;
+        }
+        for (const SetText::Line& line : set.lines) {
+            lines.push_back({kLeftEdge, 0, line.text, font, set.isRightToLeft});
+        }
+    }
+
     // Puts the call number beside the first line of the main entry.
     void PlaceCallNumber() {
         hasCallNumber_ = true;
-        const zorby::CFont& font = options_.fonts.callNumber;
+        const double height = typesetter_.LineHeight(options_.fonts.callNumber);
+        std::vector<PlacedLine> lines;
+        for (const std::string& part : card_.Texts(kBlockCallNumber)) BreakCallNumber(part, lines);
         double y = y_;
-        for (const std::string& line : card_.Texts(kBlockCallNumber)) {
-            const SetText set = typesetter_.Break(line, font, kCallNumberWidth, kCallNumberWidth);
-            for (const SetText::Line& part : set.lines) {
-                const double height = typesetter_.LineHeight(font);
-                if (y + height > kCardHeight) {
-                    panels_.back().lacksRoom = true;
-                    return;
-                }
-                panels_.back().lines.push_back({kLeftEdge, y, part.text, font, set.isRightToLeft});
-                y += height;
+        for (PlacedLine& line : lines) {
+            if (y + height > kCardHeight) {
+                panels_.back().lacksRoom = true;
+                return;
             }
+            line.y = y;
+            y += height;
+            panels_.back().lines.push_back(std::move(line));
         }
     }
 

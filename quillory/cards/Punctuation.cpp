@@ -9,6 +9,13 @@ namespace {
 
 constexpr std::string_view kLeadingOn = ",:;/=+";  // marks after which something has to come
 
+// Marks after which there is no full stop; hyphens of open dates, and full stops, of other scripts.
+constexpr std::string_view kClosing[] = {
+    ".",      "?",      "!",      ")",      "]",      "-",      "\"",
+    "'",      ">",      "\u05BE", "\u2013", "\u2019", "\u201D", "\u00BB",
+    "\u3002", "\u061F", "\u06D4", "\uFF01", "\uFF1F",
+};
+
 bool EndsInAnyOf(std::string_view text, std::string_view marks) {
     return !text.empty() && marks.find(text.back()) != marks.npos;
 }
@@ -45,7 +52,8 @@ std::string WithoutLastMark(std::string text) {
 
 std::string WithFullStop(std::string text) {
     text = WithoutLastMark(std::move(text));
-    if (!text.empty() && !EndsInAnyOf(text, ".?!)]-\"'>")) text += '.';
+    const auto isAtEnd = [&text](std::string_view mark) { return text.ends_with(mark); };
+    if (!text.empty() && std::ranges::none_of(kClosing, isAtEnd)) text += '.';
     return text;
 }
 

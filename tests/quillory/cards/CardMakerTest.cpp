@@ -100,6 +100,16 @@ TEST_F(Cards, WhatStandsInAnotherScriptComesWithItsField) {
     EXPECT_EQ(AddedHeadings(cards), (Lines{"Voĭna i mir", "Война и мир", "WAR."}));
 }
 
+TEST_F(Cards, WhatIsClosedGetsNoFullStop) {
+    const auto cards = CardsOf({kLeaderLine, "24500$aTitle", "500  $aIn Gedanken",
+                                "500  $a"
+                                "«Текст»",
+                                "500  $aספר 1־", "500  $a注記。", "500  $aچرا؟"},
+                               {kUseMainEntry});
+    EXPECT_EQ(cards.at(0).Texts(kBlockBody),
+              (Lines{"In Gedanken.", "«Текст»", "ספר 1־", "注記。", "چرا؟"}));
+}
+
 TEST_F(Cards, TheSettingsDecide) {
     const auto set = [](int key, const char* value) { zorby::WriteZorbyProfileString(key, value); };
     set(zorby::ZP_OptionsCards,

@@ -34,6 +34,28 @@ TEST_F(Layout, ACardHasItsMargins) {
     EXPECT_EQ(lines[14], "│                 1. Whaling.                               │") << shown;
 }
 
+TEST_F(Layout, CallNumbersAreBrokenBeforeTheirCutters) {
+    const std::pair<const char*, Lines> kCases[] = {
+        {"PS1.M6", {"PS1.M6"}},
+        {"PK3798.N313", {"PK3798", ".N313"}},
+        {"DS318.84.N87", {"DS318.84", ".N87"}},
+        {"Microfiche", {"Microfiche"}},
+        {"PK37980.N3130.S8888888888", {"PK37980", ".N3130", ".S88888888", "88"}},
+        {".N313.5", {".N313.5"}},
+        {".N3131415926.5", {".N31314159", "26.5"}},
+    };
+    ColumnTypesetter typesetter;
+    for (const auto& [part, expected] : kCases) {
+        const PrintItem card{
+            kUseMainEntry, "1", {{kBlockCallNumber, part}, {kBlockMainHeading, "Author."}}};
+        const auto panels = LayOutCard(card, CardOptionsOfProfile(), typesetter);
+        Lines lines;
+        for (const PlacedLine& line : panels.front().lines) lines.push_back(line.text);
+        lines.pop_back();  // the heading
+        EXPECT_EQ(lines, expected) << part;
+    }
+}
+
 TEST_F(Layout, WhatOneCardCannotHoldGoesOn) {
     std::string words;
     for (int i = 0; i < 300; ++i) words += "w" + std::to_string(i) + " ";
