@@ -238,6 +238,13 @@ enum class FaultCode : std::uint16_t {
     kConditionText,       // found: what is wrong with a condition's text form
     kNoRecordNumbers,     // found: the list
 
+    // Sets of records.
+    kKeyOfAnother,   // found: the key; allowed: the other record
+    kRemovedDouble,  // found: the key; allowed: the record that is kept
+    kGoesWithNone,
+    kKeylessGoesWithNone,
+    kNoLinkNumber,
+
     // Edits.
     kEditRefused,          // found: why
     kNoOperation,          // found: the name; allowed: the names

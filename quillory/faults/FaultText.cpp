@@ -378,6 +378,16 @@ constexpr Words kWords[] = {
     {FaultCode::kNoRecordNumbers, "no-record-numbers",
      "\"{found}\" is no list of record numbers, such as 17,20-25"},
 
+    // Sets of records.
+    {FaultCode::kKeyOfAnother, "key-of-another", "{found} is the key of {allowed}, too"},
+    {FaultCode::kRemovedDouble, "removed-double", "removed; {allowed} has {found}, too"},
+    {FaultCode::kGoesWithNone, "goes-with-none", "goes with no record"},
+    {FaultCode::kKeylessGoesWithNone, "keyless-goes-with-none",
+     "has no key, and goes with no record"},
+    {FaultCode::kNoLinkNumber, "no-link-number",
+     "not merged: with the other record's, it would have more than 99 pairs of fields that are "
+     "linked by $6"},
+
     // Edits.
     {FaultCode::kEditRefused, "edit-refused", "not edited: {found}"},
     {FaultCode::kNoOperation, "no-operation",

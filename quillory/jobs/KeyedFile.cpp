@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/KeyedFile.h>
 #include <quillory/text/SearchText.h>
 
@@ -55,8 +56,9 @@ std::uint64_t KeyedFile::NameDoubles() {
         const auto key = std::ranges::find_first_of(found.keys, keys);
         if (first == other || !found.hasKey || key == found.keys.end()) return;
         ++doubles;
-        reporter_.Say(found.item, "records with a key of another one", [&] {
-            return TidyText(*key) + " is the key of record " + std::to_string(number) + ", too";
+        reporter_.Say(found.item, FaultCode::kKeyOfAnother, [&] {
+            return Fault{
+                FaultCode::kKeyOfAnother, {}, TidyText(*key), "record " + std::to_string(number)};
         });
     });
     kept_.Finish();

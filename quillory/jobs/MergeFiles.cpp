@@ -1,6 +1,8 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/KeyedFile.h>
 #include <quillory/jobs/MergeFiles.h>
 #include <quillory/jobs/OutputFiles.h>
+#include <quillory/sets/LinkNumbers.h>
 
 #include <algorithm>
 #include <array>
@@ -60,8 +62,9 @@ public:
     }
 
     // The other record's fields, in the character set of this one, last until the next record.
-    void Merge(Record& record, Losses& losses) {
+    void Merge(Item& item, Losses& losses) {
         ++records_;
+        Record& record = item.record;
         keys_.Of(record, recordKeys_);
         const std::string file = reporter_.File();
         const auto partner = others_.FindPartner(recordKeys_);
@@ -70,10 +73,12 @@ public:
             other_ = others_.At(*partner).item.record;
             const Charset charset = target_ == kCharsetAuto ? ActualCharset(record) : target_;
             RecoderTo(charset).Recode(other_, losses);
-            if (MergeFields(record, other_, fields_, options_.mode)) ++changed_;
         }
         reporter_.GoBackTo(file);
+        if (partner) MergeOther(item);
     }
+
+    bool HasFindings() const { return notMerged_ > 0; }
 
     void Summarize() {
         std::uint64_t unused = 0;
@@ -81,9 +86,8 @@ public:
             if (isUsed_[i]) continue;
             ++unused;
             const KeyedFile::Found& other = others_.At(i);
-            reporter_.Say(other.item, "records that go with none", [&other] {
-                return other.hasKey ? "goes with no record" : "has no key, and goes with no record";
-            });
+            reporter_.Say(other.item, {other.hasKey ? FaultCode::kGoesWithNone
+                                                    : FaultCode::kKeylessGoesWithNone});
         }
         if (unused > 0) reporter_.EndFile();
         if (reporter_.Quiet()) return;
@@ -97,6 +101,15 @@ public:
     }
 
 private:
+    void MergeOther(Item& item) {
+        if (!links_.FitInto(item.record, other_)) {
+            ++notMerged_;
+            reporter_.Say(item, {FaultCode::kNoLinkNumber});
+        } else if (MergeFields(item.record, other_, fields_, options_.mode)) {
+            ++changed_;
+        }
+    }
+
     Recoder& RecoderTo(Charset charset) {
         auto& recoder = recoders_[static_cast<std::size_t>(charset)];
         if (!recoder) {
@@ -108,6 +121,7 @@ private:
 
     const MergeOptions& options_;
     PlaceSet fields_;
+    LinkNumbers links_{fields_, options_.mode};
     Charset target_;
     Reporter& reporter_;
     MatchKeys keys_;
@@ -118,6 +132,7 @@ private:
     Record other_;
     std::uint64_t records_ = 0;
     std::uint64_t changed_ = 0;
+    std::uint64_t notMerged_ = 0;
 };
 
 }  // namespace
@@ -134,13 +149,13 @@ Status MergeFiles(const MergeOptions& options, Reporter& reporter) {
         return std::max(others, ReadFiles(RecordsOf(options), reporter, take));
     };
     const Preparation merge = [&merger](Item& item, Losses& losses) {
-        merger.Merge(item.record, losses);
+        merger.Merge(item, losses);
         return std::string();
     };
     const Status status =
         WriteItems(source, options.input.charset, options.output, reporter, merge);
     merger.Summarize();
-    return status;
+    return std::max(status, merger.HasFindings() ? kStatusFindings : kStatusWell);
 }
 
 }  // namespace quillory

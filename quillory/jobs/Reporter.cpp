@@ -67,6 +67,13 @@ void Reporter::Say(const Item& item, const Fault& fault, std::string_view lines)
     port_.Say({file_, &item, &fault, kind, WithLines(FaultText(fault), lines)});
 }
 
+void Reporter::Say(const Item& item, FaultCode code, const std::function<Fault()>& fault) {
+    const std::string kind = FaultHeading(code);
+    if (!Count(kind)) return;
+    const Fault said = fault();
+    port_.Say({file_, &item, &said, kind, FaultText(said)});
+}
+
 void Reporter::SayFault(const Item& item) {
     const std::string kind = FaultHeading(item.fault->code);
     if (Count(kind)) port_.Say({file_, &item, &*item.fault, kind, FaultTextOf(item)});

@@ -32,6 +32,8 @@ public:
 
     // What is wrong with an item, and lines that say more. Faults with one heading are of one kind.
     void Say(const Item& item, const Fault& fault, std::string_view lines = {});
+    // The same with a fault of this code that is made only if it is said.
+    void Say(const Item& item, FaultCode code, const std::function<Fault()>& fault);
     // The item's own fault, its place in the file, and what became of the item; then what was
     // mended or left out.
     void SayFault(const Item& item);

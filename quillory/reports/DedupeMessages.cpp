@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/reports/DedupeMessages.h>
 #include <quillory/reports/ScreenText.h>
 #include <quillory/text/JsonWriter.h>
@@ -48,10 +49,12 @@ DedupeMessages::DedupeMessages(const std::string& path, const DedupeOptions& opt
 }
 
 void DedupeMessages::Take(const Item& item, const std::function<Duplicate()>& find) {
-    reporter_.Say(item, "records removed", [&] {
+    reporter_.Say(item, FaultCode::kRemovedDouble, [&] {
         const Duplicate duplicate = find();
-        return "removed; " + ShortText(duplicate.kept, duplicate.removed.file) + " has " +
-               Visible(duplicate.key) + ", too";
+        return Fault{FaultCode::kRemovedDouble,
+                     {},
+                     Visible(duplicate.key),
+                     ShortText(duplicate.kept, duplicate.removed.file)};
     });
     if (!file_) return;
     const Duplicate duplicate = find();
