@@ -16,7 +16,7 @@ constexpr const char* kDetails =
     "another\n"
     "form there is `quillory convert --where`. A record has to match --where, --records and "
     "--ids,\n"
-    "as far as they are given. Damaged records are named and left out.\n"
+    "as far as they are given. Damaged records are named and left out; --rejects keeps them.\n"
     "Status: 0 if records were picked, 1 if none was, for an ID without a record, or with damage; "
     "2\n"
     "for wrong usage, or a file that can't be read or written.";
@@ -36,6 +36,7 @@ void DeclarePick(Arguments& command) {
     DeclareInput(command, pick.input, options.messages);
     command.Option("-o,--output", pick.output, "Where the records go; standard output if not given")
         .File();
+    command.Option("--rejects", pick.rejects, "Where the bytes of what is no record go").File();
     command.Option("--records", pick.numbers, "Records of these numbers, such as 17,20-25")
         .Shown("NUMBERS");
     command.Option("--ids", pick.ids, "Records whose control number (001) is a line of this file")

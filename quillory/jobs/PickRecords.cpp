@@ -1,5 +1,6 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/jobs/DamageKeeper.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/PickRecords.h>
 #include <quillory/jobs/RecordCopier.h>
@@ -117,6 +118,7 @@ public:
         : options_(options),
           reporter_(reporter),
           choice_(options),
+          damage_(options.rejects, reporter),
           output_(options.output),
           copier_(output_) {
         if (options.sample) sample_.emplace(*options.sample, options.seed);
@@ -131,10 +133,12 @@ public:
             copier_.EndFile();
             Finish();
         } catch (const ClosedPipe&) {
-            return status_;
+            damage_.Finish();
+            return damage_.Result();
         }
-        if (!IsFull()) status_ = std::max(status_, choice_.SayNotMet(reporter_));
-        return std::max({read, status_, picked_ == 0 ? kStatusFindings : kStatusWell});
+        const Status ids = IsFull() ? kStatusWell : choice_.SayNotMet(reporter_);
+        const Status picked = picked_ == 0 ? kStatusFindings : kStatusWell;
+        return std::max({read, damage_.Result(), ids, picked});
     }
 
 private:
@@ -147,15 +151,10 @@ private:
 
     bool Take(const Item& item) {
         copier_.Pass(item);
-        if (item.fault && !item.continues && item.kind != kItemFrame && !IsFull()) Damage(item);
+        if (item.kind != kItemFrame && !IsFull()) damage_.Take(item);
         if (item.kind == kItemRecord && !IsFull() && choice_.Takes(item)) Pick(item);
         const bool isOver = IsFull() || choice_.IsOver(item.number + 1);
         return !isOver || copier_.NeedsEnd();
-    }
-
-    void Damage(const Item& item) {
-        reporter_.SayFault(item);
-        status_ = kStatusFindings;
     }
 
     void Pick(const Item& item) {
@@ -171,23 +170,27 @@ private:
     void Finish() {
         if (sample_) sample_->WriteTo(copier_);
         copier_.Finish();
+        output_.Complete();
+        damage_.Finish();
         output_.Finish();
     }
 
     const PickOptions& options_;
     Reporter& reporter_;
     Choice choice_;
+    DamageKeeper damage_;
     Output output_;
     RecordCopier copier_;
     std::optional<Sample> sample_;
     std::uint64_t picked_ = 0;
-    Status status_ = kStatusWell;
 };
 
 }  // namespace
 
 Status PickRecords(const PickOptions& options, Reporter& reporter) {
     CheckNotAnInput(options.input.files, options.output);
+    CheckNotAnInput(options.input.files, options.rejects);
+    CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
     return PickRun(options, reporter).Run();
 }
 

@@ -11,6 +11,7 @@ namespace quillory {
 struct PickOptions {
     InputOptions input;
     std::string output = "-";
+    std::string rejects;                  // for the bytes of what is no record; empty for none
     std::string numbers;                  // as ParseRecordNumbers reads them; empty for any
     std::string ids;                      // a file of IDs; empty for any
     std::string idPlace = "001";          // where records have them; a set of places

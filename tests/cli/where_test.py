@@ -217,6 +217,12 @@ class Pick(Files):
         status, out, err = run("pick", "--where", "has 245", broken)
         self.assertEqual((status, out), (1, b"".join(records_of(data)[1:])))
         self.assertIn("record 1 at byte 0", err)
+        rejects = self.path("rejects.mrc")
+        again = run("pick", "--where", "has 245", broken, "--rejects", rejects)
+        self.assertEqual(again, (status, out, err))
+        self.assertEqual(rejects.read_bytes() + out, broken.read_bytes())
+        self.assertEqual(run("pick", broken, "-o", rejects, "--rejects", rejects)[0], 2)
+        self.assertEqual(run("pick", broken, "--rejects", broken)[0], 2)
 
 
 class Count(Cli):
