@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -48,6 +49,11 @@ FieldRules::FieldRules(bool allowLocal) : rules_(kTags) {
     AddDictionary();
     AddHoldings();
     AddRoles();
+    if (allowLocal) AllowLocal();
+}
+
+FieldRules::FieldRules(std::vector<FieldRule> rules, bool allowLocal) : rules_(std::move(rules)) {
+    AllowAlternateGraphics();
     if (allowLocal) AllowLocal();
 }
 
@@ -115,6 +121,14 @@ void FieldRules::AddRoles() {
     for (unsigned tag = 500; tag < 600; ++tag) rules_[tag].role = kRoleNote;
     for (unsigned tag = 600; tag < 700; ++tag) rules_[tag].role = kRoleSubject;
     rules_[880].role = kRoleLinked;
+}
+
+// Field 880 has the subfields of the field that it is linked to.
+void FieldRules::AllowAlternateGraphics() {
+    FieldRule& rule = rules_[880];
+    rule.role = kRoleLinked;
+    for (char code = 'a'; code <= 'z'; ++code) AllowCode(rule, code, true);
+    for (char code = '0'; code <= '9'; ++code) AllowCode(rule, code, true);
 }
 
 void FieldRules::AllowLocal() {

@@ -50,6 +50,8 @@ public:
     // With `allowLocal`, fields and subfields that the format leaves to libraries are known: tags
     // with a 9, except 490; subfield 9; graphic symbols as codes.
     explicit FieldRules(bool allowLocal);
+    // Those of another format: a rule for each tag below kTags, without what is left to libraries.
+    FieldRules(std::vector<FieldRule> rules, bool allowLocal);
 
     // The tag is below kTags.
     const FieldRule& Of(unsigned tag) const { return rules_[tag]; }
@@ -59,6 +61,7 @@ private:
     void AddIndicators(unsigned tag);
     void AddHoldings();
     void AddRoles();
+    void AllowAlternateGraphics();
     void AllowLocal();
     void AllowAny(unsigned tag);
 

@@ -1,7 +1,7 @@
 #include <quillory/coded/Elements.h>
 #include <quillory/coded/FreeValues.h>
 #include <quillory/coded/Material.h>
-#include <quillory/rules/Dates.h>
+#include <quillory/rules/ControlFields.h>
 #include <quillory/rules/RuleFamilies.h>
 
 #include <algorithm>
@@ -33,10 +33,6 @@ const Element* ElementAt(CFType form, int first) {
     return found == elements.end() ? nullptr : &*found;
 }
 
-std::string SizeText(std::size_t size) {
-    return std::to_string(size);
-}
-
 // The types of date whose second date is not before the first.
 bool HasPeriod(char type) {
     constexpr std::string_view kPeriods = "cdikmqu";
@@ -47,18 +43,8 @@ bool IsYear(std::string_view text) {
     return std::ranges::all_of(text, [](char c) { return '0' <= c && c <= '9'; });
 }
 
-void Check005(const CheckedField& field, RemarkSink& remarks) {
-    if (IsTimeStamp(field.content)) return;
-    remarks.Add(RuleId::DateMalformed, field.GetPlace(), Printable(field.content),
-                "time of the form yyyymmddhhmmss.f");
-}
-
 void CheckDatesOf008(const CheckedField& field, RemarkSink& remarks) {
-    const std::string_view entered = field.content.substr(0, 6);
-    if (!IsDayOfEntry(entered)) {
-        remarks.Add(RuleId::DateMalformed, field.GetPlace().Positions(0, 5), Printable(entered),
-                    "day of the form yymmdd");
-    }
+    CheckDayOfEntry(field, remarks);
     const std::string_view first = field.content.substr(7, 4);
     const std::string_view second = field.content.substr(11, 4);
     if (HasPeriod(field.content[6]) && IsYear(first) && IsYear(second) && second < first) {
@@ -87,7 +73,7 @@ private:
     void CheckField(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
         switch (field.number) {
             case k005:
-                return Check005(field, remarks);
+                return CheckTimeStamp(field, remarks);
             case k006:
                 return CheckForm(field, MaterialOf006(field.content), zorby::CF006None, remarks);
             case k007:
@@ -114,13 +100,6 @@ private:
         }
         CheckLength(field, static_cast<std::size_t>(LengthOfForm(form)), remarks);
         CheckElements(field.GetPlace(), field.content, form, 0, remarks);
-    }
-
-    static bool CheckLength(const CheckedField& field, std::size_t size, RemarkSink& remarks) {
-        if (field.content.size() == size) return true;
-        remarks.Add(RuleId::FieldLength, field.GetPlace(), SizeText(field.content.size()),
-                    SizeText(size));
-        return false;
     }
 
     // The positions of an 008 of another length can't be trusted.

@@ -1,6 +1,7 @@
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/RecordCharset.h>
 #include <quillory/rules/Inspector.h>
+#include <quillory/rules/Unimarc.h>
 #include <quillory/text/Trimmed.h>
 
 namespace quillory {
@@ -46,6 +47,7 @@ Inspector::Inspector(CheckerOptions options, const RuleWeights& weights, const C
       weights_(weights),
       record_(checker_.GetFieldRules()),
       coded_(lists),
+      others_(options.allowLocal),
       ownRules_(ownRules) {
     weights_.Follow(checker_.GetPolicy());
 }
@@ -53,33 +55,49 @@ Inspector::Inspector(CheckerOptions options, const RuleWeights& weights, const C
 void Inspector::Inspect(const Record& record, std::uint64_t number, std::vector<Remark>& remarks) {
     remarks.clear();
     RemarkSink sink(weights_, remarks);
+    const MarcFormat format = MarcFormatOf(record.leader);
+    const bool isBibliographic = format == kFormatBibliographic;
+    RecordInHand& inHand = isBibliographic ? record_ : others_.RecordOf(format);
+    inHand.Take(record);
+    if (IsUnimarc(inHand)) return TellUnimarc(sink);
     characters_.Check(record, CharsetOf(record), sink);
-    record_.Take(record);
-    if (IsBibliographic(record.leader)) {
-        coded_.Check(record_, sink);
-        CheckStructure(record_, options_.allowLocal, sink);
-        CheckDates(record_, sink);
-        CheckNotes(record_, sink);
-        CheckCodeFields(record_, sink);
-        CheckNumbers(record_, sink);
-        CheckTitleFields(record_, sink);
-        CheckMediaTypes(record_, sink);
-        CheckCarriers(record_, sink);
-        CheckNumbersMet(number, sink);
-        CheckPunctuation(record_, sink);
-        CheckLinks(record_, sink);
-        CheckNeeds(record_, sink);
+    if (isBibliographic) {
+        CheckBibliographic(number, sink);
+    } else {
+        others_.Check(format, sink);
     }
-    TakeFindings(record, sink);
+    TakeFindings(record, inHand, sink);
     if (ownRules_ != nullptr) ownRules_->Check(record, sink);
     CheckControlNumber(record, number, sink);
 }
 
-void Inspector::TakeFindings(const Record& record, RemarkSink& remarks) {
+void Inspector::CheckBibliographic(std::uint64_t number, RemarkSink& remarks) {
+    coded_.Check(record_, remarks);
+    CheckStructure(record_, options_.allowLocal, remarks);
+    CheckDates(record_, remarks);
+    CheckNotes(record_, remarks);
+    CheckCodeFields(record_, remarks);
+    CheckNumbers(record_, remarks);
+    CheckTitleFields(record_, remarks);
+    CheckMediaTypes(record_, remarks);
+    CheckCarriers(record_, remarks);
+    CheckNumbersMet(number, remarks);
+    CheckPunctuation(record_, remarks);
+    CheckLinks(record_, remarks);
+    CheckNeeds(record_, true, remarks);
+}
+
+void Inspector::TellUnimarc(RemarkSink& remarks) {
+    if (!hasToldUnimarc_) remarks.Add(RuleId::Unimarc, Place::OfRecord());
+    hasToldUnimarc_ = true;
+}
+
+void Inspector::TakeFindings(const Record& record, const RecordInHand& inHand,
+                             RemarkSink& remarks) {
     checker_.Check(record, findings_);
     for (const Finding& finding : findings_) {
         const RuleId rule = RuleOf(finding.code).id;
-        if (IsFoundByStructure(finding.code) || IsMoot(rule, record_)) continue;
+        if (IsFoundByStructure(finding.code) || IsMoot(rule, inHand)) continue;
         remarks.Add(rule, finding.place);
     }
 }

@@ -3,6 +3,7 @@
 #include <quillory/checks/Checker.h>
 #include <quillory/coded/CodeLists.h>
 #include <quillory/rules/CharacterRules.h>
+#include <quillory/rules/OtherFormats.h>
 #include <quillory/rules/OwnRules.h>
 #include <quillory/rules/Remark.h>
 #include <quillory/rules/RuleChoice.h>
@@ -14,8 +15,8 @@
 namespace quillory {
 
 // Holds records against all rules: those of the library, and what the format and good practice ask
-// beyond them. Of records of another format than the bibliographic one only lengths, characters and
-// control numbers are checked.
+// beyond them. Records of other formats than the bibliographic one are held against the tables of
+// their own, those of UNIMARC against nothing.
 class Inspector {
 public:
     // `charset` is that of the records; auto: each record says it. Policy and dictionaries are in
@@ -25,14 +26,19 @@ public:
               OwnRules* ownRules = nullptr);
 
     // Records of the files that follow are named by their numbers alone within this one.
-    void BeginFile(const std::string& name) { numbers_.BeginFile(name); }
+    void BeginFile(const std::string& name) {
+        numbers_.BeginFile(name);
+        hasToldUnimarc_ = false;
+    }
 
     // Replaces `remarks`: in the order of the fields, and then what the record lacks. `number` is
     // that of the record in its file.
     void Inspect(const Record& record, std::uint64_t number, std::vector<Remark>& remarks);
 
 private:
-    void TakeFindings(const Record& record, RemarkSink& remarks);
+    void CheckBibliographic(std::uint64_t number, RemarkSink& remarks);
+    void TellUnimarc(RemarkSink& remarks);
+    void TakeFindings(const Record& record, const RecordInHand& inHand, RemarkSink& remarks);
     Charset CharsetOf(const Record& record) const;
     void CheckControlNumber(const Record& record, std::uint64_t number, RemarkSink& remarks);
     void CheckNumbersMet(std::uint64_t number, RemarkSink& remarks);
@@ -42,10 +48,12 @@ private:
     RuleWeights weights_;
     RecordInHand record_;
     CodedRules coded_;
+    OtherFormats others_;
     CharacterRules characters_;
     SeenNumbers numbers_;
     OwnRules* ownRules_;
     std::vector<Finding> findings_;
+    bool hasToldUnimarc_ = false;  // of the file in hand
 };
 
 }  // namespace quillory

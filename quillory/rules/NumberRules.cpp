@@ -103,17 +103,30 @@ void CheckSubfield(const CheckedField& field, const SubfieldInHand& subfield, Re
     if (tag == 856 && code == 'u') CheckUrl(place, text, remarks);
 }
 
-}  // namespace
+// Tags that mean the same in all formats.
+bool IsSharedTag(unsigned tag) {
+    return tag == 20 || tag == 22 || tag == 24 || tag == 856;
+}
 
-void CheckNumbers(const RecordInHand& record, RemarkSink& remarks) {
+template <class MayHave>
+void CheckFields(const RecordInHand& record, MayHave mayHave, RemarkSink& remarks) {
     for (const CheckedField& field : record.Fields()) {
-        const unsigned tag = field.number;
-        const bool mayHave = tag == 20 || tag == 22 || tag == 24 || tag == 856 || HasIssnInX(tag);
-        if (!mayHave) continue;
+        if (!mayHave(field.number)) continue;
         for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
             CheckSubfield(field, subfield, remarks);
         }
     }
+}
+
+}  // namespace
+
+void CheckNumbers(const RecordInHand& record, RemarkSink& remarks) {
+    const auto mayHave = [](unsigned tag) { return IsSharedTag(tag) || HasIssnInX(tag); };
+    CheckFields(record, mayHave, remarks);
+}
+
+void CheckSharedNumbers(const RecordInHand& record, RemarkSink& remarks) {
+    CheckFields(record, IsSharedTag, remarks);
 }
 
 }  // namespace quillory

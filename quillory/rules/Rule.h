@@ -52,6 +52,8 @@ enum class RuleId : std::uint16_t {
     No008,
     No040,
     SourceIncomplete,
+    HeadingCount,
+    Unimarc,
     ControlNumberRepeated,
     InvalidBytes,
     CharacterUndefined,

@@ -8,20 +8,23 @@
 
 namespace quillory {
 
-// The checks of rules, by families. Each looks at a bibliographic record that was taken apart.
+// The checks of rules, by families. Each looks at a bibliographic record that was taken apart, and
+// some also at one of another format.
 
-// Fields, indicators and subfields against the dictionary. Without `allowsLocal`, what the format
-// leaves to libraries is undefined, too.
+// Fields, indicators and subfields against the rules of the record's format. Without `allowsLocal`,
+// what the format leaves to libraries is undefined, too.
 void CheckStructure(const RecordInHand& record, bool allowsLocal, RemarkSink& remarks);
-// Fields that a record lacks.
-void CheckNeeds(const RecordInHand& record, RemarkSink& remarks);
+// Fields that a record of any format lacks; with `needsSource` also 040.
+void CheckNeeds(const RecordInHand& record, bool needsSource, RemarkSink& remarks);
 // ISBN, ISSN and others, and addresses.
 void CheckNumbers(const RecordInHand& record, RemarkSink& remarks);
+// The same in the fields that mean the same in all formats: 020, 022, 024 and 856.
+void CheckSharedNumbers(const RecordInHand& record, RemarkSink& remarks);
 // Nonfiling characters, added entries and series.
 void CheckTitleFields(const RecordInHand& record, RemarkSink& remarks);
 // The marks of ISBD, where Leader/18 promises them.
 void CheckPunctuation(const RecordInHand& record, RemarkSink& remarks);
-// Fields in other scripts and their partners.
+// Fields in other scripts and their partners, in any format.
 void CheckLinks(const RecordInHand& record, RemarkSink& remarks);
 // Dates of 008 against their type and against the imprint.
 void CheckDates(const RecordInHand& record, RemarkSink& remarks);

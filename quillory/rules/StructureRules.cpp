@@ -135,9 +135,10 @@ void CheckStructure(const RecordInHand& record, bool allowsLocal, RemarkSink& re
     }
 }
 
-void CheckNeeds(const RecordInHand& record, RemarkSink& remarks) {
+void CheckNeeds(const RecordInHand& record, bool needsSource, RemarkSink& remarks) {
     if (!record.Has(1)) remarks.Add(RuleId::No001, Place::OfField(1U));
     if (!record.Has(8)) remarks.Add(RuleId::No008, Place::OfField(8U));
+    if (!needsSource) return;
     const CheckedField* source = record.First(40);
     const bool hasSource = source != nullptr && (HasText(record.TextOf(*source, 'a')) ||
                                                  HasText(record.TextOf(*source, 'c')));

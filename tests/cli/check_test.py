@@ -227,8 +227,24 @@ class Findings(Checks):
         custom = ["-q", "--policy", "custom", self.bare]
         self.assertNotIn("590", self.check(*custom)[0])
         self.assertNotIn("590", self.check(*custom, "--user-defined", "590a")[0])
-        self.assertIn("590: error: MARC 21 has no such field or subfield [undefined]\n",
+        self.assertIn("590: error: the format has no such field or subfield [undefined]\n",
                       self.check(*custom, "--user-defined", "591a")[0])
+
+    def test_records_of_other_formats_are_held_against_their_own(self):
+        heading = self.path("heading.mrk", (
+            "=LDR  00000nz\\\\a2200000n\\\\4500\n=001  n1\n"
+            "=008  990101nn\\acannaabn\\\\\\\\\\\\\\\\\\\\\\a\\aaa\\\\\\\\\\\\\n"
+            "=040  \\\\$aDLC$cDLC\n=100  1\\$aTwain, Mark\n=245  10$aRoughing it\n").encode())
+        unimarc = self.path("unimarc.mrk", (
+            "=LDR  00000nam\\\\2200000\\\\\\450\\\n"
+            "=100  \\\\$a20010115d1998\\\\\\\\m\\\\y0frey50\\\\\\\\\\\\ba\n"
+            "=200  1\\$aLe fleuve\n\n").encode() * 2)
+        out, _ = self.check("-q", heading, unimarc)
+        self.assertEqual([line.split(": ", 1)[1] for line in out.splitlines()], [
+            "record 1 at byte 0 (001 n1): 245: warning: the format has no such field or subfield "
+            "[undefined]",
+            "record 1 at byte 0: warning: this file seems to hold UNIMARC records, which are not "
+            "checked [unimarc]"])
 
     def test_holdings_are_the_fields_that_an_export_writes(self):
         for key, value in (("EasyOrCustom", "Custom"), ("CustomBarCodeSubfield", "949b"),

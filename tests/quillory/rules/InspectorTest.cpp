@@ -313,13 +313,28 @@ TEST_F(InspectorTest, NumbersThatWereMetAreNamedWithTheirFile) {
 }
 
 TEST_F(InspectorTest, BytesAndControlNumbersAreOfAnyFormat) {
-    Inspector inspector({}, RuleWeights(), Lists());
-    const TestRecord authority({"LDR00000nz  a2200000n  4500", "001a1", "1001 $aHill\xFF"}, '$');
-    EXPECT_EQ(Found(inspector, authority.record), "bytes-invalid 100");
-    EXPECT_EQ(Found(inspector, authority.record, 2),
-              "bytes-invalid 100; control-number-repeated 001");
-    const TestRecord other({"LDR00000nz  a2200000n  4500", "001a2"}, '$');
+    Inspector inspector({}, RuleWeights({{}, {}, {"no-008"}}), Lists());
+    const TestRecord holdings({"LDR00000ny  a22000001n 4500", "001h1", "852  $aHill\xFF"}, '$');
+    EXPECT_EQ(Found(inspector, holdings.record), "bytes-invalid 852");
+    EXPECT_EQ(Found(inspector, holdings.record, 2),
+              "bytes-invalid 852; control-number-repeated 001");
+    const TestRecord other({"LDR00000ny  a22000001n 4500", "001h2"}, '$');
     EXPECT_EQ(Found(inspector, other.record, 3), "");
+}
+
+TEST_F(InspectorTest, UnimarcIsToldOnceAFileAndHeldAgainstNoRule) {
+    Inspector inspector({}, RuleWeights(), Lists());
+    const std::string coded = "100  $a20010115d1998    m  y0frey50      ba";
+    const TestRecord book({"LDR00000nam  2200000   450 ", coded, "2001 $aLe fleuve"}, '$');
+    const TestRecord heading({"LDR00000nx  j2200000   450 ", coded, "200 1$aTwain"}, '$');
+    const TestRecord marc21({"001x1", "24500$aX$a", "008" + k008, "040  $aDLC$cDLC"}, '$');
+    inspector.BeginFile("a");
+    EXPECT_EQ(Found(inspector, book.record, 1), "unimarc");
+    EXPECT_EQ(Found(inspector, heading.record, 2), "");
+    EXPECT_EQ(Found(inspector, marc21.record, 3), "not-repeatable 245 $a; subfield-empty 245 $a");
+    EXPECT_EQ(Found(inspector, book.record, 4), "");
+    inspector.BeginFile("b");
+    EXPECT_EQ(Found(inspector, heading.record, 1), "unimarc");
 }
 
 TEST_F(InspectorTest, RulesWeighWhatTheUserSays) {

@@ -1,0 +1,26 @@
+#include <quillory/rules/ControlFields.h>
+#include <quillory/rules/Dates.h>
+
+namespace quillory {
+
+void CheckTimeStamp(const CheckedField& field, RemarkSink& remarks) {
+    if (IsTimeStamp(field.content)) return;
+    remarks.Add(RuleId::DateMalformed, field.GetPlace(), Printable(field.content),
+                "time of the form yyyymmddhhmmss.f");
+}
+
+void CheckDayOfEntry(const CheckedField& field, RemarkSink& remarks) {
+    const std::string_view entered = field.content.substr(0, 6);
+    if (IsDayOfEntry(entered)) return;
+    remarks.Add(RuleId::DateMalformed, field.GetPlace().Positions(0, 5), Printable(entered),
+                "day of the form yymmdd");
+}
+
+bool CheckLength(const CheckedField& field, std::size_t size, RemarkSink& remarks) {
+    if (field.content.size() == size) return true;
+    remarks.Add(RuleId::FieldLength, field.GetPlace(), std::to_string(field.content.size()),
+                std::to_string(size));
+    return false;
+}
+
+}  // namespace quillory
