@@ -47,7 +47,7 @@ void Pattern::TakeControlFields() {
         const unsigned tag = static_cast<unsigned>(std::stoul(field.substr(0, kTagSize)));
         if (tag == 0) {
             leader_ = field.substr(kTagSize);
-        } else {
+        } else if (field.find_first_not_of(' ', kTagSize) != field.npos) {  // not room for one
             controlFields_.push_back({tag, field.substr(kTagSize)});
         }
         if (!std::ranges::all_of(field, [](char c) { return ' ' <= c && c <= '~'; })) {

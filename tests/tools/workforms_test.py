@@ -26,11 +26,13 @@ MATERIALS = {
                      "ProjectedGraphic"], ("Visual", "g")),
     "Kit": ("Visual", "o"), "NonprojectedGraphic": ("Visual", "k"), "ThreeDObject": ("Visual", "r"),
 }
+BLANK_006 = 18 * "#"  # of a 007 that stands beside those of the main material
 LENGTHS_007 = {"None": 0, "Map": 8, "Electronic": 14, "Globe": 6, "Projected": 9, "Microform": 13,
-               "Nonprojected": 6, "MotionPicture": 23, "Sound": 14, "Video": 9, "RemoteSensing": 11}
+               "Nonprojected": 6, "MotionPicture": 23, "Sound": 14, "Video": 9, "RemoteSensing": 11,
+               "Tactile": 10}
 CATEGORIES_007 = {"Map": "a", "Electronic": "c", "Globe": "d", "Projected": "g", "Microform": "h#",
                   "Nonprojected": "k", "MotionPicture": "m", "Sound": "s", "Video": "v",
-                  "RemoteSensing": "r"}
+                  "RemoteSensing": "r", "Tactile": "f"}
 TEXTS = ("rules", "reminders", "examples")
 KEYS = {
     "": ("name id base material form-006 form-007 leader field-008 field-007 additional-006 field",
@@ -85,6 +87,8 @@ def form_faults(table, byte_zero):
     """What the main and the additional materials have in common."""
     found = []
     form, zeros = MATERIALS.get(table["material"], ("", ""))
+    if table.get("field-006") == BLANK_006:
+        form, zeros = "None", "#"
     if table["form-006"] != form:
         found.append(f"material {table['material']} with 006 form {table['form-006']}")
     if byte_zero not in zeros:
