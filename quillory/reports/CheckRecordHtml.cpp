@@ -48,8 +48,8 @@ std::string RecordCells(const Item& item, const RecordSummary& summary, const st
 std::string RemarkCells(const Remark& remark) {
     const Rule& rule = *remark.rule;
     return Cell(SeverityText(remark.severity), SeverityName(remark)) +
-           "<td class=\"finding\" title=\"" + HtmlText(rule.why) + "\">" +
-           HtmlText(rule.title) + "<small> " + HtmlText(RemarkText(remark)) + "</small></td>" +
+           "<td class=\"finding\" title=\"" + HtmlText(rule.why) + "\">" + HtmlText(rule.title) +
+           "<small> " + HtmlText(RemarkText(remark)) + "</small></td>" +
            Cell("field", HtmlText(PlaceText(remark.place)));
 }
 

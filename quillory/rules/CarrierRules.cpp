@@ -43,6 +43,8 @@ constexpr std::array kCarrierWords = std::to_array<CarrierWords>({
     {"microfilm reel", "hd"},
 });
 
+constexpr std::string_view kUnspecified = "zu";  // a carrier of any media
+
 using CodeList = std::vector<std::string_view>;
 
 // The codes of a field of the RDA lists that the lists have.
@@ -85,6 +87,7 @@ void CheckMedia(const RecordInHand& record, const CodeList& carriers, RemarkSink
     const CodeList media = CodesOf(record, 337);
     if (media.empty()) return;
     for (const std::string_view carrier : carriers) {
+        if (carrier == kUnspecified) continue;
         const std::string_view own(carrier.front() == 'm' ? "g" : carrier.substr(0, 1));
         if (std::ranges::find(media, own) != media.end()) continue;
         remarks.Add(RuleId::CarrierAgainstMedia, Place::OfField(338U, 1).Subfield('b'),

@@ -70,7 +70,7 @@ protected:
         formats.Check(format, sink);
         std::string text;
         for (const Remark& remark : remarks) {
-            text += (text.empty() ? "" : "; ") + std::string(RuleOf(remark.rule).name);
+            text += (text.empty() ? "" : "; ") + std::string(remark.rule->name);
             const std::string place = PlaceText(remark.place);
             if (!place.empty()) text += " " + place;
         }
