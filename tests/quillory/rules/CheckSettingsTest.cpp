@@ -105,7 +105,8 @@ TEST(CheckSettingsTest, AFaultIsToldWithItsPlace) {
         {"[[rule]]\nid = 'No 1'\nwhere = 'has 245'\nmessage = 'M'\n", "check.toml:2:6: the id of"},
         {"[[rule]]\nid = 'no-040'\nwhere = 'has 245'\nmessage = 'M'\n",
          "check.toml:2:6: there is a rule of this id already"},
-        {"[[rule]]\nid = 'x'\nwhere = 'hs 245'\nmessage = 'M'\n", "check.toml:3:9: expected a place"},
+        {"[[rule]]\nid = 'x'\nwhere = 'hs 245'\nmessage = 'M'\n",
+         "check.toml:3:9: expected a place"},
     };
     for (const auto& row : kCases) {
         SCOPED_TRACE(row.toml);
