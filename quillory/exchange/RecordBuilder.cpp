@@ -37,13 +37,20 @@ Place RecordBuilder::PlaceInHand() const {
 
 bool RecordBuilder::Fail(Fault fault) {
     if (inField_) {
-        if (!leftOut_) leftOut_ = fault;
-        if (!isLeftOut_) mended_.push_back(std::move(fault));
-        isLeftOut_ = true;
+        LeaveOut(fault);
     } else if (!Failed()) {
         fault_ = std::move(fault);
     }
     return false;
+}
+
+// The field in hand.
+void RecordBuilder::LeaveOut(const Fault& fault) {
+    if (std::exchange(isLeftOut_, true)) return;
+    if (!leftOut_) leftOut_ = fault;
+    const Place place = fault.place.IsRecord() ? fault.place : PlaceInHand();
+    mended_.push_back(
+        {FaultCode::kFieldNotRead, place, FaultReason({fault.code, {}, fault.found})});
 }
 
 bool RecordBuilder::Fail(FaultCode code, std::string_view found, std::string_view allowed) {
@@ -148,6 +155,7 @@ bool RecordBuilder::End() {
 void RecordBuilder::Give(Item& item) const {
     item.notes = notes_;
     item.isPartial = !mended_.empty();
+    if (leftOut_) item.fault = ItemFault{*leftOut_};
     for (const Fault& mend : mended_) {
         if (!item.fault) {
             item.fault = ItemFault{mend};

@@ -58,6 +58,7 @@ private:
     bool BeginField(std::string_view tag);
     void EndField();
     bool Fail(Fault fault);
+    void LeaveOut(const Fault& fault);
     bool FailIndicator(std::size_t which, FaultCode code);
 
     std::string leader_;

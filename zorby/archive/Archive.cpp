@@ -175,4 +175,12 @@ void CArchive::Fail(CArchiveException::Cause cause, std::uint64_t offset) const 
     throw CArchiveException(cause, stream_.GetName(), offset);
 }
 
+bool CArchive::IsLoading() const {
+    return mode_ == load;
+}
+
+bool CArchive::IsStoring() const {
+    return mode_ == store;
+}
+
 }  // namespace zorby

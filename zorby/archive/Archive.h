@@ -36,8 +36,8 @@ public:
     // Closes the archive. A failure is lost here, so call Close where it matters.
     ~CArchive();
 
-    bool IsLoading() const { return mode_ == load; }
-    bool IsStoring() const { return mode_ == store; }
+    bool IsLoading() const;
+    bool IsStoring() const;
 
     void Read(void* buffer, std::size_t size);
     void Write(const void* bytes, std::size_t size);

@@ -119,4 +119,12 @@ std::string GetTextFields::WithValues(std::string text) const {
     return text;
 }
 
+int GetTextFields::Count() const {
+    return static_cast<int>(fields_.size());
+}
+
+void GetTextFields::Clear() {
+    fields_.clear();
+}
+
 }  // namespace zorby

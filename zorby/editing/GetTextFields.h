@@ -34,12 +34,12 @@ public:
 
     const Fields& All() const { return fields_; }
     Fields& All() { return fields_; }
-    int Count() const { return static_cast<int>(fields_.size()); }
+    int Count() const;
     // Null if there is no field with this number.
     GetTextField* At(int index) {
         return 0 <= index && index < Count() ? &fields_[static_cast<std::size_t>(index)] : nullptr;
     }
-    void Clear() { fields_.clear(); }
+    void Clear();
     // Adds a field whose description is in the text at its position.
     void Add(GetTextField field);
 

@@ -48,4 +48,16 @@ void TextBuffer::Prepend(char byte) {
     ++length_;
 }
 
+std::string_view TextBuffer::Text() const {
+    return {bytes_.data(), length_};
+}
+
+int TextBuffer::Length() const {
+    return static_cast<int>(length_);
+}
+
+int TextBuffer::Size() const {
+    return static_cast<int>(bytes_.size());
+}
+
 }  // namespace zorby

@@ -20,10 +20,10 @@ public:
     // The text up to its first zero byte, with `room` bytes after it, at least 1.
     TextBuffer(std::string_view text, int room);
 
-    std::string_view Text() const { return {bytes_.data(), length_}; }
-    int Length() const { return static_cast<int>(length_); }
+    std::string_view Text() const;
+    int Length() const;
     // The size of the buffer.
-    int Size() const { return static_cast<int>(bytes_.size()); }
+    int Size() const;
 
     void Remove(int from, int to);
     // Puts in a text up to its first zero byte. The buffer grows by steps until it is larger than

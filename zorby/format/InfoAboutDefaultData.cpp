@@ -65,4 +65,20 @@ const CInfoAboutDefaultData* CInfoAboutDefaultDataList::GetNext() {
     return At(next_++);
 }
 
+unsigned CInfoAboutDefaultData::GetTag() const {
+    return tag_;
+}
+
+char CInfoAboutDefaultData::GetIndicatorRaw(int which) const {
+    return which == 1 ? first_ : second_;
+}
+
+char CInfoAboutDefaultData::GetSubCode() const {
+    return code_;
+}
+
+const std::string& CInfoAboutDefaultData::GetDefaultData() const {
+    return data_;
+}
+
 }  // namespace zorby

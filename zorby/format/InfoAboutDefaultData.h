@@ -22,14 +22,14 @@ public:
     void Create(char code, std::string_view data);
     void CloneFrom(const CInfoAboutDefaultData& other);
 
-    unsigned GetTag() const { return tag_; }
+    unsigned GetTag() const;
     // Returns the first indicator for 1, the second for any other number. A blank ("_") is returned
     // as NUL.
     char GetIndicator(int which) const;
     // Returns the same as it is stored.
-    char GetIndicatorRaw(int which) const { return which == 1 ? first_ : second_; }
-    char GetSubCode() const { return code_; }
-    const std::string& GetDefaultData() const { return data_; }
+    char GetIndicatorRaw(int which) const;
+    char GetSubCode() const;
+    const std::string& GetDefaultData() const;
 
 private:
     unsigned tag_ = 0;

@@ -44,4 +44,28 @@ void CInfoAboutFieldList::RemoveUserDefined() {
     RemoveIf([](const CInfoAboutField& field) { return field.IsUserDefined() != 0; });
 }
 
+unsigned CInfoAboutField::GetTag() const {
+    return tag_;
+}
+
+const std::string& CInfoAboutField::GetName() const {
+    return name_;
+}
+
+void CInfoAboutField::GetName(std::string& name) const {
+    name = name_;
+}
+
+int CInfoAboutField::Repeatable() const {
+    return repeatable_;
+}
+
+int CInfoAboutField::Mandatory() const {
+    return mandatory_;
+}
+
+int CInfoAboutField::IsUserDefined() const {
+    return userDefined_;
+}
+
 }  // namespace zorby

@@ -21,14 +21,14 @@ public:
     void Create(unsigned tag, std::string_view name, int repeatable, int mandatory,
                 int userDefined);
 
-    unsigned GetTag() const { return tag_; }
-    const std::string& GetName() const { return name_; }
-    void GetName(std::string& name) const { name = name_; }
+    unsigned GetTag() const;
+    const std::string& GetName() const;
+    void GetName(std::string& name) const;
     // In this order: nonzero if the field may repeat, if a record must have it, and if it was added
     // at run time.
-    int Repeatable() const { return repeatable_; }
-    int Mandatory() const { return mandatory_; }
-    int IsUserDefined() const { return userDefined_; }
+    int Repeatable() const;
+    int Mandatory() const;
+    int IsUserDefined() const;
 
 private:
     unsigned tag_ = 0;

@@ -149,4 +149,52 @@ char CInfoAboutIndicatorDefaultList::DefaultIndicator(unsigned tag, int which) c
     return indicators ? indicators->GetIndicator(which) : '\0';
 }
 
+unsigned CInfoAboutIndicatorName::GetTag() const {
+    return tag_;
+}
+
+int CInfoAboutIndicatorName::GetWhich() const {
+    return which_;
+}
+
+const std::string& CInfoAboutIndicatorName::GetName() const {
+    return name_;
+}
+
+unsigned CInfoAboutIndicatorExplanation::GetTag() const {
+    return tag_;
+}
+
+int CInfoAboutIndicatorExplanation::GetWhich() const {
+    return which_;
+}
+
+const std::string& CInfoAboutIndicatorExplanation::GetExplanation() const {
+    return explanation_;
+}
+
+unsigned CInfoAboutIndicatorValue::GetTag() const {
+    return tag_;
+}
+
+int CInfoAboutIndicatorValue::GetWhich() const {
+    return which_;
+}
+
+char CInfoAboutIndicatorValue::GetValue() const {
+    return value_;
+}
+
+const std::string& CInfoAboutIndicatorValue::GetName() const {
+    return name_;
+}
+
+unsigned CInfoAboutIndicatorDefault::GetTag() const {
+    return tag_;
+}
+
+char CInfoAboutIndicatorDefault::GetIndicator(int which) const {
+    return which == 1 ? first_ : second_;
+}
+
 }  // namespace zorby

@@ -21,9 +21,9 @@ public:
 
     void Create(unsigned tag, int which, std::string_view name);
 
-    unsigned GetTag() const { return tag_; }
-    int GetWhich() const { return which_; }
-    const std::string& GetName() const { return name_; }
+    unsigned GetTag() const;
+    int GetWhich() const;
+    const std::string& GetName() const;
     // Gives the name, with "First indicator" or "Second indicator" as its code. An unknown option
     // counts as EDO_NameAndCode.
     void GetName(EDISPLAYOPTIONS option, std::string& text) const;
@@ -56,9 +56,9 @@ public:
 
     void Create(unsigned tag, int which, std::string_view explanation);
 
-    unsigned GetTag() const { return tag_; }
-    int GetWhich() const { return which_; }
-    const std::string& GetExplanation() const { return explanation_; }
+    unsigned GetTag() const;
+    int GetWhich() const;
+    const std::string& GetExplanation() const;
 
 private:
     unsigned tag_ = 0;
@@ -88,10 +88,10 @@ public:
 
     void Create(unsigned tag, int which, char value, std::string_view name);
 
-    unsigned GetTag() const { return tag_; }
-    int GetWhich() const { return which_; }
-    char GetValue() const { return value_; }
-    const std::string& GetName() const { return name_; }
+    unsigned GetTag() const;
+    int GetWhich() const;
+    char GetValue() const;
+    const std::string& GetName() const;
     // Gives the name, with the value as its code. An unknown option counts as EDO_NameAndCode.
     void Name(EDISPLAYOPTIONS option, std::string& text) const;
 
@@ -126,9 +126,9 @@ public:
 
     void Create(unsigned tag, char first, char second);
 
-    unsigned GetTag() const { return tag_; }
+    unsigned GetTag() const;
     // Returns the first indicator for 1, the second for any other number.
-    char GetIndicator(int which) const { return which == 1 ? first_ : second_; }
+    char GetIndicator(int which) const;
 
 private:
     unsigned tag_ = 0;
