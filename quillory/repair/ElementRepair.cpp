@@ -59,13 +59,13 @@ std::string_view WithoutBlanks(std::string_view value) {
 }  // namespace
 
 std::optional<Judgement> ElementRepair::Judge(const Element& element, std::string_view value,
-                                              bool isIn008, const RecordFacts& facts) {
+                                              bool isIn008, const RecordEvidence& facts) {
     if (allowed_.Allows(element, value)) return std::nullopt;
     return JudgeMisfit(element, value, isIn008, facts);
 }
 
 Judgement ElementRepair::JudgeMisfit(const Element& element, std::string_view value, bool isIn008,
-                                     const RecordFacts& facts) {
+                                     const RecordEvidence& facts) {
     if (element.form == CFLdr && ConstantOfLeader(element.first) != '\0') {
         return {RepairClass::Structure, std::string(1, ConstantOfLeader(element.first))};
     }
@@ -110,7 +110,7 @@ bool ElementRepair::MayBeCut(std::string_view country) const {
 
 // What the value itself says of the country; a judgement that leaves it if that is not certain.
 Judgement ElementRepair::JudgeCountryCode(const Element& element, std::string_view value,
-                                          const RecordFacts& facts) {
+                                          const RecordEvidence& facts) {
     const std::string lower = AsciiLower(value);
     const std::string_view code = WithoutBlanks(lower);
     const std::string iso(MarcCountryOf(code));
@@ -126,7 +126,7 @@ Judgement ElementRepair::JudgeCountryCode(const Element& element, std::string_vi
 }
 
 Judgement ElementRepair::JudgeCountry(const Element& element, std::string_view value,
-                                      const RecordFacts& facts) {
+                                      const RecordEvidence& facts) {
     Judgement own = JudgeCountryCode(element, value, facts);
     if (!own.value.empty()) return own;
     const std::string given = facts.Country();
@@ -138,7 +138,7 @@ Judgement ElementRepair::JudgeCountry(const Element& element, std::string_view v
 }
 
 Judgement ElementRepair::JudgeLanguage(const Element& element, std::string_view value,
-                                       const RecordFacts& facts) {
+                                       const RecordEvidence& facts) {
     const std::string lower = AsciiLower(value);
     if (allowed_.Allows(element, lower)) return {RepairClass::Case, lower};
     if (const auto code = MarcLanguageOf(lower); !code.empty()) {

@@ -2,7 +2,7 @@
 
 #include <quillory/faults/Fault.h>
 #include <quillory/repair/AllowedValues.h>
-#include <quillory/repair/RecordFacts.h>
+#include <quillory/repair/RecordEvidence.h>
 #include <quillory/repair/RepairClass.h>
 
 #include <optional>
@@ -29,7 +29,7 @@ public:
     // Nothing for a value that may stay. `isIn008` says that the element stands in the 008, which
     // the facts speak of.
     std::optional<Judgement> Judge(const Element& element, std::string_view value, bool isIn008,
-                                   const RecordFacts& facts);
+                                   const RecordEvidence& facts);
 
     // Why the bytes of an 008 can't be told apart: it is too short, or lost or gained a byte before
     // its end, or holds something else.
@@ -37,14 +37,14 @@ public:
 
 private:
     Judgement JudgeMisfit(const Element& element, std::string_view value, bool isIn008,
-                          const RecordFacts& facts);
+                          const RecordEvidence& facts);
     Judgement JudgeUndefined(const Element& element, std::string_view value) const;
     Judgement JudgeCountry(const Element& element, std::string_view value,
-                           const RecordFacts& facts);
+                           const RecordEvidence& facts);
     Judgement JudgeCountryCode(const Element& element, std::string_view value,
-                               const RecordFacts& facts);
+                               const RecordEvidence& facts);
     Judgement JudgeLanguage(const Element& element, std::string_view value,
-                            const RecordFacts& facts);
+                            const RecordEvidence& facts);
     Judgement JudgeCodes(const Element& element, std::string_view value) const;
     Judgement JudgeCode(const Element& element, std::string_view value);
     bool IsNoCodeIn(std::string_view field008, zorby::CFPart part);

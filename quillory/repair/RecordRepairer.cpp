@@ -123,7 +123,7 @@ std::optional<Judgement> RecordRepairer::Judge(const FieldElement& at, const Cod
         if (label == value.front()) return std::nullopt;
         return Judgement{.repairClass = RepairClass::CharacterSet, .value = {label}};
     }
-    return elements_.Judge(at.element, value, field.form == CF008Standard, RecordFacts(record));
+    return elements_.Judge(at.element, value, field.form == CF008Standard, RecordEvidence(record));
 }
 
 void RecordRepairer::RunLibrary(const Record& record) {

@@ -1,6 +1,6 @@
 #include <quillory/coded/CodeLists.h>
 #include <quillory/exchange/Subfields.h>
-#include <quillory/repair/RecordFacts.h>
+#include <quillory/repair/RecordEvidence.h>
 #include <quillory/repair/ValueBytes.h>
 
 #include <algorithm>
@@ -33,7 +33,7 @@ void FindField(const Record& record, std::string_view tag, Take take) {
 
 }  // namespace
 
-std::string RecordFacts::Language() const {
+std::string RecordEvidence::Language() const {
     std::string language;
     FindField(*record_, "041", [&](const CommFormatField& field) {
         if (field.content.size() > 1 && field.content[1] == kSourceInSubfield2) return false;
@@ -45,7 +45,7 @@ std::string RecordFacts::Language() const {
     return language;
 }
 
-std::string RecordFacts::Country() const {
+std::string RecordEvidence::Country() const {
     std::string country;
     FindField(*record_, "044", [&](const CommFormatField& field) {
         country = AsciiLower(SubfieldIn(field, 'a'));
@@ -56,7 +56,7 @@ std::string RecordFacts::Country() const {
     return country;
 }
 
-bool RecordFacts::IsOnline() const {
+bool RecordEvidence::IsOnline() const {
     constexpr std::string_view kOnline = "cr";
     bool isOnline = false;
     FindField(*record_, "338", [&](const CommFormatField& field) {
@@ -66,21 +66,21 @@ bool RecordFacts::IsOnline() const {
     return isOnline;
 }
 
-bool RecordFacts::NamesPlace() const {
+bool RecordEvidence::NamesPlace() const {
     return std::ranges::any_of(record_->fields, [](const CommFormatField& field) {
         return (field.tag == "260" || field.tag == "264") && !SubfieldIn(field, 'a').empty();
     });
 }
 
-bool RecordFacts::NamesLanguage() const {
+bool RecordEvidence::NamesLanguage() const {
     return Has("041") || Has("546");
 }
 
-bool RecordFacts::Has(std::string_view tag) const {
+bool RecordEvidence::Has(std::string_view tag) const {
     return std::ranges::find(record_->fields, tag, &CommFormatField::tag) != record_->fields.end();
 }
 
-std::string_view RecordFacts::Language008() const {
+std::string_view RecordEvidence::Language008() const {
     const auto field = std::ranges::find(record_->fields, "008", &CommFormatField::tag);
     if (field == record_->fields.end() || field->content.size() < kLanguage008 + kCodeSize) {
         return {};

@@ -10,9 +10,9 @@ namespace quillory {
 // What the data fields of a record say that coded fields say as well. Keeps a pointer to the
 // record. Codes are in small letters, and those of countries are three bytes wide; a text is empty
 // where the record says nothing.
-class RecordFacts {
+class RecordEvidence {
 public:
-    explicit RecordFacts(const Record& record) : record_(&record) {}
+    explicit RecordEvidence(const Record& record) : record_(&record) {}
 
     // The first code of the first 041 $a of MARC codes, which 008/35-37 repeats.
     std::string Language() const;
