@@ -9,6 +9,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -105,8 +106,17 @@ Input::Input(const std::string& path) : name_(path == "-" ? std::string(kStandar
     buffer_.resize(isSmall ? static_cast<std::size_t>(fileSize_) + 1 : kBufferSize);
 }
 
+Input::Input(FromMemory, std::string_view bytes, std::string name)
+    : name_(std::move(name)),
+      fileSize_(bytes.size()),
+      bytesRead_(bytes.size()),
+      buffer_(bytes.begin(), bytes.end()),
+      end_(bytes.size()),
+      atEnd_(true),
+      begun_(true) {}
+
 Input::~Input() {
-    close(descriptor_);
+    if (descriptor_ >= 0) close(descriptor_);
 }
 
 bool Input::IsSameFileAs(const std::string& path) const {

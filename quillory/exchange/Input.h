@@ -20,8 +20,13 @@ inline constexpr std::string_view kStandardInput = "standard input";
 // file in gzip form is unpacked. Memory is bounded by the largest window that is asked for.
 class Input {
 public:
+    // For bytes in memory, as they are.
+    enum FromMemory : bool { kFromMemory };
+
     // Throws FileError.
     explicit Input(const std::string& path);
+    // `name` is said of it in messages.
+    Input(FromMemory, std::string_view bytes, std::string name);
     ~Input();
     Input(const Input&) = delete;
     Input& operator=(const Input&) = delete;
@@ -42,6 +47,9 @@ public:
     // Bytes of the file itself that have been read, and its size; 0 if the size is not known.
     std::uint64_t BytesRead() const { return bytesRead_; }
     std::uint64_t FileSize() const { return fileSize_; }
+
+    // Whether the file is in gzip form; known after the first Peek.
+    bool IsPacked() const { return unpacker_ != nullptr; }
 
     const std::string& Name() const { return name_; }
     // Whether the path leads to this very file, under whatever name; false for what is no file.

@@ -94,6 +94,10 @@ void CheckUserDefined(const std::string& list) {
 
 }  // namespace
 
+std::string DataFile(const std::string& name) {
+    return DataFolder() + name;
+}
+
 void LoadSettings() {
     if (!HasHomeFolder()) return;
     const std::string folder = HomeFolder().string() + "/";

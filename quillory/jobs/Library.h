@@ -11,6 +11,9 @@ namespace quillory {
 // for in QUILLORY_DATA, or else beside the program and in share/quillory of its installation or
 // build.
 
+// The path of one of them.
+std::string DataFile(const std::string& name);
+
 // Puts the user's settings in force: the profile files in HomeFolder. Files that are not there are
 // empty, and so is all if the environment names no such folder. Throws FileError for a file that is
 // there and can't be read, since a policy in it would be passed over.

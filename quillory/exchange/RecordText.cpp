@@ -1,0 +1,59 @@
+#include <quillory/exchange/MarcXml.h>
+#include <quillory/exchange/Recoder.h>
+#include <quillory/exchange/RecordText.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n";
+
+std::string_view BlanksAtEnd(std::string_view text) {
+    return text.substr(text.find_last_not_of(kBlanks) + 1);
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+    text.remove_suffix(BlanksAtEnd(text).size());
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text;
+}
+
+// What a second record adds to a file is the record alone.
+RecordText Written(const Form& form, const Record& record) {
+    RecordText text;
+    Output output(Output::kToMemory, text.bytes);
+    const auto writer = form.makeWriter(output, {});
+    Losses unused;
+    std::size_t before = 0;
+    for (int i = 0; i < 2; ++i) {
+        output.Flush();
+        before = text.bytes.size();
+        const WriteResult result = writer->Write(record, unused);
+        if (!result.written) {
+            return {{}, result.faults.empty() ? Fault{} : result.faults.front()};
+        }
+    }
+    output.Flush();
+    text.bytes.erase(0, before);
+    return text;
+}
+
+// A record element belongs to the format by its own name space, whatever stands around it.
+void SetNamespace(std::string& element) {
+    constexpr std::string_view kElement = "<record";
+    element.insert(kElement.size(), " xmlns=\"" + std::string(kMarcXmlNamespace) + '"');
+}
+
+}  // namespace
+
+RecordText TextAmongOthers(const Form& form, const Record& record, std::string_view former) {
+    RecordText text = Written(form, record);
+    if (text.fault || form.name == "marc") return text;
+    text.bytes = WithoutBlanks(text.bytes);
+    if (form.name == "marcxml" && !former.starts_with("<record>")) SetNamespace(text.bytes);
+    text.bytes += BlanksAtEnd(former);
+    return text;
+}
+
+}  // namespace quillory
