@@ -1,0 +1,106 @@
+#include <quillory/desktop/CellEditor.h>
+#include <quillory/desktop/RecordModel.h>
+#include <quillory/places/Tag.h>
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextDocument>
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr QChar kDelimiterSign = u'‡';
+constexpr int kShownLines = 6;  // of a long text that is edited
+
+}  // namespace
+
+void CellEditor::Finish() {
+    if (box_ == nullptr) return;
+    QWidget* box = box_;
+    box_ = nullptr;
+    Q_EMIT commitData(box);
+    Q_EMIT closeEditor(box, NoHint);
+}
+
+bool CellEditor::TypeDelimiter() {
+    auto* text = qobject_cast<QPlainTextEdit*>(box_.data());
+    if (text == nullptr) return false;
+    text->insertPlainText(kDelimiterSign);
+    return true;
+}
+
+QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
+                                  const QModelIndex& index) const {
+    if (index.column() == RecordModel::Text) {
+        auto* text = new QPlainTextEdit(parent);
+        text->setTabChangesFocus(true);
+        text->setFrameShape(QFrame::Box);
+        text->document()->setDocumentMargin(2);
+        text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        text->setFont(index.data(Qt::FontRole).isValid() ? index.data(Qt::FontRole).value<QFont>()
+                                                         : parent->font());
+        box_ = text;
+    } else {
+        auto* line = new QLineEdit(parent);
+        line->setMaxLength(index.column() == RecordModel::Tag ? static_cast<int>(kTagSize) : 1);
+        line->setFrame(false);
+        box_ = line;
+    }
+    box_->setAccessibleName(index.data(Qt::AccessibleTextRole).toString());
+    return box_;
+}
+
+void CellEditor::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    const QString value = index.data(Qt::EditRole).toString();
+    if (auto* text = qobject_cast<QPlainTextEdit*>(editor)) {
+        text->setPlainText(value);
+        text->moveCursor(QTextCursor::End);
+    } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
+        line->setText(value);
+        line->selectAll();
+    }
+}
+
+void CellEditor::setModelData(QWidget* editor, QAbstractItemModel* model,
+                              const QModelIndex& index) const {
+    if (auto* text = qobject_cast<QPlainTextEdit*>(editor)) {
+        model->setData(index, text->toPlainText(), Qt::EditRole);
+    } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
+        model->setData(index, line->text(), Qt::EditRole);
+    }
+}
+
+void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                      const QModelIndex& /*index*/) const {
+    QRect box = option.rect;
+    if (qobject_cast<QPlainTextEdit*>(editor) != nullptr) {
+        const int line = editor->fontMetrics().lineSpacing();
+        box.setHeight(std::clamp(box.height() + line, 2 * line, (kShownLines + 1) * line));
+    }
+    editor->setGeometry(box);
+}
+
+// Enter takes a text as it takes a line; there are no line ends in a field.
+bool CellEditor::eventFilter(QObject* editor, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && qobject_cast<QPlainTextEdit*>(editor) != nullptr) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (isEnter && key->modifiers() == Qt::NoModifier) {
+            Finish();
+            return true;
+        }
+    }
+    return QStyledItemDelegate::eventFilter(editor, event);
+}
+
+// Text of a script that is written from the right begins there.
+void CellEditor::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    if (index.column() != RecordModel::Text || !option->text.isRightToLeft()) return;
+    option->direction = Qt::RightToLeft;
+    option->displayAlignment = Qt::AlignLeft | Qt::AlignTop;
+}
+
+}  // namespace quillory

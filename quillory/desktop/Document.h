@@ -1,0 +1,51 @@
+#pragma once
+
+#include <quillory/edits/EditSession.h>
+#include <quillory/reports/RecordListing.h>
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace quillory {
+
+// A file with what a person does to its records, each of which keeps all that can be undone.
+class Document {
+public:
+    // Throws FileError.
+    explicit Document(const std::string& path) : file_(path), listing_(file_) {}
+
+    RecordFile& File() { return file_; }
+    RecordListing& Listing() { return listing_; }
+
+    // Null for a record that can't be read. Throws FileError.
+    EditSession* SessionOf(std::size_t record);
+    // What a session has become is what the list shows and the file will have. Result: what the
+    // record's character set can't carry.
+    Losses Take(std::size_t record);
+    // A record that is left and was not touched needs no memory.
+    void Leave(std::size_t record);
+
+    bool IsChanged() const { return file_.Changes() > 0; }
+    // The first record that could not be read again, and why.
+    struct Obstacle {
+        std::size_t record;
+        Fault fault;
+    };
+    std::optional<Obstacle> WhatStopsSaving();
+    // Throws FileError, and nothing is lost then.
+    void Save();
+    // Writes all records into another file, in the form of its name. Result: what there is to say
+    // of it, such as records that are damaged and were left out. Throws FileError and UsageError.
+    std::string SaveAs(const std::string& path);
+
+private:
+    RecordFile file_;
+    RecordListing listing_;
+    std::map<std::size_t, std::unique_ptr<EditSession>> sessions_;
+    Item item_;
+};
+
+}  // namespace quillory

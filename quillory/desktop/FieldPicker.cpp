@@ -1,0 +1,92 @@
+#include <quillory/desktop/FieldPicker.h>
+#include <quillory/desktop/Texts.h>
+#include <quillory/places/Tag.h>
+#include <quillory/reports/FieldDocument.h>
+
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace quillory {
+namespace {
+
+constexpr int kWidth = 420;
+constexpr int kHeight = 420;
+
+bool HasWords(const QString& text, const QString& typed) {
+    const auto words = typed.split(u' ', Qt::SkipEmptyParts);
+    return std::all_of(words.begin(), words.end(), [&](const QString& word) {
+        return text.contains(word, Qt::CaseInsensitive);
+    });
+}
+
+}  // namespace
+
+FieldPicker::FieldPicker(QWidget* parent)
+    : QDialog(parent), box_(new QLineEdit(this)), list_(new QListWidget(this)) {
+    setWindowTitle(tr("New field"));
+    resize(kWidth, kHeight);
+    box_->setPlaceholderText(tr("Tag, or words of the name"));
+    box_->setAccessibleName(tr("Tag, or words of the name"));
+    box_->setClearButtonEnabled(true);
+    list_->setAccessibleName(tr("Fields"));
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("Add"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(box_);
+    layout->addWidget(list_);
+    layout->addWidget(buttons);
+    for (unsigned tag = 1; tag < kTags; ++tag) {
+        const auto field = DescribeField(tag, zorby::EDO_NameOnly, false);
+        if (!field) continue;
+        auto* item = new QListWidgetItem(ToQt(field->tag + "  " + field->name), list_);
+        item->setData(Qt::UserRole, ToQt(field->tag));
+    }
+    connect(box_, &QLineEdit::textChanged, this, &FieldPicker::ShowMatches);
+    connect(list_, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    box_->installEventFilter(this);
+    list_->setCurrentRow(0);
+}
+
+void FieldPicker::ShowMatches(const QString& typed) {
+    int first = -1;
+    for (int row = 0; row < list_->count(); ++row) {
+        QListWidgetItem* item = list_->item(row);
+        const bool isNumber = !typed.isEmpty() && typed[0].isDigit();
+        const bool fits = isNumber ? item->text().startsWith(typed) : HasWords(item->text(), typed);
+        item->setHidden(!fits);
+        if (fits && first < 0) first = row;
+    }
+    list_->setCurrentRow(first);
+    if (first >= 0) list_->scrollToItem(list_->item(first));
+}
+
+// A tag that the dictionary lacks can be typed in full.
+std::string FieldPicker::Tag() const {
+    const std::string typed = box_->text().trimmed().toStdString();
+    if (TagNumber(typed) != kNoTag && TagNumber(typed) != 0) return typed;
+    const QListWidgetItem* item = list_->currentItem();
+    return item == nullptr ? std::string() : item->data(Qt::UserRole).toString().toStdString();
+}
+
+// The arrow keys move in the list while a person types.
+bool FieldPicker::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == box_ && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+            key == Qt::Key_PageDown) {
+            QCoreApplication::sendEvent(list_, event);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace quillory

@@ -1,0 +1,57 @@
+#include <quillory/desktop/FindingsList.h>
+#include <quillory/desktop/Texts.h>
+
+#include <QHeaderView>
+
+namespace quillory {
+namespace {
+
+enum Column : int { kSign, kPlace, kText };
+
+}  // namespace
+
+FindingsList::FindingsList(QWidget* parent) : QTreeWidget(parent) {
+    setAccessibleName(tr("Findings"));
+    setHeaderLabels({QString(), tr("Place"), tr("Finding")});
+    setRootIsDecorated(false);
+    setWordWrap(true);
+    setUniformRowHeights(false);
+    header()->setSectionResizeMode(kSign, QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(kPlace, QHeaderView::ResizeToContents);
+    header()->setSectionResizeMode(kText, QHeaderView::Stretch);
+    header()->setMinimumSectionSize(0);
+    const auto choose = [this](QTreeWidgetItem* item) {
+        const int row = indexOfTopLevelItem(item);
+        if (row >= 0) Q_EMIT Chosen(places_[static_cast<std::size_t>(row)]);
+    };
+    connect(this, &QTreeWidget::itemClicked, this, choose);
+    connect(this, &QTreeWidget::itemActivated, this, choose);
+}
+
+void FindingsList::Show(const std::vector<Remark>& remarks, const std::optional<Fault>& obstacle) {
+    clear();
+    places_.clear();
+    if (obstacle) {
+        Add(Severity::Error, obstacle->place, ToQt(FaultReason(*obstacle)),
+            tr("As it is, the record can't be saved in this form."));
+    }
+    for (const Remark& remark : remarks) {
+        Add(remark.severity, remark.place, ToQt(RemarkText(remark)), ToQt(RuleOf(remark.rule).why));
+    }
+}
+
+void FindingsList::Add(Severity severity, const Place& place, const QString& text,
+                       const QString& why) {
+    const QString where = ToQt(PlaceText(place));
+    auto* item = new QTreeWidgetItem(this, {SignOf(severity), where, text});
+    item->setForeground(kSign, ColorOf(severity, palette().color(QPalette::Base)));
+    item->setData(kText, Qt::AccessibleTextRole,
+                  WordOf(severity) + QStringLiteral(", ") + where + QStringLiteral(": ") + text);
+    for (int column = kSign; column <= kText; ++column) {
+        item->setToolTip(column, why);
+        item->setTextAlignment(column, Qt::AlignTop);
+    }
+    places_.push_back(place);
+}
+
+}  // namespace quillory

@@ -1,0 +1,99 @@
+#include <quillory/desktop/LinesEditor.h>
+#include <quillory/desktop/OpenRecord.h>
+#include <quillory/desktop/Texts.h>
+
+#include <QFontDatabase>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace quillory {
+namespace {
+
+constexpr int kPause = 400;  // milliseconds after the last key
+
+}  // namespace
+
+LinesEditor::LinesEditor(OpenRecord& record, QWidget* parent)
+    : QWidget(parent),
+      record_(record),
+      box_(new QPlainTextEdit(this)),
+      fault_(new QLabel(this)),
+      pause_(new QTimer(this)) {
+    box_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    box_->setAccessibleName(tr("Record as text"));
+    box_->setTabChangesFocus(true);
+    box_->setUndoRedoEnabled(false);
+    fault_->setWordWrap(true);
+    fault_->setMargin(4);
+    fault_->hide();
+    pause_->setSingleShot(true);
+    pause_->setInterval(kPause);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(box_);
+    layout->addWidget(fault_);
+    connect(box_, &QPlainTextEdit::textChanged, this, [this] {
+        isTyped_ = true;
+        pause_->start();
+        Q_EMIT Typed();
+    });
+    connect(pause_, &QTimer::timeout, this, &LinesEditor::Finish);
+    connect(&record, &OpenRecord::Replaced, this, &LinesEditor::ShowRecord);
+    connect(&record, &OpenRecord::Changed, this, [this] {
+        if (!isTaking_) ShowRecord();
+    });
+}
+
+void LinesEditor::SetActive(bool isActive) {
+    isActive_ = isActive;
+    if (isActive) ShowRecord();
+}
+
+void LinesEditor::ShowRecord() {
+    pause_->stop();
+    isTyped_ = false;
+    fault_->hide();
+    const EditSession* session = record_.Session();
+    box_->setEnabled(session != nullptr);
+    if (!isActive_) return;
+    const QString text = session == nullptr ? QString() : ToQt(session->Lines());
+    const QSignalBlocker quiet(box_);
+    const int caret = box_->textCursor().position();
+    box_->setPlainText(text);
+    QTextCursor cursor = box_->textCursor();
+    cursor.setPosition(static_cast<int>(qMin<qsizetype>(caret, text.size())));
+    box_->setTextCursor(cursor);
+}
+
+bool LinesEditor::Finish() {
+    pause_->stop();
+    if (!isTyped_ || record_.Session() == nullptr) return true;
+    std::optional<ItemFault> fault;
+    isTaking_ = true;
+    record_.Do(
+        [&](EditSession& session) { fault = session.SetLines(box_->toPlainText().toStdString()); });
+    isTaking_ = false;
+    isTyped_ = fault.has_value();
+    if (!fault) {
+        fault_->hide();
+        return true;
+    }
+    ShowFault(*fault ? tr("Line %1: %2")
+                           .arg(fault->lineColumn ? fault->lineColumn->line : 1)
+                           .arg(ToQt(FaultText(*fault)))
+                     : tr("The text has to be one record, from its line =LDR on."));
+    return false;
+}
+
+void LinesEditor::ShowFault(const QString& text) {
+    QPalette palette = fault_->palette();
+    palette.setColor(QPalette::WindowText,
+                     ColorOf(Severity::Error, palette.color(QPalette::Window)));
+    fault_->setPalette(palette);
+    fault_->setText(SignOf(Severity::Error) + u' ' + text);
+    fault_->show();
+}
+
+}  // namespace quillory

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPlainTextEdit;
+class QTimer;
+
+namespace quillory {
+
+class OpenRecord;
+
+// The record as lines, "=245  10$aTitle", for those who type fast. What is typed becomes the record
+// a moment later; a text that can't be read is told of, and the record waits for it.
+class LinesEditor : public QWidget {
+    Q_OBJECT
+
+public:
+    // Keeps the reference.
+    explicit LinesEditor(OpenRecord& record, QWidget* parent = nullptr);
+
+    // Takes what has been typed. False if it can't be read.
+    bool Finish();
+    // Whether something has been typed that the record does not know of, and taking it back.
+    bool IsAhead() const { return isTyped_; }
+    void TakeBack() { ShowRecord(); }
+    void SetActive(bool isActive);
+    // The box in which a person types.
+    QPlainTextEdit& Box() { return *box_; }
+
+Q_SIGNALS:
+    void Typed();
+
+private:
+    void ShowRecord();
+    void ShowFault(const QString& text);
+
+    OpenRecord& record_;
+    QPlainTextEdit* box_;
+    QLabel* fault_;
+    QTimer* pause_;
+    bool isActive_ = false;
+    bool isTyped_ = false;   // the text is ahead of the record
+    bool isTaking_ = false;  // the change of the record comes from here
+};
+
+}  // namespace quillory

@@ -1,0 +1,407 @@
+#include <quillory/desktop/Desk.h>
+#include <quillory/desktop/DeskSettings.h>
+#include <quillory/desktop/Document.h>
+#include <quillory/desktop/FindingsList.h>
+#include <quillory/desktop/LinesEditor.h>
+#include <quillory/desktop/MainWindow.h>
+#include <quillory/desktop/MessageBar.h>
+#include <quillory/desktop/RecordListModel.h>
+#include <quillory/desktop/RecordModel.h>
+#include <quillory/desktop/RecordTable.h>
+#include <quillory/desktop/Texts.h>
+#include <quillory/reports/PlaceHelp.h>
+
+#include <QElapsedTimer>
+#include <QFontDatabase>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <array>
+
+namespace quillory {
+namespace {
+
+constexpr int kCheckPause = 150;      // milliseconds after a change
+constexpr int kFilterPause = 300;     // after the last key
+constexpr int kWorkMilliseconds = 8;  // at a time, so that the window goes on smoothly
+constexpr std::size_t kWorkRecords = 64;
+constexpr int kShares = 1000;
+constexpr int kEditor = 1;  // a page; the other one is the welcome
+
+QLabel* Heading(QWidget* parent) {
+    auto* label = new QLabel(parent);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    label->setWordWrap(true);
+    label->setMargin(4);
+    return label;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Desk& desk, DeskSettings& settings)
+    : desk_(desk),
+      settings_(settings),
+      work_(new QTimer(this)),
+      checks_(new QTimer(this)),
+      typing_(new QTimer(this)) {
+    setAcceptDrops(true);
+    MakeCentre();
+    MakeMenus();
+    MakeToolBar();
+    counts_ = new QLabel(this);
+    progress_ = new QProgressBar(this);
+    progress_->setRange(0, kShares);
+    progress_->setMaximumWidth(160);
+    progress_->hide();
+    statusBar()->addPermanentWidget(progress_);
+    statusBar()->addWidget(counts_);
+    checks_->setSingleShot(true);
+    checks_->setInterval(kCheckPause);
+    typing_->setSingleShot(true);
+    typing_->setInterval(kFilterPause);
+    connect(work_, &QTimer::timeout, this, &MainWindow::WorkOn);
+    connect(checks_, &QTimer::timeout, this, &MainWindow::CheckNow);
+    connect(typing_, &QTimer::timeout, this, [this] { Filter(filter_->text()); });
+    connect(&record_, &OpenRecord::Replaced, this, &MainWindow::CheckNow);
+    connect(&record_, &OpenRecord::Changed, this, [this] {
+        checks_->start();
+        UpdateActions();
+    });
+    table_->SetDisplay(desk_.Display());
+    resize(1366, 768);
+    restoreGeometry(settings_.State(QStringLiteral("window/geometry")));
+    panes_->restoreState(settings_.State(QStringLiteral("window/panes")));
+    ShowFile();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::MakeCentre() {
+    auto* centre = new QWidget(this);
+    auto* layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    messages_ = new MessageBar(centre);
+    pages_ = new QStackedWidget(centre);
+    panes_ = new QSplitter(Qt::Horizontal, pages_);
+    panes_->setChildrenCollapsible(false);
+    panes_->addWidget(MakeList());
+    panes_->addWidget(MakeEditor());
+    panes_->addWidget(MakeSide());
+    panes_->setSizes({430, 620, 316});
+    panes_->setStretchFactor(1, 1);
+    pages_->addWidget(MakeWelcome());
+    pages_->addWidget(panes_);
+    layout->addWidget(messages_);
+    layout->addWidget(pages_, 1);
+    setCentralWidget(centre);
+}
+
+QWidget* MainWindow::MakeWelcome() {
+    auto* page = new QWidget(this);
+    auto* layout = new QVBoxLayout(page);
+    auto* words = new QLabel(tr("Open a file of records, or try the samples."), page);
+    QFont font = words->font();
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    words->setFont(font);
+    words->setAlignment(Qt::AlignCenter);
+    words->setWordWrap(true);
+    auto* hint = new QLabel(tr("A file can also be dropped anywhere on this window."), page);
+    hint->setAlignment(Qt::AlignCenter);
+    auto* open = new QPushButton(tr("&Open a File…"), page);
+    auto* samples = new QPushButton(tr("Try the &Samples"), page);
+    connect(open, &QPushButton::clicked, this, &MainWindow::ChooseFile);
+    connect(samples, &QPushButton::clicked, this, &MainWindow::OpenSamples);
+    layout->addStretch(2);
+    layout->addWidget(words);
+    for (QPushButton* button : {open, samples}) {
+        button->setMinimumSize(220, 40);
+        layout->addWidget(button, 0, Qt::AlignHCenter);
+    }
+    layout->addWidget(hint);
+    layout->addStretch(3);
+    return page;
+}
+
+QWidget* MainWindow::MakeList() {
+    listModel_ = new RecordListModel(desk_, this);
+    list_ = new QTableView(this);
+    list_->setModel(listModel_);
+    list_->setAccessibleName(tr("Records"));
+    list_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    list_->setSelectionMode(QAbstractItemView::SingleSelection);
+    list_->setShowGrid(false);
+    list_->setAlternatingRowColors(true);
+    list_->setWordWrap(false);
+    list_->setTabKeyNavigation(false);
+    list_->verticalHeader()->hide();
+    list_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    list_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    QHeaderView* header = list_->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setSectionsClickable(true);
+    header->setSortIndicatorShown(true);
+    header->setSortIndicatorClearable(true);
+    header->setSortIndicator(-1, Qt::AscendingOrder);
+    header->setMinimumSectionSize(0);
+    const int width = fontMetrics().averageCharWidth();
+    const std::array<int, 6> chars{5, 22, 14, 6, 11, 7};
+    for (int column = 0; column < static_cast<int>(chars.size()); ++column) {
+        list_->setColumnWidth(column, chars[static_cast<std::size_t>(column)] * width);
+    }
+    header->setSectionResizeMode(static_cast<int>(ListColumn::Title), QHeaderView::Stretch);
+    connect(header, &QHeaderView::sortIndicatorChanged, this, &MainWindow::Sort);
+    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& now) { FollowRow(now); });
+    return list_;
+}
+
+QWidget* MainWindow::MakeEditor() {
+    tabs_ = new QTabWidget(this);
+    table_ = new RecordTable(record_, tabs_);
+    lines_ = new LinesEditor(record_, tabs_);
+    tabs_->addTab(table_, tr("Record"));
+    tabs_->addTab(lines_, tr("As Text"));
+    connect(lines_, &LinesEditor::Typed, this, &MainWindow::UpdateActions);
+    connect(table_, &RecordTable::PlaceChanged, this, &MainWindow::ShowHelp);
+    connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
+        const bool isText = tabs_->widget(tab) == lines_;
+        if (isText) table_->Finish();
+        if (!isText && !lines_->Finish()) {
+            tabs_->setCurrentWidget(lines_);
+            return;
+        }
+        lines_->SetActive(isText);
+        UpdateActions();
+    });
+    return tabs_;
+}
+
+QWidget* MainWindow::MakeSide() {
+    auto* side = new QSplitter(Qt::Vertical, this);
+    auto* above = new QWidget(side);
+    auto* aboveLayout = new QVBoxLayout(above);
+    helpHeading_ = Heading(above);
+    help_ = new QPlainTextEdit(above);
+    help_->setReadOnly(true);
+    help_->setTabChangesFocus(true);
+    help_->setAccessibleName(tr("What is known of the field in hand"));
+    aboveLayout->addWidget(helpHeading_);
+    aboveLayout->addWidget(help_, 1);
+    auto* below = new QWidget(side);
+    auto* belowLayout = new QVBoxLayout(below);
+    findingsHeading_ = Heading(below);
+    findings_ = new FindingsList(below);
+    belowLayout->addWidget(findingsHeading_);
+    belowLayout->addWidget(findings_, 1);
+    for (QVBoxLayout* layout : {aboveLayout, belowLayout}) {
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+    }
+    connect(findings_, &FindingsList::Chosen, this, [this](const Place& place) {
+        tabs_->setCurrentWidget(table_);
+        table_->GoTo(place);
+    });
+    return side;
+}
+
+void MainWindow::Try(const Handler& work) {
+    try {
+        work();
+    } catch (const FaultError& error) {
+        messages_->Warn(ToQt(error.what()));
+    }
+}
+
+bool MainWindow::IsWorking() const {
+    return work_->isActive();
+}
+
+// A slice of what takes time: the index, the filter, the order.
+void MainWindow::WorkOn() {
+    if (document_ == nullptr) return work_->stop();
+    Try([this] {
+        QElapsedTimer time;
+        time.start();
+        bool goesOn = true;
+        while (goesOn && !time.hasExpired(kWorkMilliseconds)) {
+            goesOn = document_->Listing().Work(kWorkRecords);
+        }
+        if (!goesOn) work_->stop();
+    });
+    if (!document_->Listing().IsDone()) {
+        listModel_->Grow();
+    } else {
+        work_->stop();
+        if (isSorted_) {
+            listModel_->Renew();
+        } else {
+            listModel_->Grow();
+        }
+        SelectCurrentRow();
+    }
+    if (!current_ && document_->Listing().Size() > 0) ShowRecord(document_->Listing().At(0));
+    ShowCounts();
+}
+
+void MainWindow::ShowCounts() {
+    if (document_ == nullptr) {
+        counts_->clear();
+        progress_->hide();
+        return;
+    }
+    RecordListing& listing = document_->Listing();
+    QString text = tr("%Ln record(s)", "", static_cast<int>(document_->File().Size()));
+    if (listing.IsFiltered()) text += tr(", %L1 shown").arg(listing.Size());
+    if (const std::size_t changes = document_->File().Changes()) {
+        text += tr(", %L1 changed and not saved").arg(changes);
+    }
+    counts_->setText(text);
+    progress_->setVisible(!listing.IsDone());
+    progress_->setValue(static_cast<int>(listing.Share() * kShares));
+    setWindowModified(document_->IsChanged());
+}
+
+void MainWindow::Filter(const QString& typed) {
+    if (document_ == nullptr) return;
+    typing_->stop();
+    if (filter_->text() != typed) filter_->setText(typed);
+    Try([&] {
+        document_->Listing().Filter(typed.toStdString());
+        messages_->hide();
+        listModel_->Renew();
+        work_->start();
+        ShowCounts();
+    });
+    typing_->stop();
+}
+
+void MainWindow::Sort(int column, Qt::SortOrder order) {
+    if (document_ == nullptr) return;
+    isSorted_ = column > 0;
+    const auto which = isSorted_ ? static_cast<ListColumn>(column) : ListColumn::Number;
+    document_->Listing().Sort(which, isSorted_ && order == Qt::DescendingOrder);
+    listModel_->Renew();
+    work_->start();
+}
+
+void MainWindow::FollowRow(const QModelIndex& index) {
+    const auto record = listModel_->RecordAt(index);
+    if (record && record != current_) ShowRecord(*record);
+}
+
+void MainWindow::SelectCurrentRow() {
+    const auto row = current_ ? document_->Listing().RowOf(*current_) : std::nullopt;
+    if (!row || static_cast<int>(*row) >= listModel_->rowCount()) return;
+    const QModelIndex index = listModel_->index(static_cast<int>(*row), 1);
+    if (index.row() == list_->currentIndex().row()) return;
+    list_->setCurrentIndex(index);
+    list_->scrollTo(index);
+}
+
+void MainWindow::ShowRecord(std::size_t record) {
+    if (document_ == nullptr || record >= document_->File().Size()) return;
+    if (!FinishEditing()) return SelectCurrentRow();
+    TakeRecord();
+    if (current_) document_->Leave(*current_);
+    Try([&] {
+        EditSession* session = document_->SessionOf(record);
+        current_ = record;
+        record_.Show(session);
+    });
+    SelectCurrentRow();
+    ShowHelp();
+    UpdateActions();
+}
+
+// What is being typed becomes a part of the record. False if it can't be read.
+bool MainWindow::FinishEditing() {
+    table_->Finish();
+    if (lines_->Finish()) return true;
+    messages_->Warn(
+        tr("The text of the record can't be read yet: see below it. Undo takes back "
+           "what was typed."));
+    return false;
+}
+
+// The list and the file know of what was edited.
+void MainWindow::TakeRecord() {
+    if (!current_ || record_.Session() == nullptr) return;
+    const Losses losses = document_->Take(*current_);
+    if (!losses.Empty()) {
+        statusBar()->showMessage(tr("Not in the character set of this record: %1")
+                                     .arg(ToQt(losses.Text("")).simplified()));
+    } else {
+        statusBar()->clearMessage();
+    }
+    listModel_->Refresh(*current_);
+    ShowCounts();
+}
+
+void MainWindow::CheckNow() {
+    checks_->stop();
+    TakeRecord();
+    UpdateActions();
+    if (record_.Session() == nullptr) {
+        findings_->Show({});
+        findingsHeading_->setText(tr("Findings"));
+        return;
+    }
+    Record record;
+    Losses unused;
+    record_.Session()->Give(record, unused);
+    const std::vector<Remark> remarks = desk_.Check(record);
+    const bool isIso2709 = document_->File().GetForm().name == Forms().front().name;
+    const auto obstacle =
+        record_.Session()->IsChanged() ? record_.Session()->WhatIsWrong(isIso2709) : std::nullopt;
+    table_->Model().SetRemarks(remarks);
+    findings_->Show(remarks, obstacle);
+    findingsHeading_->setText(remarks.empty() ? tr("Findings: none")
+                                              : tr("Findings (%1)").arg(remarks.size()));
+}
+
+void MainWindow::ShowHelp() {
+    if (current_ && record_.Session() == nullptr && document_ != nullptr) {
+        const ItemFault* fault = document_->File().FaultAt(*current_);
+        helpHeading_->setText(tr("Damaged record"));
+        help_->setPlainText(tr("This record can't be read: %1\n\nIts bytes stay as they are when "
+                               "the file is saved.")
+                                .arg(fault == nullptr ? QString() : ToQt(FaultText(*fault))));
+        return;
+    }
+    const Place place = table_->CurrentPlace();
+    if (record_.Session() == nullptr || place.IsRecord()) {
+        helpHeading_->setText(tr("Nothing in hand"));
+        help_->clear();
+        return;
+    }
+    const PlaceHelp help =
+        HelpOn(place, record_.Session()->InUtf8(), desk_.GetDecoder(), zorby::EDO_CodeAndName);
+    helpHeading_->setText(ToQt(help.heading));
+    help_->setFont(place.IsControl() ? QFontDatabase::systemFont(QFontDatabase::FixedFont)
+                                     : font());
+    help_->setPlainText(ToQt(help.text));
+}
+
+void MainWindow::ShowFile() {
+    const bool isOpen = document_ != nullptr;
+    pages_->setCurrentIndex(isOpen ? kEditor : 0);
+    setWindowTitle(isOpen ? tr("%1[*]").arg(ToQt(document_->File().Path())) : QString());
+    filter_->setEnabled(isOpen);
+    ShowCounts();
+    UpdateActions();
+}
+
+}  // namespace quillory

@@ -1,0 +1,152 @@
+#pragma once
+
+#include <quillory/desktop/OpenRecord.h>
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QAction;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QPlainTextEdit;
+class QProgressBar;
+class QSplitter;
+class QStackedWidget;
+class QTableView;
+class QTabWidget;
+class QTimer;
+
+namespace quillory {
+
+class Desk;
+class DeskSettings;
+class Document;
+class FindingsList;
+class LinesEditor;
+class MessageBar;
+class RecordListModel;
+class RecordTable;
+
+// The window: a list of records, the record in hand, and what is known of it.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    // Keeps the references.
+    MainWindow(Desk& desk, DeskSettings& settings);
+    ~MainWindow() override;
+
+    // False, with a message, if the file can't be opened or the one that is open has to stay.
+    bool Open(const QString& path);
+    bool Save();
+    bool SaveAs(const QString& path);
+    void ShowRecord(std::size_t record);
+    void Filter(const QString& typed);
+
+    // For tests: what the window is made of.
+    Document* OpenDocument() { return document_.get(); }
+    RecordTable& Table() { return *table_; }
+    LinesEditor& Lines() { return *lines_; }
+    FindingsList& Findings() { return *findings_; }
+    QTableView& List() { return *list_; }
+    MessageBar& Messages() { return *messages_; }
+    std::optional<std::size_t> Current() const { return current_; }
+    bool IsWorking() const;
+    // Does at once what a person would wait for a moment.
+    void CheckNow();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    // What an action needs for its sense.
+    enum Needs : int { kNothing, kFile, kRecord, kChanges, kUndo, kRedo };
+    using Handler = std::function<void()>;
+
+    void MakeCentre();
+    QWidget* MakeWelcome();
+    QWidget* MakeList();
+    QWidget* MakeEditor();
+    QWidget* MakeSide();
+    void MakeMenus();
+    void MakeFileMenu();
+    void MakeEditMenu();
+    void MakeRecordMenu();
+    void MakeOtherMenus();
+    void MakeToolBar();
+    QAction* Add(QMenu* menu, const QString& text, const QKeySequence& key, Needs needs,
+                 Handler handler);
+    void UpdateActions();
+    void FillRecent(QMenu* menu);
+
+    void ChooseFile();
+    void OpenSamples();
+    void Reload();
+    void ChooseTarget();
+    bool CloseFile();
+    bool MayLoseChanges(const QString& question);
+    void ShowFile();
+    void NoteChangeOnDisk();
+
+    void WorkOn();
+    void ShowCounts();
+    void Sort(int column, Qt::SortOrder order);
+    void FollowRow(const QModelIndex& index);
+    void SelectCurrentRow();
+    void GoToRecord();
+    void NextRecord(int by);
+
+    bool FinishEditing();
+    void TakeRecord();
+    void ShowHelp();
+    void AddField();
+    void Repair();
+    void Undo();
+    void Redo();
+    void SetDisplay(int display);
+    void SetDark(bool isDark);
+    void Try(const Handler& work);
+
+    Desk& desk_;
+    DeskSettings& settings_;
+    std::unique_ptr<Document> document_;
+    std::optional<std::size_t> current_;
+    OpenRecord record_;
+
+    QStackedWidget* pages_ = nullptr;
+    QSplitter* panes_ = nullptr;
+    MessageBar* messages_ = nullptr;
+    QLineEdit* filter_ = nullptr;
+    RecordListModel* listModel_ = nullptr;
+    QTableView* list_ = nullptr;
+    QTabWidget* tabs_ = nullptr;
+    RecordTable* table_ = nullptr;
+    LinesEditor* lines_ = nullptr;
+    QLabel* helpHeading_ = nullptr;
+    QPlainTextEdit* help_ = nullptr;
+    QLabel* findingsHeading_ = nullptr;
+    FindingsList* findings_ = nullptr;
+    QLabel* counts_ = nullptr;
+    QProgressBar* progress_ = nullptr;
+    QTimer* work_ = nullptr;
+    QTimer* checks_ = nullptr;
+    QTimer* typing_ = nullptr;  // in the filter
+    bool isSorted_ = false;
+    std::vector<std::pair<QAction*, Needs>> actions_;
+    QAction* undo_ = nullptr;
+    QAction* open_ = nullptr;
+    QAction* save_ = nullptr;
+    QAction* redo_ = nullptr;
+    QAction* addField_ = nullptr;
+    QAction* repair_ = nullptr;
+};
+
+}  // namespace quillory

@@ -1,0 +1,220 @@
+#include <quillory/desktop/DeskSettings.h>
+#include <quillory/desktop/Document.h>
+#include <quillory/desktop/MainWindow.h>
+#include <quillory/desktop/MessageBar.h>
+#include <quillory/desktop/RecordListModel.h>
+#include <quillory/desktop/Texts.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/jobs/Library.h>
+#include <quillory/store/HomeFolder.h>
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTimer>
+#include <filesystem>
+
+namespace quillory {
+namespace {
+
+constexpr int kShortly = 4000;  // milliseconds that a message stays
+
+// "MARC 21 XML (*.xml *.marcxml)", a line for each form.
+QString FormFilters() {
+    QStringList filters;
+    for (const Form& form : Forms()) {
+        QString endings = ToQt(form.endings);
+        endings.replace(u'.', QStringLiteral("*."));
+        filters << QStringLiteral("%1 (%2)").arg(ToQt(form.words), endings);
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
+}  // namespace
+
+bool MainWindow::Open(const QString& path) {
+    bool isOpen = false;
+    Try([&] {
+        auto opened = std::make_unique<Document>(path.toStdString());
+        opened->Listing().Work(1);
+        if (!CloseFile()) return;
+        document_ = std::move(opened);
+        listModel_->SetDocument(document_.get());
+        ShowFile();
+        settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
+        work_->start();
+        WorkOn();
+        if (document_->File().IsWhole() && document_->File().Size() == 0) {
+            messages_->Warn(tr("%1: there are no records in this file").arg(path));
+        }
+        list_->setFocus();
+        isOpen = true;
+    });
+    return isOpen;
+}
+
+bool MainWindow::CloseFile() {
+    if (document_ == nullptr) return true;
+    if (!FinishEditing()) return false;
+    TakeRecord();
+    if (!MayLoseChanges(tr("Save the changes before the file is closed?"))) return false;
+    work_->stop();
+    checks_->stop();
+    messages_->hide();
+    listModel_->SetDocument(nullptr);
+    current_.reset();
+    record_.Show(nullptr);
+    const QSignalBlocker quiet(filter_);
+    filter_->clear();
+    isSorted_ = false;
+    const QSignalBlocker quietHeader(list_->horizontalHeader());
+    list_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    document_.reset();
+    ShowFile();
+    return true;
+}
+
+bool MainWindow::MayLoseChanges(const QString& question) {
+    if (!document_->IsChanged()) return true;
+    const auto answer = QMessageBox::question(
+        this, tr("Changes that are not saved"),
+        tr("%n record(s) changed.", "", static_cast<int>(document_->File().Changes())) + u'\n' +
+            question,
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    if (answer == QMessageBox::Save) return Save();
+    return answer == QMessageBox::Discard;
+}
+
+void MainWindow::ChooseFile() {
+    const QString folder = QFileInfo(settings_.RecentFiles().value(0)).absolutePath();
+    const QString path = QFileDialog::getOpenFileName(
+        this, tr("Open a file of records"), folder,
+        tr("Records (*.mrc *.marc *.iso *.iso2709 *.mrk *.mrk8 *.lif *.001 *.xml *.marcxml *.json "
+           "*.jsonl *.ndjson *.gz);;All files (*)"));
+    if (!path.isEmpty()) Open(path);
+}
+
+// A copy, which a person may change at will.
+void MainWindow::OpenSamples() {
+    Try([this] {
+        namespace fs = std::filesystem;
+        const fs::path copy = HomeFolder() / "samples.mrk";
+        std::error_code error;
+        if (!fs::exists(copy)) {
+            fs::create_directories(copy.parent_path(), error);
+            fs::copy_file(DataFile("samples.mrk"), copy, error);
+        }
+        if (error) throw FileError(copy.string() + ": " + error.message());
+        Open(ToQt(copy.string()));
+    });
+}
+
+void MainWindow::Reload() {
+    if (document_ == nullptr) return;
+    const QString path = ToQt(document_->File().Path());
+    const auto record = current_;
+    if (!CloseFile() || !Open(path)) return;
+    while (IsWorking() && record && *record >= document_->File().Size()) WorkOn();
+    if (record) ShowRecord(*record);
+}
+
+bool MainWindow::Save() {
+    if (document_ == nullptr || !FinishEditing()) return false;
+    TakeRecord();
+    if (const auto obstacle = document_->WhatStopsSaving()) {
+        ShowRecord(obstacle->record);
+        messages_->Warn(tr("Nothing was saved: record %1 can't be written. %2")
+                            .arg(obstacle->record + 1)
+                            .arg(ToQt(FaultText(obstacle->fault))));
+        return false;
+    }
+    bool isSaved = false;
+    Try([&] {
+        while (document_->File().FindMore(1)) {
+        }
+        document_->Save();
+        listModel_->RefreshAll();
+        messages_->hide();
+        statusBar()->showMessage(tr("Saved."), kShortly);
+        isSaved = true;
+    });
+    CheckNow();
+    ShowCounts();
+    return isSaved;
+}
+
+void MainWindow::ChooseTarget() {
+    if (document_ == nullptr) return;
+    const QString path = QFileDialog::getSaveFileName(
+        this, tr("Save as"), ToQt(document_->File().Path()), FormFilters());
+    if (!path.isEmpty()) SaveAs(path);
+}
+
+// The form is that of the name. The window goes on with the new file.
+bool MainWindow::SaveAs(const QString& path) {
+    if (document_ == nullptr || !FinishEditing()) return false;
+    if (QFileInfo(path) == QFileInfo(ToQt(document_->File().Path()))) return Save();
+    TakeRecord();
+    bool isSaved = false;
+    Try([&] {
+        while (document_->File().FindMore(1)) {
+        }
+        const QString said = ToQt(document_->SaveAs(path.toStdString())).trimmed();
+        auto written = std::make_unique<Document>(path.toStdString());
+        const auto record = current_;
+        listModel_->SetDocument(nullptr);
+        current_.reset();
+        record_.Show(nullptr);
+        document_ = std::move(written);
+        listModel_->SetDocument(document_.get());
+        settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
+        ShowFile();
+        work_->start();
+        while (IsWorking() && record && *record >= document_->File().Size()) WorkOn();
+        if (record) ShowRecord(*record);
+        statusBar()->showMessage(tr("Saved as %1.").arg(path), kShortly);
+        if (!said.isEmpty()) messages_->Say(said);
+        isSaved = true;
+    });
+    return isSaved;
+}
+
+void MainWindow::NoteChangeOnDisk() {
+    if (document_ == nullptr || !document_->File().HasChangedOnDisk()) return;
+    messages_->Warn(
+        tr("Another program has changed this file. File > Reload reads it again; File "
+           "> Save As keeps your changes in another file."));
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    settings_.SetState(QStringLiteral("window/geometry"), saveGeometry());
+    settings_.SetState(QStringLiteral("window/panes"), panes_->saveState());
+    event->setAccepted(CloseFile());
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    const auto urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls.front().isLocalFile()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const auto urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls.front().isLocalFile()) Open(urls.front().toLocalFile());
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) NoteChangeOnDisk();
+}
+
+}  // namespace quillory

@@ -1,0 +1,219 @@
+#include <quillory/desktop/CellEditor.h>
+#include <quillory/desktop/OpenRecord.h>
+#include <quillory/desktop/RecordModel.h>
+#include <quillory/desktop/RecordTable.h>
+#include <quillory/desktop/Texts.h>
+#include <quillory/edits/EmptyField.h>
+#include <quillory/edits/FieldParts.h>
+#include <quillory/exchange/Mrk.h>
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr int kTagChars = 6;
+constexpr int kSignChars = 3;
+constexpr int kNameChars = 30;
+
+}  // namespace
+
+RecordTable::RecordTable(OpenRecord& record, QWidget* parent)
+    : QTableView(parent),
+      record_(record),
+      model_(new RecordModel(record, this)),
+      editor_(new CellEditor(this)) {
+    setModel(model_);
+    setItemDelegate(editor_);
+    setAccessibleName(tr("Record"));
+    setShowGrid(false);
+    setWordWrap(true);
+    setAlternatingRowColors(true);
+    setTabKeyNavigation(true);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(DoubleClicked | AnyKeyPressed | EditKeyPressed | SelectedClicked);
+    verticalHeader()->hide();
+    verticalHeader()->setMinimumSectionSize(fontMetrics().height() + 6);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setMinimumSectionSize(0);
+    const int width = fontMetrics().averageCharWidth();
+    setColumnWidth(RecordModel::Tag, kTagChars * width);
+    for (const int column : {RecordModel::First, RecordModel::Second, RecordModel::Code}) {
+        setColumnWidth(column, kSignChars * width);
+    }
+    setColumnWidth(RecordModel::Name, kNameChars * width);
+    horizontalHeader()->setSectionResizeMode(RecordModel::Text, QHeaderView::Stretch);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, &RecordTable::FitRows);
+    connect(&record, &OpenRecord::Replaced, this, [this] {
+        FitRows();
+        scrollToTop();
+        setCurrentIndex(model_->index(std::min(1, model_->rowCount() - 1), RecordModel::Text));
+    });
+    connect(&record, &OpenRecord::Changed, this, &RecordTable::FitRows);
+}
+
+Place RecordTable::CurrentPlace() const {
+    return model_->PlaceOf(currentIndex());
+}
+
+void RecordTable::GoTo(const Place& place) {
+    const QModelIndex index = model_->IndexOf(place);
+    if (!index.isValid()) return;
+    setCurrentIndex(index);
+    scrollTo(index);
+    setFocus();
+}
+
+void RecordTable::SetDisplay(zorby::EDISPLAYOPTIONS display) {
+    const bool hasCodes = display != zorby::EDO_NameOnly;
+    setColumnHidden(RecordModel::Tag, !hasCodes);
+    setColumnHidden(RecordModel::Code, !hasCodes);
+    setColumnHidden(RecordModel::Name, display == zorby::EDO_CodeOnly);
+    QHeaderView* header = horizontalHeader();
+    const bool isNameFirst = display == zorby::EDO_NameOnly || display == zorby::EDO_NameAndCode;
+    header->moveSection(header->visualIndex(RecordModel::Name),
+                        isNameFirst ? 0 : RecordModel::Columns - 1);
+    FitRows();
+}
+
+void RecordTable::Finish() {
+    editor_->Finish();
+}
+
+void RecordTable::Edit(const QModelIndex& index) {
+    if (!index.isValid()) return;
+    setCurrentIndex(index);
+    scrollTo(index);
+    setFocus();
+    edit(index);
+}
+
+void RecordTable::AddField(std::string_view tag) {
+    Finish();
+    if (record_.Session() == nullptr) return;
+    const std::size_t place = PlaceOfNew(record_.Session()->Now(), tag);
+    record_.Do(
+        [&](EditSession& session) { session.Insert(place, std::string(tag), EmptyField(tag)); });
+    Edit(model_->IndexOf(place, 0, RecordModel::Text));
+}
+
+void RecordTable::RemoveField() {
+    Finish();
+    const auto field = model_->FieldOf(currentIndex());
+    if (!field) return;
+    record_.Do([&](EditSession& session) { session.Remove(*field); });
+    const std::size_t last = record_.Session()->Now().fields.size();
+    if (last > 0)
+        setCurrentIndex(model_->IndexOf(std::min(*field, last - 1), 0, RecordModel::Text));
+}
+
+void RecordTable::MoveField(int by) {
+    Finish();
+    const auto field = model_->FieldOf(currentIndex());
+    if (!field) return;
+    const auto to = static_cast<std::ptrdiff_t>(*field) + by;
+    const auto count = static_cast<std::ptrdiff_t>(record_.Session()->Now().fields.size());
+    if (to < 0 || to >= count) return;
+    const auto place = static_cast<std::size_t>(to);
+    record_.Do([&](EditSession& session) { session.Move(*field, place); });
+    setCurrentIndex(model_->IndexOf(place, 0, currentIndex().column()));
+}
+
+// Within a text that is being typed it is divided at the caret.
+void RecordTable::AddSubfield() {
+    if (editor_->TypeDelimiter()) return;
+    Finish();
+    const auto field = model_->FieldOf(currentIndex());
+    const auto part = model_->PartOf(currentIndex());
+    if (!field || !part) return;
+    const auto& now = record_.Session()->Now().fields[*field];
+    FieldParts parts = PartsOf(now.content);
+    const std::string added = Part(NextCode(now.tag, now.content), {});
+    parts.parts.insert(parts.parts.begin() + static_cast<std::ptrdiff_t>(*part) + 1, added);
+    const std::string content = Joined(parts);
+    record_.Do([&](EditSession& session) { session.SetContent(*field, content); });
+    Edit(model_->IndexOf(*field, *part + 1, RecordModel::Text));
+}
+
+// A field without its last subfield is none.
+void RecordTable::RemoveSubfield() {
+    Finish();
+    const auto field = model_->FieldOf(currentIndex());
+    const auto part = model_->PartOf(currentIndex());
+    if (!field) return;
+    FieldParts parts = PartsOf(record_.Session()->Now().fields[*field].content);
+    if (!part || parts.parts.size() < 2) {
+        RemoveField();
+        return;
+    }
+    parts.parts.erase(parts.parts.begin() + static_cast<std::ptrdiff_t>(*part));
+    const std::string content = Joined(parts);
+    record_.Do([&](EditSession& session) { session.SetContent(*field, content); });
+    setCurrentIndex(model_->IndexOf(*field, *part, RecordModel::Text));
+}
+
+void RecordTable::RenameTag() {
+    Finish();
+    const auto field = model_->FieldOf(currentIndex());
+    if (!field) return;
+    setColumnHidden(RecordModel::Tag, false);
+    Edit(model_->IndexOf(*field, 0, RecordModel::Tag));
+}
+
+void RecordTable::GoToNextField(int by) {
+    Finish();
+    const auto field = model_->FieldOf(currentIndex());
+    const auto to = static_cast<std::ptrdiff_t>(field.value_or(0)) + (field ? by : 0);
+    if (to < 0) return;
+    const QModelIndex index = model_->IndexOf(static_cast<std::size_t>(to), 0, RecordModel::Text);
+    if (!index.isValid()) return;
+    setCurrentIndex(index);
+    scrollTo(index);
+}
+
+void RecordTable::CopyField() {
+    Finish();
+    const auto field = model_->FieldOf(currentIndex());
+    if (!field) return;
+    const auto& now = record_.Session()->Now().fields[*field];
+    std::string line;
+    AppendMrkField({now.tag, now.content}, line);
+    QGuiApplication::clipboard()->setText(ToQt(line));
+}
+
+bool RecordTable::PasteFields() {
+    Finish();
+    if (record_.Session() == nullptr) return false;
+    const std::string lines = QGuiApplication::clipboard()->text().toStdString();
+    const auto fields = FieldsOfLines(lines);
+    if (fields.empty()) return false;
+    const auto current = model_->FieldOf(currentIndex());
+    const std::size_t place = current ? *current + 1 : record_.Session()->Now().fields.size();
+    record_.Do([&](EditSession& session) {
+        EditSession::State state = session.Now();
+        state.fields.insert(state.fields.begin() + static_cast<std::ptrdiff_t>(place),
+                            fields.begin(), fields.end());
+        session.Become(std::move(state));
+    });
+    setCurrentIndex(model_->IndexOf(place, 0, RecordModel::Text));
+    return true;
+}
+
+void RecordTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    Q_EMIT PlaceChanged();
+}
+
+void RecordTable::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    FitRows();
+}
+
+void RecordTable::FitRows() {
+    resizeRowsToContents();
+}
+
+}  // namespace quillory

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <quillory/places/Place.h>
+#include <zorby/format/DisplayOptions.h>
+
+#include <QTableView>
+#include <string_view>
+
+namespace quillory {
+
+class CellEditor;
+class OpenRecord;
+class RecordModel;
+
+// A record as rows that are edited in place, by keyboard or mouse.
+class RecordTable : public QTableView {
+    Q_OBJECT
+
+public:
+    // Keeps the reference.
+    explicit RecordTable(OpenRecord& record, QWidget* parent = nullptr);
+
+    RecordModel& Model() { return *model_; }
+    Place CurrentPlace() const;
+    void GoTo(const Place& place);
+    void SetDisplay(zorby::EDISPLAYOPTIONS display);
+    // Takes what is being typed into the record.
+    void Finish();
+
+    // Each is one step, and puts the cursor where a person goes on.
+    void AddField(std::string_view tag);
+    void RemoveField();
+    void MoveField(int by);
+    void AddSubfield();
+    void RemoveSubfield();
+    void RenameTag();
+    void GoToNextField(int by);
+    void CopyField();
+    // Fields of the clipboard in line form come after the current one. False if there are none.
+    bool PasteFields();
+
+Q_SIGNALS:
+    void PlaceChanged();
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void FitRows();
+    void Edit(const QModelIndex& index);
+
+    OpenRecord& record_;
+    RecordModel* model_;
+    CellEditor* editor_;
+};
+
+}  // namespace quillory

@@ -1,0 +1,303 @@
+#include <quillory/desktop/Desk.h>
+#include <quillory/desktop/DeskSettings.h>
+#include <quillory/desktop/Document.h>
+#include <quillory/desktop/FieldPicker.h>
+#include <quillory/desktop/FindingsList.h>
+#include <quillory/desktop/LinesEditor.h>
+#include <quillory/desktop/MainWindow.h>
+#include <quillory/desktop/MessageBar.h>
+#include <quillory/desktop/RecordModel.h>
+#include <quillory/desktop/RecordTable.h>
+#include <quillory/desktop/RepairDialog.h>
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+#include <tests/quillory/Records.h>
+#include <tests/quillory/exchange/TemporaryFile.h>
+
+namespace quillory {
+namespace {
+
+// A book that lacks much, and whose 008 has a code in capitals.
+std::string Book(const std::string& title, const std::string& label = " ") {
+    return MarcOf({"LDR00000nam " + label + "2200000 a 4500", "001" + title,
+                   "008240101s2023    nyu           000 0 ENG d", "1001 \037aDoe, Jane.",
+                   "24510\037a" + title + " /\037cJane Doe."});
+}
+
+// The window as a person sees it, with a file open.
+class DeskTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        home_ = new QTemporaryDir;
+        qputenv("QUILLORY_HOME", home_->path().toUtf8());
+        desk_ = new Desk;
+    }
+    static void TearDownTestSuite() {
+        delete desk_;
+        delete home_;
+    }
+
+    void SetUp() override { Open(Book("Rivers") + Book("Lakes") + Book("A sea")); }
+
+    void Open(const std::string& bytes, const std::string& ending = ".mrc") {
+        window_.reset();
+        file_.emplace(bytes, ending);
+        window_ = std::make_unique<MainWindow>(*desk_, settings_);
+        window_->show();
+        Activate();
+        ASSERT_TRUE(window_->Open(Path()));
+        Wait();
+    }
+    // Keys go to the window that is active.
+    void Activate() const {
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    }
+    void Wait() const {
+        while (window_->IsWorking()) QTest::qWait(1);
+    }
+    QString Path() const { return QString::fromStdString(file_->Path()); }
+
+    RecordTable& Table() { return window_->Table(); }
+    // The row of a place, by what stands in a column of it.
+    QString Cell(const std::string& place, int column = RecordModel::Text) {
+        const QModelIndex at = Table().Model().IndexOf(*ParsePlace(place));
+        return at.siblingAtColumn(column).data().toString();
+    }
+    void GoTo(const std::string& place) { Table().GoTo(*ParsePlace(place)); }
+    // Types into the box that is open.
+    static void Type(QWidget* box, const QString& text) {
+        for (const QChar sign : text) QTest::keyClick(box, sign.toLatin1());
+    }
+    void TypeInto(const std::string& place, const QString& text) {
+        GoTo(place);
+        Table().edit(Table().currentIndex());
+        const auto boxes = Table().findChildren<QPlainTextEdit*>();
+        ASSERT_FALSE(boxes.isEmpty());
+        QPlainTextEdit* box = boxes.last();  // closed ones go a moment later
+        box->selectAll();
+        box->insertPlainText(text);
+        QTest::keyClick(box, Qt::Key_Return);
+    }
+    void Press(int key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        QTest::keyClick(window_.get(), static_cast<Qt::Key>(key), with);
+    }
+    QString Listed(int row, int column) const {
+        return window_->List().model()->index(row, column).data().toString();
+    }
+
+    static QTemporaryDir* home_;
+    static Desk* desk_;
+    DeskSettings settings_{QString()};
+    std::optional<TemporaryFile> file_;
+    std::unique_ptr<MainWindow> window_;
+};
+
+QTemporaryDir* DeskTest::home_ = nullptr;
+Desk* DeskTest::desk_ = nullptr;
+
+TEST_F(DeskTest, ListsRecordsAndShowsTheFirst) {
+    EXPECT_EQ(window_->List().model()->rowCount(), 3);
+    EXPECT_EQ(Listed(1, 1), "Lakes");
+    EXPECT_EQ(Listed(1, 2), "Doe, Jane.");
+    EXPECT_EQ(Listed(1, 3), "2023");
+    EXPECT_EQ(Listed(1, 4), "books");
+    EXPECT_EQ(Listed(1, 5), "2");
+    EXPECT_EQ(Cell("245 $a"), "Rivers /");
+    EXPECT_EQ(Cell("245 $c", RecordModel::Name), "Statement of responsibility, etc.");
+}
+
+// Open, edit, undo, redo, save: other bytes stay.
+TEST_F(DeskTest, AnEditedRecordIsSavedAndNothingElse) {
+    QTest::keyClick(&window_->List(), Qt::Key_Down);
+    ASSERT_EQ(window_->Current(), 1U);
+    TypeInto("245 $a", "Łąkes & ponds /");
+    EXPECT_EQ(Cell("245 $a"), "Łąkes & ponds /");
+    window_->CheckNow();
+    EXPECT_TRUE(Listed(1, 0).contains(u'✎'));
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Cell("245 $a"), "Lakes /");
+    Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    Press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(window_->Messages().Text(), "");
+    EXPECT_FALSE(window_->isWindowModified());
+    const std::string saved = file_->Read();
+    EXPECT_TRUE(saved.starts_with(Book("Rivers")));
+    EXPECT_TRUE(saved.ends_with(Book("A sea")));
+    EXPECT_NE(saved.find("\037a\xA1\xF1"
+                         "akes & ponds /\037c"),
+              saved.npos)
+        << saved;
+}
+
+TEST_F(DeskTest, FieldsAndSubfieldsComeAndGoByKeys) {
+    GoTo("245 $a");
+    Press(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(Cell("245 $b", RecordModel::Code), "$b");
+    Press(Qt::Key_Delete, Qt::ShiftModifier);
+    EXPECT_EQ(Cell("245 $b", RecordModel::Code), "$a");
+    Table().AddField("650");
+    EXPECT_EQ(Cell("650 $a", RecordModel::Tag), "650");
+    Table().Finish();
+    Press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_LT(Table().Model().IndexOf(*ParsePlace("650")).row(),
+              Table().Model().IndexOf(*ParsePlace("245")).row());
+    Press(Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(Cell("650 $a"), "");
+    GoTo("100 $a");
+    Press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+    Press(Qt::Key_PageDown, Qt::ControlModifier);
+    ASSERT_EQ(window_->Current(), 1U);
+    GoTo("245 $a");
+    Press(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Cell("100[2] $a"), "Doe, Jane.");
+}
+
+TEST_F(DeskTest, ADelimiterThatIsTypedDividesAText) {
+    TypeInto("245 $a", QString::fromUtf8("Rivers :‡ba history /"));
+    EXPECT_EQ(Cell("245 $b"), "a history /");
+}
+
+TEST_F(DeskTest, TextAndRowsAreOneRecord) {
+    Press(Qt::Key_T, Qt::ControlModifier);
+    QPlainTextEdit& box = window_->Lines().Box();
+    EXPECT_TRUE(box.toPlainText().contains("=245  10$aRivers /$cJane Doe."));
+    box.appendPlainText(QString::fromUtf8("=500  \\\\$aÀ voir."));
+    EXPECT_TRUE(window_->Lines().Finish());
+    EXPECT_EQ(Cell("500 $a"), QString::fromUtf8("À voir."));
+    box.appendPlainText("=24");
+    EXPECT_FALSE(window_->Lines().Finish());
+    window_->ShowRecord(1);
+    EXPECT_EQ(window_->Current(), 0U);  // what was typed is not lost
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    window_->ShowRecord(1);
+    EXPECT_EQ(window_->Current(), 1U);
+}
+
+TEST_F(DeskTest, FindingsLeadToTheirPlaces) {
+    window_->ShowRecord(0);
+    FindingsList& findings = window_->Findings();
+    bool isLed = false;
+    for (int i = 0; i < findings.topLevelItemCount(); ++i) {
+        if (findings.topLevelItem(i)->text(1) != "008/35-37") continue;
+        Q_EMIT findings.itemClicked(findings.topLevelItem(i), 0);
+        isLed = Table().CurrentPlace().Tag() == "008";
+    }
+    EXPECT_TRUE(isLed);
+}
+
+TEST_F(DeskTest, RepairsAreTickedAndUndone) {
+    QTimer::singleShot(0, [] {
+        auto* dialog = qobject_cast<RepairDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->accept();
+    });
+    Press(Qt::Key_R, Qt::ControlModifier);
+    EXPECT_TRUE(Cell("008").contains("eng"));
+    Activate();
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(Cell("008").contains("ENG"));
+}
+
+TEST_F(DeskTest, WordsAndExpressionsFilterAndColumnsSort) {
+    window_->Filter("doe lakes");
+    Wait();
+    EXPECT_EQ(window_->List().model()->rowCount(), 1);
+    window_->Filter("245a starts \"R\" or 245a starts \"L\"");
+    Wait();
+    EXPECT_EQ(window_->List().model()->rowCount(), 2);
+    window_->Filter("245a contians x");
+    EXPECT_TRUE(window_->Messages().Text().contains("contians"));
+    window_->Filter("");
+    Wait();
+    window_->ShowRecord(0);
+    window_->List().sortByColumn(1, Qt::AscendingOrder);
+    Wait();
+    EXPECT_EQ(Listed(0, 1), "A sea");
+    EXPECT_EQ(Listed(2, 1), "Rivers");
+    EXPECT_EQ(window_->Current(), 0U);
+    EXPECT_EQ(window_->List().currentIndex().row(), 2);
+}
+
+TEST_F(DeskTest, AFileOfAnotherProgramIsNotOverwritten) {
+    TypeInto("245 $a", "Mine /");
+    WriteOutput(file_->Path(), Book("Theirs"));
+    EXPECT_FALSE(window_->Save());
+    EXPECT_TRUE(window_->Messages().Text().contains("another program"));
+    EXPECT_EQ(file_->Read(), Book("Theirs"));
+}
+
+TEST_F(DeskTest, SavedInAnotherFormTheWindowGoesOnWithIt) {
+    TypeInto("245 $a", "Seen /");
+    const TemporaryFile other("", ".mrk");
+    ASSERT_TRUE(window_->SaveAs(QString::fromStdString(other.Path())));
+    Wait();
+    EXPECT_NE(other.Read().find("$aSeen /$cJane Doe."), std::string::npos);
+    EXPECT_EQ(file_->Read(), Book("Rivers") + Book("Lakes") + Book("A sea"));
+    TypeInto("245 $a", "Again /");
+    EXPECT_TRUE(window_->Save());
+    EXPECT_NE(other.Read().find("$aAgain /$cJane Doe."), std::string::npos);
+}
+
+TEST_F(DeskTest, ARecordThatNoFormCanHoldStaysUnsaved) {
+    TypeInto("245 $a", QString(10000, u'x'));
+    EXPECT_FALSE(window_->Save());
+    EXPECT_TRUE(window_->Messages().Text().contains("record 1"));
+    EXPECT_EQ(file_->Read(), Book("Rivers") + Book("Lakes") + Book("A sea"));
+}
+
+TEST_F(DeskTest, DamagedRecordsAreShownAndKept) {
+    const std::string damaged = "00099nam  22000something\x1D";
+    Open(Book("Rivers") + damaged + Book("Lakes"));
+    EXPECT_EQ(window_->List().model()->rowCount(), 3);
+    window_->ShowRecord(1);
+    EXPECT_EQ(Table().Model().rowCount(), 0);
+    window_->ShowRecord(2);
+    TypeInto("245 $a", "Ponds /");
+    EXPECT_TRUE(window_->Save());
+    EXPECT_EQ(file_->Read().substr(0, Book("Rivers").size() + damaged.size()),
+              Book("Rivers") + damaged);
+}
+
+TEST_F(DeskTest, AClosingWindowAsksForChangesAlone) {
+    TypeInto("245 $a", "Mine /");
+    QTimer::singleShot(0, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        box->button(QMessageBox::Cancel)->click();
+    });
+    EXPECT_FALSE(window_->close());
+    EXPECT_TRUE(window_->Save());
+    EXPECT_TRUE(window_->close());
+}
+
+// What a screen reader says.
+TEST_F(DeskTest, EveryPartHasAName) {
+    for (const QWidget* widget : window_->findChildren<QWidget*>()) {
+        const bool takesKeys = (widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisible();
+        const bool isOwn =
+            widget->parent() != nullptr && !widget->objectName().startsWith("qt_") && takesKeys;
+        const bool isNamed =
+            !widget->accessibleName().isEmpty() || !widget->property("text").toString().isEmpty();
+        const bool isPart = widget->inherits("QAbstractItemView") ||
+                            widget->inherits("QLineEdit") || widget->inherits("QPlainTextEdit");
+        EXPECT_TRUE(!isOwn || !isPart || isNamed)
+            << widget->metaObject()->className() << widget->objectName().toStdString();
+    }
+    const QModelIndex title = Table().Model().IndexOf(*ParsePlace("245 $a"));
+    EXPECT_EQ(title.data(Qt::AccessibleTextRole).toString().section(u';', 0, 0),
+              "245 $a Title Statement – Title: Rivers /");
+}
+
+}  // namespace
+}  // namespace quillory
