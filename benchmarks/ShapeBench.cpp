@@ -1,20 +1,23 @@
-#include <quillory/jobs/ConvertFiles.h>
+#include <quillory/arguments/Program.h>
+#include <quillory/cli/Commands.h>
 
 #include <benchmark/benchmark.h>
 
+#include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
+#include <unistd.h>
+#include <vector>
 
 // Inputs that are made so that a careless program takes time that grows with the square of their
-// size. Aim: time that grows with the size, and 1 MB in less than 2 s.
+// size. Aim: time that grows with the size, and 1 MB in less than 2 s, whatever the command.
 namespace quillory::bench {
 namespace {
 
-class SilentPort : public JobPort {
-public:
-    void Say(const Message&) override {}
-};
+namespace fs = std::filesystem;
 
 std::string Times(std::size_t bytes, const std::string& text) {
     std::string all;
@@ -72,47 +75,133 @@ std::string ObjectsInOneAnother(std::size_t bytes) {
     return Times(bytes, "{\"leader\":");
 }
 
+// Bytes that Windows 1252 leaves without a character.
+std::string BytesWithoutCharacter(std::size_t bytes) {
+    return Mrk("=245  10$a" + Times(bytes, "\x81"));
+}
+
+// Fields that no form but ISO 2709 has room for.
+std::string FieldsOfTheLeadersTag(std::size_t bytes) {
+    return Mrk(Times(bytes, "=000  x\n"));
+}
+
+std::string FieldsWithoutCodes(std::size_t bytes) {
+    return Mrk(Times(bytes, "=500  \\\\$ax\n=500  \\\\$\n"));
+}
+
+std::string WordsOfATitle(std::size_t bytes) {
+    return Mrk("=245  10$a" + Times(bytes, "word "));
+}
+
+std::string AWordOfATitle(std::size_t bytes) {
+    return Mrk("=245  10$a" + Times(bytes, "w"));
+}
+
+std::string AddedEntries(std::size_t bytes) {
+    return Mrk(Times(bytes, "=650  \\0$aTopic\n"));
+}
+
+std::string ItemsOfAList(std::size_t bytes) {
+    return "[[record]]\nworkform = 1\n650a = [" + Times(bytes, "\"x\", ") + "]\n";
+}
+
+std::string CopiesUnderANumber(std::size_t bytes) {
+    return "001\tITEMBC\n" + Times(bytes, "x\t1\n");
+}
+
 std::string StrayBytes(std::size_t bytes) {
     return std::string(bytes, 'x');
 }
 
-void Convert(benchmark::State& state, Shape shape, Charset charset, NormalForm normalForm,
-             const char* form) {
-    const auto path = std::filesystem::temp_directory_path() / "quillory_shape_bench";
-    const auto size = static_cast<std::size_t>(state.range(0));
-    std::ofstream(path, std::ios::binary) << shape(size);
-    ConvertOptions options;
-    options.input.files = {path.string()};
-    options.output.output = "/dev/null";
-    options.output.form = FormNamed(form);
-    options.output.charset = charset;
-    options.output.normalForm = normalForm;
-    options.output.writing.oversize = kOversizeCut;
-    SilentPort port;
-    for ([[maybe_unused]] auto _ : state) {
-        Reporter reporter(port, {true, false});
-        benchmark::DoNotOptimize(ConvertFiles(options, reporter));
+// Takes what a command prints, as long as it is there.
+class Silence {
+public:
+    Silence() : out_(dup(STDOUT_FILENO)), error_(dup(STDERR_FILENO)) {
+        const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+        dup2(nowhere, STDOUT_FILENO);
+        dup2(nowhere, STDERR_FILENO);
+        close(nowhere);
     }
+    ~Silence() {
+        dup2(out_, STDOUT_FILENO);
+        dup2(error_, STDERR_FILENO);
+        close(out_);
+        close(error_);
+    }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+private:
+    int out_;
+    int error_;
+};
+
+int RunCommand(const std::string& command, const std::string& file, const std::string& record) {
+    std::vector<std::string> words{"quillory"};
+    std::istringstream in(command);
+    for (std::string word; in >> word;) {
+        words.push_back(word == "FILE" ? file : word == "RECORD" ? record : word);
+    }
+    std::vector<const char*> arguments;
+    for (const std::string& word : words) arguments.push_back(word.c_str());
+    Arguments program("quillory", "", "");
+    DeclareCommands(program);
+    return RunProgram(program, static_cast<int>(arguments.size()), arguments.data());
+}
+
+// Runs a command line, in which FILE is a file of the shape, and RECORD one of a single record.
+void Run(benchmark::State& state, Shape shape, const char* command) {
+    const fs::path folder = fs::temp_directory_path() / "quillory_shape_bench";
+    fs::create_directories(folder);
+    setenv("QUILLORY_HOME", (folder / "home").c_str(), 1);
+    setenv("QUILLORY_DATA", DATA_FOLDER, 0);
+    const std::string file = (folder / "shape").string();
+    const std::string record = (folder / "record.mrk").string();
+    std::ofstream(file, std::ios::binary) << shape(static_cast<std::size_t>(state.range(0)));
+    std::ofstream(record, std::ios::binary) << Mrk("=245  10$aTitle");
+    constexpr int kWrong = 2;
+    int status = 0;
+    {
+        const Silence silence;
+        for ([[maybe_unused]] auto _ : state) status = RunCommand(command, file, record);
+    }
+    if (status == kWrong) state.SkipWithError("the command can't be run");
     state.SetComplexityN(state.range(0));
     state.SetBytesProcessed(state.iterations() * state.range(0));
-    std::filesystem::remove(path);
+    fs::remove_all(folder);
 }
 
 void Sizes(benchmark::internal::Benchmark* bench) {
     bench->RangeMultiplier(4)->Range(1 << 14, 1 << 20)->Complexity()->Unit(benchmark::kMillisecond);
 }
 
-#define SHAPE(name, ...) BENCHMARK_CAPTURE(Convert, name, name, __VA_ARGS__)->Apply(Sizes)
+#define SHAPE(shape, name, command) \
+    BENCHMARK_CAPTURE(Run, shape##_##name, shape, command)->Apply(Sizes)
 
-SHAPE(MarksOnALetter, kCharsetMarc8, kNormalFormC, "mrk");
-SHAPE(MarksThatComeApart, kCharsetUtf8, kNormalFormD, "mrk");
-SHAPE(DiacriticsOfMarc8, kCharsetUtf8, kNormalFormC, "mrk");
-SHAPE(FieldsOfOneTag, kCharsetAuto, kNormalFormC, "marc");
-SHAPE(EmptyFields, kCharsetAuto, kNormalFormC, "microlif");
-SHAPE(AttributesOfATag, kCharsetAuto, kNormalFormC, "marc");
-SHAPE(ElementsInOneAnother, kCharsetAuto, kNormalFormC, "marc");
-SHAPE(ObjectsInOneAnother, kCharsetAuto, kNormalFormC, "marc");
-SHAPE(StrayBytes, kCharsetAuto, kNormalFormC, "marc");
+#define CONVERT "convert --from mrk FILE -o /dev/null "
+
+SHAPE(MarksOnALetter, Marc8, CONVERT "--to mrk --to-charset marc8");
+SHAPE(MarksThatComeApart, Nfd, CONVERT "--to mrk --to-charset utf8 --normalize nfd");
+SHAPE(DiacriticsOfMarc8, Utf8, CONVERT "--to mrk --to-charset utf8");
+SHAPE(BytesWithoutCharacter, Utf8, CONVERT "--to mrk --from-charset cp1252 --to-charset utf8");
+SHAPE(FieldsOfOneTag, Marc, CONVERT "--to marc --oversize cut");
+SHAPE(FieldsOfOneTag, Check, "check --from mrk FILE --each -o /dev/null");
+SHAPE(FieldsOfOneTag, Repair, "repair --from mrk FILE --to mrk -o /dev/null");
+SHAPE(FieldsOfOneTag, Show, "show --from mrk FILE");
+SHAPE(FieldsOfOneTag, Edit, "edit trim 500 --from mrk FILE --to mrk -o /dev/null");
+SHAPE(FieldsOfTheLeadersTag, Microlif, CONVERT "--to microlif");
+SHAPE(FieldsWithoutCodes, Lenient, CONVERT "--to mrk --lenient");
+SHAPE(EmptyFields, Microlif, CONVERT "--to microlif");
+SHAPE(AWordOfATitle, Cards, "cards --from mrk FILE -o /dev/null");
+SHAPE(WordsOfATitle, Cards, "cards --from mrk FILE -o /dev/null");
+SHAPE(AddedEntries, Cards, "cards --from mrk FILE -o /dev/null");
+SHAPE(ItemsOfAList, Catalog, "catalog FILE --to mrk -o /dev/null");
+SHAPE(CopiesUnderANumber, Export,
+      "export RECORD --holdings FILE --holdings-type 1 --to mrk -o /dev/null");
+SHAPE(AttributesOfATag, Convert, "convert --from marcxml FILE -o /dev/null");
+SHAPE(ElementsInOneAnother, Convert, "convert --from marcxml FILE -o /dev/null");
+SHAPE(ObjectsInOneAnother, Convert, "convert --from jsonl FILE -o /dev/null");
+SHAPE(StrayBytes, Convert, "convert --from marc FILE -o /dev/null");
 
 }  // namespace
 }  // namespace quillory::bench

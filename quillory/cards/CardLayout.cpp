@@ -112,18 +112,25 @@ private:
         if (panels_.size() > 1) BeginContinuation();
     }
 
-    void BeginContinuation() {
-        const std::vector<std::string> headings = card_.Texts(kBlockContinued);
+    // The heading of a card that continues another, with its number, which has to be seen whatever
+    // the length of the heading.
+    std::vector<FlowLine> ContinuedHeading() {
         const std::string number = "(Card " + std::to_string(panels_.size()) + ")";
-        const std::string text = headings.empty() ? number : headings.front() + " " + number;
         const Shape shape{options_.fonts.continued, kFirstIndention, kSecondIndention};
-        std::vector<FlowLine> lines = Lines(text, shape);
-        // The number has to be seen, whatever the length of the heading.
-        if (lines.size() > kMostHeadingLines) {
-            lines.resize(kMostHeadingLines - 1);
-            lines.push_back(Lines("\u2026 " + number, {shape.font, shape.others, shape.others})[0]);
+        std::vector<FlowLine> lines;
+        if (heading_.size() <= kMostHeadingLines) {
+            const std::vector<std::string> headings = card_.Texts(kBlockContinued);
+            lines = Lines(headings.empty() ? number : headings.front() + " " + number, shape);
+            if (lines.size() <= kMostHeadingLines) return lines;
+            heading_ = std::move(lines);
         }
-        for (FlowLine& line : lines) {
+        lines.assign(heading_.begin(), heading_.begin() + kMostHeadingLines - 1);
+        lines.push_back(Lines("\u2026 " + number, {shape.font, shape.others, shape.others})[0]);
+        return lines;
+    }
+
+    void BeginContinuation() {
+        for (FlowLine& line : ContinuedHeading()) {
             line.isOfMainEntry = true;
             Place(std::move(line));
         }
@@ -202,6 +209,7 @@ private:
     const CardOptions& options_;
     Typesetter& typesetter_;
     double bottom_;
+    std::vector<FlowLine> heading_;  // of cards that continue, once it is known to be too long
     std::vector<FlowLine> flow_;
     std::size_t next_ = 0;  // of the lines to be placed
     std::vector<Panel> panels_;

@@ -49,10 +49,23 @@ void LineReader::AddDamage(Item& item, ItemFault fault) const {
     }
 }
 
-// The offset of the fault counts from the front of the item so far.
-void LineReader::PlaceFault(const Item& item, ItemFault& fault) const {
-    fault.lineColumn = place_.After(item.bytes.substr(0, fault.offset));
-    fault.offset += item.offset;
+// The offsets count from the front of the item so far. Most often they go up, and no text is passed
+// twice.
+void LineReader::PlaceFaults(Item& item) const {
+    TextPlace place = place_;
+    std::uint64_t passed = 0;
+    const auto put = [&](ItemFault& fault) {
+        if (fault.offset < passed) {
+            place = place_;
+            passed = 0;
+        }
+        place.Pass(item.bytes.substr(passed, fault.offset - passed));
+        passed = fault.offset;
+        fault.lineColumn = place.at;
+        fault.offset += item.offset;
+    };
+    if (item.fault) put(*item.fault);
+    for (ItemFault& mend : item.mends) put(mend);
 }
 
 void LineReader::GiveStray(Item& item, std::string_view bytes, FaultCode what) const {
@@ -72,8 +85,7 @@ void LineReader::GiveRecord(Item& item, std::string_view block) {
         item.fault = unfit;
     }
     sound_ = item.kind == kItemRecord;
-    if (item.fault) PlaceFault(item, *item.fault);
-    for (ItemFault& mend : item.mends) PlaceFault(item, mend);
+    PlaceFaults(item);
     if (sound_) return;
     item.controlNumber = item.record.ControlNumber();
     const bool isOfUse = !item.record.leader.empty() && !item.record.fields.empty();

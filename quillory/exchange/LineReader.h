@@ -47,7 +47,7 @@ private:
     void GiveStray(Item& item, std::string_view bytes, FaultCode what) const;
     void GiveRecord(Item& item, std::string_view block);
     bool GiveEnd(Item& item);
-    void PlaceFault(const Item& item, ItemFault& fault) const;
+    void PlaceFaults(Item& item) const;
 
     Input& input_;
     bool lenient_;

@@ -10,12 +10,6 @@ namespace {
 
 using zorby::CommFormatField;
 
-// `field` is its index, `size` of the field or of the whole record.
-Fault FaultOf(FaultCode code, const Record& record, std::size_t field, std::size_t size) {
-    const std::span fields = record.fields;
-    return {code, PlaceAfter(fields.first(field), fields[field].tag), std::to_string(size)};
-}
-
 std::size_t LargestField(const Record& record) {
     const auto largest = std::ranges::max_element(
         record.fields, {}, [](const CommFormatField& field) { return field.content.size(); });
@@ -53,8 +47,15 @@ std::size_t CommFormatSize(const Record& record) {
     return size;
 }
 
+// `field` is its index, `size` of the field or of the whole record.
+Fault MarcAssembler::FaultOf(FaultCode code, const Record& record, std::size_t field,
+                             std::size_t size) {
+    const std::span fields = record.fields;
+    return {code, places_.After(fields.first(field), fields[field].tag), std::to_string(size)};
+}
+
 // Why a record can't be written as it is.
-WriteResult MarcAssembler::Refuse(const Record& record) const {
+WriteResult MarcAssembler::Refuse(const Record& record) {
     if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
     if (oversize_ != kOversizeRefuse) return {};
     const std::size_t largest = LargestField(record);
@@ -115,6 +116,7 @@ WriteResult MarcAssembler::AssembleFields(const Record& record) {
 }
 
 WriteResult MarcAssembler::Assemble(const Record& record) {
+    places_.Clear();
     if (record.bytes.empty()) {
         WriteResult refused = Refuse(record);
         return refused.written ? AssembleFields(record) : refused;

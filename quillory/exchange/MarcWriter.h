@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillory/exchange/FieldPlaces.h>
 #include <quillory/exchange/RecordWriter.h>
 
 #include <string>
@@ -23,13 +24,15 @@ public:
     std::string_view Bytes() const { return bytes_; }
 
 private:
-    WriteResult Refuse(const Record& record) const;
+    Fault FaultOf(FaultCode code, const Record& record, std::size_t field, std::size_t size);
+    WriteResult Refuse(const Record& record);
     WriteResult AssembleFields(const Record& record);
     void AddAsItIs(const Record& record, std::size_t field, WriteResult& result);
     void AddToFit(const Record& record, std::size_t field, WriteResult& result);
 
     Oversize oversize_;
     zorby::CommFormatWriter writer_;
+    FieldPlaces places_;
     std::size_t size_ = 0;  // of the record so far
     std::string leader_;
     std::string text_;

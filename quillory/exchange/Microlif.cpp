@@ -1,3 +1,4 @@
+#include <quillory/exchange/FieldPlaces.h>
 #include <quillory/exchange/Microlif.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/faults/FaultCode.h>
@@ -84,9 +85,11 @@ bool MicrolifReader::Fits(std::string_view head) {
     return head.starts_with(kLeaderLine) || IsHeader(FirstLine(head));
 }
 
-// A record ends after the line that closes with the record end, or before the next head. What
-// stands before the first head is a block of its own.
+// A record ends after the line that closes with the record end, or before the next head. Filler and
+// a header at the front stand alone, as does what else is before the first head.
 std::size_t MicrolifReader::EndOfRecord(std::string_view window) const {
+    const std::size_t filler = window.find_first_not_of(kFillers);
+    if (filler != 0 && filler != window.npos) return filler;
     std::string_view rest = window;
     while (!rest.empty()) {
         const std::size_t at = window.size() - rest.size();
@@ -95,7 +98,8 @@ std::size_t MicrolifReader::EndOfRecord(std::string_view window) const {
         const std::size_t end = window.size() - rest.size();
         // The second byte of a line end may not be in the window yet.
         const bool wholeLine = !rest.empty() || window.ends_with('\n');
-        if (line.ends_with(kRecordEndSign) && wholeLine) return end;
+        const bool isAlone = line.ends_with(kRecordEndSign) || (at == 0 && IsHeader(line));
+        if (isAlone && wholeLine) return end;
     }
     return window.npos;
 }
@@ -140,6 +144,7 @@ FaultCode MicrolifReader::ReadLine(std::string_view line, Record& record) {
 
 void MicrolifReader::Read(std::string_view block, Item& item) {
     lines_.clear();
+    FieldPlaces places;
     std::string_view rest = block;
     while (!rest.empty()) {
         const auto at = static_cast<std::size_t>(rest.data() - block.data());
@@ -149,7 +154,7 @@ void MicrolifReader::Read(std::string_view block, Item& item) {
         if (code == FaultCode::kNone) continue;
         const bool hasTag = IsCarried(line.substr(0, kTagSize));
         const Place place =
-            hasTag ? PlaceAfter(item.record.fields, line.substr(0, kTagSize)) : Place();
+            hasTag ? places.After(item.record.fields, line.substr(0, kTagSize)) : Place();
         AddDamage(item, {{code, place, {}, hasTag ? "_" : ""}, at});
     }
     if (item.record.leader.empty()) {
@@ -194,6 +199,7 @@ std::string MicrolifLosses(const zorby::CommFormatField& field) {
 WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
     if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
     WriteResult result;
+    FieldPlaces places;
     CountMicrolifLosses({kLeaderTag, record.leader}, losses);
     const std::span fields = record.fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
@@ -202,7 +208,7 @@ WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
             CountMicrolifLosses(fields[i], losses);
             continue;
         }
-        const Place place = PlaceAfter(fields.first(i), fields[i].tag);
+        const Place place = places.After(fields.first(i), fields[i].tag);
         result.faults.push_back(isCarried
                                     ? Fault{FaultCode::kEmptyFieldLeftOut, place}
                                     : Fault{FaultCode::kTagNotCarried, place, "old MicroLIF"});

@@ -1,3 +1,4 @@
+#include <quillory/exchange/FieldPlaces.h>
 #include <quillory/exchange/Mrk.h>
 #include <quillory/exchange/MrkMnemonics.h>
 #include <quillory/faults/FaultCode.h>
@@ -27,6 +28,7 @@ constexpr std::array<Mnemonic, 5> kMnemonics{{
 constexpr std::string_view kNumberSign = "{num}";
 
 constexpr std::size_t kTagEnd = 4;  // of a line
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLeaderTag = "LDR";
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 
@@ -156,10 +158,10 @@ std::string_view TagOf(std::string_view line) {
 
 // `offset` is where the line begins.
 ItemFault FaultInLine(FaultCode code, std::string_view line, const Record& record,
-                      std::size_t offset) {
+                      FieldPlaces& places, std::size_t offset) {
     ItemFault fault{{code}, offset};
     if (HasTag(line) && TagOf(line) != kLeaderTag) {
-        fault.place = PlaceAfter(record.fields, TagOf(line));
+        fault.place = places.After(record.fields, TagOf(line));
     }
     if (code == FaultCode::kNoSubfieldCode) fault.allowed = "$";
     return fault;
@@ -173,8 +175,9 @@ bool MrkReader::Fits(std::string_view head) {
            head.substr(std::min(kTagEnd, head.size())).starts_with("  ");
 }
 
-// A record ends after its blank lines, or before the next leader.
+// A record ends after its blank lines, or before the next leader. A byte order mark stands alone.
 std::size_t MrkReader::EndOfRecord(std::string_view window) const {
+    if (window.starts_with(kByteOrderMark)) return kByteOrderMark.size();
     std::string_view rest = window;
     bool begun = false;
     bool ended = false;
@@ -191,7 +194,6 @@ std::size_t MrkReader::EndOfRecord(std::string_view window) const {
 }
 
 std::size_t MrkReader::StrayBytes(std::string_view block, FaultCode& what) {
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (block.starts_with(kByteOrderMark)) {
         what = FaultCode::kByteOrderMark;
         return kByteOrderMark.size();
@@ -271,6 +273,7 @@ std::size_t MrkReader::TakeMnemonics(std::string_view text) {
 
 // In UTF-8 diacritics follow their letter.
 std::size_t MrkReader::TakeAsUtf8(std::string_view text) {
+    if (text.data() < letterless_) return 0;
     std::string marc8;
     std::size_t size = 0;
     while (marc8.empty() || IsDiacritic(marc8.back())) {
@@ -286,7 +289,10 @@ std::size_t MrkReader::TakeAsUtf8(std::string_view text) {
                               (marc8 == "\xFB" && text_.ends_with("\u0360"));
     if (isSecondHalf) return size;
     const bool lacksLetter = IsDiacritic(marc8.back());
-    if (lacksLetter && (rest.empty() || rest.front() == '$' || rest.front() == '{')) return 0;
+    if (lacksLetter && (rest.empty() || rest.front() == '$' || rest.front() == '{')) {
+        letterless_ = rest.data();
+        return 0;
+    }
     const std::string_view letter = lacksLetter ? UnitAt(rest) : std::string_view();
     return AppendAsUtf8(marc8, letter) ? size + letter.size() : 0;
 }
@@ -337,13 +343,16 @@ void MrkReader::Read(std::string_view block, Item& item) {
     text_.reserve(block.size() + zorby::kLeaderSize);
     isUtf8_ = false;
     unknown_ = 0;
+    letterless_ = block.data();
+    FieldPlaces places;
     std::string_view rest = block;
     while (!rest.empty()) {
         const auto at = static_cast<std::size_t>(rest.data() - block.data());
         const std::string_view line = TakeLine(rest);
         if (line.find_first_not_of(" \t") == line.npos) continue;
         const FaultCode code = ReadLine(line, item.record);
-        if (code != FaultCode::kNone) AddDamage(item, FaultInLine(code, line, item.record, at));
+        if (code == FaultCode::kNone) continue;
+        AddDamage(item, FaultInLine(code, line, item.record, places, at));
     }
     item.notes.assign(unknown_, FaultCode::kUnknownMnemonics);
     if (item.record.leader.empty()) {
@@ -394,13 +403,14 @@ std::string MrkWriter::WithMnemonics(std::string_view text, bool isUtf8) {
 
 WriteResult MrkWriter::Write(const Record& record, Losses&) {
     WriteResult result;
+    FieldPlaces places;
     text_.clear();
     AppendLine(kLeaderTag, record.leader, kControlLine, text_);
     const std::span fields = record.fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (fields[i].tag == kLeaderTag) {
             result.faults.push_back({FaultCode::kTagNotCarried,
-                                     PlaceAfter(fields.first(i), kLeaderTag), "the line form"});
+                                     places.After(fields.first(i), kLeaderTag), "the line form"});
         } else {
             AppendMrkField(fields[i], text_);
         }

@@ -37,7 +37,8 @@ private:
 
     std::string text_;  // leader and contents of the record, unescaped
     bool isUtf8_ = false;
-    std::size_t unknown_ = 0;  // names in braces that the record has
+    std::size_t unknown_ = 0;           // names in braces that the record has
+    const char* letterless_ = nullptr;  // names of diacritics before it stand over no letter
     std::unique_ptr<TextConverter> toUtf8_;
 };
 

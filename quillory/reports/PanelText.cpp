@@ -49,11 +49,11 @@ public:
     void Add(std::string_view word) {
         if (!line_.empty() && Columns(line_) + 1 + Columns(word) > room_) End();
         if (!line_.empty()) line_ += ' ';
-        while (Columns(word) > room_ && line_.empty()) {
+        while (line_.empty()) {
             const std::size_t bytes = BytesIn(word, room_);
+            if (bytes == word.size()) break;
             line_ = word.substr(0, bytes);
             word.remove_prefix(bytes);
-            if (word.empty()) return;
             End();
         }
         line_ += word;

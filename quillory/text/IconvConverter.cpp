@@ -2,6 +2,8 @@
 #include <quillory/text/IconvConverter.h>
 #include <quillory/text/Utf8.h>
 
+#include <array>
+#include <cerrno>
 #include <cstdint>
 #include <stdexcept>
 
@@ -21,20 +23,22 @@ void Close(iconv_t handle) {
 
 // Appends what can be converted from the front of a text. Result: bytes of the text taken.
 std::size_t Convert(iconv_t handle, std::string_view text, std::string& out) {
-    constexpr std::size_t kGrowth = 8;  // bytes for one byte, with what brings the set back
-    constexpr std::size_t kLastBytes = 16;
-    std::string source(text);
-    char* in = source.data();
-    std::size_t inLeft = source.size();
-    const std::size_t start = out.size();
-    out.resize(start + source.size() * kGrowth + kLastBytes);
-    char* target = out.data() + start;
-    std::size_t targetLeft = out.size() - start;
+    constexpr std::size_t kFailed = static_cast<std::size_t>(-1);
+    std::array<char, 256> block{};
+    char* in = const_cast<char*>(text.data());  // iconv only reads there
+    std::size_t inLeft = text.size();
     iconv(handle, nullptr, nullptr, nullptr, nullptr);
-    iconv(handle, &in, &inLeft, &target, &targetLeft);
-    iconv(handle, nullptr, nullptr, &target, &targetLeft);
-    out.resize(out.size() - targetLeft);
-    return source.size() - inLeft;
+    for (bool isFull = true; isFull;) {
+        char* end = block.data();
+        std::size_t room = block.size();
+        isFull = iconv(handle, &in, &inLeft, &end, &room) == kFailed && errno == E2BIG;
+        out.append(block.data(), end);
+    }
+    char* end = block.data();
+    std::size_t room = block.size();
+    iconv(handle, nullptr, nullptr, &end, &room);  // back to the set at the beginning
+    out.append(block.data(), end);
+    return text.size() - inLeft;
 }
 
 }  // namespace

@@ -252,6 +252,13 @@ TEST(TextConverter, SetsOfTheCLibraryGoBothWays) {
         EXPECT_EQ(Convert(kCharsetUtf8, *charset, Normalized(utf8, kNormalFormD)), bytes);
         EXPECT_EQ(Convert(*charset, *charset, bytes), bytes);
     }
+    std::string bytes;
+    std::string utf8;
+    for (int i = 0; i < 999; ++i) {
+        bytes += i % 9 == 0 ? "\x81" : "\x80\xE9";
+        utf8 += i % 9 == 0 ? "\uFFFD" : "\u20AC\u00E9";
+    }
+    EXPECT_EQ(Convert(*CharsetNamed("cp1252"), kCharsetUtf8, bytes), utf8);
     Losses losses;
     EXPECT_EQ(Convert(*CharsetNamed("cp1252"), kCharsetUtf8, "a\x81z", &losses), "a\uFFFDz");
     EXPECT_EQ(losses.Text(""), "byte 0x81 is no character, written as U+FFFD: 1\n");
