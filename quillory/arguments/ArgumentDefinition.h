@@ -25,8 +25,9 @@ struct ArgumentDefinition {
     std::vector<std::string> choices;  // the only values there are, in any case; empty for any
     std::optional<NumberRange> range;  // of an argument that takes a number
     bool isRequired = false;
-    bool isFile = false;                // names a file, and is never empty
-    bool isList = false;                // may be given often
+    bool isFile = false;        // names a file, and is never empty
+    bool isNeverEmpty = false;  // an empty value would mean something else than is asked for
+    bool isList = false;        // may be given often
     std::vector<std::string> excludes;  // options that don't go with it
 };
 

@@ -183,9 +183,9 @@ private:
             argument.count_ = values.size();
             const bool isOnce = definition.kind != kFlagArgument && !definition.isList;
             if (isOnce && values.size() > 1) return name + ": it may be given only once";
-            if (definition.isFile && std::ranges::count(values, "") > 0) {
-                return name + ": the name of a file is empty";
-            }
+            const bool isEmpty = std::ranges::count(values, "") > 0;
+            if (isEmpty && definition.isFile) return name + ": the name of a file is empty";
+            if (isEmpty && definition.isNeverEmpty) return MissingValue(name);
             try {
                 for (const std::string& value : values) argument.take_(value, definition);
             } catch (const UsageError& error) {
@@ -206,6 +206,11 @@ Argument& Argument::Required() {
 
 Argument& Argument::File() {
     definition_.isFile = true;
+    return *this;
+}
+
+Argument& Argument::NeverEmpty() {
+    definition_.isNeverEmpty = true;
     return *this;
 }
 

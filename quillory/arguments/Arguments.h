@@ -28,6 +28,8 @@ public:
     // It names a file. An empty name, as of a variable of the shell that is not set, is wrong
     // usage.
     Argument& File();
+    // An empty value, which would ask for all or for a default, is wrong usage, too.
+    Argument& NeverEmpty();
     // What stands for its value in help.
     Argument& Shown(std::string value);
     // An option that can't be given beside this one; it is declared before it.

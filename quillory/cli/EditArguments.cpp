@@ -87,12 +87,14 @@ void DeclareConditions(Arguments& command, EditChoice& choice) {
     command
         .Option("--where", choice.where.expression,
                 "Edit only records that match, such as '245a contains \"rivers\" and not has 856u'")
-        .Shown("EXPRESSION");
+        .Shown("EXPRESSION")
+        .NeverEmpty();
     command
         .Option("--where-text", choice.where.condition,
                 "Edit only records for which this condition holds, in the text form in which the "
                 "library keeps conditions")
-        .Shown("TEXT");
+        .Shown("TEXT")
+        .NeverEmpty();
     command.Flag("--exact", choice.where.exact,
                  "Case and diacritics count in what conditions compare");
     if (choice.row == nullptr) return;

@@ -19,12 +19,16 @@ void DeclareHoldings(Arguments& command, HoldingsOptions& options) {
                 "The copies of the records, as tab-separated text or JSON lines; those that "
                 "records hold if not given")
         .File();
-    command.Option("--holdings-type", options.type,
-                   "The holdings system to write for, by name or number; that of the settings "
-                   "if not given");
-    command.Option("--holdings-from", options.from,
-                   "The holdings system whose fields the records hold; the one to write for if "
-                   "not given");
+    command
+        .Option("--holdings-type", options.type,
+                "The holdings system to write for, by name or number; that of the settings "
+                "if not given")
+        .NeverEmpty();
+    command
+        .Option("--holdings-from", options.from,
+                "The holdings system whose fields the records hold; the one to write for if "
+                "not given")
+        .NeverEmpty();
     command
         .Option("--memory", options.memory,
                 "The most that is held of a file of copies; 64M if "

@@ -69,13 +69,15 @@ void DeclareWhere(Arguments& command, WhereOptions& where) {
         .Option("--where", where.expression,
                 "Only records that match, such as '245a contains \"rivers\" and not has 856u'; all "
                 "others are left out, of what is written too")
-        .Shown("EXPRESSION");
+        .Shown("EXPRESSION")
+        .NeverEmpty();
     command
         .Option(
             "--where-text", where.condition,
             "Only records for which this condition holds, in the text form in which the library "
             "keeps conditions")
-        .Shown("TEXT");
+        .Shown("TEXT")
+        .NeverEmpty();
     command.Flag("--exact", where.exact, "Case and diacritics count in what --where compares");
 }
 

@@ -38,14 +38,16 @@ void DeclarePick(Arguments& command) {
         .File();
     command.Option("--rejects", pick.rejects, "Where the bytes of what is no record go").File();
     command.Option("--records", pick.numbers, "Records of these numbers, such as 17,20-25")
-        .Shown("NUMBERS");
+        .Shown("NUMBERS")
+        .NeverEmpty();
     command.Option("--ids", pick.ids, "Records whose control number (001) is a line of this file")
         .Shown("FILE")
         .File();
     command
         .Option("--id-place", pick.idPlace,
                 "Where --ids looks, such as 020a; the first word of a value counts, too")
-        .Shown("PLACES");
+        .Shown("PLACES")
+        .NeverEmpty();
     command.Flag("--invert", pick.invert, "The records that are not asked for");
     command.Option("--first", pick.first, "At most so many");
     command.Option("--sample", pick.sample, "So many by chance, in their order")

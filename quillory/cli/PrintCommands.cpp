@@ -3,7 +3,6 @@
 #include <quillory/cli/TerminalQuestions.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/reports/PanelText.h>
-#include <quillory/store/HomeFolder.h>
 #include <zorby/platform/PortInForce.h>
 
 #include <functional>
@@ -82,8 +81,9 @@ void DeclareRecords(Arguments& command, PrintCommand& options) {
 }
 
 void DeclareDestination(Arguments& command, PrintDestination& destination) {
-    command.Option("-o,--output", destination.pages.pdf,
-                   "Where they go; standard output if not given");
+    command
+        .Option("-o,--output", destination.pages.pdf, "Where they go; standard output if not given")
+        .File();
     command.Choice(
         "--format", destination.isPdf, {{"text", false}, {"pdf", true}},
         "text, to look at, or pdf; by default pdf if the name of the output ends in .pdf");
@@ -91,7 +91,8 @@ void DeclareDestination(Arguments& command, PrintDestination& destination) {
         .Option("--preview", destination.pages.preview,
                 "A picture of the first page, as PNG; of every page, if {} stands for its number "
                 "in the name")
-        .Shown("NAME");
+        .Shown("NAME")
+        .File();
     command.Flag("--edges", destination.pages.withEdges,
                  "Draw the edges of cards and labels, for paper that has to be cut");
     command
@@ -121,7 +122,6 @@ Status RunPrint(const PrintCommand& command) {
     for (const std::string& path :
          {command.destination.pages.pdf, command.destination.pages.preview}) {
         CheckNotAnInput(records.source.input.files, path);
-        if (HasHomeFolder() && !path.empty()) CheckNotTheStore(path);
     }
     TerminalPort terminal;
     Reporter reporter(terminal, command.messages);

@@ -132,6 +132,7 @@ Status CompareFiles(const CompareOptions& options, CompareReport& report, Report
     CompareTotals totals;
     try {
         totals = comparison.Run();
+        damage.Complete();
         report.Finish(totals);
     } catch (const ClosedPipe&) {  // whoever reads has seen enough: there was something to see
         totals.changed = 1;

@@ -15,6 +15,10 @@ bool DamageKeeper::Take(const Item& item) {
     return isRecord;
 }
 
+void DamageKeeper::Complete() {
+    if (file_) file_->Complete();
+}
+
 void DamageKeeper::Finish() {
     if (file_) file_->Finish();
 }

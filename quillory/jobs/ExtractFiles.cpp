@@ -68,6 +68,7 @@ Status ExtractFiles(const ExtractOptions& options, ValueTable& table, Reporter& 
             }
             return true;
         });
+        damage.Complete();
         table.Finish();
     } catch (const ClosedPipe&) {  // whoever reads has seen enough
     }

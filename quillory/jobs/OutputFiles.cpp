@@ -1,6 +1,8 @@
 #include <quillory/exchange/OutputTarget.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/jobs/OutputFiles.h>
+#include <quillory/jobs/StoredItems.h>
+#include <quillory/store/HomeFolder.h>
 
 #include <filesystem>
 #include <optional>
@@ -12,10 +14,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Of a path that may not be there yet, links and steps such as "./" followed.
+// Where an output of this name comes to lie, which may not be there yet: links and steps such as
+// "./" followed.
 fs::path Canonical(const std::string& path) {
     std::error_code error;
-    const fs::path absolute = fs::absolute(path, error);
+    const fs::path absolute = fs::absolute(OutputTargetOf(path).path, error);
     const fs::path canonical = fs::weakly_canonical(absolute, error);
     return error ? absolute.lexically_normal() : canonical;
 }
@@ -44,6 +47,7 @@ std::optional<struct stat> FileStatus(const std::string& path, int standardStrea
 
 void CheckNotAnInput(const std::vector<std::string>& files, const std::string& path) {
     if (path.empty()) return;
+    if (HasHomeFolder()) CheckNotTheStore(path);
     const bool isStandard = IsStandardOutput(path);
     const auto output = FileStatus(path, STDOUT_FILENO, isStandard);
     if (!output) return;

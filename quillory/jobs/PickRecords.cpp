@@ -188,8 +188,10 @@ private:
 }  // namespace
 
 Status PickRecords(const PickOptions& options, Reporter& reporter) {
-    CheckNotAnInput(options.input.files, options.output);
-    CheckNotAnInput(options.input.files, options.rejects);
+    std::vector<std::string> inputs = options.input.files;
+    inputs.push_back(options.ids);
+    CheckNotAnInput(inputs, options.output);
+    CheckNotAnInput(inputs, options.rejects);
     CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
     return PickRun(options, reporter).Run();
 }

@@ -46,7 +46,7 @@ Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemT
         Input input(file);
         reporter.BeginFile(input.Name());
         input.GiveWhatUnpacks();
-        if (input.Peek(1).empty()) {
+        if (input.Peek(1).empty() && !input.WhatIsDamaged()) {
             reporter.Say(input.Name() + ": " + FaultReason({FaultCode::kEmptyFile}));
             status = kStatusFindings;
             continue;

@@ -81,7 +81,6 @@ std::vector<std::int64_t> IdsOf(const StoredChoice& choice, const Database& data
 
 Status AddRecordsToStore(const AddOptions& options, Reporter& reporter) {
     CheckNotAnInput(options.input.files, options.rejects);
-    CheckNotTheStore(options.rejects);
     const Database database = OpenStore();
     RecordStore store(database);
     RecordBatch batch(store);

@@ -15,7 +15,7 @@ public:
 
     void TakeRecord(const CheckedRecord& record) override {
         if (record.remarks.empty()) return;
-        const std::string place = reporter_.PlaceOf(record.item) + ": ";
+        const std::string place = Visible(reporter_.PlaceOf(record.item)) + ": ";
         for (const Remark& remark : record.remarks) {
             if (!IsShown(remark)) continue;
             text_ = place + RemarkLine(remark) + '\n';

@@ -461,12 +461,14 @@ class Terminal(Cli):
         record = self.path("r.mrk", mrk)
         self.assertEqual(run("records", "add", record)[0], 0)
         name = self.path("name\x1b[31m\x9b.mrc", b"00010")
+        odd = self.path("odd\x1b[31m\x9b.mrk", mrk)
         toml = self.path("d.toml", b'[[record]]\n"' + self.HOSTILE[5:] + b'" = 1\n')
         tsv = self.path("h.tsv", b"001\t" + self.HOSTILE + b"\nx\ty\n")
         bad = self.path("bad.mrk", b"=LDR  00000nam a2200000 a 4500\n=2\x1b]5  10$a\n=\x9b\n")
         for command in (["show", record], ["show", "--names", record], ["records", "list"],
-                        ["records", "show", "1"], ["check", record], ["find", "--where",
-                        "has 245", record], ["convert", name, "-o", "/dev/null"],
+                        ["records", "show", "1"], ["check", record], ["check", odd],
+                        ["find", "--where", "has 245", record],
+                        ["convert", name, "-o", "/dev/null"],
                         ["convert", bad, "-o", "/dev/null"], ["catalog", toml],
                         ["export", record, "--holdings-type", "1", "--holdings", tsv],
                         ["convert", "no\x1b[31m\x9bfile"], ["count", "245a", record],

@@ -41,11 +41,42 @@ class Outputs(Cli):
                         ["compare", a, a, "-o"], ["merge", a, a, *fields, "-o"],
                         ["new", "-w", "1", "-o"], ["new", "--from"], ["catalog"],
                         ["records", "add", "--rejects"], ["records", "export", "-o"],
+                        ["cards", a, "-o"], ["labels", a, "--preview"],
                         ["workforms", "export"], ["workforms", "import"]):
             with self.subTest(command=command):
                 status, out, err = run(*command, "")
                 self.assertEqual((status, out), (2, b""))
                 self.assertIn("the name of a file is empty", err)
+
+    def test_an_empty_value_does_not_ask_for_all(self):
+        for command in (["edit", "delete", "500", self.source, "--where"],
+                        ["records", "delete", "--where"], ["pick", self.source, "--records"],
+                        ["show", self.source, "--where-text"],
+                        ["export", self.source, "--holdings-type"]):
+            with self.subTest(command=command):
+                status, out, err = run(*command, "")
+                self.assertEqual((status, out), (2, b""))
+                self.assertIn(f"{command[-1]}: its value is missing", err)
+
+    def test_no_output_takes_the_place_of_another_file(self):
+        self.path("ids", b"zs0001\n")
+        self.path("t.link").symlink_to("t")
+        run("records", "add", self.source)
+        store = self.home / "quillory.db"
+        kept = store.read_bytes()
+        for arguments, reason in (
+                ("convert damaged.mrc -o t --rejects t.link", "can't take both the records and"),
+                ("convert damaged.mrc -o t.link --rejects t", "can't take both the records and"),
+                ("pick a.mrc --ids ids -o ids", "is an input, and would be overwritten"),
+                ('convert a.mrc --to marc -o "$QUILLORY_HOME/quillory.db"', "this is the store"),
+                ('cards a.mrc -o "$QUILLORY_HOME/quillory.db"', "this is the store")):
+            with self.subTest(arguments=arguments):
+                status, _, err = shell(f'cd "$1"; "$Q" {arguments}', self.folder)
+                self.assertEqual(status, 2)
+                self.assertIn(reason, err)
+                self.assertEqual(store.read_bytes(), kept)
+                self.assertNotIn("t", self.names())
+        self.assertEqual(self.path("ids").read_bytes(), b"zs0001\n")
 
     def test_standard_output_under_other_names(self):
         for name in ("/dev/stdout", "/dev/fd/1", "/proc/self/fd/1", "t"):
@@ -73,6 +104,8 @@ class Outputs(Cli):
                         'repair capitals.mrc -o t --report /dev/full',
                         'edit delete 245 a.mrc -o t --report /dev/full',
                         'convert damaged.mrc -o t --rejects /dev/full',
+                        'extract damaged.mrc --fields 001 -o t --rejects /dev/full',
+                        'compare damaged.mrc a.mrc -o t --rejects /dev/full',
                         'records add damaged.mrc --rejects >(head -c 10 > /dev/null)'):
             with self.subTest(command=command):
                 status, _, err = shell(f'set -o pipefail; cd "$1"; "$Q" {command}', self.folder)

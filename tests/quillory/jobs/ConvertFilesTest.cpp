@@ -172,6 +172,7 @@ TEST(ConvertFiles, DamagedGzipGivesWhatUnpacks) {
     const std::pair<std::string, std::string> kFiles[] = {
         {gzip.substr(0, gzip.size() / 2), "cut short"},
         {gzip.substr(0, gzip.size() - 3), "cut short"},
+        {gzip.substr(0, 5), "cut short"},
         {gzip + "words", "bytes after the gzip data"},
         {flipped, "the gzip data is damaged"},
     };
@@ -179,7 +180,7 @@ TEST(ConvertFiles, DamagedGzipGivesWhatUnpacks) {
         SCOPED_TRACE(words);
         const Outcome outcome = Convert(given);
         EXPECT_EQ(outcome.status, kStatusFindings);
-        EXPECT_GT(outcome.output.size(), bytes.size() / 10);
+        EXPECT_TRUE(outcome.output.size() > bytes.size() / 10 || given.size() == 5);
         const bool isThere = std::ranges::any_of(outcome.lines, [&](const std::string& line) {
             return line.find(words) != line.npos && line.ends_with("unpacked has been read");
         });
