@@ -7,12 +7,11 @@
 #include <quillory/exchange/RecordWriter.h>
 #include <zorby/record/CommFormat.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <fuzz/Expect.h>
 #include <string>
 #include <string_view>
+#include <sys/mman.h>
+#include <unistd.h>
 #include <utility>
 #include <vector>
 
@@ -20,31 +19,32 @@ namespace quillory::fuzz {
 
 using zorby::fuzz::Expect;
 
-// Files of this run, which go with it.
-class Folder {
+// A file that no disk has to write.
+class MemoryFile {
 public:
-    Folder() {
-        std::string name = (std::filesystem::temp_directory_path() / "fuzz_carry.XXXXXX").string();
-        Expect(mkdtemp(name.data()) != nullptr, "there is a place for files");
-        path_ = name;
+    MemoryFile() : descriptor_(memfd_create("fuzz", MFD_CLOEXEC)) {
+        Expect(descriptor_ >= 0, "there is a place for a file");
     }
-    ~Folder() { std::filesystem::remove_all(path_); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
+    ~MemoryFile() { close(descriptor_); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
 
-    std::string File(const char* name) const { return (path_ / name).string(); }
+    // Result: the path, where the file has these bytes until the next call.
+    std::string Hold(std::string_view bytes) const {
+        Expect(ftruncate(descriptor_, 0) == 0, "a file can be emptied");
+        const ssize_t written = pwrite(descriptor_, bytes.data(), bytes.size(), 0);
+        Expect(written == static_cast<ssize_t>(bytes.size()), "a file can be written");
+        return "/proc/self/fd/" + std::to_string(descriptor_);
+    }
 
 private:
-    std::filesystem::path path_;
+    int descriptor_;
 };
 
 // The path of a file with these bytes, until the next call.
 inline std::string FileOf(const unsigned char* data, std::size_t size) {
-    static const Folder folder;
-    const std::string path = folder.File("in");
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
-    return path;
+    static const MemoryFile file;
+    return file.Hold({reinterpret_cast<const char*>(data), size});
 }
 
 // A record that outlives its reader.
@@ -69,13 +69,14 @@ struct CarryOptions {
     bool (*takes)(const Item& item) = [](const Item&) { return true; };
 };
 
-// Carries the records of a file. Gives nothing if one of them is cut, or is not given back in full.
+// Carries the records of a file into a text. Gives nothing if one of them is cut, or is not given
+// back in full.
 inline std::vector<Copy> Carry(const CarryOptions& options, const std::string& from,
-                               const std::string& to) {
+                               std::string& to) {
     std::vector<Copy> records;
     bool whole = true;
     Input input(from);
-    Output output(to);
+    Output output(Output::kToMemory, to);
     const auto reader = options.from->makeReader(input, options.lenient);
     const auto writer = options.to->makeWriter(output, options.oversize);
     Recoder recoder({kCharsetAuto, options.charset, {}});
@@ -128,10 +129,11 @@ inline void Compare(const std::vector<Copy>& written, const std::vector<Copy>& r
 
 // Carries the records of a file, and reads them back.
 inline void CarryThereAndBack(const CarryOptions& options, const std::string& path) {
-    const std::string to = path + ".out";
+    static const MemoryFile file;
+    std::string to;
     try {
         const std::vector<Copy> written = Carry(options, path, to);
-        if (!written.empty()) Compare(written, ReadAll(to, *options.to));
+        if (!written.empty()) Compare(written, ReadAll(file.Hold(to), *options.to));
     } catch (const FileError&) {
         // Damaged gzip data.
     }

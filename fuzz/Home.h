@@ -3,9 +3,29 @@
 #include <quillory/jobs/Library.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fuzz/Carry.h>
+#include <string>
 
 namespace quillory::fuzz {
+
+// A folder of this run, which goes with it.
+class Folder {
+public:
+    Folder() {
+        std::string name = (std::filesystem::temp_directory_path() / "fuzz_home.XXXXXX").string();
+        Expect(mkdtemp(name.data()) != nullptr, "there is a place for files");
+        path_ = name;
+    }
+    ~Folder() { std::filesystem::remove_all(path_); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    std::string File(const char* name) const { return (path_ / name).string(); }
+
+private:
+    std::filesystem::path path_;
+};
 
 // Settings, dictionaries and workforms as a new user has them.
 inline void PutAllInForce() {
