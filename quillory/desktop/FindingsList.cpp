@@ -36,7 +36,7 @@ void FindingsList::Show(const std::vector<Remark>& remarks, const std::optional<
             tr("As it is, the record can't be saved in this form."));
     }
     for (const Remark& remark : remarks) {
-        Add(remark.severity, remark.place, ToQt(RemarkText(remark)), ToQt(RuleOf(remark.rule).why));
+        Add(remark.severity, remark.place, ToQt(RemarkText(remark)), ToQt(remark.rule->why));
     }
 }
 
