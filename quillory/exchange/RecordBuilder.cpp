@@ -82,7 +82,7 @@ bool RecordBuilder::BeginField(std::string_view tag) {
     fields_.push_back(field);
     inField_ = true;
     if (hasTag) return true;
-    if (tag.empty()) return Fail({FaultCode::kFieldWithoutTag});
+    if (tag.empty()) return Fail(FaultCode::kFieldWithoutTag);
     return Fail({FaultCode::kTagNotThreeBytes, {}, Printable(tag)});
 }
 

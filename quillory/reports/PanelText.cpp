@@ -131,7 +131,10 @@ std::string ToText(const Panel& panel) {
     std::string text = "\u250C" + bar + "\u2510\n";
     for (std::size_t row = 0; row < rows; ++row) {
         std::string line;
-        for (const auto& [column, part] : grid[row]) line = Padded(line, column) + part;
+        for (const auto& [column, part] : grid[row]) {
+            line = Padded(line, column);
+            line += part;
+        }
         text += "\u2502" + Padded(line, columns) + "\u2502\n";
     }
     return text + "\u2514" + bar + "\u2518\n";
