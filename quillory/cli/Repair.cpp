@@ -50,8 +50,9 @@ std::string Details() {
 
 Choices<RepairClass> ClassChoices() {
     Choices<RepairClass> choices;
-    for (const RepairClassRow& row : RepairClasses())
+    for (const RepairClassRow& row : RepairClasses()) {
         choices.emplace_back(row.name, row.repairClass);
+    }
     return choices;
 }
 

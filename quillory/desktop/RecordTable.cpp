@@ -106,8 +106,9 @@ void RecordTable::RemoveField() {
     if (!field) return;
     record_.Do([&](EditSession& session) { session.Remove(*field); });
     const std::size_t last = record_.Session()->Now().fields.size();
-    if (last > 0)
+    if (last > 0) {
         setCurrentIndex(model_->IndexOf(std::min(*field, last - 1), 0, RecordModel::Text));
+    }
 }
 
 void RecordTable::MoveField(int by) {

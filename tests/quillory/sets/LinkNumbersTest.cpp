@@ -99,8 +99,9 @@ TEST(LinkNumbers, NoTwoPairsShareANumber) {
     const auto pairs = [&random](const std::string& text) {
         Lines lines;
         std::set<int> numbers;
-        for (auto left = random() % 6; left > 0; --left)
+        for (auto left = random() % 6; left > 0; --left) {
             numbers.insert(1 + static_cast<int>(random() % 12));
+        }
         for (const int number : numbers) {
             const std::string digits = (number < 10 ? "0" : "") + std::to_string(number);
             const std::string name = text + std::to_string(random() % 4);
