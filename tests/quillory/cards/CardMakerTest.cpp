@@ -101,9 +101,8 @@ TEST_F(Cards, WhatStandsInAnotherScriptComesWithItsField) {
 }
 
 TEST_F(Cards, WhatIsClosedGetsNoFullStop) {
-    const auto cards = CardsOf({kLeaderLine, "24500$aTitle", "500  $aIn Gedanken",
-                                "500  $a"
-                                "«Текст»",
+    const std::string russian = std::string("500  $a") + "«Текст»";
+    const auto cards = CardsOf({kLeaderLine, "24500$aTitle", "500  $aIn Gedanken", russian,
                                 "500  $aספר 1־", "500  $a注記。", "500  $aچرا؟"},
                                {kUseMainEntry});
     EXPECT_EQ(cards.at(0).Texts(kBlockBody),

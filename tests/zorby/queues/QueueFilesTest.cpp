@@ -84,10 +84,11 @@ TEST_F(QueueFiles, TheNumberIsFourBytesAndTheRestIsTheHosts) {
         cards.SeekToFirstCard();
         EXPECT_EQ(cards.GetPosition(), 4U);
         EXPECT_EQ(Bytes(), row.bytes);
-        cards.SetNumberOfPhysicalCards(row.count - 1);
+        const int fewer = row.count / 2;
+        cards.SetNumberOfPhysicalCards(fewer);
         EXPECT_EQ(cards.GetPosition(), 4U);
         EXPECT_EQ(Bytes().substr(4), row.bytes.substr(4));
-        EXPECT_EQ(cards.GetNumberOfPhysicalCards(), row.count - 1);
+        EXPECT_EQ(cards.GetNumberOfPhysicalCards(), fewer);
     }
 }
 
