@@ -212,7 +212,7 @@ TEST(Salvage, NothingIsInvented) {
         if (random() % 2 == 0) damaged.insert(at, 1, "x\037\036"[random() % 3]);
         for (const std::string& line : Divided(ReadOne(damaged, true).fields)) {
             if (line.starts_with("???")) continue;
-            EXPECT_TRUE(line.starts_with("001") || line.find("$") == 5 || line.size() < 7) << line;
+            EXPECT_TRUE(line.starts_with("001") || line.find('$') == 5 || line.size() < 7) << line;
         }
     }
 }

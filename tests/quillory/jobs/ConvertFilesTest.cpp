@@ -176,7 +176,9 @@ TEST(ConvertFiles, DamagedGzipGivesWhatUnpacks) {
         {gzip + "words", "bytes after the gzip data"},
         {flipped, "the gzip data is damaged"},
     };
-    for (const auto& [given, words] : kFiles) {
+    for (const auto& row : kFiles) {
+        const std::string& given = row.first;
+        const std::string& words = row.second;
         SCOPED_TRACE(words);
         const Outcome outcome = Convert(given);
         EXPECT_EQ(outcome.status, kStatusFindings);
