@@ -143,6 +143,7 @@ int RunCommand(const std::string& command, const std::string& file, const std::s
         words.push_back(word == "FILE" ? file : word == "RECORD" ? record : word);
     }
     std::vector<const char*> arguments;
+    arguments.reserve(words.size());
     for (const std::string& word : words) arguments.push_back(word.c_str());
     Arguments program("quillory", "", "");
     DeclareCommands(program);

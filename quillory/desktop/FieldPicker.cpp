@@ -70,7 +70,7 @@ void FieldPicker::ShowMatches(const QString& typed) {
 
 // A tag that the dictionary lacks can be typed in full.
 std::string FieldPicker::Tag() const {
-    const std::string typed = box_->text().trimmed().toStdString();
+    std::string typed = box_->text().trimmed().toStdString();
     if (TagNumber(typed) != kNoTag && TagNumber(typed) != 0) return typed;
     const QListWidgetItem* item = list_->currentItem();
     return item == nullptr ? std::string() : item->data(Qt::UserRole).toString().toStdString();

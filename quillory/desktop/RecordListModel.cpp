@@ -154,7 +154,6 @@ QVariant RecordListModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
             return CellText(*record, index.column());
         case Qt::ToolTipRole:
-            return isState ? StateText(Seen(*record)) : CellText(*record, index.column());
         case Qt::AccessibleTextRole:
             return isState ? StateText(Seen(*record)) : CellText(*record, index.column());
         case Qt::ForegroundRole:

@@ -98,7 +98,8 @@ void CheckMedia(const RecordInHand& record, const CodeList& carriers, RemarkSink
 
 bool NamesCarrier(std::string_view extent, std::string_view words) {
     const auto same = [](char a, char b) { return (a | 0x20) == (b | 0x20); };
-    return !std::ranges::search(extent, words, same).empty();
+    return std::search(extent.begin(), extent.end(), words.begin(), words.end(), same) !=
+           extent.end();
 }
 
 void CheckExtent(const RecordInHand& record, const CodeList& carriers, RemarkSink& remarks) {

@@ -106,7 +106,7 @@ OtherFormats::OtherFormats(bool allowsLocal) : allowsLocal_(allowsLocal) {}
 OtherFormats::~OtherFormats() = default;
 
 OtherFormats::Work& OtherFormats::WorkOf(MarcFormat format) {
-    auto& work = works_.at(format);
+    auto& work = works_.at(static_cast<std::size_t>(format));
     if (work == nullptr) work = std::make_unique<Work>(TextOf(format), allowsLocal_);
     return *work;
 }

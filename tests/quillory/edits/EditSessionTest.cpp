@@ -8,9 +8,7 @@
 namespace quillory {
 namespace {
 
-const Lines kMarc8{"LDR00000nam  2200000 a 4500", "001x",
-                   "24510\037aCaf\xE2"
-                   "e /\037cA.",
+const Lines kMarc8{"LDR00000nam  2200000 a 4500", "001x", "24510\037aCaf\342e /\037cA.",
                    "650 0\037aRivers.", "650 0\037aLakes."};
 
 Lines Given(EditSession& session) {
@@ -29,10 +27,7 @@ TEST(EditSession, KeepsTheBytesOfWhatWasNotTouched) {
     session.Remove(2);
     session.Insert(1, "100", "1 \037aA.");
     EXPECT_EQ(Given(session), (Lines{kMarc8[0], kMarc8[1], "1001 \037aA.",
-                                     "24510\037aCaf\xE2"
-                                     "e /\037c\xE2"
-                                     "E.",
-                                     kMarc8[4]}));
+                                     "24510\037aCaf\342e /\037c\342E.", kMarc8[4]}));
     session.Undo();
     session.Undo();
     session.Undo();

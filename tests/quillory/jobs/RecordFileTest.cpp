@@ -73,7 +73,7 @@ TEST(RecordFile, ReplacesOneRecordInAnyForm) {
 }
 
 TEST(RecordFile, KeepsWhatStandsAroundRecords) {
-    const std::string stray = "\r\n\0\x1A text between \x1D";
+    const std::string stray = std::string("\r\n") + '\0' + "\x1A text between \x1D";
     const std::string damaged = "00123nam  2200025   4500not at all\x1D";
     const TemporaryFile on(Marc("One") + stray + damaged + Marc("Two") + "\n", ".mrc");
     RecordFile file(on.Path());

@@ -32,7 +32,8 @@ protected:
     using Fields = std::vector<std::pair<std::string, std::string>>;
 
     // A line for each repair. The fields are then as the repair has them, and so is leader_.
-    std::string Repaired(const std::string& leader, Fields& fields, RepairOptions options = {}) {
+    std::string Repaired(const std::string& leader, Fields& fields,
+                         const RepairOptions& options = {}) {
         TestRecord test({"LDR" + leader});
         for (const auto& [tag, content] : fields) test.Add(tag + content);
         RecordRepairer repairer(Lists(), options);
@@ -45,7 +46,7 @@ protected:
         return said;
     }
 
-    std::string Repaired008(const std::string& field008, RepairOptions options = {},
+    std::string Repaired008(const std::string& field008, const RepairOptions& options = {},
                             const std::string& leader = kLeader) {
         Fields fields = {{"008", field008}};
         said_ = Repaired(leader, fields, options);

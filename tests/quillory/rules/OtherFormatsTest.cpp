@@ -31,8 +31,7 @@ const Lines kHoldings{
     "LDR00000ny  a22000001i 4500",
     "001h1",
     "004b1",
-    "008990101"
-    "4u    8   0001uu   0990101",
+    "0089901014u    8   0001uu   0990101",
     "852 1$aDLC$bMain$hPS1318$i.A1$zAsk$9x",
     "85303$81$av.$bno.$i(year)$j(month)",
     "863 0$81.1$a1$b2$i1999$j01",

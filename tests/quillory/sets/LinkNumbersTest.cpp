@@ -78,13 +78,18 @@ TEST(LinkNumbers, WhatIsNoLinkStays) {
     }
 }
 
+// Two fields, each linked to the other.
+void AddPair(Lines& lines, const std::string& tag, int number, const std::string& text) {
+    const std::string rest = (number < 10 ? "-0" : "-") + std::to_string(number) + "$a" + text;
+    lines.push_back(tag + "  $6880" + rest);
+    lines.push_back("880  $6" + tag + rest);
+}
+
 TEST(LinkNumbers, ThereAreNinetyNine) {
     const auto pairs = [](int count, const std::string& text) {
         Lines lines;
         for (int i = 1; i <= count; ++i) {
-            const std::string number = (i < 10 ? "0" : "") + std::to_string(i);
-            lines.push_back("500  $6880-" + number + "$a" + text + number);
-            lines.push_back("880  $6500-" + number + "$a" + text + number);
+            AddPair(lines, "500", i, text + std::to_string(i));
         }
         return lines;
     };
@@ -103,10 +108,7 @@ TEST(LinkNumbers, NoTwoPairsShareANumber) {
             numbers.insert(1 + static_cast<int>(random() % 12));
         }
         for (const int number : numbers) {
-            const std::string digits = (number < 10 ? "0" : "") + std::to_string(number);
-            const std::string name = text + std::to_string(random() % 4);
-            lines.push_back("700  $6880-" + digits + "$a" + name);
-            lines.push_back("880  $6700-" + digits + "$a" + name);
+            AddPair(lines, "700", number, text + std::to_string(random() % 4));
         }
         return lines;
     };

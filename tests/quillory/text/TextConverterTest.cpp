@@ -193,11 +193,10 @@ TEST(TextConverter, ALostByteSpoilsNoMoreThanItsRun) {
     const std::string after = " plain \u00E9";
     for (std::size_t at = 0; at < run.size(); ++at) {
         SCOPED_TRACE(at);
-        std::string lost = run;
-        lost.erase(at, 1);
+        std::string lost = "\x1B$1" + run + rest;
+        lost.erase(3 + at, 1);
         Losses losses;
-        const std::string utf8 =
-            Convert(kCharsetMarc8, kCharsetUtf8, "\x1B$1" + lost + rest, &losses);
+        const std::string utf8 = Convert(kCharsetMarc8, kCharsetUtf8, lost, &losses);
         EXPECT_TRUE(utf8.ends_with(after)) << utf8;
         EXPECT_TRUE(losses.Real());
     }
