@@ -191,10 +191,12 @@ TEST(TextConverter, ALostByteSpoilsNoMoreThanItsRun) {
         "\x1B(B plain \xE2"
         "e";
     const std::string after = " plain \u00E9";
+    const std::string escape = "\x1B$1";
+    const std::string whole = escape + run + rest;
     for (std::size_t at = 0; at < run.size(); ++at) {
         SCOPED_TRACE(at);
-        std::string lost = "\x1B$1" + run + rest;
-        lost.erase(3 + at, 1);
+        std::string lost = whole;
+        lost.erase(escape.size() + at, 1);
         Losses losses;
         const std::string utf8 = Convert(kCharsetMarc8, kCharsetUtf8, lost, &losses);
         EXPECT_TRUE(utf8.ends_with(after)) << utf8;
