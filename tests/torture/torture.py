@@ -14,6 +14,7 @@ import subprocess
 import sys
 import time
 import unittest
+import unittest.mock
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "cli"))
 
@@ -199,6 +200,22 @@ class Torture(Cli):
                 self.assertIn(kept, (b"old", b"00010"), (plan, err))
                 self.assertIn("quillory: ", err, plan)
             self.assertEqual(self.leftovers(), [], (plan, err))
+
+    @unittest.skipUnless(SHIM, "no library of failing calls")
+    def test_no_output_takes_its_name_before_it_is_on_the_disk(self):
+        plan = f"sync 1 {EIO}"
+        for arguments in (("convert",), ("pick", "--first", "1"), ("edit", "trim", "500"),
+                          ("repair",), ("export",)):
+            with self.subTest(arguments):
+                target = self.path("out.mrc", b"old")
+                command = (*arguments, self.path("sound.mrc"), "-o", target)
+                status, err = self.failing(plan, *command)
+                self.assertEqual((status, target.read_bytes()), (2, b"old"), err)
+                self.assertIn("out.mrc: can't be written: ", err)
+                with unittest.mock.patch.dict(os.environ, QUILLORY_SYNC="off"):
+                    status, err = self.failing(plan, *command)
+                self.assertIn(status, SAID_TO_BE_DONE, err)
+                self.assertNotEqual(target.read_bytes(), b"old", err)
 
     @unittest.skipUnless(SHIM, "no library of failing calls")
     def test_what_is_said_to_be_stored_is_stored_when_calls_fail(self):
