@@ -23,13 +23,14 @@ void EditedRecord::Begin(const Record& record) {
     given_ = &record;
     charset_ = options_.charset;
     leader_ = record.leader;
-    ForgetOccurrences(0);
+    occurrences_.clear();
+    tagCounts_.clear();
     fields_.clear();
     texts_.clear();
     changes_.clear();
     for (const zorby::CommFormatField& field : record.fields) {
         Field& own = fields_.emplace_back();
-        std::ranges::copy(field.tag, own.tag.begin());
+        own.tag = field.tag;
         own.given = field.content;
     }
 }
@@ -41,14 +42,14 @@ bool EditedRecord::IsControl(std::size_t index) const {
 // A record may have fields by the ten thousand: none is counted twice without need.
 Place EditedRecord::PlaceOf(std::size_t index) {
     while (occurrences_.size() <= index) {
-        occurrences_.push_back(++tagCounts_[fields_[occurrences_.size()].tag]);
+        occurrences_.push_back(++tagCounts_[std::string(TagOf(occurrences_.size()))]);
     }
     return Place::OfField(TagOf(index), occurrences_[index]);
 }
 
 void EditedRecord::ForgetOccurrences(std::size_t from) {
     for (; occurrences_.size() > from; occurrences_.pop_back()) {
-        --tagCounts_[fields_[occurrences_.size() - 1].tag];
+        --tagCounts_.find(TagOf(occurrences_.size() - 1))->second;
     }
 }
 
@@ -80,7 +81,7 @@ std::string_view EditedRecord::Decoded(std::string_view bytes, std::size_t indic
 std::string_view EditedRecord::ContentOf(std::size_t index) {
     Field& field = fields_[index];
     if (!field.isRead) {
-        field.decoded = field.content = Decoded(field.given, IndicatorsOf(TagOf(field)));
+        field.decoded = field.content = Decoded(field.given, IndicatorsOf(field.tag));
         field.isRead = true;
     }
     return field.content;
@@ -109,7 +110,7 @@ void EditedRecord::SetTag(std::size_t index, std::string_view tag) {
     const std::string before = WrittenField(PlaceOf(index), ContentOf(index));
     Note(PlaceOf(index), before, std::nullopt);
     ForgetOccurrences(index);
-    std::ranges::copy(tag, fields_[index].tag.begin());
+    fields_[index].tag = Hold(std::string(tag));
     fields_[index].isRenamed = true;
     Note(PlaceOf(index), std::nullopt, before);
 }
@@ -128,8 +129,7 @@ void EditedRecord::SetContent(std::size_t index, std::string content) {
 }
 
 void EditedRecord::Insert(std::size_t index, std::string_view tag, std::string content) {
-    Field field{{}, {}, {}, Hold(std::move(content)), true, true};
-    std::ranges::copy(tag, field.tag.begin());
+    const Field field{Hold(std::string(tag)), {}, {}, Hold(std::move(content)), true, true};
     ForgetOccurrences(index);
     fields_.insert(fields_.begin() + static_cast<std::ptrdiff_t>(index), field);
     Note(PlaceOf(index), std::nullopt, WrittenField(PlaceOf(index), field.content));
@@ -143,7 +143,7 @@ void EditedRecord::Remove(std::size_t index) {
 
 std::string EditedRecord::TagsInOrder() const {
     std::string tags;
-    for (const Field& field : fields_) tags.append(tags.empty() ? "" : " ").append(TagOf(field));
+    for (const Field& field : fields_) tags.append(tags.empty() ? "" : " ").append(field.tag);
     return tags;
 }
 
@@ -207,7 +207,7 @@ void EditedRecord::Give(Record& record, Losses& losses) {
     std::vector<zorby::CommFormatField> fields;
     fields.reserve(fields_.size());
     for (const Field& field : fields_) {
-        fields.push_back({TagOf(field), field.isChanged ? Encoded(field, losses) : field.given});
+        fields.push_back({field.tag, field.isChanged ? Encoded(field, losses) : field.given});
     }
     record.leader = leader_;
     record.fields = std::move(fields);

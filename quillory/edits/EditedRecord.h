@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <deque>
 #include <exception>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -47,7 +48,7 @@ public:
     std::string_view Leader() const { return leader_; }
     std::size_t Size() const { return fields_.size(); }
     // The views last until the next Begin.
-    std::string_view TagOf(std::size_t index) const { return TagOf(fields_[index]); }
+    std::string_view TagOf(std::size_t index) const { return fields_[index].tag; }
     std::string_view ContentOf(std::size_t index);
     bool IsControl(std::size_t index) const;
     Place PlaceOf(std::size_t index);
@@ -83,7 +84,7 @@ public:
 
 private:
     struct Field {
-        std::array<char, kTagSize> tag;
+        std::string_view tag;
         std::string_view given;    // in the record's character set; no data for a new field
         std::string_view decoded;  // `given` in UTF-8
         std::string_view content;  // in UTF-8, as it is now
@@ -96,7 +97,6 @@ private:
     // index.
     void ForgetOccurrences(std::size_t from);
 
-    static std::string_view TagOf(const Field& field) { return {field.tag.data(), kTagSize}; }
     Charset CharsetInHand();
     TextConverter& Converter(Charset from, Charset to);
     std::string_view Hold(std::string text) { return texts_.emplace_back(std::move(text)); }
@@ -115,7 +115,7 @@ private:
     std::string_view leader_;
     std::vector<Field> fields_;
     std::vector<std::uint32_t> occurrences_;  // of the first fields, as far as they are known
-    std::map<std::array<char, kTagSize>, std::uint32_t> tagCounts_;  // of these fields
+    std::map<std::string, std::uint32_t, std::less<>> tagCounts_;  // of these fields
     std::deque<std::string> texts_;
     std::vector<Change> changes_;
     Record view_;

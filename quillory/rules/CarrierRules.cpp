@@ -106,12 +106,13 @@ void CheckExtent(const RecordInHand& record, const CodeList& carriers, RemarkSin
     for (const CheckedField& field : record.Fields()) {
         if (field.number != 300) continue;
         const std::string_view extent = record.TextOf(field, 'a');
-        for (const auto& [words, codes] : kCarrierWords) {
-            const auto isNamed = [&](std::string_view code) { return IsAmong(code, codes); };
-            if (!NamesCarrier(extent, words) || std::ranges::any_of(carriers, isNamed)) continue;
+        for (const auto& row : kCarrierWords) {
+            const auto isNamed = [&](std::string_view code) { return IsAmong(code, row.codes); };
+            if (!NamesCarrier(extent, row.words)) continue;
+            if (std::ranges::any_of(carriers, isNamed)) continue;
             remarks.Add(RuleId::CarrierAgainstExtent, field.GetPlace().Subfield('a'),
-                        '"' + std::string(words) + '"',
-                        '"' + std::string(MediaTermOf(338, codes.substr(0, 2))) + '"');
+                        '"' + std::string(row.words) + '"',
+                        '"' + std::string(MediaTermOf(338, row.codes.substr(0, 2))) + '"');
         }
     }
 }
