@@ -139,7 +139,7 @@ void AddMoreSubfields(const CardRecord& record, const CardGroup& group, PrintIte
     }
 }
 
-ItemUse UseOf(EntryKind kind) {
+ItemUse UseOf(AddedEntryKind kind) {
     constexpr std::array<ItemUse, 4> kUses{kUseTitle, kUseName, kUseSeries, kUseSubject};
     return kUses[static_cast<std::size_t>(kind)];
 }
@@ -196,7 +196,7 @@ std::vector<PrintItem> CardMaker::CardsOf(const Record& record) {
         add(card);
     }
     const PrintItem base = Card(kUseTitle, texts, copies);
-    for (const EntryKind kind : {kEntryTitle, kEntryName, kEntrySeries, kEntrySubject}) {
+    for (const AddedEntryKind kind : {kEntryTitle, kEntryName, kEntrySeries, kEntrySubject}) {
         if (!IsMade(UseOf(kind))) continue;
         for (const AddedEntry& entry : entries) {
             if (entry.kind == kind) add(WithHeading(base, entry));

@@ -93,7 +93,7 @@ void AddTitleProper(const CardRecord& record, std::vector<AddedEntry>& entries) 
     entries.push_back({kEntryTitle, heading, "Title.", other});
 }
 
-void AddOf(const CardRecord& record, EntryKind kind, std::vector<AddedEntry>& entries) {
+void AddOf(const CardRecord& record, AddedEntryKind kind, std::vector<AddedEntry>& entries) {
     for (const CardField& field : record.Fields()) {
         const bool isName = kind == kEntryName && IsIn(kNameTags, field.tag);
         const bool isTitle = kind == kEntryTitle && IsIn(kTitleTags, field.tag) && HasEntry(field);

@@ -8,7 +8,7 @@
 
 namespace quillory {
 
-enum EntryKind : std::int32_t { kEntryTitle, kEntryName, kEntrySeries, kEntrySubject };
+enum AddedEntryKind : std::int32_t { kEntryTitle, kEntryName, kEntrySeries, kEntrySubject };
 
 // Which subject headings come on cards, by the thesaurus that their second indicator tells.
 enum SubjectChoice : std::int32_t {
@@ -20,7 +20,7 @@ enum SubjectChoice : std::int32_t {
 
 // A heading under which a record is found besides its main entry.
 struct AddedEntry {
-    EntryKind kind = kEntryTitle;
+    AddedEntryKind kind = kEntryTitle;
     std::string heading;  // as it stands above the main heading
     std::string tracing;  // as it stands at the foot of the main entry
     std::string other;    // the heading in another script; empty for none
