@@ -10,10 +10,12 @@
 namespace quillory {
 namespace {
 
-// A record is looked at again and again: that its number is there already says nothing.
+// A record is looked at again and again: that its numbers are there already says nothing.
 RuleWeights WeightsForOne() {
     RuleChoice choice;
-    choice.skip.emplace_back(RuleOf(RuleId::ControlNumberRepeated).name);
+    for (const RuleId rule : {RuleId::ControlNumberRepeated, RuleId::NumberRepeated}) {
+        choice.skip.emplace_back(RuleOf(rule).name);
+    }
     return RuleWeights(choice);
 }
 
