@@ -24,6 +24,7 @@ FindingsList::FindingsList(QWidget* parent) : QTreeWidget(parent) {
         const int row = indexOfTopLevelItem(item);
         if (row >= 0) Q_EMIT Chosen(places_[static_cast<std::size_t>(row)]);
     };
+    connect(header(), &QHeaderView::sectionResized, this, &FindingsList::FitRows);
     connect(this, &QTreeWidget::itemClicked, this, choose);
     connect(this, &QTreeWidget::itemActivated, this, choose);
 }
@@ -37,6 +38,16 @@ void FindingsList::Show(const std::vector<Remark>& remarks, const std::optional<
     }
     for (const Remark& remark : remarks) {
         Add(remark.severity, remark.place, ToQt(RemarkText(remark)), ToQt(remark.rule->why));
+    }
+}
+
+void FindingsList::FitRows() {
+    constexpr int kMargin = 4;
+    const QRect column(0, 0, columnWidth(kText) - 2 * kMargin, 0);
+    for (int row = 0; row < topLevelItemCount(); ++row) {
+        QTreeWidgetItem* item = topLevelItem(row);
+        const QRect text = fontMetrics().boundingRect(column, Qt::TextWordWrap, item->text(kText));
+        item->setSizeHint(kText, QSize(0, text.height() + kMargin));
     }
 }
 

@@ -24,6 +24,8 @@ Q_SIGNALS:
     void Chosen(const Place& place);
 
 private:
+    // A text that is longer than its column goes on in further lines.
+    void FitRows();
     void Add(Severity severity, const Place& place, const QString& text, const QString& why);
 
     std::vector<Place> places_;
