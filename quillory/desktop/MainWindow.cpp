@@ -263,7 +263,8 @@ void MainWindow::ShowCounts() {
         return;
     }
     RecordListing& listing = document_->Listing();
-    QString text = tr("%Ln record(s)", "", static_cast<int>(document_->File().Size()));
+    const std::size_t size = document_->File().Size();
+    QString text = size == 1 ? tr("1 record") : tr("%L1 records").arg(size);
     if (listing.IsFiltered()) text += tr(", %L1 shown").arg(listing.Size());
     if (const std::size_t changes = document_->File().Changes()) {
         text += tr(", %L1 changed and not saved").arg(changes);

@@ -88,8 +88,7 @@ bool MainWindow::MayLoseChanges(const QString& question) {
     if (!document_->IsChanged()) return true;
     const auto answer = QMessageBox::question(
         this, tr("Changes that are not saved"),
-        tr("%n record(s) changed.", "", static_cast<int>(document_->File().Changes())) + u'\n' +
-            question,
+        tr("Changed records: %L1.").arg(document_->File().Changes()) + u'\n' + question,
         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     if (answer == QMessageBox::Save) return Save();
     return answer == QMessageBox::Discard;

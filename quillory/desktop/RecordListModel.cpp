@@ -121,7 +121,7 @@ QString RecordListModel::StateText(const SeenRow& row) const {
     if (row.isDamaged) {
         text = tr("damaged, can't be read");
     } else if (row.remarks > 0 && row.severity) {
-        text = tr("%n finding(s), up to: %1", "", row.remarks).arg(WordOf(*row.severity));
+        text = tr("findings: %1, the heaviest: %2").arg(row.remarks).arg(WordOf(*row.severity));
     }
     return row.isChanged ? text + tr("; changed, not saved yet") : text;
 }
