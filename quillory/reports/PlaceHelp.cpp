@@ -1,3 +1,4 @@
+#include <quillory/exchange/LineReader.h>
 #include <quillory/reports/CodedScreen.h>
 #include <quillory/reports/DictionaryNames.h>
 #include <quillory/reports/FieldDocument.h>
@@ -5,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <string_view>
 
 namespace quillory {
 namespace {
@@ -21,8 +23,34 @@ std::string TextOf(const Place& place, zorby::EDISPLAYOPTIONS display) {
             text = ToText(*subfield) + '\n';
         }
     }
-    if (const auto field = DescribeField(tag, display, true)) text += ToText(*field);
+    if (const auto field = DescribeField(tag, display, !place.IsControl())) text += ToText(*field);
     return text;
+}
+
+// Lines of "0  No added entry", and others that are no part of a paragraph.
+bool IsOfList(std::string_view line) {
+    const std::size_t start = std::min(line.find_first_not_of(' '), line.size());
+    return line.find("  ", start) != line.npos;
+}
+
+// A window breaks the lines of a paragraph by itself.
+std::string WithWholeParagraphs(std::string_view text) {
+    constexpr std::string_view kIndent = "    ";
+    std::string whole;
+    bool isParagraph = false;
+    while (!text.empty()) {
+        const std::string_view line = TakeLine(text);
+        const bool isPart = line.starts_with(kIndent) && !IsOfList(line);
+        if (isPart && isParagraph) {
+            whole.back() = ' ';
+            whole += line.substr(kIndent.size());
+        } else {
+            whole += isPart ? line.substr(kIndent.size()) : line;
+        }
+        whole += '\n';
+        isParagraph = isPart;
+    }
+    return whole;
 }
 
 std::optional<DecodedField> Decoded(const Place& place, const Record& record,
@@ -53,7 +81,7 @@ PlaceHelp HelpOn(const Place& place, const Record& record, const Decoder& decode
     if (const auto field = place.IsControl() ? Decoded(place, record, decoder) : std::nullopt) {
         AppendDecoded(*field, 0, {}, help.text);
     } else if (place.Number() != kNoTag) {
-        help.text = TextOf(place, display);
+        help.text = WithWholeParagraphs(TextOf(place, display));
     }
     return help;
 }
