@@ -1,0 +1,79 @@
+#include <quillory/desktop/Desk.h>
+#include <quillory/desktop/DeskSettings.h>
+#include <quillory/desktop/MainWindow.h>
+#include <quillory/desktop/RecordTable.h>
+#include <quillory/desktop/RepairDialog.h>
+#include <quillory/desktop/Theme.h>
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+namespace quillory {
+namespace {
+
+// Pictures go into the folder that DESK_PICTURES names, if it does.
+void Keep(QWidget& window, const QString& name) {
+    const QString folder = qEnvironmentVariable("DESK_PICTURES");
+    if (!folder.isEmpty()) window.grab().save(folder + u'/' + name + QStringLiteral(".png"));
+}
+
+// What the texts of labels and buttons need is there.
+void ExpectNothingCut(const QWidget& window) {
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const auto* label = qobject_cast<const QLabel*>(widget);
+        const auto* button = qobject_cast<const QAbstractButton*>(widget);
+        if (!widget->isVisible() || (label == nullptr && button == nullptr)) continue;
+        const QString text = label != nullptr ? label->text() : button->text();
+        if (text.isEmpty() || (label != nullptr && label->wordWrap())) continue;
+        EXPECT_GE(widget->width(), widget->minimumSizeHint().width()) << text.toStdString();
+        EXPECT_GE(widget->height(), widget->minimumSizeHint().height()) << text.toStdString();
+    }
+}
+
+TEST(Looks, NothingIsCutInAnySizeOrTheme) {
+    const QTemporaryDir home;
+    qputenv("QUILLORY_HOME", home.path().toUtf8());
+    Desk desk;
+    for (const bool isDark : {false, true}) {
+        for (const QSize size : {QSize(1366, 768), QSize(1024, 640)}) {
+            const QString name = QStringLiteral("%1-%2").arg(
+                isDark ? QStringLiteral("dark") : QStringLiteral("light"),
+                QString::number(size.width()));
+            SCOPED_TRACE(name.toStdString());
+            SetTheme(isDark);
+            DeskSettings settings{QString()};
+            MainWindow window(desk, settings);
+            window.resize(size);
+            window.show();
+            ExpectNothingCut(window);
+            Keep(window, QStringLiteral("welcome-") + name);
+            ASSERT_TRUE(window.Open(QStringLiteral(SAMPLES "catalogue.mrk")));
+            while (window.IsWorking()) QTest::qWait(1);
+            window.Table().GoTo(*ParsePlace("245 $a"));
+            QApplication::processEvents();
+            EXPECT_EQ(window.width(), size.width());
+            EXPECT_EQ(window.height(), size.height());
+            ExpectNothingCut(window);
+            Keep(window, QStringLiteral("record-") + name);
+            window.Table().GoTo(*ParsePlace("008"));
+            QApplication::processEvents();
+            Keep(window, QStringLiteral("coded-") + name);
+            QTest::keyClick(&window, Qt::Key_T, Qt::ControlModifier);
+            window.findChild<QTabWidget*>()->setCurrentIndex(1);
+            QApplication::processEvents();
+            ExpectNothingCut(window);
+            Keep(window, QStringLiteral("text-") + name);
+        }
+    }
+    SetTheme(false);
+}
+
+}  // namespace
+}  // namespace quillory
