@@ -27,7 +27,7 @@ public:
 
 // What of a text on the clipboard goes into the real text.
 std::string OwnOrPlain(const std::string& text) {
-    if (text == LastCopy()) return text;
+    if (CurrentClipboardPort().IsInQm() || text == LastCopy()) return text;
     std::string plain;
     CGeneral::TextToQmCharSet(text.data(), plain, static_cast<unsigned>(text.size()));
     return plain;

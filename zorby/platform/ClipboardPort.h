@@ -16,6 +16,9 @@ public:
     virtual bool HasText() const = 0;
     // Returns nothing if there is no text or the clipboard can't be opened.
     virtual std::optional<std::string> GetText() const = 0;
+    // Whether the text is in the `Qm` code, whoever put it there. A host says so that carries the
+    // clipboard's text over. Otherwise only what a field of this program has copied is.
+    virtual bool IsInQm() const { return false; }
     virtual void SetText(std::string_view text) = 0;
 };
 

@@ -58,6 +58,21 @@ TEST_F(EditClipboard, NothingToPaste) {
     EXPECT_EQ(Real(), "abc");
 }
 
+// A host that carries the clipboard over into the code says so, and all of its text is pasted.
+TEST_F(EditClipboard, ATextThatTheHostHasCarriedOverIsPastedWhole) {
+    class CarryingClipboard : public MemoryClipboard {
+    public:
+        bool IsInQm() const override { return true; }
+    };
+    CarryingClipboard carrying;
+    const ClipboardInForce inForce(carrying);
+    carrying.text = "Caf\xE6 a\xAB";
+    edit.EditPaste();
+    EXPECT_EQ(Shown(), "Caf\xE6 a\xAB|");
+    edit.EditUndo();
+    EXPECT_EQ(Shown(), "|");
+}
+
 TEST_F(EditClipboard, CutAndClearAreStepsOfUndo) {
     edit.SetWindowTextA("one two");
     edit.SetSel(3, 7);
