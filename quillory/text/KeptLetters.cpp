@@ -1,0 +1,62 @@
+#include <quillory/text/KeptLetters.h>
+#include <quillory/text/Utf8.h>
+
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+namespace quillory {
+namespace {
+
+// Characters with the marks that follow them.
+std::vector<std::string_view> LettersOf(std::string_view text) {
+    std::vector<std::string_view> letters;
+    letters.reserve(text.size());
+    while (!text.empty()) {
+        std::size_t size = DecodeUtf8(text).size;
+        while (size < text.size()) {
+            const Utf8Char next = DecodeUtf8(text.substr(size));
+            if (!next.valid || !IsCombining(next.codePoint)) break;
+            size += next.size;
+        }
+        letters.push_back(text.substr(0, size));
+        text.remove_prefix(size);
+    }
+    return letters;
+}
+
+bool AreSame(std::string_view a, std::string_view b) {
+    return a == b || Normalized(a, kNormalFormC) == Normalized(b, kNormalFormC);
+}
+
+NormalForm FormOf(std::string_view text) {
+    const bool isApart = Normalized(text, kNormalFormD) == text;
+    return isApart && Normalized(text, kNormalFormC) != text ? kNormalFormD : kNormalFormC;
+}
+
+template <class Letters>
+std::size_t SizeOf(const Letters& letters) {
+    std::size_t size = 0;
+    for (const std::string_view letter : letters) size += letter.size();
+    return size;
+}
+
+}  // namespace
+
+std::string WithLettersKept(std::string_view given, std::string_view edited) {
+    const std::vector<std::string_view> before = LettersOf(given);
+    const std::vector<std::string_view> after = LettersOf(edited);
+    const auto front = std::ranges::mismatch(before, after, AreSame);
+    const std::size_t head = SizeOf(std::ranges::subrange(before.begin(), front.in1));
+    const auto back = std::mismatch(before.rbegin(), std::make_reverse_iterator(front.in1),
+                                    after.rbegin(), std::make_reverse_iterator(front.in2), AreSame);
+    const std::size_t tail = SizeOf(std::ranges::subrange(before.rbegin(), back.first));
+    const std::size_t from = SizeOf(std::ranges::subrange(after.begin(), front.in2));
+    const std::size_t to =
+        edited.size() - SizeOf(std::ranges::subrange(after.rbegin(), back.second));
+    std::string text(given.substr(0, head));
+    text += Normalized(edited.substr(from, to - from), FormOf(given));
+    return text.append(given.substr(given.size() - tail));
+}
+
+}  // namespace quillory
