@@ -1,7 +1,9 @@
 #include <quillory/desktop/CellEditor.h>
+#include <quillory/desktop/MarcEdit.h>
 #include <quillory/desktop/RecordModel.h>
 #include <quillory/places/Tag.h>
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -16,6 +18,21 @@ constexpr int kShownLines = 6;  // of a long text that is edited
 
 }  // namespace
 
+bool CellEditor::IsOfCompanion(const QWidget* widget) const {
+    return companion_ && widget != nullptr &&
+           (widget == companion_ || companion_->isAncestorOf(widget));
+}
+
+// From there the focus goes back to the text, or the text is finished.
+void CellEditor::SetCompanion(const QWidget* companion) {
+    companion_ = companion;
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget* old, const QWidget* now) {
+                const bool isElsewhere = now != nullptr && now != box_ && !IsOfCompanion(now);
+                if (IsOfCompanion(old) && isElsewhere) Finish();
+            });
+}
+
 void CellEditor::Finish() {
     if (box_ == nullptr) return;
     QWidget* box = box_;
@@ -25,23 +42,42 @@ void CellEditor::Finish() {
 }
 
 bool CellEditor::TypeDelimiter() {
-    auto* text = qobject_cast<QPlainTextEdit*>(box_.data());
-    if (text == nullptr) return false;
-    text->insertPlainText(kDelimiterSign);
+    if (auto* marc = qobject_cast<MarcEdit*>(box_.data())) {
+        marc->TypeText(kDelimiterSign);
+    } else if (auto* text = qobject_cast<QPlainTextEdit*>(box_.data())) {
+        text->insertPlainText(kDelimiterSign);
+    } else {
+        return false;
+    }
     return true;
+}
+
+bool CellEditor::TypeCharacter(unsigned id) {
+    auto* text = qobject_cast<MarcEdit*>(box_.data());
+    if (text == nullptr) return false;
+    text->setFocus();
+    text->TypeCharacter(id);
+    return true;
+}
+
+// A box for a text, which grows with it.
+QPlainTextEdit* CellEditor::MakeTextBox(QWidget* parent, const QModelIndex& index) {
+    const auto* record = qobject_cast<const RecordModel*>(index.model());
+    const bool isOfSubfield = record != nullptr && record->PartOf(index);
+    auto* text = isOfSubfield ? new MarcEdit(parent) : new QPlainTextEdit(parent);
+    text->setTabChangesFocus(true);
+    text->setFrameShape(QFrame::Box);
+    text->document()->setDocumentMargin(2);
+    text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    const QVariant font = index.data(Qt::FontRole);
+    text->setFont(font.isValid() ? font.value<QFont>() : parent->font());
+    return text;
 }
 
 QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                                   const QModelIndex& index) const {
     if (index.column() == RecordModel::Text) {
-        auto* text = new QPlainTextEdit(parent);
-        text->setTabChangesFocus(true);
-        text->setFrameShape(QFrame::Box);
-        text->document()->setDocumentMargin(2);
-        text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        text->setFont(index.data(Qt::FontRole).isValid() ? index.data(Qt::FontRole).value<QFont>()
-                                                         : parent->font());
-        box_ = text;
+        box_ = MakeTextBox(parent, index);
     } else {
         auto* line = new QLineEdit(parent);
         line->setMaxLength(index.column() == RecordModel::Tag ? static_cast<int>(kTagSize) : 1);
@@ -54,7 +90,9 @@ QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem& /
 
 void CellEditor::setEditorData(QWidget* editor, const QModelIndex& index) const {
     const QString value = index.data(Qt::EditRole).toString();
-    if (auto* text = qobject_cast<QPlainTextEdit*>(editor)) {
+    if (auto* marc = qobject_cast<MarcEdit*>(editor)) {
+        marc->SetText(value);
+    } else if (auto* text = qobject_cast<QPlainTextEdit*>(editor)) {
         text->setPlainText(value);
         text->moveCursor(QTextCursor::End);
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
@@ -65,7 +103,9 @@ void CellEditor::setEditorData(QWidget* editor, const QModelIndex& index) const 
 
 void CellEditor::setModelData(QWidget* editor, QAbstractItemModel* model,
                               const QModelIndex& index) const {
-    if (auto* text = qobject_cast<QPlainTextEdit*>(editor)) {
+    if (auto* marc = qobject_cast<MarcEdit*>(editor)) {
+        model->setData(index, marc->Text(), Qt::EditRole);
+    } else if (auto* text = qobject_cast<QPlainTextEdit*>(editor)) {
         model->setData(index, text->toPlainText(), Qt::EditRole);
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
         model->setData(index, line->text(), Qt::EditRole);
@@ -84,6 +124,9 @@ void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewIte
 
 // Enter takes a text as it takes a line; there are no line ends in a field.
 bool CellEditor::eventFilter(QObject* editor, QEvent* event) {
+    if (event->type() == QEvent::FocusOut && IsOfCompanion(QApplication::focusWidget())) {
+        return false;
+    }
     if (event->type() == QEvent::KeyPress && qobject_cast<QPlainTextEdit*>(editor) != nullptr) {
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;

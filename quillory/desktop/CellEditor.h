@@ -1,7 +1,11 @@
 #pragma once
 
+#include <quillory/desktop/MarcPorts.h>
+
 #include <QPointer>
 #include <QStyledItemDelegate>
+
+class QPlainTextEdit;
 
 namespace quillory {
 
@@ -13,12 +17,18 @@ class CellEditor : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    // A widget that can take the focus while a text is typed, which stays open then. Keeps the
+    // pointer.
+    void SetCompanion(const QWidget* companion);
+
     // The box that is open; null if none is.
     QWidget* Box() const { return box_; }
     // Takes what is in the open box, and closes it.
     void Finish();
     // Puts a delimiter at the caret of the open box of a text. False if there is none.
     bool TypeDelimiter();
+    // Types a character of the palette into the open box of a subfield. False if there is none.
+    bool TypeCharacter(unsigned id);
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
@@ -33,6 +43,12 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
+    static QPlainTextEdit* MakeTextBox(QWidget* parent, const QModelIndex& index);
+
+    bool IsOfCompanion(const QWidget* widget) const;
+
+    MarcPorts ports_;
+    QPointer<const QWidget> companion_;
     mutable QPointer<QWidget> box_;
 };
 

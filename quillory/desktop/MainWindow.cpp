@@ -1,9 +1,11 @@
+#include <quillory/desktop/CharacterPalette.h>
 #include <quillory/desktop/Desk.h>
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
 #include <quillory/desktop/FindingsList.h>
 #include <quillory/desktop/LinesEditor.h>
 #include <quillory/desktop/MainWindow.h>
+#include <quillory/desktop/MarcView.h>
 #include <quillory/desktop/MessageBar.h>
 #include <quillory/desktop/RecordListModel.h>
 #include <quillory/desktop/RecordModel.h>
@@ -210,11 +212,36 @@ QWidget* MainWindow::MakeSide() {
         layout->setContentsMargins(0, 0, 0, 0);
         layout->setSpacing(0);
     }
+    side->addWidget(MakePalette(side));
     connect(findings_, &FindingsList::Chosen, this, [this](const Place& place) {
         tabs_->setCurrentWidget(table_);
         table_->GoTo(place);
     });
     return side;
+}
+
+QWidget* MainWindow::MakePalette(QWidget* side) {
+    palette_ = new CharacterPalette(side);
+    palette_->hide();
+    table_->SetCompanion(palette_);
+    connect(palette_, &CharacterPalette::Chosen, this, &MainWindow::TypeCharacter);
+    connect(palette_, &CharacterPalette::Left, this, [this] {
+        if (tabs_->currentWidget() == lines_) {
+            lines_->Box().setFocus();
+        } else {
+            table_->TakeFocus();
+        }
+    });
+    return palette_;
+}
+
+void MainWindow::TypeCharacter(unsigned id) {
+    if (tabs_->currentWidget() == lines_) {
+        lines_->Box().setFocus();
+        lines_->Box().insertPlainText(CharacterText(id));
+    } else if (!table_->TypeCharacter(id)) {
+        messages_->Say(tr("Go to the text of a subfield first: the character is typed there."));
+    }
 }
 
 void MainWindow::Try(const Handler& work) {

@@ -23,6 +23,7 @@ class QTimer;
 
 namespace quillory {
 
+class CharacterPalette;
 class Desk;
 class DeskSettings;
 class Document;
@@ -54,6 +55,7 @@ public:
     LinesEditor& Lines() { return *lines_; }
     FindingsList& Findings() { return *findings_; }
     QTableView& List() { return *list_; }
+    CharacterPalette& Palette() { return *palette_; }
     MessageBar& Messages() { return *messages_; }
     std::optional<std::size_t> Current() const { return current_; }
     bool IsWorking() const;
@@ -76,6 +78,7 @@ private:
     QWidget* MakeList();
     QWidget* MakeEditor();
     QWidget* MakeSide();
+    QWidget* MakePalette(QWidget* side);
     void MakeMenus();
     void MakeFileMenu();
     void MakeEditMenu();
@@ -109,6 +112,7 @@ private:
     void ShowHelp();
     void AddField();
     void Repair();
+    void TypeCharacter(unsigned id);
     void Undo();
     void Redo();
     void SetDisplay(int display);
@@ -134,6 +138,7 @@ private:
     QPlainTextEdit* help_ = nullptr;
     QLabel* findingsHeading_ = nullptr;
     FindingsList* findings_ = nullptr;
+    CharacterPalette* palette_ = nullptr;
     QLabel* counts_ = nullptr;
     QProgressBar* progress_ = nullptr;
     QTimer* work_ = nullptr;

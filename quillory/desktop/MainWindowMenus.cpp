@@ -1,3 +1,4 @@
+#include <quillory/desktop/CharacterPalette.h>
 #include <quillory/desktop/Desk.h>
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
@@ -106,11 +107,14 @@ void MainWindow::MakeEditMenu() {
     undo_ = Add(menu, tr("&Undo"), QKeySequence::Undo, kUndo, [this] { Undo(); });
     redo_ = Add(menu, tr("&Redo"), QKeySequence(tr("Ctrl+Shift+Z")), kRedo, [this] { Redo(); });
     menu->addSeparator();
-    Add(menu, tr("&Copy Field"), QKeySequence(tr("Ctrl+Shift+C")), kRecord,
+    Add(menu, tr("Copy &Field"), QKeySequence(tr("Ctrl+Shift+C")), kRecord,
         [this] { table_->CopyField(); });
     Add(menu, tr("&Paste Fields"), QKeySequence(tr("Ctrl+Shift+V")), kRecord, [this] {
         if (!table_->PasteFields()) messages_->Warn(tr("There are no fields on the clipboard."));
     });
+    menu->addSeparator();
+    Add(menu, tr("Special &Characters"), QKeySequence(tr("Ctrl+M")), kRecord,
+        [this] { palette_->Toggle(); });
 }
 
 void MainWindow::MakeRecordMenu() {

@@ -83,6 +83,26 @@ void RecordTable::Finish() {
     editor_->Finish();
 }
 
+bool RecordTable::TypeCharacter(unsigned id) {
+    if (editor_->TypeCharacter(id)) return true;
+    const QModelIndex text = currentIndex().siblingAtColumn(RecordModel::Text);
+    if (!model_->PartOf(text)) return false;
+    Edit(text);
+    return editor_->TypeCharacter(id);
+}
+
+void RecordTable::SetCompanion(const QWidget* companion) {
+    editor_->SetCompanion(companion);
+}
+
+void RecordTable::TakeFocus() {
+    if (editor_->Box() != nullptr) {
+        editor_->Box()->setFocus();
+    } else {
+        setFocus();
+    }
+}
+
 void RecordTable::Edit(const QModelIndex& index) {
     if (!index.isValid()) return;
     setCurrentIndex(index);

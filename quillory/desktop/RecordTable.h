@@ -26,6 +26,11 @@ public:
     void SetDisplay(zorby::EDISPLAYOPTIONS display);
     // Takes what is being typed into the record.
     void Finish();
+    // Types a character of the palette into the text in hand. False if there is none.
+    bool TypeCharacter(unsigned id);
+    // A widget to which the focus can go while a text is typed, and where it goes from there.
+    void SetCompanion(const QWidget* companion);
+    void TakeFocus();
 
     // Each is one step, and puts the cursor where a person goes on.
     void AddField(std::string_view tag);

@@ -1,0 +1,118 @@
+#include <quillory/desktop/CharacterPalette.h>
+#include <quillory/desktop/LinesEditor.h>
+
+#include <QPlainTextEdit>
+#include <QTableWidget>
+#include <tests/quillory/desktop/DeskTest.h>
+
+namespace quillory {
+namespace {
+
+// Letters by the keyboard and by the palette, undo, save: the bytes are those of MARC-8.
+TEST_F(DeskTest, DiacriticsAreTypedUndoneAndSaved) {
+    MarcEdit& box = Edit("245 $a");
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    Type(box, QString::fromUtf8("\u00C9c"));
+    QTest::keyClick(&box, Qt::Key_M, Qt::ControlModifier);
+    QTableWidget& grid = window_->Palette().Grid();
+    ASSERT_TRUE(grid.hasFocus());
+    EXPECT_EQ(OpenBox<MarcEdit>(), &box) << "the text stays open";
+    QTest::keyClick(&grid, Qt::Key_Down);
+    EXPECT_EQ(grid.currentItem()->toolTip(), "e with acute");
+    grid.setCurrentCell(6, 13);
+    EXPECT_EQ(grid.currentItem()->toolTip(), "Hacek");
+    QTest::keyClick(&grid, Qt::Key_Return);
+    EXPECT_TRUE(box.hasFocus());
+    EXPECT_EQ(box.Text(), QString::fromUtf8("\u00C9\u010D"));
+    QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(box.Text(), "Rivers /");
+    QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(box.Text(), QString::fromUtf8("\u00C9\u010D"));
+    const QRect cell = grid.visualItemRect(grid.item(0, 0));
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, cell.center());
+    EXPECT_TRUE(box.hasFocus()) << "the mouse takes no focus";
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(OpenBox<MarcEdit>(), nullptr);
+    EXPECT_EQ(Cell("245 $a"), QString::fromUtf8("\u00C9\u010D\u00E1"));
+    Press(Qt::Key_S, Qt::ControlModifier);
+    const std::string saved = file_->Read();
+    EXPECT_NE(saved.find("\037a\xE2"
+                         "E\xE9"
+                         "c\xE2"
+                         "a\037cJane"),
+              std::string::npos)
+        << saved;
+    EXPECT_TRUE(saved.ends_with(Book("Lakes") + Book("A sea")));
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Cell("245 $a"), "Rivers /");
+}
+
+TEST_F(DeskTest, ThePaletteTypesIntoWhatIsInHand) {
+    window_->Palette().Toggle();
+    QTableWidget& grid = window_->Palette().Grid();
+    const auto click = [&grid](int row, int column) {
+        const QRect cell = grid.visualItemRect(grid.item(row, column));
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, cell.center());
+    };
+    GoTo("245 $a");
+    click(5, 2);
+    ASSERT_NE(OpenBox<MarcEdit>(), nullptr) << "the text in hand is opened";
+    EXPECT_EQ(OpenBox<MarcEdit>()->Text(), QString::fromUtf8("Rivers /\u00F1"));
+    click(5, 7);
+    EXPECT_EQ(OpenBox<MarcEdit>()->Text(), QString::fromUtf8("Rivers /\u00F1"))
+        << "an empty cell types nothing";
+    window_->List().setFocus();
+    EXPECT_EQ(OpenBox<MarcEdit>(), nullptr);
+    EXPECT_EQ(Cell("245 $a"), QString::fromUtf8("Rivers /\u00F1"));
+    Press(Qt::Key_T, Qt::ControlModifier);
+    QPlainTextEdit& lines = window_->Lines().Box();
+    lines.moveCursor(QTextCursor::End);
+    click(6, 0);
+    EXPECT_TRUE(lines.toPlainText().contains(QChar(0x0301)));
+}
+
+// From the palette to another part of the window, the text is taken as when it is left.
+TEST_F(DeskTest, ATextThatIsLeftByWayOfThePaletteIsTaken) {
+    MarcEdit& box = Edit("245 $a");
+    Type(box, "x");
+    QTest::keyClick(&box, Qt::Key_M, Qt::ControlModifier);
+    window_->List().setFocus();
+    EXPECT_EQ(OpenBox<MarcEdit>(), nullptr);
+    EXPECT_EQ(Cell("245 $a"), "Rivers /x");
+}
+
+TEST_F(DeskTest, ADelimiterIsTypedIntoALibraryText) {
+    MarcEdit& box = Edit("245 $a");
+    Type(box, " =");
+    QTest::keyClick(&box, Qt::Key_D, Qt::ControlModifier);
+    Type(box, QString::fromUtf8("bFl\u00FCsse /"));
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(Cell("245 $a"), "Rivers / =");
+    EXPECT_EQ(Cell("245 $b"), QString::fromUtf8("Fl\u00FCsse /"));
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Cell("245 $a"), "Rivers /");
+}
+
+// A record with Hebrew, Arabic and Chinese: one field is edited, all others keep their bytes.
+TEST_F(DeskTest, OtherScriptsAreEditedAndSavedWhole) {
+    const auto record = [](const std::string& hebrew, const std::string& romanized) {
+        return MarcOf({"LDR00000nam a2200000 a 4500", "001h1", "24510\037a" + romanized,
+                       "88010\0376245-01/(2/r\037a" + hebrew + "\037c\u0645\u062D\u0645\u062F",
+                       "88000\0376500-02/$1\037a\u6771\u4EAC"});
+    };
+    Open(record("\u05E9\u05DC\u05D5\u05DD /", "Sha\u0304lom /"));
+    MarcEdit& box = Edit("880 $a");
+    EXPECT_FALSE(box.IsCoded());
+    Type(box, QString::fromUtf8("\u05D0"));
+    QTest::keyClick(&box, Qt::Key_Return);
+    MarcEdit& latin = Edit("245 $a");
+    EXPECT_TRUE(latin.IsCoded());
+    QTest::keyClick(&latin, Qt::Key_End);
+    Type(latin, "x");
+    QTest::keyClick(&latin, Qt::Key_Return);
+    ASSERT_TRUE(window_->Save());
+    EXPECT_EQ(file_->Read(), record("\u05E9\u05DC\u05D5\u05DD /\u05D0", "Sha\u0304lom /x"));
+}
+
+}  // namespace
+}  // namespace quillory
