@@ -1,4 +1,5 @@
 #include <quillory/desktop/CellEditor.h>
+#include <quillory/desktop/IndicatorEdit.h>
 #include <quillory/desktop/MarcEdit.h>
 #include <quillory/desktop/RecordModel.h>
 #include <quillory/places/Tag.h>
@@ -16,7 +17,22 @@ namespace {
 constexpr QChar kDelimiterSign = u'‡';
 constexpr int kShownLines = 6;  // of a long text that is edited
 
+// Where a box stands that is larger than its cell.
+QRect BelowOrAbove(const QRect& cell, const QSize& size, const QRect& room) {
+    QRect box(cell.bottomLeft(), size);
+    if (box.bottom() > room.bottom()) box.moveBottom(cell.top() - 1);
+    box.moveTop(std::max(box.top(), room.top()));
+    box.moveRight(std::min(box.right(), room.right()));
+    return box;
+}
+
 }  // namespace
+
+CellEditor::CellEditor(QObject* parent) : QStyledItemDelegate(parent) {
+    connect(this, &CellEditor::closeEditor, this, [this](const QWidget* editor) {
+        if (editor == box_) box_ = nullptr;
+    });
+}
 
 bool CellEditor::IsOfCompanion(const QWidget* widget) const {
     return companion_ && widget != nullptr &&
@@ -74,10 +90,23 @@ QPlainTextEdit* CellEditor::MakeTextBox(QWidget* parent, const QModelIndex& inde
     return text;
 }
 
+// Null for a cell that is no indicator, or one of a field with a tag that is no number.
+QWidget* CellEditor::MakeIndicatorBox(QWidget* parent, const QModelIndex& index) const {
+    const auto* record = qobject_cast<const RecordModel*>(index.model());
+    const Place place = record == nullptr ? Place::OfRecord() : record->PlaceOf(index);
+    if (place.indicator == 0 || place.Number() == kNoTag) return nullptr;
+    auto* box =
+        new IndicatorEdit(place.Number(), place.indicator, record->TextOf(index, '2'), parent);
+    connect(box, &IndicatorEdit::Chosen, this, [this] { const_cast<CellEditor*>(this)->Finish(); });
+    return box;
+}
+
 QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                                   const QModelIndex& index) const {
     if (index.column() == RecordModel::Text) {
         box_ = MakeTextBox(parent, index);
+    } else if (auto* indicator = MakeIndicatorBox(parent, index)) {
+        box_ = indicator;
     } else {
         auto* line = new QLineEdit(parent);
         line->setMaxLength(index.column() == RecordModel::Tag ? static_cast<int>(kTagSize) : 1);
@@ -95,6 +124,8 @@ void CellEditor::setEditorData(QWidget* editor, const QModelIndex& index) const 
     } else if (auto* text = qobject_cast<QPlainTextEdit*>(editor)) {
         text->setPlainText(value);
         text->moveCursor(QTextCursor::End);
+    } else if (auto* indicator = qobject_cast<IndicatorEdit*>(editor)) {
+        indicator->SetValue(value);
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
         line->setText(value);
         line->selectAll();
@@ -107,6 +138,8 @@ void CellEditor::setModelData(QWidget* editor, QAbstractItemModel* model,
         model->setData(index, marc->Text(), Qt::EditRole);
     } else if (auto* text = qobject_cast<QPlainTextEdit*>(editor)) {
         model->setData(index, text->toPlainText(), Qt::EditRole);
+    } else if (auto* indicator = qobject_cast<IndicatorEdit*>(editor)) {
+        if (!indicator->Value().isEmpty()) model->setData(index, indicator->Value(), Qt::EditRole);
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {
         model->setData(index, line->text(), Qt::EditRole);
     }
@@ -115,19 +148,21 @@ void CellEditor::setModelData(QWidget* editor, QAbstractItemModel* model,
 void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                       const QModelIndex& /*index*/) const {
     QRect box = option.rect;
-    if (qobject_cast<QPlainTextEdit*>(editor) != nullptr) {
+    if (qobject_cast<IndicatorEdit*>(editor) != nullptr) {
+        box = BelowOrAbove(box, editor->sizeHint(), editor->parentWidget()->rect());
+    } else if (qobject_cast<QPlainTextEdit*>(editor) != nullptr) {
         const int line = editor->fontMetrics().lineSpacing();
         box.setHeight(std::clamp(box.height() + line, 2 * line, (kShownLines + 1) * line));
     }
     editor->setGeometry(box);
 }
 
-// Enter takes a text as it takes a line; there are no line ends in a field.
+// Enter takes a text as it takes a line; there are no line ends in a field. A box that is closed
+// loses the focus once more.
 bool CellEditor::eventFilter(QObject* editor, QEvent* event) {
-    if (event->type() == QEvent::FocusOut && IsOfCompanion(QApplication::focusWidget())) {
-        return false;
-    }
-    if (event->type() == QEvent::KeyPress && qobject_cast<QPlainTextEdit*>(editor) != nullptr) {
+    if (event->type() == QEvent::FocusOut) {
+        if (editor != box_.data() || IsOfCompanion(QApplication::focusWidget())) return false;
+    } else if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(editor) == nullptr) {
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
         if (isEnter && key->modifiers() == Qt::NoModifier) {

@@ -9,13 +9,13 @@ class QPlainTextEdit;
 
 namespace quillory {
 
-// The boxes in which a person types into the cells of a record: a line for tags, indicators and
-// codes, a box that grows for text.
+// The boxes in which a person types into the cells of a record: a line for tags and codes, the
+// values of indicators, a box that grows for text.
 class CellEditor : public QStyledItemDelegate {
     Q_OBJECT
 
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    explicit CellEditor(QObject* parent = nullptr);
 
     // A widget that can take the focus while a text is typed, which stays open then. Keeps the
     // pointer.
@@ -44,6 +44,7 @@ protected:
 
 private:
     static QPlainTextEdit* MakeTextBox(QWidget* parent, const QModelIndex& index);
+    QWidget* MakeIndicatorBox(QWidget* parent, const QModelIndex& index) const;
 
     bool IsOfCompanion(const QWidget* widget) const;
 

@@ -121,6 +121,14 @@ QModelIndex RecordModel::IndexOf(std::size_t field, std::size_t part, int column
     return nearest < 0 ? QModelIndex() : index(nearest, column);
 }
 
+std::string RecordModel::TextOf(const QModelIndex& index, char code) const {
+    const auto field = FieldOf(index);
+    if (!field) return {};
+    const FieldParts parts = PartsOf(record_.Session()->Now().fields[*field].content);
+    const auto part = std::ranges::find(parts.parts, code, CodeOf);
+    return part == parts.parts.end() ? std::string() : std::string(quillory::TextOf(*part));
+}
+
 Place RecordModel::PlaceOf(const QModelIndex& index) const {
     if (!index.isValid()) return Place::OfRecord();
     const Row& row = rows_[static_cast<std::size_t>(index.row())];

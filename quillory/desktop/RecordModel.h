@@ -5,6 +5,7 @@
 
 #include <QAbstractTableModel>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace quillory {
@@ -33,6 +34,8 @@ public:
     // The subfield of a row; nothing for a row that is a whole field.
     std::optional<std::size_t> PartOf(const QModelIndex& index) const;
     QModelIndex IndexOf(std::size_t field, std::size_t part, int column) const;
+    // The text of the first subfield with a code in the field of a row, or an empty one.
+    std::string TextOf(const QModelIndex& index, char code) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -1,6 +1,8 @@
 #include <quillory/desktop/CharacterPalette.h>
+#include <quillory/desktop/IndicatorEdit.h>
 #include <quillory/desktop/LinesEditor.h>
 
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTableWidget>
 #include <tests/quillory/desktop/DeskTest.h>
@@ -112,6 +114,46 @@ TEST_F(DeskTest, OtherScriptsAreEditedAndSavedWhole) {
     QTest::keyClick(&latin, Qt::Key_Return);
     ASSERT_TRUE(window_->Save());
     EXPECT_EQ(file_->Read(), record("\u05E9\u05DC\u05D5\u05DD /\u05D0", "Sha\u0304lom /x"));
+}
+
+// The values of the dictionary, by keys and by the mouse; what is no value changes nothing.
+TEST_F(DeskTest, IndicatorsAreChosenFromTheirValues) {
+    const auto open = [this](const std::string& place) {
+        GoTo(place);
+        Table().edit(Table().currentIndex());
+        return OpenBox<IndicatorEdit>();
+    };
+    IndicatorEdit* values = open("245/1");
+    ASSERT_NE(values, nullptr);
+    EXPECT_EQ(values->Value(), "1");
+    QTest::keyClick(&values->List(), Qt::Key_Up);
+    EXPECT_EQ(values->Value(), "0");
+    QTest::keyClick(&values->List(), Qt::Key_Return);
+    EXPECT_EQ(Cell("245/1", RecordModel::First), "0");
+
+    GoTo("100/1");
+    QTest::keyClick(&Table(), Qt::Key_3);
+    values = OpenBox<IndicatorEdit>();
+    ASSERT_NE(values, nullptr) << "a key opens the values and chooses one";
+    EXPECT_EQ(values->List().currentItem()->text().left(1), "3");
+    QTest::keyClick(&values->List(), Qt::Key_Tab);
+    EXPECT_EQ(Cell("100/1", RecordModel::First), "3");
+    QTest::keyClick(OpenBox<QWidget>(), Qt::Key_Escape);
+
+    values = open("100/1");
+    QTest::keyClick(&values->List(), Qt::Key_0);
+    QTest::keyClick(&values->List(), Qt::Key_Escape);
+    EXPECT_EQ(Cell("100/1", RecordModel::First), "3");
+    values = open("100/1");
+    const QRect first = values->List().visualItemRect(values->List().item(0));
+    QTest::mouseClick(values->List().viewport(), Qt::LeftButton, {}, first.center());
+    EXPECT_EQ(Cell("100/1", RecordModel::First), "0");
+    values = open("245/2");
+    QTest::keyClick(&values->List(), Qt::Key_4);
+    window_->List().setFocus();
+    EXPECT_EQ(Cell("245/2", RecordModel::Second), "4") << "taken when it is left";
+    ASSERT_TRUE(window_->Save());
+    EXPECT_NE(file_->Read().find("04\037aRivers"), std::string::npos);
 }
 
 }  // namespace
