@@ -1,4 +1,5 @@
 #include <quillory/desktop/FieldPicker.h>
+#include <quillory/desktop/FieldTree.h>
 #include <quillory/desktop/Texts.h>
 #include <quillory/places/Tag.h>
 #include <quillory/reports/FieldDocument.h>
@@ -10,6 +11,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QVBoxLayout>
 
 namespace quillory {
@@ -28,19 +30,41 @@ bool HasWords(const QString& text, const QString& typed) {
 }  // namespace
 
 FieldPicker::FieldPicker(QWidget* parent)
-    : QDialog(parent), box_(new QLineEdit(this)), list_(new QListWidget(this)) {
+    : QDialog(parent),
+      tabs_(new QTabWidget(this)),
+      box_(new QLineEdit),
+      list_(new QListWidget),
+      tree_(new FieldTree) {
     setWindowTitle(tr("New field"));
     resize(kWidth, kHeight);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    add_ = buttons->button(QDialogButtonBox::Ok);
+    add_->setText(tr("Add"));
+    tabs_->addTab(MakeNames(), tr("By &Name"));
+    tabs_->addTab(tree_, tr("By &Group"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(tabs_);
+    layout->addWidget(buttons);
+    connect(tabs_, &QTabWidget::currentChanged, this, &FieldPicker::UpdateButton);
+    connect(tree_, &FieldTree::Changed, this, &FieldPicker::UpdateButton);
+    connect(tree_, &QTreeWidget::itemDoubleClicked, this, [this](const QTreeWidgetItem* item) {
+        if (item->childCount() == 0 && !Tag().empty()) accept();
+    });
+    connect(list_, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    box_->setFocus();
+}
+
+QWidget* FieldPicker::MakeNames() {
+    auto* page = new QWidget(tabs_);
+    auto* layout = new QVBoxLayout(page);
+    layout->addWidget(box_);
+    layout->addWidget(list_);
     box_->setPlaceholderText(tr("Tag, or words of the name"));
     box_->setAccessibleName(tr("Tag, or words of the name"));
     box_->setClearButtonEnabled(true);
     list_->setAccessibleName(tr("Fields"));
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setText(tr("Add"));
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(box_);
-    layout->addWidget(list_);
-    layout->addWidget(buttons);
     for (unsigned tag = 1; tag < kTags; ++tag) {
         const auto field = DescribeField(tag, zorby::EDO_NameOnly, false);
         if (!field) continue;
@@ -48,11 +72,14 @@ FieldPicker::FieldPicker(QWidget* parent)
         item->setData(Qt::UserRole, ToQt(field->tag));
     }
     connect(box_, &QLineEdit::textChanged, this, &FieldPicker::ShowMatches);
-    connect(list_, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(list_, &QListWidget::currentRowChanged, this, &FieldPicker::UpdateButton);
     box_->installEventFilter(this);
     list_->setCurrentRow(0);
+    return page;
+}
+
+void FieldPicker::UpdateButton() {
+    add_->setEnabled(!Tag().empty());
 }
 
 void FieldPicker::ShowMatches(const QString& typed) {
@@ -66,10 +93,12 @@ void FieldPicker::ShowMatches(const QString& typed) {
     }
     list_->setCurrentRow(first);
     if (first >= 0) list_->scrollToItem(list_->item(first));
+    UpdateButton();
 }
 
 // A tag that the dictionary lacks can be typed in full.
 std::string FieldPicker::Tag() const {
+    if (tabs_->currentWidget() == tree_) return tree_->Tag();
     std::string typed = box_->text().trimmed().toStdString();
     if (TagNumber(typed) != kNoTag && TagNumber(typed) != 0) return typed;
     const QListWidgetItem* item = list_->currentItem();

@@ -7,10 +7,14 @@
 
 class QLineEdit;
 class QListWidget;
+class QPushButton;
+class QTabWidget;
 
 namespace quillory {
 
-// A field to add, by its tag or by words of its name.
+class FieldTree;
+
+// A field to add, by its tag, by words of its name or by its group.
 class FieldPicker : public QDialog {
     Q_OBJECT
 
@@ -24,10 +28,15 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    QWidget* MakeNames();
     void ShowMatches(const QString& typed);
+    void UpdateButton();
 
+    QTabWidget* tabs_;
     QLineEdit* box_;
     QListWidget* list_;
+    FieldTree* tree_;
+    QPushButton* add_;
 };
 
 }  // namespace quillory

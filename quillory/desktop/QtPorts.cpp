@@ -79,20 +79,17 @@ void QtTree::Insert(zorby::TreeItem item, zorby::TreeItem parent, int index,
     items_[item] = shown;
 }
 
-void QtTree::ShowBox(QTreeWidgetItem& item, zorby::TreeBox box) {
+void QtTree::SetBox(zorby::TreeItem item, zorby::TreeBox box) {
     constexpr Qt::CheckState kStates[] = {Qt::Unchecked, Qt::Unchecked, Qt::Checked,
                                           Qt::PartiallyChecked};
-    item.setData(0, kBoxRole, static_cast<int>(box));
-    if (box == zorby::TreeBox::kNone) {
-        item.setData(0, Qt::CheckStateRole, {});
-    } else {
-        item.setCheckState(0, kStates[static_cast<int>(box)]);
-    }
-}
-
-void QtTree::SetBox(zorby::TreeItem item, zorby::TreeBox box) {
     const QSignalBlocker quiet(widget_);
-    ShowBox(*items_.at(item), box);
+    QTreeWidgetItem& shown = *items_.at(item);
+    shown.setData(0, kBoxRole, static_cast<int>(box));
+    if (box == zorby::TreeBox::kNone) {
+        shown.setData(0, Qt::CheckStateRole, {});
+    } else {
+        shown.setCheckState(0, kStates[static_cast<int>(box)]);
+    }
 }
 
 void QtTree::SetExpandable(zorby::TreeItem item, bool expandable) {
@@ -119,11 +116,11 @@ void QtTree::RemoveAll() {
 void QtTree::Report(std::function<void(zorby::TreeItem)> clicked,
                     const std::function<void(zorby::TreeItem)>& opens) {
     QObject::connect(&widget_, &QTreeWidget::itemChanged, &widget_,
-                     [this, clicked = std::move(clicked)](QTreeWidgetItem* item) {
-                         const QSignalBlocker quiet(widget_);
-                         ShowBox(*item,
-                                 static_cast<zorby::TreeBox>(item->data(0, kBoxRole).toInt()));
-                         clicked(NumberOf(item));
+                     [this, clicked = std::move(clicked)](const QTreeWidgetItem* item) {
+                         const zorby::TreeItem number = NumberOf(item);
+                         SetBox(number,
+                                static_cast<zorby::TreeBox>(item->data(0, kBoxRole).toInt()));
+                         clicked(number);
                      });
     QObject::connect(&widget_, &QTreeWidget::itemExpanded, &widget_,
                      [opens](QTreeWidgetItem* item) { opens(NumberOf(item)); });

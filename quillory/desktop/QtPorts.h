@@ -105,8 +105,6 @@ public:
     static zorby::TreeItem NumberOf(const QTreeWidgetItem* item);
 
 private:
-    static void ShowBox(QTreeWidgetItem& item, zorby::TreeBox box);
-
     std::map<zorby::TreeItem, QTreeWidgetItem*> items_;
 };
 

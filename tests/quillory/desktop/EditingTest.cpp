@@ -1,10 +1,19 @@
 #include <quillory/desktop/CharacterPalette.h>
+#include <quillory/desktop/FieldPicker.h>
+#include <quillory/desktop/FieldTree.h>
 #include <quillory/desktop/IndicatorEdit.h>
 #include <quillory/desktop/LinesEditor.h>
 
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabWidget>
 #include <QTableWidget>
+#include <QTimer>
+#include <functional>
 #include <tests/quillory/desktop/DeskTest.h>
 
 namespace quillory {
@@ -154,6 +163,55 @@ TEST_F(DeskTest, IndicatorsAreChosenFromTheirValues) {
     EXPECT_EQ(Cell("245/2", RecordModel::Second), "4") << "taken when it is left";
     ASSERT_TRUE(window_->Save());
     EXPECT_NE(file_->Read().find("04\037aRivers"), std::string::npos);
+}
+
+// A field is added by its group, by words of its name, or by a tag that the dictionary lacks.
+TEST_F(DeskTest, AFieldIsAddedFromTheTreeOrByName) {
+    const auto add = [this](const std::function<void(FieldPicker&)>& person) {
+        Activate();
+        QTimer::singleShot(0, [person] {
+            auto* picker = qobject_cast<FieldPicker*>(QApplication::activeModalWidget());
+            ASSERT_NE(picker, nullptr);
+            person(*picker);
+        });
+        Press(Qt::Key_Return, Qt::ControlModifier);
+        Table().Finish();
+        return std::string(Table().CurrentPlace().Tag());
+    };
+    const auto* const byTree = "511";
+    EXPECT_EQ(add([byTree](FieldPicker& picker) {
+                  auto& tabs = *picker.findChild<QTabWidget*>();
+                  tabs.setCurrentIndex(1);
+                  auto& tree = *picker.findChild<FieldTree*>();
+                  auto* ok = picker.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+                  EXPECT_FALSE(ok->isEnabled());
+                  const auto found = tree.findItems(byTree, Qt::MatchContains | Qt::MatchRecursive);
+                  ASSERT_FALSE(found.isEmpty());
+                  QTreeWidgetItem* field = found.front();
+                  EXPECT_EQ(field->parent()->text(0), "Notes");
+                  tree.setCurrentItem(field);
+                  EXPECT_EQ(field->checkState(0), Qt::Checked);
+                  tree.setCurrentItem(tree.itemBelow(field));
+                  EXPECT_EQ(field->checkState(0), Qt::Unchecked) << "one at a time";
+                  tree.setCurrentItem(field);
+                  QTest::keyClick(&tree, Qt::Key_Space);
+                  EXPECT_FALSE(ok->isEnabled()) << "the space key clears its box";
+                  QTest::keyClick(&tree, Qt::Key_Space);
+                  QTest::keyClick(&tree, Qt::Key_Return);
+              }),
+              byTree);
+    EXPECT_EQ(add([](FieldPicker& picker) {
+                  auto& box = *picker.findChild<QLineEdit*>();
+                  QTest::keyClicks(&box, "summary");
+                  QTest::keyClick(&box, Qt::Key_Return);
+              }),
+              "520");
+    EXPECT_EQ(add([](FieldPicker& picker) {
+                  auto& box = *picker.findChild<QLineEdit*>();
+                  QTest::keyClicks(&box, "987");
+                  QTest::keyClick(&box, Qt::Key_Return);
+              }),
+              "987");
 }
 
 }  // namespace
