@@ -1,4 +1,5 @@
 #include <quillory/desktop/CharacterPalette.h>
+#include <quillory/desktop/CodedEditor.h>
 #include <quillory/desktop/Desk.h>
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
@@ -176,6 +177,7 @@ QWidget* MainWindow::MakeEditor() {
     lines_ = new LinesEditor(record_, tabs_);
     tabs_->addTab(table_, tr("Record"));
     tabs_->addTab(lines_, tr("As Text"));
+    MakeCoded();
     connect(lines_, &LinesEditor::Typed, this, &MainWindow::UpdateActions);
     connect(table_, &RecordTable::PlaceChanged, this, &MainWindow::ShowHelp);
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
@@ -186,6 +188,8 @@ QWidget* MainWindow::MakeEditor() {
             return;
         }
         lines_->SetActive(isText);
+        coded_->SetActive(IsCodedShown());
+        ShowHelp();
         UpdateActions();
     });
     return tabs_;
@@ -213,10 +217,7 @@ QWidget* MainWindow::MakeSide() {
         layout->setSpacing(0);
     }
     side->addWidget(MakePalette(side));
-    connect(findings_, &FindingsList::Chosen, this, [this](const Place& place) {
-        tabs_->setCurrentWidget(table_);
-        table_->GoTo(place);
-    });
+    connect(findings_, &FindingsList::Chosen, this, &MainWindow::GoToFinding);
     return side;
 }
 
@@ -357,6 +358,7 @@ void MainWindow::ShowRecord(std::size_t record) {
 // What is being typed becomes a part of the record. False if it can't be read.
 bool MainWindow::FinishEditing() {
     table_->Finish();
+    coded_->Finish();
     if (lines_->Finish()) return true;
     messages_->Warn(
         tr("The text of the record can't be read yet: see below it. Undo takes back "
@@ -395,6 +397,7 @@ void MainWindow::CheckNow() {
     const auto obstacle =
         record_.Session()->IsChanged() ? record_.Session()->WhatIsWrong(isIso2709) : std::nullopt;
     table_->Model().SetRemarks(remarks);
+    coded_->SetRemarks(remarks);
     findings_->Show(remarks, obstacle);
     findingsHeading_->setText(remarks.empty() ? tr("Findings: none")
                                               : tr("Findings (%1)").arg(remarks.size()));
@@ -415,6 +418,7 @@ void MainWindow::ShowHelp() {
         help_->clear();
         return;
     }
+    if (ShowCodedHelp()) return;
     const PlaceHelp help =
         HelpOn(place, record_.Session()->InUtf8(), desk_.GetDecoder(), zorby::EDO_CodeAndName);
     helpHeading_->setText(ToQt(help.heading));

@@ -24,6 +24,7 @@ class QTimer;
 namespace quillory {
 
 class CharacterPalette;
+class CodedEditor;
 class Desk;
 class DeskSettings;
 class Document;
@@ -53,6 +54,7 @@ public:
     Document* OpenDocument() { return document_.get(); }
     RecordTable& Table() { return *table_; }
     LinesEditor& Lines() { return *lines_; }
+    CodedEditor& Coded() { return *coded_; }
     FindingsList& Findings() { return *findings_; }
     QTableView& List() { return *list_; }
     CharacterPalette& Palette() { return *palette_; }
@@ -107,6 +109,12 @@ private:
     void GoToRecord();
     void NextRecord(int by);
 
+    void MakeCoded();
+    void AddCodedActions(QMenu* menu);
+    bool IsCodedShown() const;
+    void GoToFinding(const Place& place);
+    bool ShowCodedHelp();
+
     bool FinishEditing();
     void TakeRecord();
     void ShowHelp();
@@ -134,6 +142,7 @@ private:
     QTabWidget* tabs_ = nullptr;
     RecordTable* table_ = nullptr;
     LinesEditor* lines_ = nullptr;
+    CodedEditor* coded_ = nullptr;
     QLabel* helpHeading_ = nullptr;
     QPlainTextEdit* help_ = nullptr;
     QLabel* findingsHeading_ = nullptr;

@@ -1,4 +1,5 @@
 #include <quillory/desktop/CharacterPalette.h>
+#include <quillory/desktop/CodedEditor.h>
 #include <quillory/desktop/Desk.h>
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
@@ -140,13 +141,14 @@ void MainWindow::MakeRecordMenu() {
         [this] { table_->GoToNextField(-1); });
     Add(menu, tr("As Te&xt"), QKeySequence(tr("Ctrl+T")), kRecord, [this] {
         const bool isText = tabs_->currentWidget() == lines_;
-        tabs_->setCurrentIndex(isText ? 0 : 1);
+        tabs_->setCurrentWidget(isText ? static_cast<QWidget*>(table_) : lines_);
         if (isText) {
             table_->setFocus();
         } else {
             lines_->Box().setFocus();
         }
     });
+    AddCodedActions(menu);
     menu->addSeparator();
     Add(menu, tr("Next Re&cord"), QKeySequence(tr("Ctrl+PgDown")), kFile,
         [this] { NextRecord(1); });
@@ -285,12 +287,14 @@ void MainWindow::Repair() {
 
 void MainWindow::Undo() {
     table_->Finish();
+    coded_->Finish();
     if (lines_->IsAhead()) return lines_->TakeBack();
     record_.Do([](EditSession& session) { session.Undo(); });
 }
 
 void MainWindow::Redo() {
     table_->Finish();
+    coded_->Finish();
     record_.Do([](EditSession& session) { session.Redo(); });
 }
 

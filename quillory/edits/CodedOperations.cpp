@@ -1,11 +1,11 @@
 #include <quillory/cataloging/CodedCheck.h>
+#include <quillory/edits/CodedChange.h>
 #include <quillory/edits/FieldParts.h>
 #include <quillory/edits/OperationMakers.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/queries/Values.h>
 
 #include <algorithm>
-#include <array>
 
 namespace quillory {
 namespace {
@@ -45,18 +45,6 @@ private:
     PlaceSet places_;
     std::string values_;
 };
-
-// Positions of the Leader that say how the record is stored.
-bool BelongToTheFile(const Place& place) {
-    struct Range {
-        int first;
-        int last;
-    };
-    constexpr std::array<Range, 3> kOfTheFile{{{0, 4}, {9, 16}, {20, 23}}};
-    return place.IsLeader() && std::ranges::any_of(kOfTheFile, [&place](const Range& range) {
-               return place.first <= range.last && range.first <= place.last;
-           });
-}
 
 class WritePositions : public Operation {
 public:
@@ -132,7 +120,7 @@ MadeOperation MakeSet(const Parameters& parameters, const EditTools& tools) {
         PlacesOfKind(parameters, "place", {PlaceKind::Positions},
                      "positions of a control field, such as 008/35-37 or leader/17");
     const PlacePattern& pattern = places.patterns.front();
-    if (places.patterns.size() > 1 || BelongToTheFile(pattern.place)) {
+    if (places.patterns.size() > 1 || BelongsToTheFile(pattern.place)) {
         const auto code =
             places.patterns.size() > 1 ? FaultCode::kOnePlaceOnly : FaultCode::kPositionsOfTheFile;
         throw ParameterError("place", {code, {}, parameters.Text("place")});

@@ -1,0 +1,242 @@
+#include <quillory/desktop/CodedChoice.h>
+#include <quillory/desktop/CodedEditor.h>
+#include <quillory/desktop/CodedStrip.h>
+#include <quillory/desktop/Desk.h>
+#include <quillory/desktop/DeskSettings.h>
+#include <quillory/desktop/FindingsList.h>
+#include <quillory/desktop/MainWindow.h>
+#include <quillory/desktop/RecordTable.h>
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <set>
+#include <tests/quillory/Records.h>
+#include <tests/quillory/exchange/TemporaryFile.h>
+
+namespace quillory {
+namespace {
+
+const std::string k008 = "240101s2023    nyua          000 0 eng d";
+
+std::string Book(const std::string& content008 = k008, const std::string& more = {}) {
+    Lines lines{"LDR00000cam a2200000 a 4500", "0011", "008" + content008,
+                "24510\037aRivers /\037cJane Doe."};
+    if (!more.empty()) lines.insert(lines.begin() + 2, more);
+    return MarcOf(lines);
+}
+
+// A person at the forms of a record.
+class CodedEditorTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        home_ = new QTemporaryDir;
+        qputenv("QUILLORY_HOME", home_->path().toUtf8());
+        desk_ = new Desk;
+    }
+    static void TearDownTestSuite() {
+        delete desk_;
+        delete home_;
+    }
+    void SetUp() override { Open(Book()); }
+
+    void Open(const std::string& bytes) {
+        window_.reset();
+        file_.emplace(bytes, ".mrc");
+        window_ = std::make_unique<MainWindow>(*desk_, settings_);
+        window_->show();
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+        ASSERT_TRUE(window_->Open(QString::fromStdString(file_->Path())));
+        while (window_->IsWorking()) QTest::qWait(1);
+    }
+    void Press(int key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        QTest::keyClick(window_.get(), static_cast<Qt::Key>(key), with);
+    }
+    template <class Control>
+    Control* Named(const QString& name) {
+        for (auto* control : window_->Coded().findChildren<Control*>()) {
+            if (control->isVisible() && control->accessibleName() == name) return control;
+        }
+        ADD_FAILURE() << "nothing is named " << name.toStdString();
+        return nullptr;
+    }
+    CodedChoice* Choice(const QString& name) { return Named<CodedChoice>(name); }
+    // Types into what has the keyboard, letter by letter.
+    static void Type(const QString& text) {
+        for (const QChar letter : text) {
+            QWidget* popup = QApplication::activePopupWidget();
+            QTest::keyClicks(popup != nullptr ? popup : QApplication::focusWidget(), letter);
+        }
+    }
+    // Letters that come after a while are not those of one word.
+    static void Rest() { QTest::qWait(QApplication::keyboardInputInterval() + 50); }
+    QTabBar& Fields() { return *window_->Coded().findChild<QTabBar*>(); }
+    std::string Saved() {
+        EXPECT_TRUE(window_->Save());
+        return file_->Read();
+    }
+
+    static QTemporaryDir* home_;
+    static Desk* desk_;
+    DeskSettings settings_{QString()};
+    std::optional<TemporaryFile> file_;
+    std::unique_ptr<MainWindow> window_;
+};
+
+QTemporaryDir* CodedEditorTest::home_ = nullptr;
+Desk* CodedEditorTest::desk_ = nullptr;
+
+// F8, a choice by its code, one by its words, a date: checked, saved, and nothing else has changed.
+TEST_F(CodedEditorTest, A008IsFilledByKeysAndSaved) {
+    Press(Qt::Key_F8);
+    EXPECT_EQ(Fields().tabText(Fields().currentIndex()), "008 books");
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_EQ(QApplication::focusWidget()->accessibleName(),
+              "Type of date/Publication status, 008/06");
+    Choice("Literary form, 008/33")->setFocus();
+    Type("1");
+    QLineEdit* date = Named<QLineEdit>("Date 1, 008/07-10");
+    date->setFocus();
+    date->selectAll();
+    Type("1999\t");
+    CodedChoice* language = Choice("Language, 008/35-37");
+    language->setFocus();
+    language->lineEdit()->selectAll();
+    Type("French\t");
+    EXPECT_EQ(language->currentText(), "fre  French");
+    Choice("Illustrations, 008/18-21, code 2 of 4")->setFocus();
+    Type("b");
+    window_->CheckNow();
+    EXPECT_EQ(Saved(), Book("240101s1999    nyuab         000 1 fre d"));
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Saved(), Book("240101s1999    nyua          000 1 fre d"));
+}
+
+TEST_F(CodedEditorTest, AValueThatNoListHasIsShownAndStays) {
+    Open(Book("240101s2o23    nyuq          00x 0 vvv d"));
+    Press(Qt::Key_F8);
+    EXPECT_EQ(Choice("Illustrations, 008/18-21, code 1 of 4")->currentText(), "q  not a code here");
+    EXPECT_EQ(Choice("Language, 008/35-37")->currentText(), "vvv  not a code here");
+    Choice("Language, 008/35-37")->setFocus();
+    Type("nonsense\t");
+    EXPECT_EQ(Choice("Language, 008/35-37")->currentText(), "vvv  not a code here");
+    Choice("Literary form, 008/33")->setFocus();
+    Type("1");
+    EXPECT_EQ(Saved(), Book("240101s2o23    nyuq          00x 1 vvv d"));
+}
+
+TEST_F(CodedEditorTest, AnObsoleteCodeIsMarkedAndLeavesTheListWithItsValue) {
+    Open(Book("240101s2023    nyua          000 0 fri d"));
+    Press(Qt::Key_F8);
+    CodedChoice* language = Choice("Language, 008/35-37");
+    EXPECT_TRUE(language->currentText().contains("obsolete"))
+        << language->currentText().toStdString();
+    const int count = language->count();
+    language->setFocus();
+    language->lineEdit()->selectAll();
+    Type("fry\t");
+    EXPECT_EQ(language->count(), count - 1);
+    EXPECT_EQ(Saved(), Book("240101s2023    nyua          000 0 fry d"));
+}
+
+TEST_F(CodedEditorTest, MaterialsAreGoneThroughAndTheWayBackLosesNothing) {
+    Open(Book("240101s2023    nyuabf jo     110 1aeng d"));
+    Press(Qt::Key_L, Qt::ControlModifier);
+    CodedChoice* type = Choice("Type of record, leader/06");
+    type->setFocus();
+    Type("e");
+    EXPECT_EQ(Fields().tabText(1), "008 maps");
+    Rest();
+    Type("g");
+    EXPECT_EQ(Fields().tabText(1), "008 visual materials");
+    Rest();
+    Type("a");
+    EXPECT_EQ(Fields().tabText(1), "008 books");
+    window_->CheckNow();
+    EXPECT_FALSE(window_->isWindowModified());
+    EXPECT_EQ(Saved(), Book("240101s2023    nyuabf jo     110 1aeng d"));
+}
+
+TEST_F(CodedEditorTest, A007IsAddedAndRemoved) {
+    Press(Qt::Key_F7);
+    const auto* advice = window_->Coded().findChild<QLabel*>();
+    EXPECT_TRUE(advice->isVisible());
+    QPushButton* add = nullptr;
+    QPushButton* remove = nullptr;
+    for (QPushButton* button : window_->Coded().findChildren<QPushButton*>()) {
+        if (button->text() == "Add") add = button;
+        if (button->text() == "Remove") remove = button;
+    }
+    ASSERT_TRUE(add != nullptr && remove != nullptr);
+    Q_EMIT add->menu()->aboutToShow();
+    for (QAction* action : add->menu()->actions().at(1)->menu()->actions()) {
+        if (action->text() == "DVD video") action->trigger();
+    }
+    EXPECT_EQ(Fields().tabText(Fields().currentIndex()), "007 videorecording");
+    EXPECT_EQ(Saved(), Book(k008, "007vd cvaizu"));
+    QTest::mouseClick(remove, Qt::LeftButton);
+    EXPECT_EQ(Saved(), Book());
+}
+
+TEST_F(CodedEditorTest, AClickOnAByteAndAFindingLeadToTheElement) {
+    Open(Book("240101s2023    nyua          000 0 ENG d"));
+    Press(Qt::Key_F8);
+    FindingsList& findings = window_->Findings();
+    window_->CheckNow();
+    for (int i = 0; i < findings.topLevelItemCount(); ++i) {
+        if (findings.topLevelItem(i)->text(1) != "008/35-37") continue;
+        Q_EMIT findings.itemClicked(findings.topLevelItem(i), 0);
+    }
+    EXPECT_EQ(PlaceText(window_->Coded().CurrentPlace()), "008/35-37");
+    auto* strip = window_->Coded().findChild<CodedStrip*>();
+    EXPECT_EQ(strip->First(), 35);
+    Q_EMIT strip->Clicked(15);
+    EXPECT_EQ(PlaceText(window_->Coded().CurrentPlace()), "008/15-17");
+    EXPECT_EQ(strip->Last(), 17);
+}
+
+// A field that is shorter or longer than the format has it, or of no known material.
+TEST_F(CodedEditorTest, FieldsThatAreNotAsTheFormatHasThemAreShownAndKept) {
+    const std::string shorter = "240101s2023    nyu";
+    const std::string longer = k008 + "more";
+    for (const std::string& content : {shorter, longer, std::string()}) {
+        SCOPED_TRACE(content);
+        Open(Book(content, "007?x"));
+        Press(Qt::Key_F8);
+        Press(Qt::Key_F7);
+        EXPECT_EQ(Fields().tabText(Fields().currentIndex()), "007 ?");
+        Press(Qt::Key_F8);
+        window_->Coded().Finish();
+        EXPECT_FALSE(window_->isWindowModified());
+        EXPECT_EQ(file_->Read(), Book(content, "007?x"));
+    }
+    Open(Book(shorter));
+    Press(Qt::Key_F8);
+    Choice("Illustrations, 008/18-21, code 1 of 4")->setFocus();
+    Type("a");
+    EXPECT_EQ(Saved(), Book(shorter + "a"));
+}
+
+TEST_F(CodedEditorTest, EveryControlHasANameOfItsOwn) {
+    for (const int key : {Qt::Key_F8, Qt::Key_F7, Qt::Key_F6}) {
+        Press(key);
+        std::set<QString> names;
+        for (const CodedChoice* choice : window_->Coded().findChildren<CodedChoice*>()) {
+            if (!choice->isVisible()) continue;
+            EXPECT_FALSE(choice->accessibleName().isEmpty());
+            EXPECT_TRUE(names.insert(choice->accessibleName()).second)
+                << choice->accessibleName().toStdString();
+        }
+    }
+}
+
+}  // namespace
+}  // namespace quillory
