@@ -67,10 +67,12 @@ TEST_F(EditClipboard, ATextThatTheHostHasCarriedOverIsPastedWhole) {
     CarryingClipboard carrying;
     const ClipboardInForce inForce(carrying);
     carrying.text = "Caf\xE6 a\xAB";
+    edit.SetWindowTextA("()");
+    edit.SetSel(1, 1);
     edit.EditPaste();
-    EXPECT_EQ(Shown(), "Caf\xE6 a\xAB|");
+    EXPECT_EQ(Shown(), "(Caf\xE6 a\xAB|)");
     edit.EditUndo();
-    EXPECT_EQ(Shown(), "|");
+    EXPECT_EQ(Shown(), "(|)");
 }
 
 TEST_F(EditClipboard, CutAndClearAreStepsOfUndo) {
