@@ -1,6 +1,7 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/queries/SearchWords.h>
 #include <quillory/reports/RecordListing.h>
+#include <quillory/sets/SortKey.h>
 
 #include <algorithm>
 #include <utility>
@@ -94,7 +95,7 @@ void RecordListing::CollectKeys(std::size_t records) {
         if (IsSorted()) {
             file_.Read(record, item_);
             const ListRow row = rows_.RowOf(item_.record);
-            sortTexts_.Append(quillory::TextOf(row, column_), key);
+            AppendTextKey(quillory::TextOf(row, column_), key);
             key.resize(std::min(key.size(), kKeySize));
         }
         keys_.push_back({texts_.size(), static_cast<std::uint32_t>(key.size()),

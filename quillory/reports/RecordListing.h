@@ -3,7 +3,6 @@
 #include <quillory/jobs/RecordFile.h>
 #include <quillory/jobs/RecordFilter.h>
 #include <quillory/reports/ListRow.h>
-#include <quillory/sets/SortKey.h>
 
 #include <cstdint>
 #include <memory>
@@ -69,7 +68,6 @@ private:
     std::vector<Key> keys_;
     std::string texts_;
     ListRows rows_;
-    SortTexts sortTexts_;
     Item item_;
 };
 

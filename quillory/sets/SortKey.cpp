@@ -1,4 +1,5 @@
 #include <quillory/sets/SortKey.h>
+#include <quillory/text/QmUnicode.h>
 #include <quillory/text/SearchText.h>
 #include <quillory/text/TextConverter.h>
 #include <quillory/text/Utf8.h>
@@ -59,13 +60,11 @@ void AppendMagnitude(std::string_view whole, std::string_view fraction, std::str
     key.append(whole).append(fraction) += '\0';
 }
 
-}  // namespace
-
-void SortTexts::AppendMixed(std::string_view utf8, std::string& key) const {
+void AppendMixedKey(std::string_view utf8, std::string& key) {
     while (!utf8.empty()) {
         const std::string_view letter = utf8.substr(0, LetterSize(utf8));
         std::string qm;
-        if (codes_.AppendQm(letter, qm)) {
+        if (QmUnicode::Of(kNormalFormC).AppendQm(letter, qm)) {
             AppendLibraryKey(std::move(qm), key);
         } else {
             key += kOtherScript;
@@ -75,16 +74,18 @@ void SortTexts::AppendMixed(std::string_view utf8, std::string& key) const {
     }
 }
 
-void SortTexts::Append(std::string_view utf8, std::string& key) const {
+}  // namespace
+
+void AppendTextKey(std::string_view utf8, std::string& key) {
     const std::string tidy = TidyText(utf8);
     std::string qm;
     std::string text;
     if (TextConverter::IsUntouched(tidy)) {
         AppendLibraryKey(tidy, text);
-    } else if (codes_.AppendQm(tidy, qm)) {
+    } else if (QmUnicode::Of(kNormalFormC).AppendQm(tidy, qm)) {
         AppendLibraryKey(std::move(qm), text);
     } else {
-        AppendMixed(tidy, text);
+        AppendMixedKey(tidy, text);
     }
     key += WithoutBlanks(text);
 }
@@ -120,7 +121,7 @@ bool RecordSortKeys::AppendPart(const Record& record, const KeyPlace& place, std
     } else if (isThere && !place.isTitle && place.place.patterns.front().IsCoded()) {
         part_ = *text;
     } else if (isThere) {
-        sortTexts_.Append(*text, part_);
+        AppendTextKey(*text, part_);
     }
     key += isThere ? kThere : kMissing;
     const std::size_t start = key.size();

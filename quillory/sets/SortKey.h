@@ -2,7 +2,6 @@
 
 #include <quillory/sets/KeyPlaces.h>
 #include <quillory/sets/PlaceText.h>
-#include <quillory/text/QmUnicode.h>
 
 #include <string>
 #include <string_view>
@@ -10,18 +9,10 @@
 
 namespace quillory {
 
-// Sort keys by the library's rules (zorby/charset/Compare.h), for texts of any script: what the
-// library's code lacks comes after all that it has, in the order of Unicode.
-class SortTexts {
-public:
-    // Appends the key of a text in UTF-8. It has no zero bytes.
-    void Append(std::string_view utf8, std::string& key) const;
-
-private:
-    void AppendMixed(std::string_view utf8, std::string& key) const;
-
-    QmUnicode codes_{kNormalFormC};
-};
+// Appends the sort key of a text by the library's rules (zorby/charset/Compare.h), for any script:
+// what the library's code lacks comes after all that it has, in the order of Unicode. The key has
+// no zero bytes.
+void AppendTextKey(std::string_view utf8, std::string& key);
 
 // Appends a text that compares, byte by byte, as the first number in `text` does: "v. 12", "-3.5".
 // False if there is none.
@@ -47,7 +38,6 @@ private:
 
     SortOrder order_;
     PlaceTexts texts_;
-    SortTexts sortTexts_;
     std::string part_;
 };
 

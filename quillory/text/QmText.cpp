@@ -4,19 +4,11 @@
 #include <zorby/charset/Convert.h>
 
 namespace quillory {
-namespace {
-
-const QmUnicode& Letters() {
-    static const QmUnicode letters(kNormalFormC);
-    return letters;
-}
-
-}  // namespace
 
 // What QmUnicode does not take goes by way of MARC-8.
 std::string QmToUtf8(std::string_view qm) {
     std::string utf8;
-    if (Letters().AppendUtf8(qm, utf8)) return utf8;
+    if (QmUnicode::Of(kNormalFormC).AppendUtf8(qm, utf8)) return utf8;
     utf8.clear();
     std::string marc8(qm);
     zorby::CSZorbyToMARC(marc8);
@@ -38,7 +30,7 @@ std::string QmLinesToUtf8(std::string_view lines) {
 
 bool Utf8ToQm(std::string_view utf8, std::string& qm) {
     std::string codes;
-    if (!Letters().AppendQm(utf8, codes)) return false;
+    if (!QmUnicode::Of(kNormalFormC).AppendQm(utf8, codes)) return false;
     qm = codes;
     return true;
 }

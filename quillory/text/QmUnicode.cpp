@@ -46,6 +46,15 @@ std::string Utf8Of(unsigned code) {
 
 }  // namespace
 
+const QmUnicode& QmUnicode::Of(NormalForm form) {
+    if (form == kNormalFormD) {
+        static const QmUnicode decomposed(kNormalFormD);
+        return decomposed;
+    }
+    static const QmUnicode composed(kNormalFormC);
+    return composed;
+}
+
 QmUnicode::QmUnicode(NormalForm form) : single_{}, marked_{}, low_{} {
     for (unsigned base = 0xFF; base >= 0x20; --base) {
         if (!IsBase(base)) continue;

@@ -14,7 +14,10 @@ namespace quillory {
 // diacritic at a time. It refuses text that could be read in two ways, which a slower road takes.
 class QmUnicode {
 public:
-    explicit QmUnicode(NormalForm form);
+    // Made when it is first asked for; text comes out of it in the normal form.
+    static const QmUnicode& Of(NormalForm form);
+    QmUnicode(const QmUnicode&) = delete;
+    QmUnicode& operator=(const QmUnicode&) = delete;
 
     // Appends the text in UTF-8, in the normal form. If it returns false, what it appended is of no
     // use.
@@ -25,6 +28,8 @@ public:
     bool AppendQm(std::string_view utf8, std::string& qm) const;
 
 private:
+    explicit QmUnicode(NormalForm form);
+
     static constexpr unsigned kFirstMark = 0xA3;
     static constexpr unsigned kMarks = 28;
 

@@ -1,4 +1,5 @@
 #include <quillory/text/CharacterReference.h>
+#include <quillory/text/QmUnicode.h>
 #include <quillory/text/TextConverter.h>
 #include <zorby/charset/Compare.h>
 #include <zorby/charset/Convert.h>
@@ -80,7 +81,7 @@ void AppendValidUtf8(std::string_view text, std::string& utf8, Losses& losses) {
 }  // namespace
 
 TextConverter::TextConverter(Charset from, Charset to, NormalForm form)
-    : from_(from), to_(to), form_(form), qm_(form) {}
+    : from_(from), to_(to), form_(form) {}
 
 bool TextConverter::IsUntouched(std::string_view text) {
     const char* p = text.data();
@@ -115,14 +116,14 @@ bool TextConverter::EngineToUtf8(std::string_view marc8, std::string& out) {
     zorby::CSZorbyToMARC(check_);
     if (check_ != marc8 || EndsWithDiacritic(marc8)) return false;
     const std::size_t start = out.size();
-    if (qm_.AppendUtf8(codes_, out)) return true;
+    if (QmUnicode::Of(form_).AppendUtf8(codes_, out)) return true;
     out.resize(start);
     return false;
 }
 
 bool TextConverter::EngineToMarc8(std::string_view utf8, std::string& out) {
     codes_.clear();
-    if (!qm_.AppendQm(utf8, codes_) || codes_.empty()) return false;
+    if (!QmUnicode::Of(form_).AppendQm(utf8, codes_) || codes_.empty()) return false;
     const auto last = static_cast<unsigned char>(codes_.back());
     std::string& marc8 = check_;
     marc8 = codes_;

@@ -4,7 +4,6 @@
 #include <quillory/text/IconvConverter.h>
 #include <quillory/text/Losses.h>
 #include <quillory/text/Marc8Unicode.h>
-#include <quillory/text/QmUnicode.h>
 
 #include <memory>
 #include <string>
@@ -39,7 +38,6 @@ private:
     Charset from_;
     Charset to_;
     NormalForm form_;
-    QmUnicode qm_;
     std::unique_ptr<Marc8Unicode> slowRoad_;
     std::unique_ptr<IconvConverter> otherFrom_, otherTo_;
     std::string utf8_;

@@ -15,8 +15,7 @@ namespace {
 constexpr std::size_t kHexEscape = 4;  // \xHH
 
 const quillory::QmUnicode& Code() {
-    static const quillory::QmUnicode code(quillory::kNormalFormC);
-    return code;
+    return quillory::QmUnicode::Of(quillory::kNormalFormC);
 }
 
 std::string Formatted(const char* format, unsigned number) {

@@ -1,4 +1,5 @@
 #include <quillory/text/CharacterReference.h>
+#include <quillory/text/QmUnicode.h>
 #include <quillory/text/TextConverter.h>
 #include <zorby/charset/Convert.h>
 #include <zorby/charset/KeyTable.h>
@@ -75,7 +76,7 @@ TEST(TextConverter, TwinsBothWays) {
 
 // All that the one-byte code holds, alone and under each diacritic, by the engine and by libyaz.
 TEST(TextConverter, FastAndSlowRoadAgree) {
-    const QmUnicode fast(kNormalFormC);
+    const QmUnicode& fast = QmUnicode::Of(kNormalFormC);
     Marc8Unicode slow(kNormalFormC);
     int held = 0;
     int cameBack = 0;
