@@ -300,7 +300,9 @@ constexpr Words kWords[] = {
      "a value in a column without a name"},
     {FaultCode::kHoldingsControlCharacter, "holdings-control-character",
      "{found}: a control character"},
-    {FaultCode::kHoldingsNoRoom, "holdings-no-room", "{found}: no room for a further value"},
+    {FaultCode::kHoldingsNoRoom, "holdings-no-room",
+     "{found}: no room for this value: the element takes no more of them, or the value has the "
+     "character that divides elements in its subfield"},
     {FaultCode::kHoldingsUnusedLine, "holdings-unused-line", "no record has {found}"},
     {FaultCode::kNoSuchElement, "no-such-element",
      "\"{found}\" is not an element of {allowed}; `quillory describe --holdings` shows the "

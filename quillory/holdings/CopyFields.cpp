@@ -1,3 +1,4 @@
+#include <quillory/exchange/Subfields.h>
 #include <quillory/holdings/CopyFields.h>
 #include <quillory/places/Tag.h>
 #include <zorby/record/Pmarc.h>
@@ -8,6 +9,20 @@ namespace quillory {
 namespace {
 
 constexpr std::size_t kIndicators = 2;
+constexpr std::string_view kLocation = "852";
+
+// The prefix of a call number comes before the number itself, as it is read.
+std::string WithPrefixFirst(const std::string& content) {
+    std::string before;
+    std::string prefix;
+    std::string rest;
+    ForEachSubfield(content, [&](char code, std::string_view text) {
+        const bool isNumber = code == 'h' || code == 'i' || code == 'j';
+        std::string& part = code == 'k' ? prefix : isNumber || !rest.empty() ? rest : before;
+        part.append(1, zorby::kDelimiter).append(1, code).append(text);
+    });
+    return content.substr(0, kIndicators) + before + prefix + rest;
+}
 
 }  // namespace
 
@@ -26,6 +41,7 @@ std::vector<CopyField> FieldsOfCopy(const zorby::CHoldingsDataRecord& copy,
         if (same != origin.end() && keepsIndicators) {
             own.content.replace(0, kIndicators, same->content.substr(0, kIndicators));
         }
+        if (own.tag == kLocation) own.content = WithPrefixFirst(own.content);
         made.push_back(std::move(own));
     }
     return made;

@@ -1,5 +1,6 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/holdings/CompositeText.h>
 #include <quillory/holdings/ElementMoves.h>
 #include <quillory/holdings/HoldingsColumn.h>
 #include <quillory/text/QmText.h>
@@ -17,6 +18,10 @@ using zorby::EHOLDINGSID;
 
 std::string NameOf(const HoldingsSystem& system, EHOLDINGSID id) {
     return QmToUtf8(system.type->GetFieldInfo(id)->GetName());
+}
+
+Fault NotMoved(const HoldingsSystem& system, EHOLDINGSID from, EHOLDINGSID into) {
+    return {FaultCode::kElementNotMoved, {}, NameOf(system, from), NameOf(system, into)};
 }
 
 // The order of output, in which values of one subfield keep the order of their elements' numbers:
@@ -69,7 +74,11 @@ ElementMoves::Outcome ElementMoves::Carry(const CHoldingsDataRecord& copy) const
     before.RemoveEmptyElements();
     // A value for a number of a repeating item goes to a further number if this one is taken.
     for (const auto& [from, into] : moves_) {
-        if (!before.Get(from).empty() && !IsSource(into)) before.DeleteElement(into);
+        const std::string value = before.Get(from);
+        if (!FitsItsElement(*system_.type->GetFieldInfo(into), value)) {
+            return {nullptr, NotMoved(system_, from, into)};
+        }
+        if (!value.empty() && !IsSource(into)) before.DeleteElement(into);
     }
     Outcome outcome{before.ChangeElementsNewDR(fromPath_, intoPath_, {}, 1), {}};
     if (!outcome.copy) return outcome;
@@ -77,9 +86,7 @@ ElementMoves::Outcome ElementMoves::Carry(const CHoldingsDataRecord& copy) const
     for (const auto& [from, into] : moves_) {
         const std::string value = before.Get(from);
         if (value.empty() || outcome.copy->Get(into) == value) continue;
-        return {
-            nullptr,
-            Fault{FaultCode::kElementNotMoved, {}, NameOf(system_, from), NameOf(system_, into)}};
+        return {nullptr, NotMoved(system_, from, into)};
     }
     return outcome;
 }

@@ -1,3 +1,4 @@
+#include <quillory/holdings/CompositeText.h>
 #include <quillory/holdings/HoldingsColumn.h>
 #include <quillory/text/QmText.h>
 #include <zorby/format/MARCFormat.h>
@@ -51,6 +52,8 @@ bool AddValue(const HoldingsColumn& column, std::string_view value,
         copy.AddHoldingItemHold(static_cast<int>(column.place.Number()), column.place.code, value);
         return true;
     }
+    const auto* element = zorby::CInfoAboutHoldingsTypeList::FindFromID(column.element);
+    if (element != nullptr && !FitsItsElement(*element, value)) return false;
     const int before = copy.GetSize();
     copy.Add(column.element, value, 1, 0);
     return copy.GetSize() > before;

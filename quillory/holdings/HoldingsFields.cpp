@@ -1,5 +1,7 @@
 #include <quillory/exchange/Subfields.h>
+#include <quillory/holdings/CompositeText.h>
 #include <quillory/holdings/HoldingsFields.h>
+#include <quillory/places/Tag.h>
 
 #include <algorithm>
 #include <iterator>
@@ -78,6 +80,17 @@ void HoldingsFields::Take(const Record& record, CopiesOfRecord& taken) const {
     std::vector<CommFormatField> fields;
     std::ranges::copy_if(record.fields, std::back_inserter(fields),
                          [this](const auto& field) { return IsTaken(field); });
+    // A field that a record has once goes with the first copy.
+    const auto isOnce = [this](const CommFormatField& field) {
+        return from_.type->FieldIsOnePerRecord(TagNumber(field.tag));
+    };
+    const auto once = std::ranges::find_if(fields, isOnce);
+    const auto first = std::ranges::find_if_not(fields, isOnce);
+    if (once != fields.end() && first != fields.end()) {
+        TakeCopy({*first, *once}, taken);
+        fields.erase(std::max(once, first));
+        fields.erase(std::min(once, first));
+    }
     std::vector<std::vector<CommFormatField>> byTag;
     for (const CommFormatField& field : fields) {
         const auto same = std::ranges::find_if(
@@ -133,7 +146,7 @@ void HoldingsFields::TakeSubfield(int tag, const Subfield& subfield, CopyInHand&
 bool HoldingsFields::TakeElement(const CInfoAboutHoldingsField* info, std::string_view text,
                                  CopyInHand& copy) const {
     const CInfoAboutHoldingsField* target = info != nullptr ? Target(*info) : nullptr;
-    if (target == nullptr) return false;
+    if (target == nullptr || !FitsItsElement(*target, text)) return false;
     if (target->GetRepeatDelimiter() != 0) return Join(*target, text, copy.elements);
     const int before = copy.elements.GetSize();
     copy.elements.Add(target->GetHoldingsID(), text, 1, 0);

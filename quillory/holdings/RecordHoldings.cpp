@@ -90,6 +90,14 @@ void RecordHoldings::MakeFields(const zorby::CHoldingsDataRecord& copy,
             fields.push_back({std::string(field.tag), std::string(field.content)});
         }
     }
+    // What a record has once is not said again with each copy.
+    std::erase_if(fields, [this](const CopyField& field) {
+        const bool isOnce =
+            to_.type != nullptr && to_.type->FieldIsOnePerRecord(TagNumber(field.tag));
+        return isOnce && std::ranges::any_of(made_, [&field](const CopyField& made) {
+                   return made.tag == field.tag && made.content == field.content;
+               });
+    });
     std::ranges::move(fields, std::back_inserter(made_));
 }
 

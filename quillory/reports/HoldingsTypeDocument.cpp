@@ -9,6 +9,13 @@
 namespace quillory {
 namespace {
 
+// Of a system that leaves it to the library where values go.
+constexpr const char* kFieldsOfSettings =
+    "This system has no elements of its own. A copy stands in those subfields of 852 that the "
+    "setting holdings.MandarinEZTransferHoldingsSubfields names, such as khip: prefix, class, "
+    "item part and bar code. A file of copies names its columns by place, such as 852h or 852p. "
+    "Fields 001 and 989 belong to the system, and are not written.";
+
 std::string SubfieldText(const zorby::CInfoAboutHoldingsField& element) {
     const auto code = static_cast<unsigned char>(element.GetSubfield());
     if (code >= ' ') return "$" + std::string(1, element.GetSubfield());
@@ -80,6 +87,7 @@ std::string ToText(const HoldingsTypeDocument& type) {
     for (const std::string& name : type.formerNames) text += "  (formerly " + name + ")";
     text += type.isInForce ? "  in force\n" : "\n";
     if (!type.elements) return text;
+    if (type.elements->empty()) text += Paragraph(kFieldsOfSettings, 7);
     for (const HoldingsElementDocument& element : *type.elements) text += ElementText(element);
     return text;
 }

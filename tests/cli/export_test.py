@@ -187,8 +187,32 @@ class Holdings(Export):
         out, _ = self.export(source, "--holdings", tsv)
         self.assertEqual(holdings_of(out, (b"852", b"853")), ["852  $hA$p7", "8534 $aother"])
 
+    def test_the_prefix_of_a_call_number_comes_first(self):
+        tsv = self.path("h.tsv", b"001\tClass number\tCall number prefix\tBar code\n"
+                        b"zs0001\t598\tREF\t77\n")
+        out, _ = self.export(self.utf8, "--holdings", tsv, "--holdings-type", "2")
+        self.assertEqual(holdings_of(records_of(out)[0]), ["852  $kREF$h598$p77"])
+
+    def test_what_a_record_has_once_is_not_repeated_and_makes_no_copy(self):
+        tsv = self.path("h.tsv", b"001\tCall number\tBar code\tLending policy\n"
+                        b"zs0001\t598\t77\tA\nzs0001\t598\t78\tA\n")
+        tags = (b"852", b"910")
+        expected = ["852  $h598$p77", "852  $h598$p78", "910  $bA"]
+        made, _ = self.export(self.utf8, "--holdings", tsv, "--holdings-type", "11")
+        for source, target in [("11", "1"), ("1", "11")]:
+            self.assertEqual(holdings_of(records_of(made)[0], tags), expected)
+            made, _ = self.export(self.path("made.mrc", made), "--holdings-from", source,
+                                  "--holdings-type", target)
+        self.assertEqual(holdings_of(records_of(made)[0], tags), expected)
+
 
 class Faults(Export):
+    def test_a_value_with_the_divider_of_a_composed_subfield_is_refused(self):
+        for system, value in [("13", b"A@B"), ("14", b"A|B")]:
+            tsv = self.path("h.tsv", b"001\tBar code\tVendor\nzs0001\t77\t" + value + b"\n")
+            _, err = self.export(self.utf8, "--holdings", tsv, "--holdings-type", system, status=2)
+            self.assertIn("h.tsv: line 2: Vendor: no room for this value", err)
+
     def test_each_fault_of_the_holdings_is_named_and_nothing_written(self):
         cases = [
             (TSV.replace(b"Price", b"Prise"), ["--holdings-type", "1"],

@@ -114,7 +114,7 @@ TEST_F(HoldingsFileTest, FaultsAreNamedByLineAndColumn) {
         {"{\"001\": \"x\", \"record\": 1, \"Price\": 2}\n", "1: more than one key"},
         {"{\"001\": \"x\", \"Prise\": 1}\n", "1: \"Prise\" is not a holdings element"},
         {"{\"001\": \"x\", \"Public note 1\": [\"a\", \"b\", \"c\", \"d\"]}\n",
-         "1: Public note 1: no room for a further value"},
+         "1: Public note 1: no room for this value: the element takes no more of them, or the "},
     };
     for (const auto& [text, fault] : cases) {
         const std::string said = FaultOf(text, system);
