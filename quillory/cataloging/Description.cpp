@@ -184,6 +184,7 @@ void DescriptionReader::Skip(std::size_t size) {
 
 void DescriptionReader::ReadHead() {
     const std::size_t size = FindRecord(rest_, 0);
+    headText_ = rest_.substr(0, size);
     const std::uint64_t lines = line_ - 1;
     if (SetErrorIfTooDeep(rest_.substr(0, size), lines, head_)) return;
     try {

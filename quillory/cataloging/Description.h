@@ -33,6 +33,9 @@ public:
     // Keeps the view.
     explicit DescriptionReader(std::string_view toml);
 
+    // What stands above the first [[record]]; empty if there is none.
+    std::string_view Head() const { return headText_; }
+
     // False at the end.
     bool Next(Description& description);
 
@@ -46,6 +49,7 @@ private:
     std::uint64_t offset_ = 0;
     std::uint64_t line_ = 1;
     Description head_;  // what stands above the first record
+    std::string_view headText_;
     bool hasRecords_ = false;
 };
 

@@ -53,8 +53,11 @@ bool Draft::Field::IsWanted() const {
     return first != nullptr && !first->text.empty() && !Has(first->code);
 }
 
-Draft::Draft(const Pattern& pattern, const std::tm& day)
-    : pattern_(pattern), leader_(pattern.Leader()), controlFields_(pattern.ControlFields()) {
+Draft::Draft(const Pattern& pattern, const std::tm& day, bool putsMarks)
+    : pattern_(pattern),
+      putsMarks_(putsMarks),
+      leader_(pattern.Leader()),
+      controlFields_(pattern.ControlFields()) {
     for (ControlField& field : controlFields_) {
         const std::string entered = Day(day);
         if (field.tag == kTag008) field.content.replace(0, entered.size(), entered);

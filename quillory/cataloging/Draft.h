@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/cataloging/Pattern.h>
+#include <quillory/cataloging/Punctuator.h>
 #include <quillory/exchange/Record.h>
 #include <zorby/record/Pmarc.h>
 
@@ -20,8 +21,10 @@ namespace quillory {
 // that the workform does not know follows the subfield after which it was given.
 class Draft {
 public:
-    // The record is entered on that day. Keeps the reference.
-    Draft(const Pattern& pattern, const std::tm& day);
+    // The record is entered on that day. `putsMarks`: subfields that were not written as a whole
+    // field get the marks of the ISBD, if Leader/18 says that the record has them. Keeps the
+    // reference.
+    Draft(const Pattern& pattern, const std::tm& day, bool putsMarks = false);
 
     // Throws EntryError for what the format does not allow, and then changes nothing.
     void Take(const Entry& entry);
@@ -67,12 +70,15 @@ private:
 
     void AddFinishedFields();
     void AddFinished(const Field& field);
-    std::vector<SubfieldText> SubfieldsOf(const Field& field) const;
-    bool HasMainEntry() const;
+    DraftedField PartsOf(const Field& field) const;
+    std::string IndicatorsOf(const Field& field) const;
+    Punctuation GetPunctuation() const;
+    bool HasAny(unsigned firstTag, unsigned lastTag) const;
     void TakeOverDate();
     std::string DateOfPublication(bool isContinuing) const;
 
     const Pattern& pattern_;
+    bool putsMarks_;
     std::string leader_;
     std::vector<ControlField> controlFields_;  // one without content is left out
     std::set<unsigned> given_;                 // tags of control fields given whole

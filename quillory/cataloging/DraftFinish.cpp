@@ -9,16 +9,21 @@ namespace {
 
 constexpr unsigned kTag008 = 8;
 constexpr unsigned kTitle = 245;
+constexpr unsigned kSeries = 490;
+constexpr unsigned kFirstOfSeriesEntries = 800;
+constexpr unsigned kLastOfSeriesEntries = 830;
 constexpr unsigned kImprint = 260;
 constexpr unsigned kPublication = 264;
 constexpr unsigned kFirstOfMainEntries = 100;
 constexpr unsigned kLastOfMainEntries = 199;
+constexpr std::size_t kDescriptiveForm = 18;
 constexpr std::size_t kTypeOfDate = 6;
 constexpr std::size_t kDate1 = 7;
 
 struct Ranked {
     std::size_t rank;
     const SubfieldText* subfield;
+    bool isOfWorkform = false;
 };
 
 // Whether a code comes again after another one: then the order has a meaning.
@@ -78,44 +83,67 @@ void Draft::AddFinishedFields() {
     }
 }
 
-// The first indicator of a title says whether the record is entered under a name.
 void Draft::AddFinished(const Field& field) {
-    const std::vector<SubfieldText> subfields = SubfieldsOf(field);
-    if (subfields.empty()) return;
-    std::string indicators = field.indicators;
-    if (field.tag == kTitle && !field.hasIndicators) indicators[0] = HasMainEntry() ? '1' : '0';
+    DraftedField parts = PartsOf(field);
+    if (parts.subfields.empty()) return;
+    if (!field.isWritten) Punctuate(GetPunctuation(), HasAny(kSeries, kSeries), parts);
     int occurrence = 0;
     record_.FieldNew(static_cast<int>(field.tag), occurrence);
-    record_.FieldSetIndicators(field.tag, occurrence, indicators[0], indicators[1]);
-    for (const SubfieldText& subfield : subfields) {
+    record_.FieldSetIndicators(field.tag, occurrence, parts.indicators[0], parts.indicators[1]);
+    for (const SubfieldText& subfield : parts.subfields) {
         record_.FieldAddSubfield(field.tag, occurrence, subfield.code, subfield.text, '\0');
     }
 }
 
-bool Draft::HasMainEntry() const {
-    return std::ranges::any_of(fields_, [this](const Field& field) {
-        return kFirstOfMainEntries <= field.tag && field.tag <= kLastOfMainEntries &&
-               field.IsWanted() && !SubfieldsOf(field).empty();
+// The first indicator of a title says whether the record is entered under a name, that of a series
+// whether an added entry follows.
+std::string Draft::IndicatorsOf(const Field& field) const {
+    std::string indicators = field.indicators;
+    if (field.hasIndicators) return indicators;
+    if (field.tag == kTitle) {
+        indicators[0] = HasAny(kFirstOfMainEntries, kLastOfMainEntries) ? '1' : '0';
+    } else if (field.tag == kSeries) {
+        indicators[0] = HasAny(kFirstOfSeriesEntries, kLastOfSeriesEntries) ? '1' : '0';
+    }
+    return indicators;
+}
+
+Punctuation Draft::GetPunctuation() const {
+    const char form = leader_[kDescriptiveForm];
+    if (form == 'c' || form == 'n') return Punctuation::Omit;
+    const bool hasMarks = form == 'a' || form == 'i';
+    return putsMarks_ && hasMarks ? Punctuation::Put : Punctuation::Keep;
+}
+
+bool Draft::HasAny(unsigned firstTag, unsigned lastTag) const {
+    return std::ranges::any_of(fields_, [&](const Field& field) {
+        return firstTag <= field.tag && field.tag <= lastTag && field.IsWanted() &&
+               !PartsOf(field).subfields.empty();
     });
 }
 
-std::vector<SubfieldText> Draft::SubfieldsOf(const Field& field) const {
-    if (field.isWritten) return field.given;
+DraftedField Draft::PartsOf(const Field& field) const {
+    DraftedField parts{TagText(field.tag), IndicatorsOf(field), {}, {}};
+    if (field.isWritten) {
+        parts.subfields = field.given;
+        return parts;
+    }
     const std::string& order = pattern_.CodesOf(field.tag);
     std::vector<Ranked> ranked = RankedInOrder(field.given, order);
     if (field.pattern != nullptr) {
         for (const SubfieldText& subfield : field.pattern->subfields) {
             if (!field.Has(subfield.code)) {
-                ranked.push_back({order.find(subfield.code), &subfield});
+                ranked.push_back({order.find(subfield.code), &subfield, true});
             }
         }
     }
     std::ranges::stable_sort(ranked, {}, &Ranked::rank);
-    std::vector<SubfieldText> subfields;
     for (const Ranked& entry : ranked) {
-        if (!entry.subfield->text.empty()) subfields.push_back(*entry.subfield);
+        if (entry.subfield->text.empty()) continue;
+        parts.subfields.push_back(*entry.subfield);
+        parts.ofWorkform.push_back(entry.isOfWorkform);
     }
-    return subfields;
+    return parts;
 }
 
 // Date 1 of 008 becomes the year of publication, unless it was given.

@@ -70,6 +70,17 @@ void Pattern::TakeFields() {
     }
 }
 
+void Pattern::SetLibraryCode(const std::string& code) {
+    constexpr unsigned kSource = 40;
+    for (PatternField& field : fields_) {
+        if (field.tag != kSource) continue;
+        for (SubfieldText& subfield : field.subfields) {
+            const bool isAgency = subfield.code == 'a' || subfield.code == 'c';
+            if (isAgency && subfield.text.empty()) subfield.text = code;
+        }
+    }
+}
+
 std::string Pattern::IndicatorsOf(unsigned tag) const {
     return {IndicatorOf(workform_->FieldIndicator(tag, 1)),
             IndicatorOf(workform_->FieldIndicator(tag, 2))};

@@ -35,6 +35,10 @@ public:
     // Throws EntryError for control fields that a record can't have.
     explicit Pattern(zorby::TemplateHolder workform);
 
+    // Field 040 names this library as that which makes and types the record, where the workform
+    // does not say which.
+    void SetLibraryCode(const std::string& code);
+
     std::string Name() const;
     int Id() const { return id_; }
     const zorby::CTemplate& Workform() const { return *workform_; }

@@ -5,12 +5,15 @@ namespace quillory {
 
 const Pattern& RecordMaker::PatternFor(const std::string& name) {
     std::unique_ptr<Pattern>& pattern = patterns_[name];
-    if (!pattern) pattern = std::make_unique<Pattern>(find_(name));
+    if (!pattern) {
+        pattern = std::make_unique<Pattern>(find_(name));
+        pattern->SetLibraryCode(habits_.libraryCode);
+    }
     return *pattern;
 }
 
 Draft RecordMaker::Begin(const Description& description) {
-    Draft draft(PatternFor(description.workform), day_);
+    Draft draft(PatternFor(description.workform), day_, habits_.putsMarks);
     for (const Entry& entry : description.entries) {
         try {
             draft.Take(entry);

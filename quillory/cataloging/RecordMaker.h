@@ -14,6 +14,12 @@
 
 namespace quillory {
 
+// How a library makes its records.
+struct RecordHabits {
+    bool putsMarks = true;         // as in Draft
+    std::string libraryCode = {};  // for field 040; empty: what the workform has
+};
+
 // Makes complete records from descriptions. What a workform gives is worked out once for each.
 class RecordMaker {
 public:
@@ -22,8 +28,8 @@ public:
     using ListsLoader = std::function<CodeLists()>;
 
     // The lists are loaded when a control field is first to be checked against them.
-    RecordMaker(WorkformFinder find, ListsLoader load, const std::tm& day)
-        : find_(std::move(find)), load_(std::move(load)), day_(day) {}
+    RecordMaker(WorkformFinder find, ListsLoader load, const std::tm& day, RecordHabits habits = {})
+        : find_(std::move(find)), load_(std::move(load)), day_(day), habits_(std::move(habits)) {}
 
     const Pattern& PatternFor(const std::string& name);
 
@@ -39,6 +45,7 @@ private:
     WorkformFinder find_;
     ListsLoader load_;
     std::tm day_;
+    RecordHabits habits_;
     std::map<std::string, std::unique_ptr<Pattern>> patterns_;
     std::optional<CodeLists> lists_;
     std::set<std::string> sound_;  // checked entries of control fields, with their workform

@@ -7,10 +7,12 @@ void DeclareNewRecord(Arguments& command, NewRecordChoice& choice,
     command.Option("-w,--workform", choice.workform, workformText);
     command.KeyValue("-s,--set", choice.sets, "PLACE=TEXT",
                      "What a record has: 245a=Title, 650=_0$aRivers, 008/22=j, language=eng");
+    command.Flag("--no-punctuation", choice.noPunctuation,
+                 "Leave out the marks of the ISBD between subfields and at the end of fields");
 }
 
 NewRecordOptions NewRecordOptionsOf(const NewRecordChoice& choice) {
-    return {choice.workform, EntriesOf(choice.sets)};
+    return {choice.workform, EntriesOf(choice.sets), !choice.noPunctuation};
 }
 
 std::vector<Entry> EntriesOf(const PlacesAndTexts& sets) {

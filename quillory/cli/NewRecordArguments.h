@@ -19,6 +19,7 @@ std::vector<Entry> EntriesOf(const PlacesAndTexts& sets);
 struct NewRecordChoice {
     std::string workform;
     PlacesAndTexts sets;
+    bool noPunctuation = false;
 };
 
 void DeclareNewRecord(Arguments& command, NewRecordChoice& choice, const std::string& workformText);

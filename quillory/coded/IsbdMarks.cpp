@@ -46,4 +46,9 @@ const IsbdMark* IsbdMarkBetween(std::string_view tag, char code, char next) {
     return found == std::end(kMarks) ? nullptr : found;
 }
 
+bool EndsWithMark(std::string_view text, const IsbdMark& mark) {
+    if (text.empty()) return false;
+    return text.ends_with(mark.mark) || mark.others.find(text.back()) != mark.others.npos;
+}
+
 }  // namespace quillory

@@ -18,4 +18,7 @@ struct IsbdMark {
 // The mark between two subfields of a field, by their codes; null if none is asked for.
 const IsbdMark* IsbdMarkBetween(std::string_view tag, char code, char next);
 
+// Whether a text ends with the mark, or with one that will do as well.
+bool EndsWithMark(std::string_view text, const IsbdMark& mark);
+
 }  // namespace quillory

@@ -1,5 +1,7 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/CatalogFiles.h>
+#include <quillory/jobs/KeptDescriptions.h>
+#include <quillory/jobs/NewRecordRemarks.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/Progress.h>
 #include <quillory/text/Utf8.h>
@@ -29,6 +31,8 @@ public:
     DescriptionItems(const CatalogOptions& options, RecordMaker& maker)
         : options_(options), maker_(maker) {}
 
+    void BeginFile(const DescriptionReader& reader) { kept_.BeginFile(reader.Head()); }
+
     // The views of the item hold until the next one.
     void Make(std::string_view toml, Description& description, Item& item) {
         const std::uint64_t number = item.number + 1;
@@ -39,6 +43,7 @@ public:
         if (!description.error) Fill(description, item);
         if (!description.error) return;
         item.kind = kItemDamaged;
+        item.bytes = kept_.Keep(item.bytes);
         item.fault =
             ItemFault{description.error, ErrorOffset(toml, description), description.where};
     }
@@ -64,11 +69,13 @@ private:
     const CatalogOptions& options_;
     RecordMaker& maker_;
     std::optional<Draft> draft_;
+    KeptDescriptions kept_;
 };
 
 Status MakeRecords(const CatalogOptions& options, Reporter& reporter,
                    const std::function<bool(Item& item)>& take) {
-    NewRecords newRecords(reporter);
+    NewRecords newRecords(options.record, reporter);
+    NewRecordRemarks remarks(reporter);
     DescriptionItems items(options, newRecords.Maker());
     Progress progress(reporter);
     for (const std::string& file : options.files) {
@@ -76,9 +83,11 @@ Status MakeRecords(const CatalogOptions& options, Reporter& reporter,
         reporter.BeginFile(file);
         Item item;
         DescriptionReader reader(toml);
+        items.BeginFile(reader);
         Description description;
         while (reader.Next(description)) {
             items.Make(toml, description, item);
+            if (item.kind == kItemRecord) remarks.Say(item);
             if (!take(item)) return kStatusWell;
             progress.Step(description.offset, toml.size());
         }

@@ -92,6 +92,25 @@ void CheckUserDefined(const std::string& list) {
     }
 }
 
+constexpr const char* kOwnSection = "Quillory";
+
+// Throws FileError unless `read` gives what `write` has written to the file.
+template <class Write, class Read>
+void WriteAndReadBack(const std::string& value, Write write, Read read) {
+    std::error_code error;
+    fs::create_directories(HomeFolder(), error);
+    errno = 0;
+    write();
+    const int reason = errno;
+    ReloadProfile();
+    std::string written;
+    read(written);
+    if (written != value) {
+        throw FileError(zorby::GetZorbyProfilePath() + ": can't be written" +
+                        (reason != 0 ? std::string(": ") + std::strerror(reason) : ""));
+    }
+}
+
 }  // namespace
 
 std::string DataFile(const std::string& name) {
@@ -108,18 +127,21 @@ void LoadSettings() {
 }
 
 void WriteSetting(int key, const std::string& value) {
-    std::error_code error;
-    fs::create_directories(HomeFolder(), error);
-    errno = 0;
-    zorby::WriteZorbyProfileString(key, value);
-    const int reason = errno;
-    ReloadProfile();
-    std::string written;
-    zorby::GetZorbyProfileString(key, written);
-    if (written != value) {
-        throw FileError(zorby::GetZorbyProfilePath() + ": can't be written" +
-                        (reason != 0 ? std::string(": ") + std::strerror(reason) : ""));
-    }
+    WriteAndReadBack(
+        value, [&] { zorby::WriteZorbyProfileString(key, value); },
+        [&](std::string& written) { zorby::GetZorbyProfileString(key, written); });
+}
+
+std::string ReadOwnSetting(const char* key) {
+    std::string value;
+    zorby::GetZorbyProfileStringRaw(kOwnSection, key, value);
+    return value;
+}
+
+void WriteOwnSetting(const char* key, const std::string& value) {
+    WriteAndReadBack(
+        value, [&] { zorby::WriteZorbyProfileStringRaw(kOwnSection, key, value.c_str()); },
+        [&](std::string& written) { written = ReadOwnSetting(key); });
 }
 
 SettingsKeeper::SettingsKeeper() : settings_(zorby::CGeneral::m_iniUserProfile) {}

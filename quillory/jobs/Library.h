@@ -22,6 +22,10 @@ void LoadSettings();
 // Writes a key of the profile. Throws FileError if it can't be written.
 void WriteSetting(int key, const std::string& value);
 
+// A setting of this program alone, in a section of its own. The texts are in the one-byte code.
+std::string ReadOwnSetting(const char* key);
+void WriteOwnSetting(const char* key, const std::string& value);
+
 // Puts the settings back as they are now when the object goes, whatever a job has changed of them
 // in memory: a policy, or a holdings system, is in force for one job.
 class SettingsKeeper {

@@ -1,5 +1,6 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/MakeRecord.h>
+#include <quillory/jobs/NewRecordRemarks.h>
 #include <quillory/jobs/OutputFiles.h>
 
 namespace quillory {
@@ -31,7 +32,8 @@ Description DescriptionFor(const MakeRecordOptions& options) {
 
 Status MakeAndWrite(const MakeRecordOptions& options, const DraftFiller& fill, Reporter& reporter) {
     const Description description = DescriptionFor(options);
-    NewRecords newRecords(reporter);
+    NewRecords newRecords(options.record, reporter);
+    NewRecordRemarks remarks(reporter);
     RecordMaker& maker = newRecords.Maker();
     Draft draft = maker.Begin(description);
     maker.Finish(draft, description);
@@ -41,6 +43,7 @@ Status MakeAndWrite(const MakeRecordOptions& options, const DraftFiller& fill, R
         Item item;
         item.number = 1;
         item.record = maker.Finish(draft, description);
+        remarks.Say(item);
         take(item);
         return kStatusWell;
     };

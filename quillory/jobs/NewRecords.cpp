@@ -3,6 +3,7 @@
 #include <quillory/jobs/ByteSize.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/NewRecords.h>
+#include <quillory/jobs/Settings.h>
 #include <zorby/platform/ClockPort.h>
 
 #include <algorithm>
@@ -43,10 +44,11 @@ void TakeAway(const Entry& set, std::vector<Entry>& entries) {
 
 }  // namespace
 
-NewRecords::NewRecords(const Reporter& reporter)
+NewRecords::NewRecords(const NewRecordOptions& options, const Reporter& reporter)
     : workforms_(LoadAll(reporter)),
       maker_([this](const std::string& name) { return FindWorkform(workforms_, name); },
-             LoadCodeLists, zorby::CurrentClockPort().LocalTime()) {}
+             LoadCodeLists, zorby::CurrentClockPort().LocalTime(),
+             {options.putsMarks, LibraryCode()}) {}
 
 std::string ReadDescriptionFile(const std::string& path, const std::string& memory) {
     Input input(path);

@@ -12,6 +12,7 @@ namespace quillory {
 struct NewRecordOptions {
     std::string workform;
     std::vector<Entry> entries;  // they replace what a description says of the same places
+    bool putsMarks = true;       // as in Draft
 };
 
 // A maker of records that are entered today. It loads settings, dictionaries and workforms; those
@@ -19,7 +20,7 @@ struct NewRecordOptions {
 class NewRecords {
 public:
     // Throws FileError.
-    explicit NewRecords(const Reporter& reporter);
+    NewRecords(const NewRecordOptions& options, const Reporter& reporter);
 
     RecordMaker& Maker() { return maker_; }
 

@@ -16,6 +16,8 @@
 namespace quillory {
 namespace {
 
+constexpr const char* kLibraryCode = "LibraryCode";
+constexpr std::string_view kHoldingsLead = "holdings.";
 constexpr const char* kExtraSettings = "HoldingsExtraSettings";
 constexpr const char* kExtraSeparator = "|";
 
@@ -89,6 +91,7 @@ private:
 };
 
 HoldingsKey HoldingsKeyNamed(std::string_view name) {
+    if (name.starts_with(kHoldingsLead)) name.remove_prefix(kHoldingsLead.size());
     for (const HoldingsKey& key : HoldingsKeys()) {
         if (key.name == name) return key;
     }
@@ -158,23 +161,34 @@ std::vector<SettingRow> ListSettings() {
         const zorby::ProfileKeyRow* row = zorby::FindProfileKey(id);
         if (row != nullptr) rows.push_back({row->id, row->name, ValueOf(*row)});
     }
+    rows.push_back({std::nullopt, kLibraryCode, LibraryCode()});
     return rows;
 }
 
+std::string LibraryCode() {
+    return QmToUtf8(ReadOwnSetting(kLibraryCode));
+}
+
 std::string ReadSetting(const std::string& name) {
+    if (name == kLibraryCode) return LibraryCode();
     return ValueOf(KeyNamed(name));
 }
 
 void ChangeSetting(const std::string& name, const std::string& value) {
     const SettingsLock lock;
-    Set(KeyNamed(name), value);
+    if (name == kLibraryCode) {
+        WriteOwnSetting(kLibraryCode, InQmCode(value));
+    } else {
+        Set(KeyNamed(name), value);
+    }
 }
 
 std::vector<SettingRow> ListHoldingsSettings() {
     const HoldingsSettings settings;
     std::vector<SettingRow> rows;
     for (const HoldingsKey& key : HoldingsKeys()) {
-        rows.push_back({std::nullopt, std::string(key.name), QmToUtf8(settings.Get(key))});
+        rows.push_back({std::nullopt, std::string(kHoldingsLead).append(key.name),
+                        QmToUtf8(settings.Get(key))});
     }
     return rows;
 }

@@ -8,8 +8,8 @@ namespace quillory {
 
 // A setting with its value, in UTF-8.
 struct SettingRow {
-    std::optional<int> id;  // of the profile key; none for a holdings setting
-    std::string name;
+    std::optional<int> id;  // of the profile key; none for others
+    std::string name;       // as a person names it to the program
     std::string value;
 };
 
@@ -19,6 +19,10 @@ struct SettingRow {
 std::vector<SettingRow> ListSettings();
 std::string ReadSetting(const std::string& name);
 void ChangeSetting(const std::string& name, const std::string& value);
+
+// The code by which the user's library stands in field 040 of the records that it makes, in UTF-8;
+// empty if it has not been set. ListSettings and the others name it "LibraryCode".
+std::string LibraryCode();
 
 // The settings of holdings by their own names; the profile keeps them in one text. The dictionaries
 // are in force, too.

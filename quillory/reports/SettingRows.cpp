@@ -2,20 +2,11 @@
 #include <quillory/reports/SettingRows.h>
 
 namespace quillory {
-namespace {
-
-// As a person names it to the program.
-std::string NameOf(const SettingRow& row) {
-    return (row.id ? "" : "holdings.") + row.name;
-}
-
-}  // namespace
-
 std::string ToText(const SettingRows& rows) {
     std::string text;
     for (const SettingRow& row : rows) {
-        text += row.id ? RightAligned(std::to_string(*row.id), 3) + " " + Padded(NameOf(row), 42)
-                       : Padded(NameOf(row), 45);
+        text += row.id ? RightAligned(std::to_string(*row.id), 3) + " " + Padded(row.name, 42)
+                       : Padded(row.name, 45);
         text += " " + Visible(row.value) + "\n";
     }
     return text;
@@ -24,7 +15,7 @@ std::string ToText(const SettingRows& rows) {
 void ToJson(const SettingRow& row, JsonWriter& json) {
     json.BeginObject();
     json.MemberIfAny("id", row.id);
-    json.Member("name", NameOf(row));
+    json.Member("name", row.name);
     json.Member("value", row.value);
     json.EndObject();
 }

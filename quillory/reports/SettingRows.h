@@ -10,7 +10,7 @@ namespace quillory {
 
 using SettingRows = std::vector<SettingRow>;
 
-// In columns: number, name and value; of a holdings setting, "holdings." and its name, and value.
+// In columns: number, name and value; of what has no number, name and value.
 std::string ToText(const SettingRows& rows);
 void ToJson(const SettingRow& row, JsonWriter& json);
 

@@ -19,10 +19,10 @@ std::string_view TrimmedAtEnd(std::string_view text) {
     return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
-bool EndsWith(std::string_view text, const IsbdMark& mark) {
+// Nothing is missing after an empty text, or where an escape may hide the mark.
+bool HasMark(std::string_view text, const IsbdMark& mark) {
     const std::string_view end = TrimmedAtEnd(text);
-    if (end.empty() || end.ends_with(kEscape)) return true;
-    return end.ends_with(mark.mark) || mark.others.find(end.back()) != mark.others.npos;
+    return end.empty() || end.find(kEscape) != end.npos || EndsWithMark(end, mark);
 }
 
 // What a mark looks like to a reader: "\" :\"", or two of them.
@@ -40,10 +40,8 @@ bool StandsAlone(std::string_view text) {
 void CheckBetween(const CheckedField& field, const SubfieldInHand& one, const SubfieldInHand& next,
                   RemarkSink& remarks) {
     const IsbdMark* mark = IsbdMarkBetween(field.tag, one.code, next.code);
-    if (mark == nullptr || EndsWith(one.text, *mark)) return;
+    if (mark == nullptr || HasMark(one.text, *mark)) return;
     if (mark->isHeading && StandsAlone(next.text)) return;
-    // An escape at the end may hide the mark.
-    if (one.text.find(kEscape) != one.text.npos) return;
     remarks.Add(mark->isHeading ? RuleId::HeadingMark : RuleId::IsbdMark,
                 field.GetPlace().Subfield(one.code),
                 std::string("$") + one.code + " before $" + next.code, Shown(*mark));

@@ -40,22 +40,57 @@ class New(NewRecords):
         days = {day.strftime("%y%m%d").encode() for day in (before, datetime.date.today())}
         self.assertIn(coded[:6], days)
         self.assertEqual((coded[6:15], coded[35:38]), (b"s2021    ", b"fre"))
+        # The mark that leads on is the cataloger's own.
         self.assertEqual(self.field(record, b"245"), ["10\x1faÉté /".encode()])
+        self.assertEqual(self.field(record, b"264"), [b" 1\x1fc2021."])
+
+    def test_marks_are_put_between_what_is_given(self):
+        given = ["-w", "DVD video", "-s", "245a=Salt road", "-s", "245c=Lena Voss",
+                 "-s", "300a=2 videodiscs", "-s", "300c= ", "-s", "490a=Reels"]
+        for flags, title, extent in [
+                ([], b"00\x1faSalt road /\x1fcLena Voss.",
+                 b"  \x1fa2 videodiscs :\x1fbsound, color."),
+                (["--no-punctuation"], b"00\x1faSalt road\x1fcLena Voss",
+                 b"  \x1fa2 videodiscs\x1fbsound, color"),
+                (["-s", "leader/18=c"], b"00\x1faSalt road\x1fcLena Voss",
+                 b"  \x1fa2 videodiscs\x1fbsound, color")]:
+            record, _ = self.made("new", *given, *flags)
+            self.assertEqual(self.field(record, b"245"), [title], flags)
+            self.assertEqual(self.field(record, b"300"), [extent], flags)
+            # No added entry follows the series.
+            self.assertEqual(self.field(record, b"490"), [b"0 \x1faReels"], flags)
+
+    def test_what_a_cataloger_would_mend_at_once_is_said(self):
+        for given, reason in [("260a=Town", "245 $a: error: "),
+                              ("020a=9780306406158", "020 $a: warning: "),
+                              ("245y=Rest", "245 $y: warning: ")]:
+            _, err = self.made("new", "-w", BOOK, "-s", given, "-o", self.path("made.mrc"))
+            self.assertIn(reason, err)
+
+    def test_the_library_s_own_code_stands_in_040(self):
+        self.made("settings", "LibraryCode", "ZbS")
+        out, _ = self.made("settings", "LibraryCode")
+        self.assertEqual(out, b"ZbS\n")
+        self.assertIn(b"LibraryCode", self.made("settings")[0])
+        record, _ = self.made("new", "-w", "DVD video", "-s", "245a=T")
+        self.assertEqual(self.field(record, b"040"), [b"  \x1faZbS\x1fbeng\x1ferda\x1fcZbS"])
+        record, _ = self.made("new", "-w", BOOK, "-s", "245a=T", "-s", "040a=XyZ")
+        self.assertEqual(self.field(record, b"040"), [b"  \x1faXyZ\x1fbeng\x1ferda\x1fcZbS"])
 
     def test_forms_and_character_sets_of_the_output(self):
         sets = ["-w", BOOK, "-s", "245a=É Ж"]
         out, _ = self.made("new", *sets, "--to", "mrk")
-        self.assertIn("=245  00$aÉ Ж\n", out.decode())
+        self.assertIn("=245  00$aÉ Ж.\n", out.decode())
         marc8, _ = self.made("new", *sets, "--to-charset", "marc8")
         self.assertEqual((marc8[9:10], self.field(marc8, b"245")),
-                         (b" ", [b"00\x1fa\xe2E \x1b(Nv\x1b(B"]))
+                         (b" ", [b"00\x1fa\xe2E \x1b(Nv\x1b(B."]))
 
     def test_the_command_line_goes_before_the_file(self):
         described = self.path("one.toml", 'workform = "DVD video"\n245a = "File"\n'
                               '245b = "B"\n"008/18-20" = "097"\n'.encode())
         record, _ = self.made("new", "--from", described, "--set", "245a=Line", "-w", BOOK,
                               "-s", "008/18-20=   ")
-        self.assertEqual(self.field(record, b"245"), [b"00\x1faLine\x1fbB"])
+        self.assertEqual(self.field(record, b"245"), [b"00\x1faLine :\x1fbB."])
         self.assertEqual(record[6:8], b"am")
 
     def test_what_is_wrong_is_said(self):
@@ -158,7 +193,7 @@ class Catalog(NewRecords):
         rejects = self.path("rejects.toml")
         out, err = self.made("catalog", source, "--rejects", rejects, status=1)
         self.assertEqual([self.field(record, b"245")[0] for record in records_of(out)],
-                         [b"00\x1faone", b"00\x1fasix"])
+                         [b"00\x1faone.", b"00\x1fasix."])
         for reason in ["many.toml: record 2 at byte 66: ", "(byte 88, line 5, column 12)",
                        "245 $a: a record can have this field only once "
                        "(byte 107, line 7, column 8)",
@@ -167,7 +202,18 @@ class Catalog(NewRecords):
             self.assertIn(reason, err)
         self.assertEqual(err.count("\n"), 5)
         lines = text.splitlines(keepends=True)
-        self.assertEqual(rejects.read_bytes().decode(), "".join(lines[3:11]))
+        self.assertEqual(rejects.read_bytes().decode(), "".join(lines[:1] + lines[3:11]))
+
+    def test_what_is_kept_of_several_files_has_the_workform_of_each(self):
+        first = self.path("first.toml", b'workform = "1"\n[[record]]\nlanguage = "xx1"\n')
+        second = self.path("second.toml", b'workform = "2"\n[[record]]\nlanguage = "xx2"\n'
+                           b'[[record]]\nworkform = "3"\nlanguage = "xx3"\n')
+        rejects = self.path("rejects.toml")
+        self.made("catalog", first, second, "--rejects", rejects, status=1)
+        self.assertEqual(
+            rejects.read_bytes(),
+            b'workform = "1"\n[[record]]\nlanguage = "xx1"\n[[record]]\nworkform = "2"\n'
+            b'language = "xx2"\n[[record]]\nworkform = "3"\nlanguage = "xx3"\n')
 
     def test_standard_input_and_what_all_records_get(self):
         toml = b'[[record]]\n245a = "A"\n[[record]]\n245a = "B"\n040a = "Own"\n'

@@ -70,11 +70,10 @@ class StandardWorkforms(Cli):
         records = self.path("records.mrc")
         status, _, err = run("catalog", self.path("all.toml", source.encode()), "-o", records)
         self.assertEqual(status, 0, err)
-        # The library knows a remote-sensing image by the blank in 007/01, an older code. The texts
-        # are given without their marks, and the same ones to every record.
+        # The library knows a remote-sensing image by the blank in 007/01, an older code. All
+        # records have the same numbers.
         status, out, err = run("check", "--each", "--skip", "no-001", "--skip", "code-obsolete",
-                               "--skip", "isbd-mark-missing", "--skip", "heading-mark-missing",
-                               "--skip", "final-mark-missing", "--skip", "number-repeated",
+                               "--skip", "number-repeated",
                                "--fail-on", "note", records)
         self.assertEqual(status, 0, out.decode() + err)
         self.assertIn(f"{len(workforms)} records checked", out.decode())

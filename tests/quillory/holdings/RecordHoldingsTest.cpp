@@ -118,7 +118,9 @@ TEST_F(RecordHoldingsTest, EverySystemReadsWhatItWrites) {
             const std::string once = Rewritten(system.name, system.name, fields);
             if (once.empty()) continue;
             EXPECT_EQ(Rewritten(system.name, system.name, once), "") << fields;
-            // Nothing but the parts of composed subfields and blanks at values' ends may move.
+            // Nothing but the parts of composed subfields and blanks at values' ends may move, and
+            // only what a record has once may go.
+            if (id == zorby::HT_TYPE_11) continue;
             EXPECT_NE(fields.find(id == 14 ? "\0371" : "FSC"), fields.npos) << fields;
         }
     }

@@ -69,9 +69,9 @@ TEST_F(NewRecordJobs, WhatIsSetReplacesWhatTheFileSaysOfTheSamePlace) {
                                   {"500", "__$aM"}},
                                  from);
     EXPECT_EQ(mrk.substr(12, 2), "am");
-    EXPECT_EQ(Lines(mrk, "245"), "00$aLine$bB");
-    EXPECT_EQ(Lines(mrk, "650"), "\\0$aCanals$xHistory");
-    EXPECT_EQ(Lines(mrk, "700"), "1\\$aB");
+    EXPECT_EQ(Lines(mrk, "245"), "00$aLine :$bB.");
+    EXPECT_EQ(Lines(mrk, "650"), "\\0$aCanals$xHistory.");
+    EXPECT_EQ(Lines(mrk, "700"), "1\\$aB.");
     EXPECT_EQ(Lines(mrk, "500"), "\\\\$aM");
 }
 
@@ -135,10 +135,10 @@ TEST_F(NewRecordJobs, DamageOfAFileIsNamedAndKeptAndTheRestMade) {
         "[[record]]\n245a = ['x', 'y']\n[[record]]\nworkform = 'Boks'\n"
         "[[record]]\nlanguage = 'xx1'\n[[record]]\n245a = 'six'\n";
     const std::string mrk = Cataloged(toml, {}, kStatusFindings);
-    EXPECT_EQ(Lines(mrk, "245"), "00$aone|00$asix");
+    EXPECT_EQ(Lines(mrk, "245"), "00$aone.|00$asix.");
+    const std::size_t bad = toml.find("[[record]]\n245a = 'two");
     EXPECT_EQ(folder_.Read("rejects.toml"),
-              toml.substr(toml.find("[[record]]\n245a = 'two"),
-                          toml.rfind("[[record]]") - toml.find("[[record]]\n245a = 'two")));
+              "workform = 'Map'\n" + toml.substr(bad, toml.rfind("[[record]]") - bad));
     const std::string said = Said();
     for (const char* reason :
          {"many.toml: record 2 at byte 41: the description is not valid TOML: ",
@@ -157,7 +157,7 @@ TEST_F(NewRecordJobs, ADamagedWorkformOfTheStoreIsAFaultOfItsDescriptionsAlone) 
         store.Execute("UPDATE workforms SET crc = crc + 1");
     }
     const std::string toml = "[[record]]\nworkform = 'Ours'\n[[record]]\n245a = 'T'\n";
-    EXPECT_EQ(Lines(Cataloged(toml, {"1", {}}, kStatusFindings), "245"), "00$aT");
+    EXPECT_EQ(Lines(Cataloged(toml, {"1", {}}, kStatusFindings), "245"), "00$aT.");
     EXPECT_NE(Said().find("record 1 at byte 0: the block of a workform is damaged: 100"),
               std::string::npos);
 }

@@ -33,13 +33,13 @@ TEST_F(SettingsJobs, WhatIsWrittenIsReadByEveryNameAndInTheNextRun) {
         EXPECT_EQ(ReadSetting(name), "2") << name;
     }
     for (const SettingRow& row : ListSettings()) {
-        EXPECT_EQ(ReadSetting(std::to_string(row.id.value())), row.value) << row.name;
+        EXPECT_EQ(ReadSetting(row.id ? std::to_string(*row.id) : row.name), row.value) << row.name;
     }
     ChangeHoldingsSetting("HoldingsType", "Alexandria");
     ChangeHoldingsSetting("CustomBarCodeSubfield", "949$b");
     LoadSettings();
     EXPECT_EQ(ReadHoldingsSetting("HoldingsType"), "Alexandria");
-    EXPECT_EQ(ValueIn(ListHoldingsSettings(), "CustomBarCodeSubfield"), "949$b");
+    EXPECT_EQ(ValueIn(ListHoldingsSettings(), "holdings.CustomBarCodeSubfield"), "949$b");
 }
 
 TEST_F(SettingsJobs, WhatIsRefusedSaysWhy) {

@@ -198,7 +198,7 @@ TEST(Documents, AsText) {
          "/Help for other fields/500     Note/"
          "/Indicators/245/2   Articles, default 0/"},
         {"record", ToText(Stored(0)), "12       é1               am Roughing it/"},
-        {"settings", ToText(SettingRows{{0, "ZP_A", "1"}, {{}, "EasyOrCustom", "Easy"}}),
+        {"settings", ToText(SettingRows{{0, "ZP_A", "1"}, {{}, "holdings.EasyOrCustom", "Easy"}}),
          "  0 ZP_A                                       1/"
          "holdings.EasyOrCustom                         Easy/"},
     };
@@ -263,7 +263,7 @@ TEST(Documents, AsJson) {
         {"record without workform", JsonLine(Stored(0)),
          R"({"id":12,"control_number":"é1","title":"Roughing it","type":"am",)"
          R"("added":"1970-01-01T23:59:59Z","changed":"2000-02-29T00:00:00Z"})"},
-        {"settings", JsonLine(SettingRows{{0, "ZP_A", "1"}, {{}, "EasyOrCustom", "Easy"}}),
+        {"settings", JsonLine(SettingRows{{0, "ZP_A", "1"}, {{}, "holdings.EasyOrCustom", "Easy"}}),
          R"([{"id":0,"name":"ZP_A","value":"1"},)"
          R"({"name":"holdings.EasyOrCustom","value":"Easy"}])"},
     };
