@@ -61,6 +61,18 @@ void CheckOutput(const CheckOptions& options, const std::optional<std::string>& 
     CheckNotAnInput(inputs, options.report.output);
 }
 
+CheckReportOptions ReportOptionsOf(const CheckOptions& options, const CheckSettings& settings) {
+    CheckReportOptions report = options.report;
+    report.ownRules = settings.own.List();
+    return report;
+}
+
+CheckFilesOptions FilesOptionsOf(const CheckOptions& options, const CheckSettings& settings) {
+    CheckFilesOptions files = options.files;
+    files.failsOn = options.failsOn.value_or(settings.failsOn.value_or(files.failsOn));
+    return files;
+}
+
 Status RunCheck(const CheckOptions& options) {
     const auto settingsFile = FindCheckSettings(options.settings, options.files.input.files);
     CheckOutput(options, settingsFile);
@@ -77,12 +89,8 @@ Status RunCheck(const CheckOptions& options) {
     TerminalPort terminal;
     Reporter reporter(terminal, options.messages);
     if (settingsFile && options.messages.all) reporter.Say(*settingsFile + " sets the rules");
-    CheckReportOptions reportOptions = options.report;
-    reportOptions.ownRules = settings.own.List();
-    const auto report = MakeCheckReport(reportOptions, reporter);
-    CheckFilesOptions files = options.files;
-    files.failsOn = options.failsOn.value_or(settings.failsOn.value_or(Severity::Warning));
-    return CheckFiles(files, checker, inspector, *report, reporter);
+    const auto report = MakeCheckReport(ReportOptionsOf(options, settings), reporter);
+    return CheckFiles(FilesOptionsOf(options, settings), checker, inspector, *report, reporter);
 }
 
 void DeclareRules(Arguments& command, CheckOptions& options) {

@@ -28,7 +28,7 @@ std::string TextAt(double x, int y, std::string_view anchor, std::string_view te
 
 // As much of a label as there is room for.
 std::string Shortened(const std::string& label) {
-    constexpr std::size_t kLongest = 44;
+    constexpr std::size_t kLongest = 40;
     if (label.size() <= kLongest) return label;
     std::size_t end = kLongest;
     while (end > 0 && (static_cast<unsigned char>(label[end]) & 0xC0U) == 0x80U) --end;

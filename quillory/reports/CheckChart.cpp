@@ -27,7 +27,7 @@ std::string LongestBars(const std::string& name, std::vector<Bar> bars, std::str
     std::string chart = BarChart(name, bars);
     if (others == 0) return chart;
     return chart + "<p class=\"note\">" + std::to_string(others) + " other " + std::string(what) +
-           " had fewer findings.</p>\n";
+           " had fewer.</p>\n";
 }
 
 // "245 Title Statement", or the tag alone where the format has no such field.
@@ -70,7 +70,7 @@ std::string MaterialsChart(const CheckTotals& totals) {
                          {"warning", "records with warnings", counts[kMayGoWithWarnings]},
                          {"ok", "records without findings", counts[kMayGo]}}});
     }
-    return BarChart("Records by material", bars);
+    return LongestBars("Records by material", std::move(bars), "materials");
 }
 
 }  // namespace quillory
