@@ -115,4 +115,23 @@ std::optional<FreeValue> ReadFreeValue(CFPart part, std::string_view value) {
     }
 }
 
+std::string_view FormOfFreeValue(CFPart part) {
+    switch (part) {
+        case CFPLdrRecordLength:
+        case CFPLdrBaseAddress:
+            return "five digits";
+        case CFP008DateEntered:
+            return "a day of the form yymmdd";
+        case CFP008Date1:
+        case CFP008Date2:
+            return "four digits, with u for one that is not known";
+        case CFP007MicroformReductionRatio:
+            return "three digits, with - for one that is not known";
+        case CFP007MotionPictureInspectionDate:
+            return "a month of the form ccyymm, with - for what is not known";
+        default:
+            return {};
+    }
+}
+
 }  // namespace quillory

@@ -18,4 +18,7 @@ struct FreeValue {
 // code in an element of numbers.
 std::optional<FreeValue> ReadFreeValue(zorby::CFPart part, std::string_view value);
 
+// What a value of the element looks like: "ccyymm, ...". Empty for an element of codes.
+std::string_view FormOfFreeValue(zorby::CFPart part);
+
 }  // namespace quillory

@@ -66,8 +66,9 @@ constexpr ObsoleteArea kObsolete[] = {
     {"posc---", ""},        {"posn---", ""},        {"t-ay---", "t------"}, {"v------", ""},
 };
 
+constexpr std::size_t kSize = 7;
+
 std::unordered_set<std::string> ValidCodes() {
-    constexpr std::size_t kSize = 7;
     std::unordered_set<std::string> codes;
     for (std::string_view rest = kValid; !rest.empty();) {
         const std::size_t end = std::min(rest.find(' '), rest.size());
@@ -79,11 +80,42 @@ std::unordered_set<std::string> ValidCodes() {
     return codes;
 }
 
+const std::unordered_set<std::string>& Codes() {
+    static const std::unordered_set<std::string> codes = ValidCodes();
+    return codes;
+}
+
+// In small letters and with the hyphens that fill a code.
+std::string Filled(std::string_view text) {
+    std::string code(text.substr(0, text.find_last_not_of(" -") + 1));
+    for (char& c : code) c = 'A' <= c && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
+    if (code.size() < kSize) code.resize(kSize, '-');
+    return code;
+}
+
+bool DifferInOne(std::string_view one, std::string_view other) {
+    if (one.size() != other.size()) return false;
+    int differences = 0;
+    for (std::size_t i = 0; i < one.size(); ++i) differences += one[i] == other[i] ? 0 : 1;
+    return differences == 1;
+}
+
 }  // namespace
 
 bool IsAreaCode(std::string_view code) {
-    static const std::unordered_set<std::string> codes = ValidCodes();
-    return codes.contains(std::string(code));
+    return Codes().contains(std::string(code));
+}
+
+std::string AreaCodeNear(std::string_view text) {
+    const std::string wanted = Filled(text);
+    if (IsAreaCode(wanted)) return wanted;
+    std::string near;
+    for (const std::string& code : Codes()) {
+        if (!DifferInOne(wanted, code)) continue;
+        if (!near.empty()) return {};
+        near = code;
+    }
+    return near;
 }
 
 std::optional<std::string_view> ObsoleteAreaCode(std::string_view code) {

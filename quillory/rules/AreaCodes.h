@@ -12,4 +12,8 @@ bool IsAreaCode(std::string_view code);
 // For a code that the list has withdrawn: the one that took its place, or an empty text.
 std::optional<std::string_view> ObsoleteAreaCode(std::string_view code);
 
+// The one code that a text is meant for, but for hyphens, case or a single sign; empty if none or
+// several are as near.
+std::string AreaCodeNear(std::string_view text);
+
 }  // namespace quillory

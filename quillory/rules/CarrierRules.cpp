@@ -13,17 +13,18 @@ namespace {
 // listed.
 struct ContentOfType {
     std::string_view types;
-    std::string_view codes;
+    std::string_view name;
+    std::string_view codes;  // the usual one first
 };
 
 constexpr std::array kContentOfTypes = std::to_array<ContentOfType>({
-    {"at", "txt tct sti tci xxx zzz"},
-    {"cd", "ntm tcm ntv tcn xxx zzz"},
-    {"ef", "cri crm crt crn crf crd xxx zzz"},
-    {"g", "tdi tdm crm sti tci txt xxx zzz"},
-    {"i", "spw snd xxx zzz"},
-    {"j", "prm snd xxx zzz"},
-    {"k", "sti tci txt tct xxx zzz"},
+    {"at", "language material", "txt tct sti tci xxx zzz"},
+    {"cd", "notated music", "ntm tcm ntv tcn xxx zzz"},
+    {"ef", "cartographic material", "cri crm crt crn crf crd xxx zzz"},
+    {"g", "projected medium", "tdi tdm crm sti tci txt xxx zzz"},
+    {"i", "nonmusical sound recording", "spw snd xxx zzz"},
+    {"j", "musical sound recording", "prm snd xxx zzz"},
+    {"k", "two-dimensional nonprojectable graphic", "sti tci txt tct xxx zzz"},
 });
 
 // Words of an extent in English, and the carriers that they name.
@@ -80,7 +81,9 @@ void CheckContent(const RecordInHand& record, RemarkSink& remarks) {
     const auto fits = [row](std::string_view code) { return IsAmong(code, row->codes); };
     if (std::ranges::any_of(codes, fits)) return;
     remarks.Add(RuleId::ContentAgainstType, Place::OfField(336U, 1).Subfield('b'),
-                '"' + std::string(MediaTermOf(336, codes.front())) + '"', std::string(1, type));
+                '"' + std::string(MediaTermOf(336, codes.front())) + '"',
+                std::string(1, type) + " (" + std::string(row->name) + "), which goes with \"" +
+                    std::string(MediaTermOf(336, row->codes.substr(0, 3))) + '"');
 }
 
 void CheckMedia(const RecordInHand& record, const CodeList& carriers, RemarkSink& remarks) {

@@ -44,8 +44,9 @@ void CharacterRules::Check(const Record& record, Charset charset, RemarkSink& re
     if (!isUtf8 && charset != kCharsetMarc8) return;
     if (isUtf8) {
         if (const auto invalid = FirstInvalidByte(record)) {
-            remarks.Add(RuleId::InvalidBytes, invalid->fault.place,
-                        "byte " + HexText(*invalid->at));
+            const bool isCoded = record.leader[zorby::kLeaderCharacterCode] == 'a';
+            remarks.Add(RuleId::InvalidBytes, invalid->fault.place, "byte " + HexText(*invalid->at),
+                        isCoded ? "; Leader/09 says UTF-8" : "");
             return;
         }
     }

@@ -1,5 +1,6 @@
 #include <quillory/rules/AreaCodes.h>
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/Words.h>
 
 #include <algorithm>
 #include <array>
@@ -32,10 +33,6 @@ bool IsDigit(char c) {
     return '0' <= c && c <= '9';
 }
 
-std::string Quoted(std::string_view text) {
-    return '"' + Printable(text) + '"';
-}
-
 // A code, and perhaps how many play: "va02".
 bool IsInstrument(std::string_view text) {
     constexpr std::size_t kCode = 2;
@@ -66,18 +63,22 @@ void CheckArea(const CheckedField& field, std::string_view code, RemarkSink& rem
     if (IsAreaCode(code)) return;
     const Place place = field.GetPlace().Subfield('a');
     const auto now = ObsoleteAreaCode(code);
-    if (!now) return remarks.Add(RuleId::AreaUnknown, place, Quoted(code));
-    remarks.Add(RuleId::AreaObsolete, place, Quoted(code),
+    if (!now) {
+        const std::string near = AreaCodeNear(code);
+        return remarks.Add(RuleId::AreaUnknown, place, Shown(code),
+                           near.empty() ? near : "; perhaps " + near + " is meant");
+    }
+    remarks.Add(RuleId::AreaObsolete, place, Shown(code),
                 now->empty() ? "another now" : std::string(*now) + " now");
 }
 
 void CheckTime(const CheckedField& field, const SubfieldInHand& subfield, RemarkSink& remarks) {
     const Place place = field.GetPlace().Subfield(subfield.code);
     if (subfield.code == 'a' && !IsTimePeriod(subfield.text)) {
-        remarks.Add(RuleId::PeriodMalformed, place, Quoted(subfield.text),
+        remarks.Add(RuleId::PeriodMalformed, place, Shown(subfield.text),
                     "a letter and a digit for each end of the period, such as w5w9");
     } else if (subfield.code == 'b' && !IsFormattedTime(subfield.text)) {
-        remarks.Add(RuleId::PeriodMalformed, place, Quoted(subfield.text),
+        remarks.Add(RuleId::PeriodMalformed, place, Shown(subfield.text),
                     "c or d for the era, the year in four digits, and perhaps month, day and "
                     "hour, such as d1972");
     }
@@ -88,7 +89,7 @@ void CheckInstrument(const CheckedField& field, const SubfieldInHand& subfield,
     const bool isCode = subfield.code == 'a' || subfield.code == 'b';
     if (!isCode || IsInstrument(subfield.text)) return;
     remarks.Add(RuleId::MusicCodeUnknown, field.GetPlace().Subfield(subfield.code),
-                Quoted(subfield.text));
+                Shown(subfield.text));
 }
 
 }  // namespace

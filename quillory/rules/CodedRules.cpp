@@ -3,6 +3,7 @@
 #include <quillory/coded/Material.h>
 #include <quillory/rules/ControlFields.h>
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/Words.h>
 
 #include <algorithm>
 #include <array>
@@ -23,14 +24,18 @@ constexpr int kFirstCountry = 15;
 constexpr int kFirstFormOfMusic = 1;  // in 006
 constexpr std::size_t kCodeSize = 3;
 
-std::string Quoted(std::string_view text) {
-    return '"' + Printable(text) + '"';
-}
-
 const Element* ElementAt(CFType form, int first) {
     const auto& elements = ElementsOf(form);
     const auto found = std::ranges::find(elements, first, &Element::first);
     return found == elements.end() ? nullptr : &*found;
+}
+
+// The command that lists the codes of an element; `material` is the letter of its form, if it
+// belongs to one.
+std::string ListedBy(Place place, char material) {
+    place.occurrence = 0;
+    place.material = material;
+    return "`quillory codes " + PlaceText(place) + "` lists the codes";
 }
 
 // The types of date whose second date is not before the first.
@@ -49,8 +54,7 @@ void CheckDatesOf008(const CheckedField& field, RemarkSink& remarks) {
     const std::string_view second = field.content.substr(11, 4);
     if (HasPeriod(field.content[6]) && IsYear(first) && IsYear(second) && second < first) {
         remarks.Add(RuleId::DatesInWrongOrder, field.GetPlace().Positions(7, 14),
-                    std::string(first) + " to " + std::string(second),
-                    "date 2 is not before date 1");
+                    "date 2 (" + std::string(second) + ')', "date 1 (" + std::string(first) + ')');
     }
 }
 
@@ -93,9 +97,12 @@ private:
 
     void CheckForm(const CheckedField& field, CFType form, CFType none, RemarkSink& remarks) {
         if (form == none) {
-            remarks.Add(RuleId::CodeUnknown, field.GetPlace().Positions(0, 0),
-                        Quoted(field.content.substr(0, 1)),
-                        none == zorby::CF006None ? "Form of material" : "Category of material");
+            const Place place = field.GetPlace().Positions(0, 0);
+            const std::string name =
+                none == zorby::CF006None ? "Form of material: " : "Category of material: ";
+            remarks.Add(RuleId::CodeUnknown, place,
+                        name + Shown(field.content.substr(0, 1)) + " is no code",
+                        ListedBy(place, '\0'));
             return;
         }
         CheckLength(field, static_cast<std::size_t>(LengthOfForm(form)), remarks);
@@ -133,13 +140,36 @@ private:
         const CodeState state = StateOf(element, value);
         if (state == CodeState::Obsolete) {
             const std::string& former = lists_.FormerNameOf(element);
-            remarks.Add(RuleId::CodeObsolete, place, Quoted(value) + HistoryOf(element, value),
+            remarks.Add(RuleId::CodeObsolete, place, Shown(value) + HistoryOf(element, value),
                         former.empty() ? element.name : former);
         } else if (state == CodeState::Unknown) {
-            const RuleId rule =
-                element.IsUndefined() ? RuleId::PositionUndefined : RuleId::CodeUnknown;
-            remarks.Add(rule, place, Quoted(value), element.name);
+            AddUnknown(element, value, place, remarks);
         }
+    }
+
+    void AddUnknown(const Element& element, std::string_view value, const Place& place,
+                    RemarkSink& remarks) const {
+        if (element.IsUndefined())
+            return remarks.Add(RuleId::PositionUndefined, place, Shown(value));
+        const std::string name = element.name + ": ";
+        const std::string_view form = FormOfFreeValue(element.parts.front());
+        if (!form.empty()) {
+            return remarks.Add(RuleId::CodeUnknown, place, name + Shown(value) + " does not fit",
+                               "it is " + std::string(form));
+        }
+        const std::string_view letters = FormLetters(element.form);
+        remarks.Add(RuleId::CodeUnknown, place, name + UnknownCode(element, value) + " is no code",
+                    ListedBy(place, letters.empty() ? '\0' : letters.front()));
+    }
+
+    // The code that is unknown, and of several the value in which it stands: "\"q\" in \"abq\"".
+    std::string UnknownCode(const Element& element, std::string_view value) const {
+        for (const std::string_view code : lists_.SplitCodes(element, value)) {
+            const bool isUnknown = lists_.StateOf(element, code) == CodeState::Unknown;
+            if (!isUnknown || code.size() == value.size()) continue;
+            return Shown(code) + " in " + Shown(value);
+        }
+        return Shown(value);
     }
 
     // " (until 1990; now d)", as far as it is known of the obsolete codes in a value.
@@ -215,7 +245,7 @@ private:
         const bool saysNothing = IsAll(language, ' ') || IsAll(language, kFill);
         if (saysNothing || text.substr(0, kCodeSize) == language) return;
         remarks.Add(RuleId::LanguageAgainst008, field.GetPlace().Subfield('a'),
-                    Quoted(text.substr(0, kCodeSize)), Quoted(language));
+                    Shown(text.substr(0, kCodeSize)), Shown(language));
     }
 
     void CheckCountries(const RecordInHand& record, const CheckedField& field,
@@ -234,7 +264,7 @@ private:
         if (field.Indicator(2) == '7') return;
         for (const auto& [code, text] : record.SubfieldsOf(field)) {
             if (code != 'a' || lists_.StateOf(*formOfMusic_, text) != CodeState::Unknown) continue;
-            remarks.Add(RuleId::MusicCodeUnknown, field.GetPlace().Subfield('a'), Quoted(text));
+            remarks.Add(RuleId::MusicCodeUnknown, field.GetPlace().Subfield('a'), Shown(text));
         }
     }
 
@@ -247,10 +277,10 @@ private:
                    std::string_view code, ListRules rules, RemarkSink& remarks) {
         const CodeState state = lists_.StateOf(element, code);
         if (state == CodeState::Unknown || IsAll(code, kFill)) {
-            remarks.Add(rules.unknown, place, Quoted(given));
+            remarks.Add(rules.unknown, place, Shown(given));
         } else if (state == CodeState::Obsolete) {
             const std::string use = lists_.Find(element, code).use;
-            remarks.Add(rules.obsolete, place, Quoted(given),
+            remarks.Add(rules.obsolete, place, Shown(given),
                         use.empty() ? "another now" : use + " now");
         }
     }

@@ -1,18 +1,19 @@
 #include <quillory/rules/ControlFields.h>
 #include <quillory/rules/Dates.h>
+#include <quillory/rules/Words.h>
 
 namespace quillory {
 
 void CheckTimeStamp(const CheckedField& field, RemarkSink& remarks) {
     if (IsTimeStamp(field.content)) return;
-    remarks.Add(RuleId::DateMalformed, field.GetPlace(), Printable(field.content),
+    remarks.Add(RuleId::DateMalformed, field.GetPlace(), Shown(field.content),
                 "time of the form yyyymmddhhmmss.f");
 }
 
 void CheckDayOfEntry(const CheckedField& field, RemarkSink& remarks) {
     const std::string_view entered = field.content.substr(0, 6);
     if (IsDayOfEntry(entered)) return;
-    remarks.Add(RuleId::DateMalformed, field.GetPlace().Positions(0, 5), Printable(entered),
+    remarks.Add(RuleId::DateMalformed, field.GetPlace().Positions(0, 5), Shown(entered),
                 "day of the form yymmdd");
 }
 

@@ -1,4 +1,5 @@
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/Words.h>
 
 #include <algorithm>
 #include <array>
@@ -99,7 +100,7 @@ void CheckDate(const CheckedField& field, const TypeOfDate& type, int which, Rem
     const DateKind kind = which == 1 ? type.first : type.second;
     if (!IsWellFormed(date) || Is(kind, date)) return;
     remarks.Add(RuleId::DateAgainstType, field.GetPlace().Positions(at, at + kWidth - 1),
-                "date " + std::to_string(which) + " is \"" + std::string(date) + '"',
+                "date " + std::to_string(which) + " is " + Shown(date),
                 std::string("type ") + type.code + " it is " + std::string(TextOf(kind)));
 }
 

@@ -1,4 +1,5 @@
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/Words.h>
 #include <quillory/text/Utf8.h>
 #include <zorby/record/CommFormat.h>
 
@@ -112,6 +113,25 @@ std::optional<Link> LinkOf(const CheckedField& field, std::string_view text) {
     return Link{&field, text, tag, text.substr(kTagSize + 1, 2)};
 }
 
+// What is wrong with a text that is no link, and what would be right.
+void AddMalformed(const CheckedField& field, std::string_view text, RemarkSink& remarks) {
+    const std::string_view rest = text.substr(std::min(kNumberEnd, text.size()));
+    std::string found = Shown(text) + " is no link";
+    std::string right =
+        std::string("it would be like ") + (field.number == kLinkedTag ? "245-01/$1" : "880-01");
+    if (LinkOf(field, text.substr(0, kNumberEnd)) && rest.starts_with('/')) {
+        const std::string_view script = rest.substr(1, rest.find('/', 1) - 1);
+        found = Shown(text) + " names the script " + Shown(script);
+        right = "the codes of scripts are (3, (B, $1, (N, (S, (2 and those of ISO 15924";
+        if (script.empty()) {
+            found = Shown(text) + " has no code of a script after the stroke";
+            right = "leave the stroke out, or give a code such as $1 or (N";
+        }
+    }
+    remarks.Add(RuleId::LinkMalformed, field.GetPlace().Subfield('6'), std::move(found),
+                std::move(right));
+}
+
 bool ArePartners(const Link& one, const Link& other) {
     return one.field->number == other.tag && one.tag == other.field->number &&
            one.number == other.number;
@@ -140,8 +160,7 @@ void CheckLinks(const RecordInHand& record, RemarkSink& remarks) {
                 links.push_back(*link);
                 CheckScript(record, *link, remarks);
             } else {
-                remarks.Add(RuleId::LinkMalformed, field.GetPlace().Subfield('6'), Printable(text),
-                            field.number == kLinkedTag ? "245-01/$1" : "880-01");
+                AddMalformed(field, text, remarks);
             }
         }
     }

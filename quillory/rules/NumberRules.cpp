@@ -1,5 +1,6 @@
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/StandardNumbers.h>
+#include <quillory/rules/Words.h>
 #include <quillory/text/Trimmed.h>
 
 #include <algorithm>
@@ -34,19 +35,37 @@ void CheckIsbn(const Place& place, std::string_view text, RemarkSink& remarks) {
     }
 }
 
+bool IsLetter(char c) {
+    return 'a' <= (c | 0x20) && (c | 0x20) <= 'z';
+}
+
+// Where words come after a number of digits, which may begin with an M; the whole text otherwise.
+Divided DivideWords(std::string_view text) {
+    text = Trimmed(text);
+    const std::size_t begin = text.starts_with('M') || text.starts_with('m') ? 1 : 0;
+    const std::size_t end = std::min(text.find_first_not_of("0123456789Xx- ", begin), text.size());
+    const std::string_view rest = text.substr(end);
+    const std::string_view number = Trimmed(text.substr(0, end));
+    const bool hasWords = rest.starts_with('(') || (!rest.empty() && IsLetter(rest.front()));
+    return hasWords && number.size() > begin ? Divided{number, rest} : Divided{text, {}};
+}
+
 void CheckIssn(const Place& place, std::string_view text, RemarkSink& remarks) {
+    text = Trimmed(text);
+    if (text.starts_with("ISSN ")) text.remove_prefix(5);
+    auto [number, words] = DivideWords(text);
     // Punctuation before the next subfield is no part of the number.
-    std::string_view number = Trimmed(text);
     while (!number.empty() && std::string_view(" ;:,.)").find(number.back()) != text.npos) {
         number.remove_suffix(1);
     }
-    if (number.starts_with("ISSN ")) number.remove_prefix(5);
-    AddFault(RuleId::IssnInvalid, place, number, FaultOfIssn(number), remarks);
+    std::string fault = FaultOfIssn(number);
+    if (fault.empty() && !words.empty()) fault = Shown(words) + " is no part of an ISSN";
+    AddFault(RuleId::IssnInvalid, place, number, std::move(fault), remarks);
 }
 
 void CheckStandardNumber(const CheckedField& field, std::string_view text, RemarkSink& remarks) {
     const Place place = field.GetPlace().Subfield('a');
-    const std::string_view number = Trimmed(text);
+    const auto [number, words] = DivideWords(text);
     std::string fault;
     switch (field.Indicator(1)) {
         case '1':
@@ -61,6 +80,7 @@ void CheckStandardNumber(const CheckedField& field, std::string_view text, Remar
         default:
             return;
     }
+    if (fault.empty() && !words.empty()) fault = "words such as " + Shown(words) + " go to $q";
     AddFault(RuleId::StandardNumberInvalid, place, number, std::move(fault), remarks);
 }
 

@@ -3,6 +3,7 @@
 #include <quillory/rules/FormatTexts.h>
 #include <quillory/rules/OtherFormats.h>
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/Words.h>
 
 namespace quillory {
 namespace {
@@ -11,7 +12,6 @@ constexpr unsigned kLeader = 0;  // as CodedPositions have it
 constexpr unsigned k005 = 5;
 constexpr unsigned k008 = 8;
 constexpr unsigned k040 = 40;
-constexpr char kFillSign = '|';
 
 struct TableText {
     std::string_view text;
@@ -34,14 +34,19 @@ TableText TextOf(MarcFormat format) {
 void CheckCode(const CodedPositions& positions, std::size_t at, char code, const Place& field,
                RemarkSink& remarks) {
     const auto index = static_cast<unsigned char>(code);
-    if (positions.current[index] || code == kFillSign) return;
+    if (positions.current[index] || code == kFill) return;
     RuleId rule = RuleId::CodeUnknown;
     if (positions.obsolete[index]) rule = RuleId::CodeObsolete;
     if (positions.IsUndefined()) rule = RuleId::PositionUndefined;
     if (!remarks.Wants(rule)) return;
     const int position = static_cast<int>(at);
-    remarks.Add(rule, field.Positions(position, position), '"' + Printable({&code, 1}) + '"',
-                positions.element);
+    const Place place = field.Positions(position, position);
+    const std::string shown = Shown({&code, 1});
+    if (rule == RuleId::CodeUnknown) {
+        return remarks.Add(rule, place, positions.element + ": " + shown + " is no code",
+                           "it can be " + ValuesText(positions.current));
+    }
+    remarks.Add(rule, place, shown, positions.element);
 }
 
 // The codes of the Leader or of a control field, as far as it is long enough to have them.

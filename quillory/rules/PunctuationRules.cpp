@@ -37,21 +37,26 @@ bool StandsAlone(std::string_view text) {
     return text.starts_with('(') || text.starts_with('[');
 }
 
-void CheckBetween(const CheckedField& field, const SubfieldInHand& one, const SubfieldInHand& next,
-                  RemarkSink& remarks) {
+// `form` is Leader/18.
+void CheckBetween(char form, const CheckedField& field, const SubfieldInHand& one,
+                  const SubfieldInHand& next, RemarkSink& remarks) {
     const IsbdMark* mark = IsbdMarkBetween(field.tag, one.code, next.code);
     if (mark == nullptr || HasMark(one.text, *mark)) return;
     if (mark->isHeading && StandsAlone(next.text)) return;
+    std::string needed = Shown(*mark) + " at its end before $" + next.code;
+    if (!mark->isHeading) needed += std::string(", since Leader/18 (") + form + ") says ISBD";
     remarks.Add(mark->isHeading ? RuleId::HeadingMark : RuleId::IsbdMark,
-                field.GetPlace().Subfield(one.code),
-                std::string("$") + one.code + " before $" + next.code, Shown(*mark));
+                field.GetPlace().Subfield(one.code), std::string("$") + one.code,
+                std::move(needed));
 }
 
 void CheckMarks(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
     const SubfieldInHand* last = nullptr;
     for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
         if (IsControlSubfield(subfield.code)) continue;
-        if (last != nullptr) CheckBetween(field, *last, subfield, remarks);
+        if (last != nullptr) {
+            CheckBetween(record.LeaderByte(kDescriptiveForm), field, *last, subfield, remarks);
+        }
         last = &subfield;
     }
 }

@@ -1,4 +1,7 @@
+#include <quillory/coded/Material.h>
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/Successors.h>
+#include <quillory/rules/Words.h>
 #include <zorby/record/CommFormat.h>
 
 #include <algorithm>
@@ -14,25 +17,15 @@ bool IsMadeUpTag(std::string_view tag) {
     });
 }
 
-std::string IndicatorText(char value) {
-    if (value == ' ') return "blank";
-    return Printable({&value, 1});
+bool HasText(std::string_view text) {
+    return text.find_first_not_of(' ') != text.npos;
 }
 
-// "blank, 0 to 9".
-std::string ValuesText(const Codes& values) {
-    std::string text;
-    for (int value = 0; value < 256; ++value) {
-        if (!values[static_cast<std::size_t>(value)]) continue;
-        int last = value;
-        while (last < 255 && values[static_cast<std::size_t>(last) + 1]) ++last;
-        text += (text.empty() ? "" : ", ") + IndicatorText(static_cast<char>(value));
-        if (last > value + 1) {
-            text += " to " + IndicatorText(static_cast<char>(last));
-            value = last;
-        }
-    }
-    return text;
+// "the first indicator is 9".
+std::string IndicatorText(int which, char value) {
+    const std::string text = which == 1 ? "the first indicator is " : "the second indicator is ";
+    if (value == '\0') return text + "missing";
+    return text + (value == ' ' ? "blank" : Printable({&value, 1}));
 }
 
 void CheckIndicators(const CheckedField& field, const FieldRule& rule, RemarkSink& remarks) {
@@ -44,27 +37,74 @@ void CheckIndicators(const CheckedField& field, const FieldRule& rule, RemarkSin
                                  ? RuleId::IndicatorObsolete
                                  : RuleId::IndicatorUndefined;
         if (!remarks.Wants(found)) continue;
-        remarks.Add(found, field.GetPlace().Indicator(which), IndicatorText(value),
+        remarks.Add(found, field.GetPlace().Indicator(which), IndicatorText(which, value),
                     ValuesText(values.current));
     }
 }
 
-bool HasText(std::string_view text) {
-    return text.find_first_not_of(' ') != text.npos;
+// "MARC 21", of which other formats than the bibliographic one are parts with a name.
+std::string FormatName(const RecordInHand& record) {
+    if (MarcFormatOf(record.Leader()) == kFormatBibliographic) return "MARC 21";
+    return "MARC 21 for " + MaterialText(record.Leader());
 }
 
-void CheckSubfield(const CheckedField& field, const FieldRule& rule, char code, bool isFurther,
-                   RemarkSink& remarks) {
+void AddUndefinedField(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    remarks.Add(RuleId::NotMarc, field.GetPlace(),
+                FormatName(record) + " has no field " + Printable(field.tag));
+}
+
+// "field 245"; of an 880 with the field to which it belongs.
+std::string FieldName(const RecordInHand& record, const CheckedField& field) {
+    const std::string name = "field " + std::string(field.tag);
+    const bool isLinked = &record.RuleFor(field) != &record.OwnRuleOf(field);
+    if (!isLinked) return name;
+    return name + " for " + std::string(record.TextOf(field, '6').substr(0, kTagSize));
+}
+
+// How to keep both of two subfields.
+std::string WayOut(const FieldRule& rule, const CheckedField& field) {
+    const std::string join = "join them, or ";
+    if (!rule.isRepeatable) return join + "delete one";
+    return join + "give a field " + std::string(field.tag) + " for each";
+}
+
+std::string NowIn(std::string_view successor) {
+    return successor.empty() ? std::string() : "; use " + std::string(successor);
+}
+
+// A field under the rule of the field that it is linked to, or else of its own tag.
+struct RuledField {
+    const RecordInHand& record;
+    const CheckedField& field;
+    const FieldRule& rule;
+};
+
+// The check before export says so of titles with a text.
+bool IsFurtherTitle(const CheckedField& field, const SubfieldInHand& subfield,
+                    const RemarkSink& remarks) {
+    return field.number == 245 && subfield.code == 'a' && HasText(subfield.text) &&
+           remarks.Wants(RuleId::ManyTitles);
+}
+
+void CheckFurther(const RuledField& ruled, const SubfieldInHand& subfield, RemarkSink& remarks) {
+    const auto& [record, field, rule] = ruled;
+    const auto index = static_cast<unsigned char>(subfield.code);
+    const bool mayStand = !rule.codes[index] || rule.repeatableCodes[index];
+    if (mayStand || IsFurtherTitle(field, subfield, remarks)) return;
+    remarks.Add(RuleId::NotRepeatable, field.GetPlace().Subfield(subfield.code),
+                FieldName(record, field) + " has only one $" + subfield.code, WayOut(rule, field));
+}
+
+void CheckFirst(const RuledField& ruled, char code, RemarkSink& remarks) {
+    const auto& [record, field, rule] = ruled;
     const auto index = static_cast<unsigned char>(code);
     const Place place = field.GetPlace().Subfield(code);
-    if (isFurther) {
-        if (rule.codes[index] && !rule.repeatableCodes[index]) {
-            remarks.Add(RuleId::NotRepeatable, place);
-        }
-    } else if (!rule.codes[index]) {
-        remarks.Add(RuleId::NotMarc, place);
+    if (!rule.codes[index]) {
+        remarks.Add(RuleId::NotMarc, place,
+                    FieldName(record, field) + " has no subfield $" + Printable({&code, 1}));
     } else if (rule.obsoleteCodes[index]) {
-        remarks.Add(RuleId::SubfieldObsolete, place);
+        remarks.Add(RuleId::SubfieldObsolete, place, {},
+                    NowIn(SuccessorOfSubfield(field.tag, code)));
     }
 }
 
@@ -77,7 +117,8 @@ void CheckCodes(const RecordInHand& record, const CheckedField& field, const Fie
         std::uint8_t& count = counts[static_cast<unsigned char>(subfield.code)];
         if (count == 2) continue;
         ++count;
-        CheckSubfield(field, rule, subfield.code, count == 2, remarks);
+        if (count == 1) CheckFirst({record, field, rule}, subfield.code, remarks);
+        if (count == 2) CheckFurther({record, field, rule}, subfield, remarks);
     }
 }
 
@@ -95,12 +136,31 @@ void CheckTexts(const RecordInHand& record, const CheckedField& field, RemarkSin
     }
 }
 
+// The checks before export say so of main entries and titles.
+bool IsFurtherEntry(const RecordInHand& record, const CheckedField& field,
+                    const RemarkSink& remarks) {
+    const FieldRole role = record.OwnRuleOf(field).role;
+    if (role == kRoleTitle) {
+        return HasText(record.TextOf(field, 'a')) && remarks.Wants(RuleId::ManyTitles);
+    }
+    return role == kRoleMainEntry && remarks.Wants(RuleId::ManyMainEntries100);
+}
+
+void CheckRepeated(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    if (field.occurrence == 1 || record.OwnRuleOf(field).isRepeatable) return;
+    if (IsFurtherEntry(record, field, remarks)) return;
+    remarks.Add(RuleId::NotRepeatable, field.GetPlace(),
+                "a record has only one field " + std::string(field.tag),
+                field.IsData() ? "join them, or delete one" : "delete one");
+}
+
 void CheckKnownField(const RecordInHand& record, const CheckedField& field, const FieldRule& rule,
                      RemarkSink& remarks) {
-    if (rule.isObsolete) remarks.Add(RuleId::FieldObsolete, field.GetPlace());
-    if (!rule.isRepeatable && field.occurrence > 1) {
-        remarks.Add(RuleId::NotRepeatable, field.GetPlace());
+    if (rule.isObsolete) {
+        remarks.Add(RuleId::FieldObsolete, field.GetPlace(), {},
+                    NowIn(SuccessorOfField(field.number)));
     }
+    CheckRepeated(record, field, remarks);
     if (!field.IsData()) {
         if (!HasText(field.content)) remarks.Add(RuleId::FieldEmpty, field.GetPlace());
         const auto delimiters = std::ranges::count(field.content, zorby::kDelimiter);
@@ -123,12 +183,12 @@ void CheckStructure(const RecordInHand& record, bool allowsLocal, RemarkSink& re
     for (const CheckedField& field : record.Fields()) {
         if (field.number == kNoTag) {
             const bool isLocal = allowsLocal && IsMadeUpTag(field.tag);
-            if (!isLocal) remarks.Add(RuleId::NotMarc, field.GetPlace());
+            if (!isLocal) AddUndefinedField(record, field, remarks);
             continue;
         }
         const FieldRule& rule = record.OwnRuleOf(field);
         if (!rule.isKnown) {
-            remarks.Add(RuleId::NotMarc, field.GetPlace());
+            AddUndefinedField(record, field, remarks);
         } else {
             CheckKnownField(record, field, rule, remarks);
         }

@@ -89,8 +89,10 @@ class Findings(Checks):
                               "NoHoldings=1")
         place = f'{self.bare}: record 1 at byte 0 (001 <b>&"bare): '
         self.assertEqual(out.splitlines(), [
-            place + "008: error: the record lacks field 008, which the format requires [no-008]",
-            place + "040: note: the record lacks 040 $a or $c, the agencies that made it [no-040]",
+            place + "008: error: the record lacks field 008: give its 40 positions, with dates, "
+                    "country and language [no-008]",
+            place + "040: note: the record lacks the source of its cataloging: give 040 $a and "
+                    "$c, the codes of the libraries that described and typed it [no-040]",
             place + "245 $a: error: the record lacks a title: give 245 $a [no-title]",
             place + "260 $b: error: the record lacks a publisher: give 264 $b or 260 $b "
                     "[no-publisher]",
@@ -227,7 +229,7 @@ class Findings(Checks):
         custom = ["-q", "--policy", "custom", self.bare]
         self.assertNotIn("590", self.check(*custom)[0])
         self.assertNotIn("590", self.check(*custom, "--user-defined", "590a")[0])
-        self.assertIn("590: error: the format has no such field or subfield [undefined]\n",
+        self.assertIn("590: error: MARC 21 has no field 590 [undefined]\n",
                       self.check(*custom, "--user-defined", "591a")[0])
 
     def test_records_of_other_formats_are_held_against_their_own(self):
@@ -241,8 +243,8 @@ class Findings(Checks):
             "=200  1\\$aLe fleuve\n\n").encode() * 2)
         out, _ = self.check("-q", heading, unimarc)
         self.assertEqual([line.split(": ", 1)[1] for line in out.splitlines()], [
-            "record 1 at byte 0 (001 n1): 245: warning: the format has no such field or subfield "
-            "[undefined]",
+            "record 1 at byte 0 (001 n1): 245: warning: MARC 21 for authority data has no field "
+            "245 [undefined]",
             "record 1 at byte 0: warning: this file seems to hold UNIMARC records, which are not "
             "checked [unimarc]"])
 

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <tests/quillory/Records.h>
 #include <tests/quillory/checks/DictionariesInForce.h>
@@ -55,14 +56,23 @@ protected:
         return Found(inspector, record);
     }
 
+    // What is said first of a record.
+    static std::string FirstLine(Inspector& inspector, const Lines& lines) {
+        std::vector<Remark> remarks;
+        const TestRecord test(lines, '$');
+        inspector.Inspect(test.record, 1, remarks);
+        return remarks.empty() ? "nothing" : RemarkLine(remarks.front());
+    }
+
     // The sound record, without the fields of some tags (by three digits each), and with others.
-    static std::string FoundIn(const std::string& without, const Lines& with) {
+    static std::string FoundIn(Inspector& inspector, const std::string& without,
+                               const Lines& with) {
         Lines lines;
         for (const std::string& line : kSound) {
             if (without.find(line.substr(0, 3)) == without.npos) lines.push_back(line);
         }
         lines.insert(lines.end(), with.begin(), with.end());
-        return Found(TestRecord(lines, '$').record, {{}, {}, {"final-mark-missing"}});
+        return Found(inspector, TestRecord(lines, '$').record);
     }
 
 private:
@@ -90,6 +100,8 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"", {"1041 $aX"}, "undefined 104"},
         {"", {"500  $jX$jY"}, "undefined 500 $j"},
         {"", {"300  $a1 disc :$bx$by$bz"}, "not-repeatable 300[2] $b"},
+        {"", {"1001 $aHill, Ann."}, "second-main-entry-100 100[2]"},
+        {"", {"24510$aOf rivers"}, "many-titles 245[2] $a"},
         {"", {"590  $jLocal", "9XX  $zOf a system"}, ""},
         {"", {"500  $a$b"}, "undefined 500 $b; field-empty 500"},
         {"", {"500  $a $3Part"}, "subfield-empty 500 $a"},
@@ -179,10 +191,14 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
          "media-term-against-code 336 $a; content-against-type 336 $b"},
         {"336", {"336  $aText$btxt$2rdacontent/ger"}, ""},
     };
+    Inspector inspector(
+        {},
+        RuleWeights({{}, {}, {"final-mark-missing", "control-number-repeated", "number-repeated"}}),
+        Lists());
     for (const auto& row : kCases) {
         std::string name = row.without;
         for (const std::string& line : row.with) name += " " + line;
-        EXPECT_EQ(FoundIn(row.without, row.with), row.found) << name;
+        EXPECT_EQ(FoundIn(inspector, row.without, row.with), row.found) << name;
     }
 }
 
@@ -192,30 +208,117 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
         const char* words;
     } kCases[] = {
         {"24592$aOf rivers",
-         "245/1: warning: the indicator is 9; the field has 0, 1 "
-         "[indicator-undefined]"},
+         "245/1: warning: the first indicator is 9; it can be 0 or 1 [indicator-undefined]"},
+        {"500 1$aX",
+         "500/2: warning: the second indicator is 1; it can be blank [indicator-undefined]"},
+        {"050 1$aPS1",
+         "050/2: note: the second indicator is 1, which is obsolete; it can be 0 or 4 "
+         "[indicator-obsolete]"},
         {"24510$aThe rivers",
-         "245/2: warning: the indicator is 0; the title begins with the "
-         "article \"The\", so it would be 4 [nonfiling-count]"},
+         "245/2: warning: the indicator is 0; the title begins with the article \"The\", so it "
+         "would be 4 [nonfiling-count]"},
+        {"1041 $aX", "104: warning: MARC 21 has no field 104 [undefined]"},
+        {"500  $aX$DY", "500 $D: warning: field 500 has no subfield $D [undefined]"},
+        {"880  $6500-00$aX$jY",
+         "880 $j: warning: field 880 for 500 has no subfield $j [undefined]"},
+        {"300  $aX$3Y$3Z",
+         "300[2] $3: warning: field 300 has only one $3, and this is a further one: join them, or "
+         "give a field 300 for each [not-repeatable]"},
+        {"001x2",
+         "001[2]: warning: a record has only one field 001, and this is a further one: delete one "
+         "[not-repeatable]"},
+        {"500  $a$3X",
+         "500 $a: warning: the subfield has no text: delete it, or give its text "
+         "[subfield-empty]"},
+        {"440 0$aX",
+         "440: note: the format has withdrawn this field; use 490 and 830 [field-obsolete]"},
+        {"570  $aX", "570: note: the format has withdrawn this field [field-obsolete]"},
+        {"020  $a0596000278$bpaperback",
+         "020[2] $b: note: the format has withdrawn this subfield; use $q [subfield-obsolete]"},
         {"020  $a0596000279",
-         "020[2] $a: warning: 0596000279: the check digit would be 8 "
-         "[isbn-invalid]"},
+         "020[2] $a: warning: 0596000279: the check digit would be 8 [isbn-invalid]"},
         {"022  $a0046225X", "022 $a: warning: 0046225X: it would be 0046-225X [issn-invalid]"},
+        {"022  $a0046-225X (print)",
+         "022 $a: warning: 0046-225X: \"(print)\" is no part of an ISSN [issn-invalid]"},
+        {"0243 $a9780596000271 (disc)",
+         "024 $a: warning: 9780596000271: words such as \"(disc)\" go to $q "
+         "[standard-number-invalid]"},
+        {"0241 $a036000/1",
+         "024 $a: warning: 036000/1: it has 8 digits; there are 12 in this number "
+         "[standard-number-invalid]"},
         {"88010$6245-07$aX",
-         "880 $6: warning: \"245-07\" has no partner; the record needs a field "
-         "245 with $6 880-07 [link-without-partner]"},
+         "880 $6: warning: \"245-07\" has no partner; the record needs a field 245 with $6 880-07 "
+         "[link-without-partner]"},
+        {"880  $6500-0$aX",
+         "880 $6: warning: \"500-0\" is no link; it would be like 245-01/$1 [link-malformed]"},
+        {"880  $6500-00/$aX",
+         "880 $6: warning: \"500-00/\" has no code of a script after the stroke; leave the stroke "
+         "out, or give a code such as $1 or (N [link-malformed]"},
+        {"880  $6500-00/(9/r$aX",
+         "880 $6: warning: \"500-00/(9/r\" names the script \"(9\"; the codes of scripts are (3, "
+         "(B, $1, (N, (S, (2 and those of ISO 15924 [link-malformed]"},
+        {"043  $an-us",
+         "043 $a: warning: \"n-us\" is not in the MARC Code List for Geographic Areas; perhaps "
+         "n-us--- is meant [area-code-unknown]"},
+        {"043  $an-us-cb",
+         "043 $a: warning: \"n-us-cb\" is not in the MARC Code List for Geographic Areas "
+         "[area-code-unknown]"},
+        {"007vq", "007: warning: the field has 2 characters; the format has 9 [field-length]"},
+        {"0079",
+         "007/00: warning: Category of material: \"9\" is no code; `quillory codes 007/00` lists "
+         "the codes [code-unknown]"},
+        {"007vf cbahoQ",
+         "007/08: warning: Configuration of playback channels: \"Q\" is no code; `quillory codes "
+         "007v/08` lists the codes [code-unknown]"},
+        {"007ha afb0x1baca",
+         "007/06-08: warning: Reduction ratio: \"0x1\" does not fit; it is three digits, with - "
+         "for one that is not known [code-unknown]"},
     };
+    Inspector inspector({}, RuleWeights({{}, {}, {"control-number-repeated", "number-repeated"}}),
+                        Lists());
     for (const auto& row : kCases) {
         Lines lines = kSound;
         std::erase_if(lines, [&row](const std::string& line) {
             return line.starts_with("245") && std::string_view(row.line).starts_with("245");
         });
         lines.emplace_back(row.line);
-        const TestRecord test(lines, '$');
-        std::vector<Remark> remarks;
-        Inspector({}, RuleWeights(), Lists()).Inspect(test.record, 1, remarks);
-        ASSERT_FALSE(remarks.empty()) << row.line;
-        EXPECT_EQ(RemarkLine(remarks.front()), row.words) << row.line;
+        EXPECT_EQ(FirstLine(inspector, lines), row.words) << row.line;
+    }
+}
+
+TEST_F(InspectorTest, SaysWhatThePositionsOf008HoldAndWouldHold) {
+    const struct {
+        std::size_t position;
+        const char* value;
+        const char* words;
+    } kCases[] = {
+        {6, " ",
+         "008/06: warning: Type of date/Publication status: blank is no code; `quillory codes "
+         "008/06` lists the codes "
+         "[code-unknown]"},
+        {24, "bQ",
+         "008/24-27: warning: Nature of contents: \"Q\" in \"bQ  \" is no code; `quillory codes "
+         "008a/24-27` lists the codes [code-unknown]"},
+        {35, "xyz",
+         "008/35-37: warning: Language: \"xyz\" is no code; `quillory codes 008/35-37` lists the "
+         "codes [code-unknown]"},
+        {0, "      ", "008/00-05: warning: blank is no day of the form yymmdd [date-malformed]"},
+        {6, "m19910701",
+         "008/07-14: warning: date 2 (0701) is before date 1 (1991) [dates-in-wrong-order]"},
+        {6, "m1999    ",
+         "008/11-14: warning: date 2 is blank; with type m it is a year [date-against-type]"},
+        {7, "19x9",
+         "008/07-10: warning: Date 1: \"19x9\" does not fit; it is four digits, with u for one "
+         "that is not known [code-unknown]"},
+    };
+    Inspector inspector({}, RuleWeights({{}, {}, {"control-number-repeated", "number-repeated"}}),
+                        Lists());
+    for (const auto& row : kCases) {
+        Lines lines = kSound;
+        std::ranges::replace_if(
+            lines, [](const std::string& line) { return line.starts_with("008"); },
+            With008(row.position, row.value));
+        EXPECT_EQ(FirstLine(inspector, lines), row.words);
     }
 }
 
