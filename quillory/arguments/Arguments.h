@@ -133,6 +133,7 @@ public:
     void Footer(std::string text) { footer_ = std::move(text); }
 
     const std::string& Name() const { return name_; }
+    const std::string& Version() const { return version_; }
     // All of it as plain data, in the order of declaration.
     CommandDefinition Definition() const;
 

@@ -1,3 +1,4 @@
+#include <quillory/arguments/ManualCommands.h>
 #include <quillory/cli/Commands.h>
 
 namespace quillory {
@@ -67,6 +68,7 @@ void DeclareCommands(Arguments& program) {
         Arguments& command = program.Command(row.name, row.summary);
         if (row.declare != nullptr) row.declare(command);
     }
+    DeclareManualCommands(program);
 }
 
 }  // namespace quillory

@@ -1,3 +1,4 @@
+#include <quillory/arguments/ManualCommands.h>
 #include <quillory/arguments/Program.h>
 
 #include <tools/zorby-data/Commands.h>
@@ -14,24 +15,27 @@ void DeclareCompile(Arguments& command) {
     CompileOptions& options = command.Runs(CompileFiles);
     command.Choice("KIND", options.kind, kKinds, "What the sources hold").Required();
     command.Positional("FILE", options.sources, "Sources, in the order of the data file")
-        .Required();
-    command.Option("-o,--output", options.output, "The data file").Required();
+        .Required()
+        .File();
+    command.Option("-o,--output", options.output, "The data file").Required().File();
 }
 
 void DeclareDump(Arguments& command) {
     DumpOptions& options = command.Runs(DumpFile);
-    command.Positional("FILE", options.file, "The data file").Required();
+    command.Positional("FILE", options.file, "The data file").Required().File();
     command.Choice("--kind", options.kind, kKinds,
                    "What the file holds; by default that of its name");
-    command.Option(
-        "-o,--output", options.output,
-        "The source, standard output if not given; for workforms the folder of their sources");
+    command
+        .Option("-o,--output", options.output,
+                "The source, standard output if not given; for workforms the folder of their "
+                "sources")
+        .File();
 }
 
 void DeclareJoinCodes(Arguments& command) {
     JoinOptions& options = command.Runs(JoinCodes);
-    command.Positional("FILE", options.sources, "Sources").Required();
-    command.Option("-o,--output", options.output, "The file of all codes").Required();
+    command.Positional("FILE", options.sources, "Sources").Required().File();
+    command.Option("-o,--output", options.output, "The file of all codes").Required().File();
 }
 
 }  // namespace
@@ -43,5 +47,6 @@ int main(int argc, char** argv) {
     DeclareDump(program.Command("dump", "Write a data file as a source"));
     DeclareJoinCodes(
         program.Command("join-codes", "Check sources of codes and join them into one file"));
+    quillory::DeclareManualCommands(program);
     return quillory::RunProgram(program, argc, argv);
 }
