@@ -8,11 +8,21 @@ constexpr int kMostRecent = 8;
 
 }  // namespace
 
-DeskSettings::DeskSettings(const QString& path)
-    : store_(path.isEmpty() ? QStringLiteral("/dev/null") : path, QSettings::IniFormat) {}
+// No path stands for nothing: settings are put in the place of whatever has that name.
+DeskSettings::DeskSettings(const QString& path) {
+    if (!path.isEmpty()) store_ = std::make_unique<QSettings>(path, QSettings::IniFormat);
+}
+
+QVariant DeskSettings::Value(const QString& key) const {
+    return store_ ? store_->value(key) : QVariant();
+}
+
+void DeskSettings::SetValue(const QString& key, const QVariant& value) {
+    if (store_) store_->setValue(key, value);
+}
 
 QStringList DeskSettings::RecentFiles() const {
-    return store_.value(kRecent).toStringList();
+    return Value(kRecent).toStringList();
 }
 
 void DeskSettings::AddRecentFile(const QString& path) {
@@ -20,7 +30,7 @@ void DeskSettings::AddRecentFile(const QString& path) {
     files.removeAll(path);
     files.prepend(path);
     while (files.size() > kMostRecent) files.removeLast();
-    store_.setValue(kRecent, files);
+    SetValue(kRecent, files);
 }
 
 }  // namespace quillory

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QSettings>
 #include <QStringList>
+#include <QVariant>
+#include <memory>
 
 namespace quillory {
 
@@ -14,13 +16,16 @@ public:
 
     QStringList RecentFiles() const;
     void AddRecentFile(const QString& path);
-    bool IsDark() const { return store_.value("window/dark", false).toBool(); }
-    void SetDark(bool isDark) { store_.setValue("window/dark", isDark); }
-    QByteArray State(const QString& what) const { return store_.value(what).toByteArray(); }
-    void SetState(const QString& what, const QByteArray& state) { store_.setValue(what, state); }
+    bool IsDark() const { return Value("window/dark").toBool(); }
+    void SetDark(bool isDark) { SetValue("window/dark", isDark); }
+    QByteArray State(const QString& what) const { return Value(what).toByteArray(); }
+    void SetState(const QString& what, const QByteArray& state) { SetValue(what, state); }
 
 private:
-    QSettings store_;
+    QVariant Value(const QString& key) const;
+    void SetValue(const QString& key, const QVariant& value);
+
+    std::unique_ptr<QSettings> store_;  // null if nothing is kept
 };
 
 }  // namespace quillory
