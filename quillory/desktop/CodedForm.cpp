@@ -169,7 +169,7 @@ QWidget* CodedForm::MakeChoices(Row& row, std::size_t index) {
             QStringLiteral("%1, %2").arg(NameOf(element, lists_), ToQt(PlaceText(row.place)));
         if (count > 1) name += tr(", code %1 of %2").arg(i + 1).arg(count);
         choice->setAccessibleName(name);
-        const auto at = static_cast<std::size_t>(i * width);
+        const std::size_t at = static_cast<std::size_t>(i) * static_cast<std::size_t>(width);
         connect(choice, &CodedChoice::Chosen, this,
                 [this, index, at](const std::string& code) { Take(index, at, code); });
         connect(choice, &CodedChoice::Refused, this, [this, index](const QString& typed) {
@@ -278,7 +278,7 @@ void CodedForm::Finish() {
     }
 }
 
-void CodedForm::Take(std::size_t row, std::size_t at, std::string value) {
+void CodedForm::Take(std::size_t row, std::size_t at, const std::string& value) {
     Q_EMIT Changed(rows_[row].place.first + static_cast<int>(at), value);
 }
 

@@ -72,7 +72,7 @@ private:
     QWidget* MakeChoices(Row& row, std::size_t index);
     QWidget* MakeBox(Row& row, std::size_t index);
     void Show(Row& row, const std::string& content);
-    void Take(std::size_t row, std::size_t at, std::string value);
+    void Take(std::size_t row, std::size_t at, const std::string& value);
     void TakeBox(std::size_t row);
     void Watch(QWidget& control, std::size_t row);
     static QWidget* ControlOf(const Row& row);

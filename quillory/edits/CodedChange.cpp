@@ -56,7 +56,7 @@ bool IsKnown(CFType form) {
 
 void Change008(CFType from, CFType to, char letter, const CodeLists& lists, std::string& content) {
     constexpr auto kFirst = static_cast<std::size_t>(kFirstMaterial008);
-    constexpr auto kSize = static_cast<std::size_t>(kLastMaterial008 - kFirstMaterial008 + 1);
+    constexpr auto kSize = static_cast<std::size_t>(kLastMaterial008) + 1 - kFirst;
     if (content.size() < kFirst + kSize) return;
     std::string changed = NewContentOf(to, letter);
     KeepWhatFits(' ' + content.substr(kFirst, kSize), from, to, lists, changed);
