@@ -11,6 +11,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <algorithm>
+#include <limits>
 
 namespace quillory {
 namespace {
@@ -18,8 +19,25 @@ namespace {
 constexpr int kTagChars = 6;
 constexpr int kSignChars = 3;
 constexpr int kNameChars = 30;
+constexpr int kRoomOfLines = 6;     // above and below a line, in pixels
+constexpr int kRoomOfMargins = 12;  // beside it, at most
 
 }  // namespace
+
+void AsciiWidths::Measure(const QFontMetrics& metrics) {
+    for (std::size_t i = 0; i < widths_.size(); ++i) {
+        widths_[i] = metrics.horizontalAdvance(QChar(static_cast<char16_t>(i)));
+    }
+}
+
+int AsciiWidths::Of(const QString& text) const {
+    int width = 0;
+    for (const QChar sign : text) {
+        if (sign.unicode() >= widths_.size()) return std::numeric_limits<int>::max();
+        width += widths_[sign.unicode()];
+    }
+    return width;
+}
 
 RecordTable::RecordTable(OpenRecord& record, QWidget* parent)
     : QTableView(parent),
@@ -36,7 +54,9 @@ RecordTable::RecordTable(OpenRecord& record, QWidget* parent)
     setSelectionMode(SingleSelection);
     setEditTriggers(DoubleClicked | AnyKeyPressed | EditKeyPressed | SelectedClicked);
     verticalHeader()->hide();
-    verticalHeader()->setMinimumSectionSize(fontMetrics().height() + 6);
+    rowHeight_ = fontMetrics().height() + kRoomOfLines;
+    verticalHeader()->setMinimumSectionSize(rowHeight_);
+    verticalHeader()->setDefaultSectionSize(rowHeight_);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setMinimumSectionSize(0);
     const int width = fontMetrics().averageCharWidth();
@@ -233,8 +253,24 @@ void RecordTable::resizeEvent(QResizeEvent* event) {
     FitRows();
 }
 
+// A cell whose text is surely one line is not laid out: a record can have a thousand of them.
+int RecordTable::HeightOf(const QModelIndex& index) const {
+    const bool hasOwnFont = index.data(Qt::FontRole).isValid();
+    const int room = columnWidth(index.column()) - kRoomOfMargins;
+    const bool isOneLine = !hasOwnFont && asciiWidths_.Of(index.data().toString()) <= room;
+    return isOneLine ? rowHeight_ : sizeHintForIndex(index).height();
+}
+
 void RecordTable::FitRows() {
-    resizeRowsToContents();
+    asciiWidths_.Measure(fontMetrics());
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        int height = rowHeight_;
+        for (const int column : {RecordModel::Text, RecordModel::Name}) {
+            if (isColumnHidden(column)) continue;
+            height = std::max(height, HeightOf(model_->index(row, column)));
+        }
+        if (height != rowHeight(row)) setRowHeight(row, height);
+    }
 }
 
 }  // namespace quillory

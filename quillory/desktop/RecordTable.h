@@ -4,6 +4,7 @@
 #include <zorby/format/DisplayOptions.h>
 
 #include <QTableView>
+#include <array>
 #include <string_view>
 
 namespace quillory {
@@ -11,6 +12,18 @@ namespace quillory {
 class CellEditor;
 class OpenRecord;
 class RecordModel;
+
+// How wide a text is, if it has no character outside ASCII. The layout of a text may make it
+// narrower by a pixel or two, hardly wider.
+class AsciiWidths {
+public:
+    void Measure(const QFontMetrics& metrics);
+    // The largest number for a text with other characters.
+    int Of(const QString& text) const;
+
+private:
+    std::array<int, 128> widths_{};
+};
 
 // A record as rows that are edited in place, by keyboard or mouse.
 class RecordTable : public QTableView {
@@ -53,11 +66,14 @@ protected:
 
 private:
     void FitRows();
+    int HeightOf(const QModelIndex& index) const;
     void Edit(const QModelIndex& index);
 
     OpenRecord& record_;
     RecordModel* model_;
     CellEditor* editor_;
+    AsciiWidths asciiWidths_;
+    int rowHeight_ = 0;  // of one line
 };
 
 }  // namespace quillory
