@@ -63,14 +63,15 @@ void DeclareArgument(const Argument& argument, CLI::App& app) {
 // Has the words of a command line told apart, and puts the values where they belong.
 class ArgumentParser {
 public:
-    explicit ArgumentParser(Arguments& program) : app_(program.summary_, program.name_) {
+    ArgumentParser(Arguments& program, const std::vector<std::string>& words)
+        : words_(words), app_(program.summary_, program.name_) {
         Declare(program, app_);
         called_.push_back({program, app_});
     }
 
-    Call Parse(const std::vector<std::string>& words) {
+    Call Parse() {
         Call call;
-        const std::string fault = TellApart(words);
+        const std::string fault = TellApart(words_);
         for (const Step& step : called_) {
             call.command += (call.command.empty() ? "" : " ") + step.command.name_;
         }
@@ -80,7 +81,7 @@ public:
             const Arguments& program = called_.front().command;
             call.text = program.name_ + " " + program.version_ + "\n";
         } else {
-            call.error = FirstOf({FaultOfEmptyValue(words), FaultOfExtraWords(), FaultOfPlace(),
+            call.error = FirstOf({FaultOfEmptyValue(words_), FaultOfExtraWords(), FaultOfPlace(),
                                   fault, FaultOfValues()});
             if (call.error.empty()) call.run = called_.back().command.run_;
         }
@@ -94,13 +95,15 @@ private:
         CLI::App& app;
     };
 
-    static void Declare(const Arguments& command, CLI::App& app) {
+    // A command that no word names can't be called: its arguments need not be known.
+    void Declare(const Arguments& command, CLI::App& app) {
         app.set_help_flag();  // it is among the arguments
         app.allow_extras();
         app.footer(command.footer_);
         for (const Argument& argument : command.arguments_) DeclareArgument(argument, app);
         for (const Arguments& under : command.commands_) {
-            Declare(under, *app.add_subcommand(under.name_, under.summary_));
+            CLI::App& known = *app.add_subcommand(under.name_, under.summary_);
+            if (std::ranges::find(words_, under.name_) != words_.end()) Declare(under, known);
         }
         if (!command.commands_.empty()) app.require_subcommand(command.run_ ? 0 : 1, 1);
     }
@@ -195,6 +198,7 @@ private:
         return {};
     }
 
+    const std::vector<std::string>& words_;
     CLI::App app_;
     std::vector<Step> called_;
 };
@@ -279,7 +283,7 @@ CommandDefinition Arguments::Definition() const {
 }
 
 Call Arguments::Parse(const std::vector<std::string>& words) {
-    return ArgumentParser(*this).Parse(words);
+    return ArgumentParser(*this, words).Parse();
 }
 
 }  // namespace quillory
