@@ -177,10 +177,10 @@ std::string ManualPageName(const NamedCommand& command) {
 std::string ManualPage(const NamedCommand& command, const std::string& version) {
     const std::string name = Plain(ManualPageName(command));
     return ".TH \"" + name + "\" 1 \"\" \"" + Plain(command.names.front() + " " + version) +
-           "\"\n" + Section("NAME") + name + " \\- " + Plain(SummaryOf(command.definition)) + "\n" +
-           Section("SYNOPSIS") + Synopsis(command) + ArgumentItems(command.definition, true) +
-           ArgumentItems(command.definition, false) + CommandItems(command.definition) +
-           Details(command.definition.footer) + SeeAlso(command);
+           "\"\n" + kLeftAligned + Section("NAME") + name + " \\- " +
+           Plain(SummaryOf(command.definition)) + "\n" + Section("SYNOPSIS") + Synopsis(command) +
+           ArgumentItems(command.definition, true) + ArgumentItems(command.definition, false) +
+           CommandItems(command.definition) + Details(command.definition.footer) + SeeAlso(command);
 }
 
 }  // namespace quillory

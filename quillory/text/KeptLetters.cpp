@@ -34,10 +34,10 @@ NormalForm FormOf(std::string_view text) {
     return isApart && Normalized(text, kNormalFormC) != text ? kNormalFormD : kNormalFormC;
 }
 
-template <class Letters>
-std::size_t SizeOf(const Letters& letters) {
+template <class Iterator>
+std::size_t SizeOf(Iterator first, Iterator last) {
     std::size_t size = 0;
-    for (const std::string_view letter : letters) size += letter.size();
+    for (; first != last; ++first) size += first->size();
     return size;
 }
 
@@ -46,14 +46,15 @@ std::size_t SizeOf(const Letters& letters) {
 std::string WithLettersKept(std::string_view given, std::string_view edited) {
     const std::vector<std::string_view> before = LettersOf(given);
     const std::vector<std::string_view> after = LettersOf(edited);
-    const auto front = std::ranges::mismatch(before, after, AreSame);
-    const std::size_t head = SizeOf(std::ranges::subrange(before.begin(), front.in1));
-    const auto back = std::mismatch(before.rbegin(), std::make_reverse_iterator(front.in1),
-                                    after.rbegin(), std::make_reverse_iterator(front.in2), AreSame);
-    const std::size_t tail = SizeOf(std::ranges::subrange(before.rbegin(), back.first));
-    const std::size_t from = SizeOf(std::ranges::subrange(after.begin(), front.in2));
-    const std::size_t to =
-        edited.size() - SizeOf(std::ranges::subrange(after.rbegin(), back.second));
+    const auto front =
+        std::mismatch(before.begin(), before.end(), after.begin(), after.end(), AreSame);
+    const std::size_t head = SizeOf(before.begin(), front.first);
+    const auto back =
+        std::mismatch(before.rbegin(), std::make_reverse_iterator(front.first), after.rbegin(),
+                      std::make_reverse_iterator(front.second), AreSame);
+    const std::size_t tail = SizeOf(before.rbegin(), back.first);
+    const std::size_t from = SizeOf(after.begin(), front.second);
+    const std::size_t to = edited.size() - SizeOf(after.rbegin(), back.second);
     std::string text(given.substr(0, head));
     text += Normalized(edited.substr(from, to - from), FormOf(given));
     return text.append(given.substr(given.size() - tail));
