@@ -107,7 +107,7 @@ bool IsAreaCode(std::string_view code) {
 }
 
 std::string AreaCodeNear(std::string_view text) {
-    const std::string wanted = Filled(text);
+    std::string wanted = Filled(text);
     if (IsAreaCode(wanted)) return wanted;
     std::string near;
     for (const std::string& code : Codes()) {
