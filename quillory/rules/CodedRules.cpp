@@ -149,8 +149,10 @@ private:
 
     void AddUnknown(const Element& element, std::string_view value, const Place& place,
                     RemarkSink& remarks) const {
-        if (element.IsUndefined())
-            return remarks.Add(RuleId::PositionUndefined, place, Shown(value));
+        if (element.IsUndefined()) {
+            remarks.Add(RuleId::PositionUndefined, place, Shown(value));
+            return;
+        }
         const std::string name = element.name + ": ";
         const std::string_view form = FormOfFreeValue(element.parts.front());
         if (!form.empty()) {

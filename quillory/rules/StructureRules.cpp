@@ -55,7 +55,7 @@ void AddUndefinedField(const RecordInHand& record, const CheckedField& field, Re
 
 // "field 245"; of an 880 with the field to which it belongs.
 std::string FieldName(const RecordInHand& record, const CheckedField& field) {
-    const std::string name = "field " + std::string(field.tag);
+    std::string name = "field " + std::string(field.tag);
     const bool isLinked = &record.RuleFor(field) != &record.OwnRuleOf(field);
     if (!isLinked) return name;
     return name + " for " + std::string(record.TextOf(field, '6').substr(0, kTagSize));
