@@ -2,6 +2,7 @@
 #include <quillory/exchange/Mrk.h>
 #include <quillory/exchange/MrkMnemonics.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/text/Letters.h>
 
 #include <algorithm>
 #include <array>
@@ -88,13 +89,7 @@ bool IsDiacritic(char marc8) {
 
 // A letter with the combining characters after it, at the front of a text in UTF-8.
 std::string_view UnitAt(std::string_view text) {
-    std::size_t size = DecodeUtf8(text).size;
-    while (size < text.size() && IsHigh(text[size])) {
-        const Utf8Char next = DecodeUtf8(text.substr(size));
-        if (!next.valid || !IsCombining(next.codePoint)) break;
-        size += next.size;
-    }
-    return text.substr(0, size);
+    return text.substr(0, LetterSize(text));
 }
 
 void AppendHex(char c, std::string& out) {

@@ -1,4 +1,5 @@
 #include <quillory/sets/SortKey.h>
+#include <quillory/text/Letters.h>
 #include <quillory/text/QmUnicode.h>
 #include <quillory/text/SearchText.h>
 #include <quillory/text/TextConverter.h>
@@ -20,17 +21,6 @@ constexpr char kOtherScript = '\xFE';
 void AppendLibraryKey(std::string qm, std::string& key) {
     zorby::CSpConvertForCompare(&qm);
     key += qm;
-}
-
-// The size of a letter with the diacritics after it.
-std::size_t LetterSize(std::string_view utf8) {
-    std::size_t size = DecodeUtf8(utf8).size;
-    while (size < utf8.size()) {
-        const Utf8Char next = DecodeUtf8(utf8.substr(size));
-        if (!next.valid || !IsCombining(next.codePoint)) break;
-        size += next.size;
-    }
-    return size;
 }
 
 std::string_view WithoutBlanks(std::string_view text) {

@@ -1,4 +1,5 @@
 #include <quillory/text/KeptLetters.h>
+#include <quillory/text/Letters.h>
 #include <quillory/text/Utf8.h>
 
 #include <algorithm>
@@ -13,14 +14,8 @@ std::vector<std::string_view> LettersOf(std::string_view text) {
     std::vector<std::string_view> letters;
     letters.reserve(text.size());
     while (!text.empty()) {
-        std::size_t size = DecodeUtf8(text).size;
-        while (size < text.size()) {
-            const Utf8Char next = DecodeUtf8(text.substr(size));
-            if (!next.valid || !IsCombining(next.codePoint)) break;
-            size += next.size;
-        }
-        letters.push_back(text.substr(0, size));
-        text.remove_prefix(size);
+        letters.push_back(text.substr(0, LetterSize(text)));
+        text.remove_prefix(letters.back().size());
     }
     return letters;
 }

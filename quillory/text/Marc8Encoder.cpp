@@ -1,4 +1,5 @@
 #include <quillory/text/CharacterReference.h>
+#include <quillory/text/Letters.h>
 #include <quillory/text/Marc8Escape.h>
 #include <quillory/text/Marc8Unicode.h>
 #include <zorby/charset/PlainRun.h>
@@ -21,17 +22,6 @@ struct DoubleMark {
 };
 constexpr DoubleMark kDoubleMarks[] = {{"\u0361", "\uFE20", "\uFE21"},
                                        {"\u0360", "\uFE22", "\uFE23"}};
-
-// The size of the letter at the front with the combining characters that follow it.
-std::size_t LetterSize(std::string_view utf8) {
-    std::size_t size = std::min(DecodeUtf8(utf8).size, utf8.size());
-    while (size < utf8.size() && static_cast<unsigned char>(utf8[size]) >= 0x80) {
-        const Utf8Char next = DecodeUtf8(utf8.substr(size));
-        if (!next.valid || !IsCombining(next.codePoint)) break;
-        size += next.size;
-    }
-    return size;
-}
 
 // Two halves over letters side by side are one mark, which MARC-8 has.
 std::string WithDoubleMarks(std::string_view utf8) {
