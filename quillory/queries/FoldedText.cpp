@@ -3,6 +3,7 @@
 #include <quillory/text/SearchText.h>
 
 namespace quillory {
+
 FoldedText::FoldedText(std::string_view utf8) {
     std::size_t at = 0;
     while (at < utf8.size()) {
