@@ -12,6 +12,8 @@
 #include <quillory/reports/RuleList.h>
 #include <quillory/rules/CheckSettings.h>
 
+#include <sstream>
+
 namespace quillory {
 namespace {
 
@@ -39,10 +41,21 @@ CheckSettings ReadSettings(const std::optional<std::string>& file, const Conditi
     return ReadCheckSettings(ReadWhole(input), *file, tools);
 }
 
+// "a,b" is two names.
+std::vector<std::string> Divided(const std::vector<std::string>& lists) {
+    std::vector<std::string> names;
+    for (const std::string& list : lists) {
+        std::istringstream rest(list);
+        for (std::string name; std::getline(rest, name, ',');) names.push_back(name);
+    }
+    return names;
+}
+
 RuleWeights WeightsOf(const CheckSettings& settings, const CheckOptions& options) {
     RuleWeights weights(settings.choice, settings.own.List());
     if (options.showsRepertoire) weights.Choose({{{"outside-marc8", "note"}}, {}, {}});
-    weights.Choose(options.rules);
+    weights.Choose(
+        {options.rules.severities, Divided(options.rules.only), Divided(options.rules.skip)});
     return weights;
 }
 
@@ -104,9 +117,12 @@ void DeclareRules(Arguments& command, CheckOptions& options) {
     command.Flag("--rules", options.listsRules, "List the rules, with the reason for each");
     command.KeyValue("--rule", options.rules.severities, "RULE=error|warning|note|off",
                      "What one rule weighs; may be given often");
-    command.Option("--only", options.rules.only, "Only this rule; may be given often")
+    command
+        .Option("--only", options.rules.only, "Only this rule; several with commas, or given often")
         .Shown("RULE");
-    command.Option("--skip", options.rules.skip, "All but this rule; may be given often")
+    command
+        .Option("--skip", options.rules.skip,
+                "All but this rule; several with commas, or given often")
         .Shown("RULE");
     command.Flag("--repertoire", options.showsRepertoire,
                  "Note the characters that MARC-8 lacks; the same as --rule outside-marc8=note");

@@ -125,6 +125,10 @@ std::string_view FormOfFreeValue(CFPart part) {
         case CFP008Date1:
         case CFP008Date2:
             return "four digits, with u for one that is not known";
+        case CFP006VisualRunningTime:
+            return "the minutes in three digits, or 000 for more, nnn or ---";
+        case CFP007ElectronicBitDepth:
+            return "the bits in three digits, or mmm, nnn or ---";
         case CFP007MicroformReductionRatio:
             return "three digits, with - for one that is not known";
         case CFP007MotionPictureInspectionDate:

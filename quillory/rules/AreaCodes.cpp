@@ -85,19 +85,27 @@ const std::unordered_set<std::string>& Codes() {
     return codes;
 }
 
+// Without the hyphens that fill a code.
+std::string_view Stripped(std::string_view code) {
+    return code.substr(0, code.find_last_not_of(" -") + 1);
+}
+
 // In small letters and with the hyphens that fill a code.
 std::string Filled(std::string_view text) {
-    std::string code(text.substr(0, text.find_last_not_of(" -") + 1));
+    std::string code(Stripped(text));
     for (char& c : code) c = 'A' <= c && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
     if (code.size() < kSize) code.resize(kSize, '-');
     return code;
 }
 
-bool DifferInOne(std::string_view one, std::string_view other) {
-    if (one.size() != other.size()) return false;
-    int differences = 0;
-    for (std::size_t i = 0; i < one.size(); ++i) differences += one[i] == other[i] ? 0 : 1;
-    return differences == 1;
+// Whether a single character was replaced, left out or added.
+bool IsOneSlipApart(std::string_view one, std::string_view other) {
+    if (one.size() > other.size()) std::swap(one, other);
+    const std::size_t added = other.size() - one.size();
+    if (added > 1) return false;
+    const auto same = static_cast<std::size_t>(std::ranges::mismatch(one, other).in1 - one.begin());
+    if (same == one.size()) return added == 1;
+    return one.substr(same + 1 - added) == other.substr(same + 1);
 }
 
 }  // namespace
@@ -111,7 +119,7 @@ std::string AreaCodeNear(std::string_view text) {
     if (IsAreaCode(wanted)) return wanted;
     std::string near;
     for (const std::string& code : Codes()) {
-        if (!DifferInOne(wanted, code)) continue;
+        if (!IsOneSlipApart(Stripped(wanted), Stripped(code))) continue;
         if (!near.empty()) return {};
         near = code;
     }

@@ -46,6 +46,18 @@ bool IsNameOfRule(const std::string& name) {
     });
 }
 
+// Whether a word other than "found" stands in braces.
+bool HasOtherSlot(std::string_view message) {
+    constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz";
+    for (std::size_t at = 0; (at = message.find('{', at)) != message.npos; ++at) {
+        const std::size_t end =
+            std::min(message.find_first_not_of(kLetters, at + 1), message.size());
+        const std::string_view word = message.substr(at + 1, end - at - 1);
+        if (message.substr(end).starts_with('}') && !word.empty() && word != "found") return true;
+    }
+    return false;
+}
+
 // Reads one [[rule]].
 class OwnRuleReader {
 public:
@@ -54,7 +66,7 @@ public:
 
     OwnRule Read(const std::string& file) const {
         CheckKeys(table_, {kId, kWhere, kMessage, kSeverity, kPlace, kWhy, kExample, kExact});
-        return {Needed(kId).Text(), SeverityOfRule(), Visible(Needed(kMessage).Text()),
+        return {Needed(kId).Text(), SeverityOfRule(), Message(),
                 TextOf(kWhy),       TextOf(kExample), "rule of the library's own, " + file,
                 PlaceOf(kPlace),    Condition()};
     }
@@ -71,6 +83,12 @@ private:
         if (node != nullptr && !node->Text().empty()) return *node;
         throw TomlFault(node == nullptr ? table_.at : node->at,
                         UsageError(key, {FaultCode::kParameterMissing, {}, kRule}));
+    }
+
+    std::string Message() const {
+        const TomlNode& node = Needed(kMessage);
+        if (HasOtherSlot(node.Text())) Refuse(node, "only {found} stands for a text of the record");
+        return Visible(node.Text());
     }
 
     std::string TextOf(const char* key) const {

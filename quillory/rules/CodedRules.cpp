@@ -106,7 +106,20 @@ private:
             return;
         }
         CheckLength(field, static_cast<std::size_t>(LengthOfForm(form)), remarks);
+        if (IsFormOf007(form) && IsAll(field.content.substr(1), ' ')) {
+            return AddBlank007(field, remarks);
+        }
         CheckElements(field.GetPlace(), field.content, form, 0, remarks);
+    }
+
+    static void AddBlank007(const CheckedField& field, RemarkSink& remarks) {
+        Place category = Place::OfField(field.number);
+        category.material = field.content.front();
+        remarks.Add(RuleId::CodeUnknown,
+                    field.GetPlace().Positions(1, static_cast<int>(field.content.size()) - 1),
+                    "all positions are blank",
+                    "`quillory codes " + PlaceText(category) +
+                        "` lists the codes, and | says that nothing is coded");
     }
 
     // The positions of an 008 of another length can't be trusted.
@@ -196,7 +209,9 @@ private:
     }
 
     CodeState LookUp(const Element& element, std::string_view value) const {
-        if (IsAll(value, ' ') && element.IsUndefined()) return CodeState::Known;
+        constexpr std::string_view kNothing = " |";
+        const bool saysNothing = value.find_first_not_of(kNothing) == value.npos;
+        if (saysNothing && element.IsUndefined()) return CodeState::Known;
         if (IsAll(value, kFill)) return CodeState::NoAttempt;
         if (!element.IsUndefined()) {
             if (const auto free = ReadFreeValue(element.parts.front(), value)) {

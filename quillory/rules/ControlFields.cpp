@@ -1,3 +1,4 @@
+#include <quillory/coded/CodeLists.h>
 #include <quillory/rules/ControlFields.h>
 #include <quillory/rules/Dates.h>
 #include <quillory/rules/Words.h>
@@ -5,7 +6,8 @@
 namespace quillory {
 
 void CheckTimeStamp(const CheckedField& field, RemarkSink& remarks) {
-    if (IsTimeStamp(field.content)) return;
+    const bool isEmpty = IsAll(field.content, ' ') || field.content.empty();
+    if (isEmpty || IsTimeStamp(field.content)) return;
     remarks.Add(RuleId::DateMalformed, field.GetPlace(), Shown(field.content),
                 "time of the form yyyymmddhhmmss.f");
 }

@@ -126,6 +126,9 @@ void AddMalformed(const CheckedField& field, std::string_view text, RemarkSink& 
         if (script.empty()) {
             found = Shown(text) + " has no code of a script after the stroke";
             right = "leave the stroke out, or give a code such as $1 or (N";
+        } else if (IsScript(script)) {
+            found = Shown(text) + " goes on after the script";
+            right = "nothing comes there but /r, for text from right to left";
         }
     }
     remarks.Add(RuleId::LinkMalformed, field.GetPlace().Subfield('6'), std::move(found),

@@ -30,7 +30,9 @@ void CheckIsbn(const Place& place, std::string_view text, RemarkSink& remarks) {
     const auto [number, rest] = DivideIsbn(text);
     AddFault(RuleId::IsbnInvalid, place, number.empty() ? text : number, FaultOfIsbn(number),
              remarks);
-    if (!rest.empty() && !number.empty()) {
+    // A mark may lead to the price.
+    const bool hasWords = rest.find_first_not_of(":;,.") != rest.npos;
+    if (hasWords && !number.empty()) {
         remarks.Add(RuleId::IsbnWithText, place, '"' + Printable(rest) + '"');
     }
 }

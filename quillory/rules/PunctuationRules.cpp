@@ -28,7 +28,7 @@ bool HasMark(std::string_view text, const IsbdMark& mark) {
 // What a mark looks like to a reader: "\" :\"", or two of them.
 std::string Shown(const IsbdMark& mark) {
     std::string text = '"' + std::string(mark.mark) + '"';
-    for (const char other : mark.others.substr(0, 1)) text += std::string(" or \"") + other + '"';
+    if (mark.others.starts_with('=')) text += " or \" =\"";
     return text;
 }
 

@@ -62,6 +62,10 @@ void RuleWeights::Choose(const RuleChoice& choice) {
         Weight& weight = Named(name);
         weight = {weight.severity, false, true};
     }
+    const bool isNoneLeft = std::ranges::none_of(weights_, &Weight::isOn);
+    if (!choice.only.empty() && isNoneLeft) {
+        throw UsageError("no rule is left: skip names all that only does");
+    }
 }
 
 // What was turned off before is wanted now.

@@ -98,13 +98,13 @@ std::string FaultOfIssn(std::string_view text) {
 
 std::string FaultOfEan(std::string_view text) {
     const std::string number = WithoutSigns(text, "- ");
-    if (number.size() != kEan) return WrongSize(number, "13 in this number");
+    if (number.size() != kEan) return WrongSize(number, "13 in an EAN");
     return FaultOf10(number);
 }
 
 std::string FaultOfUpc(std::string_view text) {
     const std::string number = WithoutSigns(text, "- ");
-    if (number.size() != kUpc) return WrongSize(number, "12 in this number");
+    if (number.size() != kUpc) return WrongSize(number, "12 in a UPC");
     return FaultOf10(number);
 }
 

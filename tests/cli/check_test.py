@@ -131,6 +131,11 @@ class Findings(Checks):
         self.check(notes, "--rule", "title-first-indicator=off", "--fail-on", "note", status=0)
         self.check(notes, "--only", "no-008", "--fail-on", "note", status=0)
         self.check(notes, "--skip", "title-first-indicator", "--fail-on", "note", status=0)
+        self.check(notes, "--skip", "no-040,title-first-indicator", "--fail-on", "note", status=0)
+        out, _ = self.check(notes, "--only", "no-008,title-first-indicator", "-q", status=0)
+        self.assertEqual(out.count("\n"), 1)
+        _, err = self.check(notes, "--only", "no-008", "--skip", "no-008", status=2)
+        self.assertIn("no rule is left", err)
         _, err = self.check(notes, "--skip", "title-first-indicater", status=2)
         self.assertIn("perhaps title-first-indicator is meant", err)
 
@@ -361,6 +366,9 @@ example = '=650  \\0$aWest (U.S.)'
         _, err = self.check(self.sound, "--config", own, status=2)
         self.assertTrue(err.startswith(f"quillory: {own}:4:9: "), err)
         self.assertIn("        has\n", err.replace("    ", "        "))
+        own.write_bytes(b"[[rule]]\nid = 'x'\nwhere = 'has 245'\nmessage = 'not {fund}'\n")
+        _, err = self.check(self.sound, "--config", own, status=2)
+        self.assertIn(f"{own}:4:11: only {{found}} stands for a text", err)
         own.write_bytes(b"skip = ['no-41']\n")
         for arguments in ((self.sound,), ("--rules",)):
             _, err = self.check(*arguments, "--config", own, status=2)

@@ -114,6 +114,7 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"020", {"020  $a978-0-596-00027-1"}, ""},
         {"020", {"020  $a0596000278 (pbk.)", "020  $zwrong"}, "isbn-with-text 020 $a"},
         {"020", {"020  $a080442957X", "020  $c9.95"}, ""},
+        {"020", {"020  $a080442957X :$c9.95"}, ""},
         {"", {"022  $a0046-2251"}, "issn-invalid 022 $a"},
         {"", {"022  $a0046-225X", "4900 $aS,$x0046-225X ;$v1"}, ""},
         {"", {"0243 $a9780596000271", "0241 $a036000291453"}, "standard-number-invalid 024[2] $a"},
@@ -163,6 +164,7 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"008", {With008(24, "b"), "504  $aIncludes bibliographies."}, ""},
         {"008", {With008(31, "0"), "500  $aIncludes index."}, "note-against-008 008/31"},
         {"005", {"00520211332101010.0"}, "date-malformed 005"},
+        {"005", {"005  "}, "field-empty 005"},
         {"", {"007zz", "007xx"}, "code-unknown 007[2]/00"},
         {"", {"0410 $aeng$aqqq"}, "language-unknown 041 $a"},
         {"", {"0410 $aengscr"}, "language-obsolete 041 $a"},
@@ -244,7 +246,7 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
          "024 $a: warning: 9780596000271: words such as \"(disc)\" go to $q "
          "[standard-number-invalid]"},
         {"0241 $a036000/1",
-         "024 $a: warning: 036000/1: it has 8 digits; there are 12 in this number "
+         "024 $a: warning: 036000/1: it has 8 digits; there are 12 in a UPC "
          "[standard-number-invalid]"},
         {"88010$6245-07$aX",
          "880 $6: warning: \"245-07\" has no partner; the record needs a field 245 with $6 880-07 "
@@ -257,6 +259,15 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
         {"880  $6500-00/(9/r$aX",
          "880 $6: warning: \"500-00/(9/r\" names the script \"(9\"; the codes of scripts are (3, "
          "(B, $1, (N, (S, (2 and those of ISO 15924 [link-malformed]"},
+        {"880  $6500-00/(N/left$aX",
+         "880 $6: warning: \"500-00/(N/left\" goes on after the script; nothing comes there but "
+         "/r, for text from right to left [link-malformed]"},
+        {"007s             ",
+         "007/01-13: warning: all positions are blank; `quillory codes 007s` lists the codes, and "
+         "| says that nothing is coded [code-unknown]"},
+        {"043  $a-gx---",
+         "043 $a: warning: \"-gx---\" is not in the MARC Code List for Geographic Areas; perhaps "
+         "e-gx--- is meant [area-code-unknown]"},
         {"043  $an-us",
          "043 $a: warning: \"n-us\" is not in the MARC Code List for Geographic Areas; perhaps "
          "n-us--- is meant [area-code-unknown]"},
