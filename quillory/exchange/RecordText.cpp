@@ -56,4 +56,17 @@ RecordText TextAmongOthers(const Form& form, const Record& record, std::string_v
     return text;
 }
 
+std::string_view GapAfter(const Form& form, std::string_view before, bool isArray) {
+    if (form.name == "marcxml") return "\n  ";
+    if (isArray) return ",\n";
+    if (form.name == "jsonl") return before.ends_with('\n') ? "" : "\n";
+    if (form.name == "mrk") {
+        constexpr std::string_view kLineEnds = "\n\n";
+        const std::string_view end = BlanksAtEnd(before);
+        const auto lines = std::ranges::count(end, '\n');
+        return kLineEnds.substr(std::min<std::size_t>(static_cast<std::size_t>(lines), 2));
+    }
+    return {};
+}
+
 }  // namespace quillory

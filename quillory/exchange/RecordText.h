@@ -17,4 +17,8 @@ struct RecordText {
 };
 RecordText TextAmongOthers(const Form& form, const Record& record, std::string_view former);
 
+// What has to stand between two records: `before` is the bytes of the first one, as they stand in
+// the file. `isArray` says that the records are items of a JSON array.
+std::string_view GapAfter(const Form& form, std::string_view before, bool isArray);
+
 }  // namespace quillory

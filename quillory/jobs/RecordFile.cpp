@@ -22,6 +22,7 @@ const Form& FormOf(Input& input) {
 }
 
 constexpr std::size_t kHeadSize = 1024;
+constexpr const char* kNoRecords = ": has no records that another one could follow";
 constexpr const char* kChangedByAnother = ": another program has changed the file";
 
 // Copies so many bytes, or all that are left.
@@ -55,6 +56,11 @@ bool IsUtf8Document(std::string_view head) {
     return !isOf16Bits && !namesAnother;
 }
 
+bool IsArray(std::string_view head) {
+    const std::size_t first = head.find_first_not_of("\xEF\xBB\xBF \t\r\n");
+    return first != head.npos && head[first] == '[';
+}
+
 }  // namespace
 
 RecordFile::RecordFile(const std::string& path)
@@ -64,12 +70,15 @@ RecordFile::RecordFile(const std::string& path)
     isPacked_ = input_->IsPacked();
     form_ = &FormOf(*input_);
     isUtf8Document_ = IsUtf8Document(head);
+    isArray_ = form_->name == "jsonl" && IsArray(head);
     Open();
     reader_ = form_->makeReader(*input_, true);
 }
 
+RecordFile::RecordFile() : form_(&Forms().front()) {}
+
 RecordFile::~RecordFile() {
-    close(descriptor_);
+    if (descriptor_ >= 0) close(descriptor_);
 }
 
 void RecordFile::Open() {
@@ -171,7 +180,35 @@ void RecordFile::Replace(std::size_t index, const Record& record) {
     changed_[index] = std::move(packed);
 }
 
+std::size_t RecordFile::Add(const Record& record) {
+    if (!IsWhole()) throw FileError(path_ + ": is still being read");
+    if (entries_.empty() && !path_.empty()) throw FileError(path_ + kNoRecords);
+    Item item;
+    item.Begin(kItemRecord, 0, {});
+    item.record = record;
+    PackItem(item, 0, buffer_);
+    packed_.Add(buffer_);
+    const std::uint64_t end = entries_.empty() ? 0 : entries_.back().offset + entries_.back().size;
+    entries_.push_back({end, 0, packed_.Count()});
+    ++added_;
+    return entries_.size() - 1;
+}
+
+void RecordFile::RemoveLast() {
+    if (added_ == 0) return;
+    changed_.erase(entries_.size() - 1);
+    entries_.pop_back();
+    --added_;
+}
+
+std::size_t RecordFile::Changes() const {
+    const std::size_t firstNew = entries_.size() - added_;
+    const auto newOnes = std::distance(changed_.lower_bound(firstNew), changed_.end());
+    return changed_.size() - static_cast<std::size_t>(newOnes) + added_;
+}
+
 void RecordFile::CheckCanBeSaved() const {
+    if (path_.empty()) throw FileError("new records have no file yet");
     if (!IsWhole()) throw FileError(path_ + ": is still being read");
     if (packing_) throw FileError(path_, *packing_);
     if (HasChangedOnDisk()) throw FileError(path_ + kChangedByAnother);
@@ -193,14 +230,27 @@ std::string RecordFile::BytesOfChanged(std::size_t index) {
     return std::move(text.bytes);
 }
 
+RecordFile::NewText RecordFile::TextOfNew(std::size_t index) {
+    Item item;
+    ReadAsSaved(entries_.size() - added_ - 1, item);
+    const std::string former(item.bytes);
+    Read(index, item);
+    RecordText text = TextAmongOthers(*form_, item.record, former);
+    if (text.fault) {
+        throw FileError(path_ + ": record " + std::to_string(index + 1), *text.fault);
+    }
+    return {GapAfter(*form_, former, isArray_), std::move(text.bytes)};
+}
+
 void RecordFile::Write(const NewBytes& newBytes) {
     Input input(path_);
     Output output(path_);
-    for (const auto& [index, bytes] : newBytes) {
+    for (const auto& [index, text] : newBytes) {
         const Entry& entry = entries_[index];
         Copy(input, entry.offset - input.Offset(), output);
         Pass(input, entry.size);
-        output.Write(bytes);
+        output.Write(text.gap);
+        output.Write(text.bytes);
     }
     Copy(input, std::numeric_limits<std::uint64_t>::max(), output);
     if (HasChangedOnDisk()) throw FileError(path_ + kChangedByAnother);
@@ -209,15 +259,16 @@ void RecordFile::Write(const NewBytes& newBytes) {
 
 // Brings the index up to what has been written.
 void RecordFile::TakeOver(const NewBytes& newBytes) {
-    for (const auto& [index, bytes] : newBytes) {
+    std::string packed;
+    for (const auto& [index, text] : newBytes) {
         Entry& entry = entries_[index];
         faults_.erase(index);
         if (entry.packed != 0) {
             Item item;
-            UnpackItem(changed_.at(index), item);
-            item.bytes = bytes;
-            PackItem(item, 0, buffer_);
-            packed_.Add(buffer_);
+            Read(index, item);
+            item.bytes = text.bytes;
+            PackItem(item, 0, packed);
+            packed_.Add(packed);
             entry.packed = packed_.Count();
         }
     }
@@ -227,22 +278,29 @@ void RecordFile::TakeOver(const NewBytes& newBytes) {
         Entry& entry = entries_[i];
         entry.offset += longer;
         if (next == newBytes.end() || next->first != i) continue;
-        longer += next->second.size() - entry.size;
-        entry.size = static_cast<std::uint32_t>(next->second.size());
+        const auto& [gap, bytes] = next->second;
+        entry.offset += gap.size();
+        longer += gap.size() + bytes.size() - entry.size;
+        entry.size = static_cast<std::uint32_t>(bytes.size());
         ++next;
     }
 }
 
 void RecordFile::Save() {
     CheckCanBeSaved();
-    if (changed_.empty()) return;
+    if (changed_.empty() && added_ == 0) return;
+    const std::size_t firstNew = entries_.size() - added_;
     NewBytes newBytes;
-    for (const auto& [index, packed] : changed_) newBytes[index] = BytesOfChanged(index);
+    for (const auto& [index, packed] : changed_) {
+        if (index < firstNew) newBytes[index] = {{}, BytesOfChanged(index)};
+    }
+    for (std::size_t i = firstNew; i < entries_.size(); ++i) newBytes[i] = TextOfNew(i);
     Write(newBytes);
     stamp_ = FileStamp::Of(path_);
     Open();
     TakeOver(newBytes);
     changed_.clear();
+    added_ = 0;
 }
 
 }  // namespace quillory

@@ -25,6 +25,8 @@ class RecordFile {
 public:
     // Throws FileError.
     explicit RecordFile(const std::string& path);
+    // Of new records alone, which have no file yet; it has an empty path.
+    RecordFile();
     ~RecordFile();
     RecordFile(const RecordFile&) = delete;
     RecordFile& operator=(const RecordFile&) = delete;
@@ -43,19 +45,28 @@ public:
     // Makes `item` the record at this index, as it is now; its number is the index plus 1. Views
     // last until the next call. Throws FileError.
     void Read(std::size_t index, Item& item);
+    // The same as the file has it, or as it was when it was added.
+    void ReadAsSaved(std::size_t index, Item& item);
     // What is wrong with the bytes of a record; null if nothing is.
     const ItemFault* FaultAt(std::size_t index) const;
     // Whether the record can't be read, and so not be changed.
     bool IsDamaged(std::size_t index) const { return damaged_.contains(index); }
 
+    // The record is to come after all others when the file is saved. Result: its index. The file
+    // has to be whole, and to have records already; throws FileError if it is not so.
+    std::size_t Add(const Record& record);
+    bool IsNew(std::size_t index) const { return index >= entries_.size() - added_; }
+    // Takes the last record back, which is new.
+    void RemoveLast();
+
     // The record is to be this one when the file is saved.
     void Replace(std::size_t index, const Record& record);
     void Discard(std::size_t index) { changed_.erase(index); }
-    bool IsChanged(std::size_t index) const { return changed_.contains(index); }
-    std::size_t Changes() const { return changed_.size(); }
+    bool IsChanged(std::size_t index) const { return IsNew(index) || changed_.contains(index); }
+    std::size_t Changes() const;
 
     // Whether another program has replaced, changed or removed the file.
-    bool HasChangedOnDisk() const { return stamp_ != FileStamp::Of(path_); }
+    bool HasChangedOnDisk() const { return !path_.empty() && stamp_ != FileStamp::Of(path_); }
     // Writes the file anew with the changed records. All other bytes stay. Throws FileError, also
     // for a file that has changed on disk or a record that its form can't hold; the file stays as
     // it was then, and so do the changes.
@@ -68,15 +79,19 @@ private:
         std::uint32_t packed;  // its number in `packed_`, from 1; 0 if it is read from the file
     };
 
-    // By index, the bytes that take the place of what the file has.
-    using NewBytes = std::map<std::size_t, std::string>;
+    struct NewText {
+        std::string_view gap;  // that comes before the record, if that is new
+        std::string bytes;
+    };
+    // By index, what takes the place of what the file has.
+    using NewBytes = std::map<std::size_t, NewText>;
 
     void Open();
     void Take(const Item& item);
     void ReadInPlace(const Entry& entry, Item& item);
-    void ReadAsSaved(std::size_t index, Item& item);
     void CheckCanBeSaved() const;
     std::string BytesOfChanged(std::size_t index);
+    NewText TextOfNew(std::size_t index);
     void Write(const NewBytes& newBytes);
     void TakeOver(const NewBytes& newBytes);
 
@@ -87,10 +102,12 @@ private:
     const Form* form_ = nullptr;
     bool isPacked_ = false;
     bool isUtf8Document_ = true;
+    bool isArray_ = false;
     int descriptor_ = -1;
     std::vector<Entry> entries_;
     std::unordered_map<std::size_t, ItemFault> faults_;
     std::unordered_set<std::size_t> damaged_;
+    std::size_t added_ = 0;         // the last so many records are new
     std::optional<Fault> packing_;  // what is wrong with a packed file as a whole
     PackedRecords packed_;
     std::map<std::size_t, std::string> changed_;  // packed items

@@ -32,14 +32,14 @@ void FindAll(RecordFile& file) {
     }
 }
 
-// A file of three records in each form, by its ending.
-std::string InForm(const std::string& ending, const std::string& middle) {
+// A file in each form, by its ending.
+std::string AllInForm(const std::string& ending, const std::vector<std::string>& titles) {
     const TemporaryFile out("", ending);
     {
         Output output(out.Path());
         const auto writer = FormOfFileName(out.Path())->makeWriter(output, {});
         Losses losses;
-        for (const std::string& title : {std::string("One"), middle, std::string("Three")}) {
+        for (const std::string& title : titles) {
             const TestRecord record(Titled(title));
             writer->Write(record.record, losses);
         }
@@ -47,6 +47,10 @@ std::string InForm(const std::string& ending, const std::string& middle) {
         output.Finish();
     }
     return out.Read();
+}
+
+std::string InForm(const std::string& ending, const std::string& middle) {
+    return AllInForm(ending, {"One", middle, "Three"});
 }
 
 TEST(RecordFile, ReplacesOneRecordInAnyForm) {
@@ -70,6 +74,73 @@ TEST(RecordFile, ReplacesOneRecordInAnyForm) {
         file.Save();  // nothing to do
         EXPECT_EQ(on.Read(), InForm(ending, "2"));
     }
+}
+
+// New records come last, one is taken back, and what was saved is changed again.
+TEST(RecordFile, AddsRecordsInAnyForm) {
+    for (const std::string ending : {".mrc", ".mrk", ".lif", ".xml", ".jsonl", ".mrc.gz"}) {
+        SCOPED_TRACE(ending);
+        const TemporaryFile on(InForm(ending, "Two"), ending);
+        RecordFile file(on.Path());
+        FindAll(file);
+        for (const std::string title : {"Four", "Five", "Six"}) {
+            const TestRecord added(Titled(title));
+            const std::size_t index = file.Add(added.record);
+            EXPECT_EQ(TitleAt(file, index), title);
+            EXPECT_TRUE(file.IsNew(index));
+        }
+        EXPECT_FALSE(file.IsNew(2));
+        file.RemoveLast();
+        const TestRecord longer(Titled("Five and more"));
+        file.Replace(4, longer.record);
+        EXPECT_EQ(file.Changes(), 2U);
+        file.Save();
+        EXPECT_EQ(on.Read(), AllInForm(ending, {"One", "Two", "Three", "Four", "Five and more"}));
+        EXPECT_EQ(file.Changes(), 0U);
+        const TestRecord changed(Titled("4"));
+        file.Replace(3, changed.record);
+        file.Save();
+        EXPECT_EQ(TitleAt(file, 4), "Five and more");
+        EXPECT_EQ(on.Read(), AllInForm(ending, {"One", "Two", "Three", "4", "Five and more"}));
+    }
+}
+
+TEST(RecordFile, AddsToAFileWithoutALastLineEndAndToAnArray) {
+    const std::string one = "=LDR  00000nam a2200000 a 4500\n=245  10$aOne";
+    const TestRecord added(Titled("Two"));
+    const auto saved = [&added](const std::string& bytes, const std::string& ending) {
+        const TemporaryFile on(bytes, ending);
+        RecordFile file(on.Path());
+        FindAll(file);
+        file.Add(added.record);
+        file.Save();
+        RecordFile again(on.Path());
+        FindAll(again);
+        EXPECT_EQ(again.Size(), 2U) << on.Read();
+        EXPECT_EQ(again.FaultAt(0), nullptr) << on.Read();
+        EXPECT_EQ(again.FaultAt(1), nullptr) << on.Read();
+        EXPECT_EQ(TitleAt(again, 1), "Two") << on.Read();
+    };
+    for (const char* end : {"", "\n", "\n\n", "\r\n"}) {
+        SCOPED_TRACE(end);
+        saved(one + end, ".mrk");
+    }
+    const std::string line = AllInForm(".jsonl", {"One"});
+    const std::string object = line.substr(0, line.find_last_of('}') + 1);
+    for (const std::string& text : {line, object, '[' + object + "]\n"}) {
+        SCOPED_TRACE(text);
+        saved(text, ".json");
+    }
+}
+
+TEST(RecordFile, NewRecordsAloneHaveNoFile) {
+    RecordFile file;
+    EXPECT_FALSE(file.HasChangedOnDisk());
+    const TestRecord record(Titled("One"));
+    EXPECT_EQ(file.Add(record.record), 0U);
+    EXPECT_EQ(TitleAt(file, 0), "One");
+    EXPECT_EQ(file.Changes(), 1U);
+    EXPECT_THROW(file.Save(), FileError);
 }
 
 TEST(RecordFile, KeepsWhatStandsAroundRecords) {
