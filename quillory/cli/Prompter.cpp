@@ -1,6 +1,6 @@
 #include <quillory/cli/Prompter.h>
-#include <quillory/text/QmText.h>
 
+#include <algorithm>
 #include <string_view>
 
 namespace quillory {
@@ -19,12 +19,13 @@ void Prompter::Fill(const Pattern& pattern, Draft& draft) {
                << ": Enter alone leaves a subfield out, ? helps, Ctrl-D ends the questions.\n";
     Place leftOut;
     Place filled;
-    for (const Place& gap : draft.Gaps()) {
-        if (IsSameField(gap, leftOut) || !IsAsked(pattern, gap)) continue;
+    for (const Question& question : QuestionsOf(pattern, draft, all_)) {
+        const Place& gap = question.place;
+        if (IsSameField(gap, leftOut)) continue;
         std::string answer;
         bool isTaken = false;
         while (!isTaken) {
-            if (!Ask(pattern, gap, answer)) return;
+            if (!Ask(pattern, question, answer)) return;
             isTaken = answer.empty() || Take(draft, gap, answer);
         }
         if (!answer.empty()) {
@@ -35,49 +36,27 @@ void Prompter::Fill(const Pattern& pattern, Draft& draft) {
     }
 }
 
-bool Prompter::IsAsked(const Pattern& pattern, const Place& gap) const {
-    if (all_) return true;
-    std::string prompted;
-    pattern.Workform().SubfieldPrompt(gap.Number(), prompted);
-    return pattern.Workform().FieldPriority(gap.Number()) != 0 &&
-           prompted.find(gap.code) != prompted.npos;
-}
-
-bool Prompter::Ask(const Pattern& pattern, const Place& gap, std::string& answer) {
-    constexpr zorby::EDISPLAYOPTIONS kNames = zorby::EDO_NameOnly;
-    std::string field;
-    std::string subfield;
-    zorby::CTemplate::GetNameOfFieldAndSubfield(gap.Number(), gap.code, field, subfield, kNames);
+bool Prompter::Ask(const Pattern& pattern, const Question& question, std::string& answer) {
     for (;;) {
-        questions_ << PlaceText(gap) << "  " << QmToUtf8(field) << ", " << QmToUtf8(subfield)
-                   << ": " << std::flush;
+        questions_ << PlaceText(question.place) << "  " << question.field << ", "
+                   << question.subfield << ": " << std::flush;
         if (!std::getline(answers_, answer)) {
             questions_ << "\n";
             return false;
         }
         answer.erase(answer.find_last_not_of(" \t\r") + 1);
         if (answer != "?") return true;
-        Help(pattern, gap);
+        Help(pattern, question.place);
     }
 }
 
 void Prompter::Help(const Pattern& pattern, const Place& gap) {
-    std::string rules;
-    std::string reminders;
-    std::string examples;
-    pattern.Workform().SubfieldRules(gap.Number(), gap.code, rules);
-    pattern.Workform().SubfieldReminders(gap.Number(), gap.code, reminders);
-    pattern.Workform().SubfieldExamples(gap.Number(), gap.code, examples);
-    if (rules.empty() && reminders.empty() && examples.empty()) {
-        questions_ << "  There is no help on this subfield.\n";
-    }
-    for (const std::string& text : {rules, reminders, examples}) {
-        std::string_view rest(text);
-        while (!rest.empty()) {
-            const std::size_t size = std::min(rest.find('\n'), rest.size());
-            questions_ << "  " << QmToUtf8(rest.substr(0, size)) << "\n";
-            rest.remove_prefix(std::min(size + 1, rest.size()));
-        }
+    const std::string help = HelpFor(gap, pattern);
+    std::string_view rest(help.empty() ? "There is no help on this subfield.\n" : help);
+    while (!rest.empty()) {
+        const std::size_t size = std::min(rest.find('\n'), rest.size());
+        questions_ << "  " << rest.substr(0, size) << "\n";
+        rest.remove_prefix(std::min(size + 1, rest.size()));
     }
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <quillory/cataloging/Draft.h>
+#include <quillory/cataloging/Questions.h>
 
 #include <istream>
 #include <ostream>
@@ -20,9 +20,8 @@ public:
     void Fill(const Pattern& pattern, Draft& draft);
 
 private:
-    bool IsAsked(const Pattern& pattern, const Place& gap) const;
     // False if there are no more answers.
-    bool Ask(const Pattern& pattern, const Place& gap, std::string& answer);
+    bool Ask(const Pattern& pattern, const Question& question, std::string& answer);
     void Help(const Pattern& pattern, const Place& gap);
     bool Take(Draft& draft, const Place& gap, const std::string& answer);
 
