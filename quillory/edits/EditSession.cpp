@@ -200,6 +200,17 @@ std::optional<ItemFault> EditSession::SetLines(std::string_view lines) {
     return std::nullopt;
 }
 
+void EditSession::TakeUp(State state) {
+    TakeOrigins(Now().fields, state.fields);
+    Become(std::move(state));
+}
+
+void EditSession::GoBackTo(History history) {
+    history_ = std::move(history.states);
+    at_ = history.at;
+    burst_ = std::move(history.burst);
+}
+
 std::vector<Field> FieldsOfLines(std::string_view lines) {
     State state;
     const auto fault =

@@ -60,6 +60,18 @@ public:
     // The reverse. What can't be read is a fault with its line, and nothing changes.
     std::optional<ItemFault> SetLines(std::string_view lines);
 
+    // The reverse of what a journal keeps: a state whose fields don't say what they came from.
+    void TakeUp(State state);
+
+    // All that can be undone and redone, to go back to after a step that was only tried.
+    struct History {
+        std::vector<std::shared_ptr<const State>> states;
+        std::size_t at;
+        std::string burst;
+    };
+    History Remember() const { return {history_, at_, burst_}; }
+    void GoBackTo(History history);
+
     bool CanUndo() const { return at_ > 0; }
     bool CanRedo() const { return at_ + 1 < history_.size(); }
     void Undo();

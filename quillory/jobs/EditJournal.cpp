@@ -1,0 +1,338 @@
+#include <quillory/faults/Errors.h>
+#include <quillory/jobs/EditJournal.h>
+#include <zorby/record/CommFormat.h>
+
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <pwd.h>
+#include <string_view>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kMagic = "quillory journal 1\n";
+constexpr mode_t kMode = 0600;
+constexpr const char* kNewRecords = "new-";  // names of journals of new records begin so
+
+// FNV-1a, 64 bits.
+class Hash {
+public:
+    void Add(std::string_view text) {
+        for (const char c : text) {
+            value_ = (value_ ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
+        }
+    }
+    std::uint64_t Value() const { return value_; }
+
+private:
+    std::uint64_t value_ = 0xCBF29CE484222325U;
+};
+
+std::uint64_t HashOf(std::string_view text) {
+    Hash hash;
+    hash.Add(text);
+    return hash.Value();
+}
+
+std::string Hexadecimal(std::uint64_t number) {
+    char text[20];
+    std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(number));
+    return text;
+}
+
+void PutNumber(std::uint64_t number, std::string& bytes) {
+    for (int i = 0; i < 8; ++i) bytes += static_cast<char>(number >> (8 * i) & 0xFF);
+}
+
+void PutText(std::string_view text, std::string& bytes) {
+    PutNumber(text.size(), bytes);
+    bytes += text;
+}
+
+// Reads what the two above write. Past the end there are only zeros and empty texts.
+class Source {
+public:
+    explicit Source(std::string_view bytes) : rest_(bytes) {}
+
+    std::uint64_t Number() {
+        std::uint64_t number = 0;
+        if (rest_.size() < 8) {
+            rest_ = {};
+            return 0;
+        }
+        for (int i = 0; i < 8; ++i) {
+            number |= static_cast<std::uint64_t>(
+                          static_cast<unsigned char>(rest_[static_cast<std::size_t>(i)]))
+                      << (8 * i);
+        }
+        rest_.remove_prefix(8);
+        return number;
+    }
+    std::string_view Text() {
+        const std::uint64_t size = Number();
+        const std::string_view text = rest_.substr(0, size);
+        rest_.remove_prefix(text.size());
+        return text;
+    }
+    bool IsAtEnd() const { return rest_.empty(); }
+    std::size_t Left() const { return rest_.size(); }
+
+private:
+    std::string_view rest_;
+};
+
+std::string BytesOf(const KeptChange& change) {
+    std::string bytes;
+    PutNumber(change.record, bytes);
+    PutNumber(change.isNew ? 1 : 0, bytes);
+    PutNumber(change.isTaken ? 1 : 0, bytes);
+    PutNumber(change.origin, bytes);
+    PutText(change.state.leader, bytes);
+    PutNumber(change.state.fields.size(), bytes);
+    for (const auto& [tag, content, given] : change.state.fields) {
+        PutText(tag, bytes);
+        PutText(content, bytes);
+    }
+    std::string entry;
+    PutNumber(HashOf(bytes), entry);
+    PutText(bytes, entry);
+    return entry;
+}
+
+KeptChange ChangeOf(std::string_view bytes) {
+    Source source(bytes);
+    KeptChange change;
+    change.record = source.Number();
+    change.isNew = source.Number() != 0;
+    change.isTaken = source.Number() != 0;
+    change.origin = source.Number();
+    change.state.leader = source.Text();
+    const std::uint64_t count = source.Number();
+    for (std::uint64_t i = 0; i < count && !source.IsAtEnd(); ++i) {
+        const std::string tag(source.Text());
+        change.state.fields.push_back({tag, std::string(source.Text()), -1});
+    }
+    return change;
+}
+
+std::string ReasonOf(int error) {
+    return std::strerror(error);
+}
+
+std::string UserName() {
+    const passwd* user = getpwuid(geteuid());
+    return user == nullptr ? std::string("somebody") : std::string(user->pw_name);
+}
+
+// "jo on desk-3, program 4711, since 10:41".
+std::string Myself() {
+    char host[256] = "";
+    gethostname(host, sizeof host - 1);
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    char time[16];
+    std::strftime(time, sizeof time, "%H:%M", &local);
+    return UserName() + " on " + host + ", program " + std::to_string(getpid()) + ", since " + time;
+}
+
+std::string TextAt(int descriptor) {
+    char text[512];
+    const ssize_t size = pread(descriptor, text, sizeof text, 0);
+    return size > 0 ? std::string(text, static_cast<std::size_t>(size)) : std::string();
+}
+
+bool IsSameFile(int descriptor, const fs::path& path) {
+    struct stat opened {};
+    struct stat named {};
+    return fstat(descriptor, &opened) == 0 && stat(path.c_str(), &named) == 0 &&
+           opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
+}
+
+// A descriptor of the locked file, or -1 if another program has it. One that is removed while we
+// wait for it is made again. Throws FileError.
+int Lock(const fs::path& path, std::string& holder) {
+    for (;;) {
+        const int lock = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
+        if (lock < 0) throw FileError(path.string() + ": can't be written: " + ReasonOf(errno));
+        if (flock(lock, LOCK_EX | LOCK_NB) != 0) {
+            holder = TextAt(lock);
+            close(lock);
+            return -1;
+        }
+        if (IsSameFile(lock, path)) return lock;
+        close(lock);
+    }
+}
+
+fs::path LockOf(const fs::path& journal) {
+    return journal.string() + ".lock";
+}
+
+void Release(int lock, const fs::path& journal) {
+    std::error_code ignored;
+    fs::remove(LockOf(journal), ignored);
+    close(lock);
+}
+
+std::string NameFor(const std::string& path) {
+    if (path.empty()) {
+        static int count = 0;
+        return kNewRecords + std::to_string(getpid()) + '-' + std::to_string(++count) + '-' +
+               Hexadecimal(static_cast<std::uint64_t>(std::time(nullptr)));
+    }
+    std::error_code error;
+    const fs::path whole = fs::weakly_canonical(path, error);
+    return Hexadecimal(HashOf(error ? path : whole.string()));
+}
+
+}  // namespace
+
+// The bytes that say how long a record is differ from one writer to the next.
+std::uint64_t SignOf(const EditSession::State& state) {
+    Hash hash;
+    std::string leader = state.leader;
+    for (std::size_t i = 0; i < leader.size(); ++i) {
+        const bool isLength = i < 5 || (zorby::kLeaderBaseAddress <= i && i < 17);
+        if (isLength) leader[i] = '0';
+    }
+    hash.Add(leader);
+    for (const auto& [tag, content, given] : state.fields) {
+        hash.Add(tag);
+        hash.Add(content);
+        hash.Add({"\036", 1});
+    }
+    return hash.Value();
+}
+
+EditJournal::EditJournal(const fs::path& folder, const std::string& path) {
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) throw FileError(folder.string() + ": " + error.message());
+    journal_ = folder / (NameFor(path) + ".journal");
+    TakeFile();
+}
+
+void EditJournal::TakeFile() {
+    lock_ = Lock(LockOf(journal_), holder_);
+    if (lock_ < 0) return;
+    const std::string text = Myself();
+    const bool isWritten = ftruncate(lock_, 0) == 0 && pwrite(lock_, text.data(), text.size(), 0) ==
+                                                           static_cast<ssize_t>(text.size());
+    if (!isWritten) holder_ = "another program";
+}
+
+EditJournal::~EditJournal() {
+    if (descriptor_ >= 0) close(descriptor_);
+    if (lock_ >= 0) Release(lock_, journal_);
+}
+
+std::vector<KeptChange> EditJournal::Left() const {
+    return ReadJournal(journal_);
+}
+
+void EditJournal::Open() {
+    if (descriptor_ >= 0) return;
+    descriptor_ = open(journal_.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, kMode);
+    if (descriptor_ < 0) {
+        throw FileError(journal_.string() + ": can't be written: " + ReasonOf(errno));
+    }
+    if (lseek(descriptor_, 0, SEEK_END) == 0) Append(std::string(kMagic));
+}
+
+void EditJournal::Write(const KeptChange& change) {
+    if (!IsOurs()) return;
+    Open();
+    Append(BytesOf(change));
+}
+
+void EditJournal::Rewrite(const std::vector<KeptChange>& changes) {
+    if (!IsOurs()) return;
+    const fs::path whole = journal_;
+    if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+    journal_ += ".new";
+    std::error_code error;
+    fs::remove(journal_, error);
+    try {
+        Open();
+        for (const KeptChange& change : changes) Append(BytesOf(change));
+    } catch (...) {
+        fs::remove(journal_, error);
+        if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+        journal_ = whole;
+        throw;
+    }
+    fs::rename(journal_, whole, error);
+    journal_ = whole;
+    if (error) throw FileError(whole.string() + ": " + error.message());
+}
+
+// All of it or nothing.
+void EditJournal::Append(const std::string& bytes) {
+    const off_t end = lseek(descriptor_, 0, SEEK_END);
+    const ssize_t size = write(descriptor_, bytes.data(), bytes.size());
+    const bool isWhole = size == static_cast<ssize_t>(bytes.size());
+    const int error = size < 0 ? errno : ENOSPC;
+    if (isWhole && fdatasync(descriptor_) == 0) return;
+    const int reason = isWhole ? errno : error;
+    if (ftruncate(descriptor_, end) != 0) close(std::exchange(descriptor_, -1));
+    throw FileError(journal_.string() + ": can't be written: " + ReasonOf(reason));
+}
+
+void EditJournal::Clear() {
+    if (!IsOurs()) return;
+    if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
+    std::error_code ignored;
+    fs::remove(journal_, ignored);
+}
+
+std::vector<KeptChange> ReadJournal(const fs::path& journal) {
+    std::ifstream file(journal, std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+    std::vector<KeptChange> left;
+    if (!bytes.starts_with(kMagic)) return left;
+    std::map<std::uint64_t, KeptChange> last;
+    Source source(std::string_view(bytes).substr(kMagic.size()));
+    while (!source.IsAtEnd()) {
+        const std::uint64_t sign = source.Number();
+        const std::string_view entry = source.Text();
+        if (HashOf(entry) != sign) break;
+        KeptChange change = ChangeOf(entry);
+        last[change.record] = std::move(change);
+    }
+    left.reserve(last.size());
+    for (auto& [record, change] : last) {
+        if (!change.isTaken) left.push_back(std::move(change));
+    }
+    return left;
+}
+
+std::vector<fs::path> NewRecordsLeft(const fs::path& folder) {
+    std::vector<fs::path> journals;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(folder, error)) {
+        const fs::path& journal = entry.path();
+        const bool isOfNew = journal.filename().string().starts_with(kNewRecords) &&
+                             journal.extension() == ".journal";
+        if (!isOfNew) continue;
+        std::string holder;
+        const int lock = Lock(LockOf(journal), holder);
+        if (lock < 0) continue;
+        journals.push_back(journal);
+        Release(lock, journal);
+    }
+    return journals;
+}
+
+}  // namespace quillory

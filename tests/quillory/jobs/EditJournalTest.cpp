@@ -1,0 +1,163 @@
+#include <quillory/exchange/Output.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/jobs/EditJournal.h>
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <sys/resource.h>
+#include <tests/quillory/Records.h>
+#include <tests/quillory/exchange/TemporaryFile.h>
+#include <unistd.h>
+
+namespace quillory {
+namespace {
+
+namespace fs = std::filesystem;
+
+KeptChange Titled(std::uint64_t record, const std::string& title) {
+    KeptChange change;
+    change.record = record;
+    change.origin = 17 * record;
+    change.state = {kLeader, {{"001", "x", -1}, {"245", "10\037a" + title, -1}}};
+    return change;
+}
+
+std::string TitleOf(const KeptChange& change) {
+    return change.state.fields.back().content.substr(4);
+}
+
+class EditJournalTest : public testing::Test {
+protected:
+    fs::path Folder() const { return place_.Path() + ".d"; }
+    void TearDown() override { fs::remove_all(Folder()); }
+    // The journal itself, without its lock.
+    fs::path File() const {
+        for (const auto& entry : fs::directory_iterator(Folder())) {
+            if (entry.path().extension() == ".journal") return entry.path();
+        }
+        return {};
+    }
+
+    TemporaryFile place_{"", ".records"};
+};
+
+TEST_F(EditJournalTest, TheLastChangeOfEachRecordIsThereAfterACrash) {
+    {
+        EditJournal journal(Folder(), place_.Path());
+        ASSERT_TRUE(journal.IsOurs());
+        EXPECT_TRUE(journal.Left().empty());
+        journal.Write(Titled(4, "Four"));
+        journal.Write(Titled(2, "Two"));
+        journal.Write(Titled(2, "Two again"));
+        journal.Write(Titled(3, "Three"));
+        KeptChange undone = Titled(3, "Three");
+        undone.isTaken = true;
+        journal.Write(undone);
+    }
+    EditJournal journal(Folder(), place_.Path());
+    const auto left = journal.Left();
+    ASSERT_EQ(left.size(), 2U);
+    EXPECT_EQ(TitleOf(left[0]), "Two again");
+    EXPECT_EQ(left[0].record, 2U);
+    EXPECT_EQ(left[0].origin, 34U);
+    EXPECT_EQ(TitleOf(left[1]), "Four");
+    journal.Rewrite({Titled(9, "Nine")});
+    journal.Write(Titled(10, "Ten"));
+    EXPECT_EQ(journal.Left().size(), 2U);
+    journal.Clear();
+    EXPECT_TRUE(journal.Left().empty());
+    EXPECT_EQ(File(), fs::path());
+}
+
+// A crash in the middle of a write, and bytes that another program has spoilt.
+TEST_F(EditJournalTest, WhateverIsCutOffTheChangesBeforeItStay) {
+    std::string whole;
+    fs::path file;
+    {
+        EditJournal journal(Folder(), place_.Path());
+        journal.Write(Titled(1, "One"));
+        journal.Write(Titled(2, "Two"));
+        file = File();
+        std::ifstream in(file, std::ios::binary);
+        whole.assign(std::istreambuf_iterator<char>(in), {});
+    }
+    std::size_t before = 0;
+    for (std::size_t size = 0; size <= whole.size(); ++size) {
+        SCOPED_TRACE(size);
+        WriteOutput(file.string(), whole.substr(0, size));
+        const std::size_t count = ReadJournal(file).size();
+        EXPECT_GE(count, before);
+        before = count;
+    }
+    EXPECT_EQ(before, 2U);
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+        SCOPED_TRACE(i);
+        std::string spoilt = whole;
+        spoilt[i] = static_cast<char>(~spoilt[i]);
+        WriteOutput(file.string(), spoilt);
+        EXPECT_LT(ReadJournal(file).size(), 2U);
+    }
+}
+
+TEST_F(EditJournalTest, AFileBelongsToTheLivingWhoOpenedIt) {
+    std::optional<EditJournal> first(std::in_place, Folder(), place_.Path());
+    {
+        const EditJournal second(Folder(), place_.Path());
+        EXPECT_FALSE(second.IsOurs());
+        EXPECT_NE(second.Holder().find("program " + std::to_string(getpid())), std::string::npos)
+            << second.Holder();
+        const EditJournal other(Folder(), place_.Path() + "2");
+        EXPECT_TRUE(other.IsOurs());
+    }
+    first.reset();
+    const EditJournal third(Folder(), place_.Path());
+    EXPECT_TRUE(third.IsOurs());
+}
+
+TEST_F(EditJournalTest, NewRecordsWithoutAFileAreFoundAgain) {
+    EditJournal living(Folder(), "");
+    living.Write(Titled(0, "Living"));
+    {
+        EditJournal dead(Folder(), "");
+        dead.Write(Titled(0, "Dead"));
+    }
+    const auto journals = NewRecordsLeft(Folder());
+    ASSERT_EQ(journals.size(), 1U);
+    const auto left = ReadJournal(journals.front());
+    ASSERT_EQ(left.size(), 1U);
+    EXPECT_EQ(TitleOf(left.front()), "Dead");
+}
+
+// A disk that is full in the middle of a change.
+TEST_F(EditJournalTest, AFullDiskIsToldAndWhatWasWrittenStays) {
+    EditJournal journal(Folder(), place_.Path());
+    journal.Write(Titled(1, "One"));
+    rlimit before{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{fs::file_size(File()) + 20, before.rlim_max};
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    EXPECT_THROW(journal.Write(Titled(2, "Two")), FileError);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+    signal(SIGXFSZ, handler);
+    EXPECT_EQ(journal.Left().size(), 1U);
+    journal.Write(Titled(3, "Three"));
+    EXPECT_EQ(journal.Left().size(), 2U);
+}
+
+TEST_F(EditJournalTest, TheSignOfARecordIsThatOfItsTextAlone) {
+    EditSession::State state = Titled(1, "One").state;
+    const std::uint64_t sign = SignOf(state);
+    state.fields[0].given = 3;
+    state.leader.replace(0, 5, "00123");
+    EXPECT_EQ(SignOf(state), sign);
+    state.fields[1].content += '.';
+    EXPECT_NE(SignOf(state), sign);
+}
+
+}  // namespace
+}  // namespace quillory
