@@ -338,6 +338,10 @@ const Element* CodedEditor::CurrentElement() const {
     return form_ == nullptr ? nullptr : form_->ElementInHand();
 }
 
+void CodedEditor::TellTyped() {
+    if (form_ != nullptr) form_->TellTyped();
+}
+
 void CodedEditor::Finish() {
     if (form_ != nullptr) form_->Finish();
 }

@@ -43,6 +43,7 @@ public:
     const Element* CurrentElement() const;
     // What is being typed becomes a part of the record.
     void Finish();
+    void TellTyped();
 
 Q_SIGNALS:
     void PlaceChanged();

@@ -278,6 +278,17 @@ void CodedForm::Finish() {
     }
 }
 
+void CodedForm::TellTyped() {
+    for (const Row& row : rows_) {
+        if (row.box == nullptr) continue;
+        std::string value = row.box->text().toStdString();
+        std::ranges::replace(value, '#', ' ');
+        if (value == row.value) continue;
+        value.resize(static_cast<std::size_t>(row.asked.element->Width()), ' ');
+        if (value != row.value) Q_EMIT Changed(row.place.first, value);
+    }
+}
+
 void CodedForm::Take(std::size_t row, std::size_t at, const std::string& value) {
     Q_EMIT Changed(rows_[row].place.first + static_cast<int>(at), value);
 }

@@ -38,6 +38,8 @@ public:
     void FitInto(int width);
     // What is being typed is taken, or refused.
     void Finish();
+    // What is being typed in a box, as far as it goes; nothing is shown of it.
+    void TellTyped();
     // The element in hand; a place without positions if none is.
     Place InHand() const { return inHand_; }
     const Element* ElementInHand() const { return elementInHand_; }

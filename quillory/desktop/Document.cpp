@@ -1,27 +1,31 @@
+#include <quillory/desktop/CollectedMessages.h>
 #include <quillory/desktop/Document.h>
+#include <quillory/jobs/EditJournal.h>
 #include <quillory/jobs/WriteRecords.h>
 
 namespace quillory {
-namespace {
-
-class CollectedMessages : public JobPort {
-public:
-    void Say(const Message& message) override { text += MessageLine(message) + '\n'; }
-
-    std::string text;
-};
-
-}  // namespace
-
 EditSession* Document::SessionOf(std::size_t record) {
     if (file_.IsDamaged(record)) return nullptr;
     auto& session = sessions_[record];
     if (!session) {
         file_.Read(record, item_);
-        const Charset charset = file_.GetForm().isAlwaysUtf8 ? kCharsetUtf8 : kCharsetAuto;
-        session = std::make_unique<EditSession>(item_.record, charset);
+        session = std::make_unique<EditSession>(item_.record, CharsetOfFile());
     }
     return session.get();
+}
+
+Charset Document::CharsetOfFile() const {
+    return file_.GetForm().isAlwaysUtf8 ? kCharsetUtf8 : kCharsetAuto;
+}
+
+std::uint64_t Document::OriginOf(std::size_t record) {
+    const auto [known, isFirst] = origins_.try_emplace(record);
+    if (isFirst) {
+        Item item;
+        file_.ReadAsSaved(record, item);
+        known->second = SignOf(EditSession(item.record, CharsetOfFile()).Now());
+    }
+    return known->second;
 }
 
 Losses Document::Take(std::size_t record) {
@@ -45,6 +49,39 @@ void Document::Leave(std::size_t record) {
     if (!session.CanUndo() && !session.CanRedo()) sessions_.erase(found);
 }
 
+// Each record says itself what it is in; the last one stands for those that come after it.
+bool Document::IsMarc8() {
+    if (file_.GetForm().isAlwaysUtf8 || file_.Size() == 0) return false;
+    file_.Read(file_.Size() - 1, item_);
+    const std::string_view leader = item_.record.leader;
+    return leader.size() > zorby::kLeaderCharacterCode &&
+           leader[zorby::kLeaderCharacterCode] != 'a';
+}
+
+std::size_t Document::Add(const Record& record) {
+    while (file_.FindMore(1)) {
+    }
+    EditSession::State state{std::string(record.leader), {}};
+    state.leader.resize(zorby::kLeaderSize, ' ');
+    state.leader[zorby::kLeaderCharacterCode] = IsMarc8() ? ' ' : 'a';
+    for (const auto& [tag, content] : record.fields) {
+        state.fields.push_back({std::string(tag), std::string(content), -1});
+    }
+    Record empty;
+    empty.leader = state.leader;
+    EditSession session(empty);
+    session.Become(state);
+    Record given;
+    Losses unused;
+    session.Give(given, unused);
+    return file_.Add(given);
+}
+
+void Document::RemoveLast() {
+    sessions_.erase(file_.Size() - 1);
+    file_.RemoveLast();
+}
+
 std::optional<Document::Obstacle> Document::WhatStopsSaving() {
     const bool isIso2709 = file_.GetForm().name == Forms().front().name;
     for (const auto& [record, session] : sessions_) {
@@ -56,6 +93,7 @@ std::optional<Document::Obstacle> Document::WhatStopsSaving() {
 
 void Document::Save() {
     file_.Save();
+    origins_.clear();
     for (const auto& [record, session] : sessions_) session->MarkSaved();
 }
 

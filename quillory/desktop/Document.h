@@ -4,6 +4,7 @@
 #include <quillory/reports/RecordListing.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
@@ -17,6 +18,9 @@ public:
     // Throws FileError.
     explicit Document(const std::string& path) : file_(path), listing_(file_) {}
 
+    // New records, which have no file yet.
+    Document() : listing_(file_) {}
+
     RecordFile& File() { return file_; }
     RecordListing& Listing() { return listing_; }
 
@@ -25,8 +29,17 @@ public:
     // What a session has become is what the list shows and the file will have. Result: what the
     // record's character set can't carry.
     Losses Take(std::size_t record);
+    // The sign of a record as the file has it, by which it is known in a journal. Throws FileError.
+    std::uint64_t OriginOf(std::size_t record);
     // A record that is left and was not touched needs no memory.
     void Leave(std::size_t record);
+
+    bool IsUntitled() const { return file_.Path().empty(); }
+    // A record in UTF-8 that comes after all others, in the character set of the last one. Result:
+    // its index. Reads the whole file before. Throws FileError.
+    std::size_t Add(const Record& record);
+    // Takes back a record that is new.
+    void RemoveLast();
 
     bool IsChanged() const { return file_.Changes() > 0; }
     // The first record that could not be read again, and why.
@@ -42,9 +55,13 @@ public:
     std::string SaveAs(const std::string& path);
 
 private:
+    Charset CharsetOfFile() const;
+    bool IsMarc8();
+
     RecordFile file_;
     RecordListing listing_;
     std::map<std::size_t, std::unique_ptr<EditSession>> sessions_;
+    std::map<std::size_t, std::uint64_t> origins_;
     Item item_;
 };
 

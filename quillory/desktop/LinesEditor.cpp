@@ -87,6 +87,11 @@ bool LinesEditor::Finish() {
     return false;
 }
 
+void LinesEditor::TellTyped() {
+    if (!isTyped_) return;
+    record_.Do([&](EditSession& session) { session.SetLines(box_->toPlainText().toStdString()); });
+}
+
 void LinesEditor::ShowFault(const QString& text) {
     QPalette palette = fault_->palette();
     palette.setColor(QPalette::WindowText,

@@ -21,6 +21,8 @@ public:
 
     // Takes what has been typed. False if it can't be read.
     bool Finish();
+    // Takes it if it can be read, without a word.
+    void TellTyped();
     // Whether something has been typed that the record does not know of, and taking it back.
     bool IsAhead() const { return isTyped_; }
     void TakeBack() { ShowRecord(); }

@@ -12,6 +12,7 @@
 #include <quillory/desktop/RecordModel.h>
 #include <quillory/desktop/RecordTable.h>
 #include <quillory/desktop/Texts.h>
+#include <quillory/jobs/EditJournal.h>
 #include <quillory/reports/PlaceHelp.h>
 
 #include <QElapsedTimer>
@@ -82,6 +83,7 @@ MainWindow::MainWindow(Desk& desk, DeskSettings& settings)
         checks_->start();
         UpdateActions();
     });
+    MakeJournalTimer();
     table_->SetDisplay(desk_.Display());
     resize(1366, 768);
     restoreGeometry(settings_.State(QStringLiteral("window/geometry")));
@@ -115,7 +117,8 @@ void MainWindow::MakeCentre() {
 QWidget* MainWindow::MakeWelcome() {
     auto* page = new QWidget(this);
     auto* layout = new QVBoxLayout(page);
-    auto* words = new QLabel(tr("Open a file of records, or try the samples."), page);
+    auto* words =
+        new QLabel(tr("Open a file of records, make a record, or try the samples."), page);
     QFont font = words->font();
     font.setPointSizeF(font.pointSizeF() * 1.4);
     words->setFont(font);
@@ -124,12 +127,14 @@ QWidget* MainWindow::MakeWelcome() {
     auto* hint = new QLabel(tr("A file can also be dropped anywhere on this window."), page);
     hint->setAlignment(Qt::AlignCenter);
     auto* open = new QPushButton(tr("&Open a File…"), page);
+    auto* make = new QPushButton(tr("Make a &Record…"), page);
     auto* samples = new QPushButton(tr("Try the &Samples"), page);
+    connect(make, &QPushButton::clicked, this, &MainWindow::NewRecord);
     connect(open, &QPushButton::clicked, this, &MainWindow::ChooseFile);
     connect(samples, &QPushButton::clicked, this, &MainWindow::OpenSamples);
     layout->addStretch(2);
     layout->addWidget(words);
-    for (QPushButton* button : {open, samples}) {
+    for (QPushButton* button : {open, make, samples}) {
         button->setMinimumSize(220, 40);
         layout->addWidget(button, 0, Qt::AlignHCenter);
     }
@@ -369,6 +374,7 @@ bool MainWindow::FinishEditing() {
 // The list and the file know of what was edited.
 void MainWindow::TakeRecord() {
     if (!current_ || record_.Session() == nullptr) return;
+    KeepChanges();
     const Losses losses = document_->Take(*current_);
     if (!losses.Empty()) {
         statusBar()->showMessage(tr("Not in the character set of this record: %1")
@@ -430,7 +436,10 @@ void MainWindow::ShowHelp() {
 void MainWindow::ShowFile() {
     const bool isOpen = document_ != nullptr;
     pages_->setCurrentIndex(isOpen ? kEditor : 0);
-    setWindowTitle(isOpen ? tr("%1[*]").arg(ToQt(document_->File().Path())) : QString());
+    const QString name = !isOpen                   ? QString()
+                         : document_->IsUntitled() ? tr("New records")
+                                                   : ToQt(document_->File().Path());
+    setWindowTitle(isOpen ? name + QStringLiteral("[*]") : name);
     filter_->setEnabled(isOpen);
     ShowCounts();
     UpdateActions();

@@ -3,7 +3,9 @@
 #include <quillory/desktop/OpenRecord.h>
 
 #include <QMainWindow>
+#include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -28,11 +30,13 @@ class CodedEditor;
 class Desk;
 class DeskSettings;
 class Document;
+class EditJournal;
 class FindingsList;
 class LinesEditor;
 class MessageBar;
 class RecordListModel;
 class RecordTable;
+struct KeptChange;
 
 // The window: a list of records, the record in hand, and what is known of it.
 class MainWindow : public QMainWindow {
@@ -48,6 +52,8 @@ public:
     bool Save();
     bool SaveAs(const QString& path);
     void ShowRecord(std::size_t record);
+    // Asks for new records that a program left which ended before it saved.
+    void OfferNewRecordsLeft();
     void Filter(const QString& typed);
 
     // For tests: what the window is made of.
@@ -115,6 +121,31 @@ private:
     void GoToFinding(const Place& place);
     bool ShowCodedHelp();
 
+    void MakeJournalTimer();
+    bool TakeFile(const QString& path);
+    bool MayLookOnly(const QString& path);
+    bool IsHeldByAnother() const;
+    bool RefuseHeld();
+    void WarnOfObstacle();
+    EditSession::State TypedState();
+    void KeepChanges();
+    void Keep(const KeptChange& change);
+    void ForgetChanges();
+    void TakeBackKept(std::size_t record);
+    void OfferLeft();
+    bool WantsLeft(std::size_t count, const std::string& path);
+    bool TakeUp(KeptChange& change);
+    void TakeUp(std::vector<KeptChange> left);
+
+    void AddNewActions(QMenu* menu);
+    void NewRecord();
+    void CopyRecord();
+    void AddRecord(const Record& record);
+    void ShowListing();
+    void DiscardNewRecord();
+    void SaveRecordAsWorkform();
+    bool MayReplaceWorkform(const QString& name);
+
     bool FinishEditing();
     void TakeRecord();
     void ShowHelp();
@@ -132,6 +163,9 @@ private:
     std::unique_ptr<Document> document_;
     std::optional<std::size_t> current_;
     OpenRecord record_;
+    std::unique_ptr<EditJournal> journal_;       // null if changes can't be kept
+    std::map<std::size_t, std::uint64_t> kept_;  // by record, the sign of what the journal has
+    bool isUnsafe_ = false;                      // the journal could not be written
 
     QStackedWidget* pages_ = nullptr;
     QSplitter* panes_ = nullptr;
@@ -152,10 +186,12 @@ private:
     QProgressBar* progress_ = nullptr;
     QTimer* work_ = nullptr;
     QTimer* checks_ = nullptr;
+    QTimer* keeping_ = nullptr;
     QTimer* typing_ = nullptr;  // in the filter
     bool isSorted_ = false;
     std::vector<std::pair<QAction*, Needs>> actions_;
     QAction* undo_ = nullptr;
+    QAction* new_ = nullptr;
     QAction* open_ = nullptr;
     QAction* save_ = nullptr;
     QAction* redo_ = nullptr;

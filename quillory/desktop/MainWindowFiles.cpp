@@ -5,6 +5,7 @@
 #include <quillory/desktop/RecordListModel.h>
 #include <quillory/desktop/Texts.h>
 #include <quillory/faults/Errors.h>
+#include <quillory/jobs/EditJournal.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/store/HomeFolder.h>
 
@@ -47,7 +48,7 @@ bool MainWindow::Open(const QString& path) {
     Try([&] {
         auto opened = std::make_unique<Document>(path.toStdString());
         opened->Listing().Work(1);
-        if (!CloseFile()) return;
+        if (!CloseFile() || !TakeFile(path)) return;
         document_ = std::move(opened);
         listModel_->SetDocument(document_.get());
         ShowFile();
@@ -57,6 +58,8 @@ bool MainWindow::Open(const QString& path) {
         if (document_->File().IsWhole() && document_->File().Size() == 0) {
             messages_->Warn(tr("%1: there are no records in this file").arg(path));
         }
+        WarnOfObstacle();
+        OfferLeft();
         list_->setFocus();
         isOpen = true;
     });
@@ -68,6 +71,9 @@ bool MainWindow::CloseFile() {
     if (!FinishEditing()) return false;
     TakeRecord();
     if (!MayLoseChanges(tr("Save the changes before the file is closed?"))) return false;
+    ForgetChanges();
+    keeping_->stop();
+    journal_.reset();
     work_->stop();
     checks_->stop();
     messages_->hide();
@@ -119,7 +125,7 @@ void MainWindow::OpenSamples() {
 }
 
 void MainWindow::Reload() {
-    if (document_ == nullptr) return;
+    if (document_ == nullptr || document_->IsUntitled()) return;
     const QString path = ToQt(document_->File().Path());
     const auto record = current_;
     if (!CloseFile() || !Open(path)) return;
@@ -129,6 +135,11 @@ void MainWindow::Reload() {
 
 bool MainWindow::Save() {
     if (document_ == nullptr || !FinishEditing()) return false;
+    if (document_->IsUntitled()) {
+        ChooseTarget();
+        return document_ != nullptr && !document_->IsUntitled();
+    }
+    if (RefuseHeld()) return false;
     TakeRecord();
     if (const auto obstacle = document_->WhatStopsSaving()) {
         ShowRecord(obstacle->record);
@@ -142,6 +153,7 @@ bool MainWindow::Save() {
         while (document_->File().FindMore(1)) {
         }
         document_->Save();
+        ForgetChanges();
         listModel_->RefreshAll();
         messages_->hide();
         statusBar()->showMessage(tr("Saved."), kShortly);
@@ -154,15 +166,18 @@ bool MainWindow::Save() {
 
 void MainWindow::ChooseTarget() {
     if (document_ == nullptr) return;
-    const QString path = QFileDialog::getSaveFileName(
-        this, tr("Save as"), ToQt(document_->File().Path()), FormFilters());
+    const QString now =
+        document_->IsUntitled() ? tr("new records.mrc") : ToQt(document_->File().Path());
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save as"), now, FormFilters());
     if (!path.isEmpty()) SaveAs(path);
 }
 
 // The form is that of the name. The window goes on with the new file.
 bool MainWindow::SaveAs(const QString& path) {
     if (document_ == nullptr || !FinishEditing()) return false;
-    if (QFileInfo(path) == QFileInfo(ToQt(document_->File().Path()))) return Save();
+    const bool isSame =
+        !document_->IsUntitled() && QFileInfo(path) == QFileInfo(ToQt(document_->File().Path()));
+    if (isSame) return Save();
     TakeRecord();
     bool isSaved = false;
     Try([&] {
@@ -175,6 +190,8 @@ bool MainWindow::SaveAs(const QString& path) {
         current_.reset();
         record_.Show(nullptr);
         document_ = std::move(written);
+        ForgetChanges();
+        TakeFile(path);
         listModel_->SetDocument(document_.get());
         settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
         ShowFile();

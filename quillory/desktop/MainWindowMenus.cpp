@@ -80,6 +80,7 @@ void MainWindow::MakeMenus() {
 
 void MainWindow::MakeFileMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&File"));
+    AddNewActions(menu);
     open_ = Add(menu, tr("&Open…"), QKeySequence::Open, kNothing, [this] { ChooseFile(); });
     QMenu* recent = menu->addMenu(tr("Open &Recent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
@@ -206,7 +207,7 @@ void MainWindow::MakeToolBar() {
     bar->setObjectName(QStringLiteral("tools"));
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    bar->addActions({open_, save_});
+    bar->addActions({new_, open_, save_});
     bar->addSeparator();
     bar->addActions({undo_, redo_});
     bar->addSeparator();

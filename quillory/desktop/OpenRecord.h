@@ -25,7 +25,18 @@ public:
     void Do(Step&& step) {
         if (session_ == nullptr) return;
         step(*session_);
-        Q_EMIT Changed();
+        if (!isTried_) Q_EMIT Changed();
+    }
+    // What the record would be after some work, of which nobody knows and nothing stays.
+    template <class Work>
+    EditSession::State Try(Work&& work) {
+        EditSession::History history = session_->Remember();
+        isTried_ = true;
+        work();
+        isTried_ = false;
+        EditSession::State state = session_->Now();
+        session_->GoBackTo(std::move(history));
+        return state;
     }
 
 Q_SIGNALS:
@@ -34,6 +45,7 @@ Q_SIGNALS:
 
 private:
     EditSession* session_ = nullptr;
+    bool isTried_ = false;
 };
 
 }  // namespace quillory

@@ -99,6 +99,11 @@ void RecordTable::SetDisplay(zorby::EDISPLAYOPTIONS display) {
     FitRows();
 }
 
+void RecordTable::TellTyped() {
+    QWidget* box = editor_->Box();
+    if (box != nullptr) editor_->setModelData(box, model_, currentIndex());
+}
+
 void RecordTable::Finish() {
     editor_->Finish();
 }

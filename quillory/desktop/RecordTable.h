@@ -39,6 +39,8 @@ public:
     void SetDisplay(zorby::EDISPLAYOPTIONS display);
     // Takes what is being typed into the record.
     void Finish();
+    // Takes it, too, and leaves the box open.
+    void TellTyped();
     // Types a character of the palette into the text in hand. False if there is none.
     bool TypeCharacter(unsigned id);
     // A widget to which the focus can go while a text is typed, and where it goes from there.

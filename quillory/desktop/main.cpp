@@ -22,7 +22,11 @@ int Run(const QString& file) {
     quillory::Desk desk;
     quillory::MainWindow window(desk, settings);
     window.show();
-    if (!file.isEmpty()) window.Open(file);
+    if (!file.isEmpty()) {
+        window.Open(file);
+    } else {
+        window.OfferNewRecordsLeft();
+    }
     return QApplication::exec();
 }
 

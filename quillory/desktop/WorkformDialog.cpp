@@ -1,0 +1,244 @@
+#include <quillory/coded/Material.h>
+#include <quillory/desktop/Texts.h>
+#include <quillory/desktop/WorkformDialog.h>
+#include <quillory/jobs/Library.h>
+#include <zorby/platform/ClockPort.h>
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+constexpr int kWidth = 900;
+constexpr int kHeight = 560;
+constexpr int kHelpLines = 5;
+constexpr auto kQuestion = "question";  // a property of a box: its number
+enum Column : int { kName, kMaterial, kColumns };
+
+Description DescriptionBy(const std::string& workform) {
+    Description description;
+    description.workform = workform;
+    return description;
+}
+
+bool HasWords(const QString& text, const QString& typed) {
+    const auto words = typed.split(u' ', Qt::SkipEmptyParts);
+    return std::all_of(words.begin(), words.end(), [&](const QString& word) {
+        return text.contains(word, Qt::CaseInsensitive);
+    });
+}
+
+}  // namespace
+
+WorkformDialog::WorkformDialog(QWidget* parent)
+    : QDialog(parent),
+      search_(new QLineEdit(this)),
+      list_(new QTreeWidget(this)),
+      area_(new QScrollArea(this)),
+      all_(new QCheckBox(tr("&Ask for every subfield"), this)),
+      help_(new QPlainTextEdit(this)),
+      fault_(new QLabel(this)) {
+    const Reporter reporter(messages_, {.quiet = true});
+    workforms_.emplace(reporter);
+    maker_.emplace([this](const std::string& id) { return workforms_->Get(std::stoi(id)); },
+                   LoadCodeLists, zorby::CurrentClockPort().LocalTime());
+    setWindowTitle(tr("New record"));
+    resize(kWidth, kHeight);
+    auto* panes = new QSplitter(this);
+    panes->setChildrenCollapsible(false);
+    panes->addWidget(MakeList());
+    panes->addWidget(MakeQuestions());
+    panes->setStretchFactor(1, 1);
+    panes->setSizes({kWidth / 2, kWidth / 2});
+    fault_->setWordWrap(true);
+    fault_->hide();
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setText(tr("&Make the Record"));
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(panes, 1);
+    layout->addWidget(fault_);
+    layout->addWidget(buttons);
+    connect(buttons, &QDialogButtonBox::accepted, this, &WorkformDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    FillList();
+    search_->setFocus();
+}
+
+QWidget* WorkformDialog::MakeList() {
+    auto* part = new QWidget(this);
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(0, 0, 0, 0);
+    search_->setPlaceholderText(tr("What is it? Book, DVD, map …"));
+    search_->setAccessibleName(tr("Words of a workform"));
+    search_->setClearButtonEnabled(true);
+    list_->setAccessibleName(tr("Workforms"));
+    list_->setHeaderLabels({tr("Workform"), tr("Material")});
+    list_->setRootIsDecorated(false);
+    list_->header()->setSectionResizeMode(kName, QHeaderView::Stretch);
+    list_->header()->setSectionResizeMode(kMaterial, QHeaderView::ResizeToContents);
+    list_->header()->setStretchLastSection(false);
+    layout->addWidget(search_);
+    layout->addWidget(list_);
+    search_->installEventFilter(this);
+    connect(search_, &QLineEdit::textChanged, this, &WorkformDialog::ShowMatches);
+    connect(list_, &QTreeWidget::currentItemChanged, this, &WorkformDialog::ShowQuestions);
+    return part;
+}
+
+QWidget* WorkformDialog::MakeQuestions() {
+    auto* part = new QWidget(this);
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(0, 0, 0, 0);
+    area_->setWidgetResizable(true);
+    area_->setFrameShape(QFrame::NoFrame);
+    area_->setFocusPolicy(Qt::NoFocus);
+    help_->setReadOnly(true);
+    help_->setTabChangesFocus(true);
+    help_->setAccessibleName(tr("What the workform says of the subfield in hand"));
+    help_->setFixedHeight(kHelpLines * fontMetrics().lineSpacing());
+    layout->addWidget(all_);
+    layout->addWidget(area_, 1);
+    layout->addWidget(help_);
+    connect(all_, &QCheckBox::toggled, this, &WorkformDialog::ShowQuestions);
+    return part;
+}
+
+void WorkformDialog::FillList() {
+    const QSignalBlocker quiet(list_);
+    AddGroup(tr("Your own"), workforms_->Users());
+    AddGroup(tr("Standard"), workforms_->Standard());
+    list_->expandAll();
+    ShowMatches({});
+}
+
+// A workform that is damaged can't be chosen.
+void WorkformDialog::AddGroup(const QString& title, const std::vector<WorkformEntry>& entries) {
+    if (entries.empty()) return;
+    auto* group = new QTreeWidgetItem(list_, {title});
+    group->setFlags(Qt::ItemIsEnabled);
+    group->setFirstColumnSpanned(true);
+    for (const WorkformEntry& entry : entries) {
+        auto* item = new QTreeWidgetItem(group, {ToQt(entry.text)});
+        item->setData(kName, Qt::UserRole, QByteArray::number(entry.id));
+        try {
+            const Pattern& pattern = maker_->PatternFor(std::to_string(entry.id));
+            item->setText(kMaterial, ToQt(MaterialText(pattern.Leader())));
+        } catch (const FaultError& error) {
+            item->setFlags(Qt::NoItemFlags);
+            item->setToolTip(kName, ToQt(error.what()));
+        }
+    }
+}
+
+void WorkformDialog::ShowMatches(const QString& typed) {
+    QTreeWidgetItem* first = nullptr;
+    for (int i = 0; i < list_->topLevelItemCount(); ++i) {
+        QTreeWidgetItem* group = list_->topLevelItem(i);
+        for (int row = 0; row < group->childCount(); ++row) {
+            QTreeWidgetItem* item = group->child(row);
+            const bool fits = HasWords(item->text(kName) + u' ' + item->text(kMaterial), typed);
+            item->setHidden(!fits);
+            if (fits && first == nullptr && !item->flags().testFlag(Qt::NoItemFlags)) first = item;
+        }
+    }
+    list_->setCurrentItem(first);
+    ShowQuestions();
+}
+
+std::string WorkformDialog::Chosen() const {
+    const QTreeWidgetItem* item = list_->currentItem();
+    if (item == nullptr) return {};
+    return item->data(kName, Qt::UserRole).toByteArray().toStdString();
+}
+
+void WorkformDialog::ShowQuestions() {
+    boxes_.clear();
+    help_->clear();
+    auto* page = new QWidget(area_);
+    auto* form = new QFormLayout(page);
+    form->setRowWrapPolicy(QFormLayout::WrapAllRows);
+    if (const std::string id = Chosen(); !id.empty()) {
+        const Pattern& pattern = maker_->PatternFor(id);
+        const Draft draft = maker_->Begin(DescriptionBy(id));
+        for (const Question& question : QuestionsOf(pattern, draft, all_->isChecked())) {
+            const QString name = QStringLiteral("%1  %2, %3")
+                                     .arg(ToQt(PlaceText(question.place)), ToQt(question.field),
+                                          ToQt(question.subfield));
+            auto* edit = new QLineEdit(page);
+            edit->setAccessibleName(name);
+            edit->setProperty(kQuestion, static_cast<int>(boxes_.size()));
+            edit->installEventFilter(this);
+            auto* label = new QLabel(name, page);
+            label->setWordWrap(true);
+            label->setBuddy(edit);
+            form->addRow(label, edit);
+            boxes_.push_back({question, edit});
+        }
+    }
+    area_->setWidget(page);
+}
+
+void WorkformDialog::ShowHelp(const Place& place) {
+    const QString help = ToQt(HelpFor(place, maker_->PatternFor(Chosen())));
+    help_->setPlainText(help.isEmpty() ? tr("There is no help on this subfield.") : help);
+}
+
+// False if an answer can't be a part of a record; it is named and in hand then.
+bool WorkformDialog::TakeAnswers(Draft& draft) {
+    for (const Box& box : boxes_) {
+        const QString answer = box.edit->text().trimmed();
+        if (answer.isEmpty()) continue;
+        try {
+            draft.Take(MakeEntry(box.question.place, answer.toStdString()));
+        } catch (const EntryError& error) {
+            fault_->setText(SignOf(Severity::Error) + u' ' + ToQt(error.what()));
+            fault_->show();
+            box.edit->setFocus();
+            return false;
+        }
+    }
+    return true;
+}
+
+void WorkformDialog::accept() {
+    const std::string id = Chosen();
+    if (id.empty()) return;
+    const Description description = DescriptionBy(id);
+    draft_.emplace(maker_->Begin(description));
+    if (!TakeAnswers(*draft_)) return;
+    made_ = maker_->Finish(*draft_, description);
+    QDialog::accept();
+}
+
+// The arrow keys move in the list while a person types; what is known of a box is shown with it.
+bool WorkformDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == search_ && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+            QCoreApplication::sendEvent(list_, event);
+            return true;
+        }
+    }
+    if (watched != search_ && event->type() == QEvent::FocusIn) {
+        const auto number = static_cast<std::size_t>(watched->property(kQuestion).toInt());
+        if (number < boxes_.size()) ShowHelp(boxes_[number].question.place);
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+}  // namespace quillory

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <quillory/cataloging/Questions.h>
+#include <quillory/cataloging/RecordMaker.h>
+#include <quillory/desktop/CollectedMessages.h>
+#include <quillory/jobs/WorkformCatalog.h>
+
+#include <QDialog>
+#include <optional>
+#include <string>
+#include <vector>
+
+class QCheckBox;
+class QFormLayout;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QScrollArea;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+namespace quillory {
+
+// The making of a record: a choice of workforms, and what the chosen one asks.
+class WorkformDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    // Throws FileError if the workforms can't be read.
+    explicit WorkformDialog(QWidget* parent = nullptr);
+
+    // The record that was made, in UTF-8. Views last as long as the dialog.
+    const Record& Made() const { return made_; }
+    void accept() override;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Box {
+        Question question;
+        QLineEdit* edit;
+    };
+
+    QWidget* MakeList();
+    QWidget* MakeQuestions();
+    void FillList();
+    void AddGroup(const QString& title, const std::vector<WorkformEntry>& entries);
+    void ShowMatches(const QString& typed);
+    void ShowQuestions();
+    void ShowHelp(const Place& place);
+    // The workform's ID, by which the maker calls it; empty if none is chosen.
+    std::string Chosen() const;
+    bool TakeAnswers(Draft& draft);
+
+    CollectedMessages messages_;
+    std::optional<WorkformCatalog> workforms_;
+    std::optional<RecordMaker> maker_;
+    std::optional<Draft> draft_;
+    Record made_;
+    std::vector<Box> boxes_;
+
+    QLineEdit* search_;
+    QTreeWidget* list_;
+    QScrollArea* area_;
+    QCheckBox* all_;
+    QPlainTextEdit* help_;
+    QLabel* fault_;
+};
+
+}  // namespace quillory

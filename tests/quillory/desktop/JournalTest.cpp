@@ -1,0 +1,187 @@
+#include <quillory/desktop/CodedEditor.h>
+#include <quillory/desktop/Desk.h>
+#include <quillory/desktop/DeskSettings.h>
+#include <quillory/desktop/Document.h>
+#include <quillory/desktop/MainWindow.h>
+#include <quillory/desktop/MessageBar.h>
+#include <quillory/desktop/RecordModel.h>
+#include <quillory/desktop/RecordTable.h>
+#include <quillory/store/HomeFolder.h>
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <tests/quillory/Records.h>
+#include <tests/quillory/exchange/TemporaryFile.h>
+
+namespace quillory {
+namespace {
+
+std::string Book(const std::string& title) {
+    return MarcOf({"LDR00000cam a2200000 a 4500", "001" + title,
+                   "008240101s2023    nyua          000 0 eng d",
+                   "24510\037a" + title + " /\037cJane Doe."});
+}
+
+// Windows that end without a word, and those that come after them.
+class JournalTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        home_ = new QTemporaryDir;
+        qputenv("QUILLORY_HOME", home_->path().toUtf8());
+        desk_ = new Desk;
+    }
+    static void TearDownTestSuite() {
+        delete desk_;
+        delete home_;
+    }
+
+    std::unique_ptr<MainWindow> NewWindow() {
+        auto window = std::make_unique<MainWindow>(*desk_, settings_);
+        window->show();
+        window->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        return window;
+    }
+    bool Open(MainWindow& window) {
+        const bool isOpen = window.Open(QString::fromStdString(file_.Path()));
+        while (window.IsWorking()) QTest::qWait(1);
+        return isOpen;
+    }
+    // Answers the next question by the button with this text.
+    static void Answer(const QString& text, QString* question = nullptr) {
+        QTimer::singleShot(0, [text, question] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            if (question != nullptr) *question = box->text();
+            for (QAbstractButton* button : box->buttons()) {
+                if (button->text() == text) return button->click();
+            }
+            ADD_FAILURE() << "no button " << text.toStdString();
+            box->reject();
+        });
+    }
+    static QString Cell(MainWindow& window, const std::string& place) {
+        const QModelIndex at = window.Table().Model().IndexOf(*ParsePlace(place));
+        return at.siblingAtColumn(RecordModel::Text).data().toString();
+    }
+    // Types at the end of a text, and leaves it open.
+    static void TypeAt(MainWindow& window, const std::string& place, const QString& text) {
+        window.Table().GoTo(*ParsePlace(place));
+        window.Table().edit(window.Table().currentIndex());
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
+        QTest::keyClicks(QApplication::focusWidget(), text);
+    }
+    // A moment in which changes are kept.
+    static void Rest() { QTest::qWait(800); }
+    // Nothing is asked, and nothing is closed.
+    static void Crash(std::unique_ptr<MainWindow>& window) { window.reset(); }
+
+    static QTemporaryDir* home_;
+    static Desk* desk_;
+    DeskSettings settings_{QString()};
+    TemporaryFile file_{Book("One") + Book("Two") + Book("Three"), ".mrc"};
+};
+
+QTemporaryDir* JournalTest::home_ = nullptr;
+Desk* JournalTest::desk_ = nullptr;
+
+TEST_F(JournalTest, WhatWasTypedIsOfferedAfterACrashAndForgottenAfterASave) {
+    auto window = NewWindow();
+    ASSERT_TRUE(Open(*window));
+    window->ShowRecord(1);
+    TypeAt(*window, "245 $c", " And more");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    window->ShowRecord(2);
+    TypeAt(*window, "245 $c", " Still being typed");
+    Rest();
+    Crash(window);
+    window = NewWindow();
+    QString question;
+    Answer("&Take Up", &question);
+    ASSERT_TRUE(Open(*window));
+    EXPECT_TRUE(question.contains("Take up the changes of")) << question.toStdString();
+    EXPECT_EQ(window->OpenDocument()->File().Changes(), 2U);
+    window->ShowRecord(2);
+    EXPECT_TRUE(Cell(*window, "245 $c").contains("Still being typed"));
+    EXPECT_TRUE(window->Save());
+    EXPECT_TRUE(file_.Read().starts_with(Book("One")));
+    EXPECT_NE(file_.Read().find("And more"), std::string::npos);
+    EXPECT_NE(file_.Read().find("Still being typed"), std::string::npos);
+    Crash(window);
+    window = NewWindow();
+    ASSERT_TRUE(Open(*window));  // without a question
+    EXPECT_FALSE(window->OpenDocument()->IsChanged());
+}
+
+TEST_F(JournalTest, WhatWasDiscardedOrTakenBackIsNotOffered) {
+    auto window = NewWindow();
+    ASSERT_TRUE(Open(*window));
+    TypeAt(*window, "245 $c", " No");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    Rest();
+    QTest::keyClick(window.get(), Qt::Key_Z, Qt::ControlModifier);
+    Rest();
+    Crash(window);
+    window = NewWindow();
+    ASSERT_TRUE(Open(*window));
+    EXPECT_FALSE(window->OpenDocument()->IsChanged());
+    TypeAt(*window, "245 $c", " Again no");
+    Rest();
+    Crash(window);
+    window = NewWindow();
+    Answer("&Discard");
+    ASSERT_TRUE(Open(*window));
+    EXPECT_FALSE(window->OpenDocument()->IsChanged());
+    EXPECT_EQ(file_.Read(), Book("One") + Book("Two") + Book("Three"));
+}
+
+TEST_F(JournalTest, ChangesOfARecordThatAnotherProgramReplacedAreKeptApart) {
+    auto window = NewWindow();
+    ASSERT_TRUE(Open(*window));
+    TypeAt(*window, "245 $c", " Mine");
+    Rest();
+    Crash(window);
+    WriteOutput(file_.Path(), Book("Another") + Book("Two"));
+    window = NewWindow();
+    Answer("&Take Up");
+    ASSERT_TRUE(Open(*window));
+    EXPECT_FALSE(window->OpenDocument()->IsChanged());
+    const QString said = window->Messages().Text();
+    const QString path =
+        said.mid(said.indexOf(QString::fromStdString(HomeFolder().string()))).chopped(1);
+    Input kept(path.toStdString());
+    EXPECT_NE(std::string(ReadWhole(kept)).find("Jane Doe. Mine"), std::string::npos)
+        << said.toStdString();
+    EXPECT_EQ(file_.Read(), Book("Another") + Book("Two"));
+}
+
+TEST_F(JournalTest, ASecondWindowSaysWhoHasTheFileAndSavesElsewhere) {
+    auto first = NewWindow();
+    ASSERT_TRUE(Open(*first));
+    auto second = NewWindow();
+    Answer("Cancel");
+    EXPECT_FALSE(Open(*second));
+    EXPECT_EQ(second->OpenDocument(), nullptr);
+    QString question;
+    Answer("Open It Here, Too", &question);
+    EXPECT_TRUE(Open(*second));
+    EXPECT_TRUE(question.contains(QString::number(QCoreApplication::applicationPid())))
+        << question.toStdString();
+    TypeAt(*second, "245 $c", " Mine");
+    EXPECT_FALSE(second->Save());
+    EXPECT_TRUE(second->Messages().Text().contains("open in another window"));
+    EXPECT_EQ(file_.Read(), Book("One") + Book("Two") + Book("Three"));
+    const TemporaryFile other("", ".mrc");
+    EXPECT_TRUE(second->SaveAs(QString::fromStdString(other.Path())));
+    EXPECT_NE(other.Read().find("Jane Doe. Mine"), std::string::npos);
+    EXPECT_TRUE(first->Save());
+}
+
+}  // namespace
+}  // namespace quillory

@@ -1,0 +1,208 @@
+#include <quillory/desktop/Desk.h>
+#include <quillory/desktop/DeskSettings.h>
+#include <quillory/desktop/Document.h>
+#include <quillory/desktop/MainWindow.h>
+#include <quillory/desktop/MessageBar.h>
+#include <quillory/desktop/RecordModel.h>
+#include <quillory/desktop/RecordTable.h>
+#include <quillory/desktop/WorkformDialog.h>
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <tests/quillory/Records.h>
+#include <tests/quillory/exchange/TemporaryFile.h>
+
+namespace quillory {
+namespace {
+
+std::string Book(const std::string& title, char scheme = 'a') {
+    return MarcOf({std::string("LDR00000cam ") + scheme + "2200000 a 4500", "001" + title, "003ZZ",
+                   "008240101s2023    nyua          000 0 eng d",
+                   "24510\037a" + title + " /\037cJane Doe."});
+}
+
+// A person who makes records.
+class NewRecordTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        home_ = new QTemporaryDir;
+        qputenv("QUILLORY_HOME", home_->path().toUtf8());
+        desk_ = new Desk;
+    }
+    static void TearDownTestSuite() {
+        delete desk_;
+        delete home_;
+    }
+    void SetUp() override {
+        window_ = std::make_unique<MainWindow>(*desk_, settings_);
+        window_->show();
+        Activate();
+    }
+    void Activate() {
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    }
+    void Open(const std::string& bytes) {
+        file_.emplace(bytes, ".mrc");
+        ASSERT_TRUE(window_->Open(QString::fromStdString(file_->Path())));
+        Wait();
+    }
+    void Wait() {
+        while (window_->IsWorking()) QTest::qWait(1);
+    }
+    void Press(int key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+        QTest::keyClick(window_.get(), static_cast<Qt::Key>(key), with);
+    }
+    // Opens a dialog by Ctrl+N, in which `person` does something.
+    void New(const std::function<void(WorkformDialog&)>& person) {
+        bool isOpen = false;
+        Activate();
+        QTimer::singleShot(0, [&] {
+            auto* dialog = qobject_cast<WorkformDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            isOpen = true;
+            person(*dialog);
+        });
+        Press(Qt::Key_N, Qt::ControlModifier);
+        EXPECT_TRUE(isOpen);
+        Wait();
+    }
+    static void Answer(WorkformDialog& dialog, const QString& place, const QString& text) {
+        for (QLineEdit* edit : dialog.findChildren<QLineEdit*>()) {
+            if (!edit->accessibleName().startsWith(place + u' ')) continue;
+            edit->setFocus();
+            edit->insert(text);
+            return;
+        }
+        ADD_FAILURE() << "no question for " << place.toStdString();
+    }
+    static void Search(WorkformDialog& dialog, const QString& words) {
+        for (QLineEdit* edit : dialog.findChildren<QLineEdit*>()) {
+            if (edit->accessibleName() == "Words of a workform") QTest::keyClicks(edit, words);
+        }
+    }
+    QString Cell(const std::string& place) {
+        const QModelIndex at = window_->Table().Model().IndexOf(*ParsePlace(place));
+        return at.siblingAtColumn(RecordModel::Text).data().toString();
+    }
+
+    static QTemporaryDir* home_;
+    static Desk* desk_;
+    DeskSettings settings_{QString()};
+    std::optional<TemporaryFile> file_;
+    std::unique_ptr<MainWindow> window_;
+};
+
+QTemporaryDir* NewRecordTest::home_ = nullptr;
+Desk* NewRecordTest::desk_ = nullptr;
+
+// Nothing is open: a workform, its questions, a new file.
+TEST_F(NewRecordTest, ARecordIsMadeFromAWorkformAndSavedInANewFile) {
+    New([](WorkformDialog& dialog) {
+        Search(dialog, "dvd video");
+        Answer(dialog, "245 $a", "Rivers :");
+        dialog.accept();
+    });
+    ASSERT_NE(window_->OpenDocument(), nullptr);
+    EXPECT_TRUE(window_->OpenDocument()->IsUntitled());
+    EXPECT_TRUE(window_->isWindowModified());
+    EXPECT_EQ(Cell("245 $a"), "Rivers :");
+    EXPECT_TRUE(Cell("007").startsWith("vd")) << Cell("007").toStdString();
+    const TemporaryFile target("", ".mrk");
+    ASSERT_TRUE(window_->SaveAs(QString::fromStdString(target.Path())));
+    Wait();
+    EXPECT_FALSE(window_->isWindowModified());
+    const std::string saved = target.Read();
+    EXPECT_TRUE(saved.starts_with("=LDR  00000ngm\\a22")) << saved;
+    EXPECT_NE(saved.find("$aRivers :"), std::string::npos) << saved;
+}
+
+TEST_F(NewRecordTest, ANewRecordComesLastInTheOpenFileAndTheOthersStay) {
+    Open(Book("One") + Book("Two"));
+    window_->Filter("one");
+    Wait();
+    New([](WorkformDialog& dialog) {
+        Search(dialog, "book not atlas");
+        Answer(dialog, "245 $a", "Three /");
+        dialog.accept();
+    });
+    EXPECT_EQ(window_->Current(), 2U);
+    EXPECT_EQ(window_->List().model()->rowCount(), 3);
+    EXPECT_TRUE(window_->Save());
+    EXPECT_TRUE(file_->Read().starts_with(Book("One") + Book("Two")));
+    EXPECT_NE(file_->Read().find("\037aThree /"), std::string::npos);
+    window_->Table().AddField("500");
+    EXPECT_TRUE(window_->Save());
+    ASSERT_TRUE(window_->Open(QString::fromStdString(file_->Path())));
+    Wait();
+    EXPECT_EQ(window_->List().model()->rowCount(), 3);
+}
+
+TEST_F(NewRecordTest, AnAnswerThatCantBeIsNamedAndStays) {
+    New([](WorkformDialog& dialog) {
+        Search(dialog, "book not atlas");
+        Answer(dialog, "245 $a", QString("Rivers") + QChar(0x1E));
+        dialog.accept();
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+    EXPECT_EQ(window_->OpenDocument(), nullptr);
+}
+
+TEST_F(NewRecordTest, ACopyHasNoNumberOfTheOtherAndCanBeDiscarded) {
+    Open(Book("One", ' ') + Book("Two", ' '));
+    Press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    Wait();
+    EXPECT_EQ(window_->Current(), 2U);
+    EXPECT_EQ(Cell("245 $a"), "One /");
+    EXPECT_EQ(Cell("001"), "");
+    EXPECT_TRUE(window_->Save());
+    EXPECT_EQ(file_->Read(), Book("One", ' ') + Book("Two", ' ') +
+                                 MarcOf({"LDR00000cam  2200000 a 4500",
+                                         "008240101s2023    nyua          000 0 eng d",
+                                         "24510\037aOne /\037cJane Doe."}));
+    Press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    Wait();
+    EXPECT_EQ(window_->OpenDocument()->File().Size(), 4U);
+    for (QAction* action : window_->findChildren<QAction*>()) {
+        if (action->text() == "&Discard the New Record") action->trigger();
+    }
+    EXPECT_EQ(window_->OpenDocument()->File().Size(), 3U);
+    EXPECT_FALSE(window_->OpenDocument()->IsChanged());
+}
+
+TEST_F(NewRecordTest, ARecordBecomesAWorkformThatNewOffers) {
+    Open(Book("One"));
+    QTimer::singleShot(0, [] {
+        auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->setTextValue("Our rivers");
+        dialog->accept();
+    });
+    for (QAction* action : window_->findChildren<QAction*>()) {
+        if (action->text() == QString::fromUtf8("Save as &Workform…")) action->trigger();
+    }
+    EXPECT_TRUE(window_->Messages().Text().contains("Our rivers"))
+        << window_->Messages().Text().toStdString();
+    New([](WorkformDialog& dialog) {
+        Search(dialog, "our rivers");
+        dialog.accept();
+    });
+    EXPECT_EQ(window_->Current(), 1U);
+    EXPECT_EQ(Cell("245 $a"), "One /");
+    EXPECT_EQ(Cell("245 $c"), "Jane Doe.");
+    EXPECT_EQ(Cell("001"), "");
+    EXPECT_EQ(Cell("008").mid(15, 7), "nyua   ");
+}
+
+}  // namespace
+}  // namespace quillory
