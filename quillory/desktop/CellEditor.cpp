@@ -2,6 +2,7 @@
 #include <quillory/desktop/IndicatorEdit.h>
 #include <quillory/desktop/MarcEdit.h>
 #include <quillory/desktop/RecordModel.h>
+#include <quillory/holdings/NextBarCode.h>
 #include <quillory/places/Tag.h>
 
 #include <QApplication>
@@ -19,7 +20,7 @@ constexpr int kShownLines = 6;  // of a long text that is edited
 
 // Where a box stands that is larger than its cell.
 QRect BelowOrAbove(const QRect& cell, const QSize& size, const QRect& room) {
-    QRect box(cell.bottomLeft(), size);
+    QRect box(cell.bottomLeft(), size.boundedTo(room.size()));
     if (box.bottom() > room.bottom()) box.moveBottom(cell.top() - 1);
     box.moveTop(std::max(box.top(), room.top()));
     box.moveRight(std::min(box.right(), room.right()));
@@ -79,8 +80,16 @@ bool CellEditor::TypeCharacter(unsigned id) {
 // A box for a text, which grows with it.
 QPlainTextEdit* CellEditor::MakeTextBox(QWidget* parent, const QModelIndex& index) {
     const auto* record = qobject_cast<const RecordModel*>(index.model());
-    const bool isOfSubfield = record != nullptr && record->PartOf(index);
-    auto* text = isOfSubfield ? new MarcEdit(parent) : new QPlainTextEdit(parent);
+    QPlainTextEdit* text = nullptr;
+    if (record != nullptr && record->PartOf(index)) {
+        auto* marc = new MarcEdit(parent);
+        if (IsPlaceOfBarCode(record->PlaceOf(index)) && HasNextBarCode()) {
+            marc->Field().SetNextNumberCallback(TakeNextBarCode);
+        }
+        text = marc;
+    } else {
+        text = new QPlainTextEdit(parent);
+    }
     text->setTabChangesFocus(true);
     text->setFrameShape(QFrame::Box);
     text->document()->setDocumentMargin(2);
@@ -152,7 +161,9 @@ void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewIte
         box = BelowOrAbove(box, editor->sizeHint(), editor->parentWidget()->rect());
     } else if (qobject_cast<QPlainTextEdit*>(editor) != nullptr) {
         const int line = editor->fontMetrics().lineSpacing();
-        box.setHeight(std::clamp(box.height() + line, 2 * line, (kShownLines + 1) * line));
+        const int room = std::max(box.height(), editor->parentWidget()->height() - box.top());
+        const int height = std::clamp(box.height() + line, 2 * line, (kShownLines + 1) * line);
+        box.setHeight(std::min(height, room));
     }
     editor->setGeometry(box);
 }

@@ -51,6 +51,7 @@ CharacterPalette::CharacterPalette(QWidget* parent)
     grid_->setSelectionMode(QAbstractItemView::SingleSelection);
     grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grid_->setTabKeyNavigation(false);
+    grid_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     grid_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid_->horizontalHeader()->hide();
     grid_->verticalHeader()->hide();

@@ -39,6 +39,7 @@ void FindingsList::Show(const std::vector<Remark>& remarks, const std::optional<
     for (const Remark& remark : remarks) {
         Add(remark.severity, remark.place, ToQt(RemarkText(remark)), ToQt(remark.rule->why));
     }
+    FitRows();
 }
 
 void FindingsList::FitRows() {

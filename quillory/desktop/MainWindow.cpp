@@ -91,7 +91,10 @@ MainWindow::MainWindow(Desk& desk, DeskSettings& settings)
     ShowFile();
 }
 
-MainWindow::~MainWindow() = default;
+// What is being typed needs the record, which goes before the widgets do.
+MainWindow::~MainWindow() {
+    table_->Finish();
+}
 
 void MainWindow::MakeCentre() {
     auto* centre = new QWidget(this);
@@ -105,7 +108,7 @@ void MainWindow::MakeCentre() {
     panes_->addWidget(MakeList());
     panes_->addWidget(MakeEditor());
     panes_->addWidget(MakeSide());
-    panes_->setSizes({430, 620, 316});
+    panes_->setSizes({390, 660, 316});
     panes_->setStretchFactor(1, 1);
     pages_->addWidget(MakeWelcome());
     pages_->addWidget(panes_);

@@ -263,7 +263,12 @@ int RecordTable::HeightOf(const QModelIndex& index) const {
     const bool hasOwnFont = index.data(Qt::FontRole).isValid();
     const int room = columnWidth(index.column()) - kRoomOfMargins;
     const bool isOneLine = !hasOwnFont && asciiWidths_.Of(index.data().toString()) <= room;
-    return isOneLine ? rowHeight_ : sizeHintForIndex(index).height();
+    if (isOneLine) return rowHeight_;
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect.setWidth(columnWidth(index.column()));
+    option.features |= QStyleOptionViewItem::WrapText;
+    return itemDelegate()->sizeHint(option, index).height();
 }
 
 void RecordTable::FitRows() {

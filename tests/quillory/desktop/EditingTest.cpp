@@ -3,6 +3,7 @@
 #include <quillory/desktop/FieldTree.h>
 #include <quillory/desktop/IndicatorEdit.h>
 #include <quillory/desktop/LinesEditor.h>
+#include <zorby/holdings/HoldingsSelector.h>
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -212,6 +213,22 @@ TEST_F(DeskTest, AFieldIsAddedFromTheTreeOrByName) {
                   QTest::keyClick(&box, Qt::Key_Return);
               }),
               "987");
+}
+
+// Alt brings the next bar code of the settings where bar codes stand, and nowhere else.
+TEST_F(DeskTest, TheNextBarCodeComesByAlt) {
+    zorby::CHoldingsSelector::SetNextBarCode("T0099");
+    Table().AddField("852");
+    Table().Finish();
+    MarcEdit& other = Edit("852 $a");
+    EXPECT_EQ(other.Field().CanPasteNextNumber(), 0);
+    Type(other, QString::fromUtf8("Main\u2021pB "));
+    QTest::keyClick(&other, Qt::Key_Return);
+    MarcEdit& box = Edit("852 $p");
+    QTest::keyClick(&box, Qt::Key_Alt);
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(Cell("852 $p"), "B T0099");
+    EXPECT_EQ(zorby::CHoldingsSelector::GetNextBarCode(), "T0100");
 }
 
 }  // namespace
