@@ -46,6 +46,10 @@ IndicatorEdit::IndicatorEdit(unsigned tag, int which, std::string source, QWidge
     FitList();
 }
 
+QSize IndicatorEdit::sizeHint() const {
+    return {kWidth, layout()->totalHeightForWidth(kWidth)};
+}
+
 void IndicatorEdit::FitList() {
     const int rows = std::clamp(list_->count(), 1, kShownValues);
     list_->setFixedHeight(rows * list_->sizeHintForRow(0) + 2 * list_->frameWidth());

@@ -23,6 +23,7 @@ public:
     void SetValue(const QString& value);
     QString Value() const;
     QListWidget& List() { return *list_; }
+    QSize sizeHint() const override;
 
 Q_SIGNALS:
     // A value is chosen by the mouse.

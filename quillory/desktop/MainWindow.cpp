@@ -108,7 +108,7 @@ void MainWindow::MakeCentre() {
     panes_->addWidget(MakeList());
     panes_->addWidget(MakeEditor());
     panes_->addWidget(MakeSide());
-    panes_->setSizes({390, 660, 316});
+    panes_->setSizes({420, 630, 316});
     panes_->setStretchFactor(1, 1);
     pages_->addWidget(MakeWelcome());
     pages_->addWidget(panes_);

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kTagChars = 6;
 constexpr int kSignChars = 3;
-constexpr int kNameChars = 30;
+constexpr int kNameChars = 26;
 constexpr int kRoomOfLines = 6;     // above and below a line, in pixels
 constexpr int kRoomOfMargins = 12;  // beside it, at most
 
@@ -266,7 +266,7 @@ int RecordTable::HeightOf(const QModelIndex& index) const {
     if (isOneLine) return rowHeight_;
     QStyleOptionViewItem option;
     initViewItemOption(&option);
-    option.rect.setWidth(columnWidth(index.column()));
+    option.rect = QRect(0, 0, columnWidth(index.column()), rowHeight_);
     option.features |= QStyleOptionViewItem::WrapText;
     return itemDelegate()->sizeHint(option, index).height();
 }
