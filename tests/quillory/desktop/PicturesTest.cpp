@@ -1,0 +1,115 @@
+#include <quillory/desktop/CharacterPalette.h>
+#include <quillory/desktop/FieldPicker.h>
+#include <quillory/desktop/FindingsList.h>
+#include <quillory/desktop/IndicatorEdit.h>
+#include <quillory/desktop/RepairDialog.h>
+#include <quillory/desktop/Theme.h>
+
+#include <QApplication>
+#include <QListWidget>
+#include <QPainter>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTimer>
+#include <QTreeWidget>
+#include <fstream>
+#include <sstream>
+#include <tests/quillory/desktop/DeskTest.h>
+
+namespace quillory {
+namespace {
+
+// The pictures of the documentation, which tools/desk-pictures asks for. They come into the folder
+// that DESK_PICTURES names.
+class DISABLED_Pictures : public DeskTest {
+protected:
+    static constexpr int kWidth = 1280;
+    static constexpr int kHeight = 720;
+
+    // The records of the samples.
+    static std::string Samples() {
+        std::ifstream file(SAMPLES "catalogue.mrk");
+        std::stringstream text;
+        text << file.rdbuf();
+        return text.str();
+    }
+    static std::string With(std::string text, std::string_view old, std::string_view now) {
+        const std::size_t at = text.find(old);
+        EXPECT_NE(at, text.npos) << old;
+        return at == text.npos ? text : text.replace(at, old.size(), now);
+    }
+
+    void SetUp() override { SetTheme(false); }
+    void TearDown() override { SetTheme(false); }
+
+    void Show(const std::string& records, std::size_t record) {
+        Open(records, ".mrk");
+        window_->resize(kWidth, kHeight);
+        window_->ShowRecord(record);
+        window_->CheckNow();
+        Settle();
+    }
+    static void Settle() {
+        for (int i = 0; i < 5; ++i) QTest::qWait(20);
+    }
+    static void Keep(const QPixmap& picture, const QString& name) {
+        const QString folder = qEnvironmentVariable("DESK_PICTURES");
+        EXPECT_TRUE(picture.save(folder + u'/' + name + QStringLiteral(".png")));
+    }
+    void Keep(const QString& name) {
+        Settle();
+        Keep(window_->grab(), name);
+    }
+    // The window with a dialog over it, which is closed then.
+    void KeepWithDialog(const QString& name) {
+        QTimer::singleShot(200, window_.get(), [this, name] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            QPixmap picture = window_->grab();
+            QPixmap over = dialog->grab();
+            QPainter painter(&picture);
+            const QPoint corner((kWidth - dialog->width()) / 2, (kHeight - dialog->height()) / 2);
+            painter.drawPixmap(corner, over);
+            painter.setPen(Qt::gray);
+            painter.drawRect(QRect(corner, dialog->size()));
+            Keep(picture, name);
+            dialog->close();
+        });
+    }
+};
+
+TEST_F(DISABLED_Pictures, OfTheMainStates) {
+    std::string faulty = With(Samples(), R"(\1\eng\d)", R"(\1\ENG\d)");
+    faulty =
+        With(faulty, "=245  10$aMoby Dick, or, The whale /", "=245  14$aMoby Dick, or, The whale");
+    faulty = With(faulty, "9754707111", "9754707112");
+    Show(faulty, 0);
+    GoTo("245 $a");
+    Keep("record");
+    Activate();
+    KeepWithDialog("repair");
+    Press(Qt::Key_R, Qt::ControlModifier);
+
+    Show(Samples(), 5);
+    MarcEdit& box = Edit("245 $a");
+    Type(box, " ");
+    window_->Palette().Toggle();
+    window_->Palette().Grid().setCurrentCell(6, 13);
+    Keep("palette");
+
+    Show(Samples(), 14);
+    Edit("880 $a");
+    Keep("hebrew");
+
+    Show(Samples(), 0);
+    GoTo("245/2");
+    Table().edit(Table().currentIndex());
+    Keep("indicator");
+    SetTheme(true);
+    Show(faulty, 0);
+    GoTo("008");
+    Keep("dark");
+}
+
+}  // namespace
+}  // namespace quillory
