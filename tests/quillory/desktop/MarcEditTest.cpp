@@ -33,9 +33,10 @@ protected:
         QTest::keyClick(&box_, key, with);
     }
     void Type(const QString& text) {
-        for (const QChar sign : text)
+        for (const QChar sign : text) {
             QTest::sendKeyEvent(QTest::Click, &box_, Qt::Key_unknown, QString(sign),
                                 Qt::NoModifier);
+        }
     }
     void Press(std::initializer_list<Qt::Key> keys) {
         for (const Qt::Key key : keys) Press(key);

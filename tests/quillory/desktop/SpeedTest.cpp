@@ -70,6 +70,7 @@ TEST_F(DISABLED_Speed, FromStartToKey) {
     Say("checking it", checks);
     MarcEdit& box = Edit("245 $a");
     std::vector<double> keys;
+    keys.reserve(100);
     for (int i = 0; i < 100; ++i) {
         keys.push_back(Milliseconds([&] {
             Type(box, i % 7 == 0 ? " " : "a");
@@ -83,6 +84,7 @@ TEST_F(DISABLED_Speed, FromStartToKey) {
         })});
     Press(Qt::Key_T, Qt::ControlModifier);
     std::vector<double> lines;
+    lines.reserve(50);
     for (int i = 0; i < 50; ++i) {
         lines.push_back(Milliseconds([&] {
             Type(*QApplication::focusWidget(), "a");
