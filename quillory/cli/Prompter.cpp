@@ -51,8 +51,9 @@ bool Prompter::Ask(const Pattern& pattern, const Question& question, std::string
 }
 
 void Prompter::Help(const Pattern& pattern, const Place& gap) {
-    const std::string help = HelpFor(gap, pattern);
-    std::string_view rest(help.empty() ? "There is no help on this subfield.\n" : help);
+    std::string help = HelpFor(gap, pattern);
+    if (help.empty()) help = "There is no help on this subfield.\n";
+    std::string_view rest = help;
     while (!rest.empty()) {
         const std::size_t size = std::min(rest.find('\n'), rest.size());
         questions_ << "  " << rest.substr(0, size) << "\n";

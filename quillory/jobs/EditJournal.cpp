@@ -81,6 +81,7 @@ public:
     }
     std::string_view Text() {
         const std::uint64_t size = Number();
+        if (size > rest_.size()) rest_ = {};
         const std::string_view text = rest_.substr(0, size);
         rest_.remove_prefix(text.size());
         return text;

@@ -72,6 +72,8 @@ protected:
     }
     // Types at the end of a text, and leaves it open.
     static void TypeAt(MainWindow& window, const std::string& place, const QString& text) {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
         window.Table().GoTo(*ParsePlace(place));
         window.Table().edit(window.Table().currentIndex());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
