@@ -53,7 +53,7 @@ bool Prompter::Ask(const Pattern& pattern, const Question& question, std::string
 void Prompter::Help(const Pattern& pattern, const Place& gap) {
     std::string help = HelpFor(gap, pattern);
     if (help.empty()) help = "There is no help on this subfield.\n";
-    std::string_view rest = help;
+    std::string_view rest(help);
     while (!rest.empty()) {
         const std::size_t size = std::min(rest.find('\n'), rest.size());
         questions_ << "  " << rest.substr(0, size) << "\n";

@@ -81,13 +81,15 @@ public:
     }
     std::string_view Text() {
         const std::uint64_t size = Number();
-        if (size > rest_.size()) rest_ = {};
+        if (size > rest_.size()) {
+            rest_ = {};
+            return {};
+        }
         const std::string_view text = rest_.substr(0, size);
-        rest_.remove_prefix(text.size());
+        rest_.remove_prefix(size);
         return text;
     }
     bool IsAtEnd() const { return rest_.empty(); }
-    std::size_t Left() const { return rest_.size(); }
 
 private:
     std::string_view rest_;

@@ -2,8 +2,8 @@
 
 usage: desk_torture.py QUILLORY_DESK PLUGINS SAMPLE [TIMES [SEED]]
 
-PLUGINS is the folder of the plugin `typist`, the person. A run that loses a word prints its seed, by
-which it can be had again.
+PLUGINS is the folder of the plugin `typist`, the person. A run that loses a word prints its seed,
+by which it can be had again.
 """
 import os
 import pathlib
