@@ -126,7 +126,12 @@ QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem& /
     return box_;
 }
 
+// A box is filled once: what changes in the record while a person types, such as the signs of
+// findings, takes nothing back.
 void CellEditor::setEditorData(QWidget* editor, const QModelIndex& index) const {
+    constexpr auto kIsFilled = "isFilled";
+    if (editor->property(kIsFilled).toBool()) return;
+    editor->setProperty(kIsFilled, true);
     const QString value = index.data(Qt::EditRole).toString();
     if (auto* marc = qobject_cast<MarcEdit*>(editor)) {
         marc->SetText(value);
