@@ -106,8 +106,8 @@ TEST_F(DISABLED_Pictures, OfTheMainStates) {
     Table().edit(Table().currentIndex());
     Keep("indicator");
     SetTheme(true);
-    Show(faulty, 0);
-    GoTo("008");
+    Show(faulty, 6);
+    GoTo("020 $a");
     Keep("dark");
 }
 
