@@ -173,6 +173,12 @@ void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewIte
     editor->setGeometry(box);
 }
 
+// A view does so too where it shows another record.
+void CellEditor::destroyEditor(QWidget* editor, const QModelIndex& index) const {
+    if (editor == box_) box_ = nullptr;
+    QStyledItemDelegate::destroyEditor(editor, index);
+}
+
 // Enter takes a text as it takes a line; there are no line ends in a field. A box that is closed
 // loses the focus once more.
 bool CellEditor::eventFilter(QObject* editor, QEvent* event) {

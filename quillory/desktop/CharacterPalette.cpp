@@ -6,11 +6,15 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace quillory {
 namespace {
+
+constexpr int kShareOfScreen = 3;  // that the palette takes at most, as a part of the height
 
 // A diacritic is shown on a circle that stands for its letter.
 QString Glyph(unsigned id) {
@@ -51,14 +55,16 @@ CharacterPalette::CharacterPalette(QWidget* parent)
     grid_->setSelectionMode(QAbstractItemView::SingleSelection);
     grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grid_->setTabKeyNavigation(false);
-    grid_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     grid_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid_->horizontalHeader()->hide();
     grid_->verticalHeader()->hide();
     grid_->horizontalHeader()->setMinimumSectionSize(0);
     grid_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    grid_->verticalHeader()->setMinimumSectionSize(fontMetrics().height());
-    grid_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 2);
+    const int rowHeight = fontMetrics().height() + 2;
+    grid_->verticalHeader()->setMinimumSectionSize(rowHeight);
+    grid_->verticalHeader()->setDefaultSectionSize(rowHeight);
+    const int height = zorby::kPaletteRows * rowHeight + 2 * grid_->frameWidth();
+    grid_->setMinimumHeight(std::min(height, screen()->availableSize().height() / kShareOfScreen));
     grid_->setCurrentCell(0, 0);
     grid_->installEventFilter(this);
     connect(grid_, &QTableWidget::cellClicked, this, &CharacterPalette::Choose);

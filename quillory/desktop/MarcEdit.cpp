@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextDocument>
+#include <QTextOption>
 #include <algorithm>
 #include <iterator>
 #include <optional>
@@ -75,9 +76,19 @@ MarcEdit::MarcEdit(QWidget* parent) : QPlainTextEdit(parent) {
     field_.SetContextMenu(this, zorby::kEditContextMenu, zorby::kSubmenuEditHoldings);
 }
 
+// A text of a script that is written from the right begins there.
+void MarcEdit::Align(const QString& text) {
+    const bool isFromRight = text.isRightToLeft();
+    QTextOption option = document()->defaultTextOption();
+    option.setTextDirection(isFromRight ? Qt::RightToLeft : Qt::LayoutDirectionAuto);
+    option.setAlignment(isFromRight ? Qt::AlignRight | Qt::AlignAbsolute : Qt::AlignLeft);
+    document()->setDefaultTextOption(option);
+}
+
 void MarcEdit::SetText(const QString& text) {
     given_ = text;
     wasCoded_ = false;
+    Align(text);
     const auto code = CodeOf(text);
     isCoded_ = code.has_value();
     document()->setUndoRedoEnabled(!isCoded_);

@@ -49,6 +49,7 @@ protected:
 private:
     int OnCmdMsg(int id, int code, zorby::TreeItem item) override;
     bool IsOwnKey(const QKeyEvent& key) const;
+    void Align(const QString& text);
     void EditAsUnicode();
     void UndoInUnicode();
 

@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <algorithm>
 #include <limits>
 
@@ -18,7 +19,7 @@ namespace {
 
 constexpr int kTagChars = 6;
 constexpr int kSignChars = 3;
-constexpr int kNameChars = 26;
+constexpr int kNameChars = 30;
 constexpr int kRoomOfLines = 6;     // above and below a line, in pixels
 constexpr int kRoomOfMargins = 12;  // beside it, at most
 
@@ -256,6 +257,15 @@ void RecordTable::currentChanged(const QModelIndex& current, const QModelIndex& 
 void RecordTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
     FitRows();
+}
+
+void RecordTable::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && event->modifiers() == Qt::NoModifier && state() != EditingState) {
+        edit(currentIndex(), EditKeyPressed, nullptr);
+    } else {
+        QTableView::keyPressEvent(event);
+    }
 }
 
 // A cell whose text is surely one line is not laid out: a record can have a thousand of them.

@@ -94,7 +94,9 @@ TEST_F(DeskTest, ATextThatIsLeftByWayOfThePaletteIsTaken) {
 }
 
 TEST_F(DeskTest, ADelimiterIsTypedIntoALibraryText) {
-    MarcEdit& box = Edit("245 $a");
+    GoTo("245 $a");
+    QTest::keyClick(&Table(), Qt::Key_Return);
+    MarcEdit& box = *OpenBox<MarcEdit>();
     Type(box, " =");
     QTest::keyClick(&box, Qt::Key_D, Qt::ControlModifier);
     Type(box, QString::fromUtf8("bFl\u00FCsse /"));

@@ -118,6 +118,9 @@ TEST_F(MarcEditTest, OtherScriptsAreEditedAsUnicode) {
     Type(QString::fromUtf8("\u05D0"));
     EXPECT_EQ(box_.Text(), title + QString::fromUtf8("\u05D0"));
     EXPECT_EQ(box_.document()->firstBlock().textDirection(), Qt::RightToLeft);
+    box_.moveCursor(QTextCursor::Start);
+    EXPECT_GT(box_.cursorRect().x(), box_.viewport()->width() * 3 / 4) << "it begins at the right";
+    box_.moveCursor(QTextCursor::End);
 
     box_.SetText("Anna");
     Type(" =");
