@@ -17,8 +17,20 @@ bool IsFoundByStructure(zorby::E_ERROR_CODE code) {
     return code == zorby::EC_NotMARC || code == zorby::EC_NotRepeatable;
 }
 
+// Papers have the dates of their making beside the title.
+bool HasDatesInTitle(const RecordInHand& record) {
+    const CheckedField* title = record.First(245);
+    if (title == nullptr) return false;
+    return !record.TextOf(*title, 'f').empty() || !record.TextOf(*title, 'g').empty();
+}
+
+bool IsOnline(const RecordInHand& record) {
+    const CheckedField* carrier = record.First(338);
+    return carrier != nullptr && Trimmed(record.TextOf(*carrier, 'b')) == "cr";
+}
+
 // What nobody published has no publisher, and archives measure by boxes. Serials may have their
-// dates in 362 alone.
+// dates in 362 alone. What is read online has no size.
 bool IsMoot(RuleId rule, const RecordInHand& record) {
     constexpr std::string_view kManuscripts = "dfpt";
     constexpr std::string_view kSerials = "bis";
@@ -29,9 +41,11 @@ bool IsMoot(RuleId rule, const RecordInHand& record) {
         case RuleId::NoPublisher:
             return isUnpublished;
         case RuleId::NoPhysicalDetails:
-        case RuleId::NoDimensions:
             return record.LeaderByte(8) == 'a';
+        case RuleId::NoDimensions:
+            return record.LeaderByte(8) == 'a' || IsOnline(record);
         case RuleId::NoDateOfPublication:
+            if (isUnpublished && HasDatesInTitle(record)) return true;
             return kSerials.find(record.LeaderByte(7)) != kSerials.npos && record.Has(362);
         default:
             return false;

@@ -97,10 +97,11 @@ void CheckUrl(const Place& place, std::string_view text, RemarkSink& remarks) {
     const bool hasScheme =
         scheme.size() < url.size() && !scheme.empty() && std::ranges::all_of(scheme, IsSchemeSign);
     if (!hasScheme) {
-        remarks.Add(RuleId::UrlMalformed, place, Printable(url), "it begins like https://");
+        remarks.Add(RuleId::UrlMalformed, place, Printable(url),
+                    "a URL begins with a scheme such as https://");
     } else if (url.find_first_of(" \"<>") != url.npos) {
         remarks.Add(RuleId::UrlMalformed, place, Printable(url),
-                    "it has no blanks, quotation marks or angle brackets");
+                    "a URL has no blanks, quotation marks or angle brackets");
     }
 }
 

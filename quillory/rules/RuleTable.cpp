@@ -191,7 +191,7 @@ constexpr Rule kTable[] = {
      "With a main entry the title needs an added entry (1); without one it is the entry (0).",
      "=245  00$aTitle, with a 100", kGuidelines},
     {RuleId::SeriesNotTraced, "series-not-traced", Warning, "Series that is not traced",
-     "the first indicator is 1, but the record has no 800, 810, 811 or 830",
+     "the first indicator is 1, but the record has no 800, 810, 811 or 830: give one, or make it 0",
      "The first indicator promises a heading under which the series is found.",
      "=490  1\\$aBlue books", kFormat},
     {RuleId::LinkMalformed, "link-malformed", Warning, "Link that can't be read",

@@ -374,6 +374,36 @@ TEST_F(InspectorTest, MarksAreAskedForWhereTheLeaderPromisesThem) {
     }
 }
 
+TEST_F(InspectorTest, NothingIsAskedForThatTheMaterialDoesNotHave) {
+    const struct {
+        const char* leader;
+        Lines lines;
+        const char* found;
+    } kCases[] = {
+        {"nam a", {"264 1$aTown$bPress$c1999", "300  $a20 pages$bmaps$c21 cm"}, ""},
+        {"nam a",
+         {"245  $aT$f1900", "300  $a20 pages"},
+         "no-place 260 $a; no-publisher 260 $b; no-date 260 $c; no-physical-details 300 $b; "
+         "no-dimensions 300 $c"},
+        {"cpcaa", {"245  $aT$f1900", "300  $a3$fboxes"}, ""},
+        {"cpcaa", {"245  $aT", "300  $a3$fboxes"}, "no-date 260 $c"},
+        {"ntm a", {"245  $aT,$g1900", "300  $a3 leaves$bink"}, "no-dimensions 300 $c"},
+        {"cas a", {"264 1$aTown$bPress", "300  $av.$bmaps$c21 cm", "362  $aBegan 1990"}, ""},
+        {"cas a", {"264 1$aTown$bPress", "300  $av.$bmaps$c21 cm"}, "no-date 260 $c"},
+        {"nam a", {"264 1$aT$bP$c1999", "300  $a1 file$bmaps", "338  $bcr"}, ""},
+        {"nam a",
+         {"264 1$aT$bP$c1999", "300  $a1 file$bmaps", "338  $bnc"},
+         "no-dimensions 300 $c"},
+    };
+    const RuleChoice asked{
+        {}, {"no-place", "no-publisher", "no-date", "no-physical-details", "no-dimensions"}, {}};
+    for (const auto& row : kCases) {
+        Lines lines{std::string("LDR00000") + row.leader + "2200000 i 4500"};
+        lines.insert(lines.end(), row.lines.begin(), row.lines.end());
+        EXPECT_EQ(Found(TestRecord(lines, '$').record, asked), row.found) << lines[0] << lines[1];
+    }
+}
+
 TEST_F(InspectorTest, CharactersAreLookedAtInTheirSet) {
     const struct {
         char coding;  // Leader/09
