@@ -69,7 +69,7 @@ void CheckArea(const CheckedField& field, std::string_view code, RemarkSink& rem
                            near.empty() ? near : "; perhaps " + near + " is meant");
     }
     remarks.Add(RuleId::AreaObsolete, place, Shown(code),
-                now->empty() ? "another now" : std::string(*now) + " now");
+                now->empty() ? "the list has no single code in its place" : SuccessorText(*now));
 }
 
 void CheckTime(const CheckedField& field, const SubfieldInHand& subfield, RemarkSink& remarks) {

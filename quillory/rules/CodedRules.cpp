@@ -38,6 +38,12 @@ std::string ListedBy(Place place, char material) {
     return "`quillory codes " + PlaceText(place) + "` lists the codes";
 }
 
+// Of the form of 006 or 007 to which an element belongs; NUL where all have it.
+char MaterialLetter(const Element& element) {
+    const std::string_view letters = FormLetters(element.form);
+    return letters.empty() ? '\0' : letters.front();
+}
+
 // The types of date whose second date is not before the first.
 bool HasPeriod(char type) {
     constexpr std::string_view kPeriods = "cdikmqu";
@@ -152,9 +158,7 @@ private:
                       RemarkSink& remarks) {
         const CodeState state = StateOf(element, value);
         if (state == CodeState::Obsolete) {
-            const std::string& former = lists_.FormerNameOf(element);
-            remarks.Add(RuleId::CodeObsolete, place, Shown(value) + HistoryOf(element, value),
-                        former.empty() ? element.name : former);
+            AddObsolete(element, value, place, remarks);
         } else if (state == CodeState::Unknown) {
             AddUnknown(element, value, place, remarks);
         }
@@ -172,9 +176,29 @@ private:
             return remarks.Add(RuleId::CodeUnknown, place, name + Shown(value) + " does not fit",
                                "it is " + std::string(form));
         }
-        const std::string_view letters = FormLetters(element.form);
         remarks.Add(RuleId::CodeUnknown, place, name + UnknownCode(element, value) + " is no code",
-                    ListedBy(place, letters.empty() ? '\0' : letters.front()));
+                    ListedBy(place, MaterialLetter(element)));
+    }
+
+    void AddObsolete(const Element& element, std::string_view value, const Place& place,
+                     RemarkSink& remarks) const {
+        const std::string& former = lists_.FormerNameOf(element);
+        const CodeMeaning meaning = ObsoleteCode(element, value);
+        std::string found = (former.empty() ? element.name : former) + ": " + Shown(value);
+        if (!meaning.until.empty()) found += " (until " + meaning.until + ")";
+        std::string right = ListedBy(place, MaterialLetter(element));
+        if (element.IsUndefined()) right = "blank goes there now";
+        if (!meaning.use.empty()) right = SuccessorText(meaning.use);
+        remarks.Add(RuleId::CodeObsolete, place, std::move(found), std::move(right));
+    }
+
+    // Of the codes in a value.
+    CodeMeaning ObsoleteCode(const Element& element, std::string_view value) const {
+        for (const std::string_view code : lists_.SplitCodes(element, value)) {
+            const CodeMeaning meaning = lists_.Find(element, code);
+            if (meaning.state == CodeState::Obsolete) return meaning;
+        }
+        return {};
     }
 
     // The code that is unknown, and of several the value in which it stands: "\"q\" in \"abq\"".
@@ -185,18 +209,6 @@ private:
             return Shown(code) + " in " + Shown(value);
         }
         return Shown(value);
-    }
-
-    // " (until 1990; now d)", as far as it is known of the obsolete codes in a value.
-    std::string HistoryOf(const Element& element, std::string_view value) const {
-        for (const std::string_view code : lists_.SplitCodes(element, value)) {
-            const CodeMeaning meaning = lists_.Find(element, code);
-            if (meaning.state != CodeState::Obsolete) continue;
-            std::string text = meaning.until.empty() ? "" : "until " + meaning.until;
-            if (!meaning.use.empty()) text += (text.empty() ? "now " : "; now ") + meaning.use;
-            return text.empty() ? text : " (" + text + ")";
-        }
-        return {};
     }
 
     CodeState StateOf(const Element& element, std::string_view value) {
@@ -298,7 +310,7 @@ private:
         } else if (state == CodeState::Obsolete) {
             const std::string use = lists_.Find(element, code).use;
             remarks.Add(rules.obsolete, place, Shown(given),
-                        use.empty() ? "another now" : use + " now");
+                        use.empty() ? ListedBy(PlaceOf(element, false), '\0') : SuccessorText(use));
         }
     }
 

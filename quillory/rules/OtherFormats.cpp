@@ -42,11 +42,10 @@ void CheckCode(const CodedPositions& positions, std::size_t at, char code, const
     const int position = static_cast<int>(at);
     const Place place = field.Positions(position, position);
     const std::string shown = Shown({&code, 1});
-    if (rule == RuleId::CodeUnknown) {
-        return remarks.Add(rule, place, positions.element + ": " + shown + " is no code",
-                           "it can be " + ValuesText(positions.current));
-    }
-    remarks.Add(rule, place, shown, positions.element);
+    if (rule == RuleId::PositionUndefined) return remarks.Add(rule, place, shown);
+    const std::string end = rule == RuleId::CodeUnknown ? " is no code" : "";
+    remarks.Add(rule, place, positions.element + ": " + shown + end,
+                "it can be " + ValuesText(positions.current));
 }
 
 // The codes of the Leader or of a control field, as far as it is long enough to have them.

@@ -1,6 +1,7 @@
 #include <quillory/places/Place.h>
 #include <quillory/rules/Words.h>
 
+#include <sstream>
 #include <vector>
 
 namespace quillory {
@@ -25,6 +26,16 @@ std::vector<std::string> RangesOf(const Codes& values) {
     return ranges;
 }
 
+// "a, b or c".
+std::string Alternatives(const std::vector<std::string>& texts) {
+    std::string list;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (i > 0) list += i + 1 == texts.size() ? " or " : ", ";
+        list += texts[i];
+    }
+    return list;
+}
+
 }  // namespace
 
 std::string Shown(std::string_view value) {
@@ -34,13 +45,14 @@ std::string Shown(std::string_view value) {
 }
 
 std::string ValuesText(const Codes& values) {
-    const std::vector<std::string> ranges = RangesOf(values);
-    std::string text;
-    for (std::size_t i = 0; i < ranges.size(); ++i) {
-        if (i > 0) text += i + 1 == ranges.size() ? " or " : ", ";
-        text += ranges[i];
-    }
-    return text;
+    return Alternatives(RangesOf(values));
+}
+
+std::string SuccessorText(std::string_view codes) {
+    std::vector<std::string> list;
+    std::istringstream rest{std::string(codes)};
+    for (std::string code; rest >> code;) list.push_back(code);
+    return "the code is " + Alternatives(list) + " now";
 }
 
 }  // namespace quillory

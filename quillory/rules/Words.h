@@ -13,4 +13,7 @@ std::string Shown(std::string_view value);
 // Values of one character in a message: "blank, 1 or 3 to 9".
 std::string ValuesText(const Codes& values);
 
+// What took the place of an obsolete code: "the code is xr or xo now" for "xr xo".
+std::string SuccessorText(std::string_view codes);
+
 }  // namespace quillory

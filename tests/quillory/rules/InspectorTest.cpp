@@ -268,6 +268,8 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
         {"043  $a-gx---",
          "043 $a: warning: \"-gx---\" is not in the MARC Code List for Geographic Areas; perhaps "
          "e-gx--- is meant [area-code-unknown]"},
+        {"041  $aeng$ascr",
+         "041 $a: note: \"scr\" is obsolete; the code is hrv now [language-obsolete]"},
         {"043  $an-us",
          "043 $a: warning: \"n-us\" is not in the MARC Code List for Geographic Areas; perhaps "
          "n-us--- is meant [area-code-unknown]"},
@@ -310,6 +312,15 @@ TEST_F(InspectorTest, SaysWhatThePositionsOf008HoldAndWouldHold) {
         {24, "bQ",
          "008/24-27: warning: Nature of contents: \"Q\" in \"bQ  \" is no code; `quillory codes "
          "008a/24-27` lists the codes [code-unknown]"},
+        {32, "1",
+         "008/32: note: Main entry in body of entry: \"1\" (until 1990) is obsolete; blank goes "
+         "there now [code-obsolete]"},
+        {15, "cs ",
+         "008/15-17: note: Place of publication: \"cs \" is obsolete; the code is xr or xo now "
+         "[code-obsolete]"},
+        {33, "c",
+         "008/33: note: Literary form: \"c\" (until 2008) is obsolete; `quillory codes 008a/33` "
+         "lists the codes [code-obsolete]"},
         {35, "xyz",
          "008/35-37: warning: Language: \"xyz\" is no code; `quillory codes 008/35-37` lists the "
          "codes [code-unknown]"},
