@@ -11,8 +11,11 @@ function(install_manual program)
         COMMAND ${print} completion fish -o ${folder}/${program}.fish
         VERBATIM)
     set(share ${CMAKE_INSTALL_DATADIR})
-    install(DIRECTORY ${folder}/man1 DESTINATION ${CMAKE_INSTALL_MANDIR})
-    install(FILES ${folder}/${program} DESTINATION ${share}/bash-completion/completions)
-    install(FILES ${folder}/_${program} DESTINATION ${share}/zsh/site-functions)
-    install(FILES ${folder}/${program}.fish DESTINATION ${share}/fish/vendor_completions.d)
+    install(DIRECTORY ${folder}/man1 DESTINATION ${CMAKE_INSTALL_MANDIR} COMPONENT program)
+    install(FILES ${folder}/${program} DESTINATION ${share}/bash-completion/completions
+        COMPONENT program)
+    install(FILES ${folder}/_${program} DESTINATION ${share}/zsh/site-functions
+        COMPONENT program)
+    install(FILES ${folder}/${program}.fish DESTINATION ${share}/fish/vendor_completions.d
+        COMPONENT program)
 endfunction()

@@ -34,9 +34,9 @@ build_by_cmake() {
     cp "$work/cmake-$example/$example" "$work/$example-by-cmake"
 }
 
-# What pkg-config says for the installed library, whatever prefix it was configured for.
+# What pkg-config says for the installed library, wherever it has been put.
 zorby_flags() {
-    PKG_CONFIG_PATH=$libdir/pkgconfig pkg-config --define-variable=prefix="$prefix" "$@" zorby
+    PKG_CONFIG_PATH=$libdir/pkgconfig pkg-config "$@" zorby
 }
 
 build_by_pkg_config() {
@@ -75,7 +75,7 @@ read_back() {
 # The folder of the data files, as the two package systems and the library name it.
 check_data_folder() {
     local folder
-    folder=$(zorby_flags --variable=datafolder)
+    folder=$(realpath "$(zorby_flags --variable=datafolder)")
     [[ -f $folder/MARCBibl.tfm ]] || fail "pkg-config names no folder of data files: $folder"
     grep -qF "data files: $folder" "$work/cmake.log" || fail "CMake names another folder"
     grep -qF "(245)" "$work/host-by-cmake.txt" || fail "the host has no dictionary"

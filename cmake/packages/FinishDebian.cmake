@@ -1,0 +1,40 @@
+# What Debian wants of a package beyond the files that are installed. cpack runs this on the folders of the
+# packages before it packs them.
+if(NOT CPACK_GENERATOR STREQUAL DEB)
+    return()
+endif()
+find_program(GZIP gzip REQUIRED)
+
+# Packs a file, with nothing in it of the time or the place.
+function(pack file)
+    execute_process(COMMAND ${GZIP} -9nf ${file} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+foreach(component ${CPACK_COMPONENTS_ALL})
+    set(root ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/${component}/usr)
+    string(TOUPPER ${component} part)
+    set(doc ${root}/share/doc/${CPACK_DEBIAN_${part}_PACKAGE_NAME})
+    file(MAKE_DIRECTORY ${doc})
+    file(COPY_FILE ${CPACK_ZORBY_LICENSE} ${doc}/copyright)
+    file(COPY_FILE ${CPACK_ZORBY_CHANGELOG} ${doc}/changelog)
+    pack(${doc}/changelog)
+    file(GLOB pages ${root}/share/man/man1/*.1)
+    foreach(page ${pages})
+        pack(${page})
+    endforeach()
+    # Where Debian's zsh looks for functions of packages.
+    if(EXISTS ${root}/share/zsh/site-functions)
+        file(RENAME ${root}/share/zsh/site-functions ${root}/share/zsh/vendor-completions)
+    endif()
+    # The library is where the system looks for it, but what programs load for themselves is not.
+    file(GLOB programs ${root}/bin/*)
+    foreach(program ${programs})
+        file(READ_ELF ${program} RUNPATH folders)
+        if(folders MATCHES "/quillory")
+            string(REPLACE ";" ":" folders "${folders}")
+            file(RPATH_CHANGE FILE ${program} OLD_RPATH "${folders}" NEW_RPATH /usr/lib/quillory)
+        else()
+            file(RPATH_REMOVE FILE ${program})
+        endif()
+    endforeach()
+endforeach()
