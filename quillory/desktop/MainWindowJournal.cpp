@@ -35,7 +35,7 @@ Record ViewOf(const EditSession::State& state) {
 // Changes whose records are not there any more come into a file of their own. Result: its path.
 std::string KeepApart(const std::vector<KeptChange>& changes) {
     const QString now = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    const std::string path = (JournalFolder() / ("kept-" + now.toStdString() + ".mrk")).string();
+    std::string path = (JournalFolder() / ("kept-" + now.toStdString() + ".mrk")).string();
     std::string lines;
     for (const KeptChange& change : changes) AppendMrk(ViewOf(change.state), lines);
     WriteOutput(path, lines);

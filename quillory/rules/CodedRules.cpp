@@ -195,7 +195,7 @@ private:
     // Of the codes in a value.
     CodeMeaning ObsoleteCode(const Element& element, std::string_view value) const {
         for (const std::string_view code : lists_.SplitCodes(element, value)) {
-            const CodeMeaning meaning = lists_.Find(element, code);
+            CodeMeaning meaning = lists_.Find(element, code);
             if (meaning.state == CodeState::Obsolete) return meaning;
         }
         return {};
