@@ -7,7 +7,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QFile>
-#include <QGenericPlugin>
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QMessageBox>
@@ -15,6 +14,7 @@
 #include <QTableView>
 #include <QTimer>
 #include <chrono>
+#include <tests/torture/TypistPlugin.h>
 
 namespace {
 
@@ -23,8 +23,6 @@ constexpr int kTextColumn = 4;
 constexpr int kWordsInAText = 12;
 
 class Typist : public QObject {
-    Q_OBJECT
-
 public:
     Typist() : mode_(qEnvironmentVariable("TYPIST")), notes_(qEnvironmentVariable("TYPIST_NOTES")) {
         notes_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
@@ -138,14 +136,6 @@ private:
 
 }  // namespace
 
-class TypistPlugin : public QGenericPlugin {
-    Q_OBJECT
-    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "typist.json")
-
-public:
-    QObject* create(const QString& /*key*/, const QString& /*specification*/) override {
-        return new Typist;
-    }
-};
-
-#include "typist.moc"
+QObject* TypistPlugin::create(const QString& /*key*/, const QString& /*specification*/) {
+    return new Typist;
+}
