@@ -16,7 +16,7 @@ using Id = zorby::CIndicatorSelect::Id;
 constexpr char kLibraryBlank = '_';
 constexpr QChar kBlankSign = u'#';
 constexpr int kWidth = 340;
-constexpr int kShownValues = 9;
+constexpr int kShownValues = 11;
 
 }  // namespace
 

@@ -23,6 +23,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -85,7 +86,8 @@ MainWindow::MainWindow(Desk& desk, DeskSettings& settings)
     });
     MakeJournalTimer();
     table_->SetDisplay(desk_.Display());
-    resize(1366, 768);
+    resize(QSize(1366, 768).boundedTo(screen()->availableSize()));
+    panes_->setSizes({3 * width() / 10, 5 * width() / 10, 2 * width() / 10});
     restoreGeometry(settings_.State(QStringLiteral("window/geometry")));
     panes_->restoreState(settings_.State(QStringLiteral("window/panes")));
     ShowFile();
@@ -108,7 +110,6 @@ void MainWindow::MakeCentre() {
     panes_->addWidget(MakeList());
     panes_->addWidget(MakeEditor());
     panes_->addWidget(MakeSide());
-    panes_->setSizes({420, 630, 316});
     panes_->setStretchFactor(1, 1);
     pages_->addWidget(MakeWelcome());
     pages_->addWidget(panes_);

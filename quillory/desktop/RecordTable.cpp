@@ -254,8 +254,11 @@ void RecordTable::currentChanged(const QModelIndex& current, const QModelIndex& 
     Q_EMIT PlaceChanged();
 }
 
+// Texts have the most room, names a third of it at most.
 void RecordTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);
+    const int names = kNameChars * fontMetrics().averageCharWidth();
+    setColumnWidth(RecordModel::Name, std::min(names, viewport()->width() / 3));
     FitRows();
 }
 
