@@ -8,18 +8,20 @@
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QEvent>
-#include <QFormLayout>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <limits>
 
 namespace quillory {
 namespace {
@@ -27,6 +29,7 @@ namespace {
 constexpr int kWidth = 900;
 constexpr int kHeight = 560;
 constexpr int kHelpLines = 5;
+constexpr int kListChars = 24;          // at least
 constexpr auto kQuestion = "question";  // a property of a box: its number
 enum Column : int { kName, kMaterial, kColumns };
 
@@ -58,13 +61,14 @@ WorkformDialog::WorkformDialog(QWidget* parent)
     maker_.emplace([this](const std::string& id) { return workforms_->Get(std::stoi(id)); },
                    LoadCodeLists, zorby::CurrentClockPort().LocalTime());
     setWindowTitle(tr("New record"));
-    resize(kWidth, kHeight);
+    resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() - QSize(40, 60)));
     auto* panes = new QSplitter(this);
     panes->setChildrenCollapsible(false);
     panes->addWidget(MakeList());
     panes->addWidget(MakeQuestions());
     panes->setStretchFactor(1, 1);
-    panes->setSizes({kWidth / 2, kWidth / 2});
+    panes->setSizes({kWidth * 2 / 5, kWidth * 3 / 5});
+    list_->setMinimumWidth(fontMetrics().averageCharWidth() * kListChars);
     fault_->setWordWrap(true);
     fault_->hide();
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -106,6 +110,7 @@ QWidget* WorkformDialog::MakeQuestions() {
     layout->setContentsMargins(0, 0, 0, 0);
     area_->setWidgetResizable(true);
     area_->setFrameShape(QFrame::NoFrame);
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area_->setFocusPolicy(Qt::NoFocus);
     help_->setReadOnly(true);
     help_->setTabChangesFocus(true);
@@ -145,18 +150,25 @@ void WorkformDialog::AddGroup(const QString& title, const std::vector<WorkformEn
     }
 }
 
+// The workform whose name begins with what is typed, or has it first, is the one in hand.
 void WorkformDialog::ShowMatches(const QString& typed) {
-    QTreeWidgetItem* first = nullptr;
+    QTreeWidgetItem* best = nullptr;
+    qsizetype bestPlace = 0;
     for (int i = 0; i < list_->topLevelItemCount(); ++i) {
         QTreeWidgetItem* group = list_->topLevelItem(i);
         for (int row = 0; row < group->childCount(); ++row) {
             QTreeWidgetItem* item = group->child(row);
             const bool fits = HasWords(item->text(kName) + u' ' + item->text(kMaterial), typed);
             item->setHidden(!fits);
-            if (fits && first == nullptr && !item->flags().testFlag(Qt::NoItemFlags)) first = item;
+            if (!fits || !item->flags().testFlag(Qt::ItemIsEnabled)) continue;
+            const qsizetype at = item->text(kName).indexOf(typed, 0, Qt::CaseInsensitive);
+            const qsizetype place = at < 0 ? std::numeric_limits<qsizetype>::max() : at;
+            if (best != nullptr && place >= bestPlace) continue;
+            best = item;
+            bestPlace = place;
         }
     }
-    list_->setCurrentItem(first);
+    list_->setCurrentItem(best);
     ShowQuestions();
 }
 
@@ -170,27 +182,51 @@ void WorkformDialog::ShowQuestions() {
     boxes_.clear();
     help_->clear();
     auto* page = new QWidget(area_);
-    auto* form = new QFormLayout(page);
-    form->setRowWrapPolicy(QFormLayout::WrapAllRows);
+    auto* grid = new QGridLayout(page);
+    grid->setColumnStretch(1, 1);
     if (const std::string id = Chosen(); !id.empty()) {
         const Pattern& pattern = maker_->PatternFor(id);
         const Draft draft = maker_->Begin(DescriptionBy(id));
+        Place field;
         for (const Question& question : QuestionsOf(pattern, draft, all_->isChecked())) {
-            const QString name = QStringLiteral("%1  %2, %3")
-                                     .arg(ToQt(PlaceText(question.place)), ToQt(question.field),
-                                          ToQt(question.subfield));
-            auto* edit = new QLineEdit(page);
-            edit->setAccessibleName(name);
-            edit->setProperty(kQuestion, static_cast<int>(boxes_.size()));
-            edit->installEventFilter(this);
-            auto* label = new QLabel(name, page);
-            label->setWordWrap(true);
-            label->setBuddy(edit);
-            form->addRow(label, edit);
-            boxes_.push_back({question, edit});
+            if (question.place.Field() != field) AddHeading(question, *grid);
+            field = question.place.Field();
+            AddQuestion(question, *grid);
         }
     }
+    grid->setRowStretch(grid->rowCount(), 1);
     area_->setWidget(page);
+}
+
+void WorkformDialog::AddHeading(const Question& question, QGridLayout& grid) {
+    const QString text =
+        QStringLiteral("%1  %2").arg(ToQt(PlaceText(question.place.Field())), ToQt(question.field));
+    auto* heading = new QLabel(text, area_);
+    QFont font = heading->font();
+    font.setBold(true);
+    heading->setFont(font);
+    heading->setWordWrap(true);
+    grid.addWidget(heading, grid.rowCount(), 0, 1, 2);
+}
+
+void WorkformDialog::AddQuestion(const Question& question, QGridLayout& grid) {
+    constexpr int kNameChars = 18;
+    const QString name = ToQt(question.subfield);
+    auto* edit = new QLineEdit(area_);
+    edit->setMinimumWidth(0);
+    edit->setAccessibleName(QStringLiteral("%1  %2, %3")
+                                .arg(ToQt(PlaceText(question.place)), ToQt(question.field), name));
+    edit->setProperty(kQuestion, static_cast<int>(boxes_.size()));
+    edit->installEventFilter(this);
+    auto* label = new QLabel(
+        QStringLiteral("$%1  %2").arg(QLatin1Char(question.place.code)).arg(name), area_);
+    label->setWordWrap(true);
+    label->setFixedWidth(kNameChars * fontMetrics().averageCharWidth());
+    label->setBuddy(edit);
+    const int line = grid.rowCount();
+    grid.addWidget(label, line, 0);
+    grid.addWidget(edit, line, 1);
+    boxes_.push_back({question, edit});
 }
 
 void WorkformDialog::ShowHelp(const Place& place) {

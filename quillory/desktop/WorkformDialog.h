@@ -11,13 +11,12 @@
 #include <vector>
 
 class QCheckBox;
-class QFormLayout;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QScrollArea;
 class QTreeWidget;
-class QTreeWidgetItem;
 
 namespace quillory {
 
@@ -48,6 +47,8 @@ private:
     void AddGroup(const QString& title, const std::vector<WorkformEntry>& entries);
     void ShowMatches(const QString& typed);
     void ShowQuestions();
+    void AddHeading(const Question& question, QGridLayout& grid);
+    void AddQuestion(const Question& question, QGridLayout& grid);
     void ShowHelp(const Place& place);
     // The workform's ID, by which the maker calls it; empty if none is chosen.
     std::string Chosen() const;
