@@ -1,4 +1,5 @@
 #include <quillory/desktop/CharacterPalette.h>
+#include <quillory/desktop/CodedEditor.h>
 #include <quillory/desktop/FieldPicker.h>
 #include <quillory/desktop/FindingsList.h>
 #include <quillory/desktop/IndicatorEdit.h>
@@ -6,6 +7,7 @@
 #include <quillory/desktop/Theme.h>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
 #include <QTabWidget>
@@ -109,6 +111,24 @@ TEST_F(DISABLED_Pictures, OfTheMainStates) {
     Show(faulty, 6);
     GoTo("020 $a");
     Keep("dark");
+}
+
+TEST_F(DISABLED_Pictures, OfFormsAndWorkforms) {
+    Show(Samples(), 18);
+    Press(Qt::Key_F8);
+    window_->Coded().GoTo(*ParsePlace("008/18"));
+    Keep("coded");
+    Activate();
+    QTimer::singleShot(100, window_.get(), [] {
+        for (QLineEdit* box : QApplication::activeModalWidget()->findChildren<QLineEdit*>()) {
+            if (box->accessibleName() == "Words of a workform") box->insert("dvd");
+        }
+        for (QLineEdit* box : QApplication::activeModalWidget()->findChildren<QLineEdit*>()) {
+            if (box->accessibleName().startsWith("245 $a")) box->setFocus();
+        }
+    });
+    KeepWithDialog("new");
+    Press(Qt::Key_N, Qt::ControlModifier);
 }
 
 }  // namespace
