@@ -3,15 +3,28 @@
 #include <quillory/faults/FaultCode.h>
 
 #include <dlfcn.h>
+#include <filesystem>
 #include <string>
 #include <utility>
 
 namespace quillory {
 namespace {
 
+namespace fs = std::filesystem;
+
+// In a folder of its own where it is installed, with the other libraries where it was built.
+std::string PathOfLibrary() {
+    constexpr const char* kName = "libquillory-pages.so";
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error);
+    const fs::path folder = program.parent_path().parent_path() / LIBRARY_FOLDER;
+    const fs::path installed = folder / "quillory" / kName;
+    return fs::exists(installed, error) ? installed : folder / kName;
+}
+
 // The library stays loaded: what it was linked with can't be unloaded.
 FontEngineMaker* LoadMaker() {
-    void* const library = dlopen("libquillory-pages.so", RTLD_NOW | RTLD_LOCAL);
+    void* const library = dlopen(PathOfLibrary().c_str(), RTLD_NOW | RTLD_LOCAL);
     void* const maker = library == nullptr ? nullptr : dlsym(library, kFontEngineMaker);
     if (maker == nullptr) throw FileError(std::string("pages can't be drawn: ") + dlerror());
     return reinterpret_cast<FontEngineMaker*>(maker);
