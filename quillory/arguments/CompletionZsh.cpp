@@ -45,33 +45,34 @@ std::string Excluded(const ArgumentDefinition& option) {
     return excluded + ")";
 }
 
-std::string OptionSpecs(const ArgumentDefinition& option) {
-    std::string specs;
+// What _arguments is told of an option, a word for each of its names.
+std::string OptionWords(const ArgumentDefinition& option) {
+    std::string words;
     for (const std::string& name : option.names) {
         const bool hasValue = option.kind == kOptionArgument;
-        std::string spec = Excluded(option) + name;
-        if (hasValue) spec += name.starts_with("--") ? "=" : "+";
-        spec += "[" + Backslashed(option.text, "\\[]:") + "]";
-        if (hasValue) spec += Action(option);
-        specs += " \\\n        " + Quoted(spec);
+        std::string word = Excluded(option) + name;
+        if (hasValue) word += name.starts_with("--") ? "=" : "+";
+        word += "[" + Backslashed(option.text, "\\[]:") + "]";
+        if (hasValue) word += Action(option);
+        words += " \\\n        " + Quoted(word);
     }
-    return specs;
+    return words;
 }
 
-std::string PositionalSpec(const ArgumentDefinition& argument) {
+std::string PositionalWord(const ArgumentDefinition& argument) {
     const std::string lead = argument.isList ? "*" : argument.isRequired ? "" : ":";
     ArgumentDefinition shown = argument;
     shown.value = argument.names.front();
     return " \\\n        " + Quoted(lead + Action(shown));
 }
 
-std::string Specs(const CommandDefinition& command) {
-    std::string specs;
+std::string ArgumentWords(const CommandDefinition& command) {
+    std::string words;
     for (const ArgumentDefinition& argument : command.arguments) {
-        specs +=
-            argument.kind == kPositionalArgument ? PositionalSpec(argument) : OptionSpecs(argument);
+        words +=
+            argument.kind == kPositionalArgument ? PositionalWord(argument) : OptionWords(argument);
     }
-    return specs;
+    return words;
 }
 
 std::string CommandRows(const CommandDefinition& command) {
@@ -90,7 +91,7 @@ std::string ZshCompletion(const CommandDefinition& program) {
     for (const NamedCommand& command : AllCommands(program)) {
         script += FilledScript(kFunction, {{"@NAME@", command.Joined("_")},
                                            {"@COMMANDS@", CommandRows(command.definition)},
-                                           {"@ARGUMENTS@", Specs(command.definition)}});
+                                           {"@ARGUMENTS@", ArgumentWords(command.definition)}});
     }
     // Loaded from a folder of functions, the file is the function itself.
     return script + FilledScript(

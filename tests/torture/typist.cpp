@@ -136,6 +136,6 @@ private:
 
 }  // namespace
 
-QObject* TypistPlugin::create(const QString& /*key*/, const QString& /*specification*/) {
+QObject* TypistPlugin::create(const QString& /*key*/, const QString& /*settings*/) {
     return new Typist;
 }
