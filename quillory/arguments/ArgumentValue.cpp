@@ -1,4 +1,5 @@
 #include <quillory/arguments/ArgumentValue.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <charconv>
@@ -17,10 +18,6 @@ std::string RangeText(const NumberRange& range, bool isTooLarge) {
     return text + (hasLowest ? " on" : "");
 }
 
-char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 }  // namespace
 
 std::int64_t ReadNumber(const std::string& text, const NumberRange& range) {
@@ -36,7 +33,7 @@ std::int64_t ReadNumber(const std::string& text, const NumberRange& range) {
 std::size_t ReadChoice(const std::string& text, const std::vector<std::string>& choices) {
     std::string names;
     for (std::size_t at = 0; at < choices.size(); ++at) {
-        if (std::ranges::equal(text, choices[at], {}, Lower, Lower)) return at;
+        if (std::ranges::equal(text, choices[at], {}, LowerAscii, LowerAscii)) return at;
         names += (names.empty() ? "" : ", ") + choices[at];
     }
     throw UsageError("\"" + text + "\" is not one of " + names);

@@ -23,7 +23,7 @@ std::string MissingValue(const std::string& option) {
     return option + ": its value is missing";
 }
 
-std::string Quoted(const std::string& text) {
+std::string InQuotes(const std::string& text) {
     return "\"" + text + "\"";
 }
 
@@ -146,8 +146,8 @@ private:
             return "there is no option " + word.substr(0, word.find('='));
         }
         const bool needsCommand = app.get_require_subcommand_min() > 0;
-        return needsCommand ? "there is no command " + Quoted(word)
-                            : Quoted(word) + " is one argument too many";
+        return needsCommand ? "there is no command " + InQuotes(word)
+                            : InQuotes(word) + " is one argument too many";
     }
 
     std::string FaultOfExtraWords() const {

@@ -49,6 +49,8 @@ private:
     std::size_t count_ = 0;
 };
 
+inline constexpr int kWell = 0;  // the status of a program that has done its work
+
 // What a command line comes to: a text that it asks for, something that is wrong with it, or a
 // command to be run. The other two are empty.
 struct Call {

@@ -41,18 +41,14 @@ _@NAME@() {
 complete -F _@NAME@ @PROGRAM@
 )";
 
-std::string Quoted(std::string_view text) {
-    return ShellQuoted(text, "'\\''");
-}
-
 std::string List(const std::vector<std::string>& words) {
     std::string list;
-    for (const std::string& word : words) list += (list.empty() ? "" : " ") + Quoted(word);
+    for (const std::string& word : words) list += (list.empty() ? "" : " ") + ShellQuoted(word);
     return "(" + list + ")";
 }
 
 // What the value of an option, or of the positional arguments, may be.
-std::string Values(const std::vector<std::string>& choices, bool areFiles) {
+std::string BashValues(const std::vector<std::string>& choices, bool areFiles) {
     std::string text;
     if (!choices.empty()) text += " values=" + List(choices);
     if (areFiles) text += " files=yes";
@@ -63,8 +59,8 @@ std::string Values(const std::vector<std::string>& choices, bool areFiles) {
 std::string OptionCase(const ArgumentDefinition& option) {
     std::string pattern;
     for (const std::string& name : option.names) pattern += (pattern.empty() ? "" : " | ") + name;
-    return "                " + pattern + ") isvalue=yes" + Values(option.choices, option.isFile) +
-           " ;;\n";
+    return "                " + pattern + ") isvalue=yes" +
+           BashValues(option.choices, option.isFile) + " ;;\n";
 }
 
 std::string Case(const NamedCommand& command) {
@@ -85,9 +81,10 @@ std::string Case(const NamedCommand& command) {
         options.insert(options.end(), argument.names.begin(), argument.names.end());
         if (argument.kind == kOptionArgument) cases += OptionCase(argument);
     }
-    return "        " + Quoted(command.Joined(" ")) + ")\n            commands=" + List(commands) +
-           "\n            options=" + List(options) + "\n            case $option in\n" + cases +
-           "                *)" + Values(choices, areFiles) + " ;;\n            esac ;;\n";
+    return "        " + ShellQuoted(command.Joined(" ")) +
+           ")\n            commands=" + List(commands) + "\n            options=" + List(options) +
+           "\n            case $option in\n" + cases + "                *)" +
+           BashValues(choices, areFiles) + " ;;\n            esac ;;\n";
 }
 
 }  // namespace

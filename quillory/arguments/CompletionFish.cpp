@@ -20,7 +20,7 @@ end
 complete -c @PROGRAM@ -f
 )";
 
-std::string Quoted(const std::string& text) {
+std::string FishQuoted(const std::string& text) {
     return ShellQuoted(Backslashed(text, "\\"), "\\'");
 }
 
@@ -30,33 +30,33 @@ std::string Spaced(const std::vector<std::string>& words) {
     return text;
 }
 
-std::string Values(const ArgumentDefinition& argument) {
+std::string FishValues(const ArgumentDefinition& argument) {
     std::string text;
-    if (!argument.choices.empty()) text = " -a " + Quoted(Spaced(argument.choices));
+    if (!argument.choices.empty()) text = " -a " + FishQuoted(Spaced(argument.choices));
     return argument.isFile ? text + " -F" : text;
 }
 
 std::string ArgumentPart(const ArgumentDefinition& argument) {
-    if (argument.kind == kPositionalArgument) return Values(argument);
+    if (argument.kind == kPositionalArgument) return FishValues(argument);
     std::string part;
     for (const std::string& name : argument.names) {
         const bool isLong = name.starts_with("--");
         part += isLong ? " -l " + name.substr(2) : " -s " + name.substr(1);
     }
     if (argument.kind == kOptionArgument) {
-        part += (argument.isFile ? " -r" : " -x") + Values(argument);
+        part += (argument.isFile ? " -r" : " -x") + FishValues(argument);
     }
-    return part + " -d " + Quoted(argument.text);
+    return part + " -d " + FishQuoted(argument.text);
 }
 
 // Each of these lines holds for one command.
 std::string Lines(const NamedCommand& command) {
     const std::string& program = command.names.front();
-    const std::string is = Quoted("__" + ShellName(program) + "_is " + command.Joined(" "));
+    const std::string is = FishQuoted("__" + ShellName(program) + "_is " + command.Joined(" "));
     const std::string begin = "complete -c " + program + " -n " + is;
     std::string lines;
     for (const CommandDefinition& under : command.definition.commands) {
-        lines += begin + " -a " + under.name + " -d " + Quoted(under.summary) + "\n";
+        lines += begin + " -a " + under.name + " -d " + FishQuoted(under.summary) + "\n";
     }
     for (const ArgumentDefinition& argument : command.definition.arguments) {
         const std::string part = ArgumentPart(argument);
@@ -71,7 +71,7 @@ std::string FishCompletion(const CommandDefinition& program) {
     std::string known;
     std::string lines;
     for (const NamedCommand& command : AllCommands(program)) {
-        known += " " + Quoted(command.Joined(" "));
+        known += " " + FishQuoted(command.Joined(" "));
         lines += Lines(command);
     }
     return FilledScript(kBegin, {{"@NAME@", ShellName(program.name)},

@@ -19,10 +19,6 @@ _@NAME@() {
 }
 )";
 
-std::string Quoted(const std::string& text) {
-    return ShellQuoted(text, "'\\''");
-}
-
 // What may be the value of an argument: one of a few words, a file, or a text.
 std::string Action(const ArgumentDefinition& argument) {
     std::string action = ":" + Backslashed(argument.value, ":\\") + ":";
@@ -54,7 +50,7 @@ std::string OptionWords(const ArgumentDefinition& option) {
         if (hasValue) word += name.starts_with("--") ? "=" : "+";
         word += "[" + Backslashed(option.text, "\\[]:") + "]";
         if (hasValue) word += Action(option);
-        words += " \\\n        " + Quoted(word);
+        words += " \\\n        " + ShellQuoted(word);
     }
     return words;
 }
@@ -63,7 +59,7 @@ std::string PositionalWord(const ArgumentDefinition& argument) {
     const std::string lead = argument.isList ? "*" : argument.isRequired ? "" : ":";
     ArgumentDefinition shown = argument;
     shown.value = argument.names.front();
-    return " \\\n        " + Quoted(lead + Action(shown));
+    return " \\\n        " + ShellQuoted(lead + Action(shown));
 }
 
 std::string ArgumentWords(const CommandDefinition& command) {
@@ -79,7 +75,7 @@ std::string CommandRows(const CommandDefinition& command) {
     std::string rows;
     for (const CommandDefinition& under : command.commands) {
         const std::string row = under.name + ":" + Backslashed(under.summary, "\\:");
-        rows += "\n        " + Quoted(row);
+        rows += "\n        " + ShellQuoted(row);
     }
     return rows;
 }

@@ -8,8 +8,6 @@
 namespace quillory {
 namespace {
 
-constexpr int kWell = 0;
-
 using Completion = std::string (*)(const CommandDefinition& program);
 
 struct ManualOptions {

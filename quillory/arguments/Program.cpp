@@ -11,7 +11,6 @@
 namespace quillory {
 namespace {
 
-constexpr int kWell = 0;
 constexpr int kFailed = 2;
 
 int Print(std::string_view text) {

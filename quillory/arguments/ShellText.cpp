@@ -16,6 +16,10 @@ std::string ShellQuoted(std::string_view text, std::string_view escaped) {
     return quoted + "'";
 }
 
+std::string ShellQuoted(std::string_view text) {
+    return ShellQuoted(text, "'\\''");
+}
+
 std::string Backslashed(std::string_view text, std::string_view special) {
     std::string result;
     for (const char c : text) {

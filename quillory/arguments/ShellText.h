@@ -10,6 +10,9 @@ namespace quillory {
 // A text between single quotes, with `escaped` in the place of a single quote that is part of it.
 std::string ShellQuoted(std::string_view text, std::string_view escaped);
 
+// As ShellQuoted in the way of sh, bash and zsh, where quotes have no escapes.
+std::string ShellQuoted(std::string_view text);
+
 // A text with a backslash before each of the special characters.
 std::string Backslashed(std::string_view text, std::string_view special);
 

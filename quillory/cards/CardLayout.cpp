@@ -6,12 +6,12 @@
 namespace quillory {
 namespace {
 
-constexpr double kMargin = 5 * kPointsPerMillimetre;
+constexpr double kCardMargin = 5 * kPointsPerMillimetre;
 constexpr double kLeftEdge = 4 * kPointsPerMillimetre;
 constexpr double kCallNumberWidth = 21.5 * kPointsPerMillimetre;
 constexpr double kFirstIndention = 27 * kPointsPerMillimetre;
 constexpr double kSecondIndention = 35 * kPointsPerMillimetre;
-constexpr double kRightEdge = kCardWidth - kMargin;
+constexpr double kRightEdge = kCardWidth - kCardMargin;
 constexpr double kClearOfHole = 5 * kPointsPerMillimetre;  // around its centre
 constexpr std::size_t kMostHeadingLines = 2;               // of a card that continues another
 constexpr const char* kContinued = "(Continued on next card)";
@@ -59,7 +59,7 @@ std::size_t CutterIn(const std::string& part) {
 double BottomOf(const CardOptions& options) {
     const double hole = options.holeCenter * kPointsPerInch;
     const bool hasHole = kCardHeight / 2 < hole && hole < kCardHeight;
-    return hasHole ? hole - kClearOfHole : kCardHeight - kMargin;
+    return hasHole ? hole - kClearOfHole : kCardHeight - kCardMargin;
 }
 
 // Lays one card out.
@@ -107,7 +107,7 @@ private:
 
     void BeginPanel() {
         panels_.push_back({kCardWidth, kCardHeight, {}, options_.holeCenter * kPointsPerInch});
-        y_ = kMargin;
+        y_ = kCardMargin;
         hasCallNumber_ = false;
         if (panels_.size() > 1) BeginContinuation();
     }

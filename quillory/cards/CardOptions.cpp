@@ -8,7 +8,6 @@ namespace quillory {
 namespace {
 
 constexpr const char* kCardsKey = "ZP_OptionsCards";
-constexpr double kMostInches = 20;
 constexpr int kMostCopies = 99;
 
 // "All/1": which notes, and how many cards of each.

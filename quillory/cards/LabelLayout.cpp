@@ -5,7 +5,7 @@
 namespace quillory {
 namespace {
 
-constexpr double kMargin = 1.5 * kPointsPerMillimetre;
+constexpr double kLabelMargin = 1.5 * kPointsPerMillimetre;
 constexpr int kSmallestFont = 5;
 
 // A part of a label: a spine, or the label for a pocket.
@@ -18,9 +18,9 @@ struct Area {
 // Sets texts one below the other. False if they have no room.
 bool SetTexts(const std::vector<std::string>& texts, const Area& area, const zorby::CFont& font,
               bool mayBreak, Typesetter& typesetter, std::vector<PlacedLine>& lines) {
-    const double width = area.width - 2 * kMargin;
+    const double width = area.width - 2 * kLabelMargin;
     const double height = typesetter.LineHeight(font);
-    double y = kMargin;
+    double y = kLabelMargin;
     bool hasRoom = true;
     for (const std::string& text : texts) {
         const SetText set = typesetter.Break(text, font, width, width);
@@ -28,11 +28,11 @@ bool SetTexts(const std::vector<std::string>& texts, const Area& area, const zor
         for (const SetText::Line& line : set.lines) {
             const double indention = set.isRightToLeft ? width - line.width : 0;
             lines.push_back(
-                {area.left + kMargin + indention, y, line.text, font, set.isRightToLeft});
+                {area.left + kLabelMargin + indention, y, line.text, font, set.isRightToLeft});
             y += height;
         }
     }
-    return hasRoom && y + kMargin <= area.height;
+    return hasRoom && y + kLabelMargin <= area.height;
 }
 
 // In the largest font that leaves room for all lines. False if none does.

@@ -5,7 +5,6 @@
 namespace quillory {
 namespace {
 
-constexpr double kMostInches = 20;
 constexpr int kMostSets = 99;
 
 // Its key holds fonts in the way of those of cards, and is empty at first.

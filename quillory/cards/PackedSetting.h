@@ -8,6 +8,9 @@
 
 namespace quillory {
 
+// The farthest that a setting moves what is printed.
+inline constexpr double kMostInches = 20;
+
 // The text of a key of the profile in force, in UTF-8.
 std::string ProfileText(int id);
 

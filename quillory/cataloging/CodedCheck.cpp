@@ -1,6 +1,7 @@
 #include <quillory/cataloging/CodedCheck.h>
 #include <quillory/coded/Decoder.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/places/Tag.h>
 
 #include <algorithm>
 #include <utility>
@@ -8,9 +9,6 @@
 namespace quillory {
 namespace {
 
-constexpr unsigned kTag006 = 6;
-constexpr unsigned kTag007 = 7;
-constexpr unsigned kTag008 = 8;
 constexpr int kType = 6;  // positions of the leader
 constexpr int kLevel = 7;
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kWorkform = "workform";
 constexpr const char* kRecord = "record";
-constexpr const char* kIndicators = "ind";
+constexpr const char* kIndicatorsKey = "ind";
 
 struct Value {
     std::string_view key;
@@ -51,7 +51,7 @@ void ForEach(const toml::node& node, Take take) {
 Entry ReadField(std::string_view place, const toml::table& table) {
     Entry field = BeginField(place);
     for (const Value& value : InOrder(table)) {
-        if (value.key == kIndicators) {
+        if (value.key == kIndicatorsKey) {
             SetIndicators(field, TextOf(*value.node, value.key));
             continue;
         }

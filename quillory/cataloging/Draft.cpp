@@ -1,5 +1,6 @@
 #include <quillory/cataloging/Draft.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/places/Tag.h>
 
 #include <algorithm>
 #include <array>
@@ -12,9 +13,6 @@ namespace {
 using zorby::CTemplate;
 
 constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-constexpr unsigned kTag006 = 6;
-constexpr unsigned kTag007 = 7;
-constexpr unsigned kTag008 = 8;
 constexpr int kFirstOfDate1 = 7;
 constexpr int kLastOfDate1 = 10;
 

@@ -7,7 +7,6 @@
 namespace quillory {
 namespace {
 
-constexpr unsigned kTag008 = 8;
 constexpr unsigned kTitle = 245;
 constexpr unsigned kSeries = 490;
 constexpr unsigned kFirstOfSeriesEntries = 800;

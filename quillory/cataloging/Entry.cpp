@@ -1,5 +1,7 @@
 #include <quillory/cataloging/Entry.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/places/Tag.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Charset.h>
 #include <quillory/text/Utf8.h>
 
@@ -31,27 +33,19 @@ Place PlaceFrom(std::string_view text) {
     throw EntryError({FaultCode::kNotAnEntryPlace, {}, std::string(text)});
 }
 
-bool IsControl(char c) {
-    return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
-}
-
-bool IsBlank(std::string_view text) {
-    return text.find_first_not_of(' ') == text.npos;
-}
-
 // The text on one line, as a field holds it.
 std::string OnOneLine(std::string_view text, const Place& place) {
     std::string line;
     for (const char c : text) {
         const bool isBreak = c == '\n' || c == '\r' || c == '\t';
-        if (!isBreak && IsControl(c)) throw EntryError({FaultCode::kControlCharacter, place});
+        if (!isBreak && IsAsciiControl(c)) throw EntryError({FaultCode::kControlCharacter, place});
         if (!isBreak) {
             line += c;
         } else if (!line.empty() && line.back() != ' ') {
             line += ' ';
         }
     }
-    if (!text.empty() && IsControl(text.back()) && line.ends_with(' ')) line.pop_back();
+    if (!text.empty() && IsAsciiControl(text.back()) && line.ends_with(' ')) line.pop_back();
     if (!IsValidUtf8(line)) throw EntryError({FaultCode::kTextNotUtf8, place});
     return line;
 }
@@ -89,7 +83,6 @@ void TakeSubfield(std::string_view& rest, Entry& entry) {
 }
 
 void ReadWrittenField(std::string_view text, Entry& entry) {
-    constexpr std::size_t kIndicators = 2;
     if (text.empty()) return;
     const std::string line = OnOneLine(text, entry.place);
     std::string_view rest = line;

@@ -28,7 +28,7 @@ constexpr auto kEnds = std::to_array<FieldEnd>({
 });
 
 // Sources, links and materials are no part of what is punctuated.
-bool IsControl(const SubfieldText& subfield) {
+bool IsControlSubfield(const SubfieldText& subfield) {
     return '0' <= subfield.code && subfield.code <= '9';
 }
 
@@ -117,7 +117,7 @@ void Close(std::optional<bool> end, std::string& text) {
 std::vector<std::size_t> Described(const DraftedField& field) {
     std::vector<std::size_t> indexes;
     for (std::size_t i = 0; i < field.subfields.size(); ++i) {
-        if (!IsControl(field.subfields[i])) indexes.push_back(i);
+        if (!IsControlSubfield(field.subfields[i])) indexes.push_back(i);
     }
     return indexes;
 }

@@ -1,5 +1,6 @@
 #include <quillory/checks/ControlFieldChecks.h>
 #include <quillory/coded/Material.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 
@@ -29,10 +30,6 @@ std::string_view Part(std::string_view field, std::size_t start, std::size_t siz
 
 char ByteOf(std::string_view field, std::size_t position) {
     return position < field.size() ? field[position] : '\0';
-}
-
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
 }
 
 bool IsDate(std::string_view date) {

@@ -12,10 +12,6 @@ using namespace zorby;
 constexpr std::size_t kMostOfSubfield = kLongestExportedSubfield;
 constexpr std::size_t kMostOfField = kLongestExportedField;
 
-std::size_t Index(char code) {
-    return static_cast<unsigned char>(code);
-}
-
 // Letters and digits: a tag that a library or a system has made up for itself.
 bool IsMadeUpTag(std::string_view tag) {
     return std::ranges::all_of(tag, [](char c) {
@@ -81,7 +77,7 @@ void CheckSubfields(const FieldInHand& field, FindingSink& findings) {
     Codes seen;
     Codes repeated;
     ForEachSubfield(field.field.content, [&](char code, std::string_view) {
-        const std::size_t i = Index(code);
+        const std::size_t i = IndexOf(code);
         if (!seen[i]) {
             seen.set(i);
             if (!rule.codes[i]) findings.Add(EC_NotMARC, field.place.Subfield(code));

@@ -14,13 +14,9 @@ namespace {
 
 using zorby::CMARCFormat;
 
-std::size_t Index(char code) {
-    return static_cast<unsigned char>(code);
-}
-
 void AllowCode(FieldRule& rule, char code, bool repeatable) {
-    rule.codes.set(Index(code));
-    if (repeatable) rule.repeatableCodes.set(Index(code));
+    rule.codes.set(IndexOf(code));
+    if (repeatable) rule.repeatableCodes.set(IndexOf(code));
 }
 
 constexpr char kBlank = '_';  // as an indicator in the dictionary
@@ -72,7 +68,7 @@ void FieldRules::AddDictionary() {
             const zorby::CInfoAboutSubfield* subfield = CMARCFormat::FindSubfield(tag, code);
             AllowCode(rule, code, subfield == nullptr || subfield->Repeatable() != 0);
             if (subfield != nullptr && IsObsolete(subfield->GetName())) {
-                rule.obsoleteCodes.set(Index(code));
+                rule.obsoleteCodes.set(IndexOf(code));
             }
         }
         AddIndicators(tag);
@@ -88,7 +84,7 @@ void FieldRules::AddIndicators(unsigned tag) {
         const auto* value = CMARCFormat::GetIndicatorValueMatchFirst(tag, which);
         for (; value != nullptr; value = CMARCFormat::GetIndicatorValueMatchNext(tag, which)) {
             Codes& values = IsObsolete(value->GetName()) ? rule.obsolete : rule.current;
-            values.set(Index(value->GetValue() == kBlank ? ' ' : value->GetValue()));
+            values.set(IndexOf(value->GetValue() == kBlank ? ' ' : value->GetValue()));
         }
     }
 }

@@ -24,6 +24,10 @@ enum FieldRole : std::uint8_t {
 
 using Codes = std::bitset<256>;
 
+inline std::size_t IndexOf(char code) {
+    return static_cast<unsigned char>(code);
+}
+
 // The values of an indicator; none where nothing is known of it.
 struct IndicatorRule {
     Codes current;

@@ -29,7 +29,7 @@ struct CheckOptions {
     bool showsRepertoire = false;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kCheckDetails =
     "Every rule is an error, a warning or a note; --rules lists all, with the reason for each.\n"
     "Those of the export have the weight that the policy gives them.\n"
     "Status: 0 if nothing weighs as much as --fail-on says; 1 with such findings or damage; 2 for\n"
@@ -136,7 +136,7 @@ void DeclareRules(Arguments& command, CheckOptions& options) {
 
 void DeclareCheck(Arguments& command) {
     CheckOptions& options = command.Runs(RunCheck);
-    command.Footer(kDetails);
+    command.Footer(kCheckDetails);
     DeclareInput(command, options.files.input, options.messages);
     DeclareRules(command, options);
     DeclarePolicy(command, options.policy);

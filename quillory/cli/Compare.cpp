@@ -14,7 +14,7 @@ struct CompareCommand {
     ReporterOptions messages;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kCompareDetails =
     "FILE is two files: the one before, and the one after. Records go together by their keys, as "
     "in\n"
     "dedupe, whatever their order; their fields are compared as text, whatever the forms and\n"
@@ -39,7 +39,7 @@ Status RunCompare(const CompareCommand& command) {
 
 void DeclareCompare(Arguments& command) {
     CompareCommand& options = command.Runs(RunCompare);
-    command.Footer(kDetails);
+    command.Footer(kCompareDetails);
     DeclareInput(command, options.compare.input, options.messages);
     command
         .Option("--by", options.compare.by,

@@ -15,7 +15,7 @@ struct DedupeCommand {
     std::string report;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kDedupeDetails =
     "Records are the same if they have a key in common: the values of a place, or with --by\n"
     "100a,245a the first values of all of the places together. --by more than once gives several\n"
     "ways to match. ISBNs of ten and thirteen digits are one and the same number, as are other\n"
@@ -43,7 +43,7 @@ Status RunDedupe(const DedupeCommand& command) {
 
 void DeclareDedupe(Arguments& command) {
     DedupeCommand& options = command.Runs(RunDedupe);
-    command.Footer(kDetails);
+    command.Footer(kDedupeDetails);
     DeclareInput(command, options.dedupe.input, options.messages);
     DeclareOutput(command, options.dedupe.output);
     command

@@ -18,7 +18,7 @@ struct EditCommand {
     std::string report;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kEditDetails =
     "Every record is written, edited or not; an unchanged one keeps its bytes. A record that an\n"
     "edit would make unreadable, such as one too long for the form, stays as it was and is named.\n"
     "Status: 0 if all is well; 1 with damage, rejects or records that could not be edited, and "
@@ -27,7 +27,7 @@ constexpr const char* kDetails =
     "written.";
 
 // The file of the task is read, too.
-void CheckOutputs(const EditCommand& command) {
+void CheckEditOutputs(const EditCommand& command) {
     const OutputOptions& output = command.files.output;
     std::vector<std::string> inputs = command.files.input.files;
     if (!command.choice.task.empty()) inputs.push_back(command.choice.task);
@@ -39,7 +39,7 @@ void CheckOutputs(const EditCommand& command) {
 }
 
 Status RunEdit(const EditCommand& command) {
-    CheckOutputs(command);
+    CheckEditOutputs(command);
     EditWork work;
     EditTask task = work.TaskOf(command.choice);
     TerminalPort terminal;
@@ -49,9 +49,9 @@ Status RunEdit(const EditCommand& command) {
     return EditFiles(command.files, std::move(task), report, reporter);
 }
 
-void Declare(Arguments& command, const OperationRow* row) {
+void DeclareEditOf(Arguments& command, const OperationRow* row) {
     EditCommand& options = command.Runs(RunEdit);
-    command.Footer(kDetails);
+    command.Footer(kEditDetails);
     DeclareEditChoice(command, row, options.choice);
     DeclareFiles(command, options.files.input, options.messages);
     DeclareOutput(command, options.files.output);
@@ -67,9 +67,9 @@ void Declare(Arguments& command, const OperationRow* row) {
 }  // namespace
 
 void DeclareEdit(Arguments& command) {
-    Declare(command, nullptr);
+    DeclareEditOf(command, nullptr);
     for (const OperationRow& row : Operations()) {
-        Declare(command.Command(std::string(row.name), std::string(row.summary)), &row);
+        DeclareEditOf(command.Command(std::string(row.name), std::string(row.summary)), &row);
     }
 }
 

@@ -15,7 +15,7 @@ struct ExtractCommand {
     ReporterOptions messages;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kExtractDetails =
     "A column for each place, a row for each record, in UTF-8. A whole field is shown without its\n"
     "indicators and subfield codes; subfields that are named together, as in 245ab, are one "
     "value.\n"
@@ -39,7 +39,7 @@ Status RunExtract(const ExtractCommand& command) {
 
 void DeclareExtract(Arguments& command) {
     ExtractCommand& options = command.Runs(RunExtract);
-    command.Footer(kDetails);
+    command.Footer(kExtractDetails);
     DeclareInput(command, options.extract.input, options.messages);
     command
         .Option("--fields", options.extract.fields,

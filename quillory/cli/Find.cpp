@@ -15,7 +15,7 @@ struct FindCommand {
     bool printsCondition = false;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kFindDetails =
     "A line for each hit: number of the record, 001, place and text. The language of --where is\n"
     "told in docs/where.md; some expressions:\n"
     "    245a contains \"rivers\"             has 650 and not has 856u\n"
@@ -51,7 +51,7 @@ Status RunFind(const FindCommand& command) {
 
 void DeclareFind(Arguments& command) {
     FindCommand& options = command.Runs(RunFind);
-    command.Footer(kDetails);
+    command.Footer(kFindDetails);
     DeclareInput(command, options.find.input, options.messages);
     command.Flag("--count", options.find.onlyCount, "Only say how many records match");
     command.Flag("--print-where-text", options.printsCondition,

@@ -12,7 +12,7 @@ struct MergeCommand {
     ReporterOptions messages;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kMergeDetails =
     "FILE is two files. The records of the first are written, with fields of the records of the\n"
     "second that have the same key (as in dedupe): a field goes after those of its tag, or where "
     "its\n"
@@ -33,7 +33,7 @@ Status RunMerge(const MergeCommand& command) {
 
 void DeclareMerge(Arguments& command) {
     MergeCommand& options = command.Runs(RunMerge);
-    command.Footer(kDetails);
+    command.Footer(kMergeDetails);
     DeclareInput(command, options.merge.input, options.messages);
     DeclareOutput(command, options.merge.output);
     command

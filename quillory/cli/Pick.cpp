@@ -11,7 +11,7 @@ struct PickCommand {
     ReporterOptions messages;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kPickDetails =
     "The records come out in the form and the order of the files, each byte as it was; for "
     "another\n"
     "form there is `quillory convert --where`. A record has to match --where, --records and "
@@ -32,7 +32,7 @@ Status RunPick(const PickCommand& command) {
 void DeclarePick(Arguments& command) {
     PickCommand& options = command.Runs(RunPick);
     PickOptions& pick = options.pick;
-    command.Footer(kDetails);
+    command.Footer(kPickDetails);
     DeclareInput(command, pick.input, options.messages);
     command.Option("-o,--output", pick.output, "Where the records go; standard output if not given")
         .File();

@@ -11,17 +11,17 @@
 namespace quillory {
 namespace {
 
-struct ShowCommand {
+struct StoreShowCommand {
     StoredChoice choice;
     ScreenChoice screen;
 };
 
-struct ExportCommand {
+struct StoreExportCommand {
     StoreExportOptions records;
     ReporterOptions messages;
 };
 
-Status RunShow(const ShowCommand& options) {
+Status RunStoreShow(const StoreShowCommand& options) {
     if (options.choice.ids.empty() && options.choice.where.AsksForAll()) {
         throw UsageError("which records are to be shown is missing: their IDs, or --where");
     }
@@ -40,13 +40,13 @@ Status RunShow(const ShowCommand& options) {
     return std::max(read, shower.Result());
 }
 
-Status RunDelete(const StoredChoice& choice) {
+Status RunStoreDelete(const StoredChoice& choice) {
     TerminalPort terminal;
     Reporter reporter(terminal, {false, true});
     return DeleteRecordsFromStore(choice, reporter);
 }
 
-Status RunExport(const ExportCommand& command) {
+Status RunStoreExport(const StoreExportCommand& command) {
     TerminalPort terminal;
     Reporter reporter(terminal, command.messages);
     return ExportRecordsOfStore(command.records, reporter);
@@ -55,20 +55,20 @@ Status RunExport(const ExportCommand& command) {
 }  // namespace
 
 void DeclareRecordsShow(Arguments& command) {
-    ShowCommand& options = command.Runs(RunShow);
+    StoreShowCommand& options = command.Runs(RunStoreShow);
     command.Positional("ID", options.choice.ids, "Records of these IDs");
     DeclareWhere(command, options.choice.where);
     DeclareScreen(command, options.screen);
 }
 
 void DeclareRecordsDelete(Arguments& command) {
-    StoredChoice& choice = command.Runs(RunDelete);
+    StoredChoice& choice = command.Runs(RunStoreDelete);
     command.Positional("ID", choice.ids, "Records of these IDs");
     DeclareWhere(command, choice.where);
 }
 
 void DeclareRecordsExport(Arguments& command) {
-    ExportCommand& options = command.Runs(RunExport);
+    StoreExportCommand& options = command.Runs(RunStoreExport);
     command.Positional("ID", options.records.choice.ids, "Records of these IDs; none for all");
     DeclareWhere(command, options.records.choice.where);
     DeclareOutput(command, options.records.output);

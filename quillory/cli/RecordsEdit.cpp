@@ -12,7 +12,7 @@
 namespace quillory {
 namespace {
 
-struct EditCommand {
+struct StoreEditCommand {
     EditChoice choice;
     EditStoreOptions records;
     ReporterOptions messages;
@@ -24,12 +24,12 @@ struct HistoryCommand {
     bool isJson = false;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kRecordsEditDetails =
     "What the records were is kept: records history shows it, records undo puts it back. Either\n"
     "all records are edited that can be, or, after a failure, none. Without an ID the whole store "
     "is\nedited.";
 
-Status RunEdit(const EditCommand& command) {
+Status RunStoreEdit(const StoreEditCommand& command) {
     CheckNotTheStore(command.report);
     if (!command.choice.task.empty()) CheckNotAnInput({command.choice.task}, command.report);
     EditWork work;
@@ -58,9 +58,9 @@ Status RunHistory(const HistoryCommand& command) {
     return status;
 }
 
-void Declare(Arguments& command, const OperationRow* row) {
-    EditCommand& options = command.Runs(RunEdit);
-    command.Footer(kDetails);
+void DeclareStoreEdit(Arguments& command, const OperationRow* row) {
+    StoreEditCommand& options = command.Runs(RunStoreEdit);
+    command.Footer(kRecordsEditDetails);
     DeclareEditChoice(command, row, options.choice);
     command.Positional("ID", options.records.ids, "Records of these IDs; all if none is given");
     command.Option("--report", options.report, "Where each change is told as a line of JSON")
@@ -73,9 +73,9 @@ void Declare(Arguments& command, const OperationRow* row) {
 }  // namespace
 
 void DeclareRecordsEdit(Arguments& command) {
-    Declare(command, nullptr);
+    DeclareStoreEdit(command, nullptr);
     for (const OperationRow& row : Operations()) {
-        Declare(command.Command(std::string(row.name), std::string(row.summary)), &row);
+        DeclareStoreEdit(command.Command(std::string(row.name), std::string(row.summary)), &row);
     }
 }
 

@@ -18,7 +18,7 @@ struct ListOptions {
     bool isJson = false;
 };
 
-Status RunList(const ListOptions& options) {
+Status RunStoreList(const ListOptions& options) {
     const std::optional<Database> database = OpenStoreToRead();
     Output output("-");
     std::uint64_t listed = 0;
@@ -46,7 +46,7 @@ Status RunList(const ListOptions& options) {
 
 void DeclareRecordsList(Arguments& command) {
     constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
-    ListOptions& options = command.Runs(RunList);
+    ListOptions& options = command.Runs(RunStoreList);
     RecordSelection& selection = options.selection;
     command.Option("--control-number", selection.controlNumber,
                    "Only records of this control number (001)");

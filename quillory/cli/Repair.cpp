@@ -16,7 +16,7 @@ struct RepairCommand {
     std::string report;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kRepairDetails =
     "The Leader, 006, 007 and 008 of bibliographic records are tested against the codes of the\n"
     "format. A value that the format has, or ever had, stays. For any other a code comes only if\n"
     "the value itself or another field of the record is certain to mean it; else \"not coded\" "
@@ -39,7 +39,7 @@ constexpr const char* kStatusDetails =
     "usage, or a file that can't be read or written.";
 
 std::string Details() {
-    std::string text = kDetails;
+    std::string text = kRepairDetails;
     for (const RepairClassRow& row : RepairClasses()) {
         std::string name(row.name);
         name.resize(16, ' ');
@@ -56,7 +56,7 @@ Choices<RepairClass> ClassChoices() {
     return choices;
 }
 
-void CheckOutputs(const RepairCommand& command) {
+void CheckRepairOutputs(const RepairCommand& command) {
     const OutputOptions& output = command.repair.output;
     for (const std::string& path : {output.output, output.rejects, command.report}) {
         CheckNotAnInput(command.repair.input.files, path);
@@ -66,7 +66,7 @@ void CheckOutputs(const RepairCommand& command) {
 }
 
 Status RunRepair(const RepairCommand& command) {
-    CheckOutputs(command);
+    CheckRepairOutputs(command);
     LoadWorkforms();
     const CodeLists lists = LoadCodeLists();
     TerminalPort terminal;

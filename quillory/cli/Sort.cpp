@@ -12,7 +12,7 @@ struct SortCommand {
     ReporterOptions messages;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kSortDetails =
     "Titles are sorted without the characters that an indicator excludes from filing, and all "
     "texts\n"
     "without case: a letter with a diacritic comes after the plain one, and other scripts come\n"
@@ -31,7 +31,7 @@ Status RunSort(const SortCommand& command) {
 
 void DeclareSort(Arguments& command) {
     SortCommand& options = command.Runs(RunSort);
-    command.Footer(kDetails);
+    command.Footer(kSortDetails);
     DeclareInput(command, options.sort.input, options.messages);
     DeclareOutput(command, options.sort.output);
     command

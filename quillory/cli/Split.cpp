@@ -12,7 +12,7 @@ struct SplitCommand {
     ReporterOptions messages;
 };
 
-constexpr const char* kDetails =
+constexpr const char* kSplitDetails =
     "{} in the name of the output stands for the number of a file, or for the value at the place. "
     "A\n"
     "record goes to the file of its first value, and one without a value to that of \"none\". What "
@@ -30,7 +30,7 @@ Status RunSplit(const SplitCommand& command) {
 
 void DeclareSplit(Arguments& command) {
     SplitCommand& options = command.Runs(RunSplit);
-    command.Footer(kDetails);
+    command.Footer(kSplitDetails);
     DeclareInput(command, options.split.input, options.messages);
     command.Option("--every", options.split.records, "Records in a file, at most");
     command

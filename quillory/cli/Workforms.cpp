@@ -46,7 +46,7 @@ Status List(const WorkformsOptions& options, const WorkformCatalog& catalog,
     return status;
 }
 
-Status Show(const WorkformsOptions& options, const WorkformCatalog& catalog) {
+Status ShowWorkform(const WorkformsOptions& options, const WorkformCatalog& catalog) {
     const WorkformEntry entry = catalog.Find(options.name);
     const zorby::TemplateHolder workform = catalog.Get(entry.id);
     const CodeLists lists = LoadCodeLists();
@@ -64,7 +64,7 @@ Status RunWorkforms(const WorkformsOptions& options) {
     TerminalPort terminal;
     const Reporter reporter(terminal, {false, true});
     const WorkformCatalog catalog(reporter);
-    return options.name.empty() ? List(options, catalog, reporter) : Show(options, catalog);
+    return options.name.empty() ? List(options, catalog, reporter) : ShowWorkform(options, catalog);
 }
 
 }  // namespace
@@ -72,7 +72,7 @@ Status RunWorkforms(const WorkformsOptions& options) {
 void DeclareWorkforms(Arguments& command) {
     WorkformsOptions& options = command.Runs(RunWorkforms);
     command.Positional("NAME", options.name,
-                       "Show this workform, by its name or ID; none lists all");
+                       "ShowWorkform this workform, by its name or ID; none lists all");
     command.Choice("--format", options.isJson, {{"text", false}, {"json", true}},
                    "text, or json for a program");
     DeclareWidth(command, options.screen);

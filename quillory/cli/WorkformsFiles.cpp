@@ -6,13 +6,13 @@
 namespace quillory {
 namespace {
 
-Status RunExport(const ExportWorkformsOptions& options) {
+Status RunWorkformsExport(const ExportWorkformsOptions& options) {
     TerminalPort terminal;
     Reporter reporter(terminal, {false, true});
     return ExportWorkforms(options, reporter);
 }
 
-Status RunImport(const ImportWorkformsOptions& options) {
+Status RunWorkformsImport(const ImportWorkformsOptions& options) {
     TerminalPort terminal;
     Reporter reporter(terminal, {false, true});
     return ImportWorkforms(options, reporter);
@@ -21,7 +21,7 @@ Status RunImport(const ImportWorkformsOptions& options) {
 }  // namespace
 
 void DeclareWorkformsExport(Arguments& command) {
-    ExportWorkformsOptions& options = command.Runs(RunExport);
+    ExportWorkformsOptions& options = command.Runs(RunWorkformsExport);
     command.Positional("FILE", options.file, "Where they go; - for standard output")
         .Required()
         .File();
@@ -29,7 +29,7 @@ void DeclareWorkformsExport(Arguments& command) {
 }
 
 void DeclareWorkformsImport(Arguments& command) {
-    ImportWorkformsOptions& options = command.Runs(RunImport);
+    ImportWorkformsOptions& options = command.Runs(RunWorkformsImport);
     command.Positional("FILE", options.file, "The file; - for standard input").Required().File();
     command.Flag("--force", options.force, "Replace workforms of your own of the same names");
 }

@@ -20,7 +20,7 @@ Status RunSave(const SaveCommand& command) {
     return MakeWorkform(options, reporter);
 }
 
-Status RunDelete(const std::vector<std::string>& names) {
+Status RunWorkformsDelete(const std::vector<std::string>& names) {
     TerminalPort terminal;
     Reporter reporter(terminal, {false, true});
     return DeleteWorkforms(names, reporter);
@@ -40,7 +40,7 @@ void DeclareWorkformsSave(Arguments& command) {
 }
 
 void DeclareWorkformsDelete(Arguments& command) {
-    std::vector<std::string>& names = command.Runs(RunDelete);
+    std::vector<std::string>& names = command.Runs(RunWorkformsDelete);
     command.Positional("NAME", names, "Workforms, by name or ID").Required();
 }
 

@@ -54,7 +54,7 @@ CFType FormOfAll(std::string_view field) {
     Refuse("no coded field", field);
 }
 
-CFType FormOf(std::string_view field, std::string_view name) {
+CFType FormNamed(std::string_view field, std::string_view name) {
     const CFType all = FormOfAll(field);
     if (name == kAllForms) return all;
     for (const CFType form : field == "007" ? FormsOf007() : FormsOf006()) {
@@ -171,7 +171,7 @@ void CodeStatus::Add(std::string_view text, const std::string& name) {
 
 void CodeStatus::AddRow(std::string_view line) {
     const Cells cells = CellsOf(line);
-    const CFType form = FormOf(cells[kField], cells[kForm]);
+    const CFType form = FormNamed(cells[kField], cells[kForm]);
     const std::string_view positions = cells[kPositions];
     const bool isRange = positions.size() == 5 && positions[2] == '-';
     const int first = PositionOf(isRange ? positions.substr(0, 2) : positions);

@@ -9,13 +9,13 @@ namespace {
 
 using namespace zorby;
 
-struct Form {
+struct MaterialForm {
     CFType type;
     std::string_view name;
     std::string_view letters;
 };
 
-constexpr Form kForms[] = {
+constexpr MaterialForm kForms[] = {
     {CFLdr, "all", ""},
     {CF008Standard, "all", ""},
     {CF006Books, "books", "at"},
@@ -52,9 +52,9 @@ constexpr bool Is006(CFType type) {
     return CF006None < type && type < CF007None;
 }
 
-const Form* FindForm(CFType type) {
+const MaterialForm* FindForm(CFType type) {
     const auto* form = std::find_if(std::begin(kForms), std::end(kForms),
-                                    [type](const Form& f) { return f.type == type; });
+                                    [type](const MaterialForm& f) { return f.type == type; });
     return form == std::end(kForms) ? nullptr : form;
 }
 
@@ -63,7 +63,7 @@ using FormsByLetter = std::array<CFType, 256>;
 constexpr FormsByLetter MakeFormsByLetter(bool of006, CFType none) {
     FormsByLetter forms{};
     forms.fill(none);
-    for (const Form& form : kForms) {
+    for (const MaterialForm& form : kForms) {
         if (of006 ? !Is006(form.type) : form.type <= CF007None) continue;
         for (const char letter : form.letters) {
             forms[static_cast<unsigned char>(letter)] = form.type;
@@ -81,7 +81,7 @@ CFType FormOfLetter(std::string_view field, const FormsByLetter& forms) {
 
 std::vector<CFType> FormsBetween(CFType first, CFType last) {
     std::vector<CFType> forms;
-    for (const Form& form : kForms) {
+    for (const MaterialForm& form : kForms) {
         if (first <= form.type && form.type <= last) forms.push_back(form.type);
     }
     return forms;
@@ -141,12 +141,12 @@ const std::vector<CFType>& FormsOf007() {
 }
 
 std::string_view FormName(CFType form) {
-    const Form* found = FindForm(form);
+    const MaterialForm* found = FindForm(form);
     return found == nullptr ? "" : found->name;
 }
 
 std::string_view FormLetters(CFType form) {
-    const Form* found = FindForm(form);
+    const MaterialForm* found = FindForm(form);
     return found == nullptr ? "" : found->letters;
 }
 

@@ -1,13 +1,12 @@
 #include <quillory/edits/Change.h>
 #include <quillory/edits/FieldParts.h>
 #include <quillory/exchange/Mrk.h>
+#include <quillory/places/Tag.h>
 
 #include <algorithm>
 
 namespace quillory {
 namespace {
-
-constexpr int kIndicators = 2;
 
 bool HaveSameCodes(const FieldParts& one, const FieldParts& other) {
     return std::ranges::equal(one.parts, other.parts, {}, CodeOf, CodeOf);
@@ -32,11 +31,12 @@ Change ChangeOfPositions(const Place& field, std::string_view before, std::strin
 
 void AddIndicators(const Place& field, std::string_view before, std::string_view after,
                    std::vector<Change>& changes) {
-    for (int which = 1; which <= kIndicators; ++which) {
-        const auto at = static_cast<std::size_t>(which - 1);
+    for (std::size_t at = 0; at < kIndicators; ++at) {
         if (before[at] == after[at]) continue;
-        changes.push_back(
-            {{}, field.Indicator(which), std::string(1, before[at]), std::string(1, after[at])});
+        changes.push_back({{},
+                           field.Indicator(static_cast<int>(at) + 1),
+                           std::string(1, before[at]),
+                           std::string(1, after[at])});
     }
 }
 

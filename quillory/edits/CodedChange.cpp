@@ -10,7 +10,7 @@ namespace quillory {
 namespace {
 
 using namespace zorby;
-using State = EditSession::State;
+using RecordState = EditSession::State;
 
 constexpr std::size_t kTypeOfRecord = 6;  // in the Leader
 
@@ -87,15 +87,15 @@ bool BelongsToTheFile(const Place& place) {
            });
 }
 
-CFType FormOfCoded(const State& record, std::optional<std::size_t> field) {
+CFType FormOfCoded(const RecordState& record, std::optional<std::size_t> field) {
     if (!field) return CFLdr;
     const auto& [tag, content, given] = record.fields[*field];
     if (tag == "008") return MaterialOfLeader(record.leader);
     return tag == "006" ? MaterialOf006(content) : CategoryOf007(content);
 }
 
-State WithCoded(State record, std::optional<std::size_t> field, std::size_t first,
-                std::string_view value, const CodeLists& lists) {
+RecordState WithCoded(RecordState record, std::optional<std::size_t> field, std::size_t first,
+                      std::string_view value, const CodeLists& lists) {
     if (field) {
         const CFType from = FormOfCoded(record, field);
         std::string& content = record.fields[*field].content;

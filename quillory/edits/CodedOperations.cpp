@@ -3,14 +3,13 @@
 #include <quillory/edits/FieldParts.h>
 #include <quillory/edits/OperationMakers.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/places/Tag.h>
 #include <quillory/queries/Values.h>
 
 #include <algorithm>
 
 namespace quillory {
 namespace {
-
-constexpr std::size_t kIndicators = 2;
 
 // Blanks may be written as signs.
 std::string WithBlanks(std::string text, std::string_view signs) {

@@ -1,6 +1,7 @@
 #include <quillory/edits/FieldParts.h>
 #include <quillory/edits/OperationMakers.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <numeric>
@@ -69,10 +70,6 @@ private:
     PlaceSet places_;
     std::string codes_;
 };
-
-bool IsBlank(std::string_view text) {
-    return text.find_first_not_of(' ') == text.npos;
-}
 
 class RemoveEmpty : public Operation {
 public:

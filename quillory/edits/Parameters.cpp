@@ -1,18 +1,11 @@
 #include <quillory/edits/Parameters.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Charset.h>
 
 #include <algorithm>
 
 namespace quillory {
-namespace {
-
-bool IsControlCharacter(char c) {
-    return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
-}
-
-}  // namespace
-
 void Parameters::Set(std::string_view name, std::string value) {
     values_[std::string(name)] = std::move(value);
 }
@@ -24,7 +17,7 @@ std::string Parameters::Text(std::string_view name) const {
 
 std::string Parameters::FieldText(std::string_view name) const {
     std::string text = Text(name);
-    const bool isText = IsValidUtf8(text) && std::ranges::none_of(text, IsControlCharacter);
+    const bool isText = IsValidUtf8(text) && std::ranges::none_of(text, IsAsciiControl);
     if (!isText) throw ParameterError(name, {FaultCode::kNoFieldText});
     return text;
 }

@@ -7,14 +7,14 @@ namespace quillory {
 namespace {
 
 // What a reason is called here, and the positions of the leader that are at fault, if any are.
-struct Row {
+struct ReasonRow {
     zorby::CommFormatReason reason;
     FaultCode code;
     int first = -1;
     int last = -1;
 };
 
-constexpr Row kRows[] = {
+constexpr ReasonRow kReasons[] = {
     {zorby::CFR_None, FaultCode::kNone},
     {zorby::CFR_Empty, FaultCode::kEmptyRecord},
     {zorby::CFR_CutShort, FaultCode::kCutShort},
@@ -35,8 +35,8 @@ constexpr Row kRows[] = {
 };
 
 constexpr bool IsInOrder() {
-    for (std::size_t i = 0; i < std::size(kRows); ++i) {
-        if (kRows[i].reason != static_cast<zorby::CommFormatReason>(i)) return false;
+    for (std::size_t i = 0; i < std::size(kReasons); ++i) {
+        if (kReasons[i].reason != static_cast<zorby::CommFormatReason>(i)) return false;
     }
     return true;
 }
@@ -57,7 +57,7 @@ std::string Allowed(const zorby::CommFormatFault& fault, std::string_view bytes)
 }  // namespace
 
 ItemFault FaultOf(const zorby::CommFormatFault& fault, std::string_view bytes) {
-    const Row& row = kRows[static_cast<std::size_t>(fault.reason)];
+    const ReasonRow& row = kReasons[static_cast<std::size_t>(fault.reason)];
     ItemFault found{{row.code, Place::OfField(fault.tag), {}, Allowed(fault, bytes)}, fault.offset};
     if (row.first < 0) return found;
     found.place = Place::OfLeader().Positions(row.first, row.last);

@@ -1,6 +1,8 @@
 #include <quillory/exchange/FieldMender.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/places/Tag.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Utf8.h>
 
 #include <algorithm>
@@ -10,14 +12,8 @@ namespace {
 
 using zorby::kDelimiter;
 
-constexpr std::size_t kIndicators = 2;
-
 std::string Quoted(std::string_view bytes) {
     return bytes.empty() ? "nothing" : "\"" + Printable(bytes) + "\"";
-}
-
-bool IsBlank(std::string_view text) {
-    return text.find_first_not_of(' ') == text.npos;
 }
 
 // Whether what stands before the first delimiter may be indicators, however many, and no text that

@@ -5,6 +5,7 @@
 #include <quillory/exchange/MarcXml.h>
 #include <quillory/exchange/Microlif.h>
 #include <quillory/exchange/Mrk.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <string>
@@ -42,10 +43,6 @@ constexpr Form kForms[] = {
 };
 // clang-format on
 
-char Lower(char c) {
-    return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 bool HasEndingOf(const Form& form, std::string_view fileName) {
     std::string_view rest = form.endings;
     while (!rest.empty()) {
@@ -77,7 +74,7 @@ const Form* FormNamed(std::string_view name) {
 const Form* FormOfFileName(std::string_view fileName) {
     if (fileName.ends_with(".gz")) fileName.remove_suffix(3);
     std::string lower(fileName);
-    std::ranges::transform(lower, lower.begin(), Lower);
+    std::ranges::transform(lower, lower.begin(), LowerAscii);
     return FirstWhere([&lower](const Form& form) { return HasEndingOf(form, lower); });
 }
 

@@ -1,5 +1,6 @@
 #include <quillory/exchange/MarcWriter.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/places/Tag.h>
 #include <quillory/text/Utf8.h>
 
 #include <algorithm>
@@ -23,7 +24,6 @@ std::string_view CutToFit(const CommFormatField& field) {
     const std::string_view content = field.content;
     if (content.size() <= kMost) return content;
     const std::size_t delimiter = content.rfind(zorby::kDelimiter, kMost);
-    constexpr std::size_t kIndicators = 2;
     if (delimiter != content.npos && delimiter > kIndicators) return content.substr(0, delimiter);
     const std::size_t blank = content.rfind(' ', kMost);
     constexpr std::size_t kFirstWord = 5;  // after indicators, delimiter, code and a byte

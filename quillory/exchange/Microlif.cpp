@@ -2,6 +2,8 @@
 #include <quillory/exchange/Microlif.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/places/Tag.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <iterator>
@@ -14,15 +16,10 @@ namespace {
 constexpr std::string_view kFillers(" \t\r\n\x1A\0", 6);
 constexpr char kRecordEndSign = '`';
 constexpr std::string_view kLeaderLine = "LDR";
-constexpr std::string_view kLeaderTag = "000";
-constexpr std::size_t kIndicators = 2;
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
-}
+constexpr std::string_view kMicrolifLeaderTag = "000";
 
 bool IsControlTag(std::string_view tag) {
-    return tag.starts_with("00") && std::ranges::all_of(tag, IsDigit);
+    return tag.starts_with("00") && AreDigits(tag);
 }
 
 // Whether a line can begin with the tag: digits and letters, and not what begins a record.
@@ -30,7 +27,7 @@ bool IsCarried(std::string_view tag) {
     const auto isPart = [](char c) {
         return IsDigit(c) || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
     };
-    return tag.size() == kTagSize && tag != kLeaderLine && tag != kLeaderTag &&
+    return tag.size() == kTagSize && tag != kLeaderLine && tag != kMicrolifLeaderTag &&
            std::ranges::all_of(tag, isPart);
 }
 
@@ -54,8 +51,8 @@ std::string_view FirstLine(std::string_view block) {
     return isJoined ? line.substr(0, kHeaderSize) : line;
 }
 
-FaultCode FaultOf(std::string_view tag, std::string_view content) {
-    if (!std::ranges::all_of(tag, IsDigit)) return FaultCode::kNone;
+FaultCode CodeOfFault(std::string_view tag, std::string_view content) {
+    if (!AreDigits(tag)) return FaultCode::kNone;
     const bool isControl = IsControlTag(tag);
     const std::size_t first = std::min(content.find(zorby::kDelimiter), content.size());
     if (!isControl && first != kIndicators) return FaultCode::kNoIndicatorsBeforeDelimiter;
@@ -124,9 +121,9 @@ FaultCode MicrolifReader::ReadLine(std::string_view line, Record& record) {
     const std::string_view tag = line.substr(0, kTagSize);
     if (tag.size() < kTagSize) return FaultCode::kFieldWithoutTag;
     const bool isLeader = tag == kLeaderLine;
-    if (!isLeader && tag != kLeaderTag && !IsCarried(tag)) return FaultCode::kTagBytes;
+    if (!isLeader && tag != kMicrolifLeaderTag && !IsCarried(tag)) return FaultCode::kTagBytes;
     std::string text(line);
-    if (!isLeader && !std::ranges::all_of(tag, IsDigit)) text.replace(0, kTagSize, kAnyDataTag);
+    if (!isLeader && !AreDigits(tag)) text.replace(0, kTagSize, kAnyDataTag);
     pmarc_.Clear();
     pmarc_.AddOldMicrolifField(text.data(), static_cast<int>(text.size()));
     std::string& held = lines_.emplace_back(*pmarc_.begin());
@@ -137,7 +134,7 @@ FaultCode MicrolifReader::ReadLine(std::string_view line, Record& record) {
         return FaultCode::kNone;
     }
     const std::string_view content = std::string_view(held).substr(kTagSize);
-    const FaultCode code = FaultOf(tag, content);
+    const FaultCode code = CodeOfFault(tag, content);
     if (code == FaultCode::kNone) record.fields.push_back({tag, content});
     return code;
 }
@@ -169,7 +166,7 @@ void AppendMicrolif(const Record& record, std::string& text) {
     constexpr std::size_t kHeadSize = 30;  // with its ends, "^\r\n"
     constexpr std::size_t kEnds = 3;
     zorby::CPmarc pmarc;
-    pmarc.FieldAppend(kLeaderTag, InOneLine(record.leader));
+    pmarc.FieldAppend(kMicrolifLeaderTag, InOneLine(record.leader));
     std::vector<std::pair<std::size_t, std::string_view>> letters;
     std::size_t at = kHeadSize;
     for (const zorby::CommFormatField& field : record.fields) {
@@ -200,7 +197,7 @@ WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
     if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
     WriteResult result;
     FieldPlaces places;
-    CountMicrolifLosses({kLeaderTag, record.leader}, losses);
+    CountMicrolifLosses({kMicrolifLeaderTag, record.leader}, losses);
     const std::span fields = record.fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const bool isCarried = IsCarried(fields[i].tag);

@@ -2,6 +2,7 @@
 #include <quillory/exchange/Mrk.h>
 #include <quillory/exchange/MrkMnemonics.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Letters.h>
 
 #include <algorithm>
@@ -30,8 +31,7 @@ constexpr std::string_view kNumberSign = "{num}";
 
 constexpr std::size_t kTagEnd = 4;  // of a line
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kLeaderTag = "LDR";
-constexpr std::string_view kHexDigits = "0123456789ABCDEF";
+constexpr std::string_view kMrkLeaderTag = "LDR";
 
 bool IsNumber(std::string_view tag) {
     return std::all_of(tag.begin(), tag.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -155,7 +155,7 @@ std::string_view TagOf(std::string_view line) {
 ItemFault FaultInLine(FaultCode code, std::string_view line, const Record& record,
                       FieldPlaces& places, std::size_t offset) {
     ItemFault fault{{code}, offset};
-    if (HasTag(line) && TagOf(line) != kLeaderTag) {
+    if (HasTag(line) && TagOf(line) != kMrkLeaderTag) {
         fault.place = places.After(record.fields, TagOf(line));
     }
     if (code == FaultCode::kNoSubfieldCode) fault.allowed = "$";
@@ -313,14 +313,14 @@ FaultCode MrkReader::ReadLine(std::string_view line, Record& record) {
     text.remove_prefix(std::min({text.find_first_not_of(' '), text.size(), std::size_t{2}}));
     const LineKind kind = KindOf(tag);
     const std::size_t start = text_.size();
-    if (tag == kLeaderTag || kind == kControlLine) {
+    if (tag == kMrkLeaderTag || kind == kControlLine) {
         Unescape(text, '\\', 0);
     } else if (kind == kOtherLine) {
         Unescape(text, 0, '$');
     } else if (const FaultCode code = ReadData(text); code != FaultCode::kNone) {
         return code;
     }
-    if (tag == kLeaderTag) {
+    if (tag == kMrkLeaderTag) {
         if (text_.size() - start > zorby::kLeaderSize) return FaultCode::kLeaderTooLong;
         text_.resize(start + zorby::kLeaderSize, ' ');
         record.leader = Hold(start);
@@ -400,12 +400,13 @@ WriteResult MrkWriter::Write(const Record& record, Losses&) {
     WriteResult result;
     FieldPlaces places;
     text_.clear();
-    AppendLine(kLeaderTag, record.leader, kControlLine, text_);
+    AppendLine(kMrkLeaderTag, record.leader, kControlLine, text_);
     const std::span fields = record.fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (fields[i].tag == kLeaderTag) {
+        if (fields[i].tag == kMrkLeaderTag) {
             result.faults.push_back({FaultCode::kTagNotCarried,
-                                     places.After(fields.first(i), kLeaderTag), "the line form"});
+                                     places.After(fields.first(i), kMrkLeaderTag),
+                                     "the line form"});
         } else {
             AppendMrkField(fields[i], text_);
         }

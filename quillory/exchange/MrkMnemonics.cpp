@@ -1,4 +1,5 @@
 #include <quillory/exchange/MrkMnemonics.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <array>
@@ -7,14 +8,14 @@
 namespace quillory {
 namespace {
 
-struct Row {
+struct MnemonicRow {
     std::string_view name;
     std::string_view bytes;
 };
 
 // In the order of their names. Letters with an accent are below. For what MARC-8 lacked when the
 // table was made, the table has a letter or sign near it.
-constexpr Row kRows[] = {
+constexpr MnemonicRow kMnemonicRows[] = {
     {"AElig", "\xA5"},
     {"Acy", "A"},
     {"Bcy", "B"},
@@ -301,7 +302,7 @@ constexpr Row kRows[] = {
     {"zhcy", "zh"},
     {"zhuacy", "\xEBz\xECh"},
 };
-static_assert(std::ranges::is_sorted(kRows, {}, &Row::name));
+static_assert(std::ranges::is_sorted(kMnemonicRows, {}, &MnemonicRow::name));
 
 // Letters with an accent are named by both: "eacute".
 struct Accent {
@@ -332,9 +333,7 @@ constexpr std::string_view kWritten[] = {"Dstrok",   "commab",   "dotb",     "ds
                                          "hardsign", "mllhring", "mlrhring", "ogon",
                                          "ringb",    "softsign", "uml"};
 
-constexpr std::string_view kHexDigits = "0123456789ABCDEF";
-
-bool IsPlain(char c) {
+bool IsPlainByte(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
@@ -346,9 +345,9 @@ std::string AccentedBytes(std::string_view name) {
     return {};
 }
 
-const Row* RowOf(std::string_view bytes) {
-    const Row* first = nullptr;
-    for (const Row& row : kRows) {
+const MnemonicRow* RowOf(std::string_view bytes) {
+    const MnemonicRow* first = nullptr;
+    for (const MnemonicRow& row : kMnemonicRows) {
         if (row.bytes != bytes) continue;
         if (std::ranges::find(kWritten, row.name) != std::end(kWritten)) return &row;
         if (first == nullptr) first = &row;
@@ -360,9 +359,9 @@ const Row* RowOf(std::string_view bytes) {
 
 std::string MnemonicBytes(std::string_view name) {
     if (name.empty()) return {};
-    if (name.size() == 1) return IsPlain(name[0]) ? std::string(name) : std::string();
-    const auto* row = std::ranges::lower_bound(kRows, name, {}, &Row::name);
-    if (row != std::end(kRows) && row->name == name) return std::string(row->bytes);
+    if (name.size() == 1) return IsPlainByte(name[0]) ? std::string(name) : std::string();
+    const auto* row = std::ranges::lower_bound(kMnemonicRows, name, {}, &MnemonicRow::name);
+    if (row != std::end(kMnemonicRows) && row->name == name) return std::string(row->bytes);
     const std::size_t high = kHexDigits.find(name[0]);
     const std::size_t low = kHexDigits.find(name[1]);
     if (name.size() == 2 && high != name.npos && low != name.npos) {
@@ -377,7 +376,7 @@ std::string MnemonicOf(char byte) {
         std::array<std::string, 256> names;
         for (std::size_t i = 0; i < names.size(); ++i) {
             const char one = static_cast<char>(i);
-            const Row* row = RowOf({&one, 1});
+            const MnemonicRow* row = RowOf({&one, 1});
             names[i] = row != nullptr ? std::string(row->name)
                                       : std::string{kHexDigits[i / 16], kHexDigits[i % 16]};
         }

@@ -14,7 +14,7 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kBufferSize = std::size_t{1} << 18;
+constexpr std::size_t kOutputBufferSize = std::size_t{1} << 18;
 
 // Gives a new file the owner and the mode of the one that it is to replace, or else the mode of any
 // new file. Bits that lend an owner's rights are not given for another owner.
@@ -53,7 +53,7 @@ bool IsTooLong(const std::filesystem::path& folder, const std::filesystem::path&
 
 class Output::Packer {
 public:
-    explicit Packer(Output& output) : output_(output), packed_(kBufferSize) {
+    explicit Packer(Output& output) : output_(output), packed_(kOutputBufferSize) {
         constexpr int kGzip = 15 + 16;
         constexpr int kMemoryLevel = 8;
         if (deflateInit2(&stream_, Z_DEFAULT_COMPRESSION, Z_DEFLATED, kGzip, kMemoryLevel,
@@ -98,7 +98,7 @@ Output::Output(const std::string& path, OutputRole role, bool replacesProtected)
 }
 
 Output::Output(ToMemory, std::string& memory) : memory_(&memory) {
-    buffer_.resize(kBufferSize);
+    buffer_.resize(kOutputBufferSize);
 }
 
 Output::~Output() {
@@ -127,7 +127,7 @@ void Output::Make(bool replacesProtected) {
 
 void Output::Begin() {
     if (descriptor_ < 0) Fail("", errno);
-    buffer_.resize(kBufferSize);
+    buffer_.resize(kOutputBufferSize);
     if (isPacked_) packer_ = std::make_unique<Packer>(*this);
 }
 

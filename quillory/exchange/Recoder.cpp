@@ -10,13 +10,13 @@ namespace quillory {
 namespace {
 
 // Whether all of the fields are printable ASCII, the same in every character set.
-bool IsPlain(const Record& record) {
+bool IsPlainRecord(const Record& record) {
     return std::all_of(record.fields.begin(), record.fields.end(),
                        [](const auto& field) { return TextConverter::IsUntouched(field.content); });
 }
 
 // The two bytes of a data field that are no text.
-std::string_view IndicatorsOf(const zorby::CommFormatField& field) {
+std::string_view BytesOfIndicators(const zorby::CommFormatField& field) {
     return field.content.substr(0, field.IsDataField() ? 2 : 0);
 }
 
@@ -79,7 +79,7 @@ void Recoder::Replace(Record& record, TextConverter& converter, Losses& losses) 
     std::vector<std::size_t> ends;
     ends.reserve(record.fields.size());
     for (const zorby::CommFormatField& field : record.fields) {
-        const std::string_view indicators = IndicatorsOf(field);
+        const std::string_view indicators = BytesOfIndicators(field);
         for (const char c : indicators) text_ += CarriedIndicator(c, losses);
         AppendConverted(field.content.substr(indicators.size()), converter, text_, losses);
         ends.push_back(text_.size());
@@ -101,7 +101,7 @@ Recoder::Result Recoder::Recode(Record& record, Losses& losses) {
     const bool forced = options_.from != kCharsetAuto;
     if (options_.to == kCharsetAuto && !forced && !options_.form && !options_.verify) return result;
 
-    if (IsPlain(record)) {
+    if (IsPlainRecord(record)) {
         const Charset target = TargetFor(options_.from);
         if (target != kCharsetAuto) SetLabel(record, target);
         return result;

@@ -11,12 +11,12 @@ bool HoldsAnEnd(std::string_view text) {
     return text.find(zorby::kRecordEnd) != text.npos || text.find(zorby::kFieldEnd) != text.npos;
 }
 
-bool IsTag(std::string_view tag) {
+bool AreTagBytes(std::string_view tag) {
     return std::ranges::all_of(tag, [](char c) { return ' ' < c && c < 0x7F; });
 }
 
-FaultCode FaultOf(const zorby::CommFormatField& field) {
-    if (!IsTag(field.tag)) return FaultCode::kTagBytes;
+FaultCode CodeOfField(const zorby::CommFormatField& field) {
+    if (!AreTagBytes(field.tag)) return FaultCode::kTagBytes;
     if (field.IsDataField() && HasEmptyCode(field.content)) return FaultCode::kNoSubfieldCode;
     return HoldsAnEnd(field.content) ? FaultCode::kEndInText : FaultCode::kNone;
 }
@@ -27,7 +27,7 @@ std::optional<ItemFault> FaultOf(const Record& record) {
     if (HoldsAnEnd(record.leader)) return ItemFault{{FaultCode::kEndInText, Place::OfLeader()}};
     const std::span fields = record.fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        const FaultCode code = FaultOf(fields[i]);
+        const FaultCode code = CodeOfField(fields[i]);
         if (code == FaultCode::kNone) continue;
         const std::string allowed = code == FaultCode::kNoSubfieldCode ? "0x1F" : "";
         return ItemFault{{code, PlaceAfter(fields.first(i), fields[i].tag), {}, allowed}};

@@ -1,21 +1,20 @@
 #include <quillory/exchange/MarcXml.h>
 #include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/RecordText.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 
 namespace quillory {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
-
 std::string_view BlanksAtEnd(std::string_view text) {
-    return text.substr(text.find_last_not_of(kBlanks) + 1);
+    return text.substr(text.find_last_not_of(kWhiteSpace) + 1);
 }
 
-std::string_view WithoutBlanks(std::string_view text) {
+std::string_view WithoutWhiteSpace(std::string_view text) {
     text.remove_suffix(BlanksAtEnd(text).size());
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    text.remove_prefix(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
     return text;
 }
 
@@ -50,7 +49,7 @@ void SetNamespace(std::string& element) {
 RecordText TextAmongOthers(const Form& form, const Record& record, std::string_view former) {
     RecordText text = Written(form, record);
     if (text.fault || form.name == "marc") return text;
-    text.bytes = WithoutBlanks(text.bytes);
+    text.bytes = WithoutWhiteSpace(text.bytes);
     if (form.name == "marcxml" && !former.starts_with("<record>")) SetNamespace(text.bytes);
     text.bytes += BlanksAtEnd(former);
     return text;

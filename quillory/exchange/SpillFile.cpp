@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kBlock = 65536;
 
-[[noreturn]] void Fail(const char* what) {
+[[noreturn]] void FailToSpill(const char* what) {
     throw FileError(std::string("a temporary file ") + what + ": " + std::strerror(errno) +
                     "; TMPDIR names the folder of such files");
 }
@@ -31,7 +31,7 @@ SpillFile::SpillFile() {
     if (descriptor_ >= 0) return;
     std::string path = folder / "quillory-XXXXXX";
     descriptor_ = mkostemp(path.data(), O_CLOEXEC);
-    if (descriptor_ < 0) Fail("can't be made");
+    if (descriptor_ < 0) FailToSpill("can't be made");
     unlink(path.c_str());
 }
 
@@ -48,7 +48,7 @@ void SpillFile::Flush() {
     std::string_view bytes = pending_;
     while (!bytes.empty()) {
         const ssize_t size = write(descriptor_, bytes.data(), bytes.size());
-        if (size < 0 && errno != EINTR) Fail("can't be written");
+        if (size < 0 && errno != EINTR) FailToSpill("can't be written");
         if (size > 0) bytes.remove_prefix(static_cast<std::size_t>(size));
     }
     written_ += pending_.size();
@@ -62,7 +62,7 @@ std::size_t SpillFile::ReadAt(std::uint64_t offset, std::span<char> target) {
         const ssize_t size = pread(descriptor_, target.data() + done, target.size() - done,
                                    static_cast<off_t>(offset + done));
         if (size == 0) break;
-        if (size < 0 && errno != EINTR) Fail("can't be read");
+        if (size < 0 && errno != EINTR) FailToSpill("can't be read");
         if (size > 0) done += static_cast<std::size_t>(size);
     }
     return done;

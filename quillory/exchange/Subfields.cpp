@@ -1,12 +1,11 @@
 #include <quillory/exchange/Subfields.h>
+#include <quillory/places/Tag.h>
 #include <quillory/text/Utf8.h>
 
 #include <algorithm>
 
 namespace quillory {
 namespace {
-
-constexpr std::size_t kIndicators = 2;
 
 bool IsMadeOfSubfields(std::string_view content) {
     const std::size_t first = std::min(content.find(zorby::kDelimiter), content.size());

@@ -36,16 +36,16 @@ struct Slot {
 };
 std::atomic<Slot*> slots{};
 
-Slot& Remember(const std::string& path) {
+std::atomic<char*>& Remember(const std::string& path) {
     char* copy = strdup(path.c_str());
     for (Slot* slot = slots.load(); slot != nullptr; slot = slot->next) {
         char* none = nullptr;
-        if (slot->name.compare_exchange_strong(none, copy)) return *slot;
+        if (slot->name.compare_exchange_strong(none, copy)) return slot->name;
     }
     auto* slot = new Slot{copy, slots.load()};
     while (!slots.compare_exchange_weak(slot->next, slot)) {
     }
-    return *slot;
+    return slot->name;
 }
 
 extern "C" void EndBySignal(int signal) {
@@ -100,10 +100,10 @@ void RemoveFilesOfTheDead(const fs::path& folder) {
 // A name that is removed with the object, or when a signal ends the program.
 class UnfinishedFile::Name {
 public:
-    explicit Name(std::string path) : path_(std::move(path)), slot_(Remember(path_)) {}
+    explicit Name(std::string path) : path_(std::move(path)), remembered_(Remember(path_)) {}
     ~Name() {
         unlink(path_.c_str());
-        std::free(slot_.name.exchange(nullptr));
+        std::free(remembered_.exchange(nullptr));
     }
     Name(const Name&) = delete;
     Name& operator=(const Name&) = delete;
@@ -112,7 +112,7 @@ public:
 
 private:
     std::string path_;
-    Slot& slot_;
+    std::atomic<char*>& remembered_;
 };
 
 // A folder that this program writes into, with the lock that says so.

@@ -40,7 +40,7 @@ std::string Words(const char* message) {
     return words;
 }
 
-bool IsBlank(std::string_view text) {
+bool IsXmlBlank(std::string_view text) {
     return std::all_of(text.begin(), text.end(),
                        [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
 }
@@ -258,7 +258,7 @@ void XmlRecords::AddText(std::string_view text) {
     if (depth_ == 0 || foreign_ != 0 || current_.builder.Failed()) return;
     if (within_ != kRecord && within_ != kDataField) {
         text_ += text;
-    } else if (!IsBlank(text)) {
+    } else if (!IsXmlBlank(text)) {
         Mark(current_.builder.Fail(FaultCode::kMisplacedText));
     }
 }

@@ -8,7 +8,6 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kIndicators = 2;
 constexpr std::string_view kLocation = "852";
 
 // The prefix of a call number comes before the number itself, as it is read.

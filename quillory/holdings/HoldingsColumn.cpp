@@ -1,5 +1,6 @@
 #include <quillory/holdings/CompositeText.h>
 #include <quillory/holdings/HoldingsColumn.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/QmText.h>
 #include <zorby/format/MARCFormat.h>
 
@@ -9,12 +10,8 @@
 namespace quillory {
 namespace {
 
-char Lower(char c) {
-    return 'A' <= c && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
 bool SameName(std::string_view left, std::string_view right) {
-    return std::ranges::equal(left, right, {}, Lower, Lower);
+    return std::ranges::equal(left, right, {}, LowerAscii, LowerAscii);
 }
 
 // "852$z" or "852z".

@@ -2,6 +2,7 @@
 #include <quillory/holdings/CompositeText.h>
 #include <quillory/holdings/HoldingsFields.h>
 #include <quillory/places/Tag.h>
+#include <quillory/text/Marc8Escape.h>
 
 #include <algorithm>
 #include <iterator>
@@ -14,12 +15,10 @@ using zorby::CHoldingsDataRecord;
 using zorby::CInfoAboutHoldingsField;
 using zorby::CommFormatField;
 
-constexpr char kEscape = 0x1B;  // after it, a byte may be part of another character
-constexpr std::size_t kIndicators = 2;
 constexpr std::size_t kMostFields = 2;  // of a copy
 
 // The tags of the fields to which the elements go.
-std::vector<int> TagsOf(const CHoldingsDataRecord& copy) {
+std::vector<int> TagsOfCopy(const CHoldingsDataRecord& copy) {
     std::vector<int> tags;
     for (int i = 0; i < copy.GetSize() && tags.size() < kMostFields; ++i) {
         const auto* info = zorby::CInfoAboutHoldingsTypeList::FindFromID(copy.GetAt(i)->GetID());
@@ -121,7 +120,7 @@ void HoldingsFields::TakeCopy(const std::vector<CommFormatField>& fields,
             TakeSubfield(tag, {code, text}, copy);
         });
     }
-    std::vector<int> tags = TagsOf(copy.elements);
+    std::vector<int> tags = TagsOfCopy(copy.elements);
     CHoldingsDataRecord* third = nullptr;
     for (const auto& [tag, code, text] : copy.kept) {
         if (std::ranges::count(tags, tag) == 0 && tags.size() < kMostFields) tags.push_back(tag);
@@ -135,6 +134,7 @@ void HoldingsFields::TakeCopy(const std::vector<CommFormatField>& fields,
 }
 
 void HoldingsFields::TakeSubfield(int tag, const Subfield& subfield, CopyInHand& copy) const {
+    // After an escape a byte may be part of another character.
     const bool isPlain = subfield.text.find(kEscape) == subfield.text.npos;
     if (isPlain && (TakeLabelled(tag, subfield, copy) || TakeComposite(tag, subfield, copy) ||
                     TakeElement(Find(tag, subfield.code), subfield.text, copy))) {

@@ -14,8 +14,6 @@ namespace {
 
 using zorby::CommFormatField;
 
-constexpr std::size_t kIndicators = 2;
-
 // What a field says: its tag, its indicators and its subfields, in any order.
 struct Statement {
     std::string_view tag;

@@ -9,10 +9,6 @@
 namespace quillory {
 namespace {
 
-std::vector<std::string> WaysOf(const CompareOptions& options) {
-    return options.by.empty() ? std::vector<std::string>{"001"} : options.by;
-}
-
 PlaceSet IgnoredBy(const CompareOptions& options) {
     return options.ignored.empty() ? PlaceSet{} : ParsePlaces("--ignore", options.ignored);
 }
@@ -25,8 +21,8 @@ public:
           names_(options.input.charset),
           recordBefore_(options.input.charset, IgnoredBy(options)),
           recordAfter_(options.input.charset, IgnoredBy(options)),
-          before_(WaysOf(options), options.input.charset, reporter, WholeText()),
-          after_(WaysOf(options), options.input.charset, reporter, WholeText()) {}
+          before_(WaysToMatch(options.by), options.input.charset, reporter, WholeText()),
+          after_(WaysToMatch(options.by), options.input.charset, reporter, WholeText()) {}
 
     Status Read(const CompareOptions& options, DamageKeeper& damage) {
         Status status = kStatusWell;

@@ -8,14 +8,14 @@ namespace quillory {
 namespace {
 
 // The character set of records when they are edited; auto if each keeps its own.
-Charset CharsetOf(const InputOptions& input, const OutputOptions& output) {
+Charset EditCharset(const InputOptions& input, const OutputOptions& output) {
     const Charset charset = CharsetOfOutput(output);
     return charset != kCharsetAuto ? charset : input.charset;
 }
 
 EditorOptions EditorOptionsOf(const EditFilesOptions& options, const EditReport& report) {
     const bool isIso2709 = &FormOfOutput(options.output) == &Forms().front();
-    return {{CharsetOf(options.input, options.output), options.output.normalForm},
+    return {{EditCharset(options.input, options.output), options.output.normalForm},
             isIso2709 && options.output.writing.oversize == kOversizeRefuse,
             report.WantsLines()};
 }

@@ -10,25 +10,25 @@ namespace quillory {
 namespace {
 
 // The character set that records are written in; auto if each keeps its own.
-Charset CharsetOf(const ExportOptions& options) {
+Charset ExportCharset(const ExportOptions& options) {
     const Charset output = CharsetOfOutput(options.output);
     return output != kCharsetAuto ? output : options.input.charset;
 }
 
 // The dictionary of the format takes in fields of the holdings system, so it follows the choice.
 Checker PutAllInForce(const ExportOptions& options) {
-    Checker checker = MakeChecker(options.policy, CharsetOf(options));
+    Checker checker = MakeChecker(options.policy, ExportCharset(options));
     if (!ChooseHoldingsType(options.holdings)) return checker;
     const std::string& userDefined = options.policy.userDefined;
     LoadDictionaries(userDefined);
-    return Checker({CharsetOf(options), userDefined.empty()});
+    return Checker({ExportCharset(options), userDefined.empty()});
 }
 
 // Puts the copies into each record, and decides whether it may leave.
 class ExportRun {
 public:
     ExportRun(const ExportOptions& options, Checker& checker, Reporter& reporter)
-        : charset_(CharsetOf(options)),
+        : charset_(ExportCharset(options)),
           checker_(checker),
           reporter_(reporter),
           holdings_(options.holdings, options.input.files) {}

@@ -12,6 +12,11 @@
 
 namespace quillory {
 
+// The ways to match that are asked for; by control number if there are none.
+inline std::vector<std::string> WaysToMatch(const std::vector<std::string>& asked) {
+    return asked.empty() ? std::vector<std::string>{"001"} : asked;
+}
+
 // All records of a file, to be found by their keys.
 class KeyedFile {
 public:

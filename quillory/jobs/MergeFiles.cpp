@@ -11,10 +11,6 @@
 namespace quillory {
 namespace {
 
-std::vector<std::string> WaysOf(const MergeOptions& options) {
-    return options.by.empty() ? std::vector<std::string>{"001"} : options.by;
-}
-
 PlaceSet FieldsOf(const MergeOptions& options) {
     PlaceSet places = ParsePlaces("--fields", options.fields);
     for (const PlacePattern& pattern : places.patterns) {
@@ -49,8 +45,8 @@ public:
           fields_(FieldsOf(options)),
           target_(CharsetOfOutput(options.output)),
           reporter_(reporter),
-          keys_(WaysOf(options), options.input.charset),
-          others_(WaysOf(options), options.input.charset, reporter) {
+          keys_(WaysToMatch(options.by), options.input.charset),
+          others_(WaysToMatch(options.by), options.input.charset, reporter) {
         if (target_ == kCharsetAuto) target_ = options.input.charset;
     }
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::string_view kSign = "{}";
 constexpr std::size_t kMostOpen = 32;
-constexpr std::size_t kLongestName = 100;  // bytes of what stands for the sign
+constexpr std::size_t kLongestPart = 100;  // bytes of what stands for the sign
 constexpr std::size_t kDigits = 4;
 
 bool IsPlain(char c) {
@@ -32,7 +32,7 @@ std::string SafeFileName(std::string_view utf8) {
     std::string name;
     while (!utf8.empty()) {
         const Utf8Char c = DecodeUtf8(utf8);
-        if (name.size() + c.size > kLongestName) break;
+        if (name.size() + c.size > kLongestPart) break;
         const bool isKept = c.valid && (c.size == 1 ? IsPlain(utf8.front())
                                                     : c.codePoint >= kFirstLetterBeyondAscii);
         if (isKept) {

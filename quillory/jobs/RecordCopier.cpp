@@ -1,13 +1,13 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/RecordCopier.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 
 namespace quillory {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 // What belongs to the file; other filler does not.
@@ -18,11 +18,11 @@ bool IsFrame(const Item& item) {
 }
 
 std::string_view WithoutBlanksAtEnd(std::string_view text) {
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+    return text.substr(0, text.find_last_not_of(kWhiteSpace) + 1);
 }
 
 std::string_view BlanksAtEnd(std::string_view text) {
-    return text.substr(text.find_last_not_of(kBlanks) + 1);
+    return text.substr(text.find_last_not_of(kWhiteSpace) + 1);
 }
 
 // Whether a file goes on, after its records, with the end of what was begun before them.

@@ -15,7 +15,7 @@
 namespace quillory {
 namespace {
 
-const Form& FormOf(Input& input) {
+const Form& FormOfInput(Input& input) {
     const Form* form = FormOfContent(input);
     if (form == nullptr) form = FormOfFileName(input.Name());
     return form != nullptr ? *form : Forms().front();
@@ -56,7 +56,7 @@ bool IsUtf8Document(std::string_view head) {
     return !isOf16Bits && !namesAnother;
 }
 
-bool IsArray(std::string_view head) {
+bool BeginsArray(std::string_view head) {
     const std::size_t first = head.find_first_not_of("\xEF\xBB\xBF \t\r\n");
     return first != head.npos && head[first] == '[';
 }
@@ -68,9 +68,9 @@ RecordFile::RecordFile(const std::string& path)
     input_->GiveWhatUnpacks();
     const std::string_view head = input_->Peek(kHeadSize).substr(0, kHeadSize);
     isPacked_ = input_->IsPacked();
-    form_ = &FormOf(*input_);
+    form_ = &FormOfInput(*input_);
     isUtf8Document_ = IsUtf8Document(head);
-    isArray_ = form_->name == "jsonl" && IsArray(head);
+    isArray_ = form_->name == "jsonl" && BeginsArray(head);
     Open();
     reader_ = form_->makeReader(*input_, true);
 }

@@ -16,8 +16,6 @@ namespace {
 using zorby::CTemplate;
 using zorby::CTemplateList;
 
-constexpr std::size_t kIndicators = 2;
-
 std::string_view FirstOf(std::string_view tag, const Record& record) {
     for (const auto& field : record.fields) {
         if (field.tag == tag) return field.content;

@@ -47,7 +47,7 @@ bool IsAllowed(char c, const Place& place) {
     return place.IsLeader() ? ' ' <= c && c <= '~' : !IsControl(c);
 }
 
-std::string Hexadecimal(char byte) {
+std::string ByteText(char byte) {
     char text[8];
     std::snprintf(text, sizeof text, "0x%02X",
                   static_cast<unsigned>(static_cast<unsigned char>(byte)));
@@ -86,7 +86,7 @@ Fault FaultOfControlFields(const std::string& block) {
         if (bad == field.content.end()) continue;
         const int position = static_cast<int>(bad - field.content.begin());
         return {FaultCode::kOddByte, field.place.Positions(position, position),
-                QmToUtf8(workform.GetName()), Hexadecimal(*bad)};
+                QmToUtf8(workform.GetName()), ByteText(*bad)};
     }
     return {};
 }

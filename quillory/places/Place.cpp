@@ -1,4 +1,5 @@
 #include <quillory/places/Place.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <charconv>
@@ -13,13 +14,9 @@ bool IsGraphic(char c) {
     return ' ' < c && c <= '~';
 }
 
-char Lower(char c) {
-    return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 // Takes a word off the front of `text`, whatever its case.
 bool TakeWord(std::string_view word, std::string_view& text) {
-    if (!std::ranges::equal(text.substr(0, word.size()), word, {}, Lower)) return false;
+    if (!std::ranges::equal(text.substr(0, word.size()), word, {}, LowerAscii)) return false;
     text.remove_prefix(word.size());
     return true;
 }
@@ -60,7 +57,7 @@ bool TakeOccurrence(std::string_view& text, Place& place) {
 // The letter of a material, if it is there.
 void TakeMaterial(std::string_view& text, Place& place) {
     const bool isCoded = std::ranges::find(kCodedTags, place.Tag()) != std::end(kCodedTags);
-    const char letter = text.empty() ? '\0' : Lower(text.front());
+    const char letter = text.empty() ? '\0' : LowerAscii(text.front());
     if (!isCoded || letter < 'a' || letter > 'z') return;
     place.material = letter;
     text.remove_prefix(1);

@@ -1,4 +1,5 @@
 #include <quillory/queries/NumberTest.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <charconv>
@@ -12,10 +13,6 @@ constexpr std::size_t kDaySize = 8;
 constexpr unsigned kDateEntered = 8;  // 008/00-05 is the date entered on file
 constexpr unsigned kDateOfLatest = 5;
 constexpr int kLastOfDateEntered = 5;
-
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
-}
 
 std::size_t DigitsAt(std::string_view text, std::size_t at) {
     std::size_t end = at;
@@ -56,13 +53,8 @@ std::optional<double> FirstNumber(std::string_view text) {
     }
 }
 
-std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
-    return text.substr(first, text.find_last_not_of(' ') + 1 - first);
-}
-
 std::optional<double> WholeNumber(std::string_view text) {
-    text = Trimmed(text);
+    text = WithoutBlanks(text);
     if (text.empty() || DigitsAt(text, 0) != text.size()) return std::nullopt;
     return NumberOf(text);
 }
@@ -126,7 +118,7 @@ std::string DateOfNumber(std::string_view digits) {
 std::optional<NumberTest> NumberTest::Of(NumberOperator op, std::string_view text) {
     NumberTest test;
     test.op_ = op;
-    text = Trimmed(text);
+    text = WithoutBlanks(text);
     if (text.empty() || !IsDigit(text.front())) return std::nullopt;
     const std::string date = DateAt(text);
     const std::size_t dashes = static_cast<std::size_t>(std::ranges::count(text, '-'));

@@ -1,5 +1,6 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/queries/RecordNumbers.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <charconv>
@@ -10,22 +11,17 @@ namespace {
 
 using Range = std::pair<std::uint64_t, std::uint64_t>;
 
-std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
-    return text.substr(first, text.find_last_not_of(' ') + 1 - first);
-}
-
-std::optional<std::uint64_t> NumberOf(std::string_view text) {
+std::optional<std::uint64_t> ParseNumber(std::string_view text) {
     std::uint64_t number = 0;
     const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
     const bool isWhole = read.ec == std::errc() && read.ptr == text.data() + text.size();
     return isWhole && number != 0 ? std::optional(number) : std::nullopt;
 }
 
-std::optional<Range> RangeOf(std::string_view text) {
+std::optional<Range> ParseRange(std::string_view text) {
     const std::size_t dash = text.find('-');
-    const auto first = NumberOf(Trimmed(text.substr(0, dash)));
-    const auto last = dash == text.npos ? first : NumberOf(Trimmed(text.substr(dash + 1)));
+    const auto first = ParseNumber(WithoutBlanks(text.substr(0, dash)));
+    const auto last = dash == text.npos ? first : ParseNumber(WithoutBlanks(text.substr(dash + 1)));
     if (!first || !last || *last < *first) return std::nullopt;
     return Range{*first, *last};
 }
@@ -56,7 +52,7 @@ RecordNumbersReading ParseRecordNumbers(std::string_view text) {
     std::size_t at = 0;
     while (at <= text.size()) {
         const std::string_view part = text.substr(at, text.find(',', at) - at);
-        const auto range = RangeOf(Trimmed(part));
+        const auto range = ParseRange(WithoutBlanks(part));
         if (!range) {
             TextFault fault{{FaultCode::kNoRecordNumbers}, at, part.size()};
             fault.found = text;

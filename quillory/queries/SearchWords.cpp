@@ -1,6 +1,7 @@
 #include <quillory/queries/PlaceSet.h>
 #include <quillory/queries/Query.h>
 #include <quillory/queries/SearchWords.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <array>
@@ -9,17 +10,15 @@
 namespace quillory {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
-
 std::vector<std::string> WordsOf(std::string_view typed) {
     std::vector<std::string> words;
     while (true) {
-        typed.remove_prefix(std::min(typed.find_first_not_of(kBlanks), typed.size()));
+        typed.remove_prefix(std::min(typed.find_first_not_of(kWhiteSpace), typed.size()));
         if (typed.empty()) return words;
         const bool isQuoted = typed.front() == '"';
         if (isQuoted) typed.remove_prefix(1);
         const std::size_t size =
-            std::min(isQuoted ? typed.find('"') : typed.find_first_of(kBlanks), typed.size());
+            std::min(isQuoted ? typed.find('"') : typed.find_first_of(kWhiteSpace), typed.size());
         if (size > 0) words.emplace_back(typed.substr(0, size));
         typed.remove_prefix(std::min(size + 1, typed.size()));
     }

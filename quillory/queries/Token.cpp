@@ -1,17 +1,13 @@
 #include <quillory/queries/Token.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 
 namespace quillory {
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kMarks = "\"'";
 constexpr std::string_view kEndsOfWords = " \t\r\n(),=<>";
-
-char Lower(char c) {
-    return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 std::size_t SizeOfSign(std::string_view text) {
     for (const std::string_view sign : {"!=", "<=", ">="}) {
@@ -39,7 +35,7 @@ std::size_t SizeOfWord(std::string_view text) {
 }  // namespace
 
 bool Token::IsWord(std::string_view word) const {
-    return kind == kTokenWord && std::ranges::equal(bytes, word, {}, Lower);
+    return kind == kTokenWord && std::ranges::equal(bytes, word, {}, LowerAscii);
 }
 
 std::string Token::Text() const {
@@ -55,7 +51,7 @@ std::string Token::Text() const {
 
 Token TokenAt(std::string_view expression, std::size_t offset) {
     const std::size_t start =
-        std::min(expression.find_first_not_of(kBlanks, offset), expression.size());
+        std::min(expression.find_first_not_of(kWhiteSpace, offset), expression.size());
     const std::string_view rest = expression.substr(start);
     if (rest.empty()) return {kTokenEnd, start, rest};
     if (const std::size_t size = SizeOfSign(rest)) return {kTokenSign, start, rest.substr(0, size)};

@@ -1,14 +1,13 @@
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/RecordCharset.h>
+#include <quillory/places/Tag.h>
 #include <quillory/queries/Values.h>
 
 #include <algorithm>
 
 namespace quillory {
 namespace {
-
-constexpr std::size_t kIndicators = 2;
 
 // Whether a control field is of the material that a place names, as "006m" does.
 bool IsOfMaterial(const Place& place, std::string_view leader, std::string_view content) {

@@ -11,18 +11,18 @@ namespace {
 
 using namespace zorby;
 
-constexpr std::string_view kTag006 = "006";
-constexpr std::string_view kTag007 = "007";
-constexpr std::string_view kTag008 = "008";
+constexpr std::string_view k006 = "006";
+constexpr std::string_view k007 = "007";
+constexpr std::string_view k008 = "008";
 
 // Of several 008 the first one that has the length of the format, or else the first one.
 std::size_t IndexOf008(const Record& record) {
     const auto length = static_cast<std::size_t>(LengthOfForm(CF008Standard));
     const auto& fields = record.fields;
     const auto whole = std::ranges::find_if(fields, [&](const CommFormatField& field) {
-        return field.tag == kTag008 && field.content.size() == length;
+        return field.tag == k008 && field.content.size() == length;
     });
-    const auto first = std::ranges::find(fields, kTag008, &CommFormatField::tag);
+    const auto first = std::ranges::find(fields, k008, &CommFormatField::tag);
     return static_cast<std::size_t>((whole == fields.end() ? first : whole) - fields.begin());
 }
 
@@ -56,14 +56,12 @@ void CodedFields::Collect(const Record& record) {
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
         const CommFormatField& field = record.fields[i];
         if (!field.IsControlField()) continue;
-        if (field.tag == kTag006) {
-            Add(i, Place::OfField(kTag006, ++count006), MaterialOf006(field.content),
-                field.content);
-        } else if (field.tag == kTag007) {
-            Add(i, Place::OfField(kTag007, ++count007), CategoryOf007(field.content),
-                field.content);
-        } else if (field.tag == kTag008) {
-            const Place place = Place::OfField(kTag008, ++count008);
+        if (field.tag == k006) {
+            Add(i, Place::OfField(k006, ++count006), MaterialOf006(field.content), field.content);
+        } else if (field.tag == k007) {
+            Add(i, Place::OfField(k007, ++count007), CategoryOf007(field.content), field.content);
+        } else if (field.tag == k008) {
+            const Place place = Place::OfField(k008, ++count008);
             if (i == main008) {
                 Add(i, place, CF008Standard, field.content);
             } else {

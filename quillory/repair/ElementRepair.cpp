@@ -52,7 +52,7 @@ bool IsNumber(std::string_view value) {
     return value.find_first_not_of("0123456789 ") == value.npos;
 }
 
-std::string_view WithoutBlanks(std::string_view value) {
+std::string_view WithoutBlanksAtEnd(std::string_view value) {
     return value.substr(0, value.find_last_not_of(' ') + 1);
 }
 
@@ -112,7 +112,7 @@ bool ElementRepair::MayBeCut(std::string_view country) const {
 Judgement ElementRepair::JudgeCountryCode(const Element& element, std::string_view value,
                                           const RecordEvidence& facts) {
     const std::string lower = AsciiLower(value);
-    const std::string_view code = WithoutBlanks(lower);
+    const std::string_view code = WithoutBlanksAtEnd(lower);
     const std::string iso(MarcCountryOf(code));
     if (allowed_.Allows(element, lower)) {
         if (iso.empty() || iso == lower) return {RepairClass::Case, lower};

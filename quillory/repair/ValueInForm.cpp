@@ -1,5 +1,6 @@
 #include <quillory/coded/CodeLists.h>
 #include <quillory/repair/ValueInForm.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 
@@ -11,10 +12,6 @@ using namespace zorby;
 constexpr std::string_view kDigits = "0123456789";
 // What stands for a digit that is not known.
 constexpr std::string_view kUnknownDigits = "uUxX-?|";
-
-bool IsDigit(char c) {
-    return kDigits.find(c) != kDigits.npos;
-}
 
 // With `unknown` for each digit that is marked as unknown. What has no digit, and was not coded in
 // part, is not said to be unknown.

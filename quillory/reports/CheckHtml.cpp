@@ -16,12 +16,7 @@ namespace {
 constexpr std::uint64_t kMostFiles = 50;
 constexpr std::uint64_t kMostDamages = 1000;
 
-std::string Tile(std::string_view kind, std::uint64_t count, std::string_view text) {
-    return "<li class=\"" + std::string(kind) + "\"><b>" + std::to_string(count) + "</b>" +
-           std::string(text) + "</li>\n";
-}
-
-std::string Tiles(const CheckTotals& totals) {
+std::string CheckTiles(const CheckTotals& totals) {
     return Tile("", totals.records, "records checked") +
            Tile("ok", totals.verdicts[kMayGo], "well or with notes alone") +
            Tile("warning", totals.verdicts[kMayGoWithWarnings], "with warnings") +
@@ -31,9 +26,9 @@ std::string Tiles(const CheckTotals& totals) {
 
 // A page that stands alone. Rows and records wait in files of their own until the totals, which
 // stand above them, are known.
-class HtmlReport : public CheckReport {
+class CheckHtmlReport : public CheckReport {
 public:
-    HtmlReport(std::unique_ptr<Output> output, std::uint64_t rows, Reporter& reporter)
+    CheckHtmlReport(std::unique_ptr<Output> output, std::uint64_t rows, Reporter& reporter)
         : output_(std::move(output)), rowsWanted_(rows), reporter_(reporter), printer_(reporter) {}
 
     void TakeRecord(const CheckedRecord& record) override {
@@ -59,7 +54,7 @@ public:
         const PageSlots slots = {
             {"style", [this] { output_->Write(kCheckStyle); }},
             {"files", [this] { output_->Write(Files()); }},
-            {"tiles", [&] { output_->Write(Tiles(totals)); }},
+            {"tiles", [&] { output_->Write(CheckTiles(totals)); }},
             {"findings-chart", [&] { output_->Write(FindingsChart(totals)); }},
             {"materials-chart", [&] { output_->Write(MaterialsChart(totals)); }},
             {"fields-chart", [&] { output_->Write(FieldsChart(totals)); }},
@@ -146,7 +141,7 @@ private:
 std::unique_ptr<CheckReport> MakeHtmlCheckReport(std::unique_ptr<Output> output,
                                                  const CheckReportOptions& options,
                                                  Reporter& reporter) {
-    return std::make_unique<HtmlReport>(std::move(output), options.rows, reporter);
+    return std::make_unique<CheckHtmlReport>(std::move(output), options.rows, reporter);
 }
 
 }  // namespace quillory

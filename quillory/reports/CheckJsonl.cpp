@@ -37,9 +37,9 @@ void ToJson(const Remark& remark, JsonWriter& json) {
 namespace {
 
 // An object for each record or damage, in a line of its own.
-class JsonlReport : public CheckReport {
+class CheckJsonlReport : public CheckReport {
 public:
-    JsonlReport(std::unique_ptr<Output> output, Reporter& reporter)
+    CheckJsonlReport(std::unique_ptr<Output> output, Reporter& reporter)
         : output_(std::move(output)), reporter_(reporter) {}
 
     void TakeRecord(const CheckedRecord& record) override {
@@ -89,7 +89,7 @@ private:
 std::unique_ptr<CheckReport> MakeJsonlCheckReport(std::unique_ptr<Output> output,
                                                   const CheckReportOptions& /*options*/,
                                                   Reporter& reporter) {
-    return std::make_unique<JsonlReport>(std::move(output), reporter);
+    return std::make_unique<CheckJsonlReport>(std::move(output), reporter);
 }
 
 }  // namespace quillory

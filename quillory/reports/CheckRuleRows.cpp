@@ -4,7 +4,7 @@
 namespace quillory {
 namespace {
 
-std::string Row(const RuleCount& count) {
+std::string RuleRow(const RuleCount& count) {
     const std::string severity(SeverityText(count.severity));
     const std::string name = HtmlText(count.rule->name);
     return "<tr><td class=\"" + severity + "\">" + severity +
@@ -21,7 +21,7 @@ std::string CheckRuleRows(const CheckTotals& totals) {
     std::string rows;
     for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
         for (const RuleCount& count : totals.MostFrequentFirst()) {
-            if (count.severity == severity) rows += Row(count);
+            if (count.severity == severity) rows += RuleRow(count);
         }
     }
     return rows;

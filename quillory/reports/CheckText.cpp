@@ -8,9 +8,9 @@ namespace quillory {
 namespace {
 
 // A line for each finding, or for the first few by each rule, and a table of the rules at the end.
-class TextReport : public CheckReport {
+class CheckTextReport : public CheckReport {
 public:
-    TextReport(std::unique_ptr<Output> output, bool showsEach, Reporter& reporter)
+    CheckTextReport(std::unique_ptr<Output> output, bool showsEach, Reporter& reporter)
         : output_(std::move(output)), showsEach_(showsEach), reporter_(reporter) {}
 
     void TakeRecord(const CheckedRecord& record) override {
@@ -86,7 +86,7 @@ private:
 std::unique_ptr<CheckReport> MakeTextCheckReport(std::unique_ptr<Output> output,
                                                  const CheckReportOptions& options,
                                                  Reporter& reporter) {
-    return std::make_unique<TextReport>(std::move(output), options.showsEach, reporter);
+    return std::make_unique<CheckTextReport>(std::move(output), options.showsEach, reporter);
 }
 
 }  // namespace quillory

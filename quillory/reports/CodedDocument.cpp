@@ -6,7 +6,7 @@
 namespace quillory {
 namespace {
 
-CodedElementDocument DocumentOf(const NamedElement& named, const CodeLists& lists) {
+CodedElementDocument ElementDocumentOf(const NamedElement& named, const CodeLists& lists) {
     const Element& element = *named.element;
     CodedElementDocument document;
     document.place = ElementPlaceText(element, named.in008);
@@ -37,7 +37,7 @@ void Append(const std::vector<Item>& from, std::vector<Item>& to) {
 CodedElements DescribeElements(const std::vector<NamedElement>& elements, const CodeLists& lists) {
     CodedElements documents;
     for (const NamedElement& named : elements) {
-        const CodedElementDocument document = DocumentOf(named, lists);
+        const CodedElementDocument document = ElementDocumentOf(named, lists);
         const auto same = std::ranges::find_if(
             documents, [&document](const auto& other) { return IsSame(other, document); });
         if (same == documents.end()) {

@@ -7,12 +7,7 @@
 namespace quillory {
 namespace {
 
-std::string Tile(std::string_view kind, std::uint64_t count, std::string_view text) {
-    return "<li class=\"" + std::string(kind) + "\"><b>" + std::to_string(count) + "</b>" +
-           std::string(text) + "</li>\n";
-}
-
-std::string Tiles(const CompareTotals& totals) {
+std::string CompareTiles(const CompareTotals& totals) {
     std::string tiles = Tile("ok", totals.same, "the same") +
                         Tile("warning", totals.changed, "changed") +
                         Tile("error", totals.gone, "gone") + Tile("", totals.added, "new");
@@ -21,20 +16,20 @@ std::string Tiles(const CompareTotals& totals) {
     return tiles;
 }
 
-std::string Cell(std::string_view kind, std::string_view text) {
+std::string CompareCell(std::string_view kind, std::string_view text) {
     return "<td class=\"" + std::string(kind) + "\">" + HtmlText(text) + "</td>";
 }
 
 // The style of an outcome on the page.
-std::string_view KindOf(CompareOutcome outcome) {
+std::string_view StyleOf(CompareOutcome outcome) {
     if (outcome == CompareOutcome::New) return "ok";
     return outcome == CompareOutcome::Changed ? "warning" : "error";
 }
 
 // A page that stands alone. Rows wait in a file of their own until the totals above them are known.
-class HtmlReport : public CompareReport {
+class CompareHtmlReport : public CompareReport {
 public:
-    HtmlReport(const CompareReportOptions& options, Reporter& reporter)
+    CompareHtmlReport(const CompareReportOptions& options, Reporter& reporter)
         : output_(options.output), most_(options.rows), reporter_(reporter) {}
 
     void Take(const ComparedRecord& record) override {
@@ -45,7 +40,7 @@ public:
     void Finish(const CompareTotals& totals) override {
         const PageSlots slots = {
             {"style", [this] { output_.Write(kCheckStyle); }},
-            {"tiles", [&] { output_.Write(Tiles(totals)); }},
+            {"tiles", [&] { output_.Write(CompareTiles(totals)); }},
             {"note", [this] { output_.Write(Note()); }},
             {"rows", [this] { rows_.CopyTo(output_); }},
             {"script", [this] { output_.Write(kCheckScript); }},
@@ -59,14 +54,15 @@ private:
     void AddRow(const ComparedRecord& record, const FieldChange* change) {
         if (++count_ > most_ && most_ != 0) return;
         const RecordName& name = record.before != nullptr ? *record.before : *record.after;
-        std::string row = "<tr>" + Cell(KindOf(record.outcome), OutcomeText(record.outcome)) +
-                          Cell("id", name.controlNumber) +
-                          Cell("number", std::to_string(name.number)) + Cell("title", name.title);
+        std::string row =
+            "<tr>" + CompareCell(StyleOf(record.outcome), OutcomeText(record.outcome)) +
+            CompareCell("id", name.controlNumber) +
+            CompareCell("number", std::to_string(name.number)) + CompareCell("title", name.title);
         const bool isBefore = change != nullptr && change->isBefore;
         const bool isAfter = change != nullptr && change->isAfter;
-        row += Cell("field", change == nullptr ? "" : change->tag);
-        row += Cell("finding", isBefore ? FieldLine(change->tag, change->before) : "");
-        row += Cell("finding", isAfter ? FieldLine(change->tag, change->after) : "");
+        row += CompareCell("field", change == nullptr ? "" : change->tag);
+        row += CompareCell("finding", isBefore ? FieldLine(change->tag, change->before) : "");
+        row += CompareCell("finding", isAfter ? FieldLine(change->tag, change->after) : "");
         rows_.Write(row + "</tr>\n");
     }
 
@@ -87,7 +83,7 @@ private:
 
 std::unique_ptr<CompareReport> MakeHtmlCompareReport(const CompareReportOptions& options,
                                                      Reporter& reporter) {
-    return std::make_unique<HtmlReport>(options, reporter);
+    return std::make_unique<CompareHtmlReport>(options, reporter);
 }
 
 }  // namespace quillory

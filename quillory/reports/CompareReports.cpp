@@ -7,7 +7,7 @@
 namespace quillory {
 namespace {
 
-CompareFormat FormatOf(const CompareReportOptions& options) {
+CompareFormat FormatOfCompare(const CompareReportOptions& options) {
     if (options.format != kCompareByName) return options.format;
     std::string_view name = options.output;
     if (name.ends_with(".gz")) name.remove_suffix(3);
@@ -19,9 +19,9 @@ void SayTotals(const CompareTotals& totals, const Reporter& reporter) {
     if (!reporter.Quiet()) reporter.Say(TotalsText(totals));
 }
 
-class TextReport : public CompareReport {
+class CompareTextReport : public CompareReport {
 public:
-    TextReport(const CompareReportOptions& options, Reporter& reporter)
+    CompareTextReport(const CompareReportOptions& options, Reporter& reporter)
         : output_(options.output), colour_(options.colour), reporter_(reporter) {}
 
     void Take(const ComparedRecord& record) override {
@@ -76,9 +76,9 @@ void AddName(std::string_view member, const RecordName* name, JsonWriter& json) 
     name == nullptr ? json.Null() : json.Value(*name);
 }
 
-class JsonlReport : public CompareReport {
+class CompareJsonlReport : public CompareReport {
 public:
-    JsonlReport(const CompareReportOptions& options, Reporter& reporter)
+    CompareJsonlReport(const CompareReportOptions& options, Reporter& reporter)
         : output_(options.output), reporter_(reporter) {}
 
     void Take(const ComparedRecord& record) override {
@@ -139,13 +139,13 @@ std::string TotalsText(const CompareTotals& totals) {
 
 std::unique_ptr<CompareReport> MakeCompareReport(const CompareReportOptions& options,
                                                  Reporter& reporter) {
-    switch (FormatOf(options)) {
+    switch (FormatOfCompare(options)) {
         case kCompareJsonl:
-            return std::make_unique<JsonlReport>(options, reporter);
+            return std::make_unique<CompareJsonlReport>(options, reporter);
         case kCompareHtml:
             return MakeHtmlCompareReport(options, reporter);
         default:
-            return std::make_unique<TextReport>(options, reporter);
+            return std::make_unique<CompareTextReport>(options, reporter);
     }
 }
 

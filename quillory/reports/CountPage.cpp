@@ -10,15 +10,15 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kMostBars = 30;
+constexpr std::size_t kMostCountBars = 30;
 
-std::string Tile(std::uint64_t count, std::string_view text) {
+std::string PlainTile(std::uint64_t count, std::string_view text) {
     return "<li><b>" + std::to_string(count) + "</b>" + std::string(text) + "</li>\n";
 }
 
-std::string Tiles(const CountDocument& document) {
-    return Tile(document.records, "records") + Tile(document.fields, "fields") +
-           Tile(document.subfields, "subfields");
+std::string CountTiles(const CountDocument& document) {
+    return PlainTile(document.records, "records") + PlainTile(document.fields, "fields") +
+           PlainTile(document.subfields, "subfields");
 }
 
 std::string LabelOf(const CountRow& row) {
@@ -29,7 +29,7 @@ std::string LabelOf(const CountRow& row) {
 std::string ChartOf(const CountTable& table) {
     std::vector<CountRow> rows = table.rows;
     std::ranges::stable_sort(rows, std::ranges::greater(), &CountRow::count);
-    rows.resize(std::min(rows.size(), kMostBars));
+    rows.resize(std::min(rows.size(), kMostCountBars));
     std::vector<Bar> bars;
     bars.reserve(rows.size());
     for (const CountRow& row : rows) bars.push_back({LabelOf(row), {{"ok", "count", row.count}}});
@@ -58,14 +58,14 @@ void WriteTable(const CountTable& table, Output& output) {
     if (!note.empty()) output.Write("<p class=\"note\">" + note + "</p>\n");
 }
 
-struct FormatRow {
+struct CountFormatRow {
     CountFormat format;
     std::string_view name;
     std::string_view ending;  // of the names of outputs, also before ".gz"
 };
 
 // The first is that of an output with any other name.
-constexpr std::array<FormatRow, 4> kFormats{{
+constexpr std::array<CountFormatRow, 4> kCountFormats{{
     {kCountText, "text", ""},
     {kCountTsv, "tsv", ".tsv"},
     {kCountJson, "json", ".json"},
@@ -74,10 +74,10 @@ constexpr std::array<FormatRow, 4> kFormats{{
 
 CountFormat FormatOfName(std::string_view path) {
     if (path.ends_with(".gz")) path.remove_suffix(3);
-    const auto row = std::ranges::find_if(kFormats, [path](const FormatRow& known) {
+    const auto row = std::ranges::find_if(kCountFormats, [path](const CountFormatRow& known) {
         return !known.ending.empty() && path.ends_with(known.ending);
     });
-    return row == kFormats.end() ? kCountText : row->format;
+    return row == kCountFormats.end() ? kCountText : row->format;
 }
 
 }  // namespace
@@ -85,7 +85,7 @@ CountFormat FormatOfName(std::string_view path) {
 void WriteCountPage(const CountDocument& document, Output& output) {
     const PageSlots slots = {
         {"style", [&] { output.Write(kCheckStyle); }},
-        {"tiles", [&] { output.Write(Tiles(document)); }},
+        {"tiles", [&] { output.Write(CountTiles(document)); }},
         {"tables",
          [&] {
              for (const CountTable& table : document.tables) WriteTable(table, output);
@@ -96,8 +96,8 @@ void WriteCountPage(const CountDocument& document, Output& output) {
 
 std::vector<std::pair<std::string, CountFormat>> CountFormatNames() {
     std::vector<std::pair<std::string, CountFormat>> names;
-    names.reserve(kFormats.size());
-    for (const FormatRow& row : kFormats) names.emplace_back(row.name, row.format);
+    names.reserve(kCountFormats.size());
+    for (const CountFormatRow& row : kCountFormats) names.emplace_back(row.name, row.format);
     return names;
 }
 

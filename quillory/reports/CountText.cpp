@@ -7,8 +7,8 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kWidestValue = 60;
-constexpr std::size_t kNumberWidth = 9;
+constexpr std::size_t kWidestCounted = 60;
+constexpr std::size_t kCountWidth = 9;
 
 // Blanks of coded values are seen as "#".
 std::string ValueShown(const CountTable& table, const CountRow& row) {
@@ -19,13 +19,12 @@ std::string ValueShown(const CountTable& table, const CountRow& row) {
 
 std::string TableText(const CountTable& table) {
     const auto shown = [&table](const CountRow& row) { return ValueShown(table, row); };
-    const std::size_t width = std::clamp<std::size_t>(Widest(table.rows, shown), 5, kWidestValue);
-    std::string text = "\n" + Padded(table.of, width) + RightAligned("records", kNumberWidth) +
-                       RightAligned("count", kNumberWidth) + "\n";
+    const std::size_t width = std::clamp<std::size_t>(Widest(table.rows, shown), 5, kWidestCounted);
+    std::string text = "\n" + Padded(table.of, width) + RightAligned("records", kCountWidth) +
+                       RightAligned("count", kCountWidth) + "\n";
     for (const CountRow& row : table.rows) {
-        text += Padded(shown(row), width) +
-                RightAligned(std::to_string(row.records), kNumberWidth) +
-                RightAligned(std::to_string(row.count), kNumberWidth);
+        text += Padded(shown(row), width) + RightAligned(std::to_string(row.records), kCountWidth) +
+                RightAligned(std::to_string(row.count), kCountWidth);
         text += (row.name.empty() ? "" : "  " + row.name) + "\n";
     }
     if (table.moreRows != 0) text += "and " + Counted(table.moreRows, "other value") + "\n";
@@ -34,7 +33,7 @@ std::string TableText(const CountTable& table) {
 }
 
 // A cell holds no tab and no line end.
-std::string Cell(std::string_view text) {
+std::string TsvCell(std::string_view text) {
     std::string cell(text);
     std::ranges::replace_if(
         cell, [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
@@ -55,8 +54,8 @@ std::string ToTsv(const CountDocument& document) {
     std::string text = "table\tvalue\tname\trecords\tcount\n";
     for (const CountTable& table : document.tables) {
         for (const CountRow& row : table.rows) {
-            text += Cell(table.of) + "\t" + Cell(row.value) + "\t" + Cell(row.name) + "\t" +
-                    std::to_string(row.records) + "\t" + std::to_string(row.count) + "\n";
+            text += TsvCell(table.of) + "\t" + TsvCell(row.value) + "\t" + TsvCell(row.name) +
+                    "\t" + std::to_string(row.records) + "\t" + std::to_string(row.count) + "\n";
         }
     }
     return text;

@@ -11,7 +11,7 @@ std::string NameLine(const RecordName& name) {
     return Visible(ShortText(name, "") + (name.title.empty() ? "" : " " + name.title));
 }
 
-std::string TextOf(const Duplicate& duplicate) {
+std::string DuplicateText(const Duplicate& duplicate) {
     return Visible(duplicate.key) + "\n  kept     " + NameLine(duplicate.kept) + "\n  removed  " +
            NameLine(duplicate.removed) + "\n";
 }
@@ -58,7 +58,7 @@ void DedupeMessages::Take(const Item& item, const std::function<Duplicate()>& fi
     });
     if (!file_) return;
     const Duplicate duplicate = find();
-    file_->Write(isJson_ ? JsonOf(duplicate) : TextOf(duplicate));
+    file_->Write(isJson_ ? JsonOf(duplicate) : DuplicateText(duplicate));
 }
 
 void DedupeMessages::Complete() {

@@ -6,7 +6,7 @@ namespace {
 
 // Both have these facts.
 template <class Document>
-std::string Facts(const Document& document) {
+std::string FieldFacts(const Document& document) {
     std::string facts = document.repeatable ? "repeatable" : "not repeatable";
     if (document.mandatory) facts += ", required";
     if (document.userDefined) facts += ", user-defined";
@@ -26,13 +26,13 @@ std::string ToText(const IndicatorDocument& indicator) {
 }
 
 std::string ToText(const SubfieldDocument& subfield) {
-    std::string text = "    " + Padded(subfield.name + " ", 48) + Facts(subfield);
+    std::string text = "    " + Padded(subfield.name + " ", 48) + FieldFacts(subfield);
     if (subfield.prompted) text += ", prompted";
     return text + "\n";
 }
 
 std::string ToText(const FieldDocument& field) {
-    std::string text = field.name + ", " + Facts(field) + "\n";
+    std::string text = field.name + ", " + FieldFacts(field) + "\n";
     if (!field.explanation.empty()) text += Paragraph(field.explanation, 4);
     for (const IndicatorDocument& indicator : field.indicators) text += ToText(indicator);
     if (field.subfields) {

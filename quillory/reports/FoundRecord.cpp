@@ -4,7 +4,7 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kNumberWidth = 7;
+constexpr std::size_t kFoundNumberWidth = 7;
 constexpr std::size_t kControlNumberWidth = 14;
 constexpr std::size_t kPlaceWidth = 9;
 
@@ -25,7 +25,7 @@ std::string MarkedText(const QueryHit& hit, bool colour) {
 
 std::string Heading(const FoundRecord& found) {
     const std::string file = found.file.empty() ? "" : std::string(found.file) + ": ";
-    return file + RightAligned(std::to_string(found.number), kNumberWidth) + "  " +
+    return file + RightAligned(std::to_string(found.number), kFoundNumberWidth) + "  " +
            Padded(Visible(found.controlNumber), kControlNumberWidth) + "  ";
 }
 

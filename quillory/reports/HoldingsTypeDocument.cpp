@@ -22,7 +22,7 @@ std::string SubfieldText(const zorby::CInfoAboutHoldingsField& element) {
     return "part " + std::to_string(code);
 }
 
-HoldingsElementDocument DocumentOf(const zorby::CInfoAboutHoldingsField& element) {
+HoldingsElementDocument HoldingsElementOf(const zorby::CInfoAboutHoldingsField& element) {
     const char delimiter = element.GetRepeatDelimiter();
     return {.id = static_cast<int>(element.GetHoldingsID()),
             .name = QmToUtf8(element.GetName()),
@@ -76,7 +76,7 @@ std::optional<HoldingsTypeDocument> DescribeHoldingsType(const std::string& name
     HoldingsTypeDocument document = DocumentOf(*type);
     document.elements.emplace();
     for (int i = 0; i < type->GetSize(); ++i) {
-        document.elements->push_back(DocumentOf(*type->GetAt(i)));
+        document.elements->push_back(HoldingsElementOf(*type->GetAt(i)));
     }
     return document;
 }

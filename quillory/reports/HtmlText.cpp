@@ -29,4 +29,9 @@ std::string HtmlText(std::string_view text) {
     return html;
 }
 
+std::string Tile(std::string_view kind, std::uint64_t count, std::string_view text) {
+    return "<li class=\"" + std::string(kind) + "\"><b>" + std::to_string(count) + "</b>" +
+           std::string(text) + "</li>\n";
+}
+
 }  // namespace quillory

@@ -1,5 +1,6 @@
 #include <quillory/reports/PanelText.h>
 #include <quillory/reports/ScreenText.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/LetterCase.h>
 #include <quillory/text/Utf8.h>
 
@@ -21,10 +22,6 @@ std::size_t ColumnsIn(double points) {
 
 std::size_t Rounded(double number) {
     return static_cast<std::size_t>(std::max(0L, std::lround(number)));
-}
-
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
 }
 
 // As much of a word as has room in so many columns: one character at least, with its marks.

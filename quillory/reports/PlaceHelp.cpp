@@ -11,7 +11,7 @@
 namespace quillory {
 namespace {
 
-std::string TextOf(const Place& place, zorby::EDISPLAYOPTIONS display) {
+std::string DictionaryTextOf(const Place& place, zorby::EDISPLAYOPTIONS display) {
     const unsigned tag = place.Number();
     if (place.indicator != 0) {
         const auto indicator = DescribeIndicator(tag, place.indicator, display);
@@ -81,7 +81,7 @@ PlaceHelp HelpOn(const Place& place, const Record& record, const Decoder& decode
     if (const auto field = place.IsControl() ? Decoded(place, record, decoder) : std::nullopt) {
         AppendDecoded(*field, 0, {}, help.text);
     } else if (place.Number() != kNoTag) {
-        help.text = WithWholeParagraphs(TextOf(place, display));
+        help.text = WithWholeParagraphs(DictionaryTextOf(place, display));
     }
     return help;
 }

@@ -65,13 +65,8 @@ private:
     Output output_;
 };
 
-std::string Cell(std::string_view text) {
+std::string RepairCell(std::string_view text) {
     return "<td>" + HtmlText(text) + "</td>";
-}
-
-std::string Tile(std::string_view kind, std::uint64_t count, std::string_view text) {
-    return "<li class=\"" + std::string(kind) + "\"><b>" + std::to_string(count) + "</b>" +
-           std::string(text) + "</li>\n";
 }
 
 // A page that stands alone. Its rows wait in a file of their own until the table is known that
@@ -84,10 +79,11 @@ public:
     void TakeRecord(const Item& item, const std::vector<Repair>& repairs) override {
         for (const Repair& repair : repairs) {
             if (++repairs_ > kMostRows) continue;
-            rows_.Write("<tr>" + Cell(NameOf(repair.repairClass)) + Cell(ElementTextOf(repair)) +
-                        Cell(words_.ChangeOf(repair)) + Cell(ReasonOf(repair)) +
-                        Cell(std::to_string(item.number)) + Cell(item.record.ControlNumber()) +
-                        Cell(reporter_.File()) + "</tr>\n");
+            rows_.Write("<tr>" + RepairCell(NameOf(repair.repairClass)) +
+                        RepairCell(ElementTextOf(repair)) + RepairCell(words_.ChangeOf(repair)) +
+                        RepairCell(ReasonOf(repair)) + RepairCell(std::to_string(item.number)) +
+                        RepairCell(item.record.ControlNumber()) + RepairCell(reporter_.File()) +
+                        "</tr>\n");
         }
     }
 
@@ -118,10 +114,10 @@ private:
         std::string text;
         for (const auto& [key, row] : totals.rows) {
             const bool isLeft = row.first.kind == RepairKind::Left;
-            text += "<tr>" + Cell(NameOf(row.first.repairClass)) + Cell(isLeft ? "left" : "") +
-                    Cell(ElementTextOf(row.first)) + "<td class=\"number\">" +
-                    std::to_string(row.count) + "</td>" + Cell(words_.ChangeOf(row.first)) +
-                    "</tr>\n";
+            text += "<tr>" + RepairCell(NameOf(row.first.repairClass)) +
+                    RepairCell(isLeft ? "left" : "") + RepairCell(ElementTextOf(row.first)) +
+                    "<td class=\"number\">" + std::to_string(row.count) + "</td>" +
+                    RepairCell(words_.ChangeOf(row.first)) + "</tr>\n";
         }
         return text;
     }

@@ -7,7 +7,7 @@
 namespace quillory {
 namespace {
 
-TableFormat FormatOf(const TableOptions& options) {
+TableFormat FormatOfTable(const TableOptions& options) {
     if (options.format != kTableByName) return options.format;
     std::string_view name = options.output;
     if (name.ends_with(".gz")) name.remove_suffix(3);
@@ -147,7 +147,7 @@ private:
 }  // namespace
 
 std::unique_ptr<ValueTable> MakeValueTable(const TableOptions& options) {
-    switch (FormatOf(options)) {
+    switch (FormatOfTable(options)) {
         case kTableJsonl:
             return std::make_unique<JsonTable>(options);
         case kTableCsv:

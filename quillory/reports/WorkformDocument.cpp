@@ -2,6 +2,7 @@
 #include <quillory/reports/DictionaryNames.h>
 #include <quillory/reports/WorkformDocument.h>
 #include <quillory/reports/WorkformPlaces.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/QmText.h>
 
 #include <map>
@@ -117,10 +118,6 @@ void ExplainDate(DecodedField& field008) {
         element.state = ElementState::Free;
         element.text = "the day on which the record is made";
     }
-}
-
-bool IsBlank(std::string_view content) {
-    return content.find_first_not_of(' ') == content.npos;
 }
 
 std::vector<WorkformControlField> ControlFieldsOf(const CTemplate& workform,

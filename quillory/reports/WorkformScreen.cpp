@@ -8,9 +8,9 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kTextColumn = 8;   // of what stands below a tag
-constexpr std::size_t kHelpColumn = 12;  // of what stands below a subfield
-constexpr const char* kGap = "  ";
+constexpr std::size_t kWorkformColumn = 8;  // of what stands below a tag
+constexpr std::size_t kHelpColumn = 12;     // of what stands below a subfield
+constexpr const char* kWorkformGap = "  ";
 
 // Prints a described workform into one text.
 class Screen {
@@ -29,15 +29,15 @@ public:
     void ControlField(const WorkformControlField& field) {
         const std::string tag(field.decoded.place.Tag());
         Strong(tag);
-        text_ += std::string(kTextColumn - tag.size(), ' ') + Visible(CodeText(field.content));
+        text_ += std::string(kWorkformColumn - tag.size(), ' ') + Visible(CodeText(field.content));
         text_ += '\n';
-        AppendDecoded(field.decoded, kTextColumn, options_, text_);
+        AppendDecoded(field.decoded, kWorkformColumn, options_, text_);
     }
 
     void Field(const WorkformField& field) {
         Strong(field.tag);
-        text_ += ' ' + Padded(Visible(field.indicators.value_or("")), 2) + kGap;
-        Line(options_.width, kTextColumn, text_)
+        text_ += ' ' + Padded(Visible(field.indicators.value_or("")), 2) + kWorkformGap;
+        Line(options_.width, kWorkformColumn, text_)
             .Add(Visible(field.name) + (field.isPriority ? " (priority)" : ""));
         text_ += '\n';
         for (const WorkformSubfield& subfield : field.subfields) Subfield(subfield);
@@ -50,7 +50,7 @@ public:
             head += (head.empty() ? "" : ", ") + ("default " + Visible(indicator.defaultValue));
         }
         text_ += "   " + head + '\n';
-        Lines("", indicator.explanation, kTextColumn);
+        Lines("", indicator.explanation, kWorkformColumn);
     }
 
     template <class Items, class Print>
@@ -68,15 +68,15 @@ private:
     }
 
     void Fact(const char* name, const std::string& text) {
-        text_ += Padded(name, kTextColumn) + kGap + text + '\n';
+        text_ += Padded(name, kWorkformColumn) + kWorkformGap + text + '\n';
     }
 
     void Subfield(const WorkformSubfield& subfield) {
-        text_.append(kTextColumn, ' ');
+        text_.append(kWorkformColumn, ' ');
         if (options_.colour) text_ += kCyan;
         text_ += "$" + Visible(subfield.code);
         if (options_.colour) text_ += kPlain;
-        text_ += kGap;
+        text_ += kWorkformGap;
         Line(options_.width, kHelpColumn, text_).Add(Visible(subfield.name) + Marks(subfield));
         text_ += '\n';
         Lines("= ", subfield.data.value_or(""), kHelpColumn);

@@ -80,7 +80,7 @@ std::unordered_set<std::string> ValidCodes() {
     return codes;
 }
 
-const std::unordered_set<std::string>& Codes() {
+const std::unordered_set<std::string>& AllAreaCodes() {
     static const std::unordered_set<std::string> codes = ValidCodes();
     return codes;
 }
@@ -111,14 +111,14 @@ bool IsOneSlipApart(std::string_view one, std::string_view other) {
 }  // namespace
 
 bool IsAreaCode(std::string_view code) {
-    return Codes().contains(std::string(code));
+    return AllAreaCodes().contains(std::string(code));
 }
 
 std::string AreaCodeNear(std::string_view text) {
     std::string wanted = Filled(text);
     if (IsAreaCode(wanted)) return wanted;
     std::string near;
-    for (const std::string& code : Codes()) {
+    for (const std::string& code : AllAreaCodes()) {
         if (!IsOneSlipApart(Stripped(wanted), Stripped(code))) continue;
         if (!near.empty()) return {};
         near = code;

@@ -1,4 +1,5 @@
 #include <quillory/rules/Articles.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <array>
@@ -48,13 +49,9 @@ constexpr std::array<std::string_view, 15> kNoArticles{
 constexpr std::string_view kSignsBefore = "\"'[(<.";
 constexpr std::string_view kSignsAfter = "\"'[(<.-";
 
-char Lower(char c) {
-    return 'A' <= c && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
-}
-
 bool BeginsWith(std::string_view text, std::string_view word) {
     return text.size() >= word.size() &&
-           std::ranges::equal(text.substr(0, word.size()), word, {}, Lower);
+           std::ranges::equal(text.substr(0, word.size()), word, {}, LowerAscii);
 }
 
 bool IsJoined(std::string_view article) {

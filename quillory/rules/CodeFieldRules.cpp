@@ -1,6 +1,7 @@
 #include <quillory/rules/AreaCodes.h>
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/Words.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <array>
@@ -28,10 +29,6 @@ constexpr std::array kInstruments = std::to_array<InstrumentFamily>({
     {'w', "abcdefghinuyz"},  // woodwinds
     {'z', "nu"},             // instruments that are not specified
 });
-
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
-}
 
 // A code, and perhaps how many play: "va02".
 bool IsInstrument(std::string_view text) {

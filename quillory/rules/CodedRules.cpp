@@ -1,6 +1,7 @@
 #include <quillory/coded/Elements.h>
 #include <quillory/coded/FreeValues.h>
 #include <quillory/coded/Material.h>
+#include <quillory/places/Tag.h>
 #include <quillory/rules/ControlFields.h>
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/Words.h>
@@ -14,10 +15,6 @@ namespace {
 
 using zorby::CFType;
 
-constexpr unsigned k005 = 5;
-constexpr unsigned k006 = 6;
-constexpr unsigned k007 = 7;
-constexpr unsigned k008 = 8;
 constexpr std::size_t k008Size = 40;
 constexpr int kFirstLanguage = 35;
 constexpr int kFirstCountry = 15;
@@ -82,13 +79,13 @@ public:
 private:
     void CheckField(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
         switch (field.number) {
-            case k005:
+            case kTag005:
                 return CheckTimeStamp(field, remarks);
-            case k006:
+            case kTag006:
                 return CheckForm(field, MaterialOf006(field.content), zorby::CF006None, remarks);
-            case k007:
+            case kTag007:
                 return CheckForm(field, CategoryOf007(field.content), zorby::CF007None, remarks);
-            case k008:
+            case kTag008:
                 return Check008(record, field, remarks);
             case 41:
                 return CheckLanguages(record, field, remarks);

@@ -1,5 +1,6 @@
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/Words.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <array>
@@ -35,16 +36,12 @@ constexpr std::array kTypes = std::to_array<TypeOfDate>({
     {'u', DateKind::Year, DateKind::Unknown},
 });
 
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
-}
-
 bool IsAll(std::string_view text, char c) {
     return text.find_first_not_of(c) == text.npos;
 }
 
 // Digits, with "u" for what is not known.
-bool IsYear(std::string_view date) {
+bool IsYearOfDate(std::string_view date) {
     return std::ranges::all_of(date, [](char c) { return IsDigit(c) || c == 'u'; });
 }
 
@@ -60,9 +57,9 @@ bool Is(DateKind kind, std::string_view date) {
         case DateKind::Blank:
             return IsAll(date, ' ');
         case DateKind::Year:
-            return IsYear(date);
+            return IsYearOfDate(date);
         case DateKind::YearNotOpen:
-            return IsYear(date) && date != "9999";
+            return IsYearOfDate(date) && date != "9999";
         case DateKind::Unknown:
             return IsAll(date, 'u');
         case DateKind::Open:
@@ -89,7 +86,7 @@ std::string_view TextOf(DateKind kind) {
 
 // Other values are unknown codes, and found as such.
 bool IsWellFormed(std::string_view date) {
-    return IsAll(date, ' ') || IsYear(date) || IsMonthAndDay(date);
+    return IsAll(date, ' ') || IsYearOfDate(date) || IsMonthAndDay(date);
 }
 
 void CheckDate(const CheckedField& field, const TypeOfDate& type, int which, RemarkSink& remarks) {

@@ -1,14 +1,11 @@
 #include <quillory/rules/Dates.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <chrono>
 
 namespace quillory {
 namespace {
-
-bool AreDigits(std::string_view text) {
-    return std::ranges::all_of(text, [](char c) { return '0' <= c && c <= '9'; });
-}
 
 int Number(std::string_view digits) {
     int number = 0;

@@ -17,7 +17,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-[[noreturn]] void Refuse(const char* what, std::string_view cell) {
+[[noreturn]] void RefuseCell(const char* what, std::string_view cell) {
     throw BadRow(std::string(what) + " \"" + std::string(cell) + '"');
 }
 
@@ -39,17 +39,17 @@ std::size_t NumberOf(std::string_view cell) {
     std::size_t number = 0;
     const char* end = cell.data() + cell.size();
     const auto read = std::from_chars(cell.data(), end, number);
-    if (cell.empty() || read.ptr != end) Refuse("no number", cell);
+    if (cell.empty() || read.ptr != end) RefuseCell("no number", cell);
     return number;
 }
 
 bool FlagOf(std::string_view cell) {
-    if (cell != "0" && cell != "1") Refuse("neither 0 nor 1", cell);
+    if (cell != "0" && cell != "1") RefuseCell("neither 0 nor 1", cell);
     return cell == "1";
 }
 
 char ByteOf(std::string_view cell) {
-    if (cell.size() != 1) Refuse("not one character", cell);
+    if (cell.size() != 1) RefuseCell("not one character", cell);
     return cell.front();
 }
 
@@ -117,9 +117,9 @@ private:
     void ReadLine(std::string_view line) {
         if (line.empty() || line.front() == '#') return;
         if (line.front() == '[') return Begin(line);
-        if (section_ == nullptr) Refuse("no section before", line);
+        if (section_ == nullptr) RefuseCell("no section before", line);
         if (!hasColumns_) {
-            if (line != section_->columns) Refuse("not the columns of the section:", line);
+            if (line != section_->columns) RefuseCell("not the columns of the section:", line);
             hasColumns_ = true;
             return;
         }
@@ -134,33 +134,34 @@ private:
     void Begin(std::string_view name) {
         const auto sections = Sections();
         const auto found = std::ranges::find(sections, name, &Section::name);
-        if (found == sections.end()) Refuse("no section", name);
+        if (found == sections.end()) RefuseCell("no section", name);
         section_ = &*found;
         hasColumns_ = false;
     }
 
     void ReadField(const Cells& cells) {
         const unsigned tag = TagNumber(cells[0]);
-        if (tag == kNoTag || rules_[tag].isKnown) Refuse("no tag, or one that was told:", cells[0]);
+        if (tag == kNoTag || rules_[tag].isKnown)
+            RefuseCell("no tag, or one that was told:", cells[0]);
         FieldRule& rule = rules_[tag];
         rule.isKnown = true;
         rule.isObsolete = IsObsolete(cells[1]);
         rule.isRepeatable = FlagOf(cells[2]);
         table_.mandatory_[tag] = FlagOf(cells[3]);
         if (cells[4].empty()) return;
-        if (tag >= kFirstDataTag) Refuse("no control field", cells[0]);
+        if (tag >= kFirstDataTag) RefuseCell("no control field", cells[0]);
         table_.lengths_[tag] = NumberOf(cells[4]);
     }
 
     FieldRule& KnownField(std::string_view cell) {
         const unsigned tag = TagNumber(cell);
-        if (tag == kNoTag || !rules_[tag].isKnown) Refuse("no field", cell);
+        if (tag == kNoTag || !rules_[tag].isKnown) RefuseCell("no field", cell);
         return rules_[tag];
     }
 
     void ReadIndicator(const Cells& cells) {
         const std::size_t which = NumberOf(cells[1]);
-        if (which != 1 && which != 2) Refuse("no indicator", cells[1]);
+        if (which != 1 && which != 2) RefuseCell("no indicator", cells[1]);
         IndicatorRule& values = KnownField(cells[0]).indicators[which - 1];
         SetValues(IsObsolete(cells[3]) ? values.obsolete : values.current, cells[2]);
     }
@@ -169,12 +170,12 @@ private:
         const auto code = static_cast<unsigned char>(ByteOf(cells[1]));
         const bool isRepeatable = FlagOf(cells[3]);
         if (cells[0] == kAnyTag) {
-            if (!isRepeatable) Refuse("one of all fields, and not repeatable:", cells[1]);
+            if (!isRepeatable) RefuseCell("one of all fields, and not repeatable:", cells[1]);
             codesOfAll_.set(code);
             return;
         }
         FieldRule& rule = KnownField(cells[0]);
-        if (rule.codes[code]) Refuse("told twice:", cells[1]);
+        if (rule.codes[code]) RefuseCell("told twice:", cells[1]);
         rule.codes.set(code);
         rule.repeatableCodes.set(code, isRepeatable);
         rule.obsoleteCodes.set(code, IsObsolete(cells[2]));
@@ -183,12 +184,12 @@ private:
     void ReadPositions(const Cells& cells) {
         CodedPositions positions;
         positions.tag = cells[0] == "leader" ? 0 : TagNumber(cells[0]);
-        if (positions.tag >= kFirstDataTag) Refuse("no control field", cells[0]);
+        if (positions.tag >= kFirstDataTag) RefuseCell("no control field", cells[0]);
         const std::size_t dash = cells[1].find('-');
         positions.first = NumberOf(cells[1].substr(0, dash));
         positions.last =
             dash == cells[1].npos ? positions.first : NumberOf(cells[1].substr(dash + 1));
-        if (positions.last < positions.first) Refuse("no positions", cells[1]);
+        if (positions.last < positions.first) RefuseCell("no positions", cells[1]);
         positions.element = cells[2];
         for (const char code : cells[3]) SetCode(positions.current, code);
         for (const char code : cells[4]) SetCode(positions.obsolete, code);

@@ -1,5 +1,6 @@
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/Words.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Utf8.h>
 #include <zorby/record/CommFormat.h>
 
@@ -22,20 +23,12 @@ struct Link {
     std::string_view number;
 };
 
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
-}
-
-bool IsLetter(char c) {
-    return 'a' <= (c | 0x20) && (c | 0x20) <= 'z';
-}
-
 // A code of the MARC character sets, or one of ISO 15924.
 bool IsScript(std::string_view code) {
     constexpr std::array<std::string_view, 6> kScripts{"(3", "(B", "$1", "(N", "(S", "(2"};
     constexpr std::size_t kIso15924 = 4;
     return std::ranges::find(kScripts, code) != kScripts.end() ||
-           (code.size() == kIso15924 && std::ranges::all_of(code, IsLetter));
+           (code.size() == kIso15924 && std::ranges::all_of(code, IsAsciiLetter));
 }
 
 bool IsRest(std::string_view rest) {

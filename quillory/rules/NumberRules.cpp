@@ -1,6 +1,7 @@
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/StandardNumbers.h>
 #include <quillory/rules/Words.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Trimmed.h>
 
 #include <algorithm>
@@ -37,10 +38,6 @@ void CheckIsbn(const Place& place, std::string_view text, RemarkSink& remarks) {
     }
 }
 
-bool IsLetter(char c) {
-    return 'a' <= (c | 0x20) && (c | 0x20) <= 'z';
-}
-
 // Where words come after a number of digits, which may begin with an M; the whole text otherwise.
 Divided DivideWords(std::string_view text) {
     text = Trimmed(text);
@@ -48,7 +45,7 @@ Divided DivideWords(std::string_view text) {
     const std::size_t end = std::min(text.find_first_not_of("0123456789Xx- ", begin), text.size());
     const std::string_view rest = text.substr(end);
     const std::string_view number = Trimmed(text.substr(0, end));
-    const bool hasWords = rest.starts_with('(') || (!rest.empty() && IsLetter(rest.front()));
+    const bool hasWords = rest.starts_with('(') || (!rest.empty() && IsAsciiLetter(rest.front()));
     return hasWords && number.size() > begin ? Divided{number, rest} : Divided{text, {}};
 }
 

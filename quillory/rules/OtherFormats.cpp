@@ -1,3 +1,4 @@
+#include <quillory/places/Tag.h>
 #include <quillory/rules/ControlFields.h>
 #include <quillory/rules/FormatTable.h>
 #include <quillory/rules/FormatTexts.h>
@@ -9,8 +10,6 @@ namespace quillory {
 namespace {
 
 constexpr unsigned kLeader = 0;  // as CodedPositions have it
-constexpr unsigned k005 = 5;
-constexpr unsigned k008 = 8;
 constexpr unsigned k040 = 40;
 
 struct TableText {
@@ -18,7 +17,7 @@ struct TableText {
     const char* name;
 };
 
-TableText TextOf(MarcFormat format) {
+TableText TableOf(MarcFormat format) {
     switch (format) {
         case kFormatAuthority:
             return {kAuthorityTable, "authority.tsv"};
@@ -49,8 +48,8 @@ void CheckCode(const CodedPositions& positions, std::size_t at, char code, const
 }
 
 // The codes of the Leader or of a control field, as far as it is long enough to have them.
-void CheckCodes(const FormatTable& table, unsigned tag, std::string_view bytes, const Place& place,
-                RemarkSink& remarks) {
+void CheckPositions(const FormatTable& table, unsigned tag, std::string_view bytes,
+                    const Place& place, RemarkSink& remarks) {
     for (const CodedPositions& positions : table.Positions()) {
         if (positions.tag != tag) continue;
         for (std::size_t at = positions.first; at <= positions.last && at < bytes.size(); ++at) {
@@ -60,15 +59,15 @@ void CheckCodes(const FormatTable& table, unsigned tag, std::string_view bytes, 
 }
 
 void CheckControlField(const FormatTable& table, const CheckedField& field, RemarkSink& remarks) {
-    if (field.number == k005) CheckTimeStamp(field, remarks);
+    if (field.number == kTag005) CheckTimeStamp(field, remarks);
     const std::size_t length = table.LengthOf(field.number);
     if (field.occurrence > 1 || (length != 0 && !CheckLength(field, length, remarks))) return;
-    if (field.number == k008) CheckDayOfEntry(field, remarks);
-    CheckCodes(table, field.number, field.content, field.GetPlace(), remarks);
+    if (field.number == kTag008) CheckDayOfEntry(field, remarks);
+    CheckPositions(table, field.number, field.content, field.GetPlace(), remarks);
 }
 
 void CheckCodedFields(const FormatTable& table, const RecordInHand& record, RemarkSink& remarks) {
-    CheckCodes(table, kLeader, record.Leader(), Place::OfLeader(), remarks);
+    CheckPositions(table, kLeader, record.Leader(), Place::OfLeader(), remarks);
     for (const CheckedField& field : record.Fields()) {
         if (field.number < kFirstDataTag) CheckControlField(table, field, remarks);
     }
@@ -111,7 +110,7 @@ OtherFormats::~OtherFormats() = default;
 
 OtherFormats::Work& OtherFormats::WorkOf(MarcFormat format) {
     auto& work = works_.at(static_cast<std::size_t>(format));
-    if (work == nullptr) work = std::make_unique<Work>(TextOf(format), allowsLocal_);
+    if (work == nullptr) work = std::make_unique<Work>(TableOf(format), allowsLocal_);
     return *work;
 }
 

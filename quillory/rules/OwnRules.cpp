@@ -27,7 +27,7 @@ Rule RuleFor(const OwnRule& own, const std::string& title, std::size_t index) {
 }
 
 // Whether a field or subfield belongs to what a rule is about.
-bool IsAt(const Place& hit, const std::optional<Place>& place) {
+bool IsPartOf(const Place& hit, const std::optional<Place>& place) {
     if (!place) return true;
     const bool isInField = hit.Tag() == place->Tag() &&
                            (place->occurrence == 0 || hit.occurrence == place->occurrence);
@@ -55,7 +55,7 @@ void OwnRules::Check(const Record& record, RemarkSink& remarks) {
 void OwnRules::Tell(OwnRule& own, const Rule& rule, const Record& record, RemarkSink& remarks) {
     std::set<std::string> told;
     for (const QueryHit& hit : own.where.HitsIn(record)) {
-        if (!IsAt(hit.place, own.place) || !told.insert(PlaceText(hit.place)).second) continue;
+        if (!IsPartOf(hit.place, own.place) || !told.insert(PlaceText(hit.place)).second) continue;
         remarks.Add(rule, hit.place, Visible(hit.text));
     }
     if (told.empty()) remarks.Add(rule, own.place.value_or(Place::OfRecord()), {});

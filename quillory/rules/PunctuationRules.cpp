@@ -1,5 +1,6 @@
 #include <quillory/coded/IsbdMarks.h>
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/text/Marc8Escape.h>
 #include <quillory/text/Trimmed.h>
 
 #include <algorithm>
@@ -9,7 +10,6 @@ namespace quillory {
 namespace {
 
 constexpr std::size_t kDescriptiveForm = 18;  // in the Leader
-constexpr char kEscape = '\x1B';
 
 bool IsControlSubfield(char code) {
     return ('0' <= code && code <= '9') || code == 'u' || code == 'w';

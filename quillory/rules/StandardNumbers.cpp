@@ -1,4 +1,5 @@
 #include <quillory/rules/StandardNumbers.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 
@@ -9,14 +10,6 @@ constexpr std::size_t kIsbn10 = 10;
 constexpr std::size_t kEan = 13;
 constexpr std::size_t kUpc = 12;
 constexpr std::size_t kIssn = 8;
-
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
-}
-
-bool AreDigits(std::string_view text) {
-    return std::ranges::all_of(text, IsDigit);
-}
 
 std::string WithoutSigns(std::string_view text, std::string_view signs) {
     std::string number(text);

@@ -55,8 +55,8 @@ bool IsSizeOf(const Article& article, std::size_t size) {
 }
 
 // What is wrong with a count; empty if nothing is certain.
-std::string FaultOf(std::string_view title, std::size_t count, std::string_view language,
-                    bool keepsArticle) {
+std::string FaultOfCount(std::string_view title, std::size_t count, std::string_view language,
+                         bool keepsArticle) {
     constexpr std::size_t kLooked = 16;
     if (count >= title.size()) {
         return "the title has " + std::to_string(title.size()) + " characters";
@@ -78,7 +78,7 @@ void CheckNonfiling(const RecordInHand& record, const CheckedField& field,
     const std::string_view title = record.TextOf(field, 'a');
     if (count < '0' || '9' < count || title.empty()) return;
     std::string fault =
-        FaultOf(title, static_cast<std::size_t>(count - '0'), language, rule.keepsArticle);
+        FaultOfCount(title, static_cast<std::size_t>(count - '0'), language, rule.keepsArticle);
     if (fault.empty()) return;
     remarks.Add(RuleId::NonfilingCount, field.GetPlace().Indicator(rule.indicator),
                 std::string(1, count), std::move(fault));

@@ -1,3 +1,4 @@
+#include <quillory/places/Tag.h>
 #include <quillory/rules/Unimarc.h>
 
 #include <algorithm>
@@ -5,7 +6,6 @@
 namespace quillory {
 namespace {
 
-constexpr unsigned k008 = 8;
 constexpr unsigned kProcessingData = 100;     // in MARC 21 a name
 constexpr unsigned kTitle = 200;              // in MARC 21 undefined
 constexpr unsigned kMarc21Title = 245;        // in UNIMARC undefined
@@ -24,7 +24,7 @@ bool IsProcessingData(const RecordInHand& record, const CheckedField& field) {
 bool HasTitleAndSource(const RecordInHand& record) {
     const CheckedField* title = record.First(kTitle);
     return title != nullptr && !record.TextOf(*title, 'a').empty() &&
-           record.Has(kOriginatingSource) && !record.Has(k008) && !record.Has(kMarc21Title);
+           record.Has(kOriginatingSource) && !record.Has(kTag008) && !record.Has(kMarc21Title);
 }
 
 }  // namespace

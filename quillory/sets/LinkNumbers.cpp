@@ -1,4 +1,5 @@
 #include <quillory/sets/LinkNumbers.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <map>
@@ -18,10 +19,6 @@ constexpr std::string_view kNoPartner = "00";
 constexpr std::size_t kNumber = 4;  // in "880-01"
 constexpr std::size_t kNumberSize = 2;
 constexpr int kLastNumber = 99;
-
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
-}
 
 // A field of a pair.
 struct Half {
@@ -55,7 +52,7 @@ std::optional<Half> HalfOf(const CommFormatField& field) {
     return isOfPair && half.number != kNoPartner ? std::optional(half) : std::nullopt;
 }
 
-bool HasTag(const Record& record, std::string_view tag) {
+bool HasField(const Record& record, std::string_view tag) {
     return std::ranges::find(record.fields, tag, &CommFormatField::tag) != record.fields.end();
 }
 
@@ -141,10 +138,10 @@ private:
 bool LinkNumbers::FitInto(const Record& record, Record& other) {
     contents_.clear();
     const auto comes = [&](std::string_view tag) {
-        return which_.Covers(tag) && (mode_ != MergeMode::Missing || !HasTag(record, tag));
+        return which_.Covers(tag) && (mode_ != MergeMode::Missing || !HasField(record, tag));
     };
     const auto stays = [&](std::string_view tag) {
-        return mode_ != MergeMode::Replace || !which_.Covers(tag) || !HasTag(other, tag);
+        return mode_ != MergeMode::Replace || !which_.Covers(tag) || !HasField(other, tag);
     };
     const Pairs coming = PairsOf(other, comes);
     if (coming.empty()) return true;

@@ -1,4 +1,5 @@
 #include <quillory/sets/PlaceText.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Charset.h>
 #include <quillory/text/SearchText.h>
 #include <quillory/text/Utf8.h>
@@ -78,10 +79,6 @@ std::string WithoutNonsorting(std::string text) {
         text.erase(begin, (end == text.npos ? begin : end) + kEnd.size() - begin);
     }
     return text;
-}
-
-bool IsBlank(std::string_view text) {
-    return text.find_first_not_of(' ') == text.npos;
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace quillory {
 namespace {
 
 using Field = ComparableRecord::Field;
-using Fields = std::span<const Field>;
+using ComparableFields = std::span<const Field>;
 
 constexpr std::string_view kLeaderTag = "LDR";
 
@@ -58,7 +58,8 @@ bool LeaveOut(const PlacePattern& pattern, std::string& content) {
 }
 
 // Fields between those that stand in both: each against the next one of its tag.
-void AddChanges(Fields before, Fields after, std::vector<FieldChange>& changes) {
+void AddChanges(ComparableFields before, ComparableFields after,
+                std::vector<FieldChange>& changes) {
     std::map<std::string_view, std::deque<std::size_t>> waiting;  // of the second, by tag
     for (std::size_t k = 0; k < after.size(); ++k) waiting[after[k].tag].push_back(k);
     for (const Field& field : before) {
@@ -105,8 +106,8 @@ void ComparableRecord::Set(const Record& record) {
 
 std::vector<FieldChange> Differences(const ComparableRecord& before,
                                      const ComparableRecord& after) {
-    const Fields one = before.Fields();
-    const Fields other = after.Fields();
+    const ComparableFields one = before.Fields();
+    const ComparableFields other = after.Fields();
     std::vector<FieldChange> changes;
     std::size_t i = 0;
     std::size_t k = 0;

@@ -1,4 +1,5 @@
 #include <quillory/sets/SortKey.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Letters.h>
 #include <quillory/text/QmUnicode.h>
 #include <quillory/text/SearchText.h>
@@ -21,12 +22,6 @@ constexpr char kOtherScript = '\xFE';
 void AppendLibraryKey(std::string qm, std::string& key) {
     zorby::CSpConvertForCompare(&qm);
     key += qm;
-}
-
-std::string_view WithoutBlanks(std::string_view text) {
-    const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
-    const std::size_t last = text.find_last_not_of(' ');
-    return text.substr(first, last == text.npos ? 0 : last + 1 - first);
 }
 
 std::string_view TakeDigits(std::string_view& text) {

@@ -1,27 +1,16 @@
 #include <quillory/sets/StandardNumbers.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 
 namespace quillory {
 namespace {
 
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
-}
-
-char Lower(char c) {
-    return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool AreDigits(std::string_view text) {
-    return std::ranges::all_of(text, IsDigit);
-}
-
 // Letters, digits and all beyond ASCII.
 std::string Signs(std::string_view text) {
     std::string signs;
     for (const char c : text) {
-        const char lower = Lower(c);
+        const char lower = LowerAscii(c);
         if (IsDigit(c) || ('a' <= lower && lower <= 'z') || c < 0) signs += lower;
     }
     return signs;
@@ -33,7 +22,7 @@ std::string NumberAtFront(std::string_view text) {
     std::string number;
     for (const char c : text.substr(std::min(text.find_first_not_of(' '), text.size()))) {
         if (IsDigit(c) || c == 'x' || c == 'X') {
-            number += Lower(c);
+            number += LowerAscii(c);
         } else if (c != '-' && c != ' ') {
             break;
         }

@@ -1,3 +1,4 @@
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Marc8Escape.h>
 #include <quillory/text/Marc8Unicode.h>
 #include <zorby/charset/PlainRun.h>
@@ -7,13 +8,6 @@
 
 namespace quillory {
 namespace {
-
-constexpr char kEscape = '\x1B';
-
-bool IsControl(char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return byte < 0x20 || byte == 0x7F;
-}
 
 bool IsHigh(char c) {
     return static_cast<unsigned char>(c) >= 0x80;
@@ -34,7 +28,7 @@ public:
             const char c = text_[at_];
             if (c == kEscape) {
                 if (TakeEscape() == 0) Lose(text_.substr(at_++, 1));
-            } else if (IsControl(c)) {
+            } else if (IsAsciiControl(c)) {
                 out_ += c;
                 ++at_;
             } else {
@@ -118,7 +112,7 @@ std::size_t Marc8Unicode::Decoder::EndOfRun() {
     const bool isHigh = IsHigh(text_[at_]);
     for (runEnd_ = at_ + 1; runEnd_ < text_.size(); ++runEnd_) {
         const char c = text_[runEnd_];
-        if (IsHigh(c) != isHigh || IsControl(c) || c == ' ') break;
+        if (IsHigh(c) != isHigh || IsAsciiControl(c) || c == ' ') break;
     }
     return runEnd_;
 }
@@ -171,7 +165,7 @@ void Marc8Unicode::Decoder::TakeUnit() {
             const std::size_t size = TakeEscape();
             if (size == 0) break;
             unit += text_.substr(at_ - size, size);
-        } else if (IsControl(text_[at_])) {
+        } else if (IsAsciiControl(text_[at_])) {
             break;
         } else if (LoseBrokenCharacter()) {
             if (begun) continue;

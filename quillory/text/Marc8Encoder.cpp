@@ -11,7 +11,6 @@
 namespace quillory {
 namespace {
 
-constexpr char kEscape = '\x1B';
 constexpr char32_t kDelete = 0x7F;
 
 constexpr std::string_view kHalfMarkLead = "\xEF\xB8";  // of U+FE20 to U+FE2F in UTF-8

@@ -4,6 +4,8 @@
 
 namespace quillory {
 
+inline constexpr char kEscape = '\x1B';
+
 // What an escape at the front of MARC-8 text does.
 struct Marc8Escape {
     std::size_t size = 0;    // bytes of the escape; 0 if there is none

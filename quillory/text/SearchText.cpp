@@ -1,3 +1,4 @@
+#include <quillory/text/Ascii.h>
 #include <quillory/text/SearchText.h>
 #include <quillory/text/Utf8.h>
 
@@ -11,24 +12,12 @@
 namespace quillory {
 namespace {
 
-constexpr utf8proc_int32_t kFirstPrintable = 0x20;
-constexpr utf8proc_int32_t kFirstC1Control = 0x7F;
-constexpr utf8proc_int32_t kLastC1Control = 0x9F;
-
-bool IsControl(utf8proc_int32_t c) {
-    return c < kFirstPrintable || (c >= kFirstC1Control && c <= kLastC1Control);
-}
-
 bool IsAscii(char c) {
     return static_cast<unsigned char>(c) < 0x80;
 }
 
-char LowerAscii(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-// The same for eight bytes of ASCII.
-std::uint64_t LowerAscii(std::uint64_t bytes) {
+// LowerAscii for eight bytes of ASCII.
+std::uint64_t LowerEight(std::uint64_t bytes) {
     constexpr std::uint64_t kOnes = 0x0101010101010101;
     const std::uint64_t notBelow = bytes + kOnes * (0x80 - 'A');
     const std::uint64_t above = bytes + kOnes * (0x7F - 'Z');
@@ -44,7 +33,7 @@ std::size_t FoldAscii(std::string_view text, char* folded) {
         std::uint64_t bytes = 0;
         std::memcpy(&bytes, text.data() + at, sizeof bytes);
         if ((bytes & kNotAscii) != 0) break;
-        bytes = LowerAscii(bytes);
+        bytes = LowerEight(bytes);
         std::memcpy(folded + at, &bytes, sizeof bytes);
     }
     for (; at < text.size() && IsAscii(text[at]); ++at) folded[at] = LowerAscii(text[at]);
@@ -123,7 +112,7 @@ std::string TidyText(std::string_view utf8) {
     while (p != end) {
         utf8proc_int32_t c = 0;
         const utf8proc_ssize_t size = utf8proc_iterate(p, end - p, &c);
-        if (size < 1 || IsControl(c) || c == ' ') {
+        if (size < 1 || IsControlCharacter(static_cast<char32_t>(c)) || c == ' ') {
             gap = true;
         } else {
             if (gap && !tidy.empty()) tidy += ' ';

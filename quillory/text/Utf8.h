@@ -41,6 +41,13 @@ inline bool IsCombining(char32_t codePoint) {
     return utf8proc_get_property(static_cast<utf8proc_int32_t>(codePoint))->combining_class != 0;
 }
 
+inline bool IsControlCharacter(char32_t codePoint) {
+    constexpr char32_t kFirstPrintable = 0x20;
+    constexpr char32_t kDelete = 0x7F;
+    constexpr char32_t kLastC1Control = 0x9F;
+    return codePoint < kFirstPrintable || (codePoint >= kDelete && codePoint <= kLastC1Control);
+}
+
 // Whether a byte is part of a character and not the first of it.
 inline bool IsContinuation(char byte) {
     constexpr unsigned kMask = 0xC0;

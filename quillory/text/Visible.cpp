@@ -6,10 +6,6 @@
 namespace quillory {
 namespace {
 
-bool IsControl(char32_t c) {
-    return c < 0x20 || (c >= 0x7F && c <= 0x9F);
-}
-
 // Those by which text runs the other way, and the separators of lines and paragraphs.
 bool TurnsOrBreaks(char32_t c) {
     return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x2028 && c <= 0x202E) ||
@@ -25,7 +21,8 @@ std::string Formatted(const char* format, Value... value) {
 
 std::string Shown(std::string_view letter, const Utf8Char& c) {
     if (!c.valid) return Formatted("<%02X>", static_cast<unsigned char>(letter.front()));
-    if (IsControl(c.codePoint)) return Formatted("<%02X>", static_cast<unsigned>(c.codePoint));
+    if (IsControlCharacter(c.codePoint))
+        return Formatted("<%02X>", static_cast<unsigned>(c.codePoint));
     if (TurnsOrBreaks(c.codePoint)) {
         return Formatted("<U+%04X>", static_cast<unsigned>(c.codePoint));
     }

@@ -5,6 +5,9 @@
 
 namespace datatool {
 
+inline constexpr std::size_t kTagDigits = 3;
+inline constexpr unsigned kFirstDataField = 10;  // lower tags are those of control fields
+
 // A cell is UTF-8 with the escapes \t, \n, \\ and \xHH, a byte of the one-byte code of the data
 // files. `fault` is empty if the cell is in order.
 struct CellText {

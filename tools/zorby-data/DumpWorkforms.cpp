@@ -124,7 +124,7 @@ std::string SubfieldItem(const CInfoAboutDefaultData& data) {
     return "[" + code + ", " + TomlText(data.GetDefaultData()) + "]";
 }
 
-void WriteFields(const CTemplate& workform, std::string& source) {
+void WriteWorkformFields(const CTemplate& workform, std::string& source) {
     const CInfoAboutDefaultDataList& list = workform.GetDefaultData();
     for (int at = 0; at < list.GetSize();) {
         const CInfoAboutDefaultData& first = *list.GetAt(at);
@@ -237,7 +237,7 @@ Source DumpWorkform(const CTemplate& workform, int place) {
     Source source{FileName(place, workform.GetName()), ""};
     try {
         WriteMain(workform, source.text);
-        WriteFields(workform, source.text);
+        WriteWorkformFields(workform, source.text);
         WriteHelp(workform, source.text);
         WriteIndicators(workform, source.text);
         WriteAdditionalMaterials(workform, source.text);

@@ -1,12 +1,7 @@
+#include <tools/zorby-data/CellText.h>
 #include <tools/zorby-data/FormatCompiler.h>
 
 namespace datatool {
-namespace {
-
-constexpr unsigned kFirstDataField = 10;
-
-}  // namespace
-
 std::vector<SectionTaker> FormatCompiler::Takers() {
     return {
         {kFormat, [this](Row& row) { TakeName(row); }},

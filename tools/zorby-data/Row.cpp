@@ -7,8 +7,6 @@
 namespace datatool {
 namespace {
 
-constexpr std::size_t kTagDigits = 3;
-
 std::string Quoted(std::string_view cell) {
     return '"' + std::string(cell) + '"';
 }

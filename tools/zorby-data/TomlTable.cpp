@@ -8,8 +8,6 @@
 namespace datatool {
 namespace {
 
-constexpr std::size_t kTagDigits = 3;
-
 std::vector<std::string> Words(std::string_view text) {
     std::istringstream stream{std::string(text)};
     std::vector<std::string> words;

@@ -2,6 +2,7 @@
 #include <limits>
 #include <map>
 
+#include <tools/zorby-data/CellText.h>
 #include <tools/zorby-data/WorkformCompiler.h>
 #include <tools/zorby-data/WorkformNames.h>
 
@@ -76,7 +77,6 @@ void TakeAdditionalMaterials(const TomlTable& source, CTemplate& workform) {
 }
 
 unsigned TagOf(const TomlTable& field) {
-    constexpr unsigned kFirstDataField = 10;
     const unsigned tag = field.Tag("tag");
     if (tag != 0 && tag < kFirstDataField) {
         field.Fault("tag", "is that of a control field, which has no subfields");

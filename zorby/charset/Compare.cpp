@@ -61,8 +61,6 @@ std::size_t WriteKey(std::string_view text, char* key) {
     return static_cast<std::size_t>(out - key);
 }
 
-using CodeMap = std::array<char, 256>;
-
 void MapText(std::string& text, const CodeMap& map) {
     CSResetAlphabet();
     for (char& c : text) c = map[static_cast<unsigned char>(c)];
@@ -79,11 +77,11 @@ constexpr CodeMap LowerMap() {
 }
 
 constexpr CodeMap UpperMap() {
-    constexpr std::size_t kFirstPrecomposed = 0xDE;
+    constexpr std::size_t kFirstOfPairs = 0xDE;
     CodeMap map{};
     for (std::size_t i = 0; i < map.size(); ++i) map[i] = static_cast<char>(i);
     for (std::size_t c = 'a'; c <= 'z'; ++c) map[c] = static_cast<char>(c - ('a' - 'A'));
-    for (std::size_t c = kFirstPrecomposed; c < map.size(); c += 2) {
+    for (std::size_t c = kFirstOfPairs; c < map.size(); c += 2) {
         map[c] = static_cast<char>(c + 1);
     }
     return map;

@@ -8,8 +8,6 @@
 namespace zorby {
 namespace {
 
-using CodeMap = std::array<char, 256>;
-
 constexpr CodeMap DisplayMap(int type, int keepControls) {
     CodeMap map{};
     for (std::size_t code = 0; code < map.size(); ++code) {
@@ -47,7 +45,7 @@ constexpr CodeMap NonDiacriticMap() {
 
 constexpr CodeMap kNonDiacritic = NonDiacriticMap();
 
-void MapText(const char* source, char* target, const CodeMap& map) {
+void CopyMapped(const char* source, char* target, const CodeMap& map) {
     const std::size_t length = std::strlen(source);
     for (std::size_t i = 0; i < length; ++i) {
         target[i] = map[static_cast<unsigned char>(source[i])];
@@ -59,12 +57,12 @@ void MapText(const char* source, char* target, const CodeMap& map) {
 
 void CSQmToDisplay(const char* source, char* target, int type, int keepControls) {
     CSResetAlphabet();
-    MapText(source, target, MapFor(type, keepControls));
+    CopyMapped(source, target, MapFor(type, keepControls));
 }
 
 void CSQmToNonDiacritic(const char* source, char* target) {
     CSResetAlphabet();
-    MapText(source, target, kNonDiacritic);
+    CopyMapped(source, target, kNonDiacritic);
 }
 
 unsigned char CSDotInMiddleOfLine() {

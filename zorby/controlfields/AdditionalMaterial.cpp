@@ -16,9 +16,7 @@ const CRuntimeClass CCFAdditionalMaterial::kRuntimeClass =
 
 namespace {
 
-constexpr unsigned char kVersion = 1;
-constexpr unsigned kFieldEnd = 1;
-constexpr std::size_t kFrom006To008 = 17;
+constexpr unsigned char kMaterialVersion = 1;
 
 }  // namespace
 
@@ -127,7 +125,8 @@ void CCFAdditionalMaterial::Set007Complete(std::string_view field007) {
 unsigned CCFAdditionalMaterial::GetMARCSize() const {
     const std::string_view field007 = Field007();
     const std::size_t size =
-        k006Size + kFieldEnd + (CGeneral::IsAllBlanks(field007) ? 0 : field007.size() + kFieldEnd);
+        k006Size + kFieldEndSize +
+        (CGeneral::IsAllBlanks(field007) ? 0 : field007.size() + kFieldEndSize);
     return static_cast<unsigned>(size);
 }
 
@@ -152,7 +151,7 @@ void CCFAdditionalMaterial::Serialize(CArchive& archive) {
         Load(archive);
         return;
     }
-    archive << kVersion;
+    archive << kMaterialVersion;
     archive.Write(field006_.data(), k006Size);
     archive << length007_;
     archive.Write(field007_.data(), Field007().size());
@@ -165,7 +164,7 @@ void CCFAdditionalMaterial::Serialize(CArchive& archive) {
 void CCFAdditionalMaterial::Load(CArchive& archive) {
     unsigned char version = 0;
     archive >> version;
-    if (version != kVersion) return;
+    if (version != kMaterialVersion) return;
     CCFAdditionalMaterial loaded = *this;
     archive.Read(loaded.field006_.data(), k006Size);
     std::int32_t length = 0;

@@ -13,7 +13,7 @@ const CRuntimeClass CCFAdditionalMaterialsList::kRuntimeClass =
 
 namespace {
 
-constexpr unsigned char kVersion = 1;
+constexpr unsigned char kListVersion = 1;
 
 }  // namespace
 
@@ -105,9 +105,9 @@ void CCFAdditionalMaterialsList::AddToPseudoMARC(CPmarc& record) const {
 }
 
 void CCFAdditionalMaterialsList::Serialize(CArchive& archive) {
-    unsigned char version = kVersion;
+    unsigned char version = kListVersion;
     SerializeElement(archive, version);
-    if (version == kVersion) SerializeList(archive, entries_);
+    if (version == kListVersion) SerializeList(archive, entries_);
 }
 
 int CCFAdditionalMaterialsList::GetSize() const {

@@ -18,8 +18,6 @@ const CRuntimeClass CCFMainMaterial::kRuntimeClass =
 namespace {
 
 // The material section begins 17 bytes later in the 008 than in the 006.
-constexpr std::size_t kFrom006To008 = 17;
-constexpr unsigned kFieldEnd = 1;
 
 template <class Buffer>
 void Blank(Buffer& buffer, std::size_t size) {
@@ -227,10 +225,10 @@ std::size_t CCFMainMaterial::BlockLength() const {
 unsigned CCFMainMaterial::GetMARCSize() const {
     const std::size_t block = BlockLength();
     const std::string_view field007 = Field007();
-    const std::size_t size = kLeaderSize + (block == 0 ? 0 : block + kFieldEnd) +
-                             static_cast<std::size_t>(length008_) + kFieldEnd +
-                             (CGeneral::IsAllBlanks(field007) ? 0 : field007.size() + kFieldEnd) +
-                             second006_.size();
+    const std::size_t size =
+        kLeaderSize + (block == 0 ? 0 : block + kFieldEndSize) +
+        static_cast<std::size_t>(length008_) + kFieldEndSize +
+        (CGeneral::IsAllBlanks(field007) ? 0 : field007.size() + kFieldEndSize) + second006_.size();
     return static_cast<unsigned>(size);
 }
 

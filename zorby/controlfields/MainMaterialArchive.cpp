@@ -8,7 +8,7 @@ namespace zorby {
 namespace {
 
 constexpr unsigned char kVersionWithoutSecond006 = 1;
-constexpr unsigned char kVersion = 2;
+constexpr unsigned char kMainMaterialVersion = 2;
 
 template <class Buffer>
 void LoadText(CArchive& archive, Buffer& buffer) {
@@ -27,15 +27,15 @@ std::int32_t LoadLength(CArchive& archive, std::size_t limit) {
 
 void CCFMainMaterial::Serialize(CArchive& archive) {
     if (archive.IsStoring()) {
-        archive << kVersion;
+        archive << kMainMaterialVersion;
         Store(archive);
         return;
     }
     second006_.clear();
     unsigned char version = 0;
     archive >> version;
-    if (version == kVersion || version == kVersionWithoutSecond006) {
-        Load(archive, version == kVersion);
+    if (version == kMainMaterialVersion || version == kVersionWithoutSecond006) {
+        Load(archive, version == kMainMaterialVersion);
     }
     AttachTables();
 }

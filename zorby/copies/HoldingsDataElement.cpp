@@ -5,7 +5,7 @@
 namespace zorby {
 namespace {
 
-constexpr unsigned char kVersion = 1;
+constexpr unsigned char kElementVersion = 1;
 constexpr unsigned kDelimiterAndCode = 2;
 
 }  // namespace
@@ -14,9 +14,9 @@ const CRuntimeClass CHoldingsDataElement::kRuntimeClass =
     RuntimeClassOf<CHoldingsDataElement>("CHoldingsDataElement");
 
 void CHoldingsDataElement::Serialize(CArchive& archive) {
-    unsigned char version = kVersion;
+    unsigned char version = kElementVersion;
     SerializeElement(archive, version);
-    if (version == kVersion) SerializeItems(archive, id_, text_);
+    if (version == kElementVersion) SerializeItems(archive, id_, text_);
 }
 
 void CHoldingsDataElement::Create(EHOLDINGSID id, std::string_view text, int userValue) {

@@ -12,7 +12,7 @@
 namespace zorby {
 namespace {
 
-constexpr unsigned char kVersion = 2;
+constexpr unsigned char kRecordVersion = 2;
 constexpr unsigned char kVersionWithoutHolds = 1;
 constexpr unsigned kFieldOverhead = 15;  // directory entry, indicators and field end
 constexpr auto kTypeNotTold = static_cast<EHOLDINGSTYPE>(-1);
@@ -37,10 +37,10 @@ CHoldingsDataRecord::CHoldingsDataRecord(EHOLDINGSTYPE type)
     : holdingsType_(type == kTypeNotTold ? HT_TYPE_1 : type) {}
 
 void CHoldingsDataRecord::Serialize(CArchive& archive) {
-    unsigned char version = kVersion;
+    unsigned char version = kRecordVersion;
     SerializeElement(archive, version);
-    if (version != kVersion && version != kVersionWithoutHolds) return;
-    if (version == kVersion) SerializeList(archive, holds_);
+    if (version != kRecordVersion && version != kVersionWithoutHolds) return;
+    if (version == kRecordVersion) SerializeList(archive, holds_);
     SerializeElement(archive, holdingsType_);
     if (archive.IsLoading()) holdingsType_ = Migrated(holdingsType_);
     SerializeList(archive, elements_);

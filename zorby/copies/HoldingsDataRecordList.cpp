@@ -8,7 +8,7 @@
 namespace zorby {
 namespace {
 
-constexpr unsigned char kVersion = 1;
+constexpr unsigned char kRecordListVersion = 1;
 
 }  // namespace
 
@@ -16,9 +16,9 @@ const CRuntimeClass CHoldingsDataRecordList::kRuntimeClass =
     RuntimeClassOf<CHoldingsDataRecordList>("CHoldingsDataRecordList");
 
 void CHoldingsDataRecordList::Serialize(CArchive& archive) {
-    unsigned char version = kVersion;
+    unsigned char version = kRecordListVersion;
     SerializeElement(archive, version);
-    if (version != kVersion) return;
+    if (version != kRecordListVersion) return;
     if (archive.IsStoring()) {
         Store(archive);
     } else {

@@ -1,4 +1,5 @@
 #include <zorby/format/MARCFormat.h>
+#include <zorby/text/detail/Digits.h>
 #include <zorby/text/detail/TagText.h>
 #include <zorby/text/detail/ValidSubfieldCodes.h>
 #include <zorby/text/detail/WhiteSpace.h>
@@ -11,13 +12,9 @@
 namespace zorby {
 namespace {
 
-constexpr std::size_t kTagWidth = 3;
+constexpr std::size_t kEntryTagWidth = 3;
 constexpr std::size_t kEntryWidth = 4;  // a tag and a code
 constexpr std::size_t kRangeWidth = 7;  // such as 590-595
-
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
-}
 
 bool IsValid(char code) {
     return CMARCFormat::IsAnyValidSubfield(code) != 0;
@@ -49,15 +46,15 @@ public:
 private:
     // Returns false if the list ends early.
     bool AddToken(std::string_view token) {
-        const bool isBareTag = allowBareTags_ && token.size() == kTagWidth;
-        if (token.size() <= kTagWidth && !isBareTag) return true;
-        if (token.size() == kRangeWidth && token[kTagWidth] == '-') {
-            AddRange(token.substr(0, kTagWidth), token.substr(kTagWidth + 1));
+        const bool isBareTag = allowBareTags_ && token.size() == kEntryTagWidth;
+        if (token.size() <= kEntryTagWidth && !isBareTag) return true;
+        if (token.size() == kRangeWidth && token[kEntryTagWidth] == '-') {
+            AddRange(token.substr(0, kEntryTagWidth), token.substr(kEntryTagWidth + 1));
             return true;
         }
-        const std::string_view tag = token.substr(0, kTagWidth);
+        const std::string_view tag = token.substr(0, kEntryTagWidth);
         if (!std::ranges::all_of(tag, IsDigit)) return true;
-        return AddFieldAndSubfields(tag, token.substr(kTagWidth));
+        return AddFieldAndSubfields(tag, token.substr(kEntryTagWidth));
     }
 
     void AddRange(std::string_view first, std::string_view last) {
@@ -86,7 +83,7 @@ private:
 
     // A tag is known if it is an entry. A tag with a code is known if it is in any entry.
     void Remember(const std::string& entry) {
-        if (entry.size() <= kTagWidth) known_.insert(entry);
+        if (entry.size() <= kEntryTagWidth) known_.insert(entry);
         for (std::size_t at = 0; at + kEntryWidth <= entry.size(); ++at) {
             known_.insert(entry.substr(at, kEntryWidth));
         }

@@ -10,7 +10,7 @@ namespace {
 
 using Dialog = CDlgHoldingsCustom;
 
-constexpr ControlRow kRows[] = {
+constexpr ControlRow kCustomRows[] = {
     {ControlKind::kLabel, 1261, "Holdings fields && &subfields:", {10, 13, 200, 16}},
     {ControlKind::kText, Dialog::kAllFields, {}, {215, 10, 200, 22}},
     {ControlKind::kLabel, 1262, "&Bar code subfield:", {10, 43, 200, 16}},
@@ -26,7 +26,7 @@ CDlgHoldingsCustom::CDlgHoldingsCustom(std::string& extra, WindowPort* parent)
 
 void CDlgHoldingsCustom::OnInitDialog() {
     Window().SetTitle("Custom Holdings Settings");
-    Controls().Add(kRows);
+    Controls().Add(kCustomRows);
     const ExtraSettings settings(extra_);
     Controls().Text(kAllFields).SetText(settings.Get(kCustomAllFAndS));
     Controls().Text(kBarCode).SetText(settings.CustomBarCode());

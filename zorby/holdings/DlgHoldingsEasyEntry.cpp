@@ -8,7 +8,7 @@ namespace zorby {
 
 namespace {
 
-constexpr ControlRow kRows[] = {
+constexpr ControlRow kEasyEntryRows[] = {
     {ControlKind::kLabel, 1250, "Holdings &type:", {10, 12, 90, 16}},
     {ControlKind::kList, CDlgHoldingsEasyEntry::kTypes, {}, {105, 10, 220, 22}},
     {ControlKind::kButton, CDlgHoldingsEasyEntry::kChange, "C&hange...", {335, 9, 80, 24}},
@@ -27,7 +27,7 @@ CDlgHoldingsEasyEntry::CDlgHoldingsEasyEntry(std::string& type, std::string& nex
 
 void CDlgHoldingsEasyEntry::OnInitDialog() {
     Window().SetTitle("Easy Holdings Entry");
-    Controls().Add(kRows);
+    Controls().Add(kEasyEntryRows);
     FillTypeNames(Controls().List(kTypes));
     SelectTypeName(Controls().List(kTypes), type_);
     AddOkAndCancel(247, 46);

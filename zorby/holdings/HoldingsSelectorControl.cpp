@@ -14,7 +14,7 @@ namespace {
 
 using Id = CHoldingsSelector::Id;
 
-constexpr ControlRow kRows[] = {
+constexpr ControlRow kSelectorRows[] = {
     {ControlKind::kGroup, Id::kGroup, "Holdings", {0, 0, 430, 170}},
     {ControlKind::kRadio, Id::kEasy, "&Easy entry", {12, 22, 110, 18}},
     {ControlKind::kRadio, Id::kCustom, "&Custom", {12, 48, 110, 18}},
@@ -77,7 +77,7 @@ void CHoldingsSelector::InitializeYourself(WindowPort& window, const ControlBox&
     window_ = &window;
     controls_ = {};
     controls_.SetWindow(window);
-    controls_.Add(kRows, place);
+    controls_.Add(kSelectorRows, place);
     InitializeYourself(HoldingsSettings().Text());
 }
 

@@ -89,7 +89,7 @@ constexpr HoldingsTypeRow kType12 = {
     .pair = {HID_TYPE_12_ITEM_1, HID_TYPE_12_ITEM_2, true},
 };
 
-constexpr HoldingsTypeRow kRows[] = {
+constexpr HoldingsTypeRow kTypeRows[] = {
     {
         .type = HT_TYPE_1,
         .elements = {{{100, 103}}},
@@ -182,17 +182,18 @@ constexpr HoldingsTypeRow kNoRow = {.callNumberPlace = "", .barCodePlace = ""};
 }  // namespace
 
 std::span<const HoldingsTypeRow> HoldingsTypeTable() {
-    return kRows;
+    return kTypeRows;
 }
 
 const HoldingsTypeRow& HoldingsRowOf(EHOLDINGSTYPE type) {
-    const auto* row = std::ranges::find(kRows, type, &HoldingsTypeRow::type);
-    return row == std::end(kRows) ? kNoRow : *row;
+    const auto* row = std::ranges::find(kTypeRows, type, &HoldingsTypeRow::type);
+    return row == std::end(kTypeRows) ? kNoRow : *row;
 }
 
 const HoldingsTypeRow* FindHoldingsRow(EHOLDINGSID id) {
-    const auto* row = std::ranges::find_if(kRows, [id](const auto& each) { return each.Has(id); });
-    return row == std::end(kRows) ? nullptr : row;
+    const auto* row =
+        std::ranges::find_if(kTypeRows, [id](const auto& each) { return each.Has(id); });
+    return row == std::end(kTypeRows) ? nullptr : row;
 }
 
 }  // namespace zorby

@@ -17,7 +17,7 @@ CInfoAboutHoldingsTypeList& InForce() {
 }
 
 template <class Types, class Test>
-const CInfoAboutHoldingsType* FindFirst(const Types& types, Test test) {
+const CInfoAboutHoldingsType* FindType(const Types& types, Test test) {
     const auto found = std::ranges::find_if(types, [&](const auto& type) { return test(*type); });
     return found == types.end() ? nullptr : found->get();
 }
@@ -58,14 +58,14 @@ const CInfoAboutHoldingsType* CInfoAboutHoldingsTypeList::GetNext() {
 }
 
 const CInfoAboutHoldingsType* CInfoAboutHoldingsTypeList::FindFromName(std::string_view name) {
-    return FindFirst(InForce().types_, [&](const CInfoAboutHoldingsType& type) {
+    return FindType(InForce().types_, [&](const CInfoAboutHoldingsType& type) {
         return std::ranges::find(type.GetNames(), name) != type.GetNames().end();
     });
 }
 
 const CInfoAboutHoldingsType* CInfoAboutHoldingsTypeList::FindFromType(EHOLDINGSTYPE wanted) {
-    return FindFirst(InForce().types_,
-                     [&](const auto& type) { return type.GetHoldingsTypeID() == wanted; });
+    return FindType(InForce().types_,
+                    [&](const auto& type) { return type.GetHoldingsTypeID() == wanted; });
 }
 
 const CInfoAboutHoldingsField* CInfoAboutHoldingsTypeList::FindFromID(EHOLDINGSID id) {
@@ -97,8 +97,8 @@ const CInfoAboutHoldingsType* CInfoAboutHoldingsTypeList::GetAt(int index) const
 }
 
 const CInfoAboutHoldingsType* CInfoAboutHoldingsTypeList::FirstWith(EHOLDINGSID id) {
-    return FindFirst(InForce().types_,
-                     [&](const auto& type) { return type.GetFieldInfo(id) != nullptr; });
+    return FindType(InForce().types_,
+                    [&](const auto& type) { return type.GetFieldInfo(id) != nullptr; });
 }
 
 int CInfoAboutHoldingsTypeList::GetSize() const {

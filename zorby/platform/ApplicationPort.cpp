@@ -22,19 +22,14 @@ public:
     bool IsNTPlatform() const override { return false; }
 };
 
-PortSlot<ApplicationPort, RunningProgram>& Slot() {
-    static PortSlot<ApplicationPort, RunningProgram> slot;
-    return slot;
-}
-
 }  // namespace
 
 ApplicationPort& CurrentApplicationPort() {
-    return Slot().Get();
+    return SlotOf<ApplicationPort, RunningProgram>().Get();
 }
 
 void SetApplicationPort(ApplicationPort* port) {
-    Slot().Set(port);
+    SlotOf<ApplicationPort, RunningProgram>().Set(port);
 }
 
 }  // namespace zorby

@@ -3,21 +3,12 @@
 
 namespace zorby {
 
-namespace {
-
-PortSlot<ClipboardPort, MemoryClipboard>& Slot() {
-    static PortSlot<ClipboardPort, MemoryClipboard> slot;
-    return slot;
-}
-
-}  // namespace
-
 ClipboardPort& CurrentClipboardPort() {
-    return Slot().Get();
+    return SlotOf<ClipboardPort, MemoryClipboard>().Get();
 }
 
 void SetClipboardPort(ClipboardPort* port) {
-    Slot().Set(port);
+    SlotOf<ClipboardPort, MemoryClipboard>().Set(port);
 }
 
 }  // namespace zorby

@@ -27,19 +27,14 @@ public:
     }
 };
 
-PortSlot<ClockPort, SteadyClock>& Slot() {
-    static PortSlot<ClockPort, SteadyClock> slot;
-    return slot;
-}
-
 }  // namespace
 
 ClockPort& CurrentClockPort() {
-    return Slot().Get();
+    return SlotOf<ClockPort, SteadyClock>().Get();
 }
 
 void SetClockPort(ClockPort* port) {
-    Slot().Set(port);
+    SlotOf<ClockPort, SteadyClock>().Set(port);
 }
 
 }  // namespace zorby

@@ -45,11 +45,6 @@ private:
     std::shared_ptr<MemoryFiles::File> file_;
 };
 
-PortSlot<FilePort, DiskFiles>& Slot() {
-    static PortSlot<FilePort, DiskFiles> slot;
-    return slot;
-}
-
 }  // namespace
 
 std::unique_ptr<OpenFile> MemoryFiles::Open(const std::string& path) {
@@ -72,11 +67,11 @@ int MemoryFiles::Delete(const std::string& path) {
 }
 
 FilePort& CurrentFilePort() {
-    return Slot().Get();
+    return SlotOf<FilePort, DiskFiles>().Get();
 }
 
 void SetFilePort(FilePort* port) {
-    Slot().Set(port);
+    SlotOf<FilePort, DiskFiles>().Set(port);
 }
 
 }  // namespace zorby

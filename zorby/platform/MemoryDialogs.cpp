@@ -7,11 +7,6 @@ namespace zorby {
 
 namespace {
 
-PortSlot<DialogPort, MemoryDialogs>& Slot() {
-    static PortSlot<DialogPort, MemoryDialogs> slot;
-    return slot;
-}
-
 std::string WithoutAccelerator(std::string text) {
     std::erase(text, '&');
     return text;
@@ -161,11 +156,11 @@ std::unique_ptr<DialogWindowPort> MemoryDialogs::Open(WindowPort*) {
 }
 
 DialogPort& CurrentDialogPort() {
-    return Slot().Get();
+    return SlotOf<DialogPort, MemoryDialogs>().Get();
 }
 
 void SetDialogPort(DialogPort* port) {
-    Slot().Set(port);
+    SlotOf<DialogPort, MemoryDialogs>().Set(port);
 }
 
 }  // namespace zorby

@@ -8,11 +8,6 @@ namespace zorby {
 
 namespace {
 
-PortSlot<MenuPort, MemoryMenus>& Slot() {
-    static PortSlot<MenuPort, MemoryMenus> slot;
-    return slot;
-}
-
 std::string AsRead(std::string_view text) {
     std::string read(text.substr(0, text.find('\t')));
     std::erase(read, '&');
@@ -33,11 +28,11 @@ int MemoryMenus::PopUp(std::span<const MenuEntry> menu, ControlPoint) {
 }
 
 MenuPort& CurrentMenuPort() {
-    return Slot().Get();
+    return SlotOf<MenuPort, MemoryMenus>().Get();
 }
 
 void SetMenuPort(MenuPort* port) {
-    Slot().Set(port);
+    SlotOf<MenuPort, MemoryMenus>().Set(port);
 }
 
 }  // namespace zorby

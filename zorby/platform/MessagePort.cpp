@@ -27,11 +27,6 @@ private:
     }
 };
 
-PortSlot<MessagePort, ConsoleMessages>& Slot() {
-    static PortSlot<MessagePort, ConsoleMessages> slot;
-    return slot;
-}
-
 }  // namespace
 
 void RecordedMessages::ShowMessage(std::string_view text, std::string_view title,
@@ -40,11 +35,11 @@ void RecordedMessages::ShowMessage(std::string_view text, std::string_view title
 }
 
 MessagePort& CurrentMessagePort() {
-    return Slot().Get();
+    return SlotOf<MessagePort, ConsoleMessages>().Get();
 }
 
 void SetMessagePort(MessagePort* port) {
-    Slot().Set(port);
+    SlotOf<MessagePort, ConsoleMessages>().Set(port);
 }
 
 }  // namespace zorby

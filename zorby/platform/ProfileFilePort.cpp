@@ -29,11 +29,6 @@ public:
     }
 };
 
-PortSlot<ProfileFilePort, DiskProfileFiles>& Slot() {
-    static PortSlot<ProfileFilePort, DiskProfileFiles> slot;
-    return slot;
-}
-
 }  // namespace
 
 int ProfileFilePort::ReadInt(std::string_view path, std::string_view section, std::string_view key,
@@ -62,11 +57,11 @@ int MemoryProfileFiles::WriteValue(std::string_view path, std::string_view secti
 }
 
 ProfileFilePort& CurrentProfileFilePort() {
-    return Slot().Get();
+    return SlotOf<ProfileFilePort, DiskProfileFiles>().Get();
 }
 
 void SetProfileFilePort(ProfileFilePort* port) {
-    Slot().Set(port);
+    SlotOf<ProfileFilePort, DiskProfileFiles>().Set(port);
 }
 
 }  // namespace zorby

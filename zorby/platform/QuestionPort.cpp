@@ -10,11 +10,6 @@ public:
     bool AskYesNo(std::string_view) override { return false; }
 };
 
-PortSlot<QuestionPort, AlwaysNo>& Slot() {
-    static PortSlot<QuestionPort, AlwaysNo> slot;
-    return slot;
-}
-
 }  // namespace
 
 bool ScriptedAnswers::AskYesNo(std::string_view question) {
@@ -26,11 +21,11 @@ bool ScriptedAnswers::AskYesNo(std::string_view question) {
 }
 
 QuestionPort& CurrentQuestionPort() {
-    return Slot().Get();
+    return SlotOf<QuestionPort, AlwaysNo>().Get();
 }
 
 void SetQuestionPort(QuestionPort* port) {
-    Slot().Set(port);
+    SlotOf<QuestionPort, AlwaysNo>().Set(port);
 }
 
 }  // namespace zorby

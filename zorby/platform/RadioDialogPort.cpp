@@ -11,11 +11,6 @@ struct NoDialog : ScriptedRadioDialog {
     NoDialog() { confirms = false; }
 };
 
-PortSlot<RadioDialogPort, NoDialog>& Slot() {
-    static PortSlot<RadioDialogPort, NoDialog> slot;
-    return slot;
-}
-
 bool IsOpen(const RadioGroup& group, int option) {
     return option >= 0 && static_cast<std::size_t>(option) < group.options.size() &&
            group.options[static_cast<std::size_t>(option)].isEnabled;
@@ -36,11 +31,11 @@ bool ScriptedRadioDialog::Ask(RadioDialog& dialog) {
 }
 
 RadioDialogPort& CurrentRadioDialogPort() {
-    return Slot().Get();
+    return SlotOf<RadioDialogPort, NoDialog>().Get();
 }
 
 void SetRadioDialogPort(RadioDialogPort* port) {
-    Slot().Set(port);
+    SlotOf<RadioDialogPort, NoDialog>().Set(port);
 }
 
 }  // namespace zorby

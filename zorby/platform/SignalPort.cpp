@@ -11,19 +11,14 @@ public:
     void ShowWaitCursor(bool) override {}
 };
 
-PortSlot<SignalPort, NoSignals>& Slot() {
-    static PortSlot<SignalPort, NoSignals> slot;
-    return slot;
-}
-
 }  // namespace
 
 SignalPort& CurrentSignalPort() {
-    return Slot().Get();
+    return SlotOf<SignalPort, NoSignals>().Get();
 }
 
 void SetSignalPort(SignalPort* port) {
-    Slot().Set(port);
+    SlotOf<SignalPort, NoSignals>().Set(port);
 }
 
 }  // namespace zorby

@@ -3,21 +3,12 @@
 
 namespace zorby {
 
-namespace {
-
-PortSlot<WorkAreaPort, FixedWorkArea>& Slot() {
-    static PortSlot<WorkAreaPort, FixedWorkArea> slot;
-    return slot;
-}
-
-}  // namespace
-
 WorkAreaPort& CurrentWorkAreaPort() {
-    return Slot().Get();
+    return SlotOf<WorkAreaPort, FixedWorkArea>().Get();
 }
 
 void SetWorkAreaPort(WorkAreaPort* port) {
-    Slot().Set(port);
+    SlotOf<WorkAreaPort, FixedWorkArea>().Set(port);
 }
 
 }  // namespace zorby

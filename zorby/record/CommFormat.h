@@ -18,6 +18,7 @@ inline constexpr char kRecordEnd = 0x1D;
 inline constexpr char kFieldEnd = 0x1E;
 inline constexpr char kDelimiter = 0x1F;
 inline constexpr std::size_t kLeaderSize = 24;
+inline constexpr std::size_t kTagSize = 3;
 inline constexpr std::size_t kDirectoryEntrySize = 12;
 inline constexpr std::size_t kLongestField = 9999;    // bytes, including its field end
 inline constexpr std::size_t kLongestRecord = 99999;  // bytes

@@ -7,10 +7,6 @@
 namespace zorby {
 namespace {
 
-CommFormatFault Fault(CommFormatReason reason, std::size_t offset, std::string_view tag = {}) {
-    return {reason, offset, std::string(tag)};
-}
-
 // Checks that the record's length agrees with its record end and with the number of bytes.
 CommFormatFault CheckLength(std::string_view bytes) {
     if (bytes.empty()) return Fault(CFR_Empty, 0);

@@ -5,10 +5,6 @@
 namespace zorby {
 namespace {
 
-CommFormatFault Fault(CommFormatReason reason, std::size_t offset, std::string_view tag = {}) {
-    return {reason, offset, std::string(tag)};
-}
-
 // Returns whether the bytes up to `end` can be a directory: whole entries, each a tag and nine more
 // bytes.
 bool IsDirectory(std::string_view bytes, std::size_t end) {

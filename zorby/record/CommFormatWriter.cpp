@@ -5,7 +5,6 @@
 namespace zorby {
 namespace {
 
-constexpr std::size_t kTagSize = 3;
 constexpr char kUnknownLeaderByte = '|';
 constexpr std::size_t kDataLimit = 99999;  // bytes; all fields together stay below this
 

@@ -12,7 +12,6 @@ namespace {
 
 constexpr unsigned kFirstDataTag = 10;
 constexpr unsigned kLastTag = 999;
-constexpr std::size_t kTagSize = 3;
 constexpr std::size_t kIndicatorEnd = 5;
 constexpr char kDot = '\xB7';
 

@@ -1,6 +1,7 @@
 #include <zorby/record/CommFormat.h>
 #include <zorby/record/Pmarc.h>
 #include <zorby/record/detail/FieldParts.h>
+#include <zorby/text/detail/Digits.h>
 
 #include <algorithm>
 #include <new>
@@ -12,7 +13,6 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr char kMicrolifFieldEnd = '^';
 constexpr char kMicrolifRecordEnd = '`';
 constexpr char kMicrolifDelimiter = '_';
-constexpr std::size_t kTagSize = 3;
 constexpr std::size_t kMicrolifHeadSize = kTagSize + kLeaderSize;
 
 void PutMicrolifLength(std::string& head, std::size_t length) {
@@ -20,10 +20,6 @@ void PutMicrolifLength(std::string& head, std::size_t length) {
     std::string digits = std::to_string(length);
     if (digits.size() < kDigits) digits.insert(0, kDigits - digits.size(), '0');
     head.replace(kTagSize, kDigits, digits, 0, kDigits);
-}
-
-bool IsDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 bool IsAnEnd(char c) {

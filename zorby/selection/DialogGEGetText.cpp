@@ -15,14 +15,14 @@ namespace {
 
 using Id = CDialogGEGetText::Id;
 
-constexpr ControlRow kRows[] = {
+constexpr ControlRow kGetTextRows[] = {
     {ControlKind::kLabel, Id::kField, {}, {10, 12, 300, 16}},
     {ControlKind::kLabel, Id::kSubfield, {}, {10, 32, 300, 16}},
     {ControlKind::kButton, Id::kSelect, {}, {320, 10, 100, 24}},
     {ControlKind::kLabel, Id::kCondition, {}, {10, 98, 300, 48}},
     {ControlKind::kButton, Id::kOnlyWhen, "&Only when...", {320, 96, 100, 24}},
 };
-constexpr int kAdvancedControls[] = {Id::kCondition, Id::kOnlyWhen};
+constexpr int kGetTextAdvanced[] = {Id::kCondition, Id::kOnlyWhen};
 
 constexpr std::string_view kHoldingsMark = "HLD";
 
@@ -69,7 +69,7 @@ std::string CDialogGEGetText::GetState() {
 
 void CDialogGEGetText::OnInitDialog() {
     Window().SetTitle("Get Text");
-    Controls().Add(kRows);
+    Controls().Add(kGetTextRows);
     AddAdvancedButton(10, 60);
     AddOkAndCancel(252, 152);
     UpdateSelect(true);
@@ -78,7 +78,7 @@ void CDialogGEGetText::OnInitDialog() {
 }
 
 void CDialogGEGetText::ShowAdvanced(int show) {
-    Controls().Show(kAdvancedControls, show != 0);
+    Controls().Show(kGetTextAdvanced, show != 0);
 }
 
 // Reads a text by its length alone.

@@ -16,7 +16,7 @@ constexpr std::array kTextTests = {"Contains", "Does not contain"};
 constexpr std::array kEmptyTests = {"Is empty or missing", "Is not empty"};
 constexpr int kTextTestCount = static_cast<int>(kTextTests.size());
 
-constexpr ControlRow kRows[] = {
+constexpr ControlRow kOnlyWhenRows[] = {
     {kRadio, Dialog::kAlways, "A&lways", {10, 10, 400, 18}},
     {kRadio, Dialog::kOnlyWhen, {}, {10, 32, 400, 18}},
     {kGroup, Dialog::kFirst + Dialog::kHeading, {}, {10, 56, 420, 86}},
@@ -38,7 +38,7 @@ constexpr int kBasicControls[] = {
     Dialog::kFirst + Dialog::kCondition, Dialog::kFirst + Dialog::kText,
     Dialog::kFirst + Dialog::kMatchCase, Dialog::kAdvanced,
 };
-constexpr int kAdvancedControls[] = {
+constexpr int kOnlyWhenAdvanced[] = {
     Dialog::kBoth,
     Dialog::kEither,
     Dialog::kSecond + Dialog::kHeading,
@@ -102,7 +102,7 @@ void CDialogGEOnlyWhen::ParseTag() {
 
 void CDialogGEOnlyWhen::OnInitDialog() {
     Window().SetTitle(title_);
-    Controls().Add(kRows);
+    Controls().Add(kOnlyWhenRows);
     AddAdvancedButton(10, 306);
     AddOkAndCancel(262, 306);
     Controls().At(kError).Show(false);
@@ -193,7 +193,7 @@ void CDialogGEOnlyWhen::ShowBasic(int show) {
 
 // "Always" hides both tests.
 void CDialogGEOnlyWhen::ShowAdvanced(int show) {
-    Controls().Show(kAdvancedControls, show != 0 && state_.onlyWhen);
+    Controls().Show(kOnlyWhenAdvanced, show != 0 && state_.onlyWhen);
     SetAdvancedControlState();
 }
 

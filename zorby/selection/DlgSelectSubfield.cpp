@@ -6,7 +6,7 @@ namespace zorby {
 namespace {
 
 constexpr ControlBox kSelectorPlace{10, 30, 360, 380};
-constexpr ControlRow kRows[] = {
+constexpr ControlRow kSelectSubfieldRows[] = {
     {ControlKind::kLabel, CDlgSelectSubfield::kHeading, {}, {10, 8, 360, 16}},
     {ControlKind::kLabel, CDlgSelectSubfield::kError, {}, {10, 414, 360, 48}},
 };
@@ -63,7 +63,7 @@ CFandSSelectorState CDlgSelectSubfield::StartingState() const {
 }
 
 void CDlgSelectSubfield::OnInitDialog() {
-    Controls().Add(kRows);
+    Controls().Add(kSelectSubfieldRows);
     Controls().At(kHeading).SetText(heading_);
     Controls().At(kError).Show(false);
     Window().SetTitle("Select Subfield");

@@ -12,28 +12,28 @@ namespace zorby {
 
 namespace {
 
-using Id = CIndicatorSelect::Id;
+using SelectId = CIndicatorSelect::Id;
 
 constexpr const char* kUserDefined = "User defined indicator value";
 constexpr const char* kSears = "Sears specified in $2";
 constexpr unsigned kTagWithoutName = 1000;
 
-constexpr ControlRow kRows[] = {
-    {ControlKind::kLabel, Id::kName, {}, {0, 0, 240, 16}},
-    {ControlKind::kLabel, Id::kExplanation, {}, {0, 18, 240, 32}},
-    {ControlKind::kList, Id::kCombo, {}, {0, 52, 240, 22}},
-    {ControlKind::kText, Id::kUserValue, {}, {0, 78, 30, 22}},
+constexpr ControlRow kIndicatorRows[] = {
+    {ControlKind::kLabel, SelectId::kName, {}, {0, 0, 240, 16}},
+    {ControlKind::kLabel, SelectId::kExplanation, {}, {0, 18, 240, 32}},
+    {ControlKind::kList, SelectId::kCombo, {}, {0, 52, 240, 22}},
+    {ControlKind::kText, SelectId::kUserValue, {}, {0, 78, 30, 22}},
     {ControlKind::kLabel,
-     Id::kUserTip,
+     SelectId::kUserTip,
      "Enter a user defined indicator value here.",
      {36, 82, 204, 16}},
-    {ControlKind::kCheck, Id::kAuto, "&Updated automatically by program", {0, 104, 240, 18}},
+    {ControlKind::kCheck, SelectId::kAuto, "&Updated automatically by program", {0, 104, 240, 18}},
     {ControlKind::kLabel,
-     Id::kAutoTip,
+     SelectId::kAutoTip,
      "This indicator is automatically set by the program and can't be set here.",
      {0, 124, 240, 32}},
 };
-constexpr int kUserControls[] = {Id::kUserValue, Id::kUserTip};
+constexpr int kUserControls[] = {SelectId::kUserValue, SelectId::kUserTip};
 
 constexpr std::array kAutomaticFirst = {130, 245, 630, 730, 740};
 constexpr std::array kAutomaticSecond = {222, 240, 242, 243, 245, 440, 830};
@@ -57,7 +57,7 @@ void CIndicatorSelect::InitializeIndicatorSelect(WindowPort& parent, unsigned ta
     settings_ = settings;
     if (controls_.IsEmpty()) {
         controls_.SetWindow(parent);
-        controls_.Add(kRows, settings.place);
+        controls_.Add(kIndicatorRows, settings.place);
     }
     controls_.At(kAuto).Check(settings.autoUpdate != 0);
     controls_.At(kUserValue).SetText({});

@@ -7,7 +7,7 @@ namespace zorby {
 
 namespace {
 
-constexpr ControlBox kSelectorPlace{10, 10, 360, 400};
+constexpr ControlBox kOtherSelectorPlace{10, 10, 360, 400};
 
 // Returns the tag of the first part of a typed selection.
 std::string FirstTag(std::string_view typed) {
@@ -42,7 +42,7 @@ void COtherMissingFieldsDlg::OnInitDialog() {
     state.treeValue = treeValue_;
     (isTyped ? state.typedSelection : state.treeSelection) = selection_;
     Window().SetTitle("Select missing field");
-    selector_.InitializeYourself(Window(), state, kSelectorPlace, 0);
+    selector_.InitializeYourself(Window(), state, kOtherSelectorPlace, 0);
     AddOkAndCancel(200, 418);
 }
 

@@ -34,7 +34,7 @@ constexpr unsigned kDefaultCallNumberTag = 900;
 constexpr unsigned kMainEntryTags[] = {100, 110, 111, 130};
 constexpr unsigned kSeriesTags[] = {800, 810, 811, 830, 440};
 
-std::uint32_t DataOf(char high, unsigned low) {
+std::uint32_t DataOfItem(char high, unsigned low) {
     return static_cast<std::uint32_t>(static_cast<unsigned char>(high)) << 16 | low;
 }
 
@@ -162,7 +162,7 @@ TreeItem CTreeFieldAndSub::InsertItemFieldGroupsSingleTag(unsigned tag, char let
                                                           int checksSingle) {
     std::string name;
     CMARCFormat::FieldName(tag, option_, name);
-    const TreeItem item = Insert(parent, name, DataOf(letter, tag));
+    const TreeItem item = Insert(parent, name, DataOfItem(letter, tag));
     const bool isNamed = Contains(selection, "\\" + FieldNode(tag, letter) + "\\");
     if (isNamed && (checksSingle || !IsSingleSelection())) SetItemSelection(item, kChecked);
     std::string codes;
@@ -223,7 +223,7 @@ void CTreeFieldAndSub::PopulateSubfield(TreeItem item) {
         if (tag == kTitleTag && code == 'h' && !allow245h_) continue;
         std::string name;
         CMARCFormat::SubfieldName(tag, code, option_, name);
-        const TreeItem subfield = InsertItem(item, name, DataOf(code, tag));
+        const TreeItem subfield = InsertItem(item, name, DataOfItem(code, tag));
         const bool follows = GetItemSelection(item) == kChecked;
         if (follows || chosen.find(code) != std::string::npos) {
             SetItemSelection(subfield, kChecked);

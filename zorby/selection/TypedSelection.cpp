@@ -1,6 +1,7 @@
 #include <zorby/format/MARCFormat.h>
 #include <zorby/platform/detail/Decimal.h>
 #include <zorby/selection/detail/TypedSelection.h>
+#include <zorby/text/detail/Digits.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -13,16 +14,8 @@ constexpr std::size_t kTagWidth = 3;
 constexpr std::size_t kRangeWidth = 7;
 constexpr std::string_view kSeparators = " ,";
 
-bool IsDigit(char c) {
-    return '0' <= c && c <= '9';
-}
-
 bool IsLetterOrDigit(char c) {
     return IsDigit(c) || ('a' <= c && c <= 'z') || ('A' <= c && c <= 'Z');
-}
-
-bool AreDigits(std::string_view text) {
-    return std::ranges::all_of(text, IsDigit);
 }
 
 bool IsRange(std::string_view part) {

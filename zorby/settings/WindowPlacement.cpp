@@ -13,7 +13,7 @@ namespace zorby {
 
 namespace {
 
-constexpr std::string_view kSection = "Settings";
+constexpr std::string_view kPlacementSection = "Settings";
 constexpr std::array<const char*, 3> kKeys{"ZorbyWindowPos", "RecVWindowPos",
                                            "RecordViewerWindowPos"};
 constexpr int kCataloguing = 0;
@@ -100,7 +100,7 @@ void ReadWindowPlacement(WindowPlacement* placement, int which) {
     const char* key = KeyOf(which);
     if (!key) return;
     std::string text;
-    GetZorbyProfileStringRaw(kSection, key, text);
+    GetZorbyProfileStringRaw(kPlacementSection, key, text);
     std::optional<WindowPlacement> stored = Parse(text);
     if (stored && which == kRecordList && stored->showCommand == kShowMinimized) {
         RestoreFromIcon(*stored);
@@ -119,7 +119,7 @@ void WriteWindowPlacement(const WindowPlacement* placement, int which) {
         text += i < kUnsignedFields ? std::to_string(static_cast<unsigned>(number))
                                     : std::to_string(number);
     }
-    WriteZorbyProfileStringRaw(kSection, key, text.c_str());
+    WriteZorbyProfileStringRaw(kPlacementSection, key, text.c_str());
 }
 
 }  // namespace zorby

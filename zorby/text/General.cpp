@@ -1,5 +1,6 @@
 #include <zorby/charset/Convert.h>
 #include <zorby/text/General.h>
+#include <zorby/text/detail/Digits.h>
 
 #include <algorithm>
 #include <array>
@@ -10,10 +11,6 @@ namespace zorby {
 namespace {
 
 constexpr char kDisplayedBlank = static_cast<char>(0xB7);
-
-bool IsDigit(char byte) {
-    return byte >= '0' && byte <= '9';
-}
 
 bool IsPrintableASCII(char byte) {
     return byte >= 0x20 && byte <= 0x7E;

@@ -2,10 +2,15 @@
 
 #include <zorby/charset/detail/KeyTableRows.h>
 
+#include <array>
+
 namespace zorby {
 
 // The MARC-8 alphabet in force for the whole library.
 extern unsigned char currentAlphabet;
+
+// Another byte for each of the `Qm` code.
+using CodeMap = std::array<char, 256>;
 
 constexpr bool IsPrintableASCII(unsigned char c) {
     return c >= 0x20 && c <= 0x7E;

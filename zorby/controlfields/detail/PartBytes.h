@@ -10,6 +10,8 @@
 namespace zorby {
 
 inline constexpr char kBlank = ' ';
+inline constexpr std::size_t kFieldEndSize = 1;
+inline constexpr std::size_t kFrom006To008 = 17;  // from 006/01-17 to 008/18-34
 
 inline std::string_view UpToZero(std::string_view text) {
     return text.substr(0, text.find('\0'));

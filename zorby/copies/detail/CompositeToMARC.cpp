@@ -6,13 +6,13 @@
 namespace zorby {
 namespace {
 
-constexpr int kLowestCode = 32;  // lower subfields of a dictionary are places in a composite
+constexpr int kLowestCodeOfField = 32;  // lower subfields of a dictionary are places in a composite
 
 }  // namespace
 
 // Even a text without any value begins the subfield.
 bool CompositeToMARC::Take(const CInfoAboutHoldingsField& info, std::string_view text) {
-    if (!composite_ || info.GetSubfield() >= kLowestCode) return false;
+    if (!composite_ || info.GetSubfield() >= kLowestCodeOfField) return false;
     if (text_.empty()) text_ = composite_->opening;
     const std::string lead = composite_->lead(info.GetSubfield());
     if (!lead.empty()) {

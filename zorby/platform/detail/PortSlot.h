@@ -14,4 +14,11 @@ private:
     Port* set_ = nullptr;
 };
 
+// The one slot of a port in the program.
+template <class Port, class Plain>
+PortSlot<Port, Plain>& SlotOf() {
+    static PortSlot<Port, Plain> slot;
+    return slot;
+}
+
 }  // namespace zorby

@@ -23,6 +23,11 @@ inline bool IsTag(std::string_view tag) {
            std::all_of(tag.begin(), tag.end(), [](char c) { return c > ' ' && c < 0x7F; });
 }
 
+inline CommFormatFault Fault(CommFormatReason reason, std::size_t offset,
+                             std::string_view tag = {}) {
+    return {reason, offset, std::string(tag)};
+}
+
 struct ContentFault {
     CommFormatReason reason = CFR_None;
     std::size_t offset = 0;  // in the content
