@@ -1,13 +1,7 @@
 #include <quillory/desktop/CodedChoice.h>
 #include <quillory/desktop/CodedEditor.h>
 #include <quillory/desktop/CodedStrip.h>
-#include <quillory/desktop/Desk.h>
-#include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/FindingsList.h>
-#include <quillory/desktop/MainWindow.h>
-#include <quillory/desktop/RecordTable.h>
-
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QLabel>
@@ -15,18 +9,15 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTabBar>
-#include <QTemporaryDir>
-#include <QTest>
 #include <set>
-#include <tests/quillory/Records.h>
-#include <tests/quillory/exchange/TemporaryFile.h>
+#include <tests/quillory/desktop/DeskTest.h>
 
 namespace quillory {
 namespace {
 
 const std::string k008 = "240101s2023    nyua          000 0 eng d";
 
-std::string Book(const std::string& content008 = k008, const std::string& more = {}) {
+std::string BookOf(const std::string& content008 = k008, const std::string& more = {}) {
     Lines lines{"LDR00000cam a2200000 a 4500", "0011", "008" + content008,
                 "24510\037aRivers /\037cJane Doe."};
     if (!more.empty()) lines.insert(lines.begin() + 2, more);
@@ -34,32 +25,10 @@ std::string Book(const std::string& content008 = k008, const std::string& more =
 }
 
 // A person at the forms of a record.
-class CodedEditorTest : public testing::Test {
+class CodedEditorTest : public DeskTest {
 protected:
-    static void SetUpTestSuite() {
-        home_ = new QTemporaryDir;
-        qputenv("QUILLORY_HOME", home_->path().toUtf8());
-        desk_ = new Desk;
-    }
-    static void TearDownTestSuite() {
-        delete desk_;
-        delete home_;
-    }
-    void SetUp() override { Open(Book()); }
+    void SetUp() override { Open(BookOf()); }
 
-    void Open(const std::string& bytes) {
-        window_.reset();
-        file_.emplace(bytes, ".mrc");
-        window_ = std::make_unique<MainWindow>(*desk_, settings_);
-        window_->show();
-        window_->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-        ASSERT_TRUE(window_->Open(QString::fromStdString(file_->Path())));
-        while (window_->IsWorking()) QTest::qWait(1);
-    }
-    void Press(int key, Qt::KeyboardModifiers with = Qt::NoModifier) {
-        QTest::keyClick(window_.get(), static_cast<Qt::Key>(key), with);
-    }
     template <class Control>
     Control* Named(const QString& name) {
         for (auto* control : window_->Coded().findChildren<Control*>()) {
@@ -83,16 +52,7 @@ protected:
         EXPECT_TRUE(window_->Save());
         return file_->Read();
     }
-
-    static QTemporaryDir* home_;
-    static Desk* desk_;
-    DeskSettings settings_{QString()};
-    std::optional<TemporaryFile> file_;
-    std::unique_ptr<MainWindow> window_;
 };
-
-QTemporaryDir* CodedEditorTest::home_ = nullptr;
-Desk* CodedEditorTest::desk_ = nullptr;
 
 // F8, a choice by its code, one by its words, a date: checked, saved, and nothing else has changed.
 TEST_F(CodedEditorTest, A008IsFilledByKeysAndSaved) {
@@ -115,13 +75,13 @@ TEST_F(CodedEditorTest, A008IsFilledByKeysAndSaved) {
     Choice("Illustrations, 008/18-21, code 2 of 4")->setFocus();
     Type("b");
     window_->CheckNow();
-    EXPECT_EQ(Saved(), Book("240101s1999    nyuab         000 1 fre d"));
+    EXPECT_EQ(Saved(), BookOf("240101s1999    nyuab         000 1 fre d"));
     Press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(Saved(), Book("240101s1999    nyua          000 1 fre d"));
+    EXPECT_EQ(Saved(), BookOf("240101s1999    nyua          000 1 fre d"));
 }
 
 TEST_F(CodedEditorTest, AValueThatNoListHasIsShownAndStays) {
-    Open(Book("240101s2o23    nyuq          00x 0 vvv d"));
+    Open(BookOf("240101s2o23    nyuq          00x 0 vvv d"));
     Press(Qt::Key_F8);
     EXPECT_EQ(Choice("Illustrations, 008/18-21, code 1 of 4")->currentText(), "q  not a code here");
     EXPECT_EQ(Choice("Language, 008/35-37")->currentText(), "vvv  not a code here");
@@ -130,11 +90,11 @@ TEST_F(CodedEditorTest, AValueThatNoListHasIsShownAndStays) {
     EXPECT_EQ(Choice("Language, 008/35-37")->currentText(), "vvv  not a code here");
     Choice("Literary form, 008/33")->setFocus();
     Type("1");
-    EXPECT_EQ(Saved(), Book("240101s2o23    nyuq          00x 1 vvv d"));
+    EXPECT_EQ(Saved(), BookOf("240101s2o23    nyuq          00x 1 vvv d"));
 }
 
 TEST_F(CodedEditorTest, AnObsoleteCodeIsMarkedAndLeavesTheListWithItsValue) {
-    Open(Book("240101s2023    nyua          000 0 fri d"));
+    Open(BookOf("240101s2023    nyua          000 0 fri d"));
     Press(Qt::Key_F8);
     CodedChoice* language = Choice("Language, 008/35-37");
     EXPECT_TRUE(language->currentText().contains("obsolete"))
@@ -144,11 +104,11 @@ TEST_F(CodedEditorTest, AnObsoleteCodeIsMarkedAndLeavesTheListWithItsValue) {
     language->lineEdit()->selectAll();
     Type("fry\t");
     EXPECT_EQ(language->count(), count - 1);
-    EXPECT_EQ(Saved(), Book("240101s2023    nyua          000 0 fry d"));
+    EXPECT_EQ(Saved(), BookOf("240101s2023    nyua          000 0 fry d"));
 }
 
 TEST_F(CodedEditorTest, MaterialsAreGoneThroughAndTheWayBackLosesNothing) {
-    Open(Book("240101s2023    nyuabf jo     110 1aeng d"));
+    Open(BookOf("240101s2023    nyuabf jo     110 1aeng d"));
     Press(Qt::Key_L, Qt::ControlModifier);
     CodedChoice* type = Choice("Type of record, leader/06");
     type->setFocus();
@@ -162,7 +122,7 @@ TEST_F(CodedEditorTest, MaterialsAreGoneThroughAndTheWayBackLosesNothing) {
     EXPECT_EQ(Fields().tabText(1), "008 books");
     window_->CheckNow();
     EXPECT_FALSE(window_->isWindowModified());
-    EXPECT_EQ(Saved(), Book("240101s2023    nyuabf jo     110 1aeng d"));
+    EXPECT_EQ(Saved(), BookOf("240101s2023    nyuabf jo     110 1aeng d"));
 }
 
 TEST_F(CodedEditorTest, A007IsAddedAndRemoved) {
@@ -181,13 +141,13 @@ TEST_F(CodedEditorTest, A007IsAddedAndRemoved) {
         if (action->text() == "DVD video") action->trigger();
     }
     EXPECT_EQ(Fields().tabText(Fields().currentIndex()), "007 videorecording");
-    EXPECT_EQ(Saved(), Book(k008, "007vd cvaizu"));
+    EXPECT_EQ(Saved(), BookOf(k008, "007vd cvaizu"));
     QTest::mouseClick(remove, Qt::LeftButton);
-    EXPECT_EQ(Saved(), Book());
+    EXPECT_EQ(Saved(), BookOf());
 }
 
 TEST_F(CodedEditorTest, AClickOnAByteAndAFindingLeadToTheElement) {
-    Open(Book("240101s2023    nyua          000 0 ENG d"));
+    Open(BookOf("240101s2023    nyua          000 0 ENG d"));
     Press(Qt::Key_F8);
     FindingsList& findings = window_->Findings();
     window_->CheckNow();
@@ -209,20 +169,20 @@ TEST_F(CodedEditorTest, FieldsThatAreNotAsTheFormatHasThemAreShownAndKept) {
     const std::string longer = k008 + "more";
     for (const std::string& content : {shorter, longer, std::string()}) {
         SCOPED_TRACE(content);
-        Open(Book(content, "007?x"));
+        Open(BookOf(content, "007?x"));
         Press(Qt::Key_F8);
         Press(Qt::Key_F7);
         EXPECT_EQ(Fields().tabText(Fields().currentIndex()), "007 ?");
         Press(Qt::Key_F8);
         window_->Coded().Finish();
         EXPECT_FALSE(window_->isWindowModified());
-        EXPECT_EQ(file_->Read(), Book(content, "007?x"));
+        EXPECT_EQ(file_->Read(), BookOf(content, "007?x"));
     }
-    Open(Book(shorter));
+    Open(BookOf(shorter));
     Press(Qt::Key_F8);
     Choice("Illustrations, 008/18-21, code 1 of 4")->setFocus();
     Type("a");
-    EXPECT_EQ(Saved(), Book(shorter + "a"));
+    EXPECT_EQ(Saved(), BookOf(shorter + "a"));
 }
 
 TEST_F(CodedEditorTest, EveryControlHasANameOfItsOwn) {

@@ -28,8 +28,8 @@ inline std::string Book(const std::string& title, const std::string& label = " "
                    "24510\037a" + title + " /\037cJane Doe."});
 }
 
-// The window as a person sees it, with a file open.
-class DeskTest : public testing::Test {
+// Windows on a store of their own.
+class StoreTest : public testing::Test {
 protected:
     static void SetUpTestSuite() {
         home_ = new QTemporaryDir;
@@ -41,32 +41,55 @@ protected:
         delete home_;
     }
 
+    std::unique_ptr<MainWindow> NewWindow() {
+        auto window = std::make_unique<MainWindow>(*desk_, settings_);
+        window->show();
+        Activate(*window);
+        return window;
+    }
+    // Keys go to the window that is active.
+    static void Activate(MainWindow& window) {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    static void Wait(const MainWindow& window) {
+        while (window.IsWorking()) QTest::qWait(1);
+    }
+    // The row of a place, by what stands in a column of it.
+    static QString Cell(MainWindow& window, const std::string& place,
+                        int column = RecordModel::Text) {
+        const QModelIndex at = window.Table().Model().IndexOf(*ParsePlace(place));
+        return at.siblingAtColumn(column).data().toString();
+    }
+
+    static inline QTemporaryDir* home_ = nullptr;
+    static inline Desk* desk_ = nullptr;
+    DeskSettings settings_{QString()};
+};
+
+// The window as a person sees it, with a file open.
+class DeskTest : public StoreTest {
+protected:
     void SetUp() override { Open(Book("Rivers") + Book("Lakes") + Book("A sea")); }
 
+    // In a window of its own.
     void Open(const std::string& bytes, const std::string& ending = ".mrc") {
         window_.reset();
+        window_ = NewWindow();
+        OpenHere(bytes, ending);
+    }
+    void OpenHere(const std::string& bytes, const std::string& ending = ".mrc") {
         file_.emplace(bytes, ending);
-        window_ = std::make_unique<MainWindow>(*desk_, settings_);
-        window_->show();
-        Activate();
         ASSERT_TRUE(window_->Open(Path()));
         Wait();
     }
-    // Keys go to the window that is active.
-    void Activate() const {
-        window_->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-    }
-    void Wait() const {
-        while (window_->IsWorking()) QTest::qWait(1);
-    }
+    void Activate() const { StoreTest::Activate(*window_); }
+    void Wait() const { StoreTest::Wait(*window_); }
     QString Path() const { return QString::fromStdString(file_->Path()); }
 
     RecordTable& Table() { return window_->Table(); }
-    // The row of a place, by what stands in a column of it.
     QString Cell(const std::string& place, int column = RecordModel::Text) {
-        const QModelIndex at = Table().Model().IndexOf(*ParsePlace(place));
-        return at.siblingAtColumn(column).data().toString();
+        return StoreTest::Cell(*window_, place, column);
     }
     void GoTo(const std::string& place) { Table().GoTo(*ParsePlace(place)); }
     // The box that is open in the record; null if there is none. Closed ones go a moment later.
@@ -99,9 +122,6 @@ protected:
         return window_->List().model()->index(row, column).data().toString();
     }
 
-    static inline QTemporaryDir* home_ = nullptr;
-    static inline Desk* desk_ = nullptr;
-    DeskSettings settings_{QString()};
     std::optional<TemporaryFile> file_;
     std::unique_ptr<MainWindow> window_;
 };

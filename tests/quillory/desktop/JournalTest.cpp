@@ -1,56 +1,23 @@
 #include <quillory/desktop/CodedEditor.h>
-#include <quillory/desktop/Desk.h>
-#include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
-#include <quillory/desktop/MainWindow.h>
 #include <quillory/desktop/MessageBar.h>
-#include <quillory/desktop/RecordModel.h>
-#include <quillory/desktop/RecordTable.h>
 #include <quillory/store/HomeFolder.h>
-
-#include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
-#include <tests/quillory/Records.h>
-#include <tests/quillory/exchange/TemporaryFile.h>
+#include <tests/quillory/desktop/DeskTest.h>
 
 namespace quillory {
 namespace {
 
-std::string Book(const std::string& title) {
-    return MarcOf({"LDR00000cam a2200000 a 4500", "001" + title,
-                   "008240101s2023    nyua          000 0 eng d",
-                   "24510\037a" + title + " /\037cJane Doe."});
-}
-
 // Windows that end without a word, and those that come after them.
-class JournalTest : public testing::Test {
+class JournalTest : public StoreTest {
 protected:
-    static void SetUpTestSuite() {
-        home_ = new QTemporaryDir;
-        qputenv("QUILLORY_HOME", home_->path().toUtf8());
-        desk_ = new Desk;
-    }
-    static void TearDownTestSuite() {
-        delete desk_;
-        delete home_;
-    }
-
-    std::unique_ptr<MainWindow> NewWindow() {
-        auto window = std::make_unique<MainWindow>(*desk_, settings_);
-        window->show();
-        window->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
-        return window;
-    }
     bool Open(MainWindow& window) {
         const bool isOpen = window.Open(QString::fromStdString(file_.Path()));
-        while (window.IsWorking()) QTest::qWait(1);
+        Wait(window);
         return isOpen;
     }
     // Answers the next question by the button with this text.
@@ -66,14 +33,9 @@ protected:
             box->reject();
         });
     }
-    static QString Cell(MainWindow& window, const std::string& place) {
-        const QModelIndex at = window.Table().Model().IndexOf(*ParsePlace(place));
-        return at.siblingAtColumn(RecordModel::Text).data().toString();
-    }
     // Types at the end of a text, and leaves it open.
     static void TypeAt(MainWindow& window, const std::string& place, const QString& text) {
-        window.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        Activate(window);
         window.Table().GoTo(*ParsePlace(place));
         window.Table().edit(window.Table().currentIndex());
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
@@ -84,14 +46,8 @@ protected:
     // Nothing is asked, and nothing is closed.
     static void Crash(std::unique_ptr<MainWindow>& window) { window.reset(); }
 
-    static QTemporaryDir* home_;
-    static Desk* desk_;
-    DeskSettings settings_{QString()};
     TemporaryFile file_{Book("One") + Book("Two") + Book("Three"), ".mrc"};
 };
-
-QTemporaryDir* JournalTest::home_ = nullptr;
-Desk* JournalTest::desk_ = nullptr;
 
 TEST_F(JournalTest, WhatWasTypedIsOfferedAfterACrashAndForgottenAfterASave) {
     auto window = NewWindow();

@@ -1,19 +1,10 @@
-#include <quillory/desktop/Desk.h>
-#include <quillory/desktop/DeskSettings.h>
-#include <quillory/desktop/MainWindow.h>
-#include <quillory/desktop/RecordTable.h>
-#include <quillory/desktop/RepairDialog.h>
 #include <quillory/desktop/Theme.h>
-
-#include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
 #include <QTabWidget>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
+#include <tests/quillory/desktop/DeskTest.h>
 
 namespace quillory {
 namespace {
@@ -37,10 +28,9 @@ void ExpectNothingCut(const QWidget& window) {
     }
 }
 
-TEST(Looks, NothingIsCutInAnySizeOrTheme) {
-    const QTemporaryDir home;
-    qputenv("QUILLORY_HOME", home.path().toUtf8());
-    Desk desk;
+using Looks = StoreTest;
+
+TEST_F(Looks, NothingIsCutInAnySizeOrTheme) {
     for (const bool isDark : {false, true}) {
         for (const QSize size : {QSize(1366, 768), QSize(1024, 640)}) {
             const QString name = QStringLiteral("%1-%2").arg(
@@ -48,14 +38,13 @@ TEST(Looks, NothingIsCutInAnySizeOrTheme) {
                 QString::number(size.width()));
             SCOPED_TRACE(name.toStdString());
             SetTheme(isDark);
-            DeskSettings settings{QString()};
-            MainWindow window(desk, settings);
+            MainWindow window(*desk_, settings_);
             window.resize(size);
             window.show();
             ExpectNothingCut(window);
             Keep(window, QStringLiteral("welcome-") + name);
             ASSERT_TRUE(window.Open(QStringLiteral(SAMPLES "catalogue.mrk")));
-            while (window.IsWorking()) QTest::qWait(1);
+            Wait(window);
             window.Table().GoTo(*ParsePlace("245 $a"));
             QApplication::processEvents();
             EXPECT_EQ(window.width(), size.width());

@@ -1,67 +1,29 @@
-#include <quillory/desktop/Desk.h>
-#include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
-#include <quillory/desktop/MainWindow.h>
 #include <quillory/desktop/MessageBar.h>
-#include <quillory/desktop/RecordModel.h>
-#include <quillory/desktop/RecordTable.h>
 #include <quillory/desktop/WorkformDialog.h>
-
-#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QInputDialog>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 #include <functional>
-#include <tests/quillory/Records.h>
-#include <tests/quillory/exchange/TemporaryFile.h>
+#include <tests/quillory/desktop/DeskTest.h>
 
 namespace quillory {
 namespace {
 
-std::string Book(const std::string& title, char scheme = 'a') {
+// A book with all numbers that belong to it alone.
+std::string Numbered(const std::string& title, char scheme = 'a') {
     return MarcOf({std::string("LDR00000cam ") + scheme + "2200000 a 4500", "001" + title, "003ZZ",
                    "008240101s2023    nyua          000 0 eng d",
                    "24510\037a" + title + " /\037cJane Doe."});
 }
 
 // A person who makes records.
-class NewRecordTest : public testing::Test {
+class NewRecordTest : public DeskTest {
 protected:
-    static void SetUpTestSuite() {
-        home_ = new QTemporaryDir;
-        qputenv("QUILLORY_HOME", home_->path().toUtf8());
-        desk_ = new Desk;
-    }
-    static void TearDownTestSuite() {
-        delete desk_;
-        delete home_;
-    }
-    void SetUp() override {
-        window_ = std::make_unique<MainWindow>(*desk_, settings_);
-        window_->show();
-        Activate();
-    }
-    void Activate() {
-        window_->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-    }
-    void Open(const std::string& bytes) {
-        file_.emplace(bytes, ".mrc");
-        ASSERT_TRUE(window_->Open(QString::fromStdString(file_->Path())));
-        Wait();
-    }
-    void Wait() {
-        while (window_->IsWorking()) QTest::qWait(1);
-    }
-    void Press(int key, Qt::KeyboardModifiers with = Qt::NoModifier) {
-        QTest::keyClick(window_.get(), static_cast<Qt::Key>(key), with);
-    }
+    void SetUp() override { window_ = NewWindow(); }
+
     // Opens a dialog by Ctrl+N, in which `person` does something.
     void New(const std::function<void(WorkformDialog&)>& person) {
         bool isOpen = false;
@@ -90,20 +52,7 @@ protected:
             if (edit->accessibleName() == "Words of a workform") QTest::keyClicks(edit, words);
         }
     }
-    QString Cell(const std::string& place) {
-        const QModelIndex at = window_->Table().Model().IndexOf(*ParsePlace(place));
-        return at.siblingAtColumn(RecordModel::Text).data().toString();
-    }
-
-    static QTemporaryDir* home_;
-    static Desk* desk_;
-    DeskSettings settings_{QString()};
-    std::optional<TemporaryFile> file_;
-    std::unique_ptr<MainWindow> window_;
 };
-
-QTemporaryDir* NewRecordTest::home_ = nullptr;
-Desk* NewRecordTest::desk_ = nullptr;
 
 // Nothing is open: a workform, its questions, a new file.
 TEST_F(NewRecordTest, ARecordIsMadeFromAWorkformAndSavedInANewFile) {
@@ -127,7 +76,7 @@ TEST_F(NewRecordTest, ARecordIsMadeFromAWorkformAndSavedInANewFile) {
 }
 
 TEST_F(NewRecordTest, ANewRecordComesLastInTheOpenFileAndTheOthersStay) {
-    Open(Book("One") + Book("Two"));
+    OpenHere(Numbered("One") + Numbered("Two"));
     window_->Filter("one");
     Wait();
     New([](WorkformDialog& dialog) {
@@ -138,11 +87,11 @@ TEST_F(NewRecordTest, ANewRecordComesLastInTheOpenFileAndTheOthersStay) {
     EXPECT_EQ(window_->Current(), 2U);
     EXPECT_EQ(window_->List().model()->rowCount(), 3);
     EXPECT_TRUE(window_->Save());
-    EXPECT_TRUE(file_->Read().starts_with(Book("One") + Book("Two")));
+    EXPECT_TRUE(file_->Read().starts_with(Numbered("One") + Numbered("Two")));
     EXPECT_NE(file_->Read().find("\037aThree /"), std::string::npos);
     window_->Table().AddField("500");
     EXPECT_TRUE(window_->Save());
-    ASSERT_TRUE(window_->Open(QString::fromStdString(file_->Path())));
+    ASSERT_TRUE(window_->Open(Path()));
     Wait();
     EXPECT_EQ(window_->List().model()->rowCount(), 3);
 }
@@ -159,14 +108,14 @@ TEST_F(NewRecordTest, AnAnswerThatCantBeIsNamedAndStays) {
 }
 
 TEST_F(NewRecordTest, ACopyHasNoNumberOfTheOtherAndCanBeDiscarded) {
-    Open(Book("One", ' ') + Book("Two", ' '));
+    OpenHere(Numbered("One", ' ') + Numbered("Two", ' '));
     Press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
     Wait();
     EXPECT_EQ(window_->Current(), 2U);
     EXPECT_EQ(Cell("245 $a"), "One /");
     EXPECT_EQ(Cell("001"), "");
     EXPECT_TRUE(window_->Save());
-    EXPECT_EQ(file_->Read(), Book("One", ' ') + Book("Two", ' ') +
+    EXPECT_EQ(file_->Read(), Numbered("One", ' ') + Numbered("Two", ' ') +
                                  MarcOf({"LDR00000cam  2200000 a 4500",
                                          "008240101s2023    nyua          000 0 eng d",
                                          "24510\037aOne /\037cJane Doe."}));
@@ -181,7 +130,7 @@ TEST_F(NewRecordTest, ACopyHasNoNumberOfTheOtherAndCanBeDiscarded) {
 }
 
 TEST_F(NewRecordTest, ARecordBecomesAWorkformThatNewOffers) {
-    Open(Book("One"));
+    OpenHere(Numbered("One"));
     QTimer::singleShot(0, [] {
         auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
