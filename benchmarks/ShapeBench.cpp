@@ -176,33 +176,47 @@ void Sizes(benchmark::internal::Benchmark* bench) {
     bench->RangeMultiplier(4)->Range(1 << 14, 1 << 20)->Complexity()->Unit(benchmark::kMillisecond);
 }
 
-#define SHAPE(shape, name, command) \
-    BENCHMARK_CAPTURE(Run, shape##_##name, shape, command)->Apply(Sizes)
+struct Work {
+    const char* name;
+    Shape shape;
+    const char* command;
+};
 
+#define WORK(shape, name, command) \
+    { "Run/" #shape "_" #name, shape, command }
 #define CONVERT "convert --from mrk FILE -o /dev/null "
 
-SHAPE(MarksOnALetter, Marc8, CONVERT "--to mrk --to-charset marc8");
-SHAPE(MarksThatComeApart, Nfd, CONVERT "--to mrk --to-charset utf8 --normalize nfd");
-SHAPE(DiacriticsOfMarc8, Utf8, CONVERT "--to mrk --to-charset utf8");
-SHAPE(BytesWithoutCharacter, Utf8, CONVERT "--to mrk --from-charset cp1252 --to-charset utf8");
-SHAPE(FieldsOfOneTag, Marc, CONVERT "--to marc --oversize cut");
-SHAPE(FieldsOfOneTag, Check, "check --from mrk FILE --each -o /dev/null");
-SHAPE(FieldsOfOneTag, Repair, "repair --from mrk FILE --to mrk -o /dev/null");
-SHAPE(FieldsOfOneTag, Show, "show --from mrk FILE");
-SHAPE(FieldsOfOneTag, Edit, "edit trim 500 --from mrk FILE --to mrk -o /dev/null");
-SHAPE(FieldsOfTheLeadersTag, Microlif, CONVERT "--to microlif");
-SHAPE(FieldsWithoutCodes, Lenient, CONVERT "--to mrk --lenient");
-SHAPE(EmptyFields, Microlif, CONVERT "--to microlif");
-SHAPE(AWordOfATitle, Cards, "cards --from mrk FILE -o /dev/null");
-SHAPE(WordsOfATitle, Cards, "cards --from mrk FILE -o /dev/null");
-SHAPE(AddedEntries, Cards, "cards --from mrk FILE -o /dev/null");
-SHAPE(ItemsOfAList, Catalog, "catalog FILE --to mrk -o /dev/null");
-SHAPE(CopiesUnderANumber, Export,
-      "export RECORD --holdings FILE --holdings-type 1 --to mrk -o /dev/null");
-SHAPE(AttributesOfATag, Convert, "convert --from marcxml FILE -o /dev/null");
-SHAPE(ElementsInOneAnother, Convert, "convert --from marcxml FILE -o /dev/null");
-SHAPE(ObjectsInOneAnother, Convert, "convert --from jsonl FILE -o /dev/null");
-SHAPE(StrayBytes, Convert, "convert --from marc FILE -o /dev/null");
+const Work kWorks[] = {
+    WORK(MarksOnALetter, Marc8, CONVERT "--to mrk --to-charset marc8"),
+    WORK(MarksThatComeApart, Nfd, CONVERT "--to mrk --to-charset utf8 --normalize nfd"),
+    WORK(DiacriticsOfMarc8, Utf8, CONVERT "--to mrk --to-charset utf8"),
+    WORK(BytesWithoutCharacter, Utf8, CONVERT "--to mrk --from-charset cp1252 --to-charset utf8"),
+    WORK(FieldsOfOneTag, Marc, CONVERT "--to marc --oversize cut"),
+    WORK(FieldsOfOneTag, Check, "check --from mrk FILE --each -o /dev/null"),
+    WORK(FieldsOfOneTag, Repair, "repair --from mrk FILE --to mrk -o /dev/null"),
+    WORK(FieldsOfOneTag, Show, "show --from mrk FILE"),
+    WORK(FieldsOfOneTag, Edit, "edit trim 500 --from mrk FILE --to mrk -o /dev/null"),
+    WORK(FieldsOfTheLeadersTag, Microlif, CONVERT "--to microlif"),
+    WORK(FieldsWithoutCodes, Lenient, CONVERT "--to mrk --lenient"),
+    WORK(EmptyFields, Microlif, CONVERT "--to microlif"),
+    WORK(AWordOfATitle, Cards, "cards --from mrk FILE -o /dev/null"),
+    WORK(WordsOfATitle, Cards, "cards --from mrk FILE -o /dev/null"),
+    WORK(AddedEntries, Cards, "cards --from mrk FILE -o /dev/null"),
+    WORK(ItemsOfAList, Catalog, "catalog FILE --to mrk -o /dev/null"),
+    WORK(CopiesUnderANumber, Export,
+         "export RECORD --holdings FILE --holdings-type 1 --to mrk -o /dev/null"),
+    WORK(AttributesOfATag, Convert, "convert --from marcxml FILE -o /dev/null"),
+    WORK(ElementsInOneAnother, Convert, "convert --from marcxml FILE -o /dev/null"),
+    WORK(ObjectsInOneAnother, Convert, "convert --from jsonl FILE -o /dev/null"),
+    WORK(StrayBytes, Convert, "convert --from marc FILE -o /dev/null"),
+};
+
+[[maybe_unused]] const bool kRegistered = [] {
+    for (const Work& work : kWorks) {
+        Sizes(benchmark::RegisterBenchmark(work.name, Run, work.shape, work.command));
+    }
+    return true;
+}();
 
 }  // namespace
 }  // namespace quillory::bench
