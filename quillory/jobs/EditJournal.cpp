@@ -1,5 +1,9 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/jobs/EditJournal.h>
+#include <quillory/text/Fnv1a.h>
+#include <zorby/archive/Archive.h>
+#include <zorby/archive/MemoryStream.h>
+#include <zorby/platform/ClockPort.h>
 #include <zorby/record/CommFormat.h>
 
 #include <cerrno>
@@ -25,92 +29,76 @@ constexpr std::string_view kMagic = "quillory journal 1\n";
 constexpr mode_t kMode = 0600;
 constexpr const char* kNewRecords = "new-";  // names of journals of new records begin so
 
-// FNV-1a, 64 bits.
-class Hash {
-public:
-    void Add(std::string_view text) {
-        for (const char c : text) {
-            value_ = (value_ ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
-        }
-    }
-    std::uint64_t Value() const { return value_; }
-
-private:
-    std::uint64_t value_ = 0xCBF29CE484222325U;
-};
-
-std::uint64_t HashOf(std::string_view text) {
-    Hash hash;
-    hash.Add(text);
-    return hash.Value();
-}
-
 std::string Hexadecimal(std::uint64_t number) {
     char text[20];
     std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(number));
     return text;
 }
 
-void PutNumber(std::uint64_t number, std::string& bytes) {
-    for (int i = 0; i < 8; ++i) bytes += static_cast<char>(number >> (8 * i) & 0xFF);
-}
+// The parts of an entry: numbers of 8 bytes, the lowest first, and texts after their sizes.
+class Writer {
+public:
+    void Put(std::uint64_t number) {
+        archive_ << static_cast<std::uint32_t>(number)
+                 << static_cast<std::uint32_t>(number >> kHalf);
+    }
+    void Put(std::string_view text) {
+        Put(std::uint64_t{text.size()});
+        archive_.Write(text.data(), text.size());
+    }
+    const std::string& Bytes() const { return stream_.GetBytes(); }
 
-void PutText(std::string_view text, std::string& bytes) {
-    PutNumber(text.size(), bytes);
-    bytes += text;
-}
+    static constexpr int kHalf = 32;  // of a number, in bits
 
-// Reads what the two above write. Past the end there are only zeros and empty texts.
+private:
+    zorby::MemoryStream stream_;
+    zorby::CArchive archive_{stream_, zorby::CArchive::store};
+};
+
+// Reads what a Writer wrote. Throws CArchiveException for bytes that end before.
 class Source {
 public:
-    explicit Source(std::string_view bytes) : rest_(bytes) {}
+    explicit Source(std::string_view bytes) : bytes_(bytes), stream_(bytes) {}
 
     std::uint64_t Number() {
-        std::uint64_t number = 0;
-        if (rest_.size() < 8) {
-            rest_ = {};
-            return 0;
-        }
-        for (int i = 0; i < 8; ++i) {
-            number |= static_cast<std::uint64_t>(
-                          static_cast<unsigned char>(rest_[static_cast<std::size_t>(i)]))
-                      << (8 * i);
-        }
-        rest_.remove_prefix(8);
-        return number;
+        std::uint32_t low = 0;
+        std::uint32_t high = 0;
+        archive_ >> low >> high;
+        return low | std::uint64_t{high} << Writer::kHalf;
     }
     std::string_view Text() {
         const std::uint64_t size = Number();
-        if (size > rest_.size()) {
-            rest_ = {};
-            return {};
+        const std::uint64_t begin = stream_.GetPosition();
+        if (size > bytes_.size() - begin) {
+            throw zorby::CArchiveException(zorby::CArchiveException::kEndOfFile, {}, begin);
         }
-        const std::string_view text = rest_.substr(0, size);
-        rest_.remove_prefix(size);
-        return text;
+        stream_.Seek(begin + size);
+        return bytes_.substr(begin, size);
     }
-    bool IsAtEnd() const { return rest_.empty(); }
+    bool IsAtEnd() const { return stream_.GetPosition() == bytes_.size(); }
 
 private:
-    std::string_view rest_;
+    std::string_view bytes_;
+    zorby::MemoryViewStream stream_;
+    zorby::CArchive archive_{stream_, zorby::CArchive::load};
 };
 
 std::string BytesOf(const KeptChange& change) {
-    std::string bytes;
-    PutNumber(change.record, bytes);
-    PutNumber(change.isNew ? 1 : 0, bytes);
-    PutNumber(change.isTaken ? 1 : 0, bytes);
-    PutNumber(change.origin, bytes);
-    PutText(change.state.leader, bytes);
-    PutNumber(change.state.fields.size(), bytes);
+    Writer parts;
+    parts.Put(change.record);
+    parts.Put(std::uint64_t{change.isNew});
+    parts.Put(std::uint64_t{change.isTaken});
+    parts.Put(change.origin);
+    parts.Put(change.state.leader);
+    parts.Put(std::uint64_t{change.state.fields.size()});
     for (const auto& [tag, content, given] : change.state.fields) {
-        PutText(tag, bytes);
-        PutText(content, bytes);
+        parts.Put(tag);
+        parts.Put(content);
     }
-    std::string entry;
-    PutNumber(HashOf(bytes), entry);
-    PutText(bytes, entry);
-    return entry;
+    Writer entry;
+    entry.Put(Fnv1aOf(parts.Bytes()));
+    entry.Put(parts.Bytes());
+    return entry.Bytes();
 }
 
 KeptChange ChangeOf(std::string_view bytes) {
@@ -122,11 +110,31 @@ KeptChange ChangeOf(std::string_view bytes) {
     change.origin = source.Number();
     change.state.leader = source.Text();
     const std::uint64_t count = source.Number();
-    for (std::uint64_t i = 0; i < count && !source.IsAtEnd(); ++i) {
+    for (std::uint64_t i = 0; i < count; ++i) {
         const std::string tag(source.Text());
         change.state.fields.push_back({tag, std::string(source.Text()), -1});
     }
     return change;
+}
+
+using LastChanges = std::map<std::uint64_t, KeptChange>;  // by record
+
+// As far as the entries are whole.
+LastChanges LastOf(std::string_view entries) {
+    LastChanges last;
+    Source source(entries);
+    try {
+        while (!source.IsAtEnd()) {
+            const std::uint64_t sign = source.Number();
+            const std::string_view entry = source.Text();
+            if (Fnv1aOf(entry) != sign) break;
+            KeptChange change = ChangeOf(entry);
+            last[change.record] = std::move(change);
+        }
+    } catch (const zorby::CArchiveException&) {
+        return last;
+    }
+    return last;
 }
 
 std::string ReasonOf(int error) {
@@ -142,11 +150,9 @@ std::string UserName() {
 std::string Myself() {
     char host[256] = "";
     gethostname(host, sizeof host - 1);
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
+    const std::tm now = zorby::CurrentClockPort().LocalTime();
     char time[16];
-    std::strftime(time, sizeof time, "%H:%M", &local);
+    std::strftime(time, sizeof time, "%H:%M", &now);
     return UserName() + " on " + host + ", program " + std::to_string(getpid()) + ", since " + time;
 }
 
@@ -197,14 +203,14 @@ std::string NameFor(const std::string& path) {
     }
     std::error_code error;
     const fs::path whole = fs::weakly_canonical(path, error);
-    return Hexadecimal(HashOf(error ? path : whole.string()));
+    return Hexadecimal(Fnv1aOf(error ? path : whole.string()));
 }
 
 }  // namespace
 
 // The bytes that say how long a record is differ from one writer to the next.
 std::uint64_t SignOf(const EditSession::State& state) {
-    Hash hash;
+    Fnv1a hash;
     std::string leader = state.leader;
     for (std::size_t i = 0; i < leader.size(); ++i) {
         const bool isLength = i < 5 || (zorby::kLeaderBaseAddress <= i && i < 17);
@@ -214,7 +220,7 @@ std::uint64_t SignOf(const EditSession::State& state) {
     for (const auto& [tag, content, given] : state.fields) {
         hash.Add(tag);
         hash.Add(content);
-        hash.Add({"\036", 1});
+        hash.Add(zorby::kFieldEnd);
     }
     return hash.Value();
 }
@@ -305,15 +311,7 @@ std::vector<KeptChange> ReadJournal(const fs::path& journal) {
     const std::string bytes((std::istreambuf_iterator<char>(file)), {});
     std::vector<KeptChange> left;
     if (!bytes.starts_with(kMagic)) return left;
-    std::map<std::uint64_t, KeptChange> last;
-    Source source(std::string_view(bytes).substr(kMagic.size()));
-    while (!source.IsAtEnd()) {
-        const std::uint64_t sign = source.Number();
-        const std::string_view entry = source.Text();
-        if (HashOf(entry) != sign) break;
-        KeptChange change = ChangeOf(entry);
-        last[change.record] = std::move(change);
-    }
+    LastChanges last = LastOf(std::string_view(bytes).substr(kMagic.size()));
     left.reserve(last.size());
     for (auto& [record, change] : last) {
         if (!change.isTaken) left.push_back(std::move(change));

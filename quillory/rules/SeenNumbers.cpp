@@ -1,4 +1,5 @@
 #include <quillory/rules/SeenNumbers.h>
+#include <quillory/text/Fnv1a.h>
 
 #include <algorithm>
 #include <iterator>
@@ -7,14 +8,13 @@
 namespace quillory {
 namespace {
 
-// FNV-1a, with its bits stirred: places are taken from the high ones.
+// Stirred, since places are taken from the high bits.
 std::uint64_t HashOf(char kind, std::string_view number) {
-    constexpr std::uint64_t kStart = 0xCBF29CE484222325;
-    constexpr std::uint64_t kPrime = 0x100000001B3;
     constexpr std::uint64_t kStir = 0x9E3779B97F4A7C15;
-    std::uint64_t hash = (kStart ^ static_cast<unsigned char>(kind)) * kPrime;
-    for (const char c : number) hash = (hash ^ static_cast<unsigned char>(c)) * kPrime;
-    hash = (hash ^ hash >> 32) * kStir;
+    Fnv1a bytes;
+    bytes.Add(kind);
+    bytes.Add(number);
+    const std::uint64_t hash = (bytes.Value() ^ bytes.Value() >> 32) * kStir;
     return hash ^ hash >> 32;
 }
 

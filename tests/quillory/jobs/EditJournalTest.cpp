@@ -149,6 +149,31 @@ TEST_F(EditJournalTest, AFullDiskIsToldAndWhatWasWrittenStays) {
     EXPECT_EQ(journal.Left().size(), 2U);
 }
 
+// The bytes of a number, the lowest first.
+std::string Number(std::uint64_t number) {
+    std::string bytes;
+    for (; bytes.size() < 8; number /= 256) bytes += static_cast<char>(number % 256);
+    return bytes;
+}
+
+std::string Sized(const std::string& text) {
+    return Number(text.size()) + text;
+}
+
+// A journal that an older desk left is read by the next one.
+TEST_F(EditJournalTest, AFileIsMadeOfNumbersAndTextsAfterTheirHash) {
+    KeptChange change = Titled(2, "Rivers");
+    change.isNew = true;
+    EditJournal journal(Folder(), place_.Path());
+    journal.Write(change);
+    const std::string entry = Number(2) + Number(1) + Number(0) + Number(34) + Sized(kLeader) +
+                              Number(2) + Sized("001") + Sized("x") + Sized("245") +
+                              Sized("10\037aRivers");
+    std::ifstream file(File(), std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(file)), {});
+    EXPECT_EQ(bytes, "quillory journal 1\n" + Number(0x3048D7D56B2AB81E) + Sized(entry));
+}
+
 TEST_F(EditJournalTest, TheSignOfARecordIsThatOfItsTextAlone) {
     EditSession::State state = Titled(1, "One").state;
     const std::uint64_t sign = SignOf(state);
