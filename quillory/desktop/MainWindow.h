@@ -145,6 +145,7 @@ private:
     void DiscardNewRecord();
     void SaveRecordAsWorkform();
     bool MayReplaceWorkform(const QString& name);
+    void SayWorkformSaved(const QString& name, const std::vector<Place>& leftOut);
 
     bool FinishEditing();
     void TakeRecord();

@@ -1,4 +1,3 @@
-#include <quillory/desktop/CollectedMessages.h>
 #include <quillory/desktop/Document.h>
 #include <quillory/desktop/MainWindow.h>
 #include <quillory/desktop/MessageBar.h>
@@ -46,8 +45,7 @@ void MainWindow::CopyRecord() {
     Record copy;
     copy.leader = state.leader;
     for (const auto& [tag, content, given] : state.fields) {
-        const bool isOfTheOther = tag == "001" || tag == "003" || tag == "005";
-        if (!isOfTheOther) copy.fields.push_back({tag, content});
+        if (!NamesOneRecord(tag)) copy.fields.push_back({tag, content});
     }
     AddRecord(copy);
     statusBar()->showMessage(tr("A copy without 001, 003 and 005."));
@@ -110,19 +108,27 @@ void MainWindow::SaveRecordAsWorkform() {
         QInputDialog::getText(this, tr("Save as workform"), tr("Name, under which New offers it:"));
     if (name.trimmed().isEmpty()) return;
     Try([&] {
-        CollectedMessages said;
-        const Reporter reporter(said, {});
         const Record record = record_.Session()->InUtf8();
+        std::vector<Place> leftOut;
         try {
-            SaveAsWorkform(record, name.trimmed().toStdString(), false, reporter);
+            leftOut = SaveAsWorkform(record, name.trimmed().toStdString(), false);
         } catch (const UsageError& error) {
             const bool isThere = error.What().code == FaultCode::kWorkformThere;
             if (!isThere || !MayReplaceWorkform(name.trimmed())) throw;
-            SaveAsWorkform(record, name.trimmed().toStdString(), true, reporter);
+            leftOut = SaveAsWorkform(record, name.trimmed().toStdString(), true);
         }
-        messages_->Say(tr("Saved as the workform “%1”. New records begin with its fields.")
-                           .arg(name.trimmed()));
+        SayWorkformSaved(name.trimmed(), leftOut);
     });
+}
+
+void MainWindow::SayWorkformSaved(const QString& name, const std::vector<Place>& leftOut) {
+    QString text = tr("Saved as the workform “%1”. New records begin with its fields.").arg(name);
+    QStringList places;
+    for (const Place& place : leftOut) places.push_back(ToQt(PlaceText(place)));
+    if (!places.isEmpty()) {
+        text += u' ' + tr("A workform has no room for %1.").arg(places.join(QStringLiteral(", ")));
+    }
+    messages_->Say(text);
 }
 
 bool MainWindow::MayReplaceWorkform(const QString& name) {

@@ -3,7 +3,6 @@
 #include <quillory/text/QmText.h>
 #include <zorby/archive/Archive.h>
 #include <zorby/archive/MemoryStream.h>
-#include <zorby/workforms/Template.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -80,6 +79,10 @@ Fault FaultOfControlFields(const std::string& block) {
     zorby::CArchive archive(stream, zorby::CArchive::load);
     zorby::CTemplate workform;
     workform.Serialize(archive);
+    return FaultOfControlFields(workform);
+}
+
+Fault FaultOfControlFields(const zorby::CTemplate& workform) {
     for (const ControlFieldText& field : ControlFieldsOf(workform)) {
         const auto bad = std::ranges::find_if_not(
             field.content, [&field](char c) { return IsAllowed(c, field.place); });

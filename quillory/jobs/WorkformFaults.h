@@ -2,6 +2,7 @@
 
 #include <quillory/faults/Errors.h>
 #include <quillory/store/WorkformStore.h>
+#include <zorby/workforms/Template.h>
 
 #include <string>
 
@@ -13,7 +14,9 @@ namespace quillory {
 // With `force` a workform of the user's is replaced.
 Fault FaultOfName(const std::string& name, bool force, const WorkformStore& store);
 
-// The leader and the fields 006, 007 and 008 of a block must be such as a record can have.
+// The leader and the fields 006, 007 and 008 must be such as a record can have.
+Fault FaultOfControlFields(const zorby::CTemplate& workform);
+// Of a workform as a block.
 Fault FaultOfControlFields(const std::string& block);
 
 // Another program has locked the workform.

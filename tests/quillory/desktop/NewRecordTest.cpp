@@ -52,6 +52,21 @@ protected:
             if (edit->accessibleName() == "Words of a workform") QTest::keyClicks(edit, words);
         }
     }
+    // Chooses from the menus, by the text of the action.
+    void Choose(const QString& text) {
+        for (QAction* action : window_->findChildren<QAction*>()) {
+            if (action->text() == text) action->trigger();
+        }
+    }
+    void SaveAsWorkform(const QString& name) {
+        QTimer::singleShot(0, [name] {
+            auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            dialog->setTextValue(name);
+            dialog->accept();
+        });
+        Choose(QString::fromUtf8("Save as &Workform…"));
+    }
 };
 
 // Nothing is open: a workform, its questions, a new file.
@@ -122,24 +137,14 @@ TEST_F(NewRecordTest, ACopyHasNoNumberOfTheOtherAndCanBeDiscarded) {
     Press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
     Wait();
     EXPECT_EQ(window_->OpenDocument()->File().Size(), 4U);
-    for (QAction* action : window_->findChildren<QAction*>()) {
-        if (action->text() == "&Discard the New Record") action->trigger();
-    }
+    Choose("&Discard the New Record");
     EXPECT_EQ(window_->OpenDocument()->File().Size(), 3U);
     EXPECT_FALSE(window_->OpenDocument()->IsChanged());
 }
 
 TEST_F(NewRecordTest, ARecordBecomesAWorkformThatNewOffers) {
     OpenHere(Numbered("One"));
-    QTimer::singleShot(0, [] {
-        auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        dialog->setTextValue("Our rivers");
-        dialog->accept();
-    });
-    for (QAction* action : window_->findChildren<QAction*>()) {
-        if (action->text() == QString::fromUtf8("Save as &Workform…")) action->trigger();
-    }
+    SaveAsWorkform("Our rivers");
     EXPECT_TRUE(window_->Messages().Text().contains("Our rivers"))
         << window_->Messages().Text().toStdString();
     New([](WorkformDialog& dialog) {
@@ -151,6 +156,29 @@ TEST_F(NewRecordTest, ARecordBecomesAWorkformThatNewOffers) {
     EXPECT_EQ(Cell("245 $c"), "Jane Doe.");
     EXPECT_EQ(Cell("001"), "");
     EXPECT_EQ(Cell("008").mid(15, 7), "nyua   ");
+}
+
+TEST_F(NewRecordTest, AllMaterialsOfARecordBelongToItsWorkformAndWhatDoesNotIsNamed) {
+    const Lines coded{"006m     o  d        ", "006jmunn     n   n l ", "007cr |||||||||||",
+                      "007sd fsngnnmmned", "007vd cvaizq"};
+    Lines lines{"LDR00000cam a2200000 a 4500", "001x"};
+    lines.insert(lines.end(), coded.begin(), coded.end());
+    lines.insert(lines.end(), {"008240101s2023    nyua          000 0 eng d", "009local",
+                               "24510\037aKit /\037cJane Doe."});
+    OpenHere(MarcOf(lines));
+    SaveAsWorkform("Our kit");
+    EXPECT_TRUE(window_->Messages().Text().endsWith("A workform has no room for 009."))
+        << window_->Messages().Text().toStdString();
+    New([](WorkformDialog& dialog) {
+        Search(dialog, "our kit");
+        dialog.accept();
+    });
+    Lines made;
+    for (const char* place : {"006", "006[2]", "007", "007[2]", "007[3]"}) {
+        made.push_back(std::string(place).substr(0, 3) + Cell(place).toStdString());
+    }
+    EXPECT_EQ(made, coded);
+    EXPECT_EQ(Cell("007[4]"), "");
 }
 
 }  // namespace
