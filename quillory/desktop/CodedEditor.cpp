@@ -188,8 +188,8 @@ std::string CodedEditor::ContentOf(const Tab& tab) const {
 
 void CodedEditor::ShowTab() {
     const Tab* tab = Current();
-    remove_->setEnabled(tab != nullptr && tab->field);
-    add_->setEnabled(record_.Session() != nullptr);
+    remove_->setEnabled(tab != nullptr && tab->field && record_.CanChange());
+    add_->setEnabled(record_.CanChange());
     if (tab == nullptr || record_.Session() == nullptr) return ShowNone();
     ShowForm(*tab);
 }
@@ -246,6 +246,7 @@ void CodedEditor::ShowForm(const Tab& tab) {
         form_->SetContent(content);
     }
     form_->SetRemarks(remarks_);
+    form_->setEnabled(record_.CanChange());
     strip_->SetBytes(content);
     strip_->show();
     ShowAdvice(FormName(form).empty());

@@ -57,6 +57,9 @@ void LinesEditor::ShowRecord() {
     fault_->hide();
     const EditSession* session = record_.Session();
     box_->setEnabled(session != nullptr);
+    box_->setTextInteractionFlags(record_.CanChange()
+                                      ? Qt::TextEditorInteraction
+                                      : Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     if (!isActive_) return;
     const QString text = session == nullptr ? QString() : ToQt(session->Lines());
     const QSignalBlocker quiet(box_);

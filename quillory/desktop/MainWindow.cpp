@@ -4,6 +4,7 @@
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
 #include <quillory/desktop/FindingsList.h>
+#include <quillory/desktop/HoldBar.h>
 #include <quillory/desktop/LinesEditor.h>
 #include <quillory/desktop/MainWindow.h>
 #include <quillory/desktop/MarcView.h>
@@ -103,6 +104,7 @@ void MainWindow::MakeCentre() {
     auto* layout = new QVBoxLayout(centre);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    MakeHoldBar(centre);
     messages_ = new MessageBar(centre);
     pages_ = new QStackedWidget(centre);
     panes_ = new QSplitter(Qt::Horizontal, pages_);
@@ -113,6 +115,7 @@ void MainWindow::MakeCentre() {
     panes_->setStretchFactor(1, 1);
     pages_->addWidget(MakeWelcome());
     pages_->addWidget(panes_);
+    layout->addWidget(hold_);
     layout->addWidget(messages_);
     layout->addWidget(pages_, 1);
     setCentralWidget(centre);
@@ -357,7 +360,7 @@ void MainWindow::ShowRecord(std::size_t record) {
     Try([&] {
         EditSession* session = document_->SessionOf(record);
         current_ = record;
-        record_.Show(session);
+        record_.Show(session, IsHeldByAnother());
     });
     SelectCurrentRow();
     ShowHelp();
@@ -443,7 +446,8 @@ void MainWindow::ShowFile() {
     const QString name = !isOpen                   ? QString()
                          : document_->IsUntitled() ? tr("New records")
                                                    : ToQt(document_->File().Path());
-    setWindowTitle(isOpen ? name + QStringLiteral("[*]") : name);
+    const QString sign = IsHeldByAnother() ? tr(" (read only)") : QStringLiteral("[*]");
+    setWindowTitle(isOpen ? name + sign : name);
     filter_->setEnabled(isOpen);
     ShowCounts();
     UpdateActions();

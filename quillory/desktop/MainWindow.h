@@ -32,6 +32,7 @@ class DeskSettings;
 class Document;
 class EditJournal;
 class FindingsList;
+class HoldBar;
 class LinesEditor;
 class MessageBar;
 class RecordListModel;
@@ -65,6 +66,7 @@ public:
     QTableView& List() { return *list_; }
     CharacterPalette& Palette() { return *palette_; }
     MessageBar& Messages() { return *messages_; }
+    HoldBar& Hold() { return *hold_; }
     std::optional<std::size_t> Current() const { return current_; }
     bool IsWorking() const;
     // Does at once what a person would wait for a moment.
@@ -78,7 +80,17 @@ protected:
 
 private:
     // What an action needs for its sense.
-    enum Needs : int { kNothing, kFile, kRecord, kChanges, kUndo, kRedo };
+    enum Needs : int {
+        kNothing,
+        kFile,
+        kRecord,
+        kEditable,
+        kChanges,
+        kUndo,
+        kRedo,
+        kRoomForNew,
+        kHeld,
+    };
     using Handler = std::function<void()>;
 
     void MakeCentre();
@@ -122,10 +134,16 @@ private:
     bool ShowCodedHelp();
 
     void MakeJournalTimer();
-    bool TakeFile(const QString& path);
-    bool MayLookOnly(const QString& path);
+    void TakeFile(const QString& path);
+    std::unique_ptr<EditJournal> JournalFor(const QString& path);
+    void KeepIn(std::unique_ptr<EditJournal> journal);
+    void MakeHoldBar(QWidget* parent);
     bool IsHeldByAnother() const;
+    void ShowHold();
+    void TakeOver();
     bool RefuseHeld();
+    void RefuseTarget(const EditJournal& journal);
+    void GoOnWith(std::unique_ptr<Document> document);
     void WarnOfObstacle();
     EditSession::State TypedState();
     void KeepChanges();
@@ -170,6 +188,7 @@ private:
 
     QStackedWidget* pages_ = nullptr;
     QSplitter* panes_ = nullptr;
+    HoldBar* hold_ = nullptr;
     MessageBar* messages_ = nullptr;
     QLineEdit* filter_ = nullptr;
     RecordListModel* listModel_ = nullptr;
@@ -188,7 +207,8 @@ private:
     QTimer* work_ = nullptr;
     QTimer* checks_ = nullptr;
     QTimer* keeping_ = nullptr;
-    QTimer* typing_ = nullptr;  // in the filter
+    QTimer* waiting_ = nullptr;  // for a file that another window has
+    QTimer* typing_ = nullptr;   // in the filter
     bool isSorted_ = false;
     std::vector<std::pair<QAction*, Needs>> actions_;
     QAction* undo_ = nullptr;

@@ -48,10 +48,12 @@ bool MainWindow::Open(const QString& path) {
     Try([&] {
         auto opened = std::make_unique<Document>(path.toStdString());
         opened->Listing().Work(1);
-        if (!CloseFile() || !TakeFile(path)) return;
+        if (!CloseFile()) return;
+        TakeFile(path);
         document_ = std::move(opened);
         listModel_->SetDocument(document_.get());
         ShowFile();
+        ShowHold();
         settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
         work_->start();
         WorkOn();
@@ -87,6 +89,7 @@ bool MainWindow::CloseFile() {
     list_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     document_.reset();
     ShowFile();
+    ShowHold();
     return true;
 }
 
@@ -183,26 +186,34 @@ bool MainWindow::SaveAs(const QString& path) {
     Try([&] {
         while (document_->File().FindMore(1)) {
         }
+        auto journal = JournalFor(path);
+        if (journal != nullptr && !journal->IsOurs()) return RefuseTarget(*journal);
         const QString said = ToQt(document_->SaveAs(path.toStdString())).trimmed();
         auto written = std::make_unique<Document>(path.toStdString());
-        const auto record = current_;
-        listModel_->SetDocument(nullptr);
-        current_.reset();
-        record_.Show(nullptr);
-        document_ = std::move(written);
         ForgetChanges();
-        TakeFile(path);
-        listModel_->SetDocument(document_.get());
+        KeepIn(std::move(journal));
+        GoOnWith(std::move(written));
         settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
-        ShowFile();
-        work_->start();
-        while (IsWorking() && record && *record >= document_->File().Size()) WorkOn();
-        if (record) ShowRecord(*record);
         statusBar()->showMessage(tr("Saved as %1.").arg(path), kShortly);
         if (!said.isEmpty()) messages_->Say(said);
         isSaved = true;
     });
     return isSaved;
+}
+
+// Another file, or the same one read again, at the record that was in hand.
+void MainWindow::GoOnWith(std::unique_ptr<Document> document) {
+    const auto record = current_;
+    listModel_->SetDocument(nullptr);
+    current_.reset();
+    record_.Show(nullptr);
+    document_ = std::move(document);
+    listModel_->SetDocument(document_.get());
+    ShowFile();
+    ShowHold();
+    work_->start();
+    while (IsWorking() && record && *record >= document_->File().Size()) WorkOn();
+    if (record) ShowRecord(*record);
 }
 
 void MainWindow::NoteChangeOnDisk() {

@@ -51,47 +51,29 @@ void MainWindow::MakeJournalTimer() {
     connect(keeping_, &QTimer::timeout, this, &MainWindow::KeepChanges);
 }
 
-// Whoever opens a file has it. False if another has it, and a person does not want to look only.
-bool MainWindow::TakeFile(const QString& path) {
-    kept_.clear();
-    isUnsafe_ = false;
-    journal_.reset();
-    if (!HasHomeFolder()) return true;
+// Null if changes can't be kept, which is said.
+std::unique_ptr<EditJournal> MainWindow::JournalFor(const QString& path) {
+    if (!HasHomeFolder()) return nullptr;
     try {
-        journal_ = std::make_unique<EditJournal>(JournalFolder(), path.toStdString());
+        return std::make_unique<EditJournal>(JournalFolder(), path.toStdString());
     } catch (const FileError& error) {
         messages_->Warn(tr("Changes are not safe from a crash until they are saved: %1")
                             .arg(ToQt(error.what())));
-        return true;
+        return nullptr;
     }
-    keeping_->start();
-    if (journal_->IsOurs() || MayLookOnly(path)) return true;
+}
+
+void MainWindow::KeepIn(std::unique_ptr<EditJournal> journal) {
+    kept_.clear();
+    isUnsafe_ = false;
+    journal_ = std::move(journal);
+    if (journal_ != nullptr) keeping_->start();
+}
+
+// Whoever opens a file has it, unless another window does.
+void MainWindow::TakeFile(const QString& path) {
     journal_.reset();
-    return false;
-}
-
-bool MainWindow::MayLookOnly(const QString& path) {
-    QMessageBox box(QMessageBox::Question, tr("The file is open elsewhere"),
-                    tr("%1 is open in another window: %2.\nWhat you change here can only be saved "
-                       "in another file.")
-                        .arg(path, ToQt(journal_->Holder())),
-                    QMessageBox::Cancel, this);
-    const QPushButton* open = box.addButton(tr("Open It Here, Too"), QMessageBox::AcceptRole);
-    box.setDefaultButton(QMessageBox::Cancel);
-    box.exec();
-    return box.clickedButton() == open;
-}
-
-bool MainWindow::IsHeldByAnother() const {
-    return journal_ != nullptr && !journal_->IsOurs();
-}
-
-bool MainWindow::RefuseHeld() {
-    if (!IsHeldByAnother()) return false;
-    messages_->Warn(tr("Nothing was saved: this file is open in another window, %1. File > Save As "
-                       "keeps your changes in another file.")
-                        .arg(ToQt(journal_->Holder())));
-    return true;
+    KeepIn(JournalFor(path));
 }
 
 void MainWindow::WarnOfObstacle() {

@@ -57,6 +57,15 @@ void MainWindow::UpdateActions() {
             case kRecord:
                 isPossible = session != nullptr;
                 break;
+            case kEditable:
+                isPossible = record_.CanChange();
+                break;
+            case kRoomForNew:
+                isPossible = document_ == nullptr || !IsHeldByAnother();
+                break;
+            case kHeld:
+                isPossible = IsHeldByAnother();
+                break;
             case kChanges:
                 isPossible = document_ != nullptr && document_->IsChanged();
                 break;
@@ -90,6 +99,7 @@ void MainWindow::MakeFileMenu() {
     save_ = Add(menu, tr("&Save"), QKeySequence::Save, kFile, [this] { Save(); });
     Add(menu, tr("Save &As…"), QKeySequence(tr("Ctrl+Shift+S")), kFile, [this] { ChooseTarget(); });
     Add(menu, tr("Re&load"), {}, kFile, [this] { Reload(); });
+    Add(menu, tr("&Take It Over"), {}, kHeld, [this] { TakeOver(); });
     menu->addSeparator();
     Add(menu, tr("&Close"), QKeySequence(tr("Ctrl+W")), kFile, [this] { CloseFile(); });
     Add(menu, tr("&Quit"), QKeySequence(tr("Ctrl+Q")), kNothing, [this] { close(); });
@@ -111,29 +121,29 @@ void MainWindow::MakeEditMenu() {
     menu->addSeparator();
     Add(menu, tr("Copy &Field"), QKeySequence(tr("Ctrl+Shift+C")), kRecord,
         [this] { table_->CopyField(); });
-    Add(menu, tr("&Paste Fields"), QKeySequence(tr("Ctrl+Shift+V")), kRecord, [this] {
+    Add(menu, tr("&Paste Fields"), QKeySequence(tr("Ctrl+Shift+V")), kEditable, [this] {
         if (!table_->PasteFields()) messages_->Warn(tr("There are no fields on the clipboard."));
     });
     menu->addSeparator();
-    Add(menu, tr("Special &Characters"), QKeySequence(tr("Ctrl+M")), kRecord,
+    Add(menu, tr("Special &Characters"), QKeySequence(tr("Ctrl+M")), kEditable,
         [this] { palette_->Toggle(); });
 }
 
 void MainWindow::MakeRecordMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&Record"));
-    addField_ = Add(menu, tr("New &Field…"), QKeySequence(tr("Ctrl+Return")), kRecord,
+    addField_ = Add(menu, tr("New &Field…"), QKeySequence(tr("Ctrl+Return")), kEditable,
                     [this] { AddField(); });
-    Add(menu, tr("Remove F&ield"), QKeySequence(tr("Ctrl+Del")), kRecord,
+    Add(menu, tr("Remove F&ield"), QKeySequence(tr("Ctrl+Del")), kEditable,
         [this] { table_->RemoveField(); });
-    Add(menu, tr("New &Subfield"), QKeySequence(tr("Ctrl+D")), kRecord,
+    Add(menu, tr("New &Subfield"), QKeySequence(tr("Ctrl+D")), kEditable,
         [this] { table_->AddSubfield(); });
-    Add(menu, tr("Remove S&ubfield"), QKeySequence(tr("Shift+Del")), kRecord,
+    Add(menu, tr("Remove S&ubfield"), QKeySequence(tr("Shift+Del")), kEditable,
         [this] { table_->RemoveSubfield(); });
-    Add(menu, tr("Rename the &Tag"), QKeySequence(tr("F2")), kRecord,
+    Add(menu, tr("Rename the &Tag"), QKeySequence(tr("F2")), kEditable,
         [this] { table_->RenameTag(); });
-    Add(menu, tr("Move Field U&p"), QKeySequence(tr("Alt+Up")), kRecord,
+    Add(menu, tr("Move Field U&p"), QKeySequence(tr("Alt+Up")), kEditable,
         [this] { table_->MoveField(-1); });
-    Add(menu, tr("Move Field &Down"), QKeySequence(tr("Alt+Down")), kRecord,
+    Add(menu, tr("Move Field &Down"), QKeySequence(tr("Alt+Down")), kEditable,
         [this] { table_->MoveField(1); });
     menu->addSeparator();
     Add(menu, tr("&Next Field"), QKeySequence(tr("Ctrl+Down")), kRecord,
@@ -173,7 +183,8 @@ void MainWindow::MakeOtherMenus() {
         CheckNow();
         findings_->setFocus();
     });
-    repair_ = Add(check, tr("&Repair…"), QKeySequence(tr("Ctrl+R")), kRecord, [this] { Repair(); });
+    repair_ =
+        Add(check, tr("&Repair…"), QKeySequence(tr("Ctrl+R")), kEditable, [this] { Repair(); });
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     auto* display = new QActionGroup(this);

@@ -22,10 +22,10 @@
 namespace quillory {
 
 void MainWindow::AddNewActions(QMenu* menu) {
-    new_ = Add(menu, tr("&New Record…"), QKeySequence::New, kNothing, [this] { NewRecord(); });
-    Add(menu, tr("New Record Like &This"), QKeySequence(tr("Ctrl+Shift+N")), kRecord,
+    new_ = Add(menu, tr("&New Record…"), QKeySequence::New, kRoomForNew, [this] { NewRecord(); });
+    Add(menu, tr("New Record Like &This"), QKeySequence(tr("Ctrl+Shift+N")), kEditable,
         [this] { CopyRecord(); });
-    Add(menu, tr("&Discard the New Record"), {}, kRecord, [this] { DiscardNewRecord(); });
+    Add(menu, tr("&Discard the New Record"), {}, kEditable, [this] { DiscardNewRecord(); });
     Add(menu, tr("Save as &Workform…"), {}, kRecord, [this] { SaveRecordAsWorkform(); });
     menu->addSeparator();
 }

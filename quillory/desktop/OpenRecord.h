@@ -15,15 +15,17 @@ public:
 
     // Null if no record is open.
     EditSession* Session() const { return session_; }
-    // Keeps the pointer until another one is shown.
-    void Show(EditSession* session) {
+    // Keeps the pointer until another one is shown. A record that is read only takes no steps.
+    void Show(EditSession* session, bool isReadOnly = false) {
         session_ = session;
+        isReadOnly_ = isReadOnly;
         Q_EMIT Replaced();
     }
+    bool CanChange() const { return session_ != nullptr && !isReadOnly_; }
     // Carries out a step, of which all views then know.
     template <class Step>
     void Do(Step&& step) {
-        if (session_ == nullptr) return;
+        if (!CanChange()) return;
         step(*session_);
         if (!isTried_) Q_EMIT Changed();
     }
@@ -45,6 +47,7 @@ Q_SIGNALS:
 
 private:
     EditSession* session_ = nullptr;
+    bool isReadOnly_ = false;
     bool isTried_ = false;
 };
 

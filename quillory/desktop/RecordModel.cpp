@@ -289,6 +289,7 @@ Qt::ItemFlags RecordModel::flags(const QModelIndex& index) const {
     const bool isOfPart =
         row.part >= 0 && (index.column() == Code || (row.isFirst && index.column() <= Second));
     const bool isTag = row.field >= 0 && row.isFirst && index.column() == Tag;
+    if (!record_.CanChange()) return shown;
     return isText || isOfPart || isTag ? shown | Qt::ItemIsEditable : shown;
 }
 

@@ -134,7 +134,7 @@ void RecordTable::Edit(const QModelIndex& index) {
     setCurrentIndex(index);
     scrollTo(index);
     setFocus();
-    edit(index);
+    if (model_->flags(index).testFlag(Qt::ItemIsEditable)) edit(index);
 }
 
 void RecordTable::AddField(std::string_view tag) {

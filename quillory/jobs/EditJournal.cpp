@@ -13,10 +13,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <pwd.h>
 #include <string_view>
-#include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -141,58 +138,8 @@ std::string ReasonOf(int error) {
     return std::strerror(error);
 }
 
-std::string UserName() {
-    const passwd* user = getpwuid(geteuid());
-    return user == nullptr ? std::string("somebody") : std::string(user->pw_name);
-}
-
-// "jo on desk-3, program 4711, since 10:41".
-std::string Myself() {
-    char host[256] = "";
-    gethostname(host, sizeof host - 1);
-    const std::tm now = zorby::CurrentClockPort().LocalTime();
-    char time[16];
-    std::strftime(time, sizeof time, "%H:%M", &now);
-    return UserName() + " on " + host + ", program " + std::to_string(getpid()) + ", since " + time;
-}
-
-std::string TextAt(int descriptor) {
-    char text[512];
-    const ssize_t size = pread(descriptor, text, sizeof text, 0);
-    return size > 0 ? std::string(text, static_cast<std::size_t>(size)) : std::string();
-}
-
-bool IsSameFile(int descriptor, const fs::path& path) {
-    struct stat opened {};
-    struct stat named {};
-    return fstat(descriptor, &opened) == 0 && stat(path.c_str(), &named) == 0 &&
-           opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
-}
-
-// A descriptor of the locked file, or -1 if another program has it. One that is removed while we
-// wait for it is made again. Throws FileError.
-int Lock(const fs::path& path, std::string& holder) {
-    for (;;) {
-        const int lock = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
-        if (lock < 0) throw FileError(path.string() + ": can't be written: " + ReasonOf(errno));
-        if (flock(lock, LOCK_EX | LOCK_NB) != 0) {
-            holder = TextAt(lock);
-            close(lock);
-            return -1;
-        }
-        if (IsSameFile(lock, path)) return lock;
-        close(lock);
-    }
-}
-
 fs::path LockOf(const fs::path& journal) {
     return journal.string() + ".lock";
-}
-
-void Release(int lock, const fs::path& journal) {
-    std::error_code ignored;
-    fs::remove(LockOf(journal), ignored);
-    close(lock);
 }
 
 std::string NameFor(const std::string& path) {
@@ -225,26 +172,16 @@ std::uint64_t SignOf(const EditSession::State& state) {
     return hash.Value();
 }
 
-EditJournal::EditJournal(const fs::path& folder, const std::string& path) {
+EditJournal::EditJournal(const fs::path& folder, const std::string& path)
+    : journal_(folder / (NameFor(path) + ".journal")), hold_(LockOf(journal_)) {
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) throw FileError(folder.string() + ": " + error.message());
-    journal_ = folder / (NameFor(path) + ".journal");
-    TakeFile();
-}
-
-void EditJournal::TakeFile() {
-    lock_ = Lock(LockOf(journal_), holder_);
-    if (lock_ < 0) return;
-    const std::string text = Myself();
-    const bool isWritten = ftruncate(lock_, 0) == 0 && pwrite(lock_, text.data(), text.size(), 0) ==
-                                                           static_cast<ssize_t>(text.size());
-    if (!isWritten) holder_ = "another program";
+    hold_.Take();
 }
 
 EditJournal::~EditJournal() {
     if (descriptor_ >= 0) close(descriptor_);
-    if (lock_ >= 0) Release(lock_, journal_);
 }
 
 std::vector<KeptChange> EditJournal::Left() const {
@@ -327,11 +264,8 @@ std::vector<fs::path> NewRecordsLeft(const fs::path& folder) {
         const bool isOfNew = journal.filename().string().starts_with(kNewRecords) &&
                              journal.extension() == ".journal";
         if (!isOfNew) continue;
-        std::string holder;
-        const int lock = Lock(LockOf(journal), holder);
-        if (lock < 0) continue;
-        journals.push_back(journal);
-        Release(lock, journal);
+        FileHold hold(LockOf(journal));
+        if (hold.Take()) journals.push_back(journal);
     }
     return journals;
 }

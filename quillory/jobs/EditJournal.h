@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/edits/EditSession.h>
+#include <quillory/jobs/FileHold.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -35,8 +36,11 @@ public:
     EditJournal& operator=(const EditJournal&) = delete;
 
     // Whether this object has the file. If it does not, Holder says who does.
-    bool IsOurs() const { return lock_ >= 0; }
-    const std::string& Holder() const { return holder_; }
+    bool IsOurs() const { return hold_.IsOurs(); }
+    const std::string& Holder() const { return hold_.Holder(); }
+    // Whether nobody has the file any more, and taking it then; as FileHold.
+    bool IsFree() const { return hold_.IsFree(); }
+    bool Take() { return hold_.Take(); }
 
     // What a program left that ended before it saved.
     std::vector<KeptChange> Left() const;
@@ -50,14 +54,12 @@ public:
     void Clear();
 
 private:
-    void TakeFile();
     void Open();
     void Append(const std::string& bytes);
 
     std::filesystem::path journal_;
-    int lock_ = -1;
+    FileHold hold_;
     int descriptor_ = -1;
-    std::string holder_;
 };
 
 // The last change of each record in a journal, in the order of the records. A change that was only

@@ -1,11 +1,16 @@
 #include <quillory/desktop/CodedEditor.h>
 #include <quillory/desktop/Document.h>
+#include <quillory/desktop/HoldBar.h>
+#include <quillory/desktop/LinesEditor.h>
+#include <quillory/desktop/MainWindow.h>
 #include <quillory/desktop/MessageBar.h>
 #include <quillory/store/HomeFolder.h>
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTimer>
 #include <tests/quillory/desktop/DeskTest.h>
 
@@ -119,26 +124,60 @@ TEST_F(JournalTest, ChangesOfARecordThatAnotherProgramReplacedAreKeptApart) {
     EXPECT_EQ(file_.Read(), Book("Another") + Book("Two"));
 }
 
-TEST_F(JournalTest, ASecondWindowSaysWhoHasTheFileAndSavesElsewhere) {
+// No window lets a person write what can't be saved.
+TEST_F(JournalTest, ASecondWindowSaysAtOnceWhoHasTheFileAndOnlyReadsIt) {
     auto first = NewWindow();
     ASSERT_TRUE(Open(*first));
     auto second = NewWindow();
-    Answer("Cancel");
-    EXPECT_FALSE(Open(*second));
-    EXPECT_EQ(second->OpenDocument(), nullptr);
-    QString question;
-    Answer("Open It Here, Too", &question);
-    EXPECT_TRUE(Open(*second));
-    EXPECT_TRUE(question.contains(QString::number(QCoreApplication::applicationPid())))
-        << question.toStdString();
-    TypeAt(*second, "245 $c", " Mine");
+    ASSERT_TRUE(Open(*second));  // without a question
+    EXPECT_TRUE(second->Hold().Text().contains("program " +
+                                               QString::number(QCoreApplication::applicationPid())))
+        << second->Hold().Text().toStdString();
+    EXPECT_FALSE(second->Hold().TakeButton().isEnabled());
+    EXPECT_TRUE(first->Hold().Text().isEmpty());
+    second->Table().GoTo(*ParsePlace("245 $c"));
+    const QString before = Cell(*second, "245 $c");
+    QTest::keyClick(&second->Table(), Qt::Key_Return);
+    QTest::keyClicks(&second->Table(), "Mine");
+    QTest::keyClick(second.get(), Qt::Key_Delete, Qt::ControlModifier);
+    QTest::keyClick(second.get(), Qt::Key_T, Qt::ControlModifier);
+    QTest::keyClicks(&second->Lines().Box(), "Mine");
+    QTest::keyClick(second.get(), Qt::Key_T, Qt::ControlModifier);
+    second->CheckNow();
+    EXPECT_EQ(Cell(*second, "245 $c"), before);
+    EXPECT_FALSE(second->OpenDocument()->IsChanged());
     EXPECT_FALSE(second->Save());
-    EXPECT_TRUE(second->Messages().Text().contains("open in another window"));
-    EXPECT_EQ(file_.Read(), Book("One") + Book("Two") + Book("Three"));
     const TemporaryFile other("", ".mrc");
     EXPECT_TRUE(second->SaveAs(QString::fromStdString(other.Path())));
+    EXPECT_TRUE(second->Hold().Text().isEmpty());
+    TypeAt(*second, "245 $c", " Mine");
+    EXPECT_TRUE(second->Save());
     EXPECT_NE(other.Read().find("Jane Doe. Mine"), std::string::npos);
+    EXPECT_FALSE(second->SaveAs(QString::fromStdString(file_.Path())));
+    EXPECT_TRUE(second->Messages().Text().contains("open in another window"));
+    EXPECT_EQ(file_.Read(), Book("One") + Book("Two") + Book("Three"));
     EXPECT_TRUE(first->Save());
+}
+
+TEST_F(JournalTest, AFileThatTheOtherWindowHasClosedIsTakenOver) {
+    auto second = NewWindow();
+    auto first = NewWindow();
+    ASSERT_TRUE(Open(*first));
+    ASSERT_TRUE(Open(*second));
+    second->ShowRecord(1);
+    TypeAt(*first, "245 $c", " Saved");
+    ASSERT_TRUE(first->Save());
+    TypeAt(*first, "245 $c", " Left");
+    Rest();
+    Crash(first);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return second->Hold().TakeButton().isEnabled(); }));
+    Answer("&Take Up");
+    QTest::mouseClick(&second->Hold().TakeButton(), Qt::LeftButton);
+    EXPECT_TRUE(second->Hold().Text().isEmpty());
+    EXPECT_EQ(Cell(*second, "245 $c"), "Jane Doe. Saved Left");
+    TypeAt(*second, "245 $c", " Mine");
+    EXPECT_TRUE(second->Save());
+    EXPECT_NE(file_.Read().find("Jane Doe. Saved Left Mine"), std::string::npos) << file_.Read();
 }
 
 }  // namespace

@@ -113,9 +113,15 @@ TEST_F(EditJournalTest, AFileBelongsToTheLivingWhoOpenedIt) {
         const EditJournal other(Folder(), place_.Path() + "2");
         EXPECT_TRUE(other.IsOurs());
     }
+    EditJournal waiting(Folder(), place_.Path());
+    EXPECT_FALSE(waiting.IsFree());
+    EXPECT_FALSE(waiting.Take());
     first.reset();
-    const EditJournal third(Folder(), place_.Path());
-    EXPECT_TRUE(third.IsOurs());
+    EXPECT_TRUE(waiting.IsFree());
+    EXPECT_FALSE(waiting.IsOurs());
+    EXPECT_TRUE(waiting.Take());
+    EXPECT_TRUE(waiting.IsOurs());
+    EXPECT_FALSE(EditJournal(Folder(), place_.Path()).IsOurs());
 }
 
 TEST_F(EditJournalTest, NewRecordsWithoutAFileAreFoundAgain) {

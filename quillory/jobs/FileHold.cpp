@@ -1,0 +1,105 @@
+#include <quillory/faults/Errors.h>
+#include <quillory/jobs/FileHold.h>
+#include <zorby/platform/ClockPort.h>
+
+#include <cerrno>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace quillory {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr mode_t kMode = 0600;
+
+std::string UserName() {
+    const passwd* user = getpwuid(geteuid());
+    return user == nullptr ? std::string("somebody") : std::string(user->pw_name);
+}
+
+std::string Myself() {
+    char host[256] = "";
+    gethostname(host, sizeof host - 1);
+    const std::tm now = zorby::CurrentClockPort().LocalTime();
+    char time[16];
+    std::strftime(time, sizeof time, "%H:%M", &now);
+    return UserName() + " on " + host + ", program " + std::to_string(getpid()) + ", since " + time;
+}
+
+std::string TextAt(int descriptor) {
+    char text[512];
+    const ssize_t size = pread(descriptor, text, sizeof text, 0);
+    return size > 0 ? std::string(text, static_cast<std::size_t>(size)) : "another program";
+}
+
+bool IsSameFile(int descriptor, const fs::path& path) {
+    struct stat opened {};
+    struct stat named {};
+    return fstat(descriptor, &opened) == 0 && stat(path.c_str(), &named) == 0 &&
+           opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
+}
+
+// A lock that belongs to the open file, so that two windows of one program are two, too.
+struct flock WholeFile() {
+    struct flock lock {};
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    return lock;
+}
+
+bool Lock(int descriptor) {
+    struct flock lock = WholeFile();
+    return fcntl(descriptor, F_OFD_SETLK, &lock) == 0;
+}
+
+}  // namespace
+
+FileHold::~FileHold() {
+    if (descriptor_ < 0) return;
+    std::error_code ignored;
+    fs::remove(path_, ignored);
+    close(descriptor_);
+}
+
+// A file that its holder removes in this moment is made again.
+bool FileHold::Take() {
+    while (!IsOurs()) {
+        const int opened = open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
+        if (opened < 0) {
+            throw FileError(path_.string() + ": can't be written: " + std::strerror(errno));
+        }
+        if (!Lock(opened)) {
+            holder_ = TextAt(opened);
+            close(opened);
+            return false;
+        }
+        if (IsSameFile(opened, path_)) {
+            descriptor_ = opened;
+        } else {
+            close(opened);
+        }
+    }
+    holder_ = Myself();
+    // Who has it is a courtesy: without room for it, others are told that somebody does.
+    if (ftruncate(descriptor_, 0) != 0 ||
+        pwrite(descriptor_, holder_.data(), holder_.size(), 0) < 0) {
+        errno = 0;
+    }
+    return true;
+}
+
+bool FileHold::IsFree() const {
+    const int opened = open(path_.c_str(), O_RDWR | O_CLOEXEC);
+    if (opened < 0) return errno == ENOENT;
+    struct flock lock = WholeFile();
+    const bool isFree = fcntl(opened, F_OFD_GETLK, &lock) == 0 && lock.l_type == F_UNLCK;
+    close(opened);
+    return isFree;
+}
+
+}  // namespace quillory
