@@ -3,6 +3,7 @@
 #include <quillory/checks/Checker.h>
 #include <quillory/coded/CodeLists.h>
 #include <quillory/coded/Decoder.h>
+#include <quillory/desktop/DeskHints.h>
 #include <quillory/repair/RecordRepairer.h>
 #include <quillory/rules/Inspector.h>
 #include <zorby/format/DisplayOptions.h>
@@ -32,6 +33,8 @@ public:
     void SetDisplay(zorby::EDISPLAYOPTIONS display);
 
 private:
+    DeskHints hints_;
+    HintsInForce hintsInForce_{hints_};
     Checker checker_;
     CodeLists lists_;
     Decoder decoder_{lists_};

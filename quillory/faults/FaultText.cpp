@@ -1,5 +1,6 @@
 #include <quillory/faults/Fault.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/faults/Hints.h>
 
 #include <algorithm>
 #include <iterator>
@@ -13,6 +14,7 @@ struct Words {
     FaultCode code;
     std::string_view id;
     std::string_view reason;
+    std::string_view command = {};  // what a person can do about it on the command line
 };
 
 constexpr Words kWords[] = {
@@ -151,8 +153,8 @@ constexpr Words kWords[] = {
      "left out: {found} can't carry a field with this tag"},
     {FaultCode::kFieldCutToFit, "field-cut-to-fit",
      "the field has {found} bytes, cut to the {allowed} that fit"},
-    {FaultCode::kNoFormOfName, "no-form-of-name",
-     "the name of the output does not say its form; give it with --to, one of {found}"},
+    {FaultCode::kNoFormOfName, "no-form-of-name", "the name of the output does not say its form",
+     "give it with --to, one of {found}"},
     {FaultCode::kEmptyFieldLeftOut, "empty-field-left-out", "left out: the field has no content"},
     {FaultCode::kRecordCut, "record-cut", "{found} bytes cut off the end of the record"},
     {FaultCode::kUnprintableByte, "unprintable-byte", "byte {found} is not a printable character"},
@@ -216,10 +218,10 @@ constexpr Words kWords[] = {
     {FaultCode::kUndefinedPositions, "undefined-positions",
      "\"{found}\" stands in positions that the format leaves undefined"},
     {FaultCode::kNotDecoded, "not-decoded", "\"{found}\" can't be decoded: {allowed}"},
-    {FaultCode::kNotACode, "not-a-code",
-     "\"{found}\" is not a code of {allowed}; quillory describe {place} lists the codes"},
-    {FaultCode::kObsoleteCode, "obsolete-code",
-     "\"{found}\" is an obsolete code of {allowed}; quillory describe {place} lists the codes"},
+    {FaultCode::kNotACode, "not-a-code", "\"{found}\" is not a code of {allowed}",
+     "quillory describe {place} lists the codes"},
+    {FaultCode::kObsoleteCode, "obsolete-code", "\"{found}\" is an obsolete code of {allowed}",
+     "quillory describe {place} lists the codes"},
     {FaultCode::kTypeAgainst008, "type-against-008",
      "field 008 does not fit this type of record: {found}"},
     {FaultCode::kOddControlFields, "odd-control-fields",
@@ -229,16 +231,16 @@ constexpr Words kWords[] = {
     {FaultCode::kOutsideOfRecords, "outside-of-records",
      "this stands above the first [[record]], where only workform may stand"},
     {FaultCode::kNotOneRecord, "not-one-record", "this is not one [[record]]"},
-    {FaultCode::kSeveralRecords, "several-records",
-     "the file describes several records; quillory catalog makes them all"},
-    {FaultCode::kNoWorkformNamed, "no-workform-named",
-     "no workform is named; quillory workforms lists them"},
+    {FaultCode::kSeveralRecords, "several-records", "the file describes several records",
+     "quillory catalog makes them all"},
+    {FaultCode::kNoWorkformNamed, "no-workform-named", "no workform is named",
+     "quillory workforms lists them"},
 
     // Workforms.
-    {FaultCode::kNoWorkform, "no-workform",
-     "there is no workform \"{found}\"; quillory workforms lists all"},
+    {FaultCode::kNoWorkform, "no-workform", "there is no workform \"{found}\"",
+     "quillory workforms lists all"},
     {FaultCode::kNoWorkformButNear, "no-workform-but-near",
-     "there is no workform \"{found}\"; near it: {allowed}; quillory workforms lists all"},
+     "there is no workform \"{found}\"; near it: {allowed}", "quillory workforms lists all"},
     {FaultCode::kSeveralWorkforms, "several-workforms", "\"{found}\" may be any of {allowed}"},
     {FaultCode::kNoName, "no-name", "a workform needs a name"},
     {FaultCode::kLongName, "long-name",
@@ -254,7 +256,7 @@ constexpr Words kWords[] = {
     {FaultCode::kNoFurtherId, "no-further-id",
      "\"{found}\" can't be saved: there is no further ID for a workform"},
     {FaultCode::kWorkformThere, "workform-there",
-     "\"{found}\" is already there as workform {allowed}; --force replaces it"},
+     "\"{found}\" is already there as workform {allowed}", "--force replaces it"},
     {FaultCode::kWorkformTwice, "workform-twice", "\"{found}\" is there twice"},
     {FaultCode::kLockedWorkform, "locked-workform",
      "\"{found}\" is locked by another program that is changing it"},
@@ -272,8 +274,8 @@ constexpr Words kWords[] = {
      "a workform has texts of subfields alone, such as 040a"},
 
     // Copies and holdings systems.
-    {FaultCode::kNoHoldingsType, "no-holdings-type",
-     "there is no holdings type {found}; `quillory describe --holdings` lists them"},
+    {FaultCode::kNoHoldingsType, "no-holdings-type", "there is no holdings type {found}",
+     "`quillory describe --holdings` lists them"},
     {FaultCode::kNoHoldingsElement, "no-holdings-element",
      "\"{found}\" is not a holdings element of {allowed}, nor a place in its fields"},
     {FaultCode::kNoHoldingsPlace, "no-holdings-place",
@@ -304,9 +306,8 @@ constexpr Words kWords[] = {
      "{found}: no room for this value: the element takes no more of them, or the value has the "
      "character that divides elements in its subfield"},
     {FaultCode::kHoldingsUnusedLine, "holdings-unused-line", "no record has {found}"},
-    {FaultCode::kNoSuchElement, "no-such-element",
-     "\"{found}\" is not an element of {allowed}; `quillory describe --holdings` shows the "
-     "elements"},
+    {FaultCode::kNoSuchElement, "no-such-element", "\"{found}\" is not an element of {allowed}",
+     "`quillory describe --holdings` shows the elements"},
     {FaultCode::kElementsInPairs, "elements-in-pairs",
      "name one element for each that moves, and no others"},
     {FaultCode::kElementNotMoved, "element-not-moved",
@@ -343,10 +344,10 @@ constexpr Words kWords[] = {
     {FaultCode::kNoHomeFolder, "no-home-folder",
      "there is no folder for settings and the store: set QUILLORY_HOME to one, since neither "
      "XDG_DATA_HOME nor HOME is set"},
-    {FaultCode::kNoSetting, "no-setting",
-     "there is no setting {found}; quillory settings lists them"},
-    {FaultCode::kNoHoldingsSetting, "no-holdings-setting",
-     "there is no holdings setting {found}; quillory settings --holdings lists them"},
+    {FaultCode::kNoSetting, "no-setting", "there is no setting {found}",
+     "quillory settings lists them"},
+    {FaultCode::kNoHoldingsSetting, "no-holdings-setting", "there is no holdings setting {found}",
+     "quillory settings --holdings lists them"},
     {FaultCode::kNotASettingValue, "not-a-setting-value",
      "the value is {allowed}, not \"{found}\""},
     {FaultCode::kNotSettingText, "not-setting-text",
@@ -480,10 +481,13 @@ std::string Filled(std::string_view words, std::span<const Part> parts) {
     return text;
 }
 
-std::string Filled(FaultCode code, std::string_view place, std::string_view found,
-                   std::string_view allowed) {
-    const Part parts[] = {{"{place}", place}, {"{found}", found}, {"{allowed}", allowed}};
-    return Filled(WordsOf(code).reason, parts);
+std::string Filled(const Fault& fault, std::string_view place) {
+    const Words& words = WordsOf(fault.code);
+    const std::string hint = HintText(words.id, fault.place, words.command);
+    const Part parts[] = {
+        {"{place}", place}, {"{found}", fault.found}, {"{allowed}", fault.allowed}};
+    const std::string text = Filled(words.reason, parts);
+    return hint.empty() ? text : text + "; " + Filled(hint, parts);
 }
 
 }  // namespace
@@ -493,11 +497,11 @@ std::string_view FaultId(FaultCode code) {
 }
 
 std::string FaultHeading(FaultCode code) {
-    return Filled(code, "...", "...", "...");
+    return Filled({code, {}, "...", "..."}, "...");
 }
 
 std::string FaultReason(const Fault& fault) {
-    return Filled(fault.code, PlaceText(fault.place), fault.found, fault.allowed);
+    return Filled(fault, PlaceText(fault.place));
 }
 
 std::string FaultText(const Fault& fault) {

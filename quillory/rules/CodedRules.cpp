@@ -27,12 +27,12 @@ const Element* ElementAt(CFType form, int first) {
     return found == elements.end() ? nullptr : &*found;
 }
 
-// The command that lists the codes of an element; `material` is the letter of its form, if it
-// belongs to one.
-std::string ListedBy(Place place, char material) {
+// The place by which the codes of an element are listed; `material` is the letter of its form, if
+// it belongs to one.
+Place ListOf(Place place, char material) {
     place.occurrence = 0;
     place.material = material;
-    return "`quillory codes " + PlaceText(place) + "` lists the codes";
+    return place;
 }
 
 // Of the form of 006 or 007 to which an element belongs; NUL where all have it.
@@ -104,8 +104,8 @@ private:
             const std::string name =
                 none == zorby::CF006None ? "Form of material: " : "Category of material: ";
             remarks.Add(RuleId::CodeUnknown, place,
-                        name + Shown(field.content.substr(0, 1)) + " is no code",
-                        ListedBy(place, '\0'));
+                        name + Shown(field.content.substr(0, 1)) + " is no code", {},
+                        ListOf(place, '\0'));
             return;
         }
         CheckLength(field, static_cast<std::size_t>(LengthOfForm(form)), remarks);
@@ -120,9 +120,7 @@ private:
         category.material = field.content.front();
         remarks.Add(RuleId::CodeUnknown,
                     field.GetPlace().Positions(1, static_cast<int>(field.content.size()) - 1),
-                    "all positions are blank",
-                    "`quillory codes " + PlaceText(category) +
-                        "` lists the codes, and | says that nothing is coded");
+                    "all positions are blank", "| says that nothing is coded", category);
     }
 
     // The positions of an 008 of another length can't be trusted.
@@ -174,7 +172,7 @@ private:
                                "it is " + std::string(form));
         }
         remarks.Add(RuleId::CodeUnknown, place, name + UnknownCode(element, value) + " is no code",
-                    ListedBy(place, MaterialLetter(element)));
+                    {}, ListOf(place, MaterialLetter(element)));
     }
 
     void AddObsolete(const Element& element, std::string_view value, const Place& place,
@@ -183,10 +181,11 @@ private:
         const CodeMeaning meaning = ObsoleteCode(element, value);
         std::string found = (former.empty() ? element.name : former) + ": " + Shown(value);
         if (!meaning.until.empty()) found += " (until " + meaning.until + ")";
-        std::string right = ListedBy(place, MaterialLetter(element));
+        std::string right;
         if (element.IsUndefined()) right = "blank goes there now";
         if (!meaning.use.empty()) right = SuccessorText(meaning.use);
-        remarks.Add(RuleId::CodeObsolete, place, std::move(found), std::move(right));
+        const Place codes = right.empty() ? ListOf(place, MaterialLetter(element)) : Place();
+        remarks.Add(RuleId::CodeObsolete, place, std::move(found), std::move(right), codes);
     }
 
     // Of the codes in a value.
@@ -306,8 +305,9 @@ private:
             remarks.Add(rules.unknown, place, Shown(given));
         } else if (state == CodeState::Obsolete) {
             const std::string use = lists_.Find(element, code).use;
+            const Place codes = use.empty() ? ListOf(PlaceOf(element, false), '\0') : Place();
             remarks.Add(rules.obsolete, place, Shown(given),
-                        use.empty() ? ListedBy(PlaceOf(element, false), '\0') : SuccessorText(use));
+                        use.empty() ? std::string() : SuccessorText(use), codes);
         }
     }
 

@@ -1,3 +1,4 @@
+#include <quillory/faults/Hints.h>
 #include <quillory/rules/Remark.h>
 
 namespace quillory {
@@ -8,13 +9,28 @@ void Fill(std::string& words, std::string_view slot, std::string_view text) {
     if (at != words.npos) words.replace(at, slot.size(), text);
 }
 
+// What is allowed, or where its codes are listed.
+std::string AllowedText(const Remark& remark) {
+    constexpr std::string_view kList = "`quillory codes {place}` lists the codes";
+    if (remark.codes.IsRecord()) return remark.allowed;
+    std::string hint = HintText(kCodesHint, remark.codes, kList);
+    Fill(hint, "{place}", PlaceText(remark.codes));
+    if (hint.empty() || remark.allowed.empty()) return hint + remark.allowed;
+    return hint + ", and " + remark.allowed;
+}
+
 }  // namespace
 
 std::string RemarkText(const Remark& remark) {
+    constexpr std::string_view kLastPart = "; {allowed}";
     std::string words(remark.rule->words);
-    Fill(words, "{allowed}", remark.allowed);
+    const std::string allowed = AllowedText(remark);
+    if (allowed.empty() && words.ends_with(kLastPart))
+        words.resize(words.size() - kLastPart.size());
+    Fill(words, "{allowed}", allowed);
     Fill(words, "{found}", remark.found);
-    return words;
+    const std::string hint = HintText(remark.rule->name, remark.place, remark.rule->command);
+    return hint.empty() ? words : words + "; " + hint;
 }
 
 std::string RemarkLine(const Remark& remark) {

@@ -14,6 +14,7 @@ struct Remark {
     Place place = {};        // occurrence 0 where the record lacks the field
     std::string found = {};  // as Rule::words has them; UTF-8, or bytes of a record
     std::string allowed = {};
+    Place codes = {};  // whose codes are what is allowed; of the record as a whole for none
 };
 
 // In words, without the place.

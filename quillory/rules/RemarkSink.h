@@ -16,13 +16,16 @@ public:
         : weights_(weights), remarks_(remarks) {}
 
     bool Wants(RuleId rule) const { return weights_.Wants(rule); }
-    void Add(RuleId rule, const Place& place, std::string found = {}, std::string allowed = {}) {
-        Add(RuleOf(rule), place, std::move(found), std::move(allowed));
+    // `codes`: as Remark has them.
+    void Add(RuleId rule, const Place& place, std::string found = {}, std::string allowed = {},
+             const Place& codes = {}) {
+        Add(RuleOf(rule), place, std::move(found), std::move(allowed), codes);
     }
-    void Add(const Rule& rule, const Place& place, std::string found, std::string allowed = {}) {
+    void Add(const Rule& rule, const Place& place, std::string found, std::string allowed = {},
+             const Place& codes = {}) {
         const auto severity = weights_.Of(rule.id);
         if (!severity) return;
-        remarks_.push_back({&rule, *severity, place, std::move(found), std::move(allowed)});
+        remarks_.push_back({&rule, *severity, place, std::move(found), std::move(allowed), codes});
     }
 
 private:

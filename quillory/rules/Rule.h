@@ -121,6 +121,7 @@ struct Rule {
     std::string_view example;       // a line of a record that breaks the rule
     std::string_view source;        // where the rule is published
     zorby::E_ERROR_CODE code = {};  // of a rule of the library; none for others
+    std::string_view command = {};  // what a person can do about it on the command line
 };
 
 // All rules, by their number.

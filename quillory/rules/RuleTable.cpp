@@ -13,6 +13,7 @@ constexpr std::string_view kGuidelines =
     "MARC 21 Format for Bibliographic Data, input conventions of the field";
 constexpr std::string_view kPolicy = "policy of export";
 constexpr std::string_view kStructure = "MARC 21 Specifications: Record Structure";
+constexpr auto kNoCode = E_ERROR_CODE{};
 
 // To add a rule, add its number in Rule.h, its row here, and its check in one of the families.
 constexpr Rule kTable[] = {
@@ -93,9 +94,9 @@ constexpr Rule kTable[] = {
      "ISO 2709 has room for 99,999 bytes in a record.", "a record with 2,000 copies", kStructure,
      EC_RecordTooLong},
     {RuleId::TitleInCapitals, "title-in-capitals", Error, "Title in capitals",
-     "the title is in capitals; `quillory edit case 245ab --as fix` puts it right",
+     "the title is in capitals",
      "Titles are transcribed with capitals where the language has them.", "=245  10$aTHE RIVERS",
-     kPolicy, EC_UpperCaseTitle},
+     kPolicy, EC_UpperCaseTitle, "`quillory edit case 245ab --as fix` puts it right"},
     {RuleId::NotMarc, "undefined", Warning, "Undefined field or subfield", "{found}",
      "Other systems drop what they don't know, or show it in the wrong place. A library's own "
      "fields have a 9 in the tag, its own subfields the code 9.",
@@ -232,8 +233,9 @@ constexpr Rule kTable[] = {
      "{found}, and 008 lacks {allowed}", "Limits by contents leave the record out.",
      "=504  \\\\$aIncludes index., with 0 in 008/31", kFormat},
     {RuleId::LanguageUnknown, "language-unknown", Warning, "Unknown language code",
-     "{found} is not in the MARC Code List for Languages; `quillory codes 008/35` lists the codes",
-     "Limits by language leave the record out.", "=041  0\\$axyz", "MARC Code List for Languages"},
+     "{found} is not in the MARC Code List for Languages",
+     "Limits by language leave the record out.", "=041  0\\$axyz", "MARC Code List for Languages",
+     kNoCode, "`quillory codes 008/35` lists the codes"},
     {RuleId::LanguageObsolete, "language-obsolete", Note, "Obsolete language code",
      "{found} is obsolete; {allowed}", "The list has withdrawn the code.", "=041  0\\$ascr",
      "MARC Code List for Languages"},
@@ -242,8 +244,9 @@ constexpr Rule kTable[] = {
      "The first code of 041 $a repeats that of 008.", "=041  1\\$afre$heng, with eng in 008",
      kFormat},
     {RuleId::CountryUnknown, "country-code-unknown", Warning, "Unknown country code",
-     "{found} is not in the MARC Code List for Countries; `quillory codes 008/15` lists the codes",
-     "Limits by place leave the record out.", "=044  \\\\$azz9", "MARC Code List for Countries"},
+     "{found} is not in the MARC Code List for Countries", "Limits by place leave the record out.",
+     "=044  \\\\$azz9", "MARC Code List for Countries", kNoCode,
+     "`quillory codes 008/15` lists the codes"},
     {RuleId::CountryObsolete, "country-code-obsolete", Note, "Obsolete country code",
      "{found} is obsolete; {allowed}", "The list has withdrawn the code.", "=044  \\\\$aur",
      "MARC Code List for Countries"},
