@@ -179,12 +179,13 @@ void CellEditor::destroyEditor(QWidget* editor, const QModelIndex& index) const 
     QStyledItemDelegate::destroyEditor(editor, index);
 }
 
-// Enter takes a text as it takes a line; there are no line ends in a field. A box that is closed
-// loses the focus once more.
+// Enter takes a text as it takes a line; there are no line ends in a field. It is taken at once: the
+// delegate of Qt waits, and then asks for a line that has been closed meanwhile. A box that is
+// closed loses the focus once more.
 bool CellEditor::eventFilter(QObject* editor, QEvent* event) {
     if (event->type() == QEvent::FocusOut) {
         if (editor != box_.data() || IsOfCompanion(QApplication::focusWidget())) return false;
-    } else if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(editor) == nullptr) {
+    } else if (event->type() == QEvent::KeyPress && editor == box_.data()) {
         const auto* key = static_cast<QKeyEvent*>(event);
         const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
         if (isEnter && key->modifiers() == Qt::NoModifier) {

@@ -233,5 +233,19 @@ TEST_F(DeskTest, TheNextBarCodeComesByAlt) {
     EXPECT_EQ(zorby::CHoldingsSelector::GetNextBarCode(), "T0100");
 }
 
+// As fast as a key that is held down sends them.
+TEST_F(DeskTest, EnterIsTakenOnceHoweverFastItComes) {
+    GoTo("245");
+    Press(Qt::Key_F2);
+    auto* line = OpenBox<QLineEdit>();
+    ASSERT_NE(line, nullptr);
+    line->setText("246");
+    QTest::keyClick(line, Qt::Key_Return);
+    QTest::keyClick(line, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(OpenBox<QLineEdit>(), nullptr);
+    EXPECT_EQ(Cell("246 $a"), "Rivers /");
+}
+
 }  // namespace
 }  // namespace quillory

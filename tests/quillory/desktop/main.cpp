@@ -3,11 +3,23 @@
 #include <QApplication>
 #include <QStandardPaths>
 
+namespace {
+
+// A warning of Qt is a fault of the desk, unless it is about what this screen can't do.
+void FailOnWarning(QtMsgType type, const QMessageLogContext& /*where*/, const QString& text) {
+    const bool isOfScreen = text.startsWith(QStringLiteral("This plugin does not support"));
+    if (type == QtDebugMsg || type == QtInfoMsg || isOfScreen) return;
+    ADD_FAILURE() << "Qt warns: " << text.toStdString();
+}
+
+}  // namespace
+
 // The desk on a screen that nobody sees, with settings of its own.
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QUILLORY_DATA", DATA_FOLDER);
     const QApplication application(argc, argv);
+    qInstallMessageHandler(FailOnWarning);
     return RUN_ALL_TESTS();
 }
