@@ -1,0 +1,67 @@
+"""The recipes for one large file give what a run on the whole file gives."""
+import pathlib
+import shutil
+import subprocess
+import sys
+import unittest
+
+from support import QUILLORY, SAMPLES, Cli, run
+
+RECIPES = pathlib.Path(sys.argv[3]) / "scale-out"
+# A delimiter without a code: such a record is refused.
+DAMAGED = (b"00060nam a2200037 i 4500001000300000500000600003\x1e"
+           b"x1\x1e  \x1f\x1fa\x1e\x1d")
+ACROSS_RECORDS = ["--skip", "control-number-repeated", "--skip", "number-repeated"]
+
+
+@unittest.skipUnless(shutil.which("parallel"), "GNU parallel is not installed")
+class ScaleOut(Cli):
+    def setUp(self):
+        super().setUp()
+        self.environment("QUILLORY", QUILLORY)
+        self.environment("BLOCK", "40k")
+        self.environment("HOME", self.folder)
+        sound = self.convert(SAMPLES, "sound.mrc").read_bytes()
+        self.large = self.path("large.mrc", (sound + DAMAGED) * 5)
+
+    def recipe(self, name, *arguments):
+        done = subprocess.run([RECIPES / name, *map(str, arguments)], capture_output=True,
+                              timeout=300, check=False)
+        self.assertEqual(done.stdout, b"")
+        return done.returncode, done.stderr.decode()
+
+    def test_convert(self):
+        for form in ("mrc", "mrk", "jsonl"):
+            with self.subTest(form=form):
+                whole, rejects = self.path(f"whole.{form}"), self.path(f"whole.{form}.rejects")
+                status, _, _ = run("convert", self.large, "-o", whole, "--rejects", rejects,
+                                   "--to-charset", "utf8")
+                together = self.path(f"together.{form}")
+                done, err = self.recipe("convert.sh", self.large, together, "--to-charset", "utf8")
+                self.assertEqual((done, status), (1, 1), err)
+                self.assertEqual(together.read_bytes(), whole.read_bytes())
+                self.assertEqual(self.path(f"together.{form}.rejects").read_bytes(),
+                                 rejects.read_bytes())
+                self.assertIn("part 2:", err)
+        self.assertEqual([path for path in self.folder.iterdir() if "parts" in path.name], [])
+
+    def test_check(self):
+        whole, together = self.path("whole.jsonl"), self.path("together.jsonl")
+        status, _, _ = run("check", self.large, "-q", "-o", whole, *ACROSS_RECORDS)
+        done, err = self.recipe("check.sh", self.large, together)
+        self.assertEqual((done, status), (1, 1), err)
+        self.assertEqual(together.read_bytes(), whole.read_bytes())
+        self.assertGreater(whole.read_bytes().count(b"fault_offset"), 4)
+
+    def test_what_cannot_be_done(self):
+        status, err = self.recipe("convert.sh", self.large, self.path("x.xml"))
+        self.assertEqual(status, 2)
+        self.assertIn("can't be put together", err)
+        status, err = self.recipe("convert.sh", self.large, self.path("x.mrc"), "--colour", "red")
+        self.assertEqual(status, 2)
+        self.assertIn("there is no option --colour", err)
+        self.assertFalse(self.path("x.mrc").exists())
+
+
+if __name__ == "__main__":
+    unittest.main(argv=["scale_out_test.py"])
