@@ -31,7 +31,7 @@ class ScaleOut(Cli):
         return done.returncode, done.stderr.decode()
 
     def test_convert(self):
-        for form in ("mrc", "mrk", "jsonl"):
+        for form in ("mrc", "mrk"):
             with self.subTest(form=form):
                 whole, rejects = self.path(f"whole.{form}"), self.path(f"whole.{form}.rejects")
                 status, _, _ = run("convert", self.large, "-o", whole, "--rejects", rejects,
