@@ -14,8 +14,19 @@ DAMAGED = (b"00060nam a2200037 i 4500001000300000500000600003\x1e"
 ACROSS_RECORDS = ["--skip", "control-number-repeated", "--skip", "number-repeated"]
 
 
-@unittest.skipUnless(shutil.which("parallel"), "GNU parallel is not installed")
-class ScaleOut(Cli):
+def python_of_dask():
+    """A Python that has Dask's scheduler, where there is one: Debian's, if not that of the test."""
+    for python in (sys.executable, "/usr/bin/python3"):
+        found = shutil.which(python) and subprocess.run(
+            [python, "-c", "import distributed"], capture_output=True, check=False)
+        if found and found.returncode == 0:
+            return python
+    return None
+
+
+class Recipes:
+    """The recipes are given by `recipe`: CONVERT or CHECK, and arguments."""
+
     def setUp(self):
         super().setUp()
         self.environment("QUILLORY", QUILLORY)
@@ -24,8 +35,8 @@ class ScaleOut(Cli):
         sound = self.convert(SAMPLES, "sound.mrc").read_bytes()
         self.large = self.path("large.mrc", (sound + DAMAGED) * 5)
 
-    def recipe(self, name, *arguments):
-        done = subprocess.run([RECIPES / name, *map(str, arguments)], capture_output=True,
+    def recipe(self, work, *arguments):
+        done = subprocess.run([*self.command(work), *map(str, arguments)], capture_output=True,
                               timeout=300, check=False)
         self.assertEqual(done.stdout, b"")
         return done.returncode, done.stderr.decode()
@@ -37,7 +48,7 @@ class ScaleOut(Cli):
                 status, _, _ = run("convert", self.large, "-o", whole, "--rejects", rejects,
                                    "--to-charset", "utf8")
                 together = self.path(f"together.{form}")
-                done, err = self.recipe("convert.sh", self.large, together, "--to-charset", "utf8")
+                done, err = self.recipe("convert", self.large, together, "--to-charset", "utf8")
                 self.assertEqual((done, status), (1, 1), err)
                 self.assertEqual(together.read_bytes(), whole.read_bytes())
                 self.assertEqual(self.path(f"together.{form}.rejects").read_bytes(),
@@ -48,19 +59,31 @@ class ScaleOut(Cli):
     def test_check(self):
         whole, together = self.path("whole.jsonl"), self.path("together.jsonl")
         status, _, _ = run("check", self.large, "-q", "-o", whole, *ACROSS_RECORDS)
-        done, err = self.recipe("check.sh", self.large, together)
+        done, err = self.recipe("check", self.large, together)
         self.assertEqual((done, status), (1, 1), err)
         self.assertEqual(together.read_bytes(), whole.read_bytes())
         self.assertGreater(whole.read_bytes().count(b"fault_offset"), 4)
 
     def test_what_cannot_be_done(self):
-        status, err = self.recipe("convert.sh", self.large, self.path("x.xml"))
+        status, err = self.recipe("convert", self.large, self.path("x.xml"))
         self.assertEqual(status, 2)
         self.assertIn("can't be put together", err)
-        status, err = self.recipe("convert.sh", self.large, self.path("x.mrc"), "--colour", "red")
+        status, err = self.recipe("convert", self.large, self.path("x.mrc"), "--colour", "red")
         self.assertEqual(status, 2)
         self.assertIn("there is no option --colour", err)
         self.assertFalse(self.path("x.mrc").exists())
+
+
+@unittest.skipUnless(shutil.which("parallel"), "GNU parallel is not installed")
+class OnAllProcessors(Recipes, Cli):
+    def command(self, work):
+        return [RECIPES / f"{work}.sh"]
+
+
+@unittest.skipUnless(python_of_dask(), "Dask's scheduler (python3-distributed) is not installed")
+class OnACluster(Recipes, Cli):
+    def command(self, work):
+        return [python_of_dask(), RECIPES / "cluster.py", work]
 
 
 if __name__ == "__main__":
