@@ -9,7 +9,7 @@
 //      ApplicationPort whose Folder is that of the data files, since the dictionary is looked for
 //      there. A port that is not put in force is a plain one, for programs without a window.
 //      A guard from PortInForce.h takes a port back when its time is over.
-//   3. SetZorbyProfilePath, and CGeneral::m_iniUserProfile.SetINIFile, if it keeps settings.
+//   3. SetZorbyProfilePath, and CGeneral::m_iniUserProfile.Initialize, if it keeps settings.
 //   4. CInfoAboutHoldingsTypeList::CreateTheOneAndOnly, with the folder
 //   5. CMARCFormat::InitializeYourself, with the user's own fields, or nothing
 //   6. CTemplateList::InitializeTemplateList, with the folder

@@ -3,7 +3,6 @@
 #include <quillory/text/Fnv1a.h>
 #include <zorby/archive/Archive.h>
 #include <zorby/archive/MemoryStream.h>
-#include <zorby/platform/ClockPort.h>
 #include <zorby/record/CommFormat.h>
 
 #include <cerrno>
