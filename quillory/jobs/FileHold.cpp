@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t kMode = 0600;
+constexpr mode_t kHoldMode = 0600;
 
 std::string UserName() {
     const passwd* user = getpwuid(geteuid());
@@ -69,7 +69,7 @@ FileHold::~FileHold() {
 // A file that its holder removes in this moment is made again.
 bool FileHold::Take() {
     while (!IsOurs()) {
-        const int opened = open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
+        const int opened = open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kHoldMode);
         if (opened < 0) {
             throw FileError(path_.string() + ": can't be written: " + std::strerror(errno));
         }
