@@ -179,8 +179,8 @@ void CellEditor::destroyEditor(QWidget* editor, const QModelIndex& index) const 
     QStyledItemDelegate::destroyEditor(editor, index);
 }
 
-// Enter takes a text as it takes a line; there are no line ends in a field. It is taken at once: the
-// delegate of Qt waits, and then asks for a line that has been closed meanwhile. A box that is
+// Enter takes a text as it takes a line; there are no line ends in a field. It is taken at once:
+// the delegate of Qt waits, and then asks for a line that has been closed meanwhile. A box that is
 // closed loses the focus once more.
 bool CellEditor::eventFilter(QObject* editor, QEvent* event) {
     if (event->type() == QEvent::FocusOut) {
