@@ -12,7 +12,11 @@
 #include <quillory/reports/RuleList.h>
 #include <quillory/rules/CheckSettings.h>
 
+#include <deque>
+#include <optional>
 #include <sstream>
+#include <string>
+#include <vector>
 
 namespace quillory {
 namespace {
@@ -35,11 +39,23 @@ constexpr const char* kCheckDetails =
     "Status: 0 if nothing weighs as much as --fail-on says; 1 with such findings or damage; 2 for\n"
     "wrong usage, or a file that can't be read or written.";
 
-CheckSettings ReadSettings(const std::optional<std::string>& file, const ConditionTools& tools) {
-    if (!file) return {};
-    Input input(*file);
-    return ReadCheckSettings(ReadWhole(input), *file, tools);
-}
+// The file of the settings, if there is one.
+class SettingsFile {
+public:
+    explicit SettingsFile(const std::optional<std::string>& file) : file_(file) {
+        if (!file) return;
+        Input input(*file);
+        text_ = ReadWhole(input);
+    }
+
+    CheckSettings Read(const ConditionTools& tools) const {
+        return file_ ? ReadCheckSettings(text_, *file_, tools) : CheckSettings();
+    }
+
+private:
+    std::optional<std::string> file_;
+    std::string text_;
+};
 
 // "a,b" is two names.
 std::vector<std::string> Divided(const std::vector<std::string>& lists) {
@@ -59,9 +75,34 @@ RuleWeights WeightsOf(const CheckSettings& settings, const CheckOptions& options
     return weights;
 }
 
+// The rules in force, and what holds records against them.
+class Inspection {
+public:
+    Inspection(const CheckOptions& options, const SettingsFile& file, CheckerOptions checking,
+               const CodeLists& lists)
+        : checker_(checking),
+          settings_(file.Read({checking.charset,
+                               [this](const Record& record) {
+                                   return IsValidUnder(checker_, record, findings_);
+                               }})),
+          inspector_(checking, WeightsOf(settings_, options), lists, &settings_.own) {}
+    Inspection(const Inspection&) = delete;
+    Inspection& operator=(const Inspection&) = delete;
+
+    Checker& GetChecker() { return checker_; }
+    const CheckSettings& Settings() const { return settings_; }
+    Inspector& GetInspector() { return inspector_; }
+
+private:
+    Checker checker_;
+    std::vector<Finding> findings_;
+    CheckSettings settings_;
+    Inspector inspector_;
+};
+
 Status ListRules(const CheckOptions& options, const std::optional<std::string>& file) {
     const auto isValid = [](const Record&) { return true; };  // no record is looked at
-    const CheckSettings settings = ReadSettings(file, {kCharsetAuto, isValid});
+    const CheckSettings settings = SettingsFile(file).Read({kCharsetAuto, isValid});
     const RuleWeights weights = WeightsOf(settings, options);
     const auto list = options.report.format == kCheckJsonl ? RulesJsonl : RulesText;
     WriteOutput(options.report.output, list(settings.own.List(), weights));
@@ -91,19 +132,21 @@ Status RunCheck(const CheckOptions& options) {
     CheckOutput(options, settingsFile);
     if (options.listsRules) return ListRules(options, settingsFile);
     const SettingsKeeper keeper;
-    Checker checker = MakeChecker(options.policy, options.files.input.charset);
-    std::vector<Finding> findings;
-    const auto isValid = [&](const Record& record) {
-        return IsValidUnder(checker, record, findings);
-    };
-    CheckSettings settings = ReadSettings(settingsFile, {options.files.input.charset, isValid});
+    const auto checking = MakeChecker(options.policy, options.files.input.charset).GetOptions();
+    const SettingsFile file(settingsFile);
     const CodeLists lists = LoadCodeLists();
-    Inspector inspector(checker.GetOptions(), WeightsOf(settings, options), lists, &settings.own);
+    Inspection inspection(options, file, checking, lists);
+    const CheckSettings& settings = inspection.Settings();
     TerminalPort terminal;
     Reporter reporter(terminal, options.messages);
     if (settingsFile && options.messages.all) reporter.Say(*settingsFile + " sets the rules");
     const auto report = MakeCheckReport(ReportOptionsOf(options, settings), reporter);
-    return CheckFiles(FilesOptionsOf(options, settings), checker, inspector, *report, reporter);
+    std::deque<Inspection> others;
+    const auto another = [&]() -> Inspector& {
+        return others.emplace_back(options, file, checking, lists).GetInspector();
+    };
+    return CheckFiles(FilesOptionsOf(options, settings), inspection.GetChecker(),
+                      inspection.GetInspector(), *report, reporter, another);
 }
 
 void DeclareRules(Arguments& command, CheckOptions& options) {
@@ -138,6 +181,7 @@ void DeclareCheck(Arguments& command) {
     CheckOptions& options = command.Runs(RunCheck);
     command.Footer(kCheckDetails);
     DeclareInput(command, options.files.input, options.messages);
+    DeclareJobs(command, options.files.input.crew);
     DeclareRules(command, options);
     DeclarePolicy(command, options.policy);
     command.Choice("--format", options.report.format, CheckFormatNames(),

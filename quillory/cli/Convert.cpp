@@ -23,6 +23,7 @@ Status RunConvert(const ConvertCommand& command) {
 void DeclareConvert(Arguments& command) {
     ConvertCommand& options = command.Runs(RunConvert);
     DeclareInput(command, options.convert.input, options.messages);
+    DeclareJobs(command, options.convert.input.crew);
     DeclareOutput(command, options.convert.output);
 }
 

@@ -1,6 +1,9 @@
 #include <quillory/cli/InputArguments.h>
 #include <quillory/faults/FaultCode.h>
 
+#include <algorithm>
+#include <thread>
+
 namespace quillory {
 
 // A character set by its name.
@@ -62,6 +65,15 @@ void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& me
 void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& messages) {
     DeclareFiles(command, options, messages);
     DeclareWhere(command, options.where);
+}
+
+void DeclareJobs(Arguments& command, CrewOptions& crew) {
+    crew.jobs = std::max(1U, std::thread::hardware_concurrency());
+    command
+        .Option("--jobs", crew.jobs,
+                "Threads that work on records, which makes no difference to what comes out; by "
+                "default as many as there are cores")
+        .Range(1, 256);
 }
 
 void DeclareWhere(Arguments& command, WhereOptions& where) {

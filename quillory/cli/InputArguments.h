@@ -16,6 +16,9 @@ void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& me
 // --where and what goes with it.
 void DeclareWhere(Arguments& command, WhereOptions& where);
 
+// --jobs, for a command whose work can be shared out.
+void DeclareJobs(Arguments& command, CrewOptions& crew);
+
 // --quiet and --verbose.
 void DeclareMessages(Arguments& command, ReporterOptions& messages);
 

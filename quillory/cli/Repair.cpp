@@ -81,6 +81,7 @@ void DeclareRepair(Arguments& command) {
     RepairCommand& options = command.Runs(RunRepair);
     command.Footer(Details());
     DeclareInput(command, options.repair.input, options.messages);
+    DeclareJobs(command, options.repair.input.crew);
     DeclareOutput(command, options.repair.output);
     RepairOptions& repair = options.repair.repair;
     command.Choice("--only", repair.classes.only, ClassChoices(), "Only repairs of this class");

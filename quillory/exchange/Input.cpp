@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -16,6 +17,14 @@ namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 20;
 constexpr std::string_view kGzipMagic = "\x1F\x8B";
+
+// Whether a read gives something, the end or an error, without waiting.
+bool HasBytesNow(int descriptor) {
+    struct pollfd asked {
+        descriptor, POLLIN, 0
+    };
+    return poll(&asked, 1, 0) != 0;
+}
 
 }  // namespace
 
@@ -127,6 +136,7 @@ bool Input::IsSameFileAs(const std::string& path) const {
 }
 
 std::size_t Input::ReadRaw(char* target, std::size_t size) {
+    if (beforeWaiting_ && !HasBytesNow(descriptor_)) beforeWaiting_();
     for (;;) {
         const ssize_t got = read(descriptor_, target, size);
         if (got >= 0) {

@@ -4,11 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillory {
@@ -42,6 +44,9 @@ public:
     void GiveWhatUnpacks() { givesWhatUnpacks_ = true; }
     const std::optional<Fault>& WhatIsDamaged() const { return damaged_; }
 
+    // `act` is called each time before reading has to wait for more bytes, as at a pipe.
+    void BeforeWaiting(std::function<void()> act) { beforeWaiting_ = std::move(act); }
+
     // Bytes before the place reached; for a gzip file, unpacked ones.
     std::uint64_t Offset() const { return offset_; }
     // Bytes of the file itself that have been read, and its size; 0 if the size is not known.
@@ -74,6 +79,7 @@ private:
     bool begun_ = false;
     bool givesWhatUnpacks_ = false;
     std::optional<Fault> damaged_;
+    std::function<void()> beforeWaiting_;  // may be empty
     std::unique_ptr<Unpacker> unpacker_;
 };
 

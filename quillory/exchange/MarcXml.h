@@ -53,7 +53,7 @@ private:
 // One document that holds a collection, laid out with an element a line.
 class MarcXmlWriter : public MarkupWriter {
 public:
-    explicit MarcXmlWriter(Output& output) : MarkupWriter(output) {}
+    explicit MarcXmlWriter(Output& output, const WriterOptions& options = {});
 
     void Finish() override;
 
@@ -64,11 +64,6 @@ protected:
     void AddSubfield(const Subfield& subfield) override;
     void EndDataField() override;
     void EndRecord() override;
-
-private:
-    void Begin();
-
-    bool begun_ = false;
 };
 
 }  // namespace quillory

@@ -3,21 +3,18 @@
 
 namespace quillory {
 
-void MarcXmlWriter::Begin() {
-    if (begun_) return;
-    begun_ = true;
+MarcXmlWriter::MarcXmlWriter(Output& output, const WriterOptions& options) : MarkupWriter(output) {
+    if (options.isPart) return;
     output_.Write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<collection xmlns=\"");
     output_.Write(kMarcXmlNamespace);
     output_.Write("\">\n");
 }
 
 void MarcXmlWriter::Finish() {
-    Begin();
     output_.Write("</collection>\n");
 }
 
 void MarcXmlWriter::BeginRecord(std::string_view leader) {
-    Begin();
     text_ += "  <record>\n    <leader>";
     AppendXmlText(leader, text_, *losses_);
     text_ += "</leader>\n";

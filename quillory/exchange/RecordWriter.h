@@ -21,7 +21,8 @@ struct WriterOptions {
         : oversize(which), mnemonics(withMnemonics) {}
 
     Oversize oversize;
-    bool mnemonics;  // characters beyond ASCII as names in braces
+    bool mnemonics;       // characters beyond ASCII as names in braces
+    bool isPart = false;  // what a form has around its records is written by somebody else
 };
 
 struct WriteResult {

@@ -20,30 +20,53 @@ ItemFault FaultOf(const Item& item, const InvalidByte& invalid) {
     return fault;
 }
 
+std::unique_ptr<Output> FileOfRejects(const CarrierOptions& options) {
+    if (options.rejects.empty()) return nullptr;
+    return std::make_unique<Output>(options.rejects, OutputRole::kBeside, options.force);
+}
+
 }  // namespace
 
+void CarrierTotals::Add(const CarrierTotals& others) {
+    status = std::max(status, others.status);
+    written += others.written;
+    rejected += others.rejected;
+    partial += others.partial;
+    stray += others.stray;
+    mislabelled += others.mislabelled;
+    leadersMended += others.leadersMended;
+    losses.Add(others.losses);
+}
+
 Carrier::Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter)
+    : Carrier(options, writer, FileOfRejects(options), reporter) {}
+
+Carrier::Carrier(CarrierOptions options, RecordWriter& writer, std::unique_ptr<Output> rejects,
+                 Reporter& reporter)
     : options_(std::move(options)),
       writer_(writer),
       reporter_(reporter),
-      recoder_(options_.recoder) {
-    if (options_.rejects.empty()) return;
-    rejects_ = std::make_unique<Output>(options_.rejects, OutputRole::kBeside, options_.force);
+      recoder_(options_.recoder),
+      rejects_(std::move(rejects)) {}
+
+void Carrier::Add(const CarrierTotals& others, std::string_view rejects) {
+    totals_.Add(others);
+    if (rejects_) rejects_->Write(rejects);
 }
 
 void Carrier::Raise(Status status) {
-    status_ = std::max(status_, status);
+    totals_.status = std::max(totals_.status, status);
 }
 
 void Carrier::Reject(const Item& item) {
     if (rejects_) rejects_->Write(item.bytes);
-    status_ = kStatusFindings;
+    totals_.status = kStatusFindings;
 }
 
 // What a record was read without is not lost.
 void Carrier::KeepIfPartial(const Item& item) {
     if (!item.isPartial) return;
-    ++partial_;
+    ++totals_.partial;
     if (rejects_) rejects_->Write(item.bytes);
 }
 
@@ -52,8 +75,8 @@ void Carrier::CountLosses(const Item& item) {
     if (options_.eachLoss) {
         reporter_.Say(item, {FaultCode::kCharactersNotCarried}, recordLosses_.Text("    "));
     }
-    if (recordLosses_.Real()) status_ = kStatusFindings;
-    losses_.Add(recordLosses_);
+    if (recordLosses_.Real()) totals_.status = kStatusFindings;
+    totals_.losses.Add(recordLosses_);
     recordLosses_.Clear();
 }
 
@@ -61,7 +84,7 @@ void Carrier::CountLosses(const Item& item) {
 void Carrier::Refuse(const Item& item, const ItemFault& fault, const std::string& lines) {
     recordLosses_.Clear();
     reporter_.SayAlways(item, fault, lines);
-    ++rejected_;
+    ++totals_.rejected;
     Reject(item);
 }
 
@@ -76,7 +99,7 @@ bool Carrier::Prepare(Item& item) {
 void Carrier::TakeRecord(Item& item) {
     if (item.fault) {
         reporter_.SayFault(item);
-        status_ = kStatusFindings;
+        totals_.status = kStatusFindings;
     }
     const Recoder::Result recoded = recoder_.Recode(item.record, recordLosses_);
     if (recoded.invalid) {
@@ -84,7 +107,7 @@ void Carrier::TakeRecord(Item& item) {
         return;
     }
     if (recoded.mislabelled) {
-        ++mislabelled_;
+        ++totals_.mislabelled;
         reporter_.Say(item, *recoded.mislabelled);
     }
     if (Prepare(item)) Write(item);
@@ -93,16 +116,16 @@ void Carrier::TakeRecord(Item& item) {
 void Carrier::Write(const Item& item) {
     const WriteResult result = writer_.Write(item.record, recordLosses_);
     CountLosses(item);
-    if (result.leaderMended) ++leadersMended_;
+    if (result.leaderMended) ++totals_.leadersMended;
     for (const Fault& fault : result.faults) {
         reporter_.Say(item, fault);
-        status_ = kStatusFindings;
+        totals_.status = kStatusFindings;
     }
     if (result.written) {
-        ++written_;
+        ++totals_.written;
         KeepIfPartial(item);
     } else {
-        ++rejected_;
+        ++totals_.rejected;
         Reject(item);
     }
 }
@@ -114,9 +137,9 @@ void Carrier::Take(Item& item) {
     }
     if (!item.continues) {
         if (item.kind == kItemStray) {
-            ++stray_;
+            ++totals_.stray;
         } else {
-            ++rejected_;
+            ++totals_.rejected;
         }
         reporter_.SayFault(item);
     }
@@ -124,31 +147,36 @@ void Carrier::Take(Item& item) {
 }
 
 void Carrier::Summarize() const {
-    if (!losses_.Empty()) {
-        reporter_.Say("characters not carried as they were:\n" + losses_.Text("    "));
+    if (!totals_.losses.Empty()) {
+        reporter_.Say("characters not carried as they were:\n" + totals_.losses.Text("    "));
     }
     if (reporter_.Quiet() || options_.isDryRun) return;
-    if (leadersMended_ > 0) {
+    if (totals_.leadersMended > 0) {
         reporter_.Say("leader 10-11 and 20-23 set to \"22\" and \"4500\" in " +
-                      Counted(leadersMended_, "record"));
+                      Counted(totals_.leadersMended, "record"));
     }
-    if (status_ == kStatusWell) return;
-    std::string text = Counted(written_, "record") + " written";
-    if (rejected_ > 0) {
-        text += ", " + std::to_string(rejected_) + " not";
+    if (totals_.status == kStatusWell) return;
+    std::string text = Counted(totals_.written, "record") + " written";
+    if (totals_.rejected > 0) {
+        text += ", " + std::to_string(totals_.rejected) + " not";
         if (rejects_) text += " (kept in " + options_.rejects + ")";
     }
-    if (partial_ > 0) {
-        text += ", " + std::to_string(partial_) + " read in part";
+    if (totals_.partial > 0) {
+        text += ", " + std::to_string(totals_.partial) + " read in part";
         if (rejects_) text += " (kept whole in " + options_.rejects + ")";
     }
-    if (stray_ > 0) text += ", stray bytes in " + Counted(stray_, "place");
-    if (mislabelled_ > 0) text += ", " + std::to_string(mislabelled_) + " mislabelled";
+    if (totals_.stray > 0) text += ", stray bytes in " + Counted(totals_.stray, "place");
+    if (totals_.mislabelled > 0)
+        text += ", " + std::to_string(totals_.mislabelled) + " mislabelled";
     reporter_.Say(text);
 }
 
 void Carrier::Complete() {
     if (rejects_) rejects_->Complete();
+}
+
+void Carrier::FlushRejects() {
+    if (rejects_) rejects_->Flush();
 }
 
 void Carrier::Finish() {

@@ -10,6 +10,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillory {
@@ -28,14 +29,33 @@ struct CarrierOptions {
     bool force = false;     // replaces a file of rejects that is write-protected
 };
 
+// What became of items.
+struct CarrierTotals {
+    Status status = kStatusWell;  // findings, if anything was wrong
+    std::uint64_t written = 0;
+    std::uint64_t rejected = 0;
+    std::uint64_t partial = 0;
+    std::uint64_t stray = 0;
+    std::uint64_t mislabelled = 0;
+    std::uint64_t leadersMended = 0;
+    Losses losses;
+
+    void Add(const CarrierTotals& others);
+};
+
 // Carries records through the character sets into a writer. Reports what is wrong with them, and
 // keeps the bytes of what is not written.
 class Carrier {
 public:
     // Throws FileError if the file of rejects can't be made.
     Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter);
+    // With an output of rejects; or null.
+    Carrier(CarrierOptions options, RecordWriter& writer, std::unique_ptr<Output> rejects,
+            Reporter& reporter);
 
     void Take(Item& item);
+    // What another carrier did, and the rejects that it wrote.
+    void Add(const CarrierTotals& others, std::string_view rejects);
     // The rejects are on the disk, and lack only their name. Throws FileError.
     void Complete();
     // Gives the file of rejects its final name. Throws FileError.
@@ -44,8 +64,12 @@ public:
     void Summarize() const;
 
     // Findings, if anything was wrong.
-    Status Result() const { return status_; }
+    Status Result() const { return totals_.status; }
     void Raise(Status status);
+    // Hands the rejects so far to their output.
+    void FlushRejects();
+    // What became of the items since the last call.
+    CarrierTotals TakeTotals() { return std::exchange(totals_, {}); }
 
 private:
     void TakeRecord(Item& item);
@@ -61,15 +85,8 @@ private:
     Reporter& reporter_;
     Recoder recoder_;
     std::unique_ptr<Output> rejects_;
-    Losses losses_;
     Losses recordLosses_;
-    Status status_ = kStatusWell;
-    std::uint64_t written_ = 0;
-    std::uint64_t rejected_ = 0;
-    std::uint64_t partial_ = 0;
-    std::uint64_t stray_ = 0;
-    std::uint64_t mislabelled_ = 0;
-    std::uint64_t leadersMended_ = 0;
+    CarrierTotals totals_;
 };
 
 }  // namespace quillory

@@ -3,6 +3,8 @@
 #include <quillory/jobs/RecordFilter.h>
 
 #include <algorithm>
+#include <memory>
+#include <mutex>
 
 namespace quillory {
 namespace {
@@ -14,15 +16,18 @@ public:
         : failsOn_(failsOn), inspector_(inspector), report_(report), reporter_(reporter) {}
 
     void Take(const Item& item) {
-        if (item.fault && !item.continues) TakeFault(item);
-        if (item.kind != kItemRecord) return;
-        NoteFile();
-        inspector_.Inspect(item.record, item.number, remarks_);
-        const auto fails = [this](const Remark& remark) { return remark.severity <= failsOn_; };
-        if (std::ranges::any_of(remarks_, fails)) status_ = kStatusFindings;
-        const CheckedRecord record{item, remarks_};
-        totals_.Count(record);
-        report_.TakeRecord(record);
+        SayFault(item, reporter_);
+        if (item.kind == kItemRecord) inspector_.Look(item.record, look_);
+        TakeLooked(item, look_);
+    }
+
+    std::unique_ptr<ItemWorker> MakeWorkerWith(Inspector& inspector, Reporter& own, Steps& steps) {
+        return MakeWorker([this, &inspector, &own, &steps](const Item& item) {
+            SayFault(item, own);
+            const auto look = std::make_shared<RecordLook>();
+            if (item.kind == kItemRecord) inspector.Look(item.record, *look);
+            steps.emplace_back([this, &item, look] { TakeLooked(item, *look); });
+        });
     }
 
     void Finish() { report_.Finish(totals_); }
@@ -31,8 +36,25 @@ public:
     Status Result() const { return status_; }
 
 private:
-    void TakeFault(const Item& item) {
-        reporter_.SayFault(item);
+    static bool HasFault(const Item& item) { return item.fault && !item.continues; }
+
+    static void SayFault(const Item& item, Reporter& reporter) {
+        if (HasFault(item)) reporter.SayFault(item);
+    }
+
+    void TakeLooked(const Item& item, RecordLook& look) {
+        if (HasFault(item)) CountFault(item);
+        if (item.kind != kItemRecord) return;
+        NoteFile();
+        inspector_.Compare(item.number, look);
+        const auto fails = [this](const Remark& remark) { return remark.severity <= failsOn_; };
+        if (std::ranges::any_of(look.remarks, fails)) status_ = kStatusFindings;
+        const CheckedRecord record{item, look.remarks};
+        totals_.Count(record);
+        report_.TakeRecord(record);
+    }
+
+    void CountFault(const Item& item) {
         status_ = kStatusFindings;
         if (item.kind == kItemDamaged) ++totals_.damaged;
         if (item.kind != kItemRecord) report_.TakeDamage(item);
@@ -49,7 +71,7 @@ private:
     CheckReport& report_;
     Reporter& reporter_;
     std::string file_;
-    std::vector<Remark> remarks_;
+    RecordLook look_;
     CheckTotals totals_;
     Status status_ = kStatusWell;
 };
@@ -57,17 +79,25 @@ private:
 }  // namespace
 
 Status CheckFiles(CheckFilesOptions options, Checker& checker, Inspector& inspector,
-                  CheckReport& report, Reporter& reporter) {
+                  CheckReport& report, Reporter& reporter, const InspectorMaker& makeInspector) {
     std::vector<Finding> findings;
+    std::mutex oneAtATime;
     options.input.where.isValid = [&](const Record& record) {
+        const std::lock_guard lock(oneAtATime);
         return IsValidUnder(checker, record, findings);
     };
     CheckRun run(options.failsOn, inspector, report, reporter);
+    ItemJob job{[&run](const Item& item) {
+        run.Take(item);
+        return true;
+    }};
+    if (makeInspector) {
+        job.makeWorker = [&](Reporter& own, Steps& steps) {
+            return run.MakeWorkerWith(makeInspector(), own, steps);
+        };
+    }
     try {
-        const Status read = ReadFiles(options.input, reporter, [&run](const Item& item) {
-            run.Take(item);
-            return true;
-        });
+        const Status read = ReadFiles(options.input, reporter, job);
         run.Finish();
         return std::max(read, run.Result());
     } catch (const ClosedPipe&) {

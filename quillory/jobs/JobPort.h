@@ -15,6 +15,7 @@ struct Message {
     const Fault* fault = nullptr;  // what is wrong; null for a message that reports no fault
     std::string_view kind;         // messages of one kind belong together; may be empty
     std::string_view text;
+    bool isCounted = false;  // of its kind, only the first few in a file are said
 };
 
 // How far a job has come.

@@ -1,4 +1,5 @@
 #include <quillory/faults/FaultCode.h>
+#include <quillory/jobs/Crew.h>
 #include <quillory/jobs/Progress.h>
 #include <quillory/jobs/ReadFiles.h>
 #include <quillory/jobs/RecordFilter.h>
@@ -6,7 +7,10 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
+#include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -31,52 +35,189 @@ void CheckCanBeOpened(const std::string& file) {
     throw FileError(file + ": " + std::strerror(errno));
 }
 
+// Takes items one after the other, and shares them out once the work is large.
+class ItemFlow {
+public:
+    ItemFlow(const CrewOptions& options, const ItemJob& job, Reporter& reporter)
+        : options_(options),
+          job_(job),
+          reporter_(reporter),
+          isToGrow_(options.jobs > 1 && job.makeWorker) {}
+
+    void BeginFile(const std::string& name) {
+        if (crew_) {
+            crew_->BeginFile(name);
+        } else {
+            reporter_.BeginFile(name);
+        }
+    }
+
+    bool Take(Item& item) {
+        if (isToGrow_ && taken_ >= options_.alone) BeginCrew();
+        taken_ += item.bytes.size();
+        if (!crew_) return job_.take(item);
+        crew_->Take(item);
+        return true;
+    }
+
+    // A step after all items so far.
+    void Then(Step step) {
+        if (crew_) {
+            crew_->Then(std::move(step));
+        } else {
+            step();
+        }
+    }
+
+    // All is done with the items so far.
+    void CatchUp() {
+        if (crew_) crew_->CatchUp();
+    }
+
+private:
+    // Where the system has no threads to spare, the work goes on as before.
+    void BeginCrew() {
+        isToGrow_ = false;
+        crew_.emplace(options_, reporter_, job_.makeWorker);
+        try {
+            crew_->Start();
+        } catch (const std::system_error&) {
+            crew_.reset();
+        }
+    }
+
+    const CrewOptions& options_;
+    const ItemJob& job_;
+    Reporter& reporter_;
+    bool isToGrow_;
+    std::size_t taken_ = 0;  // bytes
+    std::optional<Crew> crew_;
+};
+
+// Hands the items of files to a flow.
+class FileWalk {
+public:
+    FileWalk(const InputOptions& options, Reporter& reporter, const ItemJob& job,
+             const FileBeginner& beginFile)
+        : options_(options),
+          reporter_(reporter),
+          beginFile_(beginFile),
+          flow_(options.crew, job, reporter),
+          progress_(reporter) {}
+
+    Status Run() {
+        const std::vector<std::string> standardInput{"-"};
+        const auto& files = options_.files.empty() ? standardInput : options_.files;
+        for (const std::string& file : files) CheckCanBeOpened(file);
+        try {
+            for (const std::string& file : files) Read(file);
+        } catch (...) {
+            flow_.CatchUp();  // what came before it comes first
+            throw;
+        }
+        flow_.CatchUp();
+        return status_;
+    }
+
+private:
+    void Read(const std::string& file) {
+        Input input(file);
+        if (options_.crew.jobs > 1) input.BeforeWaiting([this] { flow_.CatchUp(); });
+        flow_.BeginFile(input.Name());
+        input.GiveWhatUnpacks();
+        if (input.Peek(1).empty() && !input.WhatIsDamaged()) {
+            SayFound(input.Name() + ": " + FaultReason({FaultCode::kEmptyFile}));
+            return;
+        }
+        const Form& form = FormOf(options_, input);
+        if (beginFile_) beginFile_(form);
+        ReadItems(form, input);
+        if (input.WhatIsDamaged()) {
+            SayFound(input.Name() + ": " + FaultReason(*input.WhatIsDamaged()) +
+                     "; what could be unpacked has been read");
+        }
+        flow_.Then([this] { reporter_.EndFile(); });
+    }
+
+    void ReadItems(const Form& form, Input& input) {
+        const auto reader = form.makeReader(input, options_.lenient);
+        Item item;
+        while (goOn_ && reader->Next(item)) {
+            goOn_ = flow_.Take(item);
+            progress_.Step(input.BytesRead(), input.FileSize());
+        }
+    }
+
+    void SayFound(const std::string& text) {
+        flow_.Then([this, text] { reporter_.Say(text); });
+        status_ = kStatusFindings;
+    }
+
+    const InputOptions& options_;
+    Reporter& reporter_;
+    const FileBeginner& beginFile_;
+    ItemFlow flow_;
+    Progress progress_;
+    Status status_ = kStatusWell;
+    bool goOn_ = true;
+};
+
+// What a job does with the items that are asked for.
+class Asked {
+public:
+    Asked(const InputOptions& options, Reporter& reporter)
+        : reporter_(reporter), filter_(options.where, options.charset) {}
+
+    bool Takes(const Item& item) {
+        Tell(item, reporter_);
+        if (item.kind == kItemFrame) return false;
+        return item.kind != kItemRecord || filter_.Takes(item.record);
+    }
+
+private:
+    Reporter& reporter_;
+    RecordFilter filter_;
+};
+
+class AskedWorker : public ItemWorker {
+public:
+    AskedWorker(const InputOptions& options, Reporter& reporter, std::unique_ptr<ItemWorker> worker)
+        : asked_(options, reporter), worker_(std::move(worker)) {}
+
+    void Take(Item& item) override {
+        if (asked_.Takes(item)) worker_->Take(item);
+    }
+    void EndBatch() override { worker_->EndBatch(); }
+
+private:
+    Asked asked_;
+    std::unique_ptr<ItemWorker> worker_;
+};
+
 }  // namespace
 
 Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take,
                     const FileBeginner& beginFile) {
-    const std::vector<std::string> standardInput{"-"};
-    const auto& files = options.files.empty() ? standardInput : options.files;
-    for (const std::string& file : files) CheckCanBeOpened(file);
+    const ItemJob job{[&](Item& item) {
+        Tell(item, reporter);
+        return take(item);
+    }};
+    return FileWalk(options, reporter, job, beginFile).Run();
+}
 
-    Status status = kStatusWell;
-    Progress progress(reporter);
-    bool goOn = true;
-    for (const std::string& file : files) {
-        Input input(file);
-        reporter.BeginFile(input.Name());
-        input.GiveWhatUnpacks();
-        if (input.Peek(1).empty() && !input.WhatIsDamaged()) {
-            reporter.Say(input.Name() + ": " + FaultReason({FaultCode::kEmptyFile}));
-            status = kStatusFindings;
-            continue;
-        }
-        const Form& form = FormOf(options, input);
-        if (beginFile) beginFile(form);
-        const auto reader = form.makeReader(input, options.lenient);
-        Item item;
-        while (goOn && reader->Next(item)) {
-            Tell(item, reporter);
-            goOn = take(item);
-            progress.Step(input.BytesRead(), input.FileSize());
-        }
-        if (input.WhatIsDamaged()) {
-            reporter.Say(input.Name() + ": " + FaultReason(*input.WhatIsDamaged()) +
-                         "; what could be unpacked has been read");
-            status = kStatusFindings;
-        }
-        reporter.EndFile();
+Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemJob& job) {
+    Asked asked(options, reporter);
+    ItemJob ofAsked{[&](Item& item) { return !asked.Takes(item) || job.take(item); }};
+    if (job.makeWorker) {
+        ofAsked.makeWorker = [&](Reporter& own, Steps& steps) {
+            return std::make_unique<AskedWorker>(options, own, job.makeWorker(own, steps));
+        };
     }
-    return status;
+    return FileWalk(options, reporter, ofAsked, {}).Run();
 }
 
 Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemTaker& take) {
-    RecordFilter filter(options.where, options.charset);
-    return ReadAllItems(options, reporter, [&](Item& item) {
-        if (item.kind == kItemFrame) return true;
-        if (item.kind == kItemRecord && !filter.Takes(item.record)) return true;
-        return take(item);
-    });
+    return ReadFiles(options, reporter, ItemJob{take});
 }
 
 }  // namespace quillory

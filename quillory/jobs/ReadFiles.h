@@ -1,7 +1,7 @@
 #pragma once
 
 #include <quillory/exchange/Form.h>
-#include <quillory/jobs/Reporter.h>
+#include <quillory/jobs/ItemWorker.h>
 #include <quillory/jobs/WhereOptions.h>
 #include <quillory/text/Charset.h>
 
@@ -18,15 +18,17 @@ struct InputOptions {
     Charset charset = kCharsetAuto;
     bool lenient = false;
     WhereOptions where = {};
+    CrewOptions crew = {};
 };
-
-using ItemTaker = std::function<bool(Item& item)>;
 
 // Hands the items of every file to `take`, until it returns false: all except frames, and records
 // that are not asked for. Result: kStatusFindings if a file is empty. Throws FileError,
 // before anything is read if one of the files can't be opened, and UsageError if the options don't
 // say clearly which records are asked for.
 Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemTaker& take);
+
+// The same, by workers where the options and the job allow it.
+Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemJob& job);
 
 // The same with frames, and with every record, whichever are asked for. `beginFile`, if there is
 // one, is told the form of each file that is not empty.

@@ -64,24 +64,25 @@ bool Reporter::Count(std::string_view kind) {
 void Reporter::Say(const Item& item, const Fault& fault, std::string_view lines) {
     const std::string kind = FaultHeading(fault.code);
     if (!Count(kind)) return;
-    port_.Say({file_, &item, &fault, kind, WithLines(FaultText(fault), lines)});
+    port_.Say({file_, &item, &fault, kind, WithLines(FaultText(fault), lines), true});
 }
 
 void Reporter::Say(const Item& item, FaultCode code, const std::function<Fault()>& fault) {
     const std::string kind = FaultHeading(code);
     if (!Count(kind)) return;
     const Fault said = fault();
-    port_.Say({file_, &item, &said, kind, FaultText(said)});
+    port_.Say({file_, &item, &said, kind, FaultText(said), true});
 }
 
 void Reporter::SayFault(const Item& item) {
     const std::string kind = FaultHeading(item.fault->code);
-    if (Count(kind)) port_.Say({file_, &item, &*item.fault, kind, FaultTextOf(item)});
+    if (Count(kind)) port_.Say({file_, &item, &*item.fault, kind, FaultTextOf(item), true});
     if (item.kind != kItemRecord) return;
     for (const ItemFault& mend : item.mends) {
         const std::string kindOfMend = FaultHeading(mend.code);
         if (!Count(kindOfMend)) continue;
-        port_.Say({file_, &item, &mend, kindOfMend, FaultText(mend) + OffsetText(item, mend)});
+        port_.Say(
+            {file_, &item, &mend, kindOfMend, FaultText(mend) + OffsetText(item, mend), true});
     }
 }
 
@@ -92,11 +93,30 @@ void Reporter::SayAlways(const Item& item, const ItemFault& fault, std::string_v
 
 void Reporter::Say(const Item& item, std::string_view kind,
                    const std::function<std::string()>& text) {
-    if (Count(kind)) port_.Say({file_, &item, nullptr, kind, text()});
+    if (Count(kind)) port_.Say({file_, &item, nullptr, kind, text(), true});
 }
 
 void Reporter::SayCounted(std::string_view kind, std::string_view text) {
-    if (Count(kind)) port_.Say({file_, nullptr, nullptr, kind, text});
+    if (Count(kind)) port_.Say({file_, nullptr, nullptr, kind, text, true});
+}
+
+void Reporter::Pass(const Message& message) {
+    if (!message.isCounted || Count(message.kind)) port_.Say(message);
+}
+
+Reporter::Unsaid Reporter::TakeUnsaid() {
+    Unsaid unsaid;
+    for (const auto& [kind, count] : counts_) {
+        if (!options_.all && count > kSaidInFull) unsaid.counts[kind] = count - kSaidInFull;
+    }
+    counts_.clear();
+    unsaid.notes.swap(notes_);
+    return unsaid;
+}
+
+void Reporter::Add(const Unsaid& unsaid) {
+    for (const auto& [kind, count] : unsaid.counts) counts_[kind] += count;
+    for (const auto& [code, count] : unsaid.notes) notes_[code] += count;
 }
 
 void Reporter::Say(std::string_view text) const {

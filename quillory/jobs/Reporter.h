@@ -49,12 +49,24 @@ public:
     // About the file or the work as a whole.
     void Say(std::string_view text) const;
 
+    // What another reporter of the same file said, as if it were said here.
+    void Pass(const Message& message);
+    // What a reporter counted and did not say.
+    struct Unsaid {
+        std::map<std::string, std::uint64_t, std::less<>> counts;  // by kind
+        std::map<FaultCode, std::uint64_t> notes;
+    };
+    // Of what came since the last call; what comes then is counted anew.
+    Unsaid TakeUnsaid();
+    void Add(const Unsaid& unsaid);
+
     std::string PlaceOf(const Item& item) const { return ItemPlace(file_, item); }
 
     // The file in hand.
     const std::string& File() const { return file_; }
     bool Quiet() const { return options_.quiet; }
     bool SaysAll() const { return options_.all; }
+    const ReporterOptions& Options() const { return options_; }
     JobPort& Port() const { return port_; }
 
 private:

@@ -1,4 +1,5 @@
 #include <quillory/faults/FaultCode.h>
+#include <quillory/jobs/CarrierWorker.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/WriteRecords.h>
 
@@ -19,9 +20,40 @@ std::string NamesOfForms() {
     return names;
 }
 
-RecoderOptions RecoderOptionsOf(const OutputOptions& options, Charset from, Charset to) {
+CarrierOptions CarrierOptionsOf(const OutputOptions& options, Charset from,
+                                const Preparation& prepare) {
+    const Charset to = CharsetOfOutput(options);
     const bool verify = options.verify || to == kCharsetUtf8;
-    return {from, to, options.normalForm, verify, options.replaceInvalid};
+    return {{from, to, options.normalForm, verify, options.replaceInvalid},
+            options.eachLoss,
+            options.rejects,
+            prepare,
+            options.isDryRun,
+            options.force};
+}
+
+ItemTaker TakerOf(Carrier& carrier) {
+    return [&carrier](Item& item) {
+        carrier.Take(item);
+        return true;
+    };
+}
+
+Status Carry(const ItemSource& source, const ItemJob& job, const OutputOptions& options,
+             Carrier& carrier, const Closing& closing) {
+    try {
+        carrier.Raise(source(job));
+        closing.complete();
+        carrier.Complete();
+        if (options.completeBeside) options.completeBeside();
+        carrier.Finish();
+        closing.takeNames();
+    } catch (const ClosedPipe&) {
+        carrier.Finish();
+        return carrier.Result();
+    }
+    carrier.Summarize();
+    return carrier.Result();
 }
 
 }  // namespace
@@ -50,41 +82,35 @@ Charset CharsetOfOutput(const OutputOptions& options) {
 Status CarryItems(const ItemSource& source, Charset from, const OutputOptions& options,
                   RecordWriter& writer, const Closing& closing, Reporter& reporter,
                   const Preparation& prepare) {
-    const RecoderOptions recoder = RecoderOptionsOf(options, from, CharsetOfOutput(options));
-    Carrier carrier(
-        {recoder, options.eachLoss, options.rejects, prepare, options.isDryRun, options.force},
-        writer, reporter);
-    try {
-        carrier.Raise(source([&carrier](Item& item) {
-            carrier.Take(item);
-            return true;
-        }));
-        closing.complete();
-        carrier.Complete();
-        if (options.completeBeside) options.completeBeside();
-        carrier.Finish();
-        closing.takeNames();
-    } catch (const ClosedPipe&) {
-        carrier.Finish();
-        return carrier.Result();
-    }
-    carrier.Summarize();
-    return carrier.Result();
+    Carrier carrier(CarrierOptionsOf(options, from, prepare), writer, reporter);
+    return Carry(source, {TakerOf(carrier)}, options, carrier, closing);
 }
 
 Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
-                  Reporter& reporter, const Preparation& prepare) {
+                  Reporter& reporter, const Preparation& prepare,
+                  const PreparationMaker& makePreparation) {
     CheckNotTheSame(options.rejects, options.output, "the records and the rejects");
     CharsetOfOutput(options);  // what can't be is said before anything is made
+    const Form& form = FormOfOutput(options);
     Output output(options.isDryRun ? "/dev/null" : options.output, OutputRole::kMain,
                   options.force);
-    const auto writer = FormOfOutput(options).makeWriter(output, options.writing);
+    const auto writer = form.makeWriter(output, options.writing);
     const Closing closing{[&] {
                               writer->Finish();
                               output.Complete();
                           },
                           [&output] { output.Finish(); }};
-    return CarryItems(source, from, options, *writer, closing, reporter, prepare);
+    Carrier carrier(CarrierOptionsOf(options, from, prepare), *writer, reporter);
+    ItemJob job{TakerOf(carrier)};
+    if (!prepare || makePreparation) {
+        job.makeWorker = [&](Reporter& own, Steps& steps) {
+            const Preparation ownPrepare = prepare ? makePreparation(own, steps) : Preparation();
+            return std::make_unique<CarrierWorker>(CarrierOptionsOf(options, from, ownPrepare),
+                                                   form, options.writing, own, steps,
+                                                   CarrierWorker::Ends{carrier, output});
+        };
+    }
+    return Carry(source, job, options, carrier, closing);
 }
 
 }  // namespace quillory

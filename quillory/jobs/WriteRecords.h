@@ -3,6 +3,7 @@
 #include <quillory/exchange/Form.h>
 #include <quillory/exchange/Recoder.h>
 #include <quillory/jobs/Carrier.h>
+#include <quillory/jobs/ItemWorker.h>
 
 #include <functional>
 #include <optional>
@@ -36,14 +37,19 @@ const Form& FormOfOutput(const OutputOptions& options);
 // UsageError for one that the form lacks.
 Charset CharsetOfOutput(const OutputOptions& options);
 
-// Hands items to `take` until it returns false.
-using ItemSource = std::function<Status(const std::function<bool(Item& item)>& take)>;
+// Has the job done with items until it returns false, or by workers.
+using ItemSource = std::function<Status(const ItemJob& job)>;
+
+// Makes a preparation of a worker's own. Its steps are done in the order of the input.
+using PreparationMaker = std::function<Preparation(Reporter& reporter, Steps& steps)>;
 
 // Writes what a source gives, in the character set `from`, with messages and a summary. Each record
-// is prepared first (CarrierOptions). Throws FileError, and UsageError for a character set that the
+// is prepared first (CarrierOptions); work on records that are prepared is shared out only if each
+// worker can prepare them by itself. Throws FileError, and UsageError for a character set that the
 // form lacks.
 Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& options,
-                  Reporter& reporter, const Preparation& prepare = {});
+                  Reporter& reporter, const Preparation& prepare = {},
+                  const PreparationMaker& makePreparation = {});
 
 // How the outputs of a job are closed. None has its name before all are complete, rejects too.
 struct Closing {

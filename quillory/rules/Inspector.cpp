@@ -4,6 +4,8 @@
 #include <quillory/rules/Unimarc.h>
 #include <quillory/text/Trimmed.h>
 
+#include <utility>
+
 namespace quillory {
 namespace {
 
@@ -67,25 +69,53 @@ Inspector::Inspector(CheckerOptions options, const RuleWeights& weights, const C
 }
 
 void Inspector::Inspect(const Record& record, std::uint64_t number, std::vector<Remark>& remarks) {
-    remarks.clear();
-    RemarkSink sink(weights_, remarks);
+    look_.remarks.swap(remarks);
+    Look(record, look_);
+    Compare(number, look_);
+    look_.remarks.swap(remarks);
+}
+
+void Inspector::Look(const Record& record, RecordLook& look) {
+    look.remarks.clear();
+    look.numbers.clear();
+    RemarkSink sink(weights_, look.remarks);
     const MarcFormat format = MarcFormatOf(record.leader);
     const bool isBibliographic = format == kFormatBibliographic;
     RecordInHand& inHand = isBibliographic ? record_ : others_.RecordOf(format);
     inHand.Take(record);
-    if (IsUnimarc(inHand)) return TellUnimarc(sink);
+    look.isUnimarc = IsUnimarc(inHand);
+    if (look.isUnimarc) return sink.Add(RuleId::Unimarc, Place::OfRecord());
     characters_.Check(record, CharsetOf(record), sink);
     if (isBibliographic) {
-        CheckBibliographic(number, sink);
+        CheckBibliographic(look, sink);
     } else {
         others_.Check(format, sink);
     }
     TakeFindings(record, inHand, sink);
     if (ownRules_ != nullptr) ownRules_->Check(record, sink);
-    CheckControlNumber(record, number, sink);
+    NoteControlNumber(record, look);
 }
 
-void Inspector::CheckBibliographic(std::uint64_t number, RemarkSink& remarks) {
+// One record in UNIMARC is enough to say so of a file.
+void Inspector::Compare(std::uint64_t number, RecordLook& look) {
+    if (look.isUnimarc && std::exchange(hasToldUnimarc_, true)) look.remarks.clear();
+    std::vector<Remark> added;
+    RemarkSink sink(weights_, added);
+    for (const NumberMet& met : look.numbers) {
+        if (!sink.Wants(met.rule)) continue;
+        auto first = numbers_.Meet(met.kind, met.number, number);
+        if (!first) continue;
+        const auto at = static_cast<std::ptrdiff_t>(met.at + added.size());
+        if (met.rule == RuleId::ControlNumberRepeated) {
+            sink.Add(met.rule, met.place, std::move(*first));
+        } else {
+            sink.Add(met.rule, met.place, std::string(met.number), std::move(*first));
+        }
+        look.remarks.insert(look.remarks.begin() + at, added.back());
+    }
+}
+
+void Inspector::CheckBibliographic(RecordLook& look, RemarkSink& remarks) {
     coded_.Check(record_, remarks);
     CheckStructure(record_, options_.allowLocal, remarks);
     CheckDates(record_, remarks);
@@ -95,15 +125,10 @@ void Inspector::CheckBibliographic(std::uint64_t number, RemarkSink& remarks) {
     CheckTitleFields(record_, remarks);
     CheckMediaTypes(record_, remarks);
     CheckCarriers(record_, remarks);
-    CheckNumbersMet(number, remarks);
+    NoteNumbers(look);
     CheckPunctuation(record_, remarks);
     CheckLinks(record_, remarks);
     CheckNeeds(record_, true, remarks);
-}
-
-void Inspector::TellUnimarc(RemarkSink& remarks) {
-    if (!hasToldUnimarc_) remarks.Add(RuleId::Unimarc, Place::OfRecord());
-    hasToldUnimarc_ = true;
 }
 
 void Inspector::TakeFindings(const Record& record, const RecordInHand& inHand,
@@ -121,27 +146,22 @@ Charset Inspector::CharsetOf(const Record& record) const {
     return record.leader[zorby::kLeaderCharacterCode] == 'a' ? kCharsetUtf8 : kCharsetMarc8;
 }
 
-void Inspector::CheckControlNumber(const Record& record, std::uint64_t number,
-                                   RemarkSink& remarks) {
+void Inspector::NoteControlNumber(const Record& record, RecordLook& look) {
     const std::string_view controlNumber = Trimmed(record.ControlNumber());
-    if (controlNumber.empty() || !remarks.Wants(RuleId::ControlNumberRepeated)) return;
-    if (auto first = numbers_.Meet('c', controlNumber, number)) {
-        remarks.Add(RuleId::ControlNumberRepeated, Place::OfField(1U, 1), std::move(*first));
-    }
+    if (controlNumber.empty()) return;
+    look.numbers.push_back({RuleId::ControlNumberRepeated, 'c', controlNumber,
+                            Place::OfField(1U, 1), look.remarks.size()});
 }
 
 // The ISBN and the number of another system, by which files are matched when they are loaded.
-void Inspector::CheckNumbersMet(std::uint64_t number, RemarkSink& remarks) {
-    if (!remarks.Wants(RuleId::NumberRepeated)) return;
+void Inspector::NoteNumbers(RecordLook& look) const {
     for (const CheckedField& field : record_.Fields()) {
         if (field.number != 20 && field.number != 35) continue;
         std::string_view text = record_.TextOf(field, 'a');
         if (field.number == 20) text = text.substr(0, text.find(' '));
         if (text.empty()) continue;
-        if (auto first = numbers_.Meet(field.number == 20 ? 'i' : 's', text, number)) {
-            remarks.Add(RuleId::NumberRepeated, field.GetPlace().Subfield('a'), std::string(text),
-                        std::move(*first));
-        }
+        look.numbers.push_back({RuleId::NumberRepeated, field.number == 20 ? 'i' : 's', text,
+                                field.GetPlace().Subfield('a'), look.remarks.size()});
     }
 }
 

@@ -10,9 +10,27 @@
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/SeenNumbers.h>
 
+#include <cstdint>
+#include <string_view>
 #include <vector>
 
 namespace quillory {
+
+// A number that no other record of a run should have.
+struct NumberMet {
+    RuleId rule;
+    char kind;  // as SeenNumbers has it
+    std::string_view number;
+    Place place;
+    std::size_t at;  // where a remark on it comes among the others
+};
+
+// What a record by itself gives rise to. Numbers are views of its bytes.
+struct RecordLook {
+    std::vector<Remark> remarks;
+    std::vector<NumberMet> numbers;
+    bool isUnimarc = false;
+};
 
 // Holds records against all rules: those of the library, and what the format and good practice ask
 // beyond them. Records of other formats than the bibliographic one are held against the tables of
@@ -35,13 +53,17 @@ public:
     // that of the record in its file.
     void Inspect(const Record& record, std::uint64_t number, std::vector<Remark>& remarks);
 
+    // The same in two steps. The first does not depend on other records, and any inspector of the
+    // same rules can do it; the second adds what depends on the records before this one.
+    void Look(const Record& record, RecordLook& look);
+    void Compare(std::uint64_t number, RecordLook& look);
+
 private:
-    void CheckBibliographic(std::uint64_t number, RemarkSink& remarks);
-    void TellUnimarc(RemarkSink& remarks);
+    void CheckBibliographic(RecordLook& look, RemarkSink& remarks);
     void TakeFindings(const Record& record, const RecordInHand& inHand, RemarkSink& remarks);
     Charset CharsetOf(const Record& record) const;
-    void CheckControlNumber(const Record& record, std::uint64_t number, RemarkSink& remarks);
-    void CheckNumbersMet(std::uint64_t number, RemarkSink& remarks);
+    static void NoteControlNumber(const Record& record, RecordLook& look);
+    void NoteNumbers(RecordLook& look) const;
 
     CheckerOptions options_;
     Checker checker_;
@@ -53,6 +75,7 @@ private:
     SeenNumbers numbers_;
     OwnRules* ownRules_;
     std::vector<Finding> findings_;
+    RecordLook look_;
     bool hasToldUnimarc_ = false;  // of the file in hand
 };
 

@@ -5,7 +5,7 @@
 
 namespace zorby {
 
-unsigned char currentAlphabet = kAlphabetBasic;
+constinit thread_local unsigned char currentAlphabet = kAlphabetBasic;
 
 namespace {
 

@@ -6,8 +6,9 @@
 
 namespace zorby {
 
-// The MARC-8 alphabet in force for the whole library.
-extern unsigned char currentAlphabet;
+// The MARC-8 alphabet of the text that a thread has in hand. The library is loaded with the
+// program, so that its place is known from the start.
+[[gnu::tls_model("initial-exec")]] extern constinit thread_local unsigned char currentAlphabet;
 
 // Another byte for each of the `Qm` code.
 using CodeMap = std::array<char, 256>;

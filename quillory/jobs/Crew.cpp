@@ -1,0 +1,224 @@
+#include <quillory/exchange/ItemMemory.h>
+#include <quillory/jobs/Crew.h>
+
+#include <csignal>
+#include <exception>
+#include <optional>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+// Signals go to threads that were there before.
+class SignalsBlocked {
+public:
+    SignalsBlocked() {
+        sigset_t all;
+        sigfillset(&all);
+        pthread_sigmask(SIG_SETMASK, &all, &before_);
+    }
+    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    SignalsBlocked(const SignalsBlocked&) = delete;
+    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
+
+private:
+    sigset_t before_{};
+};
+
+// Passes on what a worker says, when the steps are done.
+class Relay : public JobPort {
+public:
+    Relay(Reporter& reporter, Steps& steps) : reporter_(reporter), steps_(steps) {}
+
+    void Say(const Message& message) override {
+        const auto kept = std::make_shared<Kept>(message);
+        steps_.emplace_back([kept, &reporter = reporter_] { kept->PassTo(reporter); });
+    }
+
+private:
+    // A message that outlasts what it is about.
+    class Kept {
+    public:
+        explicit Kept(const Message& message)
+            : kind_(message.kind), text_(message.text), isCounted_(message.isCounted) {
+            if (message.item != nullptr) item_.emplace(*message.item);
+            if (message.fault != nullptr) fault_ = *message.fault;
+        }
+
+        void PassTo(Reporter& reporter) const {
+            reporter.Pass({reporter.File(), item_ ? &item_->Get() : nullptr,
+                           fault_ ? &*fault_ : nullptr, kind_, text_, isCounted_});
+        }
+
+    private:
+        std::optional<KeptItem> item_;
+        std::optional<Fault> fault_;
+        std::string kind_;
+        std::string text_;
+        bool isCounted_;
+    };
+
+    Reporter& reporter_;
+    Steps& steps_;
+};
+
+}  // namespace
+
+// Items of one file, and what comes of them.
+struct Crew::Batch {
+    std::string file;
+    ItemMemory memory;
+    std::vector<Item> items;
+    std::size_t count = 0;  // of the items; those after them keep their room
+    std::size_t bytes = 0;
+    Steps steps;
+    std::exception_ptr failure;  // what ended the work, after the steps
+    Steps last;                  // steps that follow
+    bool isDone = false;
+
+    void Add(const Item& item) {
+        if (count == items.size()) items.emplace_back();
+        memory.Copy(item, items[count++]);
+        bytes += item.bytes.size();
+    }
+
+    void Clear() {
+        memory.Clear();
+        count = 0;
+        bytes = 0;
+        steps.clear();
+        last.clear();
+        isDone = false;
+    }
+};
+
+// Where a worker works, and what it has for itself.
+class Crew::Post {
+public:
+    Post(Reporter& reporter, const WorkerMaker& make)
+        : told_(reporter),
+          relay_(reporter, steps_),
+          reporter_(relay_, reporter.Options()),
+          worker_(make(reporter_, steps_)) {}
+
+    void Work(Batch& batch) {
+        Attempt(batch, [&] {
+            reporter_.BeginFile(batch.file);
+            for (std::size_t i = 0; i < batch.count; ++i) worker_->Take(batch.items[i]);
+        });
+        Attempt(batch, [&] {
+            worker_->EndBatch();
+            steps_.emplace_back(
+                [unsaid = reporter_.TakeUnsaid(), &told = told_] { told.Add(unsaid); });
+        });
+        batch.steps.swap(steps_);
+    }
+
+private:
+    template <class Act>
+    static void Attempt(Batch& batch, Act act) {
+        try {
+            act();
+        } catch (...) {
+            if (!batch.failure) batch.failure = std::current_exception();
+        }
+    }
+
+    Reporter& told_;
+    Steps steps_;
+    Relay relay_;
+    Reporter reporter_;
+    std::unique_ptr<ItemWorker> worker_;
+};
+
+Crew::Crew(const CrewOptions& options, Reporter& reporter, const WorkerMaker& make)
+    : options_(options), reporter_(reporter), file_(reporter.File()) {
+    for (unsigned i = 0; i < options.jobs; ++i) {
+        posts_.push_back(std::make_unique<Post>(reporter, make));
+    }
+}
+
+// The last post goes first: what a worker has put in force it puts back as it was.
+Crew::~Crew() {
+    todo_.Close();
+    threads_.clear();
+    while (!posts_.empty()) posts_.pop_back();
+}
+
+void Crew::Start() {
+    const SignalsBlocked blocked;
+    for (const auto& post : posts_) {
+        threads_.emplace_back([this, &post = *post] { Work(post); });
+    }
+}
+
+void Crew::Work(Post& post) {
+    while (const auto batch = todo_.Take()) {
+        post.Work(**batch);
+        const std::lock_guard lock(mutex_);
+        (*batch)->isDone = true;
+        done_.notify_all();
+    }
+}
+
+void Crew::BeginFile(const std::string& name) {
+    Then([this, name] { reporter_.BeginFile(name); });
+    file_ = name;
+}
+
+void Crew::Take(const Item& item) {
+    if (!batch_) {
+        if (free_.empty()) free_.push_back(std::make_unique<Batch>());
+        batch_ = std::move(free_.back());
+        free_.pop_back();
+        batch_->file = file_;
+    }
+    batch_->Add(item);
+    if (batch_->bytes >= options_.batch) HandOut();
+}
+
+void Crew::HandOut() {
+    constexpr std::size_t kBatchesAWorker = 3;
+    constexpr std::size_t kLong = 8;  // a batch of so many times the size stands alone
+    if (!batch_) return;
+    const bool isLong = batch_->bytes >= options_.batch * kLong;
+    todo_.Put(batch_.get());
+    handedOut_.push_back(std::move(batch_));
+    const std::size_t most = isLong ? 0 : posts_.size() * kBatchesAWorker;
+    while (handedOut_.size() > most) FinishFirst();
+}
+
+void Crew::FinishFirst() {
+    auto batch = std::move(handedOut_.front());
+    handedOut_.pop_front();
+    {
+        std::unique_lock lock(mutex_);
+        done_.wait(lock, [&batch] { return batch->isDone; });
+    }
+    isBroken_ = true;
+    for (const Step& step : batch->steps) step();
+    if (batch->failure) std::rethrow_exception(batch->failure);
+    for (const Step& step : batch->last) step();
+    isBroken_ = false;
+    batch->Clear();
+    free_.push_back(std::move(batch));
+}
+
+void Crew::Then(Step step) {
+    if (batch_) {
+        batch_->last.push_back(std::move(step));
+        HandOut();
+    } else if (!handedOut_.empty()) {
+        handedOut_.back()->last.push_back(std::move(step));
+    } else {
+        step();
+    }
+}
+
+void Crew::CatchUp() {
+    if (isBroken_) return;
+    HandOut();
+    while (!handedOut_.empty()) FinishFirst();
+}
+
+}  // namespace quillory

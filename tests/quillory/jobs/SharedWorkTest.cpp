@@ -1,0 +1,266 @@
+// What jobs promise when their work is shared out: nothing that comes out differs.
+
+#include <quillory/exchange/Channel.h>
+#include <quillory/jobs/CheckFiles.h>
+#include <quillory/jobs/ConvertFiles.h>
+#include <quillory/jobs/RepairFiles.h>
+#include <quillory/reports/CheckReports.h>
+#include <quillory/reports/RepairMessages.h>
+
+#include <deque>
+#include <fstream>
+#include <random>
+#include <string>
+#include <sys/stat.h>
+#include <tests/quillory/Records.h>
+#include <tests/quillory/checks/DictionariesInForce.h>
+#include <tests/quillory/exchange/TemporaryFile.h>
+#include <tests/quillory/jobs/JobsFixture.h>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace quillory {
+namespace {
+
+// Few bytes at a time, so that a small file makes many batches.
+constexpr CrewOptions kCrew{.jobs = 3, .alone = 500, .batch = 300};
+
+// As catalogues have them: in MARC-8 and UTF-8, some of them mislabelled, with characters that
+// another set lacks.
+std::string RandomRecords(std::mt19937& random) {
+    const Lines kTexts{"Title /$cName.",
+                       "\xE2\x65 \xE8o",
+                       "\x1B$1!0!\x1B(B",
+                       "\u00e9t\u00e9",
+                       "\u4e00",
+                       "\u00e9\xFF",
+                       "&#x4E00;",
+                       "{x}",
+                       ""};
+    const Lines kTags{"001",        "24510\037a", "500  \037a", "008",
+                      "650 0\037a", "85642\037u", "020  \037a", "035  \037a"};
+    std::string bytes;
+    for (std::size_t records = 1 + random() % 40; records > 0; --records) {
+        std::string leader = kLeaderLine;
+        leader[12] = random() % 2 == 0 ? 'a' : ' ';
+        Lines lines{leader, "001id" + std::to_string(random() % 30)};
+        for (std::size_t fields = random() % 6; fields > 0; --fields) {
+            const std::string& tag = kTags[random() % kTags.size()];
+            lines.push_back(tag + kTexts[random() % kTexts.size()]);
+        }
+        bytes += MarcOf(lines);
+    }
+    return bytes;
+}
+
+// Some bytes lost, doubled or changed.
+std::string Damaged(std::string bytes, std::mt19937& random) {
+    for (std::size_t times = random() % 6; times > 0 && !bytes.empty(); --times) {
+        const std::size_t at = random() % bytes.size();
+        switch (random() % 5) {
+            case 0:
+                bytes.erase(at, random() % 9);
+                break;
+            case 1:
+                bytes.insert(at, bytes.substr(at, random() % 99));
+                break;
+            case 2:
+                bytes.insert(at, "\r\n");
+                break;
+            case 3:
+                bytes[at] = static_cast<char>(random());
+                break;
+            default:
+                bytes[at] = '0';
+        }
+    }
+    return bytes;
+}
+
+// What a run left: files, messages, status.
+struct Outcome {
+    Status status = kStatusWell;
+    std::string output, rejects, messages;
+
+    bool operator==(const Outcome&) const = default;
+};
+
+void PrintTo(const Outcome& outcome, std::ostream* out) {
+    *out << outcome.status << "\n" << outcome.messages << outcome.output.size() << " bytes";
+}
+
+// Does the work of `run`, which is given options, alone and shared out.
+class SharedWork : public Jobs {
+protected:
+    // Files of each form with random records, some of them damaged or empty.
+    std::vector<std::string> RandomFiles(std::mt19937& random) {
+        std::vector<std::string> files;
+        for (std::size_t count = 1 + random() % 3; count > 0; --count) {
+            const Form& form = Forms()[random() % Forms().size()];
+            std::string bytes = RandomRecords(random);
+            if (random() % 9 == 0) bytes.clear();
+            const std::string name = "in" + std::to_string(count);
+            File(name, bytes);
+            if (!bytes.empty()) bytes = Converted(name, form);
+            if (random() % 2 == 0) bytes = Damaged(bytes, random);
+            files.push_back(File(name + "." + std::string(form.name), bytes));
+        }
+        return files;
+    }
+
+    std::string Converted(const std::string& name, const Form& form) {
+        ConvertOptions options;
+        options.input.files = {folder_.Path(name)};
+        options.output.output = folder_.Path("converted");
+        options.output.form = &form;
+        ConvertFiles(options, reporter_);
+        Said();
+        return folder_.Read("converted");
+    }
+
+    // What `run`, which works by these options, leaves.
+    template <class Run>
+    Outcome OutcomeOf(const CrewOptions& crew, bool saysAll, InputOptions input,
+                      OutputOptions output, Run run) {
+        Reporter reporter(port_, {false, saysAll});
+        input.crew = crew;
+        output.output = folder_.Path("output");
+        output.rejects = folder_.Path("rejects");
+        Outcome outcome;
+        outcome.status = run(input, output, reporter);
+        outcome.output = folder_.Read("output");
+        outcome.rejects = folder_.Read("rejects");
+        outcome.messages = Said();
+        return outcome;
+    }
+
+    template <class Run>
+    void ExpectTheSame(unsigned seeds, Run run) {
+        for (unsigned seed = 0; seed < seeds; ++seed) {
+            std::mt19937 random(seed);
+            InputOptions input;
+            input.files = RandomFiles(random);
+            input.lenient = random() % 2 == 0;
+            OutputOptions output;
+            output.form = &Forms()[random() % Forms().size()];
+            output.eachLoss = random() % 2 == 0;
+            if (!output.form->isAlwaysUtf8) output.charset = Charset(random() % 4);
+            const bool saysAll = random() % 2 == 0;
+            const Outcome alone = OutcomeOf({}, saysAll, input, output, run);
+            const Outcome shared = OutcomeOf(kCrew, saysAll, input, output, run);
+            EXPECT_EQ(alone, shared) << "seed " << seed;
+        }
+    }
+};
+
+TEST_F(SharedWork, Convert) {
+    ExpectTheSame(100,
+                  [](const InputOptions& input, const OutputOptions& output, Reporter& reporter) {
+                      return ConvertFiles({input, output}, reporter);
+                  });
+}
+
+TEST_F(SharedWork, ConvertWhatIsAskedFor) {
+    ExpectTheSame(30, [](InputOptions input, const OutputOptions& output, Reporter& reporter) {
+        input.where.expression = "245a contains \"title\" or 650a matches \"e\"";
+        return ConvertFiles({input, output}, reporter);
+    });
+}
+
+TEST_F(SharedWork, Repair) {
+    zorby::CTemplateList::InitializeTemplateList(DATA_FOLDER);
+    const CodeLists lists{CodeStatus(CODES_FILE)};
+    for (const bool isDryRun : {false, true}) {
+        SCOPED_TRACE(isDryRun);
+        ExpectTheSame(
+            40, [&](const InputOptions& input, const OutputOptions& output, Reporter& reporter) {
+                RepairMessages report(nullptr, lists, reporter);
+                return RepairFiles({input, output, {}, isDryRun}, lists, report, reporter);
+            });
+    }
+}
+
+TEST_F(SharedWork, Check) {
+    const DictionariesInForce dictionaries;
+    const CodeLists lists{CodeStatus(CODES_FILE)};
+    for (const CheckFormat format : {kCheckText, kCheckJsonl}) {
+        SCOPED_TRACE(format);
+        ExpectTheSame(40, [&](InputOptions input, const OutputOptions& output, Reporter& reporter) {
+            input.where.expression = "not 650a = \"x\" or valid";
+            Checker checker({});
+            std::deque<Inspector> inspectors;
+            const auto another = [&]() -> Inspector& {
+                return inspectors.emplace_back(CheckerOptions{}, RuleWeights(), lists);
+            };
+            Inspector& first = another();
+            const auto report = MakeCheckReport({format, output.output, 0}, reporter);
+            return CheckFiles({input}, checker, first, *report, reporter, another);
+        });
+    }
+}
+
+// What a worker throws, or a step, comes after all that was to be done before it.
+TEST_F(SharedWork, AFailureComesInItsPlace) {
+    std::string bytes;
+    for (int i = 0; i < 60; ++i) bytes += MarcOf(Lines{kLeaderLine, "001" + std::to_string(i)});
+    InputOptions input;
+    input.files = {File("in", bytes)};
+    input.crew = kCrew;
+    std::string done;
+    const auto take = [&done](const Item& item) {
+        if (item.number == 40) throw FileError("record 40");
+        done += std::to_string(item.number) + " ";
+    };
+    const ItemTaker alone = [&](const Item& item) {
+        take(item);
+        return true;
+    };
+    EXPECT_EQ(ErrorOf([&] { ReadFiles(input, reporter_, alone); }), "record 40");
+    const std::string expected = std::exchange(done, {});
+    const WorkerMaker inSteps = [&](Reporter&, Steps& steps) {
+        return MakeWorker([&](const Item& item) { steps.emplace_back([&] { take(item); }); });
+    };
+    EXPECT_EQ(ErrorOf([&] { ReadFiles(input, reporter_, ItemJob{alone, inSteps}); }), "record 40");
+    EXPECT_EQ(std::exchange(done, {}), expected);
+    const WorkerMaker inWorkers = [&](Reporter&, Steps& steps) {
+        return MakeWorker([&](const Item& item) {
+            if (item.number == 40) throw FileError("record 40");
+            steps.emplace_back([&] { take(item); });
+        });
+    };
+    EXPECT_EQ(ErrorOf([&] {
+                  ReadFiles(input, reporter_, ItemJob{alone, inWorkers});
+              }),
+              "record 40");
+    EXPECT_EQ(done, expected);
+}
+
+// Who writes into a pipe and waits for what comes of it must not wait for ever.
+TEST_F(SharedWork, RecordsAreTakenAsTheyCome) {
+    const std::string path = folder_.Path("pipe");
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    Channel<std::uint64_t> taken;
+    std::jthread writer([&] {
+        std::ofstream pipe(path, std::ios::binary);
+        for (std::uint64_t number = 1; number <= 9; ++number) {
+            pipe << MarcOf(Lines{kLeaderLine, "001x", "500  \037a" + std::string(150, 'x')})
+                 << std::flush;
+            EXPECT_EQ(taken.Take(), number);
+        }
+    });
+    InputOptions input;
+    input.files = {path};
+    input.crew = {.jobs = 2, .alone = 300, .batch = 100000};
+    const ItemTaker take = [&](const Item& item) {
+        taken.Put(item.number);
+        return true;
+    };
+    const WorkerMaker makeWorker = [&](Reporter&, Steps& steps) {
+        return MakeWorker([&](const Item& item) { steps.emplace_back([&] { take(item); }); });
+    };
+    EXPECT_EQ(ReadFiles(input, reporter_, ItemJob{take, makeWorker}), kStatusWell);
+}
+
+}  // namespace
+}  // namespace quillory
