@@ -38,7 +38,7 @@ void CarrierTotals::Add(const CarrierTotals& others) {
     losses.Add(others.losses);
 }
 
-Carrier::Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter)
+Carrier::Carrier(const CarrierOptions& options, RecordWriter& writer, Reporter& reporter)
     : Carrier(options, writer, FileOfRejects(options), reporter) {}
 
 Carrier::Carrier(CarrierOptions options, RecordWriter& writer, std::unique_ptr<Output> rejects,
@@ -166,8 +166,9 @@ void Carrier::Summarize() const {
         if (rejects_) text += " (kept whole in " + options_.rejects + ")";
     }
     if (totals_.stray > 0) text += ", stray bytes in " + Counted(totals_.stray, "place");
-    if (totals_.mislabelled > 0)
+    if (totals_.mislabelled > 0) {
         text += ", " + std::to_string(totals_.mislabelled) + " mislabelled";
+    }
     reporter_.Say(text);
 }
 

@@ -48,7 +48,7 @@ struct CarrierTotals {
 class Carrier {
 public:
     // Throws FileError if the file of rejects can't be made.
-    Carrier(CarrierOptions options, RecordWriter& writer, Reporter& reporter);
+    Carrier(const CarrierOptions& options, RecordWriter& writer, Reporter& reporter);
     // With an output of rejects; or null.
     Carrier(CarrierOptions options, RecordWriter& writer, std::unique_ptr<Output> rejects,
             Reporter& reporter);
