@@ -7,12 +7,19 @@ DamageKeeper::DamageKeeper(const std::string& path, Reporter& reporter) : report
 }
 
 bool DamageKeeper::Take(const Item& item) {
-    const bool isRecord = item.kind == kItemRecord;
-    if (isRecord && !item.fault) return true;
+    if (Say(item, reporter_)) Keep(item);
+    return item.kind == kItemRecord;
+}
+
+bool DamageKeeper::Say(const Item& item, Reporter& reporter) {
+    const bool isDamaged = item.kind != kItemRecord || item.fault;
+    if (isDamaged && !item.continues) reporter.SayFault(item);
+    return isDamaged;
+}
+
+void DamageKeeper::Keep(const Item& item) {
     status_ = kStatusFindings;
-    if (!item.continues) reporter_.SayFault(item);
-    if ((!isRecord || item.isPartial) && file_) file_->Write(item.bytes);
-    return isRecord;
+    if ((item.kind != kItemRecord || item.isPartial) && file_) file_->Write(item.bytes);
 }
 
 void DamageKeeper::Complete() {

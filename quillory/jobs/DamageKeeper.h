@@ -18,6 +18,10 @@ public:
     // Of an item that is no record, or one that was read in spite of its damage; of a record that
     // was read in part, the file keeps all bytes. Result: true for a record.
     bool Take(const Item& item);
+    // The same in two steps. The first does not depend on other items: it says what is wrong with
+    // one, and tells whether it has to be kept.
+    static bool Say(const Item& item, Reporter& reporter);
+    void Keep(const Item& item);
     // Nothing more comes: all of the file is on the disk, before another output takes its name.
     void Complete();
     // Gives the file its final name.

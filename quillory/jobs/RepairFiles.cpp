@@ -1,8 +1,9 @@
 #include <quillory/exchange/ItemMemory.h>
+#include <quillory/jobs/DamageKeeper.h>
 #include <quillory/jobs/RepairFiles.h>
 
 #include <algorithm>
-#include <functional>
+#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -14,12 +15,12 @@ class DryRun {
 public:
     Status Run(const ItemSource& source, Reporter& reporter) {
         const ItemJob job{[&](const Item& item) {
-                              if (IsDamaged(item, reporter)) damage_ = kStatusFindings;
+                              if (DamageKeeper::Say(item, reporter)) damage_ = kStatusFindings;
                               return true;
                           },
                           [&](Reporter& own, Steps& steps) {
                               return MakeWorker([this, &own, &steps](const Item& item) {
-                                  if (!IsDamaged(item, own)) return;
+                                  if (!DamageKeeper::Say(item, own)) return;
                                   steps.emplace_back([this] { damage_ = kStatusFindings; });
                               });
                           }};
@@ -28,25 +29,34 @@ public:
     }
 
 private:
-    static bool IsDamaged(const Item& item, Reporter& reporter) {
-        const bool isDamaged = item.kind != kItemRecord || item.fault;
-        if (isDamaged && !item.continues) reporter.SayFault(item);
-        return isDamaged;
-    }
-
     Status damage_ = kStatusWell;
 };
 
-// Takes what became of a record, in the order of the input.
-using RepairTaker = std::function<void(const Item& item, const std::vector<Repair>& repairs)>;
+// What became of records, in the order of the input.
+class Outcome {
+public:
+    explicit Outcome(RepairReport& report) : report_(report) {}
+
+    void Take(const Item& item, const std::vector<Repair>& repairs) {
+        totals_.Count(repairs);
+        if (!repairs.empty()) report_.TakeRecord(item, repairs);
+    }
+    void TakeSound(std::uint64_t records) { totals_.records += records; }
+
+    const RepairTotals& Totals() const { return totals_; }
+
+private:
+    RepairReport& report_;
+    RepairTotals totals_;
+};
 
 // Repairs records, and hands them on.
 class RepairWorker : public ItemWorker {
 public:
-    RepairWorker(RecordRepairer repairer, RepairTaker take, Steps& steps,
+    RepairWorker(RecordRepairer repairer, Outcome& outcome, Steps& steps,
                  std::unique_ptr<ItemWorker> next)
         : repairer_(std::move(repairer)),
-          take_(std::move(take)),
+          outcome_(outcome),
           steps_(steps),
           next_(std::move(next)) {}
 
@@ -54,20 +64,29 @@ public:
         if (item.kind == kItemRecord) PutRight(item);
         next_->Take(item);
     }
-    void EndBatch() override { next_->EndBatch(); }
+    void EndBatch() override {
+        steps_.emplace_back(
+            [&outcome = outcome_, sound = std::exchange(sound_, 0)] { outcome.TakeSound(sound); });
+        next_->EndBatch();
+    }
 
 private:
     void PutRight(Item& item) {
         const auto& repairs = repairer_.PutRight(item.record);
-        steps_.emplace_back([&take = take_, kept = std::make_shared<KeptItem>(item), repairs] {
-            take(kept->Get(), repairs);
-        });
+        if (repairs.empty()) {
+            ++sound_;
+            return;
+        }
+        const auto kept = std::make_shared<KeptItem>(item);
+        steps_.emplace_back(
+            [&outcome = outcome_, kept, repairs] { outcome.Take(kept->Get(), repairs); });
     }
 
     RecordRepairer repairer_;
-    RepairTaker take_;
+    Outcome& outcome_;
     Steps& steps_;
     std::unique_ptr<ItemWorker> next_;
+    std::uint64_t sound_ = 0;  // records of this batch
 };
 
 }  // namespace
@@ -75,20 +94,18 @@ private:
 Status RepairFiles(const RepairFilesOptions& options, const CodeLists& lists, RepairReport& report,
                    Reporter& reporter) {
     RecordRepairer repairer(lists, options.repair);
-    RepairTotals totals;
-    const RepairTaker takeRepairs = [&](const Item& item, const std::vector<Repair>& repairs) {
-        totals.Count(repairs);
-        report.TakeRecord(item, repairs);
-    };
+    Outcome outcome(report);
+    const RepairTotals& totals = outcome.Totals();
     const ItemSource repaired = [&](const ItemJob& job) {
         const ItemJob repairing{[&](Item& item) {
-                                    if (item.kind == kItemRecord)
-                                        takeRepairs(item, repairer.PutRight(item.record));
+                                    if (item.kind == kItemRecord) {
+                                        outcome.Take(item, repairer.PutRight(item.record));
+                                    }
                                     return job.take(item);
                                 },
                                 [&](Reporter& own, Steps& steps) {
                                     return std::make_unique<RepairWorker>(
-                                        RecordRepairer(lists, options.repair), takeRepairs, steps,
+                                        RecordRepairer(lists, options.repair), outcome, steps,
                                         job.makeWorker(own, steps));
                                 }};
         return ReadFiles(options.input, reporter, repairing);

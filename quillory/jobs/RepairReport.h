@@ -40,7 +40,8 @@ class RepairReport {
 public:
     virtual ~RepairReport() = default;
 
-    // Comes for every record; the item's record is as it is after the repair.
+    // Comes for every record in which anything was repaired or left; the item's record is as it is
+    // after the repair.
     virtual void TakeRecord(const Item& item, const std::vector<Repair>& repairs) = 0;
     // Comes once, after the last record and before the records take their name: what was told must
     // be safe. Throws FileError.
