@@ -3,6 +3,7 @@
 #include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace quillory {
@@ -57,7 +58,7 @@ bool MarcReader::Fits(std::string_view head) {
 }
 
 void MarcReader::Give(Item& item, ItemKind kind, std::string_view bytes) {
-    item.Begin(kind, input_.Offset(), bytes);
+    item.Begin(kind, begin_ + input_.Offset(), bytes);
     if (kind == kItemRecord || kind == kItemDamaged) ++count_;
     item.number = count_;
     taken_ = bytes.size();
@@ -156,6 +157,30 @@ bool MarcReader::Next(Item& item) {
     if (!inEndlessDamage_ && (TakeFiller(item) || TakeSoundRecord(item))) return true;
     TakeDamage(item);
     return true;
+}
+
+RecordRun MarcReader::PassOver(std::size_t most) {
+    input_.Skip(std::exchange(taken_, 0));
+    RecordRun run{input_.Peek(1), begin_ + input_.Offset(), count_, 0};
+    while (taken_ < most && !inEndlessDamage_) {
+        const std::string_view rest = run.bytes.substr(taken_);
+        const std::size_t length = StatedLength(rest);
+        const bool isWhole = length > zorby::kLeaderSize && length <= rest.size() &&
+                             rest.substr(0, length).find(zorby::kRecordEnd) == length - 1;
+        if (!isWhole) break;
+        taken_ += length;
+        ++run.records;
+    }
+    count_ += run.records;
+    run.bytes = run.bytes.substr(0, taken_);
+    return run;
+}
+
+std::unique_ptr<RecordReader> MarcReader::ReaderOf(const RecordRun& run, Input& input) const {
+    auto reader = std::make_unique<MarcReader>(input, lenient_);
+    reader->begin_ = run.offset;
+    reader->count_ = run.recordsBefore;
+    return reader;
 }
 
 }  // namespace quillory

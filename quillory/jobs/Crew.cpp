@@ -1,9 +1,9 @@
-#include <quillory/exchange/ItemMemory.h>
 #include <quillory/jobs/Crew.h>
+#include <quillory/jobs/ItemBatch.h>
+#include <quillory/jobs/Relay.h>
 
 #include <csignal>
 #include <exception>
-#include <optional>
 #include <utility>
 
 namespace quillory {
@@ -25,67 +25,19 @@ private:
     sigset_t before_{};
 };
 
-// Passes on what a worker says, when the steps are done.
-class Relay : public JobPort {
-public:
-    Relay(Reporter& reporter, Steps& steps) : reporter_(reporter), steps_(steps) {}
-
-    void Say(const Message& message) override {
-        const auto kept = std::make_shared<Kept>(message);
-        steps_.emplace_back([kept, &reporter = reporter_] { kept->PassTo(reporter); });
-    }
-
-private:
-    // A message that outlasts what it is about.
-    class Kept {
-    public:
-        explicit Kept(const Message& message)
-            : kind_(message.kind), text_(message.text), isCounted_(message.isCounted) {
-            if (message.item != nullptr) item_.emplace(*message.item);
-            if (message.fault != nullptr) fault_ = *message.fault;
-        }
-
-        void PassTo(Reporter& reporter) const {
-            reporter.Pass({reporter.File(), item_ ? &item_->Get() : nullptr,
-                           fault_ ? &*fault_ : nullptr, kind_, text_, isCounted_});
-        }
-
-    private:
-        std::optional<KeptItem> item_;
-        std::optional<Fault> fault_;
-        std::string kind_;
-        std::string text_;
-        bool isCounted_;
-    };
-
-    Reporter& reporter_;
-    Steps& steps_;
-};
-
 }  // namespace
 
 // Items of one file, and what comes of them.
 struct Crew::Batch {
     std::string file;
-    ItemMemory memory;
-    std::vector<Item> items;
-    std::size_t count = 0;  // of the items; those after them keep their room
-    std::size_t bytes = 0;
+    ItemBatch items;
     Steps steps;
     std::exception_ptr failure;  // what ended the work, after the steps
     Steps last;                  // steps that follow
     bool isDone = false;
 
-    void Add(const Item& item) {
-        if (count == items.size()) items.emplace_back();
-        memory.Copy(item, items[count++]);
-        bytes += item.bytes.size();
-    }
-
     void Clear() {
-        memory.Clear();
-        count = 0;
-        bytes = 0;
+        items.Clear();
         steps.clear();
         last.clear();
         isDone = false;
@@ -104,7 +56,7 @@ public:
     void Work(Batch& batch) {
         Attempt(batch, [&] {
             reporter_.BeginFile(batch.file);
-            for (std::size_t i = 0; i < batch.count; ++i) worker_->Take(batch.items[i]);
+            batch.items.ForEach([this](Item& item) { worker_->Take(item); });
         });
         Attempt(batch, [&] {
             worker_->EndBatch();
@@ -166,22 +118,39 @@ void Crew::BeginFile(const std::string& name) {
     file_ = name;
 }
 
-void Crew::Take(const Item& item) {
+ItemBatch& Crew::InHand() {
     if (!batch_) {
         if (free_.empty()) free_.push_back(std::make_unique<Batch>());
         batch_ = std::move(free_.back());
         free_.pop_back();
         batch_->file = file_;
     }
-    batch_->Add(item);
-    if (batch_->bytes >= options_.batch) HandOut();
+    return batch_->items;
+}
+
+void Crew::HandOutIfFull() {
+    if (batch_->items.Bytes() >= options_.batch) HandOut();
+}
+
+void Crew::Take(const Item& item) {
+    InHand().Add(item);
+    HandOutIfFull();
+}
+
+std::uint64_t Crew::TakeRun(RecordRuns& runs) {
+    const std::size_t most = options_.batch - (batch_ ? batch_->items.Bytes() : 0);
+    const RecordRun run = runs.PassOver(most);
+    if (run.bytes.empty()) return 0;
+    InHand().Add(run, runs);
+    HandOutIfFull();
+    return run.records;
 }
 
 void Crew::HandOut() {
     constexpr std::size_t kBatchesAWorker = 3;
     constexpr std::size_t kLong = 8;  // a batch of so many times the size stands alone
     if (!batch_) return;
-    const bool isLong = batch_->bytes >= options_.batch * kLong;
+    const bool isLong = batch_->items.Bytes() >= options_.batch * kLong;
     todo_.Put(batch_.get());
     handedOut_.push_back(std::move(batch_));
     const std::size_t most = isLong ? 0 : posts_.size() * kBatchesAWorker;

@@ -4,6 +4,7 @@
 #include <quillory/jobs/ItemWorker.h>
 
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <mutex>
@@ -12,6 +13,9 @@
 #include <vector>
 
 namespace quillory {
+
+class ItemBatch;
+class RecordRuns;
 
 // Shares out items to workers, in batches. What they say and leave to be done is done in the thread
 // that has the crew, in the order of the items. Memory is bounded by a few batches a worker, or by
@@ -33,6 +37,8 @@ public:
     void BeginFile(const std::string& name);
     // Copies the item.
     void Take(const Item& item);
+    // Copies what a reader can pass over, for a worker to read. Result: how many records.
+    std::uint64_t TakeRun(RecordRuns& runs);
     // A step after those of all items so far.
     void Then(Step step);
     // All is done with the items so far; nothing more is, once anything was thrown.
@@ -43,6 +49,8 @@ private:
     class Post;
 
     void Work(Post& post);
+    ItemBatch& InHand();
+    void HandOutIfFull();
     void HandOut();
     void FinishFirst();
 

@@ -20,10 +20,13 @@ public:
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    // One more record. `done` of `total`, such as bytes of the input; 0 if the total is not known.
-    void Step(std::uint64_t done, std::uint64_t total) {
+    // One more record, or several. `done` of `total`, such as bytes of the input; 0 if the total is
+    // not known.
+    void Step(std::uint64_t done, std::uint64_t total, std::uint64_t records = 1) {
         constexpr std::uint64_t kStepsALook = 256;
-        if (++records_ % kStepsALook == 0 && isShown_) port_.ShowProgress({records_, done, total});
+        const bool isTimeToLook = records_ % kStepsALook + records >= kStepsALook;
+        records_ += records;
+        if (isTimeToLook && isShown_) port_.ShowProgress({records_, done, total});
     }
 
 private:

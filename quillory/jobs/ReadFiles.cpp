@@ -1,3 +1,4 @@
+#include <quillory/exchange/RecordRuns.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Crew.h>
 #include <quillory/jobs/Progress.h>
@@ -59,6 +60,9 @@ public:
         crew_->Take(item);
         return true;
     }
+
+    // What a reader can pass over is read by the crew. Result: how many records.
+    std::uint64_t TakeRun(RecordRuns& runs) { return crew_ ? crew_->TakeRun(runs) : 0; }
 
     // A step after all items so far.
     void Then(Step step) {
@@ -130,7 +134,7 @@ private:
             return;
         }
         const Form& form = FormOf(options_, input);
-        if (beginFile_) beginFile_(form);
+        if (beginFile_) flow_.Then([this, &form] { beginFile_(form); });
         ReadItems(form, input);
         if (input.WhatIsDamaged()) {
             SayFound(input.Name() + ": " + FaultReason(*input.WhatIsDamaged()) +
@@ -141,10 +145,16 @@ private:
 
     void ReadItems(const Form& form, Input& input) {
         const auto reader = form.makeReader(input, options_.lenient);
+        auto* const runs = dynamic_cast<RecordRuns*>(reader.get());
         Item item;
-        while (goOn_ && reader->Next(item)) {
-            goOn_ = flow_.Take(item);
-            progress_.Step(input.BytesRead(), input.FileSize());
+        while (goOn_) {
+            std::uint64_t records = runs == nullptr ? 0 : flow_.TakeRun(*runs);
+            if (records == 0) {
+                if (!reader->Next(item)) return;
+                goOn_ = flow_.Take(item);
+                records = 1;
+            }
+            progress_.Step(input.BytesRead(), input.FileSize(), records);
         }
     }
 
@@ -179,6 +189,23 @@ private:
     RecordFilter filter_;
 };
 
+// Tells first, of each item.
+class TellingWorker : public ItemWorker {
+public:
+    TellingWorker(Reporter& reporter, std::unique_ptr<ItemWorker> worker)
+        : reporter_(reporter), worker_(std::move(worker)) {}
+
+    void Take(Item& item) override {
+        Tell(item, reporter_);
+        worker_->Take(item);
+    }
+    void EndBatch() override { worker_->EndBatch(); }
+
+private:
+    Reporter& reporter_;
+    std::unique_ptr<ItemWorker> worker_;
+};
+
 class AskedWorker : public ItemWorker {
 public:
     AskedWorker(const InputOptions& options, Reporter& reporter, std::unique_ptr<ItemWorker> worker)
@@ -196,13 +223,23 @@ private:
 
 }  // namespace
 
+Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemJob& job,
+                    const FileBeginner& beginFile) {
+    ItemJob telling{[&](Item& item) {
+        Tell(item, reporter);
+        return job.take(item);
+    }};
+    if (job.makeWorker) {
+        telling.makeWorker = [&](Reporter& own, Steps& steps) {
+            return std::make_unique<TellingWorker>(own, job.makeWorker(own, steps));
+        };
+    }
+    return FileWalk(options, reporter, telling, beginFile).Run();
+}
+
 Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take,
                     const FileBeginner& beginFile) {
-    const ItemJob job{[&](Item& item) {
-        Tell(item, reporter);
-        return take(item);
-    }};
-    return FileWalk(options, reporter, job, beginFile).Run();
+    return ReadAllItems(options, reporter, ItemJob{take}, beginFile);
 }
 
 Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemJob& job) {

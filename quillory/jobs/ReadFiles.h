@@ -31,9 +31,11 @@ Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemTake
 Status ReadFiles(const InputOptions& options, Reporter& reporter, const ItemJob& job);
 
 // The same with frames, and with every record, whichever are asked for. `beginFile`, if there is
-// one, is told the form of each file that is not empty.
+// one, is told the form of each file that is not empty, in the order of all that is done.
 using FileBeginner = std::function<void(const Form& form)>;
 Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemTaker& take,
                     const FileBeginner& beginFile = {});
+Status ReadAllItems(const InputOptions& options, Reporter& reporter, const ItemJob& job,
+                    const FileBeginner& beginFile);
 
 }  // namespace quillory

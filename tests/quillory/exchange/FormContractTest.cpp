@@ -2,6 +2,7 @@
 
 #include <quillory/exchange/Form.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/exchange/RecordRuns.h>
 
 #include <gtest/gtest.h>
 
@@ -52,6 +53,31 @@ std::vector<Found> ReadAll(const Form& form, std::string_view bytes, bool lenien
     EXPECT_FALSE(reader->Next(item)) << "nothing follows the end";
     EXPECT_EQ(input.Offset() + input.Peek(1).size(), bytes.size()) << "a file is read to its end";
     return all;
+}
+
+// The same, with records passed over by the reader, of about `most` bytes at a time, and read by
+// another one.
+std::vector<Found> ReadAllInRuns(const Form& form, std::string_view bytes, bool lenient,
+                                 std::size_t most) {
+    const TemporaryFile file(bytes);
+    Input input(file.Path());
+    const auto reader = form.makeReader(input, lenient);
+    auto* const runs = dynamic_cast<RecordRuns*>(reader.get());
+    std::vector<Found> all;
+    for (Item item;;) {
+        const RecordRun run = runs == nullptr ? RecordRun() : runs->PassOver(most);
+        Input inRun(Input::kFromMemory, run.bytes, "run");
+        const auto other = runs == nullptr ? nullptr : runs->ReaderOf(run, inRun);
+        const std::size_t before = all.size();
+        while (other && other->Next(item)) all.emplace_back(item);
+        const auto isNew = [](const Found& found) { return found.kind != kItemStray; };
+        EXPECT_EQ(std::ranges::count_if(all.begin() + static_cast<std::ptrdiff_t>(before),
+                                        all.end(), isNew),
+                  run.records);
+        if (run.records > 0) continue;
+        if (!reader->Next(item)) return all;
+        all.emplace_back(item);
+    }
 }
 
 std::vector<Lines> RecordsIn(const std::vector<Found>& all) {
@@ -332,6 +358,7 @@ TEST_P(FormContract, AnyBytesAreAccountedFor) {
             SCOPED_TRACE(lenient ? "lenient" : "strict");
             const auto all = ReadAll(form_, damaged, lenient);
             ExpectAccounted(all, damaged);
+            EXPECT_EQ(ReadAllInRuns(form_, damaged, lenient, random() % 500), all);
             // A record that a form does not carry in full is named (see Write).
             const Written written = Write(form_, RecordsIn(all));
             if (!written.allWhole) continue;
