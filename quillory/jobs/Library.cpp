@@ -92,6 +92,19 @@ void CheckUserDefined(const std::string& list) {
     }
 }
 
+// The types are the same each time, and whoever has one in hand keeps it.
+int LoadHoldingsTypes(const std::string& folder) {
+    using zorby::CInfoAboutHoldingsTypeList;
+    static const CInfoAboutHoldingsTypeList* loaded = nullptr;
+    static std::string loadedFrom;
+    const auto* inForce = CInfoAboutHoldingsTypeList::TheOneAndOnly();
+    if (inForce != nullptr && inForce == loaded && folder == loadedFrom) return 1;
+    if (CInfoAboutHoldingsTypeList::CreateTheOneAndOnly(folder) == 0) return 0;
+    loaded = CInfoAboutHoldingsTypeList::TheOneAndOnly();
+    loadedFrom = folder;
+    return 1;
+}
+
 constexpr const char* kOwnSection = "Quillory";
 
 // Throws FileError unless `read` gives what `write` has written to the file.
@@ -156,9 +169,8 @@ void LoadDictionaries(const std::string& userDefined) {
     zorby::FixedApplication application(folder, '/', false);
     const zorby::ApplicationInForce inForce(application);
     LoadData({folder + "zorby.hld", folder + kDictionary}, [&] {
-        return zorby::CInfoAboutHoldingsTypeList::CreateTheOneAndOnly(folder) != 0
-                   ? zorby::CMARCFormat::InitializeYourself(userDefined)
-                   : 0;
+        return LoadHoldingsTypes(folder) != 0 ? zorby::CMARCFormat::InitializeYourself(userDefined)
+                                              : 0;
     });
 }
 
