@@ -35,6 +35,7 @@ Status RunCount(const CountCommand& command) {
 void DeclareCount(Arguments& command) {
     CountCommand& options = command.Runs(RunCount);
     DeclareInput(command, options.count.input, options.messages);
+    DeclareJobs(command, options.count.input.crew);
     command
         .Option("--values", options.count.values,
                 "Count the values of these places, such as 008/35-37 or 650a, and name the codes; "

@@ -46,7 +46,8 @@ Status RunEdit(const EditCommand& command) {
     Reporter reporter(terminal, command.messages);
     const bool isDryRun = command.files.isDryRun;
     EditMessages report({command.report, isDryRun, ShowOptionsOf({}).colour}, reporter);
-    return EditFiles(command.files, std::move(task), report, reporter);
+    return EditFiles(command.files, std::move(task), report, reporter,
+                     [&] { return work.TaskOf(command.choice); });
 }
 
 void DeclareEditOf(Arguments& command, const OperationRow* row) {
@@ -54,6 +55,7 @@ void DeclareEditOf(Arguments& command, const OperationRow* row) {
     command.Footer(kEditDetails);
     DeclareEditChoice(command, row, options.choice);
     DeclareFiles(command, options.files.input, options.messages);
+    DeclareJobs(command, options.files.input.crew);
     DeclareOutput(command, options.files.output);
     command.Option("--report", options.report, "Where each change is told as a line of JSON")
         .File();

@@ -123,6 +123,14 @@ const CodeLists& EditWork::Lists() {
     return *lists_;
 }
 
+const std::string& EditWork::TextOf(const std::string& file) {
+    if (!text_) {
+        Input input(file);
+        text_ = ReadWhole(input);
+    }
+    return *text_;
+}
+
 EditTask EditWork::TaskOf(const EditChoice& choice) {
     const TaskTools tools{{[this]() -> const CodeLists& { return Lists(); }, HoldingsSystemOfFiles},
                           [&](const std::string& text) {
@@ -132,8 +140,7 @@ EditTask EditWork::TaskOf(const EditChoice& choice) {
         if (choice.task.empty()) {
             throw UsageError("an operation, or the file of a task, is missing");
         }
-        Input input(choice.task);
-        EditTask task = ReadTask(ReadWhole(input), choice.task, tools);
+        EditTask task = ReadTask(TextOf(choice.task), choice.task, tools);
         AddCondition(ConditionOf(choice.where, "--where"), task.where);
         return task;
     }

@@ -29,13 +29,15 @@ void DeclareEditChoice(Arguments& command, const OperationRow* row, EditChoice& 
 // What the edits need of the program while they last.
 class EditWork {
 public:
-    // Throws FileError and UsageError.
+    // May be asked for the same task again. Throws FileError and UsageError.
     EditTask TaskOf(const EditChoice& choice);
 
 private:
     const CodeLists& Lists();
+    const std::string& TextOf(const std::string& file);
 
     std::unique_ptr<CodeLists> lists_;
+    std::optional<std::string> text_;  // of the task's file, which may be a pipe
 };
 
 }  // namespace quillory

@@ -47,6 +47,7 @@ Status RunExport(const ExportCommand& command) {
 void DeclareExport(Arguments& command) {
     ExportCommand& options = command.Runs(RunExport);
     DeclareInput(command, options.records.input, options.messages);
+    DeclareJobs(command, options.records.input.crew);
     DeclareOutput(command, options.records.output);
     DeclarePolicy(command, options.records.policy);
     DeclareHoldings(command, options.records.holdings);

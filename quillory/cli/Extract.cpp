@@ -41,6 +41,7 @@ void DeclareExtract(Arguments& command) {
     ExtractCommand& options = command.Runs(RunExtract);
     command.Footer(kExtractDetails);
     DeclareInput(command, options.extract.input, options.messages);
+    DeclareJobs(command, options.extract.input.crew);
     command
         .Option("--fields", options.extract.fields,
                 "Places, a column for each, such as 001,245ab,650a,008/35-37")

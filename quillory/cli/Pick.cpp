@@ -34,6 +34,7 @@ void DeclarePick(Arguments& command) {
     PickOptions& pick = options.pick;
     command.Footer(kPickDetails);
     DeclareInput(command, pick.input, options.messages);
+    DeclareJobs(command, pick.input.crew);
     command.Option("-o,--output", pick.output, "Where the records go; standard output if not given")
         .File();
     command.Option("--rejects", pick.rejects, "Where the bytes of what is no record go").File();

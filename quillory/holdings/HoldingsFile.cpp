@@ -192,6 +192,7 @@ bool HoldingsFile::AddCopiesOf(const std::string& key, zorby::CHoldingsDataRecor
 
 bool HoldingsFile::AddCopies(std::string_view controlNumber, std::uint64_t recordNumber,
                              zorby::CHoldingsDataRecordList& copies) {
+    const std::lock_guard lock(asked_);
     const bool byControlNumber =
         !controlNumber.empty() && AddCopiesOf(Key(kControlNumber, Trimmed(controlNumber)), copies);
     const bool byNumber =

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <map>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -43,7 +44,8 @@ public:
     const std::string& Name() const { return name_; }
     // Whether any key is a number of a record.
     bool HasRecordNumbers() const { return hasRecordNumbers_; }
-    // Appends the copies of a record in the order of the file. False if there are none.
+    // Appends the copies of a record in the order of the file. False if there are none. Several
+    // threads may ask at a time.
     bool AddCopies(std::string_view controlNumber, std::uint64_t recordNumber,
                    zorby::CHoldingsDataRecordList& copies);
     // The lines that no record has taken so far, in the order of the file.
@@ -87,6 +89,7 @@ private:
     std::vector<std::string> columns_;  // of TSV
     std::map<std::string, HoldingsColumn> found_;
     std::vector<Row> rows_;  // by key, then line
+    std::mutex asked_;
 };
 
 }  // namespace quillory

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <mutex>
 
 namespace quillory {
 namespace {
@@ -78,14 +77,9 @@ private:
 
 }  // namespace
 
-Status CheckFiles(CheckFilesOptions options, Checker& checker, Inspector& inspector,
+Status CheckFiles(CheckFilesOptions options, const Checker& checker, Inspector& inspector,
                   CheckReport& report, Reporter& reporter, const InspectorMaker& makeInspector) {
-    std::vector<Finding> findings;
-    std::mutex oneAtATime;
-    options.input.where.isValid = [&](const Record& record) {
-        const std::lock_guard lock(oneAtATime);
-        return IsValidUnder(checker, record, findings);
-    };
+    options.input.where.isValid = ValidityUnder(checker.GetOptions());
     CheckRun run(options.failsOn, inspector, report, reporter);
     ItemJob job{[&run](const Item& item) {
         run.Take(item);

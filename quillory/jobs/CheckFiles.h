@@ -20,9 +20,8 @@ using InspectorMaker = std::function<Inspector&()>;
 
 // Holds the records of files against the rules, and hands what they say to the report. `checker`
 // tells which records a condition takes for valid. Work is shared out only if there can be more
-// inspectors. Result: findings, if there was any of that
-// weight, or damage. Throws FileError.
-Status CheckFiles(CheckFilesOptions options, Checker& checker, Inspector& inspector,
+// inspectors. Result: findings, if there was any of that weight, or damage. Throws FileError.
+Status CheckFiles(CheckFilesOptions options, const Checker& checker, Inspector& inspector,
                   CheckReport& report, Reporter& reporter,
                   const InspectorMaker& makeInspector = {});
 

@@ -3,6 +3,8 @@
 #include <quillory/jobs/Library.h>
 
 #include <algorithm>
+#include <deque>
+#include <memory>
 
 namespace quillory {
 namespace {
@@ -18,32 +20,85 @@ bool HasPositions(const PlaceSet& places) {
         places.patterns, [](const PlacePattern& pattern) { return pattern.place.HasPositions(); });
 }
 
-void Prepare(const CountOptions& options, RecordCounts& counts) {
+std::vector<PlaceSet> PlacesOf(const CountOptions& options) {
     std::vector<PlaceSet> sets;
     for (const std::string& text : options.values) sets.push_back(PlacesOf(text));
-    if (std::ranges::any_of(sets, HasPositions)) counts.lists.emplace(LoadCodeLists());
-    for (PlaceSet& places : sets) {
-        counts.values.emplace_back(std::move(places), options.input.charset,
-                                   counts.lists ? &*counts.lists : nullptr);
-    }
+    return sets;
 }
+
+class CountRun {
+public:
+    CountRun(const CountOptions& options, RecordCounts& counts, Reporter& reporter)
+        : charset_(options.input.charset),
+          sets_(PlacesOf(options)),
+          counts_(counts),
+          reporter_(reporter) {
+        if (std::ranges::any_of(sets_, HasPositions)) counts.lists.emplace(LoadCodeLists());
+        Prepare(counts);
+    }
+
+    ItemJob Job() {
+        return {[this](const Item& item) {
+                    if (SayDamage(item, reporter_)) damage_ = kStatusFindings;
+                    Count(item, counts_);
+                    return true;
+                },
+                [this](Reporter& own, Steps& steps) { return Share(own, steps); }};
+    }
+
+    // After the last record.
+    void AddShares() {
+        for (const RecordCounts& share : shares_) {
+            counts_.fields.Add(share.fields);
+            for (std::size_t i = 0; i < sets_.size(); ++i) counts_.values[i].Add(share.values[i]);
+        }
+    }
+
+    Status Damage() const { return damage_; }
+
+private:
+    void Prepare(RecordCounts& counts) const {
+        const CodeLists* lists = counts_.lists ? &*counts_.lists : nullptr;
+        for (const PlaceSet& places : sets_) counts.values.emplace_back(places, charset_, lists);
+    }
+
+    std::unique_ptr<ItemWorker> Share(Reporter& own, Steps& steps) {
+        RecordCounts& share = shares_.emplace_back();
+        Prepare(share);
+        return MakeWorker([this, &share, &own, &steps](const Item& item) {
+            if (SayDamage(item, own)) steps.emplace_back([this] { damage_ = kStatusFindings; });
+            Count(item, share);
+        });
+    }
+
+    // Whether there is anything to be said.
+    static bool SayDamage(const Item& item, Reporter& reporter) {
+        const bool isDamaged = item.fault && !item.continues;
+        if (isDamaged) reporter.SayFault(item);
+        return isDamaged;
+    }
+
+    static void Count(const Item& item, RecordCounts& counts) {
+        if (item.kind != kItemRecord) return;
+        counts.fields.Add(item.record);
+        for (ValueCounts& values : counts.values) values.Add(item.record);
+    }
+
+    Charset charset_;
+    std::vector<PlaceSet> sets_;
+    RecordCounts& counts_;
+    Reporter& reporter_;
+    std::deque<RecordCounts> shares_;  // what each worker counts
+    Status damage_ = kStatusWell;
+};
 
 }  // namespace
 
 Status CountRecords(const CountOptions& options, RecordCounts& counts, Reporter& reporter) {
-    Prepare(options, counts);
-    Status damage = kStatusWell;
-    const Status read = ReadFiles(options.input, reporter, [&](const Item& item) {
-        if (item.fault && !item.continues) {
-            reporter.SayFault(item);
-            damage = kStatusFindings;
-        }
-        if (item.kind != kItemRecord) return true;
-        counts.fields.Add(item.record);
-        for (ValueCounts& values : counts.values) values.Add(item.record);
-        return true;
-    });
-    return std::max(read, damage);
+    CountRun run(options, counts, reporter);
+    const Status read = ReadFiles(options.input, reporter, run.Job());
+    run.AddShares();
+    return std::max(read, run.Damage());
 }
 
 }  // namespace quillory

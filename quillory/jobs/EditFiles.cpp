@@ -1,8 +1,11 @@
+#include <quillory/exchange/ItemMemory.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/EditFiles.h>
 #include <quillory/jobs/OutputFiles.h>
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -20,6 +23,47 @@ EditorOptions EditorOptionsOf(const EditFilesOptions& options, const EditReport&
             report.WantsLines()};
 }
 
+// Edits records as a preparation, and tells what became of them.
+class EditRun {
+public:
+    EditRun(const EditFilesOptions& options, EditReport& report)
+        : options_(EditorOptionsOf(options, report)), report_(report) {}
+
+    Preparation Prepare(EditTask task, Reporter& reporter) {
+        const auto editor = std::make_shared<RecordEditor>(std::move(task), options_);
+        return [this, editor, &reporter](Item& item, Losses& losses) {
+            const Edit& done = editor->Carry(item.record, losses);
+            if (done.refused) SayRefused(item, *done.refused, reporter);
+            totals_.Count(done);
+            if (!done.changes.empty()) report_.TakeRecord(item, done);
+            return std::string();
+        };
+    }
+
+    // What is told comes as steps.
+    Preparation PrepareShare(EditTask task, Reporter& own, Steps& steps) {
+        const auto editor = std::make_shared<RecordEditor>(std::move(task), options_);
+        return [this, editor, &own, &steps](Item& item, Losses& losses) {
+            const Edit& done = editor->Carry(item.record, losses);
+            if (done.refused) SayRefused(item, *done.refused, own);
+            std::shared_ptr<KeptItem> kept;
+            if (!done.changes.empty()) kept = std::make_shared<KeptItem>(item);
+            steps.emplace_back([this, done, kept] {
+                totals_.Count(done);
+                if (kept) report_.TakeRecord(kept->Get(), done);
+            });
+            return std::string();
+        };
+    }
+
+    const EditTotals& Totals() const { return totals_; }
+
+private:
+    EditorOptions options_;
+    EditReport& report_;
+    EditTotals totals_;
+};
+
 }  // namespace
 
 void SayRefused(const Item& item, const Fault& why, Reporter& reporter) {
@@ -27,25 +71,25 @@ void SayRefused(const Item& item, const Fault& why, Reporter& reporter) {
 }
 
 Status EditFiles(const EditFilesOptions& options, EditTask task, EditReport& report,
-                 Reporter& reporter) {
+                 Reporter& reporter, const EditTaskMaker& makeTask) {
     CheckNotAnInput(options.input.files, options.output.output);
     CheckNotAnInput(options.input.files, options.output.rejects);
-    RecordEditor editor(std::move(task), EditorOptionsOf(options, report));
-    EditTotals totals;
-    const auto edit = [&](Item& item, Losses& losses) {
-        const Edit& done = editor.Carry(item.record, losses);
-        totals.Count(done);
-        if (done.refused) SayRefused(item, *done.refused, reporter);
-        if (!done.changes.empty()) report.TakeRecord(item, done);
-        return std::string();
-    };
+    EditRun run(options, report);
+    const Preparation edit = run.Prepare(std::move(task), reporter);
+    PreparationMaker makeEdit;
+    if (makeTask) {
+        makeEdit = [&](Reporter& own, Steps& steps) {
+            return run.PrepareShare(makeTask(), own, steps);
+        };
+    }
     const ItemSource files = [&](const auto& take) {
         return ReadFiles(options.input, reporter, take);
     };
     OutputOptions output = options.output;
     output.isDryRun = options.isDryRun;
     output.completeBeside = [&report] { report.Complete(); };
-    const Status done = WriteItems(files, options.input.charset, output, reporter, edit);
+    const Status done = WriteItems(files, options.input.charset, output, reporter, edit, makeEdit);
+    const EditTotals& totals = run.Totals();
     report.Finish(totals, options.isDryRun);
     const bool hasFindings = totals.refused > 0 || (options.isDryRun && totals.edited > 0);
     return std::max(done, hasFindings ? kStatusFindings : kStatusWell);

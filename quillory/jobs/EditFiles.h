@@ -4,6 +4,7 @@
 #include <quillory/jobs/ReadFiles.h>
 #include <quillory/jobs/WriteRecords.h>
 
+#include <functional>
 #include <string>
 
 namespace quillory {
@@ -14,11 +15,15 @@ struct EditFilesOptions {
     bool isDryRun = false;
 };
 
-// Edits the records of files, writes all of them, and tells the report what was changed. Result:
-// kStatusFindings for damage, for rejects, for records that could not be edited, and for changes
-// that a dry run would make. Throws FileError and UsageError.
+// Makes the task once more, for another thread.
+using EditTaskMaker = std::function<EditTask()>;
+
+// Edits the records of files, writes all of them, and tells the report what was changed. Work is
+// shared out only if there can be more tasks. Result: kStatusFindings for damage, for rejects, for
+// records that could not be edited, and for changes that a dry run would make. Throws FileError and
+// UsageError.
 Status EditFiles(const EditFilesOptions& options, EditTask task, EditReport& report,
-                 Reporter& reporter);
+                 Reporter& reporter, const EditTaskMaker& makeTask = {});
 
 // Says why a record was not edited.
 void SayRefused(const Item& item, const Fault& why, Reporter& reporter);

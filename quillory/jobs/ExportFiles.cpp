@@ -5,6 +5,7 @@
 #include <quillory/jobs/RecordFilter.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace quillory {
 namespace {
@@ -16,25 +17,24 @@ Charset ExportCharset(const ExportOptions& options) {
 }
 
 // The dictionary of the format takes in fields of the holdings system, so it follows the choice.
-Checker PutAllInForce(const ExportOptions& options) {
-    Checker checker = MakeChecker(options.policy, ExportCharset(options));
-    if (!ChooseHoldingsType(options.holdings)) return checker;
-    const std::string& userDefined = options.policy.userDefined;
-    LoadDictionaries(userDefined);
-    return Checker({ExportCharset(options), userDefined.empty()});
+CheckerOptions PutAllInForce(const ExportOptions& options) {
+    const Checker checker = MakeChecker(options.policy, ExportCharset(options));
+    if (ChooseHoldingsType(options.holdings)) LoadDictionaries(options.policy.userDefined);
+    return checker.GetOptions();
 }
 
 // Puts the copies into each record, and decides whether it may leave.
-class ExportRun {
+class Exporter {
 public:
-    ExportRun(const ExportOptions& options, Checker& checker, Reporter& reporter)
-        : charset_(ExportCharset(options)),
-          checker_(checker),
-          reporter_(reporter),
-          holdings_(options.holdings, options.input.files) {}
+    Exporter(Charset charset, const CheckerOptions& checking, const ExportHoldings& holdings,
+             Reporter& reporter)
+        : charset_(charset),
+          checker_(checking),
+          holdings_(holdings.MakeWriter()),
+          reporter_(reporter) {}
 
     std::string Prepare(Item& item, Losses& losses) {
-        holdings_.Write(item, charset_, losses);
+        holdings_->Write(item.record, item.number, charset_, losses);
         checker_.Check(item.record, findings_);
         const Verdict verdict = checker_.GetPolicy().VerdictOf(findings_);
         if (verdict == kMustStay) return Lines();
@@ -44,8 +44,6 @@ public:
         return {};
     }
 
-    Status SayUnused() { return holdings_.SayUnused(reporter_); }
-
 private:
     std::string Lines() const {
         std::string lines;
@@ -54,9 +52,9 @@ private:
     }
 
     Charset charset_;
-    Checker& checker_;
+    Checker checker_;
+    std::unique_ptr<RecordHoldings> holdings_;
     Reporter& reporter_;
-    ExportHoldings holdings_;
     std::vector<Finding> findings_;
 };
 
@@ -73,22 +71,24 @@ Status ExportFiles(ExportOptions options, Reporter& reporter) {
     options.output.verify = true;
     CheckFiles(options);
     const SettingsKeeper settings;
-    Checker checker = PutAllInForce(options);
-    std::vector<Finding> findings;
-    options.input.where.isValid = [&](const Record& record) {
-        return IsValidUnder(checker, record, findings);
+    const CheckerOptions checking = PutAllInForce(options);
+    options.input.where.isValid = ValidityUnder(checking);
+    const ExportHoldings holdings(options.holdings, options.input.files);
+    const auto prepare = [&](Reporter& own) -> Preparation {
+        const auto exporter =
+            std::make_shared<Exporter>(ExportCharset(options), checking, holdings, own);
+        return [exporter](Item& item, Losses& losses) { return exporter->Prepare(item, losses); };
     };
-    ExportRun run(options, checker, reporter);
     bool readAll = false;
     const ItemSource files = [&](const auto& take) {
         const Status read = ReadFiles(options.input, reporter, take);
         readAll = options.input.where.AsksForAll();
         return read;
     };
-    const auto prepare = [&](Item& item, Losses& losses) { return run.Prepare(item, losses); };
     const Status written =
-        WriteItems(files, options.input.charset, options.output, reporter, prepare);
-    return readAll ? std::max(written, run.SayUnused()) : written;
+        WriteItems(files, options.input.charset, options.output, reporter, prepare(reporter),
+                   [&](Reporter& own, Steps&) { return prepare(own); });
+    return readAll ? std::max(written, holdings.SayUnused(reporter)) : written;
 }
 
 }  // namespace quillory

@@ -39,11 +39,10 @@ ExportHoldings::ExportHoldings(const HoldingsOptions& options,
                                                ParseByteSize("--memory", options.memory));
         CheckFile(*file_, files);
     }
-    holdings_ = std::make_unique<RecordHoldings>(from_, to_, file_.get());
 }
 
-void ExportHoldings::Write(Item& item, Charset charset, Losses& losses) {
-    holdings_->Write(item.record, item.number, charset, losses);
+std::unique_ptr<RecordHoldings> ExportHoldings::MakeWriter() const {
+    return std::make_unique<RecordHoldings>(from_, to_, file_.get());
 }
 
 Status ExportHoldings::SayUnused(Reporter& reporter) const {

@@ -21,7 +21,7 @@ struct HoldingsOptions {
 // dictionaries have to be loaded again. Throws UsageError.
 bool ChooseHoldingsType(const HoldingsOptions& options);
 
-// The copies of records on their way to a file.
+// The copies that go into records on their way to a file.
 class ExportHoldings {
 public:
     // Dictionaries and settings are in force. `files` are those of the records. Throws FileError
@@ -30,7 +30,8 @@ public:
     ExportHoldings(const ExportHoldings&) = delete;
     ExportHoldings& operator=(const ExportHoldings&) = delete;
 
-    void Write(Item& item, Charset charset, Losses& losses);
+    // What writes copies into records, for one thread; this outlives it.
+    std::unique_ptr<RecordHoldings> MakeWriter() const;
     // Names each line of the file to which no record belongs; kStatusFindings if there is one.
     Status SayUnused(Reporter& reporter) const;
 
@@ -38,7 +39,6 @@ private:
     HoldingsSystem to_;
     HoldingsSystem from_;
     std::unique_ptr<HoldingsFile> file_;
-    std::unique_ptr<RecordHoldings> holdings_;
 };
 
 }  // namespace quillory

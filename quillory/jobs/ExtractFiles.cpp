@@ -5,6 +5,7 @@
 #include <quillory/sets/KeyPlaces.h>
 
 #include <algorithm>
+#include <memory>
 
 namespace quillory {
 namespace {
@@ -34,18 +35,82 @@ void AddValue(const PlacePattern& pattern, bool isOfLastField, std::string_view 
     }
 }
 
-void TakeValues(const Record& record, const std::vector<PlaceSet>& columns, ValueReader& reader,
-                TableValues& values) {
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        values[i].clear();
+// Takes the values of the columns out of one record after the other.
+class ValueTaker {
+public:
+    ValueTaker(const std::vector<PlaceSet>& columns, Charset charset)
+        : columns_(columns), reader_(charset) {}
+
+    TableValues Take(const Record& record) {
+        TableValues values(columns_.size());
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            TakeColumn(record, columns_[i], values[i]);
+        }
+        return values;
+    }
+
+private:
+    void TakeColumn(const Record& record, const PlaceSet& column,
+                    std::vector<std::string>& values) {
         Place field;
-        reader.ForEach(record, columns[i], [&](const Place& place, std::string_view value) {
-            const bool isOfLastField = !values[i].empty() && place.Field() == field;
-            AddValue(columns[i].patterns.front(), isOfLastField, value, values[i]);
+        reader_.ForEach(record, column, [&](const Place& place, std::string_view value) {
+            const bool isOfLastField = !values.empty() && place.Field() == field;
+            AddValue(column.patterns.front(), isOfLastField, value, values);
             field = place.Field();
         });
     }
-}
+
+    const std::vector<PlaceSet>& columns_;
+    ValueReader reader_;
+};
+
+// Hands the values of records to a table, and keeps the rest.
+class ExtractRun {
+public:
+    ExtractRun(const ExtractOptions& options, const std::vector<PlaceSet>& columns,
+               ValueTable& table, Reporter& reporter)
+        : columns_(columns),
+          charset_(options.input.charset),
+          table_(table),
+          damage_(options.rejects, reporter),
+          taker_(columns, charset_) {}
+
+    ItemJob Job() {
+        return {[this](const Item& item) {
+                    if (damage_.Take(item)) table_.TakeRecord(taker_.Take(item.record));
+                    return true;
+                },
+                [this](Reporter& own, Steps& steps) {
+                    const auto taker = std::make_shared<ValueTaker>(columns_, charset_);
+                    return MakeWorker([this, taker, &own, &steps](const Item& item) {
+                        Share(item, *taker, own, steps);
+                    });
+                }};
+    }
+
+    void Complete() {
+        damage_.Complete();
+        table_.Finish();
+    }
+
+    Status FinishDamage() {
+        damage_.Finish();
+        return damage_.Result();
+    }
+
+private:
+    void Share(const Item& item, ValueTaker& taker, Reporter& own, Steps& steps) {
+        if (DamageKeeper::Say(item, own)) steps.emplace_back([this, &item] { damage_.Keep(item); });
+        if (item.kind != kItemRecord) return;
+        steps.emplace_back([this, values = taker.Take(item.record)] { table_.TakeRecord(values); });
+    }
+
+    const std::vector<PlaceSet>& columns_;
+    Charset charset_;
+    ValueTable& table_;
+    DamageKeeper damage_;
+    ValueTaker taker_;
+};
 
 }  // namespace
 
@@ -53,27 +118,17 @@ Status ExtractFiles(const ExtractOptions& options, ValueTable& table, Reporter& 
     CheckNotAnInput(options.input.files, options.rejects);
     const PlaceSet places = ParsePlaces("--fields", options.fields);
     const std::vector<PlaceSet> columns = Divided(places);
-    ValueReader reader(options.input.charset);
-    TableValues values(columns.size());
-    DamageKeeper damage(options.rejects, reporter);
+    ExtractRun run(options, columns, table, reporter);
     TableColumns names;
     for (const PlacePattern& pattern : places.patterns) names.push_back(NameOf(pattern));
     table.Begin(names);
     Status read = kStatusWell;
     try {
-        read = ReadFiles(options.input, reporter, [&](Item& item) {
-            if (damage.Take(item)) {
-                TakeValues(item.record, columns, reader, values);
-                table.TakeRecord(values);
-            }
-            return true;
-        });
-        damage.Complete();
-        table.Finish();
+        read = ReadFiles(options.input, reporter, run.Job());
+        run.Complete();
     } catch (const ClosedPipe&) {  // whoever reads has seen enough
     }
-    damage.Finish();
-    return std::max(read, damage.Result());
+    return std::max(read, run.FinishDamage());
 }
 
 }  // namespace quillory

@@ -9,6 +9,7 @@
 #include <quillory/queries/RecordNumbers.h>
 
 #include <algorithm>
+#include <memory>
 #include <random>
 
 namespace quillory {
@@ -127,9 +128,8 @@ public:
     Status Run() {
         Status read = kStatusWell;
         try {
-            read = ReadAllItems(
-                options_.input, reporter_, [this](const Item& item) { return Take(item); },
-                [this](const Form& form) { BeginFile(form); });
+            read = ReadAllItems(options_.input, reporter_, Job(),
+                                [this](const Form& form) { BeginFile(form); });
             copier_.EndFile();
             Finish();
         } catch (const ClosedPipe&) {
@@ -142,6 +142,29 @@ public:
     }
 
 private:
+    // Work is shared out where neither an end before the last record nor a list of IDs has to be
+    // kept in mind.
+    ItemJob Job() {
+        ItemJob job{[this](const Item& item) { return Take(item); }};
+        if (!options_.first && options_.numbers.empty() && options_.ids.empty()) {
+            job.makeWorker = [this](Reporter& own, Steps& steps) { return Share(own, steps); };
+        }
+        return job;
+    }
+
+    std::unique_ptr<ItemWorker> Share(Reporter& own, Steps& steps) {
+        const auto choice = std::make_shared<Choice>(options_);
+        return MakeWorker([this, choice, &own, &steps](const Item& item) {
+            const bool isDamaged = item.kind != kItemFrame && DamageKeeper::Say(item, own);
+            const bool isPicked = item.kind == kItemRecord && choice->Takes(item);
+            steps.emplace_back([this, &item, isDamaged, isPicked] {
+                copier_.Pass(item);
+                if (isDamaged) damage_.Keep(item);
+                if (isPicked) Pick(item);
+            });
+        });
+    }
+
     void BeginFile(const Form& form) {
         copier_.EndFile();
         copier_.BeginFile(form, reporter_.File());

@@ -4,6 +4,8 @@
 #include <quillory/queries/ConditionText.h>
 
 #include <algorithm>
+#include <memory>
+#include <mutex>
 #include <utility>
 
 namespace quillory {
@@ -11,6 +13,21 @@ namespace quillory {
 bool IsValidUnder(Checker& checker, const Record& record, std::vector<Finding>& findings) {
     checker.Check(record, findings);
     return checker.GetPolicy().VerdictOf(findings) != kMustStay;
+}
+
+std::function<bool(const Record&)> ValidityUnder(const CheckerOptions& options) {
+    struct Asked {
+        explicit Asked(const CheckerOptions& checking) : checker(checking) {}
+
+        Checker checker;
+        std::vector<Finding> findings;
+        std::mutex oneAtATime;
+    };
+    const auto asked = std::make_shared<Asked>(options);
+    return [asked](const Record& record) {
+        const std::lock_guard lock(asked->oneAtATime);
+        return IsValidUnder(asked->checker, record, asked->findings);
+    };
 }
 
 RecordFilter::RecordFilter(const WhereOptions& options, Charset charset, const std::string& name) {

@@ -5,6 +5,7 @@
 #include <quillory/jobs/WhereOptions.h>
 #include <quillory/queries/Query.h>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -36,5 +37,7 @@ private:
 
 // Whether a record with these findings is what a query calls valid.
 bool IsValidUnder(Checker& checker, const Record& record, std::vector<Finding>& findings);
+// The same for WhereOptions, with what is in force now. Several threads may ask at a time.
+std::function<bool(const Record& record)> ValidityUnder(const CheckerOptions& options);
 
 }  // namespace quillory

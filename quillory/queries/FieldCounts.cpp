@@ -1,7 +1,25 @@
 #include <quillory/exchange/Subfields.h>
 #include <quillory/queries/FieldCounts.h>
 
+#include <cstddef>
+
 namespace quillory {
+namespace {
+
+template <class Tallies>
+void AddEach(const Tallies& others, Tallies& tallies) {
+    for (std::size_t i = 0; i < tallies.size(); ++i) tallies[i].Add(others[i]);
+}
+
+}  // namespace
+
+void FieldCounts::Counts::Add(const Counts& others) {
+    field.Add(others.field);
+    AddEach(others.codes, codes);
+    for (std::size_t i = 0; i < indicators.size(); ++i) {
+        AddEach(others.indicators[i], indicators[i]);
+    }
+}
 
 FieldCounts::Counts& FieldCounts::CountsOf(std::string_view tag) {
     const unsigned number = TagNumber(tag);
@@ -30,6 +48,14 @@ void FieldCounts::Add(const Record& record) {
             counts.indicators[i][static_cast<unsigned char>(field.content[i])].Add(records_);
         }
     }
+}
+
+void FieldCounts::Add(const FieldCounts& others) {
+    records_ += others.records_;
+    fields_ += others.fields_;
+    subfields_ += others.subfields_;
+    others.ForEach(
+        [this](const std::string& tag, const Counts& counts) { CountsOf(tag).Add(counts); });
 }
 
 }  // namespace quillory

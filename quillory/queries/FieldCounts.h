@@ -23,12 +23,19 @@ struct Tally {
         if (lastRecord != record) ++records;
         lastRecord = record;
     }
+    // What was counted of other records.
+    void Add(const Tally& others) {
+        records += others.records;
+        count += others.count;
+    }
 };
 
 // Counts fields, their subfields and indicators.
 class FieldCounts {
 public:
     void Add(const Record& record);
+    // What was counted of other records.
+    void Add(const FieldCounts& others);
 
     std::uint64_t Records() const { return records_; }
     std::uint64_t Fields() const { return fields_; }
@@ -65,6 +72,8 @@ private:
         Tally field;
         Bytes codes;
         std::array<Bytes, 2> indicators;
+
+        void Add(const Counts& others);
     };
 
     template <class Take>

@@ -86,6 +86,14 @@ void ValueCounts::Add(const Record& record) {
     if (any) ++recordsWith_;
 }
 
+void ValueCounts::Add(const ValueCounts& others) {
+    records_ += others.records_;
+    recordsWith_ += others.recordsWith_;
+    for (const auto& [element, tallies] : others.tallies_) {
+        for (const auto& [value, tally] : tallies) tallies_[element][value].Add(tally);
+    }
+}
+
 std::vector<ValueCounts::Row> ValueCounts::Rows() const {
     std::vector<Row> rows;
     for (const auto& [element, tallies] : tallies_) {

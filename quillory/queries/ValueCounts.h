@@ -22,6 +22,8 @@ public:
     ValueCounts(PlaceSet places, Charset charset, const CodeLists* lists);
 
     void Add(const Record& record);
+    // What was counted of other records at the same places.
+    void Add(const ValueCounts& others);
 
     struct Row {
         std::string value;  // UTF-8

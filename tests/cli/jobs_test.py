@@ -41,7 +41,14 @@ class SharedWork(Cli):
                         ("convert", "--to-charset", "marc8", "--verbose", *rejects),
                         ("convert", "--where", "valid and 245a contains a"),
                         ("check",), ("check", "--each"), ("check", "--format", "jsonl"),
-                        ("repair", *rejects), ("repair", "--each", "--dry-run")):
+                        ("repair", *rejects), ("repair", "--each", "--dry-run"),
+                        ("count", "--subfields", "--values", "650a"),
+                        ("extract", "--fields", "001,245ab", *rejects),
+                        ("edit", "replace", "245a", "--text", "the", "--with", "THE",
+                         "--where", "valid", *rejects),
+                        ("export", "--lenient", *rejects),
+                        ("pick", "--where", "245a contains a", *rejects),
+                        ("pick", "--ids", self.path("ids", b"sample-1\n"))):
             with self.subTest(command):
                 alone = self.outcome(*command, "--jobs", "1", source)
                 for jobs in ("2", "5"):

@@ -3,17 +3,27 @@
 #include <quillory/exchange/Channel.h>
 #include <quillory/jobs/CheckFiles.h>
 #include <quillory/jobs/ConvertFiles.h>
+#include <quillory/jobs/CountRecords.h>
+#include <quillory/jobs/EditFiles.h>
+#include <quillory/jobs/ExportFiles.h>
+#include <quillory/jobs/ExtractFiles.h>
+#include <quillory/jobs/PickRecords.h>
 #include <quillory/jobs/RepairFiles.h>
 #include <quillory/reports/CheckReports.h>
+#include <quillory/reports/CountDocument.h>
+#include <quillory/reports/EditMessages.h>
 #include <quillory/reports/RepairMessages.h>
+#include <quillory/reports/ValueTables.h>
 
 #include <deque>
+#include <filesystem>
 #include <fstream>
 #include <random>
 #include <string>
 #include <sys/stat.h>
 #include <tests/quillory/Records.h>
 #include <tests/quillory/checks/DictionariesInForce.h>
+#include <tests/quillory/edits/EditFixture.h>
 #include <tests/quillory/exchange/TemporaryFile.h>
 #include <tests/quillory/jobs/JobsFixture.h>
 #include <thread>
@@ -81,13 +91,14 @@ std::string Damaged(std::string bytes, std::mt19937& random) {
 // What a run left: files, messages, status.
 struct Outcome {
     Status status = kStatusWell;
-    std::string output, rejects, messages;
+    std::string output, rejects, beside, messages, error;
 
     bool operator==(const Outcome&) const = default;
 };
 
 void PrintTo(const Outcome& outcome, std::ostream* out) {
-    *out << outcome.status << "\n" << outcome.messages << outcome.output.size() << " bytes";
+    *out << outcome.status << "\n"
+         << outcome.messages << outcome.error << outcome.output.size() << " bytes";
 }
 
 // Does the work of `run`, which is given options, alone and shared out.
@@ -119,6 +130,13 @@ protected:
         return folder_.Read("converted");
     }
 
+    // The bytes of a file, which is gone then; none if there is no such file.
+    std::string TakeFile(const std::string& name) {
+        std::string bytes = folder_.Read(name);
+        std::filesystem::remove(folder_.Path(name));
+        return bytes;
+    }
+
     // What `run`, which works by these options, leaves.
     template <class Run>
     Outcome OutcomeOf(const CrewOptions& crew, bool saysAll, InputOptions input,
@@ -128,9 +146,10 @@ protected:
         output.output = folder_.Path("output");
         output.rejects = folder_.Path("rejects");
         Outcome outcome;
-        outcome.status = run(input, output, reporter);
-        outcome.output = folder_.Read("output");
-        outcome.rejects = folder_.Read("rejects");
+        outcome.error = ErrorOf([&] { outcome.status = run(input, output, reporter); });
+        outcome.output = TakeFile("output");
+        outcome.rejects = TakeFile("rejects");
+        outcome.beside = TakeFile("beside");
         outcome.messages = Said();
         return outcome;
     }
@@ -197,6 +216,77 @@ TEST_F(SharedWork, Check) {
             const auto report = MakeCheckReport({format, output.output, 0}, reporter);
             return CheckFiles({input}, checker, first, *report, reporter, another);
         });
+    }
+}
+
+TEST_F(SharedWork, Count) {
+    const DictionariesInForce dictionaries;
+    ExpectTheSame(20, [&](const InputOptions& input, const OutputOptions& output, Reporter& own) {
+        RecordCounts counts;
+        const Status status =
+            CountRecords({input, {"245a", "008/35-37", "020a,035a"}}, counts, own);
+        const CountDocumentOptions all{.subfields = true, .indicators = true};
+        WriteCounts(MakeCountDocument(counts, all), kCountText, output.output);
+        return status;
+    });
+}
+
+TEST_F(SharedWork, Extract) {
+    ExpectTheSame(30, [](const InputOptions& input, const OutputOptions& output, Reporter& own) {
+        const auto table = MakeValueTable({.output = output.output, .isRowEach = true});
+        return ExtractFiles({input, "001,245ac,650,leader/06", output.rejects}, *table, own);
+    });
+}
+
+TEST_F(SharedWork, Pick) {
+    for (const bool isSample : {false, true}) {
+        SCOPED_TRACE(isSample);
+        ExpectTheSame(30,
+                      [&](const InputOptions& input, const OutputOptions& output, Reporter& own) {
+                          PickOptions options;
+                          options.input = input;
+                          options.output = output.output;
+                          options.rejects = output.rejects;
+                          options.input.where.expression = "not 245a contains \"title\"";
+                          options.invert = output.eachLoss;
+                          if (isSample) options.sample = 7;
+                          return PickRecords(options, own);
+                      });
+    }
+}
+
+TEST_F(SharedWork, Edit) {
+    const auto task = [] {
+        EditTask made =
+            TaskOf("replace", {{"place", "245a"}, {"text", "Title"}, {"with", "\u4e00"}});
+        made.steps.push_back(StepOf("set", {{"place", "008/35-37"}, {"value", "eng"}}));
+        made.steps.push_back(StepOf("delete", {{"place", "500"}}));
+        return made;
+    };
+    for (const bool isDryRun : {false, true}) {
+        SCOPED_TRACE(isDryRun);
+        ExpectTheSame(30,
+                      [&](const InputOptions& input, const OutputOptions& output, Reporter& own) {
+                          EditMessages report({folder_.Path("beside"), false, false}, own);
+                          return EditFiles({input, output, isDryRun}, task(), report, own, task);
+                      });
+    }
+}
+
+TEST_F(SharedWork, Export) {
+    const DictionariesInForce dictionaries;
+    const std::string copies = File("copies.tsv", "001\t852p\nid1\tA\nid2\tB\nid2\tC\nid99\tD\n");
+    for (const std::string& file : {std::string(), copies}) {
+        SCOPED_TRACE(file);
+        ExpectTheSame(30,
+                      [&](const InputOptions& input, const OutputOptions& output, Reporter& own) {
+                          ExportOptions options{input, output, {}, {}};
+                          options.policy.policy.kind = kPolicyBasic;
+                          options.holdings.file = file;
+                          options.holdings.type = "Dynix";
+                          if (output.eachLoss) options.input.where.expression = "valid";
+                          return ExportFiles(options, own);
+                      });
     }
 }
 
