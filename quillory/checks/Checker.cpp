@@ -4,6 +4,8 @@
 #include <quillory/coded/Material.h>
 #include <zorby/checking/RecordError.h>
 
+#include <utility>
+
 namespace quillory {
 namespace {
 
@@ -20,6 +22,11 @@ void CheckRules(const RecordFacts& facts, FindingSink& findings) {
     }
 }
 
+CheckerOptions WithRules(CheckerOptions options) {
+    if (!options.rules) options.rules = std::make_shared<FieldRules>(options.allowLocal);
+    return options;
+}
+
 // The size of a record as the communications format counts it, ends included.
 std::size_t SizeOf(const Record& record) {
     std::size_t size = kLeaderSize + 2;
@@ -32,47 +39,32 @@ std::size_t SizeOf(const Record& record) {
 }  // namespace
 
 Checker::Checker(CheckerOptions options)
-    : options_(options), rules_(options.allowLocal), occurrences_(kTags) {}
-
-void Checker::Begin() {
-    for (const unsigned tag : touched_) occurrences_[tag] = 0;
-    touched_.clear();
-    oddTags_.clear();
-}
+    : options_(WithRules(std::move(options))), record_(*options_.rules) {}
 
 void Checker::Check(const Record& record, std::vector<Finding>& findings) {
-    Begin();
+    record_.Take(record);
+    Check(record, record_, findings);
+}
+
+void Checker::Check(const Record& record, const RecordInHand& inHand,
+                    std::vector<Finding>& findings) {
     findings.clear();
     FindingSink sink(policy_, options_.findsAll, findings);
     RecordFacts facts;
     facts.leader = record.leader;
     const bool isBibliographic = IsBibliographic(record.leader);
-    for (const CommFormatField& field : record.fields) {
-        CheckField(field, isBibliographic, facts, sink);
+    for (const CheckedField& field : inHand.Fields()) {
+        for (const FieldCheck& check : FieldChecks()) {
+            if (!isBibliographic && !check.isForAllFormats) continue;
+            check.check({inHand, field, facts, options_.allowLocal}, sink);
+        }
+        if (isBibliographic && field.number != kNoTag) facts.Take(inHand, field);
     }
     if (isBibliographic) {
         CheckRules(facts, sink);
         CheckTitleCase(record, facts, sink);
     }
     if (SizeOf(record) > kMostOfRecord) sink.Add(EC_RecordTooLong, Place::OfRecord());
-}
-
-void Checker::CheckField(const CommFormatField& field, bool isBibliographic, RecordFacts& facts,
-                         FindingSink& findings) {
-    const unsigned tag = TagNumber(field.tag);
-    const std::uint32_t occurrence = Occurrence(field.tag, tag);
-    const FieldInHand inHand{
-        field, Place::OfField(field.tag, occurrence), tag, rules_, facts, options_.allowLocal};
-    for (const FieldCheck& check : FieldChecks()) {
-        if (isBibliographic || check.isForAllFormats) check.check(inHand, findings);
-    }
-    if (isBibliographic && tag != kNoTag) facts.Take(field, rules_.Of(tag), occurrence);
-}
-
-std::uint32_t Checker::Occurrence(std::string_view tag, unsigned number) {
-    if (number == kNoTag) return ++oddTags_[Place::OfField(tag).tag];
-    if (occurrences_[number] == 0) touched_.push_back(number);
-    return ++occurrences_[number];
 }
 
 void Checker::CheckTitleCase(const Record& record, const RecordFacts& facts,

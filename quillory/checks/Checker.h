@@ -3,14 +3,12 @@
 #include <quillory/checks/FieldRules.h>
 #include <quillory/checks/FindingSink.h>
 #include <quillory/checks/RecordFacts.h>
+#include <quillory/checks/RecordInHand.h>
 #include <quillory/checks/TitleCase.h>
 #include <quillory/exchange/Record.h>
 #include <quillory/text/Charset.h>
 
-#include <array>
-#include <cstdint>
-#include <map>
-#include <string_view>
+#include <memory>
 #include <vector>
 
 namespace quillory {
@@ -19,6 +17,8 @@ struct CheckerOptions {
     Charset charset = kCharsetAuto;  // of the records; auto: each record is asked
     bool allowLocal = true;          // fields and subfields that the format leaves to libraries
     bool findsAll = false;           // also what the policy does not want
+    // Of fields; null for those of the dictionary and the holdings system in force.
+    std::shared_ptr<const FieldRules> rules = nullptr;
 };
 
 // Checks bibliographic records for what stops or mars an export. Policy, dictionary and holdings
@@ -35,25 +35,20 @@ public:
     // Replaces `findings` by those on the record that are wanted: in the order of the fields,
     // and then what the record lacks.
     void Check(const Record& record, std::vector<Finding>& findings);
+    // The same for a record that was taken apart by the rules of its format.
+    void Check(const Record& record, const RecordInHand& inHand, std::vector<Finding>& findings);
 
     const Policy& GetPolicy() const { return policy_; }
-    const FieldRules& GetFieldRules() const { return rules_; }
+    // With the rules of fields, which other checkers can share.
     const CheckerOptions& GetOptions() const { return options_; }
 
 private:
-    void Begin();
-    std::uint32_t Occurrence(std::string_view tag, unsigned number);
-    void CheckField(const zorby::CommFormatField& field, bool isBibliographic, RecordFacts& facts,
-                    FindingSink& findings);
     void CheckTitleCase(const Record& record, const RecordFacts& facts, FindingSink& findings);
 
     CheckerOptions options_;
     Policy policy_;
-    FieldRules rules_;
+    RecordInHand record_;
     TitleCase titleCase_;
-    std::vector<std::uint32_t> occurrences_;                       // by tag
-    std::vector<unsigned> touched_;                                // tags with occurrences
-    std::map<std::array<char, kTagSize>, std::uint32_t> oddTags_;  // occurrences of other tags
 };
 
 }  // namespace quillory

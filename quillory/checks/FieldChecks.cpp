@@ -1,5 +1,4 @@
 #include <quillory/checks/FieldChecks.h>
-#include <quillory/exchange/Subfields.h>
 #include <zorby/checking/RecordError.h>
 
 #include <algorithm>
@@ -32,73 +31,76 @@ E_ERROR_CODE ManyMainEntries(unsigned firstTag) {
     }
 }
 
-void CheckLength(const FieldInHand& field, FindingSink& findings) {
-    if (field.field.content.size() <= kMostOfField) return;
-    findings.Add(EC_FieldTooLong, field.place);
-    if (field.tag < kFirstDataTag) return;
-    ForEachSubfield(field.field.content, [&](char code, std::string_view text) {
-        if (text.size() > kMostOfSubfield) {
-            findings.Add(EC_SubfieldTooLong, field.place.Subfield(code));
-        }
-    });
+void CheckLength(const FieldInHand& inHand, FindingSink& findings) {
+    const CheckedField& field = inHand.field;
+    if (field.content.size() <= kMostOfField) return;
+    findings.Add(EC_FieldTooLong, field.GetPlace());
+    for (const auto& [code, text] : inHand.Subfields()) {
+        if (text.size() <= kMostOfSubfield) continue;
+        findings.Add(EC_SubfieldTooLong, field.GetPlace().Subfield(code));
+    }
 }
 
-void CheckMainEntry(const FieldInHand& field, FindingSink& findings) {
-    if (field.tag == kNoTag || field.rules.Of(field.tag).role != kRoleMainEntry) return;
-    const unsigned first = field.facts.mainEntry;
-    if (first != 0) findings.Add(ManyMainEntries(first), field.place);
+void CheckMainEntry(const FieldInHand& inHand, FindingSink& findings) {
+    const CheckedField& field = inHand.field;
+    if (field.number == kNoTag || inHand.OwnRule().role != kRoleMainEntry) return;
+    const unsigned first = inHand.facts.mainEntry;
+    if (first != 0) findings.Add(ManyMainEntries(first), field.GetPlace());
 }
 
-void CheckTitles(const FieldInHand& field, FindingSink& findings) {
-    if (field.tag == kNoTag || field.rules.Of(field.tag).role != kRoleTitle) return;
-    bool hasTitle = !field.facts.title.empty();
-    ForEachSubfield(field.field.content, [&](char code, std::string_view text) {
-        if (code != 'a' || !HasText(text)) return;
-        if (hasTitle) findings.Add(EC_TooManyTitles, field.place.Subfield('a'));
+void CheckTitles(const FieldInHand& inHand, FindingSink& findings) {
+    const CheckedField& field = inHand.field;
+    if (field.number == kNoTag || inHand.OwnRule().role != kRoleTitle) return;
+    bool hasTitle = !inHand.facts.title.empty();
+    for (const auto& [code, text] : inHand.Subfields()) {
+        if (code != 'a' || !HasText(text)) continue;
+        if (hasTitle) findings.Add(EC_TooManyTitles, field.GetPlace().Subfield('a'));
         hasTitle = true;
-    });
+    }
 }
 
 // A linked field has the subfields of the field whose text it gives in another script.
-const FieldRule& RuleFor(const FieldInHand& field) {
-    const FieldRule* rule = &field.rules.Of(field.tag);
+const FieldRule& RuleFor(const FieldInHand& inHand) {
+    const FieldRule* rule = &inHand.OwnRule();
     if (rule->role != kRoleLinked) return *rule;
-    ForEachSubfield(field.field.content, [&](char code, std::string_view text) {
+    for (const auto& [code, text] : inHand.Subfields()) {
         const unsigned tag = code == '6' ? TagNumber(text.substr(0, kTagSize)) : kNoTag;
-        if (tag != kNoTag && field.rules.Of(tag).isKnown) rule = &field.rules.Of(tag);
-    });
+        if (tag != kNoTag && inHand.record.RuleOf(tag).isKnown) rule = &inHand.record.RuleOf(tag);
+    }
     return *rule;
 }
 
 // Names each code once a field.
-void CheckSubfields(const FieldInHand& field, FindingSink& findings) {
-    const FieldRule& rule = RuleFor(field);
-    if (rule.hasAnyCodes) return;
+void CheckSubfields(const FieldInHand& inHand, FindingSink& findings) {
+    const FieldRule& rule = RuleFor(inHand);
+    if (rule.Allows(inHand.field.codes, inHand.field.repeated)) return;
     Codes seen;
     Codes repeated;
-    ForEachSubfield(field.field.content, [&](char code, std::string_view) {
+    for (const auto& [code, text] : inHand.Subfields()) {
         const std::size_t i = IndexOf(code);
+        const Place place = inHand.field.GetPlace().Subfield(code);
         if (!seen[i]) {
             seen.set(i);
-            if (!rule.codes[i]) findings.Add(EC_NotMARC, field.place.Subfield(code));
+            if (!rule.codes[i]) findings.Add(EC_NotMARC, place);
         } else if (rule.codes[i] && !rule.repeatableCodes[i] && !repeated[i]) {
             repeated.set(i);
-            findings.Add(EC_NotRepeatable, field.place.Subfield(code));
+            findings.Add(EC_NotRepeatable, place);
         }
-    });
+    }
 }
 
-void CheckDictionary(const FieldInHand& field, FindingSink& findings) {
+void CheckDictionary(const FieldInHand& inHand, FindingSink& findings) {
     if (!findings.Wants(EC_NotMARC) && !findings.Wants(EC_NotRepeatable)) return;
-    const bool isNumber = field.tag != kNoTag;
-    const bool isKnown = isNumber ? field.rules.Of(field.tag).isKnown
-                                  : field.allowsLocal && IsMadeUpTag(field.place.Tag());
-    if (!isKnown) findings.Add(EC_NotMARC, field.place);
+    const CheckedField& field = inHand.field;
+    const bool isNumber = field.number != kNoTag;
+    const bool isKnown =
+        isNumber ? inHand.OwnRule().isKnown : inHand.allowsLocal && IsMadeUpTag(field.tag);
+    if (!isKnown) findings.Add(EC_NotMARC, field.GetPlace());
     if (!isKnown || !isNumber) return;
-    if (!field.rules.Of(field.tag).isRepeatable && field.place.occurrence > 1) {
-        findings.Add(EC_NotRepeatable, field.place);
+    if (!inHand.OwnRule().isRepeatable && field.occurrence > 1) {
+        findings.Add(EC_NotRepeatable, field.GetPlace());
     }
-    if (!field.field.IsControlField()) CheckSubfields(field, findings);
+    if (field.IsData()) CheckSubfields(inHand, findings);
 }
 
 // To add a check of fields, add its row here.

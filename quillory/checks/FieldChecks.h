@@ -1,21 +1,22 @@
 #pragma once
 
-#include <quillory/checks/FieldRules.h>
 #include <quillory/checks/FindingSink.h>
 #include <quillory/checks/RecordFacts.h>
+#include <quillory/checks/RecordInHand.h>
 
 #include <span>
 
 namespace quillory {
 
-// A field of a record that is being checked.
+// A field, with the record to which it belongs.
 struct FieldInHand {
-    const zorby::CommFormatField& field;
-    Place place;   // the field, with its occurrence
-    unsigned tag;  // its number, or kNoTag
-    const FieldRules& rules;
+    const RecordInHand& record;
+    const CheckedField& field;
     const RecordFacts& facts;  // what came before the field
     bool allowsLocal;          // fields and subfields that the format leaves to libraries
+
+    const FieldRule& OwnRule() const { return record.OwnRuleOf(field); }
+    std::span<const SubfieldInHand> Subfields() const { return record.SubfieldsOf(field); }
 };
 
 // One check of a field.

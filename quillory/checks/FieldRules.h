@@ -46,6 +46,11 @@ struct FieldRule {
     Codes repeatableCodes;
     Codes obsoleteCodes;
     std::array<IndicatorRule, 2> indicators;
+
+    // Whether a field may have these subfields, the second of them more than once.
+    bool Allows(const Codes& has, const Codes& repeats) const {
+        return hasAnyCodes || ((has & ~codes) | (repeats & ~repeatableCodes)).none();
+    }
 };
 
 // The format's dictionary and the holdings system in force when the object is made, by tag.

@@ -1,21 +1,20 @@
 #include <quillory/checks/RecordFacts.h>
-#include <quillory/exchange/Subfields.h>
 
 namespace quillory {
 namespace {
 
-void Note(std::string_view content, FirstSubfields& found) {
-    ForEachSubfield(content, [&found](char code, std::string_view text) {
-        if (!HasText(text)) return;
+void Note(std::span<const SubfieldInHand> subfields, FirstSubfields& found) {
+    for (const auto& [code, text] : subfields) {
+        if (code < 'a' || 'c' < code || !HasText(text)) continue;
         found.a = found.a || code == 'a';
         found.b = found.b || code == 'b';
         found.c = found.c || code == 'c';
-    });
+    }
 }
 
-bool HasTitle(std::string_view content) {
+bool HasTitle(std::span<const SubfieldInHand> subfields) {
     FirstSubfields found;
-    Note(content, found);
+    Note(subfields, found);
     return found.a;
 }
 
@@ -25,24 +24,25 @@ bool HasText(std::string_view text) {
     return text.find_first_not_of(" \t\r\n") != text.npos;
 }
 
-void RecordFacts::Take(const zorby::CommFormatField& field, const FieldRule& rule,
-                       std::uint32_t occurrence) {
-    if (field.tag == "008" && occurrence == 1) field008 = field.content;
+void RecordFacts::Take(const RecordInHand& record, const CheckedField& field) {
+    constexpr unsigned k008 = 8;
+    const FieldRule& rule = record.OwnRuleOf(field);
+    if (field.number == k008 && field.occurrence == 1) field008 = field.content;
     hasHoldings = hasHoldings || rule.isHoldings;
     switch (rule.role) {
         case kRoleMainEntry:
-            if (mainEntry == 0) mainEntry = TagNumber(field.tag);
+            if (mainEntry == 0) mainEntry = field.number;
             break;
         case kRoleTitle:
-            if (!title.empty() || !HasTitle(field.content)) break;
+            if (!title.empty() || !HasTitle(record.SubfieldsOf(field))) break;
             title = field.content;
-            titleOccurrence = occurrence;
+            titleOccurrence = field.occurrence;
             break;
         case kRolePublication:
-            Note(field.content, publication);
+            Note(record.SubfieldsOf(field), publication);
             break;
         case kRoleExtent:
-            Note(field.content, extent);
+            Note(record.SubfieldsOf(field), extent);
             break;
         case kRoleNote:
             hasNote = true;

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <quillory/checks/FieldRules.h>
-#include <zorby/record/CommFormat.h>
+#include <quillory/checks/RecordInHand.h>
 
 #include <cstdint>
 #include <string_view>
@@ -28,8 +27,8 @@ struct RecordFacts {
     bool hasSubject = false;
     bool hasHoldings = false;
 
-    // Takes in a field whose tag is a number. `occurrence` counts the fields of its tag, from 1.
-    void Take(const zorby::CommFormatField& field, const FieldRule& rule, std::uint32_t occurrence);
+    // Takes in a field of the record whose tag is a number.
+    void Take(const RecordInHand& record, const CheckedField& field);
 };
 
 // Whether a text has more than white space.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <quillory/rules/RecordInHand.h>
+#include <quillory/checks/RecordInHand.h>
 #include <quillory/rules/RemarkSink.h>
 
 #include <cstddef>

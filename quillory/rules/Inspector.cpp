@@ -59,11 +59,11 @@ bool IsMoot(RuleId rule, const RecordInHand& record) {
 Inspector::Inspector(CheckerOptions options, const RuleWeights& weights, const CodeLists& lists,
                      OwnRules* ownRules)
     : options_(options),
-      checker_(FindingAll(options)),
+      checker_(FindingAll(std::move(options))),
       weights_(weights),
-      record_(checker_.GetFieldRules()),
+      record_(*checker_.GetOptions().rules),
       coded_(lists),
-      others_(options.allowLocal),
+      others_(options_.allowLocal),
       ownRules_(ownRules) {
     weights_.Follow(checker_.GetPolicy());
 }
@@ -133,7 +133,7 @@ void Inspector::CheckBibliographic(RecordLook& look, RemarkSink& remarks) {
 
 void Inspector::TakeFindings(const Record& record, const RecordInHand& inHand,
                              RemarkSink& remarks) {
-    checker_.Check(record, findings_);
+    checker_.Check(record, inHand, findings_);
     for (const Finding& finding : findings_) {
         const RuleId rule = RuleOf(finding.code).id;
         if (IsFoundByStructure(finding.code) || IsMoot(rule, inHand)) continue;

@@ -2,7 +2,7 @@
 
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/Record.h>
-#include <quillory/rules/RecordInHand.h>
+#include <quillory/checks/RecordInHand.h>
 #include <quillory/rules/RemarkSink.h>
 
 #include <array>

@@ -4,7 +4,9 @@
 #include <quillory/exchange/Record.h>
 #include <quillory/places/Place.h>
 
+#include <array>
 #include <cstdint>
+#include <map>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -24,8 +26,13 @@ struct CheckedField {
     std::uint32_t occurrence;
     std::size_t firstSubfield;
     std::size_t subfields;
+    Codes codes;             // of its subfields
+    Codes repeated;          // those of them that stand there more than once
+    bool isPlain = true;     // printable ASCII and delimiters
+    bool lacksText = false;  // in one of its subfields, or as a whole
 
     bool IsData() const { return number != kNoTag && number >= kFirstDataTag; }
+    bool Has(char code) const { return codes[static_cast<unsigned char>(code)]; }
     Place GetPlace() const { return Place::OfField(tag, occurrence); }
     // 1 or 2; NUL where the field is too short to have it.
     char Indicator(int which) const {
@@ -34,12 +41,12 @@ struct CheckedField {
     }
 };
 
-// A record taken apart once for all rules. One object serves record after record and keeps its
+// A record taken apart once for all checks. One object serves record after record and keeps its
 // buffers.
 class RecordInHand {
 public:
     // Keeps the reference.
-    explicit RecordInHand(const FieldRules& rules) : rules_(rules), occurrences_(kTags) {}
+    explicit RecordInHand(const FieldRules& rules) : rules_(&rules), tags_(kTags) {}
 
     // The record's bytes have to last as long as they are asked for.
     void Take(const Record& record);
@@ -54,23 +61,38 @@ public:
         return std::span(subfields_).subspan(field.firstSubfield, field.subfields);
     }
     // The first field of a tag; null if there is none.
-    const CheckedField* First(unsigned tag) const;
-    bool Has(unsigned tag) const { return First(tag) != nullptr; }
+    const CheckedField* First(unsigned tag) const {
+        const FieldsOfTag& fields = tags_[tag];
+        return fields.count == 0 ? nullptr : &fields_[fields.first];
+    }
+    bool Has(unsigned tag) const { return tags_[tag].count != 0; }
     // The first 008, if it has all its 40 positions; null otherwise.
     const CheckedField* Whole008() const;
     // The first subfield of a code, of a field; empty if there is none.
     std::string_view TextOf(const CheckedField& field, char code) const;
-    const FieldRule& OwnRuleOf(const CheckedField& field) const { return rules_.Of(field.number); }
+    const FieldRule& RuleOf(unsigned tag) const { return rules_->Of(tag); }
+    const FieldRule& OwnRuleOf(const CheckedField& field) const { return RuleOf(field.number); }
     // What the field may have: for an 880 the rules of the field that it is linked to.
     const FieldRule& RuleFor(const CheckedField& field) const;
 
 private:
-    const FieldRules& rules_;
+    struct FieldsOfTag {
+        std::uint32_t count = 0;
+        std::uint32_t first = 0;  // its index
+    };
+
+    void Forget();
+    // Which of the fields of its tag it is, from 1.
+    std::uint32_t Count(std::string_view tag, unsigned number);
+    void TakeSubfields(CheckedField& field);
+    void AddSubfield(CheckedField& field, std::string_view codeAndText);
+
+    const FieldRules* rules_;
     std::string_view leader_;
     std::vector<CheckedField> fields_;
     std::vector<SubfieldInHand> subfields_;
-    std::vector<std::uint32_t> occurrences_;  // by tag
-    std::vector<unsigned> touched_;           // tags with occurrences
+    std::vector<FieldsOfTag> tags_;                                // by number
+    std::map<std::array<char, kTagSize>, std::uint32_t> oddTags_;  // occurrences of other tags
 };
 
 }  // namespace quillory

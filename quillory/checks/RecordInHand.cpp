@@ -1,0 +1,96 @@
+#include <quillory/checks/RecordInHand.h>
+#include <zorby/charset/PlainRun.h>
+
+#include <algorithm>
+
+namespace quillory {
+namespace {
+
+bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(' ') == text.npos;
+}
+
+}  // namespace
+
+void RecordInHand::Forget() {
+    for (const CheckedField& field : fields_) {
+        if (field.number != kNoTag) tags_[field.number].count = 0;
+    }
+    oddTags_.clear();
+    fields_.clear();
+    subfields_.clear();
+}
+
+void RecordInHand::Take(const Record& record) {
+    Forget();
+    leader_ = record.leader;
+    for (const auto& [tag, content] : record.fields) {
+        const unsigned number = TagNumber(tag);
+        CheckedField& field = fields_.emplace_back(
+            CheckedField{tag, content, number, Count(tag, number), subfields_.size(), 0, {}, {}});
+        if (number >= kFirstDataTag) {
+            TakeSubfields(field);
+        } else {
+            const char* const end = content.data() + content.size();
+            field.isPlain = zorby::PlainRunLength(content.data(), end) == content.size();
+            field.lacksText = IsBlank(content);
+        }
+    }
+}
+
+std::uint32_t RecordInHand::Count(std::string_view tag, unsigned number) {
+    if (number == kNoTag) return ++oddTags_[Place::OfField(tag).tag];
+    FieldsOfTag& fields = tags_[number];
+    if (fields.count == 0) fields.first = static_cast<std::uint32_t>(fields_.size());
+    return ++fields.count;
+}
+
+// As ForEachSubfield has them: what stands before the first delimiter, and a delimiter without a
+// code, are no subfields.
+void RecordInHand::TakeSubfields(CheckedField& field) {
+    const char* const end = field.content.data() + field.content.size();
+    const char* delimiter = nullptr;  // of the subfield in hand
+    for (const char* at = field.content.data();; ++at) {
+        at += zorby::PlainRunLength(at, end);
+        if (at != end && *at != zorby::kDelimiter) {
+            field.isPlain = false;
+            at = std::find(at, end, zorby::kDelimiter);
+        }
+        if (delimiter != nullptr) AddSubfield(field, {delimiter + 1, at});
+        if (at == end) break;
+        delimiter = at;
+    }
+    field.subfields = subfields_.size() - field.firstSubfield;
+    if (field.subfields == 0) field.lacksText = true;
+}
+
+void RecordInHand::AddSubfield(CheckedField& field, std::string_view codeAndText) {
+    if (codeAndText.empty()) return;
+    const auto code = static_cast<unsigned char>(codeAndText.front());
+    const std::string_view text = codeAndText.substr(1);
+    if (field.codes[code]) field.repeated[code] = true;
+    field.codes[code] = true;
+    if (IsBlank(text)) field.lacksText = true;
+    subfields_.push_back({codeAndText.front(), text});
+}
+
+const CheckedField* RecordInHand::Whole008() const {
+    constexpr unsigned kTag = 8;
+    constexpr std::size_t kSize = 40;
+    const CheckedField* field = First(kTag);
+    return field != nullptr && field->content.size() == kSize ? field : nullptr;
+}
+
+std::string_view RecordInHand::TextOf(const CheckedField& field, char code) const {
+    if (!field.Has(code)) return {};
+    return std::ranges::find(SubfieldsOf(field), code, &SubfieldInHand::code)->text;
+}
+
+const FieldRule& RecordInHand::RuleFor(const CheckedField& field) const {
+    const FieldRule& own = OwnRuleOf(field);
+    if (own.role != kRoleLinked) return own;
+    const unsigned tag = TagNumber(TextOf(field, '6').substr(0, kTagSize));
+    return tag != kNoTag && RuleOf(tag).isKnown ? RuleOf(tag) : own;
+}
+
+}  // namespace quillory
