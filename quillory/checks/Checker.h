@@ -16,7 +16,8 @@ namespace quillory {
 struct CheckerOptions {
     Charset charset = kCharsetAuto;  // of the records; auto: each record is asked
     bool allowLocal = true;          // fields and subfields that the format leaves to libraries
-    bool findsAll = false;           // also what the policy does not want
+    // Also what the policy does not want, but nothing of what the dictionary says.
+    bool findsAll = false;
     // Of fields; null for those of the dictionary and the holdings system in force.
     std::shared_ptr<const FieldRules> rules = nullptr;
 };

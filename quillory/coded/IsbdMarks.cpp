@@ -1,6 +1,7 @@
 #include <quillory/coded/IsbdMarks.h>
+#include <quillory/places/Tag.h>
 
-#include <algorithm>
+#include <vector>
 
 namespace quillory {
 namespace {
@@ -36,14 +37,38 @@ constexpr IsbdMark kMarks[] = {
     {kBodies, "abdnc", 't', ".", "?!-)", true},
 };
 
+using MarksOfTag = std::vector<const IsbdMark*>;
+
+std::vector<MarksOfTag> MarksByTag() {
+    std::vector<MarksOfTag> marks(kTags + 1);
+    for (const IsbdMark& mark : kMarks) {
+        for (std::size_t at = 0; at < mark.tags.size(); at += kTagSize + 1) {
+            marks[TagNumber(mark.tags.substr(at, kTagSize))].push_back(&mark);
+        }
+    }
+    return marks;
+}
+
+const MarksOfTag& MarksOf(unsigned tag) {
+    static const std::vector<MarksOfTag> marks = MarksByTag();
+    return marks[tag];
+}
+
 }  // namespace
 
+bool HasIsbdMarks(unsigned tag) {
+    return !MarksOf(tag).empty();
+}
+
+const IsbdMark* IsbdMarkBetween(unsigned tag, char code, char next) {
+    for (const IsbdMark* mark : MarksOf(tag)) {
+        if (mark->before == next && mark->after.find(code) != mark->after.npos) return mark;
+    }
+    return nullptr;
+}
+
 const IsbdMark* IsbdMarkBetween(std::string_view tag, char code, char next) {
-    const auto* found = std::ranges::find_if(kMarks, [=](const IsbdMark& mark) {
-        return mark.before == next && mark.tags.find(tag) != mark.tags.npos &&
-               mark.after.find(code) != mark.after.npos;
-    });
-    return found == std::end(kMarks) ? nullptr : found;
+    return IsbdMarkBetween(TagNumber(tag), code, next);
 }
 
 bool EndsWithMark(std::string_view text, const IsbdMark& mark) {

@@ -15,7 +15,11 @@ struct IsbdMark {
     bool isHeading = false;   // of a heading, and not of the description
 };
 
+// Whether there are marks in the fields of a tag.
+bool HasIsbdMarks(unsigned tag);
+
 // The mark between two subfields of a field, by their codes; null if none is asked for.
+const IsbdMark* IsbdMarkBetween(unsigned tag, char code, char next);
 const IsbdMark* IsbdMarkBetween(std::string_view tag, char code, char next);
 
 // Whether a text ends with the mark, or with one that will do as well.

@@ -12,7 +12,9 @@ namespace {
 class CheckRun {
 public:
     CheckRun(Severity failsOn, Inspector& inspector, CheckReport& report, Reporter& reporter)
-        : failsOn_(failsOn), inspector_(inspector), report_(report), reporter_(reporter) {}
+        : failsOn_(failsOn), inspector_(inspector), report_(report), reporter_(reporter) {
+        inspector_.LimitWords(report_.FindingsInWords());
+    }
 
     void Take(const Item& item) {
         SayFault(item, reporter_);
@@ -21,6 +23,7 @@ public:
     }
 
     std::unique_ptr<ItemWorker> MakeWorkerWith(Inspector& inspector, Reporter& own, Steps& steps) {
+        inspector.LimitWords(report_.FindingsInWords());
         return MakeWorker([this, &inspector, &own, &steps](const Item& item) {
             SayFault(item, own);
             const auto look = std::make_shared<RecordLook>();

@@ -2,7 +2,7 @@
 
 #include <quillory/checks/Policy.h>
 #include <quillory/exchange/Record.h>
-#include <quillory/rules/Remark.h>
+#include <quillory/rules/RemarkSink.h>
 
 #include <array>
 #include <cstdint>
@@ -57,6 +57,8 @@ class CheckReport {
 public:
     virtual ~CheckReport() = default;
 
+    // Of how many findings by each rule, from the first on, it asks for the words.
+    virtual std::uint64_t FindingsInWords() const { return WordLimit::kAll; }
     virtual void TakeRecord(const CheckedRecord& record) = 0;
     // Bytes that are no record.
     virtual void TakeDamage(const Item& item) = 0;

@@ -2,7 +2,7 @@
 #include <quillory/reports/ScreenText.h>
 
 #include <algorithm>
-#include <map>
+#include <vector>
 
 namespace quillory {
 namespace {
@@ -13,14 +13,19 @@ public:
     CheckTextReport(std::unique_ptr<Output> output, bool showsEach, Reporter& reporter)
         : output_(std::move(output)), showsEach_(showsEach), reporter_(reporter) {}
 
+    std::uint64_t FindingsInWords() const override { return ShowsAll() ? WordLimit::kAll : kShown; }
+
     void TakeRecord(const CheckedRecord& record) override {
-        if (record.remarks.empty()) return;
-        const std::string place = Visible(reporter_.PlaceOf(record.item)) + ": ";
+        place_.clear();
+        text_.clear();
         for (const Remark& remark : record.remarks) {
             if (!IsShown(remark)) continue;
-            text_ = place + RemarkLine(remark) + '\n';
-            output_->Write(text_);
+            if (place_.empty()) place_ = Visible(reporter_.PlaceOf(record.item)) + ": ";
+            text_ += place_;
+            AppendRemarkLine(remark, text_);
+            text_ += '\n';
         }
+        output_->Write(text_);
     }
 
     // The reporter has named it already.
@@ -67,8 +72,13 @@ private:
         return text;
     }
 
+    // A summary is what tells of the others.
+    bool ShowsAll() const { return showsEach_ || reporter_.Quiet(); }
+
     bool IsShown(const Remark& remark) {
-        if (showsEach_ || reporter_.Quiet() || ++shown_[remark.rule->id] <= kShown) return true;
+        const auto rule = static_cast<std::size_t>(remark.rule->id);
+        if (rule >= shown_.size()) shown_.resize(rule + 1);
+        if (ShowsAll() || ++shown_[rule] <= kShown) return true;
         isCut_ = true;
         return false;
     }
@@ -76,8 +86,9 @@ private:
     std::unique_ptr<Output> output_;
     bool showsEach_;
     Reporter& reporter_;
-    std::map<RuleId, std::uint64_t> shown_;
+    std::vector<std::uint64_t> shown_;  // by the number of the rule
     bool isCut_ = false;
+    std::string place_;  // of the record in hand
     std::string text_;
 };
 

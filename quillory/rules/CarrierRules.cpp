@@ -51,6 +51,7 @@ using CodeList = std::vector<std::string_view>;
 // The codes of a field of the RDA lists that the lists have.
 CodeList CodesOf(const RecordInHand& record, unsigned tag) {
     CodeList codes;
+    if (!record.Has(tag)) return codes;
     for (const CheckedField& field : record.Fields()) {
         if (field.number != tag) continue;
         for (const auto& [subfield, text] : record.SubfieldsOf(field)) {

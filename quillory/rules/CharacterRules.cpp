@@ -1,19 +1,12 @@
 #include <quillory/exchange/RecordCharset.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/rules/CharacterRules.h>
+#include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
-#include <span>
 
 namespace quillory {
 namespace {
-
-Place PlaceOf(const Record& record, std::size_t index) {
-    const std::string_view tag = record.fields[index].tag;
-    const auto before = std::span(record.fields).first(index + 1);
-    return Place::OfField(tag, static_cast<std::uint32_t>(
-                                   std::ranges::count(before, tag, &zorby::CommFormatField::tag)));
-}
 
 // The marks around characters that are passed over in filing.
 bool IsNonfilingMark(char32_t codePoint) {
@@ -39,9 +32,12 @@ std::string_view FaultOf(char32_t codePoint) {
 
 }  // namespace
 
-void CharacterRules::Check(const Record& record, Charset charset, RemarkSink& remarks) {
+// Printable ASCII has nothing that could be wrong.
+void CharacterRules::Check(const Record& record, const RecordInHand& inHand, Charset charset,
+                           RemarkSink& remarks) {
     const bool isUtf8 = charset == kCharsetUtf8;
     if (!isUtf8 && charset != kCharsetMarc8) return;
+    if (std::ranges::all_of(inHand.Fields(), &CheckedField::isPlain)) return;
     if (isUtf8) {
         if (const auto invalid = FirstInvalidByte(record)) {
             const bool isCoded = record.leader[zorby::kLeaderCharacterCode] == 'a';
@@ -51,23 +47,28 @@ void CharacterRules::Check(const Record& record, Charset charset, RemarkSink& re
         }
     }
     if (!remarks.Wants(RuleId::CharacterUndefined) && !remarks.Wants(RuleId::OutsideMarc8)) return;
-    for (std::size_t i = 0; i < record.fields.size(); ++i) {
-        const std::string_view content = record.fields[i].content;
-        if (TextConverter::IsUntouched(content)) continue;
-        const Place place = PlaceOf(record, i);
-        ForEachSubfield(content, [&](char code, std::string_view text) {
-            if (TextConverter::IsUntouched(text)) return;
-            if (isUtf8) {
-                CheckUtf8(place.Subfield(code), text, remarks);
-            } else {
-                CheckMarc8(place.Subfield(code), text, remarks);
-            }
-        });
+    for (const CheckedField& field : inHand.Fields()) {
+        if (!field.isPlain) CheckField(field, charset, remarks);
     }
 }
 
+void CharacterRules::CheckField(const CheckedField& field, Charset charset, RemarkSink& remarks) {
+    const Place place = field.GetPlace();
+    ForEachSubfield(field.content, [&](char code, std::string_view text) {
+        if (TextConverter::IsUntouched(text)) return;
+        if (charset == kCharsetUtf8) {
+            CheckUtf8(place.Subfield(code), text, remarks);
+        } else {
+            CheckMarc8(place.Subfield(code), text, remarks);
+        }
+    });
+}
+
 void CharacterRules::CheckUtf8(const Place& place, std::string_view text, RemarkSink& remarks) {
-    for (std::string_view rest = text; !rest.empty();) {
+    const char* const end = text.data() + text.size();
+    for (std::string_view rest = text;;) {
+        rest.remove_prefix(zorby::PlainRunLength(rest.data(), end));
+        if (rest.empty()) break;
         const Utf8Char character = DecodeUtf8(rest);
         rest.remove_prefix(character.size);
         const std::string_view fault = FaultOf(character.codePoint);

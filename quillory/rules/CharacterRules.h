@@ -1,6 +1,6 @@
 #pragma once
 
-#include <quillory/exchange/Record.h>
+#include <quillory/checks/RecordInHand.h>
 #include <quillory/rules/RemarkSink.h>
 #include <quillory/text/TextConverter.h>
 
@@ -10,10 +10,12 @@ namespace quillory {
 // defines, and what MARC-8 lacks.
 class CharacterRules {
 public:
-    // Nothing is found in other character sets.
-    void Check(const Record& record, Charset charset, RemarkSink& remarks);
+    // Nothing is found in other character sets. `inHand` is the record taken apart.
+    void Check(const Record& record, const RecordInHand& inHand, Charset charset,
+               RemarkSink& remarks);
 
 private:
+    void CheckField(const CheckedField& field, Charset charset, RemarkSink& remarks);
     void CheckUtf8(const Place& place, std::string_view text, RemarkSink& remarks);
     void CheckMarc8(const Place& place, std::string_view text, RemarkSink& remarks);
 

@@ -4,11 +4,11 @@
 #include <quillory/places/Tag.h>
 #include <quillory/rules/ControlFields.h>
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/StatesSeen.h>
 #include <quillory/rules/Words.h>
 
 #include <algorithm>
-#include <array>
-#include <optional>
+#include <vector>
 
 namespace quillory {
 namespace {
@@ -77,6 +77,21 @@ public:
     }
 
 private:
+    struct CheckedElement {
+        const Element* element;
+        StatesSeen seen;
+    };
+
+    std::vector<CheckedElement>& CheckedElementsOf(CFType form) {
+        const auto number = static_cast<std::size_t>(form);
+        if (number >= forms_.size()) forms_.resize(number + 1);
+        std::vector<CheckedElement>& elements = forms_[number];
+        if (elements.empty()) {
+            for (const Element& element : ElementsOf(form)) elements.push_back({&element, {}});
+        }
+        return elements;
+    }
+
     void CheckField(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
         switch (field.number) {
             case kTag005:
@@ -137,46 +152,48 @@ private:
     // no code.
     void CheckElements(const Place& field, std::string_view bytes, CFType form, int offset,
                        RemarkSink& remarks) {
-        for (const Element& element : ElementsOf(form)) {
-            const bool isIn008 = offset > 0 || form == zorby::CF008Standard;
+        const bool isIn008 = offset > 0 || form == zorby::CF008Standard;
+        for (CheckedElement& checked : CheckedElementsOf(form)) {
+            const Element& element = *checked.element;
             if (isIn008 && element.first == 0) continue;
             const int position = element.first + offset;
             const auto first = static_cast<std::size_t>(position);
             const auto width = static_cast<std::size_t>(element.Width());
             if (first + width > bytes.size()) return;
-            CheckElement(element, bytes.substr(first, width),
-                         field.Positions(element.first + offset, element.last + offset), remarks);
-        }
-    }
-
-    void CheckElement(const Element& element, std::string_view value, const Place& place,
-                      RemarkSink& remarks) {
-        const CodeState state = StateOf(element, value);
-        if (state == CodeState::Obsolete) {
-            AddObsolete(element, value, place, remarks);
-        } else if (state == CodeState::Unknown) {
-            AddUnknown(element, value, place, remarks);
+            const std::string_view value = bytes.substr(first, width);
+            const CodeState state = StateOf(checked, value);
+            if (state != CodeState::Obsolete && state != CodeState::Unknown) continue;
+            const Place place = field.Positions(position, element.last + offset);
+            if (state == CodeState::Unknown) {
+                AddUnknown(element, value, place, remarks);
+            } else {
+                remarks.Add(RuleId::CodeObsolete, place,
+                            [&] { return WordsOfObsolete(element, value, place); });
+            }
         }
     }
 
     void AddUnknown(const Element& element, std::string_view value, const Place& place,
                     RemarkSink& remarks) const {
-        if (element.IsUndefined()) {
-            remarks.Add(RuleId::PositionUndefined, place, Shown(value));
-            return;
-        }
+        remarks.Add(element.IsUndefined() ? RuleId::PositionUndefined : RuleId::CodeUnknown, place,
+                    [&] { return WordsOfUnknown(element, value, place); });
+    }
+
+    RemarkWords WordsOfUnknown(const Element& element, std::string_view value,
+                               const Place& place) const {
+        if (element.IsUndefined()) return {Shown(value)};
         const std::string name = element.name + ": ";
         const std::string_view form = FormOfFreeValue(element.parts.front());
         if (!form.empty()) {
-            return remarks.Add(RuleId::CodeUnknown, place, name + Shown(value) + " does not fit",
-                               "it is " + std::string(form));
+            return {name + Shown(value) + " does not fit", "it is " + std::string(form)};
         }
-        remarks.Add(RuleId::CodeUnknown, place, name + UnknownCode(element, value) + " is no code",
-                    {}, ListOf(place, MaterialLetter(element)));
+        return {name + UnknownCode(element, value) + " is no code",
+                {},
+                ListOf(place, MaterialLetter(element))};
     }
 
-    void AddObsolete(const Element& element, std::string_view value, const Place& place,
-                     RemarkSink& remarks) const {
+    RemarkWords WordsOfObsolete(const Element& element, std::string_view value,
+                                const Place& place) const {
         const std::string& former = lists_.FormerNameOf(element);
         const CodeMeaning meaning = ObsoleteCode(element, value);
         std::string found = (former.empty() ? element.name : former) + ": " + Shown(value);
@@ -185,7 +202,7 @@ private:
         if (element.IsUndefined()) right = "blank goes there now";
         if (!meaning.use.empty()) right = SuccessorText(meaning.use);
         const Place codes = right.empty() ? ListOf(place, MaterialLetter(element)) : Place();
-        remarks.Add(RuleId::CodeObsolete, place, std::move(found), std::move(right), codes);
+        return {std::move(found), std::move(right), codes};
     }
 
     // Of the codes in a value.
@@ -207,13 +224,11 @@ private:
         return Shown(value);
     }
 
-    CodeState StateOf(const Element& element, std::string_view value) {
-        if (value.size() != 1 || element.IsUndefined()) return LookUp(element, value);
-        const auto number = static_cast<std::size_t>(element.parts.front());
-        if (number >= answers_.size()) answers_.resize(number + 1);
-        auto& answer = answers_[number][static_cast<unsigned char>(value.front())];
-        if (!answer) answer = LookUp(element, value);
-        return *answer;
+    CodeState StateOf(CheckedElement& checked, std::string_view value) const {
+        const Element& element = *checked.element;
+        if (value.size() > StatesSeen::kLongest) return LookUp(element, value);
+        return checked.seen.Of(
+            value, [this, &element](std::string_view unseen) { return LookUp(element, unseen); });
     }
 
     CodeState LookUp(const Element& element, std::string_view value) const {
@@ -315,8 +330,7 @@ private:
     const Element* language_;
     const Element* country_;
     const Element* formOfMusic_;
-    // By the number of an element's first part.
-    std::vector<std::array<std::optional<CodeState>, 256>> answers_;
+    std::vector<std::vector<CheckedElement>> forms_;  // by the number of the form
 };
 
 CodedRules::CodedRules(const CodeLists& lists) : work_(std::make_unique<Work>(lists)) {}

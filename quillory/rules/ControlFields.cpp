@@ -21,8 +21,9 @@ void CheckDayOfEntry(const CheckedField& field, RemarkSink& remarks) {
 
 bool CheckLength(const CheckedField& field, std::size_t size, RemarkSink& remarks) {
     if (field.content.size() == size) return true;
-    remarks.Add(RuleId::FieldLength, field.GetPlace(), std::to_string(field.content.size()),
-                std::to_string(size));
+    remarks.Add(RuleId::FieldLength, field.GetPlace(), [&] {
+        return RemarkWords{std::to_string(field.content.size()), std::to_string(size)};
+    });
     return false;
 }
 

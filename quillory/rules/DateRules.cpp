@@ -96,9 +96,11 @@ void CheckDate(const CheckedField& field, const TypeOfDate& type, int which, Rem
     const std::string_view date = field.content.substr(static_cast<std::size_t>(at), kWidth);
     const DateKind kind = which == 1 ? type.first : type.second;
     if (!IsWellFormed(date) || Is(kind, date)) return;
-    remarks.Add(RuleId::DateAgainstType, field.GetPlace().Positions(at, at + kWidth - 1),
-                "date " + std::to_string(which) + " is " + Shown(date),
-                std::string("type ") + type.code + " it is " + std::string(TextOf(kind)));
+    remarks.Add(RuleId::DateAgainstType, field.GetPlace().Positions(at, at + kWidth - 1), [&] {
+        return RemarkWords{
+            "date " + std::to_string(which) + " is " + Shown(date),
+            std::string("type ") + type.code + " it is " + std::string(TextOf(kind))};
+    });
 }
 
 // The years in a text, without the brackets in them: "198[5]".

@@ -14,11 +14,6 @@ CheckerOptions FindingAll(CheckerOptions options) {
     return options;
 }
 
-// What the rules about structure find by themselves, with more to say.
-bool IsFoundByStructure(zorby::E_ERROR_CODE code) {
-    return code == zorby::EC_NotMARC || code == zorby::EC_NotRepeatable;
-}
-
 // Papers have the dates of their making beside the title.
 bool HasDatesInTitle(const RecordInHand& record) {
     const CheckedField* title = record.First(245);
@@ -78,14 +73,14 @@ void Inspector::Inspect(const Record& record, std::uint64_t number, std::vector<
 void Inspector::Look(const Record& record, RecordLook& look) {
     look.remarks.clear();
     look.numbers.clear();
-    RemarkSink sink(weights_, look.remarks);
+    RemarkSink sink(weights_, look.remarks, &words_);
     const MarcFormat format = MarcFormatOf(record.leader);
     const bool isBibliographic = format == kFormatBibliographic;
     RecordInHand& inHand = isBibliographic ? record_ : others_.RecordOf(format);
     inHand.Take(record);
     look.isUnimarc = IsUnimarc(inHand);
     if (look.isUnimarc) return sink.Add(RuleId::Unimarc, Place::OfRecord());
-    characters_.Check(record, CharsetOf(record), sink);
+    characters_.Check(record, inHand, CharsetOf(record), sink);
     if (isBibliographic) {
         CheckBibliographic(look, sink);
     } else {
@@ -100,17 +95,18 @@ void Inspector::Look(const Record& record, RecordLook& look) {
 void Inspector::Compare(std::uint64_t number, RecordLook& look) {
     if (look.isUnimarc && std::exchange(hasToldUnimarc_, true)) look.remarks.clear();
     std::vector<Remark> added;
-    RemarkSink sink(weights_, added);
+    RemarkSink sink(weights_, added, &words_);
     for (const NumberMet& met : look.numbers) {
         if (!sink.Wants(met.rule)) continue;
-        auto first = numbers_.Meet(met.kind, met.number, number);
+        const auto first = numbers_.Meet(met.kind, met.number, number);
         if (!first) continue;
         const auto at = static_cast<std::ptrdiff_t>(met.at + added.size());
-        if (met.rule == RuleId::ControlNumberRepeated) {
-            sink.Add(met.rule, met.place, std::move(*first));
-        } else {
-            sink.Add(met.rule, met.place, std::string(met.number), std::move(*first));
-        }
+        sink.Add(met.rule, met.place, [&] {
+            std::string where = numbers_.TextOf(*first);
+            return met.rule == RuleId::ControlNumberRepeated
+                       ? RemarkWords{std::move(where)}
+                       : RemarkWords{std::string(met.number), std::move(where)};
+        });
         look.remarks.insert(look.remarks.begin() + at, added.back());
     }
 }
@@ -136,8 +132,7 @@ void Inspector::TakeFindings(const Record& record, const RecordInHand& inHand,
     checker_.Check(record, inHand, findings_);
     for (const Finding& finding : findings_) {
         const RuleId rule = RuleOf(finding.code).id;
-        if (IsFoundByStructure(finding.code) || IsMoot(rule, inHand)) continue;
-        remarks.Add(rule, finding.place);
+        if (!IsMoot(rule, inHand)) remarks.Add(rule, finding.place);
     }
 }
 

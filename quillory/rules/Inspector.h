@@ -49,6 +49,10 @@ public:
         hasToldUnimarc_ = false;
     }
 
+    // From now on, only the first few remarks by each rule get words; those that go on say no more
+    // than rule and place.
+    void LimitWords(std::uint64_t ofEachRule) { words_.Set(ofEachRule); }
+
     // Replaces `remarks`: in the order of the fields, and then what the record lacks. `number` is
     // that of the record in its file.
     void Inspect(const Record& record, std::uint64_t number, std::vector<Remark>& remarks);
@@ -68,6 +72,7 @@ private:
     CheckerOptions options_;
     Checker checker_;
     RuleWeights weights_;
+    WordLimit words_;
     RecordInHand record_;
     CodedRules coded_;
     OtherFormats others_;

@@ -148,6 +148,7 @@ void CheckPartner(const Link& link, const std::vector<Link>& links, RemarkSink& 
 void CheckLinks(const RecordInHand& record, RemarkSink& remarks) {
     std::vector<Link> links;
     for (const CheckedField& field : record.Fields()) {
+        if (!field.Has('6')) continue;
         const bool isOfTheFormat = field.IsData() && !record.OwnRuleOf(field).hasAnyCodes;
         if (!isOfTheFormat) continue;
         for (const auto& [code, text] : record.SubfieldsOf(field)) {

@@ -33,18 +33,20 @@ bool IsCoded(std::string_view value) {
 
 void CheckNote(const CheckedField& fixed, unsigned tag, std::string_view text,
                RemarkSink& remarks) {
-    const std::string note = Lower(text);
     const std::string_view contents =
         fixed.content.substr(kFirstContents, kLastContents - kFirstContents + 1);
     const bool isFull = contents.find(' ') == contents.npos;
-    if (SaysBibliography(tag, note) && IsCoded(contents) && !isFull &&
-        contents.find('b') == contents.npos) {
+    const bool saysNoBibliography =
+        IsCoded(contents) && !isFull && contents.find('b') == contents.npos;
+    const bool saysNoIndex = fixed.content[kIndex] == '0';
+    if (!saysNoBibliography && !saysNoIndex) return;
+    const std::string note = Lower(text);
+    if (saysNoBibliography && SaysBibliography(tag, note)) {
         remarks.Add(RuleId::NoteAgainst008,
                     fixed.GetPlace().Positions(kFirstContents, kLastContents),
                     TagText(tag) + " tells of a bibliography", "b for it");
     }
-    const bool saysNoIndex = fixed.content[kIndex] == '0';
-    if (SaysIndex(note) && saysNoIndex) {
+    if (saysNoIndex && SaysIndex(note)) {
         remarks.Add(RuleId::NoteAgainst008, fixed.GetPlace().Positions(kIndex, kIndex),
                     TagText(tag) + " tells of an index", "1 for it");
     }

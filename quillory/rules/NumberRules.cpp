@@ -34,7 +34,9 @@ void CheckIsbn(const Place& place, std::string_view text, RemarkSink& remarks) {
     // A mark may lead to the price.
     const bool hasWords = rest.find_first_not_of(":;,.") != rest.npos;
     if (hasWords && !number.empty()) {
-        remarks.Add(RuleId::IsbnWithText, place, '"' + Printable(rest) + '"');
+        const std::string_view words = rest;
+        remarks.Add(RuleId::IsbnWithText, place,
+                    [words] { return RemarkWords{'"' + Printable(words) + '"'}; });
     }
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <quillory/checks/RecordInHand.h>
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/Record.h>
-#include <quillory/checks/RecordInHand.h>
 #include <quillory/rules/RemarkSink.h>
 
 #include <array>

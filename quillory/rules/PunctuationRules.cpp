@@ -22,7 +22,7 @@ std::string_view TrimmedAtEnd(std::string_view text) {
 // Nothing is missing after an empty text, or where an escape may hide the mark.
 bool HasMark(std::string_view text, const IsbdMark& mark) {
     const std::string_view end = TrimmedAtEnd(text);
-    return end.empty() || end.find(kEscape) != end.npos || EndsWithMark(end, mark);
+    return end.empty() || EndsWithMark(end, mark) || end.find(kEscape) != end.npos;
 }
 
 // What a mark looks like to a reader: "\" :\"", or two of them.
@@ -40,17 +40,21 @@ bool StandsAlone(std::string_view text) {
 // `form` is Leader/18.
 void CheckBetween(char form, const CheckedField& field, const SubfieldInHand& one,
                   const SubfieldInHand& next, RemarkSink& remarks) {
-    const IsbdMark* mark = IsbdMarkBetween(field.tag, one.code, next.code);
+    const IsbdMark* mark = IsbdMarkBetween(field.number, one.code, next.code);
     if (mark == nullptr || HasMark(one.text, *mark)) return;
     if (mark->isHeading && StandsAlone(next.text)) return;
-    std::string needed = Shown(*mark) + " at its end before $" + next.code;
-    if (!mark->isHeading) needed += std::string(", since Leader/18 (") + form + ") says ISBD";
     remarks.Add(mark->isHeading ? RuleId::HeadingMark : RuleId::IsbdMark,
-                field.GetPlace().Subfield(one.code), std::string("$") + one.code,
-                std::move(needed));
+                field.GetPlace().Subfield(one.code), [&] {
+                    std::string needed = Shown(*mark) + " at its end before $" + next.code;
+                    if (!mark->isHeading) {
+                        needed += std::string(", since Leader/18 (") + form + ") says ISBD";
+                    }
+                    return RemarkWords{std::string("$") + one.code, std::move(needed)};
+                });
 }
 
 void CheckMarks(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    if (!HasIsbdMarks(field.number)) return;
     const SubfieldInHand* last = nullptr;
     for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
         if (IsControlSubfield(subfield.code)) continue;
@@ -100,11 +104,13 @@ void CheckEnd(const RecordInHand& record, const CheckedField& field, RemarkSink&
 }
 
 void CheckMedium(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    if (!field.Has('h')) return;
     for (const auto& [code, text] : record.SubfieldsOf(field)) {
         const bool isBracketed = text.starts_with('[') && text.find(']') != text.npos;
         if (code != 'h' || text.empty() || isBracketed) continue;
+        const std::string_view medium = text;
         remarks.Add(RuleId::MediumBrackets, field.GetPlace().Subfield('h'),
-                    '"' + Printable(text) + '"');
+                    [medium] { return RemarkWords{'"' + Printable(medium) + '"'}; });
     }
 }
 

@@ -22,5 +22,6 @@ std::string RemarkText(const Remark& remark);
 
 // "245 $a: warning: ... [isbn-invalid]".
 std::string RemarkLine(const Remark& remark);
+void AppendRemarkLine(const Remark& remark, std::string& line);
 
 }  // namespace quillory

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <quillory/coded/CodeLists.h>
 #include <quillory/checks/RecordInHand.h>
+#include <quillory/coded/CodeLists.h>
 #include <quillory/rules/RemarkSink.h>
 
 #include <memory>

@@ -24,8 +24,8 @@ void SeenNumbers::BeginFile(const std::string& name) {
     files_.push_back({name, last_});
 }
 
-std::optional<std::string> SeenNumbers::Meet(char kind, std::string_view number,
-                                             std::uint64_t record) {
+std::optional<SeenNumbers::RecordMet> SeenNumbers::Meet(char kind, std::string_view number,
+                                                        std::uint64_t record) {
     constexpr std::size_t kFull = 85;  // percent
     if (used_ * 100 >= hashes_.size() * kFull) Grow();
     if (files_.empty()) BeginFile({});
@@ -40,7 +40,7 @@ std::optional<std::string> SeenNumbers::Meet(char kind, std::string_view number,
         return std::nullopt;
     }
     if (records_[place] == here) return std::nullopt;
-    return TextOf(records_[place]);
+    return RecordMet{records_[place]};
 }
 
 std::size_t SeenNumbers::PlaceOf(std::uint64_t hash) const {
@@ -65,7 +65,8 @@ void SeenNumbers::Grow() {
     }
 }
 
-std::string SeenNumbers::TextOf(std::uint32_t record) const {
+std::string SeenNumbers::TextOf(RecordMet met) const {
+    const auto record = static_cast<std::uint32_t>(met);
     const auto file = std::prev(std::ranges::find_if(
         files_, [record](const File& other) { return other.before >= record; }));
     std::string text = std::to_string(record - file->before);

@@ -13,10 +13,15 @@ class SeenNumbers {
 public:
     void BeginFile(const std::string& name);
 
-    // Where the number was met first: "3", or "3 of FILE" for another file; nothing if it is new,
-    // or was met in this record. Kinds of numbers (those of 001, of 020) don't mix. `record` is
-    // the number of the record in its file, from 1 on.
-    std::optional<std::string> Meet(char kind, std::string_view number, std::uint64_t record);
+    // A record of the run.
+    enum class RecordMet : std::uint32_t {};
+
+    // Where the number was met first; nothing if it is new, or was met in this record. Kinds of
+    // numbers (those of 001, of 020) don't mix. `record` is the number of the record in its file,
+    // from 1 on.
+    std::optional<RecordMet> Meet(char kind, std::string_view number, std::uint64_t record);
+    // "3", or "3 of FILE" for another file.
+    std::string TextOf(RecordMet record) const;
 
 private:
     struct File {
@@ -27,7 +32,6 @@ private:
     void Grow();
     // Where a hash stands, or would stand.
     std::size_t PlaceOf(std::uint64_t hash) const;
-    std::string TextOf(std::uint32_t record) const;
 
     std::vector<File> files_;
     std::uint32_t last_ = 0;  // record of all files

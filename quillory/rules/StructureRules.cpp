@@ -36,9 +36,9 @@ void CheckIndicators(const CheckedField& field, const FieldRule& rule, RemarkSin
         const RuleId found = values.obsolete[static_cast<unsigned char>(value)]
                                  ? RuleId::IndicatorObsolete
                                  : RuleId::IndicatorUndefined;
-        if (!remarks.Wants(found)) continue;
-        remarks.Add(found, field.GetPlace().Indicator(which), IndicatorText(which, value),
-                    ValuesText(values.current));
+        remarks.Add(found, field.GetPlace().Indicator(which), [&] {
+            return RemarkWords{IndicatorText(which, value), ValuesText(values.current)};
+        });
     }
 }
 
@@ -49,8 +49,9 @@ std::string FormatName(const RecordInHand& record) {
 }
 
 void AddUndefinedField(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
-    remarks.Add(RuleId::NotMarc, field.GetPlace(),
-                FormatName(record) + " has no field " + Printable(field.tag));
+    remarks.Add(RuleId::NotMarc, field.GetPlace(), [&] {
+        return RemarkWords{FormatName(record) + " has no field " + Printable(field.tag)};
+    });
 }
 
 // "field 245"; of an 880 with the field to which it belongs.
@@ -87,31 +88,38 @@ bool IsFurtherTitle(const CheckedField& field, const SubfieldInHand& subfield,
 }
 
 void CheckFurther(const RuledField& ruled, const SubfieldInHand& subfield, RemarkSink& remarks) {
-    const auto& [record, field, rule] = ruled;
+    const CheckedField& field = ruled.field;
     const auto index = static_cast<unsigned char>(subfield.code);
-    const bool mayStand = !rule.codes[index] || rule.repeatableCodes[index];
+    const bool mayStand = !ruled.rule.codes[index] || ruled.rule.repeatableCodes[index];
     if (mayStand || IsFurtherTitle(field, subfield, remarks)) return;
-    remarks.Add(RuleId::NotRepeatable, field.GetPlace().Subfield(subfield.code),
-                FieldName(record, field) + " has only one $" + subfield.code, WayOut(rule, field));
+    remarks.Add(RuleId::NotRepeatable, field.GetPlace().Subfield(subfield.code), [&] {
+        return RemarkWords{FieldName(ruled.record, field) + " has only one $" + subfield.code,
+                           WayOut(ruled.rule, field)};
+    });
 }
 
 void CheckFirst(const RuledField& ruled, char code, RemarkSink& remarks) {
-    const auto& [record, field, rule] = ruled;
+    const CheckedField& field = ruled.field;
     const auto index = static_cast<unsigned char>(code);
     const Place place = field.GetPlace().Subfield(code);
-    if (!rule.codes[index]) {
-        remarks.Add(RuleId::NotMarc, place,
-                    FieldName(record, field) + " has no subfield $" + Printable({&code, 1}));
-    } else if (rule.obsoleteCodes[index]) {
-        remarks.Add(RuleId::SubfieldObsolete, place, {},
-                    NowIn(SuccessorOfSubfield(field.tag, code)));
+    if (!ruled.rule.codes[index]) {
+        remarks.Add(RuleId::NotMarc, place, [&] {
+            return RemarkWords{FieldName(ruled.record, field) + " has no subfield $" +
+                               Printable({&code, 1})};
+        });
+    } else if (ruled.rule.obsoleteCodes[index]) {
+        remarks.Add(RuleId::SubfieldObsolete, place, [&] {
+            return RemarkWords{{}, NowIn(SuccessorOfSubfield(field.tag, code))};
+        });
     }
 }
 
 // Each code is named once a field, and so is what stands too often.
 void CheckCodes(const RecordInHand& record, const CheckedField& field, const FieldRule& rule,
                 RemarkSink& remarks) {
-    if (rule.hasAnyCodes) return;
+    const bool isInForce =
+        rule.Allows(field.codes, field.repeated) && (field.codes & rule.obsoleteCodes).none();
+    if (isInForce || rule.hasAnyCodes) return;
     std::array<std::uint8_t, 256> counts{};
     for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
         std::uint8_t& count = counts[static_cast<unsigned char>(subfield.code)];
@@ -123,6 +131,7 @@ void CheckCodes(const RecordInHand& record, const CheckedField& field, const Fie
 }
 
 void CheckTexts(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    if (!field.lacksText) return;
     const auto subfields = record.SubfieldsOf(field);
     const auto isEmpty = [](const SubfieldInHand& subfield) { return !HasText(subfield.text); };
     if (std::ranges::all_of(subfields, isEmpty)) {
@@ -149,20 +158,23 @@ bool IsFurtherEntry(const RecordInHand& record, const CheckedField& field,
 void CheckRepeated(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
     if (field.occurrence == 1 || record.OwnRuleOf(field).isRepeatable) return;
     if (IsFurtherEntry(record, field, remarks)) return;
-    remarks.Add(RuleId::NotRepeatable, field.GetPlace(),
-                "a record has only one field " + std::string(field.tag),
-                field.IsData() ? "join them, or delete one" : "delete one");
+    remarks.Add(RuleId::NotRepeatable, field.GetPlace(), [&] {
+        return RemarkWords{"a record has only one field " + std::string(field.tag),
+                           field.IsData() ? "join them, or delete one" : "delete one"};
+    });
 }
 
 void CheckKnownField(const RecordInHand& record, const CheckedField& field, const FieldRule& rule,
                      RemarkSink& remarks) {
     if (rule.isObsolete) {
-        remarks.Add(RuleId::FieldObsolete, field.GetPlace(), {},
-                    NowIn(SuccessorOfField(field.number)));
+        remarks.Add(RuleId::FieldObsolete, field.GetPlace(), [&] {
+            return RemarkWords{{}, NowIn(SuccessorOfField(field.number))};
+        });
     }
     CheckRepeated(record, field, remarks);
     if (!field.IsData()) {
-        if (!HasText(field.content)) remarks.Add(RuleId::FieldEmpty, field.GetPlace());
+        if (field.lacksText) remarks.Add(RuleId::FieldEmpty, field.GetPlace());
+        if (field.isPlain) return;
         const auto delimiters = std::ranges::count(field.content, zorby::kDelimiter);
         if (delimiters > 0) {
             remarks.Add(RuleId::SubfieldsInControlField, field.GetPlace(),

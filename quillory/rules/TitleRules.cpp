@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace quillory {
 namespace {
@@ -28,6 +29,15 @@ constexpr std::array kNonfilingFields = std::to_array<NonfilingField>({
     {740, 1, false},
     {830, 2, false},
 });
+
+// Where the rule of a tag stands, from 1; 0 for other tags.
+constexpr auto kRuleOfTag = [] {
+    std::array<std::uint8_t, kTags + 1> rules{};
+    for (std::size_t i = 0; i < kNonfilingFields.size(); ++i) {
+        rules[kNonfilingFields[i].tag] = static_cast<std::uint8_t>(i + 1);
+    }
+    return rules;
+}();
 
 std::string_view LanguageOf(const RecordInHand& record) {
     const CheckedField* fixed = record.Whole008();
@@ -95,9 +105,10 @@ void CheckTitleAddedEntry(const RecordInHand& record, RemarkSink& remarks) {
     const bool hasEntry = HasMainEntry(record);
     const char right = hasEntry ? '1' : '0';
     if ((given != '0' && given != '1') || given == right) return;
-    remarks.Add(
-        RuleId::TitleFirstIndicator, title->GetPlace().Indicator(1), std::string(1, given),
-        hasEntry ? "with a main entry (1XX) it is 1" : "without a main entry (1XX) it is 0");
+    remarks.Add(RuleId::TitleFirstIndicator, title->GetPlace().Indicator(1), [&] {
+        return RemarkWords{std::string(1, given), hasEntry ? "with a main entry (1XX) it is 1"
+                                                           : "without a main entry (1XX) it is 0"};
+    });
 }
 
 bool HasSeriesHeading(const RecordInHand& record) {
@@ -113,9 +124,8 @@ void CheckTitleFields(const RecordInHand& record, RemarkSink& remarks) {
         if (field.number == 490 && field.Indicator(1) == '1' && !isTraced) {
             remarks.Add(RuleId::SeriesNotTraced, field.GetPlace().Indicator(1));
         }
-        const auto* rule = std::ranges::find(kNonfilingFields, field.number, &NonfilingField::tag);
-        if (rule != kNonfilingFields.end()) {
-            CheckNonfiling(record, field, *rule, language, remarks);
+        if (const std::size_t rule = kRuleOfTag[field.number]; rule != 0) {
+            CheckNonfiling(record, field, kNonfilingFields[rule - 1], language, remarks);
         }
     }
     CheckTitleAddedEntry(record, remarks);

@@ -5,7 +5,7 @@ script=$1 results=$(mktemp)
 lines=("${(@f)$(<&0)}")
 cd $2
 
-zpty terminal zsh -f -i
+zpty terminal zsh -f -i || exit
 zpty -w terminal "PS1= script=${(q)script} results=${(q)results} lines=(${(@q)lines})"
 zpty -w terminal 'autoload -U compinit; compinit -u -D; source $script'
 zpty -w terminal 'compadd() {
@@ -26,7 +26,7 @@ zpty -w terminal 'complete-all() {
 }'
 zpty -w terminal 'zle -C offer list-choices _main_complete; zle -N complete-all; bindkey "^X" complete-all'
 zpty -w terminal 'print -r -- "# ready" > $results'
-until [[ -s $results ]]; do sleep 0.05; done
+until [[ -s $results ]]; do zpty -t terminal || exit; sleep 0.05; done
 zpty -w -n terminal $'\C-x'
 zpty -r terminal ignored $'*\a\a*'
 zpty -d terminal

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <iterator>
 #include <random>
 #include <tests/quillory/Records.h>
 #include <tests/quillory/checks/DictionariesInForce.h>
@@ -83,6 +84,27 @@ std::string With008(std::size_t at, const std::string& text) {
     std::string field = k008;
     field.replace(at, text.size(), text);
     return "008" + field;
+}
+
+TEST_F(InspectorTest, AllFindingsAreThereWhereOnlyTheFirstHaveWords) {
+    Inspector inspector({}, RuleWeights(), Lists());
+    inspector.LimitWords(2);
+    std::vector<Remark> remarks;
+    const TestRecord test({"001x1", "008" + k008, "500 9$aA", "500 8$aB$jC", "500 7$aD"}, '$');
+    for (std::uint64_t number = 1; number <= 2; ++number) {
+        SCOPED_TRACE(number);
+        inspector.Inspect(test.record, number, remarks);
+        std::vector<Remark> undefined;
+        std::ranges::copy_if(remarks, std::back_inserter(undefined), [](const Remark& remark) {
+            return remark.rule->id == RuleId::IndicatorUndefined;
+        });
+        ASSERT_EQ(undefined.size(), 3U);
+        EXPECT_EQ(PlaceText(undefined[2].place), "500[3]/2");
+        EXPECT_EQ(undefined[1].found, number == 1 ? "the second indicator is 8" : "");
+        EXPECT_EQ(undefined[2].found + undefined[2].allowed, "");
+        EXPECT_EQ(RemarkLine(remarks.back()).find("record 1 has the same") != std::string::npos,
+                  number == 2);
+    }
 }
 
 TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
