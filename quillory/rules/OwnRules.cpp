@@ -7,12 +7,12 @@
 namespace quillory {
 namespace {
 
-constexpr std::string_view kFound = "{found}";
+constexpr std::string_view kFoundSlot = "{found}";
 
 // The message as it stands in lists.
 std::string TitleOf(std::string message) {
-    const std::size_t at = message.find(kFound);
-    return at == message.npos ? message : message.replace(at, kFound.size(), "...");
+    const std::size_t at = message.find(kFoundSlot);
+    return at == message.npos ? message : message.replace(at, kFoundSlot.size(), "...");
 }
 
 Rule RuleFor(const OwnRule& own, const std::string& title, std::size_t index) {
