@@ -1,6 +1,7 @@
 #include <quillory/desktop/FieldPicker.h>
 #include <quillory/desktop/FieldTree.h>
 #include <quillory/desktop/Texts.h>
+#include <quillory/desktop/TypedWords.h>
 #include <quillory/places/Tag.h>
 #include <quillory/reports/FieldDocument.h>
 
@@ -19,13 +20,6 @@ namespace {
 
 constexpr int kWidth = 420;
 constexpr int kHeight = 420;
-
-bool HasWords(const QString& text, const QString& typed) {
-    const auto words = typed.split(u' ', Qt::SkipEmptyParts);
-    return std::all_of(words.begin(), words.end(), [&](const QString& word) {
-        return text.contains(word, Qt::CaseInsensitive);
-    });
-}
 
 }  // namespace
 

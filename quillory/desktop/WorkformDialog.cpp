@@ -1,16 +1,14 @@
 #include <quillory/coded/Material.h>
 #include <quillory/desktop/Texts.h>
 #include <quillory/desktop/WorkformDialog.h>
+#include <quillory/desktop/WorkformList.h>
 #include <quillory/jobs/Library.h>
 #include <zorby/platform/ClockPort.h>
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QGridLayout>
-#include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -18,10 +16,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
-#include <QTreeWidget>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <limits>
 
 namespace quillory {
 namespace {
@@ -29,9 +24,7 @@ namespace {
 constexpr int kWidth = 900;
 constexpr int kHeight = 560;
 constexpr int kHelpLines = 5;
-constexpr int kListChars = 24;          // at least
 constexpr auto kQuestion = "question";  // a property of a box: its number
-enum Column : int { kName, kMaterial, kColumns };
 
 Description DescriptionBy(const std::string& workform) {
     Description description;
@@ -39,19 +32,13 @@ Description DescriptionBy(const std::string& workform) {
     return description;
 }
 
-bool HasWords(const QString& text, const QString& typed) {
-    const auto words = typed.split(u' ', Qt::SkipEmptyParts);
-    return std::all_of(words.begin(), words.end(), [&](const QString& word) {
-        return text.contains(word, Qt::CaseInsensitive);
-    });
-}
-
 }  // namespace
 
 WorkformDialog::WorkformDialog(QWidget* parent)
     : QDialog(parent),
-      search_(new QLineEdit(this)),
-      list_(new QTreeWidget(this)),
+      list_(new WorkformList(
+          [this](int id) { return MaterialText(maker_->PatternFor(std::to_string(id)).Leader()); },
+          this)),
       area_(new QScrollArea(this)),
       all_(new QCheckBox(tr("&Ask for every subfield"), this)),
       help_(new QPlainTextEdit(this)),
@@ -64,11 +51,10 @@ WorkformDialog::WorkformDialog(QWidget* parent)
     resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() - QSize(40, 60)));
     auto* panes = new QSplitter(this);
     panes->setChildrenCollapsible(false);
-    panes->addWidget(MakeList());
+    panes->addWidget(list_);
     panes->addWidget(MakeQuestions());
     panes->setStretchFactor(1, 1);
     panes->setSizes({kWidth * 2 / 5, kWidth * 3 / 5});
-    list_->setMinimumWidth(fontMetrics().averageCharWidth() * kListChars);
     fault_->setWordWrap(true);
     fault_->hide();
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -79,29 +65,9 @@ WorkformDialog::WorkformDialog(QWidget* parent)
     layout->addWidget(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &WorkformDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    FillList();
-    search_->setFocus();
-}
-
-QWidget* WorkformDialog::MakeList() {
-    auto* part = new QWidget(this);
-    auto* layout = new QVBoxLayout(part);
-    layout->setContentsMargins(0, 0, 0, 0);
-    search_->setPlaceholderText(tr("What is it? Book, DVD, map …"));
-    search_->setAccessibleName(tr("Words of a workform"));
-    search_->setClearButtonEnabled(true);
-    list_->setAccessibleName(tr("Workforms"));
-    list_->setHeaderLabels({tr("Workform"), tr("Material")});
-    list_->setRootIsDecorated(false);
-    list_->header()->setSectionResizeMode(kName, QHeaderView::Stretch);
-    list_->header()->setSectionResizeMode(kMaterial, QHeaderView::ResizeToContents);
-    list_->header()->setStretchLastSection(false);
-    layout->addWidget(search_);
-    layout->addWidget(list_);
-    search_->installEventFilter(this);
-    connect(search_, &QLineEdit::textChanged, this, &WorkformDialog::ShowMatches);
-    connect(list_, &QTreeWidget::currentItemChanged, this, &WorkformDialog::ShowQuestions);
-    return part;
+    connect(list_, &WorkformList::Changed, this, &WorkformDialog::ShowQuestions);
+    list_->Fill(*workforms_);
+    list_->setFocus();
 }
 
 QWidget* WorkformDialog::MakeQuestions() {
@@ -123,59 +89,10 @@ QWidget* WorkformDialog::MakeQuestions() {
     return part;
 }
 
-void WorkformDialog::FillList() {
-    const QSignalBlocker quiet(list_);
-    AddGroup(tr("Your own"), workforms_->Users());
-    AddGroup(tr("Standard"), workforms_->Standard());
-    list_->expandAll();
-    ShowMatches({});
-}
-
-// A workform that is damaged can't be chosen.
-void WorkformDialog::AddGroup(const QString& title, const std::vector<WorkformEntry>& entries) {
-    if (entries.empty()) return;
-    auto* group = new QTreeWidgetItem(list_, {title});
-    group->setFlags(Qt::ItemIsEnabled);
-    group->setFirstColumnSpanned(true);
-    for (const WorkformEntry& entry : entries) {
-        auto* item = new QTreeWidgetItem(group, {ToQt(entry.text)});
-        item->setData(kName, Qt::UserRole, QByteArray::number(entry.id));
-        try {
-            const Pattern& pattern = maker_->PatternFor(std::to_string(entry.id));
-            item->setText(kMaterial, ToQt(MaterialText(pattern.Leader())));
-        } catch (const FaultError& error) {
-            item->setFlags(Qt::NoItemFlags);
-            item->setToolTip(kName, ToQt(error.what()));
-        }
-    }
-}
-
-// The workform whose name begins with what is typed, or has it first, is the one in hand.
-void WorkformDialog::ShowMatches(const QString& typed) {
-    QTreeWidgetItem* best = nullptr;
-    qsizetype bestPlace = 0;
-    for (int i = 0; i < list_->topLevelItemCount(); ++i) {
-        QTreeWidgetItem* group = list_->topLevelItem(i);
-        for (int row = 0; row < group->childCount(); ++row) {
-            QTreeWidgetItem* item = group->child(row);
-            const bool fits = HasWords(item->text(kName) + u' ' + item->text(kMaterial), typed);
-            item->setHidden(!fits);
-            if (!fits || !item->flags().testFlag(Qt::ItemIsEnabled)) continue;
-            const qsizetype at = item->text(kName).indexOf(typed, 0, Qt::CaseInsensitive);
-            const qsizetype place = at < 0 ? std::numeric_limits<qsizetype>::max() : at;
-            if (best != nullptr && place >= bestPlace) continue;
-            best = item;
-            bestPlace = place;
-        }
-    }
-    list_->setCurrentItem(best);
-    ShowQuestions();
-}
-
+// By which the maker calls the workform; empty if none is chosen.
 std::string WorkformDialog::Chosen() const {
-    const QTreeWidgetItem* item = list_->currentItem();
-    if (item == nullptr) return {};
-    return item->data(kName, Qt::UserRole).toByteArray().toStdString();
+    const int id = list_->Chosen();
+    return id == 0 ? std::string() : std::to_string(id);
 }
 
 void WorkformDialog::ShowQuestions() {
@@ -261,16 +178,9 @@ void WorkformDialog::accept() {
     QDialog::accept();
 }
 
-// The arrow keys move in the list while a person types; what is known of a box is shown with it.
+// What is known of a box is shown with it.
 bool WorkformDialog::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == search_ && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Up || key == Qt::Key_Down) {
-            QCoreApplication::sendEvent(list_, event);
-            return true;
-        }
-    }
-    if (watched != search_ && event->type() == QEvent::FocusIn) {
+    if (event->type() == QEvent::FocusIn) {
         const auto number = static_cast<std::size_t>(watched->property(kQuestion).toInt());
         if (number < boxes_.size()) ShowHelp(boxes_[number].question.place);
     }

@@ -16,9 +16,10 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QScrollArea;
-class QTreeWidget;
 
 namespace quillory {
+
+class WorkformList;
 
 // The making of a record: a choice of workforms, and what the chosen one asks.
 class WorkformDialog : public QDialog {
@@ -41,16 +42,11 @@ private:
         QLineEdit* edit;
     };
 
-    QWidget* MakeList();
     QWidget* MakeQuestions();
-    void FillList();
-    void AddGroup(const QString& title, const std::vector<WorkformEntry>& entries);
-    void ShowMatches(const QString& typed);
     void ShowQuestions();
     void AddHeading(const Question& question, QGridLayout& grid);
     void AddQuestion(const Question& question, QGridLayout& grid);
     void ShowHelp(const Place& place);
-    // The workform's ID, by which the maker calls it; empty if none is chosen.
     std::string Chosen() const;
     bool TakeAnswers(Draft& draft);
 
@@ -61,8 +57,7 @@ private:
     Record made_;
     std::vector<Box> boxes_;
 
-    QLineEdit* search_;
-    QTreeWidget* list_;
+    WorkformList* list_;
     QScrollArea* area_;
     QCheckBox* all_;
     QPlainTextEdit* help_;
