@@ -6,13 +6,6 @@
 namespace quillory {
 namespace {
 
-bool IsAsked(const Pattern& pattern, const Place& gap) {
-    std::string prompted;
-    pattern.Workform().SubfieldPrompt(gap.Number(), prompted);
-    return pattern.Workform().FieldPriority(gap.Number()) != 0 &&
-           prompted.find(gap.code) != prompted.npos;
-}
-
 Question QuestionFor(const Place& gap) {
     constexpr zorby::EDISPLAYOPTIONS kNames = zorby::EDO_NameOnly;
     std::string field;
@@ -21,12 +14,32 @@ Question QuestionFor(const Place& gap) {
     return {gap, QmToUtf8(field), QmToUtf8(subfield)};
 }
 
+// Ends with its last line.
+std::string LinesOf(std::string_view text) {
+    std::string lines = QmLinesToUtf8(text);
+    if (!lines.empty() && lines.back() != '\n') lines += '\n';
+    return lines;
+}
+
 }  // namespace
+
+bool IsAsked(const zorby::CTemplate& workform, const Place& subfield) {
+    std::string prompted;
+    workform.SubfieldPrompt(subfield.Number(), prompted);
+    return workform.FieldPriority(subfield.Number()) != 0 &&
+           prompted.find(subfield.code) != prompted.npos;
+}
+
+std::string ReminderFor(const Place& subfield, const zorby::CTemplate& workform) {
+    std::string reminder;
+    workform.SubfieldReminders(subfield.Number(), subfield.code, reminder);
+    return QmLinesToUtf8(reminder);
+}
 
 std::vector<Question> QuestionsOf(const Pattern& pattern, const Draft& draft, bool all) {
     std::vector<Question> questions;
     for (const Place& gap : draft.Gaps()) {
-        if (all || IsAsked(pattern, gap)) questions.push_back(QuestionFor(gap));
+        if (all || IsAsked(pattern.Workform(), gap)) questions.push_back(QuestionFor(gap));
     }
     return questions;
 }
@@ -39,16 +52,7 @@ std::string HelpFor(const Place& subfield, const Pattern& pattern) {
     pattern.Workform().SubfieldRules(tag, subfield.code, rules);
     pattern.Workform().SubfieldReminders(tag, subfield.code, reminders);
     pattern.Workform().SubfieldExamples(tag, subfield.code, examples);
-    std::string help;
-    for (const std::string& text : {rules, reminders, examples}) {
-        std::string_view rest(text);
-        while (!rest.empty()) {
-            const std::size_t size = std::min(rest.find('\n'), rest.size());
-            help += QmToUtf8(rest.substr(0, size)) + '\n';
-            rest.remove_prefix(std::min(size + 1, rest.size()));
-        }
-    }
-    return help;
+    return LinesOf(rules) + LinesOf(reminders) + LinesOf(examples);
 }
 
 }  // namespace quillory

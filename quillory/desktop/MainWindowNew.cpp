@@ -1,3 +1,4 @@
+#include <quillory/desktop/Desk.h>
 #include <quillory/desktop/Document.h>
 #include <quillory/desktop/MainWindow.h>
 #include <quillory/desktop/MessageBar.h>
@@ -5,8 +6,10 @@
 #include <quillory/desktop/RecordTable.h>
 #include <quillory/desktop/Texts.h>
 #include <quillory/desktop/WorkformDialog.h>
+#include <quillory/desktop/WorkformEditor.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/RecordWorkform.h>
+#include <quillory/jobs/WorkformFields.h>
 
 #include <QHeaderView>
 #include <QInputDialog>
@@ -27,6 +30,8 @@ void MainWindow::AddNewActions(QMenu* menu) {
         [this] { CopyRecord(); });
     Add(menu, tr("&Discard the New Record"), {}, kEditable, [this] { DiscardNewRecord(); });
     Add(menu, tr("Save as &Workform…"), {}, kRecord, [this] { SaveRecordAsWorkform(); });
+    Add(menu, tr("&Edit Workforms…"), {}, kNothing,
+        [this] { Try([this] { WorkformEditor(desk_.Lists(), this).exec(); }); });
     menu->addSeparator();
 }
 

@@ -1,6 +1,9 @@
 #include <quillory/desktop/Document.h>
 #include <quillory/desktop/MessageBar.h>
 #include <quillory/desktop/WorkformDialog.h>
+#include <quillory/jobs/WorkformCatalog.h>
+#include <quillory/jobs/WorkformHelps.h>
+#include <quillory/store/Schema.h>
 
 #include <QApplication>
 #include <QInputDialog>
@@ -179,6 +182,18 @@ TEST_F(NewRecordTest, AllMaterialsOfARecordBelongToItsWorkformAndWhatDoesNotIsNa
     }
     EXPECT_EQ(made, coded);
     EXPECT_EQ(Cell("007[4]"), "");
+}
+
+TEST_F(NewRecordTest, AWorkformOfARecordRemindsAsThatOfItsMaterialDoes) {
+    OpenHere(MarcOf({"LDR00000cgm a2200000 a 4500", "007vd cvaizq",
+                     "008240101s2023    nyu090            vleng d", "24500\037aRivers."}));
+    SaveAsWorkform("Our films");
+    const Database store = OpenStore();
+    const WorkformCatalog catalog(store);
+    const zorby::TemplateHolder ours = catalog.Get(catalog.Find("Our films").id);
+    const zorby::TemplateHolder standard = catalog.Get(catalog.Find("DVD video").id);
+    EXPECT_FALSE(HelpOf({300, 'a'}, *standard).reminder.empty());
+    EXPECT_EQ(HelpOf({300, 'a'}, *ours), HelpOf({300, 'a'}, *standard));
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <quillory/desktop/IndicatorEdit.h>
 #include <quillory/desktop/RepairDialog.h>
 #include <quillory/desktop/Theme.h>
+#include <quillory/desktop/WorkformEditor.h>
+#include <quillory/desktop/WorkformList.h>
 
 #include <QApplication>
 #include <QLineEdit>
@@ -78,6 +80,19 @@ protected:
             dialog->close();
         });
     }
+    // A workform of the user's, with a reminder in hand.
+    void KeepWorkforms() {
+        WorkformEditor editor(desk_->Lists(), window_.get());
+        editor.resize(1100, 640);
+        editor.show();
+        editor.List().Search().insert("dvd");
+        editor.Copy();
+        editor.findChild<QTabWidget*>()->setFocus();
+        editor.Table().GoTo(*ParsePlace("300 $a"));
+        Settle();
+        Keep(editor.grab(), "workforms");
+        editor.hide();
+    }
 };
 
 TEST_F(DISABLED_Pictures, OfTheMainStates) {
@@ -129,6 +144,7 @@ TEST_F(DISABLED_Pictures, OfFormsAndWorkforms) {
     });
     KeepWithDialog("new");
     Press(Qt::Key_N, Qt::ControlModifier);
+    KeepWorkforms();
 }
 
 }  // namespace

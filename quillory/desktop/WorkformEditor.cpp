@@ -1,0 +1,453 @@
+#include <quillory/coded/Material.h>
+#include <quillory/desktop/CodedEditor.h>
+#include <quillory/desktop/FieldPicker.h>
+#include <quillory/desktop/RecordTable.h>
+#include <quillory/desktop/Texts.h>
+#include <quillory/desktop/WorkformEditor.h>
+#include <quillory/desktop/WorkformList.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/faults/FaultCode.h>
+#include <quillory/text/QmText.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QUndoStack>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+constexpr int kWidth = 1100;
+constexpr int kHeight = 640;
+constexpr int kReminderLines = 3;
+
+// Steps of one kind that come one after the other are undone as one, as with letter after letter.
+constexpr int kStepOfItsOwn = -1;
+constexpr int kNameStep = 0;
+
+int ReminderStep(const SubfieldOfTag& subfield) {
+    constexpr int kCodes = 256;
+    return static_cast<int>(subfield.tag) * kCodes + subfield.code;
+}
+
+QString NameOf(QString text) {
+    return text.remove(u'&').remove(u'…');
+}
+
+}  // namespace
+
+// From one content to the next. Nothing is done again when it is pushed.
+class WorkformEditor::Step : public QUndoCommand {
+public:
+    Step(WorkformEditor& editor, WorkformContent before, WorkformContent after, int kind)
+        : editor_(editor), before_(std::move(before)), after_(std::move(after)), kind_(kind) {}
+
+    void undo() override { editor_.Give(before_); }
+    void redo() override {
+        if (isDone_) editor_.Give(after_);
+        isDone_ = true;
+    }
+    int id() const override { return kind_; }
+    bool mergeWith(const QUndoCommand* next) override {
+        after_ = static_cast<const Step*>(next)->after_;
+        return true;
+    }
+
+private:
+    WorkformEditor& editor_;
+    WorkformContent before_;
+    WorkformContent after_;
+    int kind_;
+    bool isDone_ = false;
+};
+
+WorkformEditor::WorkformEditor(const CodeLists& lists, QWidget* parent)
+    : QDialog(parent),
+      undo_(new QUndoStack(this)),
+      list_(new WorkformList(
+          [this](int id) { return MaterialText(ContentOf(workforms_->Get(id)).record.leader); },
+          this)),
+      copy_(new QPushButton(tr("Copy to &Edit"), this)),
+      remove_(new QPushButton(tr("&Delete…"), this)),
+      save_(new QPushButton(tr("&Save"), this)),
+      name_(new QLineEdit(this)),
+      material_(new QLabel(this)),
+      tools_(new QToolBar(this)),
+      tabs_(new QTabWidget(this)),
+      helpHeading_(new QLabel(this)),
+      isAsked_(new QCheckBox(tr("&Ask for it when a record is made"), this)),
+      reminder_(new QPlainTextEdit(this)),
+      said_(new QLabel(this)) {
+    const Reporter reporter(messages_, {.quiet = true});
+    workforms_.emplace(reporter);
+    setWindowTitle(tr("Workforms") + QStringLiteral("[*]"));
+    resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() - QSize(40, 60)));
+    auto* panes = new QSplitter(this);
+    panes->setChildrenCollapsible(false);
+    panes->addWidget(MakeList());
+    panes->addWidget(MakeContent(lists));
+    panes->setStretchFactor(1, 1);
+    panes->setSizes({kWidth * 3 / 10, kWidth * 7 / 10});
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(panes, 1);
+    layout->addWidget(said_);
+    layout->addWidget(MakeButtons());
+    connect(list_, &WorkformList::Changed, this, &WorkformEditor::Follow);
+    connect(undo_, &QUndoStack::indexChanged, this, &WorkformEditor::Update);
+    list_->Fill(*workforms_);
+    list_->setFocus();
+}
+
+// What is being typed needs the record, which goes before the widgets do, and they speak to the
+// end.
+WorkformEditor::~WorkformEditor() {
+    isShowing_ = true;
+    table_->Finish();
+    undo_->disconnect(this);
+    for (QWidget* part : findChildren<QWidget*>()) part->disconnect(this);
+}
+
+QWidget* WorkformEditor::MakeList() {
+    auto* part = new QWidget(this);
+    auto* buttons = new QHBoxLayout;
+    for (QPushButton* button : {copy_, remove_}) {
+        button->setAutoDefault(false);
+        buttons->addWidget(button);
+    }
+    buttons->addStretch(1);
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(list_, 1);
+    layout->addLayout(buttons);
+    connect(copy_, &QPushButton::clicked, this, &WorkformEditor::Copy);
+    connect(remove_, &QPushButton::clicked, this, &WorkformEditor::Remove);
+    return part;
+}
+
+QWidget* WorkformEditor::MakeContent(const CodeLists& lists) {
+    auto* part = new QWidget(this);
+    table_ = new RecordTable(record_, tabs_);
+    coded_ = new CodedEditor(record_, lists, tabs_);
+    tabs_->addTab(table_, tr("&Fields"));
+    tabs_->addTab(coded_, tr("&Coded"));
+    MakeTools();
+    auto* form = new QFormLayout;
+    name_->setAccessibleName(tr("Name of the workform"));
+    form->addRow(tr("&Name:"), name_);
+    form->addRow(tr("Material:"), material_);
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(form);
+    layout->addWidget(tools_);
+    layout->addWidget(tabs_, 1);
+    layout->addWidget(MakeHelp());
+    connect(name_, &QLineEdit::textChanged, this, [this] { Note(kNameStep); });
+    connect(&record_, &OpenRecord::Changed, this, [this] { Note(kStepOfItsOwn); });
+    connect(table_, &RecordTable::PlaceChanged, this, &WorkformEditor::ShowHelp);
+    connect(coded_, &CodedEditor::Said, this, &WorkformEditor::Say);
+    connect(tabs_, &QTabWidget::currentChanged, this, [this] {
+        table_->Finish();
+        coded_->SetActive(tabs_->currentWidget() == coded_);
+        ShowHelp();
+    });
+    return part;
+}
+
+QWidget* WorkformEditor::MakeHelp() {
+    auto* part = new QWidget(this);
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(0, 0, 0, 0);
+    QFont font = helpHeading_->font();
+    font.setBold(true);
+    helpHeading_->setFont(font);
+    helpHeading_->setWordWrap(true);
+    reminder_->setTabChangesFocus(true);
+    reminder_->setPlaceholderText(tr("A reminder, shown when this subfield is filled"));
+    reminder_->setAccessibleName(tr("Reminder for the subfield in hand"));
+    reminder_->setFixedHeight(kReminderLines * fontMetrics().lineSpacing() + 12);
+    layout->addWidget(helpHeading_);
+    layout->addWidget(isAsked_);
+    layout->addWidget(reminder_);
+    connect(isAsked_, &QCheckBox::toggled, this, [this] { NoteHelp(false); });
+    connect(reminder_, &QPlainTextEdit::textChanged, this, [this] { NoteHelp(true); });
+    return part;
+}
+
+// No button is pressed by Enter: it belongs to the boxes.
+QWidget* WorkformEditor::MakeButtons() {
+    auto* buttons = new QDialogButtonBox(this);
+    QPushButton* close = buttons->addButton(QDialogButtonBox::Close);
+    buttons->addButton(save_, QDialogButtonBox::ApplyRole);
+    save_->setToolTip(
+        tr("Save (%1)").arg(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText)));
+    auto* save = new QAction(this);
+    save->setShortcut(QKeySequence::Save);
+    addAction(save);
+    connect(save, &QAction::triggered, save_, &QPushButton::click);
+    for (QPushButton* button : {close, save_}) button->setAutoDefault(false);
+    said_->setWordWrap(true);
+    said_->hide();
+    connect(save_, &QPushButton::clicked, this, &WorkformEditor::Save);
+    connect(buttons, &QDialogButtonBox::rejected, this, &WorkformEditor::reject);
+    return buttons;
+}
+
+template <class Handler>
+void WorkformEditor::AddTool(const QString& text, const QString& key, Handler handler) {
+    QAction* action = tools_->addAction(text);
+    action->setShortcut(QKeySequence(key));
+    action->setToolTip(QStringLiteral("%1 (%2)").arg(
+        NameOf(text), action->shortcut().toString(QKeySequence::NativeText)));
+    connect(action, &QAction::triggered, this, handler);
+}
+
+void WorkformEditor::MakeTools() {
+    tools_->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    AddTool(tr("Undo"), tr("Ctrl+Z"), [this] {
+        FinishTyping();
+        undo_->undo();
+    });
+    AddTool(tr("Redo"), tr("Ctrl+Shift+Z"), [this] { undo_->redo(); });
+    tools_->addSeparator();
+    AddTool(tr("New Field…"), tr("Ctrl+Return"), [this] { AddField(); });
+    AddTool(tr("Remove Field"), tr("Ctrl+Del"), [this] { table_->RemoveField(); });
+    AddTool(tr("New Subfield"), tr("Ctrl+D"), [this] { table_->AddSubfield(); });
+    AddTool(tr("Remove Subfield"), tr("Shift+Del"), [this] { table_->RemoveSubfield(); });
+    AddTool(tr("Up"), tr("Alt+Up"), [this] { table_->MoveField(-1); });
+    AddTool(tr("Down"), tr("Alt+Down"), [this] { table_->MoveField(1); });
+}
+
+void WorkformEditor::AddField() {
+    FinishTyping();
+    tabs_->setCurrentWidget(table_);
+    FieldPicker picker(this);
+    if (picker.exec() == QDialog::Accepted && !picker.Tag().empty()) table_->AddField(picker.Tag());
+}
+
+// The choice in the list goes back if the one in hand has to stay.
+void WorkformEditor::Follow() {
+    if (const int id = list_->Chosen(); id != 0 && MayLeave()) return Show(id);
+    const QSignalBlocker quiet(list_);
+    if (from_) list_->Choose(from_->GetOwnID());
+}
+
+void WorkformEditor::Show(int id) {
+    try {
+        const bool isUsers = id >= kFirstUserWorkformId;
+        Begin(ContentOf(workforms_->Get(id)), id, isUsers ? id : 0);
+        isFixed_ = !isUsers;
+        said_->hide();
+        Update();
+    } catch (const FaultError& error) {
+        Warn(ToQt(error.what()));
+    }
+}
+
+void WorkformEditor::Copy() {
+    if (!MayLeave() || list_->Chosen() == 0) return;
+    Show(list_->Chosen());
+    WorkformContent copy = now_;
+    copy.name = tr("%1 (copy)").arg(ToQt(copy.name)).toStdString();
+    Begin(std::move(copy), list_->Chosen(), 0);
+    isFixed_ = false;
+    Update();
+    name_->setFocus();
+    name_->selectAll();
+}
+
+void WorkformEditor::Begin(WorkformContent content, int from, int own) {
+    isShowing_ = true;
+    table_->Finish();
+    from_ = workforms_->Get(from);
+    own_ = own;
+    session_ = std::make_unique<EditSession>(RecordOf(content.record), kCharsetUtf8);
+    content.record = session_->Now();
+    now_ = std::move(content);
+    before_.clear();
+    name_->setText(ToQt(now_.name));
+    record_.Show(session_.get());
+    undo_->clear();
+    isShowing_ = false;
+    ShowHelp();
+}
+
+// Whether the one in hand may be left, saved or not.
+bool WorkformEditor::MayLeave() {
+    FinishTyping();
+    if (undo_->isClean()) return true;
+    const auto answer = QMessageBox::question(
+        this, tr("Workforms"), tr("Save the changes of the workform “%1”?").arg(name_->text()),
+        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+    if (answer == QMessageBox::Save) return Save();
+    return answer == QMessageBox::Discard;
+}
+
+void WorkformEditor::reject() {
+    if (MayLeave()) QDialog::reject();
+}
+
+void WorkformEditor::FinishTyping() {
+    table_->Finish();
+    coded_->Finish();
+}
+
+WorkformContent WorkformEditor::Content() const {
+    return {name_->text().trimmed().toStdString(), session_->Now(), now_.helps};
+}
+
+void WorkformEditor::Note(int kind) {
+    if (isShowing_ || session_ == nullptr) return;
+    WorkformContent content = Content();
+    if (content == now_) return;
+    undo_->push(new Step(*this, std::exchange(now_, content), content, kind));
+}
+
+void WorkformEditor::NoteHelp(bool isTyped) {
+    const Place place = table_->CurrentPlace();
+    if (isShowing_ || place.code == '\0') return;
+    const SubfieldOfTag subfield{place.Number(), place.code};
+    before_.emplace(subfield, HelpOf(subfield, *from_));
+    WorkformContent content = now_;
+    content.helps[subfield] = {isAsked_->isChecked(), reminder_->toPlainText().toStdString()};
+    const int kind = isTyped ? ReminderStep(subfield) : kStepOfItsOwn;
+    undo_->push(new Step(*this, std::exchange(now_, content), content, kind));
+}
+
+void WorkformEditor::Give(const WorkformContent& content) {
+    isShowing_ = true;
+    now_ = content;
+    name_->setText(ToQt(content.name));
+    record_.Do([&](EditSession& session) { session.Become(content.record); });
+    isShowing_ = false;
+    ShowHelp();
+}
+
+// What is asked and said of the subfield in hand.
+void WorkformEditor::ShowHelp() {
+    if (isShowing_ || session_ == nullptr) return;
+    isShowing_ = true;
+    const bool isTable = tabs_->currentWidget() == table_;
+    reminder_->parentWidget()->setVisible(isTable);
+    const Place place = isTable ? table_->CurrentPlace() : Place::OfRecord();
+    const bool isSubfield = place.code != '\0' && place.Number() != kNoTag;
+    const SubfieldOfTag subfield{place.Number(), place.code};
+    const auto changed = now_.helps.find(subfield);
+    SubfieldHelp help;
+    if (isSubfield) {
+        help = changed != now_.helps.end() ? changed->second : HelpOf(subfield, *from_);
+    }
+    helpHeading_->setText(isSubfield ? tr("When a record is made: %1").arg(ToQt(PlaceText(place)))
+                                     : tr("When a record is made: no subfield is in hand"));
+    isAsked_->setChecked(help.isAsked);
+    isAsked_->setEnabled(isSubfield && !isFixed_);
+    const QString reminder = ToQt(help.reminder);
+    if (reminder_->toPlainText() != reminder) reminder_->setPlainText(reminder);
+    reminder_->setReadOnly(!isSubfield || isFixed_);
+    isShowing_ = false;
+}
+
+// What can be done with the one in hand.
+void WorkformEditor::Update() {
+    const QString material = ToQt(MaterialText(now_.record.leader));
+    material_->setText(
+        isFixed_ ? tr("%1; a standard workform, which a copy can change").arg(material) : material);
+    setWindowModified(!undo_->isClean());
+    name_->setReadOnly(isFixed_);
+    tools_->setEnabled(!isFixed_);
+    coded_->setEnabled(!isFixed_);
+    table_->setEditTriggers(
+        isFixed_ ? QAbstractItemView::NoEditTriggers
+                 : QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed |
+                       QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+    const bool isUnsaved = own_ == 0 || !undo_->isClean();
+    save_->setEnabled(!isFixed_ && isUnsaved);
+    remove_->setEnabled(own_ != 0);
+    ShowHelp();
+}
+
+bool WorkformEditor::Save() {
+    FinishTyping();
+    WorkformContent content = now_;
+    content.helps.insert(before_.begin(), before_.end());
+    try {
+        const SavedWorkform saved = SaveWorkform(content, from_->GetOwnID(), own_);
+        Renew(saved.id);
+        QString text = tr("“%1” is saved.").arg(ToQt(content.name));
+        for (const Place& place : saved.leftOut) {
+            text += u' ' + tr("It has no room for %1.").arg(ToQt(PlaceText(place)));
+        }
+        Say(text);
+        return true;
+    } catch (const UsageError& error) {
+        const bool isThere = error.What().code == FaultCode::kWorkformThere;
+        Warn(isThere ? tr("There is a workform of that name already.") : ToQt(error.what()));
+        name_->setFocus();
+    } catch (const FaultError& error) {
+        Warn(ToQt(error.what()));
+    }
+    return false;
+}
+
+// The store has changed, or is there for the first time.
+void WorkformEditor::ReadStore() {
+    if (workforms_->Store() != nullptr) return;
+    const Reporter reporter(messages_, {.quiet = true});
+    from_.reset();
+    workforms_.emplace(reporter);
+}
+
+void WorkformEditor::Renew(int id) {
+    ReadStore();
+    from_ = workforms_->Get(id);
+    own_ = id;
+    const QSignalBlocker quiet(list_);
+    list_->Search().clear();
+    list_->Fill(*workforms_);
+    list_->Choose(id);
+    undo_->setClean();
+    Update();
+}
+
+void WorkformEditor::Remove() {
+    const bool isMeant =
+        own_ != 0 &&
+        QMessageBox::question(this, tr("Workforms"),
+                              tr("Delete the workform “%1”? That can't be undone.")
+                                  .arg(ToQt(QmToUtf8(from_->GetName())))) == QMessageBox::Yes;
+    if (!isMeant) return;
+    try {
+        DeleteWorkform(own_);
+        undo_->clear();
+        list_->Fill(*workforms_);
+    } catch (const FaultError& error) {
+        Warn(ToQt(error.what()));
+    }
+}
+
+void WorkformEditor::Say(const QString& text) {
+    said_->setText(text);
+    said_->show();
+}
+
+void WorkformEditor::Warn(const QString& text) {
+    Say(SignOf(Severity::Error) + u' ' + text);
+}
+
+QString WorkformEditor::Said() const {
+    return said_->text();
+}
+
+}  // namespace quillory

@@ -1,0 +1,106 @@
+#pragma once
+
+#include <quillory/coded/CodeLists.h>
+#include <quillory/desktop/CollectedMessages.h>
+#include <quillory/desktop/OpenRecord.h>
+#include <quillory/jobs/WorkformCatalog.h>
+#include <quillory/jobs/WorkformContent.h>
+
+#include <QDialog>
+#include <memory>
+#include <optional>
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QTabWidget;
+class QToolBar;
+class QUndoStack;
+
+namespace quillory {
+
+class CodedEditor;
+class RecordTable;
+class WorkformList;
+
+// The user's workforms: how new records begin, and what is asked and said when one is made. Those
+// of the standard are shown, and copied to be edited.
+class WorkformEditor : public QDialog {
+    Q_OBJECT
+
+public:
+    // Keeps the reference. Throws FileError if the workforms can't be read.
+    explicit WorkformEditor(const CodeLists& lists, QWidget* parent = nullptr);
+    ~WorkformEditor() override;
+
+    // False, with a message, if the workform can't be saved.
+    bool Save();
+    void Copy();
+    void reject() override;
+
+    // For tests: what the dialog is made of.
+    WorkformList& List() { return *list_; }
+    RecordTable& Table() { return *table_; }
+    CodedEditor& Coded() { return *coded_; }
+    QString Said() const;
+
+private:
+    class Step;
+
+    QWidget* MakeList();
+    QWidget* MakeContent(const CodeLists& lists);
+    QWidget* MakeHelp();
+    QWidget* MakeButtons();
+    void MakeTools();
+    template <class Handler>
+    void AddTool(const QString& text, const QString& key, Handler handler);
+    void AddField();
+    void Remove();
+
+    void Follow();
+    void Show(int id);
+    void Begin(WorkformContent content, int from, int own);
+    bool MayLeave();
+    void FinishTyping();
+    WorkformContent Content() const;
+    void Note(int kind);
+    void NoteHelp(bool isTyped);
+    void Give(const WorkformContent& content);
+    void ShowHelp();
+    void Update();
+    void Say(const QString& text);
+    void Warn(const QString& text);
+    void ReadStore();
+    void Renew(int id);
+
+    CollectedMessages messages_;
+    std::optional<WorkformCatalog> workforms_;
+    zorby::TemplateHolder from_;  // what the one in hand began as
+    int own_ = 0;                 // the ID in the store of the one in hand; 0 for one that is new
+    bool isFixed_ = true;         // it is one of the standard
+    WorkformContent now_;         // as far as it is noted
+    SubfieldHelps before_;        // of what was changed
+    std::unique_ptr<EditSession> session_;
+    OpenRecord record_;
+    QUndoStack* undo_;
+    bool isShowing_ = false;  // what changes is not done by a person
+
+    WorkformList* list_;
+    QPushButton* copy_;
+    QPushButton* remove_;
+    QPushButton* save_;
+    QLineEdit* name_;
+    QLabel* material_;
+    QToolBar* tools_;
+    QTabWidget* tabs_;
+    RecordTable* table_ = nullptr;
+    CodedEditor* coded_ = nullptr;
+    QLabel* helpHeading_;
+    QCheckBox* isAsked_;
+    QPlainTextEdit* reminder_;
+    QLabel* said_;
+};
+
+}  // namespace quillory
