@@ -3,10 +3,12 @@
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/Input.h>
 #include <quillory/text/Utf8.h>
+#include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
 #include <charconv>
 #include <stdexcept>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -33,6 +35,7 @@ public:
 
 Cells CellsOf(std::string_view line) {
     Cells cells;
+    cells.reserve(kColumns);
     for (;;) {
         const std::size_t tab = std::min(line.find('\t'), line.size());
         cells.push_back(line.substr(0, tab));
@@ -98,7 +101,10 @@ std::string YearOf(std::string_view cell) {
 
 std::string TextOf(std::string_view cell) {
     if (cell.empty()) throw BadRow("no text");
-    for (std::string_view rest = cell; !rest.empty();) {
+    const char* const end = cell.data() + cell.size();
+    for (std::string_view rest = cell;;) {
+        rest.remove_prefix(zorby::PlainRunLength(rest.data(), end));
+        if (rest.empty()) break;
         const Utf8Char c = DecodeUtf8(rest);
         if (!c.valid) throw BadRow("the text is not UTF-8");
         rest.remove_prefix(c.size);
@@ -131,13 +137,21 @@ PublishedCode CodeOf(const Cells& cells) {
 }  // namespace
 
 const PublishedCode* PublishedElement::Find(std::string_view code) const {
-    const PublishedCode* found = nullptr;
-    for (const PublishedCode& candidate : codes) {
-        if (candidate.code != code) continue;
-        if (candidate.standing != Standing::Obsolete) return &candidate;
-        if (found == nullptr) found = &candidate;
+    const auto place = places.find(std::string(code));
+    return place == places.end() ? nullptr : &codes[place->second];
+}
+
+bool PublishedElement::Add(PublishedCode code) {
+    const auto [place, isNew] = places.try_emplace(code.code, codes.size());
+    if (!isNew) {
+        const bool isTold = std::ranges::any_of(codes, [&code](const PublishedCode& other) {
+            return other.code == code.code && other.standing == code.standing;
+        });
+        if (isTold) return false;
+        if (codes[place->second].standing == Standing::Obsolete) place->second = codes.size();
     }
-    return found;
+    codes.push_back(std::move(code));
+    return true;
 }
 
 CodeStatus::CodeStatus(const std::string& path) {
@@ -178,16 +192,10 @@ void CodeStatus::AddRow(std::string_view line) {
     const int last = isRange ? PositionOf(positions.substr(3)) : first;
     CheckPositions(form, first, last, positions);
     PublishedElement& element = elements_[{form, first}];
-    const PublishedCode code = CodeOf(cells);
-    for (const PublishedCode& other : element.codes) {
-        if (other.code == code.code && other.standing == code.standing) {
-            Refuse("a second row for code", cells[kCode]);
-        }
-    }
+    if (!element.Add(CodeOf(cells))) Refuse("a second row for code", cells[kCode]);
     element.name = cells[kElement];
     element.first = first;
     element.last = last;
-    element.codes.push_back(code);
 }
 
 const PublishedElement* CodeStatus::Find(CFType form, int first) const {

@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -31,7 +32,11 @@ struct PublishedElement {
     int first = 0;
     int last = 0;
     std::vector<PublishedCode> codes;
+    // Where a code stands among them; of several that are alike, one in force.
+    std::unordered_map<std::string, std::size_t> places = {};
 
+    // False if there is one already that is alike, of the same standing.
+    bool Add(PublishedCode code);
     // Prefers a code in force to an obsolete one. Null if the format never had the code.
     const PublishedCode* Find(std::string_view code) const;
 };

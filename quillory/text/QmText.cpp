@@ -2,11 +2,15 @@
 #include <quillory/text/QmText.h>
 #include <quillory/text/QmUnicode.h>
 #include <zorby/charset/Convert.h>
+#include <zorby/charset/PlainRun.h>
 
 namespace quillory {
 
-// What QmUnicode does not take goes by way of MARC-8.
+// What QmUnicode does not take goes by way of MARC-8. Printable ASCII is the same in all of them.
 std::string QmToUtf8(std::string_view qm) {
+    if (zorby::PlainRunLength(qm.data(), qm.data() + qm.size()) == qm.size()) {
+        return std::string(qm);
+    }
     std::string utf8;
     if (QmUnicode::Of(kNormalFormC).AppendUtf8(qm, utf8)) return utf8;
     utf8.clear();
