@@ -54,11 +54,14 @@ void Checker::Check(const Record& record, const RecordInHand& inHand,
     facts.leader = record.leader;
     const bool isBibliographic = IsBibliographic(record.leader);
     for (const CheckedField& field : inHand.Fields()) {
+        const bool isNumber = field.number != kNoTag;
+        const FieldRole role = isNumber ? inHand.OwnRuleOf(field).role : kRoleOther;
+        const FieldInHand fieldInHand{inHand, field, facts, options_.allowLocal};
         for (const FieldCheck& check : FieldChecks()) {
             if (!isBibliographic && !check.isForAllFormats) continue;
-            check.check({inHand, field, facts, options_.allowLocal}, sink);
+            if (!check.role || check.role == role) check.check(fieldInHand, sink);
         }
-        if (isBibliographic && field.number != kNoTag) facts.Take(inHand, field);
+        if (isBibliographic && isNumber) facts.Take(inHand, field);
     }
     if (isBibliographic) {
         CheckRules(facts, sink);

@@ -43,14 +43,12 @@ void CheckLength(const FieldInHand& inHand, FindingSink& findings) {
 
 void CheckMainEntry(const FieldInHand& inHand, FindingSink& findings) {
     const CheckedField& field = inHand.field;
-    if (field.number == kNoTag || inHand.OwnRule().role != kRoleMainEntry) return;
     const unsigned first = inHand.facts.mainEntry;
     if (first != 0) findings.Add(ManyMainEntries(first), field.GetPlace());
 }
 
 void CheckTitles(const FieldInHand& inHand, FindingSink& findings) {
     const CheckedField& field = inHand.field;
-    if (field.number == kNoTag || inHand.OwnRule().role != kRoleTitle) return;
     bool hasTitle = !inHand.facts.title.empty();
     for (const auto& [code, text] : inHand.Subfields()) {
         if (code != 'a' || !HasText(text)) continue;
@@ -74,16 +72,15 @@ const FieldRule& RuleFor(const FieldInHand& inHand) {
 void CheckSubfields(const FieldInHand& inHand, FindingSink& findings) {
     const FieldRule& rule = RuleFor(inHand);
     if (rule.Allows(inHand.field.codes, inHand.field.repeated)) return;
-    Codes seen;
-    Codes repeated;
+    ByteSet seen;
+    ByteSet repeated;
     for (const auto& [code, text] : inHand.Subfields()) {
-        const std::size_t i = IndexOf(code);
         const Place place = inHand.field.GetPlace().Subfield(code);
-        if (!seen[i]) {
-            seen.set(i);
-            if (!rule.codes[i]) findings.Add(EC_NotMARC, place);
-        } else if (rule.codes[i] && !rule.repeatableCodes[i] && !repeated[i]) {
-            repeated.set(i);
+        if (!seen.Has(code)) {
+            seen.Add(code);
+            if (!rule.codes.Has(code)) findings.Add(EC_NotMARC, place);
+        } else if (rule.codes.Has(code) && !rule.repeatableCodes.Has(code) && !repeated.Has(code)) {
+            repeated.Add(code);
             findings.Add(EC_NotRepeatable, place);
         }
     }
@@ -105,10 +102,10 @@ void CheckDictionary(const FieldInHand& inHand, FindingSink& findings) {
 
 // To add a check of fields, add its row here.
 constexpr FieldCheck kChecks[] = {
-    {true, CheckLength},
-    {false, CheckMainEntry},
-    {false, CheckTitles},
-    {false, CheckDictionary},
+    {true, {}, CheckLength},
+    {false, kRoleMainEntry, CheckMainEntry},
+    {false, kRoleTitle, CheckTitles},
+    {false, {}, CheckDictionary},
 };
 
 }  // namespace

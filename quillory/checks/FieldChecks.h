@@ -4,6 +4,7 @@
 #include <quillory/checks/RecordFacts.h>
 #include <quillory/checks/RecordInHand.h>
 
+#include <optional>
 #include <span>
 
 namespace quillory {
@@ -21,7 +22,8 @@ struct FieldInHand {
 
 // One check of a field.
 struct FieldCheck {
-    bool isForAllFormats;  // of MARC 21; else for bibliographic records alone
+    bool isForAllFormats;           // of MARC 21; else for bibliographic records alone
+    std::optional<FieldRole> role;  // of the fields that it looks at; all if there is none
     void (*check)(const FieldInHand& field, FindingSink& findings);
 };
 

@@ -15,8 +15,8 @@ namespace {
 using zorby::CMARCFormat;
 
 void AllowCode(FieldRule& rule, char code, bool repeatable) {
-    rule.codes.set(IndexOf(code));
-    if (repeatable) rule.repeatableCodes.set(IndexOf(code));
+    rule.codes.Add(code);
+    if (repeatable) rule.repeatableCodes.Add(code);
 }
 
 constexpr char kBlank = '_';  // as an indicator in the dictionary
@@ -68,7 +68,7 @@ void FieldRules::AddDictionary() {
             const zorby::CInfoAboutSubfield* subfield = CMARCFormat::FindSubfield(tag, code);
             AllowCode(rule, code, subfield == nullptr || subfield->Repeatable() != 0);
             if (subfield != nullptr && IsObsolete(subfield->GetName())) {
-                rule.obsoleteCodes.set(IndexOf(code));
+                rule.obsoleteCodes.Add(code);
             }
         }
         AddIndicators(tag);
@@ -83,8 +83,8 @@ void FieldRules::AddIndicators(unsigned tag) {
         IndicatorRule& rule = rules_[tag].indicators[static_cast<std::size_t>(which - 1)];
         const auto* value = CMARCFormat::GetIndicatorValueMatchFirst(tag, which);
         for (; value != nullptr; value = CMARCFormat::GetIndicatorValueMatchNext(tag, which)) {
-            Codes& values = IsObsolete(value->GetName()) ? rule.obsolete : rule.current;
-            values.set(IndexOf(value->GetValue() == kBlank ? ' ' : value->GetValue()));
+            ByteSet& values = IsObsolete(value->GetName()) ? rule.obsolete : rule.current;
+            values.Add(value->GetValue() == kBlank ? ' ' : value->GetValue());
         }
     }
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <quillory/checks/ByteSet.h>
 #include <quillory/places/Tag.h>
 
 #include <array>
-#include <bitset>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -22,16 +22,10 @@ enum FieldRole : std::uint8_t {
     kRoleLinked,       // 880
 };
 
-using Codes = std::bitset<256>;
-
-inline std::size_t IndexOf(char code) {
-    return static_cast<unsigned char>(code);
-}
-
 // The values of an indicator; none where nothing is known of it.
 struct IndicatorRule {
-    Codes current;
-    Codes obsolete;
+    ByteSet current;
+    ByteSet obsolete;
 };
 
 // What is allowed in the fields of a tag.
@@ -42,14 +36,14 @@ struct FieldRule {
     bool hasAnyCodes = false;  // any subfield, any number of times
     bool isHoldings = false;
     FieldRole role = kRoleOther;
-    Codes codes;
-    Codes repeatableCodes;
-    Codes obsoleteCodes;
+    ByteSet codes;
+    ByteSet repeatableCodes;
+    ByteSet obsoleteCodes;
     std::array<IndicatorRule, 2> indicators;
 
     // Whether a field may have these subfields, the second of them more than once.
-    bool Allows(const Codes& has, const Codes& repeats) const {
-        return hasAnyCodes || ((has & ~codes) | (repeats & ~repeatableCodes)).none();
+    bool Allows(const ByteSet& has, const ByteSet& repeats) const {
+        return hasAnyCodes || (has.IsWithin(codes) && repeats.IsWithin(repeatableCodes));
     }
 };
 

@@ -7,6 +7,7 @@ namespace quillory {
 namespace {
 
 bool IsBlank(std::string_view text) {
+    if (!text.empty() && text.front() != ' ') return false;
     return text.find_first_not_of(' ') == text.npos;
 }
 
@@ -26,8 +27,13 @@ void RecordInHand::Take(const Record& record) {
     leader_ = record.leader;
     for (const auto& [tag, content] : record.fields) {
         const unsigned number = TagNumber(tag);
-        CheckedField& field = fields_.emplace_back(
-            CheckedField{tag, content, number, Count(tag, number), subfields_.size(), 0, {}, {}});
+        const std::uint32_t occurrence = Count(tag, number);
+        CheckedField& field = fields_.emplace_back();
+        field.tag = tag;
+        field.content = content;
+        field.number = number;
+        field.occurrence = occurrence;
+        field.firstSubfield = subfields_.size();
         if (number >= kFirstDataTag) {
             TakeSubfields(field);
         } else {
@@ -66,12 +72,12 @@ void RecordInHand::TakeSubfields(CheckedField& field) {
 
 void RecordInHand::AddSubfield(CheckedField& field, std::string_view codeAndText) {
     if (codeAndText.empty()) return;
-    const auto code = static_cast<unsigned char>(codeAndText.front());
+    const char code = codeAndText.front();
     const std::string_view text = codeAndText.substr(1);
-    if (field.codes[code]) field.repeated[code] = true;
-    field.codes[code] = true;
+    if (field.codes.Has(code)) field.repeated.Add(code);
+    field.codes.Add(code);
     if (IsBlank(text)) field.lacksText = true;
-    subfields_.push_back({codeAndText.front(), text});
+    subfields_.push_back({code, text});
 }
 
 const CheckedField* RecordInHand::Whole008() const {

@@ -22,17 +22,17 @@ struct SubfieldInHand {
 struct CheckedField {
     std::string_view tag;
     std::string_view content;
-    unsigned number;  // of the tag, or kNoTag
-    std::uint32_t occurrence;
-    std::size_t firstSubfield;
-    std::size_t subfields;
-    Codes codes;             // of its subfields
-    Codes repeated;          // those of them that stand there more than once
+    unsigned number = kNoTag;  // of the tag
+    std::uint32_t occurrence = 0;
+    std::size_t firstSubfield = 0;
+    std::size_t subfields = 0;
+    ByteSet codes;           // of its subfields
+    ByteSet repeated;        // those of them that stand there more than once
     bool isPlain = true;     // printable ASCII and delimiters
     bool lacksText = false;  // in one of its subfields, or as a whole
 
     bool IsData() const { return number != kNoTag && number >= kFirstDataTag; }
-    bool Has(char code) const { return codes[static_cast<unsigned char>(code)]; }
+    bool Has(char code) const { return codes.Has(code); }
     Place GetPlace() const { return Place::OfField(tag, occurrence); }
     // 1 or 2; NUL where the field is too short to have it.
     char Indicator(int which) const {

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quillory {
@@ -40,16 +41,26 @@ struct CheckTotals {
     std::uint64_t records = 0;
     std::uint64_t damaged = 0;  // that can't be read
     VerdictCounts verdicts{};
-    std::map<RuleId, RuleCount> rules;
-    std::map<std::string, VerdictCounts, std::less<>> materials;
-    // By tag; empty for what is said of whole records.
-    std::map<std::string, SeverityCounts, std::less<>> fields;
 
     void Count(const CheckedRecord& record);
+    // The rules that were broken, by their numbers.
+    std::vector<RuleCount> Rules() const;
     std::vector<RuleCount> MostFrequentFirst() const;
+    std::map<std::string, VerdictCounts> Materials() const;
+    // By tag; empty for what is said of whole records.
+    std::map<std::string, SeverityCounts> Fields() const;
 
 private:
+    using TypeAndLevel = std::pair<char, char>;  // Leader/06 and 07
+
     void Count(const Remark& remark);
+    SeverityCounts& CountsOf(const Place& place);
+
+    std::vector<RuleCount>
+        rules_;  // by the numbers of the rules; counts are 0 where none is broken
+    std::map<TypeAndLevel, VerdictCounts> materials_;
+    std::vector<SeverityCounts> fields_;  // by the numbers of the tags
+    std::map<std::string, SeverityCounts, std::less<>> otherPlaces_;
 };
 
 // Writes what a check finds, as it finds it.

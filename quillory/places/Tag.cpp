@@ -5,11 +5,15 @@
 namespace quillory {
 
 unsigned TagNumber(std::string_view tag) {
-    const auto isDigit = [](char c) { return '0' <= c && c <= '9'; };
-    if (tag.size() != kTagSize || !std::ranges::all_of(tag, isDigit)) return kNoTag;
-    unsigned number = 0;
-    for (const char c : tag) number = 10 * number + static_cast<unsigned>(c - '0');
-    return number;
+    if (tag.size() != kTagSize) return kNoTag;
+    const auto digit = [tag](std::size_t at) {
+        return static_cast<unsigned>(static_cast<unsigned char>(tag[at])) - '0';
+    };
+    const unsigned hundreds = digit(0);
+    const unsigned tens = digit(1);
+    const unsigned ones = digit(2);
+    const bool areDigits = hundreds <= 9 && tens <= 9 && ones <= 9;
+    return areDigits ? 100 * hundreds + 10 * tens + ones : kNoTag;
 }
 
 std::string TagText(unsigned tag) {

@@ -42,8 +42,9 @@ std::string FieldLabel(const std::string& tag) {
 
 std::string FindingsChart(const CheckTotals& totals) {
     std::vector<Bar> bars;
-    bars.reserve(totals.rules.size());
-    for (const auto& [id, count] : totals.rules) {
+    const std::vector<RuleCount> rules = totals.Rules();
+    bars.reserve(rules.size());
+    for (const RuleCount& count : rules) {
         bars.push_back({std::string(count.rule->title), {PartOf(count.severity, count.count)}});
     }
     return LongestBars("Findings by rule", std::move(bars), "rules");
@@ -51,8 +52,9 @@ std::string FindingsChart(const CheckTotals& totals) {
 
 std::string FieldsChart(const CheckTotals& totals) {
     std::vector<Bar> bars;
-    bars.reserve(totals.fields.size());
-    for (const auto& [tag, counts] : totals.fields) {
+    const auto fields = totals.Fields();
+    bars.reserve(fields.size());
+    for (const auto& [tag, counts] : fields) {
         Bar bar{FieldLabel(tag), {}};
         for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
             bar.parts.push_back(PartOf(severity, counts[static_cast<std::size_t>(severity)]));
@@ -64,7 +66,7 @@ std::string FieldsChart(const CheckTotals& totals) {
 
 std::string MaterialsChart(const CheckTotals& totals) {
     std::vector<Bar> bars;
-    for (const auto& [material, counts] : totals.materials) {
+    for (const auto& [material, counts] : totals.Materials()) {
         bars.push_back({material,
                         {{"error", "records with errors", counts[kMustStay]},
                          {"warning", "records with warnings", counts[kMayGoWithWarnings]},

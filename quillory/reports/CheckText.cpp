@@ -43,7 +43,7 @@ private:
     static constexpr std::uint64_t kShown = 3;  // of each rule
 
     std::string Summary(const CheckTotals& totals) const {
-        std::string text = totals.rules.empty() ? "" : "\n";
+        std::string text = totals.Rules().empty() ? "" : "\n";
         text += Counted(totals.records, "record") +
                 " checked: " + std::to_string(totals.verdicts[kMayGo]) +
                 " well or with notes alone, " +

@@ -84,9 +84,8 @@ std::string_view FindArticle(std::string_view text, std::string_view articles) {
 Article FindAfterSigns(std::string_view title, std::string_view articles) {
     const std::size_t start = std::min(title.find_first_not_of(kSignsBefore), title.size());
     const std::string_view text = title.substr(start);
-    if (IsNoArticle(text)) return {};
     const std::string_view word = FindArticle(text, articles);
-    if (word.empty()) return {};
+    if (word.empty() || IsNoArticle(text)) return {};
     const std::size_t end = start + word.size();
     const std::size_t size = std::min(title.find_first_not_of(' ', end), title.size());
     return {word, size, std::min(title.find_first_not_of(kSignsAfter, size), title.size())};

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <vector>
 
 namespace quillory {
 namespace {
@@ -103,17 +102,21 @@ void CheckDate(const CheckedField& field, const TypeOfDate& type, int which, Rem
     });
 }
 
-// The years in a text, without the brackets in them: "198[5]".
-void AddYears(std::string_view text, std::vector<std::string>& years) {
-    constexpr std::size_t kYearSize = 4;
-    std::string digits;
+constexpr std::size_t kYearSize = 4;
+
+// Calls `take(year)` for the years in a text, without the brackets in them: "198[5]".
+template <class Take>
+void ForEachYear(std::string_view text, Take& take) {
+    std::array<char, kYearSize> digits{};
+    std::size_t count = 0;
     const auto end = [&] {
-        if (digits.size() == kYearSize) years.push_back(digits);
-        digits.clear();
+        if (count == kYearSize) take(std::string_view(digits.data(), kYearSize));
+        count = 0;
     };
     for (const char c : text) {
         if (IsDigit(c)) {
-            digits += c;
+            if (count < kYearSize) digits[count] = c;
+            ++count;
         } else if (c != '[' && c != ']') {
             end();
         }
@@ -121,15 +124,15 @@ void AddYears(std::string_view text, std::vector<std::string>& years) {
     end();
 }
 
-std::vector<std::string> YearsOfImprint(const RecordInHand& record) {
-    std::vector<std::string> years;
+template <class Take>
+void ForEachYearOfImprint(const RecordInHand& record, Take take) {
+    if (!record.Has(260) && !record.Has(264)) return;
     for (const CheckedField& field : record.Fields()) {
         if (field.number != 260 && field.number != 264) continue;
         for (const auto& [code, text] : record.SubfieldsOf(field)) {
-            if (code == 'c' || code == 'g') AddYears(text, years);
+            if (code == 'c' || code == 'g') ForEachYear(text, take);
         }
     }
-    return years;
 }
 
 // Of these types, date 1 is a year that stands on the item.
@@ -137,16 +140,27 @@ bool HasYearOfItem(char type) {
     return type == 's' || type == 't' || type == 'e' || type == 'r';
 }
 
-void CheckImprint(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
-    const std::string year(field.content.substr(7, 4));
-    if (!HasYearOfItem(field.content[6]) || !std::ranges::all_of(year, IsDigit)) return;
-    const std::vector<std::string> years = YearsOfImprint(record);
-    if (years.empty() || std::ranges::find(years, year) != years.end()) return;
+RemarkWords WordsOfImprint(const RecordInHand& record, std::string_view year) {
     std::string list;
-    for (const std::string& other : years) list += (list.empty() ? "" : ", ") + other;
+    ForEachYearOfImprint(record, [&list](std::string_view other) {
+        list.append(list.empty() ? "" : ", ").append(other);
+    });
     const unsigned tag = record.Has(264) ? 264 : 260;
-    remarks.Add(RuleId::DateAgainstImprint, field.GetPlace().Positions(7, 10), year,
-                TagText(tag) + " $c has " + list);
+    return {std::string(year), TagText(tag) + " $c has " + list};
+}
+
+void CheckImprint(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
+    const std::string_view year = field.content.substr(7, kYearSize);
+    if (!HasYearOfItem(field.content[6]) || !std::ranges::all_of(year, IsDigit)) return;
+    bool hasYears = false;
+    bool hasYear = false;
+    ForEachYearOfImprint(record, [&](std::string_view other) {
+        hasYears = true;
+        hasYear = hasYear || other == year;
+    });
+    if (!hasYears || hasYear) return;
+    remarks.Add(RuleId::DateAgainstImprint, field.GetPlace().Positions(7, 10),
+                [&] { return WordsOfImprint(record, year); });
 }
 
 }  // namespace

@@ -53,15 +53,15 @@ char ByteOf(std::string_view cell) {
     return cell.front();
 }
 
-void SetCode(Codes& codes, char code) {
-    codes.set(static_cast<unsigned char>(code == '#' ? ' ' : code));
+void AddCode(ByteSet& codes, char code) {
+    codes.Add(code == '#' ? ' ' : code);
 }
 
 // "#", "7", or "0-9".
-void SetValues(Codes& codes, std::string_view cell) {
+void AddValues(ByteSet& codes, std::string_view cell) {
     const bool isRange = cell.size() == 3 && cell[1] == '-' && cell[0] < cell[2];
-    if (!isRange) return SetCode(codes, ByteOf(cell));
-    for (char value = cell[0]; value <= cell[2]; ++value) SetCode(codes, value);
+    if (!isRange) return AddCode(codes, ByteOf(cell));
+    for (char value = cell[0]; value <= cell[2]; ++value) AddCode(codes, value);
 }
 
 constexpr std::string_view kAnyTag = "any";
@@ -87,8 +87,8 @@ public:
 
     std::vector<FieldRule> TakeRules() {
         for (unsigned tag = kFirstDataTag; tag < kTags; ++tag) {
-            rules_[tag].codes |= codesOfAll_;
-            rules_[tag].repeatableCodes |= codesOfAll_;
+            rules_[tag].codes.AddAll(codesOfAll_);
+            rules_[tag].repeatableCodes.AddAll(codesOfAll_);
         }
         return std::move(rules_);
     }
@@ -163,22 +163,22 @@ private:
         const std::size_t which = NumberOf(cells[1]);
         if (which != 1 && which != 2) RefuseCell("no indicator", cells[1]);
         IndicatorRule& values = KnownField(cells[0]).indicators[which - 1];
-        SetValues(IsObsolete(cells[3]) ? values.obsolete : values.current, cells[2]);
+        AddValues(IsObsolete(cells[3]) ? values.obsolete : values.current, cells[2]);
     }
 
     void ReadSubfield(const Cells& cells) {
-        const auto code = static_cast<unsigned char>(ByteOf(cells[1]));
+        const char code = ByteOf(cells[1]);
         const bool isRepeatable = FlagOf(cells[3]);
         if (cells[0] == kAnyTag) {
             if (!isRepeatable) RefuseCell("one of all fields, and not repeatable:", cells[1]);
-            codesOfAll_.set(code);
+            codesOfAll_.Add(code);
             return;
         }
         FieldRule& rule = KnownField(cells[0]);
-        if (rule.codes[code]) RefuseCell("told twice:", cells[1]);
-        rule.codes.set(code);
-        rule.repeatableCodes.set(code, isRepeatable);
-        rule.obsoleteCodes.set(code, IsObsolete(cells[2]));
+        if (rule.codes.Has(code)) RefuseCell("told twice:", cells[1]);
+        rule.codes.Add(code);
+        if (isRepeatable) rule.repeatableCodes.Add(code);
+        if (IsObsolete(cells[2])) rule.obsoleteCodes.Add(code);
     }
 
     void ReadPositions(const Cells& cells) {
@@ -191,14 +191,14 @@ private:
             dash == cells[1].npos ? positions.first : NumberOf(cells[1].substr(dash + 1));
         if (positions.last < positions.first) RefuseCell("no positions", cells[1]);
         positions.element = cells[2];
-        for (const char code : cells[3]) SetCode(positions.current, code);
-        for (const char code : cells[4]) SetCode(positions.obsolete, code);
+        for (const char code : cells[3]) AddCode(positions.current, code);
+        for (const char code : cells[4]) AddCode(positions.obsolete, code);
         table_.positions_.push_back(std::move(positions));
     }
 
     FormatTable& table_;
     std::vector<FieldRule> rules_;
-    Codes codesOfAll_;
+    ByteSet codesOfAll_;
     const Section* section_ = nullptr;
     bool hasColumns_ = false;
 };

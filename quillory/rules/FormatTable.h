@@ -17,8 +17,8 @@ struct CodedPositions {
     std::size_t first = 0;
     std::size_t last = 0;
     std::string element;
-    Codes current;
-    Codes obsolete;
+    ByteSet current;
+    ByteSet obsolete;
 
     bool IsUndefined() const { return element == "Undefined"; }
 };

@@ -107,7 +107,7 @@ void Inspector::Compare(std::uint64_t number, RecordLook& look) {
                        ? RemarkWords{std::move(where)}
                        : RemarkWords{std::string(met.number), std::move(where)};
         });
-        look.remarks.insert(look.remarks.begin() + at, added.back());
+        look.remarks.insert(look.remarks.begin() + at, std::move(added.back()));
     }
 }
 

@@ -5,6 +5,7 @@
 #include <quillory/text/Trimmed.h>
 
 #include <algorithm>
+#include <array>
 
 namespace quillory {
 namespace {
@@ -105,7 +106,7 @@ void CheckUrl(const Place& place, std::string_view text, RemarkSink& remarks) {
 }
 
 // Series, and links to other records.
-bool HasIssnInX(unsigned tag) {
+constexpr bool HasIssnInX(unsigned tag) {
     constexpr unsigned kSeries[] = {440, 490, 800, 810, 811, 830};
     return std::ranges::find(kSeries, tag) != std::end(kSeries) || (760 <= tag && tag <= 787);
 }
@@ -126,14 +127,25 @@ void CheckSubfield(const CheckedField& field, const SubfieldInHand& subfield, Re
 }
 
 // Tags that mean the same in all formats.
-bool IsSharedTag(unsigned tag) {
+constexpr bool IsSharedTag(unsigned tag) {
     return tag == 20 || tag == 22 || tag == 24 || tag == 856;
 }
 
-template <class MayHave>
-void CheckFields(const RecordInHand& record, MayHave mayHave, RemarkSink& remarks) {
+using TagSet = std::array<bool, kTags + 1>;
+
+constexpr TagSet TagsThat(bool (*hasNumbers)(unsigned tag)) {
+    TagSet tags{};
+    for (unsigned tag = 0; tag < kTags; ++tag) tags[tag] = hasNumbers(tag);
+    return tags;
+}
+
+constexpr TagSet kSharedTags = TagsThat(IsSharedTag);
+constexpr TagSet kTagsWithNumbers =
+    TagsThat([](unsigned tag) { return IsSharedTag(tag) || HasIssnInX(tag); });
+
+void CheckFields(const RecordInHand& record, const TagSet& tags, RemarkSink& remarks) {
     for (const CheckedField& field : record.Fields()) {
-        if (!mayHave(field.number)) continue;
+        if (!tags[field.number]) continue;
         for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
             CheckSubfield(field, subfield, remarks);
         }
@@ -143,12 +155,11 @@ void CheckFields(const RecordInHand& record, MayHave mayHave, RemarkSink& remark
 }  // namespace
 
 void CheckNumbers(const RecordInHand& record, RemarkSink& remarks) {
-    const auto mayHave = [](unsigned tag) { return IsSharedTag(tag) || HasIssnInX(tag); };
-    CheckFields(record, mayHave, remarks);
+    CheckFields(record, kTagsWithNumbers, remarks);
 }
 
 void CheckSharedNumbers(const RecordInHand& record, RemarkSink& remarks) {
-    CheckFields(record, IsSharedTag, remarks);
+    CheckFields(record, kSharedTags, remarks);
 }
 
 }  // namespace quillory

@@ -32,10 +32,9 @@ TableText TableOf(MarcFormat format) {
 
 void CheckCode(const CodedPositions& positions, std::size_t at, char code, const Place& field,
                RemarkSink& remarks) {
-    const auto index = static_cast<unsigned char>(code);
-    if (positions.current[index] || code == kFill) return;
+    if (positions.current.Has(code) || code == kFill) return;
     RuleId rule = RuleId::CodeUnknown;
-    if (positions.obsolete[index]) rule = RuleId::CodeObsolete;
+    if (positions.obsolete.Has(code)) rule = RuleId::CodeObsolete;
     if (positions.IsUndefined()) rule = RuleId::PositionUndefined;
     if (!remarks.Wants(rule)) return;
     const int position = static_cast<int>(at);

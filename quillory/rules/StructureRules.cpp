@@ -32,10 +32,9 @@ void CheckIndicators(const CheckedField& field, const FieldRule& rule, RemarkSin
     for (int which = 1; which <= 2; ++which) {
         const auto& values = rule.indicators[static_cast<std::size_t>(which - 1)];
         const char value = field.Indicator(which);
-        if (values.current.none() || values.current[static_cast<unsigned char>(value)]) continue;
-        const RuleId found = values.obsolete[static_cast<unsigned char>(value)]
-                                 ? RuleId::IndicatorObsolete
-                                 : RuleId::IndicatorUndefined;
+        if (values.current.Has(value) || values.current.IsEmpty()) continue;
+        const RuleId found =
+            values.obsolete.Has(value) ? RuleId::IndicatorObsolete : RuleId::IndicatorUndefined;
         remarks.Add(found, field.GetPlace().Indicator(which), [&] {
             return RemarkWords{IndicatorText(which, value), ValuesText(values.current)};
         });
@@ -89,25 +88,24 @@ bool IsFurtherTitle(const CheckedField& field, const SubfieldInHand& subfield,
 
 void CheckFurther(const RuledField& ruled, const SubfieldInHand& subfield, RemarkSink& remarks) {
     const CheckedField& field = ruled.field;
-    const auto index = static_cast<unsigned char>(subfield.code);
-    const bool mayStand = !ruled.rule.codes[index] || ruled.rule.repeatableCodes[index];
+    const FieldRule& rule = ruled.rule;
+    const bool mayStand = !rule.codes.Has(subfield.code) || rule.repeatableCodes.Has(subfield.code);
     if (mayStand || IsFurtherTitle(field, subfield, remarks)) return;
     remarks.Add(RuleId::NotRepeatable, field.GetPlace().Subfield(subfield.code), [&] {
         return RemarkWords{FieldName(ruled.record, field) + " has only one $" + subfield.code,
-                           WayOut(ruled.rule, field)};
+                           WayOut(rule, field)};
     });
 }
 
 void CheckFirst(const RuledField& ruled, char code, RemarkSink& remarks) {
     const CheckedField& field = ruled.field;
-    const auto index = static_cast<unsigned char>(code);
     const Place place = field.GetPlace().Subfield(code);
-    if (!ruled.rule.codes[index]) {
+    if (!ruled.rule.codes.Has(code)) {
         remarks.Add(RuleId::NotMarc, place, [&] {
             return RemarkWords{FieldName(ruled.record, field) + " has no subfield $" +
                                Printable({&code, 1})};
         });
-    } else if (ruled.rule.obsoleteCodes[index]) {
+    } else if (ruled.rule.obsoleteCodes.Has(code)) {
         remarks.Add(RuleId::SubfieldObsolete, place, [&] {
             return RemarkWords{{}, NowIn(SuccessorOfSubfield(field.tag, code))};
         });
@@ -118,7 +116,7 @@ void CheckFirst(const RuledField& ruled, char code, RemarkSink& remarks) {
 void CheckCodes(const RecordInHand& record, const CheckedField& field, const FieldRule& rule,
                 RemarkSink& remarks) {
     const bool isInForce =
-        rule.Allows(field.codes, field.repeated) && (field.codes & rule.obsoleteCodes).none();
+        rule.Allows(field.codes, field.repeated) && !field.codes.Meets(rule.obsoleteCodes);
     if (isInForce || rule.hasAnyCodes) return;
     std::array<std::uint8_t, 256> counts{};
     for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {

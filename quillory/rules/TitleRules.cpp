@@ -71,9 +71,10 @@ std::string FaultOfCount(std::string_view title, std::size_t count, std::string_
     if (count >= title.size()) {
         return "the title has " + std::to_string(title.size()) + " characters";
     }
+    if (count == 0 && !keepsArticle) return {};
     if (!IsPlain(title.substr(0, kLooked))) return {};
     const Article own = ArticleOf(title, language);
-    if (count == 0) return own.word.empty() || !keepsArticle ? std::string() : WouldBe(own);
+    if (count == 0) return own.word.empty() ? std::string() : WouldBe(own);
     if (IsSizeOf(own, count) || IsSizeOf(ArticleOfAnyLanguage(title), count)) return {};
     if (!own.word.empty()) return WouldBe(own);
     const std::string skipped(title.substr(0, count));

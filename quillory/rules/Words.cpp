@@ -7,21 +7,41 @@
 namespace quillory {
 namespace {
 
-std::string ValueText(std::size_t value) {
+std::string ValueText(unsigned char value) {
     const char c = static_cast<char>(value);
     return c == ' ' ? "blank" : Printable({&c, 1});
 }
 
+// Values that follow each other. A blank goes with no other.
+struct Run {
+    unsigned char first;
+    unsigned char last;
+};
+
+std::vector<Run> RunsOf(const ByteSet& values) {
+    std::vector<Run> runs;
+    values.ForEach([&runs](unsigned char value) {
+        const bool goesOn =
+            !runs.empty() && runs.back().last + 1 == value && runs.back().last != ' ';
+        if (goesOn) {
+            runs.back().last = value;
+        } else {
+            runs.push_back({value, value});
+        }
+    });
+    return runs;
+}
+
 // Three values or more in a row are told by the first and the last.
-std::vector<std::string> RangesOf(const Codes& values) {
+std::vector<std::string> RangesOf(const ByteSet& values) {
     std::vector<std::string> ranges;
-    for (std::size_t value = 0; value < values.size(); ++value) {
-        if (!values[value]) continue;
-        std::size_t last = value;
-        while (value != ' ' && last + 1 < values.size() && values[last + 1]) ++last;
-        const bool isRange = last > value + 1;
-        ranges.push_back(isRange ? ValueText(value) + " to " + ValueText(last) : ValueText(value));
-        if (isRange) value = last;
+    for (const auto& [first, last] : RunsOf(values)) {
+        if (last > first + 1) {
+            ranges.push_back(ValueText(first) + " to " + ValueText(last));
+        } else {
+            ranges.push_back(ValueText(first));
+            if (last != first) ranges.push_back(ValueText(last));
+        }
     }
     return ranges;
 }
@@ -44,7 +64,7 @@ std::string Shown(std::string_view value) {
     return '"' + Printable(value) + '"';
 }
 
-std::string ValuesText(const Codes& values) {
+std::string ValuesText(const ByteSet& values) {
     return Alternatives(RangesOf(values));
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <quillory/checks/FieldRules.h>
+#include <quillory/checks/ByteSet.h>
 
 #include <string>
 #include <string_view>
@@ -11,7 +11,7 @@ namespace quillory {
 std::string Shown(std::string_view value);
 
 // Values of one character in a message: "blank, 1 or 3 to 9".
-std::string ValuesText(const Codes& values);
+std::string ValuesText(const ByteSet& values);
 
 // What took the place of an obsolete code: "the code is xr or xo now" for "xr xo".
 std::string SuccessorText(std::string_view codes);

@@ -30,11 +30,13 @@ TEST(FormatTable, HoldsWhatItsRowsSay) {
     EXPECT_TRUE(table.Rules().Of(400).isObsolete && table.Rules().Of(400).isRepeatable);
     EXPECT_FALSE(table.Rules().Of(700).isKnown);
     EXPECT_EQ(name.indicators[0].current.count(), 4U);
-    EXPECT_TRUE(name.indicators[0].current[' '] && name.indicators[0].current['2']);
-    EXPECT_TRUE(name.indicators[1].obsolete['7'] && name.indicators[1].current.none());
-    EXPECT_TRUE(name.codes['a'] && !name.repeatableCodes['a'] && !name.obsoleteCodes['a']);
-    EXPECT_TRUE(name.codes['b'] && name.repeatableCodes['b'] && name.obsoleteCodes['b']);
-    EXPECT_TRUE(name.repeatableCodes['7'] && table.Rules().Of(400).codes['7']);
+    EXPECT_TRUE(name.indicators[0].current.Has(' ') && name.indicators[0].current.Has('2'));
+    EXPECT_TRUE(name.indicators[1].obsolete.Has('7') && name.indicators[1].current.none());
+    EXPECT_TRUE(name.codes.Has('a') && !name.repeatableCodes.Has('a') &&
+                !name.obsoleteCodes.Has('a'));
+    EXPECT_TRUE(name.codes.Has('b') && name.repeatableCodes.Has('b') &&
+                name.obsoleteCodes.Has('b'));
+    EXPECT_TRUE(name.repeatableCodes.Has('7') && table.Rules().Of(400).codes.Has('7'));
     EXPECT_EQ(table.Rules().Of(880).role, kRoleLinked);
     EXPECT_EQ(table.LengthOf(8), 40U);
     EXPECT_EQ(table.LengthOf(5), 0U);
@@ -43,7 +45,7 @@ TEST(FormatTable, HoldsWhatItsRowsSay) {
     const CodedPositions& status = table.Positions()[0];
     EXPECT_EQ(status.tag, 0U);
     EXPECT_TRUE(status.first == 5 && status.last == 5 && status.element == "Status");
-    EXPECT_TRUE(status.current['c'] && status.current[' '] && status.obsolete['d']);
+    EXPECT_TRUE(status.current.Has('c') && status.current.Has(' ') && status.obsolete.Has('d'));
     const CodedPositions& undefined = table.Positions()[1];
     EXPECT_TRUE(undefined.tag == 8 && undefined.first == 18 && undefined.last == 27);
     EXPECT_TRUE(undefined.IsUndefined() && undefined.obsolete.none());

@@ -33,10 +33,17 @@ struct ContentFault {
     std::size_t offset = 0;  // in the content
 };
 
+// As CommFormatField::IsDataField, for a tag of three bytes.
+inline bool IsDataTag(std::string_view tag) {
+    const auto isDigit = [](char c) { return '0' <= c && c <= '9'; };
+    return isDigit(tag[0]) && isDigit(tag[1]) && isDigit(tag[2]) &&
+           (tag[0] != '0' || tag[1] != '0');
+}
+
 // Checks that a data field has two indicators and that its subfields have codes.
 inline ContentFault CheckContent(const CommFormatField& field) {
     const std::string_view content = field.content;
-    if (!field.IsDataField()) return {};
+    if (!IsDataTag(field.tag)) return {};
     const std::size_t first = content.find(kDelimiter);
     if (std::min(first, content.size()) != 2) return {CFR_Indicators, 0};
     for (std::size_t at = first; at != content.npos; at = content.find(kDelimiter, at + 2)) {

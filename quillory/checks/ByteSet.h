@@ -1,0 +1,50 @@
+#pragma once
+
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+
+namespace quillory {
+
+// A set of bytes, such as the codes of the subfields that a field may have.
+class ByteSet {
+public:
+    bool Has(char byte) const { return (words_[Word(byte)] & Bit(byte)) != 0; }
+    void Add(char byte) { words_[Word(byte)] |= Bit(byte); }
+    bool IsEmpty() const { return (words_[0] | words_[1] | words_[2] | words_[3]) == 0; }
+    bool IsWithin(const ByteSet& other) const {
+        return ((words_[0] & ~other.words_[0]) | (words_[1] & ~other.words_[1]) |
+                (words_[2] & ~other.words_[2]) | (words_[3] & ~other.words_[3])) == 0;
+    }
+    bool Meets(const ByteSet& other) const {
+        return ((words_[0] & other.words_[0]) | (words_[1] & other.words_[1]) |
+                (words_[2] & other.words_[2]) | (words_[3] & other.words_[3])) != 0;
+    }
+    void AddAll(const ByteSet& other) {
+        for (std::size_t i = 0; i < kWords; ++i) words_[i] |= other.words_[i];
+    }
+    // Calls `take(byte)` for each, from the smallest on.
+    template <class Take>
+    void ForEach(Take take) const {
+        for (std::size_t i = 0; i < kWords; ++i) {
+            for (std::uint64_t word = words_[i]; word != 0; word &= word - 1) {
+                const auto bit = static_cast<std::size_t>(std::countr_zero(word));
+                take(static_cast<unsigned char>(i * kBits + bit));
+            }
+        }
+    }
+
+private:
+    static constexpr std::size_t kWords = 4;
+    static constexpr std::size_t kBits = 64;
+
+    static std::size_t Word(char byte) { return static_cast<unsigned char>(byte) / kBits; }
+    static std::uint64_t Bit(char byte) {
+        return std::uint64_t{1} << static_cast<unsigned char>(byte) % kBits;
+    }
+
+    std::array<std::uint64_t, kWords> words_{};
+};
+
+}  // namespace quillory
