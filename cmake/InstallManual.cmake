@@ -1,6 +1,7 @@
-# Manual pages and completion of a program, printed by itself once it is built, and installed.
-function(install_manual program)
-    set(folder ${CMAKE_CURRENT_BINARY_DIR}/manual)
+# Manual pages and completion of a program, printed by itself once it is built, and installed in the
+# component.
+function(install_manual program component)
+    set(folder ${CMAKE_CURRENT_BINARY_DIR}/manual/${program})
     set(print ${CMAKE_COMMAND} -E env QUILLORY_SYNC=off $<TARGET_FILE:${program}>)
     add_custom_command(TARGET ${program} POST_BUILD
         COMMAND ${CMAKE_COMMAND} -E rm -rf ${folder}
@@ -11,11 +12,11 @@ function(install_manual program)
         COMMAND ${print} completion fish -o ${folder}/${program}.fish
         VERBATIM)
     set(share ${CMAKE_INSTALL_DATADIR})
-    install(DIRECTORY ${folder}/man1 DESTINATION ${CMAKE_INSTALL_MANDIR} COMPONENT program)
+    install(DIRECTORY ${folder}/man1 DESTINATION ${CMAKE_INSTALL_MANDIR} COMPONENT ${component})
     install(FILES ${folder}/${program} DESTINATION ${share}/bash-completion/completions
-        COMPONENT program)
+        COMPONENT ${component})
     install(FILES ${folder}/_${program} DESTINATION ${share}/zsh/site-functions
-        COMPONENT program)
+        COMPONENT ${component})
     install(FILES ${folder}/${program}.fish DESTINATION ${share}/fish/vendor_completions.d
-        COMPONENT program)
+        COMPONENT ${component})
 endfunction()

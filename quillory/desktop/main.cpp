@@ -1,3 +1,5 @@
+#include <quillory/arguments/ManualCommands.h>
+#include <quillory/arguments/Program.h>
 #include <quillory/desktop/Desk.h>
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/MainWindow.h>
@@ -6,17 +8,27 @@
 #include <quillory/store/HomeFolder.h>
 
 #include <QApplication>
-#include <QCommandLineParser>
 #include <QMessageBox>
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
 
 namespace {
+
+constexpr int kFailed = 2;
+
+struct DeskOptions {
+    std::string file;
+};
 
 QString SettingsPath() {
     if (!quillory::HasHomeFolder()) return {};
     return QString::fromStdString((quillory::HomeFolder() / "desk.ini").string());
 }
 
-int Run(const QString& file) {
+int RunWindow(const QString& file) {
     quillory::DeskSettings settings(SettingsPath());
     quillory::SetTheme(settings.IsDark());
     quillory::Desk desk;
@@ -30,26 +42,47 @@ int Run(const QString& file) {
     return QApplication::exec();
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("quillory-desk"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Quillory Desk"));
-    QApplication::setApplicationVersion(QStringLiteral(QUILLORY_VERSION));
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QApplication::translate("main", "Edit and check MARC 21 records"));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("FILE"),
-                                 QApplication::translate("main", "A file of records"));
-    parser.process(application);
+int Run(const DeskOptions& options) {
     try {
-        return Run(parser.positionalArguments().value(0));
+        return RunWindow(QString::fromStdString(options.file));
     } catch (const quillory::FaultError& error) {
         QMessageBox::critical(nullptr, QApplication::applicationDisplayName(),
                               QString::fromUtf8(error.what()));
-        return 2;
+        return kFailed;
     }
+}
+
+void Declare(quillory::Arguments& program) {
+    DeskOptions& options = program.Runs(Run);
+    program.Positional("FILE", options.file, "A file of records to open, in any form").File();
+    program.Footer(
+        "Without FILE, the window begins empty. What was not saved when the program last stopped\n"
+        "is offered again.\n"
+        "Settings and unsaved changes are in the folder that QUILLORY_HOME names, or else in\n"
+        "quillory in the XDG data folder. Options of Qt, such as -style and -platform, are taken,\n"
+        "too.\n"
+        "Status: 0 when the window was closed; 2 for wrong usage or if the program can't start.\n");
+    quillory::DeclareManualCommands(program);
+}
+
+// Help and the like are there without a screen.
+bool NeedsScreen(int argc, char** argv) {
+    constexpr std::array<std::string_view, 5> kTexts{"-h", "--help", "--version", "man",
+                                                     "completion"};
+    return argc < 2 || std::ranges::find(kTexts, argv[1]) == kTexts.end();
+}
+
+}  // namespace
+
+// Qt takes the options that are its own out of the command line.
+int main(int argc, char** argv) {
+    std::optional<QApplication> application;
+    if (NeedsScreen(argc, argv)) application.emplace(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("quillory-desk"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Quillory Desk"));
+    QApplication::setApplicationVersion(QStringLiteral(QUILLORY_VERSION));
+    quillory::Arguments program("quillory-desk", "quillory-desk: MARC 21 records in a window",
+                                QUILLORY_VERSION);
+    Declare(program);
+    return quillory::RunProgram(program, argc, argv);
 }
