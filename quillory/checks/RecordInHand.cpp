@@ -1,18 +1,10 @@
 #include <quillory/checks/RecordInHand.h>
+#include <quillory/text/Ascii.h>
 #include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
 
 namespace quillory {
-namespace {
-
-bool IsBlank(std::string_view text) {
-    if (!text.empty() && text.front() != ' ') return false;
-    return text.find_first_not_of(' ') == text.npos;
-}
-
-}  // namespace
-
 void RecordInHand::Forget() {
     for (const CheckedField& field : fields_) {
         if (field.number != kNoTag) tags_[field.number].count = 0;
