@@ -141,8 +141,9 @@ private:
 
     void ReadField(const Cells& cells) {
         const unsigned tag = TagNumber(cells[0]);
-        if (tag == kNoTag || rules_[tag].isKnown)
-            RefuseCell("no tag, or one that was told:", cells[0]);
+        if (tag == kNoTag || rules_[tag].isKnown) {
+            RefuseCell("no tag, or a second row for it:", cells[0]);
+        }
         FieldRule& rule = rules_[tag];
         rule.isKnown = true;
         rule.isObsolete = IsObsolete(cells[1]);
@@ -175,7 +176,7 @@ private:
             return;
         }
         FieldRule& rule = KnownField(cells[0]);
-        if (rule.codes.Has(code)) RefuseCell("told twice:", cells[1]);
+        if (rule.codes.Has(code)) RefuseCell("twice:", cells[1]);
         rule.codes.Add(code);
         if (isRepeatable) rule.repeatableCodes.Add(code);
         if (IsObsolete(cells[2])) rule.obsoleteCodes.Add(code);

@@ -21,8 +21,9 @@ std::string Formatted(const char* format, Value... value) {
 
 std::string Shown(std::string_view letter, const Utf8Char& c) {
     if (!c.valid) return Formatted("<%02X>", static_cast<unsigned char>(letter.front()));
-    if (IsControlCharacter(c.codePoint))
+    if (IsControlCharacter(c.codePoint)) {
         return Formatted("<%02X>", static_cast<unsigned>(c.codePoint));
+    }
     if (TurnsOrBreaks(c.codePoint)) {
         return Formatted("<U+%04X>", static_cast<unsigned>(c.codePoint));
     }
