@@ -55,7 +55,7 @@ void DeclareCompare(Arguments& command) {
         .File();
     command.Choice("--format", options.report.format,
                    {{"text", kCompareText}, {"jsonl", kCompareJsonl}, {"html", kCompareHtml}},
-                   "Form of the report; told by the name of the output if not given");
+                   "Form of the report; chosen by the name of the output if not given");
     command.Option("--rows", options.report.rows,
                    "Rows that a page of HTML shows, 0 for all; it counts all in any case");
     command.Option("--rejects", options.compare.rejects, "Where the bytes of what is no record go")

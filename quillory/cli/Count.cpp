@@ -48,7 +48,7 @@ void DeclareCount(Arguments& command) {
     command.Flag("--indicators", options.document.indicators, "Count the values of indicators");
     command.Flag("--names", options.document.names, "With the names of fields and subfields");
     command.Choice("--format", options.format, CountFormatNames(),
-                   "Form of the report; told by the name of the output if not given");
+                   "Form of the report; chosen by the name of the output if not given");
     command.Option("-o,--output", options.output, "File to write; none, or -, is standard output")
         .File();
 }

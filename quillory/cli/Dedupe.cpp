@@ -58,8 +58,8 @@ void DeclareDedupe(Arguments& command) {
     command.Option("--removed", options.dedupe.removed, "Where the others go").File();
     command
         .Option("--report", options.report,
-                "Where it is told what went with what: lines of JSON for a name that ends in "
-                ".jsonl, else text")
+                "File that says which records were taken for one: lines of JSON if its name ends "
+                "in .jsonl, else text")
         .File();
     command.Option("--memory", options.dedupe.memory, "Memory to sort keys in; 256M if not given")
         .Shown("SIZE");

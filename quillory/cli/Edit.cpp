@@ -57,8 +57,7 @@ void DeclareEditOf(Arguments& command, const OperationRow* row) {
     DeclareFiles(command, options.files.input, options.messages);
     DeclareJobs(command, options.files.input.crew);
     DeclareOutput(command, options.files.output);
-    command.Option("--report", options.report, "Where each change is told as a line of JSON")
-        .File();
+    command.Option("--report", options.report, "File for a line of JSON about each change").File();
     command
         .Flag("-n,--dry-run", options.files.isDryRun,
               "Write no records, only show the lines that would change")

@@ -16,8 +16,8 @@ struct FindCommand {
 };
 
 constexpr const char* kFindDetails =
-    "A line for each hit: number of the record, 001, place and text. The language of --where is\n"
-    "told in docs/where.md; some expressions:\n"
+    "A line for each hit: number of the record, 001, place and text. docs/where.md explains\n"
+    "--where; some expressions:\n"
     "    245a contains \"rivers\"             has 650 and not has 856u\n"
     "    008/35-37 = fre                    264c >= 1990 and 264c < 2000\n"
     "    650a like \"jazz*france\"            count(650) > 3 or material = map\n"

@@ -63,8 +63,7 @@ void DeclareStoreEdit(Arguments& command, const OperationRow* row) {
     command.Footer(kRecordsEditDetails);
     DeclareEditChoice(command, row, options.choice);
     command.Positional("ID", options.records.ids, "Records of these IDs; all if none is given");
-    command.Option("--report", options.report, "Where each change is told as a line of JSON")
-        .File();
+    command.Option("--report", options.report, "File for a line of JSON about each change").File();
     command.Flag("-n,--dry-run", options.records.isDryRun,
                  "Change no records, only show the lines that would change");
     DeclareMessages(command, options.messages);

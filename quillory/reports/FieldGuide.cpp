@@ -149,8 +149,8 @@ constexpr auto kGuide = std::to_array<Entry>({
      "Degree, institution and year of a thesis, either as one sentence in $a or apart in "
      "$b, $c and $d."},
     {504,
-     "Tells that the item has a bibliography or references, and on which pages. An index "
-     "beside them is told here too."},
+     "Says that the item has a bibliography or references, and on which pages. An index "
+     "beside them is mentioned here, too."},
     {507, "The scale of drawings and other visual material that is no map."},
     {508, "Those who made a film or recording and don't appear in it. Performers go into 511."},
     {513, "The kind of a report, and the time that it covers."},

@@ -44,11 +44,11 @@ void CheckNote(const CheckedField& fixed, unsigned tag, std::string_view text,
     if (saysNoBibliography && SaysBibliography(tag, note)) {
         remarks.Add(RuleId::NoteAgainst008,
                     fixed.GetPlace().Positions(kFirstContents, kLastContents),
-                    TagText(tag) + " tells of a bibliography", "b for it");
+                    TagText(tag) + " mentions a bibliography", "b for it");
     }
     if (saysNoIndex && SaysIndex(note)) {
         remarks.Add(RuleId::NoteAgainst008, fixed.GetPlace().Positions(kIndex, kIndex),
-                    TagText(tag) + " tells of an index", "1 for it");
+                    TagText(tag) + " mentions an index", "1 for it");
     }
 }
 

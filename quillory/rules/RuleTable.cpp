@@ -281,7 +281,7 @@ constexpr Rule kTable[] = {
      "One of the two is wrong, and systems differ in which they use.",
      "=338  \\\\$bsd, with 337 $bn", "Term and Code List for RDA Carrier Types"},
     {RuleId::CarrierAgainstExtent, "carrier-against-extent", Note,
-     "Extent that names another carrier", "300 tells of {found}, and no 338 has {allowed}",
+     "Extent that names another carrier", "300 names {found}, and no 338 has {allowed}",
      "Readers and systems expect different things.", "=300  \\\\$a1 online resource, with 338 $bnc",
      kFormat},
     {RuleId::CarrierWithout007, "carrier-without-007", Note, "Carrier without its 007",
