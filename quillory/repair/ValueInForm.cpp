@@ -9,7 +9,6 @@ namespace {
 
 using namespace zorby;
 
-constexpr std::string_view kDigits = "0123456789";
 // What stands for a digit that is not known.
 constexpr std::string_view kUnknownDigits = "uUxX-?|";
 
