@@ -147,13 +147,13 @@ std::uint64_t Crew::TakeRun(RecordRuns& runs) {
 }
 
 void Crew::HandOut() {
-    constexpr std::size_t kBatchesAWorker = 3;
-    constexpr std::size_t kLong = 8;  // a batch of so many times the size stands alone
+    constexpr std::size_t kWaiting = 4;  // batches beside the one that each worker has in hand
+    constexpr std::size_t kLong = 8;     // a batch of so many times the size stands alone
     if (!batch_) return;
     const bool isLong = batch_->items.Bytes() >= options_.batch * kLong;
     todo_.Put(batch_.get());
     handedOut_.push_back(std::move(batch_));
-    const std::size_t most = isLong ? 0 : posts_.size() * kBatchesAWorker;
+    const std::size_t most = isLong ? 0 : posts_.size() + kWaiting;
     while (handedOut_.size() > most) FinishFirst();
 }
 
