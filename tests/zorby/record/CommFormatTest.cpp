@@ -98,6 +98,32 @@ TEST(CommFormat, NamesEachDamage) {
     }
 }
 
+TEST(CommFormat, FindsFaultsAnywhereInAField) {
+    for (std::size_t size = 8; size < 40; ++size) {
+        CommFormatWriter writer;
+        writer.SetLeader("00000nam a2200000 a 4500");
+        writer.AddField("500", "10\037a" + std::string(size - 4, 'x'));
+        std::string sound;
+        writer.Finish(sound);
+        CommFormatFields fields;
+        ASSERT_FALSE(ReadCommFormat(sound, fields)) << size;
+        const std::size_t begin = sound.size() - 2 - size;
+        for (std::size_t at = begin + 4; at < begin + size; ++at) {
+            SCOPED_TRACE(std::to_string(size) + ", " + std::to_string(at - begin));
+            std::string bytes = sound;
+            bytes[at] = kFieldEnd;
+            const CommFormatFault end = ReadCommFormat(bytes, fields);
+            EXPECT_TRUE(end.reason == CFR_FieldEnd && end.offset == at);
+            bytes[at] = kDelimiter;
+            const bool isLast = at + 1 == begin + size;
+            EXPECT_EQ(ReadCommFormat(bytes, fields).reason, isLast ? CFR_SubfieldCode : CFR_None);
+            if (!isLast) bytes[at + 1] = kDelimiter;
+            const CommFormatFault code = ReadCommFormat(bytes, fields);
+            EXPECT_TRUE(code.reason == CFR_SubfieldCode && code.offset == at);
+        }
+    }
+}
+
 TEST(CommFormat, RescuesWhatIsCertain) {
     for (const DamageCase& c : kDamages) {
         std::string bytes = SoundRecord();
