@@ -124,7 +124,7 @@ Place Place::OfLeader() {
 
 Place Place::OfField(std::string_view tag, std::uint32_t occurrence) {
     Place place;
-    std::ranges::copy(tag.substr(0, kTagSize), place.tag.begin());
+    for (std::size_t i = 0; i < kTagSize && i < tag.size(); ++i) place.tag[i] = tag[i];
     place.occurrence = occurrence;
     return place;
 }
@@ -178,9 +178,9 @@ std::string PlaceText(const Place& place) {
         const std::string occurrence = "[" + std::to_string(place.occurrence) + "]";
         text.insert(std::min(text.size(), kTagSize), occurrence);
     }
-    if (place.HasPositions()) text += "/" + PositionsText(place.first, place.last);
-    if (place.indicator != 0) text += "/" + std::to_string(place.indicator);
-    if (place.code != '\0') text += " $" + Printable({&place.code, 1});
+    if (place.HasPositions()) text.append("/").append(PositionsText(place.first, place.last));
+    if (place.indicator != 0) text.append("/").append(std::to_string(place.indicator));
+    if (place.code != '\0') text.append(" $").append(Printable({&place.code, 1}));
     return text;
 }
 

@@ -1,5 +1,6 @@
 #include <quillory/text/Utf8.h>
 #include <quillory/text/Visible.h>
+#include <zorby/charset/PlainRun.h>
 
 #include <cstdio>
 
@@ -32,7 +33,12 @@ std::string Shown(std::string_view letter, const Utf8Char& c) {
 
 std::string VisibleBut(std::string_view text, std::string_view kept) {
     std::string visible;
-    while (!text.empty()) {
+    const char* const end = text.data() + text.size();
+    for (;;) {
+        const std::size_t plain = zorby::PlainRunLength(text.data(), end);
+        visible.append(text.substr(0, plain));
+        text.remove_prefix(plain);
+        if (text.empty()) return visible;
         const Utf8Char c = DecodeUtf8(text);
         const std::string_view letter = text.substr(0, c.size);
         if (kept.find(letter) != kept.npos) {
@@ -42,7 +48,6 @@ std::string VisibleBut(std::string_view text, std::string_view kept) {
         }
         text.remove_prefix(c.size);
     }
-    return visible;
 }
 
 }  // namespace
