@@ -53,11 +53,12 @@ void Checker::Check(const Record& record, const RecordInHand& inHand,
     RecordFacts facts;
     facts.leader = record.leader;
     const bool isBibliographic = IsBibliographic(record.leader);
+    const auto checks = FieldChecks();
     for (const CheckedField& field : inHand.Fields()) {
         const bool isNumber = field.number != kNoTag;
         const FieldRole role = isNumber ? inHand.OwnRuleOf(field).role : kRoleOther;
         const FieldInHand fieldInHand{inHand, field, facts, options_.allowLocal};
-        for (const FieldCheck& check : FieldChecks()) {
+        for (const FieldCheck& check : checks) {
             if (!isBibliographic && !check.isForAllFormats) continue;
             if (!check.role || check.role == role) check.check(fieldInHand, sink);
         }

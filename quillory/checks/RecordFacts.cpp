@@ -29,6 +29,7 @@ void RecordFacts::Take(const RecordInHand& record, const CheckedField& field) {
     const FieldRule& rule = record.OwnRuleOf(field);
     if (field.number == k008 && field.occurrence == 1) field008 = field.content;
     hasHoldings = hasHoldings || rule.isHoldings;
+    if (rule.role == kRoleOther) return;
     switch (rule.role) {
         case kRoleMainEntry:
             if (mainEntry == 0) mainEntry = field.number;

@@ -5,6 +5,17 @@
 #include <algorithm>
 
 namespace quillory {
+namespace {
+
+// What a subfield says of its field.
+void Note(const SubfieldInHand& subfield, CheckedField& field) {
+    if (field.codes.Has(subfield.code)) field.repeated.Add(subfield.code);
+    field.codes.Add(subfield.code);
+    if (IsBlank(subfield.text)) field.lacksText = true;
+}
+
+}  // namespace
+
 void RecordInHand::Forget() {
     for (const CheckedField& field : fields_) {
         if (field.number != kNoTag) tags_[field.number].count = 0;
@@ -52,24 +63,19 @@ void RecordInHand::TakeSubfields(CheckedField& field) {
         at += zorby::PlainRunLength(at, end);
         if (at != end && *at != zorby::kDelimiter) {
             field.isPlain = false;
-            at = std::find(at, end, zorby::kDelimiter);
+            const std::string_view rest(at, static_cast<std::size_t>(end - at));
+            at += std::min(rest.find(zorby::kDelimiter), rest.size());
         }
-        if (delimiter != nullptr) AddSubfield(field, {delimiter + 1, at});
+        if (delimiter != nullptr && at - delimiter > 1) {
+            const auto size = static_cast<std::size_t>(at - delimiter) - 2;
+            subfields_.push_back({delimiter[1], {delimiter + 2, size}});
+            Note(subfields_.back(), field);
+        }
         if (at == end) break;
         delimiter = at;
     }
     field.subfields = subfields_.size() - field.firstSubfield;
     if (field.subfields == 0) field.lacksText = true;
-}
-
-void RecordInHand::AddSubfield(CheckedField& field, std::string_view codeAndText) {
-    if (codeAndText.empty()) return;
-    const char code = codeAndText.front();
-    const std::string_view text = codeAndText.substr(1);
-    if (field.codes.Has(code)) field.repeated.Add(code);
-    field.codes.Add(code);
-    if (IsBlank(text)) field.lacksText = true;
-    subfields_.push_back({code, text});
 }
 
 const CheckedField* RecordInHand::Whole008() const {

@@ -85,7 +85,6 @@ private:
     // Which of the fields of its tag it is, from 1.
     std::uint32_t Count(std::string_view tag, unsigned number);
     void TakeSubfields(CheckedField& field);
-    void AddSubfield(CheckedField& field, std::string_view codeAndText);
 
     const FieldRules* rules_;
     std::string_view leader_;

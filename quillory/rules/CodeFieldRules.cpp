@@ -92,6 +92,7 @@ void CheckInstrument(const CheckedField& field, const SubfieldInHand& subfield,
 }  // namespace
 
 void CheckCodeFields(const RecordInHand& record, RemarkSink& remarks) {
+    if (!record.Has(43) && !record.Has(45) && !record.Has(48)) return;
     for (const CheckedField& field : record.Fields()) {
         const bool isLooked = field.number == 43 || field.number == 45 ||
                               (field.number == 48 && field.Indicator(2) != '7');

@@ -79,6 +79,8 @@ public:
 private:
     struct CheckedElement {
         const Element* element;
+        std::size_t first;  // as the element has it
+        std::size_t width;
         StatesSeen seen;
     };
 
@@ -87,7 +89,13 @@ private:
         if (number >= forms_.size()) forms_.resize(number + 1);
         std::vector<CheckedElement>& elements = forms_[number];
         if (elements.empty()) {
-            for (const Element& element : ElementsOf(form)) elements.push_back({&element, {}});
+            elements.reserve(ElementsOf(form).size());
+            for (const Element& element : ElementsOf(form)) {
+                elements.push_back({&element,
+                                    static_cast<std::size_t>(element.first),
+                                    static_cast<std::size_t>(element.Width()),
+                                    {}});
+            }
         }
         return elements;
     }
@@ -154,16 +162,14 @@ private:
                        RemarkSink& remarks) {
         const bool isIn008 = offset > 0 || form == zorby::CF008Standard;
         for (CheckedElement& checked : CheckedElementsOf(form)) {
-            const Element& element = *checked.element;
-            if (isIn008 && element.first == 0) continue;
-            const int position = element.first + offset;
-            const auto first = static_cast<std::size_t>(position);
-            const auto width = static_cast<std::size_t>(element.Width());
-            if (first + width > bytes.size()) return;
-            const std::string_view value = bytes.substr(first, width);
+            if (isIn008 && checked.first == 0) continue;
+            const std::size_t first = checked.first + static_cast<std::size_t>(offset);
+            if (first + checked.width > bytes.size()) return;
+            const std::string_view value(bytes.data() + first, checked.width);
             const CodeState state = StateOf(checked, value);
             if (state != CodeState::Obsolete && state != CodeState::Unknown) continue;
-            const Place place = field.Positions(position, element.last + offset);
+            const Element& element = *checked.element;
+            const Place place = field.Positions(element.first + offset, element.last + offset);
             if (state == CodeState::Unknown) {
                 AddUnknown(element, value, place, remarks);
             } else {
@@ -233,8 +239,9 @@ private:
 
     CodeState LookUp(const Element& element, std::string_view value) const {
         constexpr std::string_view kNothing = " |";
-        const bool saysNothing = value.find_first_not_of(kNothing) == value.npos;
-        if (saysNothing && element.IsUndefined()) return CodeState::Known;
+        if (element.IsUndefined() && value.find_first_not_of(kNothing) == value.npos) {
+            return CodeState::Known;
+        }
         if (IsAll(value, kFill)) return CodeState::NoAttempt;
         if (!element.IsUndefined()) {
             if (const auto free = ReadFreeValue(element.parts.front(), value)) {

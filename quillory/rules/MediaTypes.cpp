@@ -1,6 +1,8 @@
 #include <quillory/rules/MediaTypes.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <span>
 
 namespace quillory {
@@ -108,18 +110,29 @@ constexpr MediaTerm kCarrier[] = {
     {"zu", "unspecified"},
 };
 
-std::span<const MediaTerm> TermsOf(unsigned tag) {
-    if (tag == 336) return kContent;
-    if (tag == 337) return kMedia;
-    return kCarrier;
+template <std::size_t kSize>
+constexpr std::array<MediaTerm, kSize> ByCode(const MediaTerm (&terms)[kSize]) {
+    auto sorted = std::to_array(terms);
+    std::ranges::sort(sorted, {}, &MediaTerm::code);
+    return sorted;
+}
+
+constexpr auto kContentByCode = ByCode(kContent);
+constexpr auto kMediaByCode = ByCode(kMedia);
+constexpr auto kCarrierByCode = ByCode(kCarrier);
+
+std::span<const MediaTerm> TermsByCode(unsigned tag) {
+    if (tag == 336) return kContentByCode;
+    if (tag == 337) return kMediaByCode;
+    return kCarrierByCode;
 }
 
 }  // namespace
 
 std::string_view MediaTermOf(unsigned tag, std::string_view code) {
-    const auto terms = TermsOf(tag);
-    const auto found = std::ranges::find(terms, code, &MediaTerm::code);
-    return found == terms.end() ? std::string_view() : found->term;
+    const auto terms = TermsByCode(tag);
+    const auto found = std::ranges::lower_bound(terms, code, {}, &MediaTerm::code);
+    return found == terms.end() || found->code != code ? std::string_view() : found->term;
 }
 
 std::string_view MediaListOf(unsigned tag) {

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace quillory {
 namespace {
@@ -65,22 +66,31 @@ void CheckMarks(const RecordInHand& record, const CheckedField& field, RemarkSin
     }
 }
 
-// Headings of the Library of Congress, and of no thesaurus in particular; others have rules of
-// their own.
-bool IsHeadingWithMark(const CheckedField& field) {
-    constexpr std::string_view kLibraryOfCongress = "01";
-    const unsigned tag = field.number;
-    const bool isName = (100 <= tag && tag <= 130) || (700 <= tag && tag <= 730);
-    const bool isSubject = 600 <= tag && tag <= 651;
-    return isName ||
-           (isSubject && kLibraryOfCongress.find(field.Indicator(2)) != kLibraryOfCongress.npos);
-}
+enum class End : std::uint8_t { Free, FinalMark, FinalMarkOfHeading };
 
 // Fields that end with a full stop, unless another mark stands there.
+constexpr End EndOf(unsigned tag) {
+    constexpr std::array<unsigned, 7> kDescription{245, 500, 504, 511, 520, 538, 588};
+    const bool isName = (100 <= tag && tag <= 130) || (700 <= tag && tag <= 730);
+    if (isName || std::ranges::find(kDescription, tag) != kDescription.end()) {
+        return End::FinalMark;
+    }
+    return 600 <= tag && tag <= 651 ? End::FinalMarkOfHeading : End::Free;
+}
+
+constexpr auto kEnds = [] {
+    std::array<End, kTags> ends{};
+    for (unsigned tag = 0; tag < kTags; ++tag) ends[tag] = EndOf(tag);
+    return ends;
+}();
+
+// Of headings those of the Library of Congress, and of no thesaurus in particular; others have
+// rules of their own.
 bool NeedsFinalMark(const CheckedField& field) {
-    constexpr std::array<unsigned, 6> kNotes{500, 504, 511, 520, 538, 588};
-    return field.number == 245 || IsHeadingWithMark(field) ||
-           std::ranges::find(kNotes, field.number) != kNotes.end();
+    const End end = kEnds[field.number];
+    const char thesaurus = field.Indicator(2);
+    return end == End::FinalMark ||
+           (end == End::FinalMarkOfHeading && (thesaurus == '0' || thesaurus == '1'));
 }
 
 bool IsFinalMark(char c) {
