@@ -294,6 +294,15 @@ void CodedEditor::Take(int first, const std::string& value) {
     steps_.after = WithCoded(steps_.before, tab->field, MaterialAt(place), material, lists_);
     const EditSession::State changed = steps_.after;
     record_.Do([&](EditSession& session) { session.Become(changed, burst); });
+    SayLost(NamesOfLost(steps_.before, changed));
+}
+
+void CodedEditor::SayLost(const std::vector<std::string>& names) {
+    if (names.empty()) return;
+    QStringList texts;
+    for (const std::string& name : names) texts.push_back(ToQt(name));
+    Q_EMIT Said(tr("This material has no place for: %1. The way back brings it back.")
+                    .arg(texts.join(QStringLiteral(", "))));
 }
 
 void CodedEditor::SetRemarks(const std::vector<Remark>& remarks) {

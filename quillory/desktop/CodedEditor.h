@@ -76,6 +76,7 @@ private:
     void ShowNone();
     void MarkHand();
     void Take(int first, const std::string& value);
+    void SayLost(const std::vector<std::string>& names);
     std::string ContentOf(const Tab& tab) const;
     const Tab* Current() const;
     void Select(std::size_t tab, int position = -1);

@@ -54,13 +54,48 @@ bool IsKnown(CFType form) {
     return IsFormOf006(form) || IsFormOf007(form);
 }
 
+constexpr auto kFirst = static_cast<std::size_t>(kFirstMaterial008);
+constexpr auto kSize = static_cast<std::size_t>(kLastMaterial008) + 1 - kFirst;
+
+// What an 008 says of its material, in the shape of a 006. Empty for one that ends before.
+std::string MaterialPart(const std::string& field008) {
+    return field008.size() < kFirst + kSize ? std::string() : ' ' + field008.substr(kFirst, kSize);
+}
+
 void Change008(CFType from, CFType to, char letter, const CodeLists& lists, std::string& content) {
-    constexpr auto kFirst = static_cast<std::size_t>(kFirstMaterial008);
-    constexpr auto kSize = static_cast<std::size_t>(kLastMaterial008) + 1 - kFirst;
-    if (content.size() < kFirst + kSize) return;
+    const std::string given = MaterialPart(content);
+    if (given.empty()) return;
     std::string changed = NewContentOf(to, letter);
-    KeepWhatFits(' ' + content.substr(kFirst, kSize), from, to, lists, changed);
+    KeepWhatFits(given, from, to, lists, changed);
     content.replace(kFirst, kSize, changed, 1, kSize);
+}
+
+// By the form that it is read by, in the shape of a 006 or 007.
+struct ShapedField {
+    CFType form;
+    std::string content;
+};
+
+ShapedField Shaped(const State& record, std::size_t field) {
+    const auto& [tag, content, given] = record.fields[field];
+    return {FormOfCoded(record, field), tag == "008" ? MaterialPart(content) : content};
+}
+
+void AddLost(const ShapedField& before, const ShapedField& after, std::vector<std::string>& names) {
+    if (before.form == after.form || !IsKnown(before.form) || !IsKnown(after.form)) return;
+    if (before.content.empty()) return;
+    const std::string usual = NewContentOf(before.form, before.content.front());
+    for (const Element& element : ElementsOf(before.form)) {
+        const std::string_view value = ValueOf(element, before.content);
+        const bool saysMore = element.first > 0 && !element.IsUndefined() &&
+                              value != ValueOf(element, usual) && !IsAll(value, ' ') &&
+                              !IsAll(value, kFill);
+        if (!saysMore) continue;
+        const Element* there = OfSameName(element, after.form);
+        if (there == nullptr || ValueOf(*there, after.content) != value) {
+            names.emplace_back(element.name);
+        }
+    }
 }
 
 std::string WithMaterial(std::string_view given, CFType from, CFType to, const CodeLists& lists) {
@@ -114,6 +149,16 @@ RecordState WithCoded(RecordState record, std::optional<std::size_t> field, std:
         if (tag == "008") Change008(from, to, record.leader[kTypeOfRecord], lists, content);
     }
     return record;
+}
+
+std::vector<std::string> NamesOfLost(const State& before, const State& after) {
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < std::min(before.fields.size(), after.fields.size()); ++i) {
+        const std::string& tag = before.fields[i].tag;
+        const bool isOfMaterial = tag == "006" || tag == "007" || tag == "008";
+        if (isOfMaterial) AddLost(Shaped(before, i), Shaped(after, i), names);
+    }
+    return names;
 }
 
 }  // namespace quillory

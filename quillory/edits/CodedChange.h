@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillory {
 
@@ -26,5 +27,10 @@ zorby::CFType FormOfCoded(const EditSession::State& record, std::optional<std::s
 // force.
 EditSession::State WithCoded(EditSession::State record, std::optional<std::size_t> field,
                              std::size_t first, std::string_view value, const CodeLists& lists);
+
+// The names of the elements of 006, 007 and 008 that said more than a new field does, and that have
+// no place in the material by which their field is read after such a step.
+std::vector<std::string> NamesOfLost(const EditSession::State& before,
+                                     const EditSession::State& after);
 
 }  // namespace quillory

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTabBar>
 #include <set>
 #include <tests/quillory/desktop/DeskTest.h>
@@ -123,6 +124,29 @@ TEST_F(CodedEditorTest, MaterialsAreGoneThroughAndTheWayBackLosesNothing) {
     window_->CheckNow();
     EXPECT_FALSE(window_->isWindowModified());
     EXPECT_EQ(Saved(), BookOf("240101s2023    nyuabf jo     110 1aeng d"));
+}
+
+// What fits another material is kept, and the rest is named.
+TEST_F(CodedEditorTest, AnotherMaterialKeepsWhatFitsAndNamesTheRest) {
+    Open(BookOf("240101s2023    nyuabf jo     110 1aeng d", "006s    j     d   0  "));
+    Press(Qt::Key_L, Qt::ControlModifier);
+    Choice("Type of record, leader/06")->setFocus();
+    Type("g");
+    const QString said = window_->statusBar()->currentMessage();
+    for (const char* lost : {"Illustrations", "Literary form", "Biography", "Conference"}) {
+        EXPECT_TRUE(said.contains(lost)) << lost << ": " << said.toStdString();
+    }
+    for (const char* kept : {"Target audience", "Form of item"}) {
+        EXPECT_FALSE(said.contains(kept)) << kept << ": " << said.toStdString();
+    }
+    EXPECT_EQ(Cell("008").mid(22, 1), "j");
+    EXPECT_EQ(Cell("008").mid(29, 1), "o");
+    EXPECT_EQ(Cell("006"), "s    j     d   0  ");
+    Press(Qt::Key_F6);
+    Choice("Form of material, 006/00")->setFocus();
+    Type("m");
+    EXPECT_TRUE(Cell("006").startsWith("m")) << Cell("006").toStdString();
+    EXPECT_FALSE(window_->statusBar()->currentMessage().isEmpty());
 }
 
 TEST_F(CodedEditorTest, A007IsAddedAndRemoved) {
