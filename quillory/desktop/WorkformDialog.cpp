@@ -3,12 +3,14 @@
 #include <quillory/desktop/WorkformDialog.h>
 #include <quillory/desktop/WorkformList.h>
 #include <quillory/jobs/Library.h>
+#include <quillory/jobs/Settings.h>
 #include <zorby/platform/ClockPort.h>
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -46,7 +48,8 @@ WorkformDialog::WorkformDialog(QWidget* parent)
     const Reporter reporter(messages_, {.quiet = true});
     workforms_.emplace(reporter);
     maker_.emplace([this](const std::string& id) { return workforms_->Get(std::stoi(id)); },
-                   LoadCodeLists, zorby::CurrentClockPort().LocalTime());
+                   LoadCodeLists, zorby::CurrentClockPort().LocalTime(),
+                   RecordHabits{true, LibraryCode()});
     setWindowTitle(tr("New record"));
     resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() - QSize(40, 60)));
     auto* panes = new QSplitter(this);
@@ -66,6 +69,7 @@ WorkformDialog::WorkformDialog(QWidget* parent)
     connect(buttons, &QDialogButtonBox::accepted, this, &WorkformDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(list_, &WorkformList::Changed, this, &WorkformDialog::ShowQuestions);
+    connect(list_, &WorkformList::Entered, this, &WorkformDialog::BeginToAnswer);
     list_->Fill(*workforms_);
     list_->setFocus();
 }
@@ -95,7 +99,46 @@ std::string WorkformDialog::Chosen() const {
     return id == 0 ? std::string() : std::to_string(id);
 }
 
+// What was typed stays for a box of the same place, of this workform or another.
+void WorkformDialog::KeepAnswers() {
+    for (const Box& box : boxes_) answers_[PlaceText(box.question.place)] = box.edit->text();
+}
+
+// The boxes come after what chooses them, and the help after the boxes.
+void WorkformDialog::OrderForTab() {
+    QWidget* last = all_;
+    for (const Box& box : boxes_) {
+        setTabOrder(last, box.edit);
+        last = box.edit;
+    }
+    setTabOrder(last, help_);
+}
+
+void WorkformDialog::BeginToAnswer() {
+    if (boxes_.empty()) {
+        accept();
+    } else {
+        boxes_.front().edit->setFocus(Qt::TabFocusReason);
+    }
+}
+
+void WorkformDialog::GoToNextField(std::size_t from, int by) {
+    const Place field = boxes_[from].question.place.Field();
+    const auto isFirst = [this](std::size_t at) {
+        return at == 0 ||
+               boxes_[at].question.place.Field() != boxes_[at - 1].question.place.Field();
+    };
+    for (std::size_t at = from + static_cast<std::size_t>(by); at < boxes_.size();
+         at += static_cast<std::size_t>(by)) {
+        if (boxes_[at].question.place.Field() == field || !isFirst(at)) continue;
+        boxes_[at].edit->setFocus(Qt::TabFocusReason);
+        area_->ensureWidgetVisible(boxes_[at].edit);
+        return;
+    }
+}
+
 void WorkformDialog::ShowQuestions() {
+    KeepAnswers();
     boxes_.clear();
     help_->clear();
     auto* page = new QWidget(area_);
@@ -113,6 +156,7 @@ void WorkformDialog::ShowQuestions() {
     }
     grid->setRowStretch(grid->rowCount(), 1);
     area_->setWidget(page);
+    OrderForTab();
 }
 
 void WorkformDialog::AddHeading(const Question& question, QGridLayout& grid) {
@@ -143,6 +187,9 @@ void WorkformDialog::AddQuestion(const Question& question, QGridLayout& grid) {
     const int line = grid.rowCount();
     grid.addWidget(label, line, 0);
     grid.addWidget(edit, line, 1);
+    if (const auto known = answers_.find(PlaceText(question.place)); known != answers_.end()) {
+        edit->setText(known->second);
+    }
     boxes_.push_back({question, edit});
 }
 
@@ -178,11 +225,18 @@ void WorkformDialog::accept() {
     QDialog::accept();
 }
 
-// What is known of a box is shown with it.
+// What is known of a box is shown with it. The keys that lead from field to field do so here, too.
 bool WorkformDialog::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) {
-        const auto number = static_cast<std::size_t>(watched->property(kQuestion).toInt());
-        if (number < boxes_.size()) ShowHelp(boxes_[number].question.place);
+    const auto number = static_cast<std::size_t>(watched->property(kQuestion).toInt());
+    if (number >= boxes_.size()) return QDialog::eventFilter(watched, event);
+    if (event->type() == QEvent::FocusIn) ShowHelp(boxes_[number].question.place);
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool isStep = key->key() == Qt::Key_Down || key->key() == Qt::Key_Up;
+        if (isStep && key->modifiers() == Qt::ControlModifier) {
+            GoToNextField(number, key->key() == Qt::Key_Down ? 1 : -1);
+            return true;
+        }
     }
     return QDialog::eventFilter(watched, event);
 }

@@ -6,6 +6,7 @@
 #include <quillory/jobs/WorkformCatalog.h>
 
 #include <QDialog>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -44,11 +45,15 @@ private:
 
     QWidget* MakeQuestions();
     void ShowQuestions();
+    void OrderForTab();
+    void KeepAnswers();
     void AddHeading(const Question& question, QGridLayout& grid);
     void AddQuestion(const Question& question, QGridLayout& grid);
     void ShowHelp(const Place& place);
     std::string Chosen() const;
     bool TakeAnswers(Draft& draft);
+    void BeginToAnswer();
+    void GoToNextField(std::size_t from, int by);
 
     CollectedMessages messages_;
     std::optional<WorkformCatalog> workforms_;
@@ -56,6 +61,7 @@ private:
     std::optional<Draft> draft_;
     Record made_;
     std::vector<Box> boxes_;
+    std::map<std::string, QString> answers_;  // by the text of their place, also of boxes that went
 
     WorkformList* list_;
     QScrollArea* area_;

@@ -120,6 +120,10 @@ bool WorkformList::eventFilter(QObject* watched, QEvent* event) {
             QCoreApplication::sendEvent(list_, event);
             return true;
         }
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            Q_EMIT Entered();
+            return true;
+        }
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -30,6 +30,7 @@ public:
 
 Q_SIGNALS:
     void Changed();  // another one is chosen
+    void Entered();  // Enter was pressed in the box: the choice is made
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
