@@ -148,7 +148,8 @@ void WorkformDialog::ShowQuestions() {
         const Pattern& pattern = maker_->PatternFor(id);
         const Draft draft = maker_->Begin(DescriptionBy(id));
         Place field;
-        for (const Question& question : QuestionsOf(pattern, draft, all_->isChecked())) {
+        for (const Question& question : QuestionsOf(pattern, draft, true)) {
+            if (!IsShown(question, pattern)) continue;
             if (question.place.Field() != field) AddHeading(question, *grid);
             field = question.place.Field();
             AddQuestion(question, *grid);
@@ -157,6 +158,13 @@ void WorkformDialog::ShowQuestions() {
     grid->setRowStretch(grid->rowCount(), 1);
     area_->setWidget(page);
     OrderForTab();
+}
+
+// All of them, or those that the workform asks; one that is answered stays in any case.
+bool WorkformDialog::IsShown(const Question& question, const Pattern& pattern) const {
+    const auto answer = answers_.find(PlaceText(question.place));
+    return all_->isChecked() || IsAsked(pattern.Workform(), question.place) ||
+           (answer != answers_.end() && !answer->second.isEmpty());
 }
 
 void WorkformDialog::AddHeading(const Question& question, QGridLayout& grid) {

@@ -45,6 +45,7 @@ private:
 
     QWidget* MakeQuestions();
     void ShowQuestions();
+    bool IsShown(const Question& question, const Pattern& pattern) const;
     void OrderForTab();
     void KeepAnswers();
     void AddHeading(const Question& question, QGridLayout& grid);

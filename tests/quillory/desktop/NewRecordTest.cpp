@@ -6,6 +6,7 @@
 #include <quillory/store/Schema.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QTimer>
@@ -52,7 +53,9 @@ protected:
     }
     static void Search(WorkformDialog& dialog, const QString& words) {
         for (QLineEdit* edit : dialog.findChildren<QLineEdit*>()) {
-            if (edit->accessibleName() == "Words of a workform") QTest::keyClicks(edit, words);
+            if (edit->accessibleName() != "Words of a workform") continue;
+            edit->clear();
+            QTest::keyClicks(edit, words);
         }
     }
     // Chooses from the menus, by the text of the action.
@@ -112,6 +115,22 @@ TEST_F(NewRecordTest, ANewRecordComesLastInTheOpenFileAndTheOthersStay) {
     ASSERT_TRUE(window_->Open(Path()));
     Wait();
     EXPECT_EQ(window_->List().model()->rowCount(), 3);
+}
+
+// More or fewer questions, those of another workform, and a word that finds the first one again.
+TEST_F(NewRecordTest, AnswersStayWhateverIsAsked) {
+    New([](WorkformDialog& dialog) {
+        Search(dialog, "book not atlas");
+        auto* all = dialog.findChild<QCheckBox*>();
+        all->setChecked(true);
+        Answer(dialog, "245 $a", "Rivers /");
+        Answer(dialog, "500 $a", "Signed.");
+        all->setChecked(false);
+        Search(dialog, "large-print");
+        dialog.accept();
+    });
+    EXPECT_EQ(Cell("245 $a"), "Rivers /");
+    EXPECT_EQ(Cell("500 $a"), "Signed.");
 }
 
 TEST_F(NewRecordTest, AnAnswerThatCantBeIsNamedAndStays) {
