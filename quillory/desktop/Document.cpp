@@ -1,28 +1,45 @@
 #include <quillory/desktop/CollectedMessages.h>
 #include <quillory/desktop/Document.h>
 #include <quillory/jobs/EditJournal.h>
+#include <quillory/jobs/RecordFile.h>
+#include <quillory/jobs/StoredItems.h>
+#include <quillory/jobs/StoredRecords.h>
 #include <quillory/jobs/WriteRecords.h>
+#include <quillory/store/HomeFolder.h>
 
 namespace quillory {
+namespace {
+
+std::unique_ptr<RecordSet> RecordsAt(const std::string& path) {
+    if (HasHomeFolder() && IsTheStore(path)) return std::make_unique<StoredRecords>();
+    return std::make_unique<RecordFile>(path);
+}
+
+}  // namespace
+
+Document::Document(const std::string& path) : file_(RecordsAt(path)), listing_(*file_) {}
+
+Document::Document() : file_(std::make_unique<RecordFile>()), listing_(*file_) {}
+
 EditSession* Document::SessionOf(std::size_t record) {
-    if (file_.IsDamaged(record)) return nullptr;
-    auto& session = sessions_[record];
-    if (!session) {
-        file_.Read(record, item_);
-        session = std::make_unique<EditSession>(item_.record, CharsetOfFile());
-    }
-    return session.get();
+    if (file_->IsDamaged(record)) return nullptr;
+    const auto known = sessions_.find(record);
+    if (known != sessions_.end()) return known->second.get();
+    file_->ReadToEdit(record, item_);
+    if (file_->IsDamaged(record)) return nullptr;
+    auto session = std::make_unique<EditSession>(item_.record, CharsetOfFile());
+    return sessions_.emplace(record, std::move(session)).first->second.get();
 }
 
 Charset Document::CharsetOfFile() const {
-    return file_.GetForm().isAlwaysUtf8 ? kCharsetUtf8 : kCharsetAuto;
+    return file_->GetForm().isAlwaysUtf8 ? kCharsetUtf8 : kCharsetAuto;
 }
 
 std::uint64_t Document::OriginOf(std::size_t record) {
     const auto [known, isFirst] = origins_.try_emplace(record);
     if (isFirst) {
         Item item;
-        file_.ReadAsSaved(record, item);
+        file_->ReadAsSaved(record, item);
         known->second = SignOf(EditSession(item.record, CharsetOfFile()).Now());
     }
     return known->second;
@@ -33,12 +50,12 @@ Losses Document::Take(std::size_t record) {
     const auto found = sessions_.find(record);
     if (found == sessions_.end()) return losses;
     if (!found->second->IsChanged()) {
-        file_.Discard(record);
+        file_->Discard(record);
         return losses;
     }
     Record changed;
     found->second->Give(changed, losses);
-    file_.Replace(record, changed);
+    file_->Replace(record, changed);
     return losses;
 }
 
@@ -51,15 +68,15 @@ void Document::Leave(std::size_t record) {
 
 // Each record says itself what it is in; the last one stands for those that come after it.
 bool Document::IsMarc8() {
-    if (file_.GetForm().isAlwaysUtf8 || file_.Size() == 0) return false;
-    file_.Read(file_.Size() - 1, item_);
+    if (file_->GetForm().isAlwaysUtf8 || file_->Size() == 0) return false;
+    file_->Read(file_->Size() - 1, item_);
     const std::string_view leader = item_.record.leader;
     return leader.size() > zorby::kLeaderCharacterCode &&
            leader[zorby::kLeaderCharacterCode] != 'a';
 }
 
 std::size_t Document::Add(const Record& record) {
-    while (file_.FindMore(1)) {
+    while (file_->FindMore(1)) {
     }
     EditSession::State state{std::string(record.leader), {}};
     state.leader.resize(zorby::kLeaderSize, ' ');
@@ -74,16 +91,16 @@ std::size_t Document::Add(const Record& record) {
     Record given;
     Losses unused;
     session.Give(given, unused);
-    return file_.Add(given);
+    return file_->Add(given);
 }
 
 void Document::RemoveLast() {
-    sessions_.erase(file_.Size() - 1);
-    file_.RemoveLast();
+    sessions_.erase(file_->Size() - 1);
+    file_->RemoveLast();
 }
 
 std::optional<Document::Obstacle> Document::WhatStopsSaving() {
-    const bool isIso2709 = file_.GetForm().name == Forms().front().name;
+    const bool isIso2709 = file_->GetForm().name == Forms().front().name;
     for (const auto& [record, session] : sessions_) {
         if (!session->IsChanged()) continue;
         if (const auto fault = session->WhatIsWrong(isIso2709)) return Obstacle{record, *fault};
@@ -92,25 +109,26 @@ std::optional<Document::Obstacle> Document::WhatStopsSaving() {
 }
 
 void Document::Save() {
-    file_.Save();
+    file_->Save();
     origins_.clear();
     for (const auto& [record, session] : sessions_) session->MarkSaved();
 }
 
 std::string Document::SaveAs(const std::string& path) {
+    if (HasHomeFolder()) CheckNotTheStore(path);
     const ItemSource source = [this](const auto& take) {
         Item item;
         bool goesOn = true;
-        for (std::size_t i = 0; goesOn && i < file_.Size(); ++i) {
-            file_.Read(i, item);
+        for (std::size_t i = 0; goesOn && i < file_->Size(); ++i) {
+            file_->Read(i, item);
             goesOn = take(item);
         }
         return kStatusWell;
     };
     CollectedMessages messages;
     Reporter reporter(messages, {.quiet = true});
-    reporter.BeginFile(file_.Path());
-    const bool isUtf8 = file_.GetForm().isAlwaysUtf8;
+    reporter.BeginFile(file_->Path());
+    const bool isUtf8 = file_->GetForm().isAlwaysUtf8;
     OutputOptions output;
     output.output = path;
     WriteItems(source, isUtf8 ? kCharsetUtf8 : kCharsetAuto, output, reporter);

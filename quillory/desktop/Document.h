@@ -12,16 +12,16 @@
 
 namespace quillory {
 
-// A file with what a person does to its records, each of which keeps all that can be undone.
+// A file, or the store, with what a person does to its records, each of which keeps all that can be
+// undone.
 class Document {
 public:
-    // Throws FileError.
-    explicit Document(const std::string& path) : file_(path), listing_(file_) {}
-
+    // The path of the store is that of its file. Throws FileError.
+    explicit Document(const std::string& path);
     // New records, which have no file yet.
-    Document() : listing_(file_) {}
+    Document();
 
-    RecordFile& File() { return file_; }
+    RecordSet& File() { return *file_; }
     RecordListing& Listing() { return listing_; }
 
     // Null for a record that can't be read. Throws FileError.
@@ -34,14 +34,15 @@ public:
     // A record that is left and was not touched needs no memory.
     void Leave(std::size_t record);
 
-    bool IsUntitled() const { return file_.Path().empty(); }
+    bool IsUntitled() const { return file_->Path().empty(); }
+    bool IsStore() const { return file_->IsStore(); }
     // A record in UTF-8 that comes after all others, in the character set of the last one. Result:
     // its index. Reads the whole file before. Throws FileError.
     std::size_t Add(const Record& record);
     // Takes back a record that is new.
     void RemoveLast();
 
-    bool IsChanged() const { return file_.Changes() > 0; }
+    bool IsChanged() const { return file_->Changes() > 0; }
     // The first record that could not be read again, and why.
     struct Obstacle {
         std::size_t record;
@@ -58,7 +59,7 @@ private:
     Charset CharsetOfFile() const;
     bool IsMarc8();
 
-    RecordFile file_;
+    std::unique_ptr<RecordSet> file_;
     RecordListing listing_;
     std::map<std::size_t, std::unique_ptr<EditSession>> sessions_;
     std::map<std::size_t, std::uint64_t> origins_;

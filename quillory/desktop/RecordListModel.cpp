@@ -139,7 +139,11 @@ QString RecordListModel::CellText(std::size_t record, int column) const {
     const SeenRow& row = Seen(record);
     const auto which = static_cast<ListColumn>(column);
     if (which == ListColumn::State) return StateSign(row);
-    if (which == ListColumn::Number) return QString::number(record + 1);
+    if (which == ListColumn::Number) {
+        const RecordSet& records = document_->File();
+        const bool hasNumber = !records.IsStore() || !records.IsNew(record);
+        return hasNumber ? QString::number(records.NumberOf(record)) : tr("new");
+    }
     if (which == ListColumn::Title && row.row.title.empty()) {
         return row.isDamaged ? tr("(damaged record)") : tr("(no title)");
     }

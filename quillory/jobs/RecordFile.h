@@ -1,8 +1,8 @@
 #pragma once
 
-#include <quillory/exchange/Form.h>
 #include <quillory/exchange/Input.h>
 #include <quillory/jobs/FileStamp.h>
+#include <quillory/jobs/RecordSet.h>
 #include <quillory/sets/PackedRecords.h>
 
 #include <cstdint>
@@ -21,56 +21,45 @@ namespace quillory {
 // record is made step by step; records are read when they are asked for, ISO 2709 from the file
 // itself, other forms and packed files from a temporary one. Saving replaces the bytes of changed
 // records and keeps all others.
-class RecordFile {
+class RecordFile : public RecordSet {
 public:
     // Throws FileError.
     explicit RecordFile(const std::string& path);
     // Of new records alone, which have no file yet; it has an empty path.
     RecordFile();
-    ~RecordFile();
-    RecordFile(const RecordFile&) = delete;
-    RecordFile& operator=(const RecordFile&) = delete;
+    ~RecordFile() override;
 
-    const std::string& Path() const { return path_; }
-    const Form& GetForm() const { return *form_; }
+    const std::string& Path() const override { return path_; }
+    const Form& GetForm() const override { return *form_; }
 
-    // Looks at so many more items of the file. False if there is nothing left. Throws FileError.
-    bool FindMore(std::size_t items);
-    bool IsWhole() const { return reader_ == nullptr; }
-    // How much of the file has been looked at, from 0 to 1.
-    double ShareFound() const;
+    bool FindMore(std::size_t items) override;
+    bool IsWhole() const override { return reader_ == nullptr; }
+    double ShareFound() const override;
 
-    // The records found so far, damaged ones among them.
-    std::size_t Size() const { return entries_.size(); }
-    // Makes `item` the record at this index, as it is now; its number is the index plus 1. Views
-    // last until the next call. Throws FileError.
-    void Read(std::size_t index, Item& item);
-    // The same as the file has it, or as it was when it was added.
-    void ReadAsSaved(std::size_t index, Item& item);
-    // What is wrong with the bytes of a record; null if nothing is.
-    const ItemFault* FaultAt(std::size_t index) const;
-    // Whether the record can't be read, and so not be changed.
-    bool IsDamaged(std::size_t index) const { return damaged_.contains(index); }
+    std::size_t Size() const override { return entries_.size(); }
+    void Read(std::size_t index, Item& item) override;
+    void ReadAsSaved(std::size_t index, Item& item) override;
+    const ItemFault* FaultAt(std::size_t index) const override;
+    bool IsDamaged(std::size_t index) const override { return damaged_.contains(index); }
 
-    // The record is to come after all others when the file is saved. Result: its index. The file
-    // has to be whole, and to have records already; throws FileError if it is not so.
-    std::size_t Add(const Record& record);
-    bool IsNew(std::size_t index) const { return index >= entries_.size() - added_; }
-    // Takes the last record back, which is new.
-    void RemoveLast();
+    // The file has to be whole, and to have records already.
+    std::size_t Add(const Record& record) override;
+    bool IsNew(std::size_t index) const override { return index >= entries_.size() - added_; }
+    void RemoveLast() override;
 
-    // The record is to be this one when the file is saved.
-    void Replace(std::size_t index, const Record& record);
-    void Discard(std::size_t index) { changed_.erase(index); }
-    bool IsChanged(std::size_t index) const { return IsNew(index) || changed_.contains(index); }
-    std::size_t Changes() const;
+    void Replace(std::size_t index, const Record& record) override;
+    void Discard(std::size_t index) override { changed_.erase(index); }
+    bool IsChanged(std::size_t index) const override {
+        return IsNew(index) || changed_.contains(index);
+    }
+    std::size_t Changes() const override;
 
-    // Whether another program has replaced, changed or removed the file.
-    bool HasChangedOnDisk() const { return !path_.empty() && stamp_ != FileStamp::Of(path_); }
-    // Writes the file anew with the changed records. All other bytes stay. Throws FileError, also
-    // for a file that has changed on disk or a record that its form can't hold; the file stays as
-    // it was then, and so do the changes.
-    void Save();
+    bool HasChangedOnDisk() const override {
+        return !path_.empty() && stamp_ != FileStamp::Of(path_);
+    }
+    // Writes the file anew with the changed records. All other bytes stay, and so does the file if
+    // it has changed on disk, or its form can't hold a record.
+    void Save() override;
 
 private:
     struct Entry {

@@ -16,12 +16,14 @@ std::optional<Database> OpenStoreToRead() {
     return database;
 }
 
-void CheckNotTheStore(const std::string& path) {
+bool IsTheStore(const std::string& path) {
     const std::string store = StorePath();
     std::error_code unknown;
-    if (path == store || std::filesystem::equivalent(path, store, unknown)) {
-        throw UsageError(path, {FaultCode::kIsTheStore});
-    }
+    return path == store || std::filesystem::equivalent(path, store, unknown);
+}
+
+void CheckNotTheStore(const std::string& path) {
+    if (IsTheStore(path)) throw UsageError(path, {FaultCode::kIsTheStore});
 }
 
 void ReadItem(const StoredRecord& stored, zorby::CommFormatFields& fields, Item& item) {

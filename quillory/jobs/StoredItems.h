@@ -17,6 +17,7 @@ namespace quillory {
 // one. Throws FileError for a store that can't be used.
 std::optional<Database> OpenStoreToRead();
 
+bool IsTheStore(const std::string& path);
 // Throws UsageError if this file, which is to be written, is the store.
 void CheckNotTheStore(const std::string& path);
 

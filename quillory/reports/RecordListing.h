@@ -1,6 +1,6 @@
 #pragma once
 
-#include <quillory/jobs/RecordFile.h>
+#include <quillory/jobs/RecordSet.h>
 #include <quillory/jobs/RecordFilter.h>
 #include <quillory/reports/ListRow.h>
 
@@ -17,12 +17,12 @@ enum class ListColumn : std::uint8_t { State, Title, Author, Date, Material, Num
 // The text of a row in a column; empty for the state and the number, which are not of the record.
 const std::string& TextOf(const ListRow& row, ListColumn column);
 
-// Which records of a file a list shows, and in what order. What takes time is done in steps, so
+// Which records of a set a list shows, and in what order. What takes time is done in steps, so
 // that a window stays alive; until it is done, the list shows what is known.
 class RecordListing {
 public:
     // Keeps the reference.
-    explicit RecordListing(RecordFile& file) : file_(file) {}
+    explicit RecordListing(RecordSet& file) : file_(file) {}
 
     // Only records that match what is typed; all of them if that is empty. Throws UsageError for an
     // expression that can't be read, and then all stays.
@@ -56,7 +56,7 @@ private:
         return std::string_view(texts_).substr(key.begin, key.size);
     }
 
-    RecordFile& file_;
+    RecordSet& file_;
     std::unique_ptr<RecordFilter> filter_;
     ListColumn column_ = ListColumn::Number;
     bool isReverse_ = false;

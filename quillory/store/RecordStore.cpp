@@ -2,6 +2,7 @@
 #include <quillory/store/RecordStore.h>
 #include <quillory/text/SearchText.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace quillory {
@@ -114,6 +115,15 @@ void RecordStore::Walk(const RecordSelection& selection,
 std::int64_t RecordStore::Count() const {
     Statement count = database_.Prepare("SELECT count(*) FROM records");
     return count.Step() ? count.Number(0) : 0;
+}
+
+// Without an order, SQLite reads the smallest index, which is far less than all records.
+std::vector<std::int64_t> RecordStore::Ids() const {
+    std::vector<std::int64_t> ids;
+    Statement row = database_.Prepare("SELECT id FROM records");
+    while (row.Step()) ids.push_back(row.Number(0));
+    std::ranges::sort(ids);
+    return ids;
 }
 
 RecordBatch::RecordBatch(RecordStore& store, std::size_t size) : store_(store), size_(size) {

@@ -66,6 +66,8 @@ public:
     void Walk(const RecordSelection& selection,
               const std::function<bool(StoredRecord& record)>& take) const;
     std::int64_t Count() const;
+    // Of all records, in order.
+    std::vector<std::int64_t> Ids() const;
 
     const Database& GetDatabase() const { return database_; }
 

@@ -1,4 +1,5 @@
 #include <quillory/faults/Errors.h>
+#include <quillory/jobs/RecordFile.h>
 #include <quillory/queries/SearchWords.h>
 #include <quillory/reports/RecordListing.h>
 
