@@ -1,5 +1,6 @@
 #include <quillory/desktop/CharacterPalette.h>
 #include <quillory/desktop/CodedEditor.h>
+#include <quillory/desktop/CopiesEditor.h>
 #include <quillory/desktop/Desk.h>
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
@@ -190,6 +191,7 @@ QWidget* MainWindow::MakeEditor() {
     tabs_->addTab(table_, tr("Record"));
     tabs_->addTab(lines_, tr("As Text"));
     MakeCoded();
+    MakeCopies();
     connect(lines_, &LinesEditor::Typed, this, &MainWindow::UpdateActions);
     connect(table_, &RecordTable::PlaceChanged, this, &MainWindow::ShowHelp);
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
@@ -371,6 +373,7 @@ void MainWindow::ShowRecord(std::size_t record) {
 bool MainWindow::FinishEditing() {
     table_->Finish();
     coded_->Finish();
+    copies_->Finish();
     if (lines_->Finish()) return true;
     messages_->Warn(
         tr("The text of the record can't be read yet: see below it. Undo takes back "
@@ -431,7 +434,7 @@ void MainWindow::ShowHelp() {
         help_->clear();
         return;
     }
-    if (ShowCodedHelp()) return;
+    if (ShowCodedHelp() || ShowCopyHelp()) return;
     const PlaceHelp help =
         HelpOn(place, record_.Session()->InUtf8(), desk_.GetDecoder(), zorby::EDO_CodeAndName);
     helpHeading_->setText(ToQt(help.heading));

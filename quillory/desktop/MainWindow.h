@@ -27,6 +27,7 @@ namespace quillory {
 
 class CharacterPalette;
 class CodedEditor;
+class CopiesEditor;
 class Desk;
 class DeskSettings;
 class Document;
@@ -62,6 +63,7 @@ public:
     RecordTable& Table() { return *table_; }
     LinesEditor& Lines() { return *lines_; }
     CodedEditor& Coded() { return *coded_; }
+    CopiesEditor& Copies() { return *copies_; }
     FindingsList& Findings() { return *findings_; }
     QTableView& List() { return *list_; }
     CharacterPalette& Palette() { return *palette_; }
@@ -85,6 +87,8 @@ private:
         kFile,
         kRecord,
         kEditable,
+        kRows,
+        kRowOrCopy,
         kChanges,
         kUndo,
         kRedo,
@@ -132,6 +136,12 @@ private:
     bool IsCodedShown() const;
     void GoToFinding(const Place& place);
     bool ShowCodedHelp();
+
+    void MakeCopies();
+    void ShowCopies();
+    bool ShowCopyHelp();
+    void AddFieldOrCopy();
+    void RemoveFieldOrCopy();
 
     void MakeJournalTimer();
     void TakeFile(const QString& path);
@@ -197,6 +207,7 @@ private:
     RecordTable* table_ = nullptr;
     LinesEditor* lines_ = nullptr;
     CodedEditor* coded_ = nullptr;
+    CopiesEditor* copies_ = nullptr;
     QLabel* helpHeading_ = nullptr;
     QPlainTextEdit* help_ = nullptr;
     QLabel* findingsHeading_ = nullptr;

@@ -1,4 +1,5 @@
 #include <quillory/desktop/CodedEditor.h>
+#include <quillory/desktop/CopiesEditor.h>
 #include <quillory/desktop/Document.h>
 #include <quillory/desktop/LinesEditor.h>
 #include <quillory/desktop/MainWindow.h>
@@ -90,6 +91,7 @@ EditSession::State MainWindow::TypedState() {
         table_->TellTyped();
         lines_->TellTyped();
         coded_->TellTyped();
+        copies_->TellTyped();
     });
 }
 

@@ -1,5 +1,6 @@
 #include <quillory/desktop/CharacterPalette.h>
 #include <quillory/desktop/CodedEditor.h>
+#include <quillory/desktop/CopiesEditor.h>
 #include <quillory/desktop/Desk.h>
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
@@ -59,6 +60,13 @@ void MainWindow::UpdateActions() {
                 break;
             case kEditable:
                 isPossible = record_.CanChange();
+                break;
+            case kRows:
+                isPossible = record_.CanChange() && tabs_->currentWidget() == table_;
+                break;
+            case kRowOrCopy:
+                isPossible = record_.CanChange() && (tabs_->currentWidget() == table_ ||
+                                                     tabs_->currentWidget() == copies_);
                 break;
             case kRoomForNew:
                 isPossible = document_ == nullptr || !IsHeldByAnother();
@@ -132,18 +140,18 @@ void MainWindow::MakeEditMenu() {
 void MainWindow::MakeRecordMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&Record"));
     addField_ = Add(menu, tr("New &Field…"), QKeySequence(tr("Ctrl+Return")), kEditable,
-                    [this] { AddField(); });
-    Add(menu, tr("Remove F&ield"), QKeySequence(tr("Ctrl+Del")), kEditable,
-        [this] { table_->RemoveField(); });
-    Add(menu, tr("New &Subfield"), QKeySequence(tr("Ctrl+D")), kEditable,
+                    [this] { AddFieldOrCopy(); });
+    Add(menu, tr("Remove F&ield"), QKeySequence(tr("Ctrl+Del")), kRowOrCopy,
+        [this] { RemoveFieldOrCopy(); });
+    Add(menu, tr("New &Subfield"), QKeySequence(tr("Ctrl+D")), kRows,
         [this] { table_->AddSubfield(); });
-    Add(menu, tr("Remove S&ubfield"), QKeySequence(tr("Shift+Del")), kEditable,
+    Add(menu, tr("Remove S&ubfield"), QKeySequence(tr("Shift+Del")), kRows,
         [this] { table_->RemoveSubfield(); });
-    Add(menu, tr("Rename the &Tag"), QKeySequence(tr("F2")), kEditable,
+    Add(menu, tr("Rename the &Tag"), QKeySequence(tr("F2")), kRows,
         [this] { table_->RenameTag(); });
-    Add(menu, tr("Move Field U&p"), QKeySequence(tr("Alt+Up")), kEditable,
+    Add(menu, tr("Move Field U&p"), QKeySequence(tr("Alt+Up")), kRows,
         [this] { table_->MoveField(-1); });
-    Add(menu, tr("Move Field &Down"), QKeySequence(tr("Alt+Down")), kEditable,
+    Add(menu, tr("Move Field &Down"), QKeySequence(tr("Alt+Down")), kRows,
         [this] { table_->MoveField(1); });
     menu->addSeparator();
     Add(menu, tr("&Next Field"), QKeySequence(tr("Ctrl+Down")), kRecord,
@@ -160,6 +168,7 @@ void MainWindow::MakeRecordMenu() {
         }
     });
     AddCodedActions(menu);
+    Add(menu, tr("Copi&es"), QKeySequence(tr("Ctrl+K")), kRecord, [this] { ShowCopies(); });
     menu->addSeparator();
     Add(menu, tr("Next Re&cord"), QKeySequence(tr("Ctrl+PgDown")), kFile,
         [this] { NextRecord(1); });
@@ -300,6 +309,7 @@ void MainWindow::Repair() {
 void MainWindow::Undo() {
     table_->Finish();
     coded_->Finish();
+    copies_->Finish();
     if (lines_->IsAhead()) return lines_->TakeBack();
     record_.Do([](EditSession& session) { session.Undo(); });
 }
@@ -307,6 +317,7 @@ void MainWindow::Undo() {
 void MainWindow::Redo() {
     table_->Finish();
     coded_->Finish();
+    copies_->Finish();
     record_.Do([](EditSession& session) { session.Redo(); });
 }
 

@@ -1,5 +1,6 @@
 #include <quillory/desktop/CharacterPalette.h>
 #include <quillory/desktop/CodedEditor.h>
+#include <quillory/desktop/CopiesEditor.h>
 #include <quillory/desktop/FieldPicker.h>
 #include <quillory/desktop/FindingsList.h>
 #include <quillory/desktop/IndicatorEdit.h>
@@ -7,6 +8,9 @@
 #include <quillory/desktop/Theme.h>
 #include <quillory/desktop/WorkformEditor.h>
 #include <quillory/desktop/WorkformList.h>
+#include <quillory/holdings/HoldingsSystem.h>
+#include <quillory/jobs/Library.h>
+#include <zorby/holdings/HoldingsSelector.h>
 
 #include <QApplication>
 #include <QLineEdit>
@@ -145,6 +149,29 @@ TEST_F(DISABLED_Pictures, OfFormsAndWorkforms) {
     KeepWithDialog("new");
     Press(Qt::Key_N, Qt::ControlModifier);
     KeepWorkforms();
+}
+
+TEST_F(DISABLED_Pictures, OfCopiesAndAFileThatIsHeld) {
+    const SettingsKeeper settingsAreKept;
+    PutInForce(*FindHoldingsType("4"));
+    zorby::CHoldingsSelector::SetNextBarCode("T0103");
+    std::string records = Samples();
+    const std::size_t end = records.find("\n\n");
+    records.insert(end,
+                   "\n=852  \\\\$bMain$hFIC$iMEL$pT0101$t1$924.00"
+                   "\n=852  \\\\$bBranch$hFIC$iMEL$pT0102$t2$zGift of the Friends");
+    Show(records, 0);
+    Press(Qt::Key_K, Qt::ControlModifier);
+    window_->Copies().Table().setCurrentIndex(window_->Copies().Table().model()->index(1, 5));
+    Keep("copies");
+    MainWindow second(*desk_, settings_);
+    second.resize(kWidth, kHeight);
+    second.show();
+    ASSERT_TRUE(second.Open(Path()));
+    while (second.IsWorking()) QTest::qWait(1);
+    second.CheckNow();
+    Settle();
+    Keep(second.grab(), "held");
 }
 
 }  // namespace
