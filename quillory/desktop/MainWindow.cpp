@@ -43,7 +43,6 @@ constexpr int kFilterPause = 300;     // after the last key
 constexpr int kWorkMilliseconds = 8;  // at a time, so that the window goes on smoothly
 constexpr std::size_t kWorkRecords = 64;
 constexpr int kShares = 1000;
-constexpr int kEditor = 1;  // a page; the other one is the welcome
 
 QLabel* Heading(QWidget* parent) {
     auto* label = new QLabel(parent);
@@ -116,6 +115,7 @@ void MainWindow::MakeCentre() {
     panes_->setStretchFactor(1, 1);
     pages_->addWidget(MakeWelcome());
     pages_->addWidget(panes_);
+    pages_->addWidget(MakeEmptyStore());
     layout->addWidget(hold_);
     layout->addWidget(messages_);
     layout->addWidget(pages_, 1);
@@ -125,8 +125,8 @@ void MainWindow::MakeCentre() {
 QWidget* MainWindow::MakeWelcome() {
     auto* page = new QWidget(this);
     auto* layout = new QVBoxLayout(page);
-    auto* words =
-        new QLabel(tr("Open a file of records, make a record, or try the samples."), page);
+    auto* words = new QLabel(
+        tr("Open a file of records or the store, make a record, or try the samples."), page);
     QFont font = words->font();
     font.setPointSizeF(font.pointSizeF() * 1.4);
     words->setFont(font);
@@ -136,13 +136,15 @@ QWidget* MainWindow::MakeWelcome() {
     hint->setAlignment(Qt::AlignCenter);
     auto* open = new QPushButton(tr("&Open a File…"), page);
     auto* make = new QPushButton(tr("Make a &Record…"), page);
+    auto* store = new QPushButton(tr("Open the S&tore"), page);
     auto* samples = new QPushButton(tr("Try the &Samples"), page);
     connect(make, &QPushButton::clicked, this, &MainWindow::NewRecord);
     connect(open, &QPushButton::clicked, this, &MainWindow::ChooseFile);
+    connect(store, &QPushButton::clicked, this, &MainWindow::OpenStore);
     connect(samples, &QPushButton::clicked, this, &MainWindow::OpenSamples);
     layout->addStretch(2);
     layout->addWidget(words);
-    for (QPushButton* button : {open, make, samples}) {
+    for (QPushButton* button : {open, make, store, samples}) {
         button->setMinimumSize(220, 40);
         layout->addWidget(button, 0, Qt::AlignHCenter);
     }
@@ -299,6 +301,7 @@ void MainWindow::WorkOn() {
 }
 
 void MainWindow::ShowCounts() {
+    ShowPage();
     if (document_ == nullptr) {
         counts_->clear();
         progress_->hide();
@@ -445,9 +448,9 @@ void MainWindow::ShowHelp() {
 
 void MainWindow::ShowFile() {
     const bool isOpen = document_ != nullptr;
-    pages_->setCurrentIndex(isOpen ? kEditor : 0);
     const QString name = !isOpen                   ? QString()
                          : document_->IsUntitled() ? tr("New records")
+                         : document_->IsStore()    ? tr("Store")
                                                    : ToQt(document_->File().Path());
     const QString sign = IsHeldByAnother() ? tr(" (read only)") : QStringLiteral("[*]");
     setWindowTitle(isOpen ? name + sign : name);

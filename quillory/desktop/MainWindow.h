@@ -57,6 +57,8 @@ public:
     // Asks for new records that a program left which ended before it saved.
     void OfferNewRecordsLeft();
     void Filter(const QString& typed);
+    // The records of a file come last in the store, which is open.
+    bool AddToStore(const QString& path);
 
     // For tests: what the window is made of.
     Document* OpenDocument() { return document_.get(); }
@@ -93,6 +95,7 @@ private:
         kUndo,
         kRedo,
         kRoomForNew,
+        kStore,
         kHeld,
     };
     using Handler = std::function<void()>;
@@ -116,6 +119,10 @@ private:
 
     void ChooseFile();
     void OpenSamples();
+    void OpenStore();
+    QWidget* MakeEmptyStore();
+    void ChooseFileForStore();
+    void ShowPage();
     void Reload();
     void ChooseTarget();
     bool CloseFile();

@@ -57,7 +57,7 @@ bool MainWindow::Open(const QString& path) {
         settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
         work_->start();
         WorkOn();
-        if (document_->File().IsWhole() && document_->File().Size() == 0) {
+        if (document_->File().IsWhole() && document_->File().Size() == 0 && !document_->IsStore()) {
             messages_->Warn(tr("%1: there are no records in this file").arg(path));
         }
         WarnOfObstacle();
@@ -169,8 +169,9 @@ bool MainWindow::Save() {
 
 void MainWindow::ChooseTarget() {
     if (document_ == nullptr) return;
-    const QString now =
-        document_->IsUntitled() ? tr("new records.mrc") : ToQt(document_->File().Path());
+    const QString now = document_->IsUntitled() ? tr("new records.mrc")
+                        : document_->IsStore()  ? tr("store.mrc")
+                                                : ToQt(document_->File().Path());
     const QString path = QFileDialog::getSaveFileName(this, tr("Save as"), now, FormFilters());
     if (!path.isEmpty()) SaveAs(path);
 }

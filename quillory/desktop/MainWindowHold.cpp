@@ -33,15 +33,16 @@ void MainWindow::ShowHold() {
         return;
     }
     waiting_->start();
+    const QString what = document_->IsStore() ? tr("The store") : tr("This file");
     if (journal_->IsFree()) {
-        hold_->ShowFree(
-            tr("Nobody else has this file open any more. Take it over to change it: it is read "
-               "again then."));
+        hold_->ShowFree(tr("%1 is open in no other window any more. Take it over to change it: it "
+                           "is read again then.")
+                            .arg(what));
     } else {
-        hold_->ShowHeld(tr("This file is open in another window: %1. Here it can be read, and "
-                           "saved under another name to be changed. It can be taken over when "
-                           "that window has closed it.")
-                            .arg(ToQt(journal_->Holder())));
+        hold_->ShowHeld(tr("%1 is open in another window: %2. Here it can be read, and saved under "
+                           "another name to be changed. It can be taken over when that window "
+                           "has closed it.")
+                            .arg(what, ToQt(journal_->Holder())));
     }
 }
 

@@ -98,7 +98,7 @@ EditSession::State MainWindow::TypedState() {
 void MainWindow::KeepChanges() {
     if (journal_ == nullptr || !current_ || record_.Session() == nullptr) return;
     KeptChange change;
-    change.record = *current_;
+    change.record = document_->File().NumberOf(*current_);
     change.isNew = document_->File().IsNew(*current_);
     change.state = TypedState();
     Try([&] {
@@ -130,7 +130,7 @@ void MainWindow::Keep(const KeptChange& change) {
 void MainWindow::TakeBackKept(std::size_t record) {
     if (journal_ == nullptr || kept_.erase(record) == 0) return;
     KeptChange change;
-    change.record = record;
+    change.record = document_->File().NumberOf(record);
     change.isNew = true;
     change.isTaken = true;
     Keep(change);
@@ -171,16 +171,18 @@ bool MainWindow::WantsLeft(std::size_t count, const std::string& path) {
 
 // False if the record is another one now.
 bool MainWindow::TakeUp(KeptChange& change) {
-    if (change.isNew) {
-        change.record = document_->Add(ViewOf(change.state));
-        return true;
+    RecordSet& records = document_->File();
+    const auto record =
+        change.isNew ? document_->Add(ViewOf(change.state)) : records.IndexOf(change.record);
+    if (!record) return false;
+    if (!change.isNew) {
+        EditSession* session = records.IsNew(*record) ? nullptr : document_->SessionOf(*record);
+        if (session == nullptr || document_->OriginOf(*record) != change.origin) return false;
+        session->TakeUp(change.state);
+        document_->Take(*record);
     }
-    const auto record = static_cast<std::size_t>(change.record);
-    const bool isThere = record < document_->File().Size() && !document_->File().IsNew(record);
-    EditSession* session = isThere ? document_->SessionOf(record) : nullptr;
-    if (session == nullptr || document_->OriginOf(record) != change.origin) return false;
-    session->TakeUp(change.state);
-    document_->Take(record);
+    change.record = records.NumberOf(*record);
+    kept_[*record] = SignOf(change.state);
     return true;
 }
 
@@ -199,11 +201,8 @@ void MainWindow::TakeUp(std::vector<KeptChange> left) {
                            .arg(ToQt(KeepApart(others)));
     }
     journal_->Rewrite(left);
-    for (const KeptChange& change : left) {
-        kept_[static_cast<std::size_t>(change.record)] = SignOf(change.state);
-    }
     ShowListing();
-    if (!left.empty()) ShowRecord(static_cast<std::size_t>(left.front().record));
+    if (!kept_.empty()) ShowRecord(kept_.begin()->first);
     messages_->Say(said);
 }
 

@@ -71,6 +71,9 @@ void MainWindow::UpdateActions() {
             case kRoomForNew:
                 isPossible = document_ == nullptr || !IsHeldByAnother();
                 break;
+            case kStore:
+                isPossible = document_ != nullptr && document_->IsStore() && !IsHeldByAnother();
+                break;
             case kHeld:
                 isPossible = IsHeldByAnother();
                 break;
@@ -102,12 +105,16 @@ void MainWindow::MakeFileMenu() {
     QMenu* recent = menu->addMenu(tr("Open &Recent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
     FillRecent(recent);
+    Add(menu, tr("Open the Stor&e"), QKeySequence(tr("Ctrl+Shift+O")), kNothing,
+        [this] { OpenStore(); });
     Add(menu, tr("Open the Sa&mples"), {}, kNothing, [this] { OpenSamples(); });
+    menu->addSeparator();
+    Add(menu, tr("Add a &File to the Store…"), {}, kStore, [this] { ChooseFileForStore(); });
     menu->addSeparator();
     save_ = Add(menu, tr("&Save"), QKeySequence::Save, kFile, [this] { Save(); });
     Add(menu, tr("Save &As…"), QKeySequence(tr("Ctrl+Shift+S")), kFile, [this] { ChooseTarget(); });
     Add(menu, tr("Re&load"), {}, kFile, [this] { Reload(); });
-    Add(menu, tr("&Take It Over"), {}, kHeld, [this] { TakeOver(); });
+    Add(menu, tr("Ta&ke It Over"), {}, kHeld, [this] { TakeOver(); });
     menu->addSeparator();
     Add(menu, tr("&Close"), QKeySequence(tr("Ctrl+W")), kFile, [this] { CloseFile(); });
     Add(menu, tr("&Quit"), QKeySequence(tr("Ctrl+Q")), kNothing, [this] { close(); });
@@ -257,10 +264,8 @@ void MainWindow::GoToRecord() {
     if (typed.isEmpty()) return;
     bool isNumber = false;
     const qulonglong number = typed.toULongLong(&isNumber);
-    if (isNumber && number > 0 && number <= document_->File().Size()) {
-        ShowRecord(static_cast<std::size_t>(number - 1));
-        return;
-    }
+    const auto record = isNumber ? document_->File().IndexOf(number) : std::nullopt;
+    if (record) return ShowRecord(*record);
     Filter(
         QStringLiteral("001 = \"%1\"").arg(QString(typed).replace(u'"', QStringLiteral("\"\""))));
 }
