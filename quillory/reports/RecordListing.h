@@ -1,7 +1,7 @@
 #pragma once
 
-#include <quillory/jobs/RecordSet.h>
 #include <quillory/jobs/RecordFilter.h>
+#include <quillory/jobs/RecordSet.h>
 #include <quillory/reports/ListRow.h>
 
 #include <cstdint>
