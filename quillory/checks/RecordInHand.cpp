@@ -8,7 +8,7 @@ namespace quillory {
 namespace {
 
 // What a subfield says of its field.
-void Note(const SubfieldInHand& subfield, CheckedField& field) {
+void NoteSubfield(const SubfieldInHand& subfield, CheckedField& field) {
     if (field.codes.Has(subfield.code)) field.repeated.Add(subfield.code);
     field.codes.Add(subfield.code);
     if (IsBlank(subfield.text)) field.lacksText = true;
@@ -69,7 +69,7 @@ void RecordInHand::TakeSubfields(CheckedField& field) {
         if (delimiter != nullptr && at - delimiter > 1) {
             const auto size = static_cast<std::size_t>(at - delimiter) - 2;
             subfields_.push_back({delimiter[1], {delimiter + 2, size}});
-            Note(subfields_.back(), field);
+            NoteSubfield(subfields_.back(), field);
         }
         if (at == end) break;
         delimiter = at;

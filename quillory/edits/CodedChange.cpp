@@ -10,8 +10,6 @@ namespace quillory {
 namespace {
 
 using namespace zorby;
-using RecordState = EditSession::State;
-
 constexpr std::size_t kTypeOfRecord = 6;  // in the Leader
 
 const Element* OfSameName(const Element& element, CFType form) {
@@ -76,7 +74,7 @@ struct ShapedField {
     std::string content;
 };
 
-ShapedField Shaped(const State& record, std::size_t field) {
+ShapedField Shaped(const RecordState& record, std::size_t field) {
     const auto& [tag, content, given] = record.fields[field];
     return {FormOfCoded(record, field), tag == "008" ? MaterialPart(content) : content};
 }
@@ -151,7 +149,7 @@ RecordState WithCoded(RecordState record, std::optional<std::size_t> field, std:
     return record;
 }
 
-std::vector<std::string> NamesOfLost(const State& before, const State& after) {
+std::vector<std::string> NamesOfLost(const RecordState& before, const RecordState& after) {
     std::vector<std::string> names;
     for (std::size_t i = 0; i < std::min(before.fields.size(), after.fields.size()); ++i) {
         const std::string& tag = before.fields[i].tag;

@@ -103,4 +103,6 @@ private:
 // The fields that are written in the line form, as new ones; none if one of them can't be read.
 std::vector<EditSession::Field> FieldsOfLines(std::string_view lines);
 
+using RecordState = EditSession::State;
+
 }  // namespace quillory

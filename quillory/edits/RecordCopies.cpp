@@ -19,15 +19,13 @@ using zorby::CHoldingsDataRecord;
 using zorby::CInfoAboutHoldingsField;
 using zorby::CommFormatField;
 using zorby::EHOLDINGSID;
-using State = EditSession::State;
-
 // The copies of a record, and where each of their fields stands in it.
 struct Read {
     CopiesOfRecord taken;
     std::vector<std::vector<std::size_t>> fields;
 };
 
-void ReadCopies(const State& record, const HoldingsSystem& system, Read& read) {
+void ReadCopies(const RecordState& record, const HoldingsSystem& system, Read& read) {
     Record view;
     view.leader = record.leader;
     view.fields.reserve(record.fields.size());
@@ -107,14 +105,15 @@ bool SetValues(EHOLDINGSID id, const std::vector<std::string>& values, CHoldings
     return true;
 }
 
-void Insert(State& record, const CopyField& field) {
+void Insert(RecordState& record, const CopyField& field) {
     const std::size_t place = PlaceOfNew(record, field.tag);
     record.fields.insert(record.fields.begin() + static_cast<std::ptrdiff_t>(place),
                          {field.tag, field.content, -1});
 }
 
 // Fields are written in the places of those that they were read from.
-void WriteFields(const std::vector<CopyField>& made, std::vector<std::size_t> old, State& record) {
+void WriteFields(const std::vector<CopyField>& made, std::vector<std::size_t> old,
+                 RecordState& record) {
     for (const CopyField& field : made) {
         const auto same = std::ranges::find_if(
             old, [&](std::size_t index) { return record.fields[index].tag == field.tag; });
@@ -151,7 +150,7 @@ std::optional<std::size_t> RecordCopies::BarCode() const {
     return static_cast<std::size_t>(found - elements_.begin());
 }
 
-std::vector<RecordCopies::Copy> RecordCopies::CopiesOf(const State& record) const {
+std::vector<RecordCopies::Copy> RecordCopies::CopiesOf(const RecordState& record) const {
     Read read;
     ReadCopies(record, system_, read);
     std::vector<Copy> copies(read.fields.size());
@@ -168,8 +167,8 @@ std::vector<RecordCopies::Copy> RecordCopies::CopiesOf(const State& record) cons
 }
 
 // Without a bar code, a subfield of it stands empty, so that there is a copy to fill in.
-State RecordCopies::WithNew(const State& record, std::string_view barCode) const {
-    State changed = record;
+RecordState RecordCopies::WithNew(const RecordState& record, std::string_view barCode) const {
+    RecordState changed = record;
     CHoldingsDataRecord copy(system_.id);
     if (!barCode.empty()) copy.Add(system_.Rules().barCode, barCode, 0, 0);
     const std::vector<CopyField> made = FieldsOfCopy(copy, system_, {});
@@ -184,8 +183,8 @@ State RecordCopies::WithNew(const State& record, std::string_view barCode) const
     return changed;
 }
 
-State RecordCopies::WithOneLike(const State& record, std::size_t copy,
-                                std::string_view barCode) const {
+RecordState RecordCopies::WithOneLike(const RecordState& record, std::size_t copy,
+                                      std::string_view barCode) const {
     Read read;
     ReadCopies(record, system_, read);
     if (copy >= read.fields.size()) return WithNew(record, barCode);
@@ -196,17 +195,17 @@ State RecordCopies::WithOneLike(const State& record, std::size_t copy,
         like.Add(system_.Rules().barCode, barCode, 0, 0);
         like.SortByTagAndSubfield();
     }
-    State changed = record;
+    RecordState changed = record;
     for (const CopyField& field : FieldsOfCopy(like, system_, read.taken.fields[copy])) {
         if (!IsOnce(system_, field.tag)) Insert(changed, field);
     }
     return changed;
 }
 
-State RecordCopies::Without(const State& record, std::size_t copy) const {
+RecordState RecordCopies::Without(const RecordState& record, std::size_t copy) const {
     Read read;
     ReadCopies(record, system_, read);
-    State changed = record;
+    RecordState changed = record;
     if (copy >= read.fields.size()) return changed;
     std::vector<std::size_t> fields = read.fields[copy];
     // What a record has once is that of the copies that stay.
@@ -218,7 +217,7 @@ State RecordCopies::Without(const State& record, std::size_t copy) const {
     return changed;
 }
 
-RecordCopies::Outcome RecordCopies::WithText(const State& record, std::size_t copy,
+RecordCopies::Outcome RecordCopies::WithText(const RecordState& record, std::size_t copy,
                                              std::size_t element, std::string_view text) const {
     Read read;
     ReadCopies(record, system_, read);
