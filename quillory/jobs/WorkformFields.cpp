@@ -39,9 +39,22 @@ private:
     std::vector<std::string_view> contents_;
 };
 
+// The first of a material; for maps not the atlas, which comes before.
+const CTemplate* FirstOf(zorby::CFType form006) {
+    if (form006 == zorby::CF006Map) return CTemplateList::GetTemplate(zorby::MTMap);
+    const CTemplateList& list = *CTemplateList::TheOneAndOnly();
+    for (int i = 0; i < list.GetSize(); ++i) {
+        if (list.GetAt(i)->GetMainMaterial().Get006Type() == form006) return list.GetAt(i);
+    }
+    return nullptr;
+}
+
+// Many a standard workform is for items with a 007 alone.
 const CTemplate* StandardOf(zorby::CFType form006, zorby::CFType form007) {
-    const CTemplate* found = CTemplateList::GetTemplate(form006, form007);
-    return found != nullptr ? found : CTemplateList::GetTemplate(form006, zorby::CF007None);
+    for (const zorby::CFType form : {form007, zorby::CF007None}) {
+        if (const CTemplate* found = CTemplateList::GetTemplate(form006, form)) return found;
+    }
+    return FirstOf(form006);
 }
 
 char Stored(char indicator) {

@@ -175,6 +175,20 @@ TEST_F(WorkformEditorTest, WhatACopyOfASpecialOneSaysStays) {
     }
 }
 
+TEST_F(WorkformEditorTest, AnotherMaterialRestsOnTheStandardOneOfThat) {
+    Copy("book not atlas", "Sheets");
+    editor_->findChild<QTabWidget*>()->setCurrentWidget(&editor_->Coded());
+    editor_->Coded().GoTo(*ParsePlace("leader/06"));
+    QTest::keyClicks(QApplication::focusWidget(), "e");
+    EXPECT_TRUE(editor_->Save());
+    const Database store = OpenStore();
+    const WorkformCatalog catalog(store);
+    const zorby::TemplateHolder sheets = Saved(catalog, "Sheets");
+    const zorby::TemplateHolder map = Saved(catalog, "Map");
+    EXPECT_EQ(sheets->GetMainMaterial().Get006Type(), map->GetMainMaterial().Get006Type());
+    EXPECT_EQ(HelpOf({255, 'a'}, *sheets), HelpOf({255, 'a'}, *map));
+}
+
 TEST_F(WorkformEditorTest, EachStepIsUndone) {
     Copy("dvd", "Films");
     const QString field = Cell("245 $b");
