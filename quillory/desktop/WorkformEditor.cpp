@@ -431,6 +431,10 @@ void WorkformEditor::Remove() {
     try {
         DeleteWorkform(own_);
         undo_->clear();
+        {
+            const QSignalBlocker quiet(list_);
+            list_->Search().clear();
+        }
         list_->Fill(*workforms_);
     } catch (const FaultError& error) {
         Warn(ToQt(error.what()));

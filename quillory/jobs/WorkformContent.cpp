@@ -36,6 +36,7 @@ WorkformContent ContentOf(zorby::TemplateHolder workform) {
     WorkformContent content;
     content.name = pattern.Name();
     content.record.leader = pattern.Leader();
+    content.record.fields.reserve(pattern.ControlFields().size() + pattern.Fields().size());
     for (const ControlField& field : pattern.ControlFields()) {
         content.record.fields.push_back({TagText(field.tag), field.content});
     }

@@ -196,6 +196,7 @@ TEST_F(NewRecordTest, AllMaterialsOfARecordBelongToItsWorkformAndWhatDoesNotIsNa
         dialog.accept();
     });
     Lines made;
+    made.reserve(coded.size());
     for (const char* place : {"006", "006[2]", "007", "007[2]", "007[3]"}) {
         made.push_back(std::string(place).substr(0, 3) + Cell(place).toStdString());
     }

@@ -252,6 +252,7 @@ TEST_F(WorkformEditorTest, OneIsRenamedAndDeletedAndLeftOnlyWithAnAnswer) {
     }
     EXPECT_EQ(Users().find("Round maps"), std::string::npos) << Users();
     EXPECT_FALSE(editor_->isWindowModified());
+    EXPECT_NE(Name().text(), "Round maps");
 }
 
 }  // namespace
