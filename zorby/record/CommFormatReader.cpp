@@ -82,6 +82,12 @@ CommFormatFault Reader::ReadEntry(std::size_t at, CommFormatField& field) const 
     }
     const std::string_view content =
         data_.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length));
+    if (content.ends_with(kFieldEnd)) {
+        field.content = content.substr(0, content.size() - 1);
+        const bool isSound = IsPlainlySound(field.content) &&
+                             (!IsDataTag(field.tag) || HasIndicators(field.content));
+        if (isSound) return {};
+    }
     const std::size_t end = content.find(kFieldEnd);
     const std::size_t offset = base_ + static_cast<std::size_t>(start);
     if (content.empty() || end != content.size() - 1) {

@@ -3,6 +3,7 @@
 #include <zorby/record/CommFormat.h>
 
 #include <algorithm>
+#include <array>
 
 namespace zorby {
 
@@ -26,6 +27,34 @@ inline bool IsTag(std::string_view tag) {
 inline CommFormatFault Fault(CommFormatReason reason, std::size_t offset,
                              std::string_view tag = {}) {
     return {reason, offset, std::string(tag)};
+}
+
+// Whether neither a field end nor a delimiter without a code is in a field's content, told at a
+// glance; false where it takes a closer look. Blocks are compared whole, the last one a second time
+// in part, since compilers compare many bytes at once.
+inline bool IsPlainlySound(std::string_view content) {
+    constexpr std::size_t kBlock = 16;
+    if (content.size() <= kBlock) return false;
+    const std::size_t last = content.size() - kBlock - 1;
+    std::array<unsigned char, kBlock> faults{};
+    for (std::size_t at = 0;; at = std::min(at + kBlock, last)) {
+        const char* const block = content.data() + at;
+        for (std::size_t i = 0; i < kBlock; ++i) {
+            const bool isEnd = block[i] == kFieldEnd;
+            const bool isDelimiter = block[i] == kDelimiter;
+            const bool isNextDelimiter = block[i + 1] == kDelimiter;
+            faults[i] |= static_cast<unsigned char>(isEnd | (isDelimiter & isNextDelimiter));
+        }
+        if (at == last) break;
+    }
+    return faults == std::array<unsigned char, kBlock>{} && content.back() != kFieldEnd &&
+           content.back() != kDelimiter;
+}
+
+// Whether a data field's content begins with two indicators and a delimiter.
+inline bool HasIndicators(std::string_view content) {
+    return content.size() > 2 && content[0] != kDelimiter && content[1] != kDelimiter &&
+           content[2] == kDelimiter;
 }
 
 struct ContentFault {
