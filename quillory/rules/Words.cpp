@@ -34,8 +34,10 @@ std::vector<Run> RunsOf(const ByteSet& values) {
 
 // Three values or more in a row are told by the first and the last.
 std::vector<std::string> RangesOf(const ByteSet& values) {
+    const std::vector<Run> runs = RunsOf(values);
     std::vector<std::string> ranges;
-    for (const auto& [first, last] : RunsOf(values)) {
+    ranges.reserve(runs.size());
+    for (const auto& [first, last] : runs) {
         if (last > first + 1) {
             ranges.push_back(ValueText(first) + " to " + ValueText(last));
         } else {
