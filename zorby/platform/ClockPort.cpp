@@ -22,7 +22,11 @@ public:
     std::tm LocalTime() const override {
         const std::time_t now = std::time(nullptr);
         std::tm local{};
+#ifdef _WIN32
+        localtime_s(&local, &now);
+#else
         localtime_r(&now, &local);
+#endif
         return local;
     }
 };

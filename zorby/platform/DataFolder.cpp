@@ -1,27 +1,15 @@
 #include <zorby/platform/DataFolder.h>
+#include <zorby/platform/detail/LibraryFolder.h>
 
-#include <dlfcn.h>
 #include <filesystem>
 #include <system_error>
 
 namespace zorby {
-namespace {
-
-namespace fs = std::filesystem;
-
-// The folder of the shared library, or of the program that the library is a part of.
-fs::path FolderOfLibrary() {
-    Dl_info info{};
-    std::error_code error;
-    if (dladdr(reinterpret_cast<const void*>(&InstalledDataFolder), &info) == 0) return {};
-    return fs::canonical(info.dli_fname, error).parent_path();
-}
-
-}  // namespace
 
 std::string InstalledDataFolder() {
+    namespace fs = std::filesystem;
     constexpr const char* kInBuildTree = "../share/quillory";
-    const fs::path library = FolderOfLibrary();
+    const fs::path library = LibraryFolder();
     for (const char* place : {ZORBY_DATA_FROM_LIBRARY, kInBuildTree}) {
         std::error_code error;
         const fs::path folder = (library / place).lexically_normal();

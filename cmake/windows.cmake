@@ -1,0 +1,20 @@
+# From Linux to 64-bit Windows, with Debian's mingw-w64; tests run under Wine, where that is installed.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+# Where Wine finds the libraries of the compiler.
+execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=libstdc++-6.dll
+    OUTPUT_VARIABLE library OUTPUT_STRIP_TRAILING_WHITESPACE)
+get_filename_component(folder ${library} DIRECTORY)
+set(ZORBY_WINEPATH "${folder}\\;/usr/x86_64-w64-mingw32/lib")
+find_program(WINE NAMES wine wine64 wine64-stable PATHS /usr/lib/wine)
+if(WINE)
+    set(CMAKE_CROSSCOMPILING_EMULATOR ${WINE})
+endif()
