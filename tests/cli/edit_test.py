@@ -56,6 +56,12 @@ class Edit(Cli):
                 target = self.edit(source, *shlex.split(command), name="out.mrk")
                 self.assertEqual(target.read_text("utf-8").strip(), mrk_of(after.strip()).strip())
 
+    def test_a_condition_that_checks_leaves_the_holdings_system_in_hand(self):
+        source = self.path("in.mrk", mrk_of(OLD_BOOK + " / 852 __$bMain$p1").encode())
+        target = self.edit(source, "move-element", "Location", "--into", "Volume", "--system", "3",
+                           "--where", "valid or not valid", name="out.mrk")
+        self.assertIn("$3Main", target.read_text("utf-8"))
+
     def test_operations_of_the_page_are_all_there_are(self):
         text = PAGE.read_text("utf-8")
         _, out, _ = run("edit", "--help")
