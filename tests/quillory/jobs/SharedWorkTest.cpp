@@ -283,7 +283,7 @@ TEST_F(SharedWork, Export) {
                           ExportOptions options{input, output, {}, {}};
                           options.policy.policy.kind = kPolicyBasic;
                           options.holdings.file = file;
-                          options.holdings.type = "Dynix";
+                          options.holdings.type = "Basic circulation system";
                           if (output.eachLoss) options.input.where.expression = "valid";
                           return ExportFiles(options, own);
                       });
