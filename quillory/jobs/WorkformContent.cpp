@@ -19,8 +19,7 @@ using zorby::CTemplate;
 
 std::string ContentOf(const PatternField& field) {
     std::string content = field.indicators;
-    for (const SubfieldText& subfield : field.subfields)
-        content += Part(subfield.code, subfield.text);
+    for (const auto& [code, text] : field.subfields) content += Part(code, text);
     return content;
 }
 

@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <tuple>
 
 namespace quillory {
 
@@ -19,7 +20,10 @@ struct SubfieldOfTag {
     unsigned tag = 0;
     char code = '\0';
 
-    friend auto operator<=>(const SubfieldOfTag&, const SubfieldOfTag&) = default;
+    friend bool operator==(const SubfieldOfTag&, const SubfieldOfTag&) = default;
+    friend bool operator<(const SubfieldOfTag& a, const SubfieldOfTag& b) {
+        return std::tie(a.tag, a.code) < std::tie(b.tag, b.code);
+    }
 };
 using SubfieldHelps = std::map<SubfieldOfTag, SubfieldHelp>;
 
