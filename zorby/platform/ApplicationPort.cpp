@@ -1,8 +1,8 @@
 #include <zorby/platform/ApplicationPort.h>
+#include <zorby/platform/detail/LibraryFolder.h>
 #include <zorby/platform/detail/PortSlot.h>
 
 #include <filesystem>
-#include <system_error>
 
 namespace zorby {
 
@@ -13,13 +13,12 @@ constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_s
 class RunningProgram : public ApplicationPort {
 public:
     std::string Folder() const override {
-        std::error_code error;
-        const std::string program = std::filesystem::read_symlink("/proc/self/exe", error).string();
+        const std::string program = ProgramFile().string();
         return program.substr(0, program.rfind(kSeparator) + 1);
     }
 
     char PathSeparator() const override { return kSeparator; }
-    bool IsNTPlatform() const override { return false; }
+    bool IsNTPlatform() const override { return kSeparator == '\\'; }
 };
 
 }  // namespace

@@ -78,7 +78,7 @@ TEST_F(EditPointer, AWordIsMarkedInRed) {
     EXPECT_EQ(place.left, 4 * MemoryEdit::kCharWidth);
     EXPECT_EQ(place.width, 5 * MemoryEdit::kCharWidth);
     EXPECT_EQ(place.height, 15);
-    EXPECT_EQ(box.overlay->runs.front().color, RedWord::kRed);
+    EXPECT_EQ(box.overlay->runs.front().color, ControlColor{RedWord::kRed});
 
     const std::tuple<int, int, const char*> selections[] = {
         {0, 14, "wrnog"}, {5, 7, "rn"}, {0, 4, ""}, {0, 5, "w"},
@@ -98,7 +98,7 @@ TEST_F(EditPointer, AWordIsMarkedInRed) {
 TEST_F(EditPointer, TheRedWordFollowsTheText) {
     edit.SetWindowTextA(std::string(400, 'x'));
     edit.SetSelInRed(41, 42, "xx");
-    EXPECT_EQ(box.overlay->box.top, MemoryEdit::kLineHeight);
+    EXPECT_EQ(box.overlay->box.top, int{MemoryEdit::kLineHeight});
     edit.OnVscroll();
     const int before = box.timesInvalidated;
     box.firstLine = 1;

@@ -7,6 +7,7 @@
 #include <random>
 #include <sstream>
 #include <tests/zorby/platform/TemporaryFolder.h>
+#include <thread>
 
 using namespace zorby;
 
@@ -182,6 +183,28 @@ TEST(ProfileFilePort, RandomWritesAreSeenByReadersAndLeaveTheRest) {
         ASSERT_TRUE(KeepsOtherLines(before, text, key)) << before << "----\n" << text;
     }
     SetProfileFilePort(nullptr);
+}
+
+TEST(ProfileFilePort, WritersOfOneFileWaitForEachOther) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Path("f");
+    const auto write = [&path](char prefix) {
+        for (int i = 0; i < 20; ++i) {
+            CurrentProfileFilePort().WriteValue(path, "S", prefix + std::to_string(i), "1");
+        }
+    };
+    {
+        const std::jthread first(write, 'a');
+        const std::jthread second(write, 'b');
+        write('c');
+    }
+    for (const char prefix : {'a', 'b', 'c'}) {
+        for (int i = 0; i < 20; ++i) {
+            const std::string key = prefix + std::to_string(i);
+            EXPECT_EQ(CurrentProfileFilePort().ReadInt(path, "S", key, 0), 1) << key;
+        }
+    }
+    EXPECT_EQ(folder.FileCount(), 1);
 }
 
 }  // namespace

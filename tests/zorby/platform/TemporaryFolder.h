@@ -1,9 +1,9 @@
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <stdexcept>
 #include <string>
 
@@ -11,9 +11,11 @@
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "zorby-XXXXXX").string();
-        if (!::mkdtemp(pattern.data())) throw std::runtime_error("no temporary folder");
-        path_ = pattern;
+        std::random_device random;
+        do {
+            const std::string name = "zorby-" + std::to_string(random());
+            path_ = std::filesystem::temp_directory_path() / name;
+        } while (!std::filesystem::create_directory(path_));
     }
 
     ~TemporaryFolder() { std::filesystem::remove_all(path_); }

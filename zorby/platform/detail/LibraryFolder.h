@@ -8,4 +8,7 @@ namespace zorby {
 // system doesn't tell.
 std::filesystem::path LibraryFolder();
 
+// The file of the running program; empty if the system doesn't tell.
+std::filesystem::path ProgramFile();
+
 }  // namespace zorby

@@ -12,4 +12,9 @@ std::filesystem::path LibraryFolder() {
     return std::filesystem::canonical(info.dli_fname, error).parent_path();
 }
 
+std::filesystem::path ProgramFile() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error);
+}
+
 }  // namespace zorby
