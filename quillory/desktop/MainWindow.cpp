@@ -112,7 +112,6 @@ void MainWindow::MakeCentre() {
     panes_->addWidget(MakeList());
     panes_->addWidget(MakeEditor());
     panes_->addWidget(MakeSide());
-    panes_->setStretchFactor(0, 3);
     panes_->setStretchFactor(1, 5);
     panes_->setStretchFactor(2, 2);
     pages_->addWidget(MakeWelcome());
