@@ -11,6 +11,7 @@
 #include <quillory/desktop/MarcView.h>
 #include <quillory/desktop/MessageBar.h>
 #include <quillory/desktop/RecordListModel.h>
+#include <quillory/desktop/RecordListView.h>
 #include <quillory/desktop/RecordModel.h>
 #include <quillory/desktop/RecordTable.h>
 #include <quillory/desktop/Texts.h>
@@ -33,7 +34,6 @@
 #include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
-#include <array>
 
 namespace quillory {
 namespace {
@@ -156,32 +156,8 @@ QWidget* MainWindow::MakeWelcome() {
 
 QWidget* MainWindow::MakeList() {
     listModel_ = new RecordListModel(desk_, this);
-    list_ = new QTableView(this);
-    list_->setModel(listModel_);
-    list_->setAccessibleName(tr("Records"));
-    list_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    list_->setSelectionMode(QAbstractItemView::SingleSelection);
-    list_->setShowGrid(false);
-    list_->setAlternatingRowColors(true);
-    list_->setWordWrap(false);
-    list_->setTabKeyNavigation(false);
-    list_->verticalHeader()->hide();
-    list_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    list_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-    QHeaderView* header = list_->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setSectionsClickable(true);
-    header->setSortIndicatorShown(true);
-    header->setSortIndicatorClearable(true);
-    header->setSortIndicator(-1, Qt::AscendingOrder);
-    header->setMinimumSectionSize(0);
-    const int width = fontMetrics().averageCharWidth();
-    const std::array<int, 6> chars{5, 22, 14, 6, 11, 7};
-    for (int column = 0; column < static_cast<int>(chars.size()); ++column) {
-        list_->setColumnWidth(column, chars[static_cast<std::size_t>(column)] * width);
-    }
-    header->setSectionResizeMode(static_cast<int>(ListColumn::Title), QHeaderView::Stretch);
-    connect(header, &QHeaderView::sortIndicatorChanged, this, &MainWindow::Sort);
+    list_ = new RecordListView(listModel_, this);
+    connect(list_->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, &MainWindow::Sort);
     connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& now) { FollowRow(now); });
     return list_;

@@ -50,6 +50,10 @@ TEST_F(Looks, NothingIsCutInAnySizeOrTheme) {
             EXPECT_EQ(window.width(), size.width());
             EXPECT_EQ(window.height(), size.height());
             ExpectNothingCut(window);
+            constexpr int kTitle = 1;
+            constexpr int kLeastTitle = 8;  // characters
+            EXPECT_GE(window.List().columnWidth(kTitle),
+                      kLeastTitle * window.fontMetrics().averageCharWidth());
             Keep(window, QStringLiteral("record-") + name);
             window.Table().GoTo(*ParsePlace("008"));
             QApplication::processEvents();
