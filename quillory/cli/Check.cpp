@@ -78,8 +78,8 @@ RuleWeights WeightsOf(const CheckSettings& settings, const CheckOptions& options
 // The rules in force, and what holds records against them.
 class Inspection {
 public:
-    Inspection(const CheckOptions& options, const SettingsFile& file, CheckerOptions checking,
-               const CodeLists& lists)
+    Inspection(const CheckOptions& options, const SettingsFile& file,
+               const CheckerOptions& checking, const CodeLists& lists)
         : checker_(checking),
           settings_(file.Read({checking.charset,
                                [this](const Record& record) {

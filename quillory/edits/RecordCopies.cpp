@@ -19,6 +19,7 @@ using zorby::CHoldingsDataRecord;
 using zorby::CInfoAboutHoldingsField;
 using zorby::CommFormatField;
 using zorby::EHOLDINGSID;
+
 // The copies of a record, and where each of their fields stands in it.
 struct Read {
     CopiesOfRecord taken;
