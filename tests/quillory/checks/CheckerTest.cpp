@@ -46,7 +46,7 @@ class CheckerTest : public testing::Test {
 protected:
     CheckerTest() { PutInForce({kPolicyCustom, {}}); }
 
-    static std::string Found(const Record& record, CheckerOptions options = {}) {
+    static std::string Found(const Record& record, const CheckerOptions& options = {}) {
         std::vector<Finding> findings;
         Checker(options).Check(record, findings);
         std::string text;
@@ -61,7 +61,7 @@ protected:
     }
 
     static std::string FoundIn(const std::string& without, const Lines& with,
-                               CheckerOptions options = {}) {
+                               const CheckerOptions& options = {}) {
         return Found(Changed(without, with).record, options);
     }
 
