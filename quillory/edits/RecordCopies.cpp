@@ -6,6 +6,7 @@
 #include <quillory/holdings/CompositeText.h>
 #include <quillory/holdings/CopyFields.h>
 #include <quillory/holdings/HoldingsFields.h>
+#include <quillory/places/Tag.h>
 #include <quillory/text/QmText.h>
 #include <quillory/text/Trimmed.h>
 
@@ -128,6 +129,23 @@ void WriteFields(const std::vector<CopyField>& made, std::vector<std::size_t> ol
     }
 }
 
+// The fields of a copy that has no elements any more, with the subfields that are none.
+std::vector<CopyField> KeptFields(const CHoldingsDataRecord& copy,
+                                  const std::vector<CommFormatField>& fields) {
+    std::vector<CopyField> kept;
+    for (const CommFormatField& field : fields) {
+        const bool isThere = std::ranges::find(kept, field.tag, &CopyField::tag) != kept.end();
+        std::string subfields;
+        for (const auto& [tag, code, text] : copy.GetHolds()) {
+            if (TagText(static_cast<unsigned>(tag)) == field.tag) subfields += Part(code, text);
+        }
+        if (isThere || subfields.empty()) continue;
+        const std::string_view indicators = field.content.substr(0, kIndicators);
+        kept.push_back({std::string(field.tag), std::string(indicators) + subfields});
+    }
+    return kept;
+}
+
 bool IsOnce(const HoldingsSystem& system, std::string_view tag) {
     return system.type->FieldIsOnePerRecord(TagNumber(tag));
 }
@@ -237,9 +255,8 @@ RecordCopies::Outcome RecordCopies::WithText(const RecordState& record, std::siz
         return outcome;
     }
     changed.RemoveEmptyElements();
-    const auto made = FieldsOfCopy(changed, system_, read.taken.fields[copy]);
-    const bool isLeft = made.empty() && !changed.GetHolds().empty();
-    if (isLeft) return outcome;
+    std::vector<CopyField> made = FieldsOfCopy(changed, system_, read.taken.fields[copy]);
+    if (made.empty()) made = KeptFields(changed, read.taken.fields[copy]);
     WriteFields(made, read.fields[copy], outcome.record);
     for (const CopyField& field : made) {
         const bool isThere =

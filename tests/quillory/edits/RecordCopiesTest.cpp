@@ -60,6 +60,7 @@ TEST_F(RecordCopiesTest, AValueChangesItsSubfieldAndNothingElse) {
         {"1", 0, "Price", "4", "852  $zGift$94$uX", "852  $zGift$94$uX"},
         // The last value of a copy takes the copy with it.
         {"1", 0, "Price", "", "24510$aT\n852  $94", "24510$aT"},
+        {"1", 0, "Price", "", "852 1$zGift$94$uX", "852 1$zGift$uX"},
         // In a field of another tag, which comes or goes.
         {"4", 0, "Vendor", "Acme", "24510$aT\n852  $pB1\n998  $aX",
          "24510$aT\n852  $pB1\n961  $aAcme\n998  $aX"},
