@@ -147,7 +147,7 @@ std::vector<CodedEditor::Tab> CodedEditor::TabsOf(const EditSession& session) co
     const auto& fields = session.Now().fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         if (!IsCodedTag(fields[i].tag)) continue;
-        const Place place = session.PlaceOf(i);
+        const Place place = PlaceOf(session.Now(), i);
         tabs.push_back({i, place, TabText(place, FormOfCoded(session.Now(), i))});
     }
     return tabs;

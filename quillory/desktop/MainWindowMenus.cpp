@@ -305,7 +305,7 @@ void MainWindow::Repair() {
         state.leader = WithChosen(repairs, chosen, Place::OfLeader(), state.leader);
         for (std::size_t i = 0; i < state.fields.size(); ++i) {
             std::string& content = state.fields[i].content;
-            content = WithChosen(repairs, chosen, session.PlaceOf(i), content);
+            content = WithChosen(repairs, chosen, PlaceOf(session.Now(), i), content);
         }
         session.Become(std::move(state));
     });

@@ -10,6 +10,7 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 #include <QPalette>
+#include <QRegularExpression>
 #include <algorithm>
 
 namespace quillory {
@@ -22,9 +23,11 @@ FieldShape ShapeOf(const EditSession::Field& field) {
     return quillory::ShapeOf(zorby::CommFormatField{field.tag, field.content});
 }
 
-// A person types a subfield with its delimiter as "‡b" or "ǂb".
+// A person types a subfield with its delimiter as "‡b" or "ǂb". A delimiter without a code begins
+// no subfield, and is not taken.
 std::string WithDelimiters(QString text) {
-    text.replace(u'\n', u' ').replace(u'\t', u' ');
+    static const QRegularExpression kWithoutCode(QStringLiteral("[‡ǂ\x1F](?=[‡ǂ\x1F]|$)"));
+    text.replace(u'\n', u' ').replace(u'\t', u' ').remove(kWithoutCode);
     text.replace(u'‡', QChar(zorby::kDelimiter)).replace(u'ǂ', QChar(zorby::kDelimiter));
     return text.toStdString();
 }
@@ -45,18 +48,17 @@ RecordModel::RecordModel(OpenRecord& record, QObject* parent)
     : QAbstractTableModel(parent), record_(record) {
     connect(&record, &OpenRecord::Replaced, this, [this] {
         beginResetModel();
-        rows_ = MakeRows();
+        Take();
         SetRemarks({});
         endResetModel();
     });
     connect(&record, &OpenRecord::Changed, this, &RecordModel::Refresh);
 }
 
-std::vector<RecordModel::Row> RecordModel::MakeRows() const {
-    if (record_.Session() == nullptr) return {};
+std::vector<RecordModel::Row> RecordModel::RowsOf(const RecordState& state) {
     std::vector<Row> rows(1);
     int index = 0;
-    for (const auto& field : record_.Session()->Now().fields) {
+    for (const auto& field : state.fields) {
         const FieldShape shape = ShapeOf(field);
         const auto parts = static_cast<int>(PartsOf(field.content).parts.size());
         if (shape != kDataShape || parts == 0) {
@@ -69,18 +71,26 @@ std::vector<RecordModel::Row> RecordModel::MakeRows() const {
     return rows;
 }
 
-void RecordModel::Refresh() {
-    std::vector<Row> rows = MakeRows();
-    const auto old = static_cast<int>(rows_.size());
-    const auto now = static_cast<int>(rows.size());
-    if (now > old) beginInsertRows({}, old, now - 1);
-    if (now < old) beginRemoveRows({}, now, old - 1);
-    rows_ = std::move(rows);
+// What is shown and its rows change together: a view asks between what is announced and what is
+// done.
+void RecordModel::Take() {
+    shown_ = record_.Session() == nullptr ? nullptr : record_.Session()->Shared();
+    rows_ = shown_ == nullptr ? std::vector<Row>() : RowsOf(*shown_);
     marks_.resize(rows_.size());
     notes_.resize(rows_.size());
+}
+
+void RecordModel::Refresh() {
+    const auto old = static_cast<int>(rows_.size());
+    const auto now = static_cast<int>(RowsOf(record_.Session()->Now()).size());
+    isChanging_ = true;
+    if (now > old) beginInsertRows({}, old, now - 1);
+    if (now < old) beginRemoveRows({}, now, old - 1);
+    Take();
     if (now > old) endInsertRows();
     if (now < old) endRemoveRows();
-    if (now > 0) Q_EMIT dataChanged(index(0, 0), index(now - 1, Columns - 1));
+    isChanging_ = false;
+    Q_EMIT dataChanged(index(0, 0), index(now - 1, Columns - 1));
 }
 
 void RecordModel::SetRemarks(const std::vector<Remark>& remarks) {
@@ -98,16 +108,22 @@ void RecordModel::SetRemarks(const std::vector<Remark>& remarks) {
     if (last >= 0) Q_EMIT dataChanged(index(0, 0), index(last, Columns - 1));
 }
 
+// A view can still ask for a cell whose row went away in the step that it has just asked for.
+const RecordModel::Row* RecordModel::RowOf(const QModelIndex& index) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    return index.isValid() && row < rows_.size() ? &rows_[row] : nullptr;
+}
+
 std::optional<std::size_t> RecordModel::FieldOf(const QModelIndex& index) const {
-    if (!index.isValid()) return std::nullopt;
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
-    return row.field < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row.field));
+    const Row* row = RowOf(index);
+    if (row == nullptr || row->field < 0) return std::nullopt;
+    return static_cast<std::size_t>(row->field);
 }
 
 std::optional<std::size_t> RecordModel::PartOf(const QModelIndex& index) const {
-    if (!index.isValid()) return std::nullopt;
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
-    return row.part < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(row.part));
+    const Row* row = RowOf(index);
+    if (row == nullptr || row->part < 0) return std::nullopt;
+    return static_cast<std::size_t>(row->part);
 }
 
 QModelIndex RecordModel::IndexOf(std::size_t field, std::size_t part, int column) const {
@@ -124,32 +140,32 @@ QModelIndex RecordModel::IndexOf(std::size_t field, std::size_t part, int column
 std::string RecordModel::TextOf(const QModelIndex& index, char code) const {
     const auto field = FieldOf(index);
     if (!field) return {};
-    const FieldParts parts = PartsOf(record_.Session()->Now().fields[*field].content);
+    const FieldParts parts = PartsOf(shown_->fields[*field].content);
     const auto part = std::ranges::find(parts.parts, code, CodeOf);
     return part == parts.parts.end() ? std::string() : std::string(quillory::TextOf(*part));
 }
 
 Place RecordModel::PlaceOf(const QModelIndex& index) const {
-    if (!index.isValid()) return Place::OfRecord();
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
-    if (row.field < 0) return Place::OfLeader();
-    const auto field = static_cast<std::size_t>(row.field);
-    const Place place = record_.Session()->PlaceOf(field);
-    if (row.part < 0) return place;
-    if (row.isFirst && index.column() == First) return place.Indicator(1);
-    if (row.isFirst && index.column() == Second) return place.Indicator(2);
+    const Row* row = RowOf(index);
+    if (row == nullptr) return Place::OfRecord();
+    if (row->field < 0) return Place::OfLeader();
+    const auto field = static_cast<std::size_t>(row->field);
+    const Place place = quillory::PlaceOf(*shown_, field);
+    if (row->part < 0) return place;
+    if (row->isFirst && index.column() == First) return place.Indicator(1);
+    if (row->isFirst && index.column() == Second) return place.Indicator(2);
     if (index.column() == Tag) return place;
-    const FieldParts parts = PartsOf(record_.Session()->Now().fields[field].content);
-    return place.Subfield(CodeOf(parts.parts[static_cast<std::size_t>(row.part)]));
+    const FieldParts parts = PartsOf(shown_->fields[field].content);
+    return place.Subfield(CodeOf(parts.parts[static_cast<std::size_t>(row->part)]));
 }
 
 QModelIndex RecordModel::IndexOf(const Place& place) const {
-    if (record_.Session() == nullptr || place.IsRecord() || rows_.empty()) return {};
+    if (shown_ == nullptr || place.IsRecord()) return {};
     if (place.IsLeader()) return index(0, Text);
-    const auto field = record_.Session()->FieldAt(place);
+    const auto field = FieldAt(*shown_, place);
     if (!field) return {};
     if (place.indicator != 0) return IndexOf(*field, 0, place.indicator == 1 ? First : Second);
-    const FieldParts parts = PartsOf(record_.Session()->Now().fields[*field].content);
+    const FieldParts parts = PartsOf(shown_->fields[*field].content);
     const auto part = std::ranges::find(parts.parts, place.code, CodeOf);
     const bool isThere = place.code != '\0' && part != parts.parts.end();
     return IndexOf(*field, isThere ? static_cast<std::size_t>(part - parts.parts.begin()) : 0,
@@ -190,7 +206,7 @@ QVariant RecordModel::headerData(int section, Qt::Orientation orientation, int r
 
 QString RecordModel::NameOf(const Row& row) const {
     if (row.field < 0) return tr("Leader");
-    const auto& field = record_.Session()->Now().fields[static_cast<std::size_t>(row.field)];
+    const auto& field = shown_->fields[static_cast<std::size_t>(row.field)];
     const unsigned tag = TagNumber(field.tag);
     if (tag == kNoTag) return {};
     if (row.part < 0) return ToQt(FieldName(tag, kNameOnly));
@@ -203,13 +219,12 @@ QString RecordModel::NameOf(const Row& row) const {
 }
 
 QString RecordModel::TextOf(const Row& row, int column, bool isForEditor) const {
-    const EditSession::State& now = record_.Session()->Now();
     if (column == Name) return NameOf(row);
     if (row.field < 0) {
         if (column == Tag) return QStringLiteral("LDR");
-        return column == Text ? ToQt(now.leader) : QString();
+        return column == Text ? ToQt(shown_->leader) : QString();
     }
-    const auto& field = now.fields[static_cast<std::size_t>(row.field)];
+    const auto& field = shown_->fields[static_cast<std::size_t>(row.field)];
     if (column == Tag) return row.isFirst ? ToQt(field.tag) : QString();
     if (row.part < 0) {
         if (column != Text) return {};
@@ -230,7 +245,7 @@ QString RecordModel::TextOf(const Row& row, int column, bool isForEditor) const 
 }
 
 QString RecordModel::AccessibleText(const QModelIndex& index) const {
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const Row& row = *RowOf(index);
     const QString place = ToQt(PlaceText(PlaceOf(index)));
     const QString note = notes_[static_cast<std::size_t>(index.row())];
     const QString text = TextOf(row, index.column(), false);
@@ -239,8 +254,8 @@ QString RecordModel::AccessibleText(const QModelIndex& index) const {
 }
 
 QVariant RecordModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid()) return {};
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    if (RowOf(index) == nullptr) return {};
+    const Row& row = *RowOf(index);
     const auto mark = marks_[static_cast<std::size_t>(index.row())];
     const QPalette palette = QGuiApplication::palette();
     switch (role) {
@@ -282,8 +297,8 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
 }
 
 Qt::ItemFlags RecordModel::flags(const QModelIndex& index) const {
-    if (!index.isValid()) return Qt::NoItemFlags;
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    if (RowOf(index) == nullptr) return Qt::NoItemFlags;
+    const Row& row = *RowOf(index);
     const Qt::ItemFlags shown = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     const bool isText = index.column() == Text && !row.isBroken;
     const bool isOfPart =
@@ -294,8 +309,8 @@ Qt::ItemFlags RecordModel::flags(const QModelIndex& index) const {
 }
 
 bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::EditRole || !index.isValid()) return false;
-    const Row row = rows_[static_cast<std::size_t>(index.row())];
+    if (role != Qt::EditRole || RowOf(index) == nullptr || isChanging_) return false;
+    const Row row = *RowOf(index);
     const QString text = value.toString();
     if (text == TextOf(row, index.column(), true)) return true;
     return Change(row, index.column(), text);
@@ -322,7 +337,7 @@ bool RecordModel::Change(const Row& row, int column, const QString& text) {
 bool RecordModel::ChangePart(const Row& row, int column, const QString& text) {
     const auto field = static_cast<std::size_t>(row.field);
     const auto part = static_cast<std::size_t>(row.part);
-    const std::string given = record_.Session()->Now().fields[field].content;
+    const std::string given = shown_->fields[field].content;
     const FieldParts known = PartsOf(given);
     std::string head(known.head);
     std::vector<std::string> parts(known.parts.begin(), known.parts.end());

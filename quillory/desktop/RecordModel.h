@@ -1,9 +1,11 @@
 #pragma once
 
+#include <quillory/edits/EditSession.h>
 #include <quillory/places/Place.h>
 #include <quillory/rules/Remark.h>
 
 #include <QAbstractTableModel>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -52,8 +54,11 @@ private:
         bool isBroken = false;  // a data field that is not made of subfields
     };
 
-    std::vector<Row> MakeRows() const;
+    static std::vector<Row> RowsOf(const RecordState& state);
+    void Take();
     void Refresh();
+    // Null if there is no such cell.
+    const Row* RowOf(const QModelIndex& index) const;
     QString TextOf(const Row& row, int column, bool isForEditor) const;
     QString NameOf(const Row& row) const;
     QString AccessibleText(const QModelIndex& index) const;
@@ -61,7 +66,9 @@ private:
     bool ChangePart(const Row& row, int column, const QString& text);
 
     OpenRecord& record_;
+    std::shared_ptr<const RecordState> shown_;  // null if no record is open
     std::vector<Row> rows_;
+    bool isChanging_ = false;
     std::vector<std::optional<Severity>> marks_;  // by row
     std::vector<QString> notes_;
 };

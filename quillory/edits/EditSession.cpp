@@ -102,23 +102,6 @@ EditSession::EditSession(const Record& record, Charset charset)
 
 EditSession::~EditSession() = default;
 
-Place EditSession::PlaceOf(std::size_t field) const {
-    const auto& fields = Now().fields;
-    const auto end = fields.begin() + static_cast<std::ptrdiff_t>(field) + 1;
-    const auto count = std::count_if(
-        fields.begin(), end, [&](const Field& other) { return other.tag == fields[field].tag; });
-    return Place::OfField(fields[field].tag, static_cast<std::uint32_t>(count));
-}
-
-std::optional<std::size_t> EditSession::FieldAt(const Place& place) const {
-    std::uint32_t count = 0;
-    for (std::size_t i = 0; i < Now().fields.size(); ++i) {
-        if (Now().fields[i].tag != place.Tag()) continue;
-        if (++count == std::max(place.occurrence, 1U)) return i;
-    }
-    return std::nullopt;
-}
-
 void EditSession::Become(State state, std::string_view burst) {
     if (state == Now()) return;
     history_.resize(at_ + 1);
@@ -264,6 +247,23 @@ std::optional<Fault> EditSession::WhatIsWrong(bool isIso2709) {
     Losses unused;
     Give(record, unused);
     return FaultOfEdit(*edited_, record, isIso2709);
+}
+
+Place PlaceOf(const RecordState& state, std::size_t field) {
+    const std::string& tag = state.fields[field].tag;
+    const auto end = state.fields.begin() + static_cast<std::ptrdiff_t>(field) + 1;
+    const auto count = std::count_if(state.fields.begin(), end,
+                                     [&](const auto& other) { return other.tag == tag; });
+    return Place::OfField(tag, static_cast<std::uint32_t>(count));
+}
+
+std::optional<std::size_t> FieldAt(const RecordState& state, const Place& place) {
+    std::uint32_t count = 0;
+    for (std::size_t i = 0; i < state.fields.size(); ++i) {
+        if (state.fields[i].tag != place.Tag()) continue;
+        if (++count == std::max(place.occurrence, 1U)) return i;
+    }
+    return std::nullopt;
 }
 
 }  // namespace quillory

@@ -40,10 +40,8 @@ public:
     EditSession& operator=(const EditSession&) = delete;
 
     const State& Now() const { return *history_[at_]; }
-    Place PlaceOf(std::size_t field) const;
-    // The index of the field that a place is in; nothing for the leader or a field that is not
-    // there.
-    std::optional<std::size_t> FieldAt(const Place& place) const;
+    // The same, which stays as it is after later steps.
+    std::shared_ptr<const State> Shared() const { return history_[at_]; }
 
     // One step each. `burst`, if it is not empty, names what goes on with the step before it of the
     // same name, as with letter after letter of a word, and both are undone as one.
@@ -104,5 +102,9 @@ private:
 std::vector<EditSession::Field> FieldsOfLines(std::string_view lines);
 
 using RecordState = EditSession::State;
+
+Place PlaceOf(const RecordState& state, std::size_t field);
+// The index of the field that a place is in; nothing for the leader or a field that is not there.
+std::optional<std::size_t> FieldAt(const RecordState& state, const Place& place);
 
 }  // namespace quillory

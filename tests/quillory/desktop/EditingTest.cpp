@@ -246,5 +246,24 @@ TEST_F(DeskTest, EnterTakesALineAtOnce) {
     EXPECT_EQ(Cell("246 $a"), "Rivers /");
 }
 
+// What is undone takes the row in hand away, and the cursor goes to one that is there.
+TEST_F(DeskTest, TheCursorLeavesARowThatIsUndone) {
+    GoTo("245 $c");
+    Press(Qt::Key_D, Qt::ControlModifier);
+    Table().Finish();
+    EXPECT_EQ(PlaceText(Table().CurrentPlace()), "245 $b");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(PlaceText(Table().CurrentPlace()), "245 $c");
+    EXPECT_EQ(Table().Model().rowCount(), 6);
+}
+
+// A field that ends with a delimiter, or has two together, would not be made of subfields.
+TEST_F(DeskTest, ADelimiterWithoutACodeIsNotTaken) {
+    TypeInto("245 $a", QString::fromUtf8("Rivers :\u2021\u2021bthree essays\u2021"));
+    EXPECT_EQ(Cell("245 $a"), "Rivers :");
+    EXPECT_EQ(Cell("245 $b"), "three essays");
+    EXPECT_EQ(Cell("245 $c"), "Jane Doe.");
+}
+
 }  // namespace
 }  // namespace quillory

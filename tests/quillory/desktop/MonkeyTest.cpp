@@ -13,16 +13,20 @@
 namespace quillory {
 namespace {
 
-// The same at every run.
+// The same at every run, unless DESK_SEED says otherwise.
 class Random {
 public:
+    Random()
+        : state_(20261122U +
+                 static_cast<std::uint64_t>(qEnvironmentVariableIntValue("DESK_SEED"))) {}
+
     int Below(int limit) {
         state_ = state_ * 6364136223846793005U + 1442695040888963407U;
         return static_cast<int>((state_ >> 33U) % static_cast<std::uint64_t>(limit));
     }
 
 private:
-    std::uint64_t state_ = 20261122;
+    std::uint64_t state_;
 };
 
 constexpr Qt::Key kKeys[] = {

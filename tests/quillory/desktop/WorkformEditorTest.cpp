@@ -126,7 +126,7 @@ TEST_F(WorkformEditorTest, ACopyIsEditedSavedAndOffered) {
         const EditSession session(RecordOf(content.record), kCharsetUtf8);
         EXPECT_EQ(content.record.fields.size(), standard.record.fields.size());
         EXPECT_EQ(content.record.fields[0].content.at(33), '1');
-        const auto field040 = session.FieldAt(*ParsePlace("040"));
+        const auto field040 = FieldAt(session.Now(), *ParsePlace("040"));
         ASSERT_TRUE(field040);
         EXPECT_TRUE(content.record.fields[*field040].content.starts_with("  \037aZS"));
         const SubfieldHelp help = HelpOf({250, 'a'}, *saved);

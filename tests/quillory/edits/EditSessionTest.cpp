@@ -87,10 +87,10 @@ TEST(EditSession, LinesAndFieldsAreOneRecord) {
 TEST(EditSession, NamesPlacesByOccurrence) {
     const TestRecord record(kMarc8);
     const EditSession session(record.record);
-    EXPECT_EQ(session.PlaceOf(3), Place::OfField("650", 2));
-    EXPECT_EQ(session.FieldAt(Place::OfField("650", 2)), 3U);
-    EXPECT_EQ(session.FieldAt(Place::OfField("650")), 2U);
-    EXPECT_EQ(session.FieldAt(Place::OfField("651")), std::nullopt);
+    EXPECT_EQ(PlaceOf(session.Now(), 3), Place::OfField("650", 2));
+    EXPECT_EQ(FieldAt(session.Now(), Place::OfField("650", 2)), 3U);
+    EXPECT_EQ(FieldAt(session.Now(), Place::OfField("650")), 2U);
+    EXPECT_EQ(FieldAt(session.Now(), Place::OfField("651")), std::nullopt);
 }
 
 TEST(EditSession, SaysWhatNoFormCanHold) {
