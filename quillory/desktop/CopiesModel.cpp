@@ -8,7 +8,7 @@
 namespace quillory {
 
 CopiesModel::CopiesModel(OpenRecord& record, QObject* parent)
-    : QAbstractTableModel(parent),
+    : RowsModel(parent),
       record_(record),
       copies_(std::make_unique<RecordCopies>(HoldingsSystemInForce())) {
     connect(&record, &OpenRecord::Replaced, this, [this] {
@@ -33,14 +33,8 @@ std::vector<RecordCopies::Copy> CopiesModel::Read() const {
 
 void CopiesModel::Refresh() {
     std::vector<RecordCopies::Copy> rows = Read();
-    const auto old = static_cast<int>(rows_.size());
     const auto now = static_cast<int>(rows.size());
-    if (now > old) beginInsertRows({}, old, now - 1);
-    if (now < old) beginRemoveRows({}, now, old - 1);
-    rows_ = std::move(rows);
-    if (now > old) endInsertRows();
-    if (now < old) endRemoveRows();
-    if (now > 0) Q_EMIT dataChanged(index(0, 0), index(now - 1, columnCount() - 1));
+    ChangeRows(now, [&] { rows_ = std::move(rows); });
 }
 
 const CopyElement* CopiesModel::ElementAt(int column) const {
@@ -92,7 +86,7 @@ QString CopiesModel::TextOf(const QModelIndex& index) const {
 }
 
 QVariant CopiesModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid()) return {};
+    if (!HasCell(index)) return {};
     switch (role) {
         case Qt::DisplayRole:
         case Qt::EditRole:
@@ -112,15 +106,16 @@ QVariant CopiesModel::data(const QModelIndex& index, int role) const {
 }
 
 Qt::ItemFlags CopiesModel::flags(const QModelIndex& index) const {
-    if (!index.isValid()) return Qt::NoItemFlags;
+    if (!HasCell(index)) return Qt::NoItemFlags;
     const Qt::ItemFlags shown = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     const bool isElement = ElementAt(index.column()) != nullptr;
     return isElement && record_.CanChange() ? shown | Qt::ItemIsEditable : shown;
 }
 
 bool CopiesModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !HasCell(index) || AreRowsChanging()) return false;
+    if (!record_.CanChange()) return false;
     const QString text = value.toString();
-    if (role != Qt::EditRole || !index.isValid() || !record_.CanChange()) return false;
     if (text == TextOf(index)) return true;
     RecordCopies::Outcome outcome =
         copies_->WithText(record_.Session()->Now(), static_cast<std::size_t>(index.row()),

@@ -1,8 +1,8 @@
 #pragma once
 
+#include <quillory/desktop/RowsModel.h>
 #include <quillory/edits/RecordCopies.h>
 
-#include <QAbstractTableModel>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -13,7 +13,7 @@ class OpenRecord;
 
 // The copies of the record in hand, a row each, by the holdings system in force: a column for each
 // of its elements, and one for what is no element and stays as it is.
-class CopiesModel : public QAbstractTableModel {
+class CopiesModel : public RowsModel {
     Q_OBJECT
 
 public:

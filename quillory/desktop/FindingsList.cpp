@@ -22,7 +22,9 @@ FindingsList::FindingsList(QWidget* parent) : QTreeWidget(parent) {
     header()->setMinimumSectionSize(0);
     const auto choose = [this](QTreeWidgetItem* item) {
         const int row = indexOfTopLevelItem(item);
-        if (row >= 0) Q_EMIT Chosen(places_[static_cast<std::size_t>(row)]);
+        if (row < 0) return;
+        const Place place = places_[static_cast<std::size_t>(row)];  // the list may be made anew
+        Q_EMIT Chosen(place);
     };
     connect(header(), &QHeaderView::sectionResized, this, &FindingsList::FitRows);
     connect(this, &QTreeWidget::itemClicked, this, choose);

@@ -44,8 +44,7 @@ bool IsOneAscii(const QString& text) {
 
 }  // namespace
 
-RecordModel::RecordModel(OpenRecord& record, QObject* parent)
-    : QAbstractTableModel(parent), record_(record) {
+RecordModel::RecordModel(OpenRecord& record, QObject* parent) : RowsModel(parent), record_(record) {
     connect(&record, &OpenRecord::Replaced, this, [this] {
         beginResetModel();
         Take();
@@ -71,8 +70,6 @@ std::vector<RecordModel::Row> RecordModel::RowsOf(const RecordState& state) {
     return rows;
 }
 
-// What is shown and its rows change together: a view asks between what is announced and what is
-// done.
 void RecordModel::Take() {
     shown_ = record_.Session() == nullptr ? nullptr : record_.Session()->Shared();
     rows_ = shown_ == nullptr ? std::vector<Row>() : RowsOf(*shown_);
@@ -81,16 +78,8 @@ void RecordModel::Take() {
 }
 
 void RecordModel::Refresh() {
-    const auto old = static_cast<int>(rows_.size());
     const auto now = static_cast<int>(RowsOf(record_.Session()->Now()).size());
-    isChanging_ = true;
-    if (now > old) beginInsertRows({}, old, now - 1);
-    if (now < old) beginRemoveRows({}, now, old - 1);
-    Take();
-    if (now > old) endInsertRows();
-    if (now < old) endRemoveRows();
-    isChanging_ = false;
-    Q_EMIT dataChanged(index(0, 0), index(now - 1, Columns - 1));
+    ChangeRows(now, [this] { Take(); });
 }
 
 void RecordModel::SetRemarks(const std::vector<Remark>& remarks) {
@@ -108,10 +97,8 @@ void RecordModel::SetRemarks(const std::vector<Remark>& remarks) {
     if (last >= 0) Q_EMIT dataChanged(index(0, 0), index(last, Columns - 1));
 }
 
-// A view can still ask for a cell whose row went away in the step that it has just asked for.
 const RecordModel::Row* RecordModel::RowOf(const QModelIndex& index) const {
-    const auto row = static_cast<std::size_t>(index.row());
-    return index.isValid() && row < rows_.size() ? &rows_[row] : nullptr;
+    return HasCell(index) ? &rows_[static_cast<std::size_t>(index.row())] : nullptr;
 }
 
 std::optional<std::size_t> RecordModel::FieldOf(const QModelIndex& index) const {
@@ -309,7 +296,7 @@ Qt::ItemFlags RecordModel::flags(const QModelIndex& index) const {
 }
 
 bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int role) {
-    if (role != Qt::EditRole || RowOf(index) == nullptr || isChanging_) return false;
+    if (role != Qt::EditRole || RowOf(index) == nullptr || AreRowsChanging()) return false;
     const Row row = *RowOf(index);
     const QString text = value.toString();
     if (text == TextOf(row, index.column(), true)) return true;

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <quillory/desktop/RowsModel.h>
 #include <quillory/edits/EditSession.h>
 #include <quillory/places/Place.h>
 #include <quillory/rules/Remark.h>
 
-#include <QAbstractTableModel>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,7 +15,7 @@ namespace quillory {
 class OpenRecord;
 
 // A record as rows: the leader, control fields, and the subfields of data fields.
-class RecordModel : public QAbstractTableModel {
+class RecordModel : public RowsModel {
     Q_OBJECT
 
 public:
@@ -68,7 +68,6 @@ private:
     OpenRecord& record_;
     std::shared_ptr<const RecordState> shown_;  // null if no record is open
     std::vector<Row> rows_;
-    bool isChanging_ = false;
     std::vector<std::optional<Severity>> marks_;  // by row
     std::vector<QString> notes_;
 };
