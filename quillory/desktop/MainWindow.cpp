@@ -303,8 +303,8 @@ void MainWindow::Filter(const QString& typed) {
     if (filter_->text() != typed) filter_->setText(typed);
     Try([&] {
         document_->Listing().Filter(typed.toStdString());
-        messages_->hide();
         listModel_->Renew();
+        messages_->hide();
         work_->start();
         ShowCounts();
     });

@@ -56,7 +56,10 @@ void RecordListModel::RefreshAll() {
 
 std::optional<std::size_t> RecordListModel::RecordAt(const QModelIndex& index) const {
     if (!index.isValid() || document_ == nullptr) return std::nullopt;
-    return document_->Listing().At(static_cast<std::size_t>(index.row()));
+    const auto row = static_cast<std::size_t>(index.row());
+    const RecordListing& listing = document_->Listing();
+    // Fewer may be listed than the view knows of yet.
+    return row < listing.Size() ? std::optional(listing.At(row)) : std::nullopt;
 }
 
 int RecordListModel::rowCount(const QModelIndex& parent) const {
