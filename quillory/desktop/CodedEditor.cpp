@@ -349,7 +349,7 @@ const Element* CodedEditor::CurrentElement() const {
 }
 
 void CodedEditor::TellTyped() {
-    if (form_ != nullptr) form_->TellTyped();
+    if (form_ != nullptr && isActive_) form_->TellTyped();
 }
 
 void CodedEditor::Finish() {

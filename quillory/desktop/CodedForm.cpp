@@ -278,14 +278,26 @@ void CodedForm::Finish() {
     }
 }
 
+bool CodedForm::IsTyped(const Row& row) {
+    return row.box != nullptr && row.box->text() != ToQt(CodeText(row.value));
+}
+
+std::optional<std::string> CodedForm::TypedValue(const Row& row) {
+    std::string value = row.box->text().toStdString();
+    if (!std::ranges::all_of(value, [](char c) { return ' ' <= c && c <= '~'; })) {
+        return std::nullopt;
+    }
+    std::ranges::replace(value, '#', ' ');
+    if (value != row.value) {
+        value.resize(static_cast<std::size_t>(row.asked.element->Width()), ' ');
+    }
+    return value;
+}
+
 void CodedForm::TellTyped() {
     for (const Row& row : rows_) {
-        if (row.box == nullptr) continue;
-        std::string value = row.box->text().toStdString();
-        std::ranges::replace(value, '#', ' ');
-        if (value == row.value) continue;
-        value.resize(static_cast<std::size_t>(row.asked.element->Width()), ' ');
-        if (value != row.value) Q_EMIT Changed(row.place.first, value);
+        const auto value = IsTyped(row) ? TypedValue(row) : std::nullopt;
+        if (value && *value != row.value) Q_EMIT Changed(row.place.first, *value);
     }
 }
 
@@ -295,23 +307,12 @@ void CodedForm::Take(std::size_t row, std::size_t at, const std::string& value) 
 
 void CodedForm::TakeBox(std::size_t index) {
     const Row& row = rows_[index];
-    std::string value = row.box->text().toStdString();
-    std::ranges::replace(value, '#', ' ');
-    const auto width = static_cast<std::size_t>(row.asked.element->Width());
-    const bool isAscii = std::ranges::all_of(value, [](char c) { return ' ' <= c && c <= '~'; });
-    if (!isAscii) {
-        const QString typed = row.box->text();
-        row.box->setText(ToQt(CodeText(row.value)));
-        Q_EMIT Refused(NameOf(*row.asked.element, lists_), typed);
-        return;
-    }
-    if (value == row.value) return;
-    value.resize(width, ' ');
-    if (value == row.value) {
-        row.box->setText(ToQt(CodeText(value)));
-        return;
-    }
-    Q_EMIT Changed(row.place.first, value);
+    if (!IsTyped(row)) return;
+    const QString typed = row.box->text();
+    const auto value = TypedValue(row);
+    if (value && *value != row.value) return Q_EMIT Changed(row.place.first, *value);
+    row.box->setText(ToQt(CodeText(row.value)));
+    if (!value) Q_EMIT Refused(NameOf(*row.asked.element, lists_), typed);
 }
 
 void CodedForm::Watch(QWidget& control, std::size_t row) {

@@ -5,6 +5,7 @@
 #include <quillory/rules/Remark.h>
 
 #include <QWidget>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -75,6 +76,10 @@ private:
     QWidget* MakeBox(Row& row, std::size_t index);
     void Show(Row& row, const std::string& content);
     void Take(std::size_t row, std::size_t at, const std::string& value);
+    // Whether a box says something else than the value.
+    static bool IsTyped(const Row& row);
+    // What the box says, as wide as the element; nothing if that can't stand there.
+    static std::optional<std::string> TypedValue(const Row& row);
     void TakeBox(std::size_t row);
     void Watch(QWidget& control, std::size_t row);
     static QWidget* ControlOf(const Row& row);

@@ -91,7 +91,7 @@ bool LinesEditor::Finish() {
 }
 
 void LinesEditor::TellTyped() {
-    if (!isTyped_) return;
+    if (!isTyped_ || !isActive_) return;
     record_.Do([&](EditSession& session) { session.SetLines(box_->toPlainText().toStdString()); });
 }
 

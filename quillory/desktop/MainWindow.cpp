@@ -175,7 +175,7 @@ QWidget* MainWindow::MakeEditor() {
     connect(table_, &RecordTable::PlaceChanged, this, &MainWindow::ShowHelp);
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
         const bool isText = tabs_->widget(tab) == lines_;
-        if (isText) table_->Finish();
+        if (tabs_->widget(tab) != table_) table_->Finish();
         if (!isText && !lines_->Finish()) {
             tabs_->setCurrentWidget(lines_);
             return;

@@ -2,11 +2,14 @@
 #include <quillory/desktop/CodedEditor.h>
 #include <quillory/desktop/CodedStrip.h>
 #include <quillory/desktop/FindingsList.h>
+#include <quillory/desktop/LinesEditor.h>
+#include <quillory/desktop/MessageBar.h>
 
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTabBar>
@@ -220,6 +223,24 @@ TEST_F(CodedEditorTest, EveryControlHasANameOfItsOwn) {
                 << choice->accessibleName().toStdString();
         }
     }
+}
+
+// A letter of two bytes, of which an element shows one: nobody has typed that.
+TEST_F(CodedEditorTest, WhatNoElementCanHoldIsLeftAsItIs) {
+    std::string content = k008;
+    content.replace(10, 2, "\xC3\xA9");
+    Open(BookOf(content) + BookOf());
+    Press(Qt::Key_F8);
+    Press(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_FALSE(window_->Messages().isVisible());
+    EXPECT_FALSE(window_->isWindowModified());
+    QPlainTextEdit& box = window_->Lines().Box();
+    box.selectAll();
+    box.insertPlainText("=LDR  00000nam a2200000 a 4500\n=245  10$aLakes\n");
+    Press(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(Cell("245 $a"), "Rivers /");
+    Press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(Cell("245 $a"), "Lakes");
 }
 
 }  // namespace

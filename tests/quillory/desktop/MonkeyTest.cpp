@@ -2,9 +2,11 @@
 #include <quillory/desktop/LinesEditor.h>
 #include <quillory/desktop/MessageBar.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QFileDialog>
+#include <QMenu>
 #include <QTimer>
 #include <functional>
 #include <tests/quillory/desktop/DeskTest.h>
@@ -53,7 +55,7 @@ public:
         }
         if (target == nullptr) target = QApplication::activePopupWidget();
         if (target == nullptr) target = &window_;
-        switch (random_.Below(6)) {
+        switch (random_.Below(7)) {
             case 0:
                 Press(kCommands[random_.Below(std::size(kCommands))], Qt::ControlModifier);
                 break;
@@ -62,6 +64,9 @@ public:
                 break;
             case 2:
                 Click(*target);
+                break;
+            case 3:
+                if (target == &window_) Choose();
                 break;
             default:
                 Type();
@@ -86,6 +91,16 @@ private:
         if (focus == nullptr) return;
         const QString text(kSigns[random_.Below(static_cast<int>(kSigns.size()))]);
         QTest::sendKeyEvent(QTest::Click, focus, Qt::Key_unknown, text, Qt::NoModifier);
+    }
+    // From the menus, all but what leaves the file.
+    void Choose() {
+        static const QStringList kOthers{
+            "&Quit", "&Close", "&Open…", "Open the Stor&e", "Open the Sa&mples", "Re&load"};
+        const auto actions = window_.findChildren<QAction*>();
+        QAction* action = actions[random_.Below(static_cast<int>(actions.size()))];
+        const auto* menu = qobject_cast<QMenu*>(action->parent());
+        const bool isRecent = menu != nullptr && menu->title().contains("Recent");
+        if (!isRecent && !kOthers.contains(action->text())) action->trigger();
     }
     // Menus lead to dialogs of the system, so the mouse stays out of their bar.
     void Click(QWidget& target) {
@@ -140,14 +155,16 @@ TEST_F(DeskTest, AMonkeyBreaksNothing) {
     }
     if (!window_->Lines().Finish()) window_->Lines().TakeBack();
     Table().Finish();
-    EXPECT_EQ(window_->OpenDocument()->File().Size(), 3U);
+    EXPECT_GE(window_->OpenDocument()->File().Size(), 3U);
     window_->CheckNow();
     EXPECT_TRUE(window_->Save() || window_->Messages().isVisible());
     Document again(file_->Path());
     while (again.File().FindMore(1)) {
     }
-    ASSERT_EQ(again.File().Size(), 3U);
-    for (std::size_t i = 0; i < 3; ++i) EXPECT_FALSE(again.File().IsDamaged(i)) << "record " << i;
+    EXPECT_GE(again.File().Size(), 3U);
+    for (std::size_t i = 0; i < again.File().Size(); ++i) {
+        EXPECT_FALSE(again.File().IsDamaged(i)) << "record " << i;
+    }
 }
 
 }  // namespace
