@@ -286,7 +286,8 @@ QVariant RecordModel::data(const QModelIndex& index, int role) const {
 Qt::ItemFlags RecordModel::flags(const QModelIndex& index) const {
     if (RowOf(index) == nullptr) return Qt::NoItemFlags;
     const Row& row = *RowOf(index);
-    const Qt::ItemFlags shown = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    Qt::ItemFlags shown = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    if (row.field >= 0) shown |= Qt::ItemIsDragEnabled;
     const bool isText = index.column() == Text && !row.isBroken;
     const bool isOfPart =
         row.part >= 0 && (index.column() == Code || (row.isFirst && index.column() <= Second));

@@ -5,7 +5,6 @@
 #include <quillory/desktop/Texts.h>
 #include <quillory/edits/EmptyField.h>
 #include <quillory/edits/FieldParts.h>
-#include <quillory/exchange/Mrk.h>
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -53,6 +52,7 @@ RecordTable::RecordTable(OpenRecord& record, QWidget* parent)
     setAlternatingRowColors(true);
     setTabKeyNavigation(true);
     setSelectionMode(SingleSelection);
+    setDragDropMode(DragDrop);
     setEditTriggers(DoubleClicked | AnyKeyPressed | EditKeyPressed | SelectedClicked);
     verticalHeader()->hide();
     rowHeight_ = fontMetrics().height() + kRoomOfLines;
@@ -164,8 +164,12 @@ void RecordTable::MoveField(int by) {
     const auto to = static_cast<std::ptrdiff_t>(*field) + by;
     const auto count = static_cast<std::ptrdiff_t>(record_.Session()->Now().fields.size());
     if (to < 0 || to >= count) return;
-    const auto place = static_cast<std::size_t>(to);
-    record_.Do([&](EditSession& session) { session.Move(*field, place); });
+    MoveFieldTo(*field, static_cast<std::size_t>(to));
+}
+
+void RecordTable::MoveFieldTo(std::size_t field, std::size_t place) {
+    if (field == place) return;
+    record_.Do([&](EditSession& session) { session.Move(field, place); });
     setCurrentIndex(model_->IndexOf(place, 0, currentIndex().column()));
 }
 
@@ -224,11 +228,7 @@ void RecordTable::GoToNextField(int by) {
 void RecordTable::CopyField() {
     Finish();
     const auto field = model_->FieldOf(currentIndex());
-    if (!field) return;
-    const auto& now = record_.Session()->Now().fields[*field];
-    std::string line;
-    AppendMrkField({now.tag, now.content}, line);
-    QGuiApplication::clipboard()->setText(ToQt(line));
+    if (field) QGuiApplication::clipboard()->setText(LinesOf(*field));
 }
 
 bool RecordTable::PasteFields() {
@@ -238,7 +238,11 @@ bool RecordTable::PasteFields() {
     const auto fields = FieldsOfLines(lines);
     if (fields.empty()) return false;
     const auto current = model_->FieldOf(currentIndex());
-    const std::size_t place = current ? *current + 1 : record_.Session()->Now().fields.size();
+    InsertFields(current ? *current + 1 : record_.Session()->Now().fields.size(), fields);
+    return true;
+}
+
+void RecordTable::InsertFields(std::size_t place, const std::vector<EditSession::Field>& fields) {
     record_.Do([&](EditSession& session) {
         EditSession::State state = session.Now();
         state.fields.insert(state.fields.begin() + static_cast<std::ptrdiff_t>(place),
@@ -246,7 +250,6 @@ bool RecordTable::PasteFields() {
         session.Become(std::move(state));
     });
     setCurrentIndex(model_->IndexOf(place, 0, RecordModel::Text));
-    return true;
 }
 
 void RecordTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -1,11 +1,19 @@
 #pragma once
 
+#include <quillory/edits/EditSession.h>
 #include <quillory/places/Place.h>
 #include <zorby/format/DisplayOptions.h>
 
 #include <QTableView>
 #include <array>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string_view>
+#include <utility>
+#include <vector>
+
+class QDrag;
 
 namespace quillory {
 
@@ -25,7 +33,8 @@ private:
     std::array<int, 128> widths_{};
 };
 
-// A record as rows that are edited in place, by keyboard or mouse.
+// A record as rows that are edited in place, by keyboard or mouse. A row that is dragged moves its
+// field, or its subfield within its field, and is a copy for other windows and programs.
 class RecordTable : public QTableView {
     Q_OBJECT
 
@@ -59,6 +68,10 @@ public:
     // Fields of the clipboard in line form come after the current one. False if there are none.
     bool PasteFields();
 
+    // For tests: what carries a row that is dragged in the place of the system, until it is
+    // dropped.
+    void SetCarrier(std::function<void(QDrag&)> carry) { carry_ = std::move(carry); }
+
 Q_SIGNALS:
     void PlaceChanged();
 
@@ -66,8 +79,39 @@ protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void startDrag(Qt::DropActions supported) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    // What is being dragged, in the state of the record that it was taken from.
+    struct Taken {
+        std::shared_ptr<const RecordState> state;
+        std::size_t field;
+        std::optional<std::size_t> part;  // none if the whole field was taken
+    };
+    // Where it goes: before a row, which is that of a field, or of a subfield of what is dragged.
+    struct Gap {
+        int row;
+        std::size_t field;
+        std::optional<std::size_t> part;
+    };
+
+    QString LinesOf(std::size_t field) const;
+    void InsertFields(std::size_t place, const std::vector<EditSession::Field>& fields);
+    void MoveFieldTo(std::size_t field, std::size_t place);
+    void MovePart(std::size_t field, std::size_t part, std::size_t to);
+    QPixmap PictureOf(int begin, int end);
+    bool IsMove(const QDropEvent& event) const;
+    bool Takes(QDropEvent& event) const;
+    int FirstRowOf(std::size_t field) const;
+    int TopOf(int row) const;
+    Gap GapAt(int y, bool isMove) const;
+    void ShowGap(std::optional<int> row);
+
     void FitRows();
     int HeightOf(const QModelIndex& index) const;
     void Edit(const QModelIndex& index);
@@ -77,6 +121,9 @@ private:
     CellEditor* editor_;
     AsciiWidths asciiWidths_;
     int rowHeight_ = 0;  // of one line
+    std::function<void(QDrag&)> carry_;
+    std::optional<Taken> taken_;
+    std::optional<int> gap_;  // the row before which a line shows where a drop would go
 };
 
 }  // namespace quillory
