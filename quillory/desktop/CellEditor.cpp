@@ -6,7 +6,6 @@
 #include <quillory/places/Tag.h>
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTextDocument>
@@ -29,12 +28,6 @@ QRect BelowOrAbove(const QRect& cell, const QSize& size, const QRect& room) {
 
 }  // namespace
 
-CellEditor::CellEditor(QObject* parent) : QStyledItemDelegate(parent) {
-    connect(this, &CellEditor::closeEditor, this, [this](const QWidget* editor) {
-        if (editor == box_) box_ = nullptr;
-    });
-}
-
 bool CellEditor::IsOfCompanion(const QWidget* widget) const {
     return companion_ && widget != nullptr &&
            (widget == companion_ || companion_->isAncestorOf(widget));
@@ -45,23 +38,15 @@ void CellEditor::SetCompanion(const QWidget* companion) {
     companion_ = companion;
     connect(qApp, &QApplication::focusChanged, this,
             [this](const QWidget* old, const QWidget* now) {
-                const bool isElsewhere = now != nullptr && now != box_ && !IsOfCompanion(now);
+                const bool isElsewhere = now != nullptr && now != Box() && !IsOfCompanion(now);
                 if (IsOfCompanion(old) && isElsewhere) Finish();
             });
 }
 
-void CellEditor::Finish() {
-    if (box_ == nullptr) return;
-    QWidget* box = box_;
-    box_ = nullptr;
-    Q_EMIT commitData(box);
-    Q_EMIT closeEditor(box, NoHint);
-}
-
 bool CellEditor::TypeDelimiter() {
-    if (auto* marc = qobject_cast<MarcEdit*>(box_.data())) {
+    if (auto* marc = qobject_cast<MarcEdit*>(Box())) {
         marc->TypeText(kDelimiterSign);
-    } else if (auto* text = qobject_cast<QPlainTextEdit*>(box_.data())) {
+    } else if (auto* text = qobject_cast<QPlainTextEdit*>(Box())) {
         text->insertPlainText(kDelimiterSign);
     } else {
         return false;
@@ -70,7 +55,7 @@ bool CellEditor::TypeDelimiter() {
 }
 
 bool CellEditor::TypeCharacter(unsigned id) {
-    auto* text = qobject_cast<MarcEdit*>(box_.data());
+    auto* text = qobject_cast<MarcEdit*>(Box());
     if (text == nullptr) return false;
     text->setFocus();
     text->TypeCharacter(id);
@@ -110,20 +95,21 @@ QWidget* CellEditor::MakeIndicatorBox(QWidget* parent, const QModelIndex& index)
     return box;
 }
 
-QWidget* CellEditor::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
-                                  const QModelIndex& index) const {
+QWidget* CellEditor::MakeBox(QWidget* parent, const QStyleOptionViewItem& /*option*/,
+                             const QModelIndex& index) const {
+    QWidget* box = nullptr;
     if (index.column() == RecordModel::Text) {
-        box_ = MakeTextBox(parent, index);
+        box = MakeTextBox(parent, index);
     } else if (auto* indicator = MakeIndicatorBox(parent, index)) {
-        box_ = indicator;
+        box = indicator;
     } else {
         auto* line = new QLineEdit(parent);
         line->setMaxLength(index.column() == RecordModel::Tag ? static_cast<int>(kTagSize) : 1);
         line->setFrame(false);
-        box_ = line;
+        box = line;
     }
-    box_->setAccessibleName(index.data(Qt::AccessibleTextRole).toString());
-    return box_;
+    box->setAccessibleName(index.data(Qt::AccessibleTextRole).toString());
+    return box;
 }
 
 // A box is filled once: what changes in the record while a person types, such as the signs of
@@ -173,27 +159,11 @@ void CellEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewIte
     editor->setGeometry(box);
 }
 
-// A view does so too where it shows another record.
-void CellEditor::destroyEditor(QWidget* editor, const QModelIndex& index) const {
-    if (editor == box_) box_ = nullptr;
-    QStyledItemDelegate::destroyEditor(editor, index);
-}
-
-// Enter takes a text as it takes a line; there are no line ends in a field. It is taken at once:
-// the delegate of Qt waits, and then asks for a line that has been closed meanwhile. A box that is
-// closed loses the focus once more.
+// The companion may have the focus while a text is typed; a box that is closed loses it once more.
 bool CellEditor::eventFilter(QObject* editor, QEvent* event) {
-    if (event->type() == QEvent::FocusOut) {
-        if (editor != box_.data() || IsOfCompanion(QApplication::focusWidget())) return false;
-    } else if (event->type() == QEvent::KeyPress && editor == box_.data()) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-        if (isEnter && key->modifiers() == Qt::NoModifier) {
-            Finish();
-            return true;
-        }
-    }
-    return QStyledItemDelegate::eventFilter(editor, event);
+    const bool isLeft = event->type() == QEvent::FocusOut;
+    if (isLeft && (editor != Box() || IsOfCompanion(QApplication::focusWidget()))) return false;
+    return CellBoxes::eventFilter(editor, event);
 }
 
 // Text of a script that is written from the right begins there.

@@ -8,6 +8,7 @@
 #include <quillory/edits/EmptyField.h>
 #include <quillory/edits/NewCodedFields.h>
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
@@ -194,9 +195,11 @@ void CodedEditor::ShowTab() {
     ShowForm(*tab);
 }
 
-// A form may be shown another one in the middle of its own work.
+// A form may be shown another one in the middle of its own work. The focus of what is hidden would
+// go to the next widget, which may be the list and take it for a step to the next record.
 void CodedEditor::RemoveForm() {
     if (form_ == nullptr) return;
+    if (form_->isAncestorOf(QApplication::focusWidget())) bar_->setFocus();
     form_->disconnect(this);
     area_->takeWidget()->hide();
     form_->deleteLater();

@@ -1,3 +1,4 @@
+#include <quillory/desktop/CellTable.h>
 #include <quillory/desktop/CopiesEditor.h>
 #include <quillory/desktop/CopiesModel.h>
 #include <quillory/desktop/OpenRecord.h>
@@ -11,11 +12,9 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTableView>
 #include <QVBoxLayout>
 
 namespace quillory {
@@ -23,31 +22,13 @@ namespace {
 
 constexpr int kMostChars = 24;  // of a column at first
 
-bool IsEnter(const QEvent& event) {
-    if (event.type() != QEvent::KeyPress) return false;
-    const auto& key = static_cast<const QKeyEvent&>(event);
-    const bool isEnter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
-    return isEnter && (key.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-}
-
 }  // namespace
-
-// Enter takes the line at once; the delegate of Qt waits, and may find it closed.
-bool CopyCell::eventFilter(QObject* editor, QEvent* event) {
-    auto* line = qobject_cast<QWidget*>(editor);
-    if (line == nullptr || !IsEnter(*event)) {
-        return QStyledItemDelegate::eventFilter(editor, event);
-    }
-    Q_EMIT commitData(line);
-    Q_EMIT closeEditor(line, NoHint);
-    return true;
-}
 
 CopiesEditor::CopiesEditor(OpenRecord& record, QWidget* parent)
     : QWidget(parent),
       record_(record),
       model_(new CopiesModel(record, this)),
-      table_(new QTableView(this)),
+      table_(new CellTable(new CellBoxes, this)),
       systems_(new QComboBox(this)),
       none_(new QLabel(this)),
       new_(Button(tr("Ne&w Copy"), tr("A copy with the next bar code (Ctrl+Enter)"),
@@ -91,7 +72,6 @@ QPushButton* CopiesEditor::Button(const QString& text, const QString& tip,
 
 void CopiesEditor::MakeTable() {
     table_->setModel(model_);
-    table_->setItemDelegate(new CopyCell(table_));
     table_->setAccessibleName(tr("Copies"));
     table_->setAlternatingRowColors(true);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -154,20 +134,12 @@ const CopyElement* CopiesEditor::CurrentElement() const {
     return now.isValid() ? model_->ElementAt(now.column()) : nullptr;
 }
 
-QWidget* CopiesEditor::Box() const {
-    return table_->indexWidget(table_->currentIndex());
-}
-
 void CopiesEditor::Finish() {
-    QWidget* box = Box();
-    if (box == nullptr) return;
-    auto* cell = table_->itemDelegate();
-    Q_EMIT cell->commitData(box);
-    Q_EMIT cell->closeEditor(box, QAbstractItemDelegate::NoHint);
+    table_->Finish();
 }
 
 void CopiesEditor::TellTyped() {
-    const auto* line = qobject_cast<QLineEdit*>(Box());
+    const auto* line = qobject_cast<QLineEdit*>(table_->Box());
     if (line != nullptr) model_->setData(table_->currentIndex(), line->text(), Qt::EditRole);
 }
 

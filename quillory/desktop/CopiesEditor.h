@@ -2,29 +2,18 @@
 
 #include <quillory/edits/RecordCopies.h>
 
-#include <QStyledItemDelegate>
 #include <QWidget>
 
 class QComboBox;
 class QLabel;
 class QModelIndex;
 class QPushButton;
-class QTableView;
 
 namespace quillory {
 
+class CellTable;
 class CopiesModel;
 class OpenRecord;
-
-// The lines in which a person types what is known of a copy.
-class CopyCell : public QStyledItemDelegate {
-    Q_OBJECT
-
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    bool eventFilter(QObject* editor, QEvent* event) override;
-};
 
 // The copies of the record in hand, a row each.
 class CopiesEditor : public QWidget {
@@ -47,7 +36,7 @@ public:
     void Remove();
     void TakeBarCode();
     void TakeFocus();
-    QTableView& Table() { return *table_; }
+    CellTable& Table() { return *table_; }
     QComboBox& Systems() { return *systems_; }
 
 Q_SIGNALS:
@@ -65,11 +54,10 @@ private:
     QString NextBarCode();
     void GoToBarCode(int row);
     void ShowState();
-    QWidget* Box() const;
 
     OpenRecord& record_;
     CopiesModel* model_;
-    QTableView* table_;
+    CellTable* table_;
     QComboBox* systems_;
     QLabel* none_;
     QPushButton* new_;

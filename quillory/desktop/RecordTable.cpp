@@ -40,12 +40,14 @@ int AsciiWidths::Of(const QString& text) const {
 }
 
 RecordTable::RecordTable(OpenRecord& record, QWidget* parent)
-    : QTableView(parent),
+    : RecordTable(record, new CellEditor, parent) {}
+
+RecordTable::RecordTable(OpenRecord& record, CellEditor* editor, QWidget* parent)
+    : CellTable(editor, parent),
       record_(record),
       model_(new RecordModel(record, this)),
-      editor_(new CellEditor(this)) {
+      editor_(editor) {
     setModel(model_);
-    setItemDelegate(editor_);
     setAccessibleName(tr("Record"));
     setShowGrid(false);
     setWordWrap(true);
@@ -101,12 +103,7 @@ void RecordTable::SetDisplay(zorby::EDISPLAYOPTIONS display) {
 }
 
 void RecordTable::TellTyped() {
-    QWidget* box = editor_->Box();
-    if (box != nullptr) editor_->setModelData(box, model_, currentIndex());
-}
-
-void RecordTable::Finish() {
-    editor_->Finish();
+    if (Box() != nullptr) editor_->setModelData(Box(), model_, currentIndex());
 }
 
 bool RecordTable::TypeCharacter(unsigned id) {
@@ -122,8 +119,8 @@ void RecordTable::SetCompanion(const QWidget* companion) {
 }
 
 void RecordTable::TakeFocus() {
-    if (editor_->Box() != nullptr) {
-        editor_->Box()->setFocus();
+    if (Box() != nullptr) {
+        Box()->setFocus();
     } else {
         setFocus();
     }

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <quillory/desktop/CellTable.h>
 #include <quillory/edits/EditSession.h>
 #include <quillory/places/Place.h>
 #include <zorby/format/DisplayOptions.h>
 
-#include <QTableView>
 #include <array>
 #include <functional>
 #include <memory>
@@ -35,7 +35,7 @@ private:
 
 // A record as rows that are edited in place, by keyboard or mouse. A row that is dragged moves its
 // field, or its subfield within its field, and is a copy for other windows and programs.
-class RecordTable : public QTableView {
+class RecordTable : public CellTable {
     Q_OBJECT
 
 public:
@@ -46,8 +46,6 @@ public:
     Place CurrentPlace() const;
     void GoTo(const Place& place);
     void SetDisplay(zorby::EDISPLAYOPTIONS display);
-    // Takes what is being typed into the record.
-    void Finish();
     // Takes it, too, and leaves the box open.
     void TellTyped();
     // Types a character of the palette into the text in hand. False if there is none.
@@ -87,6 +85,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    RecordTable(OpenRecord& record, CellEditor* editor, QWidget* parent);
     // What is being dragged, in the state of the record that it was taken from.
     struct Taken {
         std::shared_ptr<const RecordState> state;
