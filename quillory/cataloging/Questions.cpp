@@ -30,12 +30,6 @@ bool IsAsked(const zorby::CTemplate& workform, const Place& subfield) {
            prompted.find(subfield.code) != prompted.npos;
 }
 
-std::string ReminderFor(const Place& subfield, const zorby::CTemplate& workform) {
-    std::string reminder;
-    workform.SubfieldReminders(subfield.Number(), subfield.code, reminder);
-    return QmLinesToUtf8(reminder);
-}
-
 std::vector<Question> QuestionsOf(const Pattern& pattern, const Draft& draft, bool all) {
     std::vector<Question> questions;
     for (const Place& gap : draft.Gaps()) {

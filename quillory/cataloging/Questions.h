@@ -21,9 +21,6 @@ std::vector<Question> QuestionsOf(const Pattern& pattern, const Draft& draft, bo
 // Whether a new record is asked for this subfield.
 bool IsAsked(const zorby::CTemplate& workform, const Place& subfield);
 
-// What the workform reminds of when this subfield is filled, in lines; empty for nothing.
-std::string ReminderFor(const Place& subfield, const zorby::CTemplate& workform);
-
 // The workform's rules, reminders and examples for a subfield, in lines; empty if it has none.
 std::string HelpFor(const Place& subfield, const Pattern& pattern);
 

@@ -13,6 +13,7 @@
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -25,6 +26,8 @@
 #include <QToolBar>
 #include <QUndoStack>
 #include <QVBoxLayout>
+#include <iterator>
+#include <string>
 #include <utility>
 
 namespace quillory {
@@ -32,15 +35,21 @@ namespace {
 
 constexpr int kWidth = 1100;
 constexpr int kHeight = 640;
-constexpr int kReminderLines = 3;
+constexpr int kHelpLines = 4;
 
 // Steps of one kind that come one after the other are undone as one, as with letter after letter.
 constexpr int kStepOfItsOwn = -1;
 constexpr int kNameStep = 0;
 
-int ReminderStep(const SubfieldOfTag& subfield) {
+// The texts that help with a subfield, in the order in which they are shown.
+constexpr std::string SubfieldHelp::*kHelpTexts[] = {&SubfieldHelp::rules, &SubfieldHelp::reminder,
+                                                     &SubfieldHelp::examples};
+
+int HelpStep(const SubfieldOfTag& subfield, int which) {
     constexpr int kCodes = 256;
-    return static_cast<int>(subfield.tag) * kCodes + subfield.code;
+    constexpr auto kTexts = static_cast<int>(std::size(kHelpTexts));
+    const int place = static_cast<int>(subfield.tag) * kCodes + static_cast<uchar>(subfield.code);
+    return place * kTexts + which;
 }
 
 QString NameOf(QString text) {
@@ -89,7 +98,6 @@ WorkformEditor::WorkformEditor(const CodeLists& lists, QWidget* parent)
       tabs_(new QTabWidget(this)),
       helpHeading_(new QLabel(this)),
       isAsked_(new QCheckBox(tr("&Ask for it when a record is made"), this)),
-      reminder_(new QPlainTextEdit(this)),
       said_(new QLabel(this)) {
     const Reporter reporter(messages_, {.quiet = true});
     workforms_.emplace(reporter);
@@ -174,15 +182,37 @@ QWidget* WorkformEditor::MakeHelp() {
     font.setBold(true);
     helpHeading_->setFont(font);
     helpHeading_->setWordWrap(true);
-    reminder_->setTabChangesFocus(true);
-    reminder_->setPlaceholderText(tr("A reminder, shown when this subfield is filled"));
-    reminder_->setAccessibleName(tr("Reminder for the subfield in hand"));
-    reminder_->setFixedHeight(kReminderLines * fontMetrics().lineSpacing() + 12);
     layout->addWidget(helpHeading_);
     layout->addWidget(isAsked_);
-    layout->addWidget(reminder_);
-    connect(isAsked_, &QCheckBox::toggled, this, [this] { NoteHelp(false); });
-    connect(reminder_, &QPlainTextEdit::textChanged, this, [this] { NoteHelp(true); });
+    layout->addWidget(MakeHelpTexts());
+    connect(isAsked_, &QCheckBox::toggled, this, [this] { NoteHelp(kStepOfItsOwn); });
+    return part;
+}
+
+QWidget* WorkformEditor::MakeHelpTexts() {
+    struct Words {
+        QString label;
+        QString name;
+    };
+    const Words words[] = {{tr("&Rules"), tr("Rules for the subfield in hand")},
+                           {tr("Re&minder"), tr("Reminder for the subfield in hand")},
+                           {tr("E&xamples"), tr("Examples of the subfield in hand")}};
+    auto* part = new QWidget(this);
+    auto* grid = new QGridLayout(part);
+    grid->setContentsMargins(0, 0, 0, 0);
+    for (int i = 0; i < static_cast<int>(texts_.size()); ++i) {
+        auto* text = new QPlainTextEdit(part);
+        text->setTabChangesFocus(true);
+        text->setToolTip(tr("Shown when this subfield is filled"));
+        text->setAccessibleName(words[i].name);
+        text->setFixedHeight(kHelpLines * fontMetrics().lineSpacing() + 12);
+        auto* label = new QLabel(words[i].label, part);
+        label->setBuddy(text);
+        grid->addWidget(label, 0, i);
+        grid->addWidget(text, 1, i);
+        connect(text, &QPlainTextEdit::textChanged, this, [this, i] { NoteTypedHelp(i); });
+        texts_[static_cast<std::size_t>(i)] = text;
+    }
     return part;
 }
 
@@ -315,14 +345,22 @@ void WorkformEditor::Note(int kind) {
     undo_->push(new Step(*this, std::exchange(now_, content), content, kind));
 }
 
-void WorkformEditor::NoteHelp(bool isTyped) {
+void WorkformEditor::NoteTypedHelp(int which) {
+    const Place place = table_->CurrentPlace();
+    NoteHelp(HelpStep({place.Number(), place.code}, which));
+}
+
+void WorkformEditor::NoteHelp(int kind) {
     const Place place = table_->CurrentPlace();
     if (isShowing_ || place.code == '\0') return;
     const SubfieldOfTag subfield{place.Number(), place.code};
     before_.emplace(subfield, HelpOf(subfield, *from_));
     WorkformContent content = now_;
-    content.helps[subfield] = {isAsked_->isChecked(), reminder_->toPlainText().toStdString()};
-    const int kind = isTyped ? ReminderStep(subfield) : kStepOfItsOwn;
+    SubfieldHelp& help = content.helps[subfield];
+    help.isAsked = isAsked_->isChecked();
+    for (std::size_t i = 0; i < texts_.size(); ++i) {
+        help.*kHelpTexts[i] = texts_[i]->toPlainText().toStdString();
+    }
     undo_->push(new Step(*this, std::exchange(now_, content), content, kind));
 }
 
@@ -335,27 +373,33 @@ void WorkformEditor::Give(const WorkformContent& content) {
     ShowHelp();
 }
 
+// A change that was undone after it was saved gives what was before.
+SubfieldHelp WorkformEditor::HelpNow(const SubfieldOfTag& subfield) const {
+    for (const SubfieldHelps* helps : {&now_.helps, &before_}) {
+        if (const auto known = helps->find(subfield); known != helps->end()) return known->second;
+    }
+    return HelpOf(subfield, *from_);
+}
+
 // What is asked and said of the subfield in hand.
 void WorkformEditor::ShowHelp() {
     if (isShowing_ || session_ == nullptr) return;
     isShowing_ = true;
     const bool isTable = tabs_->currentWidget() == table_;
-    reminder_->parentWidget()->setVisible(isTable);
+    helpHeading_->parentWidget()->setVisible(isTable);
     const Place place = isTable ? table_->CurrentPlace() : Place::OfRecord();
     const bool isSubfield = place.code != '\0' && place.Number() != kNoTag;
     const SubfieldOfTag subfield{place.Number(), place.code};
-    const auto changed = now_.helps.find(subfield);
-    SubfieldHelp help;
-    if (isSubfield) {
-        help = changed != now_.helps.end() ? changed->second : HelpOf(subfield, *from_);
-    }
+    const SubfieldHelp help = isSubfield ? HelpNow(subfield) : SubfieldHelp();
     helpHeading_->setText(isSubfield ? tr("When a record is made: %1").arg(ToQt(PlaceText(place)))
                                      : tr("When a record is made: no subfield is in hand"));
     isAsked_->setChecked(help.isAsked);
     isAsked_->setEnabled(isSubfield && !isFixed_);
-    const QString reminder = ToQt(help.reminder);
-    if (reminder_->toPlainText() != reminder) reminder_->setPlainText(reminder);
-    reminder_->setReadOnly(!isSubfield || isFixed_);
+    for (std::size_t i = 0; i < texts_.size(); ++i) {
+        const QString text = ToQt(help.*kHelpTexts[i]);
+        if (texts_[i]->toPlainText() != text) texts_[i]->setPlainText(text);
+        texts_[i]->setReadOnly(!isSubfield || isFixed_);
+    }
     isShowing_ = false;
 }
 
@@ -368,6 +412,7 @@ void WorkformEditor::Update() {
     name_->setReadOnly(isFixed_);
     tools_->setEnabled(!isFixed_);
     coded_->setEnabled(!isFixed_);
+    table_->setAcceptDrops(!isFixed_);
     table_->setEditTriggers(
         isFixed_ ? QAbstractItemView::NoEditTriggers
                  : QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed |

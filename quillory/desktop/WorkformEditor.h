@@ -7,6 +7,7 @@
 #include <quillory/jobs/WorkformContent.h>
 
 #include <QDialog>
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -52,6 +53,8 @@ private:
     QWidget* MakeList();
     QWidget* MakeContent(const CodeLists& lists);
     QWidget* MakeHelp();
+    QWidget* MakeHelpTexts();
+    void NoteTypedHelp(int which);
     QWidget* MakeButtons();
     void MakeTools();
     template <class Handler>
@@ -66,8 +69,9 @@ private:
     void FinishTyping();
     WorkformContent Content() const;
     void Note(int kind);
-    void NoteHelp(bool isTyped);
+    void NoteHelp(int kind);
     void Give(const WorkformContent& content);
+    SubfieldHelp HelpNow(const SubfieldOfTag& subfield) const;
     void ShowHelp();
     void Update();
     void Say(const QString& text);
@@ -99,7 +103,7 @@ private:
     CodedEditor* coded_ = nullptr;
     QLabel* helpHeading_;
     QCheckBox* isAsked_;
-    QPlainTextEdit* reminder_;
+    std::array<QPlainTextEdit*, 3> texts_{};  // rules, a reminder, examples
     QLabel* said_;
 };
 

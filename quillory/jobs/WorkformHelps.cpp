@@ -1,6 +1,7 @@
 #include <quillory/cataloging/Questions.h>
 #include <quillory/jobs/WorkformCatalog.h>
 #include <quillory/jobs/WorkformHelps.h>
+#include <quillory/text/QmText.h>
 
 #include <string_view>
 
@@ -22,8 +23,30 @@ std::string WorkformLines(std::string_view utf8) {
     return lines;
 }
 
-void CopyPromptsAndReminders(const CTemplate& from, const SubfieldHelps& except,
-                             CTemplate& workform) {
+// The texts of a kind, of which each workform has a list.
+template <class List, class Add>
+void CopyTexts(const List& from, const SubfieldHelps& except, Add add) {
+    for (int i = 0; i < from.GetSize(); ++i) {
+        const auto& text = *from.GetAt(i);
+        if (!except.contains({text.GetTag(), text.GetCode()})) {
+            add(text.GetTag(), text.GetCode(), text.GetText());
+        }
+    }
+}
+
+void CopyAllTexts(const CTemplate& from, const SubfieldHelps& except, CTemplate& workform) {
+    CopyTexts(from.GetRules(), except, [&](unsigned tag, char code, const std::string& text) {
+        workform.AddSubfieldRules(tag, code, text);
+    });
+    CopyTexts(from.GetReminders(), except, [&](unsigned tag, char code, const std::string& text) {
+        workform.AddSubfieldReminders(tag, code, text);
+    });
+    CopyTexts(from.GetExamples(), except, [&](unsigned tag, char code, const std::string& text) {
+        workform.AddSubfieldExamples(tag, code, text);
+    });
+}
+
+void CopyPrompts(const CTemplate& from, const SubfieldHelps& except, CTemplate& workform) {
     const auto speaksOf = [&except](unsigned tag) {
         const auto first = except.lower_bound({tag, '\0'});
         return first != except.end() && first->first.tag == tag;
@@ -40,25 +63,10 @@ void CopyPromptsAndReminders(const CTemplate& from, const SubfieldHelps& except,
             workform.AddFieldPriority(field.GetTag(), field.GetPriority());
         }
     }
-    for (int i = 0; i < from.GetReminders().GetSize(); ++i) {
-        const auto& reminder = *from.GetReminders().GetAt(i);
-        if (!except.contains({reminder.GetTag(), reminder.GetCode()})) {
-            workform.AddSubfieldReminders(reminder.GetTag(), reminder.GetCode(),
-                                          reminder.GetText());
-        }
-    }
 }
 
 // What can't be changed here comes along.
 void CopyTheRest(const CTemplate& from, CTemplate& workform) {
-    for (int i = 0; i < from.GetRules().GetSize(); ++i) {
-        const auto& rules = *from.GetRules().GetAt(i);
-        workform.AddSubfieldRules(rules.GetTag(), rules.GetCode(), rules.GetText());
-    }
-    for (int i = 0; i < from.GetExamples().GetSize(); ++i) {
-        const auto& examples = *from.GetExamples().GetAt(i);
-        workform.AddSubfieldExamples(examples.GetTag(), examples.GetCode(), examples.GetText());
-    }
     for (int i = 0; i < from.GetSubfieldPriorities().GetSize(); ++i) {
         const auto& subfields = *from.GetSubfieldPriorities().GetAt(i);
         workform.AddSubfieldPriority(subfields.GetTag(), subfields.GetCodes(),
@@ -92,23 +100,38 @@ std::string AskedCodes(unsigned tag, const SubfieldHelps& helps, const CTemplate
     return codes;
 }
 
+void AddTexts(const SubfieldOfTag& subfield, const SubfieldHelp& help, CTemplate& workform) {
+    const auto [tag, code] = subfield;
+    workform.AddSubfieldRules(tag, code, WorkformLines(help.rules));
+    workform.AddSubfieldReminders(tag, code, WorkformLines(help.reminder));
+    workform.AddSubfieldExamples(tag, code, WorkformLines(help.examples));
+}
+
 }  // namespace
 
 SubfieldHelp HelpOf(const SubfieldOfTag& subfield, const CTemplate& workform) {
     const Place place = Place::OfField(subfield.tag).Subfield(subfield.code);
-    return {IsAsked(workform, place), ReminderFor(place, workform)};
+    std::string rules;
+    std::string reminder;
+    std::string examples;
+    workform.SubfieldRules(subfield.tag, subfield.code, rules);
+    workform.SubfieldReminders(subfield.tag, subfield.code, reminder);
+    workform.SubfieldExamples(subfield.tag, subfield.code, examples);
+    return {IsAsked(workform, place), QmLinesToUtf8(rules), QmLinesToUtf8(reminder),
+            QmLinesToUtf8(examples)};
 }
 
 void CopyHelps(const CTemplate& from, const SubfieldHelps& except, CTemplate& workform) {
     if (from.IsBaseTemplate()) return;
-    CopyPromptsAndReminders(from, except, workform);
+    CopyPrompts(from, except, workform);
+    CopyAllTexts(from, except, workform);
     CopyTheRest(from, workform);
 }
 
 void AddHelps(const SubfieldHelps& helps, const CTemplate& before, CTemplate& workform) {
     unsigned last = 0;
     for (const auto& [subfield, help] : helps) {
-        workform.AddSubfieldReminders(subfield.tag, subfield.code, WorkformLines(help.reminder));
+        AddTexts(subfield, help, workform);
         if (subfield.tag == last) continue;
         last = subfield.tag;
         const std::string codes = AskedCodes(last, helps, before);

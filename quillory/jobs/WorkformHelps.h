@@ -11,7 +11,9 @@ namespace quillory {
 // What a workform does for a subfield when a record is made. Texts are UTF-8.
 struct SubfieldHelp {
     bool isAsked = false;
-    std::string reminder;  // lines
+    std::string rules;  // lines, as are the texts that follow
+    std::string reminder;
+    std::string examples;
 
     friend bool operator==(const SubfieldHelp&, const SubfieldHelp&) = default;
 };

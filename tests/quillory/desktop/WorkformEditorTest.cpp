@@ -111,6 +111,11 @@ TEST_F(WorkformEditorTest, ACopyIsEditedSavedAndOffered) {
     IsAsked().setChecked(true);
     Reminder().selectAll();
     QTest::keyClicks(&Reminder(), "Look on the back of the title page.");
+    for (const auto& [name, text] :
+         {std::pair("Rules", "As it stands."), {"Examples", "2nd ed."}}) {
+        Named<QPlainTextEdit>(name)->selectAll();
+        QTest::keyClicks(Named<QPlainTextEdit>(name), text);
+    }
     editor_->findChild<QTabWidget*>()->setCurrentWidget(&editor_->Coded());
     editor_->Coded().GoTo(*ParsePlace("008/33"));
     QTest::keyClicks(QApplication::focusWidget(), "1");
@@ -132,6 +137,8 @@ TEST_F(WorkformEditorTest, ACopyIsEditedSavedAndOffered) {
         const SubfieldHelp help = HelpOf({250, 'a'}, *saved);
         EXPECT_TRUE(help.isAsked);
         EXPECT_EQ(help.reminder, "Look on the back of the title page.");
+        EXPECT_EQ(help.rules, "As it stands.");
+        EXPECT_EQ(help.examples, "2nd ed.");
         // What was not touched is as in the standard one.
         const zorby::TemplateHolder from = Saved(catalog, "Book (not atlas or songbook)");
         for (const char code : {'a', 'b', 'c'}) {
@@ -140,12 +147,19 @@ TEST_F(WorkformEditorTest, ACopyIsEditedSavedAndOffered) {
     }
     WorkformDialog dialog;
     dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
     QTest::keyClicks(QApplication::focusWidget(), "our books");
     QStringList asked;
     for (const QLineEdit* box : dialog.findChildren<QLineEdit*>()) {
         asked << box->accessibleName().section(QStringLiteral("  "), 0, 0);
     }
     EXPECT_TRUE(asked.contains("250 $a")) << asked.join(u'|').toStdString();
+    for (QLineEdit* box : dialog.findChildren<QLineEdit*>()) {
+        if (box->accessibleName().startsWith("250 $a")) box->setFocus();
+    }
+    EXPECT_EQ(dialog.findChild<QPlainTextEdit*>()->toPlainText(),
+              "As it stands.\nLook on the back of the title page.\n2nd ed.\n");
 }
 
 // A workform that rests on another is edited again and again: what it says of its own stays.
@@ -153,6 +167,13 @@ TEST_F(WorkformEditorTest, WhatACopyOfASpecialOneSaysStays) {
     Copy("dvd video", "Our DVDs");
     EXPECT_TRUE(editor_->Save());
     GoTo("245 $a");
+    const QString examples = Named<QPlainTextEdit>("Examples")->toPlainText();
+    EXPECT_FALSE(examples.isEmpty());
+    Named<QPlainTextEdit>("Examples")->clear();
+    EXPECT_TRUE(editor_->Save());
+    EXPECT_EQ(Named<QPlainTextEdit>("Examples")->toPlainText(), "") << "a text can be left out";
+    Undo();
+    EXPECT_EQ(Named<QPlainTextEdit>("Examples")->toPlainText(), examples);
     Reminder().setPlainText("Look at the disc.\nAnd at the case.");
     EXPECT_TRUE(editor_->Save());
     Undo();
