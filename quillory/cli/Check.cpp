@@ -39,24 +39,6 @@ constexpr const char* kCheckDetails =
     "Status: 0 if nothing weighs as much as --fail-on says; 1 with such findings or damage; 2 for\n"
     "wrong usage, or a file that can't be read or written.";
 
-// The file of the settings, if there is one.
-class SettingsFile {
-public:
-    explicit SettingsFile(const std::optional<std::string>& file) : file_(file) {
-        if (!file) return;
-        Input input(*file);
-        text_ = ReadWhole(input);
-    }
-
-    CheckSettings Read(const ConditionTools& tools) const {
-        return file_ ? ReadCheckSettings(text_, *file_, tools) : CheckSettings();
-    }
-
-private:
-    std::optional<std::string> file_;
-    std::string text_;
-};
-
 // "a,b" is two names.
 std::vector<std::string> Divided(const std::vector<std::string>& lists) {
     std::vector<std::string> names;
@@ -78,7 +60,7 @@ RuleWeights WeightsOf(const CheckSettings& settings, const CheckOptions& options
 // The rules in force, and what holds records against them.
 class Inspection {
 public:
-    Inspection(const CheckOptions& options, const SettingsFile& file,
+    Inspection(const CheckOptions& options, const CheckSettingsFile& file,
                const CheckerOptions& checking, const CodeLists& lists)
         : checker_(checking),
           settings_(file.Read({checking.charset,
@@ -102,7 +84,7 @@ private:
 
 Status ListRules(const CheckOptions& options, const std::optional<std::string>& file) {
     const auto isValid = [](const Record&) { return true; };  // no record is looked at
-    const CheckSettings settings = SettingsFile(file).Read({kCharsetAuto, isValid});
+    const CheckSettings settings = CheckSettingsFile(file).Read({kCharsetAuto, isValid});
     const RuleWeights weights = WeightsOf(settings, options);
     const auto list = options.report.format == kCheckJsonl ? RulesJsonl : RulesText;
     WriteOutput(options.report.output, list(settings.own.List(), weights));
@@ -133,7 +115,7 @@ Status RunCheck(const CheckOptions& options) {
     if (options.listsRules) return ListRules(options, settingsFile);
     const SettingsKeeper keeper;
     const auto checking = MakeChecker(options.policy, options.files.input.charset).GetOptions();
-    const SettingsFile file(settingsFile);
+    const CheckSettingsFile file(settingsFile);
     const CodeLists lists = LoadCodeLists();
     Inspection inspection(options, file, checking, lists);
     const CheckSettings& settings = inspection.Settings();

@@ -4,38 +4,30 @@
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
 
-#include <algorithm>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace quillory {
 namespace {
 
-// A record is looked at again and again: that its numbers are there already says nothing.
-RuleWeights WeightsForOne() {
-    RuleChoice choice;
-    for (const RuleId rule : {RuleId::ControlNumberRepeated, RuleId::NumberRepeated}) {
-        choice.skip.emplace_back(RuleOf(rule).name);
-    }
-    return RuleWeights(choice);
-}
-
-CodeLists ListsWithWorkforms() {
+// Puts all in force that the library works with.
+CodeLists LoadAll() {
+    MakeChecker({}, kCharsetAuto);
     LoadWorkforms();
     return LoadCodeLists();
 }
 
 }  // namespace
 
-Desk::Desk()
-    : checker_(MakeChecker({}, kCharsetAuto)),
-      lists_(ListsWithWorkforms()),
-      inspector_(checker_.GetOptions(), WeightsForOne(), lists_) {}
+Desk::Desk() : lists_(LoadAll()), rules_(std::make_unique<DeskRules>(lists_, std::nullopt)) {}
 
-std::vector<Remark> Desk::Check(const Record& record) {
-    std::vector<Remark> remarks;
-    inspector_.Inspect(record, 1, remarks);
-    std::ranges::stable_sort(remarks, {}, &Remark::severity);
-    return remarks;
+void Desk::FollowRulesFor(const std::string& path) {
+    if (rules_->File()) rules_ = std::make_unique<DeskRules>(lists_, std::nullopt);
+    std::vector<std::string> files;
+    if (!path.empty()) files.push_back(path);
+    const auto settings = FindCheckSettings({}, files);
+    if (settings) rules_ = std::make_unique<DeskRules>(lists_, settings);
 }
 
 zorby::EDISPLAYOPTIONS Desk::Display() const {

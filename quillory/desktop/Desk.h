@@ -1,13 +1,13 @@
 #pragma once
 
-#include <quillory/checks/Checker.h>
 #include <quillory/coded/CodeLists.h>
 #include <quillory/coded/Decoder.h>
 #include <quillory/desktop/DeskHints.h>
+#include <quillory/desktop/DeskRules.h>
 #include <quillory/repair/RecordRepairer.h>
-#include <quillory/rules/Inspector.h>
 #include <zorby/format/DisplayOptions.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -22,8 +22,13 @@ public:
     const CodeLists& Lists() const { return lists_; }
     const Decoder& GetDecoder() const { return decoder_; }
 
+    const DeskRules& Rules() const { return *rules_; }
+    // Holds records from now on against the rules as the file of settings beside a file of records
+    // has them, or else the one in the folder of the settings. An empty path stands for no file.
+    // Throws FaultError for one that has a fault, and goes on without it.
+    void FollowRulesFor(const std::string& path);
     // What the rules say of a record, from the heaviest down.
-    std::vector<Remark> Check(const Record& record);
+    std::vector<Remark> Check(const Record& record) { return rules_->Check(record); }
     // The repairs of a record, which takes them; as RecordRepairer::PutRight.
     const std::vector<Repair>& PutRight(Record& record) { return repairer_.PutRight(record); }
 
@@ -35,10 +40,9 @@ public:
 private:
     DeskHints hints_;
     HintsInForce hintsInForce_{hints_};
-    Checker checker_;
     CodeLists lists_;
     Decoder decoder_{lists_};
-    Inspector inspector_;
+    std::unique_ptr<DeskRules> rules_;
     RecordRepairer repairer_{lists_, {}};
 };
 

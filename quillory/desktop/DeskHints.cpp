@@ -21,6 +21,7 @@ constexpr Words kWords[] = {
      QT_TRANSLATE_NOOP("Hints", "F8 lists the codes, in the form of the 008")},
     {"not-a-code", QT_TRANSLATE_NOOP("Hints", "the form of the field lists the codes")},
     {"obsolete-code", QT_TRANSLATE_NOOP("Hints", "the form of the field lists the codes")},
+    {kRulesHint, QT_TRANSLATE_NOOP("Hints", "Check > Rules lists all")},
     {"no-form-of-name",
      QT_TRANSLATE_NOOP("Hints", "choose one of the file types, which are {found}")},
     {"no-workform", QT_TRANSLATE_NOOP("Hints", "New Record lists all")},

@@ -126,6 +126,7 @@ private:
     void Reload();
     void ChooseTarget();
     bool CloseFile();
+    void FollowRules();
     bool MayLoseChanges(const QString& question);
     void ShowFile();
     void NoteChangeOnDisk();

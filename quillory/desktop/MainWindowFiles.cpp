@@ -1,3 +1,4 @@
+#include <quillory/desktop/Desk.h>
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/Document.h>
 #include <quillory/desktop/MainWindow.h>
@@ -51,6 +52,7 @@ bool MainWindow::Open(const QString& path) {
         if (!CloseFile()) return;
         TakeFile(path);
         document_ = std::move(opened);
+        FollowRules();
         listModel_->SetDocument(document_.get());
         ShowFile();
         ShowHold();
@@ -66,6 +68,17 @@ bool MainWindow::Open(const QString& path) {
         isOpen = true;
     });
     return isOpen;
+}
+
+// Records are held against the rules as the file of settings beside them has these.
+void MainWindow::FollowRules() {
+    try {
+        desk_.FollowRulesFor(document_->File().Path());
+    } catch (const FaultError& error) {
+        messages_->Warn(tr("%1. Until that is mended and the file is opened again, records are "
+                           "checked without these settings.")
+                            .arg(ToQt(error.what())));
+    }
 }
 
 bool MainWindow::CloseFile() {
@@ -209,6 +222,7 @@ void MainWindow::GoOnWith(std::unique_ptr<Document> document) {
     current_.reset();
     record_.Show(nullptr);
     document_ = std::move(document);
+    FollowRules();
     listModel_->SetDocument(document_.get());
     ShowFile();
     ShowHold();

@@ -12,6 +12,7 @@
 #include <quillory/desktop/RecordListModel.h>
 #include <quillory/desktop/RecordTable.h>
 #include <quillory/desktop/RepairDialog.h>
+#include <quillory/desktop/RulesDialog.h>
 #include <quillory/desktop/Texts.h>
 #include <quillory/desktop/Theme.h>
 #include <quillory/repair/ChosenRepairs.h>
@@ -201,6 +202,7 @@ void MainWindow::MakeOtherMenus() {
     });
     repair_ =
         Add(check, tr("&Repair…"), QKeySequence(tr("Ctrl+R")), kEditable, [this] { Repair(); });
+    Add(check, tr("R&ules…"), {}, kNothing, [this] { RulesDialog(desk_.Rules(), this).exec(); });
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     auto* display = new QActionGroup(this);

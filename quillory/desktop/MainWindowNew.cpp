@@ -62,6 +62,7 @@ void MainWindow::AddRecord(const Record& record) {
     Try([&] {
         if (document_ == nullptr) {
             document_ = std::make_unique<Document>();
+            FollowRules();
             TakeFile({});
             listModel_->SetDocument(document_.get());
             ShowFile();

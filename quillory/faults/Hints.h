@@ -18,8 +18,9 @@ public:
     virtual std::string Hint(std::string_view id, const Place& place) const = 0;
 };
 
-// Where the codes of a place are listed.
+// Where the codes of a place are listed, and where the rules of checking are.
 inline constexpr std::string_view kCodesHint = "codes";
+inline constexpr std::string_view kRulesHint = "rules";
 
 // What the port in force says, or the command where none is.
 std::string HintText(std::string_view id, const Place& place, std::string_view command);

@@ -1,3 +1,4 @@
+#include <quillory/exchange/Input.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/jobs/CheckSettingsFile.h>
 #include <quillory/store/HomeFolder.h>
@@ -50,6 +51,16 @@ std::optional<std::string> FindCheckSettings(const CheckSettingsChoice& choice,
     if (file.empty() && HasHomeFolder()) file = FileIn(HomeFolder());
     if (file.empty()) return std::nullopt;
     return file.string();
+}
+
+CheckSettingsFile::CheckSettingsFile(const std::optional<std::string>& path) : path_(path) {
+    if (!path) return;
+    Input input(*path);
+    text_ = ReadWhole(input);
+}
+
+CheckSettings CheckSettingsFile::Read(const ConditionTools& tools) const {
+    return path_ ? ReadCheckSettings(text_, *path_, tools) : CheckSettings();
 }
 
 }  // namespace quillory

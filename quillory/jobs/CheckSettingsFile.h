@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillory/rules/CheckSettings.h>
+
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,5 +19,19 @@ struct CheckSettingsChoice {
 // input has nothing beside it. Throws UsageError if inputs have different ones beside them.
 std::optional<std::string> FindCheckSettings(const CheckSettingsChoice& choice,
                                              const std::vector<std::string>& inputs);
+
+// A file of settings for checks, which is read once, and taken by each who checks.
+class CheckSettingsFile {
+public:
+    // Nothing for none. Throws FileError.
+    explicit CheckSettingsFile(const std::optional<std::string>& path);
+
+    // As ReadCheckSettings; without a file, all is as the rules themselves have it.
+    CheckSettings Read(const ConditionTools& tools) const;
+
+private:
+    std::optional<std::string> path_;
+    std::string text_;
+};
 
 }  // namespace quillory

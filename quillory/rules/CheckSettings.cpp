@@ -1,5 +1,6 @@
 #include <quillory/exchange/TomlTree.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/faults/Hints.h>
 #include <quillory/rules/CheckSettings.h>
 #include <quillory/text/Visible.h>
 
@@ -22,8 +23,8 @@ constexpr const char* kPlace = "place";
 constexpr const char* kWhy = "why";
 constexpr const char* kExample = "example";
 
-[[noreturn]] void Refuse(const TomlNode& node, const char* why) {
-    throw TomlFault(node.at, UsageError(std::string(why)));
+[[noreturn]] void Refuse(const TomlNode& node, const std::string& why) {
+    throw TomlFault(node.at, UsageError(why));
 }
 
 // What `make` makes of a value; what it finds wrong is told with the value's place.
@@ -171,7 +172,9 @@ private:
             Refuse(node, "the id of a rule is made of small letters a to z, digits and hyphens");
         }
         if (RuleNamed(name) != nullptr) {
-            Refuse(node, "there is a rule of this id already; quillory check --rules lists all");
+            const std::string hint =
+                HintText(kRulesHint, Place::OfRecord(), "quillory check --rules lists all");
+            Refuse(node, "there is a rule of this id already" + (hint.empty() ? "" : "; " + hint));
         }
         if (std::ranges::count(rules, name, &OwnRule::name) > 1) {
             Refuse(node, "another rule of this file has the same id");

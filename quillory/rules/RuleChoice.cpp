@@ -1,5 +1,6 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/faults/Hints.h>
 #include <quillory/rules/RuleChoice.h>
 #include <quillory/text/NearestNames.h>
 
@@ -16,7 +17,10 @@ namespace {
     std::string text = "there is no rule " + name;
     const auto nearest = NearestNames(name, names);
     if (!nearest.empty()) text += "; perhaps " + nearest.front() + " is meant";
-    throw UsageError(text + "; quillory check --rules lists them");
+    const std::string hint =
+        HintText(kRulesHint, Place::OfRecord(), "quillory check --rules lists them");
+    if (!hint.empty()) text += "; " + hint;
+    throw UsageError(text);
 }
 
 // Faults by the format are told whatever the policy of export says of them.
