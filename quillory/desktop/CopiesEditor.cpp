@@ -123,6 +123,7 @@ void CopiesEditor::ChooseSystem(const QString& name) {
     model_->Renew();
     FitColumns();
     table_->setCurrentIndex(model_->index(0, 0));
+    Q_EMIT SystemChosen();
 }
 
 int CopiesEditor::Count() const {

@@ -41,6 +41,7 @@ public:
 
 Q_SIGNALS:
     void Counted();
+    void SystemChosen();
     void PlaceChanged();
     void Said(const QString& text);
 

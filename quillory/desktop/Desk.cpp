@@ -30,6 +30,12 @@ void Desk::FollowRulesFor(const std::string& path) {
     if (settings) rules_ = std::make_unique<DeskRules>(lists_, settings);
 }
 
+// The file could be read before.
+void Desk::FollowHoldings() {
+    RenewUserDefinedFields();
+    rules_ = std::make_unique<DeskRules>(lists_, rules_->File());
+}
+
 zorby::EDISPLAYOPTIONS Desk::Display() const {
     return static_cast<zorby::EDISPLAYOPTIONS>(
         zorby::GetZorbyProfileInt(zorby::ZP_DisplayNameOrMARC));

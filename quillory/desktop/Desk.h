@@ -27,6 +27,8 @@ public:
     // has them, or else the one in the folder of the settings. An empty path stands for no file.
     // Throws FaultError for one that has a fault, and goes on without it.
     void FollowRulesFor(const std::string& path);
+    // The same for another holdings system that has come in force, with its fields.
+    void FollowHoldings();
     // What the rules say of a record, from the heaviest down.
     std::vector<Remark> Check(const Record& record) { return rules_->Check(record); }
     // The repairs of a record, which takes them; as RecordRepairer::PutRight.

@@ -147,6 +147,7 @@ private:
 
     void MakeCopies();
     void ShowCopies();
+    void FollowHoldings();
     bool ShowCopyHelp();
     void AddFieldOrCopy();
     void RemoveFieldOrCopy();

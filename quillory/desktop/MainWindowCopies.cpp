@@ -1,5 +1,7 @@
 #include <quillory/desktop/CopiesEditor.h>
+#include <quillory/desktop/Desk.h>
 #include <quillory/desktop/MainWindow.h>
+#include <quillory/desktop/RecordListModel.h>
 #include <quillory/desktop/RecordTable.h>
 #include <quillory/desktop/Texts.h>
 
@@ -19,9 +21,18 @@ void MainWindow::MakeCopies() {
         const int count = copies_->Count();
         tabs_->setTabText(tab, count == 0 ? tr("Copies") : tr("Copies (%1)").arg(count));
     });
+    connect(copies_, &CopiesEditor::SystemChosen, this, &MainWindow::FollowHoldings);
     connect(copies_, &CopiesEditor::PlaceChanged, this, &MainWindow::ShowHelp);
     connect(copies_, &CopiesEditor::Said, this,
             [this](const QString& text) { statusBar()->showMessage(text, kShortly); });
+}
+
+// Another holdings system names other fields, and other records lack copies.
+void MainWindow::FollowHoldings() {
+    Try([this] { desk_.FollowHoldings(); });
+    CheckNow();
+    listModel_->RefreshAll();
+    ShowHelp();
 }
 
 void MainWindow::ShowCopies() {

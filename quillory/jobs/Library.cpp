@@ -4,6 +4,7 @@
 #include <quillory/store/HomeFolder.h>
 #include <zorby/archive/ArchiveException.h>
 #include <zorby/format/MARCFormat.h>
+#include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 #include <zorby/platform/PortInForce.h>
 #include <zorby/settings/Profile.h>
@@ -172,6 +173,11 @@ void LoadDictionaries(const std::string& userDefined) {
         return LoadHoldingsTypes(folder) != 0 ? zorby::CMARCFormat::InitializeYourself(userDefined)
                                               : 0;
     });
+}
+
+void RenewUserDefinedFields() {
+    zorby::CMARCFormat::RemoveUserDefined();
+    zorby::CMARCFormat::AddUserDefined(zorby::CHoldingsSelector::GetUDFields());
 }
 
 void LoadWorkforms() {

@@ -44,6 +44,10 @@ private:
 // that can't be opened or is damaged, and UsageError for a list without a field that can be read.
 void LoadDictionaries(const std::string& userDefined = {});
 
+// The dictionary of the format has the user-defined fields of the settings in force from now on,
+// and no others.
+void RenewUserDefinedFields();
+
 // Puts the standard workforms in force. Throws FileError as LoadDictionaries does, and if the
 // workform that stands in for others is not among them.
 void LoadWorkforms();

@@ -1,5 +1,6 @@
 #include <quillory/desktop/CopiesEditor.h>
 #include <quillory/desktop/Document.h>
+#include <quillory/desktop/FindingsList.h>
 #include <quillory/holdings/HoldingsSystem.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/Settings.h>
@@ -93,6 +94,30 @@ TEST_F(CopiesTest, ASystemIsChosenAndReadsTheCopiesInItsWay) {
     EXPECT_EQ(Copy(0, "Bar code"), "B1");
     EXPECT_EQ(Copy(0, "Agency"), "Main");
     EXPECT_EQ(ReadHoldingsSetting("HoldingsType"), "Dynix");
+}
+
+// Fields that a system knows and the format does not are known as long as it is in force.
+TEST_F(CopiesTest, TheFieldsOfAChosenSystemAreKnownAtOnce) {
+    ChangeHoldingsSetting("LWLPCallTag", "021");
+    ChangeHoldingsSetting("LWLPSubTags", "xy");
+    Open(MarcOf({"LDR00000nam a2200000 a 4500", "001a", "021  \037xFIC", "24500\037aRivers",
+                 "900  \037aFIC"}));
+    const auto choose = [this](const QString& name) {
+        QComboBox& systems = window_->Copies().Systems();
+        const int row = systems.findText(name);
+        ASSERT_GE(row, 0) << name.toStdString();
+        systems.setCurrentIndex(row);
+        Q_EMIT systems.activated(row);
+    };
+    const auto isFoundFaulty = [this](const QString& place) {
+        return !window_->Findings().findItems(place, Qt::MatchStartsWith, 1).isEmpty();
+    };
+    EXPECT_TRUE(isFoundFaulty("021"));
+    choose("LWLP, first release");
+    EXPECT_FALSE(isFoundFaulty("021"));
+    choose("Alexandria");
+    EXPECT_TRUE(isFoundFaulty("021"));
+    EXPECT_EQ(Cell("900 $a", RecordModel::Name), "Alexandria default call number");
 }
 
 TEST_F(CopiesTest, WhatIsStillBeingTypedIsTakenWhenAPersonGoesOn) {
