@@ -1,6 +1,7 @@
 #include <quillory/coded/Material.h>
 #include <quillory/desktop/CodedEditor.h>
 #include <quillory/desktop/FieldPicker.h>
+#include <quillory/desktop/HoldBar.h>
 #include <quillory/desktop/RecordTable.h>
 #include <quillory/desktop/Texts.h>
 #include <quillory/desktop/WorkformEditor.h>
@@ -23,11 +24,13 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolBar>
 #include <QUndoStack>
 #include <QVBoxLayout>
 #include <iterator>
 #include <string>
+#include <unistd.h>
 #include <utility>
 
 namespace quillory {
@@ -36,6 +39,7 @@ namespace {
 constexpr int kWidth = 1100;
 constexpr int kHeight = 640;
 constexpr int kHelpLines = 4;
+constexpr int kWait = 1000;  // milliseconds
 
 // Steps of one kind that come one after the other are undone as one, as with letter after letter.
 constexpr int kStepOfItsOwn = -1;
@@ -86,6 +90,8 @@ private:
 WorkformEditor::WorkformEditor(const CodeLists& lists, QWidget* parent)
     : QDialog(parent),
       undo_(new QUndoStack(this)),
+      hold_(new HoldBar(this)),
+      waiting_(new QTimer(this)),
       list_(new WorkformList(
           [this](int id) { return MaterialText(ContentOf(workforms_->Get(id)).record.leader); },
           this)),
@@ -110,9 +116,14 @@ WorkformEditor::WorkformEditor(const CodeLists& lists, QWidget* parent)
     panes->setStretchFactor(1, 1);
     panes->setSizes({kWidth * 3 / 10, kWidth * 7 / 10});
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(hold_);
     layout->addWidget(panes, 1);
     layout->addWidget(said_);
     layout->addWidget(MakeButtons());
+    hold_->CopyButton().hide();
+    waiting_->setInterval(kWait);
+    connect(waiting_, &QTimer::timeout, this, &WorkformEditor::ShowHold);
+    connect(hold_, &HoldBar::TakeAsked, this, &WorkformEditor::TakeOver);
     connect(list_, &WorkformList::Changed, this, &WorkformEditor::Follow);
     connect(undo_, &QUndoStack::indexChanged, this, &WorkformEditor::Update);
     list_->Fill(*workforms_);
@@ -276,9 +287,10 @@ void WorkformEditor::Follow() {
 
 void WorkformEditor::Show(int id) {
     try {
-        const bool isUsers = id >= kFirstUserWorkformId;
-        Begin(ContentOf(workforms_->Get(id)), id, isUsers ? id : 0);
-        isFixed_ = !isUsers;
+        isStandard_ = id < kFirstUserWorkformId;
+        if (!isStandard_ && !workforms_->Store()->FindById(id)) return ShowGone();
+        Lock(isStandard_ ? 0 : id);
+        Begin(ContentOf(workforms_->Get(id)), id, isStandard_ ? 0 : id);
         said_->hide();
         Update();
     } catch (const FaultError& error) {
@@ -292,10 +304,74 @@ void WorkformEditor::Copy() {
     WorkformContent copy = now_;
     copy.name = tr("%1 (copy)").arg(ToQt(copy.name)).toStdString();
     Begin(std::move(copy), list_->Chosen(), 0);
-    isFixed_ = false;
+    isStandard_ = false;
+    Lock(0);
     Update();
     name_->setFocus();
     name_->selectAll();
+}
+
+// Another window has renamed or deleted what is chosen in the list.
+void WorkformEditor::ShowGone() {
+    FillList(0);
+    Show(list_->Chosen());
+    Warn(tr("That workform is not there any more: another window has renamed or deleted it."));
+}
+
+// One of the user's, in the place of the one that was locked before; 0 for none.
+void WorkformEditor::Lock(int id) {
+    Unlock();
+    isHeld_ = id != 0 && !workforms_->Store()->Lock(id, getpid());
+    if (!isHeld_) locked_ = id;
+}
+
+void WorkformEditor::Unlock() {
+    if (locked_ != 0) workforms_->Store()->Unlock(locked_);
+    locked_ = 0;
+}
+
+// Asks again from time to time, so that a person knows when it is free.
+void WorkformEditor::ShowHold() {
+    if (!isHeld_) {
+        waiting_->stop();
+        hold_->hide();
+        return;
+    }
+    waiting_->start();
+    if (const int holder = HolderNow(); holder == 0) {
+        hold_->ShowFree(
+            tr("This workform is open in no other window any more. Take it over to "
+               "change it: it is read again then."));
+    } else {
+        hold_->ShowHeld(tr("This workform is open in another window, program %1. Here it can be "
+                           "read, and copied to be edited. It can be taken over when that window "
+                           "has left it.")
+                            .arg(holder));
+    }
+}
+
+// The number of the program that has the one in hand; 0 for none.
+int WorkformEditor::HolderNow() {
+    try {
+        const auto known = workforms_->Store()->FindById(own_);
+        return known ? known->holder : 0;
+    } catch (const FaultError& error) {
+        Warn(ToQt(error.what()));
+        return 0;
+    }
+}
+
+void WorkformEditor::TakeOver() {
+    if (!undo_->isClean()) return LockAgain();
+    Show(own_);
+}
+
+// The workforms as the store has them now, at the one of this ID if it is there.
+void WorkformEditor::FillList(int id) {
+    const QSignalBlocker quiet(list_);
+    list_->Search().clear();
+    list_->Fill(*workforms_);
+    list_->Choose(id);
 }
 
 void WorkformEditor::Begin(WorkformContent content, int from, int own) {
@@ -394,32 +470,34 @@ void WorkformEditor::ShowHelp() {
     helpHeading_->setText(isSubfield ? tr("When a record is made: %1").arg(ToQt(PlaceText(place)))
                                      : tr("When a record is made: no subfield is in hand"));
     isAsked_->setChecked(help.isAsked);
-    isAsked_->setEnabled(isSubfield && !isFixed_);
+    isAsked_->setEnabled(isSubfield && !IsFixed());
     for (std::size_t i = 0; i < texts_.size(); ++i) {
         const QString text = ToQt(help.*kHelpTexts[i]);
         if (texts_[i]->toPlainText() != text) texts_[i]->setPlainText(text);
-        texts_[i]->setReadOnly(!isSubfield || isFixed_);
+        texts_[i]->setReadOnly(!isSubfield || IsFixed());
     }
     isShowing_ = false;
 }
 
 // What can be done with the one in hand.
 void WorkformEditor::Update() {
+    ShowHold();
     const QString material = ToQt(MaterialText(now_.record.leader));
-    material_->setText(
-        isFixed_ ? tr("%1; a standard workform, which a copy can change").arg(material) : material);
+    material_->setText(isStandard_
+                           ? tr("%1; a standard workform, which a copy can change").arg(material)
+                           : material);
     setWindowModified(!undo_->isClean());
-    name_->setReadOnly(isFixed_);
-    tools_->setEnabled(!isFixed_);
-    coded_->setEnabled(!isFixed_);
-    table_->setAcceptDrops(!isFixed_);
+    name_->setReadOnly(IsFixed());
+    tools_->setEnabled(!IsFixed());
+    coded_->setEnabled(!IsFixed());
+    table_->setAcceptDrops(!IsFixed());
     table_->setEditTriggers(
-        isFixed_ ? QAbstractItemView::NoEditTriggers
-                 : QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed |
-                       QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+        IsFixed() ? QAbstractItemView::NoEditTriggers
+                  : QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed |
+                        QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
     const bool isUnsaved = own_ == 0 || !undo_->isClean();
-    save_->setEnabled(!isFixed_ && isUnsaved);
-    remove_->setEnabled(own_ != 0);
+    save_->setEnabled(!IsFixed() && isUnsaved);
+    remove_->setEnabled(own_ != 0 && !isHeld_);
     ShowHelp();
 }
 
@@ -428,6 +506,7 @@ bool WorkformEditor::Save() {
     WorkformContent content = now_;
     content.helps.insert(before_.begin(), before_.end());
     try {
+        Unlock();
         const SavedWorkform saved = SaveWorkform(content, from_->GetOwnID(), own_);
         Renew(saved.id);
         QString text = tr("“%1” is saved.").arg(ToQt(content.name));
@@ -443,7 +522,18 @@ bool WorkformEditor::Save() {
     } catch (const FaultError& error) {
         Warn(ToQt(error.what()));
     }
+    LockAgain();
     return false;
+}
+
+// What could not be saved or deleted stays locked.
+void WorkformEditor::LockAgain() {
+    try {
+        Lock(own_);
+        Update();
+    } catch (const FaultError& error) {
+        Warn(ToQt(error.what()));
+    }
 }
 
 // The store has changed, or is there for the first time.
@@ -458,10 +548,8 @@ void WorkformEditor::Renew(int id) {
     ReadStore();
     from_ = workforms_->Get(id);
     own_ = id;
-    const QSignalBlocker quiet(list_);
-    list_->Search().clear();
-    list_->Fill(*workforms_);
-    list_->Choose(id);
+    Lock(id);
+    FillList(id);
     undo_->setClean();
     Update();
 }
@@ -474,6 +562,7 @@ void WorkformEditor::Remove() {
                                   .arg(ToQt(QmToUtf8(from_->GetName())))) == QMessageBox::Yes;
     if (!isMeant) return;
     try {
+        Unlock();
         DeleteWorkform(own_);
         undo_->clear();
         {
@@ -481,9 +570,11 @@ void WorkformEditor::Remove() {
             list_->Search().clear();
         }
         list_->Fill(*workforms_);
+        return;
     } catch (const FaultError& error) {
         Warn(ToQt(error.what()));
     }
+    LockAgain();
 }
 
 void WorkformEditor::Say(const QString& text) {

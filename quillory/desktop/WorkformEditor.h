@@ -17,17 +17,20 @@ class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 class QTabWidget;
+class QTimer;
 class QToolBar;
 class QUndoStack;
 
 namespace quillory {
 
 class CodedEditor;
+class HoldBar;
 class RecordTable;
 class WorkformList;
 
 // The user's workforms: how new records begin, and what is asked and said when one is made. Those
-// of the standard are shown, and copied to be edited.
+// of the standard are shown, and copied to be edited. One of the user's that is in hand is locked,
+// so that another window only shows it.
 class WorkformEditor : public QDialog {
     Q_OBJECT
 
@@ -45,6 +48,7 @@ public:
     WorkformList& List() { return *list_; }
     RecordTable& Table() { return *table_; }
     CodedEditor& Coded() { return *coded_; }
+    HoldBar& Hold() { return *hold_; }
     QString Said() const;
 
 private:
@@ -65,6 +69,14 @@ private:
     void Follow();
     void Show(int id);
     void Begin(WorkformContent content, int from, int own);
+    void Lock(int id);
+    void Unlock();
+    void LockAgain();
+    void FillList(int id);
+    void ShowGone();
+    void ShowHold();
+    int HolderNow();
+    void TakeOver();
     bool MayLeave();
     void FinishTyping();
     WorkformContent Content() const;
@@ -74,6 +86,7 @@ private:
     SubfieldHelp HelpNow(const SubfieldOfTag& subfield) const;
     void ShowHelp();
     void Update();
+    bool IsFixed() const { return isStandard_ || isHeld_; }
     void Say(const QString& text);
     void Warn(const QString& text);
     void ReadStore();
@@ -83,14 +96,18 @@ private:
     std::optional<WorkformCatalog> workforms_;
     zorby::TemplateHolder from_;  // what the one in hand began as
     int own_ = 0;                 // the ID in the store of the one in hand; 0 for one that is new
-    bool isFixed_ = true;         // it is one of the standard
-    WorkformContent now_;         // as far as it is noted
-    SubfieldHelps before_;        // of what was changed
+    int locked_ = 0;              // the ID of the one that is locked; 0 for none
+    bool isStandard_ = true;
+    bool isHeld_ = false;   // another window has it
+    WorkformContent now_;   // as far as it is noted
+    SubfieldHelps before_;  // of what was changed
     std::unique_ptr<EditSession> session_;
     OpenRecord record_;
     QUndoStack* undo_;
     bool isShowing_ = false;  // what changes is not done by a person
 
+    HoldBar* hold_;
+    QTimer* waiting_;  // for a workform that another window has
     WorkformList* list_;
     QPushButton* copy_;
     QPushButton* remove_;

@@ -1,5 +1,6 @@
 #include <quillory/desktop/CodedChoice.h>
 #include <quillory/desktop/CodedEditor.h>
+#include <quillory/desktop/HoldBar.h>
 #include <quillory/desktop/WorkformDialog.h>
 #include <quillory/desktop/WorkformEditor.h>
 #include <quillory/desktop/WorkformList.h>
@@ -274,6 +275,53 @@ TEST_F(WorkformEditorTest, OneIsRenamedAndDeletedAndLeftOnlyWithAnAnswer) {
     EXPECT_EQ(Users().find("Round maps"), std::string::npos) << Users();
     EXPECT_FALSE(editor_->isWindowModified());
     EXPECT_NE(Name().text(), "Round maps");
+}
+
+// Whoever has it in hand first has it; the other one reads it, and takes it over once it is left.
+TEST_F(WorkformEditorTest, TwoWindowsDoNotEditOne) {
+    Copy("kit", "Our kits");
+    EXPECT_TRUE(editor_->Save());
+    WorkformEditor second(desk_->Lists());
+    second.show();
+    const auto show = [](WorkformEditor& editor, const QString& words) {
+        editor.List().Search().clear();
+        editor.List().Search().insert(words);
+    };
+    const auto name = [](WorkformEditor& editor) {
+        for (auto* box : editor.findChildren<QLineEdit*>()) {
+            if (box->accessibleName() == "Name of the workform") return box;
+        }
+        return static_cast<QLineEdit*>(nullptr);
+    };
+    show(second, "our kits");
+    EXPECT_TRUE(second.Hold().Text().contains("open in another window, program "))
+        << second.Hold().Text().toStdString();
+    EXPECT_FALSE(second.Hold().TakeButton().isEnabled());
+    QTest::keyClicks(name(second), "Not ours");
+    EXPECT_FALSE(second.isWindowModified());
+
+    Type("245 $a", "Kit");
+    EXPECT_TRUE(editor_->Save()) << editor_->Said().toStdString();
+    QTest::qWait(1100);
+    EXPECT_FALSE(second.Hold().TakeButton().isEnabled()) << "a save lets nobody in";
+    Search("map");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return second.Hold().TakeButton().isEnabled(); }));
+    second.Hold().TakeButton().click();
+    EXPECT_EQ(second.Hold().Text(), "");
+    second.Table().GoTo(*ParsePlace("245 $a"));
+    EXPECT_TRUE(second.Table().currentIndex().data().toString().endsWith("Kit")) << "read again";
+    Search("our kits");
+    EXPECT_TRUE(editor_->Hold().Text().contains("open in another window"));
+
+    name(second)->selectAll();
+    QTest::keyClicks(name(second), "Our crates");
+    EXPECT_TRUE(second.Save()) << second.Said().toStdString();
+    EXPECT_NE(Users().find("Our crates"), std::string::npos) << Users();
+    EXPECT_EQ(Users().find("Our kits"), std::string::npos) << Users();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return editor_->Hold().TakeButton().isEnabled(); }));
+    editor_->Hold().TakeButton().click();
+    EXPECT_TRUE(editor_->Said().contains("another window has renamed or deleted it"));
+    EXPECT_EQ(editor_->Hold().Text(), "");
 }
 
 }  // namespace
