@@ -51,7 +51,7 @@ private:
         inspector_.Compare(item.number, look);
         const auto fails = [this](const Remark& remark) { return remark.severity <= failsOn_; };
         if (std::ranges::any_of(look.remarks, fails)) status_ = kStatusFindings;
-        const CheckedRecord record{item, look.remarks};
+        const CheckedRecord record{item, look.remarks, look.numbers};
         totals_.Count(record);
         report_.TakeRecord(record);
     }
@@ -59,7 +59,7 @@ private:
     void CountFault(const Item& item) {
         status_ = kStatusFindings;
         if (item.kind == kItemDamaged) ++totals_.damaged;
-        if (item.kind != kItemRecord) report_.TakeDamage(item);
+        if (item.kind != kItemRecord) report_.TakeDamage(item, FaultText(*item.fault));
     }
 
     void NoteFile() {

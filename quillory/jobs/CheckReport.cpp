@@ -17,14 +17,19 @@ Verdict CheckedRecord::GetVerdict() const {
 }
 
 void CheckTotals::Count(const CheckedRecord& record) {
-    constexpr std::size_t kType = 6;
-    constexpr std::size_t kLevel = 7;
     ++records;
     const auto verdict = static_cast<std::size_t>(record.GetVerdict());
     ++verdicts[verdict];
     for (const Remark& remark : record.remarks) Count(remark);
+    ++CountsOfMaterial(record)[verdict];
+}
+
+VerdictCounts& CheckTotals::CountsOfMaterial(const CheckedRecord& record) {
+    constexpr std::size_t kType = 6;
+    constexpr std::size_t kLevel = 7;
+    if (record.words != nullptr) return namedMaterials_[record.words->material];
     const std::string_view leader = record.item.record.leader;
-    ++materials_[{leader[kType], leader[kLevel]}][verdict];
+    return materials_[{leader[kType], leader[kLevel]}];
 }
 
 void CheckTotals::Count(const Remark& remark) {
@@ -62,7 +67,7 @@ std::vector<RuleCount> CheckTotals::MostFrequentFirst() const {
 }
 
 std::map<std::string, VerdictCounts> CheckTotals::Materials() const {
-    std::map<std::string, VerdictCounts> materials;
+    std::map<std::string, VerdictCounts> materials = namedMaterials_;
     for (const auto& [typeAndLevel, counts] : materials_) {
         const std::string leader = std::string(6, ' ') + typeAndLevel.first + typeAndLevel.second;
         VerdictCounts& all = materials[MaterialText(leader)];

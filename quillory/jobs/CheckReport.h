@@ -2,21 +2,40 @@
 
 #include <quillory/checks/Policy.h>
 #include <quillory/exchange/Record.h>
+#include <quillory/rules/NumberMet.h>
 #include <quillory/rules/RemarkSink.h>
 
 #include <array>
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace quillory {
 
+// What a report shows of a record, in UTF-8.
+struct RecordWords {
+    struct Line {
+        std::string tag;
+        std::string text;
+    };
+
+    std::string controlNumber;
+    std::string title;
+    std::string material;
+    std::string fault;        // of bytes that were read all the same; empty for none
+    std::vector<Line> lines;  // the leader, without a tag, and each field; none if not known
+};
+
 // One record, and what was found on it.
 struct CheckedRecord {
     const Item& item;
     const std::vector<Remark>& remarks;
+    std::span<const NumberMet> numbers = {};  // by which others may be found to be the same
+    // Where the record itself is no longer there; else null.
+    const RecordWords* words = nullptr;
 
     // By the heaviest of the remarks; notes do no harm.
     Verdict GetVerdict() const;
@@ -54,11 +73,13 @@ private:
     using TypeAndLevel = std::pair<char, char>;  // Leader/06 and 07
 
     void Count(const Remark& remark);
+    VerdictCounts& CountsOfMaterial(const CheckedRecord& record);
     SeverityCounts& CountsOf(const Place& place);
 
     std::vector<RuleCount>
         rules_;  // by the numbers of the rules; counts are 0 where none is broken
     std::map<TypeAndLevel, VerdictCounts> materials_;
+    std::map<std::string, VerdictCounts> namedMaterials_;
     std::vector<SeverityCounts> fields_;  // by the numbers of the tags
     std::map<std::string, SeverityCounts, std::less<>> otherPlaces_;
 };
@@ -71,8 +92,8 @@ public:
     // Of how many findings by each rule, from the first on, it asks for the words.
     virtual std::uint64_t FindingsInWords() const { return WordLimit::kAll; }
     virtual void TakeRecord(const CheckedRecord& record) = 0;
-    // Bytes that are no record.
-    virtual void TakeDamage(const Item& item) = 0;
+    // Bytes that are no record, and what is wrong with them.
+    virtual void TakeDamage(const Item& item, const std::string& reason) = 0;
     // The end of the report, for which there are no more records.
     virtual void Finish(const CheckTotals& totals) = 0;
 };

@@ -42,11 +42,10 @@ public:
         sections_.Write(html.section);
     }
 
-    void TakeDamage(const Item& item) override {
+    void TakeDamage(const Item& item, const std::string& reason) override {
         NoteFile();
         if (++damages_ > kMostDamages) return;
-        damage_.Write("<li>" + HtmlText(reporter_.PlaceOf(item) + ": " + FaultText(*item.fault)) +
-                      "</li>\n");
+        damage_.Write("<li>" + HtmlText(reporter_.PlaceOf(item) + ": " + reason) + "</li>\n");
     }
 
     void Finish(const CheckTotals& totals) override {

@@ -1,9 +1,13 @@
-#include <quillory/coded/Material.h>
 #include <quillory/reports/CheckReports.h>
-#include <quillory/store/Summary.h>
+#include <quillory/reports/RecordWording.h>
+#include <quillory/text/Fnv1a.h>
 #include <quillory/text/JsonWriter.h>
 
+#include <algorithm>
+#include <cinttypes>
+#include <cstdio>
 #include <optional>
+#include <span>
 #include <utility>
 
 namespace quillory {
@@ -31,38 +35,114 @@ void ToJson(const Remark& remark, JsonWriter& json) {
     json.Member("subfield", Given(subfield));
     json.Member("title", rule.title);
     json.Member("message", RemarkText(remark));
+    if (rule.id >= RuleId::Count) json.MemberIfAny("why", rule.why);
     json.EndObject();
 }
 
 namespace {
 
+// "020 $a: 9780596000271". What is long, or has bytes that JSON may not hold, is told from others
+// by a hash.
+std::string NumberText(const NumberMet& met) {
+    constexpr std::size_t kLongest = 40;
+    constexpr std::size_t kLongestBeforeHash = 23;
+    const std::string place = PlaceText(met.place) + ": ";
+    const auto isPlain = [](char c) { return c >= ' ' && c < 0x7F; };
+    if (met.number.size() <= kLongest && std::ranges::all_of(met.number, isPlain)) {
+        return place + std::string(met.number);
+    }
+    char hash[18];
+    std::snprintf(hash, sizeof hash, "#%016" PRIx64, Fnv1aOf(met.number));
+    return place + Printable(met.number.substr(0, kLongestBeforeHash)) + hash;
+}
+
+const NumberMet* FirstOf(RuleId rule, std::span<const NumberMet> numbers) {
+    const auto found = std::ranges::find(numbers, rule, &NumberMet::rule);
+    return found == numbers.end() ? nullptr : &*found;
+}
+
+// What the user wants the findings on a number to weigh, unless it is what they weigh by
+// themselves.
+void WriteWeight(std::string_view name, const NumberMet* met, JsonWriter& json) {
+    if (met == nullptr || met->severity == RuleOf(met->rule).severity) return;
+    json.Member(name, SeverityText(met->severity));
+}
+
+// By these numbers a report on several checks finds what their records have in common. They are the
+// last member of the line.
+void WriteNumbers(const CheckedRecord& record, JsonWriter& json) {
+    if (record.numbers.empty()) return;
+    const NumberMet* number = FirstOf(RuleId::NumberRepeated, record.numbers);
+    WriteWeight("001_severity", FirstOf(RuleId::ControlNumberRepeated, record.numbers), json);
+    WriteWeight("number_severity", number, json);
+    const auto repeated = std::ranges::count_if(
+        record.remarks, [](const Remark& remark) { return IsAboutNumbers(remark.rule->id); });
+    const std::size_t others = record.remarks.size() - static_cast<std::size_t>(repeated);
+    if (number != nullptr && number->at < others) json.Member("numbers_at", number->at);
+    std::vector<std::string> numbers;
+    numbers.reserve(record.numbers.size());
+    for (const NumberMet& met : record.numbers) numbers.push_back(NumberText(met));
+    json.Member("numbers", numbers);
+}
+
+// The control number as it stands, where it is written otherwise in the summary, and what is wrong
+// with the record's bytes.
+void WriteAsItStands(const Item& item, const RecordWords& words, JsonWriter& json) {
+    const std::string_view controlNumber = item.record.ControlNumber();
+    if (controlNumber != words.controlNumber) json.Member("001", controlNumber);
+    json.MemberIfAny("fault", words.fault);
+}
+
+void WriteLines(const RecordWords& words, JsonWriter& json) {
+    if (words.lines.empty()) return;
+    json.Name("fields");
+    json.BeginArray();
+    for (const RecordWords::Line& line : words.lines) json.Value(line.text);
+    json.EndArray();
+}
+
 // An object for each record or damage, in a line of its own.
 class CheckJsonlReport : public CheckReport {
 public:
-    CheckJsonlReport(std::unique_ptr<Output> output, Reporter& reporter)
-        : output_(std::move(output)), reporter_(reporter) {}
+    CheckJsonlReport(std::unique_ptr<Output> output, std::uint64_t rows, Reporter& reporter)
+        : output_(std::move(output)), rowsWanted_(rows), reporter_(reporter) {}
 
     void TakeRecord(const CheckedRecord& record) override {
-        const RecordSummary summary = summarizer_.Summarize(record.item.record);
+        const bool hasLines = HasLines(record);
+        const RecordWords& words = wording_.Of(record, hasLines);
         WriteLine(record.item, [&](JsonWriter& json) {
-            json.Member("control_number", summary.controlNumber);
-            json.Member("title", summary.title);
-            json.Member("material", MaterialText(record.item.record.leader));
+            json.Member("control_number", words.controlNumber);
+            json.Member("title", words.title);
+            json.Member("material", words.material);
             json.Member("verdict", VerdictText(record.GetVerdict()));
             json.Member("findings", record.remarks);
+            WriteAsItStands(record.item, words, json);
+            if (hasLines) WriteLines(words, json);
+            WriteNumbers(record, json);
         });
     }
 
-    void TakeDamage(const Item& item) override {
-        WriteLine(item, [&item](JsonWriter& json) {
-            json.Member(item.kind == kItemStray ? "stray" : "damaged", FaultText(*item.fault));
+    void TakeDamage(const Item& item, const std::string& reason) override {
+        WriteLine(item, [&](JsonWriter& json) {
+            json.Member(item.kind == kItemStray ? "stray" : "damaged", reason);
             json.Member("fault_offset", item.fault->offset);
+            json.MemberIfAny("control_number", item.controlNumber);
         });
     }
 
     void Finish(const CheckTotals&) override { output_->Finish(); }
 
 private:
+    // Whether the fields are told: of as many records as a page would show. A record without
+    // findings may be the second one with its number, among those of other files.
+    bool HasLines(const CheckedRecord& record) {
+        if (rowsWanted_ == 0) return true;
+        if (record.remarks.empty()) return !record.numbers.empty() && well_++ < rowsWanted_;
+        const bool hasLines = rows_ < rowsWanted_;
+        rows_ += record.remarks.size();
+        return hasLines;
+    }
+
     // Where the item is, and then what `addMembers` adds.
     template <class AddMembers>
     void WriteLine(const Item& item, AddMembers addMembers) {
@@ -78,8 +158,11 @@ private:
     }
 
     std::unique_ptr<Output> output_;
+    std::uint64_t rowsWanted_;
     Reporter& reporter_;
-    Summarizer summarizer_;
+    RecordWording wording_;
+    std::uint64_t rows_ = 0;  // findings so far
+    std::uint64_t well_ = 0;  // records with numbers alone
     std::string text_;
     Losses losses_;  // not reported: the records themselves stay as they are
 };
@@ -87,9 +170,9 @@ private:
 }  // namespace
 
 std::unique_ptr<CheckReport> MakeJsonlCheckReport(std::unique_ptr<Output> output,
-                                                  const CheckReportOptions& /*options*/,
+                                                  const CheckReportOptions& options,
                                                   Reporter& reporter) {
-    return std::make_unique<CheckJsonlReport>(std::move(output), reporter);
+    return std::make_unique<CheckJsonlReport>(std::move(output), options.rows, reporter);
 }
 
 }  // namespace quillory

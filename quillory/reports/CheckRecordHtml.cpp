@@ -1,7 +1,5 @@
-#include <quillory/coded/Material.h>
 #include <quillory/reports/CheckRecordHtml.h>
 #include <quillory/reports/HtmlText.h>
-#include <quillory/reports/RecordScreen.h>
 
 #include <cctype>
 #include <map>
@@ -37,11 +35,11 @@ std::string RowTag(const Remark& remark, const std::string& material, const std:
 }
 
 // The cells of a record's rows that are the same for each of its findings.
-std::string RecordCells(const Item& item, const RecordSummary& summary, const std::string& id) {
+std::string RecordCells(const Item& item, const RecordWords& words, const std::string& id) {
     const std::string number = std::to_string(item.number);
     return Cell("number", "<a href=\"#" + id + "\">" + number + "</a>") +
-           Cell("number", std::to_string(item.offset)) +
-           Cell("id", HtmlText(summary.controlNumber)) + Cell("title", HtmlText(summary.title));
+           Cell("number", std::to_string(item.offset)) + Cell("id", HtmlText(words.controlNumber)) +
+           Cell("title", HtmlText(words.title));
 }
 
 // Why the rule is there shows where the pointer rests.
@@ -59,20 +57,35 @@ std::string RemarkItem(const Remark& remark) {
            HtmlText((place.empty() ? "" : place + ": ") + RemarkText(remark)) + "</li>\n";
 }
 
-// A line without its end.
-std::string LineHtml(std::string_view line) {
-    line.remove_suffix(1);
-    return HtmlText(line);
+// Each field with findings is marked.
+std::string FieldsHtml(const CheckedRecord& record, const RecordWords& words) {
+    if (words.lines.empty()) {
+        return "<p class=\"note\">The results of the check lack the fields of this record; "
+               "<code>check --rows 0</code> gives those of all records.</p>\n";
+    }
+    std::set<std::pair<std::string_view, std::uint32_t>> marked;
+    for (const Remark& remark : record.remarks) {
+        marked.emplace(remark.place.Tag(), remark.place.occurrence);
+    }
+    std::string html = "<pre>";
+    std::map<std::string_view, std::uint32_t> occurrences;
+    for (const RecordWords::Line& line : words.lines) {
+        const bool isMarked =
+            !line.tag.empty() && marked.contains({line.tag, ++occurrences[line.tag]});
+        const std::string text = HtmlText(line.text);
+        html += (isMarked ? "<mark>" + text + "</mark>" : text) + '\n';
+    }
+    return html + "</pre>";
 }
 
 }  // namespace
 
 CheckRecordHtml CheckRecordPrinter::Print(const CheckedRecord& record, const std::string& id) {
-    const RecordSummary summary = summarizer_.Summarize(record.item.record);
+    const RecordWords& words = wording_.Of(record, true);
     const std::string cells =
-        RecordCells(record.item, summary, id) + FileCell(reporter_.File()) + "</tr>\n";
-    const std::string material = HtmlText(MaterialText(record.item.record.leader));
-    const std::string title = summary.title.empty() ? "(no title)" : summary.title;
+        RecordCells(record.item, words, id) + FileCell(reporter_.File()) + "</tr>\n";
+    const std::string material = HtmlText(words.material);
+    const std::string title = words.title.empty() ? "(no title)" : words.title;
     CheckRecordHtml html;
     html.section = "<section class=\"record\" id=\"" + id + "\"><h3>" + HtmlText(title) +
                    "</h3>\n<p class=\"note\">" + HtmlText(reporter_.PlaceOf(record.item)) +
@@ -81,28 +94,7 @@ CheckRecordHtml CheckRecordPrinter::Print(const CheckedRecord& record, const std
         html.rows += RowTag(remark, material, id) + RemarkCells(remark) + cells;
         html.section += RemarkItem(remark);
     }
-    html.section += "</ul>\n<pre>" + Fields(record) + "</pre></section>\n";
-    return html;
-}
-
-std::string CheckRecordPrinter::Fields(const CheckedRecord& record) {
-    std::set<std::pair<std::string_view, std::uint32_t>> marked;
-    for (const Remark& remark : record.remarks) {
-        marked.emplace(remark.place.Tag(), remark.place.occurrence);
-    }
-    Record shown = record.item.record;
-    Losses unused;
-    recoder_.Recode(shown, unused);
-    std::string line;
-    AppendLeader(record.item.record.leader, {}, line);
-    std::string html = LineHtml(line) + '\n';
-    std::map<std::string_view, std::uint32_t> occurrences;
-    for (const zorby::CommFormatField& field : shown.fields) {
-        line.clear();
-        AppendField(field, {}, line);
-        const bool isMarked = marked.contains({field.tag, ++occurrences[field.tag]});
-        html += (isMarked ? "<mark>" + LineHtml(line) + "</mark>" : LineHtml(line)) + '\n';
-    }
+    html.section += "</ul>\n" + FieldsHtml(record, words) + "</section>\n";
     return html;
 }
 

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <quillory/exchange/Recoder.h>
 #include <quillory/jobs/CheckReport.h>
 #include <quillory/jobs/Reporter.h>
-#include <quillory/store/Summary.h>
+#include <quillory/reports/RecordWording.h>
 
 #include <string>
 
@@ -24,12 +23,8 @@ public:
     CheckRecordHtml Print(const CheckedRecord& record, const std::string& id);
 
 private:
-    // Each field with findings is marked.
-    std::string Fields(const CheckedRecord& record);
-
     const Reporter& reporter_;
-    Summarizer summarizer_;
-    Recoder recoder_{{kCharsetAuto, kCharsetUtf8, {}}};
+    RecordWording wording_;
 };
 
 }  // namespace quillory

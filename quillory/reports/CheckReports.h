@@ -14,7 +14,15 @@
 
 namespace quillory {
 
-enum CheckFormat : std::int32_t { kCheckByName, kCheckText, kCheckJsonl, kCheckHtml, kCheckSarif };
+enum CheckFormat : std::int32_t {
+    kCheckByName,
+    kCheckText,
+    kCheckJsonl,
+    kCheckHtml,
+    kCheckSarif,
+    kCheckSumsText,
+    kCheckSumsJson
+};
 
 struct CheckReportOptions {
     CheckFormat format = kCheckByName;  // by the name of the output, or text
@@ -25,7 +33,7 @@ struct CheckReportOptions {
     std::span<const Rule> ownRules = {};
 };
 
-// The formats that the option names: all but kCheckByName.
+// The formats of a check that the option names.
 std::vector<std::pair<std::string, CheckFormat>> CheckFormatNames();
 
 // The report asks the reporter for the file in hand. Throws FileError if the output can't be

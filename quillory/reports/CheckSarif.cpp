@@ -100,9 +100,9 @@ public:
         }
     }
 
-    void TakeDamage(const Item& item) override {
-        Write(item, {kDamage, damageIndex_, kDamage.severity, FaultText(*item.fault),
-                     Place::OfRecord(), item.controlNumber, item.fault->offset, 0});
+    void TakeDamage(const Item& item, const std::string& reason) override {
+        Write(item, {kDamage, damageIndex_, kDamage.severity, reason, Place::OfRecord(),
+                     item.controlNumber, item.fault->offset, 0});
     }
 
     void Finish(const CheckTotals&) override {

@@ -1,7 +1,7 @@
 #include <quillory/reports/CheckReports.h>
+#include <quillory/reports/CheckSummary.h>
 #include <quillory/reports/ScreenText.h>
 
-#include <algorithm>
 #include <vector>
 
 namespace quillory {
@@ -29,7 +29,7 @@ public:
     }
 
     // The reporter has named it already.
-    void TakeDamage(const Item&) override {}
+    void TakeDamage(const Item&, const std::string&) override {}
 
     void Finish(const CheckTotals& totals) override {
         if (!reporter_.Quiet()) output_->Write(Summary(totals));
@@ -37,38 +37,12 @@ public:
     }
 
 private:
-    static constexpr std::size_t kCountWidth = 8;
-    static constexpr std::size_t kSeverityWidth = 9;
-    static constexpr std::size_t kLeastNameWidth = 24;
     static constexpr std::uint64_t kShown = 3;  // of each rule
 
     std::string Summary(const CheckTotals& totals) const {
         std::string text = totals.Rules().empty() ? "" : "\n";
-        text += Counted(totals.records, "record") +
-                " checked: " + std::to_string(totals.verdicts[kMayGo]) +
-                " well or with notes alone, " +
-                std::to_string(totals.verdicts[kMayGoWithWarnings]) + " with warnings, " +
-                std::to_string(totals.verdicts[kMustStay]) + " with errors";
-        if (totals.damaged > 0) text += "; " + std::to_string(totals.damaged) + " damaged";
-        text += '\n';
-        for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
-            text += Table(totals, severity);
-        }
+        text += CheckSummary(totals) + CheckRuleLines(totals);
         if (isCut_) text += "The first few of each rule are shown; --each shows all.\n";
-        return text;
-    }
-
-    static std::string Table(const CheckTotals& totals, Severity severity) {
-        const std::vector<RuleCount> rows = totals.MostFrequentFirst();
-        const std::size_t width = Widest(rows, [](const RuleCount& row) { return row.rule->name; });
-        std::string text;
-        for (const RuleCount& row : rows) {
-            if (row.severity != severity) continue;
-            text += RightAligned(std::to_string(row.count), kCountWidth) + "  " +
-                    Padded(std::string(SeverityText(severity)), kSeverityWidth) +
-                    Padded(std::string(row.rule->name), std::max(width, kLeastNameWidth) + 2) +
-                    std::string(row.rule->title) + '\n';
-        }
         return text;
     }
 

@@ -97,7 +97,6 @@ void Inspector::Compare(std::uint64_t number, RecordLook& look) {
     std::vector<Remark> added;
     RemarkSink sink(weights_, added, &words_);
     for (const NumberMet& met : look.numbers) {
-        if (!sink.Wants(met.rule)) continue;
         const auto first = numbers_.Meet(met.kind, met.number, number);
         if (!first) continue;
         const auto at = static_cast<std::ptrdiff_t>(met.at + added.size());
@@ -141,22 +140,25 @@ Charset Inspector::CharsetOf(const Record& record) const {
     return record.leader[zorby::kLeaderCharacterCode] == 'a' ? kCharsetUtf8 : kCharsetMarc8;
 }
 
-void Inspector::NoteControlNumber(const Record& record, RecordLook& look) {
+void Inspector::NoteControlNumber(const Record& record, RecordLook& look) const {
+    const auto severity = weights_.Of(RuleId::ControlNumberRepeated);
     const std::string_view controlNumber = Trimmed(record.ControlNumber());
-    if (controlNumber.empty()) return;
+    if (!severity || controlNumber.empty()) return;
     look.numbers.push_back({RuleId::ControlNumberRepeated, 'c', controlNumber,
-                            Place::OfField(1U, 1), look.remarks.size()});
+                            Place::OfField(1U, 1), look.remarks.size(), *severity});
 }
 
 // The ISBN and the number of another system, by which files are matched when they are loaded.
 void Inspector::NoteNumbers(RecordLook& look) const {
+    const auto severity = weights_.Of(RuleId::NumberRepeated);
+    if (!severity) return;
     for (const CheckedField& field : record_.Fields()) {
         if (field.number != 20 && field.number != 35) continue;
         std::string_view text = record_.TextOf(field, 'a');
         if (field.number == 20) text = text.substr(0, text.find(' '));
         if (text.empty()) continue;
         look.numbers.push_back({RuleId::NumberRepeated, field.number == 20 ? 'i' : 's', text,
-                                field.GetPlace().Subfield('a'), look.remarks.size()});
+                                field.GetPlace().Subfield('a'), look.remarks.size(), *severity});
     }
 }
 

@@ -3,6 +3,7 @@
 #include <quillory/checks/Checker.h>
 #include <quillory/coded/CodeLists.h>
 #include <quillory/rules/CharacterRules.h>
+#include <quillory/rules/NumberMet.h>
 #include <quillory/rules/OtherFormats.h>
 #include <quillory/rules/OwnRules.h>
 #include <quillory/rules/Remark.h>
@@ -16,16 +17,8 @@
 
 namespace quillory {
 
-// A number that no other record of a run should have.
-struct NumberMet {
-    RuleId rule;
-    char kind;  // as SeenNumbers has it
-    std::string_view number;
-    Place place;
-    std::size_t at;  // where a remark on it comes among the others
-};
-
-// What a record by itself gives rise to. Numbers are views of its bytes.
+// What a record by itself gives rise to. Numbers are those that a rule in force is about, as views
+// of its bytes.
 struct RecordLook {
     std::vector<Remark> remarks;
     std::vector<NumberMet> numbers;
@@ -66,7 +59,7 @@ private:
     void CheckBibliographic(RecordLook& look, RemarkSink& remarks);
     void TakeFindings(const Record& record, const RecordInHand& inHand, RemarkSink& remarks);
     Charset CharsetOf(const Record& record) const;
-    static void NoteControlNumber(const Record& record, RecordLook& look);
+    void NoteControlNumber(const Record& record, RecordLook& look) const;
     void NoteNumbers(RecordLook& look) const;
 
     CheckerOptions options_;

@@ -339,7 +339,8 @@ example = '=650  \\0$aWest (U.S.)'
         self.assertEqual(json.loads(out)["findings"], [{
             "rule": "west", "severity": "error", "place": "650 $a", "tag": "650", "occurrence": 1,
             "subfield": "a", "title": "the heading ... is too wide: give a state",
-            "message": "the heading West (U.S.) is too wide: give a state"}])
+            "message": "the heading West (U.S.) is too wide: give a state",
+            "why": "Readers of this library know the states."}])
         log = json.loads(self.check(self.sound, *settings, "--format", "sarif")[0])["runs"][0]
         rule = log["tool"]["driver"]["rules"][log["results"][0]["ruleIndex"]]
         self.assertEqual((rule["id"], rule["fullDescription"]["text"]),

@@ -52,7 +52,7 @@ std::string Report(CheckFormat format, const Texts& texts) {
     damage.kind = kItemDamaged;
     damage.number = 2;
     damage.fault = ItemFault{{FaultCode::kMalformedXml, {}, texts.reason}};
-    report->TakeDamage(damage);
+    report->TakeDamage(damage, FaultText(*damage.fault));
     ++totals.damaged;
     report->Finish(totals);
     return file.Read();

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <quillory/places/Place.h>
+#include <quillory/rules/Rule.h>
+
+#include <cstddef>
+#include <string_view>
+
+namespace quillory {
+
+// A number that no other record of a run should have.
+struct NumberMet {
+    RuleId rule;
+    char kind;  // as SeenNumbers has it
+    std::string_view number;
+    Place place;
+    std::size_t at;     // where a remark on it comes among the others
+    Severity severity;  // of such a remark
+};
+
+// The rules about a number that another record has, too.
+inline bool IsAboutNumbers(RuleId rule) {
+    return rule == RuleId::ControlNumberRepeated || rule == RuleId::NumberRepeated;
+}
+
+}  // namespace quillory
