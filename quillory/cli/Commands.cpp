@@ -15,6 +15,7 @@ constexpr CommandRow kCommands[] = {
     {"export", "Check records, and write those that may leave", DeclareExport},
     {"show", "Show records as a person reads them", DeclareShow},
     {"check", "Find what stops or mars records before they leave", DeclareCheck},
+    {"report", "Put the results of many checks together", DeclareReport},
     {"find", "Find records by what is in them, and show where", DeclareFind},
     {"pick", "Copy records that match, or some of them, as they are", DeclarePick},
     {"count", "Count records, fields, subfields and values", DeclareCount},

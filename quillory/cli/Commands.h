@@ -44,6 +44,7 @@ void DeclareRecordsList(Arguments& command);
 void DeclareRecordsShow(Arguments& command);
 void DeclareRecordsUndo(Arguments& command);
 void DeclareRepair(Arguments& command);
+void DeclareReport(Arguments& command);
 void DeclareSettings(Arguments& command);
 void DeclareShow(Arguments& command);
 void DeclareSort(Arguments& command);

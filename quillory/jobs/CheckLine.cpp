@@ -1,0 +1,180 @@
+#include <quillory/jobs/CheckLine.h>
+#include <quillory/rules/RuleChoice.h>
+
+#include <nlohmann/json.hpp>
+
+#include <charconv>
+#include <exception>
+#include <limits>
+#include <stdexcept>
+#include <system_error>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+using nlohmann::json;
+
+std::string TextOf(const json& object, const char* name) {
+    const auto found = object.find(name);
+    return found == object.end() || found->is_null() ? "" : found->get<std::string>();
+}
+
+// What is no number, or below 0, is refused.
+std::uint64_t NumberOf(const json& value) {
+    if (!value.is_number_unsigned()) throw std::invalid_argument("no number");
+    return value.get<std::uint64_t>();
+}
+
+Severity SeverityOf(const json& object) {
+    return SeverityNamed(object.at("severity").get<std::string>()).value();
+}
+
+// A place that was written with question marks for bytes of its tag may be none.
+Place PlaceOfFinding(const json& finding) {
+    const json& number = finding.at("occurrence");
+    const std::uint32_t occurrence =
+        number.is_null() ? 0 : static_cast<std::uint32_t>(NumberOf(number));
+    if (auto place = ParsePlace(TextOf(finding, "place"))) {
+        place->occurrence = occurrence;
+        return *place;
+    }
+    const std::string tag = TextOf(finding, "tag");
+    if (tag.empty()) return Place::OfRecord();
+    const std::string code = TextOf(finding, "subfield");
+    const Place field = Place::OfField(tag, occurrence);
+    return code.empty() ? field : field.Subfield(code.front());
+}
+
+void ReadDamage(const json& object, CheckLine& line) {
+    const bool isStray = object.contains("stray");
+    line.item.kind = isStray ? kItemStray : kItemDamaged;
+    line.item.controlNumber = TextOf(object, "control_number");
+    line.reason = object.at(isStray ? "stray" : "damaged").get<std::string>();
+    line.item.fault.emplace();
+    line.item.fault->offset = NumberOf(object.at("fault_offset"));
+}
+
+void ReadWords(const json& object, CheckLine& line) {
+    line.words = {object.at("control_number").get<std::string>(),
+                  object.at("title").get<std::string>(),
+                  object.at("material").get<std::string>(),
+                  TextOf(object, "fault"),
+                  {}};
+    if (!object.contains("fields")) return;
+    for (const json& field : object.at("fields")) {
+        auto text = field.get<std::string>();
+        // The leader comes first.
+        std::string tag = line.words.lines.empty() ? "" : text.substr(0, kTagSize);
+        line.words.lines.push_back({std::move(tag), std::move(text)});
+    }
+}
+
+void ReadSeverities(const json& object, CheckLine& line) {
+    line.severities.clear();
+    for (const auto& [member, rule] : {std::pair("001_severity", RuleId::ControlNumberRepeated),
+                                       std::pair("number_severity", RuleId::NumberRepeated)}) {
+        const std::string severity = TextOf(object, member);
+        if (!severity.empty()) line.severities[rule] = SeverityNamed(severity).value();
+    }
+}
+
+void ReadNumbersOf(const json& object, CheckLine& line) {
+    line.numbers.clear();
+    const auto numbers = object.find("numbers");
+    if (numbers != object.end()) numbers->get_to(line.numbers);
+}
+
+constexpr std::string_view kFileMember = "{\"file\":";
+constexpr std::string_view kRecordMember = ",\"record\":";
+constexpr std::string_view kNumbersMember = ",\"numbers\":[";
+
+}  // namespace
+
+const Rule* CheckLineReader::RuleFor(const std::string& name, const std::string& title,
+                                     const std::string& why) {
+    constexpr std::size_t kMost = std::numeric_limits<std::uint16_t>::max() - kRules;
+    const auto known = byName_.find(name);
+    if (known != byName_.end()) return known->second;
+    if (rules_.size() >= kMost) return nullptr;
+    Rule rule{};
+    if (const Rule* ofTable = RuleNamed(name)) {
+        rule = *ofTable;
+    } else {
+        rule.id = static_cast<RuleId>(kRules + own_++);
+        rule.name = Keep(name);
+        rule.title = Keep(title);
+        rule.why = Keep(why);
+    }
+    rule.words = "{found}";
+    rule.command = {};
+    return byName_[name] = &rules_.emplace_back(rule);
+}
+
+bool CheckLineReader::Read(std::string_view text, CheckLine& line) {
+    try {
+        const json object = json::parse(text);
+        line.file = object.at("file").get<std::string>();
+        line.item.Begin(kItemRecord, NumberOf(object.at("offset")), {});
+        line.item.number = NumberOf(object.at("record"));
+        line.remarks.clear();
+        ReadNumbersOf(object, line);
+        if (object.contains("fault_offset")) {
+            ReadDamage(object, line);
+            return true;
+        }
+        ReadWords(object, line);
+        ReadSeverities(object, line);
+        for (const json& finding : object.at("findings")) {
+            const Rule* rule = RuleFor(finding.at("rule").get<std::string>(),
+                                       TextOf(finding, "title"), TextOf(finding, "why"));
+            if (rule == nullptr) return false;
+            line.remarks.push_back({rule, SeverityOf(finding), PlaceOfFinding(finding),
+                                    finding.at("message").get<std::string>()});
+        }
+        line.numbersAt =
+            object.contains("numbers_at") ? NumberOf(object.at("numbers_at")) : line.remarks.size();
+        line.controlNumber =
+            object.contains("001") ? TextOf(object, "001") : line.words.controlNumber;
+        if (!line.controlNumber.empty()) {
+            line.item.record.fields.push_back({"001", line.controlNumber});
+        }
+        return true;
+    } catch (const std::exception&) {
+        return false;
+    }
+}
+
+// The members before the numbers are not taken apart where they stand as a check writes them.
+bool CheckLineReader::ReadNumbers(std::string_view text, CheckLine& line) {
+    const std::size_t numbers = text.rfind(kNumbersMember);
+    if (!ReadHead(text, line)) return Read(text, line);
+    if (numbers == text.npos) {
+        line.numbers.clear();
+        return text.find("\"numbers\"") == text.npos || Read(text, line);
+    }
+    try {
+        const std::string object = "{" + std::string(text.substr(numbers + 1));
+        ReadNumbersOf(json::parse(object), line);
+        return true;
+    } catch (const std::exception&) {
+        return Read(text, line);
+    }
+}
+
+bool CheckLineReader::ReadHead(std::string_view text, CheckLine& line) {
+    const std::size_t end = text.find(kRecordMember);
+    if (!text.starts_with(kFileMember) || end == text.npos) return false;
+    const std::string_view file = text.substr(kFileMember.size(), end - kFileMember.size());
+    if (file != fileAsJson_) {
+        const json name = json::parse(file, nullptr, false);
+        if (!name.is_string()) return false;
+        file_ = name.get<std::string>();
+        fileAsJson_ = file;
+    }
+    line.file = file_;
+    const char* number = text.data() + end + kRecordMember.size();
+    return std::from_chars(number, text.data() + text.size(), line.item.number).ec == std::errc();
+}
+
+}  // namespace quillory

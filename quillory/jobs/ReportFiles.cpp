@@ -1,0 +1,257 @@
+#include <quillory/exchange/Output.h>
+#include <quillory/jobs/ByteSize.h>
+#include <quillory/jobs/CheckLine.h>
+#include <quillory/jobs/RepeatedNumbers.h>
+#include <quillory/jobs/ReportFiles.h>
+#include <quillory/jobs/ResultFile.h>
+#include <quillory/text/Trimmed.h>
+
+#include <algorithm>
+#include <deque>
+#include <optional>
+#include <utility>
+
+namespace quillory {
+namespace {
+
+// "020 $a: 9780596000271" as a check gives it.
+struct GivenNumber {
+    Place place;
+    std::string_view number;
+};
+
+std::optional<GivenNumber> GivenNumberOf(std::string_view text) {
+    constexpr std::string_view kSign = ": ";
+    const std::size_t sign = text.find(kSign);
+    if (sign == text.npos) return std::nullopt;
+    auto place = ParsePlace(text.substr(0, sign));
+    if (!place || place->Tag().empty()) return std::nullopt;
+    place->occurrence = std::max(place->occurrence, 1U);  // which goes without saying
+    return GivenNumber{*place, text.substr(sign + kSign.size())};
+}
+
+RuleId RuleOn(const Place& place) {
+    return place.Number() == 1 ? RuleId::ControlNumberRepeated : RuleId::NumberRepeated;
+}
+
+// The names of the files that were checked, one after the other.
+class CheckedFiles {
+public:
+    // Another file begins with another name, and with other results. Result: its number.
+    std::uint64_t Note(std::size_t results, const std::string& name) {
+        const bool isSame = next_ > 0 && results == results_ && name == names_[next_ - 1];
+        if (isSame) return next_ - 1;
+        results_ = results;
+        if (next_ == names_.size()) names_.push_back(name);
+        return next_++;
+    }
+    void BeginAgain() { next_ = 0; }
+    const std::string& Name(std::uint64_t file) const { return names_[file]; }
+
+private:
+    std::vector<std::string> names_;
+    std::size_t next_ = 0;
+    std::size_t results_ = 0;  // which the file in hand is from
+};
+
+// Reads all results twice: first for the numbers of records, then for all else.
+class ReportRun {
+public:
+    ReportRun(const ReportFilesOptions& options, CheckReport& report, Reporter& reporter)
+        : failsOn_(options.failsOn),
+          report_(report),
+          reporter_(reporter),
+          numbers_(ParseByteSize("--memory", options.memory)) {
+        for (const std::string& file : options.files) results_.emplace_back(file);
+        if (results_.empty()) results_.emplace_back("-");
+    }
+
+    Status Run() {
+        for (in_ = 0; in_ < results_.size(); ++in_) {
+            results_[in_].ReadFirst([this](std::string_view text, const TextLines& lines) {
+                NoteNumbers(text, lines);
+            });
+        }
+        files_.BeginAgain();
+        in_ = 0;
+        index_ = 0;
+        numbers_.ForEach([this](const RepeatedNumbers::Match& match) {
+            if (!matches_.empty() && matches_.front().index != match.index) TakeMatched();
+            matches_.push_back(match);
+        });
+        if (!matches_.empty()) TakeMatched();
+        while (TakeNext()) {
+        }
+        reporter_.EndFile();
+        report_.Finish(totals_);
+        return status_;
+    }
+
+    // Findings, if there was any so far, or damage.
+    Status Result() const { return status_; }
+
+private:
+    // Blank lines are none.
+    static bool IsBlank(std::string_view text) { return Trimmed(text).empty(); }
+
+    [[noreturn]] static void Refuse(const TextLines& lines) {
+        throw FileError(lines.Place() + " is no result of `quillory check --format jsonl`");
+    }
+
+    // What came through a pipe is known by the name of its results, if there are others.
+    void NameFile() {
+        if (results_.size() > 1 && line_.file == kStandardInput) line_.file = results_[in_].Name();
+        file_ = files_.Note(in_, line_.file);
+    }
+
+    void NoteNumbers(std::string_view text, const TextLines& lines) {
+        if (IsBlank(text)) return;
+        if (!reader_.ReadNumbers(text, line_)) Refuse(lines);
+        NameFile();
+        std::uint64_t which = 0;
+        std::string key;
+        for (const std::string& given : line_.numbers) {
+            const auto number = GivenNumberOf(given);
+            if (!number) Refuse(lines);
+            key.assign(number->place.Tag()).append(number->number);
+            numbers_.Add(key, {index_, file_, line_.item.number}, which++);
+        }
+        ++index_;
+    }
+
+    // All lines up to the one of these matches, and that.
+    void TakeMatched() {
+        while (index_ <= matches_.front().index && TakeNext()) {
+        }
+        matches_.clear();
+    }
+
+    // False after the last line.
+    bool TakeNext() {
+        std::string_view text;
+        while (in_ < results_.size()) {
+            if (lines_ == nullptr) lines_ = &results_[in_].Begin();
+            if (lines_->Next(text)) {
+                if (IsBlank(text)) continue;
+                if (!reader_.Read(text, line_)) Refuse(*lines_);
+                TakeLine();
+                ++index_;
+                return true;
+            }
+            lines_ = nullptr;
+            results_[in_++].End();
+        }
+        return false;
+    }
+
+    void TakeLine() {
+        NameFile();
+        if (line_.file != reporter_.File()) {
+            reporter_.EndFile();
+            reporter_.BeginFile(line_.file);
+        }
+        if (line_.item.kind == kItemRecord) {
+            TakeRecord();
+        } else {
+            TakeDamage();
+        }
+    }
+
+    void TakeDamage() {
+        status_ = kStatusFindings;
+        if (line_.item.kind == kItemDamaged) ++totals_.damaged;
+        reporter_.Say(line_.item, "damage", [this] { return line_.reason; });
+        report_.TakeDamage(line_.item, line_.reason);
+    }
+
+    void TakeRecord() {
+        CompareNumbers();
+        const auto fails = [this](const Remark& remark) { return remark.severity <= failsOn_; };
+        const bool isSound = line_.words.fault.empty();
+        if (!isSound || std::ranges::any_of(line_.remarks, fails)) status_ = kStatusFindings;
+        const CheckedRecord record{line_.item, line_.remarks, given_, &line_.words};
+        totals_.Count(record);
+        report_.TakeRecord(record);
+    }
+
+    // What the check of one file said of its numbers gives way to what all files say.
+    void CompareNumbers() {
+        given_.clear();
+        if (line_.numbers.empty()) return;
+        std::erase_if(line_.remarks,
+                      [](const Remark& remark) { return IsAboutNumbers(remark.rule->id); });
+        GiveNumbers();
+        std::ptrdiff_t added = 0;
+        for (std::size_t which = 0; which < given_.size(); ++which) {
+            const NumberMet& met = given_[which];
+            if (const auto* first = FirstWith(which)) {
+                const auto at = static_cast<std::ptrdiff_t>(met.at) + added++;
+                line_.remarks.insert(line_.remarks.begin() + at, RemarkOn(met, *first));
+            }
+        }
+    }
+
+    void GiveNumbers() {
+        const std::size_t end = line_.remarks.size();
+        for (const std::string& text : line_.numbers) {
+            const auto given = GivenNumberOf(text);
+            if (!given) Refuse(*lines_);
+            const RuleId rule = RuleOn(given->place);
+            const auto severity = line_.severities.find(rule);
+            given_.push_back(
+                {rule, '\0', given->number, given->place,
+                 rule == RuleId::NumberRepeated ? std::min(line_.numbersAt, end) : end,
+                 severity == line_.severities.end() ? RuleOf(rule).severity : severity->second});
+        }
+    }
+
+    const RepeatedNumbers::Where* FirstWith(std::size_t which) const {
+        for (const RepeatedNumbers::Match& match : matches_) {
+            if (match.index == index_ && match.which == which) return &match.first;
+        }
+        return nullptr;
+    }
+
+    Remark RemarkOn(const NumberMet& met, const RepeatedNumbers::Where& first) const {
+        std::string where = std::to_string(first.number);
+        if (first.file != file_) where += " of " + files_.Name(first.file);
+        Remark remark{&RuleOf(met.rule), met.severity, met.place};
+        if (met.rule == RuleId::ControlNumberRepeated) {
+            remark.found = std::move(where);
+        } else {
+            remark.found = met.number;
+            remark.allowed = std::move(where);
+        }
+        return remark;
+    }
+
+    Severity failsOn_;
+    CheckReport& report_;
+    Reporter& reporter_;
+    std::deque<ResultFile> results_;
+    RepeatedNumbers numbers_;
+    CheckedFiles files_;
+    CheckLineReader reader_;
+    CheckLine line_;
+    std::size_t in_ = 0;       // of the results, those in hand
+    std::uint64_t index_ = 0;  // of the line in hand, among all
+    std::uint64_t file_ = 0;   // that it is about
+    TextLines* lines_ = nullptr;
+    std::vector<RepeatedNumbers::Match> matches_;  // of one line
+    std::vector<NumberMet> given_;                 // numbers of the record in hand
+    CheckTotals totals_;
+    Status status_ = kStatusWell;
+};
+
+}  // namespace
+
+Status ReportFiles(const ReportFilesOptions& options, CheckReport& report, Reporter& reporter) {
+    ReportRun run(options, report, reporter);
+    try {
+        return run.Run();
+    } catch (const ClosedPipe&) {
+        return run.Result();
+    }
+}
+
+}  // namespace quillory

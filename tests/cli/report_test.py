@@ -1,0 +1,173 @@
+"""The results of many checks, put together by `quillory report`."""
+import gzip
+import json
+import os
+import subprocess
+import unittest
+
+from support import QUILLORY, RECORD_END, SAMPLES, Cli, records_of, run
+
+# A delimiter without a code: such a record is refused.
+DAMAGED = (b"00060nam a2200037 i 4500001000300000500000600003\x1e"
+           b"x1\x1e  \x1f\x1fa\x1e\x1d")
+# What stays as it is, apart from the file: what a check of all files at once gives.
+SAME = [("--rows", "5000"), ("--rows", "7"), ("--rows", "0"), ("--rule", "number-repeated=error"),
+        ("--skip", "control-number-repeated"), ("--only", "number-repeated,no-040")]
+
+
+class Report(Cli):
+    def setUp(self):
+        super().setUp()
+        records = records_of(self.convert(SAMPLES, "sound.mrc").read_bytes())
+        self.parts = [
+            self.path("a.mrc", b"".join(records[:9]) + DAMAGED),
+            self.path("b.mrc", b"".join(records[4:20]) + b"stray bytes" + RECORD_END),
+            self.path("c.mrc", b"".join(records[18:]) + records[0] + records[0])]
+
+    def check(self, *files, to, options=()):
+        output = self.path(to)
+        status, out, err = run("check", "-q", *files, "-o", output, *options)
+        self.assertLess(status, 2, err)
+        self.assertEqual(out, b"")
+        return status, output
+
+    def results(self, options=()):
+        return [self.check(part, to=f"{part.name}.jsonl", options=options)[1]
+                for part in self.parts]
+
+    def report(self, *arguments, **options):
+        status, out, err = run("report", *arguments, **options)
+        self.assertLess(status, 2, err)
+        return status, out.decode(), err
+
+    def test_page_and_lines_are_those_of_one_check(self):
+        for options in SAME:
+            for kind in ("html", "jsonl"):
+                with self.subTest(options=options, kind=kind):
+                    wanted, whole = self.check(*self.parts, to=f"whole.{kind}", options=options)
+                    together = self.path(f"together.{kind}")
+                    rows = options if options[0] == "--rows" else ()
+                    status, _, _ = self.report(*self.results(options), "-o", together, *rows)
+                    self.assertEqual(status, wanted)
+                    self.assertEqual(together.read_bytes(), whole.read_bytes())
+
+    def test_numbers_that_come_twice(self):
+        status, text, _ = self.report(*self.results(), "--format", "jsonl")
+        self.assertEqual(status, 1)
+        found = [(row["file"].rsplit("/", 1)[1], row["record"], finding["message"])
+                 for row in map(json.loads, text.splitlines())
+                 for finding in row.get("findings", ())
+                 if finding["rule"] == "control-number-repeated"]
+        a, b = self.parts[:2]
+        self.assertEqual(found[0], ("b.mrc", 1, f"record 5 of {a} has the same control number"))
+        self.assertIn(("c.mrc", 1, f"record 15 of {b} has the same control number"), found)
+        self.assertEqual(found[-1], ("c.mrc", 8, f"record 1 of {a} has the same control number"))
+        self.assertEqual(len(found), 5 + 2 + 2)
+
+    def test_sums(self):
+        wanted, whole, _ = run("check", *self.parts)
+        whole = whole.decode()
+        status, text, err = self.report(*self.results())
+        self.assertEqual(status, wanted)
+        summary = whole.split("\n\n", 1)[1].split("The first few", 1)[0]
+        self.assertEqual(text[:len(summary)], summary)
+        self.assertIn("by material", text)
+        self.assertIn("by field", text)
+        self.assertRegex(text, rf"\n +9 +\d+ +\d+ +1  {self.parts[0]}\n")
+        self.assertIn("record 10 at byte", err)
+
+        sums = json.loads(self.report(*self.results(), "--format", "json")[1])
+        self.assertEqual(sums["records"], 9 + 16 + 6 + 2)
+        self.assertEqual(sums["damaged"], 2)
+        self.assertEqual(sums["records"], sum(sums[name] for name in ("ok", "warnings", "errors")))
+        self.assertEqual([file["records"] for file in sums["files"]], [9, 16, 8])
+        for part in ("materials", "files"):
+            self.assertEqual(sum(row["records"] for row in sums[part]), sums["records"], part)
+        findings = sum(row["findings"] for row in sums["rules"])
+        of_fields = sum(row[name] for row in sums["fields"] for name in ("error", "warning", "note"))
+        self.assertEqual(findings, of_fields)
+        name = self.path("sums.json")
+        self.report(*self.results(), "-o", name)
+        self.assertEqual(json.loads(name.read_text()), sums)
+
+    def test_every_way_in(self):
+        results = self.results()
+        wanted = self.report(*results, "--format", "jsonl")
+        packed = [self.path(f"{file.name}.gz", gzip.compress(file.read_bytes()))
+                  for file in results]
+        self.assertEqual(self.report(*packed, "--format", "jsonl"), wanted)
+        whole = b"".join(file.read_bytes() for file in results)
+        for stdin in (whole, gzip.compress(whole), whole.rstrip(b"\n")):
+            self.assertEqual(self.report("-", "--format", "jsonl", stdin=stdin), wanted)
+        pipe = self.path("pipe")
+        os.mkfifo(pipe)
+        with subprocess.Popen(["cp", results[1], pipe]) as feeder:
+            self.assertEqual(self.report(results[0], pipe, results[2], "--format", "jsonl"), wanted)
+            self.assertEqual(feeder.wait(), 0)
+        self.assertEqual(self.report(*results, "--format", "jsonl", "--memory", "1K"), wanted)
+
+    def test_checks_of_standard_input(self):
+        results = []
+        for part in self.parts:
+            done = run("check", "-q", "--format", "jsonl", "-", stdin=part.read_bytes())
+            results.append(self.path(f"{part.stem}.jsonl", done[1]))
+        _, text, _ = self.report(*results, "--format", "jsonl")
+        self.assertEqual({json.loads(line)["file"] for line in text.splitlines()},
+                         set(map(str, results)))
+
+    def test_status(self):
+        _, notes = self.check(self.parts[1], to="notes.jsonl",
+                              options=("--only", "number-repeated", "--where", "has 245"))
+        self.assertEqual(self.report(notes)[0], 1)  # damage
+        lines = [line for line in notes.read_bytes().splitlines(True) if b'"damaged"' not in line]
+        notes.write_bytes(b"".join(lines * 2))
+        self.assertEqual(self.report(notes)[0], 0)
+        self.assertEqual(self.report(notes, "--fail-on", "note")[0], 1)
+        self.assertEqual(self.report(stdin=b"")[0], 0)
+
+    def test_what_is_no_result(self):
+        result = self.results()[2]
+        good = result.read_bytes().splitlines(True)[-1]
+        self.assertIn(b'"severity":', good)
+        for bad in (b"245 $a Title", b"{}", b"[]", b"null", good[:-9], good + good[:40],
+                    b'{"file":"a","record":1}', good.replace(b'"severity":"', b'"severity":"un'),
+                    good.replace(b'"numbers":["', b'"numbers":["020 '),
+                    good.replace(b'"findings":[', b'"findings":[3,'), b"\xff\xfe",
+                    good.replace(b'"offset":', b'"offset":-5,"x":'), b"[" * 100000):
+            with self.subTest(bad=bad[:60]):
+                file = self.path("bad.jsonl", good + b"\n" + bad + b"\n")
+                page = self.path("page.html")
+                page.unlink(missing_ok=True)
+                status, _, err = run("report", file, "-o", page)
+                self.assertEqual(status, 2)
+                line = 4 if bad.startswith(good) else 3
+                self.assertIn(f"{file}: line {line} is no result of `quillory check", err)
+                self.assertFalse(page.exists())
+        status, _, err = run("report", result, "-o", result)
+        self.assertEqual(status, 2, err)
+        self.assertEqual(run("report", self.path("none.jsonl"))[0], 2)
+
+    def test_a_rule_of_a_library(self):
+        rules = self.path("rules.toml", b'[[rule]]\nid = "local"\nwhere = "has 245"\n'
+                                        b'message = "a title"\nwhy = "We count titles."\n')
+        options = ("--config", rules)
+        wanted, whole = self.check(*self.parts, to="whole.html", options=options)
+        together = self.path("together.html")
+        self.assertEqual(self.report(*self.results(options), "-o", together)[0], wanted)
+        self.assertIn("We count titles.", together.read_text())
+        self.assertEqual(together.read_bytes(), whole.read_bytes())
+
+    def test_memory_is_flat(self):
+        """Results of 10,000 records in 200 MB of address space."""
+        line = self.results()[0].read_bytes().splitlines(True)[0]
+        many = b"".join(line.replace(b'"001: ', b'"001: %d-' % number) for number in range(10000))
+        large = self.path("large.jsonl.gz", gzip.compress(many, 1))
+        done = subprocess.run(["bash", "-c", 'ulimit -v 200000; exec "$@"', "-", QUILLORY, "report",
+                               large, "--memory", "1M", "--format", "json"], check=False,
+                              capture_output=True, timeout=120)
+        self.assertLess(done.returncode, 2, done.stderr)
+        self.assertEqual(json.loads(done.stdout)["records"], 10000)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=["report_test.py"])
