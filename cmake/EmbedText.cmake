@@ -23,5 +23,6 @@ string(FIND "${text}" ")text\"" end)
 if(NOT end EQUAL -1)
     message(FATAL_ERROR "${input}: )text\" ends the constant that the file becomes")
 endif()
+# The standard demands 65,536 bytes of a literal; the compilers take more, and warn.
 file(WRITE ${source}
-    "#include <${header}>\n\nconstinit const std::string_view ${constant} = R\"text(${text})text\";\n")
+    "#include <${header}>\n\n#pragma GCC diagnostic ignored \"-Woverlength-strings\"\n\nconstinit const std::string_view ${constant} = R\"text(${text})text\";\n")

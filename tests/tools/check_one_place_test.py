@@ -11,6 +11,7 @@ PLACES = {"quillory/arguments/Arguments.cpp": "#include <CLI/CLI.hpp>\nCLI::App 
           "quillory/exchange/Output.cpp": "int out = dup(STDOUT_FILENO);\n",
           "quillory/exchange/MarcJsonReader.cpp": "#include <nlohmann/json.hpp>\n",
           "quillory/holdings/HoldingsJson.cpp": "nlohmann::json value;\n",
+          "quillory/jobs/CheckLine.cpp": "#include <nlohmann/json.hpp>\n",
           "quillory/pages/PangoPages.cpp": "#include <pango/pangocairo.h>\ncairo_t* pen;\n",
           "quillory/queries/RegularExpression.cpp": "#include <re2/re2.h>\nRE2 pattern;\n"}
 

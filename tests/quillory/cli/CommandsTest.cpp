@@ -78,8 +78,9 @@ TEST(Commands, OptionsHaveOneSpelling) {
         EXPECT_EQ(names.size(), 1U) << shortName << testing::PrintToString(names);
     }
     EXPECT_EQ(formats, (std::set<std::string>{"text|json", "text|jsonl", "text|jsonl|html",
-                                              "text|jsonl|html|sarif", "text|tsv|json|html",
-                                              "tsv|csv|jsonl", "tsv|json", "text|pdf"}));
+                                              "text|jsonl|html|sarif", "text|json|jsonl|html",
+                                              "text|tsv|json|html", "tsv|csv|jsonl", "tsv|json",
+                                              "text|pdf"}));
 }
 
 }  // namespace
