@@ -84,7 +84,8 @@ class Report(Cli):
         for part in ("materials", "files"):
             self.assertEqual(sum(row["records"] for row in sums[part]), sums["records"], part)
         findings = sum(row["findings"] for row in sums["rules"])
-        of_fields = sum(row[name] for row in sums["fields"] for name in ("error", "warning", "note"))
+        severities = ("error", "warning", "note")
+        of_fields = sum(row[name] for row in sums["fields"] for name in severities)
         self.assertEqual(findings, of_fields)
         name = self.path("sums.json")
         self.report(*self.results(), "-o", name)
