@@ -3,12 +3,13 @@
 puts the results together in order.
 
 usage: cluster.py convert FILE OUTPUT [OPTION of quillory convert...]
-       cluster.py check FILE OUTPUT.jsonl [OPTION of quillory check...]
+       cluster.py check FILE OUTPUT [OPTION of quillory check...]
 
 SCHEDULER=tcp://HOST:8786 names the scheduler of a cluster, whose machines see FILE and the folder
 of OUTPUT under the same names. Without it, two workers are started on this machine. BLOCK=64M makes
-larger parts than 32M. What was not written is kept in OUTPUT.rejects. The status is the worst of
-all parts.
+larger parts than 32M; each is the work of one thread. What convert did not write is kept in
+OUTPUT.rejects. Results of a check become lines of JSON, a page or sums, as the ending of OUTPUT
+(.jsonl, .html, .json, .txt) says. The status is the worst of all parts.
 """
 import os
 import pathlib
@@ -20,9 +21,11 @@ import tempfile
 
 from together import put_together
 
-CAN_BE_PUT_TOGETHER = {"convert": {".mrc", ".mrk", ".jsonl"}, "check": {".jsonl"}}
-# What two records share can't be looked for in parts.
-ALONE = ["--skip", "control-number-repeated", "--skip", "number-repeated", "--format", "jsonl"]
+CAN_BE_PUT_TOGETHER = {"convert": {".mrc", ".mrk", ".jsonl"},
+                       "check": {".jsonl", ".html", ".json", ".txt"}}
+# Options of a check that a report on several checks has, too.
+OF_REPORT = {"--rows", "--fail-on"}
+QUILLORY = os.environ.get("QUILLORY", "quillory")
 RECORD_END = b"\x1d"
 
 
@@ -81,8 +84,9 @@ def run_on_cluster(client, work, file, options, result_of):
     tasks, results = [], []
     for number, (begin, end) in enumerate(parts_of(file), 1):
         result = result_of(number)
-        also = ["--rejects", result.with_suffix(".rejects")] if work == "convert" else ALONE
-        command = [os.environ.get("QUILLORY", "quillory"), work, "--quiet", *options, *also]
+        also = (["--rejects", result.with_suffix(".rejects")] if work == "convert"
+                else ["--format", "jsonl"])
+        command = [QUILLORY, work, "--quiet", "--jobs", "1", *options, *also]
         tasks.append(client.submit(run_part, command, file.absolute(), begin, end, result,
                                    pure=False))
         results.append(result)
@@ -104,18 +108,33 @@ def append_all(whole, parts):
                     shutil.copyfileobj(data, output)
 
 
-def put_whole(work, file, results, output):
-    """All results in order, in files that get their names at the end."""
+def put_whole(results, output):
+    """All records in order, in files that get their names at the end."""
     whole, rejects = (results[0].with_name(name) for name in ("whole", "rejects"))
-    if work == "check":
-        with whole.open("w", encoding="utf-8") as lines:
-            put_together(str(file), results, lines)
-    else:
-        append_all(whole, results)
-        append_all(rejects, [result.with_suffix(".rejects") for result in results])
-        if rejects.stat().st_size:
-            rejects.replace(f"{output}.rejects")
+    append_all(whole, results)
+    append_all(rejects, [result.with_suffix(".rejects") for result in results])
+    if rejects.stat().st_size:
+        rejects.replace(f"{output}.rejects")
     whole.replace(output)
+
+
+def report_whole(file, results, output, options):
+    """One report on all parts. Returns its status."""
+    whole = results[0].with_name("whole.jsonl")
+    with whole.open("w", encoding="utf-8") as lines:
+        put_together(str(file), results, lines)
+    known = []
+    for option, value in zip(options, [*options[1:], ""]):
+        if option in OF_REPORT:
+            known += [option, value]
+        elif option.partition("=")[0] in OF_REPORT:
+            known.append(option)
+    # What the parts have said of damage is not said again.
+    done = subprocess.run([QUILLORY, "report", *known, whole, "-o", output], capture_output=True,
+                          check=False)
+    if done.returncode > 1:
+        die(done.stderr.decode(errors="replace"))
+    return done.returncode
 
 
 def main(work, file, output, options):
@@ -127,14 +146,17 @@ def main(work, file, output, options):
         die(f"{output}: parts of {output.suffix} can't be put together")
     if file.stat().st_size == 0:
         die(f"{file}: the file is empty")
+    suffix = ".jsonl" if work == "check" else output.suffix
     cluster = os.environ.get("SCHEDULER") or LocalCluster(
         n_workers=2, threads_per_worker=1, dashboard_address=None)
     with Client(cluster) as client, \
             tempfile.TemporaryDirectory(dir=output.absolute().parent, prefix="parts.") as folder:
         results, worst = run_on_cluster(
             client, work, file, options,
-            lambda number: pathlib.Path(folder, f"{number}{output.suffix}"))
-        put_whole(work, file, results, output)
+            lambda number: pathlib.Path(folder, f"{number}{suffix}"))
+        if work == "check":
+            return report_whole(file, results, output, options)
+        put_whole(results, output)
     return worst
 
 

@@ -4,7 +4,8 @@
 # usage: convert.sh FILE OUTPUT [OPTION of quillory convert...]
 #
 # OUTPUT is of a form that can be put together: .mrc, .mrk or .jsonl. What was not written is kept in
-# OUTPUT.rejects. BLOCK=64M makes larger parts than 32M. The status is the worst of all parts.
+# OUTPUT.rejects. BLOCK=64M makes larger parts than 32M; each is the work of one thread. The status is the worst
+# of all parts.
 set -euo pipefail
 
 # shellcheck source=/dev/null
@@ -14,7 +15,7 @@ source "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/parts.sh"
 # shellcheck disable=SC2154,SC2317 # parts.sh sets the folder, and calls this
 convert_part() {
     local status=0
-    "${QUILLORY:-quillory}" convert --quiet "${@:3}" --rejects "$parts/$1.rejects" \
+    "${QUILLORY:-quillory}" convert --quiet --jobs 1 "${@:3}" --rejects "$parts/$1.rejects" \
         -o "$parts/$1$2" || status=$?
     echo "$status" > "$parts/$1.status"
     ((status < 2))

@@ -1,4 +1,5 @@
 """The recipes for one large file give what a run on the whole file gives."""
+import json
 import pathlib
 import shutil
 import subprocess
@@ -11,7 +12,6 @@ RECIPES = pathlib.Path(sys.argv[3]) / "scale-out"
 # A delimiter without a code: such a record is refused.
 DAMAGED = (b"00060nam a2200037 i 4500001000300000500000600003\x1e"
            b"x1\x1e  \x1f\x1fa\x1e\x1d")
-ACROSS_RECORDS = ["--skip", "control-number-repeated", "--skip", "number-repeated"]
 
 
 def python_of_dask():
@@ -57,12 +57,17 @@ class Recipes:
         self.assertEqual([path for path in self.folder.iterdir() if "parts" in path.name], [])
 
     def test_check(self):
-        whole, together = self.path("whole.jsonl"), self.path("together.jsonl")
-        status, _, _ = run("check", self.large, "-q", "-o", whole, *ACROSS_RECORDS)
-        done, err = self.recipe("check", self.large, together)
-        self.assertEqual((done, status), (1, 1), err)
-        self.assertEqual(together.read_bytes(), whole.read_bytes())
-        self.assertGreater(whole.read_bytes().count(b"fault_offset"), 4)
+        for form, options in (("html", ["--rows", "9"]),
+                              ("jsonl", ["--rows=0", "--fail-on", "error"])):
+            with self.subTest(form=form, options=options):
+                whole, together = self.path(f"whole.{form}"), self.path(f"together.{form}")
+                status, _, _ = run("check", self.large, "-q", "-o", whole, *options)
+                done, err = self.recipe("check", self.large, together, *options)
+                self.assertEqual((done, status), (1, 1), err)
+                self.assertEqual(together.read_bytes(), whole.read_bytes())
+                self.assertIn(b"control-number-repeated", whole.read_bytes())
+                self.assertIn("part 2:", err)
+        self.assertGreater(self.path("whole.jsonl").read_bytes().count(b"fault_offset"), 4)
 
     def test_what_cannot_be_done(self):
         status, err = self.recipe("convert", self.large, self.path("x.xml"))
@@ -78,6 +83,17 @@ class Recipes:
 class OnAllProcessors(Recipes, Cli):
     def command(self, work):
         return [RECIPES / f"{work}.sh"]
+
+    def test_sums_and_page_of_a_check(self):
+        sums = self.path("sums.json")
+        self.assertEqual(self.recipe("check", self.large, sums)[0], 1)
+        self.assertEqual(json.loads(sums.read_text())["damaged"], 5)
+        sound = self.path("sound.mrc")
+        page = self.path("page.html")
+        self.assertEqual(self.recipe("check", sound, page)[0], 0)
+        self.large.write_bytes(sound.read_bytes() * 3)
+        self.assertEqual(self.recipe("check", self.large, page)[0], 1)
+        self.assertEqual(self.recipe("check", self.large, page, "--fail-on", "error")[0], 0)
 
 
 @unittest.skipUnless(python_of_dask(), "Dask's scheduler (python3-distributed) is not installed")
