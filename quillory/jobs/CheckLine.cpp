@@ -3,6 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <charconv>
 #include <exception>
 #include <limits>
@@ -59,8 +60,11 @@ void ReadWords(const json& object, CheckLine& line) {
     line.words = {object.at("control_number").get<std::string>(),
                   object.at("title").get<std::string>(),
                   object.at("material").get<std::string>(),
-                  TextOf(object, "fault"),
+                  {},
                   {}};
+}
+
+void ReadLines(const json& object, CheckLine& line) {
     if (!object.contains("fields")) return;
     for (const json& field : object.at("fields")) {
         auto text = field.get<std::string>();
@@ -111,38 +115,95 @@ const Rule* CheckLineReader::RuleFor(const std::string& name, const std::string&
     return byName_[name] = &rules_.emplace_back(rule);
 }
 
+namespace {
+
+// What the members before the findings say, and those after them.
+void TakeHead(const json& object, CheckLine& line) {
+    line.file = object.at("file").get<std::string>();
+    line.item.Begin(kItemRecord, NumberOf(object.at("offset")), {});
+    line.item.number = NumberOf(object.at("record"));
+    line.remarks.clear();
+    if (object.contains("fault_offset")) {
+        ReadDamage(object, line);
+    } else {
+        ReadWords(object, line);
+    }
+}
+
+void TakeTail(const json& object, CheckLine& line) {
+    line.words.fault = TextOf(object, "fault");
+    ReadLines(object, line);
+    ReadNumbersOf(object, line);
+    ReadSeverities(object, line);
+    line.numbersAt =
+        object.contains("numbers_at") ? NumberOf(object.at("numbers_at")) : line.remarks.size();
+    line.controlNumber = object.contains("001") ? TextOf(object, "001") : line.words.controlNumber;
+    if (!line.controlNumber.empty()) line.item.record.fields.push_back({"001", line.controlNumber});
+}
+
+}  // namespace
+
+Remark CheckLineReader::RemarkOf(const std::string& finding) {
+    const json object = json::parse(finding);
+    const Rule* rule = RuleFor(object.at("rule").get<std::string>(), TextOf(object, "title"),
+                               TextOf(object, "why"));
+    if (rule == nullptr) throw std::length_error("too many rules");
+    return {rule, SeverityOf(object), PlaceOfFinding(object),
+            object.at("message").get<std::string>()};
+}
+
+// The same findings come in record after record.
+const Remark& CheckLineReader::KnownRemark(std::string_view finding) {
+    constexpr std::size_t kMost = 20000;
+    const auto known = known_.find(finding);
+    if (known != known_.end()) return known->second;
+    if (known_.size() >= kMost) known_.clear();
+    std::string text(finding);
+    Remark remark = RemarkOf(text);
+    return known_.emplace(std::move(text), std::move(remark)).first->second;
+}
+
 bool CheckLineReader::Read(std::string_view text, CheckLine& line) {
     try {
+        if (ReadInParts(text, line)) return true;
+    } catch (const std::exception&) {
+        line.remarks.clear();  // the whole says what is wrong
+    }
+    try {
         const json object = json::parse(text);
-        line.file = object.at("file").get<std::string>();
-        line.item.Begin(kItemRecord, NumberOf(object.at("offset")), {});
-        line.item.number = NumberOf(object.at("record"));
-        line.remarks.clear();
+        TakeHead(object, line);
         ReadNumbersOf(object, line);
-        if (object.contains("fault_offset")) {
-            ReadDamage(object, line);
-            return true;
-        }
-        ReadWords(object, line);
-        ReadSeverities(object, line);
+        if (line.item.kind != kItemRecord) return true;
         for (const json& finding : object.at("findings")) {
-            const Rule* rule = RuleFor(finding.at("rule").get<std::string>(),
-                                       TextOf(finding, "title"), TextOf(finding, "why"));
-            if (rule == nullptr) return false;
-            line.remarks.push_back({rule, SeverityOf(finding), PlaceOfFinding(finding),
-                                    finding.at("message").get<std::string>()});
+            line.remarks.push_back(RemarkOf(finding.dump()));
         }
-        line.numbersAt =
-            object.contains("numbers_at") ? NumberOf(object.at("numbers_at")) : line.remarks.size();
-        line.controlNumber =
-            object.contains("001") ? TextOf(object, "001") : line.words.controlNumber;
-        if (!line.controlNumber.empty()) {
-            line.item.record.fields.push_back({"001", line.controlNumber});
-        }
+        TakeTail(object, line);
         return true;
     } catch (const std::exception&) {
         return false;
     }
+}
+
+// A line as a check writes it, with the findings before all that may be missing. In a text of JSON,
+// a backslash stands before each quotation mark, so that no text has any of these signs.
+bool CheckLineReader::ReadInParts(std::string_view text, CheckLine& line) {
+    constexpr std::string_view kFindings = ",\"findings\":[";
+    constexpr std::string_view kNextFinding = ",{\"rule\":\"";
+    constexpr std::string_view kNextMember = "],\"";
+    const std::size_t head = text.find(kFindings);
+    if (head == text.npos || !text.ends_with("]}")) return false;
+    const std::size_t begin = head + kFindings.size();
+    const std::size_t end = std::min(text.find(kNextMember, begin - 1), text.size() - 2);
+    TakeHead(json::parse(std::string(text.substr(0, head)) + "}"), line);
+    std::string_view findings = text.substr(begin, std::max(begin, end) - begin);
+    while (!findings.empty()) {
+        const std::string_view finding = findings.substr(0, findings.find(kNextFinding));
+        line.remarks.push_back(KnownRemark(finding));
+        findings.remove_prefix(std::min(finding.size() + 1, findings.size()));
+    }
+    const std::string_view tail = text.substr(std::min(end + 2, text.size() - 1));
+    TakeTail(json::parse("{" + std::string(tail)), line);
+    return true;
 }
 
 // The members before the numbers are not taken apart where they stand as a check writes them.

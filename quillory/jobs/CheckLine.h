@@ -5,10 +5,12 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace quillory {
@@ -36,7 +38,15 @@ public:
     bool ReadNumbers(std::string_view text, CheckLine& line);
 
 private:
+    // Texts by which what was read before is found again.
+    struct TextHash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+
+    bool ReadInParts(std::string_view text, CheckLine& line);
     bool ReadHead(std::string_view text, CheckLine& line);
+    Remark RemarkOf(const std::string& finding);
+    const Remark& KnownRemark(std::string_view finding);
     // The rule of that name as it is in the table, or else one of these texts, whose words are what
     // was found. Null if there are too many.
     const Rule* RuleFor(const std::string& name, const std::string& title, const std::string& why);
@@ -46,6 +56,7 @@ private:
     std::deque<std::string> texts_;
     std::size_t own_ = 0;  // rules that the table lacks
     std::map<std::string, const Rule*, std::less<>> byName_;
+    std::unordered_map<std::string, Remark, TextHash, std::equal_to<>> known_;
     std::string file_;        // the last one
     std::string fileAsJson_;  // as it stood in the line
 };
