@@ -44,8 +44,8 @@ namespace {
 // "020 $a: 9780596000271". What is long, or has bytes that JSON may not hold, is told from others
 // by a hash.
 std::string NumberText(const NumberMet& met) {
-    constexpr std::size_t kLongest = 40;
-    constexpr std::size_t kLongestBeforeHash = 23;
+    constexpr std::size_t kLongest = 64;
+    constexpr std::size_t kLongestBeforeHash = 47;
     const std::string place = PlaceText(met.place) + ": ";
     const auto isPlain = [](char c) { return c >= ' ' && c < 0x7F; };
     if (met.number.size() <= kLongest && std::ranges::all_of(met.number, isPlain)) {

@@ -64,6 +64,24 @@ class Report(Cli):
         self.assertEqual(found[-1], ("c.mrc", 8, f"record 1 of {a} has the same control number"))
         self.assertEqual(len(found), 5 + 2 + 2)
 
+    def test_numbers_that_are_long_or_odd(self):
+        """They are told apart by all of their bytes."""
+        long, odd = b"x" * 70, "\u00e9".encode()
+        numbers = [b"y" * 64, long + b"1", long + b"2", odd, odd[:1] + b"\xaa", b"a: b", b"#1", long + b"1",
+                   odd, b"y" * 64]
+        marc = self.path("odd.mrk", b"".join(
+            b"=LDR  00000nam a2200000 a 4500\n=001  %d\n=035  \\\\$a%s\n\n" % number
+            for number in enumerate(numbers)))
+        marc = self.convert(marc, "odd.mrc", "--lenient")
+        records = records_of(marc.read_bytes())
+        self.assertEqual(len(records), len(numbers))
+        results = [self.check(self.path(f"{at}.mrc", record), to=f"{at}.jsonl")[1]
+                   for at, record in enumerate(records)]
+        _, text, _ = self.report(*results, "--format", "jsonl")
+        repeated = [at for at, line in enumerate(text.splitlines())
+                    if '"number-repeated"' in line]
+        self.assertEqual(repeated, [7, 8, 9])
+
     def test_sums(self):
         wanted, whole, _ = run("check", *self.parts)
         whole = whole.decode()
