@@ -166,12 +166,23 @@ private:
 
     void TakeRecord() {
         CompareNumbers();
+        PassOverUnimarc();
         const auto fails = [this](const Remark& remark) { return remark.severity <= failsOn_; };
         const bool isSound = line_.words.fault.empty();
         if (!isSound || std::ranges::any_of(line_.remarks, fails)) status_ = kStatusFindings;
         const CheckedRecord record{line_.item, line_.remarks, given_, &line_.words};
         totals_.Count(record);
         report_.TakeRecord(record);
+    }
+
+    // One record in UNIMARC is enough to say so of a file, of which there may be several parts.
+    void PassOverUnimarc() {
+        const auto isOnUnimarc = [](const Remark& remark) {
+            return remark.rule->id == RuleId::Unimarc;
+        };
+        if (std::ranges::none_of(line_.remarks, isOnUnimarc)) return;
+        if (unimarcFile_ == file_) line_.remarks.clear();
+        unimarcFile_ = file_;
     }
 
     // What the check of one file said of its numbers gives way to what all files say.
@@ -240,6 +251,7 @@ private:
     std::vector<RepeatedNumbers::Match> matches_;  // of one line
     std::vector<NumberMet> given_;                 // numbers of the record in hand
     CheckTotals totals_;
+    std::optional<std::uint64_t> unimarcFile_;  // in which that was said
     Status status_ = kStatusWell;
 };
 

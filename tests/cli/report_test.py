@@ -67,8 +67,8 @@ class Report(Cli):
     def test_numbers_that_are_long_or_odd(self):
         """They are told apart by all of their bytes."""
         long, odd = b"x" * 70, "\u00e9".encode()
-        numbers = [b"y" * 64, long + b"1", long + b"2", odd, odd[:1] + b"\xaa", b"a: b", b"#1", long + b"1",
-                   odd, b"y" * 64]
+        numbers = [b"y" * 64, long + b"1", long + b"2", odd, odd[:1] + b"\xaa", b"a: b", b"#1",
+                   long + b"1", odd, b"y" * 64]
         marc = self.path("odd.mrk", b"".join(
             b"=LDR  00000nam a2200000 a 4500\n=001  %d\n=035  \\\\$a%s\n\n" % number
             for number in enumerate(numbers)))
@@ -81,6 +81,19 @@ class Report(Cli):
         repeated = [at for at, line in enumerate(text.splitlines())
                     if '"number-repeated"' in line]
         self.assertEqual(repeated, [7, 8, 9])
+
+    def test_a_file_of_unimarc_in_parts(self):
+        record = (b"=LDR  00000nam a2200000 a 4500\n=001  %d\n"
+                  b"=100  \\\\$a20010115d1998\\\\\\\\m\\y0frey50\\\\\\\\\\ba\n=200  1\\$aTitre\n"
+                  b"=801  \\0$aFR\n\n")
+        results = []
+        for at in range(2):
+            marc = self.convert(self.path("part.mrk", record % at + record % (at + 2)), "part.mrc")
+            results.append(self.check(marc, to=f"{at}.jsonl")[1])
+        whole = self.path("whole.jsonl", b"".join(file.read_bytes() for file in results))
+        _, text, _ = self.report(whole, "--format", "jsonl")
+        self.assertEqual([len(json.loads(line)["findings"]) for line in text.splitlines()],
+                         [1, 0, 0, 0])
 
     def test_sums(self):
         wanted, whole, _ = run("check", *self.parts)
@@ -102,8 +115,8 @@ class Report(Cli):
         for part in ("materials", "files"):
             self.assertEqual(sum(row["records"] for row in sums[part]), sums["records"], part)
         findings = sum(row["findings"] for row in sums["rules"])
-        severities = ("error", "warning", "note")
-        of_fields = sum(row[name] for row in sums["fields"] for name in severities)
+        of_fields = sum(row[severity] for row in sums["fields"]
+                        for severity in ("error", "warning", "note"))
         self.assertEqual(findings, of_fields)
         name = self.path("sums.json")
         self.report(*self.results(), "-o", name)
