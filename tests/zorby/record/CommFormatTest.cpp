@@ -124,6 +124,25 @@ TEST(CommFormat, FindsFaultsAnywhereInAField) {
     }
 }
 
+// More field ends than a byte can count, all as far from one another.
+TEST(CommFormat, ReadsManyFields) {
+    CommFormatWriter writer;
+    writer.SetLeader("00000nam a2200000 a 4500");
+    const std::string content = "  \037aof 16 bytes";
+    for (int i = 0; i < 600; ++i) writer.AddField("500", content.substr(0, 15));
+    std::string bytes;
+    writer.Finish(bytes);
+    CommFormatFields fields;
+    ASSERT_FALSE(ReadCommFormat(bytes, fields));
+    EXPECT_EQ(fields.fields.size(), 600U);
+    for (const std::size_t place : {std::size_t{1}, std::size_t{5}, std::size_t{14}}) {
+        const std::size_t at = bytes.size() - 1 - std::size_t{16} * 300 + place;
+        std::string damaged = bytes;
+        damaged[at] = kFieldEnd;
+        EXPECT_EQ(ReadCommFormat(damaged, fields).offset, at) << "byte " << place << " of a field";
+    }
+}
+
 TEST(CommFormat, RescuesWhatIsCertain) {
     for (const DamageCase& c : kDamages) {
         std::string bytes = SoundRecord();

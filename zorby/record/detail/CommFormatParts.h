@@ -11,12 +11,14 @@ namespace zorby {
 // all there.
 inline int DecimalField(std::string_view bytes, std::size_t at, std::size_t size) {
     if (at + size > bytes.size()) return -1;
-    int number = 0;
+    unsigned number = 0;
+    unsigned misfits = 0;  // bits that no digit has
     for (const char c : bytes.substr(at, size)) {
-        if (c < '0' || c > '9') return -1;
-        number = number * 10 + (c - '0');
+        const unsigned digit = static_cast<unsigned char>(c) - unsigned{'0'};
+        misfits |= (digit | (digit + 6)) & ~15U;
+        number = number * 10 + digit;
     }
-    return number;
+    return misfits == 0 ? static_cast<int>(number) : -1;
 }
 
 inline bool IsTag(std::string_view tag) {
@@ -29,26 +31,45 @@ inline CommFormatFault Fault(CommFormatReason reason, std::size_t offset,
     return {reason, offset, std::string(tag)};
 }
 
-// Whether neither a field end nor a delimiter without a code is in a field's content, told at a
-// glance; false where it takes a closer look. Blocks are compared whole, the last one a second time
-// in part, since compilers compare many bytes at once.
-inline bool IsPlainlySound(std::string_view content) {
-    constexpr std::size_t kBlock = 16;
-    if (content.size() <= kBlock) return false;
-    const std::size_t last = content.size() - kBlock - 1;
+// What stands in the fields of a record.
+struct FieldMarks {
+    std::size_t fieldEnds = 0;
+    bool lacksCode = false;  // a delimiter has no subfield code after it
+};
+
+// Adds what is in so many blocks, at most 255, after which one more byte follows. Compilers compare
+// the bytes of a block at once.
+template <std::size_t kBlock>
+inline void AddMarks(const char* bytes, std::size_t blocks, FieldMarks& marks) {
+    std::array<unsigned char, kBlock> ends{};
     std::array<unsigned char, kBlock> faults{};
-    for (std::size_t at = 0;; at = std::min(at + kBlock, last)) {
-        const char* const block = content.data() + at;
+    for (const char* const stop = bytes + blocks * kBlock; bytes != stop; bytes += kBlock) {
         for (std::size_t i = 0; i < kBlock; ++i) {
-            const bool isEnd = block[i] == kFieldEnd;
-            const bool isDelimiter = block[i] == kDelimiter;
-            const bool isNextDelimiter = block[i + 1] == kDelimiter;
-            faults[i] |= static_cast<unsigned char>(isEnd | (isDelimiter & isNextDelimiter));
+            const bool isEnd = bytes[i] == kFieldEnd;
+            const bool isDelimiter = bytes[i] == kDelimiter;
+            const bool isNoCode = (bytes[i + 1] == kDelimiter) | (bytes[i + 1] == kFieldEnd);
+            ends[i] = static_cast<unsigned char>(ends[i] + isEnd);
+            faults[i] |= static_cast<unsigned char>(isDelimiter & isNoCode);
         }
-        if (at == last) break;
     }
-    return faults == std::array<unsigned char, kBlock>{} && content.back() != kFieldEnd &&
-           content.back() != kDelimiter;
+    for (std::size_t i = 0; i < kBlock; ++i) {
+        marks.fieldEnds += ends[i];
+        marks.lacksCode = marks.lacksCode || faults[i] != 0;
+    }
+}
+
+// A byte follows the fields.
+inline FieldMarks MarksIn(std::string_view fields) {
+    constexpr std::size_t kBlock = 16;
+    constexpr std::size_t kMostBlocks = 255;
+    FieldMarks marks;
+    while (fields.size() >= kBlock) {
+        const std::size_t blocks = std::min(fields.size() / kBlock, kMostBlocks);
+        AddMarks<kBlock>(fields.data(), blocks, marks);
+        fields.remove_prefix(blocks * kBlock);
+    }
+    AddMarks<1>(fields.data(), fields.size(), marks);
+    return marks;
 }
 
 // Whether a data field's content begins with two indicators and a delimiter.
