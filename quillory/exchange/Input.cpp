@@ -112,14 +112,16 @@ Input::Input(const std::string& path) : name_(path == "-" ? std::string(kStandar
     }
     // A small file needs no more than its own size, and a byte to see its end.
     const bool isSmall = fileSize_ > 0 && fileSize_ < kBufferSize;
-    buffer_.resize(isSmall ? static_cast<std::size_t>(fileSize_) + 1 : kBufferSize);
+    buffer_ =
+        std::make_shared<Buffer>(isSmall ? static_cast<std::size_t>(fileSize_) + 1 : kBufferSize);
+    bytes_ = buffer_->data();
 }
 
 Input::Input(FromMemory, std::string_view bytes, std::string name)
     : name_(std::move(name)),
       fileSize_(bytes.size()),
       bytesRead_(bytes.size()),
-      buffer_(bytes.begin(), bytes.end()),
+      bytes_(bytes.data()),
       end_(bytes.size()),
       atEnd_(true),
       begun_(true) {}
@@ -153,24 +155,45 @@ std::size_t Input::ReadSome(char* target, std::size_t size) {
 
 // Makes room after the window, then reads until the window has `size` bytes.
 void Input::Fill(std::size_t size) {
-    if (begin_ + size > buffer_.size()) {
-        std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
-        end_ -= begin_;
-        begin_ = 0;
-        if (size > buffer_.size()) buffer_.resize(std::max(size, buffer_.size() * 2));
-    }
+    if (begin_ + size > buffer_->size()) MakeRoom(size);
     while (!atEnd_ && end_ - begin_ < size) {
-        const std::size_t got = ReadSome(buffer_.data() + end_, buffer_.size() - end_);
+        const std::size_t got = ReadSome(buffer_->data() + end_, buffer_->size() - end_);
         atEnd_ = got == 0;
         end_ += got;
     }
+}
+
+// Brings the window to the front of a buffer of at least `size` bytes.
+void Input::MakeRoom(std::size_t size) {
+    const bool isHeld = buffer_.use_count() > 1;
+    if (isHeld || size > buffer_->size()) {
+        ChangeBuffer(size);
+    } else {
+        std::memmove(buffer_->data(), buffer_->data() + begin_, end_ - begin_);
+    }
+    end_ -= begin_;
+    begin_ = 0;
+}
+
+void Input::ChangeBuffer(std::size_t size) {
+    const std::size_t enough =
+        size > buffer_->size() ? std::max(size, buffer_->size() * 2) : buffer_->size();
+    std::erase_if(others_, [&](const auto& buffer) {
+        return buffer.use_count() == 1 && buffer->size() < enough;
+    });
+    auto other =
+        std::ranges::find(others_, 1, [](const auto& buffer) { return buffer.use_count(); });
+    if (other == others_.end()) other = others_.insert(other, std::make_shared<Buffer>(enough));
+    std::memcpy((*other)->data(), buffer_->data() + begin_, end_ - begin_);
+    buffer_.swap(*other);
+    bytes_ = buffer_->data();
 }
 
 std::string_view Input::Peek(std::size_t size) {
     if (!begun_) {
         begun_ = true;
         Fill(kGzipMagic.size());
-        const std::string_view head(buffer_.data(), end_);
+        const std::string_view head(bytes_, end_);
         if (head.starts_with(kGzipMagic)) {
             unpacker_ = std::make_unique<Unpacker>(*this);
             unpacker_->Give(head);
@@ -178,7 +201,7 @@ std::string_view Input::Peek(std::size_t size) {
         }
     }
     if (end_ - begin_ < size && !atEnd_) Fill(size);
-    return {buffer_.data() + begin_, end_ - begin_};
+    return {bytes_ + begin_, end_ - begin_};
 }
 
 void Input::Skip(std::size_t size) {

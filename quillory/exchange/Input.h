@@ -22,7 +22,7 @@ inline constexpr std::string_view kStandardInput = "standard input";
 // file in gzip form is unpacked. Memory is bounded by the largest window that is asked for.
 class Input {
 public:
-    // For bytes in memory, as they are.
+    // For bytes in memory, as they are, which somebody else keeps.
     enum FromMemory : bool { kFromMemory };
 
     // Throws FileError.
@@ -34,8 +34,11 @@ public:
     Input& operator=(const Input&) = delete;
 
     // At least `size` bytes from the place reached, or all that are left. The view holds until the
-    // next call. Throws FileError.
+    // next call, or as long as what Hold gives is held. Throws FileError.
     std::string_view Peek(std::size_t size);
+    // Keeps the bytes of the window where they are. Whoever holds it lets go of it in the thread
+    // that reads.
+    std::shared_ptr<const void> Hold() const { return buffer_; }
     // Moves on by `size` bytes, at most those in the window.
     void Skip(std::size_t size);
 
@@ -62,8 +65,11 @@ public:
 
 private:
     class Unpacker;
+    using Buffer = std::vector<char>;
 
     void Fill(std::size_t size);
+    void MakeRoom(std::size_t size);
+    void ChangeBuffer(std::size_t size);
     std::size_t ReadSome(char* target, std::size_t size);
     std::size_t ReadRaw(char* target, std::size_t size);
 
@@ -72,7 +78,9 @@ private:
     std::uint64_t fileSize_ = 0;
     std::uint64_t bytesRead_ = 0;
     std::uint64_t offset_ = 0;
-    std::vector<char> buffer_;
+    std::shared_ptr<Buffer> buffer_;               // null for bytes in memory
+    std::vector<std::shared_ptr<Buffer>> others_;  // that are held, or were
+    const char* bytes_ = nullptr;                  // of the buffer, or in memory
     std::size_t begin_ = 0;
     std::size_t end_ = 0;
     bool atEnd_ = false;

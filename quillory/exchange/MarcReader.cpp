@@ -161,7 +161,9 @@ bool MarcReader::Next(Item& item) {
 
 RecordRun MarcReader::PassOver(std::size_t most) {
     input_.Skip(std::exchange(taken_, 0));
-    RecordRun run{input_.Peek(1), begin_ + input_.Offset(), count_, 0};
+    const std::size_t next = StatedLength(input_.Peek(kLengthSize));
+    RecordRun run{input_.Peek(next), begin_ + input_.Offset(), count_};
+    run.holder = input_.Hold();
     while (taken_ < most && !inEndlessDamage_) {
         const std::string_view rest = run.bytes.substr(taken_);
         const std::size_t length = StatedLength(rest);

@@ -1,4 +1,5 @@
 #include <quillory/exchange/Output.h>
+#include <quillory/exchange/Pieces.h>
 
 #define ZLIB_CONST
 #include <zlib.h>
@@ -101,6 +102,8 @@ Output::Output(ToMemory, std::string& memory) : memory_(&memory) {
     buffer_.resize(kOutputBufferSize);
 }
 
+Output::Output(ToMemory, Pieces& pieces) : pieces_(&pieces) {}
+
 Output::~Output() {
     if (descriptor_ >= 0) close(descriptor_);
 }
@@ -181,13 +184,21 @@ void Output::WriteThrough(std::string_view bytes) {
     }
 }
 
+void Output::Write(const Pieces& pieces) {
+    pieces.ForEach([this](std::string_view bytes) { Write(bytes); });
+}
+
 void Output::WriteLarge(std::string_view bytes) {
+    if (pieces_ != nullptr) {
+        pieces_->Add(bytes);
+        return;
+    }
     if (buffer_.empty()) {
         descriptor_ = file_->Open();
         Begin();
     }
     Flush();
-    if (bytes.size() < buffer_.size()) {
+    if (bytes.size() < buffer_.size() / 4) {
         Write(bytes);
     } else {
         WriteThrough(bytes);
@@ -203,7 +214,7 @@ void Output::Flush() {
 void Output::Complete() {
     if (isComplete_) return;
     isComplete_ = true;
-    if (memory_ != nullptr) {
+    if (memory_ != nullptr || pieces_ != nullptr) {
         Flush();
         return;
     }

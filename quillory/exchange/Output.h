@@ -12,6 +12,8 @@
 
 namespace quillory {
 
+class Pieces;
+
 // The reader of a pipe has gone. The work is over, without an error.
 class ClosedPipe : public std::exception {
 public:
@@ -30,7 +32,7 @@ enum class OutputRole : bool {
 // output of the work throws ClosedPipe.
 class Output {
 public:
-    // For an output that goes to a text in memory instead, with each Flush.
+    // For an output that goes to a text in memory instead, with each Flush, or to pieces, at once.
     enum ToMemory : bool { kToMemory };
 
     // Throws UsageError for an empty name, too. A file that is write-protected is only replaced if
@@ -38,6 +40,7 @@ public:
     explicit Output(const std::string& path, OutputRole role = OutputRole::kMain,
                     bool replacesProtected = false);
     Output(ToMemory, std::string& memory);
+    Output(ToMemory, Pieces& pieces);
     ~Output();
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
@@ -50,6 +53,7 @@ public:
         bytes.copy(buffer_.data() + used_, bytes.size());
         used_ += bytes.size();
     }
+    void Write(const Pieces& pieces);
     // Hands everything written so far to the system, for a person who waits for it.
     void Flush();
     // Closes a file until more is written to it: for one of many that are written by turns.
@@ -78,8 +82,9 @@ private:
     bool endsQuietly_ = false;
     bool isPacked_ = false;
     bool isComplete_ = false;
-    std::string* memory_ = nullptr;  // null if it goes to a file
-    int descriptor_ = -1;            // negative while a file rests
+    std::string* memory_ = nullptr;  // both null if it goes to a file
+    Pieces* pieces_ = nullptr;
+    int descriptor_ = -1;  // negative while a file rests
     std::vector<char> buffer_;
     std::size_t used_ = 0;
     std::unique_ptr<Packer> packer_;

@@ -17,6 +17,7 @@ struct RecordRun {
     std::uint64_t offset = 0;         // of the first byte in the file
     std::uint64_t recordsBefore = 0;  // in the file
     std::uint64_t records = 0;
+    std::shared_ptr<const void> holder = {};  // the bytes stay as long as it is held
 };
 
 // What a reader is, too, if it can tell where records end without reading them.
@@ -24,7 +25,7 @@ class RecordRuns {
 public:
     virtual ~RecordRuns() = default;
     // Passes over records that come next and are in memory, of about `most` bytes. Empty if the
-    // next item can only be read. The view holds until the reader is asked again.
+    // next item can only be read.
     virtual RecordRun PassOver(std::size_t most) = 0;
     // Reads from `input`, which holds the bytes of a run, the items that this reader would have
     // read.

@@ -49,7 +49,7 @@ Carrier::Carrier(CarrierOptions options, RecordWriter& writer, std::unique_ptr<O
       recoder_(options_.recoder),
       rejects_(std::move(rejects)) {}
 
-void Carrier::Add(const CarrierTotals& others, std::string_view rejects) {
+void Carrier::Add(const CarrierTotals& others, const Pieces& rejects) {
     totals_.Add(others);
     if (rejects_) rejects_->Write(rejects);
 }
@@ -174,10 +174,6 @@ void Carrier::Summarize() const {
 
 void Carrier::Complete() {
     if (rejects_) rejects_->Complete();
-}
-
-void Carrier::FlushRejects() {
-    if (rejects_) rejects_->Flush();
 }
 
 void Carrier::Finish() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/exchange/Output.h>
+#include <quillory/exchange/Pieces.h>
 #include <quillory/exchange/Recoder.h>
 #include <quillory/exchange/RecordWriter.h>
 #include <quillory/jobs/Reporter.h>
@@ -9,7 +10,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -55,7 +55,7 @@ public:
 
     void Take(Item& item);
     // What another carrier did, and the rejects that it wrote.
-    void Add(const CarrierTotals& others, std::string_view rejects);
+    void Add(const CarrierTotals& others, const Pieces& rejects);
     // The rejects are on the disk, and lack only their name. Throws FileError.
     void Complete();
     // Gives the file of rejects its final name. Throws FileError.
@@ -66,8 +66,6 @@ public:
     // Findings, if anything was wrong.
     Status Result() const { return totals_.status; }
     void Raise(Status status);
-    // Hands the rejects so far to their output.
-    void FlushRejects();
     // What became of the items since the last call.
     CarrierTotals TakeTotals() { return std::exchange(totals_, {}); }
 

@@ -56,7 +56,7 @@ public:
     void Work(Batch& batch) {
         Attempt(batch, [&] {
             reporter_.BeginFile(batch.file);
-            batch.items.ForEach([this](Item& item) { worker_->Take(item); });
+            batch.items.ForEach([this](Item& item) { return Take(item); });
         });
         Attempt(batch, [&] {
             worker_->EndBatch();
@@ -67,6 +67,13 @@ public:
     }
 
 private:
+    // Whether a step may need the item.
+    bool Take(Item& item) {
+        const std::size_t stepsBefore = steps_.size();
+        worker_->Take(item);
+        return steps_.size() > stepsBefore;
+    }
+
     template <class Act>
     static void Attempt(Batch& batch, Act act) {
         try {

@@ -37,7 +37,7 @@ public:
     void BeginFile(const std::string& name);
     // Copies the item.
     void Take(const Item& item);
-    // Copies what a reader can pass over, for a worker to read. Result: how many records.
+    // What a reader can pass over, for a worker to read. Result: how many records.
     std::uint64_t TakeRun(RecordRuns& runs);
     // A step after those of all items so far.
     void Then(Step step);

@@ -3,7 +3,8 @@
 namespace quillory {
 
 ItemBatch::Run::Run(const RecordRun& run, const RecordRuns& runs, std::size_t items)
-    : input(Input::kFromMemory, run.bytes, {}),
+    : holder(run.holder),
+      input(Input::kFromMemory, run.bytes, {}),
       reader(runs.ReaderOf(run, input)),
       itemsBefore(items) {}
 

@@ -10,22 +10,25 @@
 
 namespace quillory {
 
-// Items that follow one another in a file, some of them still to be read. They hold their own
-// bytes.
+// Items that follow one another in a file, some of them still to be read. Their bytes stay until
+// Clear.
 class ItemBatch {
 public:
     void Add(const Item& item);
-    // `runs` gave the run.
+    // Copies nothing. `runs` gave the run.
     void Add(const RecordRun& run, const RecordRuns& runs);
     std::size_t Bytes() const { return bytes_; }
 
-    // Hands the items to `take`, for once. They stay until Clear.
+    // Hands the items to `take`, for once. It tells of each whether the item, too, has to stay
+    // until Clear.
     template <class Take>
     void ForEach(Take take) {
         std::size_t at = 0;
         for (Run& run : runs_) {
             for (; at < run.itemsBefore; ++at) take(items_.At(at));
-            while (Item* item = ReadFrom(run)) take(*item);
+            while (Item* item = ReadFrom(run)) {
+                if (!take(*item)) read_.GiveBackLast();
+            }
         }
         for (; at < items_.Size(); ++at) take(items_.At(at));
     }
@@ -40,6 +43,7 @@ private:
             if (size_ == items_.size()) items_.emplace_back();
             return items_[size_++];
         }
+        void GiveBackLast() { --size_; }
         Item& At(std::size_t index) { return items_[index]; }
         std::size_t Size() const { return size_; }
         void Clear() { size_ = 0; }
@@ -52,6 +56,7 @@ private:
     struct Run {
         Run(const RecordRun& run, const RecordRuns& runs, std::size_t items);
 
+        std::shared_ptr<const void> holder;
         Input input;
         std::unique_ptr<RecordReader> reader;
         std::size_t itemsBefore;  // that were given as items

@@ -20,7 +20,8 @@ using Steps = std::vector<Step>;
 class ItemWorker {
 public:
     virtual ~ItemWorker() = default;
-    // The item stays as it is left until the steps of its batch are done.
+    // The item's bytes stay until the steps of its batch are done, and so does the item, as it is
+    // left, if a step was left meanwhile.
     virtual void Take(Item& item) = 0;
     // Leaves what remains to be done with the items taken since the last call to the steps.
     virtual void EndBatch() {}

@@ -101,13 +101,14 @@ Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& o
                           },
                           [&output] { output.Finish(); }};
     Carrier carrier(CarrierOptionsOf(options, from, prepare), *writer, reporter);
+    CarriedRoom room;
     ItemJob job{TakerOf(carrier)};
     if (!prepare || makePreparation) {
         job.makeWorker = [&](Reporter& own, Steps& steps) {
             const Preparation ownPrepare = prepare ? makePreparation(own, steps) : Preparation();
             return std::make_unique<CarrierWorker>(CarrierOptionsOf(options, from, ownPrepare),
                                                    form, options.writing, own, steps,
-                                                   CarrierWorker::Ends{carrier, output});
+                                                   CarrierWorker::Ends{carrier, output, room});
         };
     }
     return Carry(source, job, options, carrier, closing);

@@ -1,15 +1,19 @@
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/exchange/Pieces.h>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <memory>
 #include <random>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 #include <tests/quillory/Records.h>
 #include <tests/quillory/exchange/TemporaryFile.h>
+#include <vector>
 
 namespace quillory {
 namespace {
@@ -92,6 +96,70 @@ std::string Words(const std::vector<Fault>& faults) {
     std::string words;
     for (const Fault& fault : faults) words += FaultText(fault);
     return words;
+}
+
+TEST(Input, WhatIsHeldStays) {
+    const std::string bytes = RandomBytes(9 << 20);
+    const TemporaryFile file(bytes);
+    Input input(file.Path());
+    std::mt19937 random(3);
+    struct Held {
+        std::size_t at;
+        std::string_view view;
+        std::shared_ptr<const void> holder;
+    };
+    std::vector<Held> held;
+    std::string seen;
+    while (seen.size() < bytes.size()) {
+        const std::size_t most = random() % (random() % 9 == 0 ? 3 << 20 : 300000) + 1;
+        const std::string_view part = input.Peek(most).substr(0, most);
+        if (random() % 4 != 0) held.push_back({seen.size(), part, input.Hold()});
+        seen += part;
+        input.Skip(part.size());
+        if (held.size() < 9) continue;
+        for (const Held& one : held) {
+            ASSERT_EQ(one.view, std::string_view(bytes).substr(one.at, one.view.size()))
+                << "from byte " << one.at << ", after " << seen.size();
+        }
+        held.erase(held.begin(), held.begin() + 5);
+    }
+    EXPECT_EQ(seen, bytes);
+}
+
+TEST(Pieces, AreTheBytesInOrder) {
+    const std::string elsewhere = RandomBytes(1000);
+    std::mt19937 random(5);
+    std::string expected;
+    Pieces pieces;
+    Output output(Output::kToMemory, pieces);
+    pieces.Stay(elsewhere);
+    for (int i = 0; i < 500; ++i) {
+        const std::string_view part =
+            std::string_view(elsewhere).substr(random() % 1001, random() % 50);
+        const std::string copy(part);
+        output.Write(random() % 2 == 0 ? copy : part);
+        expected += part;
+    }
+    std::string all;
+    pieces.ForEach([&](std::string_view piece) { all += piece; });
+    EXPECT_EQ(all, expected);
+}
+
+TEST(Pieces, WhatStaysIsOnePieceWhereItIsOne) {
+    const std::string elsewhere = RandomBytes(30);
+    Pieces pieces;
+    for (std::size_t at = 0; at < 30; at += 10) {
+        const std::string_view part = std::string_view(elsewhere).substr(at, 10);
+        pieces.Stay(part);
+        pieces.Add(part);
+    }
+    std::size_t count = 0;
+    pieces.ForEach([&](std::string_view piece) {
+        ++count;
+        EXPECT_EQ(piece.data(), elsewhere.data());
+        EXPECT_EQ(piece.size(), elsewhere.size());
+    });
+    EXPECT_EQ(count, 1U);
 }
 
 TEST(MarcWriter, OversizeIsRefusedOrCut) {
