@@ -3,7 +3,6 @@
 #include <quillory/jobs/RepairFiles.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <memory>
 #include <utility>
 
@@ -38,16 +37,17 @@ public:
     explicit Outcome(RepairReport& report) : report_(report) {}
 
     void Take(const Item& item, const std::vector<Repair>& repairs) {
-        totals_.Count(repairs);
-        if (!repairs.empty()) report_.TakeRecord(item, repairs);
+        counter_.Count(repairs);
+        if (report_.Needs(repairs)) report_.TakeRecord(item, repairs);
     }
-    void TakeSound(std::uint64_t records) { totals_.records += records; }
+    void Add(const RepairTotals& later) { counter_.Add(later); }
 
-    const RepairTotals& Totals() const { return totals_; }
+    RepairReport& Report() const { return report_; }
+    const RepairTotals& Totals() const { return counter_.Totals(); }
 
 private:
     RepairReport& report_;
-    RepairTotals totals_;
+    RepairCounter counter_;
 };
 
 // Repairs records, and hands them on.
@@ -65,28 +65,26 @@ public:
         next_->Take(item);
     }
     void EndBatch() override {
-        steps_.emplace_back(
-            [&outcome = outcome_, sound = std::exchange(sound_, 0)] { outcome.TakeSound(sound); });
+        const auto totals = std::make_shared<RepairTotals>(counter_.TakeTotals());
+        steps_.emplace_back([&outcome = outcome_, totals] { outcome.Add(*totals); });
         next_->EndBatch();
     }
 
 private:
     void PutRight(Item& item) {
         const auto& repairs = repairer_.PutRight(item.record);
-        if (repairs.empty()) {
-            ++sound_;
-            return;
-        }
+        counter_.Count(repairs);
+        RepairReport& report = outcome_.Report();
+        if (!report.Needs(repairs)) return;
         const auto kept = std::make_shared<KeptItem>(item);
-        steps_.emplace_back(
-            [&outcome = outcome_, kept, repairs] { outcome.Take(kept->Get(), repairs); });
+        steps_.emplace_back([&report, kept, repairs] { report.TakeRecord(kept->Get(), repairs); });
     }
 
     RecordRepairer repairer_;
     Outcome& outcome_;
     Steps& steps_;
     std::unique_ptr<ItemWorker> next_;
-    std::uint64_t sound_ = 0;  // records of this batch
+    RepairCounter counter_;  // of this batch
 };
 
 }  // namespace

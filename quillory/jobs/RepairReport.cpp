@@ -1,5 +1,8 @@
 #include <quillory/jobs/RepairReport.h>
 
+#include <functional>
+#include <utility>
+
 namespace quillory {
 
 std::string GeneralPlace(const Repair& repair) {
@@ -8,19 +11,52 @@ std::string GeneralPlace(const Repair& repair) {
     return PlaceText(place);
 }
 
-void RepairTotals::Count(const std::vector<Repair>& repairs) {
+std::size_t RepairCounter::HashOfKind::operator()(const Kind& kind) const {
+    constexpr std::size_t kFactor = 31;
+    std::size_t hash = std::hash<const void*>()(kind.element);
+    hash = hash * kFactor + static_cast<std::size_t>(kind.repairClass);
+    hash = hash * kFactor + static_cast<std::size_t>(kind.place.first);
+    return hash * kFactor + kind.place.Number();
+}
+
+RepairRow& RepairCounter::RowOf(const Repair& repair) {
+    Kind kind{repair.repairClass, repair.kind == RepairKind::Left, repair.place, repair.element};
+    kind.place.occurrence = 0;
+    const auto [known, isNew] = known_.try_emplace(kind, nullptr);
+    if (isNew) {
+        const std::string name = repair.element == nullptr ? "" : repair.element->name;
+        const RepairTotals::Key key{kind.repairClass, kind.isLeft,
+                                    PlaceText(kind.place) + " " + name};
+        known->second = &totals_.rows.try_emplace(key, RepairRow{repair}).first->second;
+    }
+    return *known->second;
+}
+
+void RepairTotals::Add(const RepairTotals& later) {
+    records += later.records;
+    recordsRepaired += later.recordsRepaired;
+    repaired += later.repaired;
+    left += later.left;
+    for (const auto& [key, row] : later.rows) {
+        const auto [mine, isNew] = rows.try_emplace(key, row);
+        if (!isNew) mine->second.count += row.count;
+    }
+}
+
+void RepairCounter::Count(const std::vector<Repair>& repairs) {
     std::uint64_t changes = 0;
     for (const Repair& repair : repairs) {
-        const bool isLeft = repair.kind == RepairKind::Left;
-        ++(isLeft ? left : changes);
-        const std::string name = repair.element == nullptr ? "" : repair.element->name;
-        const Key key{repair.repairClass, isLeft, GeneralPlace(repair) + " " + name};
-        RepairRow& row = rows.try_emplace(key, RepairRow{repair}).first->second;
-        ++row.count;
+        ++(repair.kind == RepairKind::Left ? totals_.left : changes);
+        ++RowOf(repair).count;
     }
-    ++records;
-    if (changes > 0) ++recordsRepaired;
-    repaired += changes;
+    ++totals_.records;
+    if (changes > 0) ++totals_.recordsRepaired;
+    totals_.repaired += changes;
+}
+
+RepairTotals RepairCounter::TakeTotals() {
+    known_.clear();
+    return std::exchange(totals_, {});
 }
 
 }  // namespace quillory

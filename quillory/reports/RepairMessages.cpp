@@ -19,6 +19,12 @@ std::string ClassOf(const RepairRow& row) {
 
 }  // namespace
 
+bool RepairMessages::Needs(const std::vector<Repair>& repairs) const {
+    if (file_ || reporter_.SaysAll()) return !repairs.empty();
+    const auto isLeft = [](const Repair& repair) { return repair.kind == RepairKind::Left; };
+    return std::ranges::any_of(repairs, isLeft);
+}
+
 void RepairMessages::TakeRecord(const Item& item, const std::vector<Repair>& repairs) {
     for (const Repair& repair : repairs) {
         if (repair.kind != RepairKind::Left && !reporter_.SaysAll()) continue;

@@ -24,6 +24,7 @@ public:
     RepairMessages(std::unique_ptr<RepairReport> file, const CodeLists& lists, Reporter& reporter)
         : words_(lists), reporter_(reporter), file_(std::move(file)) {}
 
+    bool Needs(const std::vector<Repair>& repairs) const override;
     void TakeRecord(const Item& item, const std::vector<Repair>& repairs) override;
     void Complete(const RepairTotals& totals) override;
     void Finish(const RepairTotals& totals, bool isDryRun) override;

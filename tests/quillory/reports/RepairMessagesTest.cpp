@@ -44,11 +44,11 @@ Told Tell(const std::vector<Repair>& repairs, bool all, const std::string& endin
     Item item;
     item.number = 1;
     RepairMessages messages(MakeRepairFile(file.Path(), Lists(), reporter), Lists(), reporter);
-    RepairTotals totals;
-    totals.Count(repairs);
+    RepairCounter counter;
+    counter.Count(repairs);
     messages.TakeRecord(item, repairs);
-    messages.Complete(totals);
-    messages.Finish(totals, false);
+    messages.Complete(counter.Totals());
+    messages.Finish(counter.Totals(), false);
     const std::string start = ItemPlace("in.mrc", item) + ": ";
     for (std::string& line : port.lines) {
         if (line.starts_with(start)) line.erase(0, start.size());
