@@ -73,6 +73,8 @@ const DamageCase kDamages[] = {
     {"directory without end", [](std::string& b) { b[72] = '\x1F'; }, CFR_BaseAddressWrong, 12,
      CFR_None},
     {"letters in an entry", [](std::string& b) { b[42] = 'x'; }, CFR_DirectoryEntry, 36, CFR_None},
+    {"a sign in a start", [](std::string& b) { b.replace(43, 5, "0001+"); }, CFR_DirectoryEntry, 36,
+     CFR_None},
     {"start outside", [](std::string& b) { b[43] = '9'; }, CFR_DirectoryEntry, 36,
      CFR_DirectoryEntry},
     {"length too small", [](std::string& b) { b[42] = '1'; }, CFR_FieldEnd, 89, CFR_None},
