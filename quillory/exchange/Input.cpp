@@ -1,4 +1,5 @@
 #include <quillory/exchange/Input.h>
+#include <quillory/exchange/ReadAhead.h>
 #include <quillory/faults/FaultCode.h>
 
 #include <zlib.h>
@@ -9,6 +10,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -26,19 +28,27 @@ bool HasBytesNow(int descriptor) {
     return poll(&asked, 1, 0) != 0;
 }
 
-}  // namespace
-
-// Unpacks gzip data, one member after the other.
-class Input::Unpacker {
-public:
-    explicit Unpacker(Input& input) : input_(input), packed_(kBufferSize) {
-        constexpr int kGzipOnly = 15 + 16;  // largest window, gzip header
-        if (inflateInit2(&stream_, kGzipOnly) != Z_OK) throw FileError(input.name_ + ": no memory");
+std::size_t ReadFrom(int descriptor, const std::string& name, char* target, std::size_t size) {
+    for (;;) {
+        const ssize_t got = read(descriptor, target, size);
+        if (got >= 0) return static_cast<std::size_t>(got);
+        if (errno != EINTR) throw FileError(name + ": " + std::strerror(errno));
     }
-    ~Unpacker() { inflateEnd(&stream_); }
-    Unpacker(const Unpacker&) = delete;
-    Unpacker& operator=(const Unpacker&) = delete;
+}
 
+// Unpacks gzip data, one member after the other, up to what is damaged.
+class Inflater {
+public:
+    Inflater(ReadAhead::Source source, const std::string& name)
+        : source_(std::move(source)), packed_(kBufferSize) {
+        constexpr int kGzipOnly = 15 + 16;  // largest window, gzip header
+        if (inflateInit2(&stream_, kGzipOnly) != Z_OK) throw FileError(name + ": no memory");
+    }
+    ~Inflater() { inflateEnd(&stream_); }
+    Inflater(const Inflater&) = delete;
+    Inflater& operator=(const Inflater&) = delete;
+
+    // What comes before the source.
     void Give(std::string_view packed) {
         std::memcpy(packed_.data(), packed.data(), packed.size());
         stream_.next_in = Bytes(packed_.data());
@@ -48,17 +58,19 @@ public:
     std::size_t Unpack(char* target, std::size_t size) {
         stream_.next_out = Bytes(target);
         stream_.avail_out = static_cast<uInt>(size);
-        while (stream_.avail_out == size && !stopped_) {
+        while (stream_.avail_out == size && !damage_) {
             if (stream_.avail_in == 0 && !Refill()) return 0;
             if (memberEnded_) SkipZeros();
             if (stream_.avail_in == 0) continue;
             if (memberEnded_ && !BeginMember()) break;
             const int result = inflate(&stream_, Z_NO_FLUSH);
             memberEnded_ = result == Z_STREAM_END;
-            if (result != Z_OK && !memberEnded_) Stop(FaultCode::kGzipDamaged);
+            if (result != Z_OK && !memberEnded_) damage_ = Fault{FaultCode::kGzipDamaged};
         }
         return size - stream_.avail_out;
     }
+
+    const std::optional<Fault>& Damage() const { return damage_; }
 
 private:
     static Bytef* Bytes(char* p) { return reinterpret_cast<Bytef*>(p); }
@@ -74,7 +86,7 @@ private:
     // Another member follows if its first byte is that of one; else it is no gzip data.
     bool BeginMember() {
         if (static_cast<char>(*stream_.next_in) != kGzipMagic.front()) {
-            Stop(FaultCode::kBytesAfterGzip);
+            damage_ = Fault{FaultCode::kBytesAfterGzip};
             return false;
         }
         inflateReset(&stream_);
@@ -83,24 +95,70 @@ private:
     }
 
     bool Refill() {
-        const std::size_t size = input_.ReadRaw(packed_.data(), packed_.size());
-        if (size == 0 && !memberEnded_) Stop(FaultCode::kGzipCutShort);
+        const std::size_t size = source_(packed_.data(), packed_.size());
+        if (size == 0 && !memberEnded_) damage_ = Fault{FaultCode::kGzipCutShort};
         stream_.next_in = Bytes(packed_.data());
         stream_.avail_in = static_cast<uInt>(size);
         return size != 0;
     }
 
-    void Stop(FaultCode code) {
-        stopped_ = true;
-        input_.damaged_ = Fault{code};
-        if (!input_.givesWhatUnpacks_) throw FileError(input_.name_, *input_.damaged_);
-    }
-
-    Input& input_;
+    ReadAhead::Source source_;
     std::vector<char> packed_;
     z_stream stream_{};
     bool memberEnded_ = false;
-    bool stopped_ = false;
+    std::optional<Fault> damage_;
+};
+
+}  // namespace
+
+// Unpacks a file as it is asked for; one that is large, in a thread of its own.
+class Input::Unpacker {
+public:
+    Unpacker(Input& input, std::string_view head)
+        : input_(input),
+          bytesRead_(input.bytesRead_),
+          inflater_([this](char* target, std::size_t size) { return Read(target, size); },
+                    input.name_) {
+        inflater_.Give(head);
+        constexpr std::size_t kLarge = std::size_t{1} << 20;
+        if (input.fileSize_ > kLarge && input.givesWhatUnpacks_) GoAhead();
+    }
+
+    std::size_t Unpack(char* target, std::size_t size) {
+        const std::size_t got =
+            ahead_ ? ahead_->Read(target, size) : inflater_.Unpack(target, size);
+        if (input_.fileSize_ != 0) input_.bytesRead_ = ahead_ ? ahead_->Reached() : bytesRead_;
+        const bool isAtRest = !ahead_ || got == 0;
+        if (isAtRest && inflater_.Damage()) {
+            input_.damaged_ = inflater_.Damage();
+            if (!input_.givesWhatUnpacks_) throw FileError(input_.name_, *input_.damaged_);
+        }
+        return got;
+    }
+
+private:
+    // A file of a known size never makes a reader wait.
+    std::size_t Read(char* target, std::size_t size) {
+        if (input_.fileSize_ == 0) return input_.ReadRaw(target, size);
+        const std::size_t got = ReadFrom(input_.descriptor_, input_.name_, target, size);
+        bytesRead_ += got;
+        return got;
+    }
+
+    void GoAhead() {
+        try {
+            ahead_.emplace(
+                [this](char* target, std::size_t size) { return inflater_.Unpack(target, size); },
+                [this] { return bytesRead_; });
+        } catch (const std::system_error&) {
+            return;  // no thread to spare
+        }
+    }
+
+    Input& input_;
+    std::uint64_t bytesRead_;  // of a file of a known size
+    Inflater inflater_;
+    std::optional<ReadAhead> ahead_;
 };
 
 Input::Input(const std::string& path) : name_(path == "-" ? std::string(kStandardInput) : path) {
@@ -139,14 +197,9 @@ bool Input::IsSameFileAs(const std::string& path) const {
 
 std::size_t Input::ReadRaw(char* target, std::size_t size) {
     if (beforeWaiting_ && !HasBytesNow(descriptor_)) beforeWaiting_();
-    for (;;) {
-        const ssize_t got = read(descriptor_, target, size);
-        if (got >= 0) {
-            bytesRead_ += static_cast<std::uint64_t>(got);
-            return static_cast<std::size_t>(got);
-        }
-        if (errno != EINTR) throw FileError(name_ + ": " + std::strerror(errno));
-    }
+    const std::size_t got = ReadFrom(descriptor_, name_, target, size);
+    bytesRead_ += got;
+    return got;
 }
 
 std::size_t Input::ReadSome(char* target, std::size_t size) {
@@ -195,8 +248,7 @@ std::string_view Input::Peek(std::size_t size) {
         Fill(kGzipMagic.size());
         const std::string_view head(bytes_, end_);
         if (head.starts_with(kGzipMagic)) {
-            unpacker_ = std::make_unique<Unpacker>(*this);
-            unpacker_->Give(head);
+            unpacker_ = std::make_unique<Unpacker>(*this, head);
             end_ = 0;
         }
     }

@@ -1,5 +1,6 @@
 #include <quillory/exchange/Output.h>
 #include <quillory/exchange/Pieces.h>
+#include <quillory/exchange/WorkAside.h>
 
 #define ZLIB_CONST
 #include <zlib.h>
@@ -8,6 +9,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <optional>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -52,6 +54,7 @@ bool IsTooLong(const std::filesystem::path& folder, const std::filesystem::path&
 
 }  // namespace
 
+// Packs what is written; much of it into a file, in a thread of its own.
 class Output::Packer {
 public:
     explicit Packer(Output& output) : output_(output), packed_(kOutputBufferSize) {
@@ -62,11 +65,38 @@ public:
             throw FileError(output.name_ + ": no memory");
         }
     }
-    ~Packer() { deflateEnd(&stream_); }
+    ~Packer() {
+        aside_.reset();
+        deflateEnd(&stream_);
+    }
     Packer(const Packer&) = delete;
     Packer& operator=(const Packer&) = delete;
 
-    void Pack(std::string_view bytes, int flush) {
+    void Pack(std::string_view bytes) {
+        constexpr std::size_t kMuch = std::size_t{1} << 20;
+        if (!aside_ && size_ < kMuch && size_ + bytes.size() >= kMuch && output_.file_) GoAside();
+        size_ += bytes.size();
+        if (aside_) {
+            aside_->Do(bytes);
+        } else {
+            Deflate(bytes, Z_NO_FLUSH);
+        }
+    }
+    void Finish() {
+        if (aside_) aside_->Finish();
+        Deflate({}, Z_FINISH);
+    }
+
+private:
+    void GoAside() {
+        try {
+            aside_.emplace([this](std::string_view bytes) { Deflate(bytes, Z_NO_FLUSH); });
+        } catch (const std::system_error&) {
+            return;  // no thread to spare
+        }
+    }
+
+    void Deflate(std::string_view bytes, int flush) {
         stream_.next_in = reinterpret_cast<const Bytef*>(bytes.data());
         stream_.avail_in = static_cast<uInt>(bytes.size());
         do {
@@ -77,10 +107,11 @@ public:
         } while (stream_.avail_out == 0);
     }
 
-private:
     Output& output_;
     std::vector<char> packed_;
     z_stream stream_{};
+    std::size_t size_ = 0;  // of all that was written
+    std::optional<WorkAside> aside_;
 };
 
 Output::Output(const std::string& path, OutputRole role, bool replacesProtected)
@@ -105,6 +136,7 @@ Output::Output(ToMemory, std::string& memory) : memory_(&memory) {
 Output::Output(ToMemory, Pieces& pieces) : pieces_(&pieces) {}
 
 Output::~Output() {
+    packer_.reset();
     if (descriptor_ >= 0) close(descriptor_);
 }
 
@@ -136,7 +168,7 @@ void Output::Begin() {
 
 void Output::Close() {
     Flush();
-    if (packer_) packer_->Pack({}, Z_FINISH);
+    if (packer_) packer_->Finish();
     packer_.reset();
     if (isComplete_) Sync();
     const int closed = close(descriptor_);
@@ -178,7 +210,7 @@ void Output::WriteRaw(std::string_view bytes) {
 
 void Output::WriteThrough(std::string_view bytes) {
     if (packer_) {
-        packer_->Pack(bytes, Z_NO_FLUSH);
+        packer_->Pack(bytes);
     } else {
         WriteRaw(bytes);
     }

@@ -1,31 +1,12 @@
+#include <quillory/exchange/SignalsBlocked.h>
 #include <quillory/jobs/Crew.h>
 #include <quillory/jobs/ItemBatch.h>
 #include <quillory/jobs/Relay.h>
 
-#include <csignal>
 #include <exception>
 #include <utility>
 
 namespace quillory {
-namespace {
-
-// Signals go to threads that were there before.
-class SignalsBlocked {
-public:
-    SignalsBlocked() {
-        sigset_t all;
-        sigfillset(&all);
-        pthread_sigmask(SIG_SETMASK, &all, &before_);
-    }
-    ~SignalsBlocked() { pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
-    SignalsBlocked(const SignalsBlocked&) = delete;
-    SignalsBlocked& operator=(const SignalsBlocked&) = delete;
-
-private:
-    sigset_t before_{};
-};
-
-}  // namespace
 
 // Items of one file, and what comes of them.
 struct Crew::Batch {

@@ -2,10 +2,12 @@
 #include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/exchange/Pieces.h>
+#include <quillory/exchange/WorkAside.h>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <random>
 #include <string>
@@ -13,6 +15,7 @@
 #include <sys/stat.h>
 #include <tests/quillory/Records.h>
 #include <tests/quillory/exchange/TemporaryFile.h>
+#include <thread>
 #include <vector>
 
 namespace quillory {
@@ -90,6 +93,61 @@ TEST(Output, GzipBothWays) {
     EXPECT_THROW(ReadInput(cut.Path()), FileError);
     const TemporaryFile plain(bytes);
     EXPECT_EQ(ReadInput(plain.Path()), bytes);
+}
+
+// What a packed file gives, and what is wrong with it.
+std::string Unpacked(const std::string& path) {
+    Input input(path);
+    input.GiveWhatUnpacks();
+    std::string all;
+    for (std::string_view window = input.Peek(1); !window.empty(); window = input.Peek(1)) {
+        all += window;
+        input.Skip(window.size());
+    }
+    return all + (input.WhatIsDamaged() ? FaultReason(*input.WhatIsDamaged()) : "");
+}
+
+// Of a file, much is unpacked in a thread of its own, and of a pipe, nothing.
+TEST(Input, UnpacksFilesAndPipesAlike) {
+    const TemporaryFile file("", ".gz");
+    WriteOutput(file.Path(), RandomBytes(5000000));
+    const std::string packed = file.Read();
+    std::string changed = packed;
+    changed[packed.size() * 2 / 3] ^= 1;
+    for (const std::string& bytes : {packed, packed + packed, packed + "words",
+                                     packed.substr(0, packed.size() / 2), changed}) {
+        const TemporaryFile copy(bytes);
+        const TemporaryFile pipe;
+        fs::remove(pipe.Path());
+        ASSERT_EQ(mkfifo(pipe.Path().c_str(), 0600), 0);
+        std::string piped;
+        {
+            const std::jthread reader([&] { piped = Unpacked(pipe.Path()); });
+            std::ofstream(pipe.Path(), std::ios::binary) << bytes;
+        }
+        EXPECT_EQ(Unpacked(copy.Path()), piped) << bytes.size() << " bytes";
+        Input early(copy.Path());
+        early.GiveWhatUnpacks();
+        EXPECT_FALSE(early.Peek(1).empty()) << "a file need not be read to its end";
+    }
+}
+
+TEST(WorkAside, EndsWithWhatTheWorkThrows) {
+    std::string done;
+    WorkAside aside([&](std::string_view bytes) {
+        if (bytes == "bad") throw FileError("bad");
+        done += bytes;
+    });
+    for (const std::string_view bytes : {"a", "b", "c", "d", "e", "f"}) aside.Do(bytes);
+    aside.Finish();
+    EXPECT_EQ(done, "abcdef");
+    const auto go = [&] {
+        aside.Do("bad");
+        for (int i = 0; i < 9; ++i) aside.Do("lost");
+    };
+    EXPECT_THROW(go(), FileError);
+    EXPECT_THROW(aside.Finish(), FileError);
+    EXPECT_EQ(done, "abcdef");
 }
 
 std::string Words(const std::vector<Fault>& faults) {
