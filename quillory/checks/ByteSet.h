@@ -10,8 +10,15 @@ namespace quillory {
 // A set of bytes, such as the codes of the subfields that a field may have.
 class ByteSet {
 public:
-    bool Has(char byte) const { return (words_[Word(byte)] & Bit(byte)) != 0; }
-    void Add(char byte) { words_[Word(byte)] |= Bit(byte); }
+    constexpr bool Has(char byte) const { return (words_[Word(byte)] & Bit(byte)) != 0; }
+    constexpr void Add(char byte) { words_[Word(byte)] |= Bit(byte); }
+    // Whether the byte is new.
+    bool Insert(char byte) {
+        std::uint64_t& word = words_[Word(byte)];
+        const bool isNew = (word & Bit(byte)) == 0;
+        word |= Bit(byte);
+        return isNew;
+    }
     bool IsEmpty() const { return (words_[0] | words_[1] | words_[2] | words_[3]) == 0; }
     bool IsWithin(const ByteSet& other) const {
         return ((words_[0] & ~other.words_[0]) | (words_[1] & ~other.words_[1]) |
@@ -39,8 +46,10 @@ private:
     static constexpr std::size_t kWords = 4;
     static constexpr std::size_t kBits = 64;
 
-    static std::size_t Word(char byte) { return static_cast<unsigned char>(byte) / kBits; }
-    static std::uint64_t Bit(char byte) {
+    static constexpr std::size_t Word(char byte) {
+        return static_cast<unsigned char>(byte) / kBits;
+    }
+    static constexpr std::uint64_t Bit(char byte) {
         return std::uint64_t{1} << static_cast<unsigned char>(byte) % kBits;
     }
 

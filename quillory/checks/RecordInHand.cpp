@@ -1,17 +1,19 @@
 #include <quillory/checks/RecordInHand.h>
 #include <quillory/text/Ascii.h>
-#include <zorby/charset/PlainRun.h>
+#include <zorby/charset/ByteBlock.h>
 
 #include <algorithm>
+#include <bit>
+#include <utility>
 
 namespace quillory {
 namespace {
 
-// What a subfield says of its field.
-void NoteSubfield(const SubfieldInHand& subfield, CheckedField& field) {
-    if (field.codes.Has(subfield.code)) field.repeated.Add(subfield.code);
-    field.codes.Add(subfield.code);
-    if (IsBlank(subfield.text)) field.lacksText = true;
+bool IsPlain(std::string_view text) {
+    zorby::BlockBits odd = 0;
+    zorby::ForEachBlock(text, [&odd](const zorby::ByteBlock& block, std::size_t,
+                                     zorby::BlockBits fresh) { odd |= block.NotPlain() & fresh; });
+    return odd == 0;
 }
 
 }  // namespace
@@ -23,6 +25,17 @@ void RecordInHand::Forget() {
     oddTags_.clear();
     fields_.clear();
     subfields_.clear();
+}
+
+std::uint32_t RecordInHand::CountOdd(std::string_view tag) {
+    return ++oddTags_[Place::OfField(tag).tag];
+}
+
+inline std::uint32_t RecordInHand::Count(std::string_view tag, unsigned number) {
+    if (number == kNoTag) return CountOdd(tag);
+    FieldsOfTag& fields = tags_[number];
+    if (fields.count == 0) fields.first = static_cast<std::uint32_t>(fields_.size());
+    return ++fields.count;
 }
 
 void RecordInHand::Take(const Record& record) {
@@ -40,42 +53,50 @@ void RecordInHand::Take(const Record& record) {
         if (number >= kFirstDataTag) {
             TakeSubfields(field);
         } else {
-            const char* const end = content.data() + content.size();
-            field.isPlain = zorby::PlainRunLength(content.data(), end) == content.size();
+            field.isPlain = IsPlain(content);
             field.lacksText = IsBlank(content);
         }
     }
 }
 
-std::uint32_t RecordInHand::Count(std::string_view tag, unsigned number) {
-    if (number == kNoTag) return ++oddTags_[Place::OfField(tag).tag];
-    FieldsOfTag& fields = tags_[number];
-    if (fields.count == 0) fields.first = static_cast<std::uint32_t>(fields_.size());
-    return ++fields.count;
+// Lists where the delimiters of a field stand, and its end. Result: whether all else is plain.
+bool RecordInHand::TakeDelimiters(std::string_view content) {
+    ends_.clear();
+    zorby::BlockBits odd = 0;
+    zorby::ForEachBlock(
+        content, [&](const zorby::ByteBlock& block, std::size_t begin, zorby::BlockBits fresh) {
+            const zorby::BlockBits delimiters = block.Equal(zorby::kDelimiter) & fresh;
+            odd |= (block.NotPlain() & fresh) ^ delimiters;
+            for (zorby::BlockBits rest = delimiters; rest != 0; rest &= rest - 1) {
+                ends_.push_back(begin + static_cast<std::size_t>(std::countr_zero(rest)));
+            }
+        });
+    ends_.push_back(content.size());
+    return odd == 0;
 }
 
 // As ForEachSubfield has them: what stands before the first delimiter, and a delimiter without a
 // code, are no subfields.
 void RecordInHand::TakeSubfields(CheckedField& field) {
-    const char* const end = field.content.data() + field.content.size();
-    const char* delimiter = nullptr;  // of the subfield in hand
-    for (const char* at = field.content.data();; ++at) {
-        at += zorby::PlainRunLength(at, end);
-        if (at != end && *at != zorby::kDelimiter) {
-            field.isPlain = false;
-            const std::string_view rest(at, static_cast<std::size_t>(end - at));
-            at += std::min(rest.find(zorby::kDelimiter), rest.size());
-        }
-        if (delimiter != nullptr && at - delimiter > 1) {
-            const auto size = static_cast<std::size_t>(at - delimiter) - 2;
-            subfields_.push_back({delimiter[1], {delimiter + 2, size}});
-            NoteSubfield(subfields_.back(), field);
-        }
-        if (at == end) break;
-        delimiter = at;
+    const std::string_view content = field.content;
+    ByteSet codes;
+    ByteSet repeated;
+    bool lacksText = false;
+    field.isPlain = TakeDelimiters(content);
+    std::size_t delimiter = ends_.front();
+    for (const std::size_t end : std::span(ends_).subspan(1)) {
+        const std::size_t at = std::exchange(delimiter, end) + 1;
+        if (at >= end) continue;
+        const char code = content[at];
+        const std::string_view text(content.data() + at + 1, end - at - 1);
+        subfields_.push_back({code, text});
+        if (!codes.Insert(code)) repeated.Add(code);
+        lacksText = lacksText || IsBlank(text);
     }
+    field.codes = codes;
+    field.repeated = repeated;
     field.subfields = subfields_.size() - field.firstSubfield;
-    if (field.subfields == 0) field.lacksText = true;
+    field.lacksText = lacksText || field.subfields == 0;
 }
 
 const CheckedField* RecordInHand::Whole008() const {

@@ -84,13 +84,16 @@ private:
     void Forget();
     // Which of the fields of its tag it is, from 1.
     std::uint32_t Count(std::string_view tag, unsigned number);
+    std::uint32_t CountOdd(std::string_view tag);
+    bool TakeDelimiters(std::string_view content);
     void TakeSubfields(CheckedField& field);
 
     const FieldRules* rules_;
     std::string_view leader_;
     std::vector<CheckedField> fields_;
     std::vector<SubfieldInHand> subfields_;
-    std::vector<FieldsOfTag> tags_;                                // by number
+    std::vector<std::size_t> ends_;  // of the parts of the field in hand
+    std::vector<FieldsOfTag> tags_;  // by number
     std::map<std::array<char, kTagSize>, std::uint32_t> oddTags_;  // occurrences of other tags
 };
 
