@@ -1,9 +1,10 @@
 #include <quillory/checks/Checker.h>
-#include <quillory/checks/FieldChecks.h>
 #include <quillory/checks/RecordRules.h>
 #include <quillory/coded/Material.h>
 #include <zorby/checking/RecordError.h>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace quillory {
@@ -27,6 +28,15 @@ CheckerOptions WithRules(CheckerOptions options) {
     return options;
 }
 
+// Those that look at fields of a role. With `findsAll`, other rules find what the dictionary says.
+std::vector<FieldCheck> ChecksOf(FieldRole role, bool findsAll) {
+    std::vector<FieldCheck> checks;
+    std::ranges::copy_if(FieldChecks(), std::back_inserter(checks), [=](const FieldCheck& check) {
+        return (!check.role || check.role == role) && !(findsAll && check.isOfDictionary);
+    });
+    return checks;
+}
+
 // The size of a record as the communications format counts it, ends included.
 std::size_t SizeOf(const Record& record) {
     std::size_t size = kLeaderSize + 2;
@@ -39,7 +49,11 @@ std::size_t SizeOf(const Record& record) {
 }  // namespace
 
 Checker::Checker(CheckerOptions options)
-    : options_(WithRules(std::move(options))), record_(*options_.rules) {}
+    : options_(WithRules(std::move(options))), record_(*options_.rules) {
+    for (std::size_t role = 0; role < kRoles; ++role) {
+        checks_[role] = ChecksOf(static_cast<FieldRole>(role), options_.findsAll);
+    }
+}
 
 void Checker::Check(const Record& record, std::vector<Finding>& findings) {
     record_.Take(record);
@@ -53,14 +67,13 @@ void Checker::Check(const Record& record, const RecordInHand& inHand,
     RecordFacts facts;
     facts.leader = record.leader;
     const bool isBibliographic = IsBibliographic(record.leader);
-    const auto checks = FieldChecks();
     for (const CheckedField& field : inHand.Fields()) {
         const bool isNumber = field.number != kNoTag;
         const FieldRole role = isNumber ? inHand.OwnRuleOf(field).role : kRoleOther;
-        const FieldInHand fieldInHand{inHand, field, facts, options_.allowLocal};
-        for (const FieldCheck& check : checks) {
+        for (const FieldCheck& check : checks_[role]) {
+            if (field.content.size() < check.leastSize) continue;
             if (!isBibliographic && !check.isForAllFormats) continue;
-            if (!check.role || check.role == role) check.check(fieldInHand, sink);
+            check.check({inHand, field, facts, options_.allowLocal}, sink);
         }
         if (isBibliographic && isNumber) facts.Take(inHand, field);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillory/checks/FieldChecks.h>
 #include <quillory/checks/FieldRules.h>
 #include <quillory/checks/FindingSink.h>
 #include <quillory/checks/RecordFacts.h>
@@ -8,6 +9,7 @@
 #include <quillory/exchange/Record.h>
 #include <quillory/text/Charset.h>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -47,6 +49,7 @@ private:
     void CheckTitleCase(const Record& record, const RecordFacts& facts, FindingSink& findings);
 
     CheckerOptions options_;
+    std::array<std::vector<FieldCheck>, kRoles> checks_;  // of fields, by their role
     Policy policy_;
     RecordInHand record_;
     TitleCase titleCase_;

@@ -57,7 +57,8 @@ bool IsRunningTimeUnknown(std::string_view leader, std::string_view field008) {
 
 bool IsPlaceUnknown(std::string_view field008) {
     const std::string_view place = Part(field008, kPlace, kPlaceSize);
-    const std::size_t size = std::min(place.find_first_of(" |"), place.size());
+    const auto isEnd = [](char c) { return c == ' ' || c == '|'; };
+    const auto size = static_cast<std::size_t>(std::ranges::find_if(place, isEnd) - place.begin());
     return size == 0 || place.substr(0, size) == "xx";
 }
 

@@ -33,7 +33,6 @@ E_ERROR_CODE ManyMainEntries(unsigned firstTag) {
 
 void CheckLength(const FieldInHand& inHand, FindingSink& findings) {
     const CheckedField& field = inHand.field;
-    if (field.content.size() <= kMostOfField) return;
     findings.Add(EC_FieldTooLong, field.GetPlace());
     for (const auto& [code, text] : inHand.Subfields()) {
         if (text.size() <= kMostOfSubfield) continue;
@@ -102,10 +101,10 @@ void CheckDictionary(const FieldInHand& inHand, FindingSink& findings) {
 
 // To add a check of fields, add its row here.
 constexpr FieldCheck kChecks[] = {
-    {true, {}, CheckLength},
-    {false, kRoleMainEntry, CheckMainEntry},
-    {false, kRoleTitle, CheckTitles},
-    {false, {}, CheckDictionary},
+    {true, {}, kMostOfField + 1, false, CheckLength},
+    {false, kRoleMainEntry, 0, false, CheckMainEntry},
+    {false, kRoleTitle, 0, false, CheckTitles},
+    {false, {}, 0, true, CheckDictionary},
 };
 
 }  // namespace

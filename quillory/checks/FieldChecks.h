@@ -4,6 +4,7 @@
 #include <quillory/checks/RecordFacts.h>
 #include <quillory/checks/RecordInHand.h>
 
+#include <cstddef>
 #include <optional>
 #include <span>
 
@@ -24,6 +25,8 @@ struct FieldInHand {
 struct FieldCheck {
     bool isForAllFormats;           // of MARC 21; else for bibliographic records alone
     std::optional<FieldRole> role;  // of the fields that it looks at; all if there is none
+    std::size_t leastSize;          // bytes of the smallest field in which it finds something
+    bool isOfDictionary;            // finds what the dictionary says
     void (*check)(const FieldInHand& field, FindingSink& findings);
 };
 

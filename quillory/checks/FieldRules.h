@@ -4,6 +4,7 @@
 #include <quillory/places/Tag.h>
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,7 @@ enum FieldRole : std::uint8_t {
     kRoleSubject,      // 600 to 699
     kRoleLinked,       // 880
 };
+inline constexpr std::size_t kRoles = kRoleLinked + 1;
 
 // The values of an indicator; none where nothing is known of it.
 struct IndicatorRule {

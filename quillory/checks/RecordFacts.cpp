@@ -1,5 +1,7 @@
 #include <quillory/checks/RecordFacts.h>
 
+#include <algorithm>
+
 namespace quillory {
 namespace {
 
@@ -21,16 +23,13 @@ bool HasTitle(std::span<const SubfieldInHand> subfields) {
 }  // namespace
 
 bool HasText(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") != text.npos;
+    return std::ranges::any_of(
+        text, [](char c) { return c != ' ' && c != '\t' && c != '\r' && c != '\n'; });
 }
 
-void RecordFacts::Take(const RecordInHand& record, const CheckedField& field) {
-    constexpr unsigned k008 = 8;
-    const FieldRule& rule = record.OwnRuleOf(field);
-    if (field.number == k008 && field.occurrence == 1) field008 = field.content;
-    hasHoldings = hasHoldings || rule.isHoldings;
-    if (rule.role == kRoleOther) return;
-    switch (rule.role) {
+void RecordFacts::TakeInRole(FieldRole role, const RecordInHand& record,
+                             const CheckedField& field) {
+    switch (role) {
         case kRoleMainEntry:
             if (mainEntry == 0) mainEntry = field.number;
             break;

@@ -28,7 +28,15 @@ struct RecordFacts {
     bool hasHoldings = false;
 
     // Takes in a field of the record whose tag is a number.
-    void Take(const RecordInHand& record, const CheckedField& field);
+    void Take(const RecordInHand& record, const CheckedField& field) {
+        const FieldRule& rule = record.OwnRuleOf(field);
+        if (field.number == kTag008 && field.occurrence == 1) field008 = field.content;
+        hasHoldings = hasHoldings || rule.isHoldings;
+        if (rule.role != kRoleOther) TakeInRole(rule.role, record, field);
+    }
+
+private:
+    void TakeInRole(FieldRole role, const RecordInHand& record, const CheckedField& field);
 };
 
 // Whether a text has more than white space.
