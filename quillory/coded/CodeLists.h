@@ -12,7 +12,7 @@
 
 namespace quillory {
 
-enum class CodeState {
+enum class CodeState : std::uint8_t {
     Known,      // in force, as far as the library and the format say
     Newer,      // in force, but younger than the library's list
     Obsolete,   // once valid

@@ -6,6 +6,7 @@
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/StatesSeen.h>
 #include <quillory/rules/Words.h>
+#include <quillory/text/Ascii.h>
 
 #include <algorithm>
 #include <vector>
@@ -237,6 +238,13 @@ private:
             value, [this, &element](std::string_view unseen) { return LookUp(element, unseen); });
     }
 
+    // Lengths and addresses are other digits in each record.
+    static bool IsLength(const Element& element, std::string_view value) {
+        const bool isLength = element.parts.front() == zorby::CFPLdrRecordLength ||
+                              element.parts.front() == zorby::CFPLdrBaseAddress;
+        return isLength && AreDigits(value);
+    }
+
     CodeState LookUp(const Element& element, std::string_view value) const {
         constexpr std::string_view kNothing = " |";
         if (element.IsUndefined() && value.find_first_not_of(kNothing) == value.npos) {
@@ -244,6 +252,7 @@ private:
         }
         if (IsAll(value, kFill)) return CodeState::NoAttempt;
         if (!element.IsUndefined()) {
+            if (IsLength(element, value)) return CodeState::Known;
             if (const auto free = ReadFreeValue(element.parts.front(), value)) {
                 return free->fits ? CodeState::Known : CodeState::Unknown;
             }

@@ -6,9 +6,18 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace quillory {
 namespace {
+
+bool IsSignOfIsbn(char c) {
+    return IsDigit(c) || c == 'X' || c == 'x' || c == '-';
+}
+
+bool IsMark(char c) {
+    return c == ':' || c == ';' || c == ',' || c == '.';
+}
 
 // The number at the front of a text, and what comes after it.
 struct Divided {
@@ -18,7 +27,8 @@ struct Divided {
 
 Divided DivideIsbn(std::string_view text) {
     text = Trimmed(text);
-    const std::size_t end = std::min(text.find_first_not_of("0123456789Xx-"), text.size());
+    const auto end =
+        static_cast<std::size_t>(std::ranges::find_if_not(text, IsSignOfIsbn) - text.begin());
     return {text.substr(0, end), Trimmed(text.substr(end))};
 }
 
@@ -33,7 +43,7 @@ void CheckIsbn(const Place& place, std::string_view text, RemarkSink& remarks) {
     AddFault(RuleId::IsbnInvalid, place, number.empty() ? text : number, FaultOfIsbn(number),
              remarks);
     // A mark may lead to the price.
-    const bool hasWords = rest.find_first_not_of(":;,.") != rest.npos;
+    const bool hasWords = !std::ranges::all_of(rest, IsMark);
     if (hasWords && !number.empty()) {
         const std::string_view words = rest;
         remarks.Add(RuleId::IsbnWithText, place,
@@ -111,19 +121,37 @@ constexpr bool HasIssnInX(unsigned tag) {
     return std::ranges::find(kSeries, tag) != std::end(kSeries) || (760 <= tag && tag <= 787);
 }
 
+enum class NumberKind : std::uint8_t { None, Isbn, IsbnOfLink, Issn, Standard, Url };
+
+NumberKind KindOf(unsigned tag, char code) {
+    if (code == 'a') {
+        if (tag == 20) return NumberKind::Isbn;
+        if (tag == 24) return NumberKind::Standard;
+    }
+    const bool isOwnIssn = tag == 22 && (code == 'a' || code == 'l');
+    if (isOwnIssn || (code == 'x' && HasIssnInX(tag))) return NumberKind::Issn;
+    if (code == 'z' && 760 <= tag && tag <= 787) return NumberKind::IsbnOfLink;
+    return tag == 856 && code == 'u' ? NumberKind::Url : NumberKind::None;
+}
+
 void CheckSubfield(const CheckedField& field, const SubfieldInHand& subfield, RemarkSink& remarks) {
     const auto [code, text] = subfield;
-    if (Trimmed(text).empty()) return;
+    const NumberKind kind = KindOf(field.number, code);
+    if (kind == NumberKind::None || Trimmed(text).empty()) return;
     const Place place = field.GetPlace().Subfield(code);
-    const unsigned tag = field.number;
-    if (tag == 20 && code == 'a') CheckIsbn(place, text, remarks);
-    if (760 <= tag && tag <= 787 && code == 'z') {
-        AddFault(RuleId::IsbnInvalid, place, text, FaultOfIsbn(DivideIsbn(text).number), remarks);
+    switch (kind) {
+        case NumberKind::Isbn:
+            return CheckIsbn(place, text, remarks);
+        case NumberKind::IsbnOfLink:
+            return AddFault(RuleId::IsbnInvalid, place, text, FaultOfIsbn(DivideIsbn(text).number),
+                            remarks);
+        case NumberKind::Issn:
+            return CheckIssn(place, text, remarks);
+        case NumberKind::Standard:
+            return CheckStandardNumber(field, text, remarks);
+        default:
+            return CheckUrl(place, text, remarks);
     }
-    if (tag == 22 && (code == 'a' || code == 'l')) CheckIssn(place, text, remarks);
-    if (HasIssnInX(tag) && code == 'x') CheckIssn(place, text, remarks);
-    if (tag == 24 && code == 'a') CheckStandardNumber(field, text, remarks);
-    if (tag == 856 && code == 'u') CheckUrl(place, text, remarks);
 }
 
 // Tags that mean the same in all formats.

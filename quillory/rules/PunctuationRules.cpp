@@ -55,7 +55,7 @@ void CheckBetween(char form, const CheckedField& field, const SubfieldInHand& on
 }
 
 void CheckMarks(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
-    if (!HasIsbdMarks(field.number)) return;
+    if (field.subfields < 2 || !HasIsbdMarks(field.number)) return;
     const SubfieldInHand* last = nullptr;
     for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
         if (IsControlSubfield(subfield.code)) continue;
@@ -93,10 +93,13 @@ bool NeedsFinalMark(const CheckedField& field) {
            (end == End::FinalMarkOfHeading && (thesaurus == '0' || thesaurus == '1'));
 }
 
-bool IsFinalMark(char c) {
-    constexpr std::string_view kMarks = ".?!-)]\"'>";
-    return kMarks.find(c) != kMarks.npos || static_cast<unsigned char>(c) >= 0x80;
-}
+// And any letter beyond ASCII.
+constexpr auto kFinalMarks = [] {
+    ByteSet marks;
+    for (const char mark : std::string_view(".?!-)]\"'>")) marks.Add(mark);
+    for (int byte = 0x80; byte <= 0xFF; ++byte) marks.Add(static_cast<char>(byte));
+    return marks;
+}();
 
 void CheckEnd(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
     const auto subfields = record.SubfieldsOf(field);
@@ -108,7 +111,7 @@ void CheckEnd(const RecordInHand& record, const CheckedField& field, RemarkSink&
     const bool endsInAddress = !subfields.empty() && subfields.back().code == 'u';
     if (last == subfields.rend() || endsInAddress) return;
     const std::string_view text = TrimmedAtEnd(last->text);
-    if (text.empty() || IsFinalMark(text.back()) || text.find(kEscape) != text.npos) return;
+    if (text.empty() || kFinalMarks.Has(text.back()) || text.find(kEscape) != text.npos) return;
     if (text.find("://") != text.npos) return;
     remarks.Add(RuleId::FinalMark, field.GetPlace().Subfield(last->code));
 }

@@ -11,9 +11,15 @@ constexpr std::size_t kEan = 13;
 constexpr std::size_t kUpc = 12;
 constexpr std::size_t kIssn = 8;
 
-std::string WithoutSigns(std::string_view text, std::string_view signs) {
+std::string WithoutHyphens(std::string_view text) {
     std::string number(text);
-    std::erase_if(number, [signs](char c) { return signs.find(c) != signs.npos; });
+    std::erase(number, '-');
+    return number;
+}
+
+std::string WithoutSigns(std::string_view text) {
+    std::string number(text);
+    std::erase_if(number, [](char c) { return c == '-' || c == ' '; });
     return number;
 }
 
@@ -69,7 +75,7 @@ std::string FaultOf10(std::string_view number) {
 }  // namespace
 
 std::string FaultOfIsbn(std::string_view text) {
-    const std::string number = WithoutSigns(text, "- ");
+    const std::string number = WithoutSigns(text);
     if (number.size() == kIsbn10) return FaultOf11(number);
     if (number.size() != kEan) return WrongSize(number, "10 or 13 in an ISBN");
     if (!number.starts_with("978") && !number.starts_with("979")) {
@@ -80,7 +86,7 @@ std::string FaultOfIsbn(std::string_view text) {
 
 std::string FaultOfIssn(std::string_view text) {
     constexpr std::size_t kHyphen = 4;
-    const std::string number = WithoutSigns(text, "-");
+    const std::string number = WithoutHyphens(text);
     if (number.size() != kIssn) return WrongSize(number, "8 in an ISSN");
     std::string fault = FaultOf11(number);
     if (!fault.empty()) return fault;
@@ -90,19 +96,19 @@ std::string FaultOfIssn(std::string_view text) {
 }
 
 std::string FaultOfEan(std::string_view text) {
-    const std::string number = WithoutSigns(text, "- ");
+    const std::string number = WithoutSigns(text);
     if (number.size() != kEan) return WrongSize(number, "13 in an EAN");
     return FaultOf10(number);
 }
 
 std::string FaultOfUpc(std::string_view text) {
-    const std::string number = WithoutSigns(text, "- ");
+    const std::string number = WithoutSigns(text);
     if (number.size() != kUpc) return WrongSize(number, "12 in a UPC");
     return FaultOf10(number);
 }
 
 std::string FaultOfIsmn(std::string_view text) {
-    std::string number = WithoutSigns(text, "- ");
+    std::string number = WithoutSigns(text);
     if (number.starts_with('M') || number.starts_with('m')) number.replace(0, 1, "9790");
     if (number.size() != kEan || !number.starts_with("9790")) {
         return "an ISMN is 13 digits from 9790 on, or M and nine digits";
