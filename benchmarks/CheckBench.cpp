@@ -50,9 +50,9 @@ void CheckRecord(benchmark::State& state, PolicyKind kind, bool reads) {
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes.size()));
 }
 
-// The same record, held against all rules. Of each, `wordsOfEach` findings get words, as a report
+// The same record, held against all rules. Of each, `keptOfEach` findings are kept, as a report
 // asks for them.
-void InspectRecord(benchmark::State& state, std::uint64_t wordsOfEach) {
+void InspectRecord(benchmark::State& state, std::uint64_t keptOfEach) {
     if (!LoadDictionaries()) {
         state.SkipWithError("no dictionaries");
         return;
@@ -64,7 +64,7 @@ void InspectRecord(benchmark::State& state, std::uint64_t wordsOfEach) {
     const Record record{parts.leader, parts.fields, bytes};
     const CodeLists lists{CodeStatus(DATA_FOLDER "/marc21-codes.tsv")};
     Inspector inspector({}, RuleWeights(), lists);
-    inspector.LimitWords(wordsOfEach);
+    inspector.KeepOnly(keptOfEach);
     std::vector<Remark> remarks;
     for ([[maybe_unused]] auto _ : state) {
         inspector.Inspect(record, 1, remarks);
@@ -72,7 +72,7 @@ void InspectRecord(benchmark::State& state, std::uint64_t wordsOfEach) {
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK_CAPTURE(InspectRecord, in_words, WordLimit::kAll);
+BENCHMARK_CAPTURE(InspectRecord, kept, RemarkLimit::kAll);
 BENCHMARK_CAPTURE(InspectRecord, counted, 3);
 
 BENCHMARK_CAPTURE(CheckRecord, basic, kPolicyBasic, false);

@@ -1,47 +1,43 @@
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/CheckFiles.h>
+#include <quillory/jobs/LookedItems.h>
 #include <quillory/jobs/RecordFilter.h>
 
 #include <algorithm>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace quillory {
 namespace {
 
-// Checks records as they come, and hands the findings to the report.
+bool HasFault(const Item& item) {
+    return item.fault && !item.continues;
+}
+
+// Looks at an item by itself.
+void Look(const Item& item, Inspector& inspector, Reporter& reporter, RecordLook& look) {
+    if (HasFault(item)) reporter.SayFault(item);
+    if (item.kind == kItemRecord) inspector.Look(item.record, look);
+}
+
+// Hands the findings on items to the report, in their order.
 class CheckRun {
 public:
     CheckRun(Severity failsOn, Inspector& inspector, CheckReport& report, Reporter& reporter)
         : failsOn_(failsOn), inspector_(inspector), report_(report), reporter_(reporter) {
-        inspector_.LimitWords(report_.FindingsInWords());
+        Employ(inspector);
+    }
+
+    // What the inspector counts is among the totals.
+    void Employ(Inspector& inspector) {
+        inspector.KeepOnly(report_.FindingsWanted());
+        inspectors_.push_back(&inspector);
     }
 
     void Take(const Item& item) {
-        SayFault(item, reporter_);
-        if (item.kind == kItemRecord) inspector_.Look(item.record, look_);
+        Look(item, inspector_, reporter_, look_);
         TakeLooked(item, look_);
-    }
-
-    std::unique_ptr<ItemWorker> MakeWorkerWith(Inspector& inspector, Reporter& own, Steps& steps) {
-        inspector.LimitWords(report_.FindingsInWords());
-        return MakeWorker([this, &inspector, &own, &steps](const Item& item) {
-            SayFault(item, own);
-            const auto look = std::make_shared<RecordLook>();
-            if (item.kind == kItemRecord) inspector.Look(item.record, *look);
-            steps.emplace_back([this, &item, look] { TakeLooked(item, *look); });
-        });
-    }
-
-    void Finish() { report_.Finish(totals_); }
-
-    // Findings, if there was any, or damage.
-    Status Result() const { return status_; }
-
-private:
-    static bool HasFault(const Item& item) { return item.fault && !item.continues; }
-
-    static void SayFault(const Item& item, Reporter& reporter) {
-        if (HasFault(item)) reporter.SayFault(item);
     }
 
     void TakeLooked(const Item& item, RecordLook& look) {
@@ -49,13 +45,21 @@ private:
         if (item.kind != kItemRecord) return;
         NoteFile();
         inspector_.Compare(item.number, look);
-        const auto fails = [this](const Remark& remark) { return remark.severity <= failsOn_; };
-        if (std::ranges::any_of(look.remarks, fails)) status_ = kStatusFindings;
-        const CheckedRecord record{item, look.remarks, look.numbers};
+        if (look.heaviest && *look.heaviest <= failsOn_) status_ = kStatusFindings;
+        const CheckedRecord record{item, look.remarks, look.heaviest, look.numbers};
         totals_.Count(record);
         report_.TakeRecord(record);
     }
 
+    void Finish() {
+        for (const Inspector* inspector : inspectors_) totals_.findings.Add(inspector->Counts());
+        report_.Finish(totals_);
+    }
+
+    // Findings, if there was any, or damage.
+    Status Result() const { return status_; }
+
+private:
     void CountFault(const Item& item) {
         status_ = kStatusFindings;
         if (item.kind == kItemDamaged) ++totals_.damaged;
@@ -72,10 +76,47 @@ private:
     Inspector& inspector_;
     CheckReport& report_;
     Reporter& reporter_;
+    std::vector<const Inspector*> inspectors_;
     std::string file_;
     RecordLook look_;
     CheckTotals totals_;
     Status status_ = kStatusWell;
+};
+
+// Looks at items; the run does the rest, in a step for all items between which nothing else was
+// left to be done.
+class CheckWorker : public ItemWorker {
+public:
+    CheckWorker(CheckRun& run, Inspector& inspector, Reporter& reporter, Steps& steps)
+        : run_(run), inspector_(inspector), reporter_(reporter), steps_(steps) {}
+
+    void Take(Item& item) override {
+        Look(item, inspector_, reporter_, look_);
+        if (!looked_ || steps_.size() != stepsWithLooked_) BeginLooked();
+        looked_->Add(item, look_);
+    }
+
+    bool KeepsItems() const override { return true; }
+
+    void EndBatch() override { looked_.reset(); }
+
+private:
+    void BeginLooked() {
+        looked_ = std::make_shared<LookedItems>();
+        steps_.emplace_back([&run = run_, looked = looked_] {
+            looked->ForEach(
+                [&run](const Item& item, RecordLook& look) { run.TakeLooked(item, look); });
+        });
+        stepsWithLooked_ = steps_.size();
+    }
+
+    CheckRun& run_;
+    Inspector& inspector_;
+    Reporter& reporter_;
+    Steps& steps_;
+    RecordLook look_;
+    std::shared_ptr<LookedItems> looked_;  // of the last step; null before there is one
+    std::size_t stepsWithLooked_ = 0;
 };
 
 }  // namespace
@@ -90,7 +131,9 @@ Status CheckFiles(CheckFilesOptions options, const Checker& checker, Inspector& 
     }};
     if (makeInspector) {
         job.makeWorker = [&](Reporter& own, Steps& steps) {
-            return run.MakeWorkerWith(makeInspector(), own, steps);
+            Inspector& another = makeInspector();
+            run.Employ(another);
+            return std::make_unique<CheckWorker>(run, another, own, steps);
         };
     }
     try {

@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -32,56 +33,38 @@ struct RecordWords {
 // One record, and what was found on it.
 struct CheckedRecord {
     const Item& item;
-    const std::vector<Remark>& remarks;
+    const std::vector<Remark>& remarks;       // as far as the report wants them
+    std::optional<Severity> heaviest;         // of all
     std::span<const NumberMet> numbers = {};  // by which others may be found to be the same
     // Where the record itself is no longer there; else null.
     const RecordWords* words = nullptr;
 
-    // By the heaviest of the remarks; notes do no harm.
+    // By the heaviest of the findings; notes do no harm.
     Verdict GetVerdict() const;
-};
-
-// How often a rule was broken.
-struct RuleCount {
-    const Rule* rule = nullptr;  // never null
-    Severity severity = Severity::Note;
-    std::uint64_t count = 0;
-    std::uint64_t records = 0;     // that break it
-    std::uint64_t lastRecord = 0;  // of those, by its number in the run
 };
 
 // Records by verdict.
 using VerdictCounts = std::array<std::uint64_t, 3>;
-// Findings by severity.
-using SeverityCounts = std::array<std::uint64_t, 3>;
 
 // What a whole run found.
 struct CheckTotals {
     std::uint64_t records = 0;
     std::uint64_t damaged = 0;  // that can't be read
     VerdictCounts verdicts{};
+    RemarkCounts findings;
 
+    // The record, but not what was found on it.
     void Count(const CheckedRecord& record);
-    // The rules that were broken, by their numbers.
-    std::vector<RuleCount> Rules() const;
     std::vector<RuleCount> MostFrequentFirst() const;
     std::map<std::string, VerdictCounts> Materials() const;
-    // By tag; empty for what is said of whole records.
-    std::map<std::string, SeverityCounts> Fields() const;
 
 private:
     using TypeAndLevel = std::pair<char, char>;  // Leader/06 and 07
 
-    void Count(const Remark& remark);
     VerdictCounts& CountsOfMaterial(const CheckedRecord& record);
-    SeverityCounts& CountsOf(const Place& place);
 
-    std::vector<RuleCount>
-        rules_;  // by the numbers of the rules; counts are 0 where none is broken
     std::map<TypeAndLevel, VerdictCounts> materials_;
     std::map<std::string, VerdictCounts> namedMaterials_;
-    std::vector<SeverityCounts> fields_;  // by the numbers of the tags
-    std::map<std::string, SeverityCounts, std::less<>> otherPlaces_;
 };
 
 // Writes what a check finds, as it finds it.
@@ -89,8 +72,8 @@ class CheckReport {
 public:
     virtual ~CheckReport() = default;
 
-    // Of how many findings by each rule, from the first on, it asks for the words.
-    virtual std::uint64_t FindingsInWords() const { return WordLimit::kAll; }
+    // How many findings by each rule, from the first on, it asks for.
+    virtual std::uint64_t FindingsWanted() const { return RemarkLimit::kAll; }
     virtual void TakeRecord(const CheckedRecord& record) = 0;
     // Bytes that are no record, and what is wrong with them.
     virtual void TakeDamage(const Item& item, const std::string& reason) = 0;

@@ -52,7 +52,7 @@ private:
     bool Take(Item& item) {
         const std::size_t stepsBefore = steps_.size();
         worker_->Take(item);
-        return steps_.size() > stepsBefore;
+        return worker_->KeepsItems() || steps_.size() > stepsBefore;
     }
 
     template <class Act>

@@ -23,6 +23,8 @@ public:
     // The item's bytes stay until the steps of its batch are done, and so does the item, as it is
     // left, if a step was left meanwhile.
     virtual void Take(Item& item) = 0;
+    // Whether all items stay, since a step is about several of them.
+    virtual bool KeepsItems() const { return false; }
     // Leaves what remains to be done with the items taken since the last call to the steps.
     virtual void EndBatch() {}
 };

@@ -167,12 +167,20 @@ private:
     void TakeRecord() {
         CompareNumbers();
         PassOverUnimarc();
-        const auto fails = [this](const Remark& remark) { return remark.severity <= failsOn_; };
+        const auto heaviest = CountFindings();
         const bool isSound = line_.words.fault.empty();
-        if (!isSound || std::ranges::any_of(line_.remarks, fails)) status_ = kStatusFindings;
-        const CheckedRecord record{line_.item, line_.remarks, given_, &line_.words};
+        if (!isSound || (heaviest && *heaviest <= failsOn_)) status_ = kStatusFindings;
+        const CheckedRecord record{line_.item, line_.remarks, heaviest, given_, &line_.words};
         totals_.Count(record);
         report_.TakeRecord(record);
+    }
+
+    std::optional<Severity> CountFindings() {
+        totals_.findings.BeginRecord();
+        for (const Remark& remark : line_.remarks) {
+            totals_.findings.Count(*remark.rule, remark.severity, remark.place);
+        }
+        return totals_.findings.Heaviest();
     }
 
     // One record in UNIMARC is enough to say so of a file, of which there may be several parts.

@@ -42,7 +42,7 @@ std::string FieldLabel(const std::string& tag) {
 
 std::string FindingsChart(const CheckTotals& totals) {
     std::vector<Bar> bars;
-    const std::vector<RuleCount> rules = totals.Rules();
+    const std::vector<RuleCount> rules = totals.findings.Rules();
     bars.reserve(rules.size());
     for (const RuleCount& count : rules) {
         bars.push_back({std::string(count.rule->title), {PartOf(count.severity, count.count)}});
@@ -52,7 +52,7 @@ std::string FindingsChart(const CheckTotals& totals) {
 
 std::string FieldsChart(const CheckTotals& totals) {
     std::vector<Bar> bars;
-    const auto fields = totals.Fields();
+    const auto fields = totals.findings.Fields();
     bars.reserve(fields.size());
     for (const auto& [tag, counts] : fields) {
         Bar bar{FieldLabel(tag), {}};

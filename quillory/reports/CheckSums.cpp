@@ -44,7 +44,7 @@ std::string MaterialLines(const CheckTotals& totals) {
 }
 
 std::string FieldLines(const CheckTotals& totals) {
-    const auto fields = totals.Fields();
+    const auto fields = totals.findings.Fields();
     if (fields.empty()) return {};
     std::string text =
         '\n' + SumsRow(std::array<std::string, 3>{"errors", "warnings", "notes"}, "by field");
@@ -108,7 +108,7 @@ void WriteMaterials(const CheckTotals& totals, JsonWriter& json) {
 void WriteFields(const CheckTotals& totals, JsonWriter& json) {
     json.Name("fields");
     json.BeginArray();
-    for (const auto& [tag, counts] : totals.Fields()) {
+    for (const auto& [tag, counts] : totals.findings.Fields()) {
         json.BeginObject();
         json.Member("tag", tag.empty() ? std::nullopt : std::optional(tag));
         for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {

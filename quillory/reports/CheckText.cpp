@@ -2,6 +2,7 @@
 #include <quillory/reports/CheckSummary.h>
 #include <quillory/reports/ScreenText.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace quillory {
@@ -13,13 +14,15 @@ public:
     CheckTextReport(std::unique_ptr<Output> output, bool showsEach, Reporter& reporter)
         : output_(std::move(output)), showsEach_(showsEach), reporter_(reporter) {}
 
-    std::uint64_t FindingsInWords() const override { return ShowsAll() ? WordLimit::kAll : kShown; }
+    std::uint64_t FindingsWanted() const override {
+        return ShowsAll() ? RemarkLimit::kAll : kShown;
+    }
 
     void TakeRecord(const CheckedRecord& record) override {
         place_.clear();
         text_.clear();
         for (const Remark& remark : record.remarks) {
-            if (!IsShown(remark)) continue;
+            if (!ShowsAll() && !IsAmongFirst(remark)) continue;
             if (place_.empty()) place_ = Visible(reporter_.PlaceOf(record.item)) + ": ";
             text_ += place_;
             AppendRemarkLine(remark, text_);
@@ -39,30 +42,35 @@ public:
 private:
     static constexpr std::uint64_t kShown = 3;  // of each rule
 
+    // Whether there is more than what is shown.
+    bool IsCut(const CheckTotals& totals) const {
+        const auto rules = totals.findings.Rules();
+        return !ShowsAll() && std::ranges::any_of(
+                                  rules, [](const RuleCount& rule) { return rule.count > kShown; });
+    }
+
     std::string Summary(const CheckTotals& totals) const {
-        std::string text = totals.Rules().empty() ? "" : "\n";
+        std::string text = totals.findings.Rules().empty() ? "" : "\n";
         text += CheckSummary(totals) + CheckRuleLines(totals);
-        if (isCut_) text += "The first few of each rule are shown; --each shows all.\n";
+        if (IsCut(totals)) text += "The first few of each rule are shown; --each shows all.\n";
         return text;
     }
 
     // A summary is what tells of the others.
     bool ShowsAll() const { return showsEach_ || reporter_.Quiet(); }
 
-    bool IsShown(const Remark& remark) {
+    // Each of several inspectors keeps the first few.
+    bool IsAmongFirst(const Remark& remark) {
         const auto rule = static_cast<std::size_t>(remark.rule->id);
         if (rule >= shown_.size()) shown_.resize(rule + 1);
-        if (ShowsAll() || ++shown_[rule] <= kShown) return true;
-        isCut_ = true;
-        return false;
+        return ++shown_[rule] <= kShown;
     }
 
     std::unique_ptr<Output> output_;
     bool showsEach_;
     Reporter& reporter_;
     std::vector<std::uint64_t> shown_;  // by the number of the rule
-    bool isCut_ = false;
-    std::string place_;  // of the record in hand
+    std::string place_;                 // of the record in hand
     std::string text_;
 };
 

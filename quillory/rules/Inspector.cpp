@@ -4,6 +4,7 @@
 #include <quillory/rules/Unimarc.h>
 #include <quillory/text/Trimmed.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace quillory {
@@ -29,20 +30,22 @@ bool IsOnline(const RecordInHand& record) {
 // What nobody published has no publisher, and archives measure by boxes. Serials may have their
 // dates in 362 alone. What is read online has no size.
 bool IsMoot(RuleId rule, const RecordInHand& record) {
-    constexpr std::string_view kManuscripts = "dfpt";
     constexpr std::string_view kSerials = "bis";
-    const bool isUnpublished =
-        record.LeaderByte(8) == 'a' || kManuscripts.find(record.LeaderByte(6)) != kManuscripts.npos;
+    const auto isUnpublished = [&record] {
+        constexpr std::string_view kManuscripts = "dfpt";
+        return record.LeaderByte(8) == 'a' ||
+               kManuscripts.find(record.LeaderByte(6)) != kManuscripts.npos;
+    };
     switch (rule) {
         case RuleId::NoPlaceOfPublication:
         case RuleId::NoPublisher:
-            return isUnpublished;
+            return isUnpublished();
         case RuleId::NoPhysicalDetails:
             return record.LeaderByte(8) == 'a';
         case RuleId::NoDimensions:
             return record.LeaderByte(8) == 'a' || IsOnline(record);
         case RuleId::NoDateOfPublication:
-            if (isUnpublished && HasDatesInTitle(record)) return true;
+            if (isUnpublished() && HasDatesInTitle(record)) return true;
             return kSerials.find(record.LeaderByte(7)) != kSerials.npos && record.Has(362);
         default:
             return false;
@@ -73,13 +76,15 @@ void Inspector::Inspect(const Record& record, std::uint64_t number, std::vector<
 void Inspector::Look(const Record& record, RecordLook& look) {
     look.remarks.clear();
     look.numbers.clear();
-    RemarkSink sink(weights_, look.remarks, &words_);
+    look.heaviest.reset();
+    taking_.counts.BeginRecord();
+    RemarkSink sink(weights_, look.remarks, &taking_);
     const MarcFormat format = MarcFormatOf(record.leader);
     const bool isBibliographic = format == kFormatBibliographic;
     RecordInHand& inHand = isBibliographic ? record_ : others_.RecordOf(format);
     inHand.Take(record);
     look.isUnimarc = IsUnimarc(inHand);
-    if (look.isUnimarc) return sink.Add(RuleId::Unimarc, Place::OfRecord());
+    if (look.isUnimarc) return;
     characters_.Check(record, inHand, CharsetOf(record), sink);
     if (isBibliographic) {
         CheckBibliographic(look, sink);
@@ -89,24 +94,33 @@ void Inspector::Look(const Record& record, RecordLook& look) {
     TakeFindings(record, inHand, sink);
     if (ownRules_ != nullptr) ownRules_->Check(record, sink);
     NoteControlNumber(record, look);
+    look.heaviest = taking_.counts.Heaviest();
 }
 
 // One record in UNIMARC is enough to say so of a file.
 void Inspector::Compare(std::uint64_t number, RecordLook& look) {
-    if (look.isUnimarc && std::exchange(hasToldUnimarc_, true)) look.remarks.clear();
     std::vector<Remark> added;
-    RemarkSink sink(weights_, added, &words_);
+    taking_.counts.BeginRecord();
+    if (look.isUnimarc && !std::exchange(hasToldUnimarc_, true)) {
+        RemarkSink(weights_, look.remarks, &taking_).Add(RuleId::Unimarc, Place::OfRecord());
+    }
+    RemarkSink sink(weights_, added, &taking_);
     for (const NumberMet& met : look.numbers) {
         const auto first = numbers_.Meet(met.kind, met.number, number);
         if (!first) continue;
-        const auto at = static_cast<std::ptrdiff_t>(met.at + added.size());
+        const std::size_t before = added.size();
         sink.Add(met.rule, met.place, [&] {
             std::string where = numbers_.TextOf(*first);
             return met.rule == RuleId::ControlNumberRepeated
                        ? RemarkWords{std::move(where)}
                        : RemarkWords{std::string(met.number), std::move(where)};
         });
+        if (added.size() == before) continue;
+        const auto at = static_cast<std::ptrdiff_t>(met.at + before);
         look.remarks.insert(look.remarks.begin() + at, std::move(added.back()));
+    }
+    if (const auto heaviest = taking_.counts.Heaviest()) {
+        look.heaviest = std::min(*heaviest, look.heaviest.value_or(*heaviest));
     }
 }
 

@@ -12,6 +12,7 @@
 #include <quillory/rules/SeenNumbers.h>
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -20,8 +21,9 @@ namespace quillory {
 // What a record by itself gives rise to. Numbers are those that a rule in force is about, as views
 // of its bytes.
 struct RecordLook {
-    std::vector<Remark> remarks;
+    std::vector<Remark> remarks;  // that are kept
     std::vector<NumberMet> numbers;
+    std::optional<Severity> heaviest;  // of all that was found
     bool isUnimarc = false;
 };
 
@@ -42,9 +44,10 @@ public:
         hasToldUnimarc_ = false;
     }
 
-    // From now on, only the first few remarks by each rule get words; those that go on say no more
-    // than rule and place.
-    void LimitWords(std::uint64_t ofEachRule) { words_.Set(ofEachRule); }
+    // From now on, only the first few remarks by each rule are kept. All are counted.
+    void KeepOnly(std::uint64_t ofEachRule) { taking_.limit.Set(ofEachRule); }
+    // Of all that this inspector found.
+    const RemarkCounts& Counts() const { return taking_.counts; }
 
     // Replaces `remarks`: in the order of the fields, and then what the record lacks. `number` is
     // that of the record in its file.
@@ -65,7 +68,7 @@ private:
     CheckerOptions options_;
     Checker checker_;
     RuleWeights weights_;
-    WordLimit words_;
+    RemarkTaking taking_;
     RecordInHand record_;
     CodedRules coded_;
     OtherFormats others_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/rules/Remark.h>
+#include <quillory/rules/RemarkCounts.h>
 #include <quillory/rules/RuleChoice.h>
 
 #include <concepts>
@@ -17,9 +18,9 @@ struct RemarkWords {
     Place codes = {};  // as Remark has them
 };
 
-// How many remarks by each rule get words, of those that come one after the other. The others are
-// only counted by who asked for it.
-class WordLimit {
+// How many remarks by each rule are kept, of those that come one after the other. The others are
+// only counted.
+class RemarkLimit {
 public:
     static constexpr std::uint64_t kAll = std::numeric_limits<std::uint64_t>::max();
 
@@ -36,12 +37,19 @@ private:
     std::vector<std::uint64_t> given_;  // by the number of the rule
 };
 
+// What is done with remarks beside being kept.
+struct RemarkTaking {
+    RemarkLimit limit;
+    RemarkCounts counts;
+};
+
 // Takes what rules say of one record, as far as it is wanted.
 class RemarkSink {
 public:
-    // Keeps the references. Without a limit, all remarks get their words.
-    RemarkSink(const RuleWeights& weights, std::vector<Remark>& remarks, WordLimit* limit = nullptr)
-        : weights_(weights), remarks_(remarks), limit_(limit) {}
+    // Keeps the references. Without `taking`, all remarks are kept, and none is counted.
+    RemarkSink(const RuleWeights& weights, std::vector<Remark>& remarks,
+               RemarkTaking* taking = nullptr)
+        : weights_(weights), remarks_(remarks), taking_(taking) {}
 
     bool Wants(RuleId rule) const { return weights_.Wants(rule); }
     // `codes`: as Remark has them.
@@ -57,27 +65,32 @@ public:
             remark->codes = codes;
         }
     }
-    // `makeWords` is called only if they are wanted, too.
+    // `makeWords` is called only for a remark that is kept.
     template <std::invocable MakeWords>
     void Add(RuleId rule, const Place& place, MakeWords makeWords) {
-        Remark* remark = Begin(RuleOf(rule), place);
-        if (remark == nullptr || (limit_ != nullptr && !limit_->Takes(rule))) return;
-        RemarkWords words = makeWords();
-        remark->found = std::move(words.found);
-        remark->allowed = std::move(words.allowed);
-        remark->codes = words.codes;
+        if (Remark* remark = Begin(RuleOf(rule), place)) {
+            RemarkWords words = makeWords();
+            remark->found = std::move(words.found);
+            remark->allowed = std::move(words.allowed);
+            remark->codes = words.codes;
+        }
     }
 
 private:
-    // Null if the rule is off.
+    // Null if the rule is off, or the remark is only counted.
     Remark* Begin(const Rule& rule, const Place& place) {
         const auto severity = weights_.Of(rule.id);
-        return severity ? &remarks_.emplace_back(Remark{&rule, *severity, place}) : nullptr;
+        if (!severity) return nullptr;
+        if (taking_ != nullptr) {
+            taking_->counts.Count(rule, *severity, place);
+            if (!taking_->limit.Takes(rule.id)) return nullptr;
+        }
+        return &remarks_.emplace_back(Remark{&rule, *severity, place});
     }
 
     const RuleWeights& weights_;
     std::vector<Remark>& remarks_;
-    WordLimit* limit_;
+    RemarkTaking* taking_;
 };
 
 }  // namespace quillory

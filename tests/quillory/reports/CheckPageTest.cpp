@@ -45,7 +45,11 @@ std::string Report(CheckFormat format, const Texts& texts) {
                        Place::OfField("245", 1).Subfield('a'), texts.reason};
     CheckTotals totals;
     const std::vector<Remark> remarks = {note, found};
-    const CheckedRecord record{item, remarks};
+    totals.findings.BeginRecord();
+    for (const Remark& remark : remarks) {
+        totals.findings.Count(*remark.rule, remark.severity, remark.place);
+    }
+    const CheckedRecord record{item, remarks, totals.findings.Heaviest()};
     totals.Count(record);
     report->TakeRecord(record);
     Item damage;
