@@ -65,13 +65,13 @@ inline BlockBits ByteBlock::Equal(char byte) const {
 }
 
 inline BlockBits ByteBlock::NotPlain() const {
-    return BitsOf([](char c) { return c < 0x20 || c == 0x7F; });
+    return BitsOf([](char c) { return !(0x20 <= c && c < 0x7F); });
 }
 #endif
 
-// Calls `take(block, at, fresh)` for all bytes of a text, block by block: `at` is where the block
-// begins in the text, and `fresh` are the bytes that no block before it had. The last block may
-// begin in the one before it, and a text shorter than a block is filled up.
+// Calls `take` for all bytes of a text, block by block, with the block, where it begins in the
+// text, and those of its bytes that no block before it had. The last block may begin in the one
+// before it, and a text shorter than a block is filled up.
 template <class Take>
 void ForEachBlock(std::string_view text, Take take) {
     constexpr std::size_t kSize = ByteBlock::kSize;
