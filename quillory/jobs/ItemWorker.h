@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace quillory {
@@ -27,6 +28,21 @@ public:
     virtual bool KeepsItems() const { return false; }
     // Leaves what remains to be done with the items taken since the last call to the steps.
     virtual void EndBatch() {}
+};
+
+// Does something with an item, and may hand it on to another one.
+class HandingWorker : public ItemWorker {
+public:
+    explicit HandingWorker(std::unique_ptr<ItemWorker> next) : next_(std::move(next)) {}
+
+    bool KeepsItems() const override { return next_->KeepsItems(); }
+    void EndBatch() override { next_->EndBatch(); }
+
+protected:
+    void HandOn(Item& item) { next_->Take(item); }
+
+private:
+    std::unique_ptr<ItemWorker> next_;
 };
 
 // A worker of which no more is known than what it does with an item.

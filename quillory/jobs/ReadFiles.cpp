@@ -190,35 +190,31 @@ private:
 };
 
 // Tells first, of each item.
-class TellingWorker : public ItemWorker {
+class TellingWorker : public HandingWorker {
 public:
     TellingWorker(Reporter& reporter, std::unique_ptr<ItemWorker> worker)
-        : reporter_(reporter), worker_(std::move(worker)) {}
+        : HandingWorker(std::move(worker)), reporter_(reporter) {}
 
     void Take(Item& item) override {
         Tell(item, reporter_);
-        worker_->Take(item);
+        HandOn(item);
     }
-    void EndBatch() override { worker_->EndBatch(); }
 
 private:
     Reporter& reporter_;
-    std::unique_ptr<ItemWorker> worker_;
 };
 
-class AskedWorker : public ItemWorker {
+class AskedWorker : public HandingWorker {
 public:
     AskedWorker(const InputOptions& options, Reporter& reporter, std::unique_ptr<ItemWorker> worker)
-        : asked_(options, reporter), worker_(std::move(worker)) {}
+        : HandingWorker(std::move(worker)), asked_(options, reporter) {}
 
     void Take(Item& item) override {
-        if (asked_.Takes(item)) worker_->Take(item);
+        if (asked_.Takes(item)) HandOn(item);
     }
-    void EndBatch() override { worker_->EndBatch(); }
 
 private:
     Asked asked_;
-    std::unique_ptr<ItemWorker> worker_;
 };
 
 }  // namespace

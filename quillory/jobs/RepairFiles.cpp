@@ -51,23 +51,23 @@ private:
 };
 
 // Repairs records, and hands them on.
-class RepairWorker : public ItemWorker {
+class RepairWorker : public HandingWorker {
 public:
     RepairWorker(RecordRepairer repairer, Outcome& outcome, Steps& steps,
                  std::unique_ptr<ItemWorker> next)
-        : repairer_(std::move(repairer)),
+        : HandingWorker(std::move(next)),
+          repairer_(std::move(repairer)),
           outcome_(outcome),
-          steps_(steps),
-          next_(std::move(next)) {}
+          steps_(steps) {}
 
     void Take(Item& item) override {
         if (item.kind == kItemRecord) PutRight(item);
-        next_->Take(item);
+        HandOn(item);
     }
     void EndBatch() override {
         const auto totals = std::make_shared<RepairTotals>(counter_.TakeTotals());
         steps_.emplace_back([&outcome = outcome_, totals] { outcome.Add(*totals); });
-        next_->EndBatch();
+        HandingWorker::EndBatch();
     }
 
 private:
@@ -83,7 +83,6 @@ private:
     RecordRepairer repairer_;
     Outcome& outcome_;
     Steps& steps_;
-    std::unique_ptr<ItemWorker> next_;
     RepairCounter counter_;  // of this batch
 };
 
