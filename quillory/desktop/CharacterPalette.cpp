@@ -56,6 +56,8 @@ CharacterPalette::CharacterPalette(QWidget* parent)
     grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grid_->setTabKeyNavigation(false);
     grid_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    grid_->setTextElideMode(Qt::ElideNone);
+    grid_->setMinimumWidth(zorby::kPaletteColumns * fontMetrics().horizontalAdvance(u'W'));
     grid_->horizontalHeader()->hide();
     grid_->verticalHeader()->hide();
     grid_->horizontalHeader()->setMinimumSectionSize(0);

@@ -20,6 +20,7 @@
 namespace quillory {
 namespace {
 
+constexpr int kLeastChars = 8;  // that a choice of systems shows
 constexpr int kMostChars = 24;  // of a column at first
 
 }  // namespace
@@ -46,8 +47,7 @@ CopiesEditor::CopiesEditor(OpenRecord& record, QWidget* parent)
     none_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     auto* buttons = new QHBoxLayout;
     for (QPushButton* button : {new_, like_, remove_, barCode_}) buttons->addWidget(button);
-    buttons->addStretch(1);
-    buttons->addWidget(systems_);
+    buttons->addWidget(systems_, 1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 0);
     layout->addLayout(buttons);
@@ -103,7 +103,8 @@ void CopiesEditor::MakeSystems() {
         if (type->GetSize() > 0) systems_->addItem(ToQt(QmToUtf8(type->GetName())));
     }
     systems_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    systems_->setMinimumContentsLength(kMostChars);
+    systems_->setMinimumContentsLength(kLeastChars);
+    systems_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     connect(systems_, &QComboBox::activated, this, [this](int row) {
         if (row > 0) ChooseSystem(systems_->itemText(row));
         ShowState();

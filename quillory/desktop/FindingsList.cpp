@@ -18,7 +18,7 @@ FindingsList::FindingsList(QWidget* parent) : QTreeWidget(parent) {
     setUniformRowHeights(false);
     header()->setSectionResizeMode(kSign, QHeaderView::ResizeToContents);
     header()->setSectionResizeMode(kPlace, QHeaderView::ResizeToContents);
-    header()->setSectionResizeMode(kText, QHeaderView::Stretch);
+    header()->setSectionResizeMode(kText, QHeaderView::Fixed);
     header()->setMinimumSectionSize(0);
     const auto choose = [this](QTreeWidgetItem* item) {
         const int row = indexOfTopLevelItem(item);
@@ -26,7 +26,10 @@ FindingsList::FindingsList(QWidget* parent) : QTreeWidget(parent) {
         const Place place = places_[static_cast<std::size_t>(row)];  // the list may be made anew
         Q_EMIT Chosen(place);
     };
-    connect(header(), &QHeaderView::sectionResized, this, &FindingsList::FitRows);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect(header(), &QHeaderView::sectionResized, this, [this](int column) {
+        if (column != kText) FitText();
+    });
     connect(this, &QTreeWidget::itemClicked, this, choose);
     connect(this, &QTreeWidget::itemActivated, this, choose);
 }
@@ -41,6 +44,18 @@ void FindingsList::Show(const std::vector<Remark>& remarks, const std::optional<
     for (const Remark& remark : remarks) {
         Add(remark.severity, remark.place, ToQt(RemarkText(remark)), ToQt(remark.rule->why));
     }
+    FitText();
+}
+
+void FindingsList::resizeEvent(QResizeEvent* event) {
+    QTreeWidget::resizeEvent(event);
+    FitText();
+}
+
+// The text has what the other columns and the scroll bar leave.
+void FindingsList::FitText() {
+    const int others = columnWidth(kSign) + columnWidth(kPlace);
+    setColumnWidth(kText, qMax(0, viewport()->width() - others));
     FitRows();
 }
 

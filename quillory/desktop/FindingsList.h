@@ -23,8 +23,12 @@ public:
 Q_SIGNALS:
     void Chosen(const Place& place);
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     // A text that is longer than its column goes on in further lines.
+    void FitText();
     void FitRows();
     void Add(Severity severity, const Place& place, const QString& text, const QString& why);
 

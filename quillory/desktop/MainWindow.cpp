@@ -26,6 +26,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -52,6 +53,12 @@ QLabel* Heading(QWidget* parent) {
     label->setWordWrap(true);
     label->setMargin(4);
     return label;
+}
+
+// Columns of a line stand below those of others only where all signs have one width.
+QString WithoutColumns(QString text) {
+    static const QRegularExpression kGap(QStringLiteral("(?<=\\S) {3,}"));
+    return text.replace(kGap, QStringLiteral(": "));
 }
 
 }  // namespace
@@ -112,6 +119,7 @@ void MainWindow::MakeCentre() {
     panes_->addWidget(MakeList());
     panes_->addWidget(MakeEditor());
     panes_->addWidget(MakeSide());
+    panes_->setStretchFactor(0, 3);
     panes_->setStretchFactor(1, 5);
     panes_->setStretchFactor(2, 2);
     pages_->addWidget(MakeWelcome());
@@ -136,7 +144,7 @@ QWidget* MainWindow::MakeWelcome() {
     auto* hint = new QLabel(tr("A file can also be dropped anywhere on this window."), page);
     hint->setAlignment(Qt::AlignCenter);
     auto* open = new QPushButton(tr("&Open a File…"), page);
-    auto* make = new QPushButton(tr("Make a &Record…"), page);
+    auto* make = new QPushButton(tr("&Make a Record…"), page);
     auto* store = new QPushButton(tr("Open the S&tore"), page);
     auto* samples = new QPushButton(tr("Try the &Samples"), page);
     connect(make, &QPushButton::clicked, this, &MainWindow::NewRecord);
@@ -329,7 +337,7 @@ void MainWindow::SelectCurrentRow() {
     const auto row = current_ ? document_->Listing().RowOf(*current_) : std::nullopt;
     if (!row || static_cast<int>(*row) >= listModel_->rowCount()) return;
     const QModelIndex index = listModel_->index(static_cast<int>(*row), 1);
-    if (index.row() == list_->currentIndex().row()) return;
+    if (list_->selectionModel()->isRowSelected(index.row())) return;
     list_->setCurrentIndex(index);
     list_->scrollTo(index);
 }
@@ -420,7 +428,7 @@ void MainWindow::ShowHelp() {
     helpHeading_->setText(ToQt(help.heading));
     help_->setFont(place.IsControl() ? QFontDatabase::systemFont(QFontDatabase::FixedFont)
                                      : font());
-    help_->setPlainText(ToQt(help.text));
+    help_->setPlainText(place.IsControl() ? ToQt(help.text) : WithoutColumns(ToQt(help.text)));
 }
 
 void MainWindow::ShowFile() {

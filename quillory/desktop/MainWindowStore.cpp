@@ -40,8 +40,8 @@ QWidget* MainWindow::MakeEmptyStore() {
         page);
     words->setAlignment(Qt::AlignCenter);
     words->setWordWrap(true);
-    auto* add = new QPushButton(tr("Add the Records of a &File…"), page);
-    auto* make = new QPushButton(tr("Make a &Record…"), page);
+    auto* add = new QPushButton(tr("&Add the Records of a File…"), page);
+    auto* make = new QPushButton(tr("&Make a Record…"), page);
     connect(add, &QPushButton::clicked, this, &MainWindow::ChooseFileForStore);
     connect(make, &QPushButton::clicked, this, &MainWindow::NewRecord);
     layout->addStretch(2);

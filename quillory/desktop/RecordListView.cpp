@@ -9,12 +9,12 @@ namespace {
 
 // In characters.
 constexpr int kStateWidth = 5;
-constexpr int kLeastTitleWidth = 15;
+constexpr int kLeastTitleWidth = 22;
 constexpr int kAuthorWidth = 14;
 constexpr int kDateWidth = 6;
 constexpr int kMaterialWidth = 11;
 constexpr int kNumberWidth = 7;
-constexpr int kLeastWidth = 4;  // of a column that shows at all
+constexpr int kLeastWidth = 8;  // of an author or a material that shows at all
 
 constexpr int Column(ListColumn column) {
     return static_cast<int>(column);
@@ -30,6 +30,7 @@ RecordListView::RecordListView(QAbstractItemModel* model, QWidget* parent) : QTa
     setShowGrid(false);
     setAlternatingRowColors(true);
     setWordWrap(false);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setTabKeyNavigation(false);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -43,8 +44,6 @@ RecordListView::RecordListView(QAbstractItemModel* model, QWidget* parent) : QTa
     header->setMinimumSectionSize(0);
     header->setSectionResizeMode(Column(ListColumn::Title), QHeaderView::Stretch);
     setColumnWidth(Column(ListColumn::State), WidthOf(kStateWidth));
-    setColumnWidth(Column(ListColumn::Date), WidthOf(kDateWidth));
-    setColumnWidth(Column(ListColumn::Number), WidthOf(kNumberWidth));
     FitColumns();
 }
 
@@ -57,17 +56,18 @@ int RecordListView::WidthOf(int chars) const {
     return chars * fontMetrics().averageCharWidth();
 }
 
-// In a narrow list the material goes first, then the author.
+// In a narrow list the material goes first, then the author, the number and the date.
 void RecordListView::FitColumns() {
-    int room =
-        viewport()->width() - WidthOf(kStateWidth + kLeastTitleWidth + kDateWidth + kNumberWidth);
-    const auto fit = [&](ListColumn column, int chars) {
-        const int given = room < WidthOf(kLeastWidth) ? 0 : std::min(room, WidthOf(chars));
+    int room = viewport()->width() - WidthOf(kStateWidth + kLeastTitleWidth);
+    const auto fit = [&](ListColumn column, int least, int chars) {
+        const int given = room < WidthOf(least) ? 0 : std::min(room, WidthOf(chars));
         setColumnWidth(Column(column), given);
         room -= given;
     };
-    fit(ListColumn::Author, kAuthorWidth);
-    fit(ListColumn::Material, kMaterialWidth);
+    fit(ListColumn::Date, kDateWidth, kDateWidth);
+    fit(ListColumn::Number, kNumberWidth, kNumberWidth);
+    fit(ListColumn::Author, kLeastWidth, kAuthorWidth);
+    fit(ListColumn::Material, kLeastWidth, kMaterialWidth);
 }
 
 }  // namespace quillory

@@ -17,7 +17,8 @@ namespace {
 
 constexpr int kWidth = 820;
 constexpr int kHeight = 520;
-constexpr int kLines = 5;
+constexpr int kLines = 4;
+constexpr int kRoomOfFrame = 12;
 enum Column : int { kName, kWeight, kTitle };
 constexpr int kWords = Qt::UserRole;
 
@@ -54,7 +55,7 @@ RulesDialog::RulesDialog(const DeskRules& rules, QWidget* parent)
     words_->setReadOnly(true);
     words_->setTabChangesFocus(true);
     words_->setAccessibleName(tr("The reason for the rule in hand"));
-    words_->setFixedHeight(kLines * fontMetrics().lineSpacing());
+    words_->setFixedHeight(kLines * fontMetrics().lineSpacing() + kRoomOfFrame);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(where);

@@ -26,6 +26,7 @@ namespace {
 constexpr int kWidth = 900;
 constexpr int kHeight = 560;
 constexpr int kHelpLines = 5;
+constexpr int kRoomOfFrame = 12;
 constexpr auto kQuestion = "question";  // a property of a box: its number
 
 Description DescriptionBy(const std::string& workform) {
@@ -85,7 +86,7 @@ QWidget* WorkformDialog::MakeQuestions() {
     help_->setReadOnly(true);
     help_->setTabChangesFocus(true);
     help_->setAccessibleName(tr("What the workform says of the subfield in hand"));
-    help_->setFixedHeight(kHelpLines * fontMetrics().lineSpacing());
+    help_->setFixedHeight(kHelpLines * fontMetrics().lineSpacing() + kRoomOfFrame);
     layout->addWidget(all_);
     layout->addWidget(area_, 1);
     layout->addWidget(help_);

@@ -38,7 +38,9 @@ namespace {
 
 constexpr int kWidth = 1100;
 constexpr int kHeight = 640;
+constexpr int kLeastHelpLines = 2;
 constexpr int kHelpLines = 4;
+constexpr int kRoomOfFrame = 12;
 constexpr int kWait = 1000;  // milliseconds
 
 // Steps of one kind that come one after the other are undone as one, as with letter after letter.
@@ -216,7 +218,8 @@ QWidget* WorkformEditor::MakeHelpTexts() {
         text->setTabChangesFocus(true);
         text->setToolTip(tr("Shown when this subfield is filled"));
         text->setAccessibleName(words[i].name);
-        text->setFixedHeight(kHelpLines * fontMetrics().lineSpacing() + 12);
+        text->setMinimumHeight(kLeastHelpLines * fontMetrics().lineSpacing() + kRoomOfFrame);
+        text->setMaximumHeight(kHelpLines * fontMetrics().lineSpacing() + kRoomOfFrame);
         auto* label = new QLabel(words[i].label, part);
         label->setBuddy(text);
         grid->addWidget(label, 0, i);

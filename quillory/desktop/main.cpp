@@ -8,6 +8,7 @@
 #include <quillory/store/HomeFolder.h>
 
 #include <QApplication>
+#include <QIcon>
 #include <QMessageBox>
 #include <algorithm>
 #include <array>
@@ -31,6 +32,7 @@ QString SettingsPath() {
 int RunWindow(const QString& file) {
     quillory::DeskSettings settings(SettingsPath());
     quillory::SetTheme(settings.IsDark());
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("quillory-desk")));
     quillory::Desk desk;
     quillory::MainWindow window(desk, settings);
     window.show();
@@ -81,6 +83,7 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("quillory-desk"));
     QApplication::setApplicationDisplayName(QStringLiteral("Quillory Desk"));
     QApplication::setApplicationVersion(QStringLiteral(QUILLORY_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("quillory-desk"));
     quillory::Arguments program("quillory-desk", "quillory-desk: MARC 21 records in a window",
                                 QUILLORY_VERSION);
     Declare(program);

@@ -1,7 +1,9 @@
+#include <quillory/desktop/FindingsList.h>
 #include <quillory/desktop/Theme.h>
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QHeaderView>
 #include <QLabel>
 #include <QTabWidget>
 #include <tests/quillory/desktop/DeskTest.h>
@@ -54,6 +56,10 @@ TEST_F(Looks, NothingIsCutInAnySizeOrTheme) {
             constexpr int kLeastTitle = 8;  // characters
             EXPECT_GE(window.List().columnWidth(kTitle),
                       kLeastTitle * window.fontMetrics().averageCharWidth());
+            EXPECT_TRUE(window.List().selectionModel()->isRowSelected(0));
+            QTest::qWait(1);
+            const QHeaderView& findings = *window.Findings().header();
+            EXPECT_EQ(findings.length(), window.Findings().viewport()->width());
             Keep(window, QStringLiteral("record-") + name);
             window.Table().GoTo(*ParsePlace("008"));
             QApplication::processEvents();

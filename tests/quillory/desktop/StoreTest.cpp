@@ -50,10 +50,10 @@ protected:
 
 TEST_F(StoreTest, AnEmptyStoreSaysHowItIsFilledAndIsEditedLikeAFile) {
     EXPECT_EQ(window_->windowTitle(), "Store[*]");
-    EXPECT_NE(Shown(*window_, "Add the Records of a &File…"), nullptr);
+    EXPECT_NE(Shown(*window_, "&Add the Records of a File…"), nullptr);
     ASSERT_TRUE(window_->AddToStore(Path()));
     Wait();
-    EXPECT_EQ(Shown(*window_, "Add the Records of a &File…"), nullptr);
+    EXPECT_EQ(Shown(*window_, "&Add the Records of a File…"), nullptr);
     EXPECT_EQ(window_->Messages().Text(), "2 records added, IDs 1 to 2");
     EXPECT_EQ(Listed(1, 1), "Lakes");
     EXPECT_EQ(Listed(1, 5), "2");
