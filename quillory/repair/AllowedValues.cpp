@@ -17,26 +17,14 @@ bool HadFreeValues(const Element& element) {
 }  // namespace
 
 bool AllowedValues::Allows(const Element& element, std::string_view value) {
-    if (value.size() != 1 || element.IsUndefined()) return AllowsBytes(element, value);
+    if (value.size() != 1 || element.IsUndefined()) {
+        return known_.Get(element, value, [&] { return LookUp(element, value); });
+    }
     const auto number = static_cast<std::size_t>(element.parts.front());
     if (number >= answers_.size()) answers_.resize(number + 1);
     Answer& answer = answers_[number][static_cast<unsigned char>(value.front())];
     if (answer == Answer::None) answer = LookUp(element, value) ? Answer::Yes : Answer::No;
     return answer == Answer::Yes;
-}
-
-// What has the same place among the known answers takes it over.
-bool AllowedValues::AllowsBytes(const Element& element, std::string_view value) {
-    if (value.size() >= sizeof(std::uint64_t)) return LookUp(element, value);
-    std::uint64_t number = 1;  // keeps values of different lengths apart
-    for (const char c : value) number = number << 8 | static_cast<unsigned char>(c);
-    constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;
-    const std::uint64_t mixed = (number ^ reinterpret_cast<std::uintptr_t>(&element)) * kOdd;
-    Known& known = known_[(mixed >> 32) % kKnown];
-    if (known.element != &element || known.value != number) {
-        known = {&element, number, LookUp(element, value)};
-    }
-    return known.isAllowed;
 }
 
 bool AllowedValues::LookUp(const Element& element, std::string_view value) const {

@@ -41,6 +41,14 @@ bool IsFormOfItem(const Element& element) {
     return std::ranges::find(kParts, element.parts.front()) != std::end(kParts);
 }
 
+// Whether a judgement may depend on other fields of the record.
+bool AsksRecord(const Element& element, bool isIn008) {
+    if (element.IsUndefined()) return false;
+    const CFPart part = element.parts.front();
+    return part == CFP008PlaceOfPublication || part == CFP008Language ||
+           (isIn008 && IsFormOfItem(element));
+}
+
 // The places whose codes of three letters begin like that of a country speak English.
 bool IsForeign(std::string_view language) {
     return language.size() == 3 && language != "eng" &&
@@ -66,6 +74,12 @@ std::optional<Judgement> ElementRepair::Judge(const Element& element, std::strin
 
 Judgement ElementRepair::JudgeMisfit(const Element& element, std::string_view value, bool isIn008,
                                      const RecordEvidence& facts) {
+    const auto judge = [&] { return JudgeAnew(element, value, isIn008, facts); };
+    return AsksRecord(element, isIn008) ? judge() : judged_.Get(element, value, judge);
+}
+
+Judgement ElementRepair::JudgeAnew(const Element& element, std::string_view value, bool isIn008,
+                                   const RecordEvidence& facts) {
     if (element.form == CFLdr && ConstantOfLeader(element.first) != '\0') {
         return {RepairClass::Structure, std::string(1, ConstantOfLeader(element.first))};
     }

@@ -2,6 +2,7 @@
 
 #include <quillory/faults/Fault.h>
 #include <quillory/repair/AllowedValues.h>
+#include <quillory/repair/KnownValues.h>
 #include <quillory/repair/RecordEvidence.h>
 #include <quillory/repair/RepairClass.h>
 
@@ -38,6 +39,8 @@ public:
 private:
     Judgement JudgeMisfit(const Element& element, std::string_view value, bool isIn008,
                           const RecordEvidence& facts);
+    Judgement JudgeAnew(const Element& element, std::string_view value, bool isIn008,
+                        const RecordEvidence& facts);
     Judgement JudgeUndefined(const Element& element, std::string_view value) const;
     Judgement JudgeCountry(const Element& element, std::string_view value,
                            const RecordEvidence& facts);
@@ -55,6 +58,7 @@ private:
 
     const CodeLists& lists_;
     AllowedValues allowed_;
+    KnownValues<Judgement> judged_;  // without a look at the record
 };
 
 }  // namespace quillory
