@@ -35,7 +35,7 @@ void RecordFacts::TakeInRole(FieldRole role, const RecordInHand& record,
             break;
         case kRoleTitle:
             if (!title.empty() || !HasTitle(record.SubfieldsOf(field))) break;
-            title = field.content;
+            title = record.SubfieldsOf(field);
             titleOccurrence = field.occurrence;
             break;
         case kRolePublication:

@@ -3,6 +3,7 @@
 #include <quillory/checks/RecordInHand.h>
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace quillory {
@@ -17,12 +18,12 @@ struct FirstSubfields {
 // What a bibliographic record has shown, as far as its fields have been looked at.
 struct RecordFacts {
     std::string_view leader;
-    std::string_view field008;          // the first; empty if there is none
-    std::string_view title;             // the first 245 whose $a has text
-    std::uint32_t titleOccurrence = 0;  // of that 245
-    unsigned mainEntry = 0;             // tag of the first main entry
-    FirstSubfields publication;         // of all 260 and 264
-    FirstSubfields extent;              // of all 300
+    std::string_view field008;              // the first; empty if there is none
+    std::span<const SubfieldInHand> title;  // the first 245 whose $a has text
+    std::uint32_t titleOccurrence = 0;      // of that 245
+    unsigned mainEntry = 0;                 // tag of the first main entry
+    FirstSubfields publication;             // of all 260 and 264
+    FirstSubfields extent;                  // of all 300
     bool hasNote = false;
     bool hasSubject = false;
     bool hasHoldings = false;

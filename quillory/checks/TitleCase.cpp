@@ -1,6 +1,5 @@
 #include <quillory/checks/TitleCase.h>
 #include <quillory/exchange/RecordCharset.h>
-#include <quillory/exchange/Subfields.h>
 #include <quillory/text/QmText.h>
 
 #include <algorithm>
@@ -41,18 +40,21 @@ Capitals TitleCase::CapitalsOf(const Record& record, std::string_view text, Char
     return ToQm(text, charset) ? CapitalsOfQm(qm_) : kSmallOnly;
 }
 
-bool TitleCase::IsUpperCase(const Record& record, std::string_view content, Charset charset) {
-    constexpr std::string_view kRestOfTitle = "bcnp";
-    std::string_view title;
-    bool restHasSmall = false;
-    ForEachSubfield(content, [&](char code, std::string_view text) {
-        if (code == 'a' && title.empty()) title = text;
-        const bool isRest = kRestOfTitle.find(code) != kRestOfTitle.npos;
-        restHasSmall = restHasSmall || (isRest && HasSmallASCII(text));
-    });
-    const Capitals capitals = CapitalsOf(record, title, charset);
+bool TitleCase::IsUpperCase(const Record& record, std::span<const SubfieldInHand> subfields,
+                            Charset charset) {
+    const auto isTitle = [](const SubfieldInHand& subfield) {
+        return subfield.code == 'a' && !subfield.text.empty();
+    };
+    const auto title = std::ranges::find_if(subfields, isTitle);
+    if (title == subfields.end()) return false;
+    const Capitals capitals = CapitalsOf(record, title->text, charset);
     if (!AreInCapitals(capitals)) return false;
-    return capitals.words > 1 || !restHasSmall;
+    const auto isSmallRest = [](const SubfieldInHand& subfield) {
+        constexpr std::string_view kRestOfTitle = "bcnp";
+        return kRestOfTitle.find(subfield.code) != kRestOfTitle.npos &&
+               HasSmallASCII(subfield.text);
+    };
+    return capitals.words > 1 || std::ranges::none_of(subfields, isSmallRest);
 }
 
 }  // namespace quillory

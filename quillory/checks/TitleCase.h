@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillory/checks/RecordInHand.h>
 #include <quillory/exchange/Record.h>
 #include <quillory/text/Capitals.h>
 #include <quillory/text/Charset.h>
@@ -7,6 +8,7 @@
 
 #include <array>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -20,7 +22,8 @@ public:
     // L.K.A.) if $b, $c, $n or $p have small letters. A text that the code can't hold, such as one
     // in another script, is not in capitals. With kCharsetAuto the record is asked for its
     // character set.
-    bool IsUpperCase(const Record& record, std::string_view content, Charset charset);
+    bool IsUpperCase(const Record& record, std::span<const SubfieldInHand> subfields,
+                     Charset charset);
 
 private:
     Capitals CapitalsOf(const Record& record, std::string_view text, Charset charset);
