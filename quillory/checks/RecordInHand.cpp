@@ -59,20 +59,22 @@ void RecordInHand::Take(const Record& record) {
     }
 }
 
-// Lists where the delimiters of a field stand, and its end. Result: whether all else is plain.
-bool RecordInHand::TakeDelimiters(std::string_view content) {
-    ends_.clear();
+// Lists where the delimiters of a field stand, and its end. There is room for one at each byte.
+std::span<const std::size_t> RecordInHand::EndsIn(std::string_view content, bool& isPlain) {
+    if (ends_.size() <= content.size()) ends_.resize(2 * content.size() + 1);
+    std::size_t* end = ends_.data();
     zorby::BlockBits odd = 0;
     zorby::ForEachBlock(
         content, [&](const zorby::ByteBlock& block, std::size_t begin, zorby::BlockBits fresh) {
             const zorby::BlockBits delimiters = block.Equal(zorby::kDelimiter) & fresh;
             odd |= (block.NotPlain() & fresh) ^ delimiters;
             for (zorby::BlockBits rest = delimiters; rest != 0; rest &= rest - 1) {
-                ends_.push_back(begin + static_cast<std::size_t>(std::countr_zero(rest)));
+                *end++ = begin + static_cast<std::size_t>(std::countr_zero(rest));
             }
         });
-    ends_.push_back(content.size());
-    return odd == 0;
+    *end++ = content.size();
+    isPlain = odd == 0;
+    return {ends_.data(), end};
 }
 
 // As ForEachSubfield has them: what stands before the first delimiter, and a delimiter without a
@@ -82,9 +84,9 @@ void RecordInHand::TakeSubfields(CheckedField& field) {
     ByteSet codes;
     ByteSet repeated;
     bool lacksText = false;
-    field.isPlain = TakeDelimiters(content);
-    std::size_t delimiter = ends_.front();
-    for (const std::size_t end : std::span(ends_).subspan(1)) {
+    const std::span<const std::size_t> ends = EndsIn(content, field.isPlain);
+    std::size_t delimiter = ends.front();
+    for (const std::size_t end : ends.subspan(1)) {
         const std::size_t at = std::exchange(delimiter, end) + 1;
         if (at >= end) continue;
         const char code = content[at];

@@ -85,7 +85,7 @@ private:
     // Which of the fields of its tag it is, from 1.
     std::uint32_t Count(std::string_view tag, unsigned number);
     std::uint32_t CountOdd(std::string_view tag);
-    bool TakeDelimiters(std::string_view content);
+    std::span<const std::size_t> EndsIn(std::string_view content, bool& isPlain);
     void TakeSubfields(CheckedField& field);
 
     const FieldRules* rules_;

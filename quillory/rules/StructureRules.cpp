@@ -180,7 +180,7 @@ void CheckKnownField(const RecordInHand& record, const CheckedField& field, cons
         }
         return;
     }
-    const FieldRule& linked = record.RuleFor(field);
+    const FieldRule& linked = rule.role == kRoleLinked ? record.RuleFor(field) : rule;
     if (!linked.isObsolete) CheckIndicators(field, linked, remarks);
     CheckCodes(record, field, linked, remarks);
     // What systems keep in fields of their own is their affair.
