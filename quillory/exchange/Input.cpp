@@ -1,8 +1,7 @@
+#include <quillory/exchange/Inflater.h>
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/ReadAhead.h>
 #include <quillory/faults/FaultCode.h>
-
-#include <zlib.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -18,7 +17,6 @@ namespace quillory {
 namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 20;
-constexpr std::string_view kGzipMagic = "\x1F\x8B";
 
 // Whether a read gives something, the end or an error, without waiting.
 bool HasBytesNow(int descriptor) {
@@ -35,79 +33,6 @@ std::size_t ReadFrom(int descriptor, const std::string& name, char* target, std:
         if (errno != EINTR) throw FileError(name + ": " + std::strerror(errno));
     }
 }
-
-// Unpacks gzip data, one member after the other, up to what is damaged.
-class Inflater {
-public:
-    Inflater(ReadAhead::Source source, const std::string& name)
-        : source_(std::move(source)), packed_(kBufferSize) {
-        constexpr int kGzipOnly = 15 + 16;  // largest window, gzip header
-        if (inflateInit2(&stream_, kGzipOnly) != Z_OK) throw FileError(name + ": no memory");
-    }
-    ~Inflater() { inflateEnd(&stream_); }
-    Inflater(const Inflater&) = delete;
-    Inflater& operator=(const Inflater&) = delete;
-
-    // What comes before the source.
-    void Give(std::string_view packed) {
-        std::memcpy(packed_.data(), packed.data(), packed.size());
-        stream_.next_in = Bytes(packed_.data());
-        stream_.avail_in = static_cast<uInt>(packed.size());
-    }
-
-    std::size_t Unpack(char* target, std::size_t size) {
-        stream_.next_out = Bytes(target);
-        stream_.avail_out = static_cast<uInt>(size);
-        while (stream_.avail_out == size && !damage_) {
-            if (stream_.avail_in == 0 && !Refill()) return 0;
-            if (memberEnded_) SkipZeros();
-            if (stream_.avail_in == 0) continue;
-            if (memberEnded_ && !BeginMember()) break;
-            const int result = inflate(&stream_, Z_NO_FLUSH);
-            memberEnded_ = result == Z_STREAM_END;
-            if (result != Z_OK && !memberEnded_) damage_ = Fault{FaultCode::kGzipDamaged};
-        }
-        return size - stream_.avail_out;
-    }
-
-    const std::optional<Fault>& Damage() const { return damage_; }
-
-private:
-    static Bytef* Bytes(char* p) { return reinterpret_cast<Bytef*>(p); }
-
-    // They fill up the blocks of a tape.
-    void SkipZeros() {
-        while (stream_.avail_in != 0 && *stream_.next_in == 0) {
-            ++stream_.next_in;
-            --stream_.avail_in;
-        }
-    }
-
-    // Another member follows if its first byte is that of one; else it is no gzip data.
-    bool BeginMember() {
-        if (static_cast<char>(*stream_.next_in) != kGzipMagic.front()) {
-            damage_ = Fault{FaultCode::kBytesAfterGzip};
-            return false;
-        }
-        inflateReset(&stream_);
-        memberEnded_ = false;
-        return true;
-    }
-
-    bool Refill() {
-        const std::size_t size = source_(packed_.data(), packed_.size());
-        if (size == 0 && !memberEnded_) damage_ = Fault{FaultCode::kGzipCutShort};
-        stream_.next_in = Bytes(packed_.data());
-        stream_.avail_in = static_cast<uInt>(size);
-        return size != 0;
-    }
-
-    ReadAhead::Source source_;
-    std::vector<char> packed_;
-    z_stream stream_{};
-    bool memberEnded_ = false;
-    std::optional<Fault> damage_;
-};
 
 }  // namespace
 
