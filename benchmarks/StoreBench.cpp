@@ -1,4 +1,4 @@
-#include <quillory/store/RecordStore.h>
+#include <quillory/store/RecordBatch.h>
 #include <quillory/store/Schema.h>
 
 #include <benchmark/benchmark.h>

@@ -4,6 +4,7 @@
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/RecordFilter.h>
 #include <quillory/jobs/StoreJobs.h>
+#include <quillory/store/RecordBatch.h>
 #include <quillory/store/Schema.h>
 #include <quillory/store/Summary.h>
 
@@ -90,6 +91,7 @@ Status AddRecordsToStore(const AddOptions& options, Reporter& reporter) {
     try {
         AddFiles(options, carrier, batch, reporter);
     } catch (...) {
+        batch.Stop();
         SaySaved(batch, reporter);
         throw;
     }

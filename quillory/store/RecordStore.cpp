@@ -3,7 +3,6 @@
 #include <quillory/text/SearchText.h>
 
 #include <algorithm>
-#include <utility>
 
 namespace quillory {
 namespace {
@@ -13,9 +12,6 @@ constexpr std::string_view kInsert =
     " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?7)";
 constexpr std::string_view kSelect =
     "SELECT id, control_number, title, type, added, changed, workform, bytes FROM records";
-
-constexpr std::size_t kBatchBytes = std::size_t{96} << 20;
-constexpr int kBatchCheckpointPages = 20000;  // a page that every batch changes is written once
 
 void BindRecord(Statement& statement, const NewRecord& record, std::string_view titleKey) {
     const RecordSummary& summary = record.summary;
@@ -124,29 +120,6 @@ std::vector<std::int64_t> RecordStore::Ids() const {
     while (row.Step()) ids.push_back(row.Number(0));
     std::ranges::sort(ids);
     return ids;
-}
-
-RecordBatch::RecordBatch(RecordStore& store, std::size_t size) : store_(store), size_(size) {
-    store_.GetDatabase().SetCheckpointPages(kBatchCheckpointPages);
-}
-
-RecordBatch::~RecordBatch() {
-    store_.GetDatabase().SetCheckpointPages(kCheckpointPages);
-}
-
-void RecordBatch::Add(NewRecord record) {
-    bytes_ += record.bytes.size();
-    gathered_.push_back(std::move(record));
-    if (gathered_.size() >= size_ || bytes_ >= kBatchBytes) Flush();
-}
-
-void RecordBatch::Flush() {
-    if (gathered_.empty()) return;
-    const IdRange ids = store_.AddAll(gathered_);
-    ids_ = {saved_ == 0 ? ids.first : ids_.first, ids.last};
-    saved_ += gathered_.size();
-    gathered_.clear();
-    bytes_ = 0;
 }
 
 }  // namespace quillory

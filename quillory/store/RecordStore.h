@@ -76,31 +76,4 @@ private:
     Statement insert_;
 };
 
-// Gathers records and adds them to the store many at a time, each time in one transaction. Other
-// processes may write to the store while records are gathered.
-class RecordBatch {
-public:
-    // Adds them after every `size` records, or earlier if they take up much memory.
-    explicit RecordBatch(RecordStore& store, std::size_t size = 50000);
-    ~RecordBatch();
-    RecordBatch(const RecordBatch&) = delete;
-    RecordBatch& operator=(const RecordBatch&) = delete;
-
-    void Add(NewRecord record);
-    // Adds what is gathered. The destructor drops what has not been added.
-    void Flush();
-
-    // Records that have been added, and their first and last ID.
-    std::uint64_t Saved() const { return saved_; }
-    IdRange Ids() const { return ids_; }
-
-private:
-    RecordStore& store_;
-    std::size_t size_;
-    std::size_t bytes_ = 0;
-    std::vector<NewRecord> gathered_;
-    std::uint64_t saved_ = 0;
-    IdRange ids_;
-};
-
 }  // namespace quillory

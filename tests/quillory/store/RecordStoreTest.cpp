@@ -1,10 +1,12 @@
-#include <quillory/store/RecordStore.h>
+#include <quillory/faults/Errors.h>
+#include <quillory/store/RecordBatch.h>
 #include <quillory/store/Schema.h>
 #include <quillory/store/Summary.h>
 #include <quillory/text/SearchText.h>
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <string>
 #include <tests/zorby/platform/TemporaryFolder.h>
 #include <vector>
@@ -54,8 +56,10 @@ TEST_F(RecordStoreTest, KeepsBytesAndSummary) {
 TEST_F(RecordStoreTest, BatchesComeInWholeAndInOrder) {
     RecordBatch batch(store_, 10);
     for (int i = 1; i <= 25; ++i) batch.Add({{std::to_string(i), "", ""}, "b", 0});
+    batch.Stop();
     EXPECT_EQ(batch.Saved(), 20U);
     EXPECT_EQ(store_.Count(), 20);
+    for (int i = 21; i <= 25; ++i) batch.Add({{std::to_string(i), "", ""}, "b", 0});
     batch.Flush();
     batch.Flush();
     EXPECT_EQ(batch.Saved(), 25U);
@@ -67,6 +71,25 @@ TEST_F(RecordStoreTest, BatchesComeInWholeAndInOrder) {
     int seen = 0;
     store_.Walk({}, [&](const StoredRecord&) { return ++seen < 3; });
     EXPECT_EQ(seen, 3);
+}
+
+TEST_F(RecordStoreTest, ABatchThatCantBeAddedIsReportedWithTheNext) {
+    const Database other(folder_.Path("quillory.db"), SchemaSteps(), std::chrono::milliseconds(1));
+    RecordStore store(other);
+    RecordBatch batch(store, 2);
+    const NewRecord record{{"1", "", ""}, "b", 0};
+    batch.Add(record);
+    batch.Add(record);
+    batch.Stop();
+    EXPECT_EQ(batch.Saved(), 2U);
+    const Transaction transaction(database_);
+    batch.Add(record);
+    EXPECT_NO_THROW(batch.Add(record)) << "it is being added";
+    batch.Add(record);
+    EXPECT_THROW(batch.Add(record), FileError);
+    batch.Stop();
+    EXPECT_EQ(batch.Saved(), 2U);
+    EXPECT_EQ(store_.Count(), 2);
 }
 
 TEST_F(RecordStoreTest, IsFoundByNumberAndByTheBeginningOfTheTitle) {
