@@ -19,7 +19,7 @@ void FailOnWarning(QtMsgType type, const QMessageLogContext& /*where*/, const QS
 // The desk on a screen that nobody sees, with settings of its own.
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!qEnvironmentVariableIsSet("DESK_PICTURES")) qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QUILLORY_DATA", DATA_FOLDER);
     const QApplication application(argc, argv);
     qInstallMessageHandler(FailOnWarning);
