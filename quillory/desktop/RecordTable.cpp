@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kTagChars = 6;
 constexpr int kSignChars = 3;
+constexpr int kCodeChars = 4;  // "$w"
 constexpr int kNameChars = 30;
 constexpr int kRoomOfLines = 6;     // above and below a line, in pixels
 constexpr int kRoomOfMargins = 12;  // beside it, at most
@@ -64,9 +65,9 @@ RecordTable::RecordTable(OpenRecord& record, CellEditor* editor, QWidget* parent
     horizontalHeader()->setMinimumSectionSize(0);
     const int width = fontMetrics().averageCharWidth();
     setColumnWidth(RecordModel::Tag, kTagChars * width);
-    for (const int column : {RecordModel::First, RecordModel::Second, RecordModel::Code}) {
-        setColumnWidth(column, kSignChars * width);
-    }
+    setColumnWidth(RecordModel::First, kSignChars * width);
+    setColumnWidth(RecordModel::Second, kSignChars * width);
+    setColumnWidth(RecordModel::Code, kCodeChars * width);
     setColumnWidth(RecordModel::Name, kNameChars * width);
     horizontalHeader()->setSectionResizeMode(RecordModel::Text, QHeaderView::Stretch);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &RecordTable::FitRows);
