@@ -124,8 +124,18 @@ void MarcReader::TakeEndlessDamage(Item& item, std::string_view window) {
     inEndlessDamage_ = true;
 }
 
+// A window with the next record end, if that is not too far. It is no larger than it has to be,
+// since somebody may hold what came before.
+std::string_view MarcReader::PeekDamage() {
+    for (std::size_t size = std::size_t{1} << 16; size < kLongestDamage; size *= 4) {
+        const std::string_view window = input_.Peek(size);
+        if (window.size() < size || window.find(zorby::kRecordEnd) != window.npos) return window;
+    }
+    return input_.Peek(kLongestDamage);
+}
+
 void MarcReader::TakeDamage(Item& item) {
-    const std::string_view window = input_.Peek(kLongestDamage);
+    const std::string_view window = PeekDamage();
     const std::size_t end = window.find(zorby::kRecordEnd);
     if (end == window.npos && window.size() >= kLongestDamage) {
         TakeEndlessDamage(item, window);

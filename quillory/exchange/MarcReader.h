@@ -31,6 +31,7 @@ public:
 private:
     bool TakeFiller(Item& item);
     bool TakeSoundRecord(Item& item);
+    std::string_view PeekDamage();
     void TakeDamage(Item& item);
     void TakeEndlessDamage(Item& item, std::string_view window);
     void Rescue(Item& item);
