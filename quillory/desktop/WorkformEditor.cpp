@@ -283,30 +283,41 @@ void WorkformEditor::AddField() {
 
 // The choice in the list goes back if the one in hand has to stay.
 void WorkformEditor::Follow() {
-    if (const int id = list_->Chosen(); id != 0 && MayLeave()) return Show(id);
+    const int id = list_->Chosen();
+    if (id != 0 && MayLeave() && Show(id)) return;
     const QSignalBlocker quiet(list_);
     if (from_) list_->Choose(from_->GetOwnID());
 }
 
-void WorkformEditor::Show(int id) {
+bool WorkformEditor::Show(int id) {
+    const bool isStandard = id < kFirstUserWorkformId;
+    const int own = isStandard ? 0 : id;
     try {
-        isStandard_ = id < kFirstUserWorkformId;
-        if (!isStandard_ && !workforms_->Store()->FindById(id)) return ShowGone();
-        Lock(isStandard_ ? 0 : id);
-        Begin(ContentOf(workforms_->Get(id)), id, isStandard_ ? 0 : id);
+        if (!isStandard && !workforms_->Store()->FindById(id)) {
+            ShowGone();
+            return false;
+        }
+        WorkformContent content = ContentOf(workforms_->Get(id));
+        Lock(own);
+        isStandard_ = isStandard;
+        Begin(std::move(content), id, own);
         said_->hide();
         Update();
+        return true;
     } catch (const FaultError& error) {
         Warn(ToQt(error.what()));
     }
+    const bool isOwnLost = own_ != 0 && !isHeld_ && locked_ != own_;
+    if (isOwnLost) LockAgain();
+    return false;
 }
 
 void WorkformEditor::Copy() {
-    if (!MayLeave() || list_->Chosen() == 0) return;
-    Show(list_->Chosen());
+    const int id = list_->Chosen();
+    if (!MayLeave() || id == 0 || !Show(id)) return;
     WorkformContent copy = now_;
     copy.name = tr("%1 (copy)").arg(ToQt(copy.name)).toStdString();
-    Begin(std::move(copy), list_->Chosen(), 0);
+    Begin(std::move(copy), id, 0);
     isStandard_ = false;
     Lock(0);
     Update();
@@ -341,15 +352,15 @@ void WorkformEditor::ShowHold() {
         return;
     }
     waiting_->start();
-    if (const int holder = HolderNow(); holder == 0) {
+    if (HolderNow() == 0) {
         hold_->ShowFree(
             tr("This workform is open in no other window any more. Take it over to "
                "change it: it is read again then."));
     } else {
-        hold_->ShowHeld(tr("This workform is open in another window, program %1. Here it can be "
-                           "read, and copied to be edited. It can be taken over when that window "
-                           "has left it.")
-                            .arg(holder));
+        hold_->ShowHeld(
+            tr("This workform is open in another window. Here it can be read, and "
+               "copied to be edited. It can be taken over when that window has left "
+               "it."));
     }
 }
 
@@ -364,9 +375,22 @@ int WorkformEditor::HolderNow() {
     }
 }
 
+// What was changed here before the other window had it is not given up unasked.
 void WorkformEditor::TakeOver() {
-    if (!undo_->isClean()) return LockAgain();
-    Show(own_);
+    if (undo_->isClean()) {
+        Show(own_);
+        return;
+    }
+    QMessageBox box(QMessageBox::Question, tr("Workforms"),
+                    tr("The other window may have saved “%1”. Read it again, and give up what you "
+                       "changed here? Or keep yours, which replaces it when you save?")
+                        .arg(name_->text()),
+                    QMessageBox::Cancel, this);
+    const auto* again = box.addButton(tr("&Read Again"), QMessageBox::DestructiveRole);
+    const auto* mine = box.addButton(tr("&Keep Mine"), QMessageBox::AcceptRole);
+    box.exec();
+    if (box.clickedButton() == again) Show(own_);
+    if (box.clickedButton() == mine) LockAgain();
 }
 
 // The workforms as the store has them now, at the one of this ID if it is there.

@@ -67,7 +67,8 @@ private:
     void Remove();
 
     void Follow();
-    void Show(int id);
+    // False if it can't be shown; the one in hand stays then, unless it is gone.
+    bool Show(int id);
     void Begin(WorkformContent content, int from, int own);
     void Lock(int id);
     void Unlock();
