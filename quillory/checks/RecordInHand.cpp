@@ -1,6 +1,6 @@
+#include <quillory/checks/ByteBlock.h>
 #include <quillory/checks/RecordInHand.h>
 #include <quillory/text/Ascii.h>
-#include <zorby/charset/ByteBlock.h>
 
 #include <algorithm>
 #include <bit>
@@ -10,9 +10,10 @@ namespace quillory {
 namespace {
 
 bool IsPlain(std::string_view text) {
-    zorby::BlockBits odd = 0;
-    zorby::ForEachBlock(text, [&odd](const zorby::ByteBlock& block, std::size_t,
-                                     zorby::BlockBits fresh) { odd |= block.NotPlain() & fresh; });
+    BlockBits odd = 0;
+    ForEachBlock(text, [&odd](const ByteBlock& block, std::size_t, BlockBits fresh) {
+        odd |= block.NotPlain() & fresh;
+    });
     return odd == 0;
 }
 
@@ -63,15 +64,14 @@ void RecordInHand::Take(const Record& record) {
 std::span<const std::size_t> RecordInHand::EndsIn(std::string_view content, bool& isPlain) {
     if (ends_.size() <= content.size()) ends_.resize(2 * content.size() + 1);
     std::size_t* end = ends_.data();
-    zorby::BlockBits odd = 0;
-    zorby::ForEachBlock(
-        content, [&](const zorby::ByteBlock& block, std::size_t begin, zorby::BlockBits fresh) {
-            const zorby::BlockBits delimiters = block.Equal(zorby::kDelimiter) & fresh;
-            odd |= (block.NotPlain() & fresh) ^ delimiters;
-            for (zorby::BlockBits rest = delimiters; rest != 0; rest &= rest - 1) {
-                *end++ = begin + static_cast<std::size_t>(std::countr_zero(rest));
-            }
-        });
+    BlockBits odd = 0;
+    ForEachBlock(content, [&](const ByteBlock& block, std::size_t begin, BlockBits fresh) {
+        const BlockBits delimiters = block.Equal(zorby::kDelimiter) & fresh;
+        odd |= (block.NotPlain() & fresh) ^ delimiters;
+        for (BlockBits rest = delimiters; rest != 0; rest &= rest - 1) {
+            *end++ = begin + static_cast<std::size_t>(std::countr_zero(rest));
+        }
+    });
     *end++ = content.size();
     isPlain = odd == 0;
     return {ends_.data(), end};

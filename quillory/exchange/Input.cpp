@@ -109,7 +109,9 @@ Input::Input(FromMemory, std::string_view bytes, std::string name)
       atEnd_(true),
       begun_(true) {}
 
+// Whoever reads ahead comes to rest before the file is closed.
 Input::~Input() {
+    unpacker_.reset();
     if (descriptor_ >= 0) close(descriptor_);
 }
 

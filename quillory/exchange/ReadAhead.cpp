@@ -34,9 +34,9 @@ void ReadAhead::Work() {
 }
 
 void ReadAhead::Fill(Block& block) {
-    block.bytes.resize(kBlockSize);
     std::size_t size = 0;
     try {
+        block.bytes.resize(kBlockSize);
         while (size < kBlockSize && !block.isLast) {
             const std::size_t got = source_(block.bytes.data() + size, kBlockSize - size);
             block.isLast = got == 0;

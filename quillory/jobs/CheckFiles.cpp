@@ -18,7 +18,11 @@ bool HasFault(const Item& item) {
 // Looks at an item by itself.
 void Look(const Item& item, Inspector& inspector, Reporter& reporter, RecordLook& look) {
     if (HasFault(item)) reporter.SayFault(item);
-    if (item.kind == kItemRecord) inspector.Look(item.record, look);
+    if (item.kind == kItemRecord) {
+        inspector.Look(item.record, look);
+    } else {
+        look = {};
+    }
 }
 
 // Hands the findings on items to the report, in their order.

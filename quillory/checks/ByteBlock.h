@@ -10,7 +10,7 @@
 #include <emmintrin.h>
 #endif
 
-namespace zorby {
+namespace quillory {
 
 // A bit for each byte of a block, the lowest for the first.
 using BlockBits = std::uint32_t;
@@ -87,4 +87,4 @@ void ForEachBlock(std::string_view text, Take take) {
     }
 }
 
-}  // namespace zorby
+}  // namespace quillory

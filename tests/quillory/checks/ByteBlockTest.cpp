@@ -1,11 +1,11 @@
-#include <zorby/charset/ByteBlock.h>
+#include <quillory/checks/ByteBlock.h>
 
 #include <gtest/gtest.h>
 
 #include <random>
 #include <string>
 
-namespace zorby {
+namespace quillory {
 namespace {
 
 // A letter for each byte of a text, as the blocks have it.
@@ -43,4 +43,4 @@ TEST(ByteBlock, PlainEndsWithTheTilde) {
 }
 
 }  // namespace
-}  // namespace zorby
+}  // namespace quillory
