@@ -1,15 +1,8 @@
 #include <quillory/exchange/ItemMemory.h>
-
-#include <functional>
+#include <quillory/exchange/PartOf.h>
 
 namespace quillory {
 namespace {
-
-bool IsPartOf(std::string_view view, std::string_view whole) {
-    const std::less_equal<> isAtOrBefore;
-    return isAtOrBefore(whole.data(), view.data()) &&
-           isAtOrBefore(view.data() + view.size(), whole.data() + whole.size());
-}
 
 template <class Visit>
 void ForEachView(Item& item, Visit&& visit) {

@@ -22,7 +22,7 @@ public:
 
     // Throws std::system_error if the system has no thread to spare.
     ReadAhead(Source source, Mark mark);
-    // What has not been asked for is given up. The source must not wait for anybody.
+    // Drops what was read and not asked for. The source must not wait for anybody.
     ~ReadAhead();
     ReadAhead(const ReadAhead&) = delete;
     ReadAhead& operator=(const ReadAhead&) = delete;

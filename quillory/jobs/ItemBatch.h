@@ -19,8 +19,8 @@ public:
     void Add(const RecordRun& run, const RecordRuns& runs);
     std::size_t Bytes() const { return bytes_; }
 
-    // Hands the items to `take`, for once. It tells of each whether the item, too, has to stay
-    // until Clear.
+    // Hands the items to `take`, which tells of each whether the item, too, has to stay until
+    // Clear. It can be called once.
     template <class Take>
     void ForEach(Take take) {
         std::size_t at = 0;

@@ -21,8 +21,8 @@ using Steps = std::vector<Step>;
 class ItemWorker {
 public:
     virtual ~ItemWorker() = default;
-    // The item's bytes stay until the steps of its batch are done, and so does the item, as it is
-    // left, if a step was left meanwhile.
+    // The item's bytes stay until the steps of its batch are done. The item stays, too, if the call
+    // leaves a step.
     virtual void Take(Item& item) = 0;
     // Whether all items stay, since a step is about several of them.
     virtual bool KeepsItems() const { return false; }

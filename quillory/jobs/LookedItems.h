@@ -16,7 +16,7 @@ public:
     // Keeps a pointer to the item; takes the remarks.
     void Add(const Item& item, RecordLook& look);
 
-    // Calls `take(item, look)` for each item, for once.
+    // Calls `take(item, look)` for each item. It can be called once.
     template <class Take>
     void ForEach(Take take) {
         RecordLook look;
