@@ -31,7 +31,7 @@ SeverityCounts& RemarkCounts::CountsOf(const Place& place) {
 void RemarkCounts::Count(const Rule& rule, Severity severity, const Place& place) {
     RuleCount& count = CountOf(static_cast<std::size_t>(rule.id));
     count.rule = &rule;
-    count.severity = severity;
+    count.severity = std::min(severity, count.severity);
     ++count.count;
     if (std::exchange(count.lastRecord, records_) != records_) ++count.records;
     ++CountsOf(place)[static_cast<std::size_t>(severity)];
@@ -42,7 +42,7 @@ void RemarkCounts::Add(const RemarkCounts& others) {
     for (const RuleCount& other : others.Rules()) {
         RuleCount& count = CountOf(static_cast<std::size_t>(other.rule->id));
         count.rule = other.rule;
-        count.severity = other.severity;
+        count.severity = std::min(other.severity, count.severity);
         count.count += other.count;
         count.records += other.records;
     }

@@ -14,8 +14,8 @@ namespace quillory {
 
 // How often a rule was broken.
 struct RuleCount {
-    const Rule* rule = nullptr;  // never null
-    Severity severity = Severity::Note;
+    const Rule* rule = nullptr;          // null as long as nothing is counted
+    Severity severity = Severity::Note;  // the heaviest of the findings
     std::uint64_t count = 0;
     std::uint64_t records = 0;     // that break it
     std::uint64_t lastRecord = 0;  // of those, by its number among those counted here

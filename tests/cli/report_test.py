@@ -1,5 +1,6 @@
 """The results of many checks, put together by `quillory report`."""
 import gzip
+import itertools
 import json
 import os
 import subprocess
@@ -121,6 +122,15 @@ class Report(Cli):
         name = self.path("sums.json")
         self.report(*self.results(), "-o", name)
         self.assertEqual(json.loads(name.read_text()), sums)
+
+    def test_weights_that_differ(self):
+        """The heaviest is the weight of all findings of a rule, whichever comes first."""
+        results = [self.check(part, to=f"{weight}.jsonl", options=("--rule", f"no-040={weight}"))[1]
+                   for part, weight in zip(self.parts, ("note", "error", "warning"))]
+        texts = {self.report(*order)[1].split("by file")[0]
+                 for order in itertools.permutations(results)}
+        self.assertEqual(len(texts), 1, texts)
+        self.assertRegex(texts.pop(), r"\n +\d+  error    no-040 ")
 
     def test_every_way_in(self):
         results = self.results()
