@@ -11,6 +11,14 @@ void AddTo(SeverityCounts& counts, const SeverityCounts& others) {
     for (std::size_t i = 0; i < counts.size(); ++i) counts[i] += others[i];
 }
 
+RuleId RuleIdOf(const RuleCount& count) {
+    return count.rule->id;
+}
+
+std::string_view RuleNameOf(const RuleCount& count) {
+    return count.rule->name;
+}
+
 }  // namespace
 
 RuleCount& RemarkCounts::CountOf(std::size_t rule) {
@@ -53,10 +61,13 @@ void RemarkCounts::Add(const RemarkCounts& others) {
     for (const auto& [place, counts] : others.otherPlaces_) AddTo(otherPlaces_[place], counts);
 }
 
+// A report on several checks gives a library's own rules other numbers than each check.
 std::vector<RuleCount> RemarkCounts::Rules() const {
     std::vector<RuleCount> counts;
     std::ranges::copy_if(rules_, std::back_inserter(counts),
                          [](const RuleCount& rule) { return rule.count > 0; });
+    const auto own = std::ranges::lower_bound(counts, RuleId::Count, {}, RuleIdOf);
+    std::ranges::sort(own, counts.end(), {}, RuleNameOf);
     return counts;
 }
 

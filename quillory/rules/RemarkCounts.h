@@ -38,7 +38,7 @@ public:
     // Adds what was found on other records, or by other rules.
     void Add(const RemarkCounts& others);
 
-    // The rules that were broken, by their numbers.
+    // The rules that were broken: those of the table by their numbers, a library's own by name.
     std::vector<RuleCount> Rules() const;
     // By tag; empty for what is said of whole records.
     std::map<std::string, SeverityCounts> Fields() const;

@@ -3,10 +3,11 @@ import gzip
 import itertools
 import json
 import os
+import re
 import subprocess
 import unittest
 
-from support import QUILLORY, RECORD_END, SAMPLES, Cli, records_of, run
+from support import QUILLORY, RECORD_END, SAMPLES, Cli, fields_of, records_of, run
 
 # A delimiter without a code: such a record is refused.
 DAMAGED = (b"00060nam a2200037 i 4500001000300000500000600003\x1e"
@@ -198,6 +199,23 @@ class Report(Cli):
         self.assertEqual(self.report(*self.results(options), "-o", together)[0], wanted)
         self.assertIn("We count titles.", together.read_text())
         self.assertEqual(together.read_bytes(), whole.read_bytes())
+
+    def test_rules_of_a_library_in_another_order(self):
+        """Rules that are found as often as each other come by name, not by when they were met."""
+        numbers = [fields_of(record)[1][0][1].decode()
+                   for record in records_of(self.parts[1].read_bytes())[5:8]]
+        rules = self.path("rules.toml", "".join(
+            f'[[rule]]\nid = "{name}"\nwhere = \'001 = "{number}"\'\nmessage = "its number"\n'
+            for name, number in zip("cab", (numbers[2], numbers[1], numbers[0]))).encode())
+        options = ("--config", rules, "--only", "a,b,c")
+        for kind in ("html", "jsonl"):
+            _, whole = self.check(*self.parts, to=f"whole.{kind}", options=options)
+            together = self.path(f"together.{kind}")
+            self.report(*self.results(options), "-o", together)
+            self.assertEqual(together.read_bytes(), whole.read_bytes(), kind)
+        _, text, _ = self.report(*self.results(options))
+        self.assertEqual(re.findall(r"1  warning  (\w)  ", text), ["a", "b", "c"])
+        self.assertIn(text.split("\n\n")[0], run("check", *self.parts, *options)[1].decode())
 
     def test_memory_is_flat(self):
         """Results of 10,000 records in 200 MB of address space."""

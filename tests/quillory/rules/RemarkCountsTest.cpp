@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 #include <vector>
 
 namespace quillory {
@@ -29,6 +31,24 @@ TEST(RemarkCounts, TheHeaviestWeightOfARuleIsThatOfAll) {
     } while (std::ranges::next_permutation(severities).found);
     EXPECT_EQ(CountsOf({Severity::Note, Severity::Warning}).Rules().front().severity,
               Severity::Warning);
+}
+
+TEST(RemarkCounts, OwnRulesComeByNameAfterThoseOfTheTable) {
+    std::vector<Rule> own(3);
+    constexpr std::array<std::string_view, 3> kNames = {"b", "c", "a"};
+    for (std::size_t i = 0; i < own.size(); ++i) {
+        own[i].id = static_cast<RuleId>(kRules + i);
+        own[i].name = kNames[i];
+    }
+    RemarkCounts counts;
+    counts.BeginRecord();
+    for (const Rule& rule : own) counts.Count(rule, Severity::Note, Place::OfRecord());
+    counts.Count(RuleOf(RuleId::UrlMalformed), Severity::Note, Place::OfRecord());
+    counts.Count(RuleOf(RuleId::IsbnInvalid), Severity::Note, Place::OfRecord());
+    std::vector<std::string_view> names;
+    for (const RuleCount& count : counts.Rules()) names.push_back(count.rule->name);
+    EXPECT_EQ(names,
+              (std::vector<std::string_view>{"isbn-invalid", "url-malformed", "a", "b", "c"}));
 }
 
 }  // namespace
