@@ -1,6 +1,7 @@
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/ByteSize.h>
 #include <quillory/jobs/CheckLine.h>
+#include <quillory/jobs/CheckedFiles.h>
 #include <quillory/jobs/RepeatedNumbers.h>
 #include <quillory/jobs/ReportFiles.h>
 #include <quillory/jobs/ResultFile.h>
@@ -33,26 +34,6 @@ std::optional<GivenNumber> GivenNumberOf(std::string_view text) {
 RuleId RuleOn(const Place& place) {
     return place.Number() == 1 ? RuleId::ControlNumberRepeated : RuleId::NumberRepeated;
 }
-
-// The names of the files that were checked, one after the other.
-class CheckedFiles {
-public:
-    // Another file begins with another name, and with other results. Result: its number.
-    std::uint64_t Note(std::size_t results, const std::string& name) {
-        const bool isSame = next_ > 0 && results == results_ && name == names_[next_ - 1];
-        if (isSame) return next_ - 1;
-        results_ = results;
-        if (next_ == names_.size()) names_.push_back(name);
-        return next_++;
-    }
-    void BeginAgain() { next_ = 0; }
-    const std::string& Name(std::uint64_t file) const { return names_[file]; }
-
-private:
-    std::vector<std::string> names_;
-    std::size_t next_ = 0;
-    std::size_t results_ = 0;  // which the file in hand is from
-};
 
 // Reads all results twice: first for the numbers of records, then for all else.
 class ReportRun {
@@ -100,8 +81,9 @@ private:
 
     // What came through a pipe is known by the name of its results, if there are others.
     void NameFile() {
-        if (results_.size() > 1 && line_.file == kStandardInput) line_.file = results_[in_].Name();
-        file_ = files_.Note(in_, line_.file);
+        const ResultFile& results = results_[in_];
+        if (results_.size() > 1 && line_.file == kStandardInput) line_.file = results.Name();
+        file_ = files_.Note(results, line_.file);
     }
 
     void NoteNumbers(std::string_view text, const TextLines& lines) {
@@ -146,9 +128,10 @@ private:
 
     void TakeLine() {
         NameFile();
-        if (line_.file != reporter_.File()) {
+        if (file_ != reported_) {
             reporter_.EndFile();
-            reporter_.BeginFile(line_.file);
+            reporter_.BeginFile(files_.Name(file_));
+            reported_ = file_;
         }
         if (line_.item.kind == kItemRecord) {
             TakeRecord();
@@ -252,9 +235,10 @@ private:
     CheckedFiles files_;
     CheckLineReader reader_;
     CheckLine line_;
-    std::size_t in_ = 0;       // of the results, those in hand
-    std::uint64_t index_ = 0;  // of the line in hand, among all
-    std::uint64_t file_ = 0;   // that it is about
+    std::size_t in_ = 0;                     // of the results, those in hand
+    std::uint64_t index_ = 0;                // of the line in hand, among all
+    std::uint64_t file_ = 0;                 // that it is about
+    std::optional<std::uint64_t> reported_;  // the last file that was
     TextLines* lines_ = nullptr;
     std::vector<RepeatedNumbers::Match> matches_;  // of one line
     std::vector<NumberMet> given_;                 // numbers of the record in hand

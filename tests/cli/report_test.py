@@ -124,6 +124,30 @@ class Report(Cli):
         self.report(*self.results(), "-o", name)
         self.assertEqual(json.loads(name.read_text()), sums)
 
+    def test_files_of_one_name(self):
+        """Each is named with its results, and has a row and messages of its own."""
+        results = []
+        for part in self.parts[:2]:
+            folder = self.path(part.stem)
+            folder.mkdir()
+            (folder / "x.mrc").write_bytes(part.read_bytes())
+            results.append(self.path(f"{part.stem}.jsonl"))
+            subprocess.run([QUILLORY, "check", "-q", "x.mrc", "-o", results[-1]], check=False,
+                           cwd=folder)
+        names = [f"x.mrc in {file}" for file in results]
+        _, text, err = self.report(*results)
+        self.assertRegex(text, rf"\n +9 +\d+ +\d+ +1  {names[0]}\n +16 +\d+ +\d+ +1  {names[1]}\n")
+        for name in names:
+            self.assertIn(f"{name}: record ", err)
+        _, lines, _ = self.report(*results, "--format", "jsonl")
+        self.assertEqual(sorted({json.loads(line)["file"] for line in lines.splitlines()}), names)
+        self.assertIn(f"record 5 of {names[0]} has the same control number", lines)
+        page = self.path("page.html")
+        self.report(*results, "-o", page)
+        self.assertIn("2 files", page.read_text())
+        _, text, _ = self.report(results[0], self.results()[1])
+        self.assertRegex(text, r"1  x\.mrc\n")
+
     def test_weights_that_differ(self):
         """The heaviest is the weight of all findings of a rule, whichever comes first."""
         results = [self.check(part, to=f"{weight}.jsonl", options=("--rule", f"no-040={weight}"))[1]
