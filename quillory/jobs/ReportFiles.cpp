@@ -49,9 +49,9 @@ public:
 
     Status Run() {
         for (in_ = 0; in_ < results_.size(); ++in_) {
-            results_[in_].ReadFirst([this](std::string_view text, const TextLines& lines) {
-                NoteNumbers(text, lines);
-            });
+            results_[in_].ReadFirst(
+                [this](std::string_view text, const TextLines& lines) { NoteNumbers(text, lines); },
+                piped_);
         }
         files_.BeginAgain();
         in_ = 0;
@@ -230,6 +230,7 @@ private:
     Severity failsOn_;
     CheckReport& report_;
     Reporter& reporter_;
+    PipedText piped_;
     std::deque<ResultFile> results_;
     RepeatedNumbers numbers_;
     CheckedFiles files_;

@@ -7,13 +7,25 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
 namespace quillory {
 
-// A file of lines that is read twice. What comes through a pipe is kept for the second time in a
-// temporary file. It is open only while it is read. Throws FileError.
+// What comes through pipes, one after the other, in one temporary file, which is made for the first
+// of them.
+class PipedText {
+public:
+    SpillFile& File() { return file_ ? *file_ : file_.emplace(); }
+
+private:
+    std::optional<SpillFile> file_;
+};
+
+// A file of lines that is read twice, and is open only while it is read. What comes through a pipe
+// is kept for the second time. Throws FileError.
 class ResultFile {
 public:
     using Take = std::function<void(std::string_view line, const TextLines& lines)>;
@@ -22,19 +34,23 @@ public:
 
     // "standard input" for "-".
     const std::string& Name() const { return name_; }
-    void ReadFirst(const Take& take);
+    // Keeps the reference where the file is a pipe.
+    void ReadFirst(const Take& take, PipedText& piped);
 
     // The lines for the second time, until End.
     TextLines& Begin();
     void End();
 
 private:
+    bool CanBeReadAgain() const;
     TextLines LinesOf(Input& input) const;
+    std::size_t ReadKept(std::span<char> target);
 
     std::string path_;
     std::string name_;
-    std::unique_ptr<SpillFile> kept_;  // null for a file that can be opened again
-    std::uint64_t reached_ = 0;        // in what is kept
+    SpillFile* kept_ = nullptr;  // null for a file that can be opened again
+    std::uint64_t reached_ = 0;  // in what is kept
+    std::uint64_t keptEnd_ = 0;
     std::unique_ptr<Input> input_;
     std::unique_ptr<TextLines> lines_;
 };

@@ -173,6 +173,20 @@ class Report(Cli):
             self.assertEqual(feeder.wait(), 0)
         self.assertEqual(self.report(*results, "--format", "jsonl", "--memory", "1K"), wanted)
 
+    def test_more_pipes_than_files_may_be_open(self):
+        result = self.results()[0]
+        pipes = [self.path(f"pipe{at}") for at in range(30)]
+        for pipe in pipes:
+            os.mkfifo(pipe)
+        feed = ["timeout", "60", "bash", "-c", 'for pipe; do cp "$0" "$pipe"; done', result, *pipes]
+        limited = ["bash", "-c", 'ulimit -n 20; exec "$@"', "-", QUILLORY, "report", "-q", *pipes]
+        with subprocess.Popen(feed) as feeder:
+            done = subprocess.run([*limited, "--format", "json"], check=False, capture_output=True,
+                                  timeout=120)
+            self.assertEqual(done.stderr, b"")
+            self.assertEqual(json.loads(done.stdout)["records"], 30 * 9)
+            self.assertEqual(feeder.wait(), 0)
+
     def test_checks_of_standard_input(self):
         results = []
         for part in self.parts:
