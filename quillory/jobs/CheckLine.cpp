@@ -89,6 +89,30 @@ void ReadNumbersOf(const json& object, CheckLine& line) {
     if (numbers != object.end()) numbers->get_to(line.numbers);
 }
 
+// What the members before the findings say, and those after them.
+void TakeHead(const json& object, CheckLine& line) {
+    line.file = object.at("file").get<std::string>();
+    line.item.Begin(kItemRecord, NumberOf(object.at("offset")), {});
+    line.item.number = NumberOf(object.at("record"));
+    line.remarks.clear();
+    if (object.contains("fault_offset")) {
+        ReadDamage(object, line);
+    } else {
+        ReadWords(object, line);
+    }
+}
+
+void TakeTail(const json& object, CheckLine& line) {
+    line.words.fault = TextOf(object, "fault");
+    ReadLines(object, line);
+    ReadNumbersOf(object, line);
+    ReadSeverities(object, line);
+    line.numbersAt =
+        object.contains("numbers_at") ? NumberOf(object.at("numbers_at")) : line.remarks.size();
+    line.controlNumber = object.contains("001") ? TextOf(object, "001") : line.words.controlNumber;
+    if (!line.controlNumber.empty()) line.item.record.fields.push_back({"001", line.controlNumber});
+}
+
 constexpr std::string_view kFileMember = "{\"file\":";
 constexpr std::string_view kRecordMember = ",\"record\":";
 constexpr std::string_view kNumbersMember = ",\"numbers\":[";
@@ -114,34 +138,6 @@ const Rule* CheckLineReader::RuleFor(const std::string& name, const std::string&
     rule.command = {};
     return byName_[name] = &rules_.emplace_back(rule);
 }
-
-namespace {
-
-// What the members before the findings say, and those after them.
-void TakeHead(const json& object, CheckLine& line) {
-    line.file = object.at("file").get<std::string>();
-    line.item.Begin(kItemRecord, NumberOf(object.at("offset")), {});
-    line.item.number = NumberOf(object.at("record"));
-    line.remarks.clear();
-    if (object.contains("fault_offset")) {
-        ReadDamage(object, line);
-    } else {
-        ReadWords(object, line);
-    }
-}
-
-void TakeTail(const json& object, CheckLine& line) {
-    line.words.fault = TextOf(object, "fault");
-    ReadLines(object, line);
-    ReadNumbersOf(object, line);
-    ReadSeverities(object, line);
-    line.numbersAt =
-        object.contains("numbers_at") ? NumberOf(object.at("numbers_at")) : line.remarks.size();
-    line.controlNumber = object.contains("001") ? TextOf(object, "001") : line.words.controlNumber;
-    if (!line.controlNumber.empty()) line.item.record.fields.push_back({"001", line.controlNumber});
-}
-
-}  // namespace
 
 Remark CheckLineReader::RemarkOf(const std::string& finding) {
     const json object = json::parse(finding);
@@ -185,7 +181,8 @@ bool CheckLineReader::Read(std::string_view text, CheckLine& line) {
 }
 
 // A line as a check writes it, with the findings before all that may be missing. In a text of JSON,
-// a backslash stands before each quotation mark, so that no text has any of these signs.
+// a backslash stands before each quotation mark, so that these signs are found in no text but one
+// that ends in "],". What is cut off there can't be read, and the line is read as a whole.
 bool CheckLineReader::ReadInParts(std::string_view text, CheckLine& line) {
     constexpr std::string_view kFindings = ",\"findings\":[";
     constexpr std::string_view kNextFinding = ",{\"rule\":\"";

@@ -40,6 +40,18 @@ TEST(CheckLine, HasAllThatACheckWrote) {
     EXPECT_EQ(line.severities.at(RuleId::NumberRepeated), Severity::Error);
 }
 
+TEST(CheckLine, ATextMayEndLikeTheFindings) {
+    std::string text = kLine;
+    const std::string message = "so it is";
+    text.insert(text.find(message) + message.size(), "],");
+    CheckLineReader reader;
+    CheckLine line;
+    ASSERT_TRUE(reader.Read(text, line));
+    ASSERT_EQ(line.remarks.size(), 2U);
+    EXPECT_EQ(line.remarks[1].found, "so it is],");
+    EXPECT_EQ(line.words.lines.size(), 2U);
+}
+
 TEST(CheckLine, NumbersAreFoundInAnyOrderOfMembers) {
     CheckLineReader reader;
     CheckLine line;
