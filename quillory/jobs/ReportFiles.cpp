@@ -2,6 +2,7 @@
 #include <quillory/jobs/ByteSize.h>
 #include <quillory/jobs/CheckLine.h>
 #include <quillory/jobs/CheckedFiles.h>
+#include <quillory/jobs/GivenNumber.h>
 #include <quillory/jobs/RepeatedNumbers.h>
 #include <quillory/jobs/ReportFiles.h>
 #include <quillory/jobs/ResultFile.h>
@@ -14,22 +15,6 @@
 
 namespace quillory {
 namespace {
-
-// "020 $a: 9780596000271" as a check gives it.
-struct GivenNumber {
-    Place place;
-    std::string_view number;
-};
-
-std::optional<GivenNumber> GivenNumberOf(std::string_view text) {
-    constexpr std::string_view kSign = ": ";
-    const std::size_t sign = text.find(kSign);
-    if (sign == text.npos) return std::nullopt;
-    auto place = ParsePlace(text.substr(0, sign));
-    if (!place || place->Tag().empty()) return std::nullopt;
-    place->occurrence = std::max(place->occurrence, 1U);  // which goes without saying
-    return GivenNumber{*place, text.substr(sign + kSign.size())};
-}
 
 RuleId RuleOn(const Place& place) {
     return place.Number() == 1 ? RuleId::ControlNumberRepeated : RuleId::NumberRepeated;
@@ -93,7 +78,7 @@ private:
         std::uint64_t which = 0;
         std::string key;
         for (const std::string& given : line_.numbers) {
-            const auto number = GivenNumberOf(given);
+            const auto number = ParseGivenNumber(given);
             if (!number) Refuse(lines);
             key.assign(number->place.Tag()).append(number->number);
             numbers_.Add(key, {index_, file_, line_.item.number}, which++);
@@ -196,7 +181,7 @@ private:
     void GiveNumbers() {
         const std::size_t end = line_.remarks.size();
         for (const std::string& text : line_.numbers) {
-            const auto given = GivenNumberOf(text);
+            const auto given = ParseGivenNumber(text);
             if (!given) Refuse(*lines_);
             const RuleId rule = RuleOn(given->place);
             const auto severity = line_.severities.find(rule);

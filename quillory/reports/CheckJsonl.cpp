@@ -1,11 +1,9 @@
+#include <quillory/jobs/GivenNumber.h>
 #include <quillory/reports/CheckReports.h>
 #include <quillory/reports/RecordWording.h>
-#include <quillory/text/Fnv1a.h>
 #include <quillory/text/JsonWriter.h>
 
 #include <algorithm>
-#include <cinttypes>
-#include <cstdio>
 #include <optional>
 #include <span>
 #include <utility>
@@ -41,21 +39,6 @@ void ToJson(const Remark& remark, JsonWriter& json) {
 
 namespace {
 
-// "020 $a: 9780596000271". What is long, or has bytes that JSON may not hold, is told from others
-// by a hash.
-std::string NumberText(const NumberMet& met) {
-    constexpr std::size_t kLongest = 64;
-    constexpr std::size_t kLongestBeforeHash = 47;
-    const std::string place = PlaceText(met.place) + ": ";
-    const auto isPlain = [](char c) { return c >= ' ' && c < 0x7F; };
-    if (met.number.size() <= kLongest && std::ranges::all_of(met.number, isPlain)) {
-        return place + std::string(met.number);
-    }
-    char hash[18];
-    std::snprintf(hash, sizeof hash, "#%016" PRIx64, Fnv1aOf(met.number));
-    return place + Printable(met.number.substr(0, kLongestBeforeHash)) + hash;
-}
-
 const NumberMet* FirstOf(RuleId rule, std::span<const NumberMet> numbers) {
     const auto found = std::ranges::find(numbers, rule, &NumberMet::rule);
     return found == numbers.end() ? nullptr : &*found;
@@ -81,7 +64,7 @@ void WriteNumbers(const CheckedRecord& record, JsonWriter& json) {
     if (number != nullptr && number->at < others) json.Member("numbers_at", number->at);
     std::vector<std::string> numbers;
     numbers.reserve(record.numbers.size());
-    for (const NumberMet& met : record.numbers) numbers.push_back(NumberText(met));
+    for (const NumberMet& met : record.numbers) numbers.push_back(GivenNumberText(met));
     json.Member("numbers", numbers);
 }
 
