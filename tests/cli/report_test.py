@@ -133,7 +133,7 @@ class Report(Cli):
             (folder / "x.mrc").write_bytes(part.read_bytes())
             results.append(self.path(f"{part.stem}.jsonl"))
             subprocess.run([QUILLORY, "check", "-q", "x.mrc", "-o", results[-1]], check=False,
-                           cwd=folder)
+                           cwd=folder, capture_output=True)
         names = [f"x.mrc in {file}" for file in results]
         _, text, err = self.report(*results)
         self.assertRegex(text, rf"\n +9 +\d+ +\d+ +1  {names[0]}\n +16 +\d+ +\d+ +1  {names[1]}\n")
@@ -150,12 +150,15 @@ class Report(Cli):
 
     def test_weights_that_differ(self):
         """The heaviest is the weight of all findings of a rule, whichever comes first."""
-        results = [self.check(part, to=f"{weight}.jsonl", options=("--rule", f"no-040={weight}"))[1]
+        rules = self.path("rules.toml", b'[[rule]]\nid = "local"\nwhere = "has 245"\n'
+                                        b'message = "a title"\n')
+        options = ("--config", rules, "--only", "local", "--rule")
+        results = [self.check(part, to=f"{weight}.jsonl", options=(*options, f"local={weight}"))[1]
                    for part, weight in zip(self.parts, ("note", "error", "warning"))]
         texts = {self.report(*order)[1].split("by file")[0]
                  for order in itertools.permutations(results)}
         self.assertEqual(len(texts), 1, texts)
-        self.assertRegex(texts.pop(), r"\n +\d+  error    no-040 ")
+        self.assertRegex(texts.pop(), r"\n +33  error    local ")
 
     def test_every_way_in(self):
         results = self.results()
@@ -183,7 +186,7 @@ class Report(Cli):
         with subprocess.Popen(feed) as feeder:
             done = subprocess.run([*limited, "--format", "json"], check=False, capture_output=True,
                                   timeout=120)
-            self.assertEqual(done.stderr, b"")
+            self.assertLess(done.returncode, 2, done.stderr)
             self.assertEqual(json.loads(done.stdout)["records"], 30 * 9)
             self.assertEqual(feeder.wait(), 0)
 
