@@ -260,12 +260,16 @@ class Report(Cli):
 
     def test_memory_is_flat(self):
         """Results of 10,000 records in 200 MB of address space."""
+        def within_limit(*arguments):
+            return subprocess.run(["bash", "-c", 'ulimit -v 200000; exec "$@"', "-", QUILLORY,
+                                   *arguments], check=False, capture_output=True, timeout=120)
+
+        if within_limit("--version").returncode != 0:
+            self.skipTest("the program alone takes more, as under a sanitizer")
         line = self.results()[0].read_bytes().splitlines(True)[0]
         many = b"".join(line.replace(b'"001: ', b'"001: %d-' % number) for number in range(10000))
         large = self.path("large.jsonl.gz", gzip.compress(many, 1))
-        done = subprocess.run(["bash", "-c", 'ulimit -v 200000; exec "$@"', "-", QUILLORY, "report",
-                               large, "--memory", "1M", "--format", "json"], check=False,
-                              capture_output=True, timeout=120)
+        done = within_limit("report", large, "--memory", "1M", "--format", "json")
         self.assertLess(done.returncode, 2, done.stderr)
         self.assertEqual(json.loads(done.stdout)["records"], 10000)
 
