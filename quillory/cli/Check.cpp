@@ -1,5 +1,6 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OutputArguments.h>
 #include <quillory/cli/PolicyArguments.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/exchange/Input.h>
@@ -151,10 +152,7 @@ void DeclareRules(Arguments& command, CheckOptions& options) {
         .Shown("RULE");
     command.Flag("--repertoire", options.showsRepertoire,
                  "Note the characters that MARC-8 lacks; the same as --rule outside-marc8=note");
-    command.Choice(
-        "--fail-on", options.failsOn,
-        {{"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}},
-        "From what weight on findings make the status 1; a warning if not given");
+    DeclareFailOn(command, options.failsOn);
 }
 
 }  // namespace
@@ -168,10 +166,7 @@ void DeclareCheck(Arguments& command) {
     DeclarePolicy(command, options.policy);
     command.Choice("--format", options.report.format, CheckFormatNames(),
                    "Form of the report; by default that of the output's name");
-    command
-        .Option("-o,--output", options.report.output,
-                "File to write; none, or -, is standard output")
-        .File();
+    DeclareReportFile(command, options.report.output);
     command.Flag("--each", options.report.showsEach,
                  "Every finding as text, not the first three of each rule");
     command.Option(

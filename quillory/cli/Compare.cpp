@@ -1,5 +1,6 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OutputArguments.h>
 #include <quillory/cli/ScreenArguments.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/OutputFiles.h>
@@ -49,10 +50,7 @@ void DeclareCompare(Arguments& command) {
         .Option("--ignore", options.compare.ignored,
                 "Places that are not compared, such as 005,9XX,008/00-05")
         .Shown("PLACES");
-    command
-        .Option("-o,--output", options.report.output,
-                "File to write; none, or -, is standard output")
-        .File();
+    DeclareReportFile(command, options.report.output);
     command.Choice("--format", options.report.format,
                    {{"text", kCompareText}, {"jsonl", kCompareJsonl}, {"html", kCompareHtml}},
                    "Form of the report; chosen by the name of the output if not given");

@@ -1,5 +1,6 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OutputArguments.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/OutputFiles.h>
@@ -49,8 +50,7 @@ void DeclareCount(Arguments& command) {
     command.Flag("--names", options.document.names, "With the names of fields and subfields");
     command.Choice("--format", options.format, CountFormatNames(),
                    "Form of the report; chosen by the name of the output if not given");
-    command.Option("-o,--output", options.output, "File to write; none, or -, is standard output")
-        .File();
+    DeclareReportFile(command, options.output);
 }
 
 }  // namespace quillory

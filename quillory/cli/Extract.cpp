@@ -1,5 +1,6 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OutputArguments.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/ExtractFiles.h>
 #include <quillory/jobs/OutputFiles.h>
@@ -47,10 +48,7 @@ void DeclareExtract(Arguments& command) {
                 "Places, a column for each, such as 001,245ab,650a,008/35-37")
         .Shown("PLACES")
         .Required();
-    command
-        .Option("-o,--output", options.table.output,
-                "File to write; none, or -, is standard output")
-        .File();
+    DeclareReportFile(command, options.table.output);
     command.Choice("--format", options.table.format,
                    {{"tsv", kTableTsv}, {"csv", kTableCsv}, {"jsonl", kTableJsonl}},
                    "Form of the table; by default that of the output's name, or else tsv");

@@ -52,4 +52,8 @@ void DeclareWriting(Arguments& command, OutputOptions& options) {
                  "Report the characters not carried for each record, too");
 }
 
+void DeclareReportFile(Arguments& command, std::string& output) {
+    command.Option("-o,--output", output, "File to write; none, or -, is standard output").File();
+}
+
 }  // namespace quillory

@@ -16,4 +16,11 @@ void DeclarePolicy(Arguments& command, PolicyOptions& options) {
                    "the format leaves to libraries are findings then");
 }
 
+void DeclareFailOn(Arguments& command, std::optional<Severity>& failsOn) {
+    command.Choice(
+        "--fail-on", failsOn,
+        {{"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}},
+        "From what weight on findings make the status 1; a warning if not given");
+}
+
 }  // namespace quillory

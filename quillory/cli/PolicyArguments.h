@@ -2,10 +2,15 @@
 
 #include <quillory/arguments/Arguments.h>
 #include <quillory/jobs/RecordPolicy.h>
+#include <quillory/rules/Rule.h>
+
+#include <optional>
 
 namespace quillory {
 
 // What a command that checks records holds them to.
 void DeclarePolicy(Arguments& command, PolicyOptions& options);
+// From what weight on findings change the status of a command.
+void DeclareFailOn(Arguments& command, std::optional<Severity>& failsOn);
 
 }  // namespace quillory

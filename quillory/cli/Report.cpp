@@ -1,10 +1,14 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OutputArguments.h>
+#include <quillory/cli/PolicyArguments.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/ReportFiles.h>
 #include <quillory/reports/CheckSums.h>
+
+#include <optional>
 
 namespace quillory {
 namespace {
@@ -13,6 +17,7 @@ struct ReportCommand {
     ReportFilesOptions files;
     ReporterOptions messages;
     CheckReportOptions report;
+    std::optional<Severity> failsOn;
 };
 
 constexpr const char* kReportDetails =
@@ -25,13 +30,15 @@ constexpr const char* kReportDetails =
     "wrong usage, or a file that is no result of a check.";
 
 Status RunReport(const ReportCommand& command) {
-    CheckNotAnInput(command.files.files, command.report.output);
+    ReportFilesOptions files = command.files;
+    files.failsOn = command.failsOn.value_or(files.failsOn);
+    CheckNotAnInput(files.files, command.report.output);
     LoadSettings();
     LoadDictionaries();
     TerminalPort terminal;
     Reporter reporter(terminal, command.messages);
     const auto report = MakeSumsReport(command.report, reporter);
-    return ReportFiles(command.files, *report, reporter);
+    return ReportFiles(files, *report, reporter);
 }
 
 }  // namespace
@@ -45,16 +52,10 @@ void DeclareReport(Arguments& command) {
         .File();
     command.Choice("--format", options.report.format, SumsFormatNames(),
                    "Form of the report; by default that of the output's name");
-    command
-        .Option("-o,--output", options.report.output,
-                "File to write; none, or -, is standard output")
-        .File();
+    DeclareReportFile(command, options.report.output);
     command.Option("--rows", options.report.rows,
                    "Findings that a page of HTML shows, 0 for all; it counts all in any case");
-    command.Choice(
-        "--fail-on", options.files.failsOn,
-        {{"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}},
-        "From what weight on findings make the status 1; a warning if not given");
+    DeclareFailOn(command, options.failsOn);
     command.Option("--memory", options.files.memory, "Memory to sort numbers in; 256M if not given")
         .Shown("SIZE");
     DeclareMessages(command, options.messages);
