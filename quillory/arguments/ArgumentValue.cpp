@@ -1,5 +1,6 @@
 #include <quillory/arguments/ArgumentValue.h>
 #include <quillory/text/Ascii.h>
+#include <quillory/text/Listed.h>
 
 #include <algorithm>
 #include <charconv>
@@ -31,12 +32,10 @@ std::int64_t ReadNumber(const std::string& text, const NumberRange& range) {
 }
 
 std::size_t ReadChoice(const std::string& text, const std::vector<std::string>& choices) {
-    std::string names;
     for (std::size_t at = 0; at < choices.size(); ++at) {
         if (std::ranges::equal(text, choices[at], {}, LowerAscii, LowerAscii)) return at;
-        names += (names.empty() ? "" : ", ") + choices[at];
     }
-    throw UsageError("\"" + text + "\" is not one of " + names);
+    throw UsageError("\"" + text + "\" is not one of " + Listed(choices));
 }
 
 std::optional<std::pair<std::string, std::string>> SplitKeyValue(const std::string& text) {

@@ -1,5 +1,6 @@
 #include <quillory/edits/OperationMakers.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/text/Listed.h>
 
 #include <algorithm>
 
@@ -124,12 +125,6 @@ const std::vector<OperationRow>& Table() {
 
 bool IsSaid(const ParameterRow& row, const Parameters& parameters) {
     return parameters.Has(row.name);
-}
-
-std::string Listed(const std::vector<std::string>& names) {
-    std::string text;
-    for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
-    return text;
 }
 
 void CheckChoice(const ParameterRow& row, const Parameters& parameters) {

@@ -1,6 +1,7 @@
 #include <quillory/edits/TaskFile.h>
 #include <quillory/exchange/TomlTree.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/text/Listed.h>
 
 namespace quillory {
 namespace {

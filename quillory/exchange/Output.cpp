@@ -2,7 +2,6 @@
 #include <quillory/exchange/Pieces.h>
 #include <quillory/exchange/WorkAside.h>
 
-#define ZLIB_CONST
 #include <zlib.h>
 
 #include <cerrno>

@@ -2,6 +2,7 @@
 #include <quillory/exchange/TextPlace.h>
 #include <quillory/exchange/TomlTree.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/text/Listed.h>
 #include <quillory/text/NearestNames.h>
 
 #include <algorithm>
@@ -55,12 +56,6 @@ const TomlNode* TomlNode::Get(std::string_view key) const {
 const std::string& TomlNode::Text() const {
     if (kind == TomlKind::Text || kind == TomlKind::Number || kind == TomlKind::Flag) return text;
     throw TomlFault(at, {FaultCode::kTaskValue});
-}
-
-std::string Listed(const std::vector<std::string_view>& names) {
-    std::string text;
-    for (const std::string_view name : names) text.append(text.empty() ? "" : ", ").append(name);
-    return text;
 }
 
 void CheckKeys(const TomlNode& table, const std::vector<std::string_view>& keys) {

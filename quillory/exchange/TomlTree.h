@@ -49,9 +49,6 @@ private:
 // Throws TomlFault for the first key of the table that is none of these; it names the nearest.
 void CheckKeys(const TomlNode& table, const std::vector<std::string_view>& keys);
 
-// The names with commas between them.
-std::string Listed(const std::vector<std::string_view>& names);
-
 // The table that a TOML file is. `name` is that of the file, for errors. Throws FileError.
 TomlNode ReadToml(std::string_view toml, const std::string& name);
 

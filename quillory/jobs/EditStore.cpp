@@ -3,6 +3,7 @@
 #include <quillory/jobs/EditStore.h>
 #include <quillory/store/RecordHistory.h>
 #include <quillory/store/Summary.h>
+#include <quillory/text/Listed.h>
 
 #include <algorithm>
 
@@ -16,11 +17,7 @@ std::string WordsOf(const std::vector<Change>& changes) {
         const bool isNew = std::ranges::find(names, change.operation) == names.end();
         if (isNew) names.push_back(change.operation);
     }
-    std::string words;
-    for (const std::string_view name : names) {
-        words.append(words.empty() ? "" : ", ").append(name);
-    }
-    return words;
+    return Listed(names);
 }
 
 // Puts edited records into the store.

@@ -1,6 +1,7 @@
 #include <quillory/exchange/RecordCharset.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/rules/CharacterRules.h>
+#include <quillory/text/Utf8.h>
 #include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
@@ -15,8 +16,7 @@ bool IsNonfilingMark(char32_t codePoint) {
 
 // Why a code point has no place in a record; empty if it has one.
 std::string_view FaultOf(char32_t codePoint) {
-    constexpr char32_t kReplacement = 0xFFFD;
-    if (codePoint == kReplacement) return "stands for a character that was lost";
+    if (codePoint == kReplacementCharacter) return "stands for a character that was lost";
     if (IsNonfilingMark(codePoint)) return {};
     switch (utf8proc_category(static_cast<utf8proc_int32_t>(codePoint))) {
         case UTF8PROC_CATEGORY_CN:

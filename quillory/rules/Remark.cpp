@@ -13,11 +13,11 @@ constexpr std::string_view kLastPart = "; {allowed}";
 // What is allowed, or where its codes are listed.
 std::string AllowedText(const Remark& remark) {
     constexpr std::string_view kList = "`quillory codes {place}` lists the codes";
-    constexpr std::string_view kPlace = "{place}";
+    constexpr std::string_view kSlot = "{place}";
     if (remark.codes.IsRecord()) return remark.allowed;
     std::string hint = HintText(kCodesHint, remark.codes, kList);
-    const std::size_t slot = hint.find(kPlace);
-    if (slot != hint.npos) hint.replace(slot, kPlace.size(), PlaceText(remark.codes));
+    const std::size_t slot = hint.find(kSlot);
+    if (slot != hint.npos) hint.replace(slot, kSlot.size(), PlaceText(remark.codes));
     if (hint.empty() || remark.allowed.empty()) return hint + remark.allowed;
     return hint + ", and " + remark.allowed;
 }

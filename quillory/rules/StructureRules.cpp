@@ -17,7 +17,7 @@ bool IsMadeUpTag(std::string_view tag) {
     });
 }
 
-bool HasText(std::string_view text) {
+bool HasMoreThanBlanks(std::string_view text) {
     return text.find_first_not_of(' ') != text.npos;
 }
 
@@ -82,7 +82,7 @@ struct RuledField {
 // The check before export says so of titles with a text.
 bool IsFurtherTitle(const CheckedField& field, const SubfieldInHand& subfield,
                     const RemarkSink& remarks) {
-    return field.number == 245 && subfield.code == 'a' && HasText(subfield.text) &&
+    return field.number == 245 && subfield.code == 'a' && HasMoreThanBlanks(subfield.text) &&
            remarks.Wants(RuleId::ManyTitles);
 }
 
@@ -131,7 +131,9 @@ void CheckCodes(const RecordInHand& record, const CheckedField& field, const Fie
 void CheckTexts(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
     if (!field.lacksText) return;
     const auto subfields = record.SubfieldsOf(field);
-    const auto isEmpty = [](const SubfieldInHand& subfield) { return !HasText(subfield.text); };
+    const auto isEmpty = [](const SubfieldInHand& subfield) {
+        return !HasMoreThanBlanks(subfield.text);
+    };
     if (std::ranges::all_of(subfields, isEmpty)) {
         remarks.Add(RuleId::FieldEmpty, field.GetPlace());
         return;
@@ -148,7 +150,7 @@ bool IsFurtherEntry(const RecordInHand& record, const CheckedField& field,
                     const RemarkSink& remarks) {
     const FieldRole role = record.OwnRuleOf(field).role;
     if (role == kRoleTitle) {
-        return HasText(record.TextOf(field, 'a')) && remarks.Wants(RuleId::ManyTitles);
+        return HasMoreThanBlanks(record.TextOf(field, 'a')) && remarks.Wants(RuleId::ManyTitles);
     }
     return role == kRoleMainEntry && remarks.Wants(RuleId::ManyMainEntries100);
 }
@@ -210,14 +212,14 @@ void CheckNeeds(const RecordInHand& record, bool needsSource, RemarkSink& remark
     if (!record.Has(8)) remarks.Add(RuleId::No008, Place::OfField(8U));
     if (!needsSource) return;
     const CheckedField* source = record.First(40);
-    const bool hasSource = source != nullptr && (HasText(record.TextOf(*source, 'a')) ||
-                                                 HasText(record.TextOf(*source, 'c')));
+    const bool hasSource = source != nullptr && (HasMoreThanBlanks(record.TextOf(*source, 'a')) ||
+                                                 HasMoreThanBlanks(record.TextOf(*source, 'c')));
     if (!hasSource) {
         remarks.Add(RuleId::No040, Place::OfField(40U, source == nullptr ? 0U : 1U));
-    } else if (!HasText(record.TextOf(*source, 'c'))) {
+    } else if (!HasMoreThanBlanks(record.TextOf(*source, 'c'))) {
         remarks.Add(RuleId::SourceIncomplete, source->GetPlace(),
                     "$c, the agency that made the record machine-readable");
-    } else if (!HasText(record.TextOf(*source, 'a'))) {
+    } else if (!HasMoreThanBlanks(record.TextOf(*source, 'a'))) {
         remarks.Add(RuleId::SourceIncomplete, source->GetPlace(),
                     "$a, the agency that described the item");
     }

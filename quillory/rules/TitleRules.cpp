@@ -51,8 +51,8 @@ bool IsPlain(std::string_view text) {
 }
 
 bool IsBoundary(std::string_view title, std::size_t size) {
-    constexpr std::string_view kEnds = " '-\"([";
-    return kEnds.find(title[size - 1]) != kEnds.npos && title[size] != ' ';
+    constexpr std::string_view kArticleEnds = " '-\"([";
+    return kArticleEnds.find(title[size - 1]) != kArticleEnds.npos && title[size] != ' ';
 }
 
 std::string WouldBe(const Article& article) {

@@ -74,12 +74,11 @@ IconvConverter::~IconvConverter() {
 }
 
 void IconvConverter::AppendUtf8(std::string_view text, std::string& utf8, Losses& losses) {
-    constexpr char32_t kReplacement = 0xFFFD;
     for (;;) {
         text.remove_prefix(Convert(toUtf8_, text, utf8));
         if (text.empty()) return;
         losses.Add(kLossReplaced, static_cast<unsigned char>(text.front()));
-        quillory::AppendUtf8(kReplacement, utf8);
+        quillory::AppendUtf8(kReplacementCharacter, utf8);
         text.remove_prefix(1);
     }
 }
@@ -89,11 +88,10 @@ void IconvConverter::AppendFromUtf8(std::string_view utf8, std::string& text, Lo
         const Utf8Char c = DecodeUtf8(utf8);
         const std::size_t start = text.size();
         if (!c.valid || Convert(fromUtf8_, utf8.substr(0, c.size), text) != c.size) {
-            constexpr char32_t kReplacement = 0xFFFD;
             const auto byte = static_cast<unsigned char>(utf8.front());
             text.resize(start);
             losses.Add(c.valid ? kLossReference : kLossReplaced, c.valid ? c.codePoint : byte);
-            AppendReference(c.valid ? c.codePoint : kReplacement, text);
+            AppendReference(c.valid ? c.codePoint : kReplacementCharacter, text);
         }
         utf8.remove_prefix(c.size);
     }

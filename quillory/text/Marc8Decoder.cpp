@@ -1,6 +1,7 @@
 #include <quillory/text/Ascii.h>
 #include <quillory/text/Marc8Escape.h>
 #include <quillory/text/Marc8Unicode.h>
+#include <quillory/text/Utf8.h>
 #include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
@@ -87,9 +88,8 @@ std::size_t Marc8Unicode::Decoder::TakeEscape() {
 }
 
 void Marc8Unicode::Decoder::Lose(std::string_view bytes) {
-    constexpr char32_t kReplacement = 0xFFFD;
     for (const char c : bytes) losses_.Add(kLossReplaced, static_cast<unsigned char>(c));
-    quillory::AppendUtf8(kReplacement, out_);
+    quillory::AppendUtf8(kReplacementCharacter, out_);
 }
 
 // The first half of a double diacritic stands for both; a second half without it is lost.

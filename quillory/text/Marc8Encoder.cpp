@@ -2,6 +2,7 @@
 #include <quillory/text/Letters.h>
 #include <quillory/text/Marc8Escape.h>
 #include <quillory/text/Marc8Unicode.h>
+#include <quillory/text/Utf8.h>
 #include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
@@ -123,12 +124,11 @@ std::size_t Marc8Unicode::Encoder::TakePlainRun(std::string_view utf8) {
 
 // A letter with the combining characters that follow it. Result: bytes taken.
 std::size_t Marc8Unicode::Encoder::Take(std::string_view utf8) {
-    constexpr char32_t kReplacement = 0xFFFD;
     const Utf8Char first = DecodeUtf8(utf8);
     if (!first.valid) {
         losses_.Add(kLossReplaced, static_cast<unsigned char>(utf8.front()));
         Designate({});
-        AppendReference(kReplacement, out_);
+        AppendReference(kReplacementCharacter, out_);
         return 1;
     }
     if (first.codePoint < ' ' || first.codePoint == kDelete) {

@@ -1,6 +1,7 @@
 #include <quillory/text/CharacterReference.h>
 #include <quillory/text/QmUnicode.h>
 #include <quillory/text/TextConverter.h>
+#include <quillory/text/Utf8.h>
 #include <zorby/charset/Compare.h>
 #include <zorby/charset/Convert.h>
 #include <zorby/charset/KeyTable.h>
@@ -46,14 +47,13 @@ void AppendLatin1AsUtf8(std::string_view latin1, std::string& utf8) {
 }
 
 void AppendUtf8AsLatin1(std::string_view utf8, std::string& latin1, Losses& losses) {
-    constexpr char32_t kReplacement = 0xFFFD;
     const std::string composed = Normalized(utf8, kNormalFormC);
     std::string_view rest = composed;
     while (!rest.empty()) {
         const Utf8Char c = DecodeUtf8(rest);
         if (!c.valid) {
             losses.Add(kLossReplaced, static_cast<unsigned char>(rest.front()));
-            AppendReference(kReplacement, latin1);
+            AppendReference(kReplacementCharacter, latin1);
         } else if (c.codePoint <= 0xFF) {
             latin1 += static_cast<char>(c.codePoint);
         } else {
@@ -65,14 +65,13 @@ void AppendUtf8AsLatin1(std::string_view utf8, std::string& latin1, Losses& loss
 }
 
 void AppendValidUtf8(std::string_view text, std::string& utf8, Losses& losses) {
-    constexpr char32_t kReplacement = 0xFFFD;
     while (!text.empty()) {
         const Utf8Char c = DecodeUtf8(text);
         if (c.valid) {
             utf8.append(text.substr(0, c.size));
         } else {
             losses.Add(kLossReplaced, static_cast<unsigned char>(text.front()));
-            AppendUtf8(kReplacement, utf8);
+            AppendUtf8(kReplacementCharacter, utf8);
         }
         text.remove_prefix(c.size);
     }

@@ -25,6 +25,9 @@ inline Utf8Char DecodeUtf8(std::string_view text) {
     return {static_cast<char32_t>(codePoint), static_cast<std::size_t>(size), true};
 }
 
+// What stands for a character that was lost.
+inline constexpr char32_t kReplacementCharacter = 0xFFFD;
+
 inline void AppendUtf8(char32_t codePoint, std::string& text) {
     utf8proc_uint8_t bytes[4];
     const utf8proc_ssize_t size =
