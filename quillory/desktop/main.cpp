@@ -32,7 +32,8 @@ QString SettingsPath() {
 int RunWindow(const QString& file) {
     quillory::DeskSettings settings(SettingsPath());
     quillory::SetTheme(settings.IsDark());
-    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("quillory-desk")));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("quillory-desk"),
+                                                 QIcon(QStringLiteral(":/quillory-desk.svg"))));
     quillory::Desk desk;
     quillory::MainWindow window(desk, settings);
     window.show();
