@@ -122,38 +122,12 @@ Place Place::OfLeader() {
     return OfField(kLeaderTag);
 }
 
-Place Place::OfField(std::string_view tag, std::uint32_t occurrence) {
-    Place place;
-    for (std::size_t i = 0; i < kTagSize && i < tag.size(); ++i) place.tag[i] = tag[i];
-    place.occurrence = occurrence;
-    return place;
-}
-
 Place Place::OfField(unsigned tag, std::uint32_t occurrence) {
     return OfField(TagText(tag), occurrence);
 }
 
 Place Place::Field() const {
     return OfField(Tag(), occurrence);
-}
-
-Place Place::Subfield(char subfieldCode) const {
-    Place place = *this;
-    place.code = subfieldCode;
-    return place;
-}
-
-Place Place::Indicator(int which) const {
-    Place place = *this;
-    place.indicator = static_cast<std::uint8_t>(which);
-    return place;
-}
-
-Place Place::Positions(int from, int to) const {
-    Place place = *this;
-    place.first = from;
-    place.last = to;
-    return place;
 }
 
 bool Place::IsLeader() const {

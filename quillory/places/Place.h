@@ -31,14 +31,32 @@ struct Place {
     static Place OfRecord() { return {}; }
     static Place OfLeader();
     // `tag` is taken as it stands, up to three bytes of it.
-    static Place OfField(std::string_view tag, std::uint32_t occurrence = 0);
+    static Place OfField(std::string_view tag, std::uint32_t occurrence = 0) {
+        Place place;
+        for (std::size_t i = 0; i < kTagSize && i < tag.size(); ++i) place.tag[i] = tag[i];
+        place.occurrence = occurrence;
+        return place;
+    }
     static Place OfField(unsigned tag, std::uint32_t occurrence = 0);
 
     // The leader or field alone.
     Place Field() const;
-    Place Subfield(char code) const;
-    Place Indicator(int which) const;
-    Place Positions(int first, int last) const;
+    Place Subfield(char subfieldCode) const {
+        Place place = *this;
+        place.code = subfieldCode;
+        return place;
+    }
+    Place Indicator(int which) const {
+        Place place = *this;
+        place.indicator = static_cast<std::uint8_t>(which);
+        return place;
+    }
+    Place Positions(int from, int to) const {
+        Place place = *this;
+        place.first = from;
+        place.last = to;
+        return place;
+    }
 
     std::string_view Tag() const { return {tag.data(), IsRecord() ? 0 : tag.size()}; }
     unsigned Number() const { return TagNumber(Tag()); }  // kNoTag if the tag is no number
