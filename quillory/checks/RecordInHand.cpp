@@ -1,23 +1,9 @@
-#include <quillory/checks/ByteBlock.h>
 #include <quillory/checks/RecordInHand.h>
 #include <quillory/text/Ascii.h>
 
 #include <algorithm>
-#include <bit>
-#include <utility>
 
 namespace quillory {
-namespace {
-
-bool IsPlain(std::string_view text) {
-    BlockBits odd = 0;
-    ForEachBlock(text, [&odd](const ByteBlock& block, std::size_t, BlockBits fresh) {
-        odd |= block.NotPlain() & fresh;
-    });
-    return odd == 0;
-}
-
-}  // namespace
 
 void RecordInHand::Forget() {
     for (const CheckedField& field : fields_) {
@@ -25,7 +11,8 @@ void RecordInHand::Forget() {
     }
     oddTags_.clear();
     fields_.clear();
-    subfields_.clear();
+    usedSubfields_ = 0;
+    isPlain_ = true;
 }
 
 std::uint32_t RecordInHand::CountOdd(std::string_view tag) {
@@ -42,6 +29,7 @@ inline std::uint32_t RecordInHand::Count(std::string_view tag, unsigned number) 
 void RecordInHand::Take(const Record& record) {
     Forget();
     leader_ = record.leader;
+    odd_.Begin(record.bytes);
     for (const auto& [tag, content] : record.fields) {
         const unsigned number = TagNumber(tag);
         const std::uint32_t occurrence = Count(tag, number);
@@ -50,55 +38,45 @@ void RecordInHand::Take(const Record& record) {
         field.content = content;
         field.number = number;
         field.occurrence = occurrence;
-        field.firstSubfield = subfields_.size();
+        field.firstSubfield = static_cast<std::uint32_t>(usedSubfields_);
         if (number >= kFirstDataTag) {
             TakeSubfields(field);
         } else {
-            field.isPlain = IsPlain(content);
+            field.isPlain = *odd_.From(content) >= content.data() + content.size();
             field.lacksText = IsBlank(content);
         }
+        isPlain_ = isPlain_ && field.isPlain;
     }
 }
 
-// Lists where the delimiters of a field stand, and its end. There is room for one at each byte.
-std::span<const std::size_t> RecordInHand::EndsIn(std::string_view content, bool& isPlain) {
-    if (ends_.size() <= content.size()) ends_.resize(2 * content.size() + 1);
-    std::size_t* end = ends_.data();
-    BlockBits odd = 0;
-    ForEachBlock(content, [&](const ByteBlock& block, std::size_t begin, BlockBits fresh) {
-        const BlockBits delimiters = block.Equal(zorby::kDelimiter) & fresh;
-        odd |= (block.NotPlain() & fresh) ^ delimiters;
-        for (BlockBits rest = delimiters; rest != 0; rest &= rest - 1) {
-            *end++ = begin + static_cast<std::size_t>(std::countr_zero(rest));
-        }
-    });
-    *end++ = content.size();
-    isPlain = odd == 0;
-    return {ends_.data(), end};
+inline void RecordInHand::AddSubfield(CheckedField& field, char code, std::string_view text) {
+    subfields_[usedSubfields_++] = {code, text};
+    if (!field.codes.Insert(code)) field.repeated.Add(code);
+    const bool mayBeBlank = text.empty() || text.front() == ' ';
+    if (mayBeBlank && IsBlank(text)) field.lacksText = true;
 }
 
 // As ForEachSubfield has them: what stands before the first delimiter, and a delimiter without a
 // code, are no subfields.
 void RecordInHand::TakeSubfields(CheckedField& field) {
     const std::string_view content = field.content;
-    ByteSet codes;
-    ByteSet repeated;
-    bool lacksText = false;
-    const std::span<const std::size_t> ends = EndsIn(content, field.isPlain);
-    std::size_t delimiter = ends.front();
-    for (const std::size_t end : ends.subspan(1)) {
-        const std::size_t at = std::exchange(delimiter, end) + 1;
-        if (at >= end) continue;
-        const char code = content[at];
-        const std::string_view text(content.data() + at + 1, end - at - 1);
-        subfields_.push_back({code, text});
-        if (!codes.Insert(code)) repeated.Add(code);
-        lacksText = lacksText || IsBlank(text);
+    const char* const end = content.data() + content.size();
+    const std::size_t room = usedSubfields_ + content.size() / 2;
+    if (subfields_.size() < room) subfields_.resize(2 * room);
+    const char* const* odd = odd_.From(content);
+    const auto nextDelimiter = [&odd, &field, end] {
+        for (; *odd < end; field.isPlain = false) {
+            if (**odd++ == zorby::kDelimiter) return odd[-1];
+        }
+        return end;
+    };
+    for (const char* at = nextDelimiter(); at != end;) {
+        const char* const next = nextDelimiter();
+        if (next - at > 1) AddSubfield(field, at[1], {at + 2, next});
+        at = next;
     }
-    field.codes = codes;
-    field.repeated = repeated;
-    field.subfields = subfields_.size() - field.firstSubfield;
-    field.lacksText = lacksText || field.subfields == 0;
+    field.subfields = static_cast<std::uint32_t>(usedSubfields_) - field.firstSubfield;
+    field.lacksText = field.lacksText || field.subfields == 0;
 }
 
 const CheckedField* RecordInHand::Whole008() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/checks/FieldRules.h>
+#include <quillory/checks/OddBytes.h>
 #include <quillory/exchange/Record.h>
 #include <quillory/places/Place.h>
 
@@ -24,8 +25,8 @@ struct CheckedField {
     std::string_view content;
     unsigned number = kNoTag;  // of the tag
     std::uint32_t occurrence = 0;
-    std::size_t firstSubfield = 0;
-    std::size_t subfields = 0;
+    std::uint32_t firstSubfield = 0;
+    std::uint32_t subfields = 0;
     ByteSet codes;           // of its subfields
     ByteSet repeated;        // those of them that stand there more than once
     bool isPlain = true;     // printable ASCII and delimiters
@@ -57,6 +58,8 @@ public:
         return position < leader_.size() ? leader_[position] : '\0';
     }
     std::span<const CheckedField> Fields() const { return fields_; }
+    // Whether all its fields are.
+    bool IsPlain() const { return isPlain_; }
     std::span<const SubfieldInHand> SubfieldsOf(const CheckedField& field) const {
         return std::span(subfields_).subspan(field.firstSubfield, field.subfields);
     }
@@ -66,6 +69,16 @@ public:
         return fields.count == 0 ? nullptr : &fields_[fields.first];
     }
     bool Has(unsigned tag) const { return tags_[tag].count != 0; }
+    // Calls `take(field)` for each field of a tag.
+    template <class Take>
+    void ForEachOf(unsigned tag, Take take) const {
+        std::size_t at = tags_[tag].first;
+        for (std::uint32_t left = tags_[tag].count; left != 0; ++at) {
+            if (fields_[at].number != tag) continue;
+            take(fields_[at]);
+            --left;
+        }
+    }
     // The first 008, if it has all its 40 positions; null otherwise.
     const CheckedField* Whole008() const;
     // The first subfield of a code, of a field; empty if there is none.
@@ -85,15 +98,17 @@ private:
     // Which of the fields of its tag it is, from 1.
     std::uint32_t Count(std::string_view tag, unsigned number);
     std::uint32_t CountOdd(std::string_view tag);
-    std::span<const std::size_t> EndsIn(std::string_view content, bool& isPlain);
     void TakeSubfields(CheckedField& field);
+    void AddSubfield(CheckedField& field, char code, std::string_view text);
 
     const FieldRules* rules_;
     std::string_view leader_;
+    bool isPlain_ = true;
+    OddBytes odd_;
     std::vector<CheckedField> fields_;
-    std::vector<SubfieldInHand> subfields_;
-    std::vector<std::size_t> ends_;  // of the parts of the field in hand
-    std::vector<FieldsOfTag> tags_;  // by number
+    std::vector<SubfieldInHand> subfields_;  // with room for more
+    std::size_t usedSubfields_ = 0;
+    std::vector<FieldsOfTag> tags_;                                // by number
     std::map<std::array<char, kTagSize>, std::uint32_t> oddTags_;  // occurrences of other tags
 };
 

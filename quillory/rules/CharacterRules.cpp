@@ -4,8 +4,6 @@
 #include <quillory/text/Utf8.h>
 #include <zorby/charset/PlainRun.h>
 
-#include <algorithm>
-
 namespace quillory {
 namespace {
 
@@ -37,7 +35,7 @@ void CharacterRules::Check(const Record& record, const RecordInHand& inHand, Cha
                            RemarkSink& remarks) {
     const bool isUtf8 = charset == kCharsetUtf8;
     if (!isUtf8 && charset != kCharsetMarc8) return;
-    if (std::ranges::all_of(inHand.Fields(), &CheckedField::isPlain)) return;
+    if (inHand.IsPlain()) return;
     if (isUtf8) {
         if (const auto invalid = FirstInvalidByte(record)) {
             const bool isCoded = record.leader[zorby::kLeaderCharacterCode] == 'a';
