@@ -28,6 +28,11 @@ public:
         return ((words_[0] & other.words_[0]) | (words_[1] & other.words_[1]) |
                 (words_[2] & other.words_[2]) | (words_[3] & other.words_[3])) != 0;
     }
+    ByteSet Without(const ByteSet& other) const {
+        ByteSet rest = *this;
+        for (std::size_t i = 0; i < kWords; ++i) rest.words_[i] &= ~other.words_[i];
+        return rest;
+    }
     void AddAll(const ByteSet& other) {
         for (std::size_t i = 0; i < kWords; ++i) words_[i] |= other.words_[i];
     }

@@ -51,7 +51,9 @@ std::size_t SizeOf(const Record& record) {
 Checker::Checker(CheckerOptions options)
     : options_(WithRules(std::move(options))), record_(*options_.rules) {
     for (std::size_t role = 0; role < kRoles; ++role) {
-        checks_[role] = ChecksOf(static_cast<FieldRole>(role), options_.findsAll);
+        std::vector<FieldCheck> checks = ChecksOf(static_cast<FieldRole>(role), options_.findsAll);
+        const std::size_t least = std::ranges::min(checks, {}, &FieldCheck::leastSize).leastSize;
+        checks_[role] = {std::move(checks), least};
     }
 }
 
@@ -68,14 +70,15 @@ void Checker::Check(const Record& record, const RecordInHand& inHand,
     facts.leader = record.leader;
     const bool isBibliographic = IsBibliographic(record.leader);
     for (const CheckedField& field : inHand.Fields()) {
-        const bool isNumber = field.number != kNoTag;
-        const FieldRole role = isNumber ? inHand.OwnRuleOf(field).role : kRoleOther;
-        for (const FieldCheck& check : checks_[role]) {
-            if (field.content.size() < check.leastSize) continue;
-            if (!isBibliographic && !check.isForAllFormats) continue;
-            check.check({inHand, field, facts, options_.allowLocal}, sink);
+        const ChecksOfRole& ofRole = checks_[inHand.OwnRuleOf(field).role];
+        if (field.content.size() >= ofRole.leastSize) {
+            for (const FieldCheck& check : ofRole.checks) {
+                if (field.content.size() < check.leastSize) continue;
+                if (!isBibliographic && !check.isForAllFormats) continue;
+                check.check({inHand, field, facts, options_.allowLocal}, sink);
+            }
         }
-        if (isBibliographic && isNumber) facts.Take(inHand, field);
+        if (isBibliographic) facts.Take(inHand, field);
     }
     if (isBibliographic) {
         CheckRules(facts, sink);

@@ -48,8 +48,13 @@ public:
 private:
     void CheckTitleCase(const Record& record, const RecordFacts& facts, FindingSink& findings);
 
+    struct ChecksOfRole {
+        std::vector<FieldCheck> checks;
+        std::size_t leastSize = 0;  // bytes of the smallest field for which there is one
+    };
+
     CheckerOptions options_;
-    std::array<std::vector<FieldCheck>, kRoles> checks_;  // of fields, by their role
+    std::array<ChecksOfRole, kRoles> checks_;  // of fields, by their role
     Policy policy_;
     RecordInHand record_;
     TitleCase titleCase_;

@@ -46,11 +46,13 @@ FieldRules::FieldRules(bool allowLocal) : rules_(kTags) {
     AddHoldings();
     AddRoles();
     if (allowLocal) AllowLocal();
+    Finish();
 }
 
 FieldRules::FieldRules(std::vector<FieldRule> rules, bool allowLocal) : rules_(std::move(rules)) {
     AllowAlternateGraphics();
     if (allowLocal) AllowLocal();
+    Finish();
 }
 
 void FieldRules::AddDictionary() {
@@ -139,6 +141,12 @@ void FieldRules::AllowLocal() {
 void FieldRules::AllowAny(unsigned tag) {
     rules_[tag].isKnown = true;
     rules_[tag].hasAnyCodes = true;
+}
+
+void FieldRules::Finish() {
+    for (FieldRule& rule : rules_) rule.currentCodes = rule.codes.Without(rule.obsoleteCodes);
+    rules_.resize(kTags);
+    rules_.emplace_back();  // for kNoTag
 }
 
 }  // namespace quillory

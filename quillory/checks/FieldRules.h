@@ -28,6 +28,8 @@ inline constexpr std::size_t kRoles = kRoleLinked + 1;
 struct IndicatorRule {
     ByteSet current;
     ByteSet obsolete;
+
+    bool Allows(char value) const { return current.Has(value) || current.IsEmpty(); }
 };
 
 // What is allowed in the fields of a tag.
@@ -41,11 +43,16 @@ struct FieldRule {
     ByteSet codes;
     ByteSet repeatableCodes;
     ByteSet obsoleteCodes;
+    ByteSet currentCodes;  // the others
     std::array<IndicatorRule, 2> indicators;
 
     // Whether a field may have these subfields, the second of them more than once.
     bool Allows(const ByteSet& has, const ByteSet& repeats) const {
         return hasAnyCodes || (has.IsWithin(codes) && repeats.IsWithin(repeatableCodes));
+    }
+    // The same, and none of them is obsolete.
+    bool IsCurrent(const ByteSet& has, const ByteSet& repeats) const {
+        return hasAnyCodes || (has.IsWithin(currentCodes) && repeats.IsWithin(repeatableCodes));
     }
 };
 
@@ -58,7 +65,7 @@ public:
     // Those of another format: a rule for each tag below kTags, without what is left to libraries.
     FieldRules(std::vector<FieldRule> rules, bool allowLocal);
 
-    // The tag is below kTags.
+    // Nothing is known of kNoTag.
     const FieldRule& Of(unsigned tag) const { return rules_[tag]; }
 
 private:
@@ -69,6 +76,7 @@ private:
     void AllowAlternateGraphics();
     void AllowLocal();
     void AllowAny(unsigned tag);
+    void Finish();
 
     std::vector<FieldRule> rules_;
 };

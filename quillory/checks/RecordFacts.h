@@ -28,7 +28,7 @@ struct RecordFacts {
     bool hasSubject = false;
     bool hasHoldings = false;
 
-    // Takes in a field of the record whose tag is a number.
+    // Takes in a field of the record.
     void Take(const RecordInHand& record, const CheckedField& field) {
         const FieldRule& rule = record.OwnRuleOf(field);
         if (field.number == kTag008 && field.occurrence == 1) field008 = field.content;

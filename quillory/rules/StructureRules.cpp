@@ -32,7 +32,7 @@ void CheckIndicators(const CheckedField& field, const FieldRule& rule, RemarkSin
     for (int which = 1; which <= 2; ++which) {
         const auto& values = rule.indicators[static_cast<std::size_t>(which - 1)];
         const char value = field.Indicator(which);
-        if (values.current.Has(value) || values.current.IsEmpty()) continue;
+        if (values.Allows(value)) continue;
         const RuleId found =
             values.obsolete.Has(value) ? RuleId::IndicatorObsolete : RuleId::IndicatorUndefined;
         remarks.Add(found, field.GetPlace().Indicator(which), [&] {
@@ -115,9 +115,7 @@ void CheckFirst(const RuledField& ruled, char code, RemarkSink& remarks) {
 // Each code is named once a field, and so is what stands too often.
 void CheckCodes(const RecordInHand& record, const CheckedField& field, const FieldRule& rule,
                 RemarkSink& remarks) {
-    const bool isInForce =
-        rule.Allows(field.codes, field.repeated) && !field.codes.Meets(rule.obsoleteCodes);
-    if (isInForce || rule.hasAnyCodes) return;
+    if (rule.IsCurrent(field.codes, field.repeated)) return;
     std::array<std::uint8_t, 256> counts{};
     for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
         std::uint8_t& count = counts[static_cast<unsigned char>(subfield.code)];
@@ -155,13 +153,27 @@ bool IsFurtherEntry(const RecordInHand& record, const CheckedField& field,
     return role == kRoleMainEntry && remarks.Wants(RuleId::ManyMainEntries100);
 }
 
+bool IsOneTooMany(const CheckedField& field, const FieldRule& rule) {
+    return field.occurrence > 1 && !rule.isRepeatable;
+}
+
 void CheckRepeated(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
-    if (field.occurrence == 1 || record.OwnRuleOf(field).isRepeatable) return;
+    if (!IsOneTooMany(field, record.OwnRuleOf(field))) return;
     if (IsFurtherEntry(record, field, remarks)) return;
     remarks.Add(RuleId::NotRepeatable, field.GetPlace(), [&] {
         return RemarkWords{"a record has only one field " + std::string(field.tag),
                            field.IsData() ? "join them, or delete one" : "delete one"};
     });
+}
+
+// Whether nothing is wrong with a field, as it is with most.
+bool IsInOrder(const CheckedField& field, const FieldRule& rule) {
+    if (!rule.isKnown || rule.isObsolete || rule.role == kRoleLinked) return false;
+    if (field.lacksText || IsOneTooMany(field, rule)) return false;
+    if (!field.IsData()) return field.isPlain;
+    return rule.indicators[0].Allows(field.Indicator(1)) &&
+           rule.indicators[1].Allows(field.Indicator(2)) &&
+           rule.IsCurrent(field.codes, field.repeated);
 }
 
 void CheckKnownField(const RecordInHand& record, const CheckedField& field, const FieldRule& rule,
@@ -193,16 +205,13 @@ void CheckKnownField(const RecordInHand& record, const CheckedField& field, cons
 
 void CheckStructure(const RecordInHand& record, bool allowsLocal, RemarkSink& remarks) {
     for (const CheckedField& field : record.Fields()) {
-        if (field.number == kNoTag) {
-            const bool isLocal = allowsLocal && IsMadeUpTag(field.tag);
-            if (!isLocal) AddUndefinedField(record, field, remarks);
-            continue;
-        }
         const FieldRule& rule = record.OwnRuleOf(field);
-        if (!rule.isKnown) {
-            AddUndefinedField(record, field, remarks);
-        } else {
+        if (IsInOrder(field, rule)) continue;
+        if (rule.isKnown) {
             CheckKnownField(record, field, rule, remarks);
+        } else {
+            const bool isLocal = field.number == kNoTag && allowsLocal && IsMadeUpTag(field.tag);
+            if (!isLocal) AddUndefinedField(record, field, remarks);
         }
     }
 }
