@@ -82,6 +82,8 @@ private:
         const Element* element;
         std::size_t first;  // as the element has it
         std::size_t width;
+        bool isLength;  // or an address
+        ByteSet right;  // values of one byte that were found to be right
         StatesSeen seen;
     };
 
@@ -92,10 +94,12 @@ private:
         if (elements.empty()) {
             elements.reserve(ElementsOf(form).size());
             for (const Element& element : ElementsOf(form)) {
-                elements.push_back({&element,
-                                    static_cast<std::size_t>(element.first),
-                                    static_cast<std::size_t>(element.Width()),
-                                    {}});
+                elements.push_back({.element = &element,
+                                    .first = static_cast<std::size_t>(element.first),
+                                    .width = static_cast<std::size_t>(element.Width()),
+                                    .isLength = IsLength(element),
+                                    .right = {},
+                                    .seen = {}});
             }
         }
         return elements;
@@ -166,9 +170,14 @@ private:
             if (isIn008 && checked.first == 0) continue;
             const std::size_t first = checked.first + static_cast<std::size_t>(offset);
             if (first + checked.width > bytes.size()) return;
+            const bool isByte = checked.width == 1;
+            if (isByte && checked.right.Has(bytes[first])) continue;
             const std::string_view value(bytes.data() + first, checked.width);
             const CodeState state = StateOf(checked, value);
-            if (state != CodeState::Obsolete && state != CodeState::Unknown) continue;
+            if (state != CodeState::Obsolete && state != CodeState::Unknown) {
+                if (isByte) checked.right.Add(bytes[first]);
+                continue;
+            }
             const Element& element = *checked.element;
             const Place place = field.Positions(element.first + offset, element.last + offset);
             if (state == CodeState::Unknown) {
@@ -233,16 +242,16 @@ private:
 
     CodeState StateOf(CheckedElement& checked, std::string_view value) const {
         const Element& element = *checked.element;
+        if (checked.isLength && AreDigits(value)) return CodeState::Known;
         if (value.size() > StatesSeen::kLongest) return LookUp(element, value);
         return checked.seen.Of(
             value, [this, &element](std::string_view unseen) { return LookUp(element, unseen); });
     }
 
     // Lengths and addresses are other digits in each record.
-    static bool IsLength(const Element& element, std::string_view value) {
-        const bool isLength = element.parts.front() == zorby::CFPLdrRecordLength ||
-                              element.parts.front() == zorby::CFPLdrBaseAddress;
-        return isLength && AreDigits(value);
+    static bool IsLength(const Element& element) {
+        return !element.IsUndefined() && (element.parts.front() == zorby::CFPLdrRecordLength ||
+                                          element.parts.front() == zorby::CFPLdrBaseAddress);
     }
 
     CodeState LookUp(const Element& element, std::string_view value) const {
@@ -252,7 +261,6 @@ private:
         }
         if (IsAll(value, kFill)) return CodeState::NoAttempt;
         if (!element.IsUndefined()) {
-            if (IsLength(element, value)) return CodeState::Known;
             if (const auto free = ReadFreeValue(element.parts.front(), value)) {
                 return free->fits ? CodeState::Known : CodeState::Unknown;
             }
