@@ -1,7 +1,11 @@
 #include <quillory/coded/IsbdMarks.h>
 #include <quillory/places/Tag.h>
 
-#include <vector>
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
 
 namespace quillory {
 namespace {
@@ -37,32 +41,37 @@ constexpr IsbdMark kMarks[] = {
     {kBodies, "abdnc", 't', ".", "?!-)", true},
 };
 
-using MarksOfTag = std::vector<const IsbdMark*>;
+// Where the marks of a tag stand in the table, from 1; then zeros.
+using MarksOfTag = std::array<std::uint8_t, 8>;
 
-std::vector<MarksOfTag> MarksByTag() {
-    std::vector<MarksOfTag> marks(kTags + 1);
-    for (const IsbdMark& mark : kMarks) {
-        for (std::size_t at = 0; at < mark.tags.size(); at += kTagSize + 1) {
-            marks[TagNumber(mark.tags.substr(at, kTagSize))].push_back(&mark);
+constexpr auto kMarksOfTags = [] {
+    std::array<MarksOfTag, kTags + 1> marks{};
+    for (std::size_t i = 0; i < std::size(kMarks); ++i) {
+        const std::string_view tags = kMarks[i].tags;
+        for (std::size_t at = 0; at < tags.size(); at += kTagSize + 1) {
+            MarksOfTag& ofTag = marks[TagNumber(tags.substr(at, kTagSize))];
+            *std::ranges::find(ofTag, 0) = static_cast<std::uint8_t>(i + 1);
         }
     }
     return marks;
-}
+}();
 
-const MarksOfTag& MarksOf(unsigned tag) {
-    static const std::vector<MarksOfTag> marks = MarksByTag();
-    return marks[tag];
+// For texts of a few characters.
+bool IsAmong(char c, std::string_view characters) {
+    return std::ranges::find(characters, c) != characters.end();
 }
 
 }  // namespace
 
 bool HasIsbdMarks(unsigned tag) {
-    return !MarksOf(tag).empty();
+    return kMarksOfTags[tag].front() != 0;
 }
 
 const IsbdMark* IsbdMarkBetween(unsigned tag, char code, char next) {
-    for (const IsbdMark* mark : MarksOf(tag)) {
-        if (mark->before == next && mark->after.find(code) != mark->after.npos) return mark;
+    for (const std::size_t number : kMarksOfTags[tag]) {
+        if (number == 0) break;
+        const IsbdMark& mark = kMarks[number - 1];
+        if (mark.before == next && IsAmong(code, mark.after)) return &mark;
     }
     return nullptr;
 }
@@ -73,7 +82,9 @@ const IsbdMark* IsbdMarkBetween(std::string_view tag, char code, char next) {
 
 bool EndsWithMark(std::string_view text, const IsbdMark& mark) {
     if (text.empty()) return false;
-    return text.ends_with(mark.mark) || mark.others.find(text.back()) != mark.others.npos;
+    const char last = text.back();
+    const bool hasMark = last == mark.mark.back() && text.ends_with(mark.mark);
+    return hasMark || IsAmong(last, mark.others);
 }
 
 }  // namespace quillory

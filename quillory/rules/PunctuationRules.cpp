@@ -12,8 +12,14 @@ namespace {
 
 constexpr std::size_t kDescriptiveForm = 18;  // in the Leader
 
+constexpr auto kControlSubfields = [] {
+    ByteSet codes;
+    for (const char code : std::string_view("0123456789uw")) codes.Add(code);
+    return codes;
+}();
+
 bool IsControlSubfield(char code) {
-    return ('0' <= code && code <= '9') || code == 'u' || code == 'w';
+    return kControlSubfields.Has(code);
 }
 
 std::string_view TrimmedAtEnd(std::string_view text) {
