@@ -81,8 +81,15 @@ std::string_view FindArticle(std::string_view text, std::string_view articles) {
     return longest;
 }
 
-Article FindAfterSigns(std::string_view title, std::string_view articles) {
-    const std::size_t start = std::min(title.find_first_not_of(kSignsBefore), title.size());
+// Where the first word begins, after the signs before it.
+std::size_t StartOf(std::string_view title) {
+    const auto isSign = [](char c) {
+        return std::ranges::find(kSignsBefore, c) != kSignsBefore.end();
+    };
+    return static_cast<std::size_t>(std::ranges::find_if_not(title, isSign) - title.begin());
+}
+
+Article FindAt(std::string_view title, std::size_t start, std::string_view articles) {
     const std::string_view text = title.substr(start);
     const std::string_view word = FindArticle(text, articles);
     if (word.empty() || IsNoArticle(text)) return {};
@@ -99,13 +106,14 @@ bool KnowsArticlesOf(std::string_view language) {
 
 Article ArticleOf(std::string_view title, std::string_view language) {
     const auto* known = std::ranges::find(kLanguages, language, &LanguageArticles::language);
-    return known == kLanguages.end() ? Article{} : FindAfterSigns(title, known->articles);
+    return known == kLanguages.end() ? Article{} : FindAt(title, StartOf(title), known->articles);
 }
 
 Article ArticleOfAnyLanguage(std::string_view title) {
+    const std::size_t start = StartOf(title);
     Article longest;
     for (const LanguageArticles& language : kLanguages) {
-        const Article article = FindAfterSigns(title, language.articles);
+        const Article article = FindAt(title, start, language.articles);
         if (article.word.size() > longest.word.size()) longest = article;
     }
     return longest;

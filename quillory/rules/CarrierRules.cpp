@@ -51,15 +51,13 @@ using CodeList = std::vector<std::string_view>;
 // The codes of a field of the RDA lists that the lists have.
 CodeList CodesOf(const RecordInHand& record, unsigned tag) {
     CodeList codes;
-    if (!record.Has(tag)) return codes;
-    for (const CheckedField& field : record.Fields()) {
-        if (field.number != tag) continue;
+    record.ForEachOf(tag, [&](const CheckedField& field) {
         for (const auto& [subfield, text] : record.SubfieldsOf(field)) {
             if (subfield == 'b' && !MediaTermOf(tag, Trimmed(text)).empty()) {
                 codes.push_back(Trimmed(text));
             }
         }
-    }
+    });
     return codes;
 }
 
@@ -107,8 +105,7 @@ bool NamesCarrier(std::string_view extent, std::string_view words) {
 }
 
 void CheckExtent(const RecordInHand& record, const CodeList& carriers, RemarkSink& remarks) {
-    for (const CheckedField& field : record.Fields()) {
-        if (field.number != 300) continue;
+    record.ForEachOf(300, [&](const CheckedField& field) {
         const std::string_view extent = record.TextOf(field, 'a');
         for (const auto& row : kCarrierWords) {
             const auto isNamed = [&](std::string_view code) { return IsAmong(code, row.codes); };
@@ -118,7 +115,7 @@ void CheckExtent(const RecordInHand& record, const CodeList& carriers, RemarkSin
                         '"' + std::string(row.words) + '"',
                         '"' + std::string(MediaTermOf(338, row.codes.substr(0, 2))) + '"');
         }
-    }
+    });
 }
 
 // A category of 007 and the media that it describes.
