@@ -21,19 +21,21 @@ std::string_view RuleNameOf(const RuleCount& count) {
 
 }  // namespace
 
-RuleCount& RemarkCounts::CountOf(std::size_t rule) {
+inline RuleCount& RemarkCounts::CountOf(std::size_t rule) {
     if (rule >= rules_.size()) rules_.resize(rule + 1);
     return rules_[rule];
 }
 
-SeverityCounts& RemarkCounts::CountsOf(const Place& place) {
+inline SeverityCounts& RemarkCounts::CountsOf(const Place& place) {
     const unsigned number = place.Number();
-    if (number == kNoTag) {
-        const auto found = otherPlaces_.find(place.Tag());
-        return found != otherPlaces_.end() ? found->second : otherPlaces_[std::string(place.Tag())];
-    }
+    if (number == kNoTag) return CountsOfOther(place.Tag());
     if (fields_.empty()) fields_.resize(kTags);
     return fields_[number];
+}
+
+SeverityCounts& RemarkCounts::CountsOfOther(std::string_view tag) {
+    const auto found = otherPlaces_.find(tag);
+    return found != otherPlaces_.end() ? found->second : otherPlaces_[std::string(tag)];
 }
 
 void RemarkCounts::Count(const Rule& rule, Severity severity, const Place& place) {

@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillory {
@@ -46,6 +47,7 @@ public:
 private:
     RuleCount& CountOf(std::size_t rule);
     SeverityCounts& CountsOf(const Place& place);
+    SeverityCounts& CountsOfOther(std::string_view tag);
 
     std::uint64_t records_ = 0;
     std::optional<Severity> heaviest_;
