@@ -11,6 +11,12 @@ namespace {
 
 // Whether all of the fields are printable ASCII, the same in every character set.
 bool IsPlainRecord(const Record& record) {
+    const std::size_t directory = record.fields.size() * zorby::kDirectoryEntrySize;
+    const std::size_t data = zorby::kLeaderSize + directory + 1;
+    if (record.bytes.size() > data) {
+        return TextConverter::AreUntouched(
+            record.bytes.substr(data, record.bytes.size() - data - 1));
+    }
     return std::all_of(record.fields.begin(), record.fields.end(),
                        [](const auto& field) { return TextConverter::IsUntouched(field.content); });
 }
@@ -73,21 +79,22 @@ void Recoder::SetLabel(Record& record, Charset charset) {
     record.leader = leader_;
 }
 
-// Contents are put side by side first; the views are set when the text does not move any more.
+// New contents are put side by side first; the views are set when the text does not move any more.
 void Recoder::Replace(Record& record, TextConverter& converter, Losses& losses) {
     text_.clear();
-    std::vector<std::size_t> ends;
-    ends.reserve(record.fields.size());
-    for (const zorby::CommFormatField& field : record.fields) {
+    replaced_.clear();
+    for (zorby::CommFormatField& field : record.fields) {
+        if (TextConverter::IsUntouched(field.content)) continue;
         const std::string_view indicators = BytesOfIndicators(field);
         for (const char c : indicators) text_ += CarriedIndicator(c, losses);
         AppendConverted(field.content.substr(indicators.size()), converter, text_, losses);
-        ends.push_back(text_.size());
+        replaced_.push_back({&field, text_.size()});
     }
     std::size_t start = 0;
-    for (std::size_t i = 0; i < ends.size(); ++i) {
-        record.fields[i].content = std::string_view(text_).substr(start, ends[i] - start);
-        start = ends[i];
+    for (const Replaced& replaced : replaced_) {
+        const std::string_view text = text_;
+        replaced.field->content = text.substr(start, replaced.end - start);
+        start = replaced.end;
     }
     record.bytes = {};
 }

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillory {
 
@@ -48,7 +49,13 @@ private:
 
     RecoderOptions options_;
     std::map<Charset, std::unique_ptr<TextConverter>> converters_;  // by what they read
+    struct Replaced {
+        zorby::CommFormatField* field;
+        std::size_t end;  // of its content in text_
+    };
+
     std::string text_;
+    std::vector<Replaced> replaced_;
     std::string leader_;
 };
 

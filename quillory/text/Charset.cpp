@@ -1,11 +1,12 @@
 #include <quillory/text/Charset.h>
 #include <quillory/text/IconvConverter.h>
-#include <zorby/charset/PlainRun.h>
 #include <zorby/record/CommFormat.h>
 
 #include <utf8proc.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <deque>
 #include <string>
 #include <utility>
@@ -19,6 +20,16 @@ constexpr char kUtf8Label = 'a';
 std::ptrdiff_t SizeOfCharacter(const char* p, const char* end) {
     utf8proc_int32_t codePoint = 0;
     return utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(p), end - p, &codePoint);
+}
+
+// Where the first byte beyond ASCII stands, or `end`.
+const char* PastAscii(const char* p, const char* end) {
+    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    for (std::uint64_t word = 0; end - p >= std::ptrdiff_t{sizeof word}; p += sizeof word) {
+        std::memcpy(&word, p, sizeof word);
+        if ((word & kHighBits) != 0) break;
+    }
+    return std::find_if(p, end, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
 // Names of sets of the C library that have been asked for, in the order of their numbers.
@@ -86,7 +97,7 @@ char LabelFor(Charset charset) {
 std::size_t FindInvalidUtf8(std::string_view text) {
     const char* p = text.data();
     const char* const end = p + text.size();
-    while ((p += zorby::PlainRunLength(p, end)) != end) {
+    while ((p = PastAscii(p, end)) != end) {
         const std::ptrdiff_t size = SizeOfCharacter(p, end);
         if (size < 1) return static_cast<std::size_t>(p - text.data());
         p += size;
@@ -97,13 +108,9 @@ std::size_t FindInvalidUtf8(std::string_view text) {
 void CountUtf8(std::string_view text, Utf8Counts& counts) {
     const char* p = text.data();
     const char* const end = p + text.size();
-    while ((p += zorby::PlainRunLength(p, end)) != end) {
+    while ((p = PastAscii(p, end)) != end) {
         const std::ptrdiff_t size = SizeOfCharacter(p, end);
-        if (size < 1) {
-            ++counts.invalid;
-        } else if (size > 1) {
-            ++counts.valid;
-        }
+        ++(size < 1 ? counts.invalid : counts.valid);
         p += size < 1 ? 1 : size;
     }
 }

@@ -67,7 +67,7 @@ public:
     CommFormatFault Read(std::vector<CommFormatField>& fields) const;
 
 private:
-    std::size_t PlainLength(std::string_view entry, std::size_t start) const;
+    std::size_t PlainLength(const char* entry, std::size_t start) const;
     CommFormatFault ReadEntry(std::size_t at, CommFormatField& field) const;
 
     std::string_view bytes_;
@@ -76,23 +76,26 @@ private:
 };
 
 // The length of a field that stands at `start`, as its entry says; 0 if that is not plain.
-std::size_t Reader::PlainLength(std::string_view entry, std::size_t start) const {
-    const int length = DecimalField(entry, 3, 4);
-    if (length <= 0 || DecimalField(entry, 7, 5) != static_cast<int>(start)) return 0;
-    const auto size = static_cast<std::size_t>(length);
-    return size <= data_.size() - start && data_[start + size - 1] == kFieldEnd ? size : 0;
+std::size_t Reader::PlainLength(const char* entry, std::size_t start) const {
+    constexpr std::int64_t kStarts = 100000;
+    const std::int64_t both = NineDigits(entry + kTagSize);
+    const auto size = static_cast<std::size_t>(both / kStarts);
+    const bool isPlain = both >= kStarts && both % kStarts == static_cast<std::int64_t>(start) &&
+                         size <= data_.size() - start && data_[start + size - 1] == kFieldEnd;
+    return isPlain ? size : 0;
 }
 
 bool Reader::ReadPlain(std::vector<CommFormatField>& fields) const {
+    fields.resize((base_ - 1 - kLeaderSize) / kDirectoryEntrySize);
+    const char* entry = bytes_.data() + kLeaderSize;
     std::size_t start = 0;
-    for (std::size_t at = kLeaderSize; at + 1 < base_; at += kDirectoryEntrySize) {
-        const std::string_view entry = bytes_.substr(at, kDirectoryEntrySize);
+    for (CommFormatField& field : fields) {
         const std::size_t size = PlainLength(entry, start);
         if (size == 0) return false;
-        const CommFormatField field{entry.substr(0, kTagSize), data_.substr(start, size - 1)};
+        field = {{entry, kTagSize}, {data_.data() + start, size - 1}};
         if (IsDataTag(field.tag) ? !HasIndicators(field.content) : !IsTag(field.tag)) return false;
-        fields.push_back(field);
         start += size;
+        entry += kDirectoryEntrySize;
     }
     const FieldMarks marks = MarksIn(data_);
     return start == data_.size() && marks.fieldEnds == fields.size() && !marks.lacksCode;

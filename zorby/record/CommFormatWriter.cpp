@@ -8,13 +8,15 @@ namespace {
 constexpr char kUnknownLeaderByte = '|';
 constexpr std::size_t kDataLimit = 99999;  // bytes; all fields together stay below this
 
-// Writes a number in `size` digits, with leading zeros. A longer number keeps its left digits.
-void PutDecimal(char* target, std::size_t size, std::size_t number) {
-    std::size_t digits = 1;
-    for (std::size_t rest = number; rest >= 10; rest /= 10) ++digits;
-    for (; digits > size; --digits) number /= 10;
-    for (std::size_t i = size; i-- > 0; number /= 10) {
-        target[i] = static_cast<char>('0' + number % 10);
+// Writes a number in so many digits, with leading zeros. A longer number keeps its left digits.
+template <std::size_t kDigits>
+void PutDecimal(char* target, std::size_t number) {
+    static_assert(kDigits == 4 || kDigits == 5);
+    constexpr std::uint32_t kLimit = kDigits == 4 ? 10000 : 100000;
+    while (number >= kLimit) number /= 10;
+    auto rest = static_cast<std::uint32_t>(number);
+    for (std::size_t i = kDigits; i-- > 0; rest /= 10) {
+        target[i] = static_cast<char>('0' + rest % 10);
     }
 }
 
@@ -47,8 +49,8 @@ bool CommFormatWriter::AddField(std::string_view tag, std::string_view content) 
     char entry[kDirectoryEntrySize] = {'0', '0', '0'};
     const std::size_t tagSize = std::min(tag.size(), kTagSize);
     std::copy_n(tag.data(), tagSize, entry + kTagSize - tagSize);
-    PutDecimal(entry + 3, 4, std::min(length, kLongestField));
-    PutDecimal(entry + 7, 5, data_.size());
+    PutDecimal<4>(entry + 3, std::min(length, kLongestField));
+    PutDecimal<5>(entry + 7, data_.size());
     directory_.append(entry, sizeof entry);
     data_.append(content);
     data_ += kFieldEnd;
@@ -64,8 +66,8 @@ std::size_t CommFormatWriter::Finish(std::string& record) const {
     record.reserve(total - cut);
     record = leader_;
     record.resize(kLeaderSize, kUnknownLeaderByte);
-    PutDecimal(record.data() + kLeaderLength, 5, total - cut);
-    PutDecimal(record.data() + kLeaderBaseAddress, 5, kLeaderSize + directory_.size() + 1);
+    PutDecimal<5>(record.data() + kLeaderLength, total - cut);
+    PutDecimal<5>(record.data() + kLeaderBaseAddress, kLeaderSize + directory_.size() + 1);
     record += directory_;
     record += kFieldEnd;
     record.append(data_, 0, data_.size() - cut);

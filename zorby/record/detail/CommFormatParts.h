@@ -4,6 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 
 namespace zorby {
 
@@ -31,44 +34,72 @@ inline CommFormatFault Fault(CommFormatReason reason, std::size_t offset,
     return {reason, offset, std::string(tag)};
 }
 
+// Returns the number that the nine digits at `digits` make, the length and the start in a directory
+// entry, or -1 if they are not all digits.
+inline std::int64_t NineDigits(const char* digits) {
+    if constexpr (std::endian::native != std::endian::little) {
+        return DecimalField({digits, 9}, 0, 9);
+    }
+    constexpr std::uint64_t kHighHalves = 0xF0F0F0F0F0F0F0F0;
+    constexpr std::uint64_t kOfDigits = 0x3030303030303030;
+    const unsigned first = static_cast<unsigned char>(digits[0]) - unsigned{'0'};
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, digits + 1, sizeof eight);
+    const std::uint64_t misfits = ((eight & kHighHalves) ^ kOfDigits) |
+                                  (((eight + 0x0606060606060606) & kHighHalves) ^ kOfDigits);
+    if (misfits != 0 || first > 9) return -1;
+    // Neighbours are put together: digits to pairs, pairs to fours, and these to the whole.
+    eight = ((eight & 0x0F0F0F0F0F0F0F0F) * (10 * 256 + 1)) >> 8;
+    eight = ((eight & 0x00FF00FF00FF00FF) * (100 * 65536 + 1)) >> 16;
+    eight = ((eight & 0x0000FFFF0000FFFF) * (10000 * (std::uint64_t{1} << 32) + 1)) >> 32;
+    return static_cast<std::int64_t>(first * std::uint64_t{100000000} + eight);
+}
+
 // What stands in the fields of a record.
 struct FieldMarks {
     std::size_t fieldEnds = 0;
     bool lacksCode = false;  // a delimiter has no subfield code after it
 };
 
-// Adds what is in so many blocks, at most 255, after which one more byte follows. Compilers compare
-// the bytes of a block at once.
-template <std::size_t kBlock>
+inline constexpr std::size_t kMarksBlock = 16;  // bytes that compilers compare at once
+
+// Adds what is in so many blocks, at most 255, after which one more byte follows.
 inline void AddMarks(const char* bytes, std::size_t blocks, FieldMarks& marks) {
-    std::array<unsigned char, kBlock> ends{};
-    std::array<unsigned char, kBlock> faults{};
-    for (const char* const stop = bytes + blocks * kBlock; bytes != stop; bytes += kBlock) {
-        for (std::size_t i = 0; i < kBlock; ++i) {
+    static_assert((kFieldEnd | 1) == kDelimiter && (kDelimiter | 1) == kDelimiter);
+    std::array<unsigned char, kMarksBlock> ends{};
+    std::array<unsigned char, kMarksBlock> faults{};
+    for (const char* const stop = bytes + blocks * kMarksBlock; bytes != stop;
+         bytes += kMarksBlock) {
+        for (std::size_t i = 0; i < kMarksBlock; ++i) {
             const bool isEnd = bytes[i] == kFieldEnd;
             const bool isDelimiter = bytes[i] == kDelimiter;
-            const bool isNoCode = (bytes[i + 1] == kDelimiter) | (bytes[i + 1] == kFieldEnd);
+            const bool isNoCode = (bytes[i + 1] | 1) == kDelimiter;
             ends[i] = static_cast<unsigned char>(ends[i] + isEnd);
             faults[i] |= static_cast<unsigned char>(isDelimiter & isNoCode);
         }
     }
-    for (std::size_t i = 0; i < kBlock; ++i) {
-        marks.fieldEnds += ends[i];
-        marks.lacksCode = marks.lacksCode || faults[i] != 0;
+    const auto words = std::bit_cast<std::array<std::uint64_t, 2>>(ends);
+    constexpr std::uint64_t kEveryOther = 0x00FF00FF00FF00FF;
+    for (const std::uint64_t word : words) {
+        const std::uint64_t pairs = (word & kEveryOther) + ((word >> 8) & kEveryOther);
+        marks.fieldEnds += (pairs * 0x0001000100010001) >> 48;
     }
+    const auto faultWords = std::bit_cast<std::array<std::uint64_t, 2>>(faults);
+    marks.lacksCode = marks.lacksCode || (faultWords[0] | faultWords[1]) != 0;
 }
 
 // A byte follows the fields.
 inline FieldMarks MarksIn(std::string_view fields) {
-    constexpr std::size_t kBlock = 16;
     constexpr std::size_t kMostBlocks = 255;
     FieldMarks marks;
-    while (fields.size() >= kBlock) {
-        const std::size_t blocks = std::min(fields.size() / kBlock, kMostBlocks);
-        AddMarks<kBlock>(fields.data(), blocks, marks);
-        fields.remove_prefix(blocks * kBlock);
+    while (fields.size() >= kMarksBlock) {
+        const std::size_t blocks = std::min(fields.size() / kMarksBlock, kMostBlocks);
+        AddMarks(fields.data(), blocks, marks);
+        fields.remove_prefix(blocks * kMarksBlock);
     }
-    AddMarks<1>(fields.data(), fields.size(), marks);
+    std::array<char, kMarksBlock + 1> rest{};
+    std::memcpy(rest.data(), fields.data(), fields.size() + 1);
+    AddMarks(rest.data(), 1, marks);
     return marks;
 }
 
