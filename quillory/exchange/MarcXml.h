@@ -2,6 +2,7 @@
 
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/MarkupWriter.h>
+#include <quillory/exchange/PlainXml.h>
 #include <quillory/exchange/Record.h>
 #include <quillory/exchange/TextPlace.h>
 #include <quillory/exchange/XmlRecords.h>
@@ -28,9 +29,12 @@ public:
     bool Next(Item& item) override;
 
 private:
+    std::string_view NextPiece();
     bool Feed();
+    bool ReadPlain();
     void Give(Item& item, ItemKind kind, std::uint64_t end);
     void GiveRecord(Item& item);
+    void GiveUpToRecord(Item& item);
     void GiveDamage(Item& item, std::uint64_t end);
     bool GivePassed(Item& item);
     bool BeginNextDocument(Item& item);
@@ -41,8 +45,12 @@ private:
     Input& input_;
     bool lenient_;
     std::optional<XmlRecords> records_{std::in_place};
-    XmlRecord record_;  // given last
-    TextPlace place_;   // of the input
+    PlainXml plain_;
+    XmlRecord record_;                      // given last, or to be given
+    bool isToGive_ = false;                 // record_, which has been read
+    std::uint64_t begin_ = 0;               // of the document
+    std::optional<std::uint64_t> lineFed_;  // where the parser is, if it is to pass over records
+    TextPlace place_;                       // of the input
     std::uint64_t count_ = 0;
     std::uint64_t fed_ = 0;  // bytes of the file that the parser has
     std::size_t taken_ = 0;  // bytes of the item given last

@@ -14,14 +14,48 @@ constexpr std::size_t kTooMuch = std::size_t{4} << 20;  // for a record or a tag
 
 }  // namespace
 
+// The window as far as the parser is to know it: to the end of a piece, or of a tag that may end a
+// record, which others may follow that need no parser.
+std::string_view MarcXmlReader::NextPiece() {
+    constexpr std::string_view kTagEnd = "record>";
+    const auto known = static_cast<std::size_t>(fed_ - input_.Offset());
+    const std::size_t size = known + kPiece - static_cast<std::size_t>((fed_ - begin_) % kPiece);
+    const std::string_view window = input_.Peek(size).substr(0, size);
+    const std::size_t end = window.find(kTagEnd, known);
+    return window.substr(0, end == window.npos ? end : end + kTagEnd.size());
+}
+
 // Hands the next piece of the file to the parser, and once the end of the file. False after that.
 bool MarcXmlReader::Feed() {
     if (fedAll_) return false;
+    if (lineFed_) records_->PassLines(place_.at.line - *lineFed_);
+    lineFed_.reset();
     const auto known = static_cast<std::size_t>(fed_ - input_.Offset());
-    const std::string_view window = input_.Peek(known + kPiece).substr(0, known + kPiece);
+    const std::string_view window = NextPiece();
     fedAll_ = window.size() == known;
     fed_ += window.size() - known;
     records_->Feed(window, input_.Offset(), window.size() - known);
+    return true;
+}
+
+// Reads the next record without the parser, if that is possible.
+bool MarcXmlReader::ReadPlain() {
+    if (fed_ != input_.Offset() || !records_->IsBetweenRecords()) return false;
+    plain_.SetStartTag(records_->RecordTag());
+    std::string_view window = input_.Peek(1);
+    auto reading = plain_.Read(window, record_.builder);
+    while (reading == PlainXml::kCutShort && window.size() < kMuch) {
+        const std::size_t before = window.size();
+        window = input_.Peek(before + kPiece);
+        if (window.size() == before) break;
+        reading = plain_.Read(window, record_.builder);
+    }
+    if (reading != PlainXml::kRead) return false;
+    record_.start = fed_ + plain_.Blanks();
+    record_.end = fed_ + plain_.Size();
+    if (!lineFed_) lineFed_ = place_.at.line;
+    fed_ += plain_.Size();
+    records_->PassOver(plain_.Size());
     return true;
 }
 
@@ -39,7 +73,6 @@ void MarcXmlReader::SetFault(Item& item, const Fault& fault, std::uint64_t offse
 }
 
 void MarcXmlReader::GiveRecord(Item& item) {
-    records_->Take(record_);
     const auto& damage = record_.builder.Damage(lenient_);
     Give(item, damage ? kItemDamaged : kItemRecord, record_.end);
     inDamage_ = false;
@@ -54,6 +87,16 @@ void MarcXmlReader::GiveRecord(Item& item) {
         for (ItemFault& mend : item.mends) mend.offset = item.offset;
     }
     if (item.fault) item.controlNumber = item.record.ControlNumber();
+}
+
+// What is before the record that has been read, or this record.
+void MarcXmlReader::GiveUpToRecord(Item& item) {
+    isToGive_ = record_.start > input_.Offset();
+    if (isToGive_) {
+        Give(item, kItemFrame, record_.start);
+    } else {
+        GiveRecord(item);
+    }
 }
 
 // A piece of a record that can't be read any more.
@@ -109,6 +152,7 @@ bool MarcXmlReader::BeginNextDocument(Item& item) {
     const std::size_t start = input_.Peek(known).substr(0, known).rfind(kDeclaration, stop);
     if (start == std::string_view::npos) return false;
     fed_ = input_.Offset() + start;
+    begin_ = fed_;
     fedAll_ = false;
     inDamage_ = false;
     records_.emplace(fed_);
@@ -130,13 +174,10 @@ bool MarcXmlReader::Next(Item& item) {
     place_.Pass(input_.Peek(taken_).substr(0, taken_));
     input_.Skip(std::exchange(taken_, 0));
     do {
-        if (!records_->Empty()) {
-            const std::uint64_t start = records_->Front().start;
-            if (start > input_.Offset()) {
-                Give(item, kItemFrame, start);
-            } else {
-                GiveRecord(item);
-            }
+        const bool hasEnded = !isToGive_ && !records_->Empty();
+        if (hasEnded) records_->Take(record_);
+        if (isToGive_ || hasEnded || ReadPlain()) {
+            GiveUpToRecord(item);
             return true;
         }
         if (BeginNextDocument(item) || GivePassed(item)) return true;

@@ -11,7 +11,7 @@ namespace quillory {
 namespace {
 
 bool IsOneCharacter(std::string_view text) {
-    return !text.empty() && DecodeUtf8(text).size == text.size();
+    return text.size() == 1 || (!text.empty() && DecodeUtf8(text).size == text.size());
 }
 
 }  // namespace
@@ -135,7 +135,8 @@ bool RecordBuilder::AddSubfield(std::string_view code, std::string_view text) {
         return Fail(FaultCode::kDelimiterInSubfield);
     }
     text_ += zorby::kDelimiter;
-    text_.append(code).append(text);
+    for (const char c : code) text_ += c;
+    text_.append(text);
     return true;
 }
 

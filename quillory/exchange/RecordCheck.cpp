@@ -17,7 +17,7 @@ bool AreTagBytes(std::string_view tag) {
 
 FaultCode CodeOfField(const zorby::CommFormatField& field) {
     if (!AreTagBytes(field.tag)) return FaultCode::kTagBytes;
-    if (field.IsDataField() && HasEmptyCode(field.content)) return FaultCode::kNoSubfieldCode;
+    if (HasEmptyCode(field.content) && field.IsDataField()) return FaultCode::kNoSubfieldCode;
     return HoldsAnEnd(field.content) ? FaultCode::kEndInText : FaultCode::kNone;
 }
 

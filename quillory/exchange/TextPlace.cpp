@@ -16,11 +16,12 @@ std::uint64_t CountCharacters(std::string_view text) {
 }  // namespace
 
 void TextPlace::Pass(std::string_view text) {
-    const auto lines = std::count(text.begin(), text.end(), '\n');
-    if (lines != 0) {
-        *this = {{at.line + static_cast<std::uint64_t>(lines), 1}};
-        text.remove_prefix(text.rfind('\n') + 1);
+    std::uint64_t lines = 0;
+    for (std::size_t end = text.find('\n'); end != text.npos; end = text.find('\n')) {
+        text.remove_prefix(end + 1);
+        ++lines;
     }
+    if (lines != 0) *this = {{at.line + lines, 1}};
     at.column += CountCharacters(text);
     if (!inIndent) return;
     const std::size_t blanks = std::min(text.find_first_not_of(" \t"), text.size());

@@ -134,6 +134,13 @@ public:
     void Stop() { xmlStopParser(context_); }
     bool IsInTag() const { return context_->instate == XML_PARSER_START_TAG; }
     bool IsWellFormed() const { return context_->wellFormed != 0; }
+    // Whether it is between tags, in a document that is in UTF-8.
+    bool IsInContent() const {
+        const auto* const buffer = context_->input == nullptr ? nullptr : context_->input->buf;
+        return context_->instate == XML_PARSER_CONTENT && buffer != nullptr &&
+               buffer->encoder == nullptr;
+    }
+    void PassLines(std::uint64_t lines) { context_->input->line += static_cast<int>(lines); }
     // Bytes of the document that have been read; less than 0 if that is not known.
     long Position() const { return xmlByteConsumed(context_); }
 
@@ -176,6 +183,20 @@ void XmlRecords::Take(XmlRecord& record) {
     ended_.pop_front();
 }
 
+bool XmlRecords::IsBetweenRecords() const {
+    return !recordTag_.empty() && !Failed() && depth_ == 0 && openElements_ == around_ &&
+           ended_.empty() && parser_->IsInContent() && Position() == fed_;
+}
+
+void XmlRecords::PassOver(std::uint64_t bytes) {
+    base_ += bytes;
+    fed_ += bytes;
+}
+
+void XmlRecords::PassLines(std::uint64_t lines) {
+    parser_->PassLines(lines);
+}
+
 std::uint64_t XmlRecords::Position() const {
     const long position = parser_->Position();
     return std::clamp(position < 0 ? fed_ : base_ + static_cast<std::uint64_t>(position),
@@ -197,9 +218,18 @@ void XmlRecords::FailMalformed(std::string words) {
     Fail({FaultCode::kMalformedXml, {}, std::move(words)}, Position());
 }
 
+// The parser is at the end of the tag.
+void XmlRecords::KeepTag() {
+    constexpr std::size_t kLongest = 1024;
+    const auto size = static_cast<std::size_t>(Position() - current_.start);
+    recordTag_ = window_.substr(current_.start - windowOffset_, size < kLongest ? size : 0);
+    around_ = openElements_ - 1;
+}
+
 void XmlRecords::BeginRecord() {
     current_.builder.Clear();
     current_.start = TagStart();
+    KeepTag();
     isMarc_ = true;
     depth_ = 1;
     foreign_ = 0;
@@ -282,7 +312,7 @@ void XmlRecords::EndPart(Element element) {
 }
 
 void XmlRecords::End() {
-    --openElements_;
+    if (--openElements_ < around_) recordTag_.clear();
     if (depth_ == 0) return;
     const bool isForeign = foreign_ != 0;
     if (foreign_ == depth_) foreign_ = 0;

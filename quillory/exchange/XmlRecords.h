@@ -35,8 +35,16 @@ public:
 
     // Moves the first of the ended records into `record`.
     bool Empty() const { return ended_.empty(); }
-    const XmlRecord& Front() const { return ended_.front(); }
     void Take(XmlRecord& record);
+
+    // The start tag, without its ">", of the last record, as long as the element around it is open:
+    // a record that begins so in this place is one, too. Empty if there is none.
+    const std::string& RecordTag() const { return recordTag_; }
+    // Whether such records may come next and be read without the parser, which is then to pass over
+    // their bytes and, before it is fed again, their lines.
+    bool IsBetweenRecords() const;
+    void PassOver(std::uint64_t bytes);
+    void PassLines(std::uint64_t lines);
 
     // The record that has not ended yet.
     bool InRecord() const { return depth_ != 0; }
@@ -71,6 +79,7 @@ private:
     void End();
     void EndPart(Element element);
     void AddText(std::string_view text);
+    void KeepTag();
     void Mark(bool sound);
     std::uint64_t TagStart() const;
 
@@ -86,6 +95,8 @@ private:
     std::size_t foreign_ = 0;   // depth of an element that is passed over, 0 for none
     std::string tag_;           // of a control field
     std::string code_;
+    std::string recordTag_;   // of the last record; empty once the element around it has ended
+    std::size_t around_ = 0;  // elements around that record
     std::string text_;
     std::string_view window_;
     std::uint64_t windowOffset_ = 0;

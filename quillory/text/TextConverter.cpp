@@ -1,4 +1,5 @@
 #include <quillory/text/CharacterReference.h>
+#include <quillory/text/PlainBytes.h>
 #include <quillory/text/QmUnicode.h>
 #include <quillory/text/TextConverter.h>
 #include <quillory/text/Utf8.h>
@@ -9,40 +10,13 @@
 #include <zorby/record/CommFormat.h>
 
 #include <algorithm>
-#include <array>
-#include <bit>
-#include <cstdint>
 
 namespace quillory {
 namespace {
 
 constexpr std::string_view kEscapeToBasic = "\x1Bs";
 
-constexpr std::size_t kBlock = 16;  // bytes that compilers compare at once
-
-// Marks bytes of a block beyond ASCII, below `least`, and 0x7F.
-void MarkMisfits(const char* bytes, char least, std::array<unsigned char, kBlock>& misfits) {
-    for (std::size_t i = 0; i < kBlock; ++i) {
-        const auto byte = static_cast<signed char>(bytes[i]);
-        const bool isMisfit = (byte < static_cast<signed char>(least)) | (byte == 0x7F);
-        misfits[i] |= static_cast<unsigned char>(isMisfit);
-    }
-}
-
-// Whether all bytes are ASCII from `least` to 0x7E. The last block may overlap the one before it.
-bool IsAsciiFrom(char least, std::string_view text) {
-    if (text.size() < kBlock) {
-        return std::ranges::all_of(text, [least](char c) { return c >= least && c < 0x7F; });
-    }
-    const char* const last = text.data() + text.size() - kBlock;
-    std::array<unsigned char, kBlock> misfits{};
-    for (const char* block = text.data(); block < last; block += kBlock) {
-        MarkMisfits(block, least, misfits);
-    }
-    MarkMisfits(last, least, misfits);
-    const auto words = std::bit_cast<std::array<std::uint64_t, 2>>(misfits);
-    return (words[0] | words[1]) == 0;
-}
+constexpr char kDelete = 0x7F;
 
 // Such a diacritic has no letter: in MARC-8 the letter comes after it.
 bool EndsWithDiacritic(std::string_view marc8) {
@@ -112,11 +86,11 @@ TextConverter::TextConverter(Charset from, Charset to, NormalForm form)
     : from_(from), to_(to), form_(form) {}
 
 bool TextConverter::IsUntouched(std::string_view text) {
-    return IsAsciiFrom(zorby::kDelimiter, text) && !MayHoldReference(text);
+    return IsAsciiWithout<zorby::kDelimiter, kDelete>(text) && !MayHoldReference(text);
 }
 
 bool TextConverter::AreUntouched(std::string_view fields) {
-    return IsAsciiFrom(zorby::kFieldEnd, fields) && !MayHoldReference(fields);
+    return IsAsciiWithout<zorby::kFieldEnd, kDelete>(fields) && !MayHoldReference(fields);
 }
 
 Marc8Unicode& TextConverter::SlowRoad() {

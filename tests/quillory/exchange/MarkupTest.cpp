@@ -340,6 +340,91 @@ TEST(MarcXml, EndsWhereItIsMalformed) {
     EXPECT_EQ(Story(ReadAll(kXml, "<collection/>")), "");
 }
 
+// After a first record, the next one may be read without the parser; a comment in it leaves it to
+// the parser.
+void ExpectTheSameByTheParser(const std::string& record) {
+    constexpr std::string_view kComment = "<!---->";
+    const std::size_t start = record.find('>') + 1;
+    std::string commented = record;
+    commented.insert(start, kComment);
+    const auto plain = ReadAll(kXml, Xml(XmlRecord("first") + record + XmlRecord("c")));
+    const auto parsed = ReadAll(kXml, Xml(XmlRecord("first") + commented + XmlRecord("c")));
+    ASSERT_EQ(plain.size(), parsed.size()) << record;
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        SCOPED_TRACE(record + " item " + std::to_string(i));
+        EXPECT_EQ(plain[i].kind, parsed[i].kind);
+        EXPECT_EQ(plain[i].fault, parsed[i].fault);
+        EXPECT_EQ(plain[i].id, parsed[i].id);
+        EXPECT_EQ(plain[i].lines, parsed[i].lines);
+    }
+}
+
+TEST(MarcXml, ReadsTheSameWithAndWithoutTheParser) {
+    const std::string field =
+        "<datafield tag=\"245\" ind1=\"1\" ind2=\" \">\n <subfield code=\"a\">Title</subfield>\n "
+        "<subfield code=\"c\">N&amp;N \u00E9\u4E2D\U0001F600</subfield>\n</datafield>\n";
+    const std::string record = XmlRecord("b", field + field);
+    ExpectTheSameByTheParser(record);
+    EXPECT_EQ(ReadAll(kXml, Xml(XmlRecord("a") + record)).back().kind, kItemFrame);
+    constexpr std::string_view kPieces[] = {"<",
+                                            ">",
+                                            "&",
+                                            "]]>",
+                                            "&lt;",
+                                            "&#233;",
+                                            "&x;",
+                                            "\x1F",
+                                            "\x1D",
+                                            "\x7F",
+                                            "\xFF",
+                                            "\xC3",
+                                            "\n",
+                                            "\r",
+                                            "\t",
+                                            " ",
+                                            "\"",
+                                            "'",
+                                            "/",
+                                            "=",
+                                            "x",
+                                            "\xEF\xBF\xBE",
+                                            "\xED\xA0\x80",
+                                            "\xE0\x80\xA0",
+                                            "<leader/>",
+                                            "</record>",
+                                            "<subfield code=\"x\"/>",
+                                            "<![CDATA[&]]>",
+                                            "<?p i?>",
+                                            "ind1=\"2\" ",
+                                            "xml:id=\"i\" ",
+                                            "</subfield>",
+                                            "<x/>",
+                                            "marc:",
+                                            "&amp;",
+                                            "&apos;",
+                                            "tag=\"1\" "};
+    std::mt19937 random(11);
+    for (int round = 0; round < 1500; ++round) {
+        std::string damaged = record;
+        const std::size_t at = 8 + random() % (damaged.size() - 17);
+        const std::size_t size = random() % 3 == 0 ? random() % 9 : 0;
+        damaged.replace(at, size, kPieces[random() % std::size(kPieces)]);
+        ExpectTheSameByTheParser(damaged);
+        if (HasFailure()) return;
+    }
+}
+
+// Lines and columns after records that needed no parser are those of the file.
+TEST(MarcXml, PlacesAreThoseOfTheFile) {
+    std::string records;
+    for (int i = 0; i < 5; ++i) records += "\n" + XmlRecord("a", "\n");
+    const auto faulty = ReadAll(kXml, Xml(records + "\n<record></record>"));
+    EXPECT_TRUE(Story(faulty).ends_with(" 14:1 no leader")) << Story(faulty);
+    const auto malformed = ReadAll(kXml, Xml(records + "\n<record>\n<leader>\n</record>"));
+    EXPECT_NE(Story(malformed).find("leader line 15 and record"), std::string::npos)
+        << Story(malformed);
+}
+
 TEST(MarcXml, MemoryIsBoundedWhateverComes) {
     const std::string much(std::size_t{9} << 20, 'x');
     const std::string kFrame(std::size_t{3} << 20, ' ');

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 #include <tests/quillory/Records.h>
 #include <utility>
@@ -52,6 +53,28 @@ TEST(Recoder, LabelFollowsAndLiesAreNoticed) {
         EXPECT_EQ(record.leader[9], c.label) << c.result;
         EXPECT_EQ(result.mislabelled.has_value(), c.mislabelled) << c.result;
         EXPECT_EQ(record.bytes.empty(), c.result != c.title) << c.result;
+    }
+}
+
+// Whether a record is plain can be seen in its bytes, or field by field.
+TEST(Recoder, BytesOfTheRecordMakeNoDifference) {
+    const std::string signs = " ~&#x;\037\177\200\033\xE2";
+    std::mt19937 random(3);
+    for (int round = 0; round < 500; ++round) {
+        std::string title = "10\037a" + std::string(random() % 40, 'x');
+        title.insert(4 + random() % (title.size() - 3), "&#x00E9;", random() % 9);
+        title += signs[random() % signs.size()];
+        TestRecord one = Titled(kMarc8Leader, title + 'x');
+        TestRecord other = Titled(kMarc8Leader, title + 'x');
+        const std::string bytes =
+            "leader, 24 bytes of them" + std::string(24, '0') + "\036id\036" + title + "x\036\035";
+        other.record.bytes = bytes;
+        Losses losses;
+        Recoder recoder({kCharsetMarc8, kCharsetUtf8, {}});
+        recoder.Recode(one.record, losses);
+        const Lines lines = LinesOf(one.record);
+        recoder.Recode(other.record, losses);
+        EXPECT_EQ(LinesOf(other.record), lines) << testing::PrintToString(title);
     }
 }
 

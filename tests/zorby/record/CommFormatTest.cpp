@@ -36,6 +36,32 @@ TEST(CommFormat, ReadsWhatWasWritten) {
     EXPECT_EQ(again, bytes);
 }
 
+// What is wrong in a field is found wherever it stands, though most of it is looked at in blocks.
+TEST(CommFormat, FindsSignsInAnyPlaceOfAField) {
+    for (const std::size_t size : {4U, 13U, 14U, 15U, 16U, 30U, 4080U, 4095U, 4097U}) {
+        CommFormatWriter writer;
+        writer.SetLeader("00000nam a2200000 a 4500");
+        writer.AddField("245", "10\037a" + std::string(size, 'x'));
+        std::string bytes;
+        writer.Finish(bytes);
+        CommFormatFields fields;
+        ASSERT_FALSE(ReadCommFormat(bytes, fields)) << size;
+        for (std::size_t at = 41; at + 2 < bytes.size(); at += at < 80 || at > 4050 ? 1 : 97) {
+            std::string damaged = bytes;
+            damaged[at] = kDelimiter;
+            const bool isLast = at + 3 == bytes.size();
+            const auto lone = ReadCommFormat(damaged, fields).reason;
+            EXPECT_EQ(lone, isLast ? CFR_SubfieldCode : CFR_None) << size << " " << at;
+            damaged[at] = kFieldEnd;
+            EXPECT_EQ(ReadCommFormat(damaged, fields).reason, CFR_FieldEnd) << size << " " << at;
+            if (isLast) continue;
+            damaged.replace(at, 2, 2, kDelimiter);
+            EXPECT_EQ(ReadCommFormat(damaged, fields).reason, CFR_SubfieldCode)
+                << size << " " << at;
+        }
+    }
+}
+
 TEST(CommFormat, KeepsTheOrderOfTheDirectory) {
     std::string bytes = SoundRecord();
     const std::string first = bytes.substr(24, 12);
