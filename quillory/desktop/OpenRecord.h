@@ -21,6 +21,7 @@ public:
         isReadOnly_ = isReadOnly;
         Q_EMIT Replaced();
     }
+    bool IsReadOnly() const { return isReadOnly_; }
     bool CanChange() const { return session_ != nullptr && !isReadOnly_; }
     // Carries out a step, of which all views then know.
     template <class Step>
@@ -32,12 +33,9 @@ public:
     // What the record would be after some work, of which nobody knows and nothing stays.
     template <class Work>
     EditSession::State Try(Work&& work) {
-        EditSession::History history = session_->Remember();
         isTried_ = true;
-        work();
+        EditSession::State state = session_->Try(work);
         isTried_ = false;
-        EditSession::State state = session_->Now();
-        session_->GoBackTo(std::move(history));
         return state;
     }
 

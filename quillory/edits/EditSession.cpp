@@ -103,7 +103,7 @@ EditSession::EditSession(const Record& record, Charset charset)
 EditSession::~EditSession() = default;
 
 void EditSession::Become(State state, std::string_view burst) {
-    if (state == Now()) return;
+    if (state == Now() || !MayBecome(state)) return;
     history_.resize(at_ + 1);
     const bool goesOn = !burst.empty() && burst == burst_ && history_[at_] != saved_ && at_ > 0;
     burst_ = burst;
@@ -153,15 +153,11 @@ void EditSession::Move(std::size_t field, std::size_t to) {
 }
 
 Record EditSession::InUtf8() const {
-    Record record;
-    record.leader = Now().leader;
-    for (const Field& field : Now().fields) record.fields.push_back({field.tag, field.content});
-    return record;
+    return RecordOf(Now());
 }
 
 std::string EditSession::Lines() const {
-    std::string lines;
-    AppendMrk(InUtf8(), lines);
+    std::string lines = LinesOf(Now());
     while (lines.ends_with("\n\n")) lines.pop_back();
     return lines;
 }
@@ -188,10 +184,18 @@ void EditSession::TakeUp(State state) {
     Become(std::move(state));
 }
 
-void EditSession::GoBackTo(History history) {
-    history_ = std::move(history.states);
-    at_ = history.at;
-    burst_ = std::move(history.burst);
+State EditSession::Try(const std::function<void()>& work) {
+    const auto history = history_;
+    const std::size_t at = at_;
+    const std::string burst = burst_;
+    const Gate gate = std::exchange(gate_, nullptr);
+    work();
+    State state = Now();
+    history_ = history;
+    at_ = at;
+    burst_ = burst;
+    gate_ = gate;
+    return state;
 }
 
 std::vector<Field> FieldsOfLines(std::string_view lines) {
@@ -203,12 +207,12 @@ std::vector<Field> FieldsOfLines(std::string_view lines) {
 
 void EditSession::Undo() {
     burst_.clear();
-    if (CanUndo()) --at_;
+    if (CanUndo() && MayBecome(*history_[at_ - 1])) --at_;
 }
 
 void EditSession::Redo() {
     burst_.clear();
-    if (CanRedo()) ++at_;
+    if (CanRedo() && MayBecome(*history_[at_ + 1])) ++at_;
 }
 
 // Leads the record as it came to what it is now.
@@ -247,6 +251,20 @@ std::optional<Fault> EditSession::WhatIsWrong(bool isIso2709) {
     Losses unused;
     Give(record, unused);
     return FaultOfEdit(*edited_, record, isIso2709);
+}
+
+Record RecordOf(const RecordState& state) {
+    Record record;
+    record.leader = state.leader;
+    record.fields.reserve(state.fields.size());
+    for (const Field& field : state.fields) record.fields.push_back({field.tag, field.content});
+    return record;
+}
+
+std::string LinesOf(const RecordState& state) {
+    std::string lines;
+    AppendMrk(RecordOf(state), lines);
+    return lines;
 }
 
 Place PlaceOf(const RecordState& state, std::size_t field) {

@@ -5,10 +5,12 @@
 #include <quillory/text/Losses.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quillory {
@@ -61,14 +63,12 @@ public:
     // The reverse of what a journal keeps: a state whose fields don't say what they came from.
     void TakeUp(State state);
 
-    // All that can be undone and redone, to go back to after a step that was only tried.
-    struct History {
-        std::vector<std::shared_ptr<const State>> states;
-        std::size_t at;
-        std::string burst;
-    };
-    History Remember() const { return {history_, at_, burst_}; }
-    void GoBackTo(History history);
+    // Asked before each step, with what the record would be then: a step that it refuses is not
+    // made.
+    using Gate = std::function<bool(const State& wanted)>;
+    void SetGate(Gate gate) { gate_ = std::move(gate); }
+    // What the record would be after some work, of which nothing stays. No gate is asked.
+    State Try(const std::function<void()>& work);
 
     bool CanUndo() const { return at_ > 0; }
     bool CanRedo() const { return at_ + 1 < history_.size(); }
@@ -89,6 +89,8 @@ public:
     Record InUtf8() const;
 
 private:
+    bool MayBecome(const State& wanted) const { return gate_ == nullptr || gate_(wanted); }
+
     std::string bytes_;  // what the given record views
     Record given_;
     std::unique_ptr<EditedRecord> edited_;
@@ -96,6 +98,7 @@ private:
     std::size_t at_ = 0;
     std::shared_ptr<const State> saved_;
     std::string burst_;
+    Gate gate_;
 };
 
 // The fields that are written in the line form, as new ones; none if one of them can't be read.
@@ -103,6 +106,10 @@ std::vector<EditSession::Field> FieldsOfLines(std::string_view lines);
 
 using RecordState = EditSession::State;
 
+// In UTF-8 but for what its leader says. Views last as long as the state.
+Record RecordOf(const RecordState& state);
+// The leader and the fields as lines of the line form, with an empty one after them.
+std::string LinesOf(const RecordState& state);
 Place PlaceOf(const RecordState& state, std::size_t field);
 // The index of the field that a place is in; nothing for the leader or a field that is not there.
 std::optional<std::size_t> FieldAt(const RecordState& state, const Place& place);

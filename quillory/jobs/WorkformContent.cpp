@@ -45,14 +45,6 @@ WorkformContent ContentOf(zorby::TemplateHolder workform) {
     return content;
 }
 
-Record RecordOf(const EditSession::State& state) {
-    Record record;
-    record.leader = state.leader;
-    record.fields.reserve(state.fields.size());
-    for (const auto& [tag, content, given] : state.fields) record.fields.push_back({tag, content});
-    return record;
-}
-
 SavedWorkform SaveWorkform(const WorkformContent& content, int from, int replaced) {
     const Database database = OpenStore();
     WorkformCatalog catalog(database);

@@ -22,8 +22,6 @@ struct WorkformContent {
 // Throws EntryError for a workform with control fields that a record can't have. The result has no
 // helps: HelpOf says them.
 WorkformContent ContentOf(zorby::TemplateHolder workform);
-// Views last as long as the state.
-Record RecordOf(const EditSession::State& state);
 
 struct SavedWorkform {
     int id = 0;

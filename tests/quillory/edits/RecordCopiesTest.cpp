@@ -23,7 +23,7 @@ State RecordOf(const std::string& lines) {
     return record;
 }
 
-std::string LinesOf(const State& record) {
+std::string BriefOf(const State& record) {
     std::string lines;
     for (const auto& [tag, content, given] : record.fields) {
         if (!lines.empty()) lines += '\n';
@@ -77,26 +77,26 @@ TEST_F(RecordCopiesTest, AValueChangesItsSubfieldAndNothingElse) {
             copies.WithText(RecordOf(row.before), row.copy, IndexOf(copies, row.element), row.text);
         if (*row.after == '\0') {
             EXPECT_TRUE(outcome.fault);
-            EXPECT_EQ(LinesOf(outcome.record), row.before);
+            EXPECT_EQ(BriefOf(outcome.record), row.before);
         } else {
             EXPECT_FALSE(outcome.fault) << FaultText(*outcome.fault);
-            EXPECT_EQ(LinesOf(outcome.record), row.after);
+            EXPECT_EQ(BriefOf(outcome.record), row.after);
         }
     }
 }
 
 TEST_F(RecordCopiesTest, CopiesComeAndGo) {
     const RecordCopies basic(System("1"));
-    EXPECT_EQ(LinesOf(basic.WithNew(RecordOf("24510$aT\n900  $aX"), "B1")),
+    EXPECT_EQ(BriefOf(basic.WithNew(RecordOf("24510$aT\n900  $aX"), "B1")),
               "24510$aT\n852  $pB1\n900  $aX");
-    EXPECT_EQ(LinesOf(basic.WithNew(RecordOf("852  $pB1"), "")), "852  $pB1\n852  $p");
-    EXPECT_EQ(LinesOf(basic.WithOneLike(RecordOf("8521 $bMain$hFIC$pB1$zGift"), 0, "B2")),
+    EXPECT_EQ(BriefOf(basic.WithNew(RecordOf("852  $pB1"), "")), "852  $pB1\n852  $p");
+    EXPECT_EQ(BriefOf(basic.WithOneLike(RecordOf("8521 $bMain$hFIC$pB1$zGift"), 0, "B2")),
               "8521 $bMain$hFIC$pB1$zGift\n8521 $bMain$hFIC$pB2$zGift");
     const RecordCopies district(System("4"));
-    EXPECT_EQ(LinesOf(district.Without(
+    EXPECT_EQ(BriefOf(district.Without(
                   RecordOf("852  $pB1\n852  $pB2\n961  $aAcme\n961  $aRoe\n998  $aX"), 0)),
               "852  $pB2\n961  $aRoe\n998  $aX");
-    EXPECT_EQ(LinesOf(district.Without(RecordOf("852  $pB1"), 7)), "852  $pB1");
+    EXPECT_EQ(BriefOf(district.Without(RecordOf("852  $pB1"), 7)), "852  $pB1");
 }
 
 // Whatever the system: a value that is taken is read again, and so are all that were taken before.
@@ -118,8 +118,8 @@ TEST_F(RecordCopiesTest, WhatIsTypedIsReadAgainInEverySystem) {
             ASSERT_FALSE(outcome.fault) << FaultText(*outcome.fault);
             texts[i] = text;
             const auto now = copies.CopiesOf(outcome.record);
-            ASSERT_EQ(now.size(), 1U) << LinesOf(outcome.record);
-            EXPECT_EQ(now[0].texts, texts) << LinesOf(outcome.record);
+            ASSERT_EQ(now.size(), 1U) << BriefOf(outcome.record);
+            EXPECT_EQ(now[0].texts, texts) << BriefOf(outcome.record);
             EXPECT_EQ(now[0].kept, "");
             record = outcome.record;
         }
