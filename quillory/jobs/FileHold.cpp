@@ -1,12 +1,11 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/jobs/FileHold.h>
-#include <zorby/platform/ClockPort.h>
+#include <quillory/store/HolderText.h>
+#include <quillory/store/RangeLock.h>
 
 #include <cerrno>
 #include <cstring>
-#include <ctime>
 #include <fcntl.h>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,24 +16,10 @@ namespace fs = std::filesystem;
 
 constexpr mode_t kHoldMode = 0600;
 
-std::string UserName() {
-    const passwd* user = getpwuid(geteuid());
-    return user == nullptr ? std::string("somebody") : std::string(user->pw_name);
-}
-
-std::string Myself() {
-    char host[256] = "";
-    gethostname(host, sizeof host - 1);
-    const std::tm now = zorby::CurrentClockPort().LocalTime();
-    char time[16];
-    std::strftime(time, sizeof time, "%H:%M", &now);
-    return UserName() + " on " + host + ", program " + std::to_string(getpid()) + ", since " + time;
-}
-
 std::string TextAt(int descriptor) {
     char text[512];
     const ssize_t size = pread(descriptor, text, sizeof text, 0);
-    return size > 0 ? std::string(text, static_cast<std::size_t>(size)) : "another program";
+    return size > 0 ? std::string(text, static_cast<std::size_t>(size)) : kUnknownHolder;
 }
 
 bool IsSameFile(int descriptor, const fs::path& path) {
@@ -44,18 +29,7 @@ bool IsSameFile(int descriptor, const fs::path& path) {
            opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
 }
 
-// A lock that belongs to the open file, so that two windows of one program are two, too.
-struct flock WholeFile() {
-    struct flock lock {};
-    lock.l_type = F_WRLCK;
-    lock.l_whence = SEEK_SET;
-    return lock;
-}
-
-bool Lock(int descriptor) {
-    struct flock lock = WholeFile();
-    return fcntl(descriptor, F_OFD_SETLK, &lock) == 0;
-}
+constexpr FileRange kWholeFile;
 
 }  // namespace
 
@@ -73,7 +47,7 @@ bool FileHold::Take() {
         if (opened < 0) {
             throw FileError(path_.string() + ": can't be written: " + std::strerror(errno));
         }
-        if (!Lock(opened)) {
+        if (!LockRange(opened, kWholeFile)) {
             holder_ = TextAt(opened);
             close(opened);
             return false;
@@ -84,7 +58,7 @@ bool FileHold::Take() {
             close(opened);
         }
     }
-    holder_ = Myself();
+    holder_ = HolderText();
     // Who has it is a courtesy: without room for it, others are told that somebody does.
     if (ftruncate(descriptor_, 0) != 0 ||
         pwrite(descriptor_, holder_.data(), holder_.size(), 0) < 0) {
@@ -96,8 +70,7 @@ bool FileHold::Take() {
 bool FileHold::IsFree() const {
     const int opened = open(path_.c_str(), O_RDWR | O_CLOEXEC);
     if (opened < 0) return errno == ENOENT;
-    struct flock lock = WholeFile();
-    const bool isFree = fcntl(opened, F_OFD_GETLK, &lock) == 0 && lock.l_type == F_UNLCK;
+    const bool isFree = StateOfRange(opened, kWholeFile) == RangeState::kFree;
     close(opened);
     return isFree;
 }

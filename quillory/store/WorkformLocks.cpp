@@ -1,74 +1,29 @@
-#include <quillory/faults/Errors.h>
 #include <quillory/store/WorkformLocks.h>
 
-#include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
+#include <string_view>
 
 namespace quillory {
-namespace {
-
-// At the place of each ID, the file has the number of the lock's holder; that place is locked.
-off_t PlaceOf(int id) {
-    return static_cast<off_t>(id) * static_cast<off_t>(sizeof(int));
-}
-
-struct flock LockOf(int id, short type) {
-    struct flock lock {};
-    lock.l_type = type;
-    lock.l_whence = SEEK_SET;
-    lock.l_start = PlaceOf(id);
-    lock.l_len = sizeof(int);
-    return lock;
-}
-
-[[noreturn]] void Fail(const std::string& path, const char* what) {
-    throw FileError(path + ": " + what + ": " + std::strerror(errno));
-}
-
-}  // namespace
-
-WorkformLocks::WorkformLocks(const std::string& path)
-    : path_(path), descriptor_(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
-    if (descriptor_ < 0) Fail(path_, "can't be opened");
-}
-
-WorkformLocks::~WorkformLocks() {
-    close(descriptor_);
-}
 
 bool WorkformLocks::Lock(int id, int who) {
     if (const auto own = own_.find(id); own != own_.end()) return own->second == who;
-    struct flock lock = LockOf(id, F_WRLCK);
-    if (fcntl(descriptor_, F_OFD_SETLK, &lock) != 0) {
-        if (errno == EAGAIN || errno == EACCES) return false;
-        Fail(path_, "can't be locked");
-    }
+    const std::string_view bytes(reinterpret_cast<const char*>(&who), sizeof who);
+    if (!places_.Lock(id, bytes)) return false;
     own_[id] = who;
-    if (pwrite(descriptor_, &who, sizeof who, PlaceOf(id)) != ssize_t{sizeof who}) {
-        const int reason = errno;
-        Unlock(id);
-        errno = reason;
-        Fail(path_, "can't be written");
-    }
     return true;
 }
 
 void WorkformLocks::Unlock(int id) {
-    if (own_.erase(id) == 0) return;
-    struct flock lock = LockOf(id, F_UNLCK);
-    fcntl(descriptor_, F_OFD_SETLK, &lock);
+    if (own_.erase(id) > 0) places_.Unlock(id);
 }
 
 int WorkformLocks::HolderElsewhere(int id) const {
-    struct flock lock = LockOf(id, F_WRLCK);
-    if (fcntl(descriptor_, F_OFD_GETLK, &lock) != 0) Fail(path_, "can't be looked at");
-    if (lock.l_type == F_UNLCK) return 0;
+    const auto bytes = places_.HolderElsewhere(id);
+    if (!bytes) return 0;
     constexpr int kUnknown = -1;  // has locked, and not yet written who
     int who = 0;
-    const bool isRead = pread(descriptor_, &who, sizeof who, PlaceOf(id)) == ssize_t{sizeof who};
-    return isRead && who != 0 ? who : kUnknown;
+    if (bytes->size() == sizeof who) std::memcpy(&who, bytes->data(), sizeof who);
+    return who != 0 ? who : kUnknown;
 }
 
 int WorkformLocks::HolderOf(int id) const {

@@ -1,22 +1,21 @@
 #pragma once
 
+#include <quillory/store/LockedPlaces.h>
+
 #include <map>
 #include <string>
 
 namespace quillory {
 
-// Locks on workforms, by ID. They are locks of the operating system on a file beside the store,
-// which vanish when their process ends, however it ends.
+// Locks on workforms, by ID, each of somebody who has a number. They vanish when their process
+// ends, however it ends. Failures throw FileError.
 class WorkformLocks {
 public:
-    // Opens the file, or makes it. Throws FileError.
-    explicit WorkformLocks(const std::string& path);
-    ~WorkformLocks();
-    WorkformLocks(const WorkformLocks&) = delete;
-    WorkformLocks& operator=(const WorkformLocks&) = delete;
+    // Opens the file of the locks, or makes it.
+    explicit WorkformLocks(const std::string& path) : places_(path, sizeof(int)) {}
 
     // Locks for `who`, who may do so again. False if somebody else holds the lock, in this process
-    // or another. Throws FileError.
+    // or another.
     bool Lock(int id, int who);
     void Unlock(int id);
 
@@ -28,8 +27,7 @@ public:
 private:
     int HolderElsewhere(int id) const;
 
-    std::string path_;
-    int descriptor_;
+    LockedPlaces places_;
     std::map<int, int> own_;  // who by ID
 };
 
