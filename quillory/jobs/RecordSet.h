@@ -58,7 +58,21 @@ public:
     // Takes the last record back, which is new.
     virtual void RemoveLast() = 0;
 
-    // The record is to be this one when the set is saved.
+    // A person begins to change a record that ReadToEdit gave, and nobody else may do so until
+    // LetGo or Save. Throws FileError if somebody else changes it now, or has changed it.
+    virtual void Hold(std::size_t /*index*/) {}
+    virtual void LetGo(std::size_t /*index*/) {}
+    // Who else changes the record now, such as "jo on desk-3, program 4711, since 10:41"; empty for
+    // nobody. Throws FileError.
+    virtual std::string HolderOf(std::size_t /*index*/) const { return {}; }
+    // Takes in what others have saved. Records that they added come last, as soon as none is new
+    // here. False if nobody has saved anything since the last time. Throws FileError.
+    virtual bool Follow() { return false; }
+    // Whether a record that is not held here is another one now than ReadToEdit gave. Throws
+    // FileError.
+    virtual bool IsOutdated(std::size_t /*index*/) const { return false; }
+
+    // The record is to be this one when the set is saved. Holds it; throws FileError as Hold.
     virtual void Replace(std::size_t index, const Record& record) = 0;
     virtual void Discard(std::size_t index) = 0;
     virtual bool IsChanged(std::size_t index) const = 0;

@@ -33,13 +33,19 @@ std::string Packed(const Record& record) {
     return packed;
 }
 
-[[noreturn]] void Refuse(const std::string& path, std::uint64_t number, const char* reason) {
+[[noreturn]] void Refuse(const std::string& path, std::uint64_t number, const std::string& reason) {
     throw FileError(path + ": record " + std::to_string(number) + ": " + reason);
 }
 
 }  // namespace
 
-StoredRecords::StoredRecords() : database_(OpenStore()), store_(database_), ids_(store_.Ids()) {}
+StoredRecords::StoredRecords()
+    : database_(OpenStore()),
+      store_(database_),
+      locks_(database_.Path()),
+      version_(database_.Version()),
+      ids_(store_.Ids()),
+      lastId_(ids_.empty() ? 0 : ids_.back()) {}
 
 std::uint64_t StoredRecords::NumberOf(std::size_t index) const {
     return IsNew(index) ? kNewNumbers + index : static_cast<std::uint64_t>(ids_[index]);
@@ -47,8 +53,8 @@ std::uint64_t StoredRecords::NumberOf(std::size_t index) const {
 
 std::optional<std::size_t> StoredRecords::IndexOf(std::uint64_t number) const {
     const auto id = static_cast<std::int64_t>(number);
-    const auto found = std::ranges::lower_bound(ids_, id);
-    if (found == ids_.end() || *found != id) return std::nullopt;
+    const auto found = std::ranges::find(ids_, id);
+    if (found == ids_.end()) return std::nullopt;
     return static_cast<std::size_t>(found - ids_.begin());
 }
 
@@ -103,7 +109,65 @@ void StoredRecords::RemoveLast() {
     added_.pop_back();
 }
 
+void StoredRecords::CheckIsAsRead(std::size_t index,
+                                  const std::optional<StoredRecord>& stored) const {
+    if (!stored) Refuse(Path(), NumberOf(index), "another program has deleted it");
+    const auto known = signs_.find(index);
+    if (known == signs_.end() || known->second != SignOf(stored->bytes)) {
+        Refuse(Path(), NumberOf(index), "another program has changed it");
+    }
+}
+
+// Whoever saves a record has locked it, so nobody saves it between the look and the change.
+void StoredRecords::Hold(std::size_t index) {
+    if (IsNew(index) || locks_.IsOurs(ids_[index])) return;
+    if (!locks_.Lock(ids_[index])) {
+        Refuse(Path(), NumberOf(index), "it is being changed by " + HolderOf(index));
+    }
+    try {
+        CheckIsAsRead(index, store_.Find(ids_[index]));
+    } catch (const FileError&) {
+        LetGo(index);
+        throw;
+    }
+}
+
+void StoredRecords::LetGo(std::size_t index) {
+    if (!IsNew(index)) locks_.Unlock(ids_[index]);
+}
+
+std::string StoredRecords::HolderOf(std::size_t index) const {
+    return IsNew(index) ? std::string() : locks_.HolderElsewhere(ids_[index]);
+}
+
+bool StoredRecords::IsOutdated(std::size_t index) const {
+    const auto known = signs_.find(index);
+    if (IsNew(index) || known == signs_.end() || locks_.IsOurs(ids_[index])) return false;
+    const auto stored = store_.Find(ids_[index]);
+    return !stored || SignOf(stored->bytes) != known->second;
+}
+
+// The indexes of new records stay as they are until these are saved.
+bool StoredRecords::Follow() {
+    const bool hasChanged = version_ != database_.Version();
+    if (hasChanged) {
+        version_ = database_.Version();
+        faults_.clear();
+        isBehind_ = true;
+    }
+    if (isBehind_ && added_.empty()) TakeIn(store_.IdsAfter(lastId_));
+    return hasChanged;
+}
+
+void StoredRecords::TakeIn(const std::vector<std::int64_t>& ids) {
+    isBehind_ = false;
+    if (ids.empty()) return;
+    ids_.insert(ids_.end(), ids.begin(), ids.end());
+    lastId_ = std::max(lastId_, ids.back());
+}
+
 void StoredRecords::Replace(std::size_t index, const Record& record) {
+    Hold(index);
     changed_[index] = Packed(record);
 }
 
@@ -130,13 +194,8 @@ NewRecord StoredRecords::NewRecordOf(std::size_t index, std::string_view former,
 
 StoredRecords::Saved StoredRecords::SaveChanged(std::size_t index, RecordHistory& history,
                                                 std::int64_t edit) {
-    const std::uint64_t number = NumberOf(index);
     const auto stored = store_.Find(ids_[index]);
-    if (!stored) Refuse(Path(), number, "another program has deleted it");
-    const auto known = signs_.find(index);
-    if (known == signs_.end() || known->second != SignOf(stored->bytes)) {
-        Refuse(Path(), number, "another program has changed it");
-    }
+    CheckIsAsRead(index, stored);
     Item item;
     const NewRecord record = NewRecordOf(index, stored->bytes, item);
     history.Replace(ids_[index], record, edit, kChange);
@@ -150,6 +209,7 @@ void StoredRecords::Save() {
     Transaction transaction(database_);
     RecordHistory history(database_);
     const std::int64_t edit = history.NextEdit();
+    const std::vector<std::int64_t> others = store_.IdsAfter(lastId_);
     Item item;
     for (const auto& [index, packed] : changed_) {
         if (!IsNew(index)) saved.push_back(SaveChanged(index, history, edit));
@@ -163,7 +223,10 @@ void StoredRecords::Save() {
     for (const std::int64_t id : newIds) {
         if (const auto stored = store_.Find(id)) signs_[ids_.size()] = SignOf(stored->bytes);
         ids_.push_back(id);
+        lastId_ = id;
     }
+    TakeIn(others);
+    locks_.UnlockAll();
     changed_.clear();
     added_.clear();
 }

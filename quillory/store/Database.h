@@ -42,6 +42,9 @@ public:
     // Rows that the last statement added, changed or deleted.
     int Changes() const;
 
+    // Another one after another connection has changed the store.
+    std::int64_t Version() const { return NumberOf("PRAGMA data_version"); }
+
     const std::string& Path() const { return path_; }
 
 private:

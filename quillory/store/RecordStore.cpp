@@ -122,4 +122,12 @@ std::vector<std::int64_t> RecordStore::Ids() const {
     return ids;
 }
 
+std::vector<std::int64_t> RecordStore::IdsAfter(std::int64_t id) const {
+    std::vector<std::int64_t> ids;
+    Statement row = database_.Prepare("SELECT id FROM records WHERE id > ? ORDER BY id");
+    row.Bind(1, id);
+    while (row.Step()) ids.push_back(row.Number(0));
+    return ids;
+}
+
 }  // namespace quillory

@@ -68,6 +68,8 @@ public:
     std::int64_t Count() const;
     // Of all records, in order.
     std::vector<std::int64_t> Ids() const;
+    // Of those that were added after this ID, in order.
+    std::vector<std::int64_t> IdsAfter(std::int64_t id) const;
 
     const Database& GetDatabase() const { return database_; }
 
