@@ -3,6 +3,7 @@
 #include <quillory/desktop/Texts.h>
 
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QTimer>
@@ -25,6 +26,7 @@ LinesEditor::LinesEditor(OpenRecord& record, QWidget* parent)
     box_->setAccessibleName(tr("Record as text"));
     box_->setTabChangesFocus(true);
     box_->setUndoRedoEnabled(false);
+    box_->installEventFilter(this);
     fault_->setWordWrap(true);
     fault_->setMargin(4);
     fault_->hide();
@@ -93,6 +95,18 @@ bool LinesEditor::Finish() {
 void LinesEditor::TellTyped() {
     if (!isTyped_ || !isActive_) return;
     record_.Do([&](EditSession& session) { session.SetLines(box_->toPlainText().toStdString()); });
+}
+
+// The box has no steps of its own: its keys for them are those of the window.
+bool LinesEditor::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void LinesEditor::ShowFault(const QString& text) {

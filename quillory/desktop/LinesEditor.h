@@ -33,6 +33,9 @@ public:
 Q_SIGNALS:
     void Typed();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void ShowRecord();
     void ShowFault(const QString& text);
