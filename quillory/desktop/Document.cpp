@@ -1,5 +1,6 @@
 #include <quillory/desktop/CollectedMessages.h>
 #include <quillory/desktop/Document.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/jobs/EditJournal.h>
 #include <quillory/jobs/RecordFile.h>
 #include <quillory/jobs/StoredItems.h>
@@ -28,7 +29,18 @@ EditSession* Document::SessionOf(std::size_t record) {
     file_->ReadToEdit(record, item_);
     if (file_->IsDamaged(record)) return nullptr;
     auto session = std::make_unique<EditSession>(item_.record, CharsetOfFile());
+    session->SetGate([this, record](const RecordState& now) { return MayBecome(record, now); });
     return sessions_.emplace(record, std::move(session)).first->second.get();
+}
+
+bool Document::MayBecome(std::size_t record, const RecordState& wanted) {
+    try {
+        file_->Hold(record);
+        return true;
+    } catch (const FileError& error) {
+        if (refused_ != nullptr) refused_(record, wanted, error.what());
+        return false;
+    }
 }
 
 Charset Document::CharsetOfFile() const {
@@ -64,6 +76,21 @@ void Document::Leave(std::size_t record) {
     if (found == sessions_.end()) return;
     const EditSession& session = *found->second;
     if (!session.CanUndo() && !session.CanRedo()) sessions_.erase(found);
+}
+
+std::vector<std::size_t> Document::Outdated() const {
+    std::vector<std::size_t> records;
+    for (const auto& [record, session] : sessions_) {
+        if (!session->IsChanged() && file_->IsOutdated(record)) records.push_back(record);
+    }
+    return records;
+}
+
+std::unique_ptr<EditSession> Document::Forget(std::size_t record) {
+    origins_.erase(record);
+    file_->LetGo(record);
+    auto session = sessions_.extract(record);
+    return session.empty() ? nullptr : std::move(session.mapped());
 }
 
 // Each record says itself what it is in; the last one stands for those that come after it.

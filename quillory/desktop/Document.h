@@ -5,10 +5,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace quillory {
 
@@ -24,8 +27,15 @@ public:
     RecordSet& File() { return *file_; }
     RecordListing& Listing() { return listing_; }
 
-    // Null for a record that can't be read. Throws FileError.
+    // Null for a record that can't be read. The first step of a session holds the record, so that
+    // nobody else changes it; where that is refused, so is the step. Throws FileError.
     EditSession* SessionOf(std::size_t record);
+    // What is done about a step that was refused: to which record, what it would be, and why.
+    using Refused =
+        std::function<void(std::size_t record, const RecordState& wanted, const std::string& why)>;
+    void WhenRefused(Refused tell) { refused_ = std::move(tell); }
+    // Whether the record may become another one, as for a step.
+    bool MayBecome(std::size_t record, const RecordState& wanted);
     // What a session has become is what the list shows and the file will have. Result: what the
     // record's character set can't carry.
     Losses Take(std::size_t record);
@@ -33,6 +43,10 @@ public:
     std::uint64_t OriginOf(std::size_t record);
     // A record that is left and was not touched needs no memory.
     void Leave(std::size_t record);
+    // The sessions of records that others have saved since, without changes here.
+    std::vector<std::size_t> Outdated() const;
+    // The record is read anew when it is asked for. Result: its session so far, or null.
+    std::unique_ptr<EditSession> Forget(std::size_t record);
 
     bool IsUntitled() const { return file_->Path().empty(); }
     bool IsStore() const { return file_->IsStore(); }
@@ -63,6 +77,7 @@ private:
     RecordListing listing_;
     std::map<std::size_t, std::unique_ptr<EditSession>> sessions_;
     std::map<std::size_t, std::uint64_t> origins_;
+    Refused refused_;
     Item item_;
 };
 

@@ -28,24 +28,30 @@ HoldBar::HoldBar(QWidget* parent)
 }
 
 void HoldBar::ShowHeld(const QString& text) {
-    Show(SignOf(Severity::Warning) + u' ' + text, false);
+    Show(text, Severity::Warning);
+    take_->setEnabled(false);
 }
 
 void HoldBar::ShowFree(const QString& text) {
-    Show(SignOf(Severity::Note) + u' ' + text, true);
+    Show(text, Severity::Note);
+    take_->setEnabled(true);
+}
+
+void HoldBar::ShowPart(const QString& text) {
+    Show(text, Severity::Warning, false);
 }
 
 QString HoldBar::Text() const {
     return isHidden() ? QString() : label_->text();
 }
 
-void HoldBar::Show(const QString& text, bool isFree) {
+void HoldBar::Show(const QString& text, Severity severity, bool hasButtons) {
     QPalette colors = label_->palette();
-    colors.setColor(QPalette::WindowText, ColorOf(isFree ? Severity::Note : Severity::Warning,
-                                                  palette().color(QPalette::Window)));
+    colors.setColor(QPalette::WindowText, ColorOf(severity, palette().color(QPalette::Window)));
     label_->setPalette(colors);
-    label_->setText(text);
-    take_->setEnabled(isFree);
+    label_->setText(SignOf(severity) + u' ' + text);
+    take_->setVisible(hasButtons);
+    copy_->setVisible(hasButtons);
     show();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillory/rules/Rule.h>
+
 #include <QFrame>
 
 class QLabel;
@@ -19,6 +21,8 @@ public:
     void ShowHeld(const QString& text);
     // It did, and does not any more.
     void ShowFree(const QString& text);
+    // Another window has a part of it, and a person can only wait.
+    void ShowPart(const QString& text);
     QString Text() const;
     QPushButton& TakeButton() { return *take_; }
     QPushButton& CopyButton() { return *copy_; }
@@ -28,7 +32,7 @@ Q_SIGNALS:
     void CopyAsked();
 
 private:
-    void Show(const QString& text, bool isFree);
+    void Show(const QString& text, Severity severity, bool hasButtons = true);
 
     QLabel* label_;
     QPushButton* take_;

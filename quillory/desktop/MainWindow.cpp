@@ -350,8 +350,9 @@ void MainWindow::ShowRecord(std::size_t record) {
     Try([&] {
         EditSession* session = document_->SessionOf(record);
         current_ = record;
-        record_.Show(session, IsHeldByAnother());
+        record_.Show(session, IsHeldByAnother() || !HolderInHand().isEmpty());
     });
+    ShowHold();
     SelectCurrentRow();
     ShowHelp();
     UpdateActions();

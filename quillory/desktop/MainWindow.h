@@ -159,10 +159,23 @@ private:
     void MakeHoldBar(QWidget* parent);
     bool IsHeldByAnother() const;
     void ShowHold();
+    void ShowFileHold();
+    void ShowRecordHold();
     void TakeOver();
     bool RefuseHeld();
     void RefuseTarget(const EditJournal& journal);
     void GoOnWith(std::unique_ptr<Document> document);
+    void TakeDocument(std::unique_ptr<Document> document);
+
+    QString HolderInHand();
+    void FollowOthers();
+    void ShowSavedByOthers();
+    void ShowAdded(std::size_t before);
+    void RefreshHolders();
+    void ReadAgain();
+    void KeepRefused(std::size_t record, const RecordState& wanted, const QString& why);
+    void ShowRefused(const Document* document, const QString& why);
+
     void WarnOfObstacle();
     EditSession::State TypedState();
     void KeepChanges();
@@ -201,9 +214,11 @@ private:
     std::unique_ptr<Document> document_;
     std::optional<std::size_t> current_;
     OpenRecord record_;
-    std::unique_ptr<EditJournal> journal_;       // null if changes can't be kept
-    std::map<std::size_t, std::uint64_t> kept_;  // by record, the sign of what the journal has
-    bool isUnsafe_ = false;                      // the journal could not be written
+    std::unique_ptr<EditJournal> journal_;        // null if changes can't be kept
+    std::map<std::size_t, std::uint64_t> kept_;   // by record, the sign of what the journal has
+    bool isUnsafe_ = false;                       // the journal could not be written
+    std::map<std::size_t, std::string> refused_;  // by record, as lines: what it could not become
+    std::string refusedPath_;                     // where that is kept
 
     QStackedWidget* pages_ = nullptr;
     QSplitter* panes_ = nullptr;

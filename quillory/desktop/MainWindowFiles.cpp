@@ -51,11 +51,7 @@ bool MainWindow::Open(const QString& path) {
         opened->Listing().Work(1);
         if (!CloseFile()) return;
         TakeFile(path);
-        document_ = std::move(opened);
-        FollowRules();
-        listModel_->SetDocument(document_.get());
-        ShowFile();
-        ShowHold();
+        TakeDocument(std::move(opened));
         settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
         work_->start();
         WorkOn();
@@ -68,6 +64,18 @@ bool MainWindow::Open(const QString& path) {
         isOpen = true;
     });
     return isOpen;
+}
+
+void MainWindow::TakeDocument(std::unique_ptr<Document> document) {
+    document_ = std::move(document);
+    document_->WhenRefused(
+        [this](std::size_t record, const RecordState& wanted, const std::string& why) {
+            KeepRefused(record, wanted, ToQt(why));
+        });
+    FollowRules();
+    listModel_->SetDocument(document_.get());
+    ShowFile();
+    ShowHold();
 }
 
 // Records are held against the rules as the file of settings beside them has these.
@@ -168,9 +176,11 @@ bool MainWindow::Save() {
     Try([&] {
         while (document_->File().FindMore(1)) {
         }
+        const std::size_t before = document_->File().Size();
         document_->Save();
         ForgetChanges();
         listModel_->RefreshAll();
+        ShowAdded(before);
         messages_->hide();
         statusBar()->showMessage(tr("Saved."), kShortly);
         isSaved = true;
@@ -221,11 +231,7 @@ void MainWindow::GoOnWith(std::unique_ptr<Document> document) {
     listModel_->SetDocument(nullptr);
     current_.reset();
     record_.Show(nullptr);
-    document_ = std::move(document);
-    FollowRules();
-    listModel_->SetDocument(document_.get());
-    ShowFile();
-    ShowHold();
+    TakeDocument(std::move(document));
     work_->start();
     while (IsWorking() && record && *record >= document_->File().Size()) WorkOn();
     if (record) ShowRecord(*record);

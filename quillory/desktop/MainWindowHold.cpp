@@ -16,7 +16,10 @@ void MainWindow::MakeHoldBar(QWidget* parent) {
     hold_ = new HoldBar(parent);
     waiting_ = new QTimer(this);
     waiting_->setInterval(kPause);
-    connect(waiting_, &QTimer::timeout, this, &MainWindow::ShowHold);
+    connect(waiting_, &QTimer::timeout, this, [this] {
+        FollowOthers();
+        ShowHold();
+    });
     connect(hold_, &HoldBar::TakeAsked, this, &MainWindow::TakeOver);
     connect(hold_, &HoldBar::CopyAsked, this, &MainWindow::ChooseTarget);
 }
@@ -25,25 +28,42 @@ bool MainWindow::IsHeldByAnother() const {
     return journal_ != nullptr && !journal_->IsOurs();
 }
 
-// Asks again from time to time, so that a person knows when the file is free.
+// Asks again from time to time, so that a person knows when the file, or the record, is free.
 void MainWindow::ShowHold() {
-    if (!IsHeldByAnother()) {
+    const bool isStore = document_ != nullptr && document_->IsStore();
+    if (!isStore && !IsHeldByAnother()) {
         waiting_->stop();
         hold_->hide();
         return;
     }
-    waiting_->start();
-    const QString what = document_->IsStore() ? tr("The store") : tr("This file");
-    if (journal_->IsFree()) {
-        hold_->ShowFree(tr("%1 is open in no other window any more. Take it over to change it: it "
-                           "is read again then.")
-                            .arg(what));
+    if (!waiting_->isActive()) waiting_->start();
+    if (isStore) {
+        ShowRecordHold();
     } else {
-        hold_->ShowHeld(tr("%1 is open in another window: %2. Here it can be read, and saved under "
-                           "another name to be changed. It can be taken over when that window "
-                           "has closed it.")
-                            .arg(what, ToQt(journal_->Holder())));
+        ShowFileHold();
     }
+}
+
+void MainWindow::ShowFileHold() {
+    if (journal_->IsFree()) {
+        hold_->ShowFree(
+            tr("This file is open in no other window any more. Take it over to change "
+               "it: it is read again then."));
+    } else {
+        hold_->ShowHeld(tr("This file is open in another window: %1. Here it can be read, and "
+                           "saved under another name to be changed. It can be taken over when "
+                           "that window has closed it.")
+                            .arg(ToQt(journal_->Holder())));
+    }
+}
+
+void MainWindow::ShowRecordHold() {
+    const QString holder = HolderInHand();
+    if (holder.isEmpty()) return hold_->hide();
+    hold_->ShowPart(tr("Record %1 is being changed in another window: %2. Here it can be read, and "
+                       "changed when that window has saved it or left it as it was.")
+                        .arg(document_->File().NumberOf(*current_))
+                        .arg(holder));
 }
 
 // The other window may have changed the file, and may have left changes that it did not save.

@@ -6,13 +6,14 @@
 #include <quillory/desktop/MessageBar.h>
 #include <quillory/desktop/RecordTable.h>
 #include <quillory/desktop/Texts.h>
-#include <quillory/exchange/Mrk.h>
 #include <quillory/exchange/Output.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/jobs/EditJournal.h>
+#include <quillory/jobs/FileApart.h>
 #include <quillory/jobs/SaveObstacle.h>
+#include <quillory/jobs/StoredItems.h>
 #include <quillory/store/HomeFolder.h>
 
-#include <QDateTime>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -22,25 +23,23 @@
 namespace quillory {
 namespace {
 
-std::filesystem::path JournalFolder() {
-    return HomeFolder() / "journals";
-}
-
-Record ViewOf(const EditSession::State& state) {
-    Record record;
-    record.leader = state.leader;
-    for (const auto& [tag, content, given] : state.fields) record.fields.push_back({tag, content});
-    return record;
-}
-
 // Changes whose records are not there any more come into a file of their own. Result: its path.
 std::string KeepApart(const std::vector<KeptChange>& changes) {
-    const QString now = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    std::string path = (JournalFolder() / ("kept-" + now.toStdString() + ".mrk")).string();
+    std::string path = MakeFileApart(JournalFolder());
     std::string lines;
-    for (const KeptChange& change : changes) AppendMrk(ViewOf(change.state), lines);
+    for (const KeptChange& change : changes) lines += LinesOf(change.state);
     WriteOutput(path, lines);
     return path;
+}
+
+// False if somebody else changes the record, or has changed it.
+bool CanHold(RecordSet& records, std::size_t record) {
+    try {
+        records.Hold(record);
+        return true;
+    } catch (const FileError&) {
+        return false;
+    }
 }
 
 }  // namespace
@@ -56,7 +55,9 @@ void MainWindow::MakeJournalTimer() {
 std::unique_ptr<EditJournal> MainWindow::JournalFor(const QString& path) {
     if (!HasHomeFolder()) return nullptr;
     try {
-        return std::make_unique<EditJournal>(JournalFolder(), path.toStdString());
+        const bool isShared = path.isEmpty() || IsTheStore(path.toStdString());
+        return std::make_unique<EditJournal>(JournalFolder(), path.toStdString(),
+                                             isShared ? Writers::kMany : Writers::kOne);
     } catch (const FileError& error) {
         messages_->Warn(tr("Changes are not safe from a crash until they are saved: %1")
                             .arg(ToQt(error.what())));
@@ -68,7 +69,7 @@ void MainWindow::KeepIn(std::unique_ptr<EditJournal> journal) {
     kept_.clear();
     isUnsafe_ = false;
     journal_ = std::move(journal);
-    if (journal_ != nullptr) keeping_->start();
+    keeping_->start();
 }
 
 // Whoever opens a file has it, unless another window does.
@@ -95,25 +96,33 @@ EditSession::State MainWindow::TypedState() {
     });
 }
 
+// A record that is being changed is held, and what it is now is in the journal.
 void MainWindow::KeepChanges() {
-    if (journal_ == nullptr || !current_ || record_.Session() == nullptr) return;
+    if (!current_ || !record_.CanChange()) return;
     KeptChange change;
     change.record = document_->File().NumberOf(*current_);
     change.isNew = document_->File().IsNew(*current_);
     change.state = TypedState();
+    const EditSession& session = *record_.Session();
+    const bool isTouched =
+        session.IsChanged() || change.state != session.Now() || lines_->IsAhead();
+    if (isTouched && !document_->MayBecome(*current_, change.state)) return;
     Try([&] {
-        if (!change.isNew) change.origin = document_->OriginOf(*current_);
+        if (!change.isNew && isTouched) change.origin = document_->OriginOf(*current_);
         const std::uint64_t sign = SignOf(change.state);
-        change.isTaken = !change.isNew && sign == change.origin;
+        change.isTaken = !change.isNew && (!isTouched || sign == change.origin);
         const auto known = kept_.find(*current_);
         const bool isKept = known == kept_.end() ? change.isTaken : known->second == sign;
-        if (isKept) return;
-        Keep(change);
-        kept_[*current_] = sign;
+        if (!isKept) {
+            Keep(change);
+            kept_[*current_] = sign;
+        }
+        if (!isTouched) document_->File().LetGo(*current_);
     });
 }
 
 void MainWindow::Keep(const KeptChange& change) {
+    if (journal_ == nullptr) return;
     try {
         journal_->Write(change);
         isUnsafe_ = false;
@@ -128,7 +137,7 @@ void MainWindow::Keep(const KeptChange& change) {
 
 // A new record is not there any more.
 void MainWindow::TakeBackKept(std::size_t record) {
-    if (journal_ == nullptr || kept_.erase(record) == 0) return;
+    if (kept_.erase(record) == 0) return;
     KeptChange change;
     change.record = document_->File().NumberOf(record);
     change.isNew = true;
@@ -149,7 +158,7 @@ void MainWindow::OfferLeft() {
     if (isWanted) {
         TakeUp(left);
     } else {
-        journal_->Clear();
+        journal_->DropLeft();
     }
 }
 
@@ -169,15 +178,17 @@ bool MainWindow::WantsLeft(std::size_t count, const std::string& path) {
     return box.clickedButton() == take;
 }
 
-// False if the record is another one now.
+// False if the record is another one now, or is being changed elsewhere.
 bool MainWindow::TakeUp(KeptChange& change) {
     RecordSet& records = document_->File();
     const auto record =
-        change.isNew ? document_->Add(ViewOf(change.state)) : records.IndexOf(change.record);
+        change.isNew ? document_->Add(RecordOf(change.state)) : records.IndexOf(change.record);
     if (!record) return false;
     if (!change.isNew) {
         EditSession* session = records.IsNew(*record) ? nullptr : document_->SessionOf(*record);
-        if (session == nullptr || document_->OriginOf(*record) != change.origin) return false;
+        if (session == nullptr || records.IsChanged(*record)) return false;
+        if (document_->OriginOf(*record) != change.origin) return false;
+        if (!CanHold(records, *record)) return false;
         session->TakeUp(change.state);
         document_->Take(*record);
     }
@@ -207,16 +218,16 @@ void MainWindow::TakeUp(std::vector<KeptChange> left) {
 }
 
 void MainWindow::OfferNewRecordsLeft() {
-    if (!HasHomeFolder() || document_ != nullptr) return;
-    Try([this] {
-        for (const std::filesystem::path& journal : NewRecordsLeft(JournalFolder())) {
-            const std::vector<KeptChange> left = ReadJournal(journal);
-            const bool isWanted = !left.empty() && WantsLeft(left.size(), {});
-            for (const KeptChange& change : left) {
-                if (isWanted) AddRecord(ViewOf(change.state));
-            }
-            std::error_code ignored;
-            std::filesystem::remove(journal, ignored);
+    if (document_ != nullptr) return;
+    auto journal = JournalFor({});
+    if (journal == nullptr || journal->Left().empty()) return;
+    Try([&] {
+        if (WantsLeft(journal->Left().size(), {})) {
+            TakeDocument(std::make_unique<Document>());
+            KeepIn(std::move(journal));
+            TakeUp(journal_->Left());
+        } else {
+            journal->DropLeft();
         }
     });
 }

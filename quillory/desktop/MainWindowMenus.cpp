@@ -82,10 +82,10 @@ void MainWindow::UpdateActions() {
                 isPossible = document_ != nullptr && document_->IsChanged();
                 break;
             case kUndo:
-                isPossible = session != nullptr && session->CanUndo();
+                isPossible = record_.CanChange() && (session->CanUndo() || lines_->IsAhead());
                 break;
             case kRedo:
-                isPossible = session != nullptr && session->CanRedo();
+                isPossible = record_.CanChange() && session->CanRedo();
                 break;
         }
         action->setEnabled(isPossible);

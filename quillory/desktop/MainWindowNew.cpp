@@ -61,11 +61,8 @@ void MainWindow::AddRecord(const Record& record) {
     TakeRecord();
     Try([&] {
         if (document_ == nullptr) {
-            document_ = std::make_unique<Document>();
-            FollowRules();
             TakeFile({});
-            listModel_->SetDocument(document_.get());
-            ShowFile();
+            TakeDocument(std::make_unique<Document>());
         }
         const std::size_t index = document_->Add(record);
         ShowListing();

@@ -54,6 +54,23 @@ void RecordListModel::RefreshAll() {
     if (rows_ > 0) Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, kColumns - 1));
 }
 
+void RecordListModel::RefreshHolders(int first, int last) {
+    for (int row = first; row <= last; ++row) {
+        const QModelIndex at = index(row, static_cast<int>(ListColumn::State));
+        const auto record = RecordAt(at);
+        SeenRow* known = record ? seen_.object(*record) : nullptr;
+        if (known == nullptr) continue;
+        const QString holder = HolderOf(*record);
+        if (holder == known->holder) continue;
+        known->holder = holder;
+        Q_EMIT dataChanged(at, at);
+    }
+}
+
+QString RecordListModel::HolderOf(std::size_t record) const {
+    return ToQt(document_->File().HolderOf(record));
+}
+
 std::optional<std::size_t> RecordListModel::RecordAt(const QModelIndex& index) const {
     if (!index.isValid() || document_ == nullptr) return std::nullopt;
     const auto row = static_cast<std::size_t>(index.row());
@@ -73,7 +90,7 @@ int RecordListModel::columnCount(const QModelIndex& parent) const {
 QVariant RecordListModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal) return {};
     if (role == Qt::ToolTipRole && section == 0) {
-        return tr("● well, ▲ warnings, ✖ errors, ✎ changed");
+        return tr("● well, ▲ warnings, ✖ errors, ✎ changed, ⊘ changed in another window");
     }
     if (role != Qt::DisplayRole) return {};
     switch (static_cast<ListColumn>(section)) {
@@ -101,6 +118,7 @@ const RecordListModel::SeenRow& RecordListModel::Seen(std::size_t record) const 
         row->row = reader_.RowOf(item_.record);
         row->isDamaged = document_->File().IsDamaged(record);
         row->isChanged = document_->File().IsChanged(record);
+        row->holder = HolderOf(record);
         const auto remarks = row->isDamaged ? std::vector<Remark>() : desk_.Check(item_.record);
         row->remarks = static_cast<int>(remarks.size());
         if (!remarks.empty()) row->severity = remarks.front().severity;
@@ -116,6 +134,7 @@ QString RecordListModel::StateSign(const SeenRow& row) const {
     const QString sign = row.isDamaged ? SignOf(Severity::Error)
                          : isWell      ? QStringLiteral("●")
                                        : SignOf(*row.severity);
+    if (!row.holder.isEmpty()) return sign + u'⊘';
     return row.isChanged ? sign + u'✎' : sign;
 }
 
@@ -126,6 +145,7 @@ QString RecordListModel::StateText(const SeenRow& row) const {
     } else if (row.remarks > 0 && row.severity) {
         text = tr("findings: %1, the heaviest: %2").arg(row.remarks).arg(WordOf(*row.severity));
     }
+    if (!row.holder.isEmpty()) return text + tr("; being changed by %1").arg(row.holder);
     return row.isChanged ? text + tr("; changed, not saved yet") : text;
 }
 

@@ -29,6 +29,8 @@ public:
     // A record has changed.
     void Refresh(std::size_t record);
     void RefreshAll();
+    // What other windows have may be others by now in these rows.
+    void RefreshHolders(int first, int last);
 
     std::optional<std::size_t> RecordAt(const QModelIndex& index) const;
 
@@ -44,9 +46,11 @@ private:
         bool isChanged = false;
         std::optional<Severity> severity;  // the heaviest of what the rules say
         int remarks = 0;
+        QString holder;  // another window that is changing it
     };
 
     const SeenRow& Seen(std::size_t record) const;
+    QString HolderOf(std::size_t record) const;
     QString StateText(const SeenRow& row) const;
     QString StateSign(const SeenRow& row) const;
     QVariant ColorOf(const SeenRow& row) const;

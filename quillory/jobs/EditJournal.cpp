@@ -1,13 +1,14 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/jobs/EditJournal.h>
+#include <quillory/store/HomeFolder.h>
 #include <quillory/text/Fnv1a.h>
 #include <zorby/archive/Archive.h>
 #include <zorby/archive/MemoryStream.h>
 #include <zorby/record/CommFormat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <ctime>
 #include <fcntl.h>
 #include <fstream>
 #include <iterator>
@@ -23,7 +24,8 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view kMagic = "quillory journal 1\n";
 constexpr mode_t kMode = 0600;
-constexpr const char* kNewRecords = "new-";  // names of journals of new records begin so
+constexpr const char* kNewRecords = "new";  // the name of journals of new records
+constexpr const char* kEnding = ".journal";
 
 std::string Hexadecimal(std::uint64_t number) {
     char text[20];
@@ -142,14 +144,28 @@ fs::path LockOf(const fs::path& journal) {
 }
 
 std::string NameFor(const std::string& path) {
-    if (path.empty()) {
-        static int count = 0;
-        return kNewRecords + std::to_string(getpid()) + '-' + std::to_string(++count) + '-' +
-               Hexadecimal(static_cast<std::uint64_t>(std::time(nullptr)));
-    }
+    if (path.empty()) return kNewRecords;
     std::error_code error;
     const fs::path whole = fs::weakly_canonical(path, error);
     return Hexadecimal(Fnv1aOf(error ? path : whole.string()));
+}
+
+fs::path SlotIn(const fs::path& folder, const std::string& name, int number = 1) {
+    const std::string tail = number == 1 ? std::string() : '-' + std::to_string(number);
+    return folder / (name + tail + kEnding);
+}
+
+// All journals of a name, in the order of their paths.
+std::vector<fs::path> JournalsIn(const fs::path& folder, const std::string& name) {
+    std::vector<fs::path> journals;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(folder, error)) {
+        const std::string stem = entry.path().stem().string();
+        const bool isOfName = stem == name || stem.starts_with(name + '-');
+        if (isOfName && entry.path().extension() == kEnding) journals.push_back(entry.path());
+    }
+    std::ranges::sort(journals);
+    return journals;
 }
 
 }  // namespace
@@ -171,12 +187,40 @@ std::uint64_t SignOf(const EditSession::State& state) {
     return hash.Value();
 }
 
-EditJournal::EditJournal(const fs::path& folder, const std::string& path)
-    : journal_(folder / (NameFor(path) + ".journal")), hold_(LockOf(journal_)) {
+EditJournal::Slot::Slot(fs::path path)
+    : journal(std::move(path)), hold(std::make_unique<FileHold>(LockOf(journal))) {}
+
+EditJournal::EditJournal(const fs::path& folder, const std::string& path, Writers writers)
+    : own_(SlotIn(folder, NameFor(path))) {
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) throw FileError(folder.string() + ": " + error.message());
-    hold_.Take();
+    if (writers == Writers::kOne) {
+        own_.hold->Take();
+    } else {
+        TakeLeft(folder, NameFor(path));
+        TakeFree(folder, NameFor(path));
+    }
+}
+
+void EditJournal::TakeLeft(const fs::path& folder, const std::string& name) {
+    for (const fs::path& journal : JournalsIn(folder, name)) {
+        Slot slot(journal);
+        if (slot.hold->Take() && fs::exists(journal)) left_.push_back(std::move(slot));
+    }
+}
+
+// A program may end in this moment, and leave its journal.
+void EditJournal::TakeFree(const fs::path& folder, const std::string& name) {
+    for (int number = 1; !IsOurs(); ++number) {
+        Slot slot(SlotIn(folder, name, number));
+        if (!slot.hold->Take()) continue;
+        if (fs::exists(slot.journal)) {
+            left_.push_back(std::move(slot));
+        } else {
+            own_ = std::move(slot);
+        }
+    }
 }
 
 EditJournal::~EditJournal() {
@@ -184,14 +228,29 @@ EditJournal::~EditJournal() {
 }
 
 std::vector<KeptChange> EditJournal::Left() const {
-    return ReadJournal(journal_);
+    std::vector<KeptChange> changes = ReadJournal(own_.journal);
+    for (const Slot& slot : left_) {
+        for (KeptChange& change : ReadJournal(slot.journal)) changes.push_back(std::move(change));
+    }
+    return changes;
+}
+
+void EditJournal::DropLeft() {
+    Clear();
+    RemoveLeft();
+}
+
+void EditJournal::RemoveLeft() {
+    std::error_code ignored;
+    for (const Slot& slot : left_) fs::remove(slot.journal, ignored);
+    left_.clear();
 }
 
 void EditJournal::Open() {
     if (descriptor_ >= 0) return;
-    descriptor_ = open(journal_.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, kMode);
+    descriptor_ = open(own_.journal.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, kMode);
     if (descriptor_ < 0) {
-        throw FileError(journal_.string() + ": can't be written: " + ReasonOf(errno));
+        throw FileError(own_.journal.string() + ": can't be written: " + ReasonOf(errno));
     }
     if (lseek(descriptor_, 0, SEEK_END) == 0) Append(std::string(kMagic));
 }
@@ -204,23 +263,24 @@ void EditJournal::Write(const KeptChange& change) {
 
 void EditJournal::Rewrite(const std::vector<KeptChange>& changes) {
     if (!IsOurs()) return;
-    const fs::path whole = journal_;
+    const fs::path whole = own_.journal;
     if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
-    journal_ += ".new";
+    own_.journal += ".new";
     std::error_code error;
-    fs::remove(journal_, error);
+    fs::remove(own_.journal, error);
     try {
         Open();
         for (const KeptChange& change : changes) Append(BytesOf(change));
     } catch (...) {
-        fs::remove(journal_, error);
+        fs::remove(own_.journal, error);
         if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
-        journal_ = whole;
+        own_.journal = whole;
         throw;
     }
-    fs::rename(journal_, whole, error);
-    journal_ = whole;
+    fs::rename(own_.journal, whole, error);
+    own_.journal = whole;
     if (error) throw FileError(whole.string() + ": " + error.message());
+    RemoveLeft();
 }
 
 // All of it or nothing.
@@ -232,14 +292,18 @@ void EditJournal::Append(const std::string& bytes) {
     if (isWhole && fdatasync(descriptor_) == 0) return;
     const int reason = isWhole ? errno : error;
     if (ftruncate(descriptor_, end) != 0) close(std::exchange(descriptor_, -1));
-    throw FileError(journal_.string() + ": can't be written: " + ReasonOf(reason));
+    throw FileError(own_.journal.string() + ": can't be written: " + ReasonOf(reason));
 }
 
 void EditJournal::Clear() {
     if (!IsOurs()) return;
     if (descriptor_ >= 0) close(std::exchange(descriptor_, -1));
     std::error_code ignored;
-    fs::remove(journal_, ignored);
+    fs::remove(own_.journal, ignored);
+}
+
+fs::path JournalFolder() {
+    return HomeFolder() / "journals";
 }
 
 std::vector<KeptChange> ReadJournal(const fs::path& journal) {
@@ -253,20 +317,6 @@ std::vector<KeptChange> ReadJournal(const fs::path& journal) {
         if (!change.isTaken) left.push_back(std::move(change));
     }
     return left;
-}
-
-std::vector<fs::path> NewRecordsLeft(const fs::path& folder) {
-    std::vector<fs::path> journals;
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
-        const fs::path& journal = entry.path();
-        const bool isOfNew = journal.filename().string().starts_with(kNewRecords) &&
-                             journal.extension() == ".journal";
-        if (!isOfNew) continue;
-        FileHold hold(LockOf(journal));
-        if (hold.Take()) journals.push_back(journal);
-    }
-    return journals;
 }
 
 }  // namespace quillory

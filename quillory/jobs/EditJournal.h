@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -23,50 +24,69 @@ struct KeptChange {
 // By which a record is known to be as it was, however it is stored.
 std::uint64_t SignOf(const EditSession::State& state);
 
-// What a person has changed in a file and not saved yet, on the disk of the computer, so that it is
-// there after a crash. The journal also says who has the file open: it is locked as long as that
-// program lives.
+// How many windows may change what a journal is of.
+enum class Writers : std::uint8_t { kOne, kMany };
+
+// What a person has changed in a window and not saved yet, on the disk of the computer, so that it
+// is there after a crash. It is locked as long as its program lives. A file has one journal, which
+// also says who has the file open. Of the store, and of new records without a file, each window has
+// a journal of its own, the first one that is free: NAME.journal, NAME-2.journal and so on. What
+// programs left in others of that name comes to the window that opens them next.
 class EditJournal {
 public:
     // For the file at `path`, or for new records without a file if that is empty. Takes the file if
-    // nobody has it. Throws FileError if the folder of journals can't be written.
-    EditJournal(const std::filesystem::path& folder, const std::string& path);
+    // nobody has it, and the journals that were left. Throws FileError if the folder of journals
+    // can't be written.
+    EditJournal(const std::filesystem::path& folder, const std::string& path,
+                Writers writers = Writers::kOne);
     ~EditJournal();
     EditJournal(const EditJournal&) = delete;
     EditJournal& operator=(const EditJournal&) = delete;
 
     // Whether this object has the file. If it does not, Holder says who does.
-    bool IsOurs() const { return hold_.IsOurs(); }
-    const std::string& Holder() const { return hold_.Holder(); }
+    bool IsOurs() const { return own_.hold->IsOurs(); }
+    const std::string& Holder() const { return own_.hold->Holder(); }
     // Whether nobody has the file any more, and taking it then; as FileHold.
-    bool IsFree() const { return hold_.IsFree(); }
-    bool Take() { return hold_.Take(); }
+    bool IsFree() const { return own_.hold->IsFree(); }
+    bool Take() { return own_.hold->Take(); }
 
-    // What a program left that ended before it saved.
+    // What programs left that ended before they saved. Several of them may have changed a record.
     std::vector<KeptChange> Left() const;
+    // Nobody wants it.
+    void DropLeft();
     // Adds a change. It is on the disk when this returns. Throws FileError, for a full disk among
     // others, and what was written before stays then. Does nothing if the file is not ours.
     void Write(const KeptChange& change);
-    // These changes are all there are. If they can't be written, those from before stay. Throws
-    // FileError.
+    // These changes are all there are, and what was left is among them. If they can't be written,
+    // what was there before stays. Throws FileError.
     void Rewrite(const std::vector<KeptChange>& changes);
-    // Nothing is left to be saved.
+    // All of this window is saved, or discarded.
     void Clear();
 
 private:
+    // Where a journal may be, and who has it.
+    struct Slot {
+        explicit Slot(std::filesystem::path path);
+        std::filesystem::path journal;
+        std::unique_ptr<FileHold> hold;
+    };
+
+    void TakeLeft(const std::filesystem::path& folder, const std::string& name);
+    void TakeFree(const std::filesystem::path& folder, const std::string& name);
+    void RemoveLeft();
     void Open();
     void Append(const std::string& bytes);
 
-    std::filesystem::path journal_;
-    FileHold hold_;
+    Slot own_;
+    std::vector<Slot> left_;
     int descriptor_ = -1;
 };
+
+// Of the user, in the folder of HomeFolder.
+std::filesystem::path JournalFolder();
 
 // The last change of each record in a journal, in the order of the records. A change that was only
 // half written is left out, and so is all of a file that is no journal.
 std::vector<KeptChange> ReadJournal(const std::filesystem::path& journal);
-
-// The journals of new records without a file whose programs have ended.
-std::vector<std::filesystem::path> NewRecordsLeft(const std::filesystem::path& folder);
 
 }  // namespace quillory

@@ -6,50 +6,17 @@
 #include <quillory/desktop/MessageBar.h>
 #include <quillory/store/HomeFolder.h>
 
-#include <QAbstractButton>
 #include <QApplication>
-#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QTimer>
-#include <tests/quillory/desktop/DeskTest.h>
+#include <tests/quillory/desktop/WindowsTest.h>
 
 namespace quillory {
 namespace {
 
-// Windows that end without a word, and those that come after them.
-class JournalTest : public StoreTest {
+class JournalTest : public WindowsTest {
 protected:
-    bool Open(MainWindow& window) {
-        const bool isOpen = window.Open(QString::fromStdString(file_.Path()));
-        Wait(window);
-        return isOpen;
-    }
-    // Answers the next question by the button with this text.
-    static void Answer(const QString& text, QString* question = nullptr) {
-        QTimer::singleShot(0, [text, question] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            if (question != nullptr) *question = box->text();
-            for (QAbstractButton* button : box->buttons()) {
-                if (button->text() == text) return button->click();
-            }
-            ADD_FAILURE() << "no button " << text.toStdString();
-            box->reject();
-        });
-    }
-    // Types at the end of a text, and leaves it open.
-    static void TypeAt(MainWindow& window, const std::string& place, const QString& text) {
-        Activate(window);
-        window.Table().GoTo(*ParsePlace(place));
-        window.Table().edit(window.Table().currentIndex());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_End);
-        QTest::keyClicks(QApplication::focusWidget(), text);
-    }
-    // A moment in which changes are kept.
-    static void Rest() { QTest::qWait(800); }
-    // Nothing is asked, and nothing is closed.
-    static void Crash(std::unique_ptr<MainWindow>& window) { window.reset(); }
+    bool Open(MainWindow& window) { return OpenIn(window, file_.Path()); }
 
     TemporaryFile file_{Book("One") + Book("Two") + Book("Three"), ".mrc"};
 };

@@ -124,18 +124,51 @@ TEST_F(EditJournalTest, AFileBelongsToTheLivingWhoOpenedIt) {
     EXPECT_FALSE(EditJournal(Folder(), place_.Path()).IsOurs());
 }
 
-TEST_F(EditJournalTest, NewRecordsWithoutAFileAreFoundAgain) {
-    EditJournal living(Folder(), "");
-    living.Write(Titled(0, "Living"));
-    {
-        EditJournal dead(Folder(), "");
-        dead.Write(Titled(0, "Dead"));
+// The store, and new records without a file, may be changed in several windows.
+TEST_F(EditJournalTest, EachWindowHasAJournalOfItsOwnAndTheNextOneFindsWhatOthersLeft) {
+    for (const std::string& path : {place_.Path(), std::string()}) {
+        SCOPED_TRACE("path " + path);
+        std::optional<EditJournal> living(std::in_place, Folder(), path, Writers::kMany);
+        living->Write(Titled(1, "Living"));
+        {
+            EditJournal one(Folder(), path, Writers::kMany);
+            EditJournal other(Folder(), path, Writers::kMany);
+            EXPECT_TRUE(one.IsOurs() && other.IsOurs());
+            one.Write(Titled(2, "Dead"));
+            other.Write(Titled(2, "Dead, too"));
+        }
+        {
+            EditJournal next(Folder(), path, Writers::kMany);
+            EXPECT_EQ(next.Left().size(), 2U);
+            next.Write(Titled(3, "Mine"));
+            next.Clear();  // what was left has not been answered
+        }
+        {
+            EditJournal next(Folder(), path, Writers::kMany);
+            const auto left = next.Left();
+            ASSERT_EQ(left.size(), 2U);
+            EXPECT_EQ(TitleOf(left[0]), "Dead");
+            EXPECT_EQ(TitleOf(left[1]), "Dead, too");
+            EXPECT_TRUE(EditJournal(Folder(), path, Writers::kMany).Left().empty());
+            next.Rewrite({left[1]});
+        }
+        living.reset();
+        EditJournal last(Folder(), path, Writers::kMany);
+        EXPECT_EQ(last.Left().size(), 2U);
+        last.DropLeft();
+        EXPECT_TRUE(last.Left().empty());
+        EXPECT_EQ(File(), fs::path());
     }
-    const auto journals = NewRecordsLeft(Folder());
-    ASSERT_EQ(journals.size(), 1U);
-    const auto left = ReadJournal(journals.front());
-    ASSERT_EQ(left.size(), 1U);
-    EXPECT_EQ(TitleOf(left.front()), "Dead");
+}
+
+// New records had names of their own.
+TEST_F(EditJournalTest, JournalsOfOlderDesksAreFound) {
+    {
+        EditJournal journal(Folder(), "");
+        journal.Write(Titled(1, "Old"));
+    }
+    fs::rename(File(), Folder() / "new-4711-1-00000000653a1b2c.journal");
+    EXPECT_EQ(EditJournal(Folder(), "", Writers::kMany).Left().size(), 1U);
 }
 
 // A disk that is full in the middle of a change.
