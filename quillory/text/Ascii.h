@@ -26,8 +26,9 @@ inline char LowerAscii(char c) {
     return 'A' <= c && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+inline constexpr char kDelete = 0x7F;
+
 inline bool IsAsciiControl(char c) {
-    constexpr char kDelete = 0x7F;
     return static_cast<unsigned char>(c) < ' ' || c == kDelete;
 }
 

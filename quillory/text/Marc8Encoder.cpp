@@ -12,8 +12,6 @@
 namespace quillory {
 namespace {
 
-constexpr char32_t kDelete = 0x7F;
-
 constexpr std::string_view kHalfMarkLead = "\xEF\xB8";  // of U+FE20 to U+FE2F in UTF-8
 
 // A double diacritic over two letters: as one mark after the first, and as a half after each.

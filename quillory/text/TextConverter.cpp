@@ -1,3 +1,4 @@
+#include <quillory/text/Ascii.h>
 #include <quillory/text/CharacterReference.h>
 #include <quillory/text/PlainBytes.h>
 #include <quillory/text/QmUnicode.h>
@@ -15,8 +16,6 @@ namespace quillory {
 namespace {
 
 constexpr std::string_view kEscapeToBasic = "\x1Bs";
-
-constexpr char kDelete = 0x7F;
 
 // Such a diacritic has no letter: in MARC-8 the letter comes after it.
 bool EndsWithDiacritic(std::string_view marc8) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <quillory/text/Ascii.h>
+
 #include <utf8proc.h>
 
 #include <string>
@@ -46,9 +48,9 @@ inline bool IsCombining(char32_t codePoint) {
 
 inline bool IsControlCharacter(char32_t codePoint) {
     constexpr char32_t kFirstPrintable = 0x20;
-    constexpr char32_t kDelete = 0x7F;
     constexpr char32_t kLastC1Control = 0x9F;
-    return codePoint < kFirstPrintable || (codePoint >= kDelete && codePoint <= kLastC1Control);
+    return codePoint < kFirstPrintable ||
+           (codePoint >= char32_t{kDelete} && codePoint <= kLastC1Control);
 }
 
 // Whether a byte is part of a character and not the first of it.
