@@ -94,9 +94,11 @@ void MainWindow::RefreshHolders() {
 // The record in hand as it is now, at the same place.
 void MainWindow::ReadAgain() {
     const Place place = table_->CurrentPlace();
+    const bool hasOpenText = table_->isAncestorOf(QApplication::focusWidget());
     const auto former = document_->Forget(*current_);  // the views know it until the next line
     record_.Show(document_->SessionOf(*current_), !HolderInHand().isEmpty());
     table_->setCurrentIndex(table_->Model().IndexOf(place));
+    if (hasOpenText) table_->setFocus();
     listModel_->Refresh(*current_);
     ShowHold();
     ShowHelp();

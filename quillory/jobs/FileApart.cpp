@@ -11,7 +11,7 @@
 namespace quillory {
 namespace {
 
-constexpr mode_t kMode = 0600;
+constexpr mode_t kApartMode = 0600;
 
 std::string Now() {
     const std::tm now = zorby::CurrentClockPort().LocalTime();
@@ -26,7 +26,7 @@ std::string MakeFileApart(const std::filesystem::path& folder) {
     const std::string name = "kept-" + Now();
     std::string path = (folder / (name + ".mrk")).string();
     for (int number = 2;; ++number) {
-        const int made = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode);
+        const int made = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kApartMode);
         if (made >= 0) {
             close(made);
             return path;
