@@ -1,6 +1,7 @@
 #include <quillory/exchange/MarcWriter.h>
 #include <quillory/jobs/EditFiles.h>
 #include <quillory/jobs/EditStore.h>
+#include <quillory/jobs/HeldRecords.h>
 #include <quillory/store/RecordHistory.h>
 #include <quillory/store/Summary.h>
 #include <quillory/text/Listed.h>
@@ -43,10 +44,12 @@ private:
 // Reads and edits records, and hands those that were changed to `put`.
 class StoreEditor {
 public:
-    StoreEditor(EditTask task, EditReport& report, Reporter& reporter)
+    // `held` is null if there is no store.
+    StoreEditor(EditTask task, EditReport& report, Reporter& reporter, HeldRecords* held)
         : editor_(std::move(task), {{}, true, report.WantsLines()}),
           report_(report),
-          reporter_(reporter) {}
+          reporter_(reporter),
+          held_(held) {}
 
     using Put = std::function<void(const Item& item, const std::vector<Change>& changes)>;
 
@@ -57,6 +60,10 @@ public:
             return;
         }
         const Edit& edit = editor_.Carry(item.record, losses_);
+        if (!edit.changes.empty() && IsHeld(item)) {
+            totals_.Count({});
+            return;
+        }
         totals_.Count(edit);
         if (edit.refused) SayRefused(item, *edit.refused, reporter_);
         if (edit.changes.empty()) return;
@@ -71,13 +78,19 @@ public:
         report_.Finish(totals_, isDryRun);
         const bool hasFindings =
             totals_.refused > 0 || losses_.Real() || (isDryRun && totals_.edited > 0);
+        if (held_ != nullptr && held_->HadAny()) return std::max(damage_, kStatusFindings);
         return std::max(damage_, hasFindings ? kStatusFindings : kStatusWell);
     }
 
 private:
+    bool IsHeld(const Item& item) const {
+        return held_ != nullptr && held_->Has(static_cast<std::int64_t>(item.number));
+    }
+
     RecordEditor editor_;
     EditReport& report_;
     Reporter& reporter_;
+    HeldRecords* held_;
     Losses losses_;
     EditTotals totals_;
     Status damage_ = kStatusWell;
@@ -121,7 +134,9 @@ std::string IdText(std::int64_t id) {
 Status EditStore(const EditStoreOptions& options, EditTask task, EditReport& report,
                  Reporter& reporter) {
     const std::optional<Database> database = OpenStoreToRead();
-    StoreEditor editor(std::move(task), report, reporter);
+    std::optional<HeldRecords> held;
+    if (database) held.emplace(*database, reporter);
+    StoreEditor editor(std::move(task), report, reporter, held ? &*held : nullptr);
     std::optional<Transaction> transaction;
     std::optional<EditedRecords> records;
     if (database && !options.isDryRun) {
@@ -146,8 +161,11 @@ Status UndoEdits(const RecordIds& ids, const Reporter& reporter) {
     if (database) {
         Transaction transaction(*database);
         RecordHistory history(*database);
+        HeldRecords held(*database, reporter);
         for (const std::int64_t id : ids.empty() ? history.RecordsOfLastEdit() : ids) {
-            if (history.Undo(id)) {
+            if (held.Has(id)) {
+                status = kStatusFindings;
+            } else if (history.Undo(id)) {
                 ++undone;
             } else {
                 reporter.Say(IdText(id) + " has no change to be undone");

@@ -17,13 +17,14 @@ struct EditStoreOptions {
 };
 
 // Edits records of the store, all that can be edited or, after a failure, none; what they were is
-// kept. Result: as of EditFiles. Throws FileError.
+// kept. Result: as of EditFiles, and findings if a record was left because somebody is changing it
+// in a window. Throws FileError.
 Status EditStore(const EditStoreOptions& options, EditTask task, EditReport& report,
                  Reporter& reporter);
 
 // Puts back what records of the store were before their last change; of no records, what all were
-// that were changed together last. Result: findings if one of them was never changed. Throws
-// FileError.
+// that were changed together last. Result: findings if one of them was never changed, or is being
+// changed in a window. Throws FileError.
 Status UndoEdits(const RecordIds& ids, const Reporter& reporter);
 
 // One change of a record of the store.

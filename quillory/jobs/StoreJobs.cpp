@@ -1,6 +1,7 @@
 #include <quillory/exchange/MarcWriter.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/Carrier.h>
+#include <quillory/jobs/HeldRecords.h>
 #include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/RecordFilter.h>
 #include <quillory/jobs/StoreJobs.h>
@@ -108,9 +109,12 @@ Status DeleteRecordsFromStore(const StoredChoice& choice, Reporter& reporter) {
     RecordStore store(database);
     Status status = kStatusWell;
     std::uint64_t deleted = 0;
+    HeldRecords held(database, reporter);
     Transaction transaction(database);
     for (const std::int64_t id : IdsOf(choice, database)) {
-        if (store.Delete(id)) {
+        if (held.Has(id)) {
+            status = kStatusFindings;
+        } else if (store.Delete(id)) {
             ++deleted;
         } else {
             SayMissing(reporter, id);

@@ -16,8 +16,9 @@ struct AddOptions {
 // Adds the records of files to the store. Throws FileError and UsageError.
 Status AddRecordsToStore(const AddOptions& options, Reporter& reporter);
 
-// Deletes records from the store in one transaction, and names those that are not there. Throws
-// FileError, and UsageError if all records are asked for.
+// Deletes records from the store in one transaction, and names those that are not there and those
+// that are left because somebody is changing them in a window. Throws FileError, and UsageError if
+// all records are asked for.
 Status DeleteRecordsFromStore(const StoredChoice& choice, Reporter& reporter);
 
 struct StoreExportOptions {

@@ -1,7 +1,10 @@
+#include <quillory/jobs/EditStore.h>
 #include <quillory/jobs/StoreJobs.h>
 #include <quillory/jobs/StoredItems.h>
+#include <quillory/store/RecordLocks.h>
 #include <quillory/store/Schema.h>
 
+#include <tests/quillory/edits/EditFixture.h>
 #include <tests/quillory/jobs/JobsFixture.h>
 
 namespace quillory {
@@ -55,6 +58,42 @@ TEST_F(StoreJobs, DamageIsNamedAndKeptAndTheRestAdded) {
     }
     EXPECT_EQ(Exported({}, kStatusFindings), kTwo);
     EXPECT_NE(Said().find("quillory.db: record 1 at byte 0 (001 n1): "), std::string::npos);
+}
+
+class Edited : public EditReport {
+public:
+    void TakeRecord(const Item& item, const Edit&) override { ids.push_back(item.number); }
+    void Finish(const EditTotals&, bool) override {}
+
+    std::vector<std::uint64_t> ids;
+};
+
+TEST_F(StoreJobs, ARecordThatIsBeingChangedInAWindowIsLeftAsItIs) {
+    Add(std::string(kOne) + kTwo);
+    const auto edit = [this](const std::string& text) {
+        Edited edited;
+        EditTask task = TaskOf("add", {{"place", "245b"}, {"text", text}});
+        const Status status = EditStore({}, std::move(task), edited, reporter_);
+        return std::pair(status, edited.ids);
+    };
+    EXPECT_EQ(edit("More"), std::pair(kStatusWell, std::vector<std::uint64_t>{1, 2}));
+    Said();
+    RecordLocks window(StorePath());
+    ASSERT_TRUE(window.Lock(1));
+    const std::string left = "record 1 is left as it is: it is being changed by ";
+    const std::string before = Exported({1}, kStatusWell);
+    Said();
+    EXPECT_EQ(UndoEdits({}, reporter_), kStatusFindings);
+    std::string said = Said();
+    EXPECT_TRUE(said.starts_with(left) && said.ends_with("\n1 record put back\n")) << said;
+    EXPECT_EQ(edit("Again"), std::pair(kStatusFindings, std::vector<std::uint64_t>{2}));
+    EXPECT_TRUE(Said().starts_with(left));
+    EXPECT_EQ(DeleteRecordsFromStore({{1, 2}}, reporter_), kStatusFindings);
+    said = Said();
+    EXPECT_TRUE(said.starts_with(left) && said.ends_with("\n1 record deleted\n")) << said;
+    EXPECT_EQ(Exported({}, kStatusWell), before);
+    window.UnlockAll();
+    EXPECT_EQ(DeleteRecordsFromStore({{1}}, reporter_), kStatusWell);
 }
 
 TEST_F(StoreJobs, TheStoreIsNotOverwritten) {
