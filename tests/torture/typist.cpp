@@ -1,7 +1,8 @@
 // A person who types into the real desk, inside of its process: a plugin of Qt's, so that the desk
 // itself knows nothing of it. TYPIST says what to do: "type" writes words into texts of the records
 // and notes each, with the time in milliseconds, in the file TYPIST_NOTES; "save" takes up what was
-// left, saves and ends.
+// left, saves and ends. The words have numbers after TYPIST_AFTER, so that those of two people
+// differ.
 #include <QAbstractButton>
 #include <QAbstractItemModel>
 #include <QAction>
@@ -24,7 +25,10 @@ constexpr int kWordsInAText = 12;
 
 class Typist : public QObject {
 public:
-    Typist() : mode_(qEnvironmentVariable("TYPIST")), notes_(qEnvironmentVariable("TYPIST_NOTES")) {
+    Typist()
+        : mode_(qEnvironmentVariable("TYPIST")),
+          notes_(qEnvironmentVariable("TYPIST_NOTES")),
+          number_(qEnvironmentVariableIntValue("TYPIST_AFTER")) {
         notes_.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered);
         connect(&timer_, &QTimer::timeout, this, &Typist::Work);
         timer_.start(kKeyPause);
@@ -81,6 +85,7 @@ private:
 
     // Letter by letter; after some words a text is done, and after some texts a record.
     void Type(QTableView& table) {
+        if (QApplication::focusWidget() == &table) isOpen_ = false;
         if (!isOpen_) return OpenText(table);
         if (!word_.isEmpty()) {
             Press(word_[0].unicode(), word_.left(1));
@@ -97,13 +102,17 @@ private:
         NextWord();
     }
 
+    // A record that somebody else is changing is passed over.
     void OpenText(QTableView& table) {
         const int row = static_cast<int>(QRandomGenerator::global()->bounded(
             1U, static_cast<quint32>(table.model()->rowCount())));
         const QModelIndex index = table.model()->index(row, kTextColumn);
         const QString tag = index.siblingAtColumn(0).data().toString();
         const bool isText = tag.isEmpty() || tag >= QStringLiteral("010");
-        if (!isText || !index.flags().testFlag(Qt::ItemIsEditable)) return;
+        if (!isText) return;
+        if (!index.flags().testFlag(Qt::ItemIsEditable)) {
+            return Trigger(QStringLiteral("Next Re&cord"));
+        }
         table.setFocus();
         table.setCurrentIndex(index);
         table.edit(index);
@@ -129,7 +138,7 @@ private:
     QTimer timer_;
     QString word_;  // what is still to be typed of it
     QString noted_;
-    int number_ = 0;
+    int number_;  // of the last word
     int words_ = 0;
     bool isOpen_ = false;
 };
