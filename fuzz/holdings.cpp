@@ -76,8 +76,9 @@ void CheckSettings(FuzzedDataProvider& data) {
     SetProfileFilePort(&files);
     ZorbyProfileChangeUserID(1);
     const std::string number = std::to_string(data.ConsumeIntegral<unsigned>());
-    const std::string text = data.ConsumeRemainingBytesAsString();
-    WriteZorbyProfileString(ZP_NewHoldings, text);
+    WriteZorbyProfileString(ZP_NewHoldings, data.ConsumeRemainingBytesAsString());
+    std::string text;  // as it is kept: up to the first NUL
+    GetZorbyProfileString(ZP_NewHoldings, text);
     AskEverything();
     CHoldingsSelector::SetNextBarCode(number);
     Expect(CHoldingsSelector::GetNextBarCode() == BarCodeReadBack(text, number),

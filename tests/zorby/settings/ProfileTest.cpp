@@ -102,6 +102,12 @@ TEST_F(Profile, WritesGoToMemoryAndToTheFile) {
               "[Zorby]\nZP_NumberOfBackups=-3\nZP_FontName=Courier\n[Other]\nn=8\n");
 }
 
+TEST_F(Profile, AValueEndsAtANulInMemoryAsInTheFile) {
+    WriteZorbyProfileString(ZP_FontName, {"Cou\0rier", 8});
+    EXPECT_EQ(Text(ZP_FontName), "Cou");
+    EXPECT_EQ(files.texts[kUserFile], "[Zorby]\nZP_FontName=Cou\n");
+}
+
 TEST_F(Profile, ARemovedKeyIsEmptyUntilTheNextRun) {
     WriteZorbyProfileInt(ZP_NumberOfBackups, 3);
     WriteZorbyProfileStringRaw("Zorby", "ZP_NumberOfBackups", nullptr);
