@@ -48,7 +48,7 @@ std::unique_ptr<PageCanvas> MakePngPages(FontTypesetter& typesetter, ByteTaker t
 
 }  // namespace quillory
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef SEARCHES_FOR_LEAKS
 // Fontconfig keeps its configuration, as long as the program runs, by offsets from one object to
 // another, where the search for leaks does not find it. Cairo forgets an array of a PDF that it
 // ends.
