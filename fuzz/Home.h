@@ -36,10 +36,12 @@ inline void PutAllInForce() {
     LoadWorkforms();
 }
 
-// Calls `take` with each record of the bytes, in whatever form they are.
+// Calls `take` with each record of the bytes, in whatever form they are. Of damaged gzip data,
+// these are the records that can be unpacked.
 template <class Take>
 void ForEachRecord(const unsigned char* data, std::size_t size, Take take) {
     Input input(FileOf(data, size));
+    input.GiveWhatUnpacks();
     const Form* form = FormOfContent(input);
     const auto reader = (form == nullptr ? Forms().front() : *form).makeReader(input, true);
     Item item;
