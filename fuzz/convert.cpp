@@ -31,6 +31,6 @@ CarryOptions OptionsOf(unsigned byte) {
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     using namespace quillory::fuzz;
-    if (size != 0) CarryThereAndBack(OptionsOf(data[0]), FileOf(data + 1, size - 1));
+    if (size != 0) CarryThereAndBack(OptionsOf(data[0]), TextOf(data + 1, size - 1));
     return 0;
 }

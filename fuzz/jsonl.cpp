@@ -16,13 +16,12 @@ bool IsAnObject(const Item& item) {
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     using namespace quillory;
     using namespace quillory::fuzz;
-    const std::string path = FileOf(data, size);
     for (const char* to : {"jsonl", "marcxml", "mrk"}) {
         CarryOptions options;
         options.from = FormNamed("jsonl");
         options.to = FormNamed(to);
         options.takes = IsAnObject;
-        CarryThereAndBack(options, path);
+        CarryThereAndBack(options, TextOf(data, size));
     }
     return 0;
 }

@@ -16,14 +16,13 @@ bool IsAnElement(const Item& item) {
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     using namespace quillory;
     using namespace quillory::fuzz;
-    const std::string path = FileOf(data, size);
     for (const char* to : {"marcxml", "jsonl", "mrk"}) {
         CarryOptions options;
         options.from = FormNamed("marcxml");
         options.to = FormNamed(to);
         // Without a declaration it is in UTF-8.
         if (size > 1 && data[0] == '<' && std::isalpha(data[1]) != 0) options.takes = IsAnElement;
-        CarryThereAndBack(options, path);
+        CarryThereAndBack(options, TextOf(data, size));
     }
     return 0;
 }
