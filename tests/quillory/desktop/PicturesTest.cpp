@@ -4,6 +4,7 @@
 #include <quillory/desktop/FieldPicker.h>
 #include <quillory/desktop/FindingsList.h>
 #include <quillory/desktop/IndicatorEdit.h>
+#include <quillory/desktop/MessageBar.h>
 #include <quillory/desktop/RepairDialog.h>
 #include <quillory/desktop/RulesDialog.h>
 #include <quillory/desktop/Theme.h>
@@ -11,6 +12,7 @@
 #include <quillory/desktop/WorkformList.h>
 #include <quillory/holdings/HoldingsSystem.h>
 #include <quillory/jobs/Library.h>
+#include <quillory/store/Schema.h>
 #include <zorby/holdings/HoldingsSelector.h>
 
 #include <QApplication>
@@ -215,6 +217,25 @@ TEST_F(DISABLED_Pictures, OfCopiesAndAFileThatIsHeld) {
     second.CheckNow();
     Settle();
     Keep(second.grab(), "held");
+}
+
+TEST_F(DISABLED_Pictures, OfARecordThatAnotherWindowChanges) {
+    file_.emplace(Samples(), ".mrk");
+    window_ = NewWindow();
+    window_->resize(Size());
+    ASSERT_TRUE(window_->Open(QString::fromStdString(StorePath())));
+    ASSERT_TRUE(window_->AddToStore(Path()));
+    auto second = NewWindow();
+    ASSERT_TRUE(second->Open(QString::fromStdString(StorePath())));
+    second->ShowRecord(1);
+    second->Table().GoTo(*ParsePlace("245 $a"));
+    QTest::keyClick(second.get(), Qt::Key_Delete, Qt::ControlModifier);
+    Wait();
+    window_->ShowRecord(1);
+    window_->CheckNow();
+    window_->Messages().hide();
+    QTest::qWait(1200);  // until the locks have been looked at
+    Keep("shared");
 }
 
 }  // namespace
