@@ -346,11 +346,12 @@ void MainWindow::ShowRecord(std::size_t record) {
     if (document_ == nullptr || record >= document_->File().Size()) return;
     if (!FinishEditing()) return SelectCurrentRow();
     TakeRecord();
-    if (current_) document_->Leave(*current_);
+    const auto former = current_;
     Try([&] {
         EditSession* session = document_->SessionOf(record);
         current_ = record;
         record_.Show(session, IsHeldByAnother() || !HolderInHand().isEmpty());
+        if (former && former != record) document_->Leave(*former);
     });
     ShowHold();
     SelectCurrentRow();

@@ -96,7 +96,9 @@ void MainWindow::ReadAgain() {
     const Place place = table_->CurrentPlace();
     const bool hasOpenText = table_->isAncestorOf(QApplication::focusWidget());
     const auto former = document_->Forget(*current_);  // the views know it until the next line
-    record_.Show(document_->SessionOf(*current_), !HolderInHand().isEmpty());
+    EditSession* session = nullptr;
+    Try([&] { session = document_->SessionOf(*current_); });
+    record_.Show(session, !HolderInHand().isEmpty());
     table_->setCurrentIndex(table_->Model().IndexOf(place));
     if (hasOpenText) table_->setFocus();
     listModel_->Refresh(*current_);
@@ -127,7 +129,7 @@ void MainWindow::ShowRefused(const Document* document, const QString& why) {
     if (document == document_.get()) {
         for (const auto& [record, lines] : refused) {
             if (record == current_) {
-                Try([this] { ReadAgain(); });
+                ReadAgain();
             } else {
                 document_->Forget(record);
             }

@@ -118,10 +118,10 @@ const RecordListModel::SeenRow& RecordListModel::Seen(std::size_t record) const 
         row->row = reader_.RowOf(item_.record);
         row->isDamaged = document_->File().IsDamaged(record);
         row->isChanged = document_->File().IsChanged(record);
-        row->holder = HolderOf(record);
         const auto remarks = row->isDamaged ? std::vector<Remark>() : desk_.Check(item_.record);
         row->remarks = static_cast<int>(remarks.size());
         if (!remarks.empty()) row->severity = remarks.front().severity;
+        row->holder = HolderOf(record);
     } catch (const FileError&) {
         row->isDamaged = true;
     }
