@@ -32,6 +32,7 @@ private:
     std::string_view NextPiece();
     bool Feed();
     bool ReadPlain();
+    bool TakeNext();
     void Give(Item& item, ItemKind kind, std::uint64_t end);
     void GiveRecord(Item& item);
     void GiveUpToRecord(Item& item);
@@ -47,6 +48,7 @@ private:
     std::optional<XmlRecords> records_{std::in_place};
     PlainXml plain_;
     XmlRecord record_;                      // given last, or to be given
+    bool isPlain_ = false;                  // record_ was read without the parser
     bool isToGive_ = false;                 // record_, which has been read
     std::uint64_t begin_ = 0;               // of the document
     std::optional<std::uint64_t> lineFed_;  // where the parser is, if it is to pass over records

@@ -59,6 +59,14 @@ bool MarcXmlReader::ReadPlain() {
     return true;
 }
 
+// The next record, whoever reads it. False if there is none yet.
+bool MarcXmlReader::TakeNext() {
+    isPlain_ = records_->Empty();
+    if (isPlain_) return ReadPlain();
+    records_->Take(record_);
+    return true;
+}
+
 void MarcXmlReader::Give(Item& item, ItemKind kind, std::uint64_t end) {
     taken_ = static_cast<std::size_t>(end - input_.Offset());
     item.Begin(kind, input_.Offset(), input_.Peek(taken_).substr(0, taken_));
@@ -79,7 +87,7 @@ void MarcXmlReader::GiveRecord(Item& item) {
     record_.builder.Give(item);
     if (damage) {
         SetFault(item, *damage, record_.faultOffset);
-    } else if (const auto fault = FaultOf(item.record)) {
+    } else if (const auto fault = isPlain_ ? std::nullopt : FaultOf(item.record)) {
         item.kind = kItemDamaged;
         SetFault(item, *fault, item.offset);
     } else if (item.fault) {
@@ -174,9 +182,7 @@ bool MarcXmlReader::Next(Item& item) {
     place_.Pass(input_.Peek(taken_).substr(0, taken_));
     input_.Skip(std::exchange(taken_, 0));
     do {
-        const bool hasEnded = !isToGive_ && !records_->Empty();
-        if (hasEnded) records_->Take(record_);
-        if (isToGive_ || hasEnded || ReadPlain()) {
+        if (isToGive_ || TakeNext()) {
             GiveUpToRecord(item);
             return true;
         }

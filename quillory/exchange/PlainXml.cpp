@@ -23,6 +23,11 @@ bool IsPlainValue(std::string_view value) {
         value, [](char c) { return c >= ' ' && c < 0x7F && c != '"' && c != '&' && c != '<'; });
 }
 
+// No tag of a record does.
+bool HoldsBlank(std::string_view tag) {
+    return tag.find(' ') != tag.npos;
+}
+
 struct Entity {
     std::string_view name;
     char sign;
@@ -36,6 +41,13 @@ Entity EntityAt(std::string_view text) {
         if (text.starts_with(entity.name)) return entity;
     }
     return {};
+}
+
+// Whether a byte of text is a character that stands for itself, whatever is beside it.
+bool StandsAlone(char c) {
+    constexpr unsigned char kFirstBeyondAscii = 0x80;
+    if (static_cast<unsigned char>(c) >= kFirstBeyondAscii) return false;
+    return c < ' ' ? c == '\n' || c == '\t' : c != '&' && c != '<' && c != '>';
 }
 
 // The size of a character beyond ASCII that can stand in XML, 0 for anything else.
@@ -118,76 +130,78 @@ bool PlainXml::ReadAttributes(std::array<Attribute, kSize>& attributes) {
 bool PlainXml::Unescape(std::string_view text) {
     unescaped_.clear();
     while (!text.empty()) {
-        const char c = text.front();
-        std::size_t size = 1;
-        if (c == '&') {
+        std::size_t size = 0;
+        while (size < text.size() && StandsAlone(text[size])) ++size;
+        if (size == 0) size = SizeOfCharacter(text);
+        if (text.starts_with('>') && !unescaped_.ends_with("]]")) size = 1;
+        unescaped_.append(text.substr(0, size));
+        if (size == 0) {
             const Entity entity = EntityAt(text);
             if (entity.name.empty()) return false;
             unescaped_ += entity.sign;
-            text.remove_prefix(entity.name.size());
-            continue;
+            size = entity.name.size();
         }
-        if (c == '>' && unescaped_.ends_with("]]")) return false;
-        if (static_cast<unsigned char>(c) >= 0x80) {
-            size = SizeOfCharacter(text);
-        } else if (c < ' ' && c != '\n' && c != '\t') {
-            return false;
-        }
-        if (size == 0) return false;
-        unescaped_.append(text.substr(0, size));
         text.remove_prefix(size);
     }
     text_ = unescaped_;
     return true;
 }
 
-// The text of an element, and its end.
-bool PlainXml::ReadText(const Element& element) {
+// Up to the next tag.
+bool PlainXml::ReadText() {
     const std::size_t size = rest_.find('<');
     if (size == rest_.npos) return StopShort();
     text_ = rest_.substr(0, size);
     rest_.remove_prefix(size);
-    return Take(element.end) && (IsPlain(text_) || Unescape(text_));
+    return IsPlain(text_) || Unescape(text_);
 }
 
 bool PlainXml::ReadLeader() {
-    return Take(">") && ReadText(leader_) && builder_->SetLeader(text_);
+    return Take(">") && ReadText() && Take(leader_.end) && builder_->SetLeader(text_);
 }
 
 bool PlainXml::ReadControlField() {
     std::array<Attribute, 1> attributes{{{"tag=\""}}};
-    return ReadAttributes(attributes) && ReadText(controlField_) &&
+    return ReadAttributes(attributes) && ReadText() && Take(controlField_.end) &&
+           !HoldsBlank(attributes[0].value) &&
            builder_->AddControlField(attributes[0].value, text_);
 }
 
+// As far as its text.
 bool PlainXml::ReadSubfield() {
     std::array<Attribute, 1> attributes{{{"code=\""}}};
-    return Take(subfield_.start) && ReadAttributes(attributes) && ReadText(subfield_) &&
+    return Take(subfield_.start) && ReadAttributes(attributes) && ReadText() &&
            builder_->AddSubfield(attributes[0].value, text_);
 }
 
-// After what stands before its code.
-bool PlainXml::ReadUsualSubfield() {
-    const std::string_view code = rest_.substr(0, 1);
-    rest_.remove_prefix(code.size());
-    return IsPlainValue(code) && Take("\">") && ReadText(subfield_) &&
-           builder_->AddSubfield(code, text_);
+// After what stands before its code, and more of them after what stands between them.
+bool PlainXml::ReadUsualSubfields() {
+    do {
+        const std::string_view code = rest_.substr(0, 1);
+        rest_.remove_prefix(code.size());
+        const bool isRead =
+            IsPlainValue(code) && Take("\">") && ReadText() && builder_->AddSubfield(code, text_);
+        if (!isRead) return false;
+    } while (TakeIf(beforeNext_));
+    return true;
 }
 
 bool PlainXml::ReadSubfields() {
+    bool inSubfield = TakeIf(beforeCode_);
+    if (inSubfield && !ReadUsualSubfields()) return false;
     for (;;) {
-        if (TakeIf(beforeCode_)) {
-            if (!ReadUsualSubfield()) return false;
-            continue;
-        }
-        if (TakeIf(fieldEnd_)) return true;
+        if (inSubfield && TakeIf(beforeEnd_)) return true;
+        if (inSubfield && !Take(subfield_.end)) return false;
         const std::string_view blanks = SkipBlanks();
         if (IsAt("</")) {
-            fieldEnd_.assign(blanks).append(dataField_.end);
+            beforeEnd_.assign(subfield_.end).append(blanks).append(dataField_.end);
             return Take(dataField_.end);
         }
         if (!ReadSubfield()) return false;
         beforeCode_.assign(blanks).append(subfield_.start).append(" code=\"");
+        beforeNext_.assign(subfield_.end).append(beforeCode_);
+        inSubfield = true;
+        if (TakeIf(beforeNext_) && !ReadUsualSubfields()) return false;
     }
 }
 
@@ -218,8 +232,9 @@ bool PlainXml::ReadTag() {
 
 // After its start tag.
 bool PlainXml::ReadDataField() {
-    return builder_->AddDataField(values_[0]) && builder_->SetIndicator(0, values_[1]) &&
-           builder_->SetIndicator(1, values_[2]) && ReadSubfields() && builder_->EndDataField();
+    return !HoldsBlank(values_[0]) && builder_->AddDataField(values_[0]) &&
+           builder_->SetIndicator(0, values_[1]) && builder_->SetIndicator(1, values_[2]) &&
+           ReadSubfields() && builder_->EndDataField();
 }
 
 bool PlainXml::ReadFields() {

@@ -21,7 +21,8 @@ public:
     enum Reading { kRead, kNotPlain, kCutShort };
 
     // Reads white space and a record at the front of `xml`, which is cut short if the record may
-    // go on. What of it is in the builder is of use only if it could be read.
+    // go on. What of it is in the builder is of use only if it could be read; then it holds no
+    // signs that a record can't hold (RecordCheck.h).
     Reading Read(std::string_view xml, RecordBuilder& builder);
     // Bytes of what was read.
     std::size_t Blanks() const { return blanks_; }
@@ -48,12 +49,12 @@ private:
     bool ReadUsualTag();
     bool ReadTag();
     bool ReadSubfields();
-    bool ReadUsualSubfield();
+    bool ReadUsualSubfields();
     bool ReadSubfield();
     template <std::size_t kSize>
     bool ReadAttributes(std::array<Attribute, kSize>& attributes);
     bool ReadValue(Attribute& attribute);
-    bool ReadText(const Element& element);
+    bool ReadText();
     bool Unescape(std::string_view text);
     std::string_view SkipBlanks();
     bool Take(std::string_view literal);
@@ -66,11 +67,13 @@ private:
     Element controlField_;
     Element dataField_;
     Element subfield_;
-    // Blanks and tags as they stood last before the value of a field's tag and of a subfield's
-    // code, and at the end of a field, and nearly always stand again.
+    // Blanks and tags as they stood last, and nearly always stand again: up to the value of a
+    // field's tag; after the text of a subfield, up to the code of the next one or the end of the
+    // field.
     std::string beforeTag_;
     std::string beforeCode_;
-    std::string fieldEnd_;
+    std::string beforeNext_;
+    std::string beforeEnd_;
     std::string recordStart_;
     std::string recordEnd_;
 

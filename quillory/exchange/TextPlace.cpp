@@ -1,6 +1,7 @@
 #include <quillory/exchange/TextPlace.h>
 
 #include <algorithm>
+#include <array>
 
 namespace quillory {
 namespace {
@@ -13,15 +14,34 @@ std::uint64_t CountCharacters(std::string_view text) {
     }));
 }
 
+// Compilers look at the bytes of a block at once.
+std::uint64_t CountLineEnds(std::string_view text) {
+    constexpr std::size_t kTogether = 16;
+    constexpr std::size_t kMostBlocks = 255;  // that a byte can count
+    std::uint64_t lines = 0;
+    while (text.size() >= kTogether) {
+        const std::size_t blocks = std::min(text.size() / kTogether, kMostBlocks);
+        std::array<unsigned char, kTogether> ends{};
+        for (std::size_t block = 0; block < blocks; ++block) {
+            const char* const bytes = text.data() + block * kTogether;
+            for (std::size_t i = 0; i < kTogether; ++i) {
+                ends[i] = static_cast<unsigned char>(ends[i] + (bytes[i] == '\n'));
+            }
+        }
+        for (const unsigned char count : ends) lines += count;
+        text.remove_prefix(blocks * kTogether);
+    }
+    return lines + static_cast<std::uint64_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
 }  // namespace
 
 void TextPlace::Pass(std::string_view text) {
-    std::uint64_t lines = 0;
-    for (std::size_t end = text.find('\n'); end != text.npos; end = text.find('\n')) {
-        text.remove_prefix(end + 1);
-        ++lines;
+    const std::uint64_t lines = CountLineEnds(text);
+    if (lines != 0) {
+        *this = {{at.line + lines, 1}};
+        text.remove_prefix(text.rfind('\n') + 1);
     }
-    if (lines != 0) *this = {{at.line + lines, 1}};
     at.column += CountCharacters(text);
     if (!inIndent) return;
     const std::size_t blanks = std::min(text.find_first_not_of(" \t"), text.size());
