@@ -1,7 +1,20 @@
 #include <quillory/exchange/MarcXml.h>
 #include <quillory/text/MarkupText.h>
 
+#include <algorithm>
+#include <cstddef>
+
 namespace quillory {
+namespace {
+
+using namespace std::string_view_literals;
+
+// Whether it stands as it is in an attribute of XML.
+bool StandsForItself(char c) {
+    return c >= ' ' && c < 0x7F && c != '<' && c != '>' && c != '&' && c != '"';
+}
+
+}  // namespace
 
 MarcXmlWriter::MarcXmlWriter(Output& output, const WriterOptions& options) : MarkupWriter(output) {
     if (options.isPart) return;
@@ -15,43 +28,65 @@ void MarcXmlWriter::Finish() {
 }
 
 void MarcXmlWriter::BeginRecord(std::string_view leader) {
-    text_ += "  <record>\n    <leader>";
+    text_ += "  <record>\n    <leader>"sv;
     AppendXmlText(leader, text_, *losses_);
-    text_ += "</leader>\n";
+    text_ += "</leader>\n"sv;
 }
 
 void MarcXmlWriter::AddControlField(const zorby::CommFormatField& field) {
-    text_ += "    <controlfield tag=\"";
+    text_ += "    <controlfield tag=\""sv;
     AppendXmlText(field.tag, text_, *losses_);
-    text_ += "\">";
+    text_ += "\">"sv;
     AppendXmlText(field.content, text_, *losses_);
-    text_ += "</controlfield>\n";
+    text_ += "</controlfield>\n"sv;
 }
 
 void MarcXmlWriter::BeginDataField(std::string_view tag, char first, char second) {
-    text_ += "    <datafield tag=\"";
+    const bool isPlain = tag.size() == zorby::kTagSize &&
+                         std::ranges::all_of(tag, StandsForItself) && StandsForItself(first) &&
+                         StandsForItself(second);
+    if (isPlain) {
+        constexpr auto kForm = "    <datafield tag=\"...\" ind1=\".\" ind2=\".\">\n"sv;
+        constexpr std::size_t kTagAt = kForm.find('.');
+        constexpr std::size_t kFirstAt = kForm.find('.', kTagAt + zorby::kTagSize);
+        constexpr std::size_t kSecondAt = kForm.find('.', kFirstAt + 1);
+        const std::size_t at = text_.size();
+        text_ += kForm;
+        tag.copy(&text_[at + kTagAt], zorby::kTagSize);
+        text_[at + kFirstAt] = first;
+        text_[at + kSecondAt] = second;
+        return;
+    }
+    text_ += "    <datafield tag=\""sv;
     AppendXmlText(tag, text_, *losses_);
-    text_ += "\" ind1=\"";
+    text_ += "\" ind1=\""sv;
     AppendXmlText({&first, 1}, text_, *losses_);
-    text_ += "\" ind2=\"";
+    text_ += "\" ind2=\""sv;
     AppendXmlText({&second, 1}, text_, *losses_);
-    text_ += "\">\n";
+    text_ += "\">\n"sv;
 }
 
 void MarcXmlWriter::AddSubfield(const Subfield& subfield) {
-    text_ += "      <subfield code=\"";
-    AppendXmlSign(subfield.code, text_, *losses_);
-    text_ += "\">";
+    if (subfield.code.size() == 1 && StandsForItself(subfield.code.front())) {
+        constexpr auto kForm = "      <subfield code=\".\">"sv;
+        const std::size_t at = text_.size();
+        text_ += kForm;
+        text_[at + kForm.find('.')] = subfield.code.front();
+    } else {
+        text_ += "      <subfield code=\""sv;
+        AppendXmlSign(subfield.code, text_, *losses_);
+        text_ += "\">"sv;
+    }
     AppendXmlText(subfield.text, text_, *losses_);
-    text_ += "</subfield>\n";
+    text_ += "</subfield>\n"sv;
 }
 
 void MarcXmlWriter::EndDataField() {
-    text_ += "    </datafield>\n";
+    text_ += "    </datafield>\n"sv;
 }
 
 void MarcXmlWriter::EndRecord() {
-    text_ += "  </record>\n";
+    text_ += "  </record>\n"sv;
 }
 
 }  // namespace quillory

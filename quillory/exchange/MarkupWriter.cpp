@@ -12,8 +12,10 @@ bool IsPrintable(char c) {
     return c >= 0x20 && c < 0x7F;
 }
 
-// Why a record can't be written, if it can't.
-std::optional<Fault> Unwritable(std::string_view leader, const Record& record) {
+}  // namespace
+
+// Why a record can't be written, if it can't; finds out what its fields are made of.
+std::optional<Fault> MarkupWriter::Unwritable(std::string_view leader, const Record& record) {
     const auto bad = std::ranges::find_if_not(leader, IsPrintable);
     if (bad != leader.end()) {
         const int at = static_cast<int>(bad - leader.begin());
@@ -21,14 +23,14 @@ std::optional<Fault> Unwritable(std::string_view leader, const Record& record) {
                      HexText(*bad)};
     }
     const std::span fields = record.fields;
+    shapes_.clear();
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (ShapeOf(fields[i]) != kBrokenShape) continue;
+        shapes_.push_back(ShapeOf(fields[i]));
+        if (shapes_.back() != kBrokenShape) continue;
         return Fault{FaultCode::kNotMadeOfSubfields, PlaceAfter(fields.first(i), fields[i].tag)};
     }
     return std::nullopt;
 }
-
-}  // namespace
 
 // To a reader of XML other bytes are white space, or no characters.
 char MarkupWriter::WritableIndicator(char indicator) {
@@ -51,11 +53,11 @@ WriteResult MarkupWriter::Write(const Record& record, Losses& losses) {
     losses_ = &losses;
     text_.clear();
     BeginRecord(leader);
-    for (const CommFormatField& field : record.fields) {
-        if (ShapeOf(field) == kDataShape) {
-            AddDataField(field);
+    for (std::size_t i = 0; i < record.fields.size(); ++i) {
+        if (shapes_[i] == kDataShape) {
+            AddDataField(record.fields[i]);
         } else {
-            AddControlField(field);
+            AddControlField(record.fields[i]);
         }
     }
     EndRecord();

@@ -3,8 +3,10 @@
 #include <quillory/exchange/RecordWriter.h>
 #include <quillory/exchange/Subfields.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quillory {
 
@@ -29,10 +31,12 @@ protected:
     Losses* losses_ = nullptr;  // of the record
 
 private:
+    std::optional<Fault> Unwritable(std::string_view leader, const Record& record);
     void AddDataField(const zorby::CommFormatField& field);
     char WritableIndicator(char indicator);
 
     std::string leader_;
+    std::vector<FieldShape> shapes_;  // of the fields of the record
 };
 
 }  // namespace quillory

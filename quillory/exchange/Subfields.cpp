@@ -2,14 +2,14 @@
 #include <quillory/places/Tag.h>
 #include <quillory/text/Utf8.h>
 
-#include <algorithm>
-
 namespace quillory {
 namespace {
 
 bool IsMadeOfSubfields(std::string_view content) {
-    const std::size_t first = std::min(content.find(zorby::kDelimiter), content.size());
-    return first == kIndicators && !HasEmptyCode(content);
+    const bool hasIndicators = content.size() >= kIndicators && content[0] != zorby::kDelimiter &&
+                               content[1] != zorby::kDelimiter &&
+                               (content.size() == kIndicators || content[2] == zorby::kDelimiter);
+    return hasIndicators && !HasEmptyCode(content);
 }
 
 }  // namespace
@@ -20,7 +20,8 @@ bool HasEmptyCode(std::string_view content) {
 
 FieldShape ShapeOf(const zorby::CommFormatField& field) {
     const bool isData = IsMadeOfSubfields(field.content);
-    if (field.IsDataField()) return isData ? kDataShape : kBrokenShape;
+    const unsigned tag = TagNumber(field.tag);
+    if (tag >= kFirstDataTag && tag != kNoTag) return isData ? kDataShape : kBrokenShape;
     return isData && field.content.size() > kIndicators ? kDataShape : kControlShape;
 }
 

@@ -1,5 +1,6 @@
 #include <quillory/text/CharacterReference.h>
 #include <quillory/text/MarkupText.h>
+#include <quillory/text/PlainBytes.h>
 #include <quillory/text/Utf8.h>
 
 #include <array>
@@ -104,10 +105,18 @@ void AppendText(std::string_view text, const ByteSet& plain, AppendCharacter app
 }  // namespace
 
 void AppendXmlText(std::string_view text, std::string& out, Losses& losses) {
+    if (IsAsciiWithout<' ', '<', '>', '&', '"'>(text)) {
+        out += text;
+        return;
+    }
     AppendText(text, kPlainInXml, AppendXmlCharacter, out, losses);
 }
 
 void AppendJsonText(std::string_view text, std::string& out, Losses& losses) {
+    if (IsAsciiWithout<' ', '"', '\\'>(text)) {
+        out += text;
+        return;
+    }
     AppendText(text, kPlainInJson, AppendJsonCharacter, out, losses);
 }
 
