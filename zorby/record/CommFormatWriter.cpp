@@ -1,6 +1,8 @@
 #include <zorby/record/CommFormat.h>
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 
 namespace zorby {
 namespace {
@@ -8,16 +10,25 @@ namespace {
 constexpr char kUnknownLeaderByte = '|';
 constexpr std::size_t kDataLimit = 99999;  // bytes; all fields together stay below this
 
+// The numbers from 00 to 99.
+constexpr auto kPairs = [] {
+    std::array<std::array<char, 2>, 100> pairs{};
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        pairs[i] = {static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
+    }
+    return pairs;
+}();
+
 // Writes a number in so many digits, with leading zeros. A longer number keeps its left digits.
 template <std::size_t kDigits>
 void PutDecimal(char* target, std::size_t number) {
     static_assert(kDigits == 4 || kDigits == 5);
     constexpr std::uint32_t kLimit = kDigits == 4 ? 10000 : 100000;
     while (number >= kLimit) number /= 10;
-    auto rest = static_cast<std::uint32_t>(number);
-    for (std::size_t i = kDigits; i-- > 0; rest /= 10) {
-        target[i] = static_cast<char>('0' + rest % 10);
-    }
+    const auto rest = static_cast<std::uint32_t>(number);
+    if constexpr (kDigits == 5) *target++ = static_cast<char>('0' + rest / 10000);
+    std::copy_n(kPairs[rest / 100 % 100].data(), 2, target);
+    std::copy_n(kPairs[rest % 100].data(), 2, target + 2);
 }
 
 // Returns how many bytes of data a record of `total` bytes must give up, in whole tens.
