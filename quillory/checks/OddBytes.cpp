@@ -1,7 +1,6 @@
 #include <quillory/checks/OddBytes.h>
 
 #include <algorithm>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -13,9 +12,8 @@
 namespace quillory {
 namespace {
 
-// Bytes that are looked at together, and a bit for each, the lowest for the first.
-constexpr std::size_t kBlock = 64;
-using BlockBits = std::uint64_t;
+using BlockBits = OddBytes::BlockBits;
+constexpr std::size_t kBlock = OddBytes::kBlock;
 
 #ifdef __SSE2__
 // Bytes from 0x80 on are negative.
@@ -42,9 +40,8 @@ BlockBits OddOfBlock(const char* bytes) {
 }
 #endif
 
-// Of a block, or of what is left for the last one.
-BlockBits OddOf(std::string_view bytes) {
-    if (bytes.size() == kBlock) return OddOfBlock(bytes.data());
+// Of bytes that are too few for a block.
+BlockBits OddOfRest(std::string_view bytes) {
     char filled[kBlock];
     std::memset(filled, ' ', kBlock);
     std::copy(bytes.begin(), bytes.end(), filled);
@@ -53,26 +50,12 @@ BlockBits OddOf(std::string_view bytes) {
 
 }  // namespace
 
-void OddBytes::GoTo(std::string_view text) {
-    if (LiesIn(text, bytes_)) {
-        next_ = std::lower_bound(odd_.data(), odd_.data() + count_, text.data());
-    } else {
-        Find(LiesIn(text, record_) ? record_ : text);
-    }
-}
-
 void OddBytes::Find(std::string_view bytes) {
-    count_ = 0;
-    odd_.resize(std::max(odd_.size(), kBlock));
-    for (std::size_t at = 0; at < bytes.size(); at += kBlock) {
-        if (odd_.size() - count_ <= kBlock) odd_.resize(2 * (count_ + kBlock));
-        for (BlockBits bits = OddOf(bytes.substr(at, kBlock)); bits != 0; bits &= bits - 1) {
-            odd_[count_++] = bytes.data() + at + std::countr_zero(bits);
-        }
-    }
-    odd_[count_] = bytes.data() + bytes.size();
+    const std::size_t blocks = bytes.size() / kBlock;
+    words_.resize(std::max(words_.size(), blocks + 1));
+    for (std::size_t i = 0; i < blocks; ++i) words_[i] = OddOfBlock(bytes.data() + i * kBlock);
+    words_[blocks] = OddOfRest(bytes.substr(blocks * kBlock));
     bytes_ = bytes;
-    next_ = odd_.data();
 }
 
 }  // namespace quillory

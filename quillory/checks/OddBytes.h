@@ -1,6 +1,9 @@
 #pragma once
 
+#include <algorithm>
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -11,20 +14,48 @@ namespace quillory {
 // fields.
 class OddBytes {
 public:
+    using BlockBits = std::uint64_t;  // the lowest for the first byte of a block
+    static constexpr std::size_t kBlock = 64;
+
+    // Goes through those in a text, until another record begins.
+    class Cursor {
+    public:
+        // The next one, or the end of the text.
+        const char* Next() {
+            while (bits_ == 0) {
+                if (end_ - block_ <= static_cast<std::ptrdiff_t>(kBlock)) return end_;
+                block_ += kBlock;
+                bits_ = *++word_;
+            }
+            const char* const at = block_ + std::countr_zero(bits_);
+            bits_ &= bits_ - 1;
+            return std::min(at, end_);
+        }
+
+    private:
+        friend class OddBytes;
+
+        const BlockBits* word_;
+        const char* block_;
+        BlockBits bits_;  // of the block in hand, those not yet given
+        const char* end_;
+    };
+
     // A record begins, whose bytes, if it has them in one piece, last as long as it is asked for.
     void Begin(std::string_view record) {
         record_ = record;
-        text_ = bytes_ = {};
+        bytes_ = {};
     }
-    // The first of them that does not stand before the text, which is part of the record or not.
-    // The others follow, up to one that does not stand before the end of the text, or is that end.
-    // They hold until the next call, which is fastest for a text that comes later in the record.
-    const char* const* From(std::string_view text) {
-        const bool goesOn = text_.data() <= text.data() && LiesIn(text, bytes_);
-        if (!goesOn) GoTo(text);
-        text_ = text;
-        while (*next_ < text.data()) ++next_;
-        return next_;
+    // Those in a text, which is part of the record or not.
+    Cursor In(std::string_view text) {
+        if (!LiesIn(text, bytes_)) Find(LiesIn(text, record_) ? record_ : text);
+        const auto at = static_cast<std::size_t>(text.data() - bytes_.data());
+        Cursor cursor;
+        cursor.word_ = words_.data() + at / kBlock;
+        cursor.block_ = bytes_.data() + at / kBlock * kBlock;
+        cursor.bits_ = *cursor.word_ & ~BlockBits{0} << at % kBlock;
+        cursor.end_ = text.data() + text.size();
+        return cursor;
     }
 
 private:
@@ -33,15 +64,11 @@ private:
                text.data() + text.size() <= bytes.data() + bytes.size();
     }
 
-    void GoTo(std::string_view text);
     void Find(std::string_view bytes);
 
     std::string_view record_;
     std::string_view bytes_;  // that were looked at
-    std::string_view text_;   // in them, that was asked for
-    const char* const* next_ = nullptr;
-    std::vector<const char*> odd_;  // then the end of the bytes, and room for more
-    std::size_t count_ = 0;
+    std::vector<BlockBits> words_;
 };
 
 }  // namespace quillory

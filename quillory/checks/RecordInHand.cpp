@@ -6,11 +6,11 @@
 namespace quillory {
 
 void RecordInHand::Forget() {
-    for (const CheckedField& field : fields_) {
+    for (const CheckedField& field : Fields()) {
         if (field.number != kNoTag) tags_[field.number].count = 0;
     }
     oddTags_.clear();
-    fields_.clear();
+    usedFields_ = 0;
     usedSubfields_ = 0;
     isPlain_ = true;
 }
@@ -22,8 +22,46 @@ std::uint32_t RecordInHand::CountOdd(std::string_view tag) {
 inline std::uint32_t RecordInHand::Count(std::string_view tag, unsigned number) {
     if (number == kNoTag) return CountOdd(tag);
     FieldsOfTag& fields = tags_[number];
-    if (fields.count == 0) fields.first = static_cast<std::uint32_t>(fields_.size());
+    if (fields.count == 0) fields.first = static_cast<std::uint32_t>(usedFields_);
     return ++fields.count;
+}
+
+// Fields are used again, since it takes longer to make them.
+inline CheckedField& RecordInHand::NextField() {
+    if (usedFields_ == fields_.size()) fields_.resize(2 * usedFields_ + 1);
+    return fields_[usedFields_++];
+}
+
+// As ForEachSubfield has them: what stands before the first delimiter, and a delimiter without a
+// code, are no subfields.
+inline void RecordInHand::TakeSubfields(CheckedField& field) {
+    const char* const end = field.content.data() + field.content.size();
+    OddBytes::Cursor odd = odd_.In(field.content);
+    const auto nextDelimiter = [&odd, &field, end] {
+        for (;; field.isPlain = false) {
+            const char* const at = odd.Next();
+            if (at == end || *at == zorby::kDelimiter) return at;
+        }
+    };
+    const std::size_t room = usedSubfields_ + field.content.size() / 2;
+    if (subfields_.size() < room) subfields_.resize(2 * room);
+    SubfieldInHand* const first = subfields_.data() + usedSubfields_;
+    SubfieldInHand* subfield = first;
+    for (const char* at = nextDelimiter(); at != end;) {
+        const char* const next = nextDelimiter();
+        const char* const text = at + 2;
+        if (text <= next) {
+            const char code = at[1];
+            *subfield++ = {code, {text, next}};
+            if (!field.codes.Insert(code)) field.repeated.Add(code);
+            const bool mayBeBlank = text == next || *text == ' ';
+            if (mayBeBlank && IsBlank({text, next})) field.lacksText = true;
+        }
+        at = next;
+    }
+    field.subfields = static_cast<std::uint32_t>(subfield - first);
+    field.lacksText = field.lacksText || field.subfields == 0;
+    usedSubfields_ += field.subfields;
 }
 
 void RecordInHand::Take(const Record& record) {
@@ -33,50 +71,17 @@ void RecordInHand::Take(const Record& record) {
     for (const auto& [tag, content] : record.fields) {
         const unsigned number = TagNumber(tag);
         const std::uint32_t occurrence = Count(tag, number);
-        CheckedField& field = fields_.emplace_back();
-        field.tag = tag;
-        field.content = content;
-        field.number = number;
-        field.occurrence = occurrence;
+        CheckedField& field = NextField();
+        field.Begin(tag, content, number, occurrence);
         field.firstSubfield = static_cast<std::uint32_t>(usedSubfields_);
         if (number >= kFirstDataTag) {
             TakeSubfields(field);
         } else {
-            field.isPlain = *odd_.From(content) >= content.data() + content.size();
+            field.isPlain = odd_.In(content).Next() == content.data() + content.size();
             field.lacksText = IsBlank(content);
         }
         isPlain_ = isPlain_ && field.isPlain;
     }
-}
-
-inline void RecordInHand::AddSubfield(CheckedField& field, char code, std::string_view text) {
-    subfields_[usedSubfields_++] = {code, text};
-    if (!field.codes.Insert(code)) field.repeated.Add(code);
-    const bool mayBeBlank = text.empty() || text.front() == ' ';
-    if (mayBeBlank && IsBlank(text)) field.lacksText = true;
-}
-
-// As ForEachSubfield has them: what stands before the first delimiter, and a delimiter without a
-// code, are no subfields.
-void RecordInHand::TakeSubfields(CheckedField& field) {
-    const std::string_view content = field.content;
-    const char* const end = content.data() + content.size();
-    const std::size_t room = usedSubfields_ + content.size() / 2;
-    if (subfields_.size() < room) subfields_.resize(2 * room);
-    const char* const* odd = odd_.From(content);
-    const auto nextDelimiter = [&odd, &field, end] {
-        for (; *odd < end; field.isPlain = false) {
-            if (**odd++ == zorby::kDelimiter) return odd[-1];
-        }
-        return end;
-    };
-    for (const char* at = nextDelimiter(); at != end;) {
-        const char* const next = nextDelimiter();
-        if (next - at > 1) AddSubfield(field, at[1], {at + 2, next});
-        at = next;
-    }
-    field.subfields = static_cast<std::uint32_t>(usedSubfields_) - field.firstSubfield;
-    field.lacksText = field.lacksText || field.subfields == 0;
 }
 
 const CheckedField* RecordInHand::Whole008() const {

@@ -32,6 +32,18 @@ struct CheckedField {
     bool isPlain = true;     // printable ASCII and delimiters
     bool lacksText = false;  // in one of its subfields, or as a whole
 
+    // Makes it another field, without subfields.
+    void Begin(std::string_view newTag, std::string_view newContent, unsigned newNumber,
+               std::uint32_t newOccurrence) {
+        tag = newTag;
+        content = newContent;
+        number = newNumber;
+        occurrence = newOccurrence;
+        firstSubfield = subfields = 0;
+        codes = repeated = {};
+        isPlain = true;
+        lacksText = false;
+    }
     bool IsData() const { return number != kNoTag && number >= kFirstDataTag; }
     bool Has(char code) const { return codes.Has(code); }
     Place GetPlace() const { return Place::OfField(tag, occurrence); }
@@ -57,7 +69,7 @@ public:
     char LeaderByte(std::size_t position) const {
         return position < leader_.size() ? leader_[position] : '\0';
     }
-    std::span<const CheckedField> Fields() const { return fields_; }
+    std::span<const CheckedField> Fields() const { return std::span(fields_).first(usedFields_); }
     // Whether all its fields are.
     bool IsPlain() const { return isPlain_; }
     std::span<const SubfieldInHand> SubfieldsOf(const CheckedField& field) const {
@@ -98,14 +110,15 @@ private:
     // Which of the fields of its tag it is, from 1.
     std::uint32_t Count(std::string_view tag, unsigned number);
     std::uint32_t CountOdd(std::string_view tag);
+    CheckedField& NextField();
     void TakeSubfields(CheckedField& field);
-    void AddSubfield(CheckedField& field, char code, std::string_view text);
 
     const FieldRules* rules_;
     std::string_view leader_;
     bool isPlain_ = true;
     OddBytes odd_;
-    std::vector<CheckedField> fields_;
+    std::vector<CheckedField> fields_;  // with room for more
+    std::size_t usedFields_ = 0;
     std::vector<SubfieldInHand> subfields_;  // with room for more
     std::size_t usedSubfields_ = 0;
     std::vector<FieldsOfTag> tags_;                                // by number

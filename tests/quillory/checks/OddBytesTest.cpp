@@ -26,8 +26,9 @@ std::string RandomBytes(std::mt19937& random, std::size_t size) {
 std::string Kinds(OddBytes& odd, std::string_view text) {
     std::string kinds(text.size(), 'p');
     const char* const end = text.data() + text.size();
-    for (const char* const* at = odd.From(text); *at < end; ++at) {
-        kinds.at(static_cast<std::size_t>(*at - text.data())) = 'o';
+    OddBytes::Cursor cursor = odd.In(text);
+    for (const char* at = cursor.Next(); at != end; at = cursor.Next()) {
+        kinds.at(static_cast<std::size_t>(at - text.data())) = 'o';
     }
     return kinds;
 }
@@ -40,6 +41,7 @@ std::string KindsOneByOne(std::string_view text) {
 
 TEST(OddBytes, AreAllButPrintableAscii) {
     OddBytes odd;
+    odd.Begin({});
     EXPECT_EQ(Kinds(odd, "\x1F\x20~\x7F\x80\xFF"), "oppooo");
     EXPECT_EQ(Kinds(odd, ""), "");
     EXPECT_EQ(Kinds(odd, {}), "");
