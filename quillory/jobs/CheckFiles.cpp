@@ -41,16 +41,19 @@ public:
 
     void Take(const Item& item) {
         Look(item, inspector_, reporter_, look_);
-        TakeLooked(item, look_);
+        TakeLooked(LookedItem::Of(item), look_);
     }
 
-    void TakeLooked(const Item& item, RecordLook& look) {
-        if (HasFault(item)) CountFault(item);
-        if (item.kind != kItemRecord) return;
+    void TakeLooked(const LookedItem& looked, RecordLook& look) {
+        if (!looked.isSound && !TakeFault(*looked.item)) return;
         NoteFile();
-        inspector_.Compare(item.number, look);
+        inspector_.Compare(looked.number, look);
         if (look.heaviest && *look.heaviest <= failsOn_) status_ = kStatusFindings;
-        const CheckedRecord record{item, look.remarks, look.heaviest, look.numbers};
+        const CheckedRecord record{.item = *looked.item,
+                                   .remarks = look.remarks,
+                                   .heaviest = look.heaviest,
+                                   .numbers = look.numbers,
+                                   .typeAndLevel = looked.typeAndLevel};
         totals_.Count(record);
         report_.TakeRecord(record);
     }
@@ -64,6 +67,12 @@ public:
     Status Result() const { return status_; }
 
 private:
+    // Whether the item is a record all the same.
+    bool TakeFault(const Item& item) {
+        if (HasFault(item)) CountFault(item);
+        return item.kind == kItemRecord;
+    }
+
     void CountFault(const Item& item) {
         status_ = kStatusFindings;
         if (item.kind == kItemDamaged) ++totals_.damaged;
@@ -109,7 +118,7 @@ private:
         looked_ = std::make_shared<LookedItems>();
         steps_.emplace_back([&run = run_, looked = looked_] {
             looked->ForEach(
-                [&run](const Item& item, RecordLook& look) { run.TakeLooked(item, look); });
+                [&run](const LookedItem& item, RecordLook& look) { run.TakeLooked(item, look); });
         });
         stepsWithLooked_ = steps_.size();
     }

@@ -5,6 +5,12 @@
 
 namespace quillory {
 
+TypeAndLevel TypeAndLevelOf(const Record& record) {
+    constexpr std::size_t kType = 6;
+    constexpr std::size_t kLevel = 7;
+    return {record.leader[kType], record.leader[kLevel]};
+}
+
 Verdict CheckedRecord::GetVerdict() const {
     if (heaviest == Severity::Error) return kMustStay;
     return heaviest == Severity::Warning ? kMayGoWithWarnings : kMayGo;
@@ -18,11 +24,9 @@ void CheckTotals::Count(const CheckedRecord& record) {
 }
 
 VerdictCounts& CheckTotals::CountsOfMaterial(const CheckedRecord& record) {
-    constexpr std::size_t kType = 6;
-    constexpr std::size_t kLevel = 7;
     if (record.words != nullptr) return namedMaterials_[record.words->material];
-    const std::string_view leader = record.item.record.leader;
-    return materials_[{leader[kType], leader[kLevel]}];
+    return materials_[record.typeAndLevel ? *record.typeAndLevel
+                                          : TypeAndLevelOf(record.item.record)];
 }
 
 std::vector<RuleCount> CheckTotals::MostFrequentFirst() const {

@@ -30,6 +30,10 @@ struct RecordWords {
     std::vector<Line> lines;  // the leader, without a tag, and each field; none if not known
 };
 
+using TypeAndLevel = std::pair<char, char>;  // Leader/06 and 07
+
+TypeAndLevel TypeAndLevelOf(const Record& record);
+
 // One record, and what was found on it.
 struct CheckedRecord {
     const Item& item;
@@ -38,6 +42,8 @@ struct CheckedRecord {
     std::span<const NumberMet> numbers = {};  // by which others may be found to be the same
     // Where the record itself is no longer there; else null.
     const RecordWords* words = nullptr;
+    // Where they are known, so that the record need not be looked at again.
+    std::optional<TypeAndLevel> typeAndLevel = {};
 
     // By the heaviest of the findings; notes do no harm.
     Verdict GetVerdict() const;
@@ -59,8 +65,6 @@ struct CheckTotals {
     std::map<std::string, VerdictCounts> Materials() const;
 
 private:
-    using TypeAndLevel = std::pair<char, char>;  // Leader/06 and 07
-
     VerdictCounts& CountsOfMaterial(const CheckedRecord& record);
 
     std::map<TypeAndLevel, VerdictCounts> materials_;

@@ -1,14 +1,27 @@
 #pragma once
 
 #include <quillory/exchange/Record.h>
+#include <quillory/jobs/CheckReport.h>
 #include <quillory/rules/Inspector.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <utility>
 #include <vector>
 
 namespace quillory {
+
+// An item that was looked at. What is needed of each stands here too: it takes long to fetch it
+// from where another thread has left the item.
+struct LookedItem {
+    const Item* item;
+    std::uint64_t number;  // as in the item
+    bool isSound;          // a record without fault
+    TypeAndLevel typeAndLevel;
+
+    static LookedItem Of(const Item& item);
+};
 
 // What was found of items that follow one another, until it can be told in their order.
 class LookedItems {
@@ -16,7 +29,7 @@ public:
     // Keeps a pointer to the item; takes the remarks.
     void Add(const Item& item, RecordLook& look);
 
-    // Calls `take(item, look)` for each item. It can be called once.
+    // Calls `take(lookedItem, look)` for each item. It can be called once.
     template <class Take>
     void ForEach(Take take) {
         RecordLook look;
@@ -31,13 +44,13 @@ public:
             number = row.numbersEnd;
             look.heaviest = row.heaviest;
             look.isUnimarc = row.isUnimarc;
-            take(*row.item, look);
+            take(row.looked, look);
         }
     }
 
 private:
     struct Row {
-        const Item* item;
+        LookedItem looked;
         std::size_t remarksEnd;
         std::size_t numbersEnd;
         std::optional<Severity> heaviest;

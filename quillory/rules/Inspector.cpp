@@ -106,7 +106,7 @@ void Inspector::Compare(std::uint64_t number, RecordLook& look) {
     }
     RemarkSink sink(weights_, added, &taking_);
     for (const NumberMet& met : look.numbers) {
-        const auto first = numbers_.Meet(met.kind, met.number, number);
+        const auto first = numbers_.Meet(met.hash, number);
         if (!first) continue;
         const std::size_t before = added.size();
         sink.Add(met.rule, met.place, [&] {
@@ -159,7 +159,8 @@ void Inspector::NoteControlNumber(const Record& record, RecordLook& look) const 
     const std::string_view controlNumber = Trimmed(record.ControlNumber());
     if (!severity || controlNumber.empty()) return;
     look.numbers.push_back({RuleId::ControlNumberRepeated, 'c', controlNumber,
-                            Place::OfField(1U, 1), look.remarks.size(), *severity});
+                            Place::OfField(1U, 1), look.remarks.size(), *severity,
+                            SeenNumbers::HashOf('c', controlNumber)});
 }
 
 // The ISBN and the number of another system, by which files are matched when they are loaded.
@@ -171,8 +172,9 @@ void Inspector::NoteNumbers(RecordLook& look) const {
         std::string_view text = record_.TextOf(field, 'a');
         if (field.number == 20) text = text.substr(0, text.find(' '));
         if (text.empty()) continue;
-        look.numbers.push_back({RuleId::NumberRepeated, field.number == 20 ? 'i' : 's', text,
-                                field.GetPlace().Subfield('a'), look.remarks.size(), *severity});
+        const char kind = field.number == 20 ? 'i' : 's';
+        look.numbers.push_back({RuleId::NumberRepeated, kind, text, field.GetPlace().Subfield('a'),
+                                look.remarks.size(), *severity, SeenNumbers::HashOf(kind, text)});
     }
 }
 

@@ -4,6 +4,7 @@
 #include <quillory/rules/Rule.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace quillory {
@@ -14,8 +15,9 @@ struct NumberMet {
     char kind;  // as SeenNumbers has it
     std::string_view number;
     Place place;
-    std::size_t at;     // where a remark on it comes among the others
-    Severity severity;  // of such a remark
+    std::size_t at;          // where a remark on it comes among the others
+    Severity severity;       // of such a remark
+    std::uint64_t hash = 0;  // SeenNumbers::HashOf of kind and number
 };
 
 // The rules about a number that another record has, too.

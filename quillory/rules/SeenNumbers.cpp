@@ -6,10 +6,9 @@
 #include <utility>
 
 namespace quillory {
-namespace {
 
 // Stirred, since places are taken from the high bits.
-std::uint64_t HashOf(char kind, std::string_view number) {
+std::uint64_t SeenNumbers::HashOf(char kind, std::string_view number) {
     constexpr std::uint64_t kStir = 0x9E3779B97F4A7C15;
     Fnv1a bytes;
     bytes.Add(kind);
@@ -18,20 +17,16 @@ std::uint64_t HashOf(char kind, std::string_view number) {
     return hash ^ hash >> 32;
 }
 
-}  // namespace
-
 void SeenNumbers::BeginFile(const std::string& name) {
     files_.push_back({name, last_});
 }
 
-std::optional<SeenNumbers::RecordMet> SeenNumbers::Meet(char kind, std::string_view number,
-                                                        std::uint64_t record) {
+std::optional<SeenNumbers::RecordMet> SeenNumbers::Meet(std::uint64_t hash, std::uint64_t record) {
     constexpr std::size_t kFull = 85;  // percent
     if (used_ * 100 >= hashes_.size() * kFull) Grow();
     if (files_.empty()) BeginFile({});
     const std::uint32_t here = files_.back().before + static_cast<std::uint32_t>(record);
     last_ = std::max(last_, here);
-    const std::uint64_t hash = HashOf(kind, number);
     const std::size_t place = PlaceOf(hash);
     if (records_[place] == 0) {
         hashes_[place] = hash;

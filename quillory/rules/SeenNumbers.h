@@ -16,10 +16,11 @@ public:
     // A record of the run.
     enum class RecordMet : std::uint32_t {};
 
-    // Where the number was met first; nothing if it is new, or was met in this record. Kinds of
-    // numbers (those of 001, of 020) don't mix. `record` is the number of the record in its file,
-    // from 1 on.
-    std::optional<RecordMet> Meet(char kind, std::string_view number, std::uint64_t record);
+    // What a number is known by. Kinds of numbers (those of 001, of 020) don't mix.
+    static std::uint64_t HashOf(char kind, std::string_view number);
+    // Where the number of this hash was met first; nothing if it is new, or was met in this record.
+    // `record` is the number of the record in its file, from 1 on.
+    std::optional<RecordMet> Meet(std::uint64_t hash, std::uint64_t record);
     // "3", or "3 of FILE" for another file.
     std::string TextOf(RecordMet record) const;
 
