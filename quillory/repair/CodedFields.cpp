@@ -5,25 +5,24 @@
 
 #include <algorithm>
 #include <functional>
+#include <span>
 
 namespace quillory {
 namespace {
 
 using namespace zorby;
 
-constexpr std::string_view k006 = "006";
-constexpr std::string_view k007 = "007";
 constexpr std::string_view k008 = "008";
 
-// Of several 008 the first one that has the length of the format, or else the first one.
-std::size_t IndexOf008(const Record& record) {
+// Of several 008 the first one that has the length of the format, or else the first one, which is
+// given.
+std::size_t IndexOfMain008(const Record& record, std::size_t first) {
     const auto length = static_cast<std::size_t>(LengthOfForm(CF008Standard));
-    const auto& fields = record.fields;
-    const auto whole = std::ranges::find_if(fields, [&](const CommFormatField& field) {
+    const std::span fields(record.fields);
+    const auto whole = std::ranges::find_if(fields.subspan(first), [&](const auto& field) {
         return field.tag == k008 && field.content.size() == length;
     });
-    const auto first = std::ranges::find(fields, k008, &CommFormatField::tag);
-    return static_cast<std::size_t>((whole == fields.end() ? first : whole) - fields.begin());
+    return whole == fields.end() ? first : static_cast<std::size_t>(&*whole - fields.data());
 }
 
 RepairClass ClassOf(FaultCode reason) {
@@ -52,22 +51,33 @@ void CodedFields::Collect(const Record& record) {
     std::uint32_t count006 = 0;
     std::uint32_t count007 = 0;
     std::uint32_t count008 = 0;
-    const std::size_t main008 = IndexOf008(record);
+    std::size_t main008 = 0;
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
-        const CommFormatField& field = record.fields[i];
-        if (!field.IsControlField()) continue;
-        if (field.tag == k006) {
-            Add(i, Place::OfField(k006, ++count006), MaterialOf006(field.content), field.content);
-        } else if (field.tag == k007) {
-            Add(i, Place::OfField(k007, ++count007), CategoryOf007(field.content), field.content);
-        } else if (field.tag == k008) {
-            const Place place = Place::OfField(k008, ++count008);
-            if (i == main008) {
-                Add(i, place, CF008Standard, field.content);
-            } else {
-                Leave(place, field.content, FaultCode::kSecond008);
-            }
+        const auto& [tag, content] = record.fields[i];
+        if (!record.fields[i].IsControlField()) continue;
+        switch (tag.back()) {
+            case '6':
+                Add(i, Place::OfField(tag, ++count006), MaterialOf006(content), content);
+                break;
+            case '7':
+                Add(i, Place::OfField(tag, ++count007), CategoryOf007(content), content);
+                break;
+            case '8':
+                if (count008 == 0) main008 = IndexOfMain008(record, i);
+                Add008(i, Place::OfField(tag, ++count008), main008, content);
+                break;
+            default:
+                break;
         }
+    }
+}
+
+void CodedFields::Add008(std::size_t index, const Place& place, std::size_t main,
+                         std::string_view given) {
+    if (index == main) {
+        Add(index, place, CF008Standard, given);
+    } else {
+        Leave(place, given, FaultCode::kSecond008);
     }
 }
 
@@ -78,6 +88,7 @@ void CodedFields::Add(std::size_t index, const Place& place, CFType form, std::s
     field.place = place;
     field.form = form;
     field.given = given;
+    field.isTouched = false;
     if (form == CF006None || form == CF007None) {
         Leave(place, given, FaultCode::kUnknownFirstByte);
     } else {
@@ -123,7 +134,7 @@ bool CodedFields::FitInto(const Record& record) {
                record.fields,
                [&](const auto& field) { return LiesIn(field.content, record.bytes); }) &&
            std::ranges::all_of(Fields(), [](const CodedField& field) {
-               return field.bytes.size() == field.given.size();
+               return field.Bytes().size() == field.given.size();
            });
 }
 
@@ -131,6 +142,7 @@ void CodedFields::PutIntoBytes(Record& record) {
     const std::string_view original = record.bytes;
     recordBytes_ = original;
     for (const CodedField& field : Fields()) {
+        if (!field.IsChanged()) continue;
         const auto offset = static_cast<std::size_t>(field.given.data() - original.data());
         field.bytes.copy(recordBytes_.data() + offset, field.bytes.size());
     }

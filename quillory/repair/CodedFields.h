@@ -12,18 +12,28 @@
 
 namespace quillory {
 
-// A coded control field under repair. Its bytes go from `given` to `fitted` to `bytes`.
+// A coded control field under repair.
 struct CodedField {
     std::size_t index = 0;    // among the fields of the record; kLeader for the Leader
     Place place;              // the field with its occurrence, or the Leader
     zorby::CFType form = {};  // CFLdr, CF008Standard, or a form of 006 or 007
-    std::string_view given;   // as the record has them
-    std::string fitted;       // the same at the length of the format
-    std::string beforePass;   // before the pass of the repair that is under way
-    std::string bytes;        // as the repair has them so far
+    std::string_view given;   // its bytes as the record has them
+    bool isTouched = false;   // whether the repair has bytes of its own
+    std::string bytes;        // these
+    std::string fitted;       // as they were before the library's repair
+    std::string beforePass;   // before the pass of that repair which is under way
 
     static constexpr std::size_t kLeader = static_cast<std::size_t>(-1);
-    bool IsChanged() const { return bytes != given; }
+
+    // The bytes as the repair has them so far.
+    std::string_view Bytes() const { return isTouched ? std::string_view(bytes) : given; }
+    // The same, to be changed.
+    std::string& Touch() {
+        if (!isTouched) bytes = given;
+        isTouched = true;
+        return bytes;
+    }
+    bool IsChanged() const { return isTouched && bytes != given; }
 };
 
 // The Leader, 006, 007 and 008 of a record. One object serves record after record and keeps its
@@ -52,6 +62,7 @@ public:
 
 private:
     void Add(std::size_t index, const Place& place, zorby::CFType form, std::string_view given);
+    void Add008(std::size_t index, const Place& place, std::size_t main, std::string_view given);
     void Leave(const Place& place, std::string_view given, FaultCode reason);
     bool FitInto(const Record& record);
     void PutIntoBytes(Record& record);

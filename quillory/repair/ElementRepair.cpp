@@ -66,20 +66,22 @@ std::string_view WithoutBlanksAtEnd(std::string_view value) {
 
 }  // namespace
 
+ElementRepair::ElementRepair(const CodeLists& lists)
+    : lists_(lists),
+      country_(*ElementOfPart(CFP008PlaceOfPublication)),
+      language_(*ElementOfPart(CFP008Language)),
+      allowed_(lists) {}
+
 std::optional<Judgement> ElementRepair::Judge(const Element& element, std::string_view value,
                                               bool isIn008, const RecordEvidence& facts) {
     if (allowed_.Allows(element, value)) return std::nullopt;
-    return JudgeMisfit(element, value, isIn008, facts);
+    Judgement judgement = JudgeMisfit(element, value, isIn008, facts);
+    judgement.isOfRecord = AsksRecord(element, isIn008);
+    return judgement;
 }
 
 Judgement ElementRepair::JudgeMisfit(const Element& element, std::string_view value, bool isIn008,
                                      const RecordEvidence& facts) {
-    const auto judge = [&] { return JudgeAnew(element, value, isIn008, facts); };
-    return AsksRecord(element, isIn008) ? judge() : judged_.Get(element, value, judge);
-}
-
-Judgement ElementRepair::JudgeAnew(const Element& element, std::string_view value, bool isIn008,
-                                   const RecordEvidence& facts) {
     if (element.form == CFLdr && ConstantOfLeader(element.first) != '\0') {
         return {RepairClass::Structure, std::string(1, ConstantOfLeader(element.first))};
     }
@@ -116,8 +118,7 @@ bool ElementRepair::IsCurrent(const Element& element, std::string_view code) con
 
 // Whether the code of two letters may be what is left of one of three, such as Delaware's.
 bool ElementRepair::MayBeCut(std::string_view country) const {
-    const Element& element = *ElementOfPart(CFP008PlaceOfPublication);
-    return std::ranges::any_of(lists_.CodesOf(element), [&](const CodeMeaning& code) {
+    return std::ranges::any_of(lists_.CodesOf(country_), [&](const CodeMeaning& code) {
         return code.code.starts_with(country) && code.code.back() != ' ';
     });
 }
@@ -206,8 +207,8 @@ std::optional<std::string> ElementRepair::UnknownOf(const Element& element) {
 std::optional<FaultCode> ElementRepair::WhyNot008(std::string_view field008) {
     constexpr std::size_t kEndOfLanguage = 38;
     if (field008.size() < kEndOfLanguage) return FaultCode::kShort008;
-    const bool noCountry = IsNoCodeIn(field008, CFP008PlaceOfPublication);
-    const bool noLanguage = IsNoCodeIn(field008, CFP008Language);
+    const bool noCountry = IsNoCodeIn(field008, country_);
+    const bool noLanguage = IsNoCodeIn(field008, language_);
     if (field008.size() != static_cast<std::size_t>(LengthOfForm(CF008Standard))) {
         if (noCountry || noLanguage) return FaultCode::kShifted008;
     } else if (noCountry && noLanguage && !IsNumber(field008.substr(0, 6))) {
@@ -220,20 +221,22 @@ std::optional<FaultCode> ElementRepair::WhyNot008(std::string_view field008) {
 
 // Whether a byte lost or added before it has moved the language.
 bool ElementRepair::IsLanguageBeside(std::string_view field008) {
-    const Element& element = *ElementOfPart(CFP008Language);
     const auto isCodeAt = [&](int first) {
         return allowed_.Allows(
-            element, AsciiLower(field008.substr(static_cast<std::size_t>(first),
-                                                static_cast<std::size_t>(element.Width()))));
+            language_, AsciiLower(field008.substr(static_cast<std::size_t>(first),
+                                                  static_cast<std::size_t>(language_.Width()))));
     };
-    return isCodeAt(element.first - 1) || isCodeAt(element.first + 1);
+    return isCodeAt(language_.first - 1) || isCodeAt(language_.first + 1);
+}
+
+bool ElementRepair::IsNoCodeIn(std::string_view field008, const Element& element) {
+    const std::string_view value = field008.substr(static_cast<std::size_t>(element.first),
+                                                   static_cast<std::size_t>(element.Width()));
+    return noCodes_.Get(element, value, [&] { return IsNoCode(element, value); });
 }
 
 // Not for a value that says nothing.
-bool ElementRepair::IsNoCodeIn(std::string_view field008, CFPart part) {
-    const Element& element = *ElementOfPart(part);
-    const std::string_view value = field008.substr(static_cast<std::size_t>(element.first),
-                                                   static_cast<std::size_t>(element.Width()));
+bool ElementRepair::IsNoCode(const Element& element, std::string_view value) {
     return !SaysNothing(value) && !allowed_.Allows(element, AsciiLower(value)) &&
            MarcLanguageOf(AsciiLower(value)).empty();
 }

@@ -18,6 +18,7 @@ struct Judgement {
     std::string value;             // to put in its place; empty if it is left as it is
     std::string_view source = {};  // of the value, where it is neither the value nor the format
     FaultCode left = {};           // why nothing can be put there
+    bool isOfRecord = false;       // whether it may be another one in another record
 };
 
 // Judges the elements of coded fields so that no record gets worse: a value that the format allows,
@@ -25,7 +26,7 @@ struct Judgement {
 class ElementRepair {
 public:
     // Keeps the reference.
-    explicit ElementRepair(const CodeLists& lists) : lists_(lists), allowed_(lists) {}
+    explicit ElementRepair(const CodeLists& lists);
 
     // Nothing for a value that may stay. `isIn008` says that the element stands in the 008, which
     // the facts speak of.
@@ -39,8 +40,6 @@ public:
 private:
     Judgement JudgeMisfit(const Element& element, std::string_view value, bool isIn008,
                           const RecordEvidence& facts);
-    Judgement JudgeAnew(const Element& element, std::string_view value, bool isIn008,
-                        const RecordEvidence& facts);
     Judgement JudgeUndefined(const Element& element, std::string_view value) const;
     Judgement JudgeCountry(const Element& element, std::string_view value,
                            const RecordEvidence& facts);
@@ -50,15 +49,18 @@ private:
                             const RecordEvidence& facts);
     Judgement JudgeCodes(const Element& element, std::string_view value) const;
     Judgement JudgeCode(const Element& element, std::string_view value);
-    bool IsNoCodeIn(std::string_view field008, zorby::CFPart part);
+    bool IsNoCodeIn(std::string_view field008, const Element& element);
+    bool IsNoCode(const Element& element, std::string_view value);
     bool IsLanguageBeside(std::string_view field008);
     std::optional<std::string> UnknownOf(const Element& element);
     bool IsCurrent(const Element& element, std::string_view code) const;
     bool MayBeCut(std::string_view country) const;
 
     const CodeLists& lists_;
+    const Element& country_;
+    const Element& language_;
     AllowedValues allowed_;
-    KnownValues<Judgement> judged_;  // without a look at the record
+    KnownValues<bool> noCodes_;
 };
 
 }  // namespace quillory

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
 namespace quillory {
 
@@ -30,23 +31,23 @@ struct FieldElement {
     }
 };
 
-// Calls `visit` with each FieldElement of a field of this form, in order. The section of an 008
-// (positions 18 to 34) is read by the material of the record, `material`.
-template <class Visit>
-void ForEachElement(zorby::CFType form, zorby::CFType material, Visit visit) {
-    const auto visitAt = [&](const Element& element, int offset) {
-        visit(FieldElement{element, static_cast<std::size_t>(element.first + offset)});
-    };
-    bool hasSection = form != zorby::CF008Standard;
-    for (const Element& element : ElementsOf(form)) {
-        if (!hasSection && element.first >= kFirstMaterial008) {
-            hasSection = true;
-            for (const Element& inSection : ElementsOf(material)) {
-                if (inSection.first > 0) visitAt(inSection, kMaterialOffset008);
-            }
-        }
-        visitAt(element, 0);
+// Elements side by side in a field: of kMost bytes together, or a single one that is wider.
+struct ElementRun {
+    static constexpr std::size_t kMost = 8;
+
+    std::size_t first;
+    std::size_t size;
+    std::vector<FieldElement> elements;
+
+    // Shorter, or empty, where the field ends before it.
+    std::string_view BytesIn(std::string_view field) const {
+        return field.substr(std::min(first, field.size()), size);
     }
-}
+};
+
+// The elements of a field of this form, in order, without those of the Leader that are the file's
+// (00-04 and 12-16). The section of an 008 (positions 18 to 34) is read by the material of the
+// record.
+const std::vector<ElementRun>& RunsOf(zorby::CFType form, zorby::CFType material);
 
 }  // namespace quillory

@@ -10,10 +10,14 @@ std::string FittedToFormat(std::string_view given, CFType form, CFType material)
     const auto length = static_cast<std::size_t>(LengthOfForm(form));
     std::string fitted(given.substr(0, length));
     fitted.resize(length, form == CFLdr ? ' ' : kFill);
-    ForEachElement(form, material, [&](const FieldElement& at) {
-        if (!at.element.IsUndefined()) return;
-        for (std::size_t i = std::max(at.first, given.size()); i < at.End(); ++i) fitted[i] = ' ';
-    });
+    for (const ElementRun& run : RunsOf(form, material)) {
+        for (const FieldElement& at : run.elements) {
+            if (!at.element.IsUndefined()) continue;
+            for (std::size_t i = std::max(at.first, given.size()); i < at.End(); ++i) {
+                fitted[i] = ' ';
+            }
+        }
+    }
     return fitted;
 }
 

@@ -20,16 +20,23 @@ std::size_t LengthOf(const CodedField& field) {
     return static_cast<std::size_t>(LengthOfForm(field.form));
 }
 
-bool IsOfTheFile(const Element& element) {
-    if (element.form != CFLdr || element.IsUndefined()) return false;
-    const CFPart part = element.parts.front();
-    return part == CFPLdrRecordLength || part == CFPLdrBaseAddress;
-}
-
 // The label of the character set that the record is in; the one that it has, if that is a label.
 char LabelOf(char label, const Record& record) {
     if (label == LabelFor(kCharsetUtf8) || label == LabelFor(kCharsetMarc8)) return label;
     return LabelFor(ActualCharset(record));
+}
+
+Repair RepairOf(const Judgement& judgement, const FieldElement& at, const CodedField& field) {
+    const bool isLeft = judgement.value.empty();
+    const std::string before(at.ValueIn(field.Bytes()));
+    return {.kind = isLeft ? RepairKind::Left : RepairKind::Replaced,
+            .repairClass = judgement.repairClass,
+            .place = at.PlaceIn(field.place),
+            .element = &at.element,
+            .before = before,
+            .after = isLeft ? before : judgement.value,
+            .source = judgement.source,
+            .fault = judgement.left};
 }
 
 }  // namespace
@@ -48,7 +55,7 @@ const std::vector<Repair>& RecordRepairer::PutRight(Record& record) {
     if (options_.strict) {
         RunLibrary(record);
     } else {
-        for (CodedField& field : fields_.Fields()) JudgeElements(field, record);
+        for (CodedField& field : fields_.Fields()) RepairElements(field, record);
     }
     fields_.PutInto(record);
     return repairs_;
@@ -72,61 +79,71 @@ std::optional<FaultCode> RecordRepairer::WhyLeft(const CodedField& field) {
     if (field.form == CF008Standard) {
         if (const auto reason = elements_.WhyNot008(field.given)) return reason;
     }
-    const bool isLonger = field.given.size() > LengthOf(field);
-    if (isLonger && !SaysNothing(field.given.substr(LengthOf(field)))) {
-        return FaultCode::kSurplusBytes;
-    }
+    const std::size_t length = LengthOf(field);
+    const bool isLonger = field.given.size() > length;
+    if (isLonger && !SaysNothing(field.given.substr(length))) return FaultCode::kSurplusBytes;
     return std::nullopt;
 }
 
 void RecordRepairer::FitLength(CodedField& field) {
-    const bool isFitted = options_.strict || options_.classes.Has(RepairClass::Length);
-    field.fitted = field.given;
-    if (isFitted && field.given.size() != LengthOf(field)) {
-        field.fitted = FittedToFormat(field.given, field.form, material_);
-        const bool isLonger = field.given.size() > field.fitted.size();
-        Add({.kind = RepairKind::Length,
-             .repairClass = RepairClass::Length,
-             .place = field.place,
-             .before = std::string(field.given),
-             .after = field.fitted,
-             .fault = isLonger ? FaultCode::kFieldCut : FaultCode::kFieldFilledUp});
-    }
-    field.bytes = field.fitted;
+    if (field.given.size() == LengthOf(field)) return;
+    if (!options_.strict && !options_.classes.Has(RepairClass::Length)) return;
+    field.Touch() = FittedToFormat(field.given, field.form, material_);
+    const bool isLonger = field.given.size() > field.bytes.size();
+    Add({.kind = RepairKind::Length,
+         .repairClass = RepairClass::Length,
+         .place = field.place,
+         .before = std::string(field.given),
+         .after = field.bytes,
+         .fault = isLonger ? FaultCode::kFieldCut : FaultCode::kFieldFilledUp});
 }
 
-void RecordRepairer::JudgeElements(CodedField& field, const Record& record) {
-    ForEachElement(field.form, material_, [&](const FieldElement& at) {
+void RecordRepairer::RepairElements(CodedField& field, const Record& record) {
+    for (const ElementRun& run : RunsOf(field.form, material_)) {
+        const auto judge = [&](auto& repairs) { return JudgeRun(run, field, record, repairs); };
+        const auto& repairs = known_.Get(run, run.BytesIn(field.Bytes()), judge);
+        for (const Repair& repair : repairs) Mend(repair, field);
+    }
+}
+
+// The repair is one of any field of this form.
+void RecordRepairer::Mend(const Repair& repair, CodedField& field) {
+    repairs_.push_back(repair);
+    repairs_.back().place.occurrence = field.place.occurrence;
+    if (repair.kind == RepairKind::Left) return;
+    const auto first = static_cast<std::size_t>(repair.place.first);
+    repair.after.copy(field.Touch().data() + first, repair.after.size());
+}
+
+// Result: whether the same bytes have the same repairs in any record.
+bool RecordRepairer::JudgeRun(const ElementRun& run, const CodedField& field, const Record& record,
+                              std::vector<Repair>& repairs) {
+    bool isSameInAny = true;
+    for (const FieldElement& at : run.elements) {
         const auto judgement = Judge(at, field, record);
-        if (!judgement || !options_.classes.Has(judgement->repairClass)) return;
-        const bool isLeft = judgement->value.empty();
-        const std::string before(at.ValueIn(field.bytes));
-        const std::string& after = isLeft ? before : judgement->value;
-        after.copy(field.bytes.data() + at.first, after.size());
-        Add({.kind = isLeft ? RepairKind::Left : RepairKind::Replaced,
-             .repairClass = judgement->repairClass,
-             .place = at.PlaceIn(field.place),
-             .element = &at.element,
-             .before = before,
-             .after = after,
-             .source = judgement->source,
-             .fault = judgement->left});
-    });
+        if (!judgement) continue;
+        if (judgement->isOfRecord) isSameInAny = false;
+        if (!options_.classes.Has(judgement->repairClass)) continue;
+        repairs.push_back(RepairOf(*judgement, at, field));
+    }
+    return isSameInAny;
 }
 
 std::optional<Judgement> RecordRepairer::Judge(const FieldElement& at, const CodedField& field,
                                                const Record& record) {
-    const std::string_view value = at.ValueIn(field.bytes);
-    if (value.size() < at.Width() || IsOfTheFile(at.element)) return std::nullopt;
+    const std::string_view value = at.ValueIn(field.Bytes());
+    if (value.size() < at.Width()) return std::nullopt;
     if (field.form == CFLdr && at.first == kLeaderCharacterCode) {
         const char label = LabelOf(value.front(), record);
         if (label == value.front()) return std::nullopt;
-        return Judgement{.repairClass = RepairClass::CharacterSet, .value = {label}};
+        return Judgement{
+            .repairClass = RepairClass::CharacterSet, .value = {label}, .isOfRecord = true};
     }
     return elements_.Judge(at.element, value, field.form == CF008Standard, RecordEvidence(record));
 }
 
 void RecordRepairer::RunLibrary(const Record& record) {
+    for (CodedField& field : fields_.Fields()) field.fitted = field.Touch();
     for (int pass = 0; pass < kMostPasses && RunPass(record); ++pass) {
     }
     for (const CodedField& field : fields_.Fields()) AddReplaced(field);
@@ -153,15 +170,17 @@ void RecordRepairer::RestoreLeader(const Record& record) {
 
 void RecordRepairer::AddReplaced(const CodedField& field) {
     if (field.bytes == field.fitted) return;
-    ForEachElement(field.form, material_, [&](const FieldElement& at) {
-        if (at.IsSameIn(field.fitted, field.bytes)) return;
-        Add({.kind = RepairKind::Replaced,
-             .repairClass = RepairClass::Library,
-             .place = at.PlaceIn(field.place),
-             .element = &at.element,
-             .before = std::string(at.ValueIn(field.fitted)),
-             .after = std::string(at.ValueIn(field.bytes))});
-    });
+    for (const ElementRun& run : RunsOf(field.form, material_)) {
+        for (const FieldElement& at : run.elements) {
+            if (at.IsSameIn(field.fitted, field.bytes)) continue;
+            Add({.kind = RepairKind::Replaced,
+                 .repairClass = RepairClass::Library,
+                 .place = at.PlaceIn(field.place),
+                 .element = &at.element,
+                 .before = std::string(at.ValueIn(field.fitted)),
+                 .after = std::string(at.ValueIn(field.bytes))});
+        }
+    }
 }
 
 void RecordRepairer::Add(Repair repair) {

@@ -4,7 +4,7 @@
 #include <quillory/exchange/Record.h>
 #include <quillory/repair/CodedFields.h>
 #include <quillory/repair/ElementRepair.h>
-#include <quillory/repair/FieldElements.h>
+#include <quillory/repair/KnownRepairs.h>
 #include <quillory/repair/LibraryRepair.h>
 #include <quillory/repair/Repair.h>
 
@@ -42,7 +42,10 @@ private:
     void FitLengths();
     void FitLength(CodedField& field);
     std::optional<FaultCode> WhyLeft(const CodedField& field);
-    void JudgeElements(CodedField& field, const Record& record);
+    void RepairElements(CodedField& field, const Record& record);
+    void Mend(const Repair& repair, CodedField& field);
+    bool JudgeRun(const ElementRun& run, const CodedField& field, const Record& record,
+                  std::vector<Repair>& repairs);
     std::optional<Judgement> Judge(const FieldElement& at, const CodedField& field,
                                    const Record& record);
     void RunLibrary(const Record& record);
@@ -52,6 +55,7 @@ private:
     void Add(Repair repair);
 
     ElementRepair elements_;
+    KnownRepairs known_;
     RepairOptions options_;
     CodedFields fields_;
     LibraryRepair library_;

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <random>
 #include <string>
 #include <tests/quillory/Records.h>
@@ -34,9 +35,13 @@ protected:
     // A line for each repair. The fields are then as the repair has them, and so is leader_.
     std::string Repaired(const std::string& leader, Fields& fields,
                          const RepairOptions& options = {}) {
+        RecordRepairer repairer(Lists(), options);
+        return Repaired(repairer, leader, fields);
+    }
+
+    std::string Repaired(RecordRepairer& repairer, const std::string& leader, Fields& fields) {
         TestRecord test({"LDR" + leader});
         for (const auto& [tag, content] : fields) test.Add(tag + content);
-        RecordRepairer repairer(Lists(), options);
         std::string said;
         for (const Repair& repair : repairer.PutRight(test.record)) said += Line(repair);
         leader_ = test.record.leader;
@@ -441,6 +446,32 @@ TEST_F(RecordRepairerTest, ChangesARecordInItsPlace) {
     EXPECT_EQ(record.bytes, "");
     EXPECT_EQ(record.fields[1].content, "10\037aTitle");
     EXPECT_EQ(record.fields[4].content, "co |||||||||||");
+}
+
+// The same bytes come again and again, but other fields may have a say in what becomes of them.
+TEST_F(RecordRepairerTest, OfARecordHasNothingOfThoseBefore) {
+    const std::string values[] = {With(kBook, 15, "   "), With(kBook, 15, "CH "),
+                                  With(kBook, 23, "?"), With(kBook, 35, "   "),
+                                  With(kBook, 29, "9")};
+    const Fields others = {{"260", "  \037aZagreb"},    {"044", "  \037asz"},  {"338", "  \037bcr"},
+                           {"041", "0 \037aspa"},       {"007", "ta"},         {"007", "t?"},
+                           {"006", "a9  j      000 1"}, {"245", "00\037aÜber"}};
+    RecordRepairer repairer(Lists(), {});
+    std::mt19937 random(8);
+    for (int round = 0; round < 300; ++round) {
+        const std::string leader = With(kLeader, 9, std::string(1, "a x"[random() % 3]));
+        Fields fields = {{"008", values[random() % std::size(values)]}};
+        for (const auto& other : others) {
+            if (random() % 3 == 0) fields.push_back(other);
+        }
+        SCOPED_TRACE("round " + std::to_string(round));
+        Fields alone = fields;
+        const std::string said = Repaired(leader, alone);
+        const std::string leaderAlone = leader_;
+        ASSERT_EQ(Repaired(repairer, leader, fields), said);
+        ASSERT_EQ(fields, alone);
+        ASSERT_EQ(leader_, leaderAlone);
+    }
 }
 
 // Whatever the bytes: a repair leaves nothing to repair, and nothing but coded fields changed.

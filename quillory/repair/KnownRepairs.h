@@ -1,0 +1,55 @@
+#pragma once
+
+#include <quillory/repair/FieldElements.h>
+#include <quillory/repair/Repair.h>
+
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+namespace quillory {
+
+// Remembers the repairs of a run of elements by the bytes that it has: mostly none. What is new
+// takes the place of something older, so their number is bounded.
+class KnownRepairs {
+public:
+    // `judge` finds out the repairs of bytes that are not known, and says whether they are the same
+    // in any record. The result holds until the next call.
+    template <class Judge>
+    const std::vector<Repair>& Get(const ElementRun& run, std::string_view bytes, Judge judge) {
+        if (bytes.size() != run.size || bytes.size() > ElementRun::kMost) {
+            others_.clear();
+            judge(others_);
+            return others_;
+        }
+        std::uint64_t number = 0;
+        std::memcpy(&number, bytes.data(), bytes.size());
+        Known& known = known_[PlaceOf(run, number)];
+        if (known.run == &run && known.number == number) return known.repairs;
+        known.repairs.clear();
+        known.run = judge(known.repairs) ? &run : nullptr;
+        known.number = number;
+        return known.repairs;
+    }
+
+private:
+    struct Known {
+        const ElementRun* run = nullptr;
+        std::uint64_t number = 0;  // made of the bytes
+        std::vector<Repair> repairs;
+    };
+
+    static constexpr std::size_t kMost = 4096;
+
+    static std::size_t PlaceOf(const ElementRun& run, std::uint64_t number) {
+        constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;  // spreads neighbouring numbers
+        const auto address = reinterpret_cast<std::uintptr_t>(&run);
+        return ((number ^ address) * kOdd >> 32) % kMost;
+    }
+
+    std::vector<Known> known_{kMost};
+    std::vector<Repair> others_;  // of a run that is too wide, or cut short
+};
+
+}  // namespace quillory
