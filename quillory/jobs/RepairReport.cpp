@@ -1,6 +1,5 @@
 #include <quillory/jobs/RepairReport.h>
 
-#include <functional>
 #include <utility>
 
 namespace quillory {
@@ -13,23 +12,20 @@ std::string GeneralPlace(const Repair& repair) {
 
 std::size_t RepairCounter::HashOfKind::operator()(const Kind& kind) const {
     constexpr std::size_t kFactor = 31;
-    std::size_t hash = std::hash<const void*>()(kind.element);
+    auto hash = static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(kind.element));
     hash = hash * kFactor + static_cast<std::size_t>(kind.repairClass);
-    hash = hash * kFactor + static_cast<std::size_t>(kind.place.first);
-    return hash * kFactor + kind.place.Number();
+    return hash * kFactor + static_cast<std::size_t>(kind.place.first);
 }
 
 RepairRow& RepairCounter::RowOf(const Repair& repair) {
     Kind kind{repair.repairClass, repair.kind == RepairKind::Left, repair.place, repair.element};
     kind.place.occurrence = 0;
-    const auto [known, isNew] = known_.try_emplace(kind, nullptr);
-    if (isNew) {
-        const std::string name = repair.element == nullptr ? "" : repair.element->name;
-        const RepairTotals::Key key{kind.repairClass, kind.isLeft,
-                                    PlaceText(kind.place) + " " + name};
-        known->second = &totals_.rows.try_emplace(key, RepairRow{repair}).first->second;
-    }
-    return *known->second;
+    if (const auto known = known_.find(kind); known != known_.end()) return *known->second;
+    const std::string name = repair.element == nullptr ? "" : repair.element->name;
+    const RepairTotals::Key key{kind.repairClass, kind.isLeft, PlaceText(kind.place) + " " + name};
+    RepairRow& row = totals_.rows.try_emplace(key, RepairRow{repair}).first->second;
+    known_.emplace(kind, &row);
+    return row;
 }
 
 void RepairTotals::Add(const RepairTotals& later) {
