@@ -67,7 +67,7 @@ void CheckRepairOutputs(const RepairCommand& command) {
 
 Status RunRepair(const RepairCommand& command) {
     CheckRepairOutputs(command);
-    LoadWorkforms();
+    if (command.repair.repair.strict) LoadWorkforms();
     const CodeLists lists = LoadCodeLists();
     TerminalPort terminal;
     Reporter reporter(terminal, command.messages);
