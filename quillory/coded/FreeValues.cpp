@@ -3,7 +3,6 @@
 #include <zorby/elements/OffsetTables.h>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace quillory {
 namespace {
@@ -49,8 +48,8 @@ FreeValue ReadDayEntered(std::string_view value) {
     const int day = Number(value.substr(4, 2));
     const int year = (yy < kFirstYear ? 2000 : 1900) + yy;
     if (!IsDay(year, month, day)) return kMisfit;
-    char text[40];
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
+    std::string text = std::to_string(year);
+    text.append("-").append(value.substr(2, 2)).append("-").append(value.substr(4));
     return {text};
 }
 
