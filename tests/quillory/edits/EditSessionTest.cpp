@@ -51,6 +51,31 @@ TEST(EditSession, OneBurstIsOneStep) {
     EXPECT_EQ(session.Now().fields[1].content, "10\037aCaf");
 }
 
+TEST(EditSession, AStepThatItsGateRefusesIsNotMade) {
+    const TestRecord record(kMarc8);
+    EditSession session(record.record);
+    session.Remove(1);
+    session.Remove(1);
+    session.Undo();
+    const RecordState before = session.Now();
+    std::vector<std::size_t> wanted;  // fields of the records that were refused
+    session.SetGate([&](const RecordState& state) {
+        wanted.push_back(state.fields.size());
+        return false;
+    });
+    const RecordState tried = session.Try([&] { session.Remove(0); });
+    EXPECT_EQ(tried.fields.size(), 2U);
+    EXPECT_TRUE(wanted.empty());
+    session.Become(before);
+    EXPECT_TRUE(wanted.empty());  // which is no step
+    session.Undo();
+    session.Redo();
+    session.Insert(0, "100", "1 \037aA.");
+    EXPECT_EQ(wanted, (std::vector<std::size_t>{4, 2, 4}));
+    EXPECT_EQ(session.Now(), before);
+    EXPECT_TRUE(session.CanUndo() && session.CanRedo());
+}
+
 TEST(EditSession, WhatWasSavedIsNoChange) {
     const TestRecord record(kMarc8);
     EditSession session(record.record);

@@ -1,6 +1,7 @@
 #include <quillory/exchange/Output.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/jobs/EditJournal.h>
+#include <quillory/jobs/FileApart.h>
 
 #include <gtest/gtest.h>
 
@@ -8,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <set>
 #include <sys/resource.h>
 #include <tests/quillory/Records.h>
 #include <tests/quillory/exchange/TemporaryFile.h>
@@ -169,6 +171,15 @@ TEST_F(EditJournalTest, JournalsOfOlderDesksAreFound) {
     }
     fs::rename(File(), Folder() / "new-4711-1-00000000653a1b2c.journal");
     EXPECT_EQ(EditJournal(Folder(), "", Writers::kMany).Left().size(), 1U);
+}
+
+TEST_F(EditJournalTest, EachFileApartHasANameOfItsOwn) {
+    fs::create_directories(Folder());
+    std::set<std::string> paths;
+    for (int i = 0; i < 5; ++i) paths.insert(MakeFileApart(Folder()));
+    EXPECT_EQ(paths.size(), 5U);
+    for (const std::string& path : paths) EXPECT_TRUE(fs::is_empty(path)) << path;
+    EXPECT_THROW(MakeFileApart(Folder() / "none"), FileError);
 }
 
 // A disk that is full in the middle of a change.
