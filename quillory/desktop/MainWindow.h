@@ -179,6 +179,8 @@ private:
     void WarnOfObstacle();
     EditSession::State TypedState();
     void KeepChanges();
+    KeptChange ChangeInHand(const RecordState& typed, bool isTouched);
+    void KeepIfNews(const KeptChange& change);
     void Keep(const KeptChange& change);
     void ForgetChanges();
     void TakeBackKept(std::size_t record);

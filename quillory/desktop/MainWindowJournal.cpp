@@ -99,26 +99,33 @@ EditSession::State MainWindow::TypedState() {
 // A record that is being changed is held, and what it is now is in the journal.
 void MainWindow::KeepChanges() {
     if (!current_ || !record_.CanChange()) return;
+    const RecordState typed = TypedState();
+    const EditSession& session = *record_.Session();
+    const bool isTouched = session.IsChanged() || typed != session.Now() || lines_->IsAhead();
+    if (isTouched && !document_->MayBecome(*current_, typed)) return;
+    Try([&] {
+        KeepIfNews(ChangeInHand(typed, isTouched));
+        if (!isTouched) document_->File().LetGo(*current_);
+    });
+}
+
+KeptChange MainWindow::ChangeInHand(const RecordState& typed, bool isTouched) {
     KeptChange change;
     change.record = document_->File().NumberOf(*current_);
     change.isNew = document_->File().IsNew(*current_);
-    change.state = TypedState();
-    const EditSession& session = *record_.Session();
-    const bool isTouched =
-        session.IsChanged() || change.state != session.Now() || lines_->IsAhead();
-    if (isTouched && !document_->MayBecome(*current_, change.state)) return;
-    Try([&] {
-        if (!change.isNew && isTouched) change.origin = document_->OriginOf(*current_);
-        const std::uint64_t sign = SignOf(change.state);
-        change.isTaken = !change.isNew && (!isTouched || sign == change.origin);
-        const auto known = kept_.find(*current_);
-        const bool isKept = known == kept_.end() ? change.isTaken : known->second == sign;
-        if (!isKept) {
-            Keep(change);
-            kept_[*current_] = sign;
-        }
-        if (!isTouched) document_->File().LetGo(*current_);
-    });
+    change.state = typed;
+    if (!change.isNew && isTouched) change.origin = document_->OriginOf(*current_);
+    change.isTaken = !change.isNew && (!isTouched || SignOf(typed) == change.origin);
+    return change;
+}
+
+void MainWindow::KeepIfNews(const KeptChange& change) {
+    const std::uint64_t sign = SignOf(change.state);
+    const auto known = kept_.find(*current_);
+    const bool isKept = known == kept_.end() ? change.isTaken : known->second == sign;
+    if (isKept) return;
+    Keep(change);
+    kept_[*current_] = sign;
 }
 
 void MainWindow::Keep(const KeptChange& change) {
