@@ -49,13 +49,18 @@ public:
         NoteFile();
         inspector_.Compare(looked.number, look);
         if (look.heaviest && *look.heaviest <= failsOn_) status_ = kStatusFindings;
-        const CheckedRecord record{.item = *looked.item,
+        const CheckedRecord record{.item = looked.item != nullptr ? *looked.item : Named(looked),
                                    .remarks = look.remarks,
                                    .heaviest = look.heaviest,
                                    .numbers = look.numbers,
                                    .typeAndLevel = looked.typeAndLevel};
         totals_.Count(record);
         report_.TakeRecord(record);
+    }
+
+    // Whether an item has to stay until it is taken.
+    bool Needs(const LookedItem& looked, const RecordLook& look) const {
+        return !looked.isSound || !look.remarks.empty() || report_.NeedsRecords();
     }
 
     void Finish() {
@@ -79,6 +84,16 @@ private:
         if (item.kind != kItemRecord) report_.TakeDamage(item, FaultText(*item.fault));
     }
 
+    // A record that is not kept, by its name alone.
+    const Item& Named(const LookedItem& looked) {
+        named_.Begin(kItemRecord, looked.offset, {});
+        named_.number = looked.number;
+        if (!looked.controlNumber.empty()) {
+            named_.record.fields.push_back({"001", looked.controlNumber});
+        }
+        return named_;
+    }
+
     void NoteFile() {
         if (reporter_.File() == file_) return;
         file_ = reporter_.File();
@@ -92,6 +107,7 @@ private:
     std::vector<const Inspector*> inspectors_;
     std::string file_;
     RecordLook look_;
+    Item named_;
     CheckTotals totals_;
     Status status_ = kStatusWell;
 };
@@ -106,10 +122,13 @@ public:
     void Take(Item& item) override {
         Look(item, inspector_, reporter_, look_);
         if (!looked_ || steps_.size() != stepsWithLooked_) BeginLooked();
-        looked_->Add(item, look_);
+        LookedItem looked = LookedItem::Of(item);
+        keepsItem_ = run_.Needs(looked, look_);
+        if (!keepsItem_) looked.item = nullptr;
+        looked_->Add(looked, look_);
     }
 
-    bool KeepsItems() const override { return true; }
+    bool KeepsItems() const override { return keepsItem_; }
 
     void EndBatch() override { looked_.reset(); }
 
@@ -130,6 +149,7 @@ private:
     RecordLook look_;
     std::shared_ptr<LookedItems> looked_;  // of the last step; null before there is one
     std::size_t stepsWithLooked_ = 0;
+    bool keepsItem_ = true;  // the last one
 };
 
 }  // namespace

@@ -78,6 +78,9 @@ public:
 
     // How many findings by each rule, from the first on, it asks for.
     virtual std::uint64_t FindingsWanted() const { return RemarkLimit::kAll; }
+    // Whether it looks at records. If not, `item` of a record without fault may have its number,
+    // offset and control number alone.
+    virtual bool NeedsRecords() const { return true; }
     virtual void TakeRecord(const CheckedRecord& record) = 0;
     // Bytes that are no record, and what is wrong with them.
     virtual void TakeDamage(const Item& item, const std::string& reason) = 0;

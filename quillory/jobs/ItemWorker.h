@@ -24,7 +24,7 @@ public:
     // The item's bytes stay until the steps of its batch are done. The item stays, too, if the call
     // leaves a step.
     virtual void Take(Item& item) = 0;
-    // Whether all items stay, since a step is about several of them.
+    // Whether the item taken last stays, too, since a step that was left before is about it.
     virtual bool KeepsItems() const { return false; }
     // Leaves what remains to be done with the items taken since the last call to the steps.
     virtual void EndBatch() {}

@@ -6,16 +6,23 @@
 namespace quillory {
 
 LookedItem LookedItem::Of(const Item& item) {
-    const bool isRecord = item.kind == kItemRecord;
-    const TypeAndLevel typeAndLevel = isRecord ? TypeAndLevelOf(item.record) : TypeAndLevel();
-    return {&item, item.number, isRecord && !item.fault, typeAndLevel};
+    LookedItem looked{.item = &item,
+                      .number = item.number,
+                      .offset = item.offset,
+                      .controlNumber = {},
+                      .isSound = item.kind == kItemRecord && !item.fault,
+                      .typeAndLevel = {}};
+    if (item.kind == kItemRecord) {
+        looked.controlNumber = item.record.ControlNumber();
+        looked.typeAndLevel = TypeAndLevelOf(item.record);
+    }
+    return looked;
 }
 
-void LookedItems::Add(const Item& item, RecordLook& look) {
+void LookedItems::Add(const LookedItem& looked, RecordLook& look) {
     std::ranges::move(look.remarks, std::back_inserter(remarks_));
     numbers_.insert(numbers_.end(), look.numbers.begin(), look.numbers.end());
-    rows_.push_back(
-        {LookedItem::Of(item), remarks_.size(), numbers_.size(), look.heaviest, look.isUnimarc});
+    rows_.push_back({looked, remarks_.size(), numbers_.size(), look.heaviest, look.isUnimarc});
 }
 
 }  // namespace quillory

@@ -7,17 +7,20 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 namespace quillory {
 
-// An item that was looked at. What is needed of each stands here too: it takes long to fetch it
-// from where another thread has left the item.
+// An item that was looked at. What is needed of each record stands here too: it takes long to fetch
+// it from where another thread has left the item.
 struct LookedItem {
-    const Item* item;
-    std::uint64_t number;  // as in the item
-    bool isSound;          // a record without fault
+    const Item* item;  // null for a record without fault that is not kept
+    std::uint64_t number;
+    std::uint64_t offset;
+    std::string_view controlNumber;
+    bool isSound;  // a record without fault
     TypeAndLevel typeAndLevel;
 
     static LookedItem Of(const Item& item);
@@ -26,8 +29,8 @@ struct LookedItem {
 // What was found of items that follow one another, until it can be told in their order.
 class LookedItems {
 public:
-    // Keeps a pointer to the item; takes the remarks.
-    void Add(const Item& item, RecordLook& look);
+    // Takes the remarks.
+    void Add(const LookedItem& looked, RecordLook& look);
 
     // Calls `take(lookedItem, look)` for each item. It can be called once.
     template <class Take>

@@ -18,6 +18,8 @@ public:
         return ShowsAll() ? RemarkLimit::kAll : kShown;
     }
 
+    bool NeedsRecords() const override { return false; }
+
     void TakeRecord(const CheckedRecord& record) override {
         place_.clear();
         text_.clear();
