@@ -1,6 +1,6 @@
 #include <quillory/exchange/PlainXml.h>
 #include <quillory/text/PlainBytes.h>
-#include <quillory/text/Utf8.h>
+#include <quillory/text/Utf8Size.h>
 
 #include <algorithm>
 #include <utility>
@@ -28,6 +28,24 @@ bool HoldsBlank(std::string_view tag) {
     return tag.find(' ') != tag.npos;
 }
 
+// Whether a byte of text is a character that stands for itself, whatever is beside it.
+bool StandsAlone(char c) {
+    constexpr unsigned char kFirstBeyondAscii = 0x80;
+    if (static_cast<unsigned char>(c) >= kFirstBeyondAscii) return false;
+    return c < ' ' ? c == '\n' || c == '\t' : c != '&' && c != '<' && c != '>';
+}
+
+// Bytes of such characters, and of those beyond ASCII, at the front of a text.
+std::size_t SizeOfPlainRun(std::string_view text) {
+    std::size_t size = 0;
+    while (size < text.size()) {
+        const std::size_t next = StandsAlone(text[size]) ? 1 : XmlCharacterSize(text.substr(size));
+        if (next == 0) break;
+        size += next;
+    }
+    return size;
+}
+
 struct Entity {
     std::string_view name;
     char sign;
@@ -41,20 +59,6 @@ Entity EntityAt(std::string_view text) {
         if (text.starts_with(entity.name)) return entity;
     }
     return {};
-}
-
-// Whether a byte of text is a character that stands for itself, whatever is beside it.
-bool StandsAlone(char c) {
-    constexpr unsigned char kFirstBeyondAscii = 0x80;
-    if (static_cast<unsigned char>(c) >= kFirstBeyondAscii) return false;
-    return c < ' ' ? c == '\n' || c == '\t' : c != '&' && c != '<' && c != '>';
-}
-
-// The size of a character beyond ASCII that can stand in XML, 0 for anything else.
-std::size_t SizeOfCharacter(std::string_view text) {
-    const Utf8Char character = DecodeUtf8(text);
-    const bool isXml = character.codePoint != 0xFFFE && character.codePoint != 0xFFFF;
-    return character.valid && character.size > 1 && isXml ? character.size : 0;
 }
 
 }  // namespace
@@ -130,9 +134,7 @@ bool PlainXml::ReadAttributes(std::array<Attribute, kSize>& attributes) {
 bool PlainXml::Unescape(std::string_view text) {
     unescaped_.clear();
     while (!text.empty()) {
-        std::size_t size = 0;
-        while (size < text.size() && StandsAlone(text[size])) ++size;
-        if (size == 0) size = SizeOfCharacter(text);
+        std::size_t size = SizeOfPlainRun(text);
         if (text.starts_with('>') && !unescaped_.ends_with("]]")) size = 1;
         unescaped_.append(text.substr(0, size));
         if (size == 0) {

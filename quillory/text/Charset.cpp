@@ -1,8 +1,7 @@
 #include <quillory/text/Charset.h>
 #include <quillory/text/IconvConverter.h>
+#include <quillory/text/Utf8Size.h>
 #include <zorby/record/CommFormat.h>
-
-#include <utf8proc.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -15,12 +14,6 @@ namespace quillory {
 namespace {
 
 constexpr char kUtf8Label = 'a';
-
-// Bytes of the character at `p`; below 1 if no character begins there.
-std::ptrdiff_t SizeOfCharacter(const char* p, const char* end) {
-    utf8proc_int32_t codePoint = 0;
-    return utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(p), end - p, &codePoint);
-}
 
 // Where the first byte beyond ASCII stands, or `end`.
 const char* PastAscii(const char* p, const char* end) {
@@ -98,8 +91,8 @@ std::size_t FindInvalidUtf8(std::string_view text) {
     const char* p = text.data();
     const char* const end = p + text.size();
     while ((p = PastAscii(p, end)) != end) {
-        const std::ptrdiff_t size = SizeOfCharacter(p, end);
-        if (size < 1) return static_cast<std::size_t>(p - text.data());
+        const std::size_t size = Utf8Size({p, end});
+        if (size == 0) return static_cast<std::size_t>(p - text.data());
         p += size;
     }
     return text.npos;
@@ -109,9 +102,9 @@ void CountUtf8(std::string_view text, Utf8Counts& counts) {
     const char* p = text.data();
     const char* const end = p + text.size();
     while ((p = PastAscii(p, end)) != end) {
-        const std::ptrdiff_t size = SizeOfCharacter(p, end);
-        ++(size < 1 ? counts.invalid : counts.valid);
-        p += size < 1 ? 1 : size;
+        const std::size_t size = Utf8Size({p, end});
+        ++(size == 0 ? counts.invalid : counts.valid);
+        p += std::max<std::size_t>(size, 1);
     }
 }
 

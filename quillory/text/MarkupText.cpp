@@ -2,6 +2,7 @@
 #include <quillory/text/MarkupText.h>
 #include <quillory/text/PlainBytes.h>
 #include <quillory/text/Utf8.h>
+#include <quillory/text/Utf8Size.h>
 
 #include <array>
 #include <cstdio>
@@ -82,12 +83,23 @@ void AppendJsonCharacter(char32_t codePoint, std::string_view bytes, std::string
     }
 }
 
+// Bytes at the front of a text that are copied as they are.
+std::size_t SizeOfRun(std::string_view text, const ByteSet& plain) {
+    std::size_t size = 0;
+    while (size < text.size()) {
+        const bool isPlain = plain[static_cast<unsigned char>(text[size])];
+        const std::size_t next = isPlain ? 1 : XmlCharacterSize(text.substr(size));
+        if (next == 0) break;
+        size += next;
+    }
+    return size;
+}
+
 template <typename AppendCharacter>
 void AppendText(std::string_view text, const ByteSet& plain, AppendCharacter appendCharacter,
                 std::string& out, Losses& losses) {
     for (;;) {
-        std::size_t run = 0;
-        while (run < text.size() && plain[static_cast<unsigned char>(text[run])]) ++run;
+        const std::size_t run = SizeOfRun(text, plain);
         out.append(text.substr(0, run));
         text.remove_prefix(run);
         if (text.empty()) return;

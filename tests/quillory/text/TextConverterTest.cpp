@@ -1,6 +1,7 @@
 #include <quillory/text/CharacterReference.h>
 #include <quillory/text/QmUnicode.h>
 #include <quillory/text/TextConverter.h>
+#include <quillory/text/Utf8Size.h>
 #include <zorby/charset/Convert.h>
 #include <zorby/charset/KeyTable.h>
 
@@ -284,6 +285,23 @@ TEST(TextConverter, AnyBytesGiveUtf8) {
         EXPECT_TRUE(IsValidUtf8(ToUtf8(text))) << testing::PrintToString(text);
         Convert(kCharsetUtf8, kCharsetMarc8, text);
         Convert(kCharsetLatin1, kCharsetMarc8, text);
+    }
+}
+
+TEST(Utf8, SizesAreThoseOfTheDecoder) {
+    for (unsigned both = 0; both < 0x10000; ++both) {
+        const std::string two{static_cast<char>(both >> 8), static_cast<char>(both & 0xFF)};
+        for (const char* const rest :
+             {"", "\x7F", "\x80", "\xBF", "\xBE\xC0", "\x80\xBF", "\xFF"}) {
+            const std::string text = two + rest;
+            const Utf8Char decoded = DecodeUtf8(text);
+            ASSERT_EQ(Utf8Size(text), decoded.valid ? decoded.size : 0U)
+                << testing::PrintToString(text);
+            const bool isXml = decoded.valid && decoded.size > 1 && decoded.codePoint != 0xFFFE &&
+                               decoded.codePoint != 0xFFFF;
+            ASSERT_EQ(XmlCharacterSize(text), isXml ? decoded.size : 0U)
+                << testing::PrintToString(text);
+        }
     }
 }
 
