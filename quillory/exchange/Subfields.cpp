@@ -27,7 +27,8 @@ FieldShape ShapeOf(const zorby::CommFormatField& field) {
 
 Subfield SubfieldOf(std::string_view part) {
     part.remove_prefix(1);
-    const std::size_t codeSize = DecodeUtf8(part).size;
+    const bool isAscii = !part.empty() && static_cast<unsigned char>(part.front()) < 0x80;
+    const std::size_t codeSize = isAscii ? 1 : DecodeUtf8(part).size;
     return {part.substr(0, codeSize), part.substr(codeSize)};
 }
 

@@ -43,8 +43,8 @@ void FieldCounts::Add(const Record& record) {
             ++subfields_;
             counts.codes[static_cast<unsigned char>(code)].Add(records_);
         });
-        if (!field.IsDataField() || field.content.size() < 2) continue;
-        for (std::size_t i = 0; i < 2; ++i) {
+        if (TagNumber(field.tag) == kNoTag || field.content.size() < kIndicators) continue;
+        for (std::size_t i = 0; i < kIndicators; ++i) {
             counts.indicators[i][static_cast<unsigned char>(field.content[i])].Add(records_);
         }
     }
