@@ -51,6 +51,11 @@ count_records() {
     tr -dc '\035' < "$1" | wc -c
 }
 
+# The same in MARCXML.
+count_xml() {
+    grep -c '</record>' "$1"
+}
+
 # What a check says at its end.
 count_checked() {
     sed -nE 's/^([0-9]+) records? checked.*/\1/p' "$1"
@@ -77,10 +82,12 @@ quotient() {
     awk -v a="$1" -v b="$2" -v digits="$3" 'BEGIN { printf "%.*f", digits, a / b }'
 }
 
-# row JOB AIM FILE [PEER COUNT]: times both, whose commands stand in the arrays ours and theirs. PEER
-# is the other program's name, COUNT finds in an output how many records came through.
+# row JOB AIM FILE [PEER COUNT COUNT_IN]: times both, whose commands stand in the arrays ours and
+# theirs. PEER is the other program's name, COUNT finds in an output how many records came through,
+# COUNT_IN how many are in the file.
 row() {
     local job=$1 aim=$2 file=$3 name=${4-yaz-marcdump} count=${5-count_records} round records size
+    local count_in=${6-count_records}
     local our_records their_records=- peer=${theirs[0]}
     measure "$work/ours" "${ours[@]}" > /dev/null
     our_records=$("$count" "$work/ours")
@@ -94,7 +101,7 @@ row() {
         measure /dev/null "${ours[@]}" >> "$work/ours.runs"
         [[ -z $peer ]] || measure /dev/null "${theirs[@]}" >> "$work/theirs.runs"
     done
-    records=$(count_records "$file")
+    records=$("$count_in" "$file")
     size=$(stat -c %s "$file")
     local our_time their_time peak ratio=-
     our_time=$(cut -d' ' -f1 "$work/ours.runs" | least)
@@ -154,13 +161,23 @@ convert utf8 "$utf8" "$marc8"
 printf '%-17s %-13s %12s %8s %7s %6s %s\n' job program records/s MB/s ratio aim 'peak memory'
 ours=("$quillory" convert --quiet --to marc "$marc8")
 theirs=("$yaz" -o marc "$marc8")
-row 'marc to marc' 5 "$marc8"
+row 'marc to marc' 12 "$marc8"
 ours=("$quillory" convert --quiet --to marc --from-charset marc8 --to-charset utf8 "$marc8")
 theirs=("$yaz" -f MARC-8 -t UTF-8 -o marc -l "9=97" "$marc8")
-row 'MARC-8 to UTF-8' 8 "$marc8"
+row 'MARC-8 to UTF-8' 18 "$marc8"
 ours=("$quillory" convert --quiet --to marc --from-charset utf8 --to-charset marc8 "$utf8")
 theirs=("$yaz" -f UTF-8 -t MARC-8 -o marc -l "9=32" "$utf8")
-row 'UTF-8 to MARC-8' 10 "$utf8"
+row 'UTF-8 to MARC-8' 20 "$utf8"
+# XML takes three times the room, and any reader of it its time.
+repeat "$((megabytes / 5))" "$work/part.mrc"
+xml=$work/part.xml
+"$quillory" convert --quiet --to marcxml -o "$xml" "$work/part.mrc"
+ours=("$quillory" convert --quiet --from-charset marc8 --to marcxml "$work/part.mrc")
+theirs=("$yaz" -f MARC-8 -t UTF-8 -o marcxml "$work/part.mrc")
+row 'marc to MARCXML' 10 "$work/part.mrc" yaz-marcdump count_xml
+ours=("$quillory" convert --quiet --to marc "$xml")
+theirs=("$yaz" -i marcxml -o marc "$xml")
+row 'MARCXML to marc' 10 "$xml" yaz-marcdump count_records count_xml
 # No other tool repairs coded fields, so this is compared with carrying the same records unchanged.
 ours=("$quillory" repair --quiet --to marc "$marc8")
 theirs=("$quillory" convert --quiet --to marc "$marc8")
