@@ -220,6 +220,7 @@ FaultCode MrkReader::ReadData(std::string_view text) {
     for (std::size_t i = 0; i < 2; ++i) {
         if (text.empty()) return FaultCode::kNoIndicators;
         text_ += ReadIndicator(text);
+        if (text_.back() == kDelimiter) return FaultCode::kIndicatorIsDelimiter;
     }
     if (!text.empty() && text.front() != '$') return FaultCode::kTextBeforeSubfields;
     for (std::size_t at = 0; at < text.size(); at = std::min(text.find('$', at + 2), text.size())) {

@@ -159,6 +159,8 @@ TEST(Mrk, NamesBadLines) {
         {"=245  10$aNo leader\n", "no line for the leader (=LDR)"},
         {"=LDR  x\n245  10$aText\n", "a line that does not begin with = and a tag"},
         {"=LDR  x\n=245  1\n", "245: a data field without two indicators"},
+        {"=LDR  x\n=245  {1F}1$aText\n", "245: a delimiter (0x1F) as an indicator"},
+        {"=LDR  x\n=245  1\x1F$aText\n", "245: a delimiter (0x1F) as an indicator"},
         {"=LDR  x\n=245  10Text\n", "245: text before the first subfield ($)"},
         {"=LDR  x\n=245  10$aText$\n", "245: a delimiter ($) without a subfield code"},
         {"=LDR  x\n=245  10$aText$$b\n", "245: a delimiter ($) without a subfield code"},
