@@ -159,8 +159,9 @@ bool MarcXmlReader::BeginNextDocument(Item& item) {
     const auto stop = static_cast<std::size_t>(records_->WhatFailed()->offset - input_.Offset());
     const std::size_t start = input_.Peek(known).substr(0, known).rfind(kDeclaration, stop);
     if (start == std::string_view::npos) return false;
-    fed_ = input_.Offset() + start;
-    begin_ = fed_;
+    const std::uint64_t next = input_.Offset() + start;
+    if (next == begin_) return false;
+    fed_ = begin_ = next;
     fedAll_ = false;
     inDamage_ = false;
     records_.emplace(fed_);

@@ -195,6 +195,8 @@ TEST(MarcXml, AnotherDocumentMayFollow) {
     EXPECT_TRUE(Story(ReadAll(kXml, one + one.substr(0, one.find("<collection")) + "<collection>"))
                     .starts_with("a |  "));
     EXPECT_TRUE(Story(ReadAll(kXml, "<collection>" + one)).starts_with(" "));
+    EXPECT_EQ(Story(ReadAll(kXml, Xml("") + one)), "a");
+    EXPECT_TRUE(Story(ReadAll(kXml, Xml("") + "text")).starts_with(" ")) << "and comes to an end";
 }
 
 TEST(MarcXml, NamesWhatIsWrongAndGoesOn) {
