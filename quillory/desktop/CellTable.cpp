@@ -53,6 +53,10 @@ CellTable::CellTable(CellBoxes* boxes, QWidget* parent) : QTableView(parent), bo
     setItemDelegate(boxes);
 }
 
+void CellTable::Open(const QModelIndex& index) {
+    if (index.flags().testFlag(Qt::ItemIsEditable)) edit(index, AllEditTriggers, nullptr);
+}
+
 void CellTable::commitData(QWidget* editor) {
     if (editor == Box()) QTableView::commitData(editor);
 }

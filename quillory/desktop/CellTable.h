@@ -43,6 +43,9 @@ public:
 
     QWidget* Box() const { return boxes_->Box(); }
     void Finish() { boxes_->Finish(); }
+    // Opens the box of a cell that can be changed. Where a click is about to open the box of the
+    // current cell, that is left to the click.
+    void Open(const QModelIndex& index);
 
 protected:
     void commitData(QWidget* editor) override;

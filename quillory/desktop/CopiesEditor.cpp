@@ -170,9 +170,7 @@ void CopiesEditor::Add(bool isLikeThis) {
     const QString barCode = NextBarCode();
     model_->New(isLikeThis && now.isValid() ? std::optional(now.row()) : std::nullopt, barCode);
     GoToBarCode(Count() - 1);
-    if (barCode.isEmpty() && table_->currentIndex().isValid()) {
-        table_->edit(table_->currentIndex());
-    }
+    if (barCode.isEmpty()) table_->Open(table_->currentIndex());
 }
 
 void CopiesEditor::GoToBarCode(int row) {

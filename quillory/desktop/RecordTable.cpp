@@ -132,7 +132,7 @@ void RecordTable::Edit(const QModelIndex& index) {
     setCurrentIndex(index);
     scrollTo(index);
     setFocus();
-    if (model_->flags(index).testFlag(Qt::ItemIsEditable)) edit(index);
+    Open(index);
 }
 
 void RecordTable::AddField(std::string_view tag) {
