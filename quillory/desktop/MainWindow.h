@@ -174,6 +174,8 @@ private:
     void RefreshHolders();
     void ReadAgain();
     void KeepRefused(std::size_t record, const RecordState& wanted, const QString& why);
+    void WriteRefused(std::size_t record, const RecordState& wanted);
+    void KeepTypedSince();
     void ShowRefused(const Document* document, const QString& why);
 
     void WarnOfObstacle();

@@ -112,19 +112,32 @@ void MainWindow::ReadAgain() {
 void MainWindow::KeepRefused(std::size_t record, const RecordState& wanted, const QString& why) {
     Try([&] {
         if (refused_.empty()) refusedPath_ = MakeFileApart(JournalFolder());
-        const bool isText = record == current_ && lines_->IsAhead();
-        refused_[record] =
-            isText ? lines_->Box().toPlainText().toStdString() + "\n\n" : LinesOf(wanted);
-        std::string lines;
-        for (const auto& [number, text] : refused_) lines += text;
-        WriteOutput(refusedPath_, lines);
+        WriteRefused(record, wanted);
         if (refused_.size() > 1) return;
         const Document* document = document_.get();
         QTimer::singleShot(0, this, [this, document, why] { ShowRefused(document, why); });
     });
 }
 
+void MainWindow::WriteRefused(std::size_t record, const RecordState& wanted) {
+    const bool isText = record == current_ && lines_->IsAhead();
+    refused_[record] =
+        isText ? lines_->Box().toPlainText().toStdString() + "\n\n" : LinesOf(wanted);
+    std::string lines;
+    for (const auto& [number, text] : refused_) lines += text;
+    WriteOutput(refusedPath_, lines);
+}
+
+// Keys may have come since the step was refused.
+void MainWindow::KeepTypedSince() {
+    if (!current_ || !refused_.contains(*current_) || record_.Session() == nullptr) return;
+    const RecordState typed = TypedState();
+    const bool isTyped = typed != record_.Session()->Now() || lines_->IsAhead();
+    if (isTyped) Try([&] { WriteRefused(*current_, typed); });
+}
+
 void MainWindow::ShowRefused(const Document* document, const QString& why) {
+    if (document == document_.get()) KeepTypedSince();
     const auto refused = std::exchange(refused_, {});
     if (document == document_.get()) {
         for (const auto& [record, lines] : refused) {

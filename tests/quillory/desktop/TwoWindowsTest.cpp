@@ -5,6 +5,7 @@
 #include <quillory/jobs/EditJournal.h>
 #include <quillory/jobs/StoredRecords.h>
 #include <quillory/store/RecordHistory.h>
+#include <quillory/store/RecordLocks.h>
 #include <quillory/store/Schema.h>
 #include <quillory/store/Summary.h>
 
@@ -116,6 +117,33 @@ TEST_F(TwoWindowsTest, ARecordThatTheOtherChangesIsOnlyReadUntilItIsSaved) {
     TypeAndTake(*other_, " Second");
     Save(*other_);
     EXPECT_TRUE(IsStored(1, "Jane Doe. First Second"));
+}
+
+TEST_F(TwoWindowsTest, NoKeyIsLostWhereTypingComesTooLate) {
+    TypeAt(*other_, "245 $c", " Mine ");
+    RecordLocks locks(StorePath());
+    ASSERT_TRUE(locks.Lock(1));
+    std::size_t typed = 0;
+    QTimer typist;
+    QObject::connect(&typist, &QTimer::timeout, [&] {
+        QWidget* box = QApplication::focusWidget();
+        if (box == &other_->Table() || !other_->Table().isAncestorOf(box)) return;
+        // Comes when the timers that are due now have done their work.
+        QMetaObject::invokeMethod(
+            box,
+            [&typed, box] {
+                QTest::keyClick(box, Qt::Key_X);
+                ++typed;
+            },
+            Qt::QueuedConnection);
+    });
+    typist.start(0);
+    EXPECT_TRUE(Comes([&] { return !other_->Messages().Text().isEmpty(); }));
+    typist.stop();
+    EXPECT_GT(typed, 0U);
+    const std::string kept = KeptApart(*other_);
+    EXPECT_NE(kept.find(" Mine " + std::string(typed, 'x') + '\n'), kept.npos) << typed << kept;
+    EXPECT_EQ(Cell(*other_, "245 $c"), "Jane Doe.");
 }
 
 TEST_F(TwoWindowsTest, ARecordIsFreeWhenItsChangesAreUndoneOrItsWindowCloses) {
