@@ -34,7 +34,8 @@ std::optional<TextRange> RangeOf(std::size_t begin, std::size_t size) {
     return TextRange{begin, begin + size};
 }
 
-// The library's own search. Its ends are the first and the last byte, or past the last one.
+// The library's own search. Its ends are the first and the last byte, or past the last one. A star
+// at the front reaches back to the beginning of the text, and here to where the search starts.
 std::optional<TextRange> FindLike(std::string_view text, std::string_view pattern,
                                   std::size_t from) {
     auto position = static_cast<int>(from);
@@ -47,7 +48,7 @@ std::optional<TextRange> FindLike(std::string_view text, std::string_view patter
         return std::nullopt;
     }
     const auto end = std::min(static_cast<std::size_t>(last) + 1, text.size());
-    return TextRange{std::min(static_cast<std::size_t>(first), end), end};
+    return TextRange{std::min(std::max(static_cast<std::size_t>(first), from), end), end};
 }
 
 }  // namespace

@@ -242,6 +242,7 @@ TEST(Query, ShowsWhatItFound) {
     EXPECT_EQ(HitsOf("245a starts riv and 245a ends ':' and not has 500", kBook),
               "245 $a=<Riv>ers of \xC3\x89urope :|245 $a=Rivers of \xC3\x89urope <:>|");
     EXPECT_EQ(HitsOf("245a matches '[a-z]+'", kMap), "245 $a=<Carte> <de> <l>'<\xC3\xA9tranger>|");
+    EXPECT_EQ(HitsOf("245a like '*e'", kBook), "245 $a=<Rive><rs of \xC3\x89><urope> :|");
     EXPECT_EQ(HitsOf("245a like 'of*eu'", kBook), "245 $a=Rivers <of \xC3\x89u>rope :|");
     EXPECT_EQ(HitsOf("300a > 3", kBook), "300 $a=304 p. :|");
     EXPECT_EQ(HitsOf("not has 900", kBook), "");
