@@ -82,7 +82,8 @@ std::optional<EditTask> Read(std::string_view toml) {
         return ReadTask(toml, "task", {{Lists, HoldingsSystemNamed}, ConditionOf});
     } catch (const FileError& error) {
         const std::string_view text = error.what();
-        Expect(text.starts_with("task:"), "a fault in a task names its place");
+        const bool namesPlace = text.starts_with("task:") || text.starts_with("task, line ");
+        Expect(namesPlace, "a fault in a task names its place");
         return std::nullopt;
     }
 }
