@@ -29,7 +29,7 @@ void RecordLocks::UnlockAll() {
 std::string RecordLocks::HolderElsewhere(std::int64_t id) const {
     const auto written = places_.HolderElsewhere(id);
     if (!written) return {};
-    const std::string text(written->c_str());
+    const std::string text = written->substr(0, written->find('\0'));
     return text.empty() ? kUnknownHolder : text;
 }
 

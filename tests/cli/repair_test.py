@@ -142,7 +142,7 @@ class Repair(Cli):
         self.environment("QUILLORY_DATA", self.folder)
         status, _, err = run("repair", source, "-o", out)
         self.assertEqual(status, 2)
-        self.assertIn("zorby.ttm", err)
+        self.assertIn("marc21-codes.tsv", err)
 
 
 class AnyBytes(Cli):
