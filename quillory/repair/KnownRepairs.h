@@ -2,6 +2,7 @@
 
 #include <quillory/repair/FieldElements.h>
 #include <quillory/repair/Repair.h>
+#include <quillory/repair/TablePlace.h>
 
 #include <cstdint>
 #include <cstring>
@@ -25,7 +26,7 @@ public:
         }
         std::uint64_t number = 0;
         std::memcpy(&number, bytes.data(), bytes.size());
-        Known& known = known_[PlaceOf(run, number)];
+        Known& known = known_[TablePlace(&run, number, kMost)];
         if (known.run == &run && known.number == number) return known.repairs;
         known.repairs.clear();
         known.run = judge(known.repairs) ? &run : nullptr;
@@ -41,12 +42,6 @@ private:
     };
 
     static constexpr std::size_t kMost = 4096;
-
-    static std::size_t PlaceOf(const ElementRun& run, std::uint64_t number) {
-        constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;  // spreads neighbouring numbers
-        const auto address = reinterpret_cast<std::uintptr_t>(&run);
-        return ((number ^ address) * kOdd >> 32) % kMost;
-    }
 
     std::vector<Known> known_{kMost};
     std::vector<Repair> others_;  // of a run that is too wide, or cut short

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/coded/Elements.h>
+#include <quillory/repair/TablePlace.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -20,7 +21,7 @@ public:
         if (value.size() >= sizeof(std::uint64_t)) return find();
         std::uint64_t number = 1;  // keeps values of different lengths apart
         for (const char c : value) number = number << 8 | static_cast<unsigned char>(c);
-        Known& known = known_[PlaceOf(element, number)];
+        Known& known = known_[TablePlace(&element, number, kMost)];
         if (known.element != &element || known.value != number) known = {&element, number, find()};
         return known.answer;
     }
@@ -33,12 +34,6 @@ private:
     };
 
     static constexpr std::size_t kMost = 1024;
-
-    static std::size_t PlaceOf(const Element& element, std::uint64_t value) {
-        constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;  // spreads neighbouring numbers
-        const auto address = reinterpret_cast<std::uintptr_t>(&element);
-        return ((value ^ address) * kOdd >> 32) % kMost;
-    }
 
     std::vector<Known> known_{kMost};
 };
