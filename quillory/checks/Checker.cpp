@@ -70,7 +70,7 @@ void Checker::Check(const Record& record, const RecordInHand& inHand,
     facts.leader = record.leader;
     const bool isBibliographic = IsBibliographic(record.leader);
     for (const CheckedField& field : inHand.Fields()) {
-        const ChecksOfRole& ofRole = checks_[inHand.OwnRuleOf(field).role];
+        const ChecksOfRole& ofRole = checks_[field.rule->role];
         if (field.content.size() >= ofRole.leastSize) {
             for (const FieldCheck& check : ofRole.checks) {
                 if (field.content.size() < check.leastSize) continue;

@@ -58,7 +58,7 @@ void CheckTitles(const FieldInHand& inHand, FindingSink& findings) {
 
 // A linked field has the subfields of the field whose text it gives in another script.
 const FieldRule& RuleFor(const FieldInHand& inHand) {
-    const FieldRule* rule = &inHand.OwnRule();
+    const FieldRule* rule = inHand.field.rule;
     if (rule->role != kRoleLinked) return *rule;
     for (const auto& [code, text] : inHand.Subfields()) {
         const unsigned tag = code == '6' ? TagNumber(text.substr(0, kTagSize)) : kNoTag;
@@ -90,10 +90,10 @@ void CheckDictionary(const FieldInHand& inHand, FindingSink& findings) {
     const CheckedField& field = inHand.field;
     const bool isNumber = field.number != kNoTag;
     const bool isKnown =
-        isNumber ? inHand.OwnRule().isKnown : inHand.allowsLocal && IsMadeUpTag(field.tag);
+        isNumber ? field.rule->isKnown : inHand.allowsLocal && IsMadeUpTag(field.tag);
     if (!isKnown) findings.Add(EC_NotMARC, field.GetPlace());
     if (!isKnown || !isNumber) return;
-    if (!inHand.OwnRule().isRepeatable && field.occurrence > 1) {
+    if (!field.rule->isRepeatable && field.occurrence > 1) {
         findings.Add(EC_NotRepeatable, field.GetPlace());
     }
     if (field.IsData()) CheckSubfields(inHand, findings);

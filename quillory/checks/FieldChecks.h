@@ -17,7 +17,6 @@ struct FieldInHand {
     const RecordFacts& facts;  // what came before the field
     bool allowsLocal;          // fields and subfields that the format leaves to libraries
 
-    const FieldRule& OwnRule() const { return record.OwnRuleOf(field); }
     std::span<const SubfieldInHand> Subfields() const { return record.SubfieldsOf(field); }
 };
 

@@ -16,18 +16,20 @@ using BlockBits = OddBytes::BlockBits;
 constexpr std::size_t kBlock = OddBytes::kBlock;
 
 #ifdef __SSE2__
-// Bytes from 0x80 on are negative.
-BlockBits OddOfSixteen(const char* bytes) {
+// One more than an odd byte is at most a blank, since bytes from 0x80 on are negative.
+std::uint32_t OddOfSixteen(const char* bytes) {
     __m128i block;
     std::memcpy(&block, bytes, sizeof block);
-    const __m128i isBelow = _mm_cmplt_epi8(block, _mm_set1_epi8(0x20));
-    const __m128i isDelete = _mm_cmpeq_epi8(block, _mm_set1_epi8(0x7F));
-    return static_cast<std::uint16_t>(_mm_movemask_epi8(_mm_or_si128(isBelow, isDelete)));
+    const __m128i oneMore = _mm_add_epi8(block, _mm_set1_epi8(1));
+    const __m128i isOdd = _mm_cmplt_epi8(oneMore, _mm_set1_epi8(' ' + 1));
+    return static_cast<std::uint32_t>(_mm_movemask_epi8(isOdd));
 }
 
 BlockBits OddOfBlock(const char* bytes) {
-    return OddOfSixteen(bytes) | OddOfSixteen(bytes + 16) << 16 | OddOfSixteen(bytes + 32) << 32 |
-           OddOfSixteen(bytes + 48) << 48;
+    constexpr int kHalf = 32;
+    const std::uint32_t first = OddOfSixteen(bytes) | OddOfSixteen(bytes + 16) << 16;
+    const std::uint32_t second = OddOfSixteen(bytes + 32) | OddOfSixteen(bytes + 48) << 16;
+    return BlockBits{second} << kHalf | first;
 }
 #else
 BlockBits OddOfBlock(const char* bytes) {

@@ -30,7 +30,7 @@ struct RecordFacts {
 
     // Takes in a field of the record.
     void Take(const RecordInHand& record, const CheckedField& field) {
-        const FieldRule& rule = record.OwnRuleOf(field);
+        const FieldRule& rule = *field.rule;
         if (field.number == kTag008 && field.occurrence == 1) field008 = field.content;
         hasHoldings = hasHoldings || rule.isHoldings;
         if (rule.role != kRoleOther) TakeInRole(rule.role, record, field);

@@ -72,7 +72,7 @@ void RecordInHand::Take(const Record& record) {
         const unsigned number = TagNumber(tag);
         const std::uint32_t occurrence = Count(tag, number);
         CheckedField& field = NextField();
-        field.Begin(tag, content, number, occurrence);
+        field.Begin(tag, content, number, RuleOf(number), occurrence);
         field.firstSubfield = static_cast<std::uint32_t>(usedSubfields_);
         if (number >= kFirstDataTag) {
             TakeSubfields(field);
@@ -97,7 +97,7 @@ std::string_view RecordInHand::TextOf(const CheckedField& field, char code) cons
 }
 
 const FieldRule& RecordInHand::RuleFor(const CheckedField& field) const {
-    const FieldRule& own = OwnRuleOf(field);
+    const FieldRule& own = *field.rule;
     if (own.role != kRoleLinked) return own;
     const unsigned tag = TagNumber(TextOf(field, '6').substr(0, kTagSize));
     return tag != kNoTag && RuleOf(tag).isKnown ? RuleOf(tag) : own;

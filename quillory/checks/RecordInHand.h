@@ -23,7 +23,8 @@ struct SubfieldInHand {
 struct CheckedField {
     std::string_view tag;
     std::string_view content;
-    unsigned number = kNoTag;  // of the tag
+    unsigned number = kNoTag;         // of the tag
+    const FieldRule* rule = nullptr;  // of the tag; never null in a record in hand
     std::uint32_t occurrence = 0;
     std::uint32_t firstSubfield = 0;
     std::uint32_t subfields = 0;
@@ -34,10 +35,11 @@ struct CheckedField {
 
     // Makes it another field, without subfields.
     void Begin(std::string_view newTag, std::string_view newContent, unsigned newNumber,
-               std::uint32_t newOccurrence) {
+               const FieldRule& newRule, std::uint32_t newOccurrence) {
         tag = newTag;
         content = newContent;
         number = newNumber;
+        rule = &newRule;
         occurrence = newOccurrence;
         firstSubfield = subfields = 0;
         codes = repeated = {};
@@ -96,7 +98,6 @@ public:
     // The first subfield of a code, of a field; empty if there is none.
     std::string_view TextOf(const CheckedField& field, char code) const;
     const FieldRule& RuleOf(unsigned tag) const { return rules_->Of(tag); }
-    const FieldRule& OwnRuleOf(const CheckedField& field) const { return RuleOf(field.number); }
     // What the field may have: for an 880 the rules of the field that it is linked to.
     const FieldRule& RuleFor(const CheckedField& field) const;
 

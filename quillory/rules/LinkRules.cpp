@@ -149,7 +149,7 @@ void CheckLinks(const RecordInHand& record, RemarkSink& remarks) {
     std::vector<Link> links;
     for (const CheckedField& field : record.Fields()) {
         if (!field.Has('6')) continue;
-        const bool isOfTheFormat = field.IsData() && !record.OwnRuleOf(field).hasAnyCodes;
+        const bool isOfTheFormat = field.IsData() && !field.rule->hasAnyCodes;
         if (!isOfTheFormat) continue;
         for (const auto& [code, text] : record.SubfieldsOf(field)) {
             if (code != '6') continue;

@@ -73,16 +73,15 @@ void CheckCodedFields(const FormatTable& table, const RecordInHand& record, Rema
 }
 
 // A field 1XX of the format for authority data.
-bool IsHeading(const RecordInHand& record, const CheckedField& field) {
-    const FieldRule& rule = record.OwnRuleOf(field);
-    return field.number / 100 == 1 && rule.isKnown && !rule.hasAnyCodes;
+bool IsHeading(const CheckedField& field) {
+    return field.number / 100 == 1 && field.rule->isKnown && !field.rule->hasAnyCodes;
 }
 
 // A second heading of the same tag is found as one that is not repeatable.
 void CheckHeadings(const RecordInHand& record, RemarkSink& remarks) {
     const CheckedField* heading = nullptr;
     for (const CheckedField& field : record.Fields()) {
-        if (field.number == kNoTag || !IsHeading(record, field)) continue;
+        if (field.number == kNoTag || !IsHeading(field)) continue;
         if (heading == nullptr) heading = &field;
         if (field.number == heading->number || field.occurrence > 1) continue;
         remarks.Add(RuleId::HeadingCount, field.GetPlace(),

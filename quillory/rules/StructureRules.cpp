@@ -56,7 +56,7 @@ void AddUndefinedField(const RecordInHand& record, const CheckedField& field, Re
 // "field 245"; of an 880 with the field to which it belongs.
 std::string FieldName(const RecordInHand& record, const CheckedField& field) {
     std::string name = "field " + std::string(field.tag);
-    const bool isLinked = &record.RuleFor(field) != &record.OwnRuleOf(field);
+    const bool isLinked = &record.RuleFor(field) != field.rule;
     if (!isLinked) return name;
     return name + " for " + std::string(record.TextOf(field, '6').substr(0, kTagSize));
 }
@@ -146,7 +146,7 @@ void CheckTexts(const RecordInHand& record, const CheckedField& field, RemarkSin
 // The checks before export say so of main entries and titles.
 bool IsFurtherEntry(const RecordInHand& record, const CheckedField& field,
                     const RemarkSink& remarks) {
-    const FieldRole role = record.OwnRuleOf(field).role;
+    const FieldRole role = field.rule->role;
     if (role == kRoleTitle) {
         return HasMoreThanBlanks(record.TextOf(field, 'a')) && remarks.Wants(RuleId::ManyTitles);
     }
@@ -158,7 +158,7 @@ bool IsOneTooMany(const CheckedField& field, const FieldRule& rule) {
 }
 
 void CheckRepeated(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
-    if (!IsOneTooMany(field, record.OwnRuleOf(field))) return;
+    if (!IsOneTooMany(field, *field.rule)) return;
     if (IsFurtherEntry(record, field, remarks)) return;
     remarks.Add(RuleId::NotRepeatable, field.GetPlace(), [&] {
         return RemarkWords{"a record has only one field " + std::string(field.tag),
@@ -205,7 +205,7 @@ void CheckKnownField(const RecordInHand& record, const CheckedField& field, cons
 
 void CheckStructure(const RecordInHand& record, bool allowsLocal, RemarkSink& remarks) {
     for (const CheckedField& field : record.Fields()) {
-        const FieldRule& rule = record.OwnRuleOf(field);
+        const FieldRule& rule = *field.rule;
         if (IsInOrder(field, rule)) continue;
         if (rule.isKnown) {
             CheckKnownField(record, field, rule, remarks);
