@@ -1,3 +1,4 @@
+#include <quillory/exchange/Nesting.h>
 #include <quillory/jobs/CheckLine.h>
 #include <quillory/rules/RuleChoice.h>
 
@@ -165,6 +166,7 @@ bool CheckLineReader::Read(std::string_view text, CheckLine& line) {
     } catch (const std::exception&) {
         line.remarks.clear();  // the whole says what is wrong
     }
+    if (TooDeepInJson(text)) return false;
     try {
         const json object = json::parse(text);
         TakeHead(object, line);

@@ -68,6 +68,18 @@ TEST(CheckLine, NumbersAreFoundInAnyOrderOfMembers) {
     }
 }
 
+TEST(CheckLine, IsRefusedIfItIsNestedTooDeep) {
+    const std::string sound = kLine;
+    const std::size_t findings = sound.find("[{\"rule\"") + 1;
+    const std::string deep = std::string(300'000, '[') + std::string(300'000, ']');
+    CheckLineReader reader;
+    CheckLine line;
+    for (const std::string& text : {deep, sound.substr(0, findings) + deep + "]}",
+                                    sound.substr(0, findings) + deep + sound.substr(findings)}) {
+        EXPECT_FALSE(reader.Read(text, line));
+    }
+}
+
 // What is changed at random is read or refused, and both readings take the numbers for the same.
 TEST(CheckLine, MayBeAnything) {
     std::mt19937 random(11);
