@@ -62,6 +62,14 @@ struct Copy {
             fields.emplace_back(field.tag, field.content);
         }
     }
+
+    Record View() const {
+        Record record{leader, {}, {}};
+        for (const auto& [tag, content] : fields) record.fields.push_back({tag, content});
+        return record;
+    }
+
+    friend bool operator==(const Copy&, const Copy&) = default;
 };
 
 struct CarryOptions {

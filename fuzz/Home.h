@@ -5,7 +5,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fuzz/Carry.h>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace quillory::fuzz {
 
@@ -40,10 +42,15 @@ inline void PutAllInForce() {
 // these are the records that can be unpacked.
 template <class Take>
 void ForEachRecord(const unsigned char* data, std::size_t size, Take take) {
-    Input input(FileOf(data, size));
-    input.GiveWhatUnpacks();
-    const Form* form = FormOfContent(input);
-    const auto reader = (form == nullptr ? Forms().front() : *form).makeReader(input, true);
+    const std::string_view text = TextOf(data, size);
+    std::optional<Input> input;  // from a file only where it has to be, which takes longer
+    if (text.starts_with("\x1F\x8B")) {
+        input.emplace(FileOf(data, size)).GiveWhatUnpacks();
+    } else {
+        input.emplace(Input::kFromMemory, text, kInputName);
+    }
+    const Form* form = FormOfContent(*input);
+    const auto reader = (form == nullptr ? Forms().front() : *form).makeReader(*input, true);
     Item item;
     while (reader->Next(item)) {
         if (item.kind == kItemRecord) take(item);
