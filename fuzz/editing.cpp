@@ -13,6 +13,8 @@ namespace {
 
 using fuzz::Expect;
 
+constexpr int kMostActs = 300;
+
 // A field, and a person who does anything at all with it.
 class Session {
 public:
@@ -23,7 +25,7 @@ public:
     }
 
     void Play() {
-        while (data_.remaining_bytes() > 0) {
+        for (int acts = 0; data_.remaining_bytes() > 0 && acts < kMostActs; ++acts) {
             Act();
             Check();
         }

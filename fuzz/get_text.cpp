@@ -14,6 +14,8 @@ namespace {
 
 using fuzz::Expect;
 
+constexpr int kMostActs = 300;
+
 // A field of a global edit, and a person who does anything at all with it.
 class Session {
 public:
@@ -24,7 +26,7 @@ public:
 
     void Play() {
         Check();
-        while (data_.remaining_bytes() > 0) {
+        for (int acts = 0; data_.remaining_bytes() > 0 && acts < kMostActs; ++acts) {
             Act();
             Check();
         }
