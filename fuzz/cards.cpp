@@ -2,7 +2,9 @@
 #include <quillory/jobs/PrintWork.h>
 #include <quillory/reports/PanelText.h>
 
+#include <functional>
 #include <fuzz/Home.h>
+#include <utility>
 
 namespace quillory::fuzz {
 namespace {

@@ -1,6 +1,9 @@
 #include <quillory/repair/RecordRepairer.h>
 
+#include <functional>
 #include <fuzz/Home.h>
+#include <optional>
+#include <string_view>
 
 namespace quillory::fuzz {
 namespace {
@@ -36,17 +39,30 @@ void PutRight(RecordRepairer& repairer, Record record) {
     Expect(Copy(again) == repaired, "a second repair leaves the record as it is");
 }
 
+// What a repairer remembers of other records makes no difference.
+void CompareWithFresh(RecordRepairer& used, RecordRepairer& fresh, Record record) {
+    Record same = record;
+    used.PutRight(record);
+    fresh.PutRight(same);
+    Expect(Copy(record) == Copy(same), "a record is repaired as if it were the first");
+}
+
 }  // namespace
 }  // namespace quillory::fuzz
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     using namespace quillory;
+    constexpr std::size_t kComparedOnce = 16;  // in so many texts; to begin anew takes long
     static const CodeLists lists = fuzz::LoadAll();
-    RecordRepairer careful(lists, {});
-    RecordRepairer strict(lists, {.strict = true});
+    static RecordRepairer careful(lists, {});
+    static RecordRepairer strict(lists, {.strict = true});
+    std::optional<RecordRepairer> fresh;
+    const std::size_t hash = std::hash<std::string_view>{}(fuzz::TextOf(data, size));
+    if (hash % kComparedOnce == 0) fresh.emplace(lists, RepairOptions{});
     fuzz::ForEachRecord(data, size, [&](const Item& item) {
         fuzz::PutRight(careful, item.record);
         fuzz::PutRight(strict, item.record);
+        if (fresh) fuzz::CompareWithFresh(careful, *fresh, item.record);
     });
     return 0;
 }
