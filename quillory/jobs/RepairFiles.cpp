@@ -34,16 +34,18 @@ private:
 // What became of records, in the order of the input.
 class Outcome {
 public:
-    explicit Outcome(RepairReport& report) : report_(report) {}
+    explicit Outcome(RepairReport& report) : report_(report), counter_(NewCounter()) {}
 
     void Take(const Item& item, const std::vector<Repair>& repairs) {
         counter_.Count(repairs);
         if (report_.Needs(repairs)) report_.TakeRecord(item, repairs);
     }
-    void Add(const RepairTotals& later) { counter_.Add(later); }
+    void Add(const RepairCounter& later) { counter_.Add(later); }
 
+    // For a part of the records.
+    RepairCounter NewCounter() const { return RepairCounter(report_.NeedsRows()); }
     RepairReport& Report() const { return report_; }
-    const RepairTotals& Totals() const { return counter_.Totals(); }
+    RepairTotals Totals() const { return counter_.Totals(); }
 
 private:
     RepairReport& report_;
@@ -58,15 +60,17 @@ public:
         : HandingWorker(std::move(next)),
           repairer_(std::move(repairer)),
           outcome_(outcome),
-          steps_(steps) {}
+          steps_(steps),
+          counter_(outcome.NewCounter()) {}
 
     void Take(Item& item) override {
         if (item.kind == kItemRecord) PutRight(item);
         HandOn(item);
     }
     void EndBatch() override {
-        const auto totals = std::make_shared<RepairTotals>(counter_.TakeTotals());
-        steps_.emplace_back([&outcome = outcome_, totals] { outcome.Add(*totals); });
+        const auto counted =
+            std::make_shared<RepairCounter>(std::exchange(counter_, outcome_.NewCounter()));
+        steps_.emplace_back([&outcome = outcome_, counted] { outcome.Add(*counted); });
         HandingWorker::EndBatch();
     }
 
@@ -92,7 +96,6 @@ Status RepairFiles(const RepairFilesOptions& options, const CodeLists& lists, Re
                    Reporter& reporter) {
     RecordRepairer repairer(lists, options.repair);
     Outcome outcome(report);
-    const RepairTotals& totals = outcome.Totals();
     const ItemSource repaired = [&](const ItemJob& job) {
         const ItemJob repairing{[&](Item& item) {
                                     if (item.kind == kItemRecord) {
@@ -108,10 +111,11 @@ Status RepairFiles(const RepairFilesOptions& options, const CodeLists& lists, Re
         return ReadFiles(options.input, reporter, repairing);
     };
     OutputOptions output = options.output;
-    output.completeBeside = [&] { report.Complete(totals); };
+    output.completeBeside = [&] { report.Complete(outcome.Totals()); };
     const Status done = options.isDryRun
                             ? DryRun().Run(repaired, reporter)
                             : WriteItems(repaired, options.input.charset, output, reporter);
+    const RepairTotals totals = outcome.Totals();
     if (options.isDryRun) report.Complete(totals);
     report.Finish(totals, options.isDryRun);
     const bool hasFindings = totals.left > 0 || (options.isDryRun && totals.repaired > 0);

@@ -1,8 +1,34 @@
 #include <quillory/jobs/RepairReport.h>
+#include <quillory/repair/TablePlace.h>
 
-#include <utility>
+#include <algorithm>
 
 namespace quillory {
+namespace {
+
+bool IsLeft(const Repair& repair) {
+    return repair.kind == RepairKind::Left;
+}
+
+std::string_view ElementNameOf(const Repair& repair) {
+    return repair.element == nullptr ? std::string_view() : repair.element->name;
+}
+
+// Whether both are counted in one row. The place is a field, or positions in it.
+bool AreAlike(const Repair& a, const Repair& b) {
+    return a.repairClass == b.repairClass && IsLeft(a) == IsLeft(b) && a.place.tag == b.place.tag &&
+           a.place.first == b.place.first && a.place.last == b.place.last &&
+           (a.element == b.element || ElementNameOf(a) == ElementNameOf(b));
+}
+
+// Mostly another one for what is not alike.
+std::uint64_t HashOf(const Repair& repair) {
+    constexpr std::uint64_t kFactor = 31;
+    const auto first = static_cast<std::uint64_t>(repair.place.first);
+    return first * kFactor + static_cast<std::uint64_t>(repair.repairClass);
+}
+
+}  // namespace
 
 std::string GeneralPlace(const Repair& repair) {
     Place place = repair.place;
@@ -10,49 +36,44 @@ std::string GeneralPlace(const Repair& repair) {
     return PlaceText(place);
 }
 
-std::size_t RepairCounter::HashOfKind::operator()(const Kind& kind) const {
-    constexpr std::size_t kFactor = 31;
-    auto hash = static_cast<std::size_t>(reinterpret_cast<std::uintptr_t>(kind.element));
-    hash = hash * kFactor + static_cast<std::size_t>(kind.repairClass);
-    return hash * kFactor + static_cast<std::size_t>(kind.place.first);
-}
-
 RepairRow& RepairCounter::RowOf(const Repair& repair) {
-    Kind kind{repair.repairClass, repair.kind == RepairKind::Left, repair.place, repair.element};
-    kind.place.occurrence = 0;
-    if (const auto known = known_.find(kind); known != known_.end()) return *known->second;
-    const std::string name = repair.element == nullptr ? "" : repair.element->name;
-    const RepairTotals::Key key{kind.repairClass, kind.isLeft, PlaceText(kind.place) + " " + name};
-    RepairRow& row = totals_.rows.try_emplace(key, RepairRow{repair}).first->second;
-    known_.emplace(kind, &row);
-    return row;
-}
-
-void RepairTotals::Add(const RepairTotals& later) {
-    records += later.records;
-    recordsRepaired += later.recordsRepaired;
-    repaired += later.repaired;
-    left += later.left;
-    for (const auto& [key, row] : later.rows) {
-        const auto [mine, isNew] = rows.try_emplace(key, row);
-        if (!isNew) mine->second.count += row.count;
-    }
+    std::uint32_t& known = known_[TablePlace(repair.element, HashOf(repair), known_.size())];
+    if (known < rows_.size() && AreAlike(rows_[known].first, repair)) return rows_[known];
+    const auto row = std::ranges::find_if(
+        rows_, [&](const RepairRow& other) { return AreAlike(other.first, repair); });
+    known = static_cast<std::uint32_t>(row - rows_.begin());
+    if (row == rows_.end()) rows_.push_back({repair});
+    return rows_[known];
 }
 
 void RepairCounter::Count(const std::vector<Repair>& repairs) {
     std::uint64_t changes = 0;
     for (const Repair& repair : repairs) {
-        ++(repair.kind == RepairKind::Left ? totals_.left : changes);
-        ++RowOf(repair).count;
+        ++(IsLeft(repair) ? numbers_.left : changes);
+        if (hasRows_) ++RowOf(repair).count;
     }
-    ++totals_.records;
-    if (changes > 0) ++totals_.recordsRepaired;
-    totals_.repaired += changes;
+    ++numbers_.records;
+    if (changes > 0) ++numbers_.recordsRepaired;
+    numbers_.repaired += changes;
 }
 
-RepairTotals RepairCounter::TakeTotals() {
-    known_.clear();
-    return std::exchange(totals_, {});
+void RepairCounter::Add(const RepairCounter& later) {
+    numbers_.records += later.numbers_.records;
+    numbers_.recordsRepaired += later.numbers_.recordsRepaired;
+    numbers_.repaired += later.numbers_.repaired;
+    numbers_.left += later.numbers_.left;
+    for (const RepairRow& row : later.rows_) RowOf(row.first).count += row.count;
+}
+
+RepairTotals RepairCounter::Totals() const {
+    RepairTotals totals{numbers_, {}};
+    for (const RepairRow& row : rows_) {
+        const Repair& first = row.first;
+        std::string place = GeneralPlace(first) + " ";
+        place += ElementNameOf(first);
+        totals.rows[{first.repairClass, IsLeft(first), place}] = row;
+    }
+    return totals;
 }
 
 }  // namespace quillory

@@ -3,12 +3,11 @@
 #include <quillory/exchange/Record.h>
 #include <quillory/repair/Repair.h>
 
-#include <cstddef>
+#include <array>
 #include <cstdint>
 #include <map>
 #include <string>
 #include <tuple>
-#include <unordered_map>
 #include <vector>
 
 namespace quillory {
@@ -19,53 +18,40 @@ struct RepairRow {
     std::uint64_t count = 0;
 };
 
-// What a job repaired in all its records.
-struct RepairTotals {
-    // By class, then what was repaired before what was left, then place.
-    using Key = std::tuple<RepairClass, bool, std::string>;
-
+struct RepairNumbers {
     std::uint64_t records = 0;
     std::uint64_t recordsRepaired = 0;
     std::uint64_t repaired = 0;  // values and lengths
     std::uint64_t left = 0;      // values, fields and records
-    std::map<Key, RepairRow> rows;
+};
 
-    // Adds what was counted of later records.
-    void Add(const RepairTotals& later);
+// What a job repaired in all its records.
+struct RepairTotals : RepairNumbers {
+    // By class, then what was repaired before what was left, then place.
+    using Key = std::tuple<RepairClass, bool, std::string>;
+
+    std::map<Key, RepairRow> rows;
 };
 
 class RepairCounter {
 public:
-    RepairCounter() = default;
-    RepairCounter(const RepairCounter&) = delete;
-    RepairCounter& operator=(const RepairCounter&) = delete;
+    // Without rows the totals are numbers alone.
+    explicit RepairCounter(bool hasRows = true) : hasRows_(hasRows) {}
 
     // Counts one more record, with all that became of it.
     void Count(const std::vector<Repair>& repairs);
-    void Add(const RepairTotals& later) { totals_.Add(later); }
+    // Adds what was counted of later records.
+    void Add(const RepairCounter& later);
 
-    const RepairTotals& Totals() const { return totals_; }
-    // What was counted since the last call.
-    RepairTotals TakeTotals();
+    RepairTotals Totals() const;
 
 private:
-    // What tells one row from another sooner than the text of its place does.
-    struct Kind {
-        RepairClass repairClass;
-        bool isLeft;
-        Place place;
-        const Element* element;
-
-        friend bool operator==(const Kind&, const Kind&) = default;
-    };
-    struct HashOfKind {
-        std::size_t operator()(const Kind& kind) const;
-    };
-
     RepairRow& RowOf(const Repair& repair);
 
-    RepairTotals totals_;
-    std::unordered_map<Kind, RepairRow*, HashOfKind> known_;
+    bool hasRows_;
+    RepairNumbers numbers_;
+    std::vector<RepairRow> rows_;                 // in the order in which they came
+    std::array<std::uint32_t, 1024> known_ = {};  // where among them the last ones were found
 };
 
 // The place of a repair in any record: without the occurrence of the field.
@@ -78,6 +64,8 @@ public:
 
     // Whether it has a use for what became of a record. Several threads may ask at a time.
     virtual bool Needs(const std::vector<Repair>& repairs) const { return !repairs.empty(); }
+    // Whether it has a use for the rows of the totals.
+    virtual bool NeedsRows() const { return true; }
     // Comes, where it has a use for it, for every record in which anything was repaired or left;
     // the item's record is as it is after the repair.
     virtual void TakeRecord(const Item& item, const std::vector<Repair>& repairs) = 0;

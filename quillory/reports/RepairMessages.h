@@ -25,6 +25,7 @@ public:
         : words_(lists), reporter_(reporter), file_(std::move(file)) {}
 
     bool Needs(const std::vector<Repair>& repairs) const override;
+    bool NeedsRows() const override { return file_ != nullptr || !reporter_.Quiet(); }
     void TakeRecord(const Item& item, const std::vector<Repair>& repairs) override;
     void Complete(const RepairTotals& totals) override;
     void Finish(const RepairTotals& totals, bool isDryRun) override;
