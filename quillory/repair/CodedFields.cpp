@@ -44,7 +44,8 @@ std::string_view SamePart(std::string_view view, std::string_view original,
 
 }  // namespace
 
-void CodedFields::Collect(const Record& record) {
+void CodedFields::Collect(const Record& record, CFType material) {
+    material_ = material;
     count_ = 0;
     left_.clear();
     Add(CodedField::kLeader, Place::OfLeader(), CFLdr, record.leader);
@@ -52,9 +53,10 @@ void CodedFields::Collect(const Record& record) {
     std::uint32_t count007 = 0;
     std::uint32_t count008 = 0;
     std::size_t main008 = 0;
-    for (std::size_t i = 0; i < record.fields.size(); ++i) {
-        const auto& [tag, content] = record.fields[i];
-        if (!record.fields[i].IsControlField()) continue;
+    const std::span fields(record.fields);
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        if (!fields[i].IsControlField()) continue;
+        const auto& [tag, content] = fields[i];
         switch (tag.back()) {
             case '6':
                 Add(i, Place::OfField(tag, ++count006), MaterialOf006(content), content);
@@ -87,6 +89,7 @@ void CodedFields::Add(std::size_t index, const Place& place, CFType form, std::s
     field.index = index;
     field.place = place;
     field.form = form;
+    field.layout = &LayoutOf(form, material_);
     field.given = given;
     field.isTouched = false;
     if (form == CF006None || form == CF007None) {

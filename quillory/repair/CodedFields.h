@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/exchange/Record.h>
+#include <quillory/repair/FieldElements.h>
 #include <quillory/repair/Repair.h>
 #include <zorby/elements/CFType.h>
 
@@ -14,14 +15,15 @@ namespace quillory {
 
 // A coded control field under repair.
 struct CodedField {
-    std::size_t index = 0;    // among the fields of the record; kLeader for the Leader
-    Place place;              // the field with its occurrence, or the Leader
-    zorby::CFType form = {};  // CFLdr, CF008Standard, or a form of 006 or 007
-    std::string_view given;   // its bytes as the record has them
-    bool isTouched = false;   // whether the repair has bytes of its own
-    std::string bytes;        // these
-    std::string fitted;       // as they were before the library's repair
-    std::string beforePass;   // before the pass of that repair which is under way
+    std::size_t index = 0;                // among the fields of the record; kLeader for the Leader
+    Place place;                          // the field with its occurrence, or the Leader
+    zorby::CFType form = {};              // CFLdr, CF008Standard, or a form of 006 or 007
+    const FieldLayout* layout = nullptr;  // of this form
+    std::string_view given;               // its bytes as the record has them
+    bool isTouched = false;               // whether the repair has bytes of its own
+    std::string bytes;                    // these
+    std::string fitted;                   // as they were before the library's repair
+    std::string beforePass;               // before the pass of that repair which is under way
 
     static constexpr std::size_t kLeader = static_cast<std::size_t>(-1);
 
@@ -41,8 +43,8 @@ struct CodedField {
 class CodedFields {
 public:
     // Takes the Leader, and each 006, 007 and 008 that can be read. A 006 or 007 of an unknown
-    // first byte, and all 008 but one, are left.
-    void Collect(const Record& record);
+    // first byte, and all 008 but one, are left. The material is the record's.
+    void Collect(const Record& record, zorby::CFType material);
 
     std::span<CodedField> Fields() { return {fields_.data(), count_}; }
     CodedField& Leader() { return fields_.front(); }
@@ -68,6 +70,7 @@ private:
     void PutIntoBytes(Record& record);
     void PutIntoFields(Record& record);
 
+    zorby::CFType material_ = {};
     std::vector<CodedField> fields_;  // the first `count_` of them count
     std::size_t count_ = 0;
     std::vector<Repair> left_;

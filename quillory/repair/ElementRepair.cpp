@@ -70,6 +70,7 @@ ElementRepair::ElementRepair(const CodeLists& lists)
     : lists_(lists),
       country_(*ElementOfPart(CFP008PlaceOfPublication)),
       language_(*ElementOfPart(CFP008Language)),
+      length008_(static_cast<std::size_t>(LengthOfForm(CF008Standard))),
       allowed_(lists) {}
 
 std::optional<Judgement> ElementRepair::Judge(const Element& element, std::string_view value,
@@ -207,15 +208,16 @@ std::optional<std::string> ElementRepair::UnknownOf(const Element& element) {
 std::optional<FaultCode> ElementRepair::WhyNot008(std::string_view field008) {
     constexpr std::size_t kEndOfLanguage = 38;
     if (field008.size() < kEndOfLanguage) return FaultCode::kShort008;
-    const bool noCountry = IsNoCodeIn(field008, country_);
     const bool noLanguage = IsNoCodeIn(field008, language_);
-    if (field008.size() != static_cast<std::size_t>(LengthOfForm(CF008Standard))) {
-        if (noCountry || noLanguage) return FaultCode::kShifted008;
-    } else if (noCountry && noLanguage && !IsNumber(field008.substr(0, 6))) {
-        return FaultCode::kDisplaced008;
-    } else if (noLanguage && IsLanguageBeside(field008)) {
-        return FaultCode::kDisplacedLanguage;
+    if (field008.size() != length008_) {
+        const bool isShifted = noLanguage || IsNoCodeIn(field008, country_);
+        return isShifted ? std::optional(FaultCode::kShifted008) : std::nullopt;
     }
+    if (!noLanguage) return std::nullopt;
+    if (IsNoCodeIn(field008, country_) && !IsNumber(field008.substr(0, 6))) {
+        return FaultCode::kDisplaced008;
+    }
+    if (IsLanguageBeside(field008)) return FaultCode::kDisplacedLanguage;
     return std::nullopt;
 }
 

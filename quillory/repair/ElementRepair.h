@@ -59,6 +59,7 @@ private:
     const CodeLists& lists_;
     const Element& country_;
     const Element& language_;
+    const std::size_t length008_;
     AllowedValues allowed_;
     KnownValues<bool> noCodes_;
 };

@@ -44,9 +44,9 @@ std::vector<ElementRun> MakeRuns(CFType form, CFType material) {
 }
 
 // By the number of a form, or of the material of an 008.
-class RunTable {
+class LayoutTable {
 public:
-    RunTable() {
+    LayoutTable() {
         Add(CFLdr, CFLdr, CF006None);
         for (const CFType form : FormsOf007()) Add(form, form, CF006None);
         for (const CFType form : FormsOf006()) {
@@ -55,9 +55,9 @@ public:
         }
     }
 
-    const std::vector<ElementRun>& Of(CFType form, CFType material) const {
+    const FieldLayout& Of(CFType form, CFType material) const {
         const int number = form == CF008Standard ? material + kOf008 : form;
-        return runs_[static_cast<std::size_t>(number)];
+        return layouts_[static_cast<std::size_t>(number)];
     }
 
 private:
@@ -65,17 +65,17 @@ private:
 
     void Add(int number, CFType form, CFType material) {
         const auto at = static_cast<std::size_t>(number);
-        if (at >= runs_.size()) runs_.resize(at + 1);
-        runs_[at] = MakeRuns(form, material);
+        if (at >= layouts_.size()) layouts_.resize(at + 1);
+        layouts_[at] = {static_cast<std::size_t>(LengthOfForm(form)), MakeRuns(form, material)};
     }
 
-    std::vector<std::vector<ElementRun>> runs_;
+    std::vector<FieldLayout> layouts_;
 };
 
 }  // namespace
 
-const std::vector<ElementRun>& RunsOf(CFType form, CFType material) {
-    static const RunTable table;
+const FieldLayout& LayoutOf(CFType form, CFType material) {
+    static const LayoutTable table;
     return table.Of(form, material);
 }
 

@@ -45,9 +45,14 @@ struct ElementRun {
     }
 };
 
-// The elements of a field of this form, in order, without those of the Leader that are the file's
-// (00-04 and 12-16). The section of an 008 (positions 18 to 34) is read by the material of the
-// record.
-const std::vector<ElementRun>& RunsOf(zorby::CFType form, zorby::CFType material);
+struct FieldLayout {
+    std::size_t length = 0;  // in bytes
+    // All elements, in order, without those of the Leader that are the file's (00-04 and 12-16).
+    std::vector<ElementRun> runs = {};
+};
+
+// The layout of a field of this form. The section of an 008 (positions 18 to 34) is read by the
+// material of the record.
+const FieldLayout& LayoutOf(zorby::CFType form, zorby::CFType material);
 
 }  // namespace quillory

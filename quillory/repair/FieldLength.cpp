@@ -7,10 +7,10 @@ namespace quillory {
 using namespace zorby;
 
 std::string FittedToFormat(std::string_view given, CFType form, CFType material) {
-    const auto length = static_cast<std::size_t>(LengthOfForm(form));
-    std::string fitted(given.substr(0, length));
-    fitted.resize(length, form == CFLdr ? ' ' : kFill);
-    for (const ElementRun& run : RunsOf(form, material)) {
+    const FieldLayout& layout = LayoutOf(form, material);
+    std::string fitted(given.substr(0, layout.length));
+    fitted.resize(layout.length, form == CFLdr ? ' ' : kFill);
+    for (const ElementRun& run : layout.runs) {
         for (const FieldElement& at : run.elements) {
             if (!at.element.IsUndefined()) continue;
             for (std::size_t i = std::max(at.first, given.size()); i < at.End(); ++i) {

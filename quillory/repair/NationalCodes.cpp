@@ -103,6 +103,7 @@ std::string_view MarcLanguageOf(std::string_view terminology) {
 }
 
 std::string_view MarcCountryOf(std::string_view iso) {
+    if (iso.empty()) return {};
     const auto* row = iso.size() == 2 ? std::ranges::find(kCountries, iso, &Country::two)
                                       : std::ranges::find(kCountries, iso, &Country::three);
     return row == std::end(kCountries) ? "" : row->marc;

@@ -16,10 +16,6 @@ using namespace zorby;
 // any record; the limit only makes sure of an end.
 constexpr int kMostPasses = 8;
 
-std::size_t LengthOf(const CodedField& field) {
-    return static_cast<std::size_t>(LengthOfForm(field.form));
-}
-
 // The label of the character set that the record is in; the one that it has, if that is a label.
 char LabelOf(char label, const Record& record) {
     if (label == LabelFor(kCharsetUtf8) || label == LabelFor(kCharsetMarc8)) return label;
@@ -49,7 +45,7 @@ const std::vector<Repair>& RecordRepairer::PutRight(Record& record) {
         Add({.kind = RepairKind::Left, .fault = FaultCode::kUnknownTypeOfRecord});
         return repairs_;
     }
-    fields_.Collect(record);
+    fields_.Collect(record, material_);
     FitLengths();
     for (const Repair& left : fields_.LeftOnes()) Add(left);
     if (options_.strict) {
@@ -79,14 +75,14 @@ std::optional<FaultCode> RecordRepairer::WhyLeft(const CodedField& field) {
     if (field.form == CF008Standard) {
         if (const auto reason = elements_.WhyNot008(field.given)) return reason;
     }
-    const std::size_t length = LengthOf(field);
+    const std::size_t length = field.layout->length;
     const bool isLonger = field.given.size() > length;
     if (isLonger && !SaysNothing(field.given.substr(length))) return FaultCode::kSurplusBytes;
     return std::nullopt;
 }
 
 void RecordRepairer::FitLength(CodedField& field) {
-    if (field.given.size() == LengthOf(field)) return;
+    if (field.given.size() == field.layout->length) return;
     if (!options_.strict && !options_.classes.Has(RepairClass::Length)) return;
     field.Touch() = FittedToFormat(field.given, field.form, material_);
     const bool isLonger = field.given.size() > field.bytes.size();
@@ -99,9 +95,10 @@ void RecordRepairer::FitLength(CodedField& field) {
 }
 
 void RecordRepairer::RepairElements(CodedField& field, const Record& record) {
-    for (const ElementRun& run : RunsOf(field.form, material_)) {
+    const std::string_view bytes = field.Bytes();  // what a repair changes is not looked at again
+    for (const ElementRun& run : field.layout->runs) {
         const auto judge = [&](auto& repairs) { return JudgeRun(run, field, record, repairs); };
-        const auto& repairs = known_.Get(run, run.BytesIn(field.Bytes()), judge);
+        const auto& repairs = known_.Get(run, run.BytesIn(bytes), judge);
         for (const Repair& repair : repairs) Mend(repair, field);
     }
 }
@@ -170,7 +167,7 @@ void RecordRepairer::RestoreLeader(const Record& record) {
 
 void RecordRepairer::AddReplaced(const CodedField& field) {
     if (field.bytes == field.fitted) return;
-    for (const ElementRun& run : RunsOf(field.form, material_)) {
+    for (const ElementRun& run : field.layout->runs) {
         for (const FieldElement& at : run.elements) {
             if (at.IsSameIn(field.fitted, field.bytes)) continue;
             Add({.kind = RepairKind::Replaced,
