@@ -70,9 +70,9 @@ void CheckKeys(const TomlNode& table, const std::vector<std::string_view>& keys)
 
 TomlNode ReadToml(std::string_view toml, const std::string& name) {
     if (const auto at = TooDeepInToml(toml)) {
-        const std::string place = LineColumnText(TextPlace().After(toml.substr(0, *at)));
-        throw FileError(name + ", " + place,
-                        {FaultCode::kTooDeep, {}, {}, std::to_string(kDeepestNesting)});
+        throw InFile(name,
+                     TomlFault(TextPlace().After(toml.substr(0, *at)),
+                               {FaultCode::kTooDeep, {}, {}, std::to_string(kDeepestNesting)}));
     }
     try {
         return NodeOf(toml::parse(toml));

@@ -22,7 +22,7 @@ class Limits(Cli):
                      "--holdings", holdings, "--holdings-type", "1")
         dots = b"a" + b".a" * 40000 + b" = 1\n"
         task = self.path("task.toml", dots)
-        self.refused("nested more than 64 deep", "edit", task, SAMPLES)
+        self.refused(f"{task}:1:130: nested more than 64 deep", "edit", task, SAMPLES)
         for name, text in (("dots", dots), ("arrays", b"245 = " + b"[" * 40000),
                            ("header", b"[" + dots[:-5] + b"]\n"),
                            ("tables", b"245 = " + b"{a = " * 40000)):
