@@ -155,19 +155,6 @@ fs::path SlotIn(const fs::path& folder, const std::string& name, int number = 1)
     return folder / (name + tail + kEnding);
 }
 
-// All journals of a name, in the order of their paths.
-std::vector<fs::path> JournalsIn(const fs::path& folder, const std::string& name) {
-    std::vector<fs::path> journals;
-    std::error_code error;
-    for (const auto& entry : fs::directory_iterator(folder, error)) {
-        const std::string stem = entry.path().stem().string();
-        const bool isOfName = stem == name || stem.starts_with(name + '-');
-        if (isOfName && entry.path().extension() == kEnding) journals.push_back(entry.path());
-    }
-    std::ranges::sort(journals);
-    return journals;
-}
-
 }  // namespace
 
 // The bytes that say how long a record is differ from one writer to the next.
@@ -191,29 +178,43 @@ EditJournal::Slot::Slot(fs::path path)
     : journal(std::move(path)), hold(std::make_unique<FileHold>(LockOf(journal))) {}
 
 EditJournal::EditJournal(const fs::path& folder, const std::string& path, Writers writers)
-    : own_(SlotIn(folder, NameFor(path))) {
+    : folder_(folder), name_(NameFor(path)), own_(SlotIn(folder_, name_)), writers_(writers) {
     std::error_code error;
     fs::create_directories(folder, error);
     if (error) throw FileError(folder.string() + ": " + error.message());
-    if (writers == Writers::kOne) {
+    if (writers_ == Writers::kOne) {
         own_.hold->Take();
     } else {
-        TakeLeft(folder, NameFor(path));
-        TakeFree(folder, NameFor(path));
+        TakeLeft();
+        TakeFree();
     }
 }
 
-void EditJournal::TakeLeft(const fs::path& folder, const std::string& name) {
-    for (const fs::path& journal : JournalsIn(folder, name)) {
+// All of the name, in the order of their paths.
+std::vector<fs::path> EditJournal::Journals() const {
+    std::vector<fs::path> journals;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator(folder_, error)) {
+        const std::string stem = entry.path().stem().string();
+        const bool isOfName = stem == name_ || stem.starts_with(name_ + '-');
+        if (isOfName && entry.path().extension() == kEnding) journals.push_back(entry.path());
+    }
+    std::ranges::sort(journals);
+    return journals;
+}
+
+// Those that this object has already are taken for it, too.
+void EditJournal::TakeLeft() {
+    for (const fs::path& journal : Journals()) {
         Slot slot(journal);
         if (slot.hold->Take() && fs::exists(journal)) left_.push_back(std::move(slot));
     }
 }
 
 // A program may end in this moment, and leave its journal.
-void EditJournal::TakeFree(const fs::path& folder, const std::string& name) {
+void EditJournal::TakeFree() {
     for (int number = 1; !IsOurs(); ++number) {
-        Slot slot(SlotIn(folder, name, number));
+        Slot slot(SlotIn(folder_, name_, number));
         if (!slot.hold->Take()) continue;
         if (fs::exists(slot.journal)) {
             left_.push_back(std::move(slot));
@@ -229,8 +230,28 @@ EditJournal::~EditJournal() {
 
 std::vector<KeptChange> EditJournal::Left() const {
     std::vector<KeptChange> changes = ReadJournal(own_.journal);
+    AddLeft(changes);
+    return changes;
+}
+
+void EditJournal::AddLeft(std::vector<KeptChange>& changes) const {
     for (const Slot& slot : left_) {
         for (KeptChange& change : ReadJournal(slot.journal)) changes.push_back(std::move(change));
+    }
+}
+
+bool EditJournal::IsMoreLeft() const {
+    if (writers_ == Writers::kOne) return false;
+    return std::ranges::any_of(Journals(), [](const fs::path& journal) {
+        return FileHold(LockOf(journal)).IsFree() && !ReadJournal(journal).empty();
+    });
+}
+
+std::vector<KeptChange> EditJournal::TakeMoreLeft() {
+    std::vector<KeptChange> changes;
+    if (writers_ == Writers::kMany) {
+        TakeLeft();
+        AddLeft(changes);
     }
     return changes;
 }
@@ -281,6 +302,12 @@ void EditJournal::Rewrite(const std::vector<KeptChange>& changes) {
     own_.journal = whole;
     if (error) throw FileError(whole.string() + ": " + error.message());
     RemoveLeft();
+}
+
+void EditJournal::Adopt(const std::vector<KeptChange>& changes) {
+    std::vector<KeptChange> all = ReadJournal(own_.journal);
+    all.insert(all.end(), changes.begin(), changes.end());
+    Rewrite(all);
 }
 
 // All of it or nothing.

@@ -54,12 +54,19 @@ public:
     std::vector<KeptChange> Left() const;
     // Nobody wants it.
     void DropLeft();
+    // Whether another program has left changes since, which nobody has taken. Of a journal with one
+    // writer, never.
+    bool IsMoreLeft() const;
+    // Takes them. Nothing if somebody else has.
+    std::vector<KeptChange> TakeMoreLeft();
     // Adds a change. It is on the disk when this returns. Throws FileError, for a full disk among
     // others, and what was written before stays then. Does nothing if the file is not ours.
     void Write(const KeptChange& change);
     // These changes are all there are, and what was left is among them. If they can't be written,
     // what was there before stays. Throws FileError.
     void Rewrite(const std::vector<KeptChange>& changes);
+    // The same for these changes and all that this window has written.
+    void Adopt(const std::vector<KeptChange>& changes);
     // All of this window is saved, or discarded.
     void Clear();
 
@@ -71,14 +78,19 @@ private:
         std::unique_ptr<FileHold> hold;
     };
 
-    void TakeLeft(const std::filesystem::path& folder, const std::string& name);
-    void TakeFree(const std::filesystem::path& folder, const std::string& name);
+    std::vector<std::filesystem::path> Journals() const;
+    void TakeLeft();
+    void TakeFree();
+    void AddLeft(std::vector<KeptChange>& changes) const;
     void RemoveLeft();
     void Open();
     void Append(const std::string& bytes);
 
+    std::filesystem::path folder_;
+    std::string name_;
     Slot own_;
     std::vector<Slot> left_;
+    Writers writers_;
     int descriptor_ = -1;
 };
 

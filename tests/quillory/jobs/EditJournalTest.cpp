@@ -163,6 +163,26 @@ TEST_F(EditJournalTest, EachWindowHasAJournalOfItsOwnAndTheNextOneFindsWhatOther
     }
 }
 
+TEST_F(EditJournalTest, WhatIsLeftLaterIsAdoptedBesideWhatIsOurs) {
+    std::optional<EditJournal> ours(std::in_place, Folder(), place_.Path(), Writers::kMany);
+    ours->Write(Titled(1, "Ours"));
+    {
+        EditJournal dead(Folder(), place_.Path(), Writers::kMany);
+        dead.Write(Titled(2, "Dead"));
+        EXPECT_FALSE(ours->IsMoreLeft());
+    }
+    EXPECT_TRUE(ours->IsMoreLeft());
+    const auto left = ours->TakeMoreLeft();
+    ASSERT_EQ(left.size(), 1U);
+    EXPECT_EQ(TitleOf(left[0]), "Dead");
+    EXPECT_FALSE(ours->IsMoreLeft());
+    EXPECT_TRUE(EditJournal(Folder(), place_.Path(), Writers::kMany).Left().empty());
+    ours->Adopt(left);
+    ours->Write(Titled(3, "Later"));
+    ours.reset();
+    EXPECT_EQ(EditJournal(Folder(), place_.Path(), Writers::kMany).Left().size(), 3U);
+}
+
 // New records had names of their own.
 TEST_F(EditJournalTest, JournalsOfOlderDesksAreFound) {
     {
