@@ -6,15 +6,13 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
-#include <algorithm>
 
 namespace quillory {
 namespace {
 
-constexpr int kShareOfScreen = 3;  // that the palette takes at most, as a part of the height
+constexpr int kLeastRows = 3;  // that are seen on a small screen
 
 // A diacritic is shown on a circle that stands for its letter.
 QString Glyph(unsigned id) {
@@ -65,8 +63,8 @@ CharacterPalette::CharacterPalette(QWidget* parent)
     const int rowHeight = fontMetrics().height() + 2;
     grid_->verticalHeader()->setMinimumSectionSize(rowHeight);
     grid_->verticalHeader()->setDefaultSectionSize(rowHeight);
-    const int height = zorby::kPaletteRows * rowHeight + 2 * grid_->frameWidth();
-    grid_->setMinimumHeight(std::min(height, screen()->availableSize().height() / kShareOfScreen));
+    grid_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    grid_->setMinimumHeight(kLeastRows * rowHeight + 2 * grid_->frameWidth());
     grid_->setCurrentCell(0, 0);
     grid_->installEventFilter(this);
     connect(grid_, &QTableWidget::cellClicked, this, &CharacterPalette::Choose);

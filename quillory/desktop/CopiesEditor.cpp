@@ -47,9 +47,10 @@ CopiesEditor::CopiesEditor(OpenRecord& record, QWidget* parent)
     none_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     auto* buttons = new QHBoxLayout;
     for (QPushButton* button : {new_, like_, remove_, barCode_}) buttons->addWidget(button);
-    buttons->addWidget(systems_, 1);
+    buttons->addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 0);
+    layout->addWidget(systems_);
     layout->addLayout(buttons);
     layout->addWidget(none_);
     layout->addWidget(table_, 1);

@@ -2,6 +2,7 @@
 #include <quillory/desktop/FieldTree.h>
 #include <quillory/desktop/Texts.h>
 #include <quillory/desktop/TypedWords.h>
+#include <quillory/desktop/WindowSize.h>
 #include <quillory/places/Tag.h>
 #include <quillory/reports/FieldDocument.h>
 
@@ -30,7 +31,7 @@ FieldPicker::FieldPicker(QWidget* parent)
       list_(new QListWidget),
       tree_(new FieldTree) {
     setWindowTitle(tr("New field"));
-    resize(kWidth, kHeight);
+    ResizeToScreen(*this, {kWidth, kHeight});
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     add_ = buttons->button(QDialogButtonBox::Ok);
     add_->setText(tr("Add"));

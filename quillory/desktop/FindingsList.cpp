@@ -7,6 +7,7 @@ namespace quillory {
 namespace {
 
 enum Column : int { kSign, kPlace, kText };
+constexpr int kLeastLines = 3;  // with the headings
 
 }  // namespace
 
@@ -27,6 +28,7 @@ FindingsList::FindingsList(QWidget* parent) : QTreeWidget(parent) {
         Q_EMIT Chosen(place);
     };
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setMinimumHeight(kLeastLines * fontMetrics().lineSpacing());
     connect(header(), &QHeaderView::sectionResized, this, [this](int column) {
         if (column != kText) FitText();
     });

@@ -1,5 +1,6 @@
 #include <quillory/desktop/RepairDialog.h>
 #include <quillory/desktop/Texts.h>
+#include <quillory/desktop/WindowSize.h>
 #include <quillory/reports/RepairWords.h>
 
 #include <QDialogButtonBox>
@@ -23,7 +24,7 @@ RepairDialog::RepairDialog(const std::vector<Repair>& repairs, const CodeLists& 
                            QWidget* parent)
     : QDialog(parent), list_(new QTreeWidget(this)) {
     setWindowTitle(tr("Repair coded fields"));
-    resize(kWidth, kHeight);
+    ResizeToScreen(*this, {kWidth, kHeight});
     list_->setAccessibleName(tr("Repairs"));
     list_->setHeaderLabels({tr("Element"), tr("Repair"), tr("Kind")});
     list_->setRootIsDecorated(false);

@@ -2,13 +2,13 @@
 #include <quillory/desktop/RulesDialog.h>
 #include <quillory/desktop/Texts.h>
 #include <quillory/desktop/TypedWords.h>
+#include <quillory/desktop/WindowSize.h>
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QScreen>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -38,7 +38,7 @@ RulesDialog::RulesDialog(const DeskRules& rules, QWidget* parent)
       list_(new QTreeWidget(this)),
       words_(new QPlainTextEdit(this)) {
     setWindowTitle(tr("Rules"));
-    resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() - QSize(40, 60)));
+    ResizeToScreen(*this, {kWidth, kHeight});
     auto* where = new QLabel(
         rules.File() ? tr("As %1 sets them.").arg(ToQt(*rules.File()))
                      : tr("A file quillory-check.toml beside the records, or in the folder of the "

@@ -1,5 +1,6 @@
 #include <quillory/coded/Material.h>
 #include <quillory/desktop/Texts.h>
+#include <quillory/desktop/WindowSize.h>
 #include <quillory/desktop/WorkformDialog.h>
 #include <quillory/desktop/WorkformList.h>
 #include <quillory/jobs/Library.h>
@@ -15,7 +16,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -25,6 +25,7 @@ namespace {
 
 constexpr int kWidth = 900;
 constexpr int kHeight = 560;
+constexpr int kLeastHelpLines = 2;
 constexpr int kHelpLines = 5;
 constexpr int kRoomOfFrame = 12;
 constexpr auto kQuestion = "question";  // a property of a box: its number
@@ -52,13 +53,13 @@ WorkformDialog::WorkformDialog(QWidget* parent)
                    LoadCodeLists, zorby::CurrentClockPort().LocalTime(),
                    RecordHabits{true, LibraryCode()});
     setWindowTitle(tr("New record"));
-    resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() - QSize(40, 60)));
+    ResizeToScreen(*this, {kWidth, kHeight});
     auto* panes = new QSplitter(this);
     panes->setChildrenCollapsible(false);
     panes->addWidget(list_);
     panes->addWidget(MakeQuestions());
     panes->setStretchFactor(1, 1);
-    panes->setSizes({kWidth * 2 / 5, kWidth * 3 / 5});
+    panes->setSizes({width() * 2 / 5, width() * 3 / 5});
     fault_->setWordWrap(true);
     fault_->hide();
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -86,7 +87,8 @@ QWidget* WorkformDialog::MakeQuestions() {
     help_->setReadOnly(true);
     help_->setTabChangesFocus(true);
     help_->setAccessibleName(tr("What the workform says of the subfield in hand"));
-    help_->setFixedHeight(kHelpLines * fontMetrics().lineSpacing() + kRoomOfFrame);
+    help_->setMinimumHeight(kLeastHelpLines * fontMetrics().lineSpacing() + kRoomOfFrame);
+    help_->setMaximumHeight(kHelpLines * fontMetrics().lineSpacing() + kRoomOfFrame);
     layout->addWidget(all_);
     layout->addWidget(area_, 1);
     layout->addWidget(help_);

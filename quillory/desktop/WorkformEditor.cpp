@@ -4,24 +4,19 @@
 #include <quillory/desktop/HoldBar.h>
 #include <quillory/desktop/RecordTable.h>
 #include <quillory/desktop/Texts.h>
+#include <quillory/desktop/WindowSize.h>
 #include <quillory/desktop/WorkformEditor.h>
 #include <quillory/desktop/WorkformList.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/text/QmText.h>
 
-#include <QAction>
 #include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScreen>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTimer>
@@ -38,14 +33,7 @@ namespace {
 
 constexpr int kWidth = 1100;
 constexpr int kHeight = 640;
-constexpr int kLeastHelpLines = 2;
-constexpr int kHelpLines = 4;
-constexpr int kRoomOfFrame = 12;
 constexpr int kWait = 1000;  // milliseconds
-
-// Steps of one kind that come one after the other are undone as one, as with letter after letter.
-constexpr int kStepOfItsOwn = -1;
-constexpr int kNameStep = 0;
 
 // The texts that help with a subfield, in the order in which they are shown.
 constexpr std::string SubfieldHelp::*kHelpTexts[] = {&SubfieldHelp::rules, &SubfieldHelp::reminder,
@@ -56,10 +44,6 @@ int HelpStep(const SubfieldOfTag& subfield, int which) {
     constexpr auto kTexts = static_cast<int>(std::size(kHelpTexts));
     const int place = static_cast<int>(subfield.tag) * kCodes + static_cast<uchar>(subfield.code);
     return place * kTexts + which;
-}
-
-QString NameOf(QString text) {
-    return text.remove(u'&').remove(u'…');
 }
 
 }  // namespace
@@ -110,13 +94,13 @@ WorkformEditor::WorkformEditor(const CodeLists& lists, QWidget* parent)
     const Reporter reporter(messages_, {.quiet = true});
     workforms_.emplace(reporter);
     setWindowTitle(tr("Workforms") + QStringLiteral("[*]"));
-    resize(QSize(kWidth, kHeight).boundedTo(screen()->availableSize() - QSize(40, 60)));
+    ResizeToScreen(*this, {kWidth, kHeight});
     auto* panes = new QSplitter(this);
     panes->setChildrenCollapsible(false);
     panes->addWidget(MakeList());
     panes->addWidget(MakeContent(lists));
     panes->setStretchFactor(1, 1);
-    panes->setSizes({kWidth * 3 / 10, kWidth * 7 / 10});
+    panes->setSizes({width() * 3 / 10, width() * 7 / 10});
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(hold_);
     layout->addWidget(panes, 1);
@@ -139,139 +123,6 @@ WorkformEditor::~WorkformEditor() {
     table_->Finish();
     undo_->disconnect(this);
     for (QWidget* part : findChildren<QWidget*>()) part->disconnect(this);
-}
-
-QWidget* WorkformEditor::MakeList() {
-    auto* part = new QWidget(this);
-    auto* buttons = new QHBoxLayout;
-    for (QPushButton* button : {copy_, remove_}) {
-        button->setAutoDefault(false);
-        buttons->addWidget(button);
-    }
-    buttons->addStretch(1);
-    auto* layout = new QVBoxLayout(part);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(list_, 1);
-    layout->addLayout(buttons);
-    connect(copy_, &QPushButton::clicked, this, &WorkformEditor::Copy);
-    connect(remove_, &QPushButton::clicked, this, &WorkformEditor::Remove);
-    return part;
-}
-
-QWidget* WorkformEditor::MakeContent(const CodeLists& lists) {
-    auto* part = new QWidget(this);
-    table_ = new RecordTable(record_, tabs_);
-    coded_ = new CodedEditor(record_, lists, tabs_);
-    tabs_->addTab(table_, tr("&Fields"));
-    tabs_->addTab(coded_, tr("&Coded"));
-    MakeTools();
-    auto* form = new QFormLayout;
-    name_->setAccessibleName(tr("Name of the workform"));
-    form->addRow(tr("&Name:"), name_);
-    form->addRow(tr("Material:"), material_);
-    auto* layout = new QVBoxLayout(part);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addLayout(form);
-    layout->addWidget(tools_);
-    layout->addWidget(tabs_, 1);
-    layout->addWidget(MakeHelp());
-    connect(name_, &QLineEdit::textChanged, this, [this] { Note(kNameStep); });
-    connect(&record_, &OpenRecord::Changed, this, [this] { Note(kStepOfItsOwn); });
-    connect(table_, &RecordTable::PlaceChanged, this, &WorkformEditor::ShowHelp);
-    connect(coded_, &CodedEditor::Said, this, &WorkformEditor::Say);
-    connect(tabs_, &QTabWidget::currentChanged, this, [this] {
-        table_->Finish();
-        coded_->SetActive(tabs_->currentWidget() == coded_);
-        ShowHelp();
-    });
-    return part;
-}
-
-QWidget* WorkformEditor::MakeHelp() {
-    auto* part = new QWidget(this);
-    auto* layout = new QVBoxLayout(part);
-    layout->setContentsMargins(0, 0, 0, 0);
-    QFont font = helpHeading_->font();
-    font.setBold(true);
-    helpHeading_->setFont(font);
-    helpHeading_->setWordWrap(true);
-    layout->addWidget(helpHeading_);
-    layout->addWidget(isAsked_);
-    layout->addWidget(MakeHelpTexts());
-    connect(isAsked_, &QCheckBox::toggled, this, [this] { NoteHelp(kStepOfItsOwn); });
-    return part;
-}
-
-QWidget* WorkformEditor::MakeHelpTexts() {
-    struct Words {
-        QString label;
-        QString name;
-    };
-    const Words words[] = {{tr("&Rules"), tr("Rules for the subfield in hand")},
-                           {tr("Re&minder"), tr("Reminder for the subfield in hand")},
-                           {tr("E&xamples"), tr("Examples of the subfield in hand")}};
-    auto* part = new QWidget(this);
-    auto* grid = new QGridLayout(part);
-    grid->setContentsMargins(0, 0, 0, 0);
-    for (int i = 0; i < static_cast<int>(texts_.size()); ++i) {
-        auto* text = new QPlainTextEdit(part);
-        text->setTabChangesFocus(true);
-        text->setToolTip(tr("Shown when this subfield is filled"));
-        text->setAccessibleName(words[i].name);
-        text->setMinimumHeight(kLeastHelpLines * fontMetrics().lineSpacing() + kRoomOfFrame);
-        text->setMaximumHeight(kHelpLines * fontMetrics().lineSpacing() + kRoomOfFrame);
-        auto* label = new QLabel(words[i].label, part);
-        label->setBuddy(text);
-        grid->addWidget(label, 0, i);
-        grid->addWidget(text, 1, i);
-        connect(text, &QPlainTextEdit::textChanged, this, [this, i] { NoteTypedHelp(i); });
-        texts_[static_cast<std::size_t>(i)] = text;
-    }
-    return part;
-}
-
-// No button is pressed by Enter: it belongs to the boxes.
-QWidget* WorkformEditor::MakeButtons() {
-    auto* buttons = new QDialogButtonBox(this);
-    QPushButton* close = buttons->addButton(QDialogButtonBox::Close);
-    buttons->addButton(save_, QDialogButtonBox::ApplyRole);
-    save_->setToolTip(
-        tr("Save (%1)").arg(QKeySequence(QKeySequence::Save).toString(QKeySequence::NativeText)));
-    auto* save = new QAction(this);
-    save->setShortcut(QKeySequence::Save);
-    addAction(save);
-    connect(save, &QAction::triggered, save_, &QPushButton::click);
-    for (QPushButton* button : {close, save_}) button->setAutoDefault(false);
-    said_->setWordWrap(true);
-    said_->hide();
-    connect(save_, &QPushButton::clicked, this, &WorkformEditor::Save);
-    connect(buttons, &QDialogButtonBox::rejected, this, &WorkformEditor::reject);
-    return buttons;
-}
-
-template <class Handler>
-void WorkformEditor::AddTool(const QString& text, const QString& key, Handler handler) {
-    QAction* action = tools_->addAction(text);
-    action->setShortcut(QKeySequence(key));
-    action->setToolTip(QStringLiteral("%1 (%2)").arg(
-        NameOf(text), action->shortcut().toString(QKeySequence::NativeText)));
-    connect(action, &QAction::triggered, this, handler);
-}
-
-void WorkformEditor::MakeTools() {
-    tools_->setToolButtonStyle(Qt::ToolButtonTextOnly);
-    AddTool(tr("Undo"), tr("Ctrl+Z"), [this] {
-        FinishTyping();
-        undo_->undo();
-    });
-    AddTool(tr("Redo"), tr("Ctrl+Shift+Z"), [this] { undo_->redo(); });
-    tools_->addSeparator();
-    AddTool(tr("New Field…"), tr("Ctrl+Return"), [this] { AddField(); });
-    AddTool(tr("Remove Field"), tr("Ctrl+Del"), [this] { table_->RemoveField(); });
-    AddTool(tr("New Subfield"), tr("Ctrl+D"), [this] { table_->AddSubfield(); });
-    AddTool(tr("Remove Subfield"), tr("Shift+Del"), [this] { table_->RemoveSubfield(); });
-    AddTool(tr("Up"), tr("Alt+Up"), [this] { table_->MoveField(-1); });
-    AddTool(tr("Down"), tr("Alt+Down"), [this] { table_->MoveField(1); });
 }
 
 void WorkformEditor::AddField() {

@@ -53,6 +53,10 @@ public:
 
 private:
     class Step;
+    // Steps of one kind that come one after the other are undone as one, as with letter after
+    // letter.
+    static constexpr int kStepOfItsOwn = -1;
+    static constexpr int kNameStep = 0;
 
     QWidget* MakeList();
     QWidget* MakeContent(const CodeLists& lists);

@@ -16,6 +16,7 @@ namespace quillory {
 namespace {
 
 constexpr int kListChars = 24;  // at least
+constexpr int kWideChars = 40;  // that show names and materials
 enum Column : int { kName, kMaterial, kColumns };
 
 int IdOf(const QTreeWidgetItem& item) {
@@ -110,6 +111,11 @@ void WorkformList::Choose(int id) {
             if (IdOf(*group->child(row)) == id) list_->setCurrentItem(group->child(row));
         }
     }
+}
+
+void WorkformList::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    list_->setColumnHidden(kMaterial, width() < kWideChars * fontMetrics().averageCharWidth());
 }
 
 // The arrow keys move in the list while a person types.

@@ -34,6 +34,7 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void AddGroup(const QString& title, const std::vector<WorkformEntry>& entries);

@@ -4,6 +4,7 @@
 #include <quillory/desktop/DeskSettings.h>
 #include <quillory/desktop/MainWindow.h>
 #include <quillory/desktop/Theme.h>
+#include <quillory/desktop/WindowSize.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/store/HomeFolder.h>
 
@@ -29,6 +30,13 @@ QString SettingsPath() {
     return QString::fromStdString((quillory::HomeFolder() / "desk.ini").string());
 }
 
+// Where the screen is too small for the window and its frame, the window takes all of it.
+void FitToScreen(quillory::MainWindow& window) {
+    const QSize room = quillory::RoomFor(window);
+    const bool fits = window.width() <= room.width() && window.height() <= room.height();
+    if (!fits) window.setWindowState(window.windowState() | Qt::WindowMaximized);
+}
+
 int RunWindow(const QString& file) {
     quillory::DeskSettings settings(SettingsPath());
     quillory::SetTheme(settings.IsDark());
@@ -36,6 +44,7 @@ int RunWindow(const QString& file) {
                                                  QIcon(QStringLiteral(":/quillory-desk.svg"))));
     quillory::Desk desk;
     quillory::MainWindow window(desk, settings);
+    if (settings.State(QStringLiteral("window/geometry")).isEmpty()) FitToScreen(window);
     window.show();
     if (!file.isEmpty()) {
         window.Open(file);

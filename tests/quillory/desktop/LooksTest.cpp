@@ -1,11 +1,17 @@
+#include <quillory/desktop/CharacterPalette.h>
+#include <quillory/desktop/FieldPicker.h>
 #include <quillory/desktop/FindingsList.h>
+#include <quillory/desktop/RulesDialog.h>
 #include <quillory/desktop/Theme.h>
+#include <quillory/desktop/WorkformDialog.h>
+#include <quillory/desktop/WorkformEditor.h>
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QTabWidget>
+#include <initializer_list>
 #include <tests/quillory/desktop/DeskTest.h>
 
 namespace quillory {
@@ -72,6 +78,42 @@ TEST_F(Looks, NothingIsCutInAnySizeOrTheme) {
         }
     }
     SetTheme(false);
+}
+
+// What is left of 1366 x 768 at 200 %, within the frame of a window.
+TEST_F(Looks, EverythingFitsASmallScreen) {
+    const QSize room(683, 340);
+    MainWindow window(*desk_, settings_);
+    window.resize(room);
+    window.show();
+    ASSERT_TRUE(window.Open(QStringLiteral(SAMPLES "catalogue.mrk")));
+    Wait(window);
+    window.Table().GoTo(*ParsePlace("245 $a"));
+    window.Palette().Toggle();
+    auto& tabs = *window.findChild<QTabWidget*>();
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        tabs.setCurrentIndex(tab);
+        QTest::qWait(1);
+        EXPECT_EQ(window.size(), room) << tab;
+        EXPECT_LE(window.minimumSizeHint().width(), room.width()) << tab;
+        EXPECT_LE(window.minimumSizeHint().height(), room.height()) << tab;
+        constexpr int kLeastText = 10;  // characters of a finding
+        EXPECT_GE(window.Findings().columnWidth(2),
+                  kLeastText * window.fontMetrics().averageCharWidth());
+        Keep(window, QStringLiteral("small-%1").arg(tab));
+    }
+    WorkformEditor editor(desk_->Lists(), &window);
+    WorkformDialog maker(&window);
+    FieldPicker picker(&window);
+    RulesDialog rules(desk_->Rules(), &window);
+    for (QDialog* dialog : std::initializer_list<QDialog*>{&editor, &maker, &picker, &rules}) {
+        dialog->resize(room);
+        dialog->show();
+        QTest::qWait(1);
+        EXPECT_EQ(dialog->size(), room) << dialog->windowTitle().toStdString();
+        Keep(*dialog, QStringLiteral("small-") + dialog->windowTitle().remove(u'['));
+        dialog->hide();
+    }
 }
 
 }  // namespace
