@@ -35,6 +35,7 @@
 #include <QTableView>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace quillory {
 namespace {
@@ -44,6 +45,8 @@ constexpr int kFilterPause = 300;     // after the last key
 constexpr int kWorkMilliseconds = 8;  // at a time, so that the window goes on smoothly
 constexpr std::size_t kWorkRecords = 64;
 constexpr int kShares = 1000;
+constexpr int kLeastHelpLines = 3;
+constexpr int kSideChars = 28;  // in which a finding can be read
 
 QLabel* Heading(QWidget* parent) {
     auto* label = new QLabel(parent);
@@ -95,7 +98,8 @@ MainWindow::MainWindow(Desk& desk, DeskSettings& settings)
     MakeJournalTimer();
     table_->SetDisplay(desk_.Display());
     resize(QSize(1366, 768).boundedTo(screen()->availableSize()));
-    panes_->setSizes({3 * width() / 10, 5 * width() / 10, 2 * width() / 10});
+    const int side = std::max(2 * width() / 10, kSideChars * fontMetrics().averageCharWidth());
+    panes_->setSizes({3 * (width() - side) / 8, 5 * (width() - side) / 8, side});
     restoreGeometry(settings_.State(QStringLiteral("window/geometry")));
     panes_->restoreState(settings_.State(QStringLiteral("window/panes")));
     ShowFile();
@@ -113,6 +117,8 @@ void MainWindow::MakeCentre() {
     layout->setSpacing(0);
     MakeHoldBar(centre);
     messages_ = new MessageBar(centre);
+    left_ = new MessageBar(centre);
+    connect(left_, &MessageBar::ActionAsked, this, &MainWindow::TakeUpLeftByOthers);
     pages_ = new QStackedWidget(centre);
     panes_ = new QSplitter(Qt::Horizontal, pages_);
     panes_->setChildrenCollapsible(false);
@@ -126,6 +132,7 @@ void MainWindow::MakeCentre() {
     pages_->addWidget(panes_);
     pages_->addWidget(MakeEmptyStore());
     layout->addWidget(hold_);
+    layout->addWidget(left_);
     layout->addWidget(messages_);
     layout->addWidget(pages_, 1);
     setCentralWidget(centre);
@@ -204,6 +211,7 @@ QWidget* MainWindow::MakeSide() {
     help_ = new QPlainTextEdit(above);
     help_->setReadOnly(true);
     help_->setTabChangesFocus(true);
+    help_->setMinimumHeight(kLeastHelpLines * fontMetrics().lineSpacing());
     help_->setAccessibleName(tr("What is known of the field in hand"));
     aboveLayout->addWidget(helpHeading_);
     aboveLayout->addWidget(help_, 1);
@@ -282,6 +290,7 @@ void MainWindow::WorkOn() {
         SelectCurrentRow();
     }
     if (!current_ && document_->Listing().Size() > 0) ShowRecord(document_->Listing().At(0));
+    GoToMatch();
     ShowCounts();
 }
 
@@ -308,6 +317,7 @@ void MainWindow::ShowCounts() {
 void MainWindow::Filter(const QString& typed) {
     if (document_ == nullptr) return;
     typing_->stop();
+    isMatchWanted_ = false;
     if (filter_->text() != typed) filter_->setText(typed);
     Try([&] {
         document_->Listing().Filter(typed.toStdString());
@@ -333,13 +343,24 @@ void MainWindow::FollowRow(const QModelIndex& index) {
     if (record && record != current_) ShowRecord(*record);
 }
 
+// None, if the list does not have the record in hand.
 void MainWindow::SelectCurrentRow() {
     const auto row = current_ ? document_->Listing().RowOf(*current_) : std::nullopt;
-    if (!row || static_cast<int>(*row) >= listModel_->rowCount()) return;
+    if (!row) return list_->selectionModel()->clear();
+    if (static_cast<int>(*row) >= listModel_->rowCount()) return;
     const QModelIndex index = listModel_->index(static_cast<int>(*row), 1);
     if (list_->selectionModel()->isRowSelected(index.row())) return;
     list_->setCurrentIndex(index);
     list_->scrollTo(index);
+}
+
+// When all are found, the first one, unless the record in hand is one.
+void MainWindow::GoToMatch() {
+    RecordListing& listing = document_->Listing();
+    if (!isMatchWanted_ || !listing.IsDone()) return;
+    isMatchWanted_ = false;
+    const bool isMatch = current_ && listing.RowOf(*current_).has_value();
+    if (!isMatch && listing.Size() > 0) ShowRecord(listing.At(0));
 }
 
 void MainWindow::ShowRecord(std::size_t record) {
@@ -376,14 +397,24 @@ void MainWindow::TakeRecord() {
     if (!current_ || record_.Session() == nullptr) return;
     KeepChanges();
     const Losses losses = document_->Take(*current_);
-    if (!losses.Empty()) {
-        statusBar()->showMessage(tr("Not in the character set of this record: %1")
-                                     .arg(ToQt(losses.Text("")).simplified()));
-    } else {
-        statusBar()->clearMessage();
-    }
+    ShowLosses(losses);
     listModel_->Refresh(*current_);
     ShowCounts();
+}
+
+// What else the status bar says stays, unless something is lost.
+void MainWindow::ShowLosses(const Losses& losses) {
+    const QString lost = losses.Empty() ? QString()
+                                        : tr("Not in the character set of this record: %1")
+                                              .arg(ToQt(losses.Text("")).simplified());
+    if (lost.isEmpty() && !lost_.isEmpty()) statusBar()->clearMessage();
+    if (!lost.isEmpty()) statusBar()->showMessage(lost);
+    lost_ = lost;
+}
+
+void MainWindow::SayShortly(const QString& text) {
+    constexpr int kShortly = 5000;  // milliseconds
+    statusBar()->showMessage(text, kShortly);
 }
 
 void MainWindow::CheckNow() {

@@ -71,6 +71,7 @@ public:
     CharacterPalette& Palette() { return *palette_; }
     MessageBar& Messages() { return *messages_; }
     HoldBar& Hold() { return *hold_; }
+    MessageBar& LeftByOthers() { return *left_; }
     std::optional<std::size_t> Current() const { return current_; }
     bool IsWorking() const;
     // Does at once what a person would wait for a moment.
@@ -136,6 +137,7 @@ private:
     void Sort(int column, Qt::SortOrder order);
     void FollowRow(const QModelIndex& index);
     void SelectCurrentRow();
+    void GoToMatch();
     void GoToRecord();
     void NextRecord(int by);
 
@@ -172,6 +174,8 @@ private:
     void ShowSavedByOthers();
     void ShowAdded(std::size_t before);
     void RefreshHolders();
+    void ShowAgain();
+    void ReadAgainTelling();
     void ReadAgain();
     void KeepRefused(std::size_t record, const RecordState& wanted, const QString& why);
     void WriteRefused(std::size_t record, const RecordState& wanted);
@@ -188,8 +192,11 @@ private:
     void TakeBackKept(std::size_t record);
     void OfferLeft();
     bool WantsLeft(std::size_t count, const std::string& path);
-    bool TakeUp(KeptChange& change);
-    void TakeUp(std::vector<KeptChange> left);
+    std::optional<std::size_t> TakeUp(KeptChange& change);
+    std::vector<KeptChange> TakeUp(std::vector<KeptChange> left);
+    void SayWhatIsApart(std::size_t taken, const std::vector<KeptChange>& others);
+    void ShowLeftByOthers();
+    void TakeUpLeftByOthers();
 
     void AddNewActions(QMenu* menu);
     void NewRecord();
@@ -201,8 +208,11 @@ private:
     bool MayReplaceWorkform(const QString& name);
     void SayWorkformSaved(const QString& name, const std::vector<Place>& leftOut);
 
+    // In the status bar, for a moment.
+    void SayShortly(const QString& text);
     bool FinishEditing();
     void TakeRecord();
+    void ShowLosses(const Losses& losses);
     void ShowHelp();
     void AddField();
     void Repair();
@@ -218,9 +228,10 @@ private:
     std::unique_ptr<Document> document_;
     std::optional<std::size_t> current_;
     OpenRecord record_;
-    std::unique_ptr<EditJournal> journal_;        // null if changes can't be kept
-    std::map<std::size_t, std::uint64_t> kept_;   // by record, the sign of what the journal has
-    bool isUnsafe_ = false;                       // the journal could not be written
+    std::unique_ptr<EditJournal> journal_;       // null if changes can't be kept
+    std::map<std::size_t, std::uint64_t> kept_;  // by record, the sign of what the journal has
+    QString lost_;           // what is said of characters that the record can't hold
+    bool isUnsafe_ = false;  // the journal could not be written
     std::map<std::size_t, std::string> refused_;  // by record, as lines: what it could not become
     std::string refusedPath_;                     // where that is kept
 
@@ -228,6 +239,8 @@ private:
     QSplitter* panes_ = nullptr;
     HoldBar* hold_ = nullptr;
     MessageBar* messages_ = nullptr;
+    MessageBar* left_ = nullptr;  // offers what another window left
+    bool isLeftOffered_ = false;
     QLineEdit* filter_ = nullptr;
     RecordListModel* listModel_ = nullptr;
     QTableView* list_ = nullptr;
@@ -249,6 +262,7 @@ private:
     QTimer* waiting_ = nullptr;  // for a file that another window has
     QTimer* typing_ = nullptr;   // in the filter
     bool isSorted_ = false;
+    bool isMatchWanted_ = false;  // of the filter, in place of a record that is none
     std::vector<std::pair<QAction*, Needs>> actions_;
     QAction* undo_ = nullptr;
     QAction* new_ = nullptr;

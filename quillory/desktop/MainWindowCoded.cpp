@@ -8,19 +8,16 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QStatusBar>
 #include <QTabWidget>
 
 // The window's part in the forms of coded fields.
 namespace quillory {
 
 void MainWindow::MakeCoded() {
-    constexpr int kShortly = 6000;  // milliseconds
     coded_ = new CodedEditor(record_, desk_.Lists(), tabs_);
     tabs_->insertTab(1, coded_, tr("Coded"));
     connect(coded_, &CodedEditor::PlaceChanged, this, &MainWindow::ShowHelp);
-    connect(coded_, &CodedEditor::Said, this,
-            [this](const QString& text) { statusBar()->showMessage(text, kShortly); });
+    connect(coded_, &CodedEditor::Said, this, &MainWindow::SayShortly);
 }
 
 void MainWindow::AddCodedActions(QMenu* menu) {

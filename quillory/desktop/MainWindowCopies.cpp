@@ -7,14 +7,12 @@
 
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QStatusBar>
 #include <QTabWidget>
 
 // The window's part in copies.
 namespace quillory {
 
 void MainWindow::MakeCopies() {
-    constexpr int kShortly = 6000;  // milliseconds
     copies_ = new CopiesEditor(record_, tabs_);
     const int tab = tabs_->insertTab(2, copies_, tr("Copies"));
     connect(copies_, &CopiesEditor::Counted, this, [this, tab] {
@@ -23,8 +21,7 @@ void MainWindow::MakeCopies() {
     });
     connect(copies_, &CopiesEditor::SystemChosen, this, &MainWindow::FollowHoldings);
     connect(copies_, &CopiesEditor::PlaceChanged, this, &MainWindow::ShowHelp);
-    connect(copies_, &CopiesEditor::Said, this,
-            [this](const QString& text) { statusBar()->showMessage(text, kShortly); });
+    connect(copies_, &CopiesEditor::Said, this, &MainWindow::SayShortly);
 }
 
 // Another holdings system names other fields, and other records lack copies.

@@ -21,15 +21,12 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QSplitter>
-#include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
 #include <filesystem>
 
 namespace quillory {
 namespace {
-
-constexpr int kShortly = 4000;  // milliseconds that a message stays
 
 // "MARC 21 XML (*.xml *.marcxml)", a line for each form.
 QString FormFilters() {
@@ -97,6 +94,7 @@ bool MainWindow::CloseFile() {
     ForgetChanges();
     keeping_->stop();
     journal_.reset();
+    ShowLeftByOthers();
     work_->stop();
     checks_->stop();
     messages_->hide();
@@ -182,7 +180,7 @@ bool MainWindow::Save() {
         listModel_->RefreshAll();
         ShowAdded(before);
         messages_->hide();
-        statusBar()->showMessage(tr("Saved."), kShortly);
+        SayShortly(tr("Saved."));
         isSaved = true;
     });
     CheckNow();
@@ -218,7 +216,7 @@ bool MainWindow::SaveAs(const QString& path) {
         KeepIn(std::move(journal));
         GoOnWith(std::move(written));
         settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
-        statusBar()->showMessage(tr("Saved as %1.").arg(path), kShortly);
+        SayShortly(tr("Saved as %1.").arg(path));
         if (!said.isEmpty()) messages_->Say(said);
         isSaved = true;
     });

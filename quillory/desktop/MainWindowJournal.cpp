@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
+#include <set>
 
 // The window's part in keeping changes that are not saved.
 namespace quillory {
@@ -69,6 +70,7 @@ void MainWindow::KeepIn(std::unique_ptr<EditJournal> journal) {
     kept_.clear();
     isUnsafe_ = false;
     journal_ = std::move(journal);
+    ShowLeftByOthers();
     keeping_->start();
 }
 
@@ -163,7 +165,7 @@ void MainWindow::OfferLeft() {
     const std::vector<KeptChange> left = journal_->Left();
     const bool isWanted = !left.empty() && WantsLeft(left.size(), document_->File().Path());
     if (isWanted) {
-        TakeUp(left);
+        journal_->Rewrite(TakeUp(left));
     } else {
         journal_->DropLeft();
     }
@@ -185,43 +187,77 @@ bool MainWindow::WantsLeft(std::size_t count, const std::string& path) {
     return box.clickedButton() == take;
 }
 
-// False if the record is another one now, or is being changed elsewhere.
-bool MainWindow::TakeUp(KeptChange& change) {
+// Result: its place in the list; nothing if the record is another one now, or is being changed
+// elsewhere.
+std::optional<std::size_t> MainWindow::TakeUp(KeptChange& change) {
     RecordSet& records = document_->File();
     const auto record =
         change.isNew ? document_->Add(RecordOf(change.state)) : records.IndexOf(change.record);
-    if (!record) return false;
+    if (!record) return std::nullopt;
     if (!change.isNew) {
         EditSession* session = records.IsNew(*record) ? nullptr : document_->SessionOf(*record);
-        if (session == nullptr || records.IsChanged(*record)) return false;
-        if (document_->OriginOf(*record) != change.origin) return false;
-        if (!CanHold(records, *record)) return false;
+        if (session == nullptr || records.IsChanged(*record)) return std::nullopt;
+        if (document_->OriginOf(*record) != change.origin) return std::nullopt;
+        if (!CanHold(records, *record)) return std::nullopt;
         session->TakeUp(change.state);
         document_->Take(*record);
     }
     change.record = records.NumberOf(*record);
     kept_[*record] = SignOf(change.state);
-    return true;
+    return record;
 }
 
-void MainWindow::TakeUp(std::vector<KeptChange> left) {
+// The first record of them is shown. Result: those that could be taken up.
+std::vector<KeptChange> MainWindow::TakeUp(std::vector<KeptChange> left) {
     while (document_->File().FindMore(1)) {
     }
-    const auto apart = std::stable_partition(left.begin(), left.end(),
-                                             [this](KeptChange& change) { return TakeUp(change); });
+    std::set<std::size_t> taken;
+    const auto apart =
+        std::stable_partition(left.begin(), left.end(), [this, &taken](KeptChange& change) {
+            const auto record = TakeUp(change);
+            if (record) taken.insert(*record);
+            return record.has_value();
+        });
     const std::vector<KeptChange> others(apart, left.end());
     left.erase(apart, left.end());
-    QString said = tr("Changes were taken up, and are not saved yet: %L1.").arg(left.size());
+    ShowListing();
+    if (!taken.empty()) ShowRecord(*taken.begin());
+    SayWhatIsApart(taken.size(), others);
+    return left;
+}
+
+void MainWindow::SayWhatIsApart(std::size_t taken, const std::vector<KeptChange>& others) {
+    QString said = tr("Changes were taken up, and are not saved yet: %L1.").arg(taken);
     if (!others.empty()) {
         said += u' ' + tr("Records that are not as they were any more: %L1. Their changes are in "
                           "%2.")
                            .arg(others.size())
                            .arg(ToQt(KeepApart(others)));
     }
-    journal_->Rewrite(left);
-    ShowListing();
-    if (!kept_.empty()) ShowRecord(kept_.begin()->first);
     messages_->Say(said);
+}
+
+// Once for what is left; closed, it comes again when the store is opened next.
+void MainWindow::ShowLeftByOthers() {
+    const bool isLeft = journal_ != nullptr && journal_->IsMoreLeft();
+    if (!isLeft) left_->hide();
+    if (isLeft && !isLeftOffered_) {
+        left_->Offer(tr("Another window ended before its changes were saved. They are kept, and "
+                        "can be taken up here."),
+                     tr("Take &Up"));
+    }
+    isLeftOffered_ = isLeft;
+}
+
+void MainWindow::TakeUpLeftByOthers() {
+    if (journal_ == nullptr || !FinishEditing()) return;
+    TakeRecord();
+    Try([this] {
+        const std::vector<KeptChange> left = journal_->TakeMoreLeft();
+        if (left.empty()) return messages_->Say(tr("Another window has taken these changes up."));
+        journal_->Adopt(TakeUp(left));
+    });
+    ShowLeftByOthers();
 }
 
 void MainWindow::OfferNewRecordsLeft() {
@@ -232,7 +268,7 @@ void MainWindow::OfferNewRecordsLeft() {
         if (WantsLeft(journal->Left().size(), {})) {
             TakeDocument(std::make_unique<Document>());
             KeepIn(std::move(journal));
-            TakeUp(journal_->Left());
+            journal_->Rewrite(TakeUp(journal_->Left()));
         } else {
             journal->DropLeft();
         }

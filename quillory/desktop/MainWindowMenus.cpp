@@ -253,6 +253,7 @@ void MainWindow::MakeToolBar() {
     connect(filter_, &QLineEdit::textEdited, this, [this] { typing_->start(); });
     connect(filter_, &QLineEdit::returnPressed, this, [this] {
         Filter(filter_->text());
+        isMatchWanted_ = true;
         list_->setFocus();
     });
     connect(filter_, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -296,7 +297,7 @@ void MainWindow::Repair() {
     record_.Session()->Give(record, unused);
     const std::vector<quillory::Repair> repairs = desk_.PutRight(record);
     if (repairs.empty()) {
-        messages_->Say(tr("The coded fields of this record need no repair."));
+        SayShortly(tr("The coded fields of this record need no repair."));
         return;
     }
     RepairDialog dialog(repairs, desk_.Lists(), this);

@@ -13,7 +13,6 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QPlainTextEdit>
-#include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
 #include <utility>
@@ -21,8 +20,6 @@
 // The window's part in what other windows do to the records of the store.
 namespace quillory {
 namespace {
-
-constexpr int kShortly = 4000;  // milliseconds that a message stays
 
 // A dialog, a menu or a drag knows the record as it is.
 bool IsInTheMiddle() {
@@ -50,8 +47,9 @@ void MainWindow::FollowOthers() {
         if (document_->File().Follow()) ShowSavedByOthers();
         ShowAdded(before);
         const bool isHeld = !HolderInHand().isEmpty();
-        if (current_ && isHeld != record_.IsReadOnly()) ReadAgain();
+        if (current_ && isHeld != record_.IsReadOnly()) ShowAgain();
         RefreshHolders();
+        ShowLeftByOthers();
     });
 }
 
@@ -60,14 +58,24 @@ void MainWindow::FollowOthers() {
 void MainWindow::ShowSavedByOthers() {
     for (const std::size_t record : document_->Outdated()) {
         if (record == current_) {
-            ReadAgain();
-            statusBar()->showMessage(
-                tr("Another program has saved this record: it is shown as it is now."), kShortly);
+            ReadAgainTelling();
         } else {
             document_->Forget(record);
         }
     }
     listModel_->RefreshAll();
+}
+
+void MainWindow::ReadAgainTelling() {
+    const EditSession& session = *record_.Session();
+    const bool hasSteps = session.CanUndo() || session.CanRedo();
+    ReadAgain();
+    const QString said = tr("Another program has saved this record: it is shown as it is now.");
+    if (hasSteps) {
+        messages_->Say(said + u' ' + tr("Your own steps before that can't be undone any more."));
+    } else {
+        SayShortly(said);
+    }
 }
 
 // Records that came last while there were so many.
@@ -91,11 +99,16 @@ void MainWindow::RefreshHolders() {
     listModel_->RefreshHolders(first, last < 0 ? listModel_->rowCount() - 1 : last);
 }
 
-// The record in hand as it is now, at the same place.
+// The record in hand as it is now.
 void MainWindow::ReadAgain() {
+    const auto former = document_->Forget(*current_);  // the views know it until the next line
+    ShowAgain();
+}
+
+// At the same place.
+void MainWindow::ShowAgain() {
     const Place place = table_->CurrentPlace();
     const bool hasOpenText = table_->isAncestorOf(QApplication::focusWidget());
-    const auto former = document_->Forget(*current_);  // the views know it until the next line
     EditSession* session = nullptr;
     Try([&] { session = document_->SessionOf(*current_); });
     record_.Show(session, !HolderInHand().isEmpty());

@@ -3,6 +3,7 @@
 #include <QFrame>
 
 class QLabel;
+class QPushButton;
 
 namespace quillory {
 
@@ -16,12 +17,19 @@ public:
 
     void Say(const QString& text);
     void Warn(const QString& text);
+    // With a button for what can be done about it.
+    void Offer(const QString& text, const QString& action);
     QString Text() const;
+    QPushButton& ActionButton() { return *action_; }
+
+Q_SIGNALS:
+    void ActionAsked();
 
 private:
     void Show(const QString& text, const QColor& color);
 
     QLabel* label_;
+    QPushButton* action_;
 };
 
 }  // namespace quillory

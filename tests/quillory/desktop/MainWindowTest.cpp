@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 #include <QTreeWidget>
 #include <tests/quillory/desktop/DeskTest.h>
@@ -39,6 +40,7 @@ TEST_F(DeskTest, AnEditedRecordIsSavedAndNothingElse) {
     Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     Press(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(window_->Messages().Text(), "");
+    EXPECT_EQ(window_->statusBar()->currentMessage(), "Saved.");
     EXPECT_FALSE(window_->isWindowModified());
     const std::string saved = file_->Read();
     EXPECT_TRUE(saved.starts_with(Book("Rivers")));
@@ -136,6 +138,24 @@ TEST_F(DeskTest, WordsAndExpressionsFilterAndColumnsSort) {
     EXPECT_EQ(Listed(2, 1), "Rivers");
     EXPECT_EQ(window_->Current(), 0U);
     EXPECT_EQ(window_->List().currentIndex().row(), 2);
+}
+
+TEST_F(DeskTest, EnterShowsTheFirstRecordThatIsFound) {
+    Press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(QApplication::focusWidget(), "sea");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    Wait();
+    EXPECT_EQ(window_->Current(), 2U);
+    EXPECT_TRUE(window_->List().hasFocus());
+    Press(Qt::Key_F, Qt::ControlModifier);
+    QTest::keyClicks(QApplication::focusWidget(), "doe");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    Wait();
+    EXPECT_EQ(window_->Current(), 2U);  // which is one of them
+    window_->Filter("rivers");
+    Wait();
+    window_->ShowRecord(1);
+    EXPECT_FALSE(window_->List().selectionModel()->hasSelection());
 }
 
 TEST_F(DeskTest, AFileOfAnotherProgramIsNotOverwritten) {

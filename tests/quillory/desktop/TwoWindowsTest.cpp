@@ -242,6 +242,56 @@ TEST_F(TwoWindowsTest, WhenOneDiesItsRecordIsFreeAndItsChangesComeToTheNextWindo
     EXPECT_TRUE(IsStored(2, "Jane Doe. Second"));
 }
 
+TEST_F(TwoWindowsTest, WhatADeadWindowLeftIsTakenUpInOneThatIsOpen) {
+    other_->ShowRecord(1);
+    TypeAndTake(*other_, " Second");
+    TypeAt(*one_, "245 $c", " First");
+    Rest();
+    EXPECT_TRUE(other_->LeftByOthers().Text().isEmpty());
+    Crash(one_);
+    ASSERT_TRUE(Comes([&] { return !other_->LeftByOthers().Text().isEmpty(); }));
+    TypeAt(*other_, "245 $a", " and more");  // and the text stays open
+    other_->LeftByOthers().ActionButton().click();
+    EXPECT_TRUE(other_->LeftByOthers().Text().isEmpty());
+    EXPECT_EQ(other_->Current(), 0U);
+    EXPECT_EQ(Cell(*other_, "245 $c"), "Jane Doe. First");
+    EXPECT_EQ(other_->OpenDocument()->File().Changes(), 2U);
+    Press(*other_, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Cell(*other_, "245 $c"), "Jane Doe.");
+    Press(*other_, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Cell(*other_, "245 $c"), "Jane Doe. First");
+    Rest();
+    Crash(other_);  // which has kept both
+    auto next = NewWindow();
+    QString question;
+    Answer("&Take Up", &question);
+    ASSERT_TRUE(OpenIn(*next, StorePath()));
+    EXPECT_TRUE(question.contains("Changed records: 2")) << question.toStdString();
+    Save(*next);
+    EXPECT_TRUE(IsStored(1, "Jane Doe. First"));
+    EXPECT_TRUE(IsStored(2, "Two / and more"));
+    EXPECT_TRUE(IsStored(2, "Jane Doe. Second"));
+}
+
+TEST_F(TwoWindowsTest, WhatCanBeUndoneStaysUntilAnotherSavesTheRecord) {
+    TypeAndTake(*other_, " Mine");
+    Save(*other_);
+    ASSERT_TRUE(Comes([&] { return Cell(*one_, "245 $c") == "Jane Doe. Mine"; }));
+    TypeAndTake(*one_, " Theirs");
+    ASSERT_TRUE(Comes([&] { return !other_->Hold().Text().isEmpty(); }));
+    Press(*one_, Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_TRUE(Comes([&] { return other_->Hold().Text().isEmpty(); }));
+    Press(*other_, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Cell(*other_, "245 $c"), "Jane Doe.");
+    Press(*other_, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    Rest();  // until the record is let go
+    ASSERT_TRUE(Comes([&] { return one_->Hold().Text().isEmpty(); }));
+    TypeAndTake(*one_, " Theirs");
+    Save(*one_);
+    EXPECT_TRUE(Comes([&] { return other_->Messages().Text().contains("can't be undone"); }));
+    EXPECT_EQ(Cell(*other_, "245 $c"), "Jane Doe. Mine Theirs");
+}
+
 TEST_F(TwoWindowsTest, AllThatSeveralWindowsLeftIsOfferedAndOneChangeOfARecordIsTakenUp) {
     TypeAt(*one_, "245 $c", " First");
     Rest();
