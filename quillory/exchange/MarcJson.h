@@ -41,13 +41,15 @@ public:
 protected:
     void BeginRecord(std::string_view leader) override;
     void AddControlField(const zorby::CommFormatField& field) override;
-    void BeginDataField(std::string_view tag, char first, char second) override;
-    void AddSubfield(const Subfield& subfield) override;
-    void EndDataField() override;
-    void EndRecord() override;
+    void AddDataField(std::string_view tag, char first, char second,
+                      std::string_view subfields) override;
+    std::string_view EndRecord() override;
 
 private:
-    std::optional<JsonWriter> json_;  // of the record
+    void AddSubfield(const Subfield& subfield);
+
+    std::string text_;                // of the record
+    std::optional<JsonWriter> json_;  // writes it
 };
 
 }  // namespace quillory

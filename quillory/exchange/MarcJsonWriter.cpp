@@ -3,6 +3,7 @@
 namespace quillory {
 
 void MarcJsonWriter::BeginRecord(std::string_view leader) {
+    text_.clear();
     json_.emplace(text_, *losses_);
     json_->BeginObject();
     json_->Member("leader", leader);
@@ -16,7 +17,8 @@ void MarcJsonWriter::AddControlField(const zorby::CommFormatField& field) {
     json_->EndObject();
 }
 
-void MarcJsonWriter::BeginDataField(std::string_view tag, char first, char second) {
+void MarcJsonWriter::AddDataField(std::string_view tag, char first, char second,
+                                  std::string_view subfields) {
     json_->BeginObject();
     json_->Name(tag);
     json_->BeginObject();
@@ -24,6 +26,10 @@ void MarcJsonWriter::BeginDataField(std::string_view tag, char first, char secon
     json_->Member("ind2", std::string_view(&second, 1));
     json_->Name("subfields");
     json_->BeginArray();
+    ForEachPart(subfields, [this](std::string_view part) { AddSubfield(SubfieldOf(part)); });
+    json_->EndArray();
+    json_->EndObject();
+    json_->EndObject();
 }
 
 void MarcJsonWriter::AddSubfield(const Subfield& subfield) {
@@ -32,16 +38,11 @@ void MarcJsonWriter::AddSubfield(const Subfield& subfield) {
     json_->EndObject();
 }
 
-void MarcJsonWriter::EndDataField() {
-    json_->EndArray();
-    json_->EndObject();
-    json_->EndObject();
-}
-
-void MarcJsonWriter::EndRecord() {
+std::string_view MarcJsonWriter::EndRecord() {
     json_->EndArray();
     json_->EndObject();
     text_ += '\n';
+    return text_;
 }
 
 }  // namespace quillory

@@ -6,6 +6,7 @@
 #include <quillory/exchange/Record.h>
 #include <quillory/exchange/TextPlace.h>
 #include <quillory/exchange/XmlRecords.h>
+#include <quillory/text/TextBuilder.h>
 
 #include <optional>
 #include <utility>
@@ -70,10 +71,15 @@ public:
 protected:
     void BeginRecord(std::string_view leader) override;
     void AddControlField(const zorby::CommFormatField& field) override;
-    void BeginDataField(std::string_view tag, char first, char second) override;
-    void AddSubfield(const Subfield& subfield) override;
-    void EndDataField() override;
-    void EndRecord() override;
+    void AddDataField(std::string_view tag, char first, char second,
+                      std::string_view subfields) override;
+    std::string_view EndRecord() override;
+
+private:
+    void BeginDataField(std::string_view tag, char first, char second);
+    std::size_t AddSubfield(std::string_view subfield);
+
+    TextBuilder text_;
 };
 
 }  // namespace quillory

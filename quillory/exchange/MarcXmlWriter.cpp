@@ -28,6 +28,7 @@ void MarcXmlWriter::Finish() {
 }
 
 void MarcXmlWriter::BeginRecord(std::string_view leader) {
+    text_.Clear();
     text_ += "  <record>\n    <leader>"sv;
     AppendXmlText(leader, text_, *losses_);
     text_ += "</leader>\n"sv;
@@ -50,11 +51,10 @@ void MarcXmlWriter::BeginDataField(std::string_view tag, char first, char second
         constexpr std::size_t kTagAt = kForm.find('.');
         constexpr std::size_t kFirstAt = kForm.find('.', kTagAt + zorby::kTagSize);
         constexpr std::size_t kSecondAt = kForm.find('.', kFirstAt + 1);
-        const std::size_t at = text_.size();
-        text_ += kForm;
-        tag.copy(&text_[at + kTagAt], zorby::kTagSize);
-        text_[at + kFirstAt] = first;
-        text_[at + kSecondAt] = second;
+        char* const at = text_.Append(kForm);
+        tag.copy(at + kTagAt, zorby::kTagSize);
+        at[kFirstAt] = first;
+        at[kSecondAt] = second;
         return;
     }
     text_ += "    <datafield tag=\""sv;
@@ -66,27 +66,35 @@ void MarcXmlWriter::BeginDataField(std::string_view tag, char first, char second
     text_ += "\">\n"sv;
 }
 
-void MarcXmlWriter::AddSubfield(const Subfield& subfield) {
-    if (subfield.code.size() == 1 && StandsForItself(subfield.code.front())) {
+// `subfield` begins with a code. Result: the bytes that it takes.
+std::size_t MarcXmlWriter::AddSubfield(std::string_view subfield) {
+    const std::string_view code = SubfieldCodeOf(subfield);
+    if (StandsForItself(code.front())) {
         constexpr auto kForm = "      <subfield code=\".\">"sv;
-        const std::size_t at = text_.size();
-        text_ += kForm;
-        text_[at + kForm.find('.')] = subfield.code.front();
+        text_.Append(kForm)[kForm.find('.')] = code.front();
     } else {
         text_ += "      <subfield code=\""sv;
-        AppendXmlSign(subfield.code, text_, *losses_);
+        AppendXmlSign(code, text_, *losses_);
         text_ += "\">"sv;
     }
-    AppendXmlText(subfield.text, text_, *losses_);
+    const std::size_t size = AppendXmlSubfield(subfield.substr(code.size()), text_, *losses_);
     text_ += "</subfield>\n"sv;
+    return code.size() + size;
 }
 
-void MarcXmlWriter::EndDataField() {
+void MarcXmlWriter::AddDataField(std::string_view tag, char first, char second,
+                                 std::string_view subfields) {
+    BeginDataField(tag, first, second);
+    while (!subfields.empty()) {
+        subfields.remove_prefix(1);
+        subfields.remove_prefix(AddSubfield(subfields));
+    }
     text_ += "    </datafield>\n"sv;
 }
 
-void MarcXmlWriter::EndRecord() {
+std::string_view MarcXmlWriter::EndRecord() {
     text_ += "  </record>\n"sv;
+    return text_.Text();
 }
 
 }  // namespace quillory

@@ -39,29 +39,21 @@ char MarkupWriter::WritableIndicator(char indicator) {
     return ' ';
 }
 
-void MarkupWriter::AddDataField(const CommFormatField& field) {
-    BeginDataField(field.tag, WritableIndicator(field.content[0]),
-                   WritableIndicator(field.content[1]));
-    ForEachPart(field.content.substr(2),
-                [this](std::string_view part) { AddSubfield(SubfieldOf(part)); });
-    EndDataField();
-}
-
 WriteResult MarkupWriter::Write(const Record& record, Losses& losses) {
     const std::string_view leader = MendLeader(record.leader, leader_);
     if (const auto fault = Unwritable(leader, record)) return NotWritten(*fault);
     losses_ = &losses;
-    text_.clear();
     BeginRecord(leader);
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
+        const auto& [tag, content] = record.fields[i];
         if (shapes_[i] == kDataShape) {
-            AddDataField(record.fields[i]);
+            AddDataField(tag, WritableIndicator(content[0]), WritableIndicator(content[1]),
+                         content.substr(kIndicators));
         } else {
             AddControlField(record.fields[i]);
         }
     }
-    EndRecord();
-    output_.Write(text_);
+    output_.Write(EndRecord());
     return {true, leader.data() == leader_.data(), {}};
 }
 

@@ -21,18 +21,17 @@ protected:
 
     virtual void BeginRecord(std::string_view leader) = 0;
     virtual void AddControlField(const zorby::CommFormatField& field) = 0;
-    virtual void BeginDataField(std::string_view tag, char first, char second) = 0;
-    virtual void AddSubfield(const Subfield& subfield) = 0;
-    virtual void EndDataField() = 0;
-    virtual void EndRecord() = 0;
+    // `subfields` is what its content has after the indicators.
+    virtual void AddDataField(std::string_view tag, char first, char second,
+                              std::string_view subfields) = 0;
+    // Result: the record as it goes out.
+    virtual std::string_view EndRecord() = 0;
 
     Output& output_;
-    std::string text_;          // of the record, as it goes out
     Losses* losses_ = nullptr;  // of the record
 
 private:
     std::optional<Fault> Unwritable(std::string_view leader, const Record& record);
-    void AddDataField(const zorby::CommFormatField& field);
     char WritableIndicator(char indicator);
 
     std::string leader_;

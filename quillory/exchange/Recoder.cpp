@@ -11,12 +11,8 @@ namespace {
 
 // Whether all of the fields are printable ASCII, the same in every character set.
 bool IsPlainRecord(const Record& record) {
-    const std::size_t directory = record.fields.size() * zorby::kDirectoryEntrySize;
-    const std::size_t data = zorby::kLeaderSize + directory + 1;
-    if (record.bytes.size() > data) {
-        return TextConverter::AreUntouched(
-            record.bytes.substr(data, record.bytes.size() - data - 1));
-    }
+    const std::string_view data = record.Data();
+    if (!data.empty()) return TextConverter::AreUntouched(data);
     return std::all_of(record.fields.begin(), record.fields.end(),
                        [](const auto& field) { return TextConverter::IsUntouched(field.content); });
 }
@@ -113,8 +109,10 @@ Recoder::Result Recoder::Recode(Record& record, Losses& losses) {
         if (target != kCharsetAuto) SetLabel(record, target);
         return result;
     }
-    result.from = forced ? options_.from : ActualCharset(record);
-    if (options_.verify && result.from == kCharsetUtf8) result.invalid = FirstInvalidByte(record);
+    const Utf8Counts counts = forced ? Utf8Counts{} : CountUtf8(record);
+    result.from = forced ? options_.from : ActualCharset(record.leader, counts);
+    const bool isToLookAt = options_.verify && result.from == kCharsetUtf8;
+    if (isToLookAt && (forced || counts.invalid > 0)) result.invalid = FirstInvalidByte(record);
     const bool isToReplace = result.invalid && options_.replaceInvalid;
     if (result.invalid && !isToReplace) return result;
     result.invalid.reset();

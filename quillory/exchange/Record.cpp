@@ -4,6 +4,12 @@
 
 namespace quillory {
 
+std::string_view Record::Data() const {
+    const std::size_t start = zorby::kLeaderSize + fields.size() * zorby::kDirectoryEntrySize + 1;
+    return bytes.size() > start ? bytes.substr(start, bytes.size() - start - 1)
+                                : std::string_view();
+}
+
 std::string_view Record::ControlNumber() const {
     for (const zorby::CommFormatField& field : fields) {
         if (field.tag == "001") return field.content;

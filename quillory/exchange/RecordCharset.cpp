@@ -15,13 +15,25 @@ std::optional<InvalidByte> FirstInvalidByte(const Record& record) {
     return std::nullopt;
 }
 
-Charset ActualCharset(const Record& record) {
-    const Charset labelled = LabelledCharset(record.leader);
+Utf8Counts CountUtf8(const Record& record) {
     Utf8Counts counts;
-    for (const zorby::CommFormatField& field : record.fields) CountUtf8(field.content, counts);
+    const std::string_view data = record.Data();
+    if (!data.empty()) {
+        CountUtf8(data, counts);
+    } else {
+        for (const zorby::CommFormatField& field : record.fields) CountUtf8(field.content, counts);
+    }
+    return counts;
+}
+
+Charset ActualCharset(std::string_view leader, const Utf8Counts& counts) {
     if (counts.valid > 0 && counts.invalid == 0) return kCharsetUtf8;
     if (counts.valid == 0 && counts.invalid > 0) return kCharsetMarc8;
-    return labelled;
+    return LabelledCharset(leader);
+}
+
+Charset ActualCharset(const Record& record) {
+    return ActualCharset(record.leader, CountUtf8(record));
 }
 
 }  // namespace quillory

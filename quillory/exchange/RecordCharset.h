@@ -17,9 +17,14 @@ struct InvalidByte {
 // The first one of a record, if there is any.
 std::optional<InvalidByte> FirstInvalidByte(const Record& record);
 
+// What the fields of a record hold.
+Utf8Counts CountUtf8(const Record& record);
+
 // The character set that a record's bytes are in, whatever its leader says: UTF-8 if all bytes
 // beyond ASCII are valid UTF-8, MARC-8 if none of them is. The leader decides where some are, or
 // where there are none.
 Charset ActualCharset(const Record& record);
+// The same for fields that have been counted.
+Charset ActualCharset(std::string_view leader, const Utf8Counts& counts);
 
 }  // namespace quillory

@@ -37,6 +37,9 @@ struct Subfield {
     std::string_view text;
 };
 
+// The code at the front of what comes after a delimiter: empty if nothing does.
+std::string_view SubfieldCodeOf(std::string_view text);
+
 // `part` is a delimiter, a code and text.
 Subfield SubfieldOf(std::string_view part);
 

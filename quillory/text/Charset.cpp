@@ -4,6 +4,7 @@
 #include <zorby/record/CommFormat.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 #include <deque>
@@ -18,9 +19,12 @@ constexpr char kUtf8Label = 'a';
 // Where the first byte beyond ASCII stands, or `end`.
 const char* PastAscii(const char* p, const char* end) {
     constexpr std::uint64_t kHighBits = 0x8080808080808080;
-    for (std::uint64_t word = 0; end - p >= std::ptrdiff_t{sizeof word}; p += sizeof word) {
-        std::memcpy(&word, p, sizeof word);
-        if ((word & kHighBits) != 0) break;
+    if constexpr (std::endian::native == std::endian::little) {
+        for (std::uint64_t word = 0; end - p >= std::ptrdiff_t{sizeof word}; p += sizeof word) {
+            std::memcpy(&word, p, sizeof word);
+            word &= kHighBits;
+            if (word != 0) return p + std::countr_zero(word) / 8;
+        }
     }
     return std::find_if(p, end, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }

@@ -3,28 +3,20 @@
 #include <quillory/text/PlainBytes.h>
 #include <quillory/text/Utf8.h>
 #include <quillory/text/Utf8Size.h>
+#include <zorby/record/CommFormat.h>
 
+#include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
+#include <optional>
 
 namespace quillory {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
-
-using ByteSet = std::array<bool, 256>;
-
-// The bytes that are copied as they are: ASCII but for controls and the signs given.
-constexpr ByteSet PlainBytes(std::string_view signs) {
-    ByteSet plain{};
-    for (std::size_t byte = 0x20; byte < 0x80; ++byte) {
-        plain[byte] = signs.find(static_cast<char>(byte)) == signs.npos;
-    }
-    return plain;
-}
-
-constexpr ByteSet kPlainInXml = PlainBytes("<>&\"");
-constexpr ByteSet kPlainInJson = PlainBytes("\"\\");
 
 // A reader of XML changes a carriage return, and any white space in an attribute, into another
 // sign.
@@ -54,20 +46,130 @@ bool IsXmlCharacter(char32_t codePoint) {
     return codePoint != 0xFFFE && codePoint != 0xFFFF;
 }
 
-void AppendXmlCharacter(char32_t codePoint, std::string_view bytes, std::string& out,
-                        Losses& losses) {
-    if (!IsXmlCharacter(codePoint)) {
-        losses.Add(kLossXmlSign, codePoint);
-        std::string reference;
-        AppendReference(codePoint, reference);
-        AppendXmlText(reference, out, losses);
-        return;
-    }
-    const std::string_view escape = XmlEscape(bytes.front());
-    out += escape.empty() ? bytes : escape;
+// Appends what stands for the byte at the front of a text, which is no character.
+template <class Text>
+void AppendReplacement(std::string_view text, Text& out, Losses& losses) {
+    losses.Add(kLossReplaced, static_cast<unsigned char>(text.front()));
+    out += kReplacement;
 }
 
-void AppendJsonCharacter(char32_t codePoint, std::string_view bytes, std::string& out, Losses&) {
+using Word = std::uint64_t;  // eight bytes of a text, the first of them lowest
+constexpr bool kIsFirstLowest = std::endian::native == std::endian::little;
+
+template <class Number>
+Word Load(const char* from) {
+    Number number = 0;
+    std::memcpy(&number, from, sizeof number);
+    return number;
+}
+
+void Store(Word word, char* to) {
+    if constexpr (!kIsFirstLowest) word = __builtin_bswap64(word);
+    std::memcpy(to, &word, sizeof word);
+}
+
+// The bytes at the front of a text; zeros where there are none.
+Word WordAt(const char* text, std::size_t size) {
+    if constexpr (kIsFirstLowest) {
+        constexpr std::size_t kHalf = 4;
+        if (size >= sizeof(Word)) return Load<Word>(text);
+        if (size >= kHalf) {
+            const std::size_t more = size - kHalf;
+            return Load<std::uint32_t>(text) | Load<std::uint32_t>(text + more) << 8 * more;
+        }
+    }
+    Word word = 0;
+    for (std::size_t i = std::min(size, sizeof word); i > 0; --i) {
+        word = word << 8 | static_cast<unsigned char>(text[i - 1]);
+    }
+    return word;
+}
+
+// Sets the top bit of each byte that does not stand in XML as it is: controls, signs, and what is
+// beyond ASCII. Carries and borrows come only from such a byte, so the lowest bit found is exact.
+constexpr Word MisfitsInXml(Word bytes) {
+    constexpr Word kOnes = 0x0101010101010101;
+    const auto zeros = [](Word word) { return (word - kOnes) & ~word; };
+    const Word quotesAndAmpersands = zeros((bytes & ~(kOnes * ('"' ^ '&'))) ^ (kOnes * '"'));
+    const Word brackets = zeros((bytes & ~(kOnes * ('<' ^ '>'))) ^ (kOnes * '<'));
+    const Word controls = bytes - kOnes * ' ';
+    return (bytes | controls | quotesAndAmpersands | brackets) & (kOnes * 0x80);
+}
+
+// Appends the bytes at the front of a text that stand in XML as they are, in words with what comes
+// after them. Result: how many they are.
+std::size_t AppendPlainXml(std::string_view text, TextBuilder& out) {
+    char* const to = out.Room(text.size() + sizeof(Word));
+    for (std::size_t at = 0;; at += sizeof(Word)) {
+        const Word word = WordAt(text.data() + at, text.size() - at);
+        Store(word, to + at);
+        const Word misfits = MisfitsInXml(word);
+        if (misfits == 0) continue;
+        const std::size_t size = at + static_cast<std::size_t>(std::countr_zero(misfits)) / 8;
+        out.Take(size);
+        return size;
+    }
+}
+
+// The same for characters beyond ASCII that can stand in XML.
+std::size_t AppendCharactersBeyondAscii(std::string_view text, TextBuilder& out) {
+    std::size_t size = 0;
+    while (const std::size_t next = XmlCharacterSize(text.substr(size))) size += next;
+    out += text.substr(0, size);
+    return size;
+}
+
+// The same for one character, or a byte that is none, that does not stand in XML as it is.
+std::size_t AppendXmlMisfit(std::string_view text, TextBuilder& out, Losses& losses) {
+    const Utf8Char character = DecodeUtf8(text);
+    if (!character.valid) {
+        AppendReplacement(text, out, losses);
+    } else if (IsXmlCharacter(character.codePoint)) {
+        out += XmlEscape(text.front());
+    } else {
+        losses.Add(kLossXmlSign, character.codePoint);
+        std::string reference;
+        AppendReference(character.codePoint, reference);
+        AppendXmlText(reference, out, losses);
+    }
+    return character.size;
+}
+
+// Appends what stands in front of a control character, or all of a text without it. Result: how
+// many bytes that is.
+std::size_t AppendXmlUpTo(std::optional<char> control, std::string_view text, TextBuilder& out,
+                          Losses& losses) {
+    std::string_view rest = text;
+    for (;;) {
+        rest.remove_prefix(AppendPlainXml(rest, out));
+        if (rest.empty() || rest.front() == control) return text.size() - rest.size();
+        const std::size_t size = AppendCharactersBeyondAscii(rest, out);
+        rest.remove_prefix(size != 0 ? size : AppendXmlMisfit(rest, out, losses));
+    }
+}
+
+using ByteSet = std::array<bool, 256>;
+
+// The bytes that are copied into JSON as they are: ASCII but for controls and signs.
+constexpr ByteSet kPlainInJson = [] {
+    ByteSet plain{};
+    for (std::size_t byte = 0x20; byte < 0x80; ++byte) plain[byte] = byte != '"' && byte != '\\';
+    return plain;
+}();
+
+// Bytes at the front of a text that are copied into JSON as they are.
+std::size_t SizeOfJsonRun(std::string_view text) {
+    std::size_t size = 0;
+    while (size < text.size()) {
+        const bool isPlain = kPlainInJson[static_cast<unsigned char>(text[size])];
+        const std::size_t next = isPlain ? 1 : XmlCharacterSize(text.substr(size));
+        if (next == 0) break;
+        size += next;
+    }
+    return size;
+}
+
+void AppendJsonCharacter(char32_t codePoint, std::string_view bytes, std::string& out) {
     constexpr std::string_view kSigns = "\"\\\b\f\n\r\t";
     constexpr std::string_view kLetters = "\"\\bfnrt";
     const std::size_t sign = kSigns.find(bytes.front());
@@ -83,45 +185,23 @@ void AppendJsonCharacter(char32_t codePoint, std::string_view bytes, std::string
     }
 }
 
-// Bytes at the front of a text that are copied as they are.
-std::size_t SizeOfRun(std::string_view text, const ByteSet& plain) {
-    std::size_t size = 0;
-    while (size < text.size()) {
-        const bool isPlain = plain[static_cast<unsigned char>(text[size])];
-        const std::size_t next = isPlain ? 1 : XmlCharacterSize(text.substr(size));
-        if (next == 0) break;
-        size += next;
-    }
-    return size;
-}
-
-template <typename AppendCharacter>
-void AppendText(std::string_view text, const ByteSet& plain, AppendCharacter appendCharacter,
-                std::string& out, Losses& losses) {
-    for (;;) {
-        const std::size_t run = SizeOfRun(text, plain);
-        out.append(text.substr(0, run));
-        text.remove_prefix(run);
-        if (text.empty()) return;
-        const Utf8Char character = DecodeUtf8(text);
-        if (character.valid) {
-            appendCharacter(character.codePoint, text.substr(0, character.size), out, losses);
-        } else {
-            losses.Add(kLossReplaced, static_cast<unsigned char>(text.front()));
-            out += kReplacement;
-        }
-        text.remove_prefix(character.size);
-    }
-}
-
 }  // namespace
 
-void AppendXmlText(std::string_view text, std::string& out, Losses& losses) {
-    if (IsAsciiWithout<' ', '<', '>', '&', '"'>(text)) {
-        out += text;
-        return;
+void AppendXmlText(std::string_view text, TextBuilder& out, Losses& losses) {
+    AppendXmlUpTo(std::nullopt, text, out, losses);
+}
+
+std::size_t AppendXmlSubfield(std::string_view text, TextBuilder& out, Losses& losses) {
+    return AppendXmlUpTo(zorby::kDelimiter, text, out, losses);
+}
+
+void AppendXmlSign(std::string_view sign, TextBuilder& out, Losses& losses) {
+    const Utf8Char character = DecodeUtf8(sign);
+    if (!character.valid || IsXmlCharacter(character.codePoint)) {
+        AppendXmlText(sign, out, losses);
+    } else {
+        AppendReplacement(sign, out, losses);
     }
-    AppendText(text, kPlainInXml, AppendXmlCharacter, out, losses);
 }
 
 void AppendJsonText(std::string_view text, std::string& out, Losses& losses) {
@@ -129,17 +209,19 @@ void AppendJsonText(std::string_view text, std::string& out, Losses& losses) {
         out += text;
         return;
     }
-    AppendText(text, kPlainInJson, AppendJsonCharacter, out, losses);
-}
-
-void AppendXmlSign(std::string_view sign, std::string& out, Losses& losses) {
-    const Utf8Char character = DecodeUtf8(sign);
-    if (!character.valid || IsXmlCharacter(character.codePoint)) {
-        AppendXmlText(sign, out, losses);
-        return;
+    for (;;) {
+        const std::size_t run = SizeOfJsonRun(text);
+        out += text.substr(0, run);
+        text.remove_prefix(run);
+        if (text.empty()) return;
+        const Utf8Char character = DecodeUtf8(text);
+        if (character.valid) {
+            AppendJsonCharacter(character.codePoint, text.substr(0, character.size), out);
+        } else {
+            AppendReplacement(text, out, losses);
+        }
+        text.remove_prefix(character.size);
     }
-    losses.Add(kLossReplaced, static_cast<unsigned char>(sign.front()));
-    out += kReplacement;
 }
 
 }  // namespace quillory

@@ -1,6 +1,7 @@
 #include <quillory/exchange/Form.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/exchange/RecordWriter.h>
+#include <quillory/exchange/Subfields.h>
 #include <quillory/faults/FaultCode.h>
 
 #include <gtest/gtest.h>
@@ -112,6 +113,61 @@ TEST(MarcXml, WritesTheCustomaryLayout) {
     EXPECT_EQ(Write(kXml, {}).bytes,
               "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
               "<collection xmlns=\"http://www.loc.gov/MARC21/slim\">\n</collection>\n");
+}
+
+// What stands for a sign in XML, as far as it is not the sign itself.
+std::string InXml(const std::string& sign) {
+    const std::vector<std::pair<std::string, std::string>> others{{"<", "&lt;"},
+                                                                  {">", "&gt;"},
+                                                                  {"&", "&amp;"},
+                                                                  {"\"", "&quot;"},
+                                                                  {"\t", "&#9;"},
+                                                                  {"\n", "&#10;"},
+                                                                  {"\r", "&#13;"},
+                                                                  {"\x01", "&amp;#x0001;"},
+                                                                  {"\x80", "\uFFFD"},
+                                                                  {"\xE2\x82", "\uFFFD\uFFFD"},
+                                                                  {"\uFFFE", "&amp;#xFFFE;"}};
+    for (const auto& [known, other] : others) {
+        if (sign == known) return other;
+    }
+    return sign;
+}
+
+TEST(MarcXml, WritesAnySignAtAnyPlaceOfAText) {
+    std::vector<std::string> signs{"\x01",   "\x80",   "\xE2\x82", "\u00e9", "\u20AC", "\U0001F600",
+                                   "\uFFFD", "\uFFFE", "\t",       "\n",     "\r"};
+    for (char c = ' '; c < 0x7F; ++c) signs.emplace_back(1, c);
+    constexpr std::size_t kMost = 17;
+    for (const std::string& sign : signs) {
+        Lines record{kLeaderLine};
+        std::string expected;
+        for (std::size_t before = 0; before <= kMost; ++before) {
+            const std::string lead(before, 'x');
+            const std::string rest(kMost - before, 'y');
+            record.push_back("500  \037a" + lead + sign + "\037b" + lead + sign + rest);
+            expected +=
+                "    <datafield tag=\"500\" ind1=\" \" ind2=\" \">\n      <subfield code=\"a\">" +
+                lead + InXml(sign) + "</subfield>\n      <subfield code=\"b\">" + lead +
+                InXml(sign) + rest + "</subfield>\n    </datafield>\n";
+        }
+        const std::string xml = Write(kXml, {record}).bytes;
+        EXPECT_NE(xml.find("</leader>\n" + expected + "  </record>"), xml.npos) << xml;
+    }
+}
+
+TEST(Subfields, ADelimiterNeedsACodeWhereverItStands) {
+    constexpr std::size_t kMost = 40;
+    for (std::size_t size = 1; size <= kMost; ++size) {
+        for (std::size_t at = 0; at < size; ++at) {
+            std::string content(size, 'x');
+            content[at] = zorby::kDelimiter;
+            EXPECT_EQ(HasEmptyCode(content), at + 1 == size) << size << " " << at;
+            content.insert(at, 1, zorby::kDelimiter);
+            EXPECT_TRUE(HasEmptyCode(content)) << size << " " << at;
+        }
+    }
+    EXPECT_FALSE(HasEmptyCode(""));
 }
 
 TEST(MarcJson, WritesAnObjectALine) {

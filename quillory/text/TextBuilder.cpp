@@ -1,0 +1,17 @@
+#include <quillory/text/TextBuilder.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillory {
+
+void TextBuilder::Grow(std::size_t size) {
+    const std::string_view text = Text();
+    const std::size_t capacity = text.size() + std::max(text.size(), size);
+    auto bytes = std::make_unique_for_overwrite<char[]>(capacity);
+    end_ = std::ranges::copy(text, bytes.get()).out;
+    limit_ = bytes.get() + capacity;
+    bytes_ = std::move(bytes);
+}
+
+}  // namespace quillory
