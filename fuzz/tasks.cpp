@@ -3,7 +3,7 @@
 #include <quillory/queries/Query.h>
 
 #include <array>
-#include <fuzz/Expect.h>
+#include <fuzz/Home.h>
 #include <memory>
 #include <optional>
 #include <string>
@@ -11,8 +11,6 @@
 
 namespace quillory::fuzz {
 namespace {
-
-using zorby::fuzz::Expect;
 
 RecordCondition ConditionOf(const std::string& text) {
     auto reading = std::make_shared<QueryReading>(ParseQuery(text));
@@ -49,7 +47,12 @@ std::array<Record, 2> Records() {
                   "aRivers"},
                  {"650",
                   " 0\x1F"
-                  "aRivers"}},
+                  "aRivers"},
+                 {"852",
+                  "  \x1F"
+                  "bMain\x1F"
+                  "pB1\x1F"
+                  "933"}},
                 {}};
     Record marc8 = utf8;
     marc8.leader = "00000nam  2200000 i 4500";
@@ -95,6 +98,8 @@ std::optional<EditTask> Read(std::string_view toml) {
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* bytes, std::size_t size) {
     using namespace quillory;
     using namespace quillory::fuzz;
+    static const bool isReady = (PutAllInForce(), true);
+    if (!isReady) return 0;
     auto task = Read({reinterpret_cast<const char*>(bytes), size});
     if (!task) return 0;
     RecordEditor editor(std::move(*task), {{}, true, true});
