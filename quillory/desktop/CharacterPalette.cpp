@@ -12,7 +12,7 @@
 namespace quillory {
 namespace {
 
-constexpr int kLeastRows = 3;  // that are seen on a small screen
+constexpr int kLeastRows = 3;  // that are seen in a small window
 
 // A diacritic is shown on a circle that stands for its letter.
 QString Glyph(unsigned id) {
@@ -30,6 +30,15 @@ QTableWidgetItem* CellOf(unsigned id) {
     cell->setTextAlignment(Qt::AlignCenter);
     cell->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
     return cell;
+}
+
+// All rows are seen, unless they would take more than half of the window.
+void FitHeight(QTableWidget& grid) {
+    const auto heightOf = [&grid](int rows) {
+        return rows * grid.rowHeight(0) + 2 * grid.frameWidth();
+    };
+    const bool isRoomy = 2 * heightOf(zorby::kPaletteRows) <= grid.window()->height();
+    grid.setMinimumHeight(heightOf(isRoomy ? zorby::kPaletteRows : kLeastRows));
 }
 
 }  // namespace
@@ -64,7 +73,6 @@ CharacterPalette::CharacterPalette(QWidget* parent)
     grid_->verticalHeader()->setMinimumSectionSize(rowHeight);
     grid_->verticalHeader()->setDefaultSectionSize(rowHeight);
     grid_->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
-    grid_->setMinimumHeight(kLeastRows * rowHeight + 2 * grid_->frameWidth());
     grid_->setCurrentCell(0, 0);
     grid_->installEventFilter(this);
     connect(grid_, &QTableWidget::cellClicked, this, &CharacterPalette::Choose);
@@ -83,6 +91,7 @@ void CharacterPalette::Fill() {
 
 void CharacterPalette::Toggle() {
     const bool isInHand = isVisible() && grid_->hasFocus();
+    FitHeight(*grid_);
     setVisible(!isInHand);
     if (isInHand) {
         Q_EMIT Left();
