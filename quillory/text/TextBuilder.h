@@ -11,6 +11,10 @@ namespace quillory {
 // room stays when it is cleared.
 class TextBuilder {
 public:
+    TextBuilder() = default;
+    TextBuilder(const TextBuilder&) = delete;
+    TextBuilder& operator=(const TextBuilder&) = delete;
+
     void Clear() { end_ = bytes_.get(); }
     std::string_view Text() const { return {bytes_.get(), end_}; }
 
