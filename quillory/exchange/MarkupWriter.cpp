@@ -6,8 +6,6 @@
 namespace quillory {
 namespace {
 
-using zorby::CommFormatField;
-
 bool IsPrintable(char c) {
     return c >= 0x20 && c < 0x7F;
 }
