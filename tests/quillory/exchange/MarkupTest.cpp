@@ -145,11 +145,15 @@ TEST(MarcXml, WritesAnySignAtAnyPlaceOfAText) {
         for (std::size_t before = 0; before <= kMost; ++before) {
             const std::string lead(before, 'x');
             const std::string rest(kMost - before, 'y');
-            record.push_back("500  \037a" + lead + sign + "\037b" + lead + sign + rest);
+            std::string field = "500  \037a";
+            field.append(lead).append(sign).append("\037b").append(lead).append(sign).append(rest);
+            record.push_back(field);
             expected +=
-                "    <datafield tag=\"500\" ind1=\" \" ind2=\" \">\n      <subfield code=\"a\">" +
-                lead + InXml(sign) + "</subfield>\n      <subfield code=\"b\">" + lead +
-                InXml(sign) + rest + "</subfield>\n    </datafield>\n";
+                "    <datafield tag=\"500\" ind1=\" \" ind2=\" \">\n      <subfield code=\"a\">";
+            expected.append(lead).append(InXml(sign));
+            expected += "</subfield>\n      <subfield code=\"b\">";
+            expected.append(lead).append(InXml(sign)).append(rest);
+            expected += "</subfield>\n    </datafield>\n";
         }
         const std::string xml = Write(kXml, {record}).bytes;
         EXPECT_NE(xml.find("</leader>\n" + expected + "  </record>"), xml.npos) << xml;
