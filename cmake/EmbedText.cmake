@@ -2,6 +2,8 @@
 #
 # embed_text(TARGET FILE CONSTANT HEADER) adds the text of a file to a target, as the constant
 # (a std::string_view, by its full name) that the header declares. The constant follows the file.
+# A library of its own holds it: a target with files that have to be made is not compiled before
+# all that it links is there.
 if(NOT CMAKE_SCRIPT_MODE_FILE)
     set(embed_text_script ${CMAKE_CURRENT_LIST_FILE})
     function(embed_text target file constant header)
@@ -12,7 +14,13 @@ if(NOT CMAKE_SCRIPT_MODE_FILE)
                 -D constant=${constant} -D header=${header} -P ${embed_text_script}
             DEPENDS ${input} ${embed_text_script}
             COMMENT "Embedding ${file}" VERBATIM)
-        target_sources(${target} PRIVATE ${source})
+        if(NOT TARGET ${target}_texts)
+            add_library(${target}_texts STATIC)
+            target_include_directories(${target}_texts PRIVATE ${PROJECT_SOURCE_DIR})
+            target_link_libraries(${target}_texts PRIVATE project_options)
+            target_link_libraries(${target} PRIVATE ${target}_texts)
+        endif()
+        target_sources(${target}_texts PRIVATE ${source})
     endfunction()
     return()
 endif()
