@@ -254,11 +254,13 @@ void MainWindow::TypeCharacter(unsigned id) {
     }
 }
 
-void MainWindow::Try(const Handler& work) {
+bool MainWindow::Try(const Handler& work) {
     try {
         work();
+        return true;
     } catch (const FaultError& error) {
         messages_->Warn(ToQt(error.what()));
+        return false;
     }
 }
 
@@ -314,12 +316,12 @@ void MainWindow::ShowCounts() {
     setWindowModified(document_->IsChanged());
 }
 
-void MainWindow::Filter(const QString& typed) {
-    if (document_ == nullptr) return;
+bool MainWindow::Filter(const QString& typed) {
+    if (document_ == nullptr) return false;
     typing_->stop();
     isMatchWanted_ = false;
     if (filter_->text() != typed) filter_->setText(typed);
-    Try([&] {
+    const bool isUnderstood = Try([&] {
         document_->Listing().Filter(typed.toStdString());
         listModel_->Renew();
         messages_->hide();
@@ -327,6 +329,7 @@ void MainWindow::Filter(const QString& typed) {
         ShowCounts();
     });
     typing_->stop();
+    return isUnderstood;
 }
 
 void MainWindow::Sort(int column, Qt::SortOrder order) {
@@ -459,9 +462,11 @@ void MainWindow::ShowHelp() {
     const PlaceHelp help =
         HelpOn(place, record_.Session()->InUtf8(), desk_.GetDecoder(), zorby::EDO_CodeAndName);
     helpHeading_->setText(ToQt(help.heading));
-    help_->setFont(place.IsControl() ? QFontDatabase::systemFont(QFontDatabase::FixedFont)
-                                     : font());
-    help_->setPlainText(place.IsControl() ? ToQt(help.text) : WithoutColumns(ToQt(help.text)));
+    const QString text = ToQt(help.text);
+    const QString flowing = WithoutColumns(text);
+    const bool isTable = place.IsControl() && flowing != text;
+    help_->setFont(isTable ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : font());
+    help_->setPlainText(isTable ? text : flowing);
 }
 
 void MainWindow::ShowFile() {

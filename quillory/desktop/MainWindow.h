@@ -56,7 +56,8 @@ public:
     void ShowRecord(std::size_t record);
     // Asks for new records that a program left which ended before it saved.
     void OfferNewRecordsLeft();
-    void Filter(const QString& typed);
+    // False, with a message, if what is typed can't be understood.
+    bool Filter(const QString& typed);
     // The records of a file come last in the store, which is open.
     bool AddToStore(const QString& path);
 
@@ -221,7 +222,8 @@ private:
     void Redo();
     void SetDisplay(int display);
     void SetDark(bool isDark);
-    void Try(const Handler& work);
+    // False, with a message, if the work failed.
+    bool Try(const Handler& work);
 
     Desk& desk_;
     DeskSettings& settings_;

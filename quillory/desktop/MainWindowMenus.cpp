@@ -252,7 +252,7 @@ void MainWindow::MakeToolBar() {
     bar->addWidget(filter_);
     connect(filter_, &QLineEdit::textEdited, this, [this] { typing_->start(); });
     connect(filter_, &QLineEdit::returnPressed, this, [this] {
-        Filter(filter_->text());
+        if (!Filter(filter_->text())) return;
         isMatchWanted_ = true;
         list_->setFocus();
     });

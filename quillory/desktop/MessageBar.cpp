@@ -1,6 +1,7 @@
 #include <quillory/desktop/MessageBar.h>
 #include <quillory/desktop/Texts.h>
 
+#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -8,11 +9,30 @@
 
 namespace quillory {
 
+namespace {
+
+// Lines that are set in show a place in what was typed, by carets under it: their characters have
+// one width.
+QString Page(const QString& text) {
+    const qsizetype setIn = text.indexOf(QStringLiteral("\n    "));
+    const QString words = setIn < 0 ? text : text.left(setIn);
+    QString page =
+        QStringLiteral("<div style='white-space: pre-wrap'>%1</div>").arg(words.toHtmlEscaped());
+    if (setIn >= 0) {
+        page += QStringLiteral("<div style='white-space: pre-wrap; font-family: \"%1\"'>%2</div>")
+                    .arg(QFontDatabase::systemFont(QFontDatabase::FixedFont).family(),
+                         text.mid(setIn + 1).toHtmlEscaped());
+    }
+    return page;
+}
+
+}  // namespace
+
 MessageBar::MessageBar(QWidget* parent)
     : QFrame(parent), label_(new QLabel(this)), action_(new QPushButton(this)) {
     setFrameShape(StyledPanel);
     label_->setWordWrap(true);
-    label_->setTextFormat(Qt::PlainText);
+    label_->setTextFormat(Qt::RichText);
     label_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label_->setAccessibleName(tr("Message"));
     action_->setFocusPolicy(Qt::TabFocus);
@@ -45,15 +65,12 @@ void MessageBar::Offer(const QString& text, const QString& action) {
     action_->show();
 }
 
-QString MessageBar::Text() const {
-    return isHidden() ? QString() : label_->text();
-}
-
 void MessageBar::Show(const QString& text, const QColor& color) {
     QPalette colors = label_->palette();
     colors.setColor(QPalette::WindowText, color);
     label_->setPalette(colors);
-    label_->setText(text);
+    label_->setText(Page(text));
+    text_ = text;
     action_->hide();
     show();
 }

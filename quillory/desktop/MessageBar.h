@@ -19,7 +19,7 @@ public:
     void Warn(const QString& text);
     // With a button for what can be done about it.
     void Offer(const QString& text, const QString& action);
-    QString Text() const;
+    QString Text() const { return isHidden() ? QString() : text_; }
     QPushButton& ActionButton() { return *action_; }
 
 Q_SIGNALS:
@@ -30,6 +30,7 @@ private:
 
     QLabel* label_;
     QPushButton* action_;
+    QString text_;
 };
 
 }  // namespace quillory

@@ -152,6 +152,11 @@ TEST_F(DeskTest, EnterShowsTheFirstRecordThatIsFound) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     Wait();
     EXPECT_EQ(window_->Current(), 2U);  // which is one of them
+    Press(Qt::Key_F, Qt::ControlModifier);
+    QWidget* box = QApplication::focusWidget();
+    QTest::keyClicks(box, "245a contians x");
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_TRUE(box->hasFocus());  // to be put right
     window_->Filter("rivers");
     Wait();
     window_->ShowRecord(1);
