@@ -27,7 +27,7 @@ struct ArgumentDefinition {
     bool isRequired = false;
     bool isFile = false;        // names a file, and is never empty
     bool isNeverEmpty = false;  // an empty value would mean something else than is asked for
-    bool isList = false;        // may be given often
+    bool isList = false;        // may be given several times
     std::vector<std::string> excludes;  // options that don't go with it
 };
 

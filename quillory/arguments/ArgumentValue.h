@@ -39,10 +39,7 @@ struct ArgumentReader {
             return std::nullopt;
         }
     }
-    static std::string Shown() {
-        if constexpr (kIsNumber) return std::unsigned_integral<Value> ? "UINT" : "INT";
-        return "TEXT";
-    }
+    static std::string Shown() { return kIsNumber ? "NUMBER" : "TEXT"; }
     static Value Read(const std::string& text, const ArgumentDefinition& definition) {
         if constexpr (kIsNumber) {
             return static_cast<Value>(ReadNumber(text, *definition.range));

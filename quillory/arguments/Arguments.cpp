@@ -1,9 +1,11 @@
 #include <quillory/arguments/Arguments.h>
+#include <quillory/arguments/FoldedText.h>
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <iterator>
+#include <sstream>
 
 namespace quillory {
 namespace {
@@ -37,6 +39,51 @@ std::string FaultOfEmptyValue(const std::vector<std::string>& words) {
     return empty == end ? std::string() : MissingValue(empty->substr(0, empty->size() - 1));
 }
 
+// Help in lines of so many columns, with the words of the manual pages.
+class HelpFormatter : public CLI::Formatter {
+public:
+    explicit HelpFormatter(std::size_t columns) : columns_(columns) {
+        column_width(kTextColumn);
+        label("Positionals", "Arguments");
+        label("SUBCOMMAND", "COMMAND");
+        label("REQUIRED", "(required)");
+        label("Excludes", "not with");
+    }
+
+    std::string make_option_desc(const CLI::Option* option) const override {
+        return Text(option->get_description());
+    }
+    std::string make_subcommand(const CLI::App* command) const override {
+        std::ostringstream help;
+        CLI::detail::format_help(help, command->get_name(), Text(command->get_description()),
+                                 kTextColumn);
+        return help.str();
+    }
+    std::string make_footer(const CLI::App* app) const override {
+        std::string footer;
+        for (const std::string& paragraph : Paragraphs(app->get_footer())) {
+            const bool isTable = paragraph.starts_with(' ');
+            footer += (isTable ? paragraph : Folded(paragraph, columns_)) + "\n";
+        }
+        return footer;
+    }
+
+private:
+    static constexpr std::size_t kTextColumn = 30;
+
+    std::string Text(const std::string& text) const {
+        return Folded(text, std::max(columns_, 2 * kTextColumn) - kTextColumn);
+    }
+
+    std::size_t columns_;
+};
+
+// What the name of a positional argument says already is not said again.
+std::string ShownValue(const ArgumentDefinition& definition) {
+    const bool isNamed = definition.kind == kPositionalArgument && definition.choices.empty();
+    return isNamed ? std::string() : definition.value;
+}
+
 void DeclareArgument(const Argument& argument, CLI::App& app) {
     const ArgumentDefinition& definition = argument.Definition();
     const std::string names = CLI::detail::join(definition.names, ",");
@@ -46,7 +93,7 @@ void DeclareArgument(const Argument& argument, CLI::App& app) {
         // How often an option may stand is looked at later.
         CLI::Option* option = app.add_option(names, CLI::callback_t{}, definition.text)
                                   ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-                                  ->type_name(definition.value)
+                                  ->type_name(ShownValue(definition))
                                   ->required(definition.isRequired);
         // A positional list takes what comes. It is not set to allow extra arguments: it would
         // then take a word in brackets for several.
@@ -63,8 +110,10 @@ void DeclareArgument(const Argument& argument, CLI::App& app) {
 // Has the words of a command line told apart, and puts the values where they belong.
 class ArgumentParser {
 public:
-    ArgumentParser(Arguments& program, const std::vector<std::string>& words)
+    ArgumentParser(Arguments& program, const std::vector<std::string>& words,
+                   std::size_t helpColumns)
         : words_(words), app_(program.summary_, program.name_) {
+        app_.formatter(std::make_shared<HelpFormatter>(helpColumns));
         Declare(program, app_);
         called_.push_back({program, app_});
     }
@@ -102,7 +151,7 @@ private:
         app.footer(command.footer_);
         for (const Argument& argument : command.arguments_) DeclareArgument(argument, app);
         for (const Arguments& under : command.commands_) {
-            CLI::App& known = *app.add_subcommand(under.name_, under.summary_);
+            CLI::App& known = *app.add_subcommand(under.name_, under.summary_)->group("Commands");
             if (std::ranges::find(words_, under.name_) != words_.end()) Declare(under, known);
         }
         if (!command.commands_.empty()) app.require_subcommand(command.run_ ? 0 : 1, 1);
@@ -210,6 +259,7 @@ Argument& Argument::Required() {
 
 Argument& Argument::File() {
     definition_.isFile = true;
+    if (definition_.value == ArgumentReader<std::string>::Shown()) definition_.value = "FILE";
     return *this;
 }
 
@@ -282,8 +332,8 @@ CommandDefinition Arguments::Definition() const {
     return definition;
 }
 
-Call Arguments::Parse(const std::vector<std::string>& words) {
-    return ArgumentParser(*this, words).Parse();
+Call Arguments::Parse(const std::vector<std::string>& words, std::size_t helpColumns) {
+    return ArgumentParser(*this, words, helpColumns).Parse();
 }
 
 }  // namespace quillory

@@ -131,7 +131,8 @@ public:
     // A command under this one. A name such as "records list" is looked for under that of its first
     // word, which is declared before it.
     Arguments& Command(const std::string& name, const std::string& summary);
-    // The text that --help shows after the arguments.
+    // The text that --help shows after the arguments. Lines that begin with a blank, as those of a
+    // table, stay as they are; others are set anew, up to one that ends with a sentence.
     void Footer(std::string text) { footer_ = std::move(text); }
 
     const std::string& Name() const { return name_; }
@@ -140,8 +141,8 @@ public:
     CommandDefinition Definition() const;
 
     // Puts the values of a command line, which is without the name of the program, into the
-    // variables. To be called once.
-    Call Parse(const std::vector<std::string>& words);
+    // variables. Help comes in lines of so many columns. To be called once.
+    Call Parse(const std::vector<std::string>& words, std::size_t helpColumns = 80);
 
 private:
     friend class ArgumentParser;

@@ -1,6 +1,6 @@
+#include <quillory/arguments/FoldedText.h>
 #include <quillory/arguments/ManualPage.h>
 
-#include <algorithm>
 #include <string_view>
 
 namespace quillory {
@@ -123,23 +123,21 @@ std::string CommandItems(const CommandDefinition& command) {
     return text;
 }
 
-// Lines that begin with a blank are a table and stay as they are. Others are set anew, up to one
-// that ends with a sentence.
+// Tables stay as they are.
 std::string Details(const std::string& footer) {
     if (footer.empty()) return {};
     std::string text = Section("DETAILS");
     bool isTable = false;
-    for (std::size_t at = 0; at < footer.size();) {
-        const std::size_t end = std::min(footer.find('\n', at), footer.size());
-        const std::string_view line(footer.data() + at, end - at);
-        at = end + 1;
-        if (line.empty()) continue;
-        if (line.starts_with(' ') != isTable) {
+    bool isFirst = true;
+    for (const std::string& paragraph : Paragraphs(footer)) {
+        if (paragraph.starts_with(' ') != isTable) {
             isTable = !isTable;
             text += isTable ? ".nf\n" : ".fi\n";
+        } else if (!isTable && !isFirst) {
+            text += ".br\n";
         }
-        text += Plain(line) + "\n";
-        if (!isTable && line.ends_with('.') && at < footer.size()) text += ".br\n";
+        text += Plain(paragraph) + "\n";
+        isFirst = false;
     }
     return isTable ? text + ".fi\n" : text;
 }

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <initializer_list>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace quillory {
@@ -13,6 +14,12 @@ void ReserveStandardStreams() {
         if (fcntl(descriptor, F_GETFD) >= 0) continue;
         if (open("/dev/null", descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) return;
     }
+}
+
+std::optional<std::size_t> ColumnsOfOutput() {
+    winsize size{};
+    const bool isTerminal = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
+    return isTerminal && size.ws_col > 0 ? std::optional<std::size_t>(size.ws_col) : std::nullopt;
 }
 
 }  // namespace quillory

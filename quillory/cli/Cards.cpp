@@ -14,7 +14,8 @@ void DeclareMaking(Arguments& command, PrintCommand& options) {
                     {"names", kUseName},
                     {"series", kUseSeries},
                     {"subjects", kUseSubject}},
-                   "Only such cards; by default the set that the settings say. May come again");
+                   "Only cards of this kind; may be given several times; by default the set that "
+                   "the settings say");
 }
 
 }  // namespace

@@ -142,13 +142,15 @@ void DeclareRules(Arguments& command, CheckOptions& options) {
         .Excludes("--config");
     command.Flag("--rules", options.listsRules, "List the rules, with the reason for each");
     command.KeyValue("--rule", options.rules.severities, "RULE=error|warning|note|off",
-                     "What one rule weighs; may be given often");
+                     "The weight of one rule; may be given several times");
     command
-        .Option("--only", options.rules.only, "Only this rule; several with commas, or given often")
+        .Option("--only", options.rules.only,
+                "Only this rule, or several with commas between them; may be given several times")
         .Shown("RULE");
     command
-        .Option("--skip", options.rules.skip,
-                "All but this rule; several with commas, or given often")
+        .Option(
+            "--skip", options.rules.skip,
+            "All rules but this, or several with commas between them; may be given several times")
         .Shown("RULE");
     command.Flag("--repertoire", options.showsRepertoire,
                  "Note the characters that MARC-8 lacks; the same as --rule outside-marc8=note");
@@ -168,7 +170,7 @@ void DeclareCheck(Arguments& command) {
                    "Form of the report; by default that of the output's name");
     DeclareReportFile(command, options.report.output);
     command.Flag("--each", options.report.showsEach,
-                 "Every finding as text, not the first three of each rule");
+                 "Every finding as text, not only the first three of each rule");
     command.Option(
         "--rows", options.report.rows,
         "Findings that a page of HTML shows, 0 for all; it counts all in any case. Lines of JSON "

@@ -40,7 +40,7 @@ void DeclareCount(Arguments& command) {
     command
         .Option("--values", options.count.values,
                 "Count the values of these places, such as 008/35-37 or 650a, and name the codes; "
-                "may be given often")
+                "may be given several times")
         .Shown("PLACES");
     command.Option("--top", options.document.top,
                    "At most so many values of places, the most frequent; 0, as if not given, for "

@@ -36,7 +36,7 @@ Choices<const Form*> FormChoices() {
 
 void DeclareMessages(Arguments& command, ReporterOptions& messages) {
     command.Flag("-q,--quiet", messages.quiet, "No progress bar and no summary");
-    command.Flag("-v,--verbose", messages.all, "Say every message, not the first of a kind");
+    command.Flag("-v,--verbose", messages.all, "Say every message, not only the first of a kind");
 }
 
 void DeclareForm(Arguments& command, const std::string& name, const Form*& form,

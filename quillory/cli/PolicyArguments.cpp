@@ -9,7 +9,7 @@ void DeclarePolicy(Arguments& command, PolicyOptions& options) {
     command
         .KeyValue("--set", options.policy.keys, "KEY=0|1|2",
                   "What one kind of finding counts as, by its setting: 0 an error, 1 a warning, 2 "
-                  "nothing; may be given often")
+                  "nothing; may be given several times")
         .Range(0, 2);
     command.Option("--user-defined", options.userDefined,
                    "Fields and subfields of your own, such as \"590ab 591-595\"; any others that "
@@ -20,7 +20,7 @@ void DeclareFailOn(Arguments& command, std::optional<Severity>& failsOn) {
     command.Choice(
         "--fail-on", failsOn,
         {{"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}},
-        "From what weight on findings make the status 1; a warning if not given");
+        "The least weight of a finding that makes the status 1; warning if not given");
 }
 
 }  // namespace quillory

@@ -10,7 +10,7 @@ namespace quillory {
 
 // What a command that checks records holds them to.
 void DeclarePolicy(Arguments& command, PolicyOptions& options);
-// From what weight on findings change the status of a command.
+// The least weight of a finding that changes the status of a command.
 void DeclareFailOn(Arguments& command, std::optional<Severity>& failsOn);
 
 }  // namespace quillory

@@ -1,8 +1,8 @@
+#include <quillory/arguments/StandardStreams.h>
 #include <quillory/cli/ScreenArguments.h>
 #include <quillory/jobs/Library.h>
 
 #include <cstdlib>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace quillory {
@@ -29,14 +29,8 @@ ShowOptions ShowOptionsOf(const ScreenChoice& choice) {
     ShowOptions screen;
     screen.names = choice.names;
     screen.decode = choice.decode;
-    const bool terminal = isatty(STDOUT_FILENO) != 0;
     screen.colour = ColourOfOutput();
-    winsize size{};
-    if (choice.width) {
-        screen.width = *choice.width;
-    } else if (terminal && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0) {
-        screen.width = size.ws_col;
-    }
+    screen.width = choice.width ? *choice.width : ColumnsOfOutput().value_or(0);
     return screen;
 }
 

@@ -72,7 +72,7 @@ Status RunWorkforms(const WorkformsOptions& options) {
 void DeclareWorkforms(Arguments& command) {
     WorkformsOptions& options = command.Runs(RunWorkforms);
     command.Positional("NAME", options.name,
-                       "ShowWorkform this workform, by its name or ID; none lists all");
+                       "Show this workform, by its name or ID; none lists all");
     command.Choice("--format", options.isJson, {{"text", false}, {"json", true}},
                    "text, or json for a program");
     DeclareWidth(command, options.screen);

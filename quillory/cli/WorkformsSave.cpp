@@ -34,8 +34,9 @@ void DeclareWorkformsSave(Arguments& command) {
     command.Positional("NAME", options.name, "What it is to be called").Required();
     command.Option("--from", options.from, "The workform that it begins as, by name or ID")
         .Required();
-    command.KeyValue("--set", save.sets, "PLACE=TEXT",
-                     "A text that new records begin with, as 040a=TEXT; may be given again");
+    command.KeyValue(
+        "--set", save.sets, "PLACE=TEXT",
+        "A text that new records begin with, as 040a=TEXT; may be given several times");
     command.Flag("--force", options.force, "Replace a workform of your own of that name");
 }
 

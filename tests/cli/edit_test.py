@@ -65,7 +65,7 @@ class Edit(Cli):
     def test_operations_of_the_page_are_all_there_are(self):
         text = PAGE.read_text("utf-8")
         _, out, _ = run("edit", "--help")
-        names = re.findall(r"^  ([a-z-]+) +[A-Z]", out.decode().split("Subcommands:")[1], re.M)
+        names = re.findall(r"^  ([a-z-]+) +[A-Z]", out.decode().split("Commands:")[1], re.M)
         self.assertGreater(len(names), 15)
         for name in names:
             self.assertIn(f"\n{name} ", text)

@@ -25,26 +25,25 @@ class Help:
         assert status == 0, names
         self.summary, self.sections = out.decode().split("\n", 1)[0], {}
         section = entry = None
-        lines = out.decode().split("\n")
-        for line, after in zip(lines, lines[1:]):
-            if line in ("Options:", "Positionals:", "Subcommands:"):
+        for line in out.decode().split("\n"):
+            if line in ("Options:", "Arguments:", "Commands:"):
                 section = self.sections.setdefault(line, {})
             elif section is None or not line.startswith("  "):
                 section = None
             elif line.startswith(" " * COLUMN):
-                section[entry] = line.strip()
-            elif after.startswith(" " * COLUMN):
-                entry = line.strip()
+                section[entry] = f"{section.get(entry, '')} {line.strip()}".strip()
             else:
-                entry = line[:COLUMN].strip()
-                section[entry] = line[COLUMN:]
-        self.commands = self.sections.get("Subcommands:", {})
+                has_text = line[COLUMN - 1:COLUMN] == " "  # beside its name
+                entry = (line[:COLUMN] if has_text else line).strip()
+                if has_text:
+                    section[entry] = line[COLUMN:]
+        self.commands = self.sections.get("Commands:", {})
         self.options = {tuple(entry.split()[0].split(",")): text
                         for entry, text in self.sections["Options:"].items()}
         self.values = {entry.split()[0].split(",")[-1]: entry.split()[1].split("|")
                        for entry in self.sections["Options:"] if "|" in entry}
         self.positionals = {entry.split()[0]: text
-                            for entry, text in self.sections.get("Positionals:", {}).items()}
+                            for entry, text in self.sections.get("Arguments:", {}).items()}
 
 
 def all_help(names=()):

@@ -1,4 +1,5 @@
 #include <quillory/arguments/Arguments.h>
+#include <quillory/arguments/FoldedText.h>
 
 #include <gtest/gtest.h>
 
@@ -216,12 +217,24 @@ TEST(Arguments, HelpTellsWhatIsDeclared) {
     DeclareProgram(program);
     const std::string help = program.Parse({"pick", "--help"}).text;
     for (const std::string part :
-         {"Usage: tool pick [OPTIONS] BASKET [FILE...]\n", "  BASKET TEXT REQUIRED ",
-          "  FILE TEXT ... ", "  -h,--help ", "  -q,--quiet ", " No word\n", "  --rows UINT ",
-          "  --after INT ", "  --fruit apple|pear ", "  --key KEY=0|1|2 ", "Excludes: --output",
-          "\nAll of it.\n"}) {
+         {"Usage: tool pick [OPTIONS] BASKET [FILE...]\n", "  BASKET (required) ", "  FILE ... ",
+          "  -h,--help ", "  -q,--quiet ", " No word\n", "  --rows NUMBER ", "  --after NUMBER ",
+          "  --fruit apple|pear ", "  --key KEY=0|1|2 ", "not with: --output", "\nAll of it.\n"}) {
         EXPECT_NE(help.find(part), help.npos) << part << help;
     }
+}
+
+TEST(Arguments, HelpIsFolded) {
+    EXPECT_EQ(Folded("one two three", 7), "one two\nthree");
+    EXPECT_EQ(Folded("one muchlonger two", 5), "one\nmuchlonger\ntwo");
+    EXPECT_EQ(Folded("", 5), "");
+    EXPECT_EQ(Paragraphs("One\ntwo.\nThree\n  a  1\n  b  2\nfour\n\nfive."),
+              (std::vector<std::string>{"One two.", "Three", "  a  1", "  b  2", "four five."}));
+
+    Arguments program("tool", "tool: what it is");
+    DeclareProgram(program);
+    std::istringstream help(program.Parse({"pick", "--help"}, 60).text);
+    for (std::string line; std::getline(help, line);) EXPECT_LE(line.size(), 60U) << line;
 }
 
 TEST(Arguments, DefinitionsArePlainData) {
@@ -254,9 +267,9 @@ TEST(Arguments, DefinitionsArePlainData) {
               "+-q --quiet  0\n"
               "?-o --output TEXT 0\n"
               "?--title TEXT 0\n"
-              "?--rows UINT 0-4294967295 0\n"
-              "?--after INT -9223372036854775808-9223372036854775807 0\n"
-              "?--level UINT 0-3 0\n"
+              "?--rows NUMBER 0-4294967295 0\n"
+              "?--after NUMBER -9223372036854775808-9223372036854775807 0\n"
+              "?--level NUMBER 0-3 0\n"
               "?--fruit apple|pear 2\n"
               "?--other apple|pear not --output 2\n"
               "?-s --set TEXT... 0\n"
