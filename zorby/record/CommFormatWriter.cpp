@@ -57,12 +57,12 @@ void CommFormatWriter::SetLeader(std::string_view leader) {
 bool CommFormatWriter::AddField(std::string_view tag, std::string_view content) {
     const std::size_t length = content.size() + 1;
     if (data_.size() + length >= kDataLimit) return false;
-    char entry[kDirectoryEntrySize] = {'0', '0', '0'};
     const std::size_t tagSize = std::min(tag.size(), kTagSize);
+    directory_.resize(directory_.size() + kDirectoryEntrySize, '0');
+    char* const entry = directory_.data() + directory_.size() - kDirectoryEntrySize;
     std::copy_n(tag.data(), tagSize, entry + kTagSize - tagSize);
     PutDecimal<4>(entry + 3, std::min(length, kLongestField));
     PutDecimal<5>(entry + 7, data_.size());
-    directory_.append(entry, sizeof entry);
     data_.append(content);
     data_ += kFieldEnd;
     return true;
