@@ -1,8 +1,8 @@
 #include <quillory/exchange/PlainXml.h>
-#include <quillory/text/PlainBytes.h>
-#include <quillory/text/Utf8Size.h>
+#include <quillory/text/PlainXmlText.h>
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace quillory {
@@ -12,54 +12,54 @@ constexpr bool IsBlank(char c) {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
-// Bytes that stand for themselves in text and in an attribute, whatever is beside them.
-bool IsPlain(std::string_view text) {
-    return IsAsciiWithout<' ', '&', '<', '>'>(text);
-}
-
 // Whether that can be the value of an attribute, all of it as it stands there.
+constexpr bool IsPlainValue(char c) {
+    return c >= ' ' && c < 0x7F && c != '"' && c != '&' && c != '<';
+}
+
 bool IsPlainValue(std::string_view value) {
-    return std::ranges::all_of(
-        value, [](char c) { return c >= ' ' && c < 0x7F && c != '"' && c != '&' && c != '<'; });
+    return std::ranges::all_of(value, [](char c) { return IsPlainValue(c); });
 }
 
-// No tag of a record does.
-bool HoldsBlank(std::string_view tag) {
-    return tag.find(' ') != tag.npos;
+// Whether that can be the tag of a field.
+bool IsTagValue(std::string_view value) {
+    return std::ranges::all_of(value, [](char c) { return c != ' ' && IsPlainValue(c); });
 }
 
-// Whether a byte of text is a character that stands for itself, whatever is beside it.
-bool StandsAlone(char c) {
-    constexpr unsigned char kFirstBeyondAscii = 0x80;
-    if (static_cast<unsigned char>(c) >= kFirstBeyondAscii) return false;
-    return c < ' ' ? c == '\n' || c == '\t' : c != '&' && c != '<' && c != '>';
+// The same as starts_with, for the tags and blanks that stand between texts. Compilers make a few
+// instructions of the comparison of a block whose size they know; blocks may overlap.
+inline bool StartsWith(std::string_view text, std::string_view literal) {
+    constexpr std::size_t kBlock = 16;
+    const auto isSameBlock = [&](std::size_t at) {
+        return std::memcmp(text.data() + at, literal.data() + at, kBlock) == 0;
+    };
+    const std::size_t size = literal.size();
+    if (size < kBlock || size > 4 * kBlock) return text.starts_with(literal);
+    if (text.size() < size || !isSameBlock(0) || !isSameBlock(size - kBlock)) return false;
+    return size <= 2 * kBlock || (isSameBlock(kBlock) && isSameBlock(size - 2 * kBlock));
 }
 
-// Bytes of such characters, and of those beyond ASCII, at the front of a text.
-std::size_t SizeOfPlainRun(std::string_view text) {
-    std::size_t size = 0;
-    while (size < text.size()) {
-        const std::size_t next = StandsAlone(text[size]) ? 1 : XmlCharacterSize(text.substr(size));
-        if (next == 0) break;
-        size += next;
-    }
-    return size;
+inline bool TakeLiteral(std::string_view literal, std::string_view& rest) {
+    if (literal.empty() || !StartsWith(rest, literal)) return false;
+    rest.remove_prefix(literal.size());
+    return true;
 }
 
-struct Entity {
-    std::string_view name;
+// What stands in text for a sign.
+struct WrittenSign {
+    std::string_view written;
     char sign;
 };
 
-// The entity at the front of a text; without a name if it is none of those of XML itself.
-Entity EntityAt(std::string_view text) {
-    constexpr std::array<Entity, 5> kEntities{
-        {{"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&apos;", '\''}}};
-    for (const Entity& entity : kEntities) {
-        if (text.starts_with(entity.name)) return entity;
-    }
-    return {};
-}
+constexpr std::array<WrittenSign, 9> kWrittenSigns{{{"\"", '"'},
+                                                    {"&amp;", '&'},
+                                                    {"&lt;", '<'},
+                                                    {"&gt;", '>'},
+                                                    {"&quot;", '"'},
+                                                    {"&apos;", '\''},
+                                                    {"\n", '\n'},
+                                                    {"\t", '\t'},
+                                                    {">", '>'}}};
 
 }  // namespace
 
@@ -79,6 +79,11 @@ void PlainXml::SetStartTag(std::string_view tag) {
     controlField_ = ElementOf("controlfield");
     dataField_ = ElementOf("datafield");
     subfield_ = ElementOf("subfield");
+    // These are of the prefix before.
+    for (std::string* const literal :
+         {&beforeTag_, &beforeControlTag_, &beforeCode_, &beforeNext_, &beforeEnd_}) {
+        literal->clear();
+    }
 }
 
 bool PlainXml::StopShort() {
@@ -95,9 +100,7 @@ std::string_view PlainXml::SkipBlanks() {
 }
 
 bool PlainXml::TakeIf(std::string_view literal) {
-    if (literal.empty() || !IsAt(literal)) return false;
-    rest_.remove_prefix(literal.size());
-    return true;
+    return TakeLiteral(literal, rest_);
 }
 
 bool PlainXml::Take(std::string_view literal) {
@@ -131,60 +134,89 @@ bool PlainXml::ReadAttributes(std::array<Attribute, kSize>& attributes) {
     return true;
 }
 
-bool PlainXml::Unescape(std::string_view text) {
-    unescaped_.clear();
-    while (!text.empty()) {
-        std::size_t size = SizeOfPlainRun(text);
-        if (text.starts_with('>') && !unescaped_.ends_with("]]")) size = 1;
-        unescaped_.append(text.substr(0, size));
-        if (size == 0) {
-            const Entity entity = EntityAt(text);
-            if (entity.name.empty()) return false;
-            unescaped_ += entity.sign;
-            size = entity.name.size();
-        }
-        text.remove_prefix(size);
+// Up to the next tag.
+bool PlainXml::ReadText(TextBuilder& text) {
+    for (;;) {
+        rest_.remove_prefix(AppendPlainXml(rest_, text));
+        if (rest_.starts_with('<')) return true;
+        if (!ReadSigns(text)) return false;
     }
-    text_ = unescaped_;
-    return true;
 }
 
-// Up to the next tag.
-bool PlainXml::ReadText() {
-    const std::size_t size = rest_.find('<');
-    if (size == rest_.npos) return StopShort();
-    text_ = rest_.substr(0, size);
-    rest_.remove_prefix(size);
-    return IsPlain(text_) || Unescape(text_);
+// Characters beyond ASCII, or a sign that has a meaning beside others or is written in another way.
+bool PlainXml::ReadSigns(TextBuilder& text) {
+    constexpr std::size_t kLongest = 6;
+    if (const std::size_t size = AppendXmlBeyondAscii(rest_, text)) {
+        rest_.remove_prefix(size);
+        return true;
+    }
+    for (const auto& [written, sign] : kWrittenSigns) {
+        if (!IsAt(written)) continue;
+        if (written == ">" && text.Text().ends_with("]]")) return false;
+        text += sign;
+        rest_.remove_prefix(written.size());
+        return true;
+    }
+    return rest_.size() < kLongest && StopShort();
 }
 
 bool PlainXml::ReadLeader() {
-    return Take(">") && ReadText() && Take(leader_.end) && builder_->SetLeader(text_);
+    leaderText_.Clear();
+    return Take(">") && ReadText(leaderText_) && Take(leader_.end) &&
+           builder_->SetLeader(leaderText_.Text());
 }
 
 bool PlainXml::ReadControlField() {
     std::array<Attribute, 1> attributes{{{"tag=\""}}};
-    return ReadAttributes(attributes) && ReadText() && Take(controlField_.end) &&
-           !HoldsBlank(attributes[0].value) &&
-           builder_->AddControlField(attributes[0].value, text_);
+    return ReadAttributes(attributes) && ReadControlText(attributes[0].value);
+}
+
+// After its start tag.
+bool PlainXml::ReadControlText(std::string_view tag) {
+    const bool isRead = IsTagValue(tag) && builder_->BeginControlField(tag) &&
+                        ReadText(builder_->Text()) && Take(controlField_.end);
+    if (isRead) builder_->EndControlField();
+    return isRead;
+}
+
+// After what stands before the value of its tag. False, with nothing read, if there is more in its
+// start tag.
+bool PlainXml::ReadUsualControlTag(std::string_view& tag) {
+    constexpr std::string_view kEnd = "\">";
+    tag = rest_.substr(0, kTagSize);
+    const bool isUsual = IsTagValue(tag) && rest_.substr(tag.size()).starts_with(kEnd);
+    if (isUsual) rest_.remove_prefix(tag.size() + kEnd.size());
+    return isUsual;
 }
 
 // As far as its text.
 bool PlainXml::ReadSubfield() {
     std::array<Attribute, 1> attributes{{{"code=\""}}};
-    return Take(subfield_.start) && ReadAttributes(attributes) && ReadText() &&
-           builder_->AddSubfield(attributes[0].value, text_);
+    const auto& code = attributes[0].value;
+    if (!Take(subfield_.start) || !ReadAttributes(attributes) || code.size() != 1) return false;
+    builder_->BeginSubfield(code.front());
+    return ReadText(builder_->Text());
 }
 
 // After what stands before its code, and more of them after what stands between them.
 bool PlainXml::ReadUsualSubfields() {
+    constexpr std::string_view kForm = ".\">";
+    TextBuilder& text = builder_->Text();
+    std::string_view rest = rest_;  // on which the compiler can work without looks at memory
     do {
-        const std::string_view code = rest_.substr(0, 1);
-        rest_.remove_prefix(code.size());
-        const bool isRead =
-            IsPlainValue(code) && Take("\">") && ReadText() && builder_->AddSubfield(code, text_);
-        if (!isRead) return false;
-    } while (TakeIf(beforeNext_));
+        if (rest.size() < kForm.size()) return StopShort();
+        const char code = rest.front();
+        if (!IsPlainValue(code) || rest[1] != kForm[1] || rest[2] != kForm[2]) return false;
+        rest.remove_prefix(kForm.size());
+        builder_->BeginSubfield(code);
+        rest.remove_prefix(AppendPlainXml(rest, text));
+        if (!rest.starts_with('<')) {
+            rest_ = rest;
+            if (!ReadText(text)) return false;
+            rest = rest_;
+        }
+    } while (TakeLiteral(beforeNext_, rest));
+    rest_ = rest;
     return true;
 }
 
@@ -209,34 +241,36 @@ bool PlainXml::ReadSubfields() {
 
 // The rest of a start tag in the usual order, after what stands before the value of its tag.
 bool PlainXml::ReadUsualTag() {
-    constexpr std::string_view kFirst = "\" ind1=\"";
-    constexpr std::string_view kSecond = "\" ind2=\"";
-    constexpr std::string_view kEnd = "\">";
-    constexpr std::size_t kFirstAt = kTagSize + kFirst.size();
-    constexpr std::size_t kSecondAt = kFirstAt + 1 + kSecond.size();
-    constexpr std::size_t kEndAt = kSecondAt + 1;
-    if (rest_.size() < kEndAt + kEnd.size()) return false;
-    values_ = {rest_.substr(0, kTagSize), rest_.substr(kFirstAt, 1), rest_.substr(kSecondAt, 1)};
-    const bool isUsual = rest_.substr(kTagSize, kFirst.size()) == kFirst &&
-                         rest_.substr(kFirstAt + 1, kSecond.size()) == kSecond &&
-                         rest_.substr(kEndAt, kEnd.size()) == kEnd &&
-                         std::ranges::all_of(values_, IsPlainValue);
-    if (isUsual) rest_.remove_prefix(kEndAt + kEnd.size());
-    return isUsual;
+    constexpr std::string_view kForm = "...\" ind1=\".\" ind2=\".\">";
+    constexpr std::size_t kFirstAt = kForm.find('.', kTagSize);
+    constexpr std::size_t kSecondAt = kForm.find('.', kFirstAt + 1);
+    const auto isAsInForm = [this, &kForm](std::size_t from, std::size_t to) {
+        return std::memcmp(rest_.data() + from, kForm.data() + from, to - from) == 0;
+    };
+    if (rest_.size() < kForm.size()) return false;
+    const std::string_view tag = rest_.substr(0, kTagSize);
+    const char first = rest_[kFirstAt];
+    const char second = rest_[kSecondAt];
+    const bool isUsual = isAsInForm(kTagSize, kFirstAt) && isAsInForm(kFirstAt + 1, kSecondAt) &&
+                         isAsInForm(kSecondAt + 1, kForm.size()) && IsTagValue(tag) &&
+                         IsPlainValue(first) && IsPlainValue(second);
+    if (!isUsual) return false;
+    builder_->BeginDataField(tag, first, second);
+    rest_.remove_prefix(kForm.size());
+    return true;
 }
 
 bool PlainXml::ReadTag() {
     std::array<Attribute, 3> attributes{{{"tag=\""}, {"ind1=\""}, {"ind2=\""}}};
-    if (!ReadAttributes(attributes)) return false;
-    for (std::size_t i = 0; i < values_.size(); ++i) values_[i] = attributes[i].value;
-    return true;
+    return ReadAttributes(attributes) && IsTagValue(attributes[0].value) &&
+           builder_->AddDataField(attributes[0].value) &&
+           builder_->SetIndicator(0, attributes[1].value) &&
+           builder_->SetIndicator(1, attributes[2].value);
 }
 
 // After its start tag.
 bool PlainXml::ReadDataField() {
-    return !HoldsBlank(values_[0]) && builder_->AddDataField(values_[0]) &&
-           builder_->SetIndicator(0, values_[1]) && builder_->SetIndicator(1, values_[2]) &&
-           ReadSubfields() && builder_->EndDataField();
+    return ReadSubfields() && builder_->EndDataField();
 }
 
 bool PlainXml::ReadFields() {
@@ -247,11 +281,20 @@ bool PlainXml::ReadFields() {
             continue;
         }
         rest_ = before;
+        std::string_view tag;
+        if (TakeIf(beforeControlTag_) && ReadUsualControlTag(tag)) {
+            if (!ReadControlText(tag)) return false;
+            continue;
+        }
+        rest_ = before;
         const std::string_view blanks = SkipBlanks();
         if (IsAt("</")) return true;
         if (TakeIf(dataField_.start)) {
             beforeTag_.assign(blanks).append(dataField_.start).append(" tag=\"");
             if (!ReadTag() || !ReadDataField()) return false;
+        } else if (TakeIf(controlField_.start)) {
+            beforeControlTag_.assign(blanks).append(controlField_.start).append(" tag=\"");
+            if (!ReadControlField()) return false;
         } else if (!ReadOtherPart()) {
             return false;
         }
@@ -259,7 +302,6 @@ bool PlainXml::ReadFields() {
 }
 
 bool PlainXml::ReadOtherPart() {
-    if (TakeIf(controlField_.start)) return ReadControlField();
     if (TakeIf(leader_.start)) return ReadLeader();
     return rest_.size() < controlField_.start.size() && StopShort();
 }

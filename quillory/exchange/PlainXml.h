@@ -43,6 +43,8 @@ private:
     bool ReadRecord();
     bool ReadLeader();
     bool ReadControlField();
+    bool ReadControlText(std::string_view tag);
+    bool ReadUsualControlTag(std::string_view& tag);
     bool ReadFields();
     bool ReadDataField();
     bool ReadOtherPart();
@@ -54,8 +56,8 @@ private:
     template <std::size_t kSize>
     bool ReadAttributes(std::array<Attribute, kSize>& attributes);
     bool ReadValue(Attribute& attribute);
-    bool ReadText();
-    bool Unescape(std::string_view text);
+    bool ReadText(TextBuilder& text);
+    bool ReadSigns(TextBuilder& text);
     std::string_view SkipBlanks();
     bool Take(std::string_view literal);
     bool TakeIf(std::string_view literal);
@@ -68,9 +70,10 @@ private:
     Element dataField_;
     Element subfield_;
     // Blanks and tags as they stood last, and nearly always stand again: up to the value of a
-    // field's tag; after the text of a subfield, up to the code of the next one or the end of the
-    // field.
+    // data field's or a control field's tag; after the text of a subfield, up to the code of the
+    // next one or the end of the field.
     std::string beforeTag_;
+    std::string beforeControlTag_;
     std::string beforeCode_;
     std::string beforeNext_;
     std::string beforeEnd_;
@@ -79,9 +82,7 @@ private:
 
     RecordBuilder* builder_ = nullptr;
     std::string_view rest_;
-    std::array<std::string_view, 3> values_;  // of a data field: tag and indicators
-    std::string_view text_;                   // of an element, in the file or unescaped
-    std::string unescaped_;
+    TextBuilder leaderText_;
     std::size_t blanks_ = 0;
     std::size_t size_ = 0;
     bool isCutShort_ = false;

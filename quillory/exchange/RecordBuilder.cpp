@@ -18,7 +18,7 @@ bool IsOneCharacter(std::string_view text) {
 
 void RecordBuilder::Clear() {
     leader_.clear();
-    text_.clear();
+    text_.Clear();
     fields_.clear();
     inField_ = false;
     isLeftOut_ = false;
@@ -76,10 +76,10 @@ bool RecordBuilder::SetLeader(std::string_view leader) {
 }
 
 bool RecordBuilder::BeginField(std::string_view tag) {
-    Field field{{}, text_.size()};
+    Field& field = fields_.emplace_back();
+    field.start = text_.Size();
     const bool hasTag = tag.size() == field.tag.size();
-    if (hasTag) std::ranges::copy(tag, field.tag.begin());
-    fields_.push_back(field);
+    if (hasTag) tag.copy(field.tag.data(), field.tag.size());
     inField_ = true;
     if (hasTag) return true;
     if (tag.empty()) return Fail(FaultCode::kFieldWithoutTag);
@@ -89,13 +89,17 @@ bool RecordBuilder::BeginField(std::string_view tag) {
 void RecordBuilder::EndField() {
     inField_ = false;
     if (!std::exchange(isLeftOut_, false)) return;
-    text_.resize(fields_.back().start);
+    text_.CutTo(fields_.back().start);
     fields_.pop_back();
 }
 
+bool RecordBuilder::BeginControlField(std::string_view tag) {
+    return BeginField(tag) &&
+           (!zorby::CommFormatField{tag, {}}.IsDataField() || Fail(FaultCode::kNoSubfields));
+}
+
 bool RecordBuilder::AddControlField(std::string_view tag, std::string_view text) {
-    const bool isSound = BeginField(tag) && (!zorby::CommFormatField{tag, {}}.IsDataField() ||
-                                             Fail(FaultCode::kNoSubfields));
+    const bool isSound = BeginControlField(tag);
     if (isSound) text_ += text;
     EndField();
     return isSound;
@@ -135,9 +139,16 @@ bool RecordBuilder::AddSubfield(std::string_view code, std::string_view text) {
         return Fail(FaultCode::kDelimiterInSubfield);
     }
     text_ += zorby::kDelimiter;
-    for (const char c : code) text_ += c;
-    text_.append(text);
+    text_ += code;
+    text_ += text;
     return true;
+}
+
+void RecordBuilder::BeginDataField(std::string_view tag, char first, char second) {
+    BeginField(tag);
+    const std::array<char, kIndicators> indicators{first, second};
+    text_ += std::string_view(indicators.data(), indicators.size());
+    haveIndicator_ = {true, true};
 }
 
 bool RecordBuilder::EndDataField() {
@@ -167,13 +178,14 @@ void RecordBuilder::Give(Item& item) const {
     Record& record = item.record;
     record.leader = leader_;
     record.bytes = {};
-    record.fields.clear();
-    const std::string_view text = text_;
-    for (std::size_t i = 0; i < fields_.size(); ++i) {
-        const std::size_t start = fields_[i].start;
-        const std::size_t end = i + 1 < fields_.size() ? fields_[i + 1].start : text.size();
-        record.fields.push_back(
-            {{fields_[i].tag.data(), fields_[i].tag.size()}, text.substr(start, end - start)});
+    record.fields.resize(fields_.size());
+    const std::string_view text = text_.Text();
+    std::size_t end = text.size();
+    for (std::size_t i = fields_.size(); i > 0; --i) {
+        const auto& [tag, start] = fields_[i - 1];
+        record.fields[i - 1].tag = {tag.data(), tag.size()};
+        record.fields[i - 1].content = text.substr(start, end - start);
+        end = start;
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/exchange/Record.h>
+#include <quillory/text/TextBuilder.h>
 
 #include <array>
 #include <optional>
@@ -26,6 +27,18 @@ public:
     bool SetIndicator(std::size_t which, std::string_view value);
     bool AddSubfield(std::string_view code, std::string_view text);
     bool EndDataField();
+
+    // The same for parts that are known to be sound, whose text is appended to Text. A tag has
+    // three bytes, indicators and codes are of printable ASCII, and no delimiter is in the text.
+    bool BeginControlField(std::string_view tag);
+    void EndControlField() { EndField(); }
+    void BeginDataField(std::string_view tag, char first, char second);
+    void BeginSubfield(char code) {
+        const std::array<char, 2> begin{zorby::kDelimiter, code};
+        text_ += std::string_view(begin.data(), begin.size());
+    }
+    TextBuilder& Text() { return text_; }
+
     bool End();
     // Notes what is wrong. The field in hand is left out; if there is none, there is no record. Of
     // several faults the first counts.
@@ -51,8 +64,8 @@ public:
 
 private:
     struct Field {
-        std::array<char, kTagSize> tag;
-        std::size_t start;  // in text_
+        std::array<char, kTagSize> tag{};
+        std::size_t start = 0;  // in text_
     };
 
     bool BeginField(std::string_view tag);
@@ -62,7 +75,7 @@ private:
     bool FailIndicator(std::size_t which, FaultCode code);
 
     std::string leader_;
-    std::string text_;  // contents, side by side
+    TextBuilder text_;  // contents, side by side
     std::vector<Field> fields_;
     std::array<bool, 2> haveIndicator_{};
     bool inField_ = false;

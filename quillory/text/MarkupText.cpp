@@ -1,16 +1,14 @@
 #include <quillory/text/CharacterReference.h>
 #include <quillory/text/MarkupText.h>
 #include <quillory/text/PlainBytes.h>
+#include <quillory/text/PlainXmlText.h>
 #include <quillory/text/Utf8.h>
 #include <quillory/text/Utf8Size.h>
 #include <zorby/record/CommFormat.h>
 
 #include <algorithm>
 #include <array>
-#include <bit>
-#include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <optional>
 
 namespace quillory {
@@ -53,73 +51,8 @@ void AppendReplacement(std::string_view text, Text& out, Losses& losses) {
     out += kReplacement;
 }
 
-using Word = std::uint64_t;  // eight bytes of a text, the first of them lowest
-constexpr bool kIsFirstLowest = std::endian::native == std::endian::little;
-
-template <class Number>
-Word Load(const char* from) {
-    Number number = 0;
-    std::memcpy(&number, from, sizeof number);
-    return number;
-}
-
-void Store(Word word, char* to) {
-    if constexpr (!kIsFirstLowest) word = __builtin_bswap64(word);
-    std::memcpy(to, &word, sizeof word);
-}
-
-// The bytes at the front of a text; zeros where there are none.
-Word WordAt(const char* text, std::size_t size) {
-    if constexpr (kIsFirstLowest) {
-        constexpr std::size_t kHalf = 4;
-        if (size >= sizeof(Word)) return Load<Word>(text);
-        if (size >= kHalf) {
-            const std::size_t more = size - kHalf;
-            return Load<std::uint32_t>(text) | Load<std::uint32_t>(text + more) << 8 * more;
-        }
-    }
-    Word word = 0;
-    for (std::size_t i = std::min(size, sizeof word); i > 0; --i) {
-        word = word << 8 | static_cast<unsigned char>(text[i - 1]);
-    }
-    return word;
-}
-
-// Sets the top bit of each byte that does not stand in XML as it is: controls, signs, and what is
-// beyond ASCII. Carries and borrows come only from such a byte, so the lowest bit found is exact.
-constexpr Word MisfitsInXml(Word bytes) {
-    constexpr Word kOnes = 0x0101010101010101;
-    const auto zeros = [](Word word) { return (word - kOnes) & ~word; };
-    const Word quotesAndAmpersands = zeros((bytes & ~(kOnes * ('"' ^ '&'))) ^ (kOnes * '"'));
-    const Word brackets = zeros((bytes & ~(kOnes * ('<' ^ '>'))) ^ (kOnes * '<'));
-    const Word controls = bytes - kOnes * ' ';
-    return (bytes | controls | quotesAndAmpersands | brackets) & (kOnes * 0x80);
-}
-
-// Appends the bytes at the front of a text that stand in XML as they are, in words with what comes
-// after them. Result: how many they are.
-std::size_t AppendPlainXml(std::string_view text, TextBuilder& out) {
-    char* const to = out.Room(text.size() + sizeof(Word));
-    for (std::size_t at = 0;; at += sizeof(Word)) {
-        const Word word = WordAt(text.data() + at, text.size() - at);
-        Store(word, to + at);
-        const Word misfits = MisfitsInXml(word);
-        if (misfits == 0) continue;
-        const std::size_t size = at + static_cast<std::size_t>(std::countr_zero(misfits)) / 8;
-        out.Take(size);
-        return size;
-    }
-}
-
-// The same for characters beyond ASCII that can stand in XML.
-std::size_t AppendCharactersBeyondAscii(std::string_view text, TextBuilder& out) {
-    std::size_t size = 0;
-    while (const std::size_t next = XmlCharacterSize(text.substr(size))) size += next;
-    out += text.substr(0, size);
-    return size;
-}
-
-// The same for one character, or a byte that is none, that does not stand in XML as it is.
+// Appends one character, or a byte that is none, that does not stand in XML as it is. Result: its
+// bytes.
 std::size_t AppendXmlMisfit(std::string_view text, TextBuilder& out, Losses& losses) {
     const Utf8Char character = DecodeUtf8(text);
     if (!character.valid) {
@@ -143,7 +76,7 @@ std::size_t AppendXmlUpTo(std::optional<char> control, std::string_view text, Te
     for (;;) {
         rest.remove_prefix(AppendPlainXml(rest, out));
         if (rest.empty() || rest.front() == control) return text.size() - rest.size();
-        const std::size_t size = AppendCharactersBeyondAscii(rest, out);
+        const std::size_t size = AppendXmlBeyondAscii(rest, out);
         rest.remove_prefix(size != 0 ? size : AppendXmlMisfit(rest, out, losses));
     }
 }

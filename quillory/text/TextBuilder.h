@@ -4,6 +4,7 @@
 #include <cstring>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace quillory {
 
@@ -12,11 +13,19 @@ namespace quillory {
 class TextBuilder {
 public:
     TextBuilder() = default;
-    TextBuilder(const TextBuilder&) = delete;
-    TextBuilder& operator=(const TextBuilder&) = delete;
+    TextBuilder(TextBuilder&& other) noexcept { Swap(other); }
+    TextBuilder& operator=(TextBuilder&& other) noexcept {
+        TextBuilder taken(std::move(other));
+        Swap(taken);
+        return *this;
+    }
 
     void Clear() { end_ = bytes_.get(); }
+    // Leaves the first bytes, at most those that it has.
+    void CutTo(std::size_t size) { end_ = bytes_.get() + size; }
+    std::size_t Size() const { return static_cast<std::size_t>(end_ - bytes_.get()); }
     std::string_view Text() const { return {bytes_.get(), end_}; }
+    char& operator[](std::size_t at) { return bytes_[at]; }
 
     // Result: where the piece stands, until the next one comes.
     char* Append(std::string_view piece) {
@@ -29,6 +38,11 @@ public:
         Append(piece);
         return *this;
     }
+    TextBuilder& operator+=(char byte) {
+        *Room(1) = byte;
+        Take(1);
+        return *this;
+    }
 
     // Where the next piece is to stand, with room for so many bytes, which may be put there.
     char* Room(std::size_t size) {
@@ -39,6 +53,11 @@ public:
     void Take(std::size_t size) { end_ += size; }
 
 private:
+    void Swap(TextBuilder& other) noexcept {
+        bytes_.swap(other.bytes_);
+        std::swap(end_, other.end_);
+        std::swap(limit_, other.limit_);
+    }
     void Grow(std::size_t size);
 
     std::unique_ptr<char[]> bytes_;

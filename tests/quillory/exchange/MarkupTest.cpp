@@ -1,4 +1,5 @@
 #include <quillory/exchange/Form.h>
+#include <quillory/exchange/MarcXml.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/exchange/RecordWriter.h>
 #include <quillory/exchange/Subfields.h>
@@ -474,6 +475,37 @@ TEST(MarcXml, ReadsTheSameWithAndWithoutTheParser) {
         ExpectTheSameByTheParser(damaged);
         if (HasFailure()) return;
     }
+}
+
+// The same with a prefix before each name of an element.
+std::string Prefixed(std::string_view xml) {
+    std::string prefixed;
+    while (!xml.empty()) {
+        const std::size_t size = xml.starts_with("</") ? 2 : 1;
+        prefixed += xml.substr(0, size);
+        if (xml.front() == '<') prefixed += "m:";
+        xml.remove_prefix(size);
+    }
+    return prefixed;
+}
+
+// A prefix that stands for MARC in one document may stand for something else in the next one.
+TEST(MarcXml, APrefixEndsWithItsDocument) {
+    const std::string field =
+        "<datafield tag=\"245\" ind1=\"1\" ind2=\" \"><subfield "
+        "code=\"a\">T</subfield></datafield>";
+    const std::string first = Prefixed(XmlRecord("a", field + field));
+    const std::string second = XmlRecord("b", field) + XmlRecord("c", Prefixed(field + field));
+    const auto all =
+        ReadAll(kXml, "<?xml version=\"1.0\"?><m:collection xmlns:m=\"" +
+                          std::string(kMarcXmlNamespace) + "\">" + first + first +
+                          "</m:collection><?xml version=\"1.0\"?><collection xmlns:m=\"x\">" +
+                          second + "</collection>");
+    std::vector<std::size_t> lines;
+    for (const Found& found : all) {
+        if (found.kind == kItemRecord) lines.push_back(found.lines.size());
+    }
+    EXPECT_EQ(lines, (std::vector<std::size_t>{4, 4, 3, 2})) << Story(all);
 }
 
 // Lines and columns after records that needed no parser are those of the file.
