@@ -3,7 +3,8 @@
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/MarkupWriter.h>
 #include <quillory/exchange/PlainXml.h>
-#include <quillory/exchange/Record.h>
+#include <quillory/exchange/PlainXmlRun.h>
+#include <quillory/exchange/RecordRuns.h>
 #include <quillory/exchange/TextPlace.h>
 #include <quillory/exchange/XmlRecords.h>
 #include <quillory/text/TextBuilder.h>
@@ -20,7 +21,7 @@ inline constexpr std::string_view kMarcXmlNamespace = "http://www.loc.gov/MARC21
 // A record that is not made as it should be is damage, and the next one goes on. Another document
 // may follow the first, with its own declaration, as where files were joined; XML that is not
 // well-formed, or has a document type (DOCTYPE), is read no further.
-class MarcXmlReader : public RecordReader {
+class MarcXmlReader : public RecordReader, public RecordRuns {
 public:
     // With `lenient` a damaged record is given without the fields that can't be read.
     explicit MarcXmlReader(Input& input, bool lenient = false) : input_(input), lenient_(lenient) {}
@@ -29,9 +30,18 @@ public:
 
     bool Next(Item& item) override;
 
+    // Records that can be read without the parser. They are read here, since only then is it known
+    // where the next one begins, but where they are given, nothing of them is copied.
+    RecordRun PassOver(std::size_t most) override;
+    std::unique_ptr<RecordReader> ReaderOf(const RecordRun& run, Input& input) const override;
+
 private:
+    void SkipTaken();
     std::string_view NextPiece();
     bool Feed();
+    bool CanReadPlain();
+    PlainXml::Reading ReadPlain(std::string_view xml, XmlRecord& record);
+    void PassPlain(std::size_t bytes);
     bool ReadPlain();
     bool TakeNext();
     void Give(Item& item, ItemKind kind, std::uint64_t end);
@@ -48,6 +58,7 @@ private:
     bool lenient_;
     std::optional<XmlRecords> records_{std::in_place};
     PlainXml plain_;
+    PlainXmlRuns runs_;
     XmlRecord record_;                      // given last, or to be given
     bool isPlain_ = false;                  // record_ was read without the parser
     bool isToGive_ = false;                 // record_, which has been read

@@ -38,25 +38,68 @@ bool MarcXmlReader::Feed() {
     return true;
 }
 
-// Reads the next record without the parser, if that is possible.
-bool MarcXmlReader::ReadPlain() {
+// Whether a record may come next that can be read without the parser.
+bool MarcXmlReader::CanReadPlain() {
     if (fed_ != input_.Offset() || !records_->IsBetweenRecords()) return false;
     plain_.SetStartTag(records_->RecordTag());
+    return true;
+}
+
+// Reads a record without the parser. `xml` is what the parser would get next.
+PlainXml::Reading MarcXmlReader::ReadPlain(std::string_view xml, XmlRecord& record) {
+    const auto reading = plain_.Read(xml, record.builder);
+    if (reading != PlainXml::kRead) return reading;
+    record.start = fed_ + plain_.Blanks();
+    record.end = fed_ + plain_.Size();
+    fed_ = record.end;
+    return reading;
+}
+
+// The parser is to pass over the next bytes, since they were read without it.
+void MarcXmlReader::PassPlain(std::size_t bytes) {
+    if (!lineFed_) lineFed_ = place_.at.line;
+    records_->PassOver(bytes);
+}
+
+// Reads the next record without the parser, if that is possible.
+bool MarcXmlReader::ReadPlain() {
+    if (!CanReadPlain()) return false;
     std::string_view window = input_.Peek(1);
-    auto reading = plain_.Read(window, record_.builder);
+    auto reading = ReadPlain(window, record_);
     while (reading == PlainXml::kCutShort && window.size() < kMuch) {
         const std::size_t before = window.size();
         window = input_.Peek(before + kPiece);
         if (window.size() == before) break;
-        reading = plain_.Read(window, record_.builder);
+        reading = ReadPlain(window, record_);
     }
     if (reading != PlainXml::kRead) return false;
-    record_.start = fed_ + plain_.Blanks();
-    record_.end = fed_ + plain_.Size();
-    if (!lineFed_) lineFed_ = place_.at.line;
-    fed_ += plain_.Size();
-    records_->PassOver(plain_.Size());
+    PassPlain(plain_.Size());
     return true;
+}
+
+// Those that are in memory as a whole.
+RecordRun MarcXmlReader::PassOver(std::size_t most) {
+    SkipTaken();
+    RecordRun run{{}, input_.Offset(), count_};
+    if (isToGive_ || !records_->Empty() || !CanReadPlain()) return run;
+    const std::string_view window = input_.Peek(1);
+    const auto records = runs_.Take();
+    while (taken_ < most && ReadPlain(window.substr(taken_), records->Next()) == PlainXml::kRead) {
+        records->Add();
+        taken_ += plain_.Size();
+    }
+    if (taken_ == 0) return run;
+    PassPlain(taken_);
+    inDamage_ = false;
+    run.bytes = window.substr(0, taken_);
+    run.records = records->Size();
+    run.holder = HolderOf(records, input_.Hold());
+    count_ += run.records;
+    return run;
+}
+
+std::unique_ptr<RecordReader> MarcXmlReader::ReaderOf(const RecordRun& run, Input&) const {
+    return std::make_unique<PlainXmlRunReader>(run);
 }
 
 // The next record, whoever reads it. False if there is none yet.
@@ -179,9 +222,14 @@ bool MarcXmlReader::GiveEnd(Item& item) {
     return true;
 }
 
-bool MarcXmlReader::Next(Item& item) {
+// Moves past what was given last.
+void MarcXmlReader::SkipTaken() {
     place_.Pass(input_.Peek(taken_).substr(0, taken_));
     input_.Skip(std::exchange(taken_, 0));
+}
+
+bool MarcXmlReader::Next(Item& item) {
+    SkipTaken();
     do {
         if (isToGive_ || TakeNext()) {
             GiveUpToRecord(item);

@@ -11,7 +11,7 @@ namespace quillory {
 
 class Input;
 
-// Records that follow one another in a file, not yet read.
+// Records that follow one another in a file, not yet given.
 struct RecordRun {
     std::string_view bytes;
     std::uint64_t offset = 0;         // of the first byte in the file
@@ -20,12 +20,12 @@ struct RecordRun {
     std::shared_ptr<const void> holder = {};  // the bytes stay as long as it is held
 };
 
-// What a reader is, too, if it can tell where records end without reading them.
+// What a reader is, too, if it can tell where records end without giving them.
 class RecordRuns {
 public:
     virtual ~RecordRuns() = default;
     // Passes over records that come next and are in memory, of about `most` bytes. Empty if the
-    // next item can only be read.
+    // next item can only be given.
     virtual RecordRun PassOver(std::size_t most) = 0;
     // Reads from `input`, which holds the bytes of a run, the items that this reader would have
     // read.

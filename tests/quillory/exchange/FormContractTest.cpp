@@ -70,7 +70,9 @@ std::vector<Found> ReadAllInRuns(const Form& form, std::string_view bytes, bool 
         const auto other = runs == nullptr ? nullptr : runs->ReaderOf(run, inRun);
         const std::size_t before = all.size();
         while (other && other->Next(item)) all.emplace_back(item);
-        const auto isNew = [](const Found& found) { return found.kind != kItemStray; };
+        const auto isNew = [](const Found& found) {
+            return found.kind == kItemRecord || found.kind == kItemDamaged;
+        };
         EXPECT_EQ(std::ranges::count_if(all.begin() + static_cast<std::ptrdiff_t>(before),
                                         all.end(), isNew),
                   run.records);

@@ -180,6 +180,47 @@ TEST_F(SharedWork, Convert) {
                   });
 }
 
+// A document larger than what is in memory at a time, which ends within records, tags and
+// characters.
+std::string LargeXml(std::mt19937& random) {
+    const std::string kEnd = "</collection>";
+    const std::string kBegin = "<?xml version=\"1.0\"?>\n<collection>";
+    const Lines kBetween{"",     "",           "\n", "\n  ", "\r\n\t", "text", "<!-- </record> -->",
+                         "<x/>", kEnd + kBegin};
+    const Lines kTexts{"Title", "\u00e9\u4e2d", "a &amp; \"b\"", "&#233;", "<![CDATA[]]>", "\n"};
+    constexpr std::size_t kSize = std::size_t{5} << 19;
+    std::string bytes = kBegin;
+    while (bytes.size() < kSize) {
+        const std::size_t texts = random() % 400 == 0 ? random() % 20000 : random() % 200;
+        const std::size_t kinds = random() % 3 == 0 ? kTexts.size() : 2;
+        bytes += random() % 9 == 0 ? kBetween[random() % kBetween.size()] : kBetween[3];
+        bytes += "<record><leader>" + kLeader + "</leader><datafield tag=\"245\" ind1=\"1\" " +
+                 "ind2=\"0\"><subfield code=\"a\">";
+        for (std::size_t i = 0; i < texts; ++i) bytes += kTexts[random() % kinds];
+        bytes += "</subfield></datafield></record>";
+    }
+    return bytes + kEnd;
+}
+
+TEST_F(SharedWork, ConvertLargeXml) {
+    for (const bool isDamaged : {false, true}) {
+        std::mt19937 random(7);
+        std::string bytes = LargeXml(random);
+        if (isDamaged) bytes.erase(bytes.find("</subfield>", bytes.size() / 10 * 9), 1);
+        InputOptions input;
+        input.files = {File("in.xml", bytes)};
+        input.lenient = true;
+        const auto convert = [](const InputOptions& from, const OutputOptions& to, Reporter& own) {
+            return ConvertFiles({from, to}, own);
+        };
+        const Outcome alone = OutcomeOf({}, true, input, {}, convert);
+        const Outcome shared = OutcomeOf(kCrew, true, input, {}, convert);
+        EXPECT_EQ(alone, shared);
+        EXPECT_EQ(alone.messages.find("malformed XML") != std::string::npos, isDamaged);
+        EXPECT_GT(alone.output.size(), bytes.size() / 2);
+    }
+}
+
 TEST_F(SharedWork, ConvertWhatIsAskedFor) {
     ExpectTheSame(20, [](InputOptions input, const OutputOptions& output, Reporter& reporter) {
         input.where.expression = "245a contains \"title\" or 650a matches \"e\"";
