@@ -4,12 +4,15 @@
 
 #include <zlib.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <optional>
 #include <sys/stat.h>
+#include <sys/uio.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -43,6 +46,24 @@ bool IsProtected(const std::filesystem::path& path) {
     if (stat(path.c_str(), &status) != 0) return false;
     return (status.st_mode & kWritable) == 0 ||
            faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0;
+}
+
+// The system only reads the bytes.
+iovec PartOf(std::string_view bytes) {
+    return {const_cast<char*>(bytes.data()), bytes.size()};
+}
+
+// What is left after the first `written` bytes.
+std::span<iovec> PartsAfter(std::span<iovec> parts, std::size_t written) {
+    while (!parts.empty() && parts.front().iov_len <= written) {
+        written -= parts.front().iov_len;
+        parts = parts.subspan(1);
+    }
+    if (written > 0) {
+        parts.front().iov_base = static_cast<char*>(parts.front().iov_base) + written;
+        parts.front().iov_len -= written;
+    }
+    return parts;
 }
 
 // A name that no file can have is found out before the work is done.
@@ -193,12 +214,19 @@ void Output::Rest() {
 void Output::WriteRaw(std::string_view bytes) {
     if (memory_ != nullptr) {
         memory_->append(bytes);
-        return;
+    } else if (!bytes.empty()) {
+        iovec part = PartOf(bytes);
+        WriteParts({&part, 1});
     }
-    while (!bytes.empty()) {
-        const ssize_t written = write(descriptor_, bytes.data(), bytes.size());
+}
+
+// As many at a time as the system takes. The parts are used up.
+void Output::WriteParts(std::span<iovec> parts) {
+    while (!parts.empty()) {
+        const std::size_t count = std::min<std::size_t>(parts.size(), IOV_MAX);
+        const ssize_t written = writev(descriptor_, parts.data(), static_cast<int>(count));
         if (written >= 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(written));
+            parts = PartsAfter(parts, static_cast<std::size_t>(written));
         } else if (errno == EPIPE && endsQuietly_) {
             throw ClosedPipe();
         } else if (errno != EINTR) {
@@ -215,8 +243,20 @@ void Output::WriteThrough(std::string_view bytes) {
     }
 }
 
+// Much goes to the system from where it stands.
 void Output::Write(const Pieces& pieces) {
-    pieces.ForEach([this](std::string_view bytes) { Write(bytes); });
+    std::size_t size = 0;
+    std::vector<iovec> parts;
+    pieces.ForEach([&](std::string_view bytes) {
+        size += bytes.size();
+        parts.push_back(PartOf(bytes));
+    });
+    if (packer_ || descriptor_ < 0 || size < buffer_.size() / 4) {
+        pieces.ForEach([this](std::string_view bytes) { Write(bytes); });
+    } else {
+        Flush();
+        WriteParts(parts);
+    }
 }
 
 void Output::WriteLarge(std::string_view bytes) {

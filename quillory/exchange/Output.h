@@ -6,9 +6,12 @@
 
 #include <exception>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+struct iovec;
 
 namespace quillory {
 
@@ -74,6 +77,7 @@ private:
     void WriteLarge(std::string_view bytes);
     void WriteThrough(std::string_view bytes);
     void WriteRaw(std::string_view bytes);
+    void WriteParts(std::span<iovec> parts);
     [[noreturn]] void Fail(const std::string& what, int reason) const;
 
     std::string name_;

@@ -203,6 +203,27 @@ TEST(Pieces, AreTheBytesInOrder) {
     EXPECT_EQ(all, expected);
 }
 
+TEST(Pieces, GoToAFileAfterWhatWasWrittenBefore) {
+    const TemporaryFile file;
+    const std::string elsewhere = RandomBytes(100000);
+    std::string expected = "before";
+    Pieces pieces;  // more than a system takes at a time, and empty ones among them
+    pieces.Stay(elsewhere);
+    for (std::size_t at = 0; at < elsewhere.size(); at += 20) {
+        const std::string own(at % 3, 'x');
+        const std::string_view part = std::string_view(elsewhere).substr(at, 20);
+        pieces.Add(own);
+        pieces.Add(part);
+        expected.append(own).append(part);
+    }
+    Output output(file.Path());
+    output.Write("before");
+    output.Write(pieces);
+    output.Write("after");
+    output.Finish();
+    EXPECT_EQ(file.Read(), expected + "after");
+}
+
 TEST(Pieces, WhatStaysIsOnePieceWhereItIsOne) {
     const std::string elsewhere = RandomBytes(30);
     Pieces pieces;
