@@ -1,5 +1,6 @@
 #include <quillory/coded/CodeLists.h>
 #include <quillory/coded/FreeValues.h>
+#include <quillory/text/Ascii.h>
 #include <zorby/elements/OffsetTables.h>
 
 #include <algorithm>
@@ -39,16 +40,15 @@ bool IsDay(int year, int month, int day) {
     return !(month == 2 && day == 29) || year % 4 == 0;
 }
 
-// yymmdd; no record is older than the format.
+int YearEntered(std::string_view day) {
+    constexpr int kFirstYear = 68;  // no record is older than the format
+    const int yy = Number(day.substr(0, 2));
+    return (yy < kFirstYear ? 2000 : 1900) + yy;
+}
+
 FreeValue ReadDayEntered(std::string_view value) {
-    if (!HasOnly(value, kDigits)) return kMisfit;
-    constexpr int kFirstYear = 68;
-    const int yy = Number(value.substr(0, 2));
-    const int month = Number(value.substr(2, 2));
-    const int day = Number(value.substr(4, 2));
-    const int year = (yy < kFirstYear ? 2000 : 1900) + yy;
-    if (!IsDay(year, month, day)) return kMisfit;
-    std::string text = std::to_string(year);
+    if (!IsDayEntered(value)) return kMisfit;
+    std::string text = std::to_string(YearEntered(value));
     text.append("-").append(value.substr(2, 2)).append("-").append(value.substr(4));
     return {text};
 }
@@ -89,6 +89,12 @@ std::optional<FreeValue> ReadInspection(std::string_view value) {
 }
 
 }  // namespace
+
+bool IsDayEntered(std::string_view value) {
+    constexpr std::size_t kSize = 6;
+    if (value.size() != kSize || !AreDigits(value)) return false;
+    return IsDay(YearEntered(value), Number(value.substr(2, 2)), Number(value.substr(4)));
+}
 
 std::optional<FreeValue> ReadFreeValue(CFPart part, std::string_view value) {
     if (value.size() != static_cast<std::size_t>(WidthOfPart(part))) return std::nullopt;

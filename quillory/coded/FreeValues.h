@@ -18,6 +18,9 @@ struct FreeValue {
 // code in an element of numbers.
 std::optional<FreeValue> ReadFreeValue(zorby::CFPart part, std::string_view value);
 
+// Whether a value is a day as 008/00-05 has it: yymmdd.
+bool IsDayEntered(std::string_view value);
+
 // What a value of the element looks like: "ccyymm, ...". Empty for an element of codes.
 std::string_view FormOfFreeValue(zorby::CFPart part);
 

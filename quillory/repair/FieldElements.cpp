@@ -31,12 +31,17 @@ std::vector<FieldElement> ElementsIn(CFType form, CFType material) {
     return elements;
 }
 
-std::vector<ElementRun> MakeRuns(CFType form, CFType material) {
+bool IsDay(const Element& element) {
+    return !element.IsUndefined() && element.parts.front() == CFP008DateEntered;
+}
+
+// `number` is that of the last run so far.
+std::vector<ElementRun> MakeRuns(CFType form, CFType material, std::uint8_t& number) {
     std::vector<ElementRun> runs;
     for (const FieldElement& at : ElementsIn(form, material)) {
-        const bool goesOn = !runs.empty() && runs.back().first + runs.back().size == at.first &&
+        const bool goesOn = !runs.empty() && !runs.back().isDay && runs.back().End() == at.first &&
                             runs.back().size + at.Width() <= ElementRun::kMost;
-        if (!goesOn) runs.push_back({at.first, 0, {}});
+        if (!goesOn) runs.push_back({at.first, 0, ++number, IsDay(at.element), {}});
         runs.back().elements.push_back(at);
         runs.back().size += at.Width();
     }
@@ -66,10 +71,12 @@ private:
     void Add(int number, CFType form, CFType material) {
         const auto at = static_cast<std::size_t>(number);
         if (at >= layouts_.size()) layouts_.resize(at + 1);
-        layouts_[at] = {static_cast<std::size_t>(LengthOfForm(form)), MakeRuns(form, material)};
+        layouts_[at] = {static_cast<std::size_t>(LengthOfForm(form)),
+                        MakeRuns(form, material, number_)};
     }
 
     std::vector<FieldLayout> layouts_;
+    std::uint8_t number_ = 0;  // of the last run; there are about a hundred
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -33,12 +34,15 @@ struct FieldElement {
 
 // Elements side by side in a field: of kMost bytes together, or a single one that is wider.
 struct ElementRun {
-    static constexpr std::size_t kMost = 8;
+    static constexpr std::size_t kMost = 7;
 
     std::size_t first;
     std::size_t size;
+    std::uint8_t number;  // another one, from 1, for each run of a layout
+    bool isDay;           // the day on which a record was entered, alone
     std::vector<FieldElement> elements;
 
+    std::size_t End() const { return first + size; }
     // Shorter, or empty, where the field ends before it.
     std::string_view BytesIn(std::string_view field) const {
         return field.substr(std::min(first, field.size()), size);

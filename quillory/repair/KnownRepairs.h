@@ -2,10 +2,13 @@
 
 #include <quillory/repair/FieldElements.h>
 #include <quillory/repair/Repair.h>
-#include <quillory/repair/TablePlace.h>
 
+#include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
+#include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -16,50 +19,62 @@ namespace quillory {
 // takes the place of something older, so their number is bounded.
 class KnownRepairs {
 public:
-    // `judge` finds out the repairs of bytes that are not known, and says whether they are the same
+    // `judge` finds out the repairs of a run that are not known, and says whether they are the same
     // in any record. The result holds until the next call.
     template <class Judge>
-    const std::vector<Repair>& Get(const ElementRun& run, std::string_view bytes, Judge judge) {
-        const bool canKeep = bytes.size() == run.size && bytes.size() <= ElementRun::kMost;
-        const std::uint64_t number = canKeep ? NumberOf(bytes) : 0;
-        Known* const known = &known_[kPlaces * TablePlace(&run, number, kMost)];
-        for (std::size_t i = 0; canKeep && i < kPlaces; ++i) {
-            if (known[i].run == &run && known[i].number == number) return known[i].repairs;
-        }
+    std::span<const Repair> Get(const ElementRun& run, std::string_view field, Judge judge) {
         judged_.clear();
-        if (!judge(judged_) || !canKeep) return judged_;
-        std::swap(known[0], known[1]);
-        known->run = &run;
-        known->number = number;
-        std::swap(known->repairs, judged_);
-        return known->repairs;
+        if (run.size > ElementRun::kMost || run.End() > field.size()) {
+            judge(judged_);
+            return judged_;
+        }
+        const std::uint64_t key = KeyOf(run, field);
+        auto& [newer, older] = known_[key * kOdd >> kShift];
+        const Known& found = newer.key == key ? newer : older;
+        if (found.key == key) return found.Repairs();
+        if (!judge(judged_)) return judged_;
+        older = std::exchange(newer, {key, nullptr});
+        if (!judged_.empty()) newer.repairs = std::make_unique<std::vector<Repair>>(judged_);
+        return judged_;
     }
 
 private:
+    // Small, since a record needs many of them.
     struct Known {
-        const ElementRun* run = nullptr;
-        std::uint64_t number = 0;  // made of the bytes
-        std::vector<Repair> repairs;
+        std::uint64_t key = 0;
+        std::unique_ptr<const std::vector<Repair>> repairs;  // null if there are none
+
+        std::span<const Repair> Repairs() const {
+            return repairs ? std::span(*repairs) : std::span<const Repair>();
+        }
     };
 
-    // Another one for any other bytes of the same run.
-    static std::uint64_t NumberOf(std::string_view bytes) {
-        const char* const end = bytes.data() + bytes.size();
-        std::uint32_t first = 0;
-        std::uint32_t last = 0;
-        if (bytes.size() < sizeof(last)) {
-            for (const char c : bytes) first = first << 8 | static_cast<unsigned char>(c);
-        } else {
-            std::memcpy(&first, bytes.data(), sizeof(first));
-            std::memcpy(&last, end - sizeof(last), sizeof(last));
-        }
-        return std::uint64_t{last} << 32 | first;
+    // Another one for any other bytes and any other run; never zero.
+    static std::uint64_t KeyOf(const ElementRun& run, std::string_view field) {
+        return std::uint64_t{run.number} << 56 | BytesOf(run, field);
     }
 
-    static constexpr std::size_t kPlaces = 2;  // for what meets in one place, the newer one first
-    static constexpr std::size_t kMost = 8192;
+    // As a number of up to seven bytes. Those before the run are at hand and read with it, but for
+    // a run that begins the field.
+    static std::uint64_t BytesOf(const ElementRun& run, std::string_view field) {
+        std::uint64_t bytes = 0;
+        if (run.End() < sizeof(bytes)) {
+            for (const char c : run.BytesIn(field)) {
+                bytes = bytes << 8 | static_cast<unsigned char>(c);
+            }
+            return bytes;
+        }
+        std::memcpy(&bytes, field.data() + (run.End() - sizeof(bytes)), sizeof(bytes));
+        const std::size_t before = 8 * (sizeof(bytes) - run.size);  // bits
+        const bool comeFirst = std::endian::native == std::endian::big;
+        return comeFirst ? bytes << before >> before : bytes >> before;
+    }
 
-    std::vector<Known> known_{kPlaces * kMost};
+    static constexpr unsigned kBits = 12;
+    static constexpr unsigned kShift = 64 - kBits;  // the upper bits, to which all of the key add
+    static constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15;
+
+    std::vector<std::array<Known, 2>> known_{std::size_t{1} << kBits};  // the newer one first
     std::vector<Repair> judged_;  // of bytes that are not known
 };
 

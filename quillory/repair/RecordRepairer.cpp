@@ -1,3 +1,4 @@
+#include <quillory/coded/FreeValues.h>
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/RecordCharset.h>
 #include <quillory/faults/FaultCode.h>
@@ -97,9 +98,10 @@ void RecordRepairer::FitLength(CodedField& field) {
 void RecordRepairer::RepairElements(CodedField& field, const Record& record) {
     const std::string_view bytes = field.Bytes();  // what a repair changes is not looked at again
     for (const ElementRun& run : field.layout->runs) {
+        // Days are many, and told sooner than found again.
+        if (run.isDay && IsDayEntered(run.BytesIn(bytes))) continue;
         const auto judge = [&](auto& repairs) { return JudgeRun(run, field, record, repairs); };
-        const auto& repairs = known_.Get(run, run.BytesIn(bytes), judge);
-        for (const Repair& repair : repairs) Mend(repair, field);
+        for (const Repair& repair : known_.Get(run, bytes, judge)) Mend(repair, field);
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include <iterator>
 #include <random>
+#include <set>
 #include <string>
 #include <tests/quillory/Records.h>
 #include <utility>
@@ -446,6 +447,21 @@ TEST_F(RecordRepairerTest, ChangesARecordInItsPlace) {
     EXPECT_EQ(record.bytes, "");
     EXPECT_EQ(record.fields[1].content, "10\037aTitle");
     EXPECT_EQ(record.fields[4].content, "co |||||||||||");
+}
+
+TEST(ElementRun, HasANumberOfItsOwn) {
+    std::set<int> numbers{0};
+    const auto take = [&](CFType form, CFType material) {
+        for (const ElementRun& run : LayoutOf(form, material).runs) {
+            EXPECT_TRUE(numbers.insert(run.number).second) << form << " at " << run.first;
+        }
+    };
+    take(CFLdr, CF006None);
+    for (const CFType form : FormsOf007()) take(form, CF006None);
+    for (const CFType form : FormsOf006()) {
+        take(form, CF006None);
+        take(CF008Standard, form);
+    }
 }
 
 // The same bytes come again and again, but other fields may have a say in what becomes of them.
