@@ -28,17 +28,19 @@ CheckerOptions WithRules(CheckerOptions options) {
     return options;
 }
 
-// Those that look at fields of a role. With `findsAll`, other rules find what the dictionary says.
-std::vector<FieldCheck> ChecksOf(FieldRole role, bool findsAll) {
+// Those that look at fields of a role and may find what is wanted.
+std::vector<FieldCheck> ChecksOf(FieldRole role, const ErrorCodeSet& wanted) {
     std::vector<FieldCheck> checks;
-    std::ranges::copy_if(FieldChecks(), std::back_inserter(checks), [=](const FieldCheck& check) {
-        return (!check.role || check.role == role) && !(findsAll && check.isOfDictionary);
+    std::ranges::copy_if(FieldChecks(), std::back_inserter(checks), [&](const FieldCheck& check) {
+        const auto isWanted = [&wanted](E_ERROR_CODE code) { return wanted.Has(code); };
+        return (!check.role || check.role == role) && std::ranges::any_of(check.codes, isWanted);
     });
     return checks;
 }
 
 // The size of a record as the communications format counts it, ends included.
 std::size_t SizeOf(const Record& record) {
+    if (!record.bytes.empty()) return record.bytes.size();
     std::size_t size = kLeaderSize + 2;
     for (const CommFormatField& field : record.fields) {
         size += kDirectoryEntrySize + field.content.size() + 1;
@@ -50,10 +52,17 @@ std::size_t SizeOf(const Record& record) {
 
 Checker::Checker(CheckerOptions options)
     : options_(WithRules(std::move(options))), record_(*options_.rules) {
+    FindOnly(policy_.CodesWanted());
+}
+
+void Checker::FindOnly(const ErrorCodeSet& codes) {
+    wanted_ = codes;
     for (std::size_t role = 0; role < kRoles; ++role) {
-        std::vector<FieldCheck> checks = ChecksOf(static_cast<FieldRole>(role), options_.findsAll);
-        const std::size_t least = std::ranges::min(checks, {}, &FieldCheck::leastSize).leastSize;
-        checks_[role] = {std::move(checks), least};
+        ChecksOfRole& ofRole = checks_[role];
+        ofRole = {ChecksOf(static_cast<FieldRole>(role), wanted_)};
+        for (const FieldCheck& check : ofRole.checks) {
+            ofRole.leastSize = std::min(ofRole.leastSize, check.leastSize);
+        }
     }
 }
 
@@ -65,7 +74,7 @@ void Checker::Check(const Record& record, std::vector<Finding>& findings) {
 void Checker::Check(const Record& record, const RecordInHand& inHand,
                     std::vector<Finding>& findings) {
     findings.clear();
-    FindingSink sink(policy_, options_.findsAll, findings);
+    FindingSink sink(policy_, wanted_, findings);
     RecordFacts facts;
     facts.leader = record.leader;
     const bool isBibliographic = IsBibliographic(record.leader);

@@ -10,6 +10,7 @@
 #include <quillory/text/Charset.h>
 
 #include <array>
+#include <limits>
 #include <memory>
 #include <vector>
 
@@ -18,8 +19,6 @@ namespace quillory {
 struct CheckerOptions {
     Charset charset = kCharsetAuto;  // of the records; auto: each record is asked
     bool allowLocal = true;          // fields and subfields that the format leaves to libraries
-    // Also what the policy does not want, but nothing of what the dictionary says.
-    bool findsAll = false;
     // Of fields; null for those of the dictionary and the holdings system in force.
     std::shared_ptr<const FieldRules> rules = nullptr;
 };
@@ -41,6 +40,9 @@ public:
     // The same for a record that was taken apart by the rules of its format.
     void Check(const Record& record, const RecordInHand& inHand, std::vector<Finding>& findings);
 
+    // From now on, finds these, whatever the policy wants.
+    void FindOnly(const zorby::ErrorCodeSet& codes);
+
     const Policy& GetPolicy() const { return policy_; }
     // With the rules of fields, which other checkers can share.
     const CheckerOptions& GetOptions() const { return options_; }
@@ -50,12 +52,14 @@ private:
 
     struct ChecksOfRole {
         std::vector<FieldCheck> checks;
-        std::size_t leastSize = 0;  // bytes of the smallest field for which there is one
+        // Bytes of the smallest field for which there is one.
+        std::size_t leastSize = std::numeric_limits<std::size_t>::max();
     };
 
     CheckerOptions options_;
     std::array<ChecksOfRole, kRoles> checks_;  // of fields, by their role
     Policy policy_;
+    zorby::ErrorCodeSet wanted_;
     RecordInHand record_;
     TitleCase titleCase_;
 };

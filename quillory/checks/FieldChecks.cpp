@@ -86,7 +86,6 @@ void CheckSubfields(const FieldInHand& inHand, FindingSink& findings) {
 }
 
 void CheckDictionary(const FieldInHand& inHand, FindingSink& findings) {
-    if (!findings.Wants(EC_NotMARC) && !findings.Wants(EC_NotRepeatable)) return;
     const CheckedField& field = inHand.field;
     const bool isNumber = field.number != kNoTag;
     const bool isKnown =
@@ -99,12 +98,18 @@ void CheckDictionary(const FieldInHand& inHand, FindingSink& findings) {
     if (field.IsData()) CheckSubfields(inHand, findings);
 }
 
+constexpr E_ERROR_CODE kOfLength[] = {EC_FieldTooLong, EC_SubfieldTooLong};
+constexpr E_ERROR_CODE kOfMainEntry[] = {EC_ManyMainEntriesPersonal, EC_ManyMainEntriesCorporate,
+                                         EC_ManyMainEntriesMeeting, EC_ManyMainEntriesUniformTitle};
+constexpr E_ERROR_CODE kOfTitles[] = {EC_TooManyTitles};
+constexpr E_ERROR_CODE kOfDictionary[] = {EC_NotMARC, EC_NotRepeatable};
+
 // To add a check of fields, add its row here.
 constexpr FieldCheck kChecks[] = {
-    {true, {}, kMostOfField + 1, false, CheckLength},
-    {false, kRoleMainEntry, 0, false, CheckMainEntry},
-    {false, kRoleTitle, 0, false, CheckTitles},
-    {false, {}, 0, true, CheckDictionary},
+    {true, {}, kMostOfField + 1, kOfLength, CheckLength},
+    {false, kRoleMainEntry, 0, kOfMainEntry, CheckMainEntry},
+    {false, kRoleTitle, 0, kOfTitles, CheckTitles},
+    {false, {}, 0, kOfDictionary, CheckDictionary},
 };
 
 }  // namespace

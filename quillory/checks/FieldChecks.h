@@ -25,7 +25,7 @@ struct FieldCheck {
     bool isForAllFormats;           // of MARC 21; else for bibliographic records alone
     std::optional<FieldRole> role;  // of the fields that it looks at; all if there is none
     std::size_t leastSize;          // bytes of the smallest field in which it finds something
-    bool isOfDictionary;            // finds what the dictionary says
+    std::span<const zorby::E_ERROR_CODE> codes;  // that it finds
     void (*check)(const FieldInHand& field, FindingSink& findings);
 };
 

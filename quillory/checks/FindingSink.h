@@ -7,25 +7,22 @@
 
 namespace quillory {
 
-// Takes the findings on one record: those that the policy in force wants, or all but what the
-// dictionary says, which the rules about structure find with more to say.
+// Takes the findings on one record, those of the codes that are wanted.
 class FindingSink {
 public:
     // Keeps the references.
-    FindingSink(const Policy& policy, bool takesAll, std::vector<Finding>& findings)
-        : policy_(policy), takesAll_(takesAll), findings_(findings) {}
+    FindingSink(const Policy& policy, const zorby::ErrorCodeSet& wanted,
+                std::vector<Finding>& findings)
+        : policy_(policy), wanted_(wanted), findings_(findings) {}
 
-    bool Wants(zorby::E_ERROR_CODE code) const {
-        const bool isOfDictionary = code == zorby::EC_NotMARC || code == zorby::EC_NotRepeatable;
-        return takesAll_ ? !isOfDictionary : policy_.Wants(code);
-    }
+    bool Wants(zorby::E_ERROR_CODE code) const { return wanted_.Has(code); }
     void Add(zorby::E_ERROR_CODE code, const Place& place) {
         if (Wants(code)) findings_.push_back({code, policy_.SeverityOf(code), place});
     }
 
 private:
     const Policy& policy_;
-    bool takesAll_;
+    const zorby::ErrorCodeSet& wanted_;
     std::vector<Finding>& findings_;
 };
 

@@ -91,6 +91,14 @@ void PutInForce(const PolicyChoice& choice) {
     for (const auto& [name, value] : choice.keys) SetKey(choice.kind, name, value);
 }
 
+zorby::ErrorCodeSet Policy::CodesWanted() const {
+    zorby::ErrorCodeSet codes;
+    for (int code = 0; code < zorby::ErrorCodeSet::kBits; ++code) {
+        if (Wants(static_cast<zorby::E_ERROR_CODE>(code))) codes.Set(code);
+    }
+    return codes;
+}
+
 Verdict Policy::VerdictOf(const std::vector<Finding>& findings) const {
     zorby::ErrorCodeSet codes;
     for (const Finding& finding : findings) codes.Set(finding.code);

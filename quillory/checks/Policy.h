@@ -35,6 +35,7 @@ public:
     bool Wants(zorby::E_ERROR_CODE code) const {
         return bits_.GetErrors().Has(code) || bits_.GetWarnings().Has(code);
     }
+    zorby::ErrorCodeSet CodesWanted() const;
     zorby::E_ERROR_CODE_SUB_TYPE SeverityOf(zorby::E_ERROR_CODE code) const {
         return bits_.GetErrors().Has(code) ? zorby::EST_Error : zorby::EST_Warning;
     }

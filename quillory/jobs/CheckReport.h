@@ -77,7 +77,7 @@ public:
     virtual ~CheckReport() = default;
 
     // How many findings by each rule, from the first on, it asks for.
-    virtual std::uint64_t FindingsWanted() const { return RemarkLimit::kAll; }
+    virtual std::uint64_t FindingsWanted() const { return kAllRemarks; }
     // Whether it looks at records. If not, `item` of a record without fault may have its number,
     // offset and control number alone.
     virtual bool NeedsRecords() const { return true; }

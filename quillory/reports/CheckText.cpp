@@ -15,7 +15,7 @@ public:
         : output_(std::move(output)), showsEach_(showsEach), reporter_(reporter) {}
 
     std::uint64_t FindingsWanted() const override {
-        return ShowsAll() ? RemarkLimit::kAll : kShown;
+        return ShowsAll() ? kAllRemarks : kShown;
     }
 
     bool NeedsRecords() const override { return false; }

@@ -61,9 +61,10 @@ void CheckArea(const CheckedField& field, std::string_view code, RemarkSink& rem
     const Place place = field.GetPlace().Subfield('a');
     const auto now = ObsoleteAreaCode(code);
     if (!now) {
-        const std::string near = AreaCodeNear(code);
-        return remarks.Add(RuleId::AreaUnknown, place, Shown(code),
-                           near.empty() ? near : "; perhaps " + near + " is meant");
+        return remarks.Add(RuleId::AreaUnknown, place, [code] {
+            const std::string near = AreaCodeNear(code);
+            return RemarkWords{Shown(code), near.empty() ? near : "; perhaps " + near + " is meant"};
+        });
     }
     remarks.Add(RuleId::AreaObsolete, place, Shown(code),
                 now->empty() ? "the list has no single code in its place" : SuccessorText(*now));

@@ -144,11 +144,12 @@ private:
     }
 
     static void AddBlank007(const CheckedField& field, RemarkSink& remarks) {
-        Place category = Place::OfField(field.number);
-        category.material = field.content.front();
-        remarks.Add(RuleId::CodeUnknown,
-                    field.GetPlace().Positions(1, static_cast<int>(field.content.size()) - 1),
-                    "all positions are blank", "| says that nothing is coded", category);
+        const int last = static_cast<int>(field.content.size()) - 1;
+        remarks.Add(RuleId::CodeUnknown, field.GetPlace().Positions(1, last), [&field] {
+            Place category = Place::OfField(field.number);
+            category.material = field.content.front();
+            return RemarkWords{"all positions are blank", "| says that nothing is coded", category};
+        });
     }
 
     // The positions of an 008 of another length can't be trusted.

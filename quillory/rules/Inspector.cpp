@@ -10,9 +10,19 @@
 namespace quillory {
 namespace {
 
-CheckerOptions FindingAll(CheckerOptions options) {
-    options.findsAll = true;
-    return options;
+// What the dictionary says, the rules about structure find with more to say.
+bool IsOfDictionary(RuleId rule) {
+    return rule == RuleId::NotMarc || rule == RuleId::NotRepeatable;
+}
+
+// What the library finds for the rules in force.
+zorby::ErrorCodeSet CodesFor(const RuleWeights& weights) {
+    zorby::ErrorCodeSet codes;
+    for (const Rule& rule : Rules()) {
+        const bool isOfLibrary = rule.code != zorby::E_ERROR_CODE{};
+        if (isOfLibrary && weights.Wants(rule.id) && !IsOfDictionary(rule.id)) codes.Set(rule.code);
+    }
+    return codes;
 }
 
 // Papers have the dates of their making beside the title.
@@ -57,13 +67,14 @@ bool IsMoot(RuleId rule, const RecordInHand& record) {
 Inspector::Inspector(CheckerOptions options, const RuleWeights& weights, const CodeLists& lists,
                      OwnRules* ownRules)
     : options_(options),
-      checker_(FindingAll(std::move(options))),
+      checker_(std::move(options)),
       weights_(weights),
       record_(*checker_.GetOptions().rules),
       coded_(lists),
       others_(options_.allowLocal),
       ownRules_(ownRules) {
     weights_.Follow(checker_.GetPolicy());
+    checker_.FindOnly(CodesFor(weights_));
 }
 
 void Inspector::Inspect(const Record& record, std::uint64_t number, std::vector<Remark>& remarks) {

@@ -45,7 +45,7 @@ public:
     }
 
     // From now on, only the first few remarks by each rule are kept. All are counted.
-    void KeepOnly(std::uint64_t ofEachRule) { taking_.limit.Set(ofEachRule); }
+    void KeepOnly(std::uint64_t ofEachRule) { taking_.ofEachRule = ofEachRule; }
     // Of all that this inspector found.
     const RemarkCounts& Counts() const { return taking_.counts; }
 

@@ -38,7 +38,7 @@ SeverityCounts& RemarkCounts::CountsOfOther(std::string_view tag) {
     return found != otherPlaces_.end() ? found->second : otherPlaces_[std::string(tag)];
 }
 
-void RemarkCounts::Count(const Rule& rule, Severity severity, const Place& place) {
+std::uint64_t RemarkCounts::Count(const Rule& rule, Severity severity, const Place& place) {
     RuleCount& count = CountOf(static_cast<std::size_t>(rule.id));
     count.rule = &rule;
     count.severity = std::min(severity, count.severity);
@@ -46,6 +46,7 @@ void RemarkCounts::Count(const Rule& rule, Severity severity, const Place& place
     if (std::exchange(count.lastRecord, records_) != records_) ++count.records;
     ++CountsOf(place)[static_cast<std::size_t>(severity)];
     heaviest_ = std::min(severity, heaviest_.value_or(severity));
+    return count.count;
 }
 
 void RemarkCounts::Add(const RemarkCounts& others) {

@@ -32,7 +32,8 @@ public:
         ++records_;
         heaviest_.reset();
     }
-    void Count(const Rule& rule, Severity severity, const Place& place);
+    // Result: how often the rule was broken so far.
+    std::uint64_t Count(const Rule& rule, Severity severity, const Place& place);
     // Of what was found on the record in hand; nothing where nothing was.
     std::optional<Severity> Heaviest() const { return heaviest_; }
 

@@ -5,6 +5,7 @@
 #include <quillory/rules/RuleChoice.h>
 
 #include <concepts>
+#include <cstdint>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -18,28 +19,13 @@ struct RemarkWords {
     Place codes = {};  // as Remark has them
 };
 
-// How many remarks by each rule are kept, of those that come one after the other. The others are
-// only counted.
-class RemarkLimit {
-public:
-    static constexpr std::uint64_t kAll = std::numeric_limits<std::uint64_t>::max();
-
-    void Set(std::uint64_t ofEachRule) { most_ = ofEachRule; }
-    bool Takes(RuleId rule) {
-        if (most_ == kAll) return true;
-        const auto index = static_cast<std::size_t>(rule);
-        if (index >= given_.size()) given_.resize(index + 1);
-        return given_[index] < most_ && ++given_[index] > 0;
-    }
-
-private:
-    std::uint64_t most_ = kAll;
-    std::vector<std::uint64_t> given_;  // by the number of the rule
-};
+inline constexpr std::uint64_t kAllRemarks = std::numeric_limits<std::uint64_t>::max();
 
 // What is done with remarks beside being kept.
 struct RemarkTaking {
-    RemarkLimit limit;
+    // How many by each rule are kept, of those that come one after the other. The others are only
+    // counted.
+    std::uint64_t ofEachRule = kAllRemarks;
     RemarkCounts counts;
 };
 
@@ -52,8 +38,9 @@ public:
         : weights_(weights), remarks_(remarks), taking_(taking) {}
 
     bool Wants(RuleId rule) const { return weights_.Wants(rule); }
+    void Add(RuleId rule, const Place& place) { Begin(RuleOf(rule), place); }
     // `codes`: as Remark has them.
-    void Add(RuleId rule, const Place& place, std::string found = {}, std::string allowed = {},
+    void Add(RuleId rule, const Place& place, std::string found, std::string allowed = {},
              const Place& codes = {}) {
         Add(RuleOf(rule), place, std::move(found), std::move(allowed), codes);
     }
@@ -82,8 +69,8 @@ private:
         const auto severity = weights_.Of(rule.id);
         if (!severity) return nullptr;
         if (taking_ != nullptr) {
-            taking_->counts.Count(rule, *severity, place);
-            if (!taking_->limit.Takes(rule.id)) return nullptr;
+            const std::uint64_t count = taking_->counts.Count(rule, *severity, place);
+            if (count > taking_->ofEachRule) return nullptr;
         }
         return &remarks_.emplace_back(Remark{&rule, *severity, place});
     }
