@@ -4,6 +4,36 @@
 #include <algorithm>
 
 namespace quillory {
+namespace {
+
+// As ForEachSubfield has them: what stands before the first delimiter, and a delimiter without a
+// code, are no subfields. They are put where there is room for them.
+void TakeSubfields(OddBytes::Cursor odd, CheckedField& field, SubfieldInHand* room) {
+    const char* const end = field.content.data() + field.content.size();
+    const auto nextDelimiter = [&odd, &field, end] {
+        for (;; field.isPlain = false) {
+            const char* const at = odd.Next();
+            if (at == end || *at == zorby::kDelimiter) return at;
+        }
+    };
+    SubfieldInHand* subfield = room;
+    for (const char* at = nextDelimiter(); at != end;) {
+        const char* const next = nextDelimiter();
+        const char* const text = at + 2;
+        if (text <= next) {
+            const char code = at[1];
+            *subfield++ = {code, {text, next}};
+            if (!field.codes.Insert(code)) field.repeated.Add(code);
+            const bool mayBeBlank = text == next || *text == ' ';
+            if (mayBeBlank && IsBlank({text, next})) field.lacksText = true;
+        }
+        at = next;
+    }
+    field.subfields = static_cast<std::uint32_t>(subfield - room);
+    field.lacksText = field.lacksText || subfield == room;
+}
+
+}  // namespace
 
 void RecordInHand::Forget() {
     for (const CheckedField& field : Fields()) {
@@ -26,58 +56,32 @@ inline std::uint32_t RecordInHand::Count(std::string_view tag, unsigned number) 
     return ++fields.count;
 }
 
-// Fields are used again, since it takes longer to make them.
-inline CheckedField& RecordInHand::NextField() {
-    if (usedFields_ == fields_.size()) fields_.resize(2 * usedFields_ + 1);
-    return fields_[usedFields_++];
-}
-
-// As ForEachSubfield has them: what stands before the first delimiter, and a delimiter without a
-// code, are no subfields.
-inline void RecordInHand::TakeSubfields(CheckedField& field) {
-    const char* const end = field.content.data() + field.content.size();
-    OddBytes::Cursor odd = odd_.In(field.content);
-    const auto nextDelimiter = [&odd, &field, end] {
-        for (;; field.isPlain = false) {
-            const char* const at = odd.Next();
-            if (at == end || *at == zorby::kDelimiter) return at;
-        }
-    };
-    const std::size_t room = usedSubfields_ + field.content.size() / 2;
-    if (subfields_.size() < room) subfields_.resize(2 * room);
-    SubfieldInHand* const first = subfields_.data() + usedSubfields_;
-    SubfieldInHand* subfield = first;
-    for (const char* at = nextDelimiter(); at != end;) {
-        const char* const next = nextDelimiter();
-        const char* const text = at + 2;
-        if (text <= next) {
-            const char code = at[1];
-            *subfield++ = {code, {text, next}};
-            if (!field.codes.Insert(code)) field.repeated.Add(code);
-            const bool mayBeBlank = text == next || *text == ' ';
-            if (mayBeBlank && IsBlank({text, next})) field.lacksText = true;
-        }
-        at = next;
-    }
-    field.subfields = static_cast<std::uint32_t>(subfield - first);
-    field.lacksText = field.lacksText || field.subfields == 0;
-    usedSubfields_ += field.subfields;
+// Fields and subfields are used again, since it takes longer to make them. A subfield has two bytes
+// or more.
+void RecordInHand::MakeRoom(const Record& record) {
+    std::size_t bytes = 0;
+    for (const auto& field : record.fields) bytes += field.content.size();
+    if (fields_.size() < record.fields.size()) fields_.resize(2 * record.fields.size());
+    if (subfields_.size() < bytes / 2) subfields_.resize(bytes);
 }
 
 void RecordInHand::Take(const Record& record) {
     Forget();
+    MakeRoom(record);
     leader_ = record.leader;
     odd_.Begin(record.bytes);
     for (const auto& [tag, content] : record.fields) {
         const unsigned number = TagNumber(tag);
         const std::uint32_t occurrence = Count(tag, number);
-        CheckedField& field = NextField();
+        CheckedField& field = fields_[usedFields_++];
         field.Begin(tag, content, number, RuleOf(number), occurrence);
         field.firstSubfield = static_cast<std::uint32_t>(usedSubfields_);
+        OddBytes::Cursor odd = odd_.In(content);
         if (number >= kFirstDataTag) {
-            TakeSubfields(field);
+            TakeSubfields(odd, field, subfields_.data() + usedSubfields_);
+            usedSubfields_ += field.subfields;
         } else {
-            field.isPlain = odd_.In(content).Next() == content.data() + content.size();
+            field.isPlain = odd.Next() == content.data() + content.size();
             field.lacksText = IsBlank(content);
         }
         isPlain_ = isPlain_ && field.isPlain;

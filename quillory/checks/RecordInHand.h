@@ -111,8 +111,7 @@ private:
     // Which of the fields of its tag it is, from 1.
     std::uint32_t Count(std::string_view tag, unsigned number);
     std::uint32_t CountOdd(std::string_view tag);
-    CheckedField& NextField();
-    void TakeSubfields(CheckedField& field);
+    void MakeRoom(const Record& record);
 
     const FieldRules* rules_;
     std::string_view leader_;
