@@ -5,8 +5,11 @@
 #include <quillory/exchange/Record.h>
 #include <quillory/places/Place.h>
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <map>
 #include <span>
 #include <string_view>
@@ -83,12 +86,18 @@ public:
         return fields.count == 0 ? nullptr : &fields_[fields.first];
     }
     bool Has(unsigned tag) const { return tags_[tag].count != 0; }
-    // Calls `take(field)` for each field of a tag.
-    template <class Take>
-    void ForEachOf(unsigned tag, Take take) const {
-        std::size_t at = tags_[tag].first;
-        for (std::uint32_t left = tags_[tag].count; left != 0; ++at) {
-            if (fields_[at].number != tag) continue;
+    // Calls `take(field)` for each field of these tags, in the order of the record.
+    template <std::size_t kCount, class Take>
+    void ForEachOf(const unsigned (&tags)[kCount], Take take) const {
+        std::uint32_t left = 0;
+        std::size_t at = usedFields_;
+        for (const unsigned tag : tags) {
+            if (!Has(tag)) continue;
+            left += tags_[tag].count;
+            at = std::min<std::size_t>(at, tags_[tag].first);
+        }
+        for (; left != 0; ++at) {
+            if (std::ranges::find(tags, fields_[at].number) == std::end(tags)) continue;
             take(fields_[at]);
             --left;
         }

@@ -51,7 +51,7 @@ using CodeList = std::vector<std::string_view>;
 // The codes of a field of the RDA lists that the lists have.
 CodeList CodesOf(const RecordInHand& record, unsigned tag) {
     CodeList codes;
-    record.ForEachOf(tag, [&](const CheckedField& field) {
+    record.ForEachOf({tag}, [&](const CheckedField& field) {
         for (const auto& [subfield, text] : record.SubfieldsOf(field)) {
             if (subfield == 'b' && !MediaTermOf(tag, Trimmed(text)).empty()) {
                 codes.push_back(Trimmed(text));
@@ -105,7 +105,7 @@ bool NamesCarrier(std::string_view extent, std::string_view words) {
 }
 
 void CheckExtent(const RecordInHand& record, const CodeList& carriers, RemarkSink& remarks) {
-    record.ForEachOf(300, [&](const CheckedField& field) {
+    record.ForEachOf({300}, [&](const CheckedField& field) {
         const std::string_view extent = record.TextOf(field, 'a');
         for (const auto& row : kCarrierWords) {
             const auto isNamed = [&](std::string_view code) { return IsAmong(code, row.codes); };

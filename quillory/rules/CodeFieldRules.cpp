@@ -85,7 +85,8 @@ void CheckTime(const CheckedField& field, const SubfieldInHand& subfield, Remark
 void CheckInstrument(const CheckedField& field, const SubfieldInHand& subfield,
                      RemarkSink& remarks) {
     const bool isCode = subfield.code == 'a' || subfield.code == 'b';
-    if (!isCode || IsInstrument(subfield.text)) return;
+    const bool isOfOtherList = field.Indicator(2) == '7';
+    if (!isCode || isOfOtherList || IsInstrument(subfield.text)) return;
     remarks.Add(RuleId::MusicCodeUnknown, field.GetPlace().Subfield(subfield.code),
                 Shown(subfield.text));
 }
@@ -93,21 +94,17 @@ void CheckInstrument(const CheckedField& field, const SubfieldInHand& subfield,
 }  // namespace
 
 void CheckCodeFields(const RecordInHand& record, RemarkSink& remarks) {
-    if (!record.Has(43) && !record.Has(45) && !record.Has(48)) return;
-    for (const CheckedField& field : record.Fields()) {
-        const bool isLooked = field.number == 43 || field.number == 45 ||
-                              (field.number == 48 && field.Indicator(2) != '7');
-        if (!isLooked) continue;
+    record.ForEachOf({43, 45, 48}, [&](const CheckedField& field) {
         for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
-            if (field.number == 43 && subfield.code == 'a') {
-                CheckArea(field, subfield.text, remarks);
-            } else if (field.number == 45) {
+            if (field.number == 45) {
                 CheckTime(field, subfield, remarks);
             } else if (field.number == 48) {
                 CheckInstrument(field, subfield, remarks);
+            } else if (subfield.code == 'a') {
+                CheckArea(field, subfield.text, remarks);
             }
         }
-    }
+    });
 }
 
 }  // namespace quillory

@@ -74,7 +74,8 @@ public:
 
     void Check(const RecordInHand& record, RemarkSink& remarks) {
         CheckElements(Place::OfLeader(), record.Leader(), zorby::CFLdr, 0, remarks);
-        for (const CheckedField& field : record.Fields()) CheckField(record, field, remarks);
+        record.ForEachOf({kTag005, kTag006, kTag007, kTag008, 41, 44, 47},
+                         [&](const CheckedField& field) { CheckField(record, field, remarks); });
     }
 
 private:

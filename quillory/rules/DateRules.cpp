@@ -126,13 +126,11 @@ void ForEachYear(std::string_view text, Take& take) {
 
 template <class Take>
 void ForEachYearOfImprint(const RecordInHand& record, Take take) {
-    if (!record.Has(260) && !record.Has(264)) return;
-    for (const CheckedField& field : record.Fields()) {
-        if (field.number != 260 && field.number != 264) continue;
+    record.ForEachOf({260, 264}, [&](const CheckedField& field) {
         for (const auto& [code, text] : record.SubfieldsOf(field)) {
             if (code == 'c' || code == 'g') ForEachYear(text, take);
         }
-    }
+    });
 }
 
 // Of these types, date 1 is a year that stands on the item.

@@ -178,15 +178,14 @@ void Inspector::NoteControlNumber(const Record& record, RecordLook& look) const 
 void Inspector::NoteNumbers(RecordLook& look) const {
     const auto severity = weights_.Of(RuleId::NumberRepeated);
     if (!severity) return;
-    for (const CheckedField& field : record_.Fields()) {
-        if (field.number != 20 && field.number != 35) continue;
+    record_.ForEachOf({20, 35}, [&](const CheckedField& field) {
         std::string_view text = record_.TextOf(field, 'a');
         if (field.number == 20) text = text.substr(0, text.find(' '));
-        if (text.empty()) continue;
+        if (text.empty()) return;
         const char kind = field.number == 20 ? 'i' : 's';
         look.numbers.push_back({RuleId::NumberRepeated, kind, text, field.GetPlace().Subfield('a'),
                                 look.remarks.size(), *severity, SeenNumbers::HashOf(kind, text)});
-    }
+    });
 }
 
 }  // namespace quillory

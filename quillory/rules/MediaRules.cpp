@@ -43,10 +43,8 @@ void CheckField(const RecordInHand& record, const CheckedField& field, RemarkSin
 }  // namespace
 
 void CheckMediaTypes(const RecordInHand& record, RemarkSink& remarks) {
-    if (!record.Has(336) && !record.Has(337) && !record.Has(338)) return;
-    for (const CheckedField& field : record.Fields()) {
-        if (336 <= field.number && field.number <= 338) CheckField(record, field, remarks);
-    }
+    record.ForEachOf({336, 337, 338},
+                     [&](const CheckedField& field) { CheckField(record, field, remarks); });
 }
 
 }  // namespace quillory

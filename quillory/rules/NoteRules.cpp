@@ -57,10 +57,9 @@ void CheckNote(const CheckedField& fixed, unsigned tag, std::string_view text,
 void CheckNotes(const RecordInHand& record, RemarkSink& remarks) {
     const CheckedField* fixed = record.Whole008();
     if (fixed == nullptr || MaterialOfLeader(record.Leader()) != zorby::CF006Books) return;
-    for (const CheckedField& field : record.Fields()) {
-        if (field.number != 500 && field.number != 504) continue;
+    record.ForEachOf({500, 504}, [&](const CheckedField& field) {
         CheckNote(*fixed, field.number, record.TextOf(field, 'a'), remarks);
-    }
+    });
 }
 
 }  // namespace quillory
