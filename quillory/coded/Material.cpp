@@ -44,7 +44,6 @@ constexpr MaterialForm kForms[] = {
 
 constexpr std::size_t kTypeOfRecord = 6;
 constexpr std::size_t kBibliographicLevel = 7;
-constexpr std::string_view kContinuingLevels = "bis";
 // Type b was archival and manuscripts control until 1995; its records are mixed materials now.
 constexpr char kArchivalType = 'b';
 
@@ -75,8 +74,17 @@ constexpr FormsByLetter MakeFormsByLetter(bool of006, CFType none) {
 constexpr FormsByLetter kFormsOf006 = MakeFormsByLetter(true, CF006None);
 constexpr FormsByLetter kFormsOf007 = MakeFormsByLetter(false, CF007None);
 
-CFType FormOfLetter(std::string_view field, const FormsByLetter& forms) {
-    return forms[field.empty() ? 0 : static_cast<unsigned char>(field.front())];
+CFType FormOfLetter(char letter, const FormsByLetter& forms) {
+    return forms[static_cast<unsigned char>(letter)];
+}
+
+// NUL for an empty field.
+CFType FormOfField(std::string_view field, const FormsByLetter& forms) {
+    return FormOfLetter(field.empty() ? '\0' : field.front(), forms);
+}
+
+constexpr bool IsContinuing(char level) {
+    return level == 'b' || level == 'i' || level == 's';
 }
 
 std::vector<CFType> FormsBetween(CFType first, CFType last) {
@@ -115,19 +123,18 @@ CFType MaterialOfLeader(std::string_view leader) {
     if (leader.size() <= kBibliographicLevel) return CF006None;
     if (leader[kTypeOfRecord] == kArchivalType) return CF006Mixed;
     // A serial has no type of its own in the Leader: the bibliographic level tells it.
-    const CFType form = FormOfLetter(leader.substr(kTypeOfRecord, 1), kFormsOf006);
+    const CFType form = FormOfLetter(leader[kTypeOfRecord], kFormsOf006);
     if (form == CF006Continuing) return CF006None;
-    const bool isContinuing =
-        kContinuingLevels.find(leader[kBibliographicLevel]) != kContinuingLevels.npos;
+    const bool isContinuing = IsContinuing(leader[kBibliographicLevel]);
     return form == CF006Books && isContinuing ? CF006Continuing : form;
 }
 
 CFType MaterialOf006(std::string_view field006) {
-    return FormOfLetter(field006, kFormsOf006);
+    return FormOfField(field006, kFormsOf006);
 }
 
 CFType CategoryOf007(std::string_view field007) {
-    return FormOfLetter(field007, kFormsOf007);
+    return FormOfField(field007, kFormsOf007);
 }
 
 const std::vector<CFType>& FormsOf006() {

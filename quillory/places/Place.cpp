@@ -123,7 +123,11 @@ Place Place::OfLeader() {
 }
 
 Place Place::OfField(unsigned tag, std::uint32_t occurrence) {
-    return OfField(TagText(tag), occurrence);
+    const auto digit = [](unsigned value) { return static_cast<char>('0' + value % 10); };
+    Place place;
+    place.tag = {digit(tag / 100), digit(tag / 10), digit(tag)};
+    place.occurrence = occurrence;
+    return place;
 }
 
 Place Place::Field() const {

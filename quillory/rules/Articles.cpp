@@ -60,7 +60,10 @@ bool IsJoined(std::string_view article) {
 
 // The article stands at the front and is followed by a blank, or by the word that it is joined to.
 bool IsAt(std::string_view text, std::string_view article) {
-    if (!BeginsWith(text, article) || text.size() <= article.size() + 1) return false;
+    if (text.size() <= article.size() + 1 || LowerAscii(text.front()) != article.front()) {
+        return false;
+    }
+    if (!BeginsWith(text, article)) return false;
     return IsJoined(article) ? text[article.size()] != ' ' : text[article.size()] == ' ';
 }
 

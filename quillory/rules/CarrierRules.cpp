@@ -72,11 +72,12 @@ char MediaOf(std::string_view carrier) {
 
 void CheckContent(const RecordInHand& record, RemarkSink& remarks) {
     const CodeList codes = CodesOf(record, 336);
+    if (codes.empty()) return;
     const char type = record.LeaderByte(6);
     const auto row = std::ranges::find_if(kContentOfTypes, [type](const ContentOfType& content) {
         return content.types.find(type) != content.types.npos;
     });
-    if (codes.empty() || type == '\0' || row == kContentOfTypes.end()) return;
+    if (type == '\0' || row == kContentOfTypes.end()) return;
     const auto fits = [row](std::string_view code) { return IsAmong(code, row->codes); };
     if (std::ranges::any_of(codes, fits)) return;
     remarks.Add(RuleId::ContentAgainstType, Place::OfField(336U, 1).Subfield('b'),

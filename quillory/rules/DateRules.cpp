@@ -94,7 +94,7 @@ void CheckDate(const CheckedField& field, const TypeOfDate& type, int which, Rem
     const int at = kFirst + (which - 1) * kWidth;
     const std::string_view date = field.content.substr(static_cast<std::size_t>(at), kWidth);
     const DateKind kind = which == 1 ? type.first : type.second;
-    if (!IsWellFormed(date) || Is(kind, date)) return;
+    if (Is(kind, date) || !IsWellFormed(date)) return;
     remarks.Add(RuleId::DateAgainstType, field.GetPlace().Positions(at, at + kWidth - 1), [&] {
         return RemarkWords{
             "date " + std::to_string(which) + " is " + Shown(date),

@@ -3,19 +3,20 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstddef>
 
 namespace quillory {
 namespace {
 
-int Number(std::string_view digits) {
-    int number = 0;
-    for (const char digit : digits) number = number * 10 + (digit - '0');
-    return number;
+// Of two digits.
+int NumberAt(std::string_view digits, std::size_t at) {
+    return (digits[at] - '0') * 10 + (digits[at + 1] - '0');
 }
 
-bool IsDay(int year, std::string_view monthAndDay) {
-    const auto month = static_cast<unsigned>(Number(monthAndDay.substr(0, 2)));
-    const auto day = static_cast<unsigned>(Number(monthAndDay.substr(2, 2)));
+// Month and day stand at a place in digits.
+bool IsDay(int year, std::string_view digits, std::size_t at) {
+    const auto month = static_cast<unsigned>(NumberAt(digits, at));
+    const auto day = static_cast<unsigned>(NumberAt(digits, at + 2));
     return std::chrono::year_month_day(std::chrono::year(year), std::chrono::month(month),
                                        std::chrono::day(day))
         .ok();
@@ -30,9 +31,9 @@ bool IsTimeStamp(std::string_view text) {
     constexpr int kMinutes = 60;
     if (text.size() != kSize || text[kPoint] != '.') return false;
     if (!AreDigits(text.substr(0, kPoint)) || !AreDigits(text.substr(kPoint + 1))) return false;
-    return IsDay(Number(text.substr(0, 4)), text.substr(4, 4)) &&
-           Number(text.substr(8, 2)) < kHours && Number(text.substr(10, 2)) < kMinutes &&
-           Number(text.substr(12, 2)) < kMinutes;
+    const int year = NumberAt(text, 0) * 100 + NumberAt(text, 2);
+    return IsDay(year, text, 4) && NumberAt(text, 8) < kHours && NumberAt(text, 10) < kMinutes &&
+           NumberAt(text, 12) < kMinutes;
 }
 
 // A leap year may be meant by two digits.
@@ -40,7 +41,7 @@ bool IsDayOfEntry(std::string_view text) {
     constexpr std::size_t kSize = 6;
     constexpr int kCentury = 2000;
     if (text.size() != kSize || !AreDigits(text)) return false;
-    return IsDay(kCentury + Number(text.substr(0, 2)), text.substr(2));
+    return IsDay(kCentury + NumberAt(text, 0), text, 2);
 }
 
 }  // namespace quillory

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 
 namespace quillory {
@@ -110,29 +111,47 @@ constexpr MediaTerm kCarrier[] = {
     {"zu", "unspecified"},
 };
 
-template <std::size_t kSize>
-constexpr std::array<MediaTerm, kSize> ByCode(const MediaTerm (&terms)[kSize]) {
-    auto sorted = std::to_array(terms);
-    std::ranges::sort(sorted, {}, &MediaTerm::code);
-    return sorted;
+// A code of three letters at most as a number; 0 for a longer text.
+constexpr std::uint32_t KeyOf(std::string_view code) {
+    constexpr std::size_t kLongest = 3;
+    if (code.size() > kLongest) return 0;
+    auto key = static_cast<std::uint32_t>(code.size());
+    for (const char c : code) key = key << 8 | static_cast<unsigned char>(c);
+    return key;
 }
 
-constexpr auto kContentByCode = ByCode(kContent);
-constexpr auto kMediaByCode = ByCode(kMedia);
-constexpr auto kCarrierByCode = ByCode(kCarrier);
+struct KeyedTerm {
+    std::uint32_t key;
+    std::string_view term;
+};
 
-std::span<const MediaTerm> TermsByCode(unsigned tag) {
-    if (tag == 336) return kContentByCode;
-    if (tag == 337) return kMediaByCode;
-    return kCarrierByCode;
+template <std::size_t kSize>
+constexpr std::array<KeyedTerm, kSize> ByKey(const MediaTerm (&terms)[kSize]) {
+    std::array<KeyedTerm, kSize> keyed{};
+    std::ranges::transform(terms, keyed.begin(), [](const MediaTerm& term) {
+        return KeyedTerm{KeyOf(term.code), term.term};
+    });
+    std::ranges::sort(keyed, {}, &KeyedTerm::key);
+    return keyed;
+}
+
+constexpr auto kContentByKey = ByKey(kContent);
+constexpr auto kMediaByKey = ByKey(kMedia);
+constexpr auto kCarrierByKey = ByKey(kCarrier);
+
+std::span<const KeyedTerm> TermsByKey(unsigned tag) {
+    if (tag == 336) return kContentByKey;
+    if (tag == 337) return kMediaByKey;
+    return kCarrierByKey;
 }
 
 }  // namespace
 
 std::string_view MediaTermOf(unsigned tag, std::string_view code) {
-    const auto terms = TermsByCode(tag);
-    const auto found = std::ranges::lower_bound(terms, code, {}, &MediaTerm::code);
-    return found == terms.end() || found->code != code ? std::string_view() : found->term;
+    const auto terms = TermsByKey(tag);
+    const std::uint32_t key = KeyOf(code);
+    const auto found = std::ranges::lower_bound(terms, key, {}, &KeyedTerm::key);
+    return found == terms.end() || found->key != key ? std::string_view() : found->term;
 }
 
 std::string_view MediaListOf(unsigned tag) {

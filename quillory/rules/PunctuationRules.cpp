@@ -117,8 +117,9 @@ void CheckEnd(const RecordInHand& record, const CheckedField& field, RemarkSink&
     const bool endsInAddress = !subfields.empty() && subfields.back().code == 'u';
     if (last == subfields.rend() || endsInAddress) return;
     const std::string_view text = TrimmedAtEnd(last->text);
-    if (text.empty() || kFinalMarks.Has(text.back()) || text.find(kEscape) != text.npos) return;
-    if (text.find("://") != text.npos) return;
+    if (text.empty() || kFinalMarks.Has(text.back())) return;
+    const bool hasEscape = !field.isPlain && text.find(kEscape) != text.npos;
+    if (hasEscape || text.find("://") != text.npos) return;
     remarks.Add(RuleId::FinalMark, field.GetPlace().Subfield(last->code));
 }
 
