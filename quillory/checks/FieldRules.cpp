@@ -27,11 +27,15 @@ bool IsObsolete(std::string_view name) {
 }
 
 // $9, and the graphic symbols of ASCII.
-bool IsLocalCode(char code) {
-    const bool isDigit = '0' <= code && code <= '9';
-    const bool isLetter = 'a' <= (code | 0x20) && (code | 0x20) <= 'z';
-    return code == '9' || (!isDigit && !isLetter);
-}
+constexpr auto kLocalCodes = [] {
+    ByteSet codes;
+    for (char code = '!'; code <= '~'; ++code) {
+        const bool isDigit = '0' <= code && code <= '9';
+        const bool isLetter = 'a' <= (code | 0x20) && (code | 0x20) <= 'z';
+        if (code == '9' || (!isDigit && !isLetter)) codes.Add(code);
+    }
+    return codes;
+}();
 
 // Field 490 belongs to the format. So did 009, which is now left to libraries.
 bool IsLocalTag(unsigned tag) {
@@ -132,9 +136,8 @@ void FieldRules::AllowAlternateGraphics() {
 void FieldRules::AllowLocal() {
     for (unsigned tag = 0; tag < kTags; ++tag) {
         if (IsLocalTag(tag) && !rules_[tag].isKnown) AllowAny(tag);
-        for (char code = '!'; code <= '~'; ++code) {
-            if (IsLocalCode(code)) AllowCode(rules_[tag], code, true);
-        }
+        rules_[tag].codes.AddAll(kLocalCodes);
+        rules_[tag].repeatableCodes.AddAll(kLocalCodes);
     }
 }
 
