@@ -14,9 +14,7 @@ public:
     CheckTextReport(std::unique_ptr<Output> output, bool showsEach, Reporter& reporter)
         : output_(std::move(output)), showsEach_(showsEach), reporter_(reporter) {}
 
-    std::uint64_t FindingsWanted() const override {
-        return ShowsAll() ? kAllRemarks : kShown;
-    }
+    std::uint64_t FindingsWanted() const override { return ShowsAll() ? kAllRemarks : kShown; }
 
     bool NeedsRecords() const override { return false; }
 

@@ -63,7 +63,8 @@ void CheckArea(const CheckedField& field, std::string_view code, RemarkSink& rem
     if (!now) {
         return remarks.Add(RuleId::AreaUnknown, place, [code] {
             const std::string near = AreaCodeNear(code);
-            return RemarkWords{Shown(code), near.empty() ? near : "; perhaps " + near + " is meant"};
+            return RemarkWords{Shown(code),
+                               near.empty() ? near : "; perhaps " + near + " is meant"};
         });
     }
     remarks.Add(RuleId::AreaObsolete, place, Shown(code),
