@@ -288,6 +288,25 @@ TEST_F(CheckerTest, PolicyDecides) {
     }
 }
 
+TEST_F(CheckerTest, FindsWhatItIsAskedFor) {
+    const TestRecord test = Changed("245,260", {"110  $aSociety"});
+    Checker checker(CheckerOptions{});
+    std::vector<Finding> findings;
+    const auto codesFound = [&](std::initializer_list<int> wanted) {
+        ErrorCodeSet codes;
+        for (const int code : wanted) codes.Set(code);
+        checker.FindOnly(codes);
+        checker.Check(test.record, findings);
+        std::vector<int> found;
+        for (const Finding& finding : findings) found.push_back(finding.code);
+        return found;
+    };
+    EXPECT_EQ(codesFound({}), std::vector<int>{});
+    EXPECT_EQ(codesFound({EC_NoTitle, EC_NoExtent}), std::vector<int>{EC_NoTitle});
+    EXPECT_EQ(codesFound({EC_ManyMainEntriesPersonal}),
+              std::vector<int>{EC_ManyMainEntriesPersonal});
+}
+
 TEST_F(CheckerTest, Words) {
     std::vector<Finding> findings;
     Checker checker({});
