@@ -72,7 +72,7 @@ void InspectRecord(benchmark::State& state, std::uint64_t keptOfEach) {
     }
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK_CAPTURE(InspectRecord, kept, RemarkLimit::kAll);
+BENCHMARK_CAPTURE(InspectRecord, kept, kAllRemarks);
 BENCHMARK_CAPTURE(InspectRecord, counted, 3);
 
 BENCHMARK_CAPTURE(CheckRecord, basic, kPolicyBasic, false);
