@@ -14,6 +14,7 @@
 #include <quillory/rules/CheckSettings.h>
 
 #include <deque>
+#include <future>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -115,9 +116,10 @@ Status RunCheck(const CheckOptions& options) {
     CheckOutput(options, settingsFile);
     if (options.listsRules) return ListRules(options, settingsFile);
     const SettingsKeeper keeper;
+    std::future<CodeLists> loadedLists = LoadCodeListsAside();
     const auto checking = MakeChecker(options.policy, options.files.input.charset).GetOptions();
     const CheckSettingsFile file(settingsFile);
-    const CodeLists lists = LoadCodeLists();
+    const CodeLists lists = loadedLists.get();
     Inspection inspection(options, file, checking, lists);
     const CheckSettings& settings = inspection.Settings();
     TerminalPort terminal;

@@ -35,6 +35,7 @@ std::string Variable(const char* name) {
 }
 
 constexpr const char* kDictionary = "MARCBibl.tfm";
+constexpr const char* kCodes = "marc21-codes.tsv";
 
 // With its trailing separator. Without any data file, the folder where they should be.
 std::string DataFolder() {
@@ -187,7 +188,12 @@ void LoadWorkforms() {
 }
 
 CodeLists LoadCodeLists() {
-    return CodeLists(CodeStatus(DataFolder() + "marc21-codes.tsv"));
+    return CodeLists(CodeStatus(DataFolder() + kCodes));
+}
+
+std::future<CodeLists> LoadCodeListsAside() {
+    return std::async(std::launch::async,
+                      [file = DataFolder() + kCodes] { return CodeLists(CodeStatus(file)); });
 }
 
 }  // namespace quillory
