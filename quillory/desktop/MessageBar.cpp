@@ -9,32 +9,24 @@
 
 namespace quillory {
 
-namespace {
-
-// Lines that are set in show a place in what was typed, by carets under it: their characters have
-// one width.
-QString Page(const QString& text) {
-    const qsizetype setIn = text.indexOf(QStringLiteral("\n    "));
-    const QString words = setIn < 0 ? text : text.left(setIn);
-    QString page =
-        QStringLiteral("<div style='white-space: pre-wrap'>%1</div>").arg(words.toHtmlEscaped());
-    if (setIn >= 0) {
-        page += QStringLiteral("<div style='white-space: pre-wrap; font-family: \"%1\"'>%2</div>")
-                    .arg(QFontDatabase::systemFont(QFontDatabase::FixedFont).family(),
-                         text.mid(setIn + 1).toHtmlEscaped());
-    }
-    return page;
-}
-
-}  // namespace
-
 MessageBar::MessageBar(QWidget* parent)
-    : QFrame(parent), label_(new QLabel(this)), action_(new QPushButton(this)) {
+    : QFrame(parent),
+      label_(new QLabel(this)),
+      lines_(new QLabel(this)),
+      action_(new QPushButton(this)) {
     setFrameShape(StyledPanel);
+    for (QLabel* label : {label_, lines_}) {
+        label->setTextFormat(Qt::PlainText);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
     label_->setWordWrap(true);
-    label_->setTextFormat(Qt::RichText);
-    label_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label_->setAccessibleName(tr("Message"));
+    lines_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    lines_->setMinimumWidth(1);  // a long line does not widen the window
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(0);
+    texts->addWidget(label_);
+    texts->addWidget(lines_);
     action_->setFocusPolicy(Qt::TabFocus);
     auto* close = new QToolButton(this);
     close->setText(QStringLiteral("×"));
@@ -42,7 +34,7 @@ MessageBar::MessageBar(QWidget* parent)
     close->setAccessibleName(tr("Close the message"));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 4, 4, 4);
-    layout->addWidget(label_, 1);
+    layout->addLayout(texts, 1);
     layout->addWidget(action_);
     layout->addWidget(close, 0, Qt::AlignTop);
     connect(action_, &QPushButton::clicked, this, &MessageBar::ActionAsked);
@@ -65,11 +57,18 @@ void MessageBar::Offer(const QString& text, const QString& action) {
     action_->show();
 }
 
+// Lines that are set in show a place in what was typed, by carets under it.
 void MessageBar::Show(const QString& text, const QColor& color) {
-    QPalette colors = label_->palette();
-    colors.setColor(QPalette::WindowText, color);
-    label_->setPalette(colors);
-    label_->setText(Page(text));
+    const qsizetype end = text.indexOf(QStringLiteral("\n    "));
+    const QString lines = end < 0 ? QString() : text.mid(end + 1);
+    label_->setText(text.left(end));
+    lines_->setText(lines);
+    lines_->setVisible(!lines.isEmpty());
+    for (QLabel* label : {label_, lines_}) {
+        QPalette colors = label->palette();
+        colors.setColor(QPalette::WindowText, color);
+        label->setPalette(colors);
+    }
     text_ = text;
     action_->hide();
     show();

@@ -29,6 +29,7 @@ private:
     void Show(const QString& text, const QColor& color);
 
     QLabel* label_;
+    QLabel* lines_;  // below it, whose characters have one width
     QPushButton* action_;
     QString text_;
 };

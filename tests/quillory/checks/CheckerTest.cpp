@@ -298,6 +298,7 @@ TEST_F(CheckerTest, FindsWhatItIsAskedFor) {
         checker.FindOnly(codes);
         checker.Check(test.record, findings);
         std::vector<int> found;
+        found.reserve(findings.size());
         for (const Finding& finding : findings) found.push_back(finding.code);
         return found;
     };
