@@ -2,6 +2,7 @@
 //
 // FAILING_CALLS is "KIND NUMBER ERRNO [on]": the call of that number of a kind (write, read, open,
 // sync, rename, link) fails with the error, and so do all after it with "on", as on a full disk.
+// One of the kind "short" does not fail, but writes only a part of what it is given.
 
 #include <atomic>
 #include <cerrno>
@@ -12,6 +13,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/types.h>
+#include <sys/uio.h>
 #include <unistd.h>
 
 namespace {
@@ -67,6 +69,14 @@ ssize_t write(int descriptor, const void* bytes, size_t size) {
     static const auto real = Real(&::write, "write");
     if (!IsMessage(descriptor) && Fails("write")) return -1;
     return real(descriptor, bytes, size);
+}
+
+ssize_t writev(int descriptor, const iovec* parts, int count) {
+    static const auto real = Real(&::writev, "writev");
+    if (!IsMessage(descriptor) && Fails("write")) return -1;
+    if (IsMessage(descriptor) || !Fails("short")) return real(descriptor, parts, count);
+    const iovec half{parts->iov_base, (parts->iov_len + 1) / 2};
+    return real(descriptor, &half, 1);
 }
 
 ssize_t pwrite64(int descriptor, const void* bytes, size_t size, off64_t offset) {
