@@ -1,4 +1,5 @@
 #include <quillory/coded/CodeLists.h>
+#include <quillory/coded/FreeValues.h>
 #include <quillory/rules/ControlFields.h>
 #include <quillory/rules/Dates.h>
 #include <quillory/rules/Words.h>
@@ -14,7 +15,7 @@ void CheckTimeStamp(const CheckedField& field, RemarkSink& remarks) {
 
 void CheckDayOfEntry(const CheckedField& field, RemarkSink& remarks) {
     const std::string_view entered = field.content.substr(0, 6);
-    if (IsDayOfEntry(entered)) return;
+    if (IsDayEntered(entered)) return;
     remarks.Add(RuleId::DateMalformed, field.GetPlace().Positions(0, 5), Shown(entered),
                 "day of the form yymmdd");
 }

@@ -36,12 +36,4 @@ bool IsTimeStamp(std::string_view text) {
            NumberAt(text, 12) < kMinutes;
 }
 
-// A leap year may be meant by two digits.
-bool IsDayOfEntry(std::string_view text) {
-    constexpr std::size_t kSize = 6;
-    constexpr int kCentury = 2000;
-    if (text.size() != kSize || !AreDigits(text)) return false;
-    return IsDay(kCentury + NumberAt(text, 0), text, 2);
-}
-
 }  // namespace quillory
