@@ -57,6 +57,9 @@ Fault MarcAssembler::FaultOf(FaultCode code, const Record& record, std::size_t f
 // Why a record can't be written as it is.
 WriteResult MarcAssembler::Refuse(const Record& record) {
     if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
+    if (record.leader.find(zorby::kRecordEnd) != record.leader.npos) {
+        return NotWritten({FaultCode::kEndInText, Place::OfLeader()});
+    }
     if (oversize_ != kOversizeRefuse) return {};
     const std::size_t largest = LargestField(record);
     const std::size_t size = CommFormatSize(record.fields[largest]);

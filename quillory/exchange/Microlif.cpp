@@ -1,5 +1,6 @@
 #include <quillory/exchange/FieldPlaces.h>
 #include <quillory/exchange/Microlif.h>
+#include <quillory/exchange/RecordCheck.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/places/Tag.h>
@@ -195,6 +196,7 @@ std::string MicrolifLosses(const zorby::CommFormatField& field) {
 
 WriteResult MicrolifWriter::Write(const Record& record, Losses& losses) {
     if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
+    if (const auto fault = FaultOfLeader(record.leader)) return NotWritten(*fault);
     WriteResult result;
     FieldPlaces places;
     CountMicrolifLosses({kMicrolifLeaderTag, record.leader}, losses);

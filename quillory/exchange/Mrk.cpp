@@ -1,6 +1,7 @@
 #include <quillory/exchange/FieldPlaces.h>
 #include <quillory/exchange/Mrk.h>
 #include <quillory/exchange/MrkMnemonics.h>
+#include <quillory/exchange/RecordCheck.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/text/Ascii.h>
 #include <quillory/text/Letters.h>
@@ -398,6 +399,7 @@ std::string MrkWriter::WithMnemonics(std::string_view text, bool isUtf8) {
 }
 
 WriteResult MrkWriter::Write(const Record& record, Losses&) {
+    if (const auto fault = FaultOfLeader(record.leader)) return NotWritten(*fault);
     WriteResult result;
     FieldPlaces places;
     text_.clear();

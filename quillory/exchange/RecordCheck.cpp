@@ -3,6 +3,7 @@
 #include <quillory/faults/FaultCode.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -23,8 +24,13 @@ FaultCode CodeOfField(const zorby::CommFormatField& field) {
 
 }  // namespace
 
+std::optional<Fault> FaultOfLeader(std::string_view leader) {
+    if (!HoldsAnEnd(leader)) return std::nullopt;
+    return Fault{FaultCode::kEndInText, Place::OfLeader()};
+}
+
 std::optional<ItemFault> FaultOf(const Record& record) {
-    if (HoldsAnEnd(record.leader)) return ItemFault{{FaultCode::kEndInText, Place::OfLeader()}};
+    if (auto fault = FaultOfLeader(record.leader)) return ItemFault{std::move(*fault)};
     const std::span fields = record.fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const FaultCode code = CodeOfField(fields[i]);

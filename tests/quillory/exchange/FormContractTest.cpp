@@ -255,9 +255,9 @@ std::vector<std::string> AllTags() {
     return tags;
 }
 
-// A field under every tag, and with every byte as an indicator: it comes back, or the writer says
-// that it does not.
-TEST_P(FormContract, TagsAndIndicatorsComeBackOrAreNamed) {
+// A leader with signs that forms have for themselves, a field under every tag, and with every byte
+// as an indicator: it comes back, or the writer says that it does not.
+TEST_P(FormContract, LeadersTagsAndIndicatorsComeBackOrAreNamed) {
     std::vector<Lines> records;
     for (const std::string& tag : AllTags()) {
         if (!zorby::CommFormatField{tag, {}}.IsDataField()) {
@@ -272,6 +272,14 @@ TEST_P(FormContract, TagsAndIndicatorsComeBackOrAreNamed) {
             {kLeaderLine, "001i", std::string("245") + c + "1\037ax", "500  \037aLast"});
         records.push_back(
             {kLeaderLine, "001i", std::string("2451") + c + "\037ax", "500  \037aLast"});
+    }
+    using namespace std::string_view_literals;
+    for (const char c : "\0\t\n\r\033\035\036\037\"#$&'<=>\\^_`{|}~\177\200\377"sv) {
+        for (std::size_t at = zorby::kTagSize; at < zorby::kTagSize + zorby::kLeaderSize; ++at) {
+            if (at == zorby::kTagSize + zorby::kLeaderCharacterCode) continue;  // forms have theirs
+            records.push_back({kLeaderLine, "001l", "24510\037aTitle"});
+            records.back()[0][at] = c;
+        }
     }
     std::size_t carried = 0;
     for (const Lines& record : records) {
