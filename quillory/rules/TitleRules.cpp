@@ -77,10 +77,12 @@ std::string FaultOfCount(std::string_view title, std::size_t count, std::string_
     if (count == 0) return own.word.empty() ? std::string() : WouldBe(own);
     if (IsSizeOf(own, count) || IsSizeOf(ArticleOfAnyLanguage(title), count)) return {};
     if (!own.word.empty()) return WouldBe(own);
-    const std::string skipped(title.substr(0, count));
-    if (!IsBoundary(title, count)) return '"' + skipped + "\" does not end before a word";
+    const std::string skipped = '"' + std::string(title.substr(0, count)) + '"';
+    if (!IsBoundary(title, count)) {
+        return "no word begins after " + skipped + "; without an article it would be 0";
+    }
     if (!KnowsArticlesOf(language)) return {};
-    return '"' + skipped + "\" is no article";
+    return skipped + " is no article, so it would be 0";
 }
 
 void CheckNonfiling(const RecordInHand& record, const CheckedField& field,

@@ -249,6 +249,9 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
         {"24510$aThe rivers",
          "245/2: warning: the indicator is 0; the title begins with the article \"The\", so it "
          "would be 4 [nonfiling-count]"},
+        {"24514$aMoby Dick",
+         "245/2: warning: the indicator is 4; no word begins after \"Moby\"; without an article it "
+         "would be 0 [nonfiling-count]"},
         {"1041 $aX", "104: warning: MARC 21 has no field 104 [undefined]"},
         {"500  $aX$DY", "500 $D: warning: field 500 has no subfield $D [undefined]"},
         {"880  $6500-00$aX$jY",
