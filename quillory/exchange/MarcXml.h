@@ -88,7 +88,7 @@ protected:
 
 private:
     void BeginDataField(std::string_view tag, char first, char second);
-    std::size_t AddSubfield(std::string_view subfield);
+    void BeginSubfield(std::string_view& subfield);
 
     TextBuilder text_;
 };

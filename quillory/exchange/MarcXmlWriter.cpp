@@ -10,7 +10,7 @@ namespace {
 using namespace std::string_view_literals;
 
 // Whether it stands as it is in an attribute of XML.
-bool StandsForItself(char c) {
+constexpr bool StandsForItself(char c) {
     return c >= ' ' && c < 0x7F && c != '<' && c != '>' && c != '&' && c != '"';
 }
 
@@ -66,20 +66,20 @@ void MarcXmlWriter::BeginDataField(std::string_view tag, char first, char second
     text_ += "\">\n"sv;
 }
 
-// `subfield` begins with a code. Result: the bytes that it takes.
-std::size_t MarcXmlWriter::AddSubfield(std::string_view subfield) {
-    const std::string_view code = SubfieldCodeOf(subfield);
-    if (StandsForItself(code.front())) {
+// `subfield` begins with a code, which is nearly always one byte.
+void MarcXmlWriter::BeginSubfield(std::string_view& subfield) {
+    const char first = subfield.front();
+    if (StandsForItself(first)) {
         constexpr auto kForm = "      <subfield code=\".\">"sv;
-        text_.Append(kForm)[kForm.find('.')] = code.front();
-    } else {
-        text_ += "      <subfield code=\""sv;
-        AppendXmlSign(code, text_, *losses_);
-        text_ += "\">"sv;
+        text_.Append(kForm)[kForm.find('.')] = first;
+        subfield.remove_prefix(1);
+        return;
     }
-    const std::size_t size = AppendXmlSubfield(subfield.substr(code.size()), text_, *losses_);
-    text_ += "</subfield>\n"sv;
-    return code.size() + size;
+    const std::string_view code = SubfieldCodeOf(subfield);
+    text_ += "      <subfield code=\""sv;
+    AppendXmlSign(code, text_, *losses_);
+    text_ += "\">"sv;
+    subfield.remove_prefix(code.size());
 }
 
 void MarcXmlWriter::AddDataField(std::string_view tag, char first, char second,
@@ -87,7 +87,9 @@ void MarcXmlWriter::AddDataField(std::string_view tag, char first, char second,
     BeginDataField(tag, first, second);
     while (!subfields.empty()) {
         subfields.remove_prefix(1);
-        subfields.remove_prefix(AddSubfield(subfields));
+        BeginSubfield(subfields);
+        subfields.remove_prefix(AppendXmlSubfield(subfields, text_, *losses_));
+        text_ += "</subfield>\n"sv;
     }
     text_ += "    </datafield>\n"sv;
 }

@@ -26,10 +26,14 @@ public:
         std::size_t size = 0;
 #ifdef __SSE2__
         while (text.size() - size >= kBlock) {
-            const std::size_t plain = CopyBlock(text.data() + size, out.Room(kBlock));
-            out.Take(plain);
+            const std::size_t plain = AppendBlock<kBlock>(text.data() + size, out);
             size += plain;
             if (plain < kBlock) return size;
+        }
+        if (text.size() - size >= kHalf) {
+            const std::size_t plain = AppendBlock<kHalf>(text.data() + size, out);
+            size += plain;
+            if (plain < kHalf) return size;
         }
 #endif
         return size + AppendWords(text.substr(size), out);
@@ -43,11 +47,19 @@ private:
     static constexpr std::size_t kBlock = 32;
     static constexpr std::size_t kHalf = 16;
 
-    // Copies a block. Result: the plain bytes at its front.
-    static std::size_t CopyBlock(const char* from, char* to) {
-        const std::uint32_t first = MisfitsOfHalf(from, to);
-        const std::uint32_t misfits = first | MisfitsOfHalf(from + kHalf, to + kHalf) << kHalf;
-        return static_cast<std::size_t>(std::countr_zero(misfits));
+    // Copies a block, and takes in the plain bytes at its front. Result: how many they are.
+    template <std::size_t kSize>
+    static std::size_t AppendBlock(const char* from, TextBuilder& out) {
+        char* const to = out.Room(kSize);
+        std::uint32_t misfits = MisfitsOfHalf(from, to);
+        if constexpr (kSize == kBlock) {
+            misfits |= MisfitsOfHalf(from + kHalf, to + kHalf) << kHalf;
+        } else {
+            misfits |= 1U << kHalf;
+        }
+        const auto plain = static_cast<std::size_t>(std::countr_zero(misfits));
+        out.Take(plain);
+        return plain;
     }
 
     // A bit for each misfit. Bytes beyond ASCII are negative, and so less than a blank, too.
