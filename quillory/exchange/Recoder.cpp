@@ -35,6 +35,8 @@ Fault Mislabelled(Charset labelled, Charset actual) {
             std::string(CharsetName(labelled)), std::string(CharsetName(actual))};
 }
 
+constexpr std::size_t kLeastSubfield = 2;  // the bytes of a delimiter and a code
+
 // The delimiter at the front of a part, and the subfield code after it, unless the byte there is
 // part of a character.
 std::size_t UnconvertedSize(std::string_view part) {
@@ -53,8 +55,12 @@ void AppendConverted(std::string_view content, TextConverter& converter, std::st
     }
     ForEachPart(content, [&](std::string_view part) {
         const std::size_t size = UnconvertedSize(part);
+        const std::size_t before = out.size();
         out += part.substr(0, size);
         converter.Append(part.substr(size), out, losses);
+        // No code is left of a part that is an escape of MARC-8 and nothing else.
+        const bool isGone = size < part.size() && out.size() - before < kLeastSubfield;
+        if (isGone && part.front() == zorby::kDelimiter) out.resize(before);
     });
 }
 

@@ -91,9 +91,12 @@ TEST(Recoder, IndicatorsAreNoText) {
 // What stands before a delimiter is a text of its own, and a code is no letter.
 TEST(Recoder, ContentIsCarriedSubfieldBySubfield) {
     const std::pair<std::string, std::string> kTwins[] = {
-        {"\037a\342e\037b\351c", "\037aé\037bč"}, {"\342e\037a\342e", "é\037aé"},
-        {"\037e\342\037e", "\037e \u0301\037e"},  {"\037\342e\037", "\037é\037"},
+        {"\037a\342e\037b\351c", "\037aé\037bč"},
+        {"\342e\037a\342e", "é\037aé"},
+        {"\037e\342\037e", "\037e \u0301\037e"},
+        {"\037\342e\037", "\037é\037"},
         {"\037\037a\342e", "\037\037aé"},
+        {"\037a\342e\037\033(B\037\033(Bbx", "\037aé\037bx"},
     };
     TextConverter converter(kCharsetMarc8, kCharsetUtf8, kNormalFormC);
     for (const auto& [marc8, utf8] : kTwins) {
