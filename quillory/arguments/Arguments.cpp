@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <iterator>
 #include <sstream>
+#include <string_view>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -18,6 +20,17 @@ bool ReadFlag(const std::string& text) {
         return CLI::detail::to_flag_value(text) > 0;
     } catch (const std::logic_error&) {
         throw UsageError("\"" + text + "\" is neither true nor false");
+    }
+}
+
+// "-s,--long" is two names.
+std::vector<std::string> Divided(std::string_view names) {
+    std::vector<std::string> divided;
+    for (;;) {
+        const std::size_t comma = names.find(',');
+        divided.emplace_back(names.substr(0, comma));
+        if (comma == names.npos) return divided;
+        names.remove_prefix(comma + 1);
     }
 }
 
@@ -145,12 +158,13 @@ private:
     };
 
     // A command that no word names can't be called: its arguments need not be known.
-    void Declare(const Arguments& command, CLI::App& app) {
+    void Declare(Arguments& command, CLI::App& app) {
+        command.Declare();
         app.set_help_flag();  // it is among the arguments
         app.allow_extras();
         app.footer(command.footer_);
         for (const Argument& argument : command.arguments_) DeclareArgument(argument, app);
-        for (const Arguments& under : command.commands_) {
+        for (Arguments& under : command.commands_) {
             CLI::App& known = *app.add_subcommand(under.name_, under.summary_)->group("Commands");
             if (std::ranges::find(words_, under.name_) != words_.end()) Declare(under, known);
         }
@@ -296,7 +310,7 @@ ArgumentDefinition Arguments::Define(ArgumentKind kind, const std::string& names
                                      const std::string& text) {
     ArgumentDefinition definition;
     definition.kind = kind;
-    definition.names = CLI::detail::split(names, ',');
+    definition.names = Divided(names);
     definition.text = text;
     return definition;
 }
@@ -312,20 +326,28 @@ Argument& Arguments::Flag(const std::string& names, bool& target, const std::str
                });
 }
 
-Arguments& Arguments::Command(const std::string& name, const std::string& summary) {
+void Arguments::Command(const std::string& name, const std::string& summary, Declaration declare) {
     const std::size_t space = name.find(' ');
-    if (space == name.npos) return commands_.emplace_back(name, summary);
+    if (space == name.npos) {
+        commands_.emplace_back(name, summary).declare_ = std::move(declare);
+        return;
+    }
     const auto above = std::ranges::find(commands_, name.substr(0, space), &Arguments::name_);
     if (above == commands_.end()) throw std::invalid_argument(name + ": under no command");
-    return above->Command(name.substr(space + 1), summary);
+    above->Command(name.substr(space + 1), summary, std::move(declare));
 }
 
-CommandDefinition Arguments::Definition() const {
+void Arguments::Declare() {
+    if (declare_) std::exchange(declare_, {})(*this);
+}
+
+CommandDefinition Arguments::Definition() {
+    Declare();
     CommandDefinition definition{name_, summary_, footer_, {}, {}, false};
     for (const Argument& argument : arguments_) {
         definition.arguments.push_back(argument.Definition());
     }
-    for (const Arguments& command : commands_) {
+    for (Arguments& command : commands_) {
         definition.commands.push_back(command.Definition());
     }
     definition.needsCommand = !commands_.empty() && !run_;

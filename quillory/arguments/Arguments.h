@@ -128,9 +128,11 @@ public:
                    });
     }
 
-    // A command under this one. A name such as "records list" is looked for under that of its first
-    // word, which is declared before it.
-    Arguments& Command(const std::string& name, const std::string& summary);
+    using Declaration = std::function<void(Arguments& command)>;
+
+    // A command under this one, whose arguments are declared once they are needed. A name such as
+    // "records list" is looked for under that of its first word, which is declared before it.
+    void Command(const std::string& name, const std::string& summary, Declaration declare = {});
     // The text that --help shows after the arguments. Lines that begin with a blank, as those of a
     // table, stay as they are; others are set anew, up to one that ends with a sentence.
     void Footer(std::string text) { footer_ = std::move(text); }
@@ -138,7 +140,7 @@ public:
     const std::string& Name() const { return name_; }
     const std::string& Version() const { return version_; }
     // All of it as plain data, in the order of declaration.
-    CommandDefinition Definition() const;
+    CommandDefinition Definition();
 
     // Puts the values of a command line, which is without the name of the program, into the
     // variables. Help comes in lines of so many columns. To be called once.
@@ -150,6 +152,7 @@ private:
     static ArgumentDefinition Define(ArgumentKind kind, const std::string& names,
                                      const std::string& text);
     Argument& Add(ArgumentDefinition definition, Argument::Take take);
+    void Declare();
 
     template <class Target>
     Argument& Add(ArgumentKind kind, const std::string& names, Target& target,
@@ -170,6 +173,7 @@ private:
     std::string summary_;
     std::string version_;
     std::string footer_;
+    Declaration declare_;  // empty once it is done
     std::function<int()> run_;
     std::list<Argument> arguments_;  // that of its own, whose addresses stay
     std::list<Arguments> commands_;

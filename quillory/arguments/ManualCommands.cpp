@@ -11,13 +11,13 @@ namespace {
 using Completion = std::string (*)(const CommandDefinition& program);
 
 struct ManualOptions {
-    const Arguments* program = nullptr;
+    Arguments* program = nullptr;
     std::vector<std::string> command;
     std::string folder;
 };
 
 struct CompletionOptions {
-    const Arguments* program = nullptr;
+    Arguments* program = nullptr;
     Completion completion = nullptr;
     std::string output = "-";
 };
@@ -54,31 +54,37 @@ int RunCompletion(const CompletionOptions& options) {
     return kWell;
 }
 
-}  // namespace
-
-void DeclareManualCommands(Arguments& program) {
-    Arguments& manual = program.Command("man", "Print the manual page of a command, in troff");
-    ManualOptions& page = manual.Runs(RunManual);
-    page.program = &program;
-    manual.Positional("COMMAND", page.command, "The command; none for that of the program");
-    manual
-        .Option("-o,--output", page.folder,
+void DeclareManual(Arguments& program, Arguments& command) {
+    ManualOptions& options = command.Runs(RunManual);
+    options.program = &program;
+    command.Positional("COMMAND", options.command, "The command; none for that of the program");
+    command
+        .Option("-o,--output", options.folder,
                 "Write the pages of all commands into this folder, each to a file of its own")
         .Shown("FOLDER")
         .File();
+}
 
-    Arguments& completion = program.Command(
-        "completion", "Print what makes a shell complete the command lines of the program");
-    CompletionOptions& shell = completion.Runs(RunCompletion);
-    shell.program = &program;
-    completion
-        .Choice("SHELL", shell.completion,
+void DeclareCompletion(Arguments& program, Arguments& command) {
+    CompletionOptions& options = command.Runs(RunCompletion);
+    options.program = &program;
+    command
+        .Choice("SHELL", options.completion,
                 {{"bash", BashCompletion}, {"zsh", ZshCompletion}, {"fish", FishCompletion}},
                 "The shell")
         .Required();
-    completion
-        .Option("-o,--output", shell.output, "The file to write; standard output if not given")
+    command.Option("-o,--output", options.output, "The file to write; standard output if not given")
         .File();
+}
+
+}  // namespace
+
+void DeclareManualCommands(Arguments& program) {
+    program.Command("man", "Print the manual page of a command, in troff",
+                    [&program](Arguments& command) { DeclareManual(program, command); });
+    program.Command("completion",
+                    "Print what makes a shell complete the command lines of the program",
+                    [&program](Arguments& command) { DeclareCompletion(program, command); });
 }
 
 }  // namespace quillory

@@ -65,10 +65,7 @@ constexpr CommandRow kCommands[] = {
 }  // namespace
 
 void DeclareCommands(Arguments& program) {
-    for (const CommandRow& row : kCommands) {
-        Arguments& command = program.Command(row.name, row.summary);
-        if (row.declare != nullptr) row.declare(command);
-    }
+    for (const CommandRow& row : kCommands) program.Command(row.name, row.summary, row.declare);
     DeclareManualCommands(program);
 }
 

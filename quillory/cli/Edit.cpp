@@ -70,7 +70,8 @@ void DeclareEditOf(Arguments& command, const OperationRow* row) {
 void DeclareEdit(Arguments& command) {
     DeclareEditOf(command, nullptr);
     for (const OperationRow& row : Operations()) {
-        DeclareEditOf(command.Command(std::string(row.name), std::string(row.summary)), &row);
+        command.Command(std::string(row.name), std::string(row.summary),
+                        [&row](Arguments& operation) { DeclareEditOf(operation, &row); });
     }
 }
 

@@ -74,7 +74,8 @@ void DeclareStoreEdit(Arguments& command, const OperationRow* row) {
 void DeclareRecordsEdit(Arguments& command) {
     DeclareStoreEdit(command, nullptr);
     for (const OperationRow& row : Operations()) {
-        DeclareStoreEdit(command.Command(std::string(row.name), std::string(row.summary)), &row);
+        command.Command(std::string(row.name), std::string(row.summary),
+                        [&row](Arguments& operation) { DeclareStoreEdit(operation, &row); });
     }
 }
 

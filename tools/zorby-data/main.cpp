@@ -43,10 +43,10 @@ void DeclareJoinCodes(Arguments& command) {
 int main(int argc, char** argv) {
     Arguments program("zorby-data", "zorby-data: compile and dump the data files of the library",
                       ZORBY_DATA_VERSION);
-    DeclareCompile(program.Command("compile", "Compile sources into a data file"));
-    DeclareDump(program.Command("dump", "Write a data file as a source"));
-    DeclareJoinCodes(
-        program.Command("join-codes", "Check sources of codes and join them into one file"));
+    program.Command("compile", "Compile sources into a data file", DeclareCompile);
+    program.Command("dump", "Write a data file as a source", DeclareDump);
+    program.Command("join-codes", "Check sources of codes and join them into one file",
+                    DeclareJoinCodes);
     quillory::DeclareManualCommands(program);
     return quillory::RunProgram(program, argc, argv);
 }

@@ -103,11 +103,11 @@ void DeclareList(Arguments& command) {
 
 // "pick"; "store" does nothing of itself, "store list" may be followed by a command.
 void DeclareProgram(Arguments& program) {
-    DeclarePick(program.Command("pick", "Pick fruit"));
+    program.Command("pick", "Pick fruit", DeclarePick);
     program.Command("store", "What is kept");
-    DeclareCount(program.Command("store count", "Count what is kept"));
-    DeclareList(program.Command("store list", "List what is kept"));
-    DeclareCount(program.Command("store list count", "Count the lists"));
+    program.Command("store count", "Count what is kept", DeclareCount);
+    program.Command("store list", "List what is kept", DeclareList);
+    program.Command("store list count", "Count the lists", DeclareCount);
 }
 
 // What a command line does: what is run and its status, the first line of a text, or the command
