@@ -4,6 +4,8 @@
 #include <fuzz/Expect.h>
 #include <fuzzer/FuzzedDataProvider.h>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -35,8 +37,14 @@ void CheckSource(const std::string& text) {
     try {
         CodeStatus status;
         status.Add(text, "source");
-        const CodeLists lists(status);
-        Decoder(lists).Field008(std::string(40, 'a'), "00000cam a2200000 a 4500");
+        const CodeLists lists(std::move(status));
+        const Decoder decoder(lists);
+        decoder.Leader("00000cam a2200000 a 4500");
+        decoder.Field008(std::string(40, 'a'), "00000cam a2200000 a 4500");
+        for (const char letter : std::string_view("acdefghikmoqrstvz")) {
+            decoder.Field006(std::string(18, letter));
+            decoder.Field007(std::string(23, letter));
+        }
     } catch (const FileError&) {
     }
 }

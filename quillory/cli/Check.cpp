@@ -14,7 +14,6 @@
 #include <quillory/rules/CheckSettings.h>
 
 #include <deque>
-#include <future>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -116,10 +115,9 @@ Status RunCheck(const CheckOptions& options) {
     CheckOutput(options, settingsFile);
     if (options.listsRules) return ListRules(options, settingsFile);
     const SettingsKeeper keeper;
-    std::future<CodeLists> loadedLists = LoadCodeListsAside();
     const auto checking = MakeChecker(options.policy, options.files.input.charset).GetOptions();
     const CheckSettingsFile file(settingsFile);
-    const CodeLists lists = loadedLists.get();
+    const CodeLists lists = LoadCodeLists();
     Inspection inspection(options, file, checking, lists);
     const CheckSettings& settings = inspection.Settings();
     TerminalPort terminal;

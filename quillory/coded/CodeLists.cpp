@@ -3,6 +3,9 @@
 #include <zorby/controlfields/MenuData.h>
 
 #include <algorithm>
+#include <mutex>
+#include <optional>
+#include <unordered_map>
 
 namespace quillory {
 namespace {
@@ -11,7 +14,7 @@ using namespace zorby;
 
 ListedCode SplitItem(std::string_view item) {
     ListedCode listed;
-    for (std::string* line : {&listed.code, &listed.text, &listed.secondCode}) {
+    for (std::string_view* line : {&listed.code, &listed.text, &listed.secondCode}) {
         const std::size_t end = std::min(item.find('\n'), item.size());
         *line = item.substr(0, end);
         item.remove_prefix(std::min(end + 1, item.size()));
@@ -39,7 +42,7 @@ CodeMeaning MeaningOf(const ListedCode& listed, const PublishedElement* publishe
     const PublishedCode* known = published == nullptr ? nullptr : published->Find(listed.code);
     CodeMeaning meaning;
     if (known != nullptr) meaning = MeaningOf(*known);
-    meaning.code = listed.code + listed.secondCode;
+    meaning.code = listed.Whole();
     if (known == nullptr || known->standing != Standing::Obsolete) {
         meaning.text = listed.text;
         if (meaning.state == CodeState::Unknown) meaning.state = CodeState::Known;
@@ -67,16 +70,56 @@ std::vector<ListedCode> LibraryCodesOf(CFPart part) {
     for (const char* item = menu.GetTextFirst(); item != nullptr; item = menu.GetTextNext()) {
         codes.push_back(SplitItem(item));
         // Where two entries are joined in one, only the first is an entry.
-        if (part != CFPCombinedFormOfItem) codes.back().secondCode.clear();
+        if (part != CFPCombinedFormOfItem) codes.back().secondCode = {};
     }
     return codes;
 }
 
-void CodeLists::List::Add(const CodeMeaning& meaning) {
-    if (places.try_emplace(meaning.code, codes.size()).second) codes.push_back(meaning);
+class CodeLists::List {
+public:
+    List(const Element& element, const PublishedElement* published);
+
+    const std::vector<CodeMeaning>& Codes() const { return codes_; }
+    int CodeLength() const { return codeLength_; }
+    const std::string& FormerName() const { return formerName_; }
+    // Null for a code that it lacks.
+    const CodeMeaning* Find(std::string_view code) const;
+    CodeState StateOfUnlisted(std::string_view code) const;
+
+private:
+    void Add(CodeMeaning meaning);
+    // Adds the published codes that the list lacks. Codes in force get the state given.
+    void AddPublished(const PublishedElement& published, CodeState inForce);
+    void AddLibrary(const Element& element, const PublishedElement* published);
+
+    std::vector<CodeMeaning> codes_;
+    std::unordered_map<std::string, std::size_t> places_;
+    int codeLength_ = 1;
+    bool takesFill_ = true;
+    std::string formerName_;
+};
+
+CodeLists::List::List(const Element& element, const PublishedElement* published) {
+    const bool isWhole = IsListWhole(element);
+    if (published != nullptr) codes_.reserve(published->codes.size());
+    if (published != nullptr && !isWhole) AddPublished(*published, CodeState::Known);
+    AddLibrary(element, published);
+    if (published != nullptr && isWhole) AddPublished(*published, CodeState::Newer);
+    if (element.IsUndefined() && published != nullptr) formerName_ = published->name;
+    const bool isAsWide = codes_.empty() || element.form == CF006None;
+    codeLength_ = isAsWide ? element.Width() : static_cast<int>(codes_.front().code.size());
+    takesFill_ = element.form != CFLdr &&
+                 (codes_.empty() ||
+                  std::ranges::any_of(codes_, [](const auto& c) { return IsAll(c.code, kFill); }));
 }
 
-void CodeLists::AddPublished(const PublishedElement& published, CodeState inForce, List& list) {
+void CodeLists::List::Add(CodeMeaning meaning) {
+    if (places_.try_emplace(meaning.code, codes_.size()).second) {
+        codes_.push_back(std::move(meaning));
+    }
+}
+
+void CodeLists::List::AddPublished(const PublishedElement& published, CodeState inForce) {
     for (const Standing standing : {Standing::Current, Standing::Local, Standing::Obsolete}) {
         for (const PublishedCode& code : published.codes) {
             if (code.standing != standing) continue;
@@ -84,88 +127,88 @@ void CodeLists::AddPublished(const PublishedElement& published, CodeState inForc
             // The library leaves the blank out where an element takes several codes.
             const bool isListed = !meaning.published || IsAll(code.code, ' ');
             if (meaning.state == CodeState::Known && !isListed) meaning.state = inForce;
-            list.Add(meaning);
+            Add(std::move(meaning));
         }
     }
 }
 
-CodeLists::List CodeLists::MakeList(const Element& element, const PublishedElement* published) {
-    List list;
-    const bool isWhole = IsListWhole(element);
-    if (published != nullptr && !isWhole) AddPublished(*published, CodeState::Known, list);
+void CodeLists::List::AddLibrary(const Element& element, const PublishedElement* published) {
     for (const CFPart part : element.parts) {
-        for (const ListedCode& listed : LibraryCodesOf(part)) {
-            list.Add(MeaningOf(listed, published));
-        }
+        for (const ListedCode& listed : LibraryCodesOf(part)) Add(MeaningOf(listed, published));
     }
-    if (published != nullptr && isWhole) AddPublished(*published, CodeState::Newer, list);
-    if (element.IsUndefined() && published != nullptr) list.formerName = published->name;
-    if (list.codes.empty()) {
-        list.codeLength = element.Width();
-    } else {
-        list.codeLength = element.form == CF006None
-                              ? element.Width()
-                              : static_cast<int>(list.codes.front().code.size());
-        list.allowsFill = std::any_of(list.codes.begin(), list.codes.end(),
-                                      [](const auto& c) { return IsAll(c.code, kFill); });
-    }
-    return list;
 }
 
-CodeLists::CodeLists(const CodeStatus& status) {
+const CodeMeaning* CodeLists::List::Find(std::string_view code) const {
+    const auto place = places_.find(std::string(code));
+    return place == places_.end() ? nullptr : &codes_[place->second];
+}
+
+CodeState CodeLists::List::StateOfUnlisted(std::string_view code) const {
+    return IsAll(code, kFill) && takesFill_ ? CodeState::NoAttempt : CodeState::Unknown;
+}
+
+// The list of an element, and what it is made of.
+struct CodeLists::LateList {
+    const Element& element;
+    const PublishedElement* published;
+    std::once_flag isMade;
+    std::optional<List> list;
+};
+
+CodeLists::CodeLists(CodeStatus status) : status_(std::move(status)) {
     std::vector<CFType> forms = {CFLdr, CF008Standard};
     forms.insert(forms.end(), FormsOf006().begin(), FormsOf006().end());
     forms.insert(forms.end(), FormsOf007().begin(), FormsOf007().end());
     for (const CFType form : forms) {
         for (const Element& element : ElementsOf(form)) {
-            lists_[{form, element.first}] = MakeList(element, status.Find(form, element.first));
+            Add(element, status_.Find(form, element.first));
         }
     }
-    const Element& combined = CombinedFormOfItem();
-    lists_[{combined.form, combined.first}] = MakeList(combined, nullptr);
+    Add(CombinedFormOfItem(), nullptr);
+}
+
+CodeLists::CodeLists(CodeLists&&) noexcept = default;
+
+CodeLists& CodeLists::operator=(CodeLists&&) noexcept = default;
+
+CodeLists::~CodeLists() = default;
+
+void CodeLists::Add(const Element& element, const PublishedElement* published) {
+    lists_[{element.form, element.first}].reset(new LateList{element, published, {}, {}});
 }
 
 const CodeLists::List& CodeLists::ListOf(const Element& element) const {
-    return lists_.at({element.form, element.first});
+    LateList& late = *lists_.at({element.form, element.first});
+    std::call_once(late.isMade, [&late] { late.list.emplace(late.element, late.published); });
+    return *late.list;
 }
 
 const std::vector<CodeMeaning>& CodeLists::CodesOf(const Element& element) const {
-    return ListOf(element).codes;
+    return ListOf(element).Codes();
 }
 
 int CodeLists::CodeLengthOf(const Element& element) const {
-    return ListOf(element).codeLength;
+    return ListOf(element).CodeLength();
 }
 
 const std::string& CodeLists::FormerNameOf(const Element& element) const {
-    return ListOf(element).formerName;
-}
-
-const CodeMeaning* CodeLists::FindListed(const List& list, std::string_view code) {
-    const auto place = list.places.find(std::string(code));
-    return place == list.places.end() ? nullptr : &list.codes[place->second];
-}
-
-CodeState CodeLists::StateOfUnlisted(const Element& element, const List& list,
-                                     std::string_view code) {
-    const bool isFill = IsAll(code, kFill) && list.allowsFill && element.form != CFLdr;
-    return isFill ? CodeState::NoAttempt : CodeState::Unknown;
+    return ListOf(element).FormerName();
 }
 
 CodeMeaning CodeLists::Find(const Element& element, std::string_view code) const {
     const List& list = ListOf(element);
-    if (const CodeMeaning* listed = FindListed(list, code)) return *listed;
+    if (const CodeMeaning* listed = list.Find(code)) return *listed;
     CodeMeaning meaning;
     meaning.code = code;
-    meaning.state = StateOfUnlisted(element, list, code);
+    meaning.state = list.StateOfUnlisted(code);
     if (meaning.state == CodeState::NoAttempt) meaning.text = "No attempt to code";
     return meaning;
 }
 
 CodeState CodeLists::StateOf(const Element& element, std::string_view code) const {
     const List& list = ListOf(element);
-    const CodeMeaning* listed = FindListed(list, code);
-    return listed == nullptr ? StateOfUnlisted(element, list, code) : listed->state;
+    const CodeMeaning* listed = list.Find(code);
+    return listed == nullptr ? list.StateOfUnlisted(code) : listed->state;
 }
 
 std::vector<std::string_view> CodeLists::SplitCodes(const Element& element,

@@ -4,9 +4,9 @@
 #include <quillory/coded/Elements.h>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -33,10 +33,14 @@ struct CodeMeaning {
     friend bool operator==(const CodeMeaning&, const CodeMeaning&) = default;
 };
 
-// All codes of all elements, of the library's lists and of the published format.
+// All codes of all elements, of the library's lists and of the published format. The list of an
+// element is made when it is asked for, by whatever thread.
 class CodeLists {
 public:
-    explicit CodeLists(const CodeStatus& status);
+    explicit CodeLists(CodeStatus status);
+    CodeLists(CodeLists&&) noexcept;
+    CodeLists& operator=(CodeLists&&) noexcept;
+    ~CodeLists();
 
     // The codes of an element, each once. Those of the library come first, in the order of its
     // lists, and the others follow as published; where the library has only parts of the list, all
@@ -56,33 +60,23 @@ public:
     const std::string& FormerNameOf(const Element& element) const;
 
 private:
-    struct List {
-        std::vector<CodeMeaning> codes;
-        std::unordered_map<std::string, std::size_t> places;
-        int codeLength = 1;
-        bool allowsFill = true;
-        std::string formerName;
+    class List;
+    struct LateList;
 
-        void Add(const CodeMeaning& meaning);
-    };
-
-    static List MakeList(const Element& element, const PublishedElement* published);
-    // Adds the published codes that the list lacks. Codes in force get the state given.
-    static void AddPublished(const PublishedElement& published, CodeState inForce, List& list);
+    void Add(const Element& element, const PublishedElement* published);
     const List& ListOf(const Element& element) const;
-    // Null for a code that the list lacks.
-    static const CodeMeaning* FindListed(const List& list, std::string_view code);
-    static CodeState StateOfUnlisted(const Element& element, const List& list,
-                                     std::string_view code);
 
-    std::map<std::pair<zorby::CFType, int>, List> lists_;
+    CodeStatus status_;
+    std::map<std::pair<zorby::CFType, int>, std::unique_ptr<LateList>> lists_;
 };
 
-// A code of one of the library's own lists.
+// A code of one of the library's own lists, which are there as long as the program runs.
 struct ListedCode {
-    std::string code;
-    std::string secondCode;  // only for the combined form of item
-    std::string text;
+    std::string_view code;
+    std::string_view secondCode;  // only for the combined form of item
+    std::string_view text;
+
+    std::string Whole() const { return std::string(code).append(secondCode); }
 };
 // In display order; empty if the element has no list.
 std::vector<ListedCode> LibraryCodesOf(zorby::CFPart part);

@@ -6,6 +6,7 @@
 #include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <stdexcept>
 #include <utility>
@@ -21,7 +22,7 @@ constexpr std::string_view kHeader =
     "field\tform\tpositions\telement\tcode\tstatus\tsince\tuntil\tuse\ttext";
 constexpr std::string_view kAllForms = "all";
 
-using Cells = std::vector<std::string_view>;
+using Cells = std::array<std::string_view, kColumns>;
 
 // Why a row does not fit.
 class BadRow : public std::runtime_error {
@@ -35,16 +36,15 @@ public:
 
 Cells CellsOf(std::string_view line) {
     Cells cells;
-    cells.reserve(kColumns);
-    for (;;) {
+    std::size_t count = 0;
+    for (;; ++count) {
         const std::size_t tab = std::min(line.find('\t'), line.size());
-        cells.push_back(line.substr(0, tab));
+        if (count < kColumns) cells[count] = line.substr(0, tab);
         if (tab == line.size()) break;
         line.remove_prefix(tab + 1);
     }
-    if (cells.size() != kColumns) {
-        throw BadRow(std::to_string(cells.size()) + " columns instead of " +
-                     std::to_string(kColumns));
+    if (++count != kColumns) {
+        throw BadRow(std::to_string(count) + " columns instead of " + std::to_string(kColumns));
     }
     return cells;
 }
@@ -92,14 +92,14 @@ std::string WithBlanks(std::string_view code) {
     return text;
 }
 
-std::string YearOf(std::string_view cell) {
+std::string_view YearOf(std::string_view cell) {
     const bool isYear =
         cell.empty() || (cell.size() == 4 && cell.find_first_not_of("0123456789") == cell.npos);
     if (!isYear) Refuse("no year", cell);
-    return std::string(cell);
+    return cell;
 }
 
-std::string TextOf(std::string_view cell) {
+std::string_view TextOf(std::string_view cell) {
     if (cell.empty()) throw BadRow("no text");
     const char* const end = cell.data() + cell.size();
     for (std::string_view rest = cell;;) {
@@ -109,7 +109,7 @@ std::string TextOf(std::string_view cell) {
         if (!c.valid) throw BadRow("the text is not UTF-8");
         rest.remove_prefix(c.size);
     }
-    return std::string(cell);
+    return cell;
 }
 
 Standing StandingOf(std::string_view cell) {
@@ -160,7 +160,8 @@ CodeStatus::CodeStatus(const std::string& path) {
     if (elements_.empty()) throw FileError(path + ": holds no codes");
 }
 
-void CodeStatus::Add(std::string_view text, const std::string& name) {
+void CodeStatus::Add(std::string source, const std::string& name) {
+    std::string_view text = sources_.emplace_back(std::move(source));
     std::size_t number = 0;
     bool hasHeader = false;
     while (!text.empty()) {
@@ -183,19 +184,29 @@ void CodeStatus::Add(std::string_view text, const std::string& name) {
     }
 }
 
-void CodeStatus::AddRow(std::string_view line) {
-    const Cells cells = CellsOf(line);
-    const CFType form = FormNamed(cells[kField], cells[kForm]);
-    const std::string_view positions = cells[kPositions];
+PublishedElement& CodeStatus::ElementAt(std::string_view field, std::string_view form,
+                                        std::string_view positions) {
+    const CFType type = FormNamed(field, form);
     const bool isRange = positions.size() == 5 && positions[2] == '-';
     const int first = PositionOf(isRange ? positions.substr(0, 2) : positions);
     const int last = isRange ? PositionOf(positions.substr(3)) : first;
-    CheckPositions(form, first, last, positions);
-    PublishedElement& element = elements_[{form, first}];
-    if (!element.Add(CodeOf(cells))) Refuse("a second row for code", cells[kCode]);
-    element.name = cells[kElement];
+    CheckPositions(type, first, last, positions);
+    PublishedElement& element = elements_[{type, first}];
     element.first = first;
     element.last = last;
+    return element;
+}
+
+// The rows of an element mostly follow one another.
+void CodeStatus::AddRow(std::string_view line) {
+    const Cells cells = CellsOf(line);
+    const std::string_view place(line.data(), cells[kElement].data());
+    if (place != lastPlace_) {
+        lastElement_ = &ElementAt(cells[kField], cells[kForm], cells[kPositions]);
+        lastPlace_ = place;
+    }
+    if (!lastElement_->Add(CodeOf(cells))) Refuse("a second row for code", cells[kCode]);
+    lastElement_->name = cells[kElement];
 }
 
 const PublishedElement* CodeStatus::Find(CFType form, int first) const {

@@ -191,9 +191,4 @@ CodeLists LoadCodeLists() {
     return CodeLists(CodeStatus(DataFolder() + kCodes));
 }
 
-std::future<CodeLists> LoadCodeListsAside() {
-    return std::async(std::launch::async,
-                      [file = DataFolder() + kCodes] { return CodeLists(CodeStatus(file)); });
-}
-
 }  // namespace quillory

@@ -3,7 +3,6 @@
 #include <quillory/coded/CodeLists.h>
 #include <zorby/ini/INIProfile.h>
 
-#include <future>
 #include <string>
 
 namespace quillory {
@@ -55,7 +54,5 @@ void LoadWorkforms();
 
 // The codes of the control fields, with what is published of them. Throws FileError.
 CodeLists LoadCodeLists();
-// The same on a thread of its own, while other data is loaded.
-std::future<CodeLists> LoadCodeListsAside();
 
 }  // namespace quillory

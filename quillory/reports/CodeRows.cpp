@@ -37,7 +37,7 @@ CodeRow RowStart(const NamedElement& named) {
     return row;
 }
 
-void AddRow(CodeRow row, CFPart part, std::string_view list, const std::string& secondCode,
+void AddRow(CodeRow row, CFPart part, std::string_view list, std::string_view secondCode,
             const CodeMeaning& code, CodeRows& rows) {
     row.part = static_cast<int>(part);
     row.list = list;
@@ -56,7 +56,7 @@ std::vector<std::string> AddLibraryRows(const NamedElement& named, CFPart part,
     std::vector<std::string> codes;
     const CCFMenuData menu(part);
     for (const ListedCode& listed : LibraryCodesOf(part)) {
-        const std::string whole = listed.code + listed.secondCode;
+        const std::string whole = listed.Whole();
         CodeMeaning code = lists.Find(*named.element, whole);
         code.code = listed.code;
         code.text = listed.text;

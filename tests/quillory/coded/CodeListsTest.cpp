@@ -70,7 +70,7 @@ TEST(CodeStatus, PrefersTheCodeInForce) {
 // force or obsolete, but for codes of another service, and nothing is lost on either side.
 TEST(CodeLists, HoldEveryCodeOfBothSides) {
     const CodeStatus status(CODES_FILE);
-    const CodeLists lists(status);
+    const CodeLists lists{CodeStatus(CODES_FILE)};
     std::vector<CFType> forms = {CFLdr, CF008Standard};
     for (const auto& more : {FormsOf006(), FormsOf007()}) {
         forms.insert(forms.end(), more.begin(), more.end());
