@@ -39,7 +39,7 @@ private:
         function = reinterpret_cast<Function>(found);
     }
 
-    void* library_ = dlopen("libyaz.so.5", RTLD_NOW | RTLD_LOCAL);
+    void* library_ = dlopen("libyaz.so.5", RTLD_LAZY | RTLD_LOCAL);
 };
 
 yaz_iconv_t Handle(void* handle) {
