@@ -77,12 +77,11 @@ private:
 
 // The length of a field that stands at `start`, as its entry says; 0 if that is not plain.
 std::size_t Reader::PlainLength(const char* entry, std::size_t start) const {
-    constexpr std::int64_t kStarts = 100000;
-    const std::int64_t both = NineDigits(entry + kTagSize);
-    const auto size = static_cast<std::size_t>(both / kStarts);
-    const bool isPlain = both >= kStarts && both % kStarts == static_cast<std::int64_t>(start) &&
-                         size <= data_.size() - start && data_[start + size - 1] == kFieldEnd;
-    return isPlain ? size : 0;
+    const FieldSpan span = ReadSpan(entry + kTagSize);
+    const bool isPlain = span.length != 0 && span.start == start &&
+                         span.length <= data_.size() - start &&
+                         data_[start + span.length - 1] == kFieldEnd;
+    return isPlain ? span.length : 0;
 }
 
 bool Reader::ReadPlain(std::vector<CommFormatField>& fields) const {

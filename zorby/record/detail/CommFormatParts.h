@@ -34,25 +34,33 @@ inline CommFormatFault Fault(CommFormatReason reason, std::size_t offset,
     return {reason, offset, std::string(tag)};
 }
 
-// Returns the number that the nine digits at `digits` make, the length and the start in a directory
-// entry, or -1 if they are not all digits.
-inline std::int64_t NineDigits(const char* digits) {
+// What a directory entry says of its field.
+struct FieldSpan {
+    std::size_t length = 0;  // with the field end; 0 if the numbers are not all digits
+    std::size_t start = 0;
+};
+
+// Reads the nine digits of a directory entry after its tag.
+inline FieldSpan ReadSpan(const char* digits) {
     if constexpr (std::endian::native != std::endian::little) {
-        return DecimalField({digits, 9}, 0, 9);
+        const int length = DecimalField({digits, 4}, 0, 4);
+        const int start = DecimalField({digits + 4, 5}, 0, 5);
+        if (length < 0 || start < 0) return {};
+        return {static_cast<std::size_t>(length), static_cast<std::size_t>(start)};
     }
     constexpr std::uint64_t kHighHalves = 0xF0F0F0F0F0F0F0F0;
     constexpr std::uint64_t kOfDigits = 0x3030303030303030;
-    const unsigned first = static_cast<unsigned char>(digits[0]) - unsigned{'0'};
+    const unsigned last = static_cast<unsigned char>(digits[8]) - unsigned{'0'};
     std::uint64_t eight = 0;
-    std::memcpy(&eight, digits + 1, sizeof eight);
+    std::memcpy(&eight, digits, sizeof eight);
     const std::uint64_t misfits = ((eight & kHighHalves) ^ kOfDigits) |
                                   (((eight + 0x0606060606060606) & kHighHalves) ^ kOfDigits);
-    if (misfits != 0 || first > 9) return -1;
-    // Neighbours are put together: digits to pairs, pairs to fours, and these to the whole.
+    if (misfits != 0 || last > 9) return {};
+    // Neighbours are put together: digits to pairs, and pairs to fours.
     eight = ((eight & 0x0F0F0F0F0F0F0F0F) * (10 * 256 + 1)) >> 8;
     eight = ((eight & 0x00FF00FF00FF00FF) * (100 * 65536 + 1)) >> 16;
-    eight = ((eight & 0x0000FFFF0000FFFF) * (10000 * (std::uint64_t{1} << 32) + 1)) >> 32;
-    return static_cast<std::int64_t>(first * std::uint64_t{100000000} + eight);
+    constexpr std::uint64_t kFour = 0xFFFF;
+    return {eight & kFour, (eight >> 32 & kFour) * 10 + last};
 }
 
 // What stands in the fields of a record.
