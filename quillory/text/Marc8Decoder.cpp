@@ -14,13 +14,22 @@ bool IsHigh(char c) {
     return static_cast<unsigned char>(c) >= 0x80;
 }
 
+// Of a double diacritic.
+bool IsFirstHalf(char c) {
+    return c == '\xEB' || c == '\xFA';
+}
+
+bool IsSecondHalf(char c) {
+    return c == '\xEC' || c == '\xFB';
+}
+
 }  // namespace
 
 // Reads MARC-8 in units of diacritics and a letter, under the sets that escapes have designated.
 class Marc8Unicode::Decoder {
 public:
     Decoder(std::string_view text, Marc8Unicode& owner, std::string& out, Losses& losses)
-        : text_(text), owner_(owner), out_(out), losses_(losses), sets_(&owner.SetsFor({})) {}
+        : text_(text), owner_(owner), out_(out), losses_(losses), sets_(&owner.defaultSets_) {}
 
     void Run() {
         while (at_ < text_.size()) {
@@ -32,7 +41,7 @@ public:
             } else if (IsAsciiControl(c)) {
                 out_ += c;
                 ++at_;
-            } else {
+            } else if (!TakeKnownUnit()) {
                 TakeUnit();
             }
         }
@@ -46,6 +55,7 @@ private:
 
     void TakePlainRun();
     std::size_t TakeEscape();
+    bool TakeKnownUnit();
     void TakeUnit();
     bool TakeSecondHalf();
     std::size_t WidthHere() const;
@@ -76,6 +86,23 @@ void Marc8Unicode::Decoder::TakePlainRun() {
     at_ += run;
 }
 
+// Takes what most letters are, a byte or two that were met before. Result: whether it did.
+bool Marc8Unicode::Decoder::TakeKnownUnit() {
+    constexpr std::size_t kMost = 2;
+    const char first = text_[at_];
+    if (g0_.width != 1 || g1_.width != 1 || IsFirstHalf(first) || IsSecondHalf(first)) return false;
+    for (std::size_t size = 1; size <= std::min(kMost, text_.size() - at_); ++size) {
+        const Decoded* const known = sets_->Find(text_.substr(at_, size));
+        if (known == nullptr || known->outcome == YazConverter::kFailed) return false;
+        if (known->outcome == YazConverter::kIncomplete) continue;
+        if (known->utf8.empty()) return false;
+        out_ += known->utf8;
+        at_ += size;
+        return true;
+    }
+    return false;
+}
+
 // Result: bytes taken, 0 if there is no escape.
 std::size_t Marc8Unicode::Decoder::TakeEscape() {
     const Marc8Escape escape = ReadMarc8Escape(text_.substr(at_));
@@ -95,7 +122,7 @@ void Marc8Unicode::Decoder::Lose(std::string_view bytes) {
 // The first half of a double diacritic stands for both; a second half without it is lost.
 bool Marc8Unicode::Decoder::TakeSecondHalf() {
     const char c = text_[at_];
-    if (!g1_.escape.empty() || (c != '\xEC' && c != '\xFB')) return false;
+    if (!g1_.escape.empty() || !IsSecondHalf(c)) return false;
     if (!std::exchange(doubleMarkOpen_, false)) Lose(text_.substr(at_, 1));
     ++at_;
     return true;
@@ -139,7 +166,7 @@ bool Marc8Unicode::Decoder::LoseBrokenCharacter() {
 void Marc8Unicode::Decoder::TakeCharacter(std::string& unit) {
     const char c = text_[at_];
     const std::size_t size = std::min(WidthHere(), text_.size() - at_);
-    if (g1_.escape.empty() && (c == '\xEB' || c == '\xFA')) doubleMarkOpen_ = true;
+    if (g1_.escape.empty() && IsFirstHalf(c)) doubleMarkOpen_ = true;
     unit += text_.substr(at_, size);
     at_ += size;
 }

@@ -15,6 +15,17 @@ void KeepWithinLimit(Map& map) {
     if (map.size() >= kMostKept) map.clear();
 }
 
+// A unit that is too long for a number, a letter under many diacritics, is not kept.
+bool IsKept(std::string_view unit) {
+    return unit.size() < sizeof(std::uint64_t);
+}
+
+std::uint64_t KeyOf(std::string_view unit) {
+    std::uint64_t key = unit.size();
+    for (const char c : unit) key = key << 8 | static_cast<unsigned char>(c);
+    return key;
+}
+
 constexpr char32_t kHorn = 0x031B;
 
 // The horn is no diacritic of MARC-8, but four letters have it.
@@ -57,7 +68,10 @@ std::vector<char32_t> CodePoints(std::string_view utf8) {
 }  // namespace
 
 Marc8Unicode::Marc8Unicode(NormalForm form)
-    : form_(form), toUtf8_("UTF-8", "MARC-8"), toMarc8_("MARC-8", "UTF-8") {}
+    : form_(form),
+      toUtf8_("UTF-8", "MARC-8"),
+      toMarc8_("MARC-8", "UTF-8"),
+      defaultSets_(SetsFor({})) {}
 
 Marc8Unicode::Sets& Marc8Unicode::SetsFor(const std::string& escapes) {
     Sets& sets = sets_[escapes];
@@ -65,15 +79,16 @@ Marc8Unicode::Sets& Marc8Unicode::SetsFor(const std::string& escapes) {
     return sets;
 }
 
-// A unit that is too long for a number, a letter under many diacritics, is not kept.
+const Marc8Unicode::Decoded* Marc8Unicode::Sets::Find(std::string_view unit) const {
+    if (!IsKept(unit)) return nullptr;
+    const auto known = units.find(KeyOf(unit));
+    return known == units.end() ? nullptr : &known->second;
+}
+
 const Marc8Unicode::Decoded& Marc8Unicode::Decode(Sets& sets, const std::string& unit) {
-    std::uint64_t key = unit.size();
-    for (const char c : unit) key = key << 8 | static_cast<unsigned char>(c);
-    const bool isKept = unit.size() < sizeof key;
-    const auto known = isKept ? sets.units.find(key) : sets.units.end();
-    if (known != sets.units.end()) return known->second;
+    if (const Decoded* known = sets.Find(unit)) return *known;
     KeepWithinLimit(sets.units);
-    Decoded& decoded = isKept ? sets.units[key] : notKept_;
+    Decoded& decoded = IsKept(unit) ? sets.units[KeyOf(unit)] : notKept_;
     decoded.outcome = toUtf8_.Convert(sets.escapes + unit, decoded.utf8);
     decoded.utf8 = Normalized(decoded.utf8, form_);
     return decoded;

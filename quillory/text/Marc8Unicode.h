@@ -42,6 +42,9 @@ private:
     struct Sets {
         std::string escapes;
         std::unordered_map<std::uint64_t, Decoded> units;
+
+        // Null if it is not known.
+        const Decoded* Find(std::string_view unit) const;
     };
 
     Sets& SetsFor(const std::string& escapes);
@@ -56,6 +59,7 @@ private:
     YazConverter toUtf8_;
     YazConverter toMarc8_;
     std::unordered_map<std::string, Sets> sets_;
+    Sets& defaultSets_;
     Decoded notKept_;
     std::unordered_map<std::string, Encoded> encoded_;
 };
