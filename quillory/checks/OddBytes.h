@@ -29,8 +29,10 @@ public:
             }
             const char* const at = block_ + std::countr_zero(bits_);
             bits_ &= bits_ - 1;
-            return std::min(at, end_);
+            return at < end_ ? at : end_;
         }
+
+        const char* End() const { return end_; }
 
     private:
         friend class OddBytes;

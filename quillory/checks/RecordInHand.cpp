@@ -9,7 +9,7 @@ namespace {
 // As ForEachSubfield has them: what stands before the first delimiter, and a delimiter without a
 // code, are no subfields. They are put where there is room for them.
 void TakeSubfields(OddBytes::Cursor odd, CheckedField& field, SubfieldInHand* room) {
-    const char* const end = field.content.data() + field.content.size();
+    const char* const end = odd.End();
     const auto nextDelimiter = [&odd, &field, end] {
         for (;; field.isPlain = false) {
             const char* const at = odd.Next();
@@ -81,7 +81,7 @@ void RecordInHand::Take(const Record& record) {
             TakeSubfields(odd, field, subfields_.data() + usedSubfields_);
             usedSubfields_ += field.subfields;
         } else {
-            field.isPlain = odd.Next() == content.data() + content.size();
+            field.isPlain = odd.Next() == odd.End();
             field.lacksText = IsBlank(content);
         }
         isPlain_ = isPlain_ && field.isPlain;
