@@ -14,11 +14,12 @@ std::string_view ElementNameOf(const Repair& repair) {
     return repair.element == nullptr ? std::string_view() : repair.element->name;
 }
 
-// Whether both are counted in one row. The place is a field, or positions in it.
+// Whether both are counted in one row. The place is a field, or positions in it; an element never
+// has the same positions in two fields.
 bool AreAlike(const Repair& a, const Repair& b) {
-    return a.repairClass == b.repairClass && IsLeft(a) == IsLeft(b) && a.place.tag == b.place.tag &&
-           a.place.first == b.place.first && a.place.last == b.place.last &&
-           (a.element == b.element || ElementNameOf(a) == ElementNameOf(b));
+    return a.element == b.element && a.place.first == b.place.first &&
+           a.place.last == b.place.last && a.repairClass == b.repairClass &&
+           IsLeft(a) == IsLeft(b) && (a.element != nullptr || a.place.tag == b.place.tag);
 }
 
 // Mostly another one for what is not alike.
@@ -71,7 +72,10 @@ RepairTotals RepairCounter::Totals() const {
         const Repair& first = row.first;
         std::string place = GeneralPlace(first) + " ";
         place += ElementNameOf(first);
-        totals.rows[{first.repairClass, IsLeft(first), place}] = row;
+        // Elements of several forms may have the same place and name.
+        RepairRow& total = totals.rows[{first.repairClass, IsLeft(first), place}];
+        if (total.count == 0) total.first = first;
+        total.count += row.count;
     }
     return totals;
 }
