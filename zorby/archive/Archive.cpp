@@ -120,9 +120,8 @@ Stream& CArchive::Storing() const {
 std::uint32_t CArchive::Number(std::size_t size, std::uint64_t itemStart) {
     std::array<unsigned char, 4> bytes{};
     ReadWhole(bytes.data(), size, itemStart);
-    std::uint32_t number = 0;
-    for (std::size_t i = size; i-- > 0;) number = number << 8 | bytes[i];
-    return number;
+    return bytes[0] | std::uint32_t{bytes[1]} << 8 | std::uint32_t{bytes[2]} << 16 |
+           std::uint32_t{bytes[3]} << 24;
 }
 
 void CArchive::Put(std::uint32_t number, std::size_t size) {
