@@ -59,11 +59,13 @@ TEST(CodeStatus, NamesTheLineThatDoesNotFit) {
 TEST(CodeStatus, PrefersTheCodeInForce) {
     CodeStatus status;
     status.Add(kHeader + "008\tall\t15-17\tPlace\tai#\tobsolete\t\t\tam\tAnguilla\n" +
+                   "leader\tall\t05\tStatus\tx\tcurrent\t\t\t\tText\n" +
                    "008\tall\t15-17\tPlace\tai#\tcurrent\t\t\t\tArmenia\n",
                "codes.tsv");
     EXPECT_EQ(status.Find(CF008Standard, 15)->Find("ai ")->text, "Armenia");
     EXPECT_EQ(status.Find(CF008Standard, 15)->Find("ai"), nullptr);
     EXPECT_EQ(status.Find(CF008Standard, 16), nullptr);
+    EXPECT_EQ(status.Find(CFLdr, 5)->name, "Status");
 }
 
 // The library's lists and the published ones are of the same format: what the library has is in

@@ -288,6 +288,29 @@ TEST(TextConverter, AnyBytesGiveUtf8) {
     }
 }
 
+// What a reader has met before makes no difference.
+TEST(TextConverter, Marc8ReadsTheSameEachTime) {
+    constexpr std::string_view kBytes =
+        "ae\xE2\xE8\xEB\xEC\xFA\xFB\xB2\xAF \n\x1B"
+        "(NsB$1!";
+    std::mt19937 random(5);
+    Marc8Unicode known(kNormalFormC);
+    for (int i = 0; i < 3000; ++i) {
+        std::string text(random() % 9, ' ');
+        for (char& c : text) c = kBytes[random() % kBytes.size()];
+        std::string afresh;
+        std::string again;
+        Losses lostAfresh;
+        Losses lostAgain;
+        known.AppendUtf8(text, again, lostAgain);
+        if (i % 10 != 0) continue;
+        Marc8Unicode(kNormalFormC).AppendUtf8(text, afresh, lostAfresh);
+        EXPECT_EQ(again, afresh) << text;
+        EXPECT_EQ(lostAgain.First(kLossReplaced), lostAfresh.First(kLossReplaced)) << text;
+        EXPECT_EQ(lostAgain.First(kLossNoLetter), lostAfresh.First(kLossNoLetter)) << text;
+    }
+}
+
 TEST(Utf8, SizesAreThoseOfTheDecoder) {
     for (unsigned both = 0; both < 0x10000; ++both) {
         const std::string two{static_cast<char>(both >> 8), static_cast<char>(both & 0xFF)};
