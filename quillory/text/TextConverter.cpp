@@ -23,13 +23,6 @@ bool EndsWithDiacritic(std::string_view marc8) {
     return !marc8.empty() && static_cast<unsigned char>(marc8.back()) >= kFirstDiacritic;
 }
 
-// An escape to a set that the engine does not know.
-bool HasOtherScript(std::string_view marc8) {
-    const std::size_t escape = marc8.find(kEscapeToBasic.front());
-    return escape + 1 < marc8.size() &&
-           std::string_view("sgbp").find(marc8[escape + 1]) == std::string_view::npos;
-}
-
 bool HasCombining(std::string_view utf8) {
     const char* p = utf8.data();
     const char* const end = p + utf8.size();
@@ -103,23 +96,8 @@ IconvConverter& TextConverter::Other(Charset charset) {
     return *other;
 }
 
-// The engine drops what it can't read and writes in one way what can be written in several: it
-// holds a text only if it gives the same bytes back. An escape to the basic set at the very end
-// means nothing.
-bool TextConverter::EngineToUtf8(std::string_view marc8, std::string& out) {
-    if (marc8.ends_with(kEscapeToBasic)) marc8.remove_suffix(kEscapeToBasic.size());
-    if (HasOtherScript(marc8)) return false;
-    codes_ = marc8;
-    zorby::CSMARCToZorby(codes_);
-    check_ = codes_;
-    zorby::CSZorbyToMARC(check_);
-    if (check_ != marc8 || EndsWithDiacritic(marc8)) return false;
-    const std::size_t start = out.size();
-    if (QmUnicode::Of(form_).AppendUtf8(codes_, out)) return true;
-    out.resize(start);
-    return false;
-}
-
+// The engine writes in one way what can be written in several: it holds a text only if it gives the
+// same back. An escape to the basic set ends what would leave another one in force.
 bool TextConverter::EngineToMarc8(std::string_view utf8, std::string& out) {
     codes_.clear();
     if (!QmUnicode::Of(form_).AppendQm(utf8, codes_) || codes_.empty()) return false;
@@ -143,7 +121,7 @@ bool TextConverter::EngineToMarc8(std::string_view utf8, std::string& out) {
 
 void TextConverter::AppendMarc8AsUtf8(std::string_view text, std::string& out, Losses& losses) {
     const std::size_t start = out.size();
-    if (!EngineToUtf8(text, out)) SlowRoad().AppendUtf8(text, out, losses);
+    SlowRoad().AppendUtf8(text, out, losses);
     const std::string_view written = std::string_view(out).substr(start);
     if (!MayHoldReference(written)) return;
     std::string plain = WithoutReferences(written);

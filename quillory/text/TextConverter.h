@@ -12,8 +12,8 @@
 namespace quillory {
 
 // Carries text from one character set into another, a subfield at a time, since a diacritic does
-// not reach into the next one. The library's engine is the fast road of MARC-8, and Marc8Unicode
-// takes what the engine does not hold.
+// not reach into the next one. The library's engine is the fast road to MARC-8, and Marc8Unicode
+// takes what the engine does not hold, and all that comes from MARC-8.
 class TextConverter {
 public:
     // `from` and `to` are not auto. UTF-8 comes out in the normal form.
@@ -32,7 +32,6 @@ private:
     void AppendFromUtf8(std::string_view utf8, std::string& out, Losses& losses);
     void AppendMarc8AsUtf8(std::string_view text, std::string& out, Losses& losses);
     void AppendUtf8AsMarc8(std::string_view text, std::string& out, Losses& losses);
-    bool EngineToUtf8(std::string_view marc8, std::string& out);
     bool EngineToMarc8(std::string_view utf8, std::string& out);
     Marc8Unicode& SlowRoad();
     IconvConverter& Other(Charset charset);
