@@ -26,3 +26,8 @@ if(ZORBY_COVERAGE)
     add_compile_options(--coverage -O0)
     add_link_options(--coverage)
 endif()
+
+# Has an optimised build of a target take less time, where the code need not be as quick as it can be.
+function(build_quickly target)
+    target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-O1>)
+endfunction()
