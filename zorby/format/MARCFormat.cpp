@@ -28,6 +28,9 @@ char StoredIndicator(char indicator) {
 
 const CRuntimeClass CMARCFormat::kRuntimeClass = RuntimeClassOf<CMARCFormat>("CMARCFormat");
 
+CMARCFormat::CMARCFormat() = default;
+CMARCFormat::~CMARCFormat() = default;
+
 void CMARCFormat::Serialize(CArchive& archive) {
     SerializeItems(archive, name_, fields_, subfields_, explanations_, indicatorNames_, values_,
                    defaults_);

@@ -20,6 +20,13 @@ class ZORBY_EXPORT CMARCFormat : public CObject {
 public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
+
+    // Defined apart: what makes a dictionary is not to compile the lists anew.
+    CMARCFormat();
+    ~CMARCFormat() override;
+    CMARCFormat(const CMARCFormat&) = delete;
+    CMARCFormat& operator=(const CMARCFormat&) = delete;
+
     void Serialize(CArchive& archive) override;
 
     // Loads the dictionary from "MARCBibl.tfm" in the folder of the ApplicationPort in force, and

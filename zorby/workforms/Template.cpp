@@ -16,6 +16,9 @@ char IndicatorAt(std::string_view indicators, std::size_t position) {
 
 }  // namespace
 
+CTemplate::CTemplate() = default;
+CTemplate::~CTemplate() = default;
+
 void CTemplate::Serialize(CArchive& archive) {
     auto material = static_cast<std::int32_t>(material_);
     SerializeItems(archive, name_, id_, baseName_, material, main_, prompts_, rules_, reminders_,

@@ -34,7 +34,9 @@ public:
     static const CRuntimeClass kRuntimeClass;
     const CRuntimeClass* GetRuntimeClass() const override { return &kRuntimeClass; }
 
-    CTemplate() = default;
+    // Defined apart: what makes a workform is not to compile the lists anew.
+    CTemplate();
+    ~CTemplate() override;
     CTemplate(const CTemplate&) = delete;
     CTemplate& operator=(const CTemplate&) = delete;
 
