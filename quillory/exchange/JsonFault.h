@@ -2,10 +2,17 @@
 
 #include <quillory/exchange/Record.h>
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
 namespace quillory {
+
+// Why a text can't be read.
+struct JsonFault {
+    Fault fault;
+    std::optional<std::size_t> offset = {};  // in bytes, where the fault has a place
+};
 
 // Why a text is not JSON: the words of the parser's exception, without bytes of the text, and the
 // last of the bytes read. Offsets count from the start of the text.

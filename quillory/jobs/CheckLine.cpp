@@ -1,8 +1,6 @@
-#include <quillory/exchange/Nesting.h>
+#include <quillory/exchange/JsonTree.h>
 #include <quillory/jobs/CheckLine.h>
 #include <quillory/rules/RuleChoice.h>
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <charconv>
@@ -15,28 +13,54 @@
 namespace quillory {
 namespace {
 
-using nlohmann::json;
+JsonNode Parse(std::string_view text) {
+    JsonNode root;
+    if (ReadJson(text, root)) throw std::invalid_argument("no JSON");
+    return root;
+}
 
-std::string TextOf(const json& object, const char* name) {
-    const auto found = object.find(name);
-    return found == object.end() || found->is_null() ? "" : found->get<std::string>();
+const JsonNode& MemberOf(const JsonNode& object, std::string_view name) {
+    const JsonNode* member = object.Get(name);
+    if (member == nullptr) throw std::invalid_argument("no such member");
+    return *member;
+}
+
+const std::string& TextOf(const JsonNode& value) {
+    if (value.kind != JsonKind::Text) throw std::invalid_argument("no text");
+    return value.text;
+}
+
+// Of a member that may be missing, or null.
+std::string TextOf(const JsonNode& object, std::string_view name) {
+    const JsonNode* member = object.Get(name);
+    return member == nullptr || member->kind == JsonKind::Null ? "" : TextOf(*member);
 }
 
 // What is no number, or below 0, is refused.
-std::uint64_t NumberOf(const json& value) {
-    if (!value.is_number_unsigned()) throw std::invalid_argument("no number");
-    return value.get<std::uint64_t>();
+std::uint64_t NumberOf(const JsonNode& value) {
+    std::uint64_t number = 0;
+    const char* end = value.text.data() + value.text.size();
+    if (value.kind != JsonKind::Whole ||
+        std::from_chars(value.text.data(), end, number).ec != std::errc()) {
+        throw std::invalid_argument("no number");
+    }
+    return number;
 }
 
-Severity SeverityOf(const json& object) {
-    return SeverityNamed(object.at("severity").get<std::string>()).value();
+const std::vector<JsonNode>& ItemsOf(const JsonNode& value) {
+    if (value.kind != JsonKind::Array) throw std::invalid_argument("no array");
+    return value.items;
+}
+
+Severity SeverityOf(const JsonNode& object) {
+    return SeverityNamed(TextOf(MemberOf(object, "severity"))).value();
 }
 
 // A place that was written with question marks for bytes of its tag may be none.
-Place PlaceOfFinding(const json& finding) {
-    const json& number = finding.at("occurrence");
+Place PlaceOfFinding(const JsonNode& finding) {
+    const JsonNode& number = MemberOf(finding, "occurrence");
     const std::uint32_t occurrence =
-        number.is_null() ? 0 : static_cast<std::uint32_t>(NumberOf(number));
+        number.kind == JsonKind::Null ? 0 : static_cast<std::uint32_t>(NumberOf(number));
     if (auto place = ParsePlace(TextOf(finding, "place"))) {
         place->occurrence = occurrence;
         return *place;
@@ -48,34 +72,35 @@ Place PlaceOfFinding(const json& finding) {
     return code.empty() ? field : field.Subfield(code.front());
 }
 
-void ReadDamage(const json& object, CheckLine& line) {
-    const bool isStray = object.contains("stray");
+void ReadDamage(const JsonNode& object, CheckLine& line) {
+    const bool isStray = object.Get("stray") != nullptr;
     line.item.kind = isStray ? kItemStray : kItemDamaged;
     line.item.controlNumber = TextOf(object, "control_number");
-    line.reason = object.at(isStray ? "stray" : "damaged").get<std::string>();
+    line.reason = TextOf(MemberOf(object, isStray ? "stray" : "damaged"));
     line.item.fault.emplace();
-    line.item.fault->offset = NumberOf(object.at("fault_offset"));
+    line.item.fault->offset = NumberOf(MemberOf(object, "fault_offset"));
 }
 
-void ReadWords(const json& object, CheckLine& line) {
-    line.words = {object.at("control_number").get<std::string>(),
-                  object.at("title").get<std::string>(),
-                  object.at("material").get<std::string>(),
+void ReadWords(const JsonNode& object, CheckLine& line) {
+    line.words = {TextOf(MemberOf(object, "control_number")),
+                  TextOf(MemberOf(object, "title")),
+                  TextOf(MemberOf(object, "material")),
                   {},
                   {}};
 }
 
-void ReadLines(const json& object, CheckLine& line) {
-    if (!object.contains("fields")) return;
-    for (const json& field : object.at("fields")) {
-        auto text = field.get<std::string>();
+void ReadLines(const JsonNode& object, CheckLine& line) {
+    const JsonNode* fields = object.Get("fields");
+    if (fields == nullptr) return;
+    for (const JsonNode& field : ItemsOf(*fields)) {
+        std::string text = TextOf(field);
         // The leader comes first.
         std::string tag = line.words.lines.empty() ? "" : text.substr(0, kTagSize);
         line.words.lines.push_back({std::move(tag), std::move(text)});
     }
 }
 
-void ReadSeverities(const json& object, CheckLine& line) {
+void ReadSeverities(const JsonNode& object, CheckLine& line) {
     line.severities.clear();
     for (const auto& [member, rule] : {std::pair("001_severity", RuleId::ControlNumberRepeated),
                                        std::pair("number_severity", RuleId::NumberRepeated)}) {
@@ -84,33 +109,35 @@ void ReadSeverities(const json& object, CheckLine& line) {
     }
 }
 
-void ReadNumbersOf(const json& object, CheckLine& line) {
+void ReadNumbersOf(const JsonNode& object, CheckLine& line) {
     line.numbers.clear();
-    const auto numbers = object.find("numbers");
-    if (numbers != object.end()) numbers->get_to(line.numbers);
+    const JsonNode* numbers = object.Get("numbers");
+    if (numbers == nullptr) return;
+    for (const JsonNode& number : ItemsOf(*numbers)) line.numbers.push_back(TextOf(number));
 }
 
 // What the members before the findings say, and those after them.
-void TakeHead(const json& object, CheckLine& line) {
-    line.file = object.at("file").get<std::string>();
-    line.item.Begin(kItemRecord, NumberOf(object.at("offset")), {});
-    line.item.number = NumberOf(object.at("record"));
+void TakeHead(const JsonNode& object, CheckLine& line) {
+    line.file = TextOf(MemberOf(object, "file"));
+    line.item.Begin(kItemRecord, NumberOf(MemberOf(object, "offset")), {});
+    line.item.number = NumberOf(MemberOf(object, "record"));
     line.remarks.clear();
-    if (object.contains("fault_offset")) {
+    if (object.Get("fault_offset") != nullptr) {
         ReadDamage(object, line);
     } else {
         ReadWords(object, line);
     }
 }
 
-void TakeTail(const json& object, CheckLine& line) {
+void TakeTail(const JsonNode& object, CheckLine& line) {
     line.words.fault = TextOf(object, "fault");
     ReadLines(object, line);
     ReadNumbersOf(object, line);
     ReadSeverities(object, line);
-    line.numbersAt =
-        object.contains("numbers_at") ? NumberOf(object.at("numbers_at")) : line.remarks.size();
-    line.controlNumber = object.contains("001") ? TextOf(object, "001") : line.words.controlNumber;
+    const JsonNode* numbersAt = object.Get("numbers_at");
+    line.numbersAt = numbersAt != nullptr ? NumberOf(*numbersAt) : line.remarks.size();
+    line.controlNumber =
+        object.Get("001") != nullptr ? TextOf(object, "001") : line.words.controlNumber;
     if (!line.controlNumber.empty()) line.item.record.fields.push_back({"001", line.controlNumber});
 }
 
@@ -140,13 +167,12 @@ const Rule* CheckLineReader::RuleFor(const std::string& name, const std::string&
     return byName_[name] = &rules_.emplace_back(rule);
 }
 
-Remark CheckLineReader::RemarkOf(const std::string& finding) {
-    const json object = json::parse(finding);
-    const Rule* rule = RuleFor(object.at("rule").get<std::string>(), TextOf(object, "title"),
-                               TextOf(object, "why"));
+Remark CheckLineReader::RemarkOf(const JsonNode& finding) {
+    const Rule* rule = RuleFor(TextOf(MemberOf(finding, "rule")), TextOf(finding, "title"),
+                               TextOf(finding, "why"));
     if (rule == nullptr) throw std::length_error("too many rules");
-    return {rule, SeverityOf(object), PlaceOfFinding(object),
-            object.at("message").get<std::string>()};
+    return {rule, SeverityOf(finding), PlaceOfFinding(finding),
+            TextOf(MemberOf(finding, "message"))};
 }
 
 // The same findings come in record after record.
@@ -156,7 +182,7 @@ const Remark& CheckLineReader::KnownRemark(std::string_view finding) {
     if (known != known_.end()) return known->second;
     if (known_.size() >= kMost) known_.clear();
     std::string text(finding);
-    Remark remark = RemarkOf(text);
+    Remark remark = RemarkOf(Parse(text));
     return known_.emplace(std::move(text), std::move(remark)).first->second;
 }
 
@@ -166,14 +192,13 @@ bool CheckLineReader::Read(std::string_view text, CheckLine& line) {
     } catch (const std::exception&) {
         line.remarks.clear();  // the whole says what is wrong
     }
-    if (TooDeepInJson(text)) return false;
     try {
-        const json object = json::parse(text);
+        const JsonNode object = Parse(text);
         TakeHead(object, line);
         ReadNumbersOf(object, line);
         if (line.item.kind != kItemRecord) return true;
-        for (const json& finding : object.at("findings")) {
-            line.remarks.push_back(RemarkOf(finding.dump()));
+        for (const JsonNode& finding : ItemsOf(MemberOf(object, "findings"))) {
+            line.remarks.push_back(RemarkOf(finding));
         }
         TakeTail(object, line);
         return true;
@@ -193,7 +218,7 @@ bool CheckLineReader::ReadInParts(std::string_view text, CheckLine& line) {
     if (head == text.npos || !text.ends_with("]}")) return false;
     const std::size_t begin = head + kFindings.size();
     const std::size_t end = std::min(text.find(kNextMember, begin - 1), text.size() - 2);
-    TakeHead(json::parse(std::string(text.substr(0, head)) + "}"), line);
+    TakeHead(Parse(std::string(text.substr(0, head)) + "}"), line);
     std::string_view findings = text.substr(begin, std::max(begin, end) - begin);
     while (!findings.empty()) {
         const std::string_view finding = findings.substr(0, findings.find(kNextFinding));
@@ -201,7 +226,7 @@ bool CheckLineReader::ReadInParts(std::string_view text, CheckLine& line) {
         findings.remove_prefix(std::min(finding.size() + 1, findings.size()));
     }
     const std::string_view tail = text.substr(std::min(end + 2, text.size() - 1));
-    TakeTail(json::parse("{" + std::string(tail)), line);
+    TakeTail(Parse("{" + std::string(tail)), line);
     return true;
 }
 
@@ -215,7 +240,7 @@ bool CheckLineReader::ReadNumbers(std::string_view text, CheckLine& line) {
     }
     try {
         const std::string object = "{" + std::string(text.substr(numbers + 1));
-        ReadNumbersOf(json::parse(object), line);
+        ReadNumbersOf(Parse(object), line);
         return true;
     } catch (const std::exception&) {
         return Read(text, line);
@@ -227,9 +252,9 @@ bool CheckLineReader::ReadHead(std::string_view text, CheckLine& line) {
     if (!text.starts_with(kFileMember) || end == text.npos) return false;
     const std::string_view file = text.substr(kFileMember.size(), end - kFileMember.size());
     if (file != fileAsJson_) {
-        const json name = json::parse(file, nullptr, false);
-        if (!name.is_string()) return false;
-        file_ = name.get<std::string>();
+        JsonNode name;
+        if (ReadJson(file, name) || name.kind != JsonKind::Text) return false;
+        file_ = std::move(name.text);
         fileAsJson_ = file;
     }
     line.file = file_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillory/exchange/JsonTree.h>
 #include <quillory/exchange/Record.h>
 #include <quillory/jobs/CheckReport.h>
 
@@ -45,7 +46,7 @@ private:
 
     bool ReadInParts(std::string_view text, CheckLine& line);
     bool ReadHead(std::string_view text, CheckLine& line);
-    Remark RemarkOf(const std::string& finding);
+    Remark RemarkOf(const JsonNode& finding);
     const Remark& KnownRemark(std::string_view finding);
     // The rule of that name as it is in the table, or else one of these texts, whose words are what
     // was found. Null if there are too many.

@@ -9,9 +9,8 @@ from pathlib import Path
 CHECK_ONE_PLACE = Path(__file__).resolve().parents[2] / "tools" / "check-one-place"
 PLACES = {"quillory/arguments/Arguments.cpp": "#include <CLI/CLI.hpp>\nCLI::App app;\n",
           "quillory/exchange/Output.cpp": "int out = dup(STDOUT_FILENO);\n",
+          "quillory/exchange/JsonTree.cpp": "nlohmann::json value;\n",
           "quillory/exchange/MarcJsonReader.cpp": "#include <nlohmann/json.hpp>\n",
-          "quillory/holdings/HoldingsJson.cpp": "nlohmann::json value;\n",
-          "quillory/jobs/CheckLine.cpp": "#include <nlohmann/json.hpp>\n",
           "quillory/pages/PangoPages.cpp": "#include <pango/pangocairo.h>\ncairo_t* pen;\n",
           "quillory/queries/RegularExpression.cpp": "#include <re2/re2.h>\nRE2 pattern;\n"}
 
