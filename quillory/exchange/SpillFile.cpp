@@ -11,7 +11,7 @@
 namespace quillory {
 namespace {
 
-constexpr std::size_t kBlock = 65536;
+constexpr std::size_t kChunkSize = 65536;
 
 [[noreturn]] void FailToSpill(const char* what) {
     throw FileError(std::string("a temporary file ") + what + ": " + std::strerror(errno) +
@@ -41,7 +41,7 @@ SpillFile::~SpillFile() {
 
 void SpillFile::Write(std::string_view bytes) {
     pending_ += bytes;
-    if (pending_.size() >= kBlock) Flush();
+    if (pending_.size() >= kChunkSize) Flush();
 }
 
 void SpillFile::Flush() {
@@ -69,7 +69,7 @@ std::size_t SpillFile::ReadAt(std::uint64_t offset, std::span<char> target) {
 }
 
 void SpillFile::CopyTo(Output& output) {
-    std::vector<char> block(kBlock);
+    std::vector<char> block(kChunkSize);
     std::uint64_t offset = 0;
     while (const std::size_t size = ReadAt(offset, block)) {
         output.Write({block.data(), size});
