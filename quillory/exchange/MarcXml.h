@@ -3,6 +3,7 @@
 #include <quillory/exchange/Input.h>
 #include <quillory/exchange/MarkupWriter.h>
 #include <quillory/exchange/PlainXml.h>
+#include <quillory/exchange/PlainXmlAhead.h>
 #include <quillory/exchange/PlainXmlRun.h>
 #include <quillory/exchange/RecordRuns.h>
 #include <quillory/exchange/TextPlace.h>
@@ -30,8 +31,9 @@ public:
 
     bool Next(Item& item) override;
 
-    // Records that can be read without the parser. They are read here, since only then is it known
-    // where the next one begins, but where they are given, nothing of them is copied.
+    // Records that can be read without the parser. They are read here, half of them in a thread
+    // beside, since only then is it known where the next one begins. Where they are given, nothing
+    // of them is copied.
     RecordRun PassOver(std::size_t most) override;
     std::unique_ptr<RecordReader> ReaderOf(const RecordRun& run, Input& input) const override;
 
@@ -40,7 +42,7 @@ private:
     std::string_view NextPiece();
     bool Feed();
     bool CanReadPlain();
-    PlainXml::Reading ReadPlain(std::string_view xml, XmlRecord& record);
+    PlainXmlAhead::Part ReadRun(std::string_view xml, std::size_t most);
     void PassPlain(std::size_t bytes);
     bool ReadPlain();
     bool TakeNext();
@@ -59,6 +61,7 @@ private:
     std::optional<XmlRecords> records_{std::in_place};
     PlainXml plain_;
     PlainXmlRuns runs_;
+    PlainXmlAhead ahead_;
     XmlRecord record_;                      // given last, or to be given
     bool isPlain_ = false;                  // record_ was read without the parser
     bool isToGive_ = false;                 // record_, which has been read

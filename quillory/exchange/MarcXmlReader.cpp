@@ -45,19 +45,10 @@ bool MarcXmlReader::CanReadPlain() {
     return true;
 }
 
-// Reads a record without the parser. `xml` is what the parser would get next.
-PlainXml::Reading MarcXmlReader::ReadPlain(std::string_view xml, XmlRecord& record) {
-    const auto reading = plain_.Read(xml, record.builder);
-    if (reading != PlainXml::kRead) return reading;
-    record.start = fed_ + plain_.Blanks();
-    record.end = fed_ + plain_.Size();
-    fed_ = record.end;
-    return reading;
-}
-
 // The parser is to pass over the next bytes, since they were read without it.
 void MarcXmlReader::PassPlain(std::size_t bytes) {
     if (!lineFed_) lineFed_ = place_.at.line;
+    fed_ += bytes;
     records_->PassOver(bytes);
 }
 
@@ -65,16 +56,28 @@ void MarcXmlReader::PassPlain(std::size_t bytes) {
 bool MarcXmlReader::ReadPlain() {
     if (!CanReadPlain()) return false;
     std::string_view window = input_.Peek(1);
-    auto reading = ReadPlain(window, record_);
+    auto reading = plain_.Read(window, record_.builder);
     while (reading == PlainXml::kCutShort && window.size() < kMuch) {
         const std::size_t before = window.size();
         window = input_.Peek(before + kPiece);
         if (window.size() == before) break;
-        reading = ReadPlain(window, record_);
+        reading = plain_.Read(window, record_.builder);
     }
     if (reading != PlainXml::kRead) return false;
+    record_.start = fed_ + plain_.Blanks();
+    record_.end = fed_ + plain_.Size();
     PassPlain(plain_.Size());
     return true;
+}
+
+// Takes what was read ahead, or reads records of about `most` bytes while others are read ahead.
+PlainXmlAhead::Part MarcXmlReader::ReadRun(std::string_view xml, std::size_t most) {
+    const std::string& tag = records_->RecordTag();
+    if (auto part = ahead_.Take(fed_, tag)) return *std::move(part);
+    ahead_.Begin(xml, fed_, tag, runs_, input_.Hold());
+    auto run = runs_.Take();
+    const std::size_t size = run->Read(plain_, xml, fed_, std::min(most, ahead_.BytesBefore(fed_)));
+    return {std::move(run), size};
 }
 
 // Those that are in memory as a whole.
@@ -83,15 +86,12 @@ RecordRun MarcXmlReader::PassOver(std::size_t most) {
     RecordRun run{{}, input_.Offset(), count_};
     if (isToGive_ || !records_->Empty() || !CanReadPlain()) return run;
     const std::string_view window = input_.Peek(1);
-    const auto records = runs_.Take();
-    while (taken_ < most && ReadPlain(window.substr(taken_), records->Next()) == PlainXml::kRead) {
-        records->Add();
-        taken_ += plain_.Size();
-    }
-    if (taken_ == 0) return run;
-    PassPlain(taken_);
+    const auto [records, size] = ReadRun(window, most);
+    if (size == 0) return run;
+    PassPlain(size);
+    taken_ = size;
     inDamage_ = false;
-    run.bytes = window.substr(0, taken_);
+    run.bytes = window.substr(0, size);
     run.records = records->Size();
     run.holder = HolderOf(records, input_.Hold());
     count_ += run.records;

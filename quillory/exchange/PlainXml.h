@@ -18,6 +18,9 @@ public:
     // `tag` begins a record, whose elements are known to be those of MARC 21 XML: without its ">".
     void SetStartTag(std::string_view tag);
 
+    // The end tag of such a record.
+    const std::string& RecordEnd() const { return recordEnd_; }
+
     enum Reading { kRead, kNotPlain, kCutShort };
 
     // Reads white space and a record at the front of `xml`, which is cut short if the record may

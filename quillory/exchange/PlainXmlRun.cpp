@@ -13,15 +13,23 @@ struct Holder {
 
 }  // namespace
 
-XmlRecord& PlainXmlRun::Next() {
-    if (size_ == records_.size()) records_.emplace_back();
-    return records_[size_];
+std::size_t PlainXmlRun::Read(PlainXml& plain, std::string_view xml, std::uint64_t offset,
+                              std::size_t most) {
+    std::size_t taken = 0;
+    for (size_ = 0; taken < most; ++size_) {
+        if (size_ == records_.size()) records_.emplace_back();
+        XmlRecord& record = records_[size_];
+        if (plain.Read(xml.substr(taken), record.builder) != PlainXml::kRead) break;
+        record.start = offset + taken + plain.Blanks();
+        taken += plain.Size();
+        record.end = offset + taken;
+    }
+    return taken;
 }
 
 std::shared_ptr<PlainXmlRun> PlainXmlRuns::Take() {
     const auto spare = std::ranges::find(runs_, 1, [](const auto& run) { return run.use_count(); });
     if (spare == runs_.end()) return runs_.emplace_back(std::make_shared<PlainXmlRun>());
-    (*spare)->Clear();
     return *spare;
 }
 

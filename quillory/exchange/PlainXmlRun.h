@@ -1,5 +1,6 @@
 #pragma once
 
+#include <quillory/exchange/PlainXml.h>
 #include <quillory/exchange/RecordRuns.h>
 #include <quillory/exchange/XmlRecords.h>
 
@@ -16,24 +17,21 @@ namespace quillory {
 // threads.
 class PlainXmlRun {
 public:
-    // Where the next record is to be read to; it is part of the run once it is added. Its room is
-    // that of a record before Clear.
-    XmlRecord& Next();
-    void Add() { ++size_; }
-    void Clear() { size_ = 0; }
+    // Reads records from the front of `xml`, which begins at `offset`, until `most` bytes are read
+    // or something else comes. Result: how many bytes were read.
+    std::size_t Read(PlainXml& plain, std::string_view xml, std::uint64_t offset, std::size_t most);
 
     std::size_t Size() const { return size_; }
     const XmlRecord& At(std::size_t index) const { return records_[index]; }
 
 private:
-    std::vector<XmlRecord> records_;
+    std::vector<XmlRecord> records_;  // and room for more, that of records before Read
     std::size_t size_ = 0;
 };
 
 // Keeps room for runs, which is used again once nobody holds a run any more.
 class PlainXmlRuns {
 public:
-    // An empty run.
     std::shared_ptr<PlainXmlRun> Take();
 
 private:

@@ -54,6 +54,30 @@ class SharedWork(Cli):
                 for jobs in ("2", "5"):
                     self.assertEqual(self.outcome(*command, "--jobs", jobs, source), alone)
 
+    def test_nothing_differs_in_xml(self):
+        xml = self.convert(self.path("many.mrc", self.sound), "many.xml", "--to", "xml")
+        pieces = xml.read_bytes().split(b"</record>")
+        pieces = pieces[:len(pieces) // 4] + pieces[-1:]
+        # What looks like records, and isn't.
+        inert = b"</record>".join([b"", *pieces[1:6], b""]).replace(b"--", b"")
+        inert = (b"<!--" + inert + b"-->", b"<?x " + inert + b"?>", b"<![CDATA[" + inert + b"]]>")
+        odd = (b"<![CDATA[</record>]]>", b"</record>", b"<record/>", b"<record></record>",
+               b"<m:record xmlns:m='urn:m'></m:record>", b"<x></record>", b"<x/>", b" ", b"&amp;",
+               b"</collection><collection>", b"</collection><?xml version='1.0'?>", b"\xff",
+               b"<record><leader>")
+        random.seed(2)
+        for turn in range(60):
+            parts = list(pieces)
+            for at in random.sample(range(1, len(parts)), random.choice((0, 30, 100))):
+                parts[at] = random.choice(inert) + parts[at]
+            for at in random.sample(range(1, len(parts)), random.choice((0, 1, 20))):
+                cut = random.choice((0, parts[at].find(b"<"), random.randrange(len(parts[at]) + 1)))
+                parts[at] = parts[at][:cut] + random.choice(odd) + parts[at][cut:]
+            source = self.path("odd.xml", b"</record>".join(parts))
+            with self.subTest(turn):
+                alone = run("convert", "--to", "marc", "--jobs", "1", source)
+                self.assertEqual(run("convert", "--to", "marc", "--jobs", "2", source), alone)
+
     def test_a_closed_pipe_ends_the_work_though_more_could_be_read(self):
         with subprocess.Popen([QUILLORY, "convert", "--jobs", "3", "--to", "mrk"],
                               stdin=subprocess.PIPE, stdout=subprocess.PIPE, bufsize=0) as convert:
