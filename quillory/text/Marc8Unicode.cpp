@@ -1,3 +1,4 @@
+#include <quillory/text/DefaultSets.h>
 #include <quillory/text/Marc8Unicode.h>
 
 #include <algorithm>
@@ -86,10 +87,12 @@ const Marc8Unicode::Decoded* Marc8Unicode::Sets::Find(std::string_view unit) con
 }
 
 const Marc8Unicode::Decoded& Marc8Unicode::Decode(Sets& sets, const std::string& unit) {
-    if (const Decoded* known = sets.Find(unit)) return *known;
+    if (const Decoded* kept = sets.Find(unit)) return *kept;
     KeepWithinLimit(sets.units);
     Decoded& decoded = IsKept(unit) ? sets.units[KeyOf(unit)] : notKept_;
-    decoded.outcome = toUtf8_.Convert(sets.escapes + unit, decoded.utf8);
+    const std::string marc8 = sets.escapes + unit;
+    const auto known = DecodeInDefaultSets(marc8, decoded.utf8);
+    decoded.outcome = known ? *known : toUtf8_.Convert(marc8, decoded.utf8);
     decoded.utf8 = Normalized(decoded.utf8, form_);
     return decoded;
 }

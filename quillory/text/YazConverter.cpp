@@ -42,21 +42,16 @@ private:
     void* library_ = dlopen("libyaz.so.5", RTLD_LAZY | RTLD_LOCAL);
 };
 
-yaz_iconv_t Handle(void* handle) {
-    return static_cast<yaz_iconv_t>(handle);
-}
-
 }  // namespace
 
-YazConverter::YazConverter(const char* to, const char* from)
-    : handle_(Yaz::Loaded().open(to, from)) {
-    if (handle_ == nullptr) {
-        throw std::runtime_error(std::string("libyaz has no converter from ") + from + " to " + to);
-    }
+YazConverter::~YazConverter() {
+    if (handle_ != nullptr) Yaz::Loaded().close(static_cast<yaz_iconv_t>(handle_));
 }
 
-YazConverter::~YazConverter() {
-    Yaz::Loaded().close(Handle(handle_));
+void* YazConverter::Handle() {
+    if (handle_ == nullptr) handle_ = Yaz::Loaded().open(to_, from_);
+    if (handle_ != nullptr) return handle_;
+    throw std::runtime_error(std::string("libyaz has no converter from ") + from_ + " to " + to_);
 }
 
 YazConverter::Outcome YazConverter::Convert(std::string in, std::string& out) {
@@ -68,11 +63,11 @@ YazConverter::Outcome YazConverter::Convert(std::string in, std::string& out) {
     char* target = out.data();
     std::size_t targetLeft = out.size();
     const Yaz& yaz = Yaz::Loaded();
-    yaz.convert(Handle(handle_), nullptr, nullptr, nullptr, nullptr);
-    const std::size_t result =
-        yaz.convert(Handle(handle_), &source, &sourceLeft, &target, &targetLeft);
-    const int error = yaz.error(Handle(handle_));
-    yaz.convert(Handle(handle_), nullptr, nullptr, &target, &targetLeft);
+    auto* const handle = static_cast<yaz_iconv_t>(Handle());
+    yaz.convert(handle, nullptr, nullptr, nullptr, nullptr);
+    const std::size_t result = yaz.convert(handle, &source, &sourceLeft, &target, &targetLeft);
+    const int error = yaz.error(handle);
+    yaz.convert(handle, nullptr, nullptr, &target, &targetLeft);
     out.resize(out.size() - targetLeft);
     if (result != static_cast<std::size_t>(-1)) return kDone;
     return error == YAZ_ICONV_EINVAL ? kIncomplete : kFailed;
