@@ -40,7 +40,7 @@ CarrierWorker::CarrierWorker(const CarrierOptions& options, const Form& form,
                              const WriterOptions& writing, Reporter& reporter, Steps& steps,
                              Ends ends)
     : steps_(steps),
-      ends_(ends),
+      ends_(std::move(ends)),
       writer_(form.makeWriter(output_, PartOf(writing))),
       carrier_(options, *writer_, Memory(options, rejected_), reporter) {}
 
@@ -51,11 +51,12 @@ void CarrierWorker::Take(Item& item) {
 }
 
 void CarrierWorker::EndBatch() {
+    ends_.endBatch();
     const auto carried = ends_.room.Take();
     carried->totals = carrier_.TakeTotals();
     std::swap(carried->written, written_);
     std::swap(carried->rejected, rejected_);
-    steps_.emplace_back([ends = ends_, carried] {
+    steps_.emplace_back([&ends = ends_, carried] {
         ends.carrier.Add(carried->totals, carried->rejected);
         ends.output.Write(carried->written);
         ends.room.GiveBack(carried);

@@ -5,6 +5,7 @@
 #include <quillory/jobs/Carrier.h>
 #include <quillory/jobs/ItemWorker.h>
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <vector>
@@ -32,8 +33,9 @@ private:
 // Carries records into memory, as its share of the work of a carrier and its output.
 class CarrierWorker : public ItemWorker {
 public:
-    // Where what was carried goes to.
+    // What is called after each batch, and where what was carried goes to.
     struct Ends {
+        std::function<void()> endBatch;
         Carrier& carrier;
         Output& output;
         CarriedRoom& room;

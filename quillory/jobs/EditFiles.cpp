@@ -40,25 +40,32 @@ public:
         };
     }
 
-    // What is told comes as steps.
-    Preparation PrepareShare(EditTask task, Reporter& own, Steps& steps) {
+    // What is told and counted comes as steps.
+    PreparationShare PrepareShare(EditTask task, Reporter& own, Steps& steps) {
         const auto editor = std::make_shared<RecordEditor>(std::move(task), options_);
-        return [this, editor, &own, &steps](Item& item, Losses& losses) {
+        const auto totals = std::make_shared<EditTotals>();  // of a batch
+        const auto prepare = [this, editor, totals, &own, &steps](Item& item, Losses& losses) {
             const Edit& done = editor->Carry(item.record, losses);
             if (done.refused) SayRefused(item, *done.refused, own);
-            std::shared_ptr<KeptItem> kept;
-            if (!done.changes.empty()) kept = std::make_shared<KeptItem>(item);
-            steps.emplace_back([this, done, kept] {
-                totals_.Count(done);
-                if (kept) report_.TakeRecord(kept->Get(), done);
-            });
+            totals->Count(done);
+            if (!done.changes.empty()) Tell(item, done, steps);
             return std::string();
         };
+        const auto endBatch = [this, totals, &steps] {
+            steps.emplace_back(
+                [this, counted = std::exchange(*totals, {})] { totals_.Add(counted); });
+        };
+        return {prepare, endBatch};
     }
 
     const EditTotals& Totals() const { return totals_; }
 
 private:
+    void Tell(const Item& item, const Edit& done, Steps& steps) {
+        const auto kept = std::make_shared<KeptItem>(item);
+        steps.emplace_back([this, done, kept] { report_.TakeRecord(kept->Get(), done); });
+    }
+
     EditorOptions options_;
     EditReport& report_;
     EditTotals totals_;

@@ -21,6 +21,12 @@ struct EditTotals {
         changes += edit.changes.size();
         if (edit.refused) ++refused;
     }
+    void Add(const EditTotals& others) {
+        records += others.records;
+        edited += others.edited;
+        changes += others.changes;
+        refused += others.refused;
+    }
 };
 
 // Is given what edits do, record by record.

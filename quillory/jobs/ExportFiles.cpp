@@ -87,7 +87,7 @@ Status ExportFiles(ExportOptions options, Reporter& reporter) {
     };
     const Status written =
         WriteItems(files, options.input.charset, options.output, reporter, prepare(reporter),
-                   [&](Reporter& own, Steps&) { return prepare(own); });
+                   [&](Reporter& own, Steps&) { return PreparationShare{prepare(own)}; });
     return readAll ? std::max(written, holdings.SayUnused(reporter)) : written;
 }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -81,10 +82,7 @@ public:
                     return true;
                 },
                 [this](Reporter& own, Steps& steps) {
-                    const auto taker = std::make_shared<ValueTaker>(columns_, charset_);
-                    return MakeWorker([this, taker, &own, &steps](const Item& item) {
-                        Share(item, *taker, own, steps);
-                    });
+                    return std::make_unique<Worker>(*this, own, steps);
                 }};
     }
 
@@ -99,11 +97,36 @@ public:
     }
 
 private:
-    void Share(const Item& item, ValueTaker& taker, Reporter& own, Steps& steps) {
-        if (DamageKeeper::Say(item, own)) steps.emplace_back([this, &item] { damage_.Keep(item); });
-        if (item.kind != kItemRecord) return;
-        steps.emplace_back([this, values = taker.Take(item.record)] { table_.TakeRecord(values); });
-    }
+    // Values of records that follow one another go into the table in one step.
+    class Worker : public ItemWorker {
+    public:
+        Worker(ExtractRun& run, Reporter& own, Steps& steps)
+            : run_(run), own_(own), steps_(steps), taker_(run.columns_, run.charset_) {}
+
+        void Take(Item& item) override {
+            if (item.kind != kItemRecord || item.fault) TakeDamage(item);
+            if (item.kind == kItemRecord) rows_.push_back(taker_.Take(item.record));
+        }
+        void EndBatch() override {
+            if (rows_.empty()) return;
+            steps_.emplace_back([&run = run_, rows = std::exchange(rows_, {})] {
+                for (const TableValues& values : rows) run.table_.TakeRecord(values);
+            });
+        }
+
+    private:
+        void TakeDamage(const Item& item) {
+            EndBatch();
+            if (!DamageKeeper::Say(item, own_)) return;
+            steps_.emplace_back([&run = run_, &item] { run.damage_.Keep(item); });
+        }
+
+        ExtractRun& run_;
+        Reporter& own_;
+        Steps& steps_;
+        ValueTaker taker_;
+        std::vector<TableValues> rows_;
+    };
 
     const std::vector<PlaceSet>& columns_;
     Charset charset_;

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <memory>
 #include <random>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -147,23 +148,59 @@ private:
     ItemJob Job() {
         ItemJob job{[this](const Item& item) { return Take(item); }};
         if (!options_.first && options_.numbers.empty() && options_.ids.empty()) {
-            job.makeWorker = [this](Reporter& own, Steps& steps) { return Share(own, steps); };
+            job.makeWorker = [this](Reporter& own, Steps& steps) {
+                return std::make_unique<Worker>(*this, own, steps);
+            };
         }
         return job;
     }
 
-    std::unique_ptr<ItemWorker> Share(Reporter& own, Steps& steps) {
-        const auto choice = std::make_shared<Choice>(options_);
-        return MakeWorker([this, choice, &own, &steps](const Item& item) {
-            const bool isDamaged = item.kind != kItemFrame && DamageKeeper::Say(item, own);
-            const bool isPicked = item.kind == kItemRecord && choice->Takes(item);
-            steps.emplace_back([this, &item, isDamaged, isPicked] {
-                copier_.Pass(item);
-                if (isDamaged) damage_.Keep(item);
-                if (isPicked) Pick(item);
+    // Sound records that follow one another are passed in one step.
+    class Worker : public ItemWorker {
+    public:
+        Worker(PickRun& run, Reporter& own, Steps& steps)
+            : run_(run), own_(own), steps_(steps), choice_(run.options_) {}
+
+        void Take(Item& item) override {
+            if (item.kind == kItemRecord && !item.fault) {
+                sound_.push_back({item.bytes, choice_.Takes(item)});
+            } else {
+                TakeOther(item);
+            }
+        }
+        void EndBatch() override {
+            if (sound_.empty()) return;
+            steps_.emplace_back([&run = run_, sound = std::exchange(sound_, {})] {
+                for (const auto& [bytes, isPicked] : sound) {
+                    run.copier_.PassRecord();
+                    if (isPicked) run.Pick(bytes);
+                }
             });
-        });
-    }
+        }
+
+    private:
+        struct Sound {
+            std::string_view bytes;
+            bool isPicked;
+        };
+
+        void TakeOther(const Item& item) {
+            EndBatch();
+            const bool isDamaged = item.kind != kItemFrame && DamageKeeper::Say(item, own_);
+            const bool isPicked = item.kind == kItemRecord && choice_.Takes(item);
+            steps_.emplace_back([&run = run_, &item, isDamaged, isPicked] {
+                run.copier_.Pass(item);
+                if (isDamaged) run.damage_.Keep(item);
+                if (isPicked) run.Pick(item.bytes);
+            });
+        }
+
+        PickRun& run_;
+        Reporter& own_;
+        Steps& steps_;
+        Choice choice_;
+        std::vector<Sound> sound_;
+    };
 
     void BeginFile(const Form& form) {
         copier_.EndFile();
@@ -175,14 +212,14 @@ private:
     bool Take(const Item& item) {
         copier_.Pass(item);
         if (item.kind != kItemFrame && !IsFull()) damage_.Take(item);
-        if (item.kind == kItemRecord && !IsFull() && choice_.Takes(item)) Pick(item);
+        if (item.kind == kItemRecord && !IsFull() && choice_.Takes(item)) Pick(item.bytes);
         const bool isOver = IsFull() || choice_.IsOver(item.number + 1);
         return !isOver || copier_.NeedsEnd();
     }
 
-    void Pick(const Item& item) {
+    void Pick(std::string_view bytes) {
         ++picked_;
-        const RecordCopier::Copy copy = copier_.CopyOf(item);
+        const RecordCopier::Copy copy = copier_.CopyOf(bytes);
         if (sample_) {
             sample_->Take(copy);
         } else {

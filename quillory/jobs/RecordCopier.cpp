@@ -70,8 +70,12 @@ void RecordCopier::BeginRecords() {
 void RecordCopier::Pass(const Item& item) {
     if (IsFrame(item)) {
         frame_ += item.bytes;
-        return;
+    } else {
+        PassRecord();
     }
+}
+
+void RecordCopier::PassRecord() {
     if (!inRecords_) BeginRecords();
     lead_.clear();
     if (isEnclosed_) lead_ = (IsArray(opening_) ? "," : "") + std::string(BlanksAtEnd(frame_));
@@ -85,14 +89,14 @@ void RecordCopier::EndFile() {
     }
 }
 
-RecordCopier::Copy RecordCopier::CopyOf(const Item& item) const {
+RecordCopier::Copy RecordCopier::CopyOf(std::string_view bytes) const {
     const bool counts = isEnclosed_ || IsEnclosing(fileOpening_);
     if (counts && WithoutBlanksAtEnd(fileOpening_) != WithoutBlanksAtEnd(opening_)) {
         throw UsageError(file_ +
                          ": begins otherwise than the file before it, so that its records "
                          "can't stand in one file unchanged; `quillory convert --where` takes any");
     }
-    return {lead_, item.bytes};
+    return {lead_, bytes};
 }
 
 void RecordCopier::WriteOpening() {

@@ -18,6 +18,7 @@ public:
     void BeginFile(const Form& form, const std::string& name);
     // Takes note of an item, before it is copied or not.
     void Pass(const Item& item);
+    void PassRecord();
     void EndFile();
 
     // A record to be copied, now or later.
@@ -25,8 +26,9 @@ public:
         std::string_view lead;  // what is between it and the record before
         std::string_view bytes;
     };
-    // Of the item that was passed. Throws UsageError for one that can't stand in the first file.
-    Copy CopyOf(const Item& item) const;
+    // Of the record that was passed, whose bytes these are. Throws UsageError for one that can't
+    // stand in the first file.
+    Copy CopyOf(std::string_view bytes) const;
     void Write(const Copy& copy);
     // Whether the end of the first file must be known to write what comes after the records.
     bool NeedsEnd() const { return isEnclosed_; }

@@ -105,10 +105,11 @@ Status WriteItems(const ItemSource& source, Charset from, const OutputOptions& o
     ItemJob job{TakerOf(carrier)};
     if (!prepare || makePreparation) {
         job.makeWorker = [&](Reporter& own, Steps& steps) {
-            const Preparation ownPrepare = prepare ? makePreparation(own, steps) : Preparation();
-            return std::make_unique<CarrierWorker>(CarrierOptionsOf(options, from, ownPrepare),
-                                                   form, options.writing, own, steps,
-                                                   CarrierWorker::Ends{carrier, output, room});
+            const PreparationShare share =
+                prepare ? makePreparation(own, steps) : PreparationShare();
+            return std::make_unique<CarrierWorker>(
+                CarrierOptionsOf(options, from, share.prepare), form, options.writing, own, steps,
+                CarrierWorker::Ends{share.endBatch, carrier, output, room});
         };
     }
     return Carry(source, job, options, carrier, closing);

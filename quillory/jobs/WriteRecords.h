@@ -40,8 +40,14 @@ Charset CharsetOfOutput(const OutputOptions& options);
 // Has the job done with items until it returns false, or by workers.
 using ItemSource = std::function<Status(const ItemJob& job)>;
 
-// Makes a preparation of a worker's own. Its steps are done in the order of the input.
-using PreparationMaker = std::function<Preparation(Reporter& reporter, Steps& steps)>;
+// A preparation of a worker's own, and what is called after each batch of its records.
+struct PreparationShare {
+    Preparation prepare = {};
+    std::function<void()> endBatch = [] {};
+};
+
+// Its steps are done in the order of the input.
+using PreparationMaker = std::function<PreparationShare(Reporter& reporter, Steps& steps)>;
 
 // Writes what a source gives, in the character set `from`, with messages and a summary. Each record
 // is prepared first (CarrierOptions); work on records that are prepared is shared out only if each
