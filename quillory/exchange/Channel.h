@@ -21,10 +21,12 @@ public:
     std::optional<Thing> Take() {
         std::unique_lock lock(mutex_);
         changed_.wait(lock, [this] { return isClosed_ || !things_.empty(); });
-        if (isClosed_) return std::nullopt;
-        std::optional<Thing> thing(std::move(things_.front()));
-        things_.pop_front();
-        return thing;
+        return TakeFirst();
+    }
+    // The next one, without waiting. Nothing if there is none.
+    std::optional<Thing> TakeIfAny() {
+        const std::lock_guard lock(mutex_);
+        return TakeFirst();
     }
     // What has not been taken is given up.
     void Close() {
@@ -34,6 +36,13 @@ public:
     }
 
 private:
+    std::optional<Thing> TakeFirst() {
+        if (isClosed_ || things_.empty()) return std::nullopt;
+        std::optional<Thing> thing(std::move(things_.front()));
+        things_.pop_front();
+        return thing;
+    }
+
     std::mutex mutex_;
     std::condition_variable changed_;
     std::deque<Thing> things_;

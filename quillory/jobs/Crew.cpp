@@ -4,6 +4,7 @@
 #include <quillory/jobs/Relay.h>
 
 #include <exception>
+#include <span>
 #include <utility>
 
 namespace quillory {
@@ -87,17 +88,29 @@ Crew::~Crew() {
 
 void Crew::Start() {
     const SignalsBlocked blocked;
-    for (const auto& post : posts_) {
-        threads_.emplace_back([this, &post = *post] { Work(post); });
+    for (const auto& post : std::span(posts_).subspan(1)) {
+        threads_.emplace_back([this, &post = *post] {
+            while (const auto batch = todo_.Take()) Work(post, **batch);
+        });
     }
 }
 
-void Crew::Work(Post& post) {
-    while (const auto batch = todo_.Take()) {
-        post.Work(**batch);
-        const std::lock_guard lock(mutex_);
-        (*batch)->isDone = true;
-        done_.notify_all();
+void Crew::Work(Post& post, Batch& batch) {
+    post.Work(batch);
+    const std::lock_guard lock(mutex_);
+    batch.isDone = true;
+    done_.notify_one();
+}
+
+// Works meanwhile, as long as there is something to be done.
+void Crew::WaitFor(const Batch& batch) {
+    std::unique_lock lock(mutex_);
+    while (!batch.isDone) {
+        lock.unlock();
+        const auto another = todo_.TakeIfAny();
+        if (another) Work(*posts_.front(), **another);
+        lock.lock();
+        if (!another) done_.wait(lock, [&batch] { return batch.isDone; });
     }
 }
 
@@ -148,10 +161,7 @@ void Crew::HandOut() {
 void Crew::FinishFirst() {
     auto batch = std::move(handedOut_.front());
     handedOut_.pop_front();
-    {
-        std::unique_lock lock(mutex_);
-        done_.wait(lock, [&batch] { return batch->isDone; });
-    }
+    WaitFor(*batch);
     isBroken_ = true;
     for (const Step& step : batch->steps) step();
     if (batch->failure) std::rethrow_exception(batch->failure);

@@ -18,8 +18,8 @@ class ItemBatch;
 class RecordRuns;
 
 // Shares out items to workers, in batches. What they say and leave to be done is done in the thread
-// that has the crew, in the order of the items. Memory is bounded by a few batches a worker, or by
-// the longest item.
+// that has the crew, in the order of the items; while that thread would have to wait, it is a
+// worker itself. Memory is bounded by a few batches a worker, or by the longest item.
 class Crew {
 public:
     // Keeps the reporter.
@@ -48,7 +48,8 @@ private:
     struct Batch;
     class Post;
 
-    void Work(Post& post);
+    void Work(Post& post, Batch& batch);
+    void WaitFor(const Batch& batch);
     ItemBatch& InHand();
     void HandOutIfFull();
     void HandOut();
@@ -57,6 +58,7 @@ private:
     CrewOptions options_;
     Reporter& reporter_;
     std::string file_;
+    // The first one for the thread that has the crew.
     std::vector<std::unique_ptr<Post>> posts_;
     std::unique_ptr<Batch> batch_;  // that is being filled; or null
     std::deque<std::unique_ptr<Batch>> handedOut_;
