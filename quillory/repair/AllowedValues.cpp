@@ -17,14 +17,7 @@ bool HadFreeValues(const Element& element) {
 }  // namespace
 
 bool AllowedValues::Allows(const Element& element, std::string_view value) {
-    if (value.size() != 1 || element.IsUndefined()) {
-        return known_.Get(element, value, [&] { return LookUp(element, value); });
-    }
-    const auto number = static_cast<std::size_t>(element.parts.front());
-    if (number >= answers_.size()) answers_.resize(number + 1);
-    Answer& answer = answers_[number][static_cast<unsigned char>(value.front())];
-    if (answer == Answer::None) answer = LookUp(element, value) ? Answer::Yes : Answer::No;
-    return answer == Answer::Yes;
+    return known_.Get(element, value, [&] { return LookUp(element, value); });
 }
 
 bool AllowedValues::LookUp(const Element& element, std::string_view value) const {
