@@ -223,6 +223,7 @@ def write_files(files, megabytes):
     for part in ("", "part-"):
         run(f"quillory convert --to marc --to-charset utf8 -o {part}utf8.mrc {part}marc8.mrc")
     run("quillory convert --to marcxml -o part.xml part-marc8.mrc")
+    os.sync()  # so that nothing is written to the disk meanwhile
 
 
 def compare(files, has_memory):
