@@ -1,9 +1,11 @@
 #pragma once
 
 #include <quillory/exchange/PlainXml.h>
+#include <quillory/exchange/RecordBuilder.h>
 #include <quillory/exchange/RecordRuns.h>
-#include <quillory/exchange/XmlRecords.h>
+#include <quillory/text/TextBuilder.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -14,19 +16,43 @@ namespace quillory {
 
 // Records of MARC 21 XML that follow one another, with nothing but white space before each, and
 // that were read without a fault. Where they were read and where they are given may be different
-// threads.
+// threads; so what they hold lies close together, in the order in which it is asked for.
 class PlainXmlRun {
 public:
     // Reads records from the front of `xml`, which begins at `offset`, until `most` bytes are read
     // or something else comes. Result: how many bytes were read.
     std::size_t Read(PlainXml& plain, std::string_view xml, std::uint64_t offset, std::size_t most);
 
-    std::size_t Size() const { return size_; }
-    const XmlRecord& At(std::size_t index) const { return records_[index]; }
+    std::size_t Size() const { return records_.size(); }
+    // Where the element of a record begins in the file, and where it has ended.
+    std::uint64_t Start(std::size_t index) const { return records_[index].start; }
+    std::uint64_t End(std::size_t index) const { return records_[index].end; }
+    // As its builder would give it, in views that last until the next Read.
+    void Give(std::size_t index, Item& item) const;
 
 private:
-    std::vector<XmlRecord> records_;  // and room for more, that of records before Read
-    std::size_t size_ = 0;
+    struct KeptField {
+        std::array<char, kTagSize> tag;
+        std::uint32_t size;  // of its content
+    };
+    // Where a record stands in the file, and where what it holds begins here.
+    struct KeptRecord {
+        std::uint64_t start;
+        std::uint64_t end;
+        std::size_t text;  // leader and contents, side by side
+        std::size_t field;
+        std::size_t fields;
+        std::size_t note;
+        std::size_t notes;
+    };
+
+    void Keep(const RecordBuilder& builder, std::uint64_t start, std::uint64_t end);
+
+    RecordBuilder builder_;  // of the record in hand
+    std::vector<KeptRecord> records_;
+    TextBuilder text_;
+    std::vector<KeptField> fields_;
+    std::vector<FaultCode> notes_;
 };
 
 // Keeps room for runs, which is used again once nobody holds a run any more.

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -62,12 +63,17 @@ public:
     // with what was read otherwise, if anything was, as its fault and its mends.
     void Give(Item& item) const;
 
-private:
+    // The same for whoever keeps it elsewhere. A field's content goes as far as the next one's.
     struct Field {
         std::array<char, kTagSize> tag{};
-        std::size_t start = 0;  // in text_
+        std::size_t start = 0;  // in Contents
     };
+    std::string_view Leader() const { return leader_; }
+    std::string_view Contents() const { return text_.Text(); }
+    std::span<const Field> Fields() const { return fields_; }
+    std::span<const FaultCode> Notes() const { return notes_; }
 
+private:
     bool BeginField(std::string_view tag);
     void EndField();
     bool Fail(Fault fault);
@@ -75,7 +81,7 @@ private:
     bool FailIndicator(std::size_t which, FaultCode code);
 
     std::string leader_;
-    TextBuilder text_;  // contents, side by side
+    TextBuilder text_;  // contents
     std::vector<Field> fields_;
     std::array<bool, 2> haveIndicator_{};
     bool inField_ = false;

@@ -65,9 +65,14 @@ class SharedWork(Cli):
                b"<m:record xmlns:m='urn:m'></m:record>", b"<x></record>", b"<x/>", b" ", b"&amp;",
                b"</collection><collection>", b"</collection><?xml version='1.0'?>", b"\xff",
                b"<record><leader>")
+        counted = (lambda part: part.replace(b' ind1=" "', b"", 1),
+                   lambda part: part.replace(b"4500</leader>", b"</leader>"),
+                   lambda part: part.replace(b"<leader>", b"<leader>\n"))
         random.seed(2)
         for turn in range(60):
             parts = list(pieces)
+            for at in random.sample(range(1, len(parts)), random.choice((0, 30))):
+                parts[at] = random.choice(counted)(parts[at])
             for at in random.sample(range(1, len(parts)), random.choice((0, 30, 100))):
                 parts[at] = random.choice(inert) + parts[at]
             for at in random.sample(range(1, len(parts)), random.choice((0, 1, 20))):
