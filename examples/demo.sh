@@ -5,7 +5,8 @@ set -euo pipefail
 
 quillory=${QUILLORY:-quillory}
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
-samples=$here/../data/samples/catalogue.mrk
+root=${here%/*}
+samples=$root/data/samples/catalogue.mrk
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 export QUILLORY_HOME=$folder/home
@@ -15,27 +16,34 @@ step() { printf '\n== %s\n' "$*"; }
 records() { tr -cd '\035' < "$1" | wc -c; }
 
 # What other tools say of a file.
-read_elsewhere() {
+read_by_yaz() {
     local complaints
-    if command -v yaz-marcdump > /dev/null; then
-        complaints=$(yaz-marcdump -n "$1" 2>&1)
-        printf '%-14s %3d records, yaz-marcdump: %s\n' "${1##*/}" "$(records "$1")" \
-            "${complaints:-no complaint}"
-    else
-        echo "yaz-marcdump is not here to read ${1##*/}"
-    fi
-    if perl -MMARC::Batch -e 1 2> /dev/null; then
-        perl -MMARC::Batch -e '
-            my $batch = MARC::Batch->new("USMARC", $ARGV[0]);
-            my ($count, $complaints) = (0, 0);
-            while (my $record = $batch->next) { $count++; $complaints += $record->warnings; }
-            $complaints += $batch->warnings;
-            printf "%-14s %3d records, MARC::Record: %s\n", $ARGV[0] =~ s{.*/}{}r, $count,
-                $complaints ? "$complaints complaints" : "no complaint";' "$1"
-    else
-        echo "MARC::Record is not here to read ${1##*/}"
-    fi
+    complaints=$(yaz-marcdump -n "$1" 2>&1)
+    printf '%-14s %3d records, yaz-marcdump: %s\n' "${1##*/}" "$(records "$1")" "${complaints:-no complaint}"
 }
+read_by_perl() {
+    perl -MMARC::Batch -e '
+        my $batch = MARC::Batch->new("USMARC", $ARGV[0]);
+        my ($count, $complaints) = (0, 0);
+        while (my $record = $batch->next) { $count++; $complaints += $record->warnings; }
+        $complaints += $batch->warnings;
+        printf "%-14s %3d records, MARC::Record: %s\n", $ARGV[0] =~ s{.*/}{}r, $count,
+            $complaints ? "$complaints complaints" : "no complaint";' "$1"
+}
+
+readers=() missing=()
+if command -v yaz-marcdump > /dev/null; then readers+=(read_by_yaz); else missing+=(yaz); fi
+if perl -MMARC::Batch -e 1 2> /dev/null; then readers+=(read_by_perl); else missing+=(libmarc-record-perl); fi
+
+read_elsewhere() {
+    local reader
+    for reader in "${readers[@]}"; do
+        "$reader" "$1"
+    done
+}
+
+((${#missing[@]} == 0)) ||
+    echo "Other tools read the records, too, once their packages are installed: ${missing[*]}"
 
 step "A workform, made our own: every record gets the code of our library"
 "$quillory" workforms save "Our book" --from "$book" --set 040a=ZorbyS --set 040c=ZorbyS
@@ -113,7 +121,7 @@ printf '00099' | dd of="$folder/damaged.mrc" conv=notrunc status=none
 "$quillory" convert "$folder/damaged.mrc" -o "$folder/sound.mrc" --rejects "$folder/rejects" || true
 sound=$(records "$folder/sound.mrc")
 
-step "Other tools read what was written"
+((${#readers[@]} == 0)) || step "Other tools read what was written"
 for file in utf8 marc8 from-mrk from-lif from-xml from-jsonl sound; do
     read_elsewhere "$folder/$file.mrc"
 done
@@ -124,7 +132,7 @@ echo "$count records read, taken to MARC-8, line form, MARCXML, JSON and back: a
 echo "Of the damaged file $sound records were saved, and $(wc -c < "$folder/rejects") bytes kept as rejects."
 
 step "A catalogue card of the new record, to look at and to print"
-pdf=$here/../build/card.pdf
+pdf=$root/build/card.pdf
 [[ -w ${pdf%/*} ]] || pdf=$folder/card.pdf
 "$quillory" cards --make main "$folder/new.mrc"
 "$quillory" cards --make main --per-sheet 1 "$folder/new.mrc" -o "$pdf"
