@@ -71,7 +71,9 @@ class Guide(Cli):
         folder.mkdir()
         (folder / "records.mrc").write_bytes((self.folder / "records.mrc").read_bytes())
         environment = {**os.environ, "QUILLORY_HOME": str(folder / "home")}
-        for commands, shown in blocks_of(page.read_text("utf-8")):
+        text = page.read_text("utf-8")
+        self.assertNotIn("```\n```\n", text, f"{page.name} shows nothing of what its commands say")
+        for commands, shown in blocks_of(text):
             with self.subTest(page=page.name, commands=commands):
                 done = subprocess.run(["bash", "-c", SHELL + commands], cwd=folder, env=environment,
                                       stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=120)
