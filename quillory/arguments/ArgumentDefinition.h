@@ -23,12 +23,16 @@ struct ArgumentDefinition {
     std::string value;                 // what stands for its value, as "TEXT"; empty for a flag
     std::string text;                  // what it is for
     std::vector<std::string> choices;  // the only values there are, in any case; empty for any
+    std::vector<std::string> offers;   // values that shells offer where there are no choices
     std::optional<NumberRange> range;  // of an argument that takes a number
     bool isRequired = false;
     bool isFile = false;        // names a file, and is never empty
     bool isNeverEmpty = false;  // an empty value would mean something else than is asked for
     bool isList = false;        // may be given several times
     std::vector<std::string> excludes;  // options that don't go with it
+
+    // What the completion of a shell proposes as its value.
+    const std::vector<std::string>& Offered() const { return choices.empty() ? offers : choices; }
 };
 
 struct CommandDefinition {

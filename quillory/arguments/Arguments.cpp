@@ -287,6 +287,11 @@ Argument& Argument::Shown(std::string value) {
     return *this;
 }
 
+Argument& Argument::Offers(std::vector<std::string> values) {
+    definition_.offers = std::move(values);
+    return *this;
+}
+
 Argument& Argument::Excludes(std::string option) {
     definition_.excludes.push_back(std::move(option));
     return *this;

@@ -32,6 +32,8 @@ public:
     Argument& NeverEmpty();
     // What stands for its value in help.
     Argument& Shown(std::string value);
+    // Values that shells offer, though it takes any others, too.
+    Argument& Offers(std::vector<std::string> values);
     // An option that can't be given beside this one; it is declared before it.
     Argument& Excludes(std::string option);
     // The numbers that it takes, of all that its type holds; both ends are among them.

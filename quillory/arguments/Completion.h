@@ -7,7 +7,8 @@
 namespace quillory {
 
 // Scripts by which a shell completes the command lines of a program: the names of commands and
-// options, the values of options that have a few, and the names of files where one is expected.
+// options, the values of options that have a few or offer some, and the names of files where one is
+// expected.
 std::string BashCompletion(const CommandDefinition& program);
 std::string ZshCompletion(const CommandDefinition& program);
 std::string FishCompletion(const CommandDefinition& program);

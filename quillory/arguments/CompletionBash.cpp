@@ -48,9 +48,9 @@ std::string List(const std::vector<std::string>& words) {
 }
 
 // What the value of an option, or of the positional arguments, may be.
-std::string BashValues(const std::vector<std::string>& choices, bool areFiles) {
+std::string BashValues(const std::vector<std::string>& values, bool areFiles) {
     std::string text;
-    if (!choices.empty()) text += " values=" + List(choices);
+    if (!values.empty()) text += " values=" + List(values);
     if (areFiles) text += " files=yes";
     return text;
 }
@@ -60,7 +60,7 @@ std::string OptionCase(const ArgumentDefinition& option) {
     std::string pattern;
     for (const std::string& name : option.names) pattern += (pattern.empty() ? "" : " | ") + name;
     return "                " + pattern + ") isvalue=yes" +
-           BashValues(option.choices, option.isFile) + " ;;\n";
+           BashValues(option.Offered(), option.isFile) + " ;;\n";
 }
 
 std::string Case(const NamedCommand& command) {
@@ -69,12 +69,13 @@ std::string Case(const NamedCommand& command) {
         commands.push_back(under.name);
     }
     std::vector<std::string> options;
-    std::vector<std::string> choices;
+    std::vector<std::string> values;
     std::string cases;
     bool areFiles = false;
     for (const ArgumentDefinition& argument : command.definition.arguments) {
         if (argument.kind == kPositionalArgument) {
-            choices.insert(choices.end(), argument.choices.begin(), argument.choices.end());
+            const std::vector<std::string>& offered = argument.Offered();
+            values.insert(values.end(), offered.begin(), offered.end());
             areFiles = areFiles || argument.isFile;
             continue;
         }
@@ -84,7 +85,7 @@ std::string Case(const NamedCommand& command) {
     return "        " + ShellQuoted(command.Joined(" ")) +
            ")\n            commands=" + List(commands) + "\n            options=" + List(options) +
            "\n            case $option in\n" + cases + "                *)" +
-           BashValues(choices, areFiles) + " ;;\n            esac ;;\n";
+           BashValues(values, areFiles) + " ;;\n            esac ;;\n";
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ std::string Spaced(const std::vector<std::string>& words) {
 
 std::string FishValues(const ArgumentDefinition& argument) {
     std::string text;
-    if (!argument.choices.empty()) text = " -a " + FishQuoted(Spaced(argument.choices));
+    if (!argument.Offered().empty()) text = " -a " + FishQuoted(Spaced(argument.Offered()));
     return argument.isFile ? text + " -F" : text;
 }
 

@@ -23,10 +23,10 @@ _@NAME@() {
 std::string Action(const ArgumentDefinition& argument) {
     std::string action = ":" + Backslashed(argument.value, ":\\") + ":";
     if (argument.isFile) action += "_files";
-    if (argument.choices.empty()) return action;
+    if (argument.Offered().empty()) return action;
     action += "(";
-    for (const std::string& choice : argument.choices) {
-        action += (action.ends_with('(') ? "" : " ") + Backslashed(choice, "\\ ()|:");
+    for (const std::string& value : argument.Offered()) {
+        action += (action.ends_with('(') ? "" : " ") + Backslashed(value, "\\ ()|:");
     }
     return action + ")";
 }

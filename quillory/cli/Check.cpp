@@ -12,6 +12,7 @@
 #include <quillory/reports/CheckReports.h>
 #include <quillory/reports/RuleList.h>
 #include <quillory/rules/CheckSettings.h>
+#include <quillory/rules/Rule.h>
 
 #include <deque>
 #include <optional>
@@ -132,6 +133,12 @@ Status RunCheck(const CheckOptions& options) {
                       inspection.GetInspector(), *report, reporter, another);
 }
 
+std::vector<std::string> RuleNames() {
+    std::vector<std::string> names;
+    for (const Rule& rule : Rules()) names.emplace_back(rule.name);
+    return names;
+}
+
 void DeclareRules(Arguments& command, CheckOptions& options) {
     command
         .Option("--config", options.settings.file,
@@ -146,12 +153,14 @@ void DeclareRules(Arguments& command, CheckOptions& options) {
     command
         .Option("--only", options.rules.only,
                 "Only this rule, or several with commas between them; may be given several times")
-        .Shown("RULE");
+        .Shown("RULE")
+        .Offers(RuleNames());
     command
         .Option(
             "--skip", options.rules.skip,
             "All rules but this, or several with commas between them; may be given several times")
-        .Shown("RULE");
+        .Shown("RULE")
+        .Offers(RuleNames());
     command.Flag("--repertoire", options.showsRepertoire,
                  "Note the characters that MARC-8 lacks; the same as --rule outside-marc8=note");
     DeclareFailOn(command, options.failsOn);

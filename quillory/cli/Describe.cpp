@@ -130,7 +130,8 @@ void DeclareDescribe(Arguments& command) {
         .Option("--display", options.display,
                 "0 name and code, 1 name, 2 code and name, 3 code; as in the settings if not given")
         .Range(0, 3)
-        .Shown("0|1|2|3");
+        .Shown("0|1|2|3")
+        .Offers({"0", "1", "2", "3"});
 }
 
 }  // namespace quillory

@@ -6,11 +6,24 @@
 
 namespace quillory {
 
+namespace {
+
+// The character sets that help names.
+std::vector<std::string> UsualCharsets() {
+    return {"auto", "marc8", "utf8", "latin1"};
+}
+
+}  // namespace
+
 // A character set by its name.
 template <>
 struct ArgumentReader<Charset> {
     static std::optional<NumberRange> Range() { return std::nullopt; }
-    static std::string Shown() { return "auto|marc8|utf8|latin1|NAME"; }
+    static std::string Shown() {
+        std::string shown;
+        for (const std::string& name : UsualCharsets()) shown += name + "|";
+        return shown + "NAME";
+    }
     static Charset Read(const std::string& text, const ArgumentDefinition&) {
         if (const auto charset = CharsetNamed(text)) return *charset;
         throw UsageError({FaultCode::kNoCharset,
@@ -46,7 +59,7 @@ void DeclareForm(Arguments& command, const std::string& name, const Form*& form,
 
 void DeclareCharset(Arguments& command, const std::string& name, Charset& charset,
                     const std::string& text) {
-    command.Option(name, charset, text);
+    command.Option(name, charset, text).Offers(UsualCharsets());
 }
 
 void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& messages) {
