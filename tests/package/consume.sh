@@ -45,6 +45,16 @@ build_by_pkg_config() {
         -o "$work/$1-by-pkg-config"
 }
 
+# The titles in the records of the other examples, and a record that is cut short.
+read_titles() {
+    local program=$work/read-titles-by-$1
+    { cat "$here/build-record.mrc" "$here/host.mrc" && head -c 50 "$here/host.mrc"; } > "$work/three.mrc"
+    ! LD_LIBRARY_PATH=$libdir "$program" "$work/three.mrc" &> "$program.txt" ||
+        fail "read-titles takes a record that is cut short for whole"
+    printf '%s\n' 'Faust :' 'Faust.' 'record 3, byte 50: cut short: no record end (0x1D)' | diff - "$program.txt" ||
+        fail "read-titles printed something else"
+}
+
 # All headers in one program, as a host with strict warnings might include them.
 include_every_header() {
     local all=$work/all-headers.cpp
@@ -82,6 +92,10 @@ check_data_folder() {
 }
 
 install_library
+build_by_cmake read-titles
+read_titles cmake
+build_by_pkg_config read-titles
+read_titles pkg-config
 for example in build-record host; do
     # A host needs the data files, which are installed with the program.
     [[ $example == host && ! -d $prefix/share/quillory ]] && continue
