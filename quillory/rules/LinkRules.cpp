@@ -21,6 +21,8 @@ struct Link {
     std::string_view text;
     unsigned tag = 0;  // of the partner
     std::string_view number;
+
+    std::string_view Rest() const { return text.substr(kNumberEnd); }
 };
 
 // A code of the MARC character sets, or one of ISO 15924.
@@ -97,22 +99,26 @@ void CheckScript(const RecordInHand& record, const Link& link, RemarkSink& remar
                 std::string(found) + " (" + std::string(NameOf(found)) + ")");
 }
 
+// Whatever stands behind the number: by that alone, partners find each other.
 std::optional<Link> LinkOf(const CheckedField& field, std::string_view text) {
     const bool isNumbered = text.size() >= kNumberEnd && text[kTagSize] == '-' &&
-                            IsDigit(text[kTagSize + 1]) && IsDigit(text[kTagSize + 2]);
+                            IsDigit(text[kTagSize + 1]) && IsDigit(text[kTagSize + 2]) &&
+                            !(text.size() > kNumberEnd && IsDigit(text[kNumberEnd]));
     const unsigned tag = TagNumber(text.substr(0, kTagSize));
-    if (!isNumbered || tag == kNoTag || !IsRest(text.substr(kNumberEnd))) return std::nullopt;
+    if (!isNumbered || tag == kNoTag) return std::nullopt;
     if (field.number != kLinkedTag && tag != kLinkedTag) return std::nullopt;
     return Link{&field, text, tag, text.substr(kTagSize + 1, 2)};
 }
 
-// What is wrong with a text that is no link, and what would be right.
-void AddMalformed(const CheckedField& field, std::string_view text, RemarkSink& remarks) {
-    const std::string_view rest = text.substr(std::min(kNumberEnd, text.size()));
+// What is wrong with a text that is no link, or that goes wrong behind the number, and what would
+// be right.
+void AddMalformed(const CheckedField& field, std::string_view text, const std::optional<Link>& link,
+                  RemarkSink& remarks) {
+    const std::string_view rest = link ? link->Rest() : "";
     std::string found = Shown(text) + " is no link";
     std::string right =
         std::string("it would be like ") + (field.number == kLinkedTag ? "245-01/$1" : "880-01");
-    if (LinkOf(field, text.substr(0, kNumberEnd)) && rest.starts_with('/')) {
+    if (rest.starts_with('/')) {
         const std::string_view script = rest.substr(1, rest.find('/', 1) - 1);
         found = Shown(text) + " names the script " + Shown(script);
         right = "the codes of scripts are (3, (B, $1, (N, (S, (2 and those of ISO 15924";
@@ -153,11 +159,12 @@ void CheckLinks(const RecordInHand& record, RemarkSink& remarks) {
         if (!isOfTheFormat) continue;
         for (const auto& [code, text] : record.SubfieldsOf(field)) {
             if (code != '6') continue;
-            if (const auto link = LinkOf(field, text)) {
-                links.push_back(*link);
+            const auto link = LinkOf(field, text);
+            if (link) links.push_back(*link);
+            if (link && IsRest(link->Rest())) {
                 CheckScript(record, *link, remarks);
             } else {
-                AddMalformed(field, text, remarks);
+                AddMalformed(field, text, link, remarks);
             }
         }
     }

@@ -1,6 +1,7 @@
 #include <quillory/rules/MediaTypes.h>
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/text/Trimmed.h>
+#include <quillory/text/Visible.h>
 
 #include <algorithm>
 
@@ -35,7 +36,7 @@ void CheckField(const RecordInHand& record, const CheckedField& field, RemarkSin
     for (const auto& [code, text] : record.SubfieldsOf(field)) {
         if (code != 'b' || !MediaTermOf(field.number, Trimmed(text)).empty()) continue;
         remarks.Add(RuleId::MediaCodeUnknown, field.GetPlace().Subfield('b'),
-                    '"' + Printable(text) + '"', std::string(list));
+                    '"' + Visible(text) + '"', std::string(list));
     }
     if (source == list) CheckTerm(record, field, remarks);
 }

@@ -3,6 +3,7 @@
 #include <quillory/rules/Words.h>
 #include <quillory/text/Ascii.h>
 #include <quillory/text/Trimmed.h>
+#include <quillory/text/Visible.h>
 
 #include <algorithm>
 #include <array>
@@ -34,7 +35,7 @@ Divided DivideIsbn(std::string_view text) {
 
 void AddFault(RuleId rule, const Place& place, std::string_view number, std::string fault,
               RemarkSink& remarks) {
-    if (!fault.empty()) remarks.Add(rule, place, Printable(number), std::move(fault));
+    if (!fault.empty()) remarks.Add(rule, place, Visible(number), std::move(fault));
 }
 
 // In other fields an ISBN stands alone; in 020 words may come after it.
@@ -47,7 +48,7 @@ void CheckIsbn(const Place& place, std::string_view text, RemarkSink& remarks) {
     if (hasWords && !number.empty()) {
         const std::string_view words = rest;
         remarks.Add(RuleId::IsbnWithText, place,
-                    [words] { return RemarkWords{'"' + Printable(words) + '"'}; });
+                    [words] { return RemarkWords{'"' + Visible(words) + '"'}; });
     }
 }
 
@@ -108,10 +109,10 @@ void CheckUrl(const Place& place, std::string_view text, RemarkSink& remarks) {
     const bool hasScheme =
         scheme.size() < url.size() && !scheme.empty() && std::ranges::all_of(scheme, IsSchemeSign);
     if (!hasScheme) {
-        remarks.Add(RuleId::UrlMalformed, place, Printable(url),
+        remarks.Add(RuleId::UrlMalformed, place, Visible(url),
                     "a URL begins with a scheme such as https://");
     } else if (url.find_first_of(" \"<>") != url.npos) {
-        remarks.Add(RuleId::UrlMalformed, place, Printable(url),
+        remarks.Add(RuleId::UrlMalformed, place, Visible(url),
                     "a URL has no blanks, quotation marks or angle brackets");
     }
 }

@@ -2,6 +2,7 @@
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/text/Marc8Escape.h>
 #include <quillory/text/Trimmed.h>
+#include <quillory/text/Visible.h>
 
 #include <algorithm>
 #include <array>
@@ -130,7 +131,7 @@ void CheckMedium(const RecordInHand& record, const CheckedField& field, RemarkSi
         if (code != 'h' || text.empty() || isBracketed) continue;
         const std::string_view medium = text;
         remarks.Add(RuleId::MediumBrackets, field.GetPlace().Subfield('h'),
-                    [medium] { return RemarkWords{'"' + Printable(medium) + '"'}; });
+                    [medium] { return RemarkWords{'"' + Visible(medium) + '"'}; });
     }
 }
 

@@ -1,5 +1,6 @@
 #include <quillory/places/Place.h>
 #include <quillory/rules/Words.h>
+#include <quillory/text/Visible.h>
 
 #include <sstream>
 #include <vector>
@@ -63,7 +64,7 @@ std::string Alternatives(const std::vector<std::string>& texts) {
 std::string Shown(std::string_view value) {
     if (value.empty()) return "empty";
     if (value.find_first_not_of(' ') == value.npos) return "blank";
-    return '"' + Printable(value) + '"';
+    return '"' + Visible(value) + '"';
 }
 
 std::string ValuesText(const ByteSet& values) {

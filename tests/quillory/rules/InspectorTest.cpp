@@ -169,6 +169,10 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"245", {"24510$6880-01$aX", "88010$6245-01/(2/r$aY"}, ""},
         {"245", {"24510$6880-01$aX"}, "link-without-partner 245 $6"},
         {"", {"88010$6245-1$aY"}, "link-malformed 880 $6"},
+        {"245", {"24510$6880-01$aX", "88010$6245-01/$aY"}, "link-malformed 880 $6"},
+        {"245",
+         {"24510$6880-01$aX", "88010$6245-012$aY"},
+         "link-malformed 880 $6; link-without-partner 245 $6"},
         {"", {"88010$6245-00/(9$aY"}, "link-malformed 880 $6"},
         {"245",
          {"24510$6880-01$aX", "88010$6245-01/(2/r$a\u041C\u0438\u0440"},
@@ -270,6 +274,9 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
         {"570  $aX", "570: note: the format has withdrawn this field [field-obsolete]"},
         {"020  $a0596000278$bpaperback",
          "020[2] $b: note: the format has withdrawn this subfield; use $q [subfield-obsolete]"},
+        {"020  $a0596000278 (relié)",
+         "020[2] $a: note: after the number stands \"(relié)\"; words such as (paperback) go to "
+         "$q, a price to $c [isbn-with-text]"},
         {"020  $a0596000279",
          "020[2] $a: warning: 0596000279: the check digit would be 8 [isbn-invalid]"},
         {"022  $a0046225X", "022 $a: warning: 0046225X: it would be 0046-225X [issn-invalid]"},
@@ -292,6 +299,9 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
         {"880  $6500-00/(9/r$aX",
          "880 $6: warning: \"500-00/(9/r\" names the script \"(9\"; the codes of scripts are (3, "
          "(B, $1, (N, (S, (2 and those of ISO 15924 [link-malformed]"},
+        {"880  $6500-00/(2/r\u200F$aX",
+         "880 $6: warning: \"500-00/(2/r<U+200F>\" goes on after the script; nothing comes there "
+         "but /r, for text from right to left [link-malformed]"},
         {"880  $6500-00/(N/left$aX",
          "880 $6: warning: \"500-00/(N/left\" goes on after the script; nothing comes there but "
          "/r, for text from right to left [link-malformed]"},
