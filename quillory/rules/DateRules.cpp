@@ -149,12 +149,15 @@ RemarkWords WordsOfImprint(const RecordInHand& record, std::string_view year) {
 
 void CheckImprint(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
     const std::string_view year = field.content.substr(7, kYearSize);
+    // A reproduction is described by its original, whose year is date 2, with its own year in 533.
+    const bool hasOriginal = field.content[6] == 'r' && record.Has(533);
+    const std::string_view original = hasOriginal ? field.content.substr(11, kYearSize) : year;
     if (!HasYearOfItem(field.content[6]) || !std::ranges::all_of(year, IsDigit)) return;
     bool hasYears = false;
     bool hasYear = false;
     ForEachYearOfImprint(record, [&](std::string_view other) {
         hasYears = true;
-        hasYear = hasYear || other == year;
+        hasYear = hasYear || other == year || other == original;
     });
     if (!hasYears || hasYear) return;
     remarks.Add(RuleId::DateAgainstImprint, field.GetPlace().Positions(7, 10),
