@@ -148,7 +148,7 @@ void Inspector::CheckBibliographic(RecordLook& look, RemarkSink& remarks) {
     NoteNumbers(look);
     CheckPunctuation(record_, remarks);
     CheckLinks(record_, remarks);
-    CheckNeeds(record_, true, remarks);
+    CheckNeeds(record_, "40 positions, with dates, country and language", true, remarks);
 }
 
 void Inspector::TakeFindings(const Record& record, const RecordInHand& inHand,

@@ -122,7 +122,8 @@ void OtherFormats::Check(MarcFormat format, RemarkSink& remarks) {
     CheckStructure(record, allowsLocal_, remarks);
     CheckSharedNumbers(record, remarks);
     CheckLinks(record, remarks);
-    CheckNeeds(record, table.IsMandatory(k040), remarks);
+    CheckNeeds(record, std::to_string(table.LengthOf(kTag008)) + " positions",
+               table.IsMandatory(k040), remarks);
     if (format == kFormatAuthority) CheckHeadings(record, remarks);
 }
 

@@ -5,6 +5,7 @@
 #include <quillory/rules/RemarkSink.h>
 
 #include <memory>
+#include <string_view>
 
 namespace quillory {
 
@@ -14,8 +15,10 @@ namespace quillory {
 // Fields, indicators and subfields against the rules of the record's format. Without `allowsLocal`,
 // what the format leaves to libraries is undefined, too.
 void CheckStructure(const RecordInHand& record, bool allowsLocal, RemarkSink& remarks);
-// Fields that a record of any format lacks; with `needsSource` also 040.
-void CheckNeeds(const RecordInHand& record, bool needsSource, RemarkSink& remarks);
+// Fields that a record of any format lacks; with `needsSource` also 040. `positionsOf008` says what
+// 008 has in the format, as in "40 positions".
+void CheckNeeds(const RecordInHand& record, std::string_view positionsOf008, bool needsSource,
+                RemarkSink& remarks);
 // ISBN, ISSN and others, and addresses.
 void CheckNumbers(const RecordInHand& record, RemarkSink& remarks);
 // The same in the fields that mean the same in all formats: 020, 022, 024 and 856.

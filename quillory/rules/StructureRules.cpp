@@ -216,9 +216,12 @@ void CheckStructure(const RecordInHand& record, bool allowsLocal, RemarkSink& re
     }
 }
 
-void CheckNeeds(const RecordInHand& record, bool needsSource, RemarkSink& remarks) {
+void CheckNeeds(const RecordInHand& record, std::string_view positionsOf008, bool needsSource,
+                RemarkSink& remarks) {
     if (!record.Has(1)) remarks.Add(RuleId::No001, Place::OfField(1U));
-    if (!record.Has(8)) remarks.Add(RuleId::No008, Place::OfField(8U));
+    if (!record.Has(8)) {
+        remarks.Add(RuleId::No008, Place::OfField(8U), std::string(positionsOf008));
+    }
     if (!needsSource) return;
     const CheckedField* source = record.First(40);
     const bool hasSource = source != nullptr && (HasMoreThanBlanks(record.TextOf(*source, 'a')) ||

@@ -58,8 +58,7 @@ const Lines kCommunity{
 
 class OtherFormatsTest : public testing::Test {
 protected:
-    // As "undefined 245; ...".
-    static std::string Found(OtherFormats& formats, const Lines& lines) {
+    static std::vector<Remark> RemarksOn(OtherFormats& formats, const Lines& lines) {
         const TestRecord test(lines, '$');
         const MarcFormat format = MarcFormatOf(test.record.leader);
         formats.RecordOf(format).Take(test.record);
@@ -67,8 +66,13 @@ protected:
         const RuleWeights weights;
         RemarkSink sink(weights, remarks);
         formats.Check(format, sink);
+        return remarks;
+    }
+
+    // As "undefined 245; ...".
+    static std::string Found(OtherFormats& formats, const Lines& lines) {
         std::string text;
-        for (const Remark& remark : remarks) {
+        for (const Remark& remark : RemarksOn(formats, lines)) {
             text += (text.empty() ? "" : "; ") + std::string(remark.rule->name);
             const std::string place = PlaceText(remark.place);
             if (!place.empty()) text += " " + place;
@@ -164,6 +168,26 @@ TEST_F(OtherFormatsTest, EachFormatHasRulesOfItsOwn) {
         std::string name = row.sound->front() + " " + row.without;
         for (const std::string& line : row.with) name += " " + line;
         EXPECT_EQ(Found(formats, Changed(*row.sound, row.without, row.with)), row.found) << name;
+    }
+}
+
+TEST_F(OtherFormatsTest, SaysWhat008HasInTheFormat) {
+    const struct {
+        const Lines* sound;
+        const char* has;
+    } kCases[] = {
+        {&kAuthority, "40 positions"},
+        {&kClassification, "14 positions"},
+        {&kCommunity, "15 positions"},
+        {&kHoldings, "32 positions"},
+    };
+    OtherFormats formats(true);
+    for (const auto& row : kCases) {
+        const auto remarks = RemarksOn(formats, Changed(*row.sound, "008", {}));
+        ASSERT_EQ(remarks.size(), 1U) << row.has;
+        EXPECT_EQ(RemarkLine(remarks.front()),
+                  std::string("008: error: the record lacks field 008: give its ") + row.has +
+                      " [no-008]");
     }
 }
 
