@@ -3,6 +3,7 @@
 #include <quillory/coded/Material.h>
 
 #include <algorithm>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -12,6 +13,8 @@ using namespace zorby;
 const Place k006 = Place::OfField("006");
 const Place k007 = Place::OfField("007");
 const Place k008 = Place::OfField("008");
+
+constexpr int kLastOfDayOfEntry = 5;  // in 008, in all formats
 
 std::string Bytes(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " byte" : " bytes");
@@ -39,16 +42,24 @@ void AddEnd(std::size_t length, std::string_view content, DecodedField& field) {
     field.elements.push_back(end);
 }
 
-void AddUndecoded(std::size_t first, std::size_t end, std::string_view content, const char* reason,
-                  DecodedField& field) {
+void AddUndecoded(std::size_t first, std::size_t end, std::string_view content, std::string reason,
+                  DecodedField& field, ElementState state = ElementState::Undecoded) {
     end = std::min(end, content.size());
     if (first >= end) return;
     field.elements.push_back({PlaceIn(field, first, end),
                               "Not decoded",
                               std::string(content.substr(first, end - first)),
-                              ElementState::Undecoded,
+                              state,
                               {},
-                              reason});
+                              std::move(reason)});
+}
+
+// What a format other than the bibliographic one has of its own is as it should be, for all that is
+// known here.
+void AddOfOtherFormat(std::size_t first, std::size_t end, std::string_view content,
+                      std::string_view leader, DecodedField& field) {
+    AddUndecoded(first, end, content, "see the format for " + MaterialText(leader), field,
+                 ElementState::Free);
 }
 
 }  // namespace
@@ -99,6 +110,17 @@ DecodedField Decoder::Leader(std::string_view leader) const {
     return WithForm(Place::OfLeader(), CFLdr, leader);
 }
 
+DecodedField Decoder::SharedOfLeader(std::string_view leader) const {
+    DecodedField field{Place::OfLeader(), CFLdr, {}};
+    AddElements(CFLdr, 0, 4, leader, field);
+    AddOfOtherFormat(5, 9, leader, leader, field);
+    AddElements(CFLdr, 9, 16, leader, field);
+    AddOfOtherFormat(17, 20, leader, leader, field);
+    AddElements(CFLdr, 20, LengthOfForm(CFLdr), leader, field);
+    AddEnd(static_cast<std::size_t>(LengthOfForm(CFLdr)), leader, field);
+    return field;
+}
+
 DecodedField Decoder::Field006(std::string_view content) const {
     const CFType form = MaterialOf006(content);
     if (form != CF006None) return WithForm(k006, form, content);
@@ -131,6 +153,13 @@ DecodedField Decoder::Field008(std::string_view content, std::string_view leader
     }
     AddElements(CF008Standard, kLastMaterial008 + 1, length, content, field);
     AddEnd(static_cast<std::size_t>(length), content, field);
+    return field;
+}
+
+DecodedField Decoder::SharedOf008(std::string_view content, std::string_view leader) const {
+    DecodedField field{k008, CF006None, {}};
+    AddElements(CF008Standard, 0, kLastOfDayOfEntry, content, field);
+    AddOfOtherFormat(kLastOfDayOfEntry + 1, content.size(), content, leader, field);
     return field;
 }
 

@@ -46,6 +46,10 @@ public:
     DecodedField Field007(std::string_view content) const;
     // The leader names the material by which the field is read.
     DecodedField Field008(std::string_view content, std::string_view leader) const;
+    // Of a record of another format than the bibliographic one: what all formats share is spelled
+    // out, and the rest comes as it is.
+    DecodedField SharedOfLeader(std::string_view leader) const;
+    DecodedField SharedOf008(std::string_view content, std::string_view leader) const;
 
 private:
     DecodedField WithForm(Place place, zorby::CFType form, std::string_view content) const;

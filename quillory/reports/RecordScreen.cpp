@@ -1,3 +1,4 @@
+#include <quillory/coded/Material.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/reports/CodedScreen.h>
 #include <quillory/reports/RecordScreen.h>
@@ -74,11 +75,16 @@ void AppendControlField(const zorby::CommFormatField& field, const ScreenOptions
 }  // namespace
 
 std::vector<DecodedField> DecodeRecord(const Record& record, const Decoder& decoder) {
-    std::vector<DecodedField> decoded = {decoder.Leader(record.leader)};
+    const std::string_view leader = record.leader;
+    const bool isBibliographic = IsBibliographic(leader);
+    std::vector<DecodedField> decoded = {isBibliographic ? decoder.Leader(leader)
+                                                         : decoder.SharedOfLeader(leader)};
     for (const zorby::CommFormatField& field : record.fields) {
         if (field.tag == "006") decoded.push_back(decoder.Field006(field.content));
         if (field.tag == "007") decoded.push_back(decoder.Field007(field.content));
-        if (field.tag == "008") decoded.push_back(decoder.Field008(field.content, record.leader));
+        if (field.tag != "008") continue;
+        decoded.push_back(isBibliographic ? decoder.Field008(field.content, leader)
+                                          : decoder.SharedOf008(field.content, leader));
     }
     return decoded;
 }

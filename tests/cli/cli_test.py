@@ -411,6 +411,13 @@ class Dictionary(Cli):
                      r"yu# +Serbia and Montenegro \(obsolete since 2007, now rb or mo\)"):
             self.assertRegex(out.decode(), text)
 
+        authority = (b"=LDR  00000nz  a2200000n  4500\n"
+                     b"=008  790331n|\\azannaabn\\\\\\\\\\\\\\\\\\\\"
+                     b"|a\\ana\\\\\\\\\\\\\n=100  1\\$aTwain, Mark\n\n")
+        out = run("show", "--decode", "--width", "0", stdin=authority)[1].decode()
+        self.assertRegex(out, "05-08  Not decoded +nz##  +see the format for authority data")
+        self.assertNotIn("?", out)
+
     def test_missing_and_damaged_codes(self):
         data = self.folder / "data"
         data.mkdir()

@@ -126,6 +126,19 @@ TEST(Decoder, ReadsFieldsByTheirMaterial) {
     }
 }
 
+TEST(Decoder, SpellsOutWhatAllFormatsShare) {
+    const Decoder decoder(Lists());
+    const DecodedField leader = decoder.SharedOfLeader("00301nz  a2200109n  4500");
+    EXPECT_EQ(Said(leader, "leader/05-08"), "see the format for authority data");
+    EXPECT_EQ(Said(leader, "leader/09"), "a UCS/Unicode");
+    EXPECT_EQ(Said(leader, "leader/17-19"), "see the format for authority data");
+    const DecodedField of008 =
+        decoder.SharedOf008("0901290u    8   4001uueng0901290", LeaderOf("x "));
+    EXPECT_EQ(Said(of008, "008/00-05"), "2009-01-29");
+    EXPECT_EQ(Said(of008, "008/06-31"), "see the format for holdings");
+    EXPECT_EQ(Said(of008, "008/32-39"), "not there");
+}
+
 TEST(Decoder, NamesWhatIsMissingOrTooMuch) {
     EXPECT_EQ(Said(Decoded("008", std::string(39, ' ')), "008/39"),
               "missing 39 bytes, the format has 40");
