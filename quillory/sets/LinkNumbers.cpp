@@ -79,6 +79,9 @@ public:
     std::optional<std::map<std::string_view, std::string>> Find() {
         for (const auto& [number, halves] : coming_) TakeEqual(number, halves);
         for (const auto& [number, halves] : coming_) {
+            if (!found_.contains(number)) TakeWaiting(number, halves);
+        }
+        for (const auto& [number, halves] : coming_) {
             if (!found_.contains(number) && CanKeep(number, halves)) Take(number, number);
         }
         for (const auto& [number, halves] : coming_) {
@@ -100,6 +103,22 @@ private:
                     own, [&half](const Half& other) { return other.Equals(half); });
             };
             if (taken_.contains(ownNumber) || !std::ranges::all_of(halves, isThere)) continue;
+            Take(number, ownNumber);
+            return;
+        }
+    }
+
+    // The record has one half, which waits for the other one under a number of its own.
+    void TakeWaiting(std::string_view number, const std::vector<Half>& halves) {
+        for (const auto& [ownNumber, own] : staying_) {
+            const Half& waiting = own.front();
+            const auto isThere = [&](const Half& half) { return waiting.Equals(half); };
+            const auto fits = [&](const Half& half) {
+                return isThere(half) || waiting.IsPartnerOf(half);
+            };
+            const bool isWaiting = own.size() == 1 && std::ranges::any_of(halves, isThere) &&
+                                   std::ranges::all_of(halves, fits);
+            if (!isWaiting || taken_.contains(ownNumber)) continue;
             Take(number, ownNumber);
             return;
         }

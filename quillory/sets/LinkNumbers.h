@@ -17,9 +17,10 @@ public:
     LinkNumbers(const PlaceSet& which, const MergeMode& mode) : which_(which), mode_(mode) {}
 
     // Gives the fields of `other` that will come into `record` the numbers under which they can be
-    // there: that of an equal pair of the record; or their own, if it is free, or belongs to the
-    // half that they make whole; or else a free one. Result: false if there are not enough numbers;
-    // nothing is changed then. What `other` views holds until the next call.
+    // there: that of an equal pair of the record, or of an equal half that waits for the other one;
+    // or their own, if it is free, or belongs to the half that they make whole; or else a free one.
+    // Result: false if there are not enough numbers; nothing is changed then. What `other` views
+    // holds until the next call.
     bool FitInto(const Record& record, Record& other);
 
 private:

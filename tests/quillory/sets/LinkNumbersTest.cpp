@@ -57,6 +57,11 @@ TEST(LinkNumbers, PairsThatAreThereDoNotComeTwice) {
 
 TEST(LinkNumbers, HalvesFindEachOther) {
     EXPECT_EQ(Merged({"24510$6880-01$aT"}, kTitle, "880"), "24510$6880-01$aT\n88010$6245-01/(N$aТ");
+    EXPECT_EQ(Merged({"24510$6880-01$aT"}, kTitle, "245,880"),
+              "24510$6880-01$aT\n88010$6245-01/(N$aТ");
+    EXPECT_EQ(Merged({"7001 $6880-01$aN", "24510$6880-03$aT"}, kTitle, "245,880"),
+              "7001 $6880-01$aN\n24510$6880-03$aT\n88010$6245-03/(N$aТ")
+        << "the half that is there has another number";
     EXPECT_EQ(Merged({"7001 $6880-01$aN"}, kTitle, "880"), "7001 $6880-01$aN\n88010$6245-02/(N$aТ")
         << "it waits for another tag";
     EXPECT_EQ(Merged(kTitle, {"24510$6880-01$aBetter"}, "245", MergeMode::Replace),
