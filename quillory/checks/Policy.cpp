@@ -82,12 +82,17 @@ void SetKey(PolicyKind kind, const std::string& name, int value) {
 
 }  // namespace
 
-void PutInForce(const PolicyChoice& choice) {
-    if (choice.kind != kPolicyProfile) {
-        for (const WarningGroupRow& group : zorby::WarningGroups()) {
-            if (group.key >= 0) SetInMemory(group.key, DefaultOf(choice.kind, group));
-        }
+std::vector<std::pair<std::int32_t, int>> KeysSetBy(PolicyKind kind) {
+    std::vector<std::pair<std::int32_t, int>> keys;
+    if (kind == kPolicyProfile) return keys;
+    for (const WarningGroupRow& group : zorby::WarningGroups()) {
+        if (group.key >= 0) keys.emplace_back(group.key, DefaultOf(kind, group));
     }
+    return keys;
+}
+
+void PutInForce(const PolicyChoice& choice) {
+    for (const auto& [key, value] : KeysSetBy(choice.kind)) SetInMemory(key, value);
     for (const auto& [name, value] : choice.keys) SetKey(choice.kind, name, value);
 }
 

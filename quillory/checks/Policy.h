@@ -26,6 +26,9 @@ struct PolicyChoice {
 // policy does not leave to the user.
 void PutInForce(const PolicyChoice& choice);
 
+// The keys of the profile that a policy other than that of the profile sets, and their values.
+std::vector<std::pair<std::int32_t, int>> KeysSetBy(PolicyKind kind);
+
 enum Verdict : std::int32_t { kMayGo = 0, kMayGoWithWarnings = 1, kMustStay = 2 };
 
 // The policy that is in force when the object is made.

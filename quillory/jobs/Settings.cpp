@@ -1,3 +1,4 @@
+#include <quillory/checks/Policy.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Library.h>
@@ -144,7 +145,24 @@ void CheckHoldingsValue(const HoldingsKey& key, const std::string& value) {
     }
 }
 
+PolicyKind PolicyOf(const std::string& value) {
+    if (value == "0") return kPolicyBasic;
+    if (value == "1") return kPolicyTLC;
+    if (value == "2") return kPolicyCustom;
+    throw UsageError(zorby::FindProfileKey(zorby::ZP_RadioBasic_TLC_Custom)->name,
+                     {FaultCode::kNotASettingValue, {}, value, "0, 1 or 2"});
+}
+
+// What findings count as goes by keys of their own: whoever chooses a policy sets these to it.
+void SetPolicy(const std::string& value) {
+    for (const auto& [key, weight] : KeysSetBy(PolicyOf(value))) {
+        WriteSetting(key, std::to_string(weight));
+    }
+    WriteSetting(zorby::ZP_RadioBasic_TLC_Custom, value);
+}
+
 void Set(const zorby::ProfileKeyRow& row, const std::string& value) {
+    if (row.id == zorby::ZP_RadioBasic_TLC_Custom) return SetPolicy(value);
     const std::size_t sign = value.starts_with('-') ? 1 : 0;
     if (IsNumberKey(row) &&
         (value.size() == sign || value.find_first_not_of("0123456789", sign) != value.npos)) {

@@ -399,6 +399,18 @@ class Policies(Checks):
         run("settings", "ZP_RC_NoNotes", "0")
         self.assertIn("error: the record lacks notes", self.check(lacking)[0])
 
+    def test_a_policy_that_is_set_is_in_force(self):
+        capitals = self.path("capitals.mrk", SOUND.replace("Roughing it", "ROUGHING IT").encode())
+        without_notes = self.path("lacking.mrk", SOUND.replace(
+            "=500  \\\\$aIncludes index.\n", "").encode())
+        for policy, of_capitals, of_no_notes in ((0, 0, 0), (1, 1, 0), (2, 1, 1), (0, 0, 0)):
+            self.assertEqual(run("settings", "RadioBasic_TLC_Custom", str(policy))[0], 0)
+            self.check(capitals, status=of_capitals)
+            self.check(without_notes, status=of_no_notes)
+        status, _, err = run("settings", "RadioBasic_TLC_Custom", "3")
+        self.assertEqual(status, 2)
+        self.assertIn('the value is 0, 1 or 2, not "3"', err)
+
     def test_wrong_usage(self):
         for arguments, words in (
                 (["--set", "NoNotes"], "NoNotes is not KEY=0"),
