@@ -4,6 +4,7 @@
 #include <quillory/cli/TerminalPort.h>
 
 #include <algorithm>
+#include <string>
 
 namespace quillory {
 namespace {
@@ -24,14 +25,21 @@ Status RunShow(const ShowCommand& options) {
     show.damaged = options.input.where.AsksForAll();
     RecordShower shower(show, options.input.charset, output, reporter);
     try {
+        bool isMissing = options.record != 0;
         const Status read = ReadFiles(options.input, reporter, [&](Item& item) {
             if (options.record != 0 && item.number > options.record) return false;
-            if (options.record == 0 || item.number == options.record) shower.Take(item);
+            if (options.record != 0 && item.number < options.record) return true;
+            isMissing = false;
+            shower.Take(item);
             return true;
         });
         shower.Finish();
         output.Finish();
-        return std::max(read, shower.Result());
+        if (isMissing) {
+            reporter.Say(std::string(show.damaged ? "no record" : "no record that matches") +
+                         " has the number " + std::to_string(options.record));
+        }
+        return std::max({read, shower.Result(), isMissing ? kStatusFindings : kStatusWell});
     } catch (const ClosedPipe&) {
         return shower.Result();
     }

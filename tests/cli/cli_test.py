@@ -94,6 +94,11 @@ class Roads(Cli):
         self.assertEqual(narrow.count("LDR"), 1)
         self.assertLessEqual(max(map(len, narrow.splitlines())), 60)
         self.assertNotIn(b"\x1b", out)
+        for choice, why in ([], "no record has the number 99"), (
+                ["--where", "has 001"], "no record that matches has the number 99"):
+            status, out, err = run("show", self.utf8, "--record", "99", *choice)
+            self.assertEqual((status, out), (1, b""))
+            self.assertIn(why, err)
 
     def test_standard_input_and_gzip(self):
         data = self.utf8.read_bytes()
