@@ -179,7 +179,8 @@ void DeclareCheck(Arguments& command) {
                    "Form of the report; by default that of the output's name");
     DeclareReportFile(command, options.report.output);
     command.Flag("--each", options.report.showsEach,
-                 "Every finding as text, not only the first three of each rule");
+                 "Every finding as text, not only the first three of each rule; --quiet does so, "
+                 "too, without the table at the end");
     command.Option(
         "--rows", options.report.rows,
         "Findings that a page of HTML shows, 0 for all; it counts all in any case. Lines of JSON "
