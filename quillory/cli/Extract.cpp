@@ -18,7 +18,7 @@ struct ExtractCommand {
 
 constexpr const char* kExtractDetails =
     "A column for each place, a row for each record, in UTF-8. A whole field is shown without its\n"
-    "indicators and subfield codes; subfields that are named together, as in 245ab, are one "
+    "indicators, subfield codes and $6; subfields that are named together, as in 245ab, are one\n"
     "value.\n"
     "--repeat rows gives each value a row of its own: a column with one value has it in all rows "
     "of\n"

@@ -9,6 +9,8 @@
 namespace quillory {
 namespace {
 
+constexpr std::string_view kLink = "\0376";  // the number of the field's other script
+
 // Whether a control field is of the material that a place names, as "006m" does.
 bool IsOfMaterial(const Place& place, std::string_view leader, std::string_view content) {
     const std::string_view letter{&place.material, 1};
@@ -68,6 +70,7 @@ std::string_view JoinedText(std::string_view slice, std::string& joined) {
     if (slice.find(zorby::kDelimiter) == slice.npos) return slice;
     joined.clear();
     ForEachPart(slice, [&joined](std::string_view part) {
+        if (part.starts_with(kLink)) return;
         if (part.front() == zorby::kDelimiter) {
             part.remove_prefix(std::min<std::size_t>(2, part.size()));
         }

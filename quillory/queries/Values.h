@@ -42,8 +42,9 @@ private:
     std::map<Tag, std::uint32_t> others_;
 };
 
-// The text of a whole field from its bytes: the texts of subfields with a blank between any two.
-// Result: a view of `slice` if it is one text, or of `joined`.
+// The text of a whole field from its bytes: the texts of subfields with a blank between any two,
+// but for $6, which is no text but a link. Result: a view of `slice` if it is one text, or of
+// `joined`.
 std::string_view JoinedText(std::string_view slice, std::string& joined);
 
 namespace values {

@@ -51,6 +51,13 @@ TEST(Values, OfAllKindsOfPlaces) {
     }
 }
 
+TEST(Values, ALinkIsNoTextOfItsField) {
+    const TestRecord test({kLeaderLine, "24510$6880-01$aOne /$cby", "88010$6245-01/$1"}, '$');
+    EXPECT_EQ(ValuesOf(test.record, "245"), "245=One / by");
+    EXPECT_EQ(ValuesOf(test.record, "2456"), "245 $6=880-01");
+    EXPECT_EQ(ValuesOf(test.record, "880"), "880=");
+}
+
 std::string TextOf(ValueReader& reader, const Record& record, const char* places) {
     std::string text;
     reader.ForEach(record, ParsePlaceSet(places).places,
