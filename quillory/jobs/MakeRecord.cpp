@@ -53,10 +53,8 @@ Status MakeAndWrite(const MakeRecordOptions& options, const DraftFiller& fill, R
 }  // namespace
 
 Status MakeRecord(const MakeRecordOptions& options, const DraftFiller& fill, Reporter& reporter) {
-    if (!options.from.empty()) {
-        CheckNotAnInput({options.from}, options.output.output);
-        CheckNotAnInput({options.from}, options.output.rejects);
-    }
+    CheckNotAnInput({options.from}, options.output.output);
+    CheckNotAnInput({options.from}, options.output.rejects);
     try {
         return MakeAndWrite(options, fill, reporter);
     } catch (const EntryError& error) {

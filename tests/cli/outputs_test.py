@@ -69,6 +69,8 @@ class Outputs(Cli):
                 ("convert damaged.mrc -o t.link --rejects t", "can't take both the records and"),
                 ("pick a.mrc --ids ids -o ids", "is an input, and would be overwritten"),
                 ('convert a.mrc --to marc -o "$QUILLORY_HOME/quillory.db"', "this is the store"),
+                ('new -w 1 --to marc -o "$QUILLORY_HOME/quillory.db"', "this is the store"),
+                ('new -w 1 --rejects "$QUILLORY_HOME/quillory.db"', "this is the store"),
                 ('cards a.mrc -o "$QUILLORY_HOME/quillory.db"', "this is the store")):
             with self.subTest(arguments=arguments):
                 status, _, err = shell(f'cd "$1"; "$Q" {arguments}', self.folder)
