@@ -47,6 +47,10 @@ bool IsDiacritic(char c) {
 
 }  // namespace
 
+bool IsDefaultDiacritic(char marc8) {
+    return IsDiacritic(marc8) && CodePointOfMarc8(marc8) != 0;
+}
+
 std::optional<YazConverter::Outcome> DecodeInDefaultSets(std::string_view marc8,
                                                          std::string& utf8) {
     const bool isKnown = !marc8.empty() && std::ranges::all_of(marc8, CodePointOfMarc8);

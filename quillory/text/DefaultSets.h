@@ -12,5 +12,7 @@ namespace quillory {
 // before it, as libyaz does: so libyaz need not be loaded for a text in a Latin script. Nothing if
 // anything else is among them.
 std::optional<YazConverter::Outcome> DecodeInDefaultSets(std::string_view marc8, std::string& utf8);
+// Whether a byte is a diacritic there. However many of them stand in a row, they are kIncomplete.
+bool IsDefaultDiacritic(char marc8);
 
 }  // namespace quillory

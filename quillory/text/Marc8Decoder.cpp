@@ -1,4 +1,5 @@
 #include <quillory/text/Ascii.h>
+#include <quillory/text/DefaultSets.h>
 #include <quillory/text/Marc8Escape.h>
 #include <quillory/text/Marc8Unicode.h>
 #include <quillory/text/Utf8.h>
@@ -181,25 +182,30 @@ void Marc8Unicode::Decoder::TakeLoneDiacritic(Sets& sets, const std::string& uni
     out_ += decoded.utf8;
 }
 
-// An escape may stand between a diacritic and its letter.
+// An escape may stand between a diacritic and its letter. Diacritics of the default sets are no
+// letter yet, however many of them come: to decode all of them with each one would take the square
+// of their number.
 void Marc8Unicode::Decoder::TakeUnit() {
     Sets& sets = *sets_;
     std::string unit;
     bool begun = false;
+    bool hasDiacriticsAlone = sets_ == &owner_.defaultSets_;
     auto outcome = YazConverter::kIncomplete;
     while (outcome == YazConverter::kIncomplete && at_ < text_.size()) {
         if (text_[at_] == kEscape) {
             const std::size_t size = TakeEscape();
             if (size == 0) break;
             unit += text_.substr(at_ - size, size);
+            hasDiacriticsAlone = false;
         } else if (IsAsciiControl(text_[at_])) {
             break;
         } else if (LoseBrokenCharacter()) {
             if (begun) continue;
             return;
         } else if (!TakeSecondHalf()) {
+            hasDiacriticsAlone = hasDiacriticsAlone && IsDefaultDiacritic(text_[at_]);
             TakeCharacter(unit);
-            begun = true;
+            if (std::exchange(begun, true) && hasDiacriticsAlone) continue;
             const Decoded& decoded = owner_.Decode(sets, unit);
             outcome = decoded.outcome;
             if (outcome == YazConverter::kDone && !decoded.utf8.empty()) {

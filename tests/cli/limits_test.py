@@ -55,6 +55,13 @@ class Limits(Cli):
         status, out, err = run("convert", source, "--to", "mrk")
         self.assertEqual((status, out.count(b"=LDR"), err), (0, 1, ""))
 
+    def test_a_letter_under_many_diacritics(self):
+        text = XML + RECORD.replace(b"</record>", b'<datafield tag="500" ind1=" " ind2=" ">'
+                                    b'<subfield code="a">q' + b"\xcc\x81" * 490000
+                                    + b"</subfield></datafield></record>") + b"</collection>"
+        self.refused("500: the field has ", "convert", self.path("in.xml", text), "--to-charset",
+                     "marc8", status=1)
+
     def test_what_is_held_in_memory(self):
         bomb = gzip.compress(b"#" + b"x" * (65 << 20), 1)
         for name, command in (("b.toml.gz", ["catalog"]), ("b.toml.gz", ["new", "--from"]),
