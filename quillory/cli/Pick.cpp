@@ -17,9 +17,9 @@ constexpr const char* kPickDetails =
     "form there is `quillory convert --where`. A record has to match --where, --records and "
     "--ids,\n"
     "as far as they are given. Damaged records are named and left out; --rejects keeps them.\n"
-    "Status: 0 if records were picked, 1 if none was, for an ID without a record, or with damage; "
-    "2\n"
-    "for wrong usage, or a file that can't be read or written.";
+    "Status: 0 if records were picked, 1 if none was, for an ID or a number without a record, or "
+    "with\n"
+    "damage; 2 for wrong usage, or a file that can't be read or written.";
 
 Status RunPick(const PickCommand& command) {
     TerminalPort terminal;

@@ -123,9 +123,11 @@ Status RunPrint(const PrintCommand& command) {
          {command.destination.pages.pdf, command.destination.pages.preview}) {
         CheckNotAnInput(records.source.input.files, path);
     }
+    PrintDestination destination = command.destination;
+    destination.pages.inputs = records.source.input.files;
     TerminalPort terminal;
     Reporter reporter(terminal, command.messages);
-    return PrintTo(command.destination,
+    return PrintTo(destination,
                    [&](PrintTarget& target) { return PrintRecords(records, target, reporter); });
 }
 

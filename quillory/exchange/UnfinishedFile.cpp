@@ -198,7 +198,8 @@ bool SyncsFiles() {
 
 void RemoveUnfinishedFilesOnSignals() {
     for (const int signal : {SIGPIPE, SIGXFSZ}) std::signal(signal, SIG_IGN);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXCPU}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGXCPU, SIGALRM, SIGVTALRM, SIGPROF,
+                             SIGUSR1, SIGUSR2}) {
         if (std::signal(signal, EndBySignal) == SIG_IGN) std::signal(signal, SIG_IGN);
     }
 }

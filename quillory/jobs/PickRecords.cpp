@@ -26,6 +26,7 @@ public:
     }
 
     bool Takes(const Item& item) { return IsAskedFor(item) != invert_; }
+    void Pass(const Item& item) { passed_ = item.number; }
 
     // Whether no record from this number on can be asked for.
     bool IsOver(std::uint64_t number) const {
@@ -33,6 +34,11 @@ public:
     }
 
     Status SayNotMet(const Reporter& reporter) const {
+        return std::max(SayIdsNotMet(reporter), SayNumbersNotMet(reporter));
+    }
+
+private:
+    Status SayIdsNotMet(const Reporter& reporter) const {
         constexpr std::size_t kMostNamed = 5;
         const std::vector<std::string> notMet = ids_ ? ids_->NotMet() : std::vector<std::string>();
         if (notMet.empty()) return kStatusWell;
@@ -46,7 +52,14 @@ public:
         return kStatusFindings;
     }
 
-private:
+    // A range may go on after the last record, so that it takes all from its beginning.
+    Status SayNumbersNotMet(const Reporter& reporter) const {
+        if (passed_ >= numbers_.LastRange()) return kStatusWell;
+        reporter.Say("no record has the number " + std::to_string(numbers_.LastRange()) +
+                     ", which --records asks for; the last one is " + std::to_string(passed_));
+        return kStatusFindings;
+    }
+
     void ReadNumbers(const PickOptions& options) {
         if (options.input.files.size() > 1) {
             throw UsageError(Fault{FaultCode::kHoldingsNumberFiles});
@@ -75,6 +88,7 @@ private:
     RecordNumbers numbers_;
     std::optional<RecordIdList> ids_;
     bool invert_;
+    std::uint64_t passed_ = 0;  // the number of the last record
 };
 
 // So many of the records by chance, each as likely as any other.
@@ -211,6 +225,7 @@ private:
 
     bool Take(const Item& item) {
         copier_.Pass(item);
+        choice_.Pass(item);
         if (item.kind != kItemFrame && !IsFull()) damage_.Take(item);
         if (item.kind == kItemRecord && !IsFull() && choice_.Takes(item)) Pick(item.bytes);
         const bool isOver = IsFull() || choice_.IsOver(item.number + 1);

@@ -69,6 +69,8 @@ void PageTarget::WritePicture(std::string_view png) {
     std::string path = options_.preview;
     const std::size_t sign = path.find(kPageSign);
     if (sign != path.npos) path.replace(sign, kPageSign.size(), std::to_string(pages_));
+    CheckNotAnInput(options_.inputs, path);
+    CheckNotTheSame(path, options_.pdf, "the pages and the preview");
     WriteOutput(path, png);
 }
 

@@ -37,6 +37,7 @@ struct PageOptions {
     std::string preview = {};
     bool withEdges = false;  // draw the edges of cards and labels, and the holes of cards
     int skip = 0;            // places of the first sheet that are used up
+    std::vector<std::string> inputs = {};  // files that no picture may overwrite
 };
 
 // Pages of sheets, as PDF, as pictures, or as both.

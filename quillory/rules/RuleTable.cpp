@@ -133,7 +133,7 @@ constexpr Rule kTable[] = {
      "Files are compared, updated and loaded by the control number.", "a record without 001",
      kFormat},
     {RuleId::No008, "no-008", Error, "No fixed-length data elements",
-     "the record lacks field 008: give its {found}",
+     "the record lacks field 008: give its {allowed}",
      "Date, language, place and audience are coded there.", "a record without 008", kFormat},
     {RuleId::No040, "no-040", Note, "No cataloging source",
      "the record lacks the source of its cataloging: give 040 $a and $c, the codes of the "

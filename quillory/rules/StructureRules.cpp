@@ -220,7 +220,7 @@ void CheckNeeds(const RecordInHand& record, std::string_view positionsOf008, boo
                 RemarkSink& remarks) {
     if (!record.Has(1)) remarks.Add(RuleId::No001, Place::OfField(1U));
     if (!record.Has(8)) {
-        remarks.Add(RuleId::No008, Place::OfField(8U), std::string(positionsOf008));
+        remarks.Add(RuleId::No008, Place::OfField(8U), {}, std::string(positionsOf008));
     }
     if (!needsSource) return;
     const CheckedField* source = record.First(40);

@@ -121,6 +121,9 @@ class Cards(Prints):
                          (self.path("one.png").read_bytes(),) * 2)
         size = struct.unpack(">II", self.path("one.png").read_bytes()[16:24])
         self.assertEqual(size, (738, 443))  # 12.5 x 7.5 cm at 150 dots to the inch
+        _, err = self.quillory("cards", self.records(MAP, "in1.mrk"), "--preview",
+                               self.path("in{}.mrk"), status=2)
+        self.assertIn("in1.mrk: is an input, and would be overwritten", err)
         self.quillory("cards", source, "--preview", self.path("sheet.png"), "--paper", "a4")
         size = struct.unpack(">II", self.path("sheet.png").read_bytes()[16:24])
         self.assertEqual(size, (1240, 1754))

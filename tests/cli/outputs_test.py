@@ -164,7 +164,7 @@ class Outputs(Cli):
     def test_a_signal_leaves_nothing(self):
         before = self.names()
         for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP, signal.SIGQUIT,
-                       signal.SIGXCPU):
+                       signal.SIGXCPU, signal.SIGALRM, signal.SIGUSR1):
             with self.subTest(signal=number):
                 child = self.begin("convert", "-o", self.path("t"))
                 self.wait_for_files(2)

@@ -155,6 +155,13 @@ class Pick(Files):
                 self.assertEqual(again.count(b"=LDR") + 2,
                                  run("convert", "--to", "mrk", file)[1].count(b"=LDR"))
 
+    def test_a_number_without_a_record_is_named(self):
+        self.assertEqual(run("pick", "--records", "2-999", SAMPLES)[0], 0)
+        for numbers, count in (("99", 0), ("2,98-99", 1)):
+            status, out, err = run("pick", "--records", numbers, SAMPLES)
+            self.assertEqual((status, out.count(b"=LDR")), (1, count))
+            self.assertRegex(err, "no record has the number 9[89], .*; the last one is [0-9]+\n")
+
     def test_files_are_joined(self):
         for form in FORMS:
             with self.subTest(form):
