@@ -93,9 +93,10 @@ public:
 
     void TakeRecord(const CheckedRecord& record) override {
         const Item& item = record.item;
+        const std::string_view controlNumber = item.record.ControlNumber();
         for (const Remark& remark : record.remarks) {
             Write(item, {*remark.rule, static_cast<std::size_t>(remark.rule->id), remark.severity,
-                         RemarkText(remark), remark.place, item.record.ControlNumber(), item.offset,
+                         RemarkText(remark), remark.place, controlNumber, item.offset,
                          item.bytes.size()});
         }
     }

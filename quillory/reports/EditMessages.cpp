@@ -26,12 +26,14 @@ EditMessages::EditMessages(const EditMessagesOptions& options, Reporter& reporte
 
 void EditMessages::TakeRecord(const Item& item, const Edit& edit) {
     if (file_) {
-        for (const Change& change : edit.changes) WriteChange(item, change);
+        const std::string_view controlNumber = item.record.ControlNumber();
+        for (const Change& change : edit.changes) WriteChange(item, controlNumber, change);
     }
     if (screen_) ShowDiff(item, edit);
 }
 
-void EditMessages::WriteChange(const Item& item, const Change& change) {
+void EditMessages::WriteChange(const Item& item, std::string_view controlNumber,
+                               const Change& change) {
     std::string line;
     Losses unused;  // bytes that are no UTF-8 are replaced
     JsonWriter json(line, unused);
@@ -39,7 +41,7 @@ void EditMessages::WriteChange(const Item& item, const Change& change) {
     json.Member("file", reporter_.File());
     json.Member("record", item.number);
     json.Member("offset", item.offset);
-    json.Member("control_number", item.record.ControlNumber());
+    json.Member("control_number", controlNumber);
     json.Member("operation", change.operation);
     json.Member("place", GeneralPlace(change.place));
     json.Member("occurrence", std::max(change.place.occurrence, 1U));

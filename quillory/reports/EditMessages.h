@@ -28,7 +28,7 @@ public:
     void Finish(const EditTotals& totals, bool isDryRun) override;
 
 private:
-    void WriteChange(const Item& item, const Change& change);
+    void WriteChange(const Item& item, std::string_view controlNumber, const Change& change);
     void ShowDiff(const Item& item, const Edit& edit);
 
     Reporter& reporter_;

@@ -31,13 +31,17 @@ public:
         : words_(lists), reporter_(reporter), output_(path, OutputRole::kBeside) {}
 
     void TakeRecord(const Item& item, const std::vector<Repair>& repairs) override {
-        for (const Repair& repair : repairs) output_.Write(RowOf(item, repair) + "\n");
+        const std::string controlNumber = Utf8OfBytes(item.record.ControlNumber());
+        for (const Repair& repair : repairs) {
+            output_.Write(RowOf(item, controlNumber, repair) + "\n");
+        }
     }
     void Complete(const RepairTotals& /*totals*/) override { output_.Complete(); }
     void Finish(const RepairTotals& /*totals*/, bool /*isDryRun*/) override { output_.Finish(); }
 
 private:
-    std::string RowOf(const Item& item, const Repair& repair) const {
+    std::string RowOf(const Item& item, const std::string& controlNumber,
+                      const Repair& repair) const {
         std::string line;
         Losses unused;  // there can't be any
         JsonWriter json(line, unused);
@@ -45,7 +49,7 @@ private:
         json.Member("file", reporter_.File());
         json.Member("record", item.number);
         json.Member("offset", item.offset);
-        json.Member("control_number", Utf8OfBytes(item.record.ControlNumber()));
+        json.Member("control_number", controlNumber);
         json.Member("outcome", OutcomeOf(repair));
         json.Member("class", NameOf(repair.repairClass));
         json.Member("place", GeneralPlace(repair));
@@ -77,13 +81,13 @@ public:
         : words_(lists), reporter_(reporter), output_(path, OutputRole::kBeside) {}
 
     void TakeRecord(const Item& item, const std::vector<Repair>& repairs) override {
+        const std::string controlNumber = RepairCell(item.record.ControlNumber());
         for (const Repair& repair : repairs) {
             if (++repairs_ > kMostRows) continue;
             rows_.Write("<tr>" + RepairCell(NameOf(repair.repairClass)) +
                         RepairCell(ElementTextOf(repair)) + RepairCell(words_.ChangeOf(repair)) +
                         RepairCell(ReasonOf(repair)) + RepairCell(std::to_string(item.number)) +
-                        RepairCell(item.record.ControlNumber()) + RepairCell(reporter_.File()) +
-                        "</tr>\n");
+                        controlNumber + RepairCell(reporter_.File()) + "</tr>\n");
         }
     }
 

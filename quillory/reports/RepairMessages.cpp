@@ -17,6 +17,20 @@ std::string ClassOf(const RepairRow& row) {
     return row.first.kind == RepairKind::Left ? name + ", left" : name;
 }
 
+// Enough of a record to say where it is. Its number, if it has one, is found there at once, for
+// each of many messages.
+Item HeadOf(const Item& item) {
+    Item head;
+    head.Begin(item.kind, item.offset, item.bytes);
+    head.number = item.number;
+    head.controlNumber = item.controlNumber;
+    head.record.leader = item.record.leader;
+    const auto& fields = item.record.fields;
+    const auto number = std::ranges::find(fields, "001", &zorby::CommFormatField::tag);
+    if (number != fields.end()) head.record.fields.push_back(*number);
+    return head;
+}
+
 }  // namespace
 
 bool RepairMessages::Needs(const std::vector<Repair>& repairs) const {
@@ -26,9 +40,10 @@ bool RepairMessages::Needs(const std::vector<Repair>& repairs) const {
 }
 
 void RepairMessages::TakeRecord(const Item& item, const std::vector<Repair>& repairs) {
+    const Item head = HeadOf(item);
     for (const Repair& repair : repairs) {
         if (repair.kind != RepairKind::Left && !reporter_.SaysAll()) continue;
-        reporter_.Say(item, KindOf(repair), [&] { return words_.MessageOf(repair); });
+        reporter_.Say(head, KindOf(repair), [&] { return words_.MessageOf(repair); });
     }
     if (file_) file_->TakeRecord(item, repairs);
 }

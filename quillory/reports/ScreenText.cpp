@@ -1,5 +1,6 @@
 #include <quillory/reports/ScreenText.h>
 #include <quillory/text/Utf8.h>
+#include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
 #include <sstream>
@@ -7,14 +8,18 @@
 namespace quillory {
 
 std::size_t Columns(std::string_view text) {
+    const char* const end = text.data() + text.size();
     std::size_t columns = 0;
-    while (!text.empty()) {
+    for (;;) {
+        const std::size_t plain = zorby::PlainRunLength(text.data(), end);
+        columns += plain;
+        text.remove_prefix(plain);
+        if (text.empty()) return columns;
         const Utf8Char c = DecodeUtf8(text);
         const int width = utf8proc_charwidth(static_cast<utf8proc_int32_t>(c.codePoint));
         columns += static_cast<std::size_t>(std::max(width, 0));
         text.remove_prefix(c.size);
     }
-    return columns;
 }
 
 std::string Padded(std::string text, std::size_t columns) {
