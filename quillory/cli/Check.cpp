@@ -154,12 +154,14 @@ void DeclareRules(Arguments& command, CheckOptions& options) {
         .Option("--only", options.rules.only,
                 "Only this rule, or several with commas between them; may be given several times")
         .Shown("RULE")
+        .NeverEmpty()
         .Offers(RuleNames());
     command
         .Option(
             "--skip", options.rules.skip,
             "All rules but this, or several with commas between them; may be given several times")
         .Shown("RULE")
+        .NeverEmpty()
         .Offers(RuleNames());
     command.Flag("--repertoire", options.showsRepertoire,
                  "Note the characters that MARC-8 lacks; the same as --rule outside-marc8=note");

@@ -52,6 +52,7 @@ class Outputs(Cli):
         for command in (["edit", "delete", "500", self.source, "--where"],
                         ["records", "delete", "--where"], ["pick", self.source, "--records"],
                         ["show", self.source, "--where-text"],
+                        ["check", self.source, "--only"], ["check", self.source, "--skip"],
                         ["export", self.source, "--holdings-type"]):
             with self.subTest(command=command):
                 status, out, err = run(*command, "")
