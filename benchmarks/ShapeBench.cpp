@@ -57,6 +57,11 @@ std::string FieldsOfOneTag(std::size_t bytes) {
     return Mrk(Times(bytes, "=500  \\\\$ax\n"));
 }
 
+// Of a record without a control number.
+std::string FaultyControlFields(std::size_t bytes) {
+    return Mrk(Times(bytes, "=007  zz \n"));
+}
+
 std::string EmptyFields(std::size_t bytes) {
     return Mrk(Times(bytes, "=001  \n"));
 }
@@ -196,6 +201,11 @@ const Work kWorks[] = {
     WORK(FieldsOfOneTag, Repair, "repair --from mrk FILE --to mrk -o /dev/null"),
     WORK(FieldsOfOneTag, Show, "show --from mrk FILE"),
     WORK(FieldsOfOneTag, Edit, "edit trim 500 --from mrk FILE --to mrk -o /dev/null"),
+    WORK(FieldsOfOneTag, EditReport,
+         "edit case 500a --as upper --from mrk FILE --report /dev/null --to mrk -o /dev/null"),
+    WORK(FaultyControlFields, Repair,
+         "repair --from mrk FILE --each --report /dev/null --to mrk -o /dev/null"),
+    WORK(EmptyFields, Sarif, "check --from mrk FILE --format sarif -o /dev/null"),
     WORK(FieldsOfTheLeadersTag, Microlif, CONVERT "--to microlif"),
     WORK(FieldsWithoutCodes, Lenient, CONVERT "--to mrk --lenient"),
     WORK(EmptyFields, Microlif, CONVERT "--to microlif"),

@@ -36,7 +36,8 @@ Status RunShow(const ShowCommand& options) {
         shower.Finish();
         output.Finish();
         if (isMissing) {
-            reporter.Say(std::string(show.damaged ? "no record" : "no record that matches") +
+            const bool asksForAll = options.input.where.AsksForAll();
+            reporter.Say(std::string(asksForAll ? "no record" : "no record that matches") +
                          " has the number " + std::to_string(options.record));
         }
         return std::max({read, shower.Result(), isMissing ? kStatusFindings : kStatusWell});

@@ -54,8 +54,8 @@ private:
 
     // A range may go on after the last record, so that it takes all from its beginning.
     Status SayNumbersNotMet(const Reporter& reporter) const {
-        if (passed_ >= numbers_.LastRange()) return kStatusWell;
-        reporter.Say("no record has the number " + std::to_string(numbers_.LastRange()) +
+        if (passed_ >= numbers_.BeginOfLastRange()) return kStatusWell;
+        reporter.Say("no record has the number " + std::to_string(numbers_.BeginOfLastRange()) +
                      ", which --records asks for; the last one is " + std::to_string(passed_));
         return kStatusFindings;
     }

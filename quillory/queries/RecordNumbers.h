@@ -16,8 +16,8 @@ public:
     bool Has(std::uint64_t number) const;
     // The highest of them; 0 if there is none.
     std::uint64_t Last() const { return Empty() ? 0 : ranges_.back().second; }
-    // Where the last range of them begins; 0 if there is none.
-    std::uint64_t LastRange() const { return Empty() ? 0 : ranges_.back().first; }
+    // 0 if there is none.
+    std::uint64_t BeginOfLastRange() const { return Empty() ? 0 : ranges_.back().first; }
 
 private:
     friend struct RecordNumbersReading ParseRecordNumbers(std::string_view text);

@@ -9,7 +9,7 @@
 namespace quillory {
 namespace {
 
-constexpr std::string_view kLink = "\0376";  // the number of the field's other script
+constexpr std::string_view kBeginOfLink = "\0376";  // subfield $6
 
 // Whether a control field is of the material that a place names, as "006m" does.
 bool IsOfMaterial(const Place& place, std::string_view leader, std::string_view content) {
@@ -70,7 +70,7 @@ std::string_view JoinedText(std::string_view slice, std::string& joined) {
     if (slice.find(zorby::kDelimiter) == slice.npos) return slice;
     joined.clear();
     ForEachPart(slice, [&joined](std::string_view part) {
-        if (part.starts_with(kLink)) return;
+        if (part.starts_with(kBeginOfLink)) return;
         if (part.front() == zorby::kDelimiter) {
             part.remove_prefix(std::min<std::size_t>(2, part.size()));
         }

@@ -17,17 +17,14 @@ std::string ClassOf(const RepairRow& row) {
     return row.first.kind == RepairKind::Left ? name + ", left" : name;
 }
 
-// Enough of a record to say where it is. Its number, if it has one, is found there at once, for
-// each of many messages.
+// Enough of a record to say where it is. To look for its control number among all fields with each
+// of its messages would take the square of their number.
 Item HeadOf(const Item& item) {
     Item head;
     head.Begin(item.kind, item.offset, item.bytes);
     head.number = item.number;
-    head.controlNumber = item.controlNumber;
-    head.record.leader = item.record.leader;
-    const auto& fields = item.record.fields;
-    const auto number = std::ranges::find(fields, "001", &zorby::CommFormatField::tag);
-    if (number != fields.end()) head.record.fields.push_back(*number);
+    const std::string_view controlNumber = item.record.ControlNumber();
+    if (!controlNumber.empty()) head.record.fields.push_back({"001", controlNumber});
     return head;
 }
 
