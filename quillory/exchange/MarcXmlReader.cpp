@@ -55,13 +55,17 @@ void MarcXmlReader::PassPlain(std::size_t bytes) {
 // Reads the next record without the parser, if that is possible.
 bool MarcXmlReader::ReadPlain() {
     if (!CanReadPlain()) return false;
+    const auto read = [this](std::string_view xml) {
+        record_.builder.Clear();
+        return plain_.Read(xml, record_.builder);
+    };
     std::string_view window = input_.Peek(1);
-    auto reading = plain_.Read(window, record_.builder);
+    auto reading = read(window);
     while (reading == PlainXml::kCutShort && window.size() < kMuch) {
         const std::size_t before = window.size();
         window = input_.Peek(before + kPiece);
         if (window.size() == before) break;
-        reading = plain_.Read(window, record_.builder);
+        reading = read(window);
     }
     if (reading != PlainXml::kRead) return false;
     record_.start = fed_ + plain_.Blanks();

@@ -312,7 +312,6 @@ bool PlainXml::ReadRecord() {
 
 PlainXml::Reading PlainXml::Read(std::string_view xml, RecordBuilder& builder) {
     builder_ = &builder;
-    builder.Clear();
     isCutShort_ = false;
     rest_ = xml;
     blanks_ = SkipBlanks().size();

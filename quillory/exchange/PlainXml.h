@@ -24,8 +24,8 @@ public:
     enum Reading { kRead, kNotPlain, kCutShort };
 
     // Reads white space and a record at the front of `xml`, which is cut short if the record may
-    // go on. What of it is in the builder is of use only if it could be read; then it holds no
-    // signs that a record can't hold (RecordCheck.h).
+    // go on, into a builder that has begun one. What of it is in the builder is of use only if it
+    // could be read; then it holds no signs that a record can't hold (RecordCheck.h).
     Reading Read(std::string_view xml, RecordBuilder& builder);
     // Bytes of what was read.
     std::size_t Blanks() const { return blanks_; }

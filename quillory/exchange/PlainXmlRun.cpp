@@ -1,7 +1,6 @@
 #include <quillory/exchange/PlainXmlRun.h>
 
 #include <algorithm>
-#include <span>
 #include <utility>
 
 namespace quillory {
@@ -17,52 +16,28 @@ struct Holder {
 std::size_t PlainXmlRun::Read(PlainXml& plain, std::string_view xml, std::uint64_t offset,
                               std::size_t most) {
     records_.clear();
-    text_.Clear();
-    fields_.clear();
-    notes_.clear();
+    builder_.Clear();
     std::size_t taken = 0;
     while (taken < most && plain.Read(xml.substr(taken), builder_) == PlainXml::kRead) {
         const std::uint64_t start = offset + taken + plain.Blanks();
         taken += plain.Size();
-        Keep(builder_, start, offset + taken);
+        Keep(start, offset + taken);
     }
     return taken;
 }
 
-void PlainXmlRun::Keep(const RecordBuilder& builder, std::uint64_t start, std::uint64_t end) {
-    const auto fields = builder.Fields();
-    const auto notes = builder.Notes();
-    records_.push_back(
-        {start, end, text_.Size(), fields_.size(), fields.size(), notes_.size(), notes.size()});
-    text_ += builder.Leader();
-    text_ += builder.Contents();
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        const bool isLast = i + 1 == fields.size();
-        const std::size_t next = isLast ? builder.Contents().size() : fields[i + 1].start;
-        fields_.push_back({fields[i].tag, static_cast<std::uint32_t>(next - fields[i].start)});
-    }
-    notes_.insert(notes_.end(), notes.begin(), notes.end());
+void PlainXmlRun::Keep(std::uint64_t start, std::uint64_t end) {
+    const RecordBuilder::Mark mark = builder_.Here();
+    KeptRecord& kept = records_.emplace_back(KeptRecord{start, end, {}, mark});
+    builder_.Leader().copy(kept.leader.data(), kept.leader.size());
+    builder_.BeginAt(mark);
 }
 
 void PlainXmlRun::Give(std::size_t index, Item& item) const {
     const KeptRecord& kept = records_[index];
-    std::string_view text = text_.Text().substr(kept.text);
-    const auto take = [&text](std::size_t size) {
-        const std::string_view taken = text.substr(0, size);
-        text.remove_prefix(size);
-        return taken;
-    };
-    const auto notes = std::span(notes_).subspan(kept.note, kept.notes);
-    item.notes.assign(notes.begin(), notes.end());
-    item.record.leader = take(zorby::kLeaderSize);
-    item.record.bytes = {};
-    item.record.fields.resize(kept.fields);
-    auto field = fields_.begin() + static_cast<std::ptrdiff_t>(kept.field);
-    for (auto& [tag, content] : item.record.fields) {
-        tag = {field->tag.data(), field->tag.size()};
-        content = take(field->size);
-        ++field;
-    }
+    item.record.leader = {kept.leader.data(), kept.leader.size()};
+    builder_.GiveBetween(index == 0 ? RecordBuilder::Mark{} : records_[index - 1].mark, kept.mark,
+                         item);
 }
 
 std::shared_ptr<PlainXmlRun> PlainXmlRuns::Take() {

@@ -3,7 +3,6 @@
 #include <quillory/exchange/PlainXml.h>
 #include <quillory/exchange/RecordBuilder.h>
 #include <quillory/exchange/RecordRuns.h>
-#include <quillory/text/TextBuilder.h>
 
 #include <array>
 #include <cstddef>
@@ -31,28 +30,18 @@ public:
     void Give(std::size_t index, Item& item) const;
 
 private:
-    struct KeptField {
-        std::array<char, kTagSize> tag;
-        std::uint32_t size;  // of its content
-    };
-    // Where a record stands in the file, and where what it holds begins here.
+    // Where a record stands in the file, and where its parts end in the builder.
     struct KeptRecord {
         std::uint64_t start;
         std::uint64_t end;
-        std::size_t text;  // leader and contents, side by side
-        std::size_t field;
-        std::size_t fields;
-        std::size_t note;
-        std::size_t notes;
+        std::array<char, zorby::kLeaderSize> leader;
+        RecordBuilder::Mark mark;
     };
 
-    void Keep(const RecordBuilder& builder, std::uint64_t start, std::uint64_t end);
+    void Keep(std::uint64_t start, std::uint64_t end);
 
-    RecordBuilder builder_;  // of the record in hand
+    RecordBuilder builder_;  // of all records
     std::vector<KeptRecord> records_;
-    TextBuilder text_;
-    std::vector<KeptField> fields_;
-    std::vector<FaultCode> notes_;
 };
 
 // Keeps room for runs, which is used again once nobody holds a run any more.

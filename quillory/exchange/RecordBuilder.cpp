@@ -17,15 +17,19 @@ bool IsOneCharacter(std::string_view text) {
 }  // namespace
 
 void RecordBuilder::Clear() {
+    BeginAt({});
+}
+
+void RecordBuilder::BeginAt(const Mark& mark) {
     leader_.clear();
-    text_.Clear();
-    fields_.clear();
+    text_.CutTo(mark.text);
+    fields_.resize(mark.field);
     inField_ = false;
     isLeftOut_ = false;
     fault_.reset();
     leftOut_.reset();
     mended_.clear();
-    notes_.clear();
+    notes_.resize(mark.note);
 }
 
 Place RecordBuilder::PlaceInHand() const {
@@ -175,17 +179,29 @@ void RecordBuilder::Give(Item& item) const {
             item.mends.push_back({mend});
         }
     }
-    Record& record = item.record;
-    record.leader = leader_;
+    item.record.leader = leader_;
+    GiveFields({}, Here(), item.record);
+}
+
+void RecordBuilder::GiveBetween(const Mark& begin, const Mark& end, Item& item) const {
+    const auto note = [this](std::size_t at) {
+        return notes_.begin() + static_cast<std::ptrdiff_t>(at);
+    };
+    item.notes.assign(note(begin.note), note(end.note));
+    GiveFields(begin, end, item.record);
+}
+
+void RecordBuilder::GiveFields(const Mark& begin, const Mark& end, Record& record) const {
     record.bytes = {};
-    record.fields.resize(fields_.size());
+    record.fields.resize(end.field - begin.field);
     const std::string_view text = text_.Text();
-    std::size_t end = text.size();
-    for (std::size_t i = fields_.size(); i > 0; --i) {
-        const auto& [tag, start] = fields_[i - 1];
-        record.fields[i - 1].tag = {tag.data(), tag.size()};
-        record.fields[i - 1].content = text.substr(start, end - start);
-        end = start;
+    const Field* field = fields_.data() + end.field;
+    std::size_t contentEnd = end.text;
+    for (std::size_t i = record.fields.size(); i > 0; --i) {
+        --field;
+        record.fields[i - 1].tag = {field->tag.data(), field->tag.size()};
+        record.fields[i - 1].content = text.substr(field->start, contentEnd - field->start);
+        contentEnd = field->start;
     }
 }
 

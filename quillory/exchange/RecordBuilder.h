@@ -5,7 +5,6 @@
 
 #include <array>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +16,16 @@ namespace quillory {
 class RecordBuilder {
 public:
     void Clear();
+
+    // Where the next record begins, if the builder holds several, one behind the other.
+    struct Mark {
+        std::size_t text = 0;
+        std::size_t field = 0;
+        std::size_t note = 0;
+    };
+    Mark Here() const { return {text_.Size(), fields_.size(), notes_.size()}; }
+    // Begins a record behind those before it, which stay; what came after the mark goes.
+    void BeginAt(const Mark& mark);
 
     // Up to 24 bytes, filled up with blanks, or 24 with blanks around them. Byte 09 becomes UTF-8,
     // in which these forms are.
@@ -63,22 +72,23 @@ public:
     // with what was read otherwise, if anything was, as its fault and its mends.
     void Give(Item& item) const;
 
-    // The same for whoever keeps it elsewhere. A field's content goes as far as the next one's.
-    struct Field {
-        std::array<char, kTagSize> tag{};
-        std::size_t start = 0;  // in Contents
-    };
+    // The same for the record between two marks, if it was made of sound parts alone. Its leader,
+    // which only the last record has here, is left out.
+    void GiveBetween(const Mark& begin, const Mark& end, Item& item) const;
     std::string_view Leader() const { return leader_; }
-    std::string_view Contents() const { return text_.Text(); }
-    std::span<const Field> Fields() const { return fields_; }
-    std::span<const FaultCode> Notes() const { return notes_; }
 
 private:
+    struct Field {
+        std::array<char, kTagSize> tag{};
+        std::size_t start = 0;  // of its content, which goes as far as the next one's
+    };
+
     bool BeginField(std::string_view tag);
     void EndField();
     bool Fail(Fault fault);
     void LeaveOut(const Fault& fault);
     bool FailIndicator(std::size_t which, FaultCode code);
+    void GiveFields(const Mark& begin, const Mark& end, Record& record) const;
 
     std::string leader_;
     TextBuilder text_;  // contents
