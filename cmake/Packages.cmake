@@ -56,9 +56,9 @@ set(CPACK_DEBIAN_DATA_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_DATA_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "libstdc++-12-dev | libstdc++-dev")
-# Loaded when it is needed, it is not among what dpkg-shlibdeps finds.
-set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS libyaz5)
-set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS libyaz5)
+# Loaded when they are needed, they are not among what dpkg-shlibdeps finds.
+set(CPACK_DEBIAN_PROGRAM_PACKAGE_DEPENDS "libxml2, libyaz5")
+set(CPACK_DEBIAN_DESK_PACKAGE_DEPENDS "libxml2, libyaz5")
 set(CPACK_DEBIAN_PROGRAM_PACKAGE_RECOMMENDS fonts-dejavu-core)
 set(CPACK_DEBIAN_DESK_PACKAGE_RECOMMENDS "libqt6svg6, fonts-noto-core")
 

@@ -1,6 +1,7 @@
 #include <quillory/exchange/MarcXml.h>
 #include <quillory/exchange/XmlRecords.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/text/LateLibrary.h>
 
 #include <algorithm>
 #include <array>
@@ -118,20 +119,20 @@ class XmlRecords::Parser {
 public:
     explicit Parser(XmlRecords& records) {
         xmlSAXHandler handler = Callbacks::Handler();
-        context_ = xmlCreatePushParserCtxt(&handler, &records, nullptr, 0, nullptr);
+        context_ = xml_.makePushParser(&handler, &records, nullptr, 0, nullptr);
         if (context_ == nullptr) throw std::bad_alloc();
         // Without a document type there are only the five entities of XML itself. In attributes the
         // parser replaces them only if it replaces all.
-        xmlCtxtUseOptions(context_, XML_PARSE_NONET | XML_PARSE_NOENT);
+        xml_.useOptions(context_, XML_PARSE_NONET | XML_PARSE_NOENT);
     }
-    ~Parser() { xmlFreeParserCtxt(context_); }
+    ~Parser() { xml_.free(context_); }
     Parser(const Parser&) = delete;
     Parser& operator=(const Parser&) = delete;
 
     void Take(std::string_view bytes, bool atEnd) {
-        xmlParseChunk(context_, bytes.data(), static_cast<int>(bytes.size()), atEnd ? 1 : 0);
+        xml_.parse(context_, bytes.data(), static_cast<int>(bytes.size()), atEnd ? 1 : 0);
     }
-    void Stop() { xmlStopParser(context_); }
+    void Stop() { xml_.stop(context_); }
     bool IsInTag() const { return context_->instate == XML_PARSER_START_TAG; }
     bool IsWellFormed() const { return context_->wellFormed != 0; }
     // Whether it is between tags, in a document that is in UTF-8.
@@ -142,9 +143,36 @@ public:
     }
     void PassLines(std::uint64_t lines) { context_->input->line += static_cast<int>(lines); }
     // Bytes of the document that have been read; less than 0 if that is not known.
-    long Position() const { return xmlByteConsumed(context_); }
+    long Position() const { return xml_.bytesConsumed(context_); }
 
 private:
+    // It brings ICU.
+    struct Library {
+        static const Library& Loaded() {
+            static const Library loaded;
+            return loaded;
+        }
+
+        decltype(&xmlCreatePushParserCtxt) makePushParser;
+        decltype(&xmlCtxtUseOptions) useOptions;
+        decltype(&xmlFreeParserCtxt) free;
+        decltype(&xmlParseChunk) parse;
+        decltype(&xmlStopParser) stop;
+        decltype(&xmlByteConsumed) bytesConsumed;
+
+    private:
+        Library() {
+            const LateLibrary library("libxml2.so.2", "libxml2");
+            library.Find("xmlCreatePushParserCtxt", makePushParser);
+            library.Find("xmlCtxtUseOptions", useOptions);
+            library.Find("xmlFreeParserCtxt", free);
+            library.Find("xmlParseChunk", parse);
+            library.Find("xmlStopParser", stop);
+            library.Find("xmlByteConsumed", bytesConsumed);
+        }
+    };
+
+    const Library& xml_ = Library::Loaded();
     xmlParserCtxtPtr context_;
 };
 

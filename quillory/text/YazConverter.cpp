@@ -1,17 +1,16 @@
+#include <quillory/text/LateLibrary.h>
 #include <quillory/text/YazConverter.h>
 
 #include <yaz/yaz-iconv.h>
 
-#include <dlfcn.h>
 #include <stdexcept>
 #include <string>
 
 namespace quillory {
 namespace {
 
-// Few texts need libyaz, and it brings thirty libraries: it is loaded by the first that does.
-class Yaz {
-public:
+// It brings thirty libraries.
+struct Yaz {
     static const Yaz& Loaded() {
         static const Yaz yaz;
         return yaz;
@@ -24,22 +23,12 @@ public:
 
 private:
     Yaz() {
-        Find("yaz_iconv_open", open);
-        Find("yaz_iconv_close", close);
-        Find("yaz_iconv", convert);
-        Find("yaz_iconv_error", error);
+        const LateLibrary library("libyaz.so.5", "libyaz");
+        library.Find("yaz_iconv_open", open);
+        library.Find("yaz_iconv_close", close);
+        library.Find("yaz_iconv", convert);
+        library.Find("yaz_iconv_error", error);
     }
-
-    template <class Function>
-    void Find(const char* name, Function& function) {
-        void* const found = library_ == nullptr ? nullptr : dlsym(library_, name);
-        if (found == nullptr) {
-            throw std::runtime_error(std::string("libyaz can't be used: ") + dlerror());
-        }
-        function = reinterpret_cast<Function>(found);
-    }
-
-    void* library_ = dlopen("libyaz.so.5", RTLD_LAZY | RTLD_LOCAL);
 };
 
 }  // namespace
