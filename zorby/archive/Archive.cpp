@@ -1,4 +1,5 @@
 #include <zorby/archive/Archive.h>
+#include <zorby/archive/MemoryStream.h>
 
 #include <algorithm>
 #include <array>
@@ -24,7 +25,8 @@ std::string Narrow(std::string_view wide) {
 
 }  // namespace
 
-CArchive::CArchive(Stream& stream, Mode mode) : stream_(stream), mode_(mode) {}
+CArchive::CArchive(Stream& stream, Mode mode)
+    : stream_(stream), view_(dynamic_cast<MemoryViewStream*>(&stream)), mode_(mode) {}
 
 CArchive::~CArchive() {
     try {
@@ -35,13 +37,21 @@ CArchive::~CArchive() {
     }
 }
 
+inline void CArchive::ReadWhole(void* buffer, std::size_t size, std::uint64_t itemStart) {
+    if (const char* const taken = view_ == nullptr ? nullptr : view_->Take(size)) {
+        std::copy_n(taken, size, static_cast<char*>(buffer));
+    } else if (stream_.Read(buffer, size) != size) {
+        Fail(CArchiveException::kEndOfFile, itemStart);
+    }
+}
+
 void CArchive::Close() {
     if (!std::exchange(open_, false)) return;
     if (IsStoring()) stream_.Flush();
 }
 
 void CArchive::Read(void* buffer, std::size_t size) {
-    ReadWhole(buffer, size, Loading().GetPosition());
+    ReadWhole(buffer, size, LoadingAt());
 }
 
 void CArchive::Write(const void* bytes, std::size_t size) {
@@ -73,27 +83,27 @@ CArchive& CArchive::operator<<(std::string_view text) {
 }
 
 CArchive& CArchive::operator>>(unsigned char& value) {
-    value = static_cast<unsigned char>(Number(1, Loading().GetPosition()));
+    value = static_cast<unsigned char>(Number<1>(LoadingAt()));
     return *this;
 }
 
 CArchive& CArchive::operator>>(char& value) {
-    value = static_cast<char>(Number(1, Loading().GetPosition()));
+    value = static_cast<char>(Number<1>(LoadingAt()));
     return *this;
 }
 
 CArchive& CArchive::operator>>(std::int32_t& value) {
-    value = static_cast<std::int32_t>(Number(4, Loading().GetPosition()));
+    value = static_cast<std::int32_t>(Number<4>(LoadingAt()));
     return *this;
 }
 
 CArchive& CArchive::operator>>(std::uint32_t& value) {
-    value = Number(4, Loading().GetPosition());
+    value = Number<4>(LoadingAt());
     return *this;
 }
 
 CArchive& CArchive::operator>>(std::string& text) {
-    const std::uint64_t itemStart = Loading().GetPosition();
+    const std::uint64_t itemStart = LoadingAt();
     std::uint32_t length = 0;
     if (ReadLength(length, itemStart)) {
         text = ReadBytes(length, itemStart);
@@ -105,10 +115,11 @@ CArchive& CArchive::operator>>(std::string& text) {
     return *this;
 }
 
-Stream& CArchive::Loading() const {
-    if (!open_) Fail(CArchiveException::kClosed, stream_.GetPosition());
-    if (!IsLoading()) Fail(CArchiveException::kWriteOnly, stream_.GetPosition());
-    return stream_;
+std::uint64_t CArchive::LoadingAt() const {
+    const std::uint64_t position = view_ != nullptr ? view_->GetPosition() : stream_.GetPosition();
+    if (!open_) Fail(CArchiveException::kClosed, position);
+    if (mode_ != load) Fail(CArchiveException::kWriteOnly, position);
+    return position;
 }
 
 Stream& CArchive::Storing() const {
@@ -117,9 +128,10 @@ Stream& CArchive::Storing() const {
     return stream_;
 }
 
-std::uint32_t CArchive::Number(std::size_t size, std::uint64_t itemStart) {
+template <std::size_t kSize>
+std::uint32_t CArchive::Number(std::uint64_t itemStart) {
     std::array<unsigned char, 4> bytes{};
-    ReadWhole(bytes.data(), size, itemStart);
+    ReadWhole(bytes.data(), kSize, itemStart);
     return bytes[0] | std::uint32_t{bytes[1]} << 8 | std::uint32_t{bytes[2]} << 16 |
            std::uint32_t{bytes[3]} << 24;
 }
@@ -132,22 +144,22 @@ void CArchive::Put(std::uint32_t number, std::size_t size) {
     Write(bytes.data(), size);
 }
 
-void CArchive::ReadWhole(void* buffer, std::size_t size, std::uint64_t itemStart) {
-    if (stream_.Read(buffer, size) != size) Fail(CArchiveException::kEndOfFile, itemStart);
-}
 
 // Returns false if the wide marker is in the place of the length.
 bool CArchive::ReadLength(std::uint32_t& length, std::uint64_t itemStart) {
-    length = Number(1, itemStart);
+    length = Number<1>(itemStart);
     if (length != kLongLength) return true;
-    length = Number(2, itemStart);
+    length = Number<2>(itemStart);
     if (length == kWideMarker) return false;
-    if (length == kLongerLength) length = Number(4, itemStart);
+    if (length == kLongerLength) length = Number<4>(itemStart);
     return true;
 }
 
 // Reads in growing pieces, since a damaged length may promise far more than the stream holds.
 std::string CArchive::ReadBytes(std::uint64_t size, std::uint64_t itemStart) {
+    if (const char* const taken = view_ == nullptr ? nullptr : view_->Take(size)) {
+        return {taken, static_cast<std::size_t>(size)};
+    }
     std::string bytes;
     while (bytes.size() < size) {
         const std::size_t done = bytes.size();

@@ -13,6 +13,8 @@
 
 namespace zorby {
 
+class MemoryViewStream;
+
 // Loads or stores items in order, with no header and no padding. The caller owns the stream and
 // keeps it alive as long as the archive. The stream's position is right after the last item read or
 // written.
@@ -71,9 +73,10 @@ public:
     }
 
 private:
-    Stream& Loading() const;
+    std::uint64_t LoadingAt() const;
     Stream& Storing() const;
-    std::uint32_t Number(std::size_t size, std::uint64_t itemStart);
+    template <std::size_t kSize>
+    std::uint32_t Number(std::uint64_t itemStart);
     void Put(std::uint32_t number, std::size_t size);
     void ReadWhole(void* buffer, std::size_t size, std::uint64_t itemStart);
     bool ReadLength(std::uint32_t& length, std::uint64_t itemStart);
@@ -82,6 +85,7 @@ private:
     [[noreturn]] void Fail(CArchiveException::Cause cause, std::uint64_t offset) const;
 
     Stream& stream_;
+    MemoryViewStream* view_;  // the stream, if that is what it is
     Mode mode_;
     bool open_ = true;
 };

@@ -37,11 +37,19 @@ public:
     explicit MemoryViewStream(std::string_view bytes);
     ~MemoryViewStream() override;
 
-    std::size_t Read(void* buffer, std::size_t size) override;
+    std::size_t Read(void* buffer, std::size_t size) final;
     void Write(const void* bytes, std::size_t size) override;
     void Flush() override;
-    std::uint64_t GetPosition() const override;
-    void Seek(std::uint64_t position) override;
+    std::uint64_t GetPosition() const final { return position_; }
+    void Seek(std::uint64_t position) final;
+
+    // Moves over `size` bytes and returns them. If fewer are left, moves nowhere and returns null.
+    const char* Take(std::size_t size) {
+        if (position_ > bytes_.size() || bytes_.size() - position_ < size) return nullptr;
+        const char* const taken = bytes_.data() + position_;
+        position_ += size;
+        return taken;
+    }
 
 private:
     std::string_view bytes_;
