@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <mutex>
 #include <optional>
-#include <unordered_map>
 
 namespace quillory {
 namespace {
@@ -93,7 +92,7 @@ private:
     void AddLibrary(const Element& element, const PublishedElement* published);
 
     std::vector<CodeMeaning> codes_;
-    std::unordered_map<std::string, std::size_t> places_;
+    CodePlaces places_;
     int codeLength_ = 1;
     bool takesFill_ = true;
     std::string formerName_;
@@ -114,9 +113,7 @@ CodeLists::List::List(const Element& element, const PublishedElement* published)
 }
 
 void CodeLists::List::Add(CodeMeaning meaning) {
-    if (places_.try_emplace(meaning.code, codes_.size()).second) {
-        codes_.push_back(std::move(meaning));
-    }
+    if (places_.Add(codes_, meaning.code).second) codes_.push_back(std::move(meaning));
 }
 
 void CodeLists::List::AddPublished(const PublishedElement& published, CodeState inForce) {
@@ -139,8 +136,8 @@ void CodeLists::List::AddLibrary(const Element& element, const PublishedElement*
 }
 
 const CodeMeaning* CodeLists::List::Find(std::string_view code) const {
-    const auto place = places_.find(std::string(code));
-    return place == places_.end() ? nullptr : &codes_[place->second];
+    const std::size_t* place = places_.Find(codes_, code);
+    return place == nullptr ? nullptr : &codes_[*place];
 }
 
 CodeState CodeLists::List::StateOfUnlisted(std::string_view code) const {

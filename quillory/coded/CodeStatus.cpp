@@ -86,12 +86,6 @@ void CheckPositions(CFType form, int first, int last, std::string_view cell) {
     Refuse("no element has the positions", cell);
 }
 
-std::string WithBlanks(std::string_view code) {
-    std::string text(code);
-    std::replace(text.begin(), text.end(), '#', ' ');
-    return text;
-}
-
 std::string_view YearOf(std::string_view cell) {
     const bool isYear =
         cell.empty() || (cell.size() == 4 && cell.find_first_not_of("0123456789") == cell.npos);
@@ -119,10 +113,10 @@ Standing StandingOf(std::string_view cell) {
     Refuse("no status", cell);
 }
 
+// But for the code itself.
 PublishedCode CodeOf(const Cells& cells) {
     PublishedCode code;
     if (cells[kCode].empty()) throw BadRow("no code");
-    code.code = WithBlanks(cells[kCode]);
     code.standing = StandingOf(cells[kStatus]);
     code.since = YearOf(cells[kSince]);
     code.until = YearOf(cells[kUntil]);
@@ -137,20 +131,20 @@ PublishedCode CodeOf(const Cells& cells) {
 }  // namespace
 
 const PublishedCode* PublishedElement::Find(std::string_view code) const {
-    const auto place = places.find(std::string(code));
-    return place == places.end() ? nullptr : &codes[place->second];
+    const std::size_t* place = places.Find(codes, code);
+    return place == nullptr ? nullptr : &codes[*place];
 }
 
 bool PublishedElement::Add(PublishedCode code) {
-    const auto [place, isNew] = places.try_emplace(code.code, codes.size());
+    const auto [place, isNew] = places.Add(codes, code.code);
     if (!isNew) {
         const bool isTold = std::ranges::any_of(codes, [&code](const PublishedCode& other) {
             return other.code == code.code && other.standing == code.standing;
         });
         if (isTold) return false;
-        if (codes[place->second].standing == Standing::Obsolete) place->second = codes.size();
+        if (codes[place].standing == Standing::Obsolete) place = codes.size();
     }
-    codes.push_back(std::move(code));
+    codes.push_back(code);
     return true;
 }
 
@@ -197,6 +191,13 @@ PublishedElement& CodeStatus::ElementAt(std::string_view field, std::string_view
     return element;
 }
 
+std::string_view CodeStatus::WithBlanks(std::string_view code) {
+    if (code.find('#') == code.npos) return code;
+    std::string& text = sources_.emplace_back(code);
+    std::replace(text.begin(), text.end(), '#', ' ');
+    return text;
+}
+
 // The rows of an element mostly follow one another.
 void CodeStatus::AddRow(std::string_view line) {
     const Cells cells = CellsOf(line);
@@ -205,7 +206,9 @@ void CodeStatus::AddRow(std::string_view line) {
         lastElement_ = &ElementAt(cells[kField], cells[kForm], cells[kPositions]);
         lastPlace_ = place;
     }
-    if (!lastElement_->Add(CodeOf(cells))) Refuse("a second row for code", cells[kCode]);
+    PublishedCode code = CodeOf(cells);
+    code.code = WithBlanks(cells[kCode]);
+    if (!lastElement_->Add(code)) Refuse("a second row for code", cells[kCode]);
     lastElement_->name = cells[kElement];
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include <quillory/coded/CodePlaces.h>
 #include <zorby/elements/CFType.h>
 
 #include <list>
 #include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -20,7 +20,7 @@ enum class Standing {
 
 // A code of the published format. The texts are parts of the source that CodeStatus keeps.
 struct PublishedCode {
-    std::string code;  // as in the record
+    std::string_view code;  // as in the record
     Standing standing = Standing::Current;
     std::string_view since;  // year in which it came, where known
     std::string_view until;  // year in which an obsolete code was given up, where known
@@ -33,8 +33,7 @@ struct PublishedElement {
     int first = 0;
     int last = 0;
     std::vector<PublishedCode> codes;
-    // Where a code stands among them; of several that are alike, one in force.
-    std::unordered_map<std::string, std::size_t> places = {};
+    CodePlaces places = {};  // of several that are alike, of one in force
 
     // False if there is one already that is alike, of the same standing.
     bool Add(PublishedCode code);
@@ -66,10 +65,11 @@ public:
 
 private:
     void AddRow(std::string_view line);
+    std::string_view WithBlanks(std::string_view code);
     PublishedElement& ElementAt(std::string_view field, std::string_view form,
                                 std::string_view positions);
 
-    std::list<std::string> sources_;
+    std::list<std::string> sources_;  // and codes with blanks, which sources write in another way
     // Position 0 is the same in all forms of a field, and is kept under CF006Unknown or
     // CF007Unknown.
     std::map<std::pair<zorby::CFType, int>, PublishedElement> elements_;
