@@ -144,7 +144,6 @@ void CArchive::Put(std::uint32_t number, std::size_t size) {
     Write(bytes.data(), size);
 }
 
-
 // Returns false if the wide marker is in the place of the length.
 bool CArchive::ReadLength(std::uint32_t& length, std::uint64_t itemStart) {
     length = Number<1>(itemStart);
