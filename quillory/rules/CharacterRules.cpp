@@ -1,6 +1,7 @@
 #include <quillory/exchange/RecordCharset.h>
 #include <quillory/exchange/Subfields.h>
 #include <quillory/rules/CharacterRules.h>
+#include <quillory/text/DefaultSets.h>
 #include <quillory/text/Utf8.h>
 #include <zorby/charset/PlainRun.h>
 
@@ -85,6 +86,7 @@ void CharacterRules::CheckUtf8(const Place& place, std::string_view text, Remark
 }
 
 void CharacterRules::CheckMarc8(const Place& place, std::string_view text, RemarkSink& remarks) {
+    if (IsInDefaultSets(text)) return;
     converted_.clear();
     losses_.Clear();
     toUtf8_.Append(text, converted_, losses_);

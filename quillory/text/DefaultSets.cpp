@@ -2,6 +2,7 @@
 #include <quillory/text/Utf8.h>
 #include <zorby/charset/CodePoint.h>
 #include <zorby/charset/KeyTable.h>
+#include <zorby/charset/PlainRun.h>
 
 #include <algorithm>
 #include <array>
@@ -49,6 +50,16 @@ bool IsDiacritic(char c) {
 
 bool IsDefaultDiacritic(char marc8) {
     return IsDiacritic(marc8) && CodePointOfMarc8(marc8) != 0;
+}
+
+bool IsInDefaultSets(std::string_view text) {
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data();; ++at) {
+        at += zorby::PlainRunLength(at, end);
+        if (at == end) return true;
+        if (IsDefaultDiacritic(*at)) ++at;
+        if (at == end || IsDiacritic(*at) || CodePointOfMarc8(*at) == 0) return false;
+    }
 }
 
 std::optional<YazConverter::Outcome> DecodeInDefaultSets(std::string_view marc8,

@@ -14,5 +14,8 @@ namespace quillory {
 std::optional<YazConverter::Outcome> DecodeInDefaultSets(std::string_view marc8, std::string& utf8);
 // Whether a byte is a diacritic there. However many of them stand in a row, they are kIncomplete.
 bool IsDefaultDiacritic(char marc8);
+// Whether a text is nothing but letters and other signs of these sets, each under at most one
+// diacritic. Nothing of it is lost when it is converted.
+bool IsInDefaultSets(std::string_view text);
 
 }  // namespace quillory
