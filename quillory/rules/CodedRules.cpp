@@ -299,7 +299,7 @@ private:
 
     void AddLanguage(const CheckedField& field, char subfield, std::string_view code,
                      RemarkSink& remarks) {
-        AddListed(*language_, field.GetPlace().Subfield(subfield), code, code,
+        AddListed(*language_, languages_, field.GetPlace().Subfield(subfield), code, code,
                   {RuleId::LanguageUnknown, RuleId::LanguageObsolete}, remarks);
     }
 
@@ -320,7 +320,7 @@ private:
             if (code != 'a') continue;
             std::string padded(text);
             if (padded.size() < kCodeSize) padded.resize(kCodeSize, ' ');
-            AddListed(*country_, field.GetPlace().Subfield('a'), text, padded,
+            AddListed(*country_, countries_, field.GetPlace().Subfield('a'), text, padded,
                       {RuleId::CountryUnknown, RuleId::CountryObsolete}, remarks);
         }
     }
@@ -339,9 +339,13 @@ private:
         RuleId obsolete;
     };
 
-    void AddListed(const Element& element, const Place& place, std::string_view given,
-                   std::string_view code, ListRules rules, RemarkSink& remarks) {
-        const CodeState state = lists_.StateOf(element, code);
+    void AddListed(const Element& element, StatesSeen& seen, const Place& place,
+                   std::string_view given, std::string_view code, ListRules rules,
+                   RemarkSink& remarks) {
+        const auto lookUp = [this, &element](std::string_view unseen) {
+            return lists_.StateOf(element, unseen);
+        };
+        const CodeState state = code.size() == kCodeSize ? seen.Of(code, lookUp) : lookUp(code);
         if (state == CodeState::Unknown || IsAll(code, kFill)) {
             remarks.Add(rules.unknown, place, Shown(given));
         } else if (state == CodeState::Obsolete) {
@@ -356,6 +360,8 @@ private:
     const Element* language_;
     const Element* country_;
     const Element* formOfMusic_;
+    StatesSeen languages_;                            // in 041
+    StatesSeen countries_;                            // in 044
     std::vector<std::vector<CheckedElement>> forms_;  // by the number of the form
 };
 
