@@ -22,11 +22,11 @@ std::string CodePointText(char32_t codePoint) {
 PageTarget::PageTarget(PageOptions options) : options_(std::move(options)) {
     CheckNotTheSame(options_.preview, options_.pdf, "the pages and the preview");
     if (!options_.pdf.empty()) {
-        output_ = std::make_unique<Output>(options_.pdf);
-        pdf_ = MakePdfPages(typesetter_, *output_);
+        outputs_.push_back(std::make_unique<Output>(options_.pdf));
+        pdf_ = MakePdfPages(typesetter_, *outputs_.back());
     }
     if (!options_.preview.empty()) {
-        pictures_ = MakePngPages(typesetter_, [this](std::string_view png) { WritePicture(png); });
+        pictures_ = MakePngPages(typesetter_, [this](std::string_view png) { TakePicture(png); });
     }
 }
 
@@ -65,19 +65,22 @@ bool PageTarget::HasPicture(std::uint64_t page) const {
     return pictures_ && (page == 1 || options_.preview.find(kPageSign) != std::string::npos);
 }
 
-void PageTarget::WritePicture(std::string_view png) {
+void PageTarget::TakePicture(std::string_view png) {
     std::string path = options_.preview;
     const std::size_t sign = path.find(kPageSign);
     if (sign != path.npos) path.replace(sign, kPageSign.size(), std::to_string(pages_));
     CheckNotAnInput(options_.inputs, path);
     CheckNotTheSame(path, options_.pdf, "the pages and the preview");
-    WriteOutput(path, png);
+    outputs_.push_back(std::make_unique<Output>(path));
+    outputs_.back()->Write(png);
+    outputs_.back()->Complete();
 }
 
 Status PageTarget::Finish(Reporter& reporter) {
     if (isPageOpen_) EndPage();
     if (pdf_) pdf_->Finish();
-    if (output_) output_->Finish();
+    for (const auto& output : outputs_) output->Complete();
+    for (const auto& output : outputs_) output->Finish();
     const MissingSigns& missing = typesetter_.Missing();
     if (missing.count == 0) return kStatusWell;
     reporter.Say(FaultReason({FaultCode::kMissingSigns,

@@ -56,12 +56,12 @@ public:
 private:
     void Draw(const Panel& panel);
     void EndPage();
-    void WritePicture(std::string_view png);
+    void TakePicture(std::string_view png);
     bool HasPicture(std::uint64_t page) const;
 
     PageOptions options_;
     FontTypesetter typesetter_;
-    std::unique_ptr<Output> output_;
+    std::vector<std::unique_ptr<Output>> outputs_;  // the pages and the pictures
     std::unique_ptr<PageCanvas> pdf_;
     std::unique_ptr<PageCanvas> pictures_;
     Sheet sheet_;

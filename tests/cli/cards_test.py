@@ -110,6 +110,16 @@ class Cards(Prints):
         _, err = self.quillory("cards", odd, "--make", "main", "-o", pdf, status=1)
         self.assertIn("no installed font has 1 character, first U+10FFFD", err)
 
+    def test_no_picture_has_its_name_before_all_pages_are_complete(self):
+        source = self.records(MAP * 2)
+        picture = self.path("p1.png", b"kept")
+        pictures = ["--preview", self.path("p{}.png"), "--make", "main", "--per-sheet", "1"]
+        for pdf in ("/dev/full", self.path("p2.png")):
+            self.quillory("cards", source, "--format", "pdf", "-o", pdf, *pictures, status=2)
+            self.assertEqual(picture.read_bytes(), b"kept")
+            self.assertEqual(sorted(path.name for path in self.folder.iterdir()),
+                             ["in.mrk", "p1.png"])
+
     def test_pictures_of_pages(self):
         source = self.records(MAP * 2)
         self.quillory("cards", source, "--preview", self.path("one.png"), "--make", "main",
