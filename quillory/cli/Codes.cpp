@@ -1,6 +1,7 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/Library.h>
+#include <quillory/jobs/OutputFiles.h>
 #include <quillory/reports/CodeRows.h>
 
 namespace quillory {
@@ -13,6 +14,7 @@ struct CodesOptions {
 };
 
 Status RunCodes(const CodesOptions& options) {
+    CheckNotOurs(options.output);
     std::vector<NamedElement> elements;
     for (const std::string& name : options.places) {
         const NamedPlace place = FindPlace(name);

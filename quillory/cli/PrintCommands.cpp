@@ -21,6 +21,9 @@ bool IsPdf(const PrintDestination& destination) {
 Status PrintTo(const PrintDestination& destination,
                const std::function<Status(PrintTarget& target)>& job) {
     PageOptions pages = destination.pages;
+    for (const std::string& path : {pages.pdf, pages.preview}) {
+        CheckNotAnInput(pages.inputs, path);
+    }
     const bool isPdf = IsPdf(destination);
     const bool isPreviewAlone = !destination.isPdf && pages.pdf.empty() && !pages.preview.empty();
     if (isPdf || isPreviewAlone) {
@@ -119,10 +122,6 @@ void DeclareSheets(Arguments& command, PrintChoice& choice) {
 
 Status RunPrint(const PrintCommand& command) {
     const PrintRecordsOptions& records = command.records;
-    for (const std::string& path :
-         {command.destination.pages.pdf, command.destination.pages.preview}) {
-        CheckNotAnInput(records.source.input.files, path);
-    }
     PrintDestination destination = command.destination;
     destination.pages.inputs = records.source.input.files;
     TerminalPort terminal;

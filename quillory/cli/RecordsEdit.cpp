@@ -30,8 +30,7 @@ constexpr const char* kRecordsEditDetails =
     "is\nedited.";
 
 Status RunStoreEdit(const StoreEditCommand& command) {
-    CheckNotTheStore(command.report);
-    if (!command.choice.task.empty()) CheckNotAnInput({command.choice.task}, command.report);
+    CheckNotAnInput({command.choice.task}, command.report);
     EditWork work;
     EditTask task = work.TaskOf(command.choice);
     TerminalPort terminal;

@@ -2,6 +2,7 @@
 #include <quillory/desktop/Document.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/jobs/EditJournal.h>
+#include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/RecordFile.h>
 #include <quillory/jobs/StoredItems.h>
 #include <quillory/jobs/StoredRecords.h>
@@ -142,7 +143,7 @@ void Document::Save() {
 }
 
 std::string Document::SaveAs(const std::string& path) {
-    if (HasHomeFolder()) CheckNotTheStore(path);
+    CheckNotOurs(path);
     const ItemSource source = [this](const auto& take) {
         Item item;
         bool goesOn = true;

@@ -220,7 +220,7 @@ enum class FaultCode : std::uint16_t {
     kNotASettingValue,   // found: the value
     kNotSettingText,     // found: the value
     kNotHoldingsSettingText,
-    kIsTheStore,
+    kIsOwnFile,           // found: what it belongs to
     kNoStoredRecord,      // found: its ID
     kNoDataFile,          // found: the reason
     kNoUserDefinedField,  // found: the list

@@ -2,7 +2,7 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/ExportWorkforms.h>
 #include <quillory/jobs/Library.h>
-#include <quillory/jobs/StoredItems.h>
+#include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/WorkformCatalog.h>
 #include <quillory/store/Schema.h>
 #include <quillory/store/WorkformFile.h>
@@ -29,7 +29,7 @@ std::vector<WorkformEntry> Chosen(const ExportWorkformsOptions& options,
 Status ExportWorkforms(const ExportWorkformsOptions& options, const Reporter& reporter) {
     LoadSettings();
     LoadWorkforms();
-    CheckNotTheStore(options.file);
+    CheckNotOurs(options.file);
     WorkformCatalog catalog(reporter);
     std::vector<FiledWorkform> workforms;
     for (const WorkformEntry& entry : Chosen(options, catalog)) {

@@ -127,8 +127,8 @@ Status DeleteRecordsFromStore(const StoredChoice& choice, Reporter& reporter) {
 }
 
 Status ExportRecordsOfStore(const StoreExportOptions& options, Reporter& reporter) {
-    CheckNotTheStore(options.output.output);
-    CheckNotTheStore(options.output.rejects);
+    CheckNotOurs(options.output.output);
+    CheckNotOurs(options.output.rejects);
     const std::optional<Database> database = OpenStoreToRead();
     const ItemSource stored = [&](const auto& take) {
         return ReadStored(database, options.choice, reporter, take);

@@ -22,10 +22,6 @@ bool IsTheStore(const std::string& path) {
     return path == store || std::filesystem::equivalent(path, store, unknown);
 }
 
-void CheckNotTheStore(const std::string& path) {
-    if (IsTheStore(path)) throw UsageError(path, {FaultCode::kIsTheStore});
-}
-
 void ReadItem(const StoredRecord& stored, zorby::CommFormatFields& fields, Item& item) {
     item = {};
     item.number = static_cast<std::uint64_t>(stored.id);

@@ -18,8 +18,6 @@ namespace quillory {
 std::optional<Database> OpenStoreToRead();
 
 bool IsTheStore(const std::string& path);
-// Throws UsageError if this file, which is to be written, is the store.
-void CheckNotTheStore(const std::string& path);
 
 using RecordIds = std::vector<std::int64_t>;
 

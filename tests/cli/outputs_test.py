@@ -1,4 +1,5 @@
 """What becomes of outputs when something goes wrong around them."""
+import itertools
 import os
 import signal
 import stat
@@ -69,10 +70,10 @@ class Outputs(Cli):
                 ("convert damaged.mrc -o t --rejects t.link", "can't take both the records and"),
                 ("convert damaged.mrc -o t.link --rejects t", "can't take both the records and"),
                 ("pick a.mrc --ids ids -o ids", "is an input, and would be overwritten"),
-                ('convert a.mrc --to marc -o "$QUILLORY_HOME/quillory.db"', "this is the store"),
-                ('new -w 1 --to marc -o "$QUILLORY_HOME/quillory.db"', "this is the store"),
-                ('new -w 1 --rejects "$QUILLORY_HOME/quillory.db"', "this is the store"),
-                ('cards a.mrc -o "$QUILLORY_HOME/quillory.db"', "this is the store")):
+                ('convert a.mrc --to marc -o "$QUILLORY_HOME/quillory.db"', "this is a file of the store"),
+                ('new -w 1 --to marc -o "$QUILLORY_HOME/quillory.db"', "this is a file of the store"),
+                ('new -w 1 --rejects "$QUILLORY_HOME/quillory.db"', "this is a file of the store"),
+                ('cards a.mrc -o "$QUILLORY_HOME/quillory.db"', "this is a file of the store")):
             with self.subTest(arguments=arguments):
                 status, _, err = shell(f'cd "$1"; "$Q" {arguments}', self.folder)
                 self.assertEqual(status, 2)
@@ -80,6 +81,42 @@ class Outputs(Cli):
                 self.assertEqual(store.read_bytes(), kept)
                 self.assertNotIn("t", self.names())
         self.assertEqual(self.path("ids").read_bytes(), b"zs0001\n")
+
+    def test_no_output_takes_the_place_of_a_file_of_the_programs(self):
+        run("records", "add", self.source)
+        run("settings", "1", "3")
+        journals = self.home / "journals"
+        journals.mkdir()
+        (journals / "new.journal").write_bytes(b"kept")
+        (self.home / "hard").hardlink_to(self.home / "Quillory 0.INI")
+        (self.home / "soft").symlink_to("quillory.db-record-locks")
+        before = {path: path.read_bytes() for path in self.home.rglob("*") if path.is_file()}
+        outputs = (["convert", self.source, "-o"], ["convert", self.source, "--rejects"],
+                   ["codes", "-o"], ["check", self.source, "-o"], ["check", "--rules", "-o"],
+                   ["count", self.source, "-o"], ["cards", self.source, "-o"],
+                   ["cards", "print", "-o"], ["labels", "print", "--preview"],
+                   ["records", "export", "-o"], ["records", "edit", "delete", "500", "--report"],
+                   ["records", "add", self.source, "--rejects"], ["workforms", "export"],
+                   ["extract", self.source, "--fields", "001", "-o"],
+                   ["dedupe", self.source, "--by", "001", "--removed"])
+        owners = {"quillory.db": "the store", "quillory.db-wal": "the store",
+                  "quillory.db-shm": "the store", "quillory.db-journal": "the store",
+                  "x/../quillory.db": "the store", "soft": "the store",
+                  "Quillory 0.INI": "the settings", "hard": "the settings",
+                  "settings.lock": "the settings", "CardPrntQ0.prn": "the cards queue",
+                  "LabelPrntQ0.prn": "the labels queue", "desk.ini": "the desk",
+                  "journals/new.journal": "the desk", "journals/new.journal.lock": "the desk"}
+        for command, (name, owner) in itertools.product(outputs, owners.items()):
+            with self.subTest(command=command, name=name):
+                status, out, err = run(*command, self.home / name)
+                self.assertEqual((status, out), (2, b""))
+                self.assertIn(f"{name}: this is a file of {owner}, which would be overwritten", err)
+        status, _, err = shell('"$Q" convert "$1" >> "$QUILLORY_HOME/quillory.db"', self.source)
+        self.assertEqual(status, 2)
+        self.assertIn("-: this is a file of the store", err)
+        after = {path: path.read_bytes() for path in self.home.rglob("*") if path.is_file()}
+        self.assertEqual(after, before)
+        self.convert(self.source, self.home / "beside.mrc")
 
     def test_standard_output_under_other_names(self):
         for name in ("/dev/stdout", "/dev/fd/1", "/proc/self/fd/1", "t"):
