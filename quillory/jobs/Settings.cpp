@@ -12,7 +12,10 @@
 #include <zorby/settings/ProfileKeys.h>
 
 #include <algorithm>
+#include <charconv>
+#include <limits>
 #include <string_view>
+#include <system_error>
 
 namespace quillory {
 namespace {
@@ -161,13 +164,35 @@ void SetPolicy(const std::string& value) {
     WriteSetting(zorby::ZP_RadioBasic_TLC_Custom, value);
 }
 
+struct NumberRange {
+    int least;
+    int most;
+    std::string words;
+};
+
+// What a finding counts as, and how names and codes stand together, are of few kinds.
+NumberRange RangeOf(const zorby::ProfileKeyRow& row) {
+    constexpr int kLeast = std::numeric_limits<int>::min();
+    constexpr int kMost = std::numeric_limits<int>::max();
+    if (std::string_view(row.name).starts_with("ZP_RC_")) return {0, 2, "0, 1 or 2"};
+    if (row.id == zorby::ZP_DisplayNameOrMARC) return {0, 3, "0, 1, 2 or 3"};
+    return {kLeast, kMost, "from " + std::to_string(kLeast) + " to " + std::to_string(kMost)};
+}
+
+void CheckNumber(const zorby::ProfileKeyRow& row, const std::string& value) {
+    int number = 0;
+    const char* end = value.data() + value.size();
+    const auto read = std::from_chars(value.data(), end, number);
+    const bool isNumber = read.ec != std::errc::invalid_argument && read.ptr == end;
+    const NumberRange range = RangeOf(row);
+    if (isNumber && read.ec == std::errc() && range.least <= number && number <= range.most) return;
+    throw UsageError(
+        row.name, {FaultCode::kNotASettingValue, {}, value, isNumber ? range.words : "a number"});
+}
+
 void Set(const zorby::ProfileKeyRow& row, const std::string& value) {
     if (row.id == zorby::ZP_RadioBasic_TLC_Custom) return SetPolicy(value);
-    const std::size_t sign = value.starts_with('-') ? 1 : 0;
-    if (IsNumberKey(row) &&
-        (value.size() == sign || value.find_first_not_of("0123456789", sign) != value.npos)) {
-        throw UsageError(row.name, {FaultCode::kNotASettingValue, {}, value, "a number"});
-    }
+    if (IsNumberKey(row)) CheckNumber(row, value);
     WriteSetting(row.id, InQmCode(value));
 }
 

@@ -55,6 +55,21 @@ TEST_F(SettingsJobs, WhatIsRefusedSaysWhy) {
               "ZP_DisplayNameOrMARC: the value is a number, not \"x\"");
     EXPECT_EQ(change("DisplayNameOrMARC", "-"),
               "ZP_DisplayNameOrMARC: the value is a number, not \"-\"");
+    const std::tuple<const char*, const char*, const char*> beyond[] = {
+        {"RC_No260a", "3", "0, 1 or 2"},
+        {"RC_MT_Bad_Ldr", "-1", "0, 1 or 2"},
+        {"RC_NoNotes", "99999999999999999999", "0, 1 or 2"},
+        {"DisplayNameOrMARC", "4", "0, 1, 2 or 3"},
+        {"RadioBasic_TLC_Custom", "3", "0, 1 or 2"},
+        {"SubjectCount", "2147483648", "from -2147483648 to 2147483647"},
+    };
+    for (const auto& [name, value, allowed] : beyond) {
+        const std::string before = ReadSetting(name);
+        EXPECT_EQ(change(name, value), "ZP_" + std::string(name) + ": the value is " + allowed +
+                                           ", not \"" + value + "\"");
+        EXPECT_EQ(ReadSetting(name), before);
+    }
+    EXPECT_EQ(change("SubjectCount", "-2147483648"), "");
     EXPECT_EQ(change("FontName", "日"), "settings can't hold all characters of \"日\"");
     EXPECT_EQ(changeHoldings("Nope", "1"),
               "there is no holdings setting Nope; quillory settings --holdings lists them");
