@@ -193,6 +193,9 @@ enum class FaultCode : std::uint16_t {
     kHoldingsControlCharacter,  // found: the column's name
     kHoldingsNoRoom,            // found: the column's name
     kHoldingsUnusedLine,        // found: the key
+    kHoldingsBarCodes,          // found: the bar codes; allowed: their number
+    kHoldingsSharedBarCode,     // found: the bar code; allowed: the line that has it first
+    kNoHoldingsSystem,          // found: the name; allowed: the systems
     kNoSuchElement,             // found: its name; allowed: the system's name
     kElementsInPairs,
     kElementNotMoved,  // found: the element; allowed: the one that it was to go to

@@ -306,6 +306,15 @@ constexpr Words kWords[] = {
      "{found}: no room for this value: the element takes no more of them, or the value has the "
      "character that divides elements in its subfield"},
     {FaultCode::kHoldingsUnusedLine, "holdings-unused-line", "no record has {found}"},
+    {FaultCode::kHoldingsBarCodes, "holdings-bar-codes",
+     "the copy has {allowed} bar codes: {found}"},
+    {FaultCode::kHoldingsSharedBarCode, "holdings-shared-bar-code",
+     "the copy has the bar code {found}, as that of {allowed} has"},
+    {FaultCode::kNoHoldingsSystem, "no-holdings-system",
+     "\"{found}\" is not a place in the holdings fields, such as 852$h, and no holdings system is "
+     "chosen that may have such an element: {allowed}",
+     "choose one with --holdings-type, or with the settings holdings.EasyOrCustom (Easy) and "
+     "holdings.HoldingsType"},
     {FaultCode::kNoSuchElement, "no-such-element", "\"{found}\" is not an element of {allowed}",
      "`quillory describe --holdings` shows the elements"},
     {FaultCode::kElementsInPairs, "elements-in-pairs",
@@ -354,8 +363,7 @@ constexpr Words kWords[] = {
      "settings can't hold all characters of \"{found}\""},
     {FaultCode::kNotHoldingsSettingText, "not-holdings-setting-text",
      "holdings settings can't hold | or a backslash"},
-    {FaultCode::kIsOwnFile, "is-own-file",
-     "this is a file of {found}, which would be overwritten"},
+    {FaultCode::kIsOwnFile, "is-own-file", "this is a file of {found}, which would be overwritten"},
     {FaultCode::kNoStoredRecord, "no-stored-record", "there is no record {found} in the store"},
     {FaultCode::kNoDataFile, "no-data-file",
      "can't be opened: {found}; QUILLORY_DATA names the folder of the data files"},

@@ -6,6 +6,7 @@
 #include <quillory/holdings/HoldingsJson.h>
 #include <quillory/text/Charset.h>
 #include <quillory/text/Trimmed.h>
+#include <zorby/holdings/HoldingsSelector.h>
 
 #include <algorithm>
 #include <tuple>
@@ -60,6 +61,8 @@ HoldingsFile::HoldingsFile(const std::string& path, const HoldingsSystem& system
             ReadRow(line);
         }
     }
+    FindSharedBarCodes();
+    std::ranges::sort(doubts_, {}, &Doubt::line);
     std::ranges::sort(rows_, {}, [](const Row& row) { return std::tie(row.key, row.line); });
 }
 
@@ -105,10 +108,11 @@ void HoldingsFile::ReadHeader(std::string_view line) {
 // Each line is read twice: here to be checked, and again when its record comes.
 void HoldingsFile::ReadRow(std::string_view line) {
     Cells cells = CellsOf(line);
-    Row row{TakeKey(cells), line_, line, false};
+    Row row{TakeKey(cells), line_, line};
     if (cells.empty()) Refuse({FaultCode::kHoldingsNoValue, {}, row.key});
     zorby::CHoldingsDataRecord unused(system_.id);
     AddCopy(cells, unused);
+    TakeBarCodes(cells);
     rows_.push_back(std::move(row));
 }
 
@@ -158,36 +162,91 @@ std::string HoldingsFile::TakeKey(Cells& cells) {
     return key;
 }
 
-const HoldingsColumn& HoldingsFile::ColumnOf(const std::string& name) {
+// Whether a value is a bar code by its element or by where it comes to stand.
+bool HoldingsFile::IsForBarCodes(const HoldingsColumn& column) const {
+    if (!column.place.IsRecord()) {
+        std::string fields;
+        std::string callNumber;
+        std::string barCode;
+        zorby::CHoldingsSelector::GetCurrentHoldingsFields(fields, callNumber, barCode);
+        return ParsePlace(barCode) == column.place;
+    }
+    zorby::CHoldingsDataRecord copy(system_.id);
+    copy.Add(column.element, "x", 1, 0);
+    return !copy.GetRecVBarCode().empty();
+}
+
+const HoldingsFile::Column& HoldingsFile::ColumnOf(const std::string& name) {
     if (const auto known = found_.find(name); known != found_.end()) return known->second;
     const auto column = FindColumn(system_, name);
     if (!column) {
+        if (system_.type == nullptr) {
+            Refuse({FaultCode::kNoHoldingsSystem, {}, name, NamesOfHoldingsSystems()});
+        }
         Refuse({system_.HasElements() ? FaultCode::kNoHoldingsElement : FaultCode::kNoHoldingsPlace,
                 {},
                 name,
                 system_.name});
     }
-    return found_[name] = *column;
+    return found_[name] = {*column, IsForBarCodes(*column)};
 }
 
 void HoldingsFile::AddCopy(const Cells& cells, zorby::CHoldingsDataRecord& copy) {
     for (const auto& [name, value] : cells) {
-        const HoldingsColumn& column = ColumnOf(name);
+        const HoldingsColumn& column = ColumnOf(name).column;
         if (HasControls(value)) Refuse({FaultCode::kHoldingsControlCharacter, {}, name});
         if (!AddValue(column, value, copy)) Refuse({FaultCode::kHoldingsNoRoom, {}, name});
     }
 }
 
+void HoldingsFile::TakeBarCodes(const Cells& cells) {
+    const std::size_t before = barCodes_.size();
+    for (const auto& [name, value] : cells) {
+        const std::string_view text = Trimmed(value);
+        if (ColumnOf(name).isBarCode && !text.empty()) {
+            barCodes_.push_back({std::string(text), line_});
+        }
+    }
+    const std::size_t count = barCodes_.size() - before;
+    if (count <= 1) return;
+    std::string all;
+    for (std::size_t i = before; i < barCodes_.size(); ++i) {
+        all.append(i == before ? "" : ", ").append(barCodes_[i].text);
+    }
+    doubts_.push_back({line_, {FaultCode::kHoldingsBarCodes, {}, all, std::to_string(count)}});
+}
+
+void HoldingsFile::FindSharedBarCodes() {
+    std::ranges::sort(barCodes_, {},
+                      [](const BarCode& one) { return std::tie(one.text, one.line); });
+    const BarCode* first = nullptr;
+    for (const BarCode& one : barCodes_) {
+        if (first == nullptr || first->text != one.text) {
+            first = &one;
+        } else if (first->line != one.line) {
+            doubts_.push_back({one.line,
+                               {FaultCode::kHoldingsSharedBarCode,
+                                {},
+                                one.text,
+                                "line " + std::to_string(first->line)}});
+        }
+    }
+    barCodes_ = {};
+}
+
+std::span<HoldingsFile::Row> HoldingsFile::RowsOf(const std::string& key) {
+    return std::ranges::equal_range(rows_, key, {}, &Row::key);
+}
+
 bool HoldingsFile::AddCopiesOf(const std::string& key, zorby::CHoldingsDataRecordList& copies) {
-    const int before = copies.GetSize();
-    auto row = std::ranges::lower_bound(rows_, key, {}, &Row::key);
-    for (; row != rows_.end() && row->key == key; ++row) {
-        Cells cells = CellsOf(row->text);
+    const std::span<Row> rows = RowsOf(key);
+    for (Row& row : rows) {
+        Cells cells = CellsOf(row.text);
         TakeKey(cells);
         AddCopy(cells, *copies.AddEmptyAtEnd(system_.id));
-        row->used = true;
+        row.isUsed = true;
     }
-    return copies.GetSize() > before;
+    return !rows.empty();
 }
 
 bool HoldingsFile::AddCopies(std::string_view controlNumber, std::uint64_t recordNumber,
@@ -200,10 +259,18 @@ bool HoldingsFile::AddCopies(std::string_view controlNumber, std::uint64_t recor
     return byControlNumber || byNumber;
 }
 
+void HoldingsFile::PassOver(std::string_view controlNumber, std::uint64_t recordNumber) {
+    const std::lock_guard lock(asked_);
+    for (const std::string& key : {Key(kControlNumber, Trimmed(controlNumber)),
+                                   Key(kRecordNumber, std::to_string(recordNumber))}) {
+        for (Row& row : RowsOf(key)) row.isPassedOver = true;
+    }
+}
+
 std::vector<HoldingsFile::UnusedLine> HoldingsFile::UnusedLines() const {
     std::vector<UnusedLine> unused;
     for (const Row& row : rows_) {
-        if (!row.used) unused.push_back({row.line, row.key});
+        if (!row.isUsed) unused.push_back({row.line, row.key, row.isPassedOver});
     }
     std::ranges::sort(unused, {}, &UnusedLine::line);
     return unused;

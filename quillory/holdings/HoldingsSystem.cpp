@@ -78,6 +78,17 @@ HoldingsSystem HoldingsSystemNamed(const std::string& name) {
     throw UsageError({FaultCode::kNoHoldingsType, {}, name});
 }
 
+std::string NamesOfHoldingsSystems() {
+    std::string names;
+    const CInfoAboutHoldingsTypeList* list = CInfoAboutHoldingsTypeList::TheOneAndOnly();
+    for (int i = 0; list != nullptr && i < list->GetSize(); ++i) {
+        const CInfoAboutHoldingsType& type = *list->GetAt(i);
+        names.append(i == 0 ? "" : "; ").append(std::to_string(type.GetHoldingsTypeID()));
+        names.append(" ").append(QmToUtf8(type.GetName()));
+    }
+    return names;
+}
+
 void PutInForce(const CInfoAboutHoldingsType& type) {
     std::string text;
     zorby::GetZorbyProfileString(zorby::ZP_NewHoldings, text);

@@ -34,6 +34,8 @@ const zorby::CInfoAboutHoldingsType* FindHoldingsType(const std::string& name);
 // The system of the dictionary that has this name or number, or the system of the settings in force
 // for an empty name. Throws UsageError if there is none.
 HoldingsSystem HoldingsSystemNamed(const std::string& name);
+// All systems of the dictionary by number and name: "7 Dynix; 14 Alexandria".
+std::string NamesOfHoldingsSystems();
 // Puts a system in force. The settings change in memory alone, and no file is written.
 void PutInForce(const zorby::CInfoAboutHoldingsType& type);
 

@@ -79,10 +79,12 @@ Status ExportFiles(ExportOptions options, Reporter& reporter) {
             std::make_shared<Exporter>(ExportCharset(options), checking, holdings, own);
         return [exporter](Item& item, Losses& losses) { return exporter->Prepare(item, losses); };
     };
+    holdings.SayDoubts(reporter);
+    options.input.passOver = [&holdings](const Item& item) { holdings.PassOver(item); };
     bool readAll = false;
     const ItemSource files = [&](const auto& take) {
         const Status read = ReadFiles(options.input, reporter, take);
-        readAll = options.input.where.AsksForAll();
+        readAll = true;
         return read;
     };
     const Status written =

@@ -45,18 +45,44 @@ std::unique_ptr<RecordHoldings> ExportHoldings::MakeWriter() const {
     return std::make_unique<RecordHoldings>(from_, to_, file_.get());
 }
 
+void ExportHoldings::SayLine(std::string_view kind, std::uint64_t line, const Fault& fault,
+                             Reporter& reporter) const {
+    reporter.SayCounted(
+        kind, file_->Name() + ": line " + std::to_string(line) + ": " + FaultReason(fault));
+}
+
+void ExportHoldings::SayDoubts(Reporter& reporter) const {
+    if (!file_) return;
+    reporter.BeginFile(file_->Name());
+    for (const auto& [line, fault] : file_->Doubts()) {
+        SayLine(FaultHeading(fault.code), line, fault, reporter);
+    }
+    reporter.EndFile();
+}
+
+void ExportHoldings::PassOver(const Item& item) const {
+    if (file_) file_->PassOver(item.record.ControlNumber(), item.number);
+}
+
 Status ExportHoldings::SayUnused(Reporter& reporter) const {
     if (!file_) return kStatusWell;
     Status status = kStatusWell;
+    std::uint64_t passedOver = 0;
     reporter.BeginFile(file_->Name());
-    for (const auto& [line, key] : file_->UnusedLines()) {
-        const Fault fault = {FaultCode::kHoldingsUnusedLine, {}, key};
-        reporter.SayCounted(
-            "lines without a record",
-            file_->Name() + ": line " + std::to_string(line) + ": " + FaultReason(fault));
+    for (const auto& [line, key, isPassedOver] : file_->UnusedLines()) {
+        if (isPassedOver) {
+            ++passedOver;
+            continue;
+        }
+        SayLine("lines without a record", line, {FaultCode::kHoldingsUnusedLine, {}, key},
+                reporter);
         status = kStatusFindings;
     }
     reporter.EndFile();
+    if (passedOver > 0 && !reporter.Quiet()) {
+        reporter.Say(file_->Name() + ": " + Counted(passedOver, "line") +
+                     " not used: the records are not asked for");
+    }
     return status;
 }
 

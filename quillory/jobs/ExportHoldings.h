@@ -3,8 +3,10 @@
 #include <quillory/holdings/RecordHoldings.h>
 #include <quillory/jobs/Reporter.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillory {
@@ -32,10 +34,19 @@ public:
 
     // What writes copies into records, for one thread; this outlives it.
     std::unique_ptr<RecordHoldings> MakeWriter() const;
-    // Names each line of the file to which no record belongs; kStatusFindings if there is one.
+    // Names what is odd about lines of the file, which are written as they stand.
+    void SayDoubts(Reporter& reporter) const;
+    // This record is not asked for: the lines of the file that belong to it have a record, and yet
+    // none to go to. Several threads may say so at a time.
+    void PassOver(const Item& item) const;
+    // Names each line of the file to which no record belongs, and counts those of records that
+    // were passed over; kStatusFindings if a line has no record at all.
     Status SayUnused(Reporter& reporter) const;
 
 private:
+    void SayLine(std::string_view kind, std::uint64_t line, const Fault& fault,
+                 Reporter& reporter) const;
+
     HoldingsSystem to_;
     HoldingsSystem from_;
     std::unique_ptr<HoldingsFile> file_;

@@ -176,17 +176,22 @@ private:
 class Asked {
 public:
     Asked(const InputOptions& options, Reporter& reporter)
-        : reporter_(reporter), filter_(options.where, options.charset) {}
+        : reporter_(reporter),
+          filter_(options.where, options.charset),
+          passOver_(options.passOver) {}
 
     bool Takes(const Item& item) {
         Tell(item, reporter_);
         if (item.kind == kItemFrame) return false;
-        return item.kind != kItemRecord || filter_.Takes(item.record);
+        if (item.kind != kItemRecord || filter_.Takes(item.record)) return true;
+        if (passOver_) passOver_(item);
+        return false;
     }
 
 private:
     Reporter& reporter_;
     RecordFilter filter_;
+    const std::function<void(const Item& item)>& passOver_;
 };
 
 // Tells first, of each item.

@@ -19,6 +19,9 @@ struct InputOptions {
     bool lenient = false;
     WhereOptions where = {};
     CrewOptions crew = {};
+    // Told of each record that `where` does not ask for; may be empty. Several threads may tell at
+    // a time.
+    std::function<void(const Item& item)> passOver = {};
 };
 
 // Hands the items of every file to `take`, until it returns false: all except frames, and records

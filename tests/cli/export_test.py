@@ -218,7 +218,10 @@ class Faults(Export):
             (TSV.replace(b"Price", b"Prise"), ["--holdings-type", "1"],
              "h.tsv: line 1: \"Prise\" is not a holdings element of Basic circulation system"),
             (TSV, [],
-             "h.tsv: line 1: \"Call number\" is not a place in the holdings fields of Custom"),
+             "h.tsv: line 1: \"Call number\" is not a place in the holdings fields, such as 852$h, "
+             "and no holdings system is chosen that may have such an element: 1 Basic circulation "
+             "system; 2 School circulation system; "),
+            (TSV, [], "; choose one with --holdings-type, or with the settings"),
             (TSV + b"\t\t1\t\n", ["--holdings-type", "1"], "h.tsv: line 5: no key (001 or record)"),
             (TSV, ["--holdings-type", "99"], "there is no holdings type 99"),
             (TSV, ["--holdings-type", "1", "--holdings-from", "x"], "there is no holdings type x"),
@@ -247,6 +250,20 @@ class Faults(Export):
                              "--holdings", self.path("h.tsv", text), status=1)
         self.assertIn("h.tsv: line 5: no record has 001 no0\n", err)
         self.assertIn("h.tsv: 3 more: lines without a record\n", err)
+
+    def test_lines_of_records_that_are_not_asked_for_are_told_from_those_without_a_record(self):
+        tsv = self.path("h.tsv", TSV + b"no\tX\t1\t\n")
+        many = self.path("many.mrc", self.utf8.read_bytes() * 40)
+        for source, where, status, unused in (
+                (self.utf8, '001 = "zs0001"', 1, "1 line"), (self.utf8, '001 = "none"', 1, "3 lines"),
+                (many, '001 = "none"', 1, "3 lines"), (self.utf8, '001 like "zs*"', 1, "")):
+            with self.subTest(where=where):
+                _, err = self.export(source, "-o", self.path("out.mrc"), "--holdings", tsv,
+                                     "--holdings-type", "1", "--where", where, status=status)
+                passed = f"h.tsv: {unused} not used: the records are not asked for\n"
+                self.assertEqual(passed in err, bool(unused), err)
+                self.assertEqual(err.count("no record has"), 1, err)
+                self.assertIn("h.tsv: line 5: no record has 001 no\n", err)
 
 
 if __name__ == "__main__":
