@@ -16,6 +16,8 @@ namespace {
 
 constexpr std::string_view kFillers(" \t\r\n\x1A\0", 6);
 constexpr char kRecordEndSign = '`';
+constexpr char kDelimiterSign = '_';
+constexpr std::string_view kEndSigns = "^`";  // of fields and records
 constexpr std::string_view kLeaderLine = "LDR";
 constexpr std::string_view kMicrolifLeaderTag = "000";
 
@@ -61,13 +63,36 @@ FaultCode CodeOfFault(std::string_view tag, std::string_view content) {
     return isEmpty ? FaultCode::kNoSubfieldCode : FaultCode::kNone;
 }
 
-// Content that does not break its line: a line end, or an underscore for an indicator, is a blank.
-std::string InOneLine(std::string_view content) {
+// An underscore of the text is read as a delimiter, and signs for ends are taken off the end: where
+// a delimiter would be left without a code, or a field without indicators, a blank comes instead.
+void BlankWhatCannotBeRead(std::string& line) {
+    const std::size_t last = line.find_last_not_of(kEndSigns);
+    const std::size_t end = last == line.npos ? 0 : last + 1;
+    for (std::size_t i = 0; i < end; ++i) {
+        if (line[i] != kDelimiterSign) continue;
+        const bool isCode = i > 0 && line[i - 1] == zorby::kDelimiter;
+        const bool lacksCode =
+            i + 1 == end || line[i + 1] == kDelimiterSign || line[i + 1] == zorby::kDelimiter;
+        if (isCode || lacksCode) line[i] = ' ';
+    }
+    for (std::size_t i = end; i < line.size(); ++i) {
+        const bool isCode = i > 0 && line[i - 1] == zorby::kDelimiter;
+        if (isCode || i < kIndicators) line[i] = ' ';
+    }
+}
+
+// What the line of a field has after its tag. A blank stands for what would break the line or the
+// field: a line end, and an underscore as an indicator.
+std::string InOneLine(std::string_view tag, std::string_view content) {
     std::string line(content);
     const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
     std::ranges::replace_if(line, isLineEnd, ' ');
+    if (IsControlTag(tag)) return line;
     const bool hasIndicators = line.find(zorby::kDelimiter) == kIndicators;
-    if (hasIndicators) std::replace(line.begin(), line.begin() + kIndicators, '_', ' ');
+    if (hasIndicators) {
+        std::replace(line.begin(), line.begin() + kIndicators, kDelimiterSign, ' ');
+    }
+    BlankWhatCannotBeRead(line);
     return line;
 }
 
@@ -167,14 +192,14 @@ void AppendMicrolif(const Record& record, std::string& text) {
     constexpr std::size_t kHeadSize = 30;  // with its ends, "^\r\n"
     constexpr std::size_t kEnds = 3;
     zorby::CPmarc pmarc;
-    pmarc.FieldAppend(kMicrolifLeaderTag, InOneLine(record.leader));
+    pmarc.FieldAppend(kMicrolifLeaderTag, InOneLine(kMicrolifLeaderTag, record.leader));
     std::vector<std::pair<std::size_t, std::string_view>> letters;
     std::size_t at = kHeadSize;
     for (const zorby::CommFormatField& field : record.fields) {
         if (!IsCarried(field.tag) || field.content.empty()) continue;
         const bool isNumber = std::ranges::all_of(field.tag, IsDigit);
         if (!isNumber) letters.emplace_back(at, field.tag);
-        pmarc.FieldAppend(isNumber ? field.tag : kAnyTag, InOneLine(field.content));
+        pmarc.FieldAppend(isNumber ? field.tag : kAnyTag, InOneLine(field.tag, field.content));
         at += kTagSize + field.content.size() + kEnds;
     }
     std::string one;
@@ -187,9 +212,10 @@ std::string MicrolifLosses(const zorby::CommFormatField& field) {
     const std::string_view content = field.content;
     std::string lost;
     std::copy_if(content.begin(), content.end(), std::back_inserter(lost), [&](char c) {
-        return c == '\r' || c == '\n' || c == (IsControlTag(field.tag) ? zorby::kDelimiter : '_');
+        return c == '\r' || c == '\n' ||
+               c == (IsControlTag(field.tag) ? zorby::kDelimiter : kDelimiterSign);
     });
-    const std::size_t last = content.find_last_not_of("^`");
+    const std::size_t last = content.find_last_not_of(kEndSigns);
     lost += content.substr(last == content.npos ? 0 : last + 1);
     return lost;
 }

@@ -3,6 +3,7 @@
 
 usage: forms_test.py QUILLORY SAMPLES_FOLDER
 """
+import itertools
 import json
 import re
 import shutil
@@ -34,6 +35,32 @@ def expected(marc):
 def without_lengths(dumped):
     """Leaders without the numbers that each form and tool writes for itself."""
     return re.sub(rb"LDR\|.{5}(.{7}).{5}", rb"LDR|\1", dumped)
+
+
+class Microlif(Cli):
+    def test_what_it_cannot_carry_leaves_a_record_that_can_be_read(self):
+        signs = ["_", "a", "^", "`", "{0D}", "$"]
+        texts = ["".join(text) for size in range(1, 5)
+                 for text in itertools.product(signs, repeat=size)]
+        fields = [f"=245  {indicators}{content}" for indicators in ("10", "__", "^`")
+                  for content in ["", *("$" + text for text in texts)]
+                  if "$$" not in content and not content.endswith("$")]
+        fields += ["=008  " + text for text in texts]
+        source = self.path("in.mrk", "".join(
+            f"=LDR  00000nam a2200000 i 4500\n=001  {n}\n{field}\n=300  \\\\$aX\n\n"
+            for n, field in enumerate(fields)).encode())
+        there = self.path("there.lif")
+        _, _, said = run("convert", source, "-o", there)
+        self.assertIn(f"{len(fields)} records written\n", said)
+        status, out, err = run("convert", there, "--to", "mrk")
+        self.assertEqual((status, err), (0, ""))
+        back = [record.split("\n") for record in out.decode().rstrip("\n").split("\n\n")]
+        self.assertEqual([record[1] for record in back],
+                         [f"=001  {n}" for n in range(len(fields))])
+        for field, record in zip(fields, back):
+            self.assertEqual((len(record), record[3]), (4, "=300  \\\\$aX"), field)
+            if "_" not in field and "{0D}" not in field and field[-1] not in "^`":
+                self.assertEqual(record[2].replace("{dollar}", "$"), field)
 
 
 class Markup(Cli):
