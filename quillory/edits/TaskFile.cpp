@@ -22,7 +22,9 @@ RecordCondition ConditionOf(const TomlNode* node, const TaskTools& tools) {
 
 const OperationRow& RowOf(const TomlNode& step) {
     const TomlNode* name = step.Get(kDo);
-    if (name == nullptr) throw TomlFault(step.at, {FaultCode::kParameterMissing, {}, kEdit});
+    if (name == nullptr) {
+        throw TomlFault(step.at, ParameterError(kDo, {FaultCode::kParameterMissing, {}, kEdit}));
+    }
     const std::string& text = name->Text();
     if (const OperationRow* row = OperationNamed(text)) return *row;
     std::vector<std::string_view> names;

@@ -84,7 +84,7 @@ TEST(TaskFile, SaysWhereItIsWrongAndWhatIsAllowed) {
         {"edit = [1]", "task.toml:1:9: no edits"},
         {"title = 'x'", "task.toml:1:1: there is no key \"title\" here; the keys are where, edit"},
         {"[[edit]]\ndo = 'x", "task.toml:2:8: malformed TOML: "},
-        {"[[edit]]\nplace = '245'", "task.toml:1:1: is missing; edit needs it"},
+        {"[[edit]]\nplace = '245'", "task.toml:1:1: do: is missing; edit needs it"},
         {"[[edit]]\ndo = 'ad'",
          "task.toml:2:6: there is no operation \"ad\"; the operations are add, "},
         {"[[edit]]\ndo = 'add'\nplace = '245a'", "task.toml:1:1: text: is missing; add needs it"},
