@@ -12,11 +12,16 @@ namespace fs = std::filesystem;
 
 constexpr const char* kName = "quillory-check.toml";
 
-// Empty if the folder has none.
+// Empty if the folder has none. What has the name and can't be read is not taken for none: it may
+// hold rules that would stop a record.
 fs::path FileIn(const fs::path& folder) {
     std::error_code failed;
     fs::path file = folder / kName;
-    return fs::is_regular_file(file, failed) ? file : fs::path();
+    if (!fs::exists(fs::symlink_status(file, failed))) return {};
+    const fs::file_status status = fs::status(file, failed);
+    if (fs::is_regular_file(status)) return file;
+    throw FileError(file.string() + ": the settings for checks can't be read: " +
+                    (failed ? failed.message() : "it is no file"));
 }
 
 bool AreOne(const fs::path& one, const fs::path& other) {

@@ -16,7 +16,8 @@ struct CheckSettingsChoice {
 
 // The file's path: the one asked for, or else a quillory-check.toml beside the first input that has
 // one, or else that of the settings' folder. Nothing if there is none, or none is wanted. Standard
-// input has nothing beside it. Throws UsageError if inputs have different ones beside them.
+// input has nothing beside it. Throws UsageError if inputs have different ones beside them, and
+// FileError for one that is no file.
 std::optional<std::string> FindCheckSettings(const CheckSettingsChoice& choice,
                                              const std::vector<std::string>& inputs);
 

@@ -5,6 +5,7 @@ usage: check_test.py QUILLORY SAMPLES_FOLDER
 """
 import html.parser
 import json
+import os
 import pathlib
 import subprocess
 import sys
@@ -311,6 +312,20 @@ example = '=650  \\0$aWest (U.S.)'
         self.assertEqual(self.check(self.sound, "--no-config", status=0)[0], well)
         self.assertEqual(run("check", stdin=SOUND.encode())[0], 1)
         self.assertEqual(run("check", "--no-config", stdin=SOUND.encode())[0], 0)
+
+    def test_one_that_cannot_be_read_is_not_taken_for_none(self):
+        self.home.mkdir(exist_ok=True)
+        for folder in (self.folder, self.home):
+            path = folder / self.NAME
+            for make, reason in ((path.mkdir, "it is no file"),
+                                 (lambda: os.mkfifo(path), "it is no file"),
+                                 (lambda: path.symlink_to(path), "Too many levels"),
+                                 (lambda: path.symlink_to("none"), "No such file")):
+                make()
+                _, err = self.check(self.sound, status=2)
+                self.assertIn(f"{path}: the settings for checks can't be read: {reason}", err)
+                self.check(self.sound, "--no-config", status=0)
+                path.rmdir() if path.is_dir() else path.unlink()
 
     def test_two_folders_with_different_ones_are_refused(self):
         folder = self.path("other")
