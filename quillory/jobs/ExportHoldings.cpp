@@ -33,10 +33,10 @@ ExportHoldings::ExportHoldings(const HoldingsOptions& options,
                                const std::vector<std::string>& files)
     : to_(HoldingsSystemInForce()) {
     from_ = options.from.empty() ? to_ : HoldingsSystemNamed(options.from);
+    const std::uint64_t most = ParseByteSize("--memory", options.memory);
     if (!options.file.empty()) {
         CheckStandardInput(options.file, files);
-        file_ = std::make_unique<HoldingsFile>(options.file, to_,
-                                               ParseByteSize("--memory", options.memory));
+        file_ = std::make_unique<HoldingsFile>(options.file, to_, most);
         CheckFile(*file_, files);
     }
 }

@@ -1,3 +1,4 @@
+#include <quillory/exchange/Input.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/Library.h>
@@ -78,6 +79,10 @@ void CheckProfileFile(const std::string& path) {
     if (!S_ISREG(status.st_mode)) throw FileError(path + kUnread + "it is no file");
     if (faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0) {
         throw FileError(path + kUnread + std::strerror(errno));
+    }
+    if (static_cast<std::uint64_t>(status.st_size) > kMostHeld) {
+        throw FileError(path + kUnread + "it has more than " + std::to_string(kMostHeld) +
+                        " bytes");
     }
 }
 

@@ -105,6 +105,9 @@ TEST_F(SettingsJobs, AFileThatCanNotBeReadIsNotTakenForNone) {
     isNamed("a named pipe");
     fs::create_symlink(path, path);
     isNamed("a link to itself");
+    folder_.Write("home/Quillory 0.INI", "");
+    fs::resize_file(path, (std::uintmax_t{64} << 20) + 1);
+    isNamed("a file that is too large");
     if (geteuid() != 0) {
         fs::copy(kept, path);
         fs::permissions(path, fs::perms::none);
