@@ -85,6 +85,7 @@ void LineReader::GiveRecord(Item& item, std::string_view block) {
         item.fault = unfit;
     }
     sound_ = item.kind == kItemRecord;
+    if (sound_ && item.record.fields.empty()) item.notes.push_back(FaultCode::kLeadersAlone);
     PlaceFaults(item);
     if (sound_) return;
     item.controlNumber = item.record.ControlNumber();

@@ -87,6 +87,7 @@ enum class FaultCode : std::uint16_t {
     kEmptyIndicators,
     kLeadersTrimmed,
     kLeadersFilledUp,
+    kLeadersAlone,
     // Writing.
     kNothingToWrite,
     kFieldTooLong,
@@ -101,6 +102,7 @@ enum class FaultCode : std::uint16_t {
     kUnprintableByte,
     kNotMadeOfSubfields,
     // Character sets, and what becomes of records.
+    kValueReplaced,
     kMislabelled,
     kNoCharset,
     kInvalidUtf8,

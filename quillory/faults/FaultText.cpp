@@ -139,6 +139,8 @@ constexpr Words kWords[] = {
      "leaders with blanks around their 24 characters, trimmed: {found}"},
     {FaultCode::kLeadersFilledUp, "leaders-filled-up",
      "leaders of fewer than 24 characters, filled up with blanks: {found}"},
+    {FaultCode::kLeadersAlone, "leaders-alone",
+     "records of a leader alone, with no field before a blank line or the next leader: {found}"},
     // Writing.
     {FaultCode::kNothingToWrite, "nothing-to-write", "no field to write"},
     {FaultCode::kFieldTooLong, "field-too-long",
@@ -161,6 +163,7 @@ constexpr Words kWords[] = {
     {FaultCode::kNotMadeOfSubfields, "not-made-of-subfields",
      "not made of two indicators and subfields with codes"},
     // Character sets, and what becomes of records.
+    {FaultCode::kValueReplaced, "value-replaced", "bytes that are no character, written as U+FFFD"},
     {FaultCode::kMislabelled, "mislabelled", "the record says {found}, its bytes are {allowed}"},
     {FaultCode::kNoCharset, "no-charset",
      "\"{found}\" is not a character set; there are {allowed}"},

@@ -37,6 +37,22 @@ def without_lengths(dumped):
     return re.sub(rb"LDR\|.{5}(.{7}).{5}", rb"LDR|\1", dumped)
 
 
+class LineForm(Cli):
+    LEADER = b"=LDR  00000nam a2200000 i 4500\n"
+
+    def test_a_leader_without_fields_is_told(self):
+        fields = b"=001  x\n=245  10$aTitle\n"
+        for text, alone, status in ((self.LEADER + b"\n" + fields, 1, 1),
+                                    (self.LEADER * 3 + fields, 2, 0), (self.LEADER, 1, 0),
+                                    (self.LEADER + fields + b"\n\n", 0, 0)):
+            with self.subTest(text=text):
+                result, out, err = run("convert", self.path("in.mrk", text), "--to", "mrk")
+                self.assertEqual((result, out.count(b"=LDR")), (status, text.count(b"=LDR")))
+                said = f"in.mrk: records of a leader alone, with no field before a blank line or " \
+                       f"the next leader: {alone}\n"
+                self.assertEqual(said in err, alone > 0, err)
+
+
 class Microlif(Cli):
     def test_what_it_cannot_carry_leaves_a_record_that_can_be_read(self):
         signs = ["_", "a", "^", "`", "{0D}", "$"]
