@@ -1,3 +1,4 @@
+#include <quillory/faults/FaultCode.h>
 #include <quillory/jobs/DamageKeeper.h>
 #include <quillory/jobs/ExtractFiles.h>
 #include <quillory/jobs/OutputFiles.h>
@@ -44,11 +45,14 @@ public:
 
     TableValues Take(const Record& record) {
         TableValues values(columns_.size());
+        hasReplaced_ = false;
         for (std::size_t i = 0; i < columns_.size(); ++i) {
             TakeColumn(record, columns_[i], values[i]);
         }
         return values;
     }
+    // Whether the values of the last record had bytes that are no character.
+    bool HasReplaced() const { return hasReplaced_; }
 
 private:
     void TakeColumn(const Record& record, const PlaceSet& column,
@@ -59,11 +63,19 @@ private:
             AddValue(column.patterns.front(), isOfLastField, value, values);
             field = place.Field();
         });
+        hasReplaced_ = hasReplaced_ || reader_.HasReplaced();
     }
 
     const std::vector<PlaceSet>& columns_;
     ValueReader reader_;
+    bool hasReplaced_ = false;
 };
+
+TableValues TakeValues(const Item& item, ValueTaker& taker, Reporter& reporter) {
+    TableValues values = taker.Take(item.record);
+    if (taker.HasReplaced()) reporter.Say(item, {FaultCode::kValueReplaced});
+    return values;
+}
 
 // Hands the values of records to a table, and keeps the rest.
 class ExtractRun {
@@ -73,12 +85,16 @@ public:
         : columns_(columns),
           charset_(options.input.charset),
           table_(table),
+          reporter_(reporter),
           damage_(options.rejects, reporter),
           taker_(columns, charset_) {}
 
     ItemJob Job() {
         return {[this](const Item& item) {
-                    if (damage_.Take(item)) table_.TakeRecord(taker_.Take(item.record));
+                    if (damage_.Take(item)) {
+                        table_.TakeRecord(TakeValues(item, taker_, reporter_));
+                        isSound_ = isSound_ && !taker_.HasReplaced();
+                    }
                     return true;
                 },
                 [this](Reporter& own, Steps& steps) {
@@ -93,7 +109,7 @@ public:
 
     Status FinishDamage() {
         damage_.Finish();
-        return damage_.Result();
+        return std::max(damage_.Result(), isSound_ ? kStatusWell : kStatusFindings);
     }
 
 private:
@@ -105,12 +121,15 @@ private:
 
         void Take(Item& item) override {
             if (item.kind != kItemRecord || item.fault) TakeDamage(item);
-            if (item.kind == kItemRecord) rows_.push_back(taker_.Take(item.record));
+            if (item.kind != kItemRecord) return;
+            rows_.push_back(TakeValues(item, taker_, own_));
+            isSound_ = isSound_ && !taker_.HasReplaced();
         }
         void EndBatch() override {
             if (rows_.empty()) return;
-            steps_.emplace_back([&run = run_, rows = std::exchange(rows_, {})] {
+            steps_.emplace_back([&run = run_, rows = std::exchange(rows_, {}), isSound = isSound_] {
                 for (const TableValues& values : rows) run.table_.TakeRecord(values);
+                run.isSound_ = run.isSound_ && isSound;
             });
         }
 
@@ -126,13 +145,16 @@ private:
         Steps& steps_;
         ValueTaker taker_;
         std::vector<TableValues> rows_;
+        bool isSound_ = true;  // no record so far had bytes that are no character
     };
 
     const std::vector<PlaceSet>& columns_;
     Charset charset_;
     ValueTable& table_;
+    Reporter& reporter_;
     DamageKeeper damage_;
     ValueTaker taker_;
+    bool isSound_ = true;
 };
 
 }  // namespace

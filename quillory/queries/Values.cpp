@@ -111,6 +111,7 @@ std::string_view ValueReader::Converted(const Record& record, std::string_view b
     utf8_.clear();
     losses_.Clear();
     AppendConverted(bytes, *converter, utf8_, losses_);
+    hasReplaced_ = hasReplaced_ || losses_.First(kLossReplaced);
     return utf8_;
 }
 

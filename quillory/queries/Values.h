@@ -109,7 +109,12 @@ public:
 
     // What a record is known by from its last value is forgotten: to be called before TextOf is
     // asked of another record.
-    void Begin() { current_ = charset_; }
+    void Begin() {
+        current_ = charset_;
+        hasReplaced_ = false;
+    }
+    // Whether a text since Begin had bytes that are no character.
+    bool HasReplaced() const { return hasReplaced_; }
     // The value's text. The view holds until the next call, or as long as the record.
     std::string_view TextOf(const Record& record, const ValueSlice& slice);
 
@@ -118,6 +123,7 @@ private:
 
     Charset charset_;
     Charset current_ = kCharsetAuto;
+    bool hasReplaced_ = false;
     std::array<std::unique_ptr<TextConverter>, 4> converters_;  // by what they read
     std::string utf8_;
     std::string joined_;

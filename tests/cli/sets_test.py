@@ -118,6 +118,19 @@ class Sets(Cli):
         rows = [json.loads(line) for line in self.path("t.jsonl").read_text("utf-8").splitlines()]
         self.assertEqual(rows, [{"245a": [title]} for title in titles])
 
+    def test_bytes_of_values_that_are_no_character_are_named(self):
+        records = [titled(n, b"A \xff" if n % 100 == 7 else b"B") for n in range(3000)]
+        source = self.path("in.mrc", b"".join(records))
+        said = "bytes that are no character, written as U+FFFD"
+        for fields, jobs in (("001,245a", "1"), ("245a,001", "2"), ("001", "2")):
+            status, out, err = run("extract", "--fields", fields, "--from-charset", "utf8", "--jobs",
+                                   jobs, source)
+            isNamed = "245a" in fields
+            self.assertEqual((status, out.count("\N{REPLACEMENT CHARACTER}".encode())),
+                             (1, 30) if isNamed else (0, 0))
+            self.assertEqual(f"(001 7): {said}\n" in err, isNamed)
+            self.assertEqual(f"25 more: {said}\n" in err, isNamed)
+
     def test_a_full_disk_is_said_and_leaves_nothing(self):
         source = self.path("in.mrc", titled(1, b"A") + titled(2, b"B"))
         for command in (["sort", "--by", "001"], ["dedupe", "--by", "001"],
