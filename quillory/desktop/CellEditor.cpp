@@ -2,7 +2,10 @@
 #include <quillory/desktop/IndicatorEdit.h>
 #include <quillory/desktop/MarcEdit.h>
 #include <quillory/desktop/RecordModel.h>
+#include <quillory/desktop/Texts.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/holdings/NextBarCode.h>
+#include <quillory/jobs/Settings.h>
 #include <quillory/places/Tag.h>
 
 #include <QApplication>
@@ -62,14 +65,24 @@ bool CellEditor::TypeCharacter(unsigned id) {
     return true;
 }
 
+// Nothing if the settings can't give one.
+std::string CellEditor::NextBarCode() const {
+    try {
+        return TakeNextBarCode();
+    } catch (const FaultError& error) {
+        Q_EMIT Said(ToQt(error.what()));
+        return {};
+    }
+}
+
 // A box for a text, which grows with it.
-QPlainTextEdit* CellEditor::MakeTextBox(QWidget* parent, const QModelIndex& index) {
+QPlainTextEdit* CellEditor::MakeTextBox(QWidget* parent, const QModelIndex& index) const {
     const auto* record = qobject_cast<const RecordModel*>(index.model());
     QPlainTextEdit* text = nullptr;
     if (record != nullptr && record->PartOf(index)) {
         auto* marc = new MarcEdit(parent);
         if (IsPlaceOfBarCode(record->PlaceOf(index)) && HasNextBarCode()) {
-            marc->Field().SetNextNumberCallback(TakeNextBarCode);
+            marc->Field().SetNextNumberCallback([this] { return NextBarCode(); });
         }
         text = marc;
     } else {

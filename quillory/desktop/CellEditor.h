@@ -31,13 +31,17 @@ public:
                               const QModelIndex& index) const override;
     bool eventFilter(QObject* editor, QEvent* event) override;
 
+Q_SIGNALS:
+    void Said(const QString& text) const;
+
 protected:
     QWidget* MakeBox(QWidget* parent, const QStyleOptionViewItem& option,
                      const QModelIndex& index) const override;
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
-    static QPlainTextEdit* MakeTextBox(QWidget* parent, const QModelIndex& index);
+    QPlainTextEdit* MakeTextBox(QWidget* parent, const QModelIndex& index) const;
+    std::string NextBarCode() const;
     QWidget* MakeIndicatorBox(QWidget* parent, const QModelIndex& index) const;
 
     bool IsOfCompanion(const QWidget* widget) const;

@@ -188,6 +188,7 @@ QWidget* MainWindow::MakeEditor() {
     MakeCopies();
     connect(lines_, &LinesEditor::Typed, this, &MainWindow::UpdateActions);
     connect(table_, &RecordTable::PlaceChanged, this, &MainWindow::ShowHelp);
+    connect(table_, &RecordTable::Said, this, &MainWindow::SayShortly);
     connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
         const bool isText = tabs_->widget(tab) == lines_;
         if (tabs_->widget(tab) != table_) table_->Finish();

@@ -49,6 +49,7 @@ RecordTable::RecordTable(OpenRecord& record, CellEditor* editor, QWidget* parent
       model_(new RecordModel(record, this)),
       editor_(editor) {
     setModel(model_);
+    connect(editor_, &CellEditor::Said, this, &RecordTable::Said);
     setAccessibleName(tr("Record"));
     setShowGrid(false);
     setWordWrap(true);

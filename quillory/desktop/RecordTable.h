@@ -72,6 +72,7 @@ public:
 
 Q_SIGNALS:
     void PlaceChanged();
+    void Said(const QString& text);
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;

@@ -1,7 +1,8 @@
 #include <quillory/holdings/NextBarCode.h>
 #include <quillory/places/Tag.h>
 #include <zorby/holdings/HoldingsSelector.h>
-#include <zorby/text/General.h>
+
+#include <string>
 
 namespace quillory {
 
@@ -18,14 +19,6 @@ bool IsPlaceOfBarCode(const Place& place) {
 
 bool HasNextBarCode() {
     return !CHoldingsSelector::GetNextBarCode().empty();
-}
-
-std::string TakeNextBarCode() {
-    std::string barCode = CHoldingsSelector::GetNextBarCode();
-    std::string next = barCode;
-    zorby::CGeneral::IncrementNumber(next);
-    CHoldingsSelector::SetNextBarCode(next);
-    return barCode;
 }
 
 }  // namespace quillory

@@ -5,11 +5,15 @@
 #include <quillory/jobs/Settings.h>
 #include <quillory/jobs/SettingsLock.h>
 #include <quillory/text/QmText.h>
+#include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/holdings/HoldingsTypeTable.h>
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 #include <zorby/ini/KeysNValues.h>
+#include <zorby/platform/PortInForce.h>
+#include <zorby/platform/ProfileFilePort.h>
 #include <zorby/settings/Profile.h>
 #include <zorby/settings/ProfileKeys.h>
+#include <zorby/text/General.h>
 
 #include <algorithm>
 #include <charconv>
@@ -30,10 +34,12 @@ struct HoldingsKey {
     bool isExtra;  // stands in the nested text
 };
 
+constexpr HoldingsKey kNextBarCode{"NextBarCode", false};
+
 // Those of all systems, of each system, and of the user's own fields.
 std::vector<HoldingsKey> HoldingsKeys() {
     std::vector<HoldingsKey> keys = {
-        {"EasyOrCustom", false}, {"HoldingsType", false}, {"NextBarCode", false}};
+        {"EasyOrCustom", false}, {"HoldingsType", false}, kNextBarCode};
     const auto add = [&keys](const char* name) {
         if (name == nullptr || std::ranges::count(keys, name, &HoldingsKey::name) != 0) return;
         keys.push_back({name, true});
@@ -238,6 +244,26 @@ std::vector<SettingRow> ListHoldingsSettings() {
 
 std::string ReadHoldingsSetting(const std::string& name) {
     return QmToUtf8(HoldingsSettings().Get(HoldingsKeyNamed(name)));
+}
+
+std::string TakeNextBarCode() {
+    const SettingsLock lock;
+    std::string barCode;
+    std::string next;
+    {
+        const SettingsKeeper inForce;  // stay so, whatever others have written
+        LoadSettings();
+        HoldingsSettings settings;
+        barCode = settings.Get(kNextBarCode);
+        if (barCode.empty()) return {};
+        next = barCode;
+        zorby::CGeneral::IncrementNumber(next);
+        settings.Set(kNextBarCode, next);
+    }
+    zorby::MemoryProfileFiles memory;
+    const zorby::ProfileFilesInForce inMemory(memory);
+    zorby::CHoldingsSelector::SetNextBarCode(next);
+    return barCode;
 }
 
 void ChangeHoldingsSetting(const std::string& name, const std::string& value) {

@@ -3,7 +3,10 @@
 #include <quillory/jobs/RecordPolicy.h>
 #include <quillory/jobs/Settings.h>
 
+#include <fstream>
+#include <set>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <tests/quillory/jobs/JobsFixture.h>
 #include <unistd.h>
 
@@ -86,6 +89,43 @@ TEST_F(SettingsJobs, AFileThatCanNotBeWrittenIsNamed) {
     const std::string error = ErrorOf([] { ChangeSetting("DisplayNameOrMARC", "2"); });
     EXPECT_TRUE(error.starts_with(folder_.Path("home/"))) << error;
     EXPECT_NE(error.find(": can't be written: "), error.npos) << error;
+}
+
+TEST_F(SettingsJobs, ANextBarCodeIsGivenOnceWhoeverElseChangesTheSettings) {
+    EXPECT_EQ(TakeNextBarCode(), "");
+    ChangeHoldingsSetting("NextBarCode", "T0099");
+    PutInForce(*FindHoldingsType("Dynix"));
+    EXPECT_EQ(TakeNextBarCode(), "T0099");
+    folder_.Write("home/Quillory 0.INI",
+                  "[Zorby]\nZP_NewHoldings=HoldingsType=Alexandria\\\\NextBarCode=T0150\\\\\n");
+    EXPECT_EQ(TakeNextBarCode(), "T0150");
+    EXPECT_EQ(ReadHoldingsSetting("NextBarCode"), "T0151");
+    EXPECT_EQ(HoldingsSystemInForce().name, "Dynix");
+    LoadSettings();
+    EXPECT_EQ(ReadHoldingsSetting("NextBarCode"), "T0151");
+    EXPECT_EQ(ReadHoldingsSetting("HoldingsType"), "Alexandria");
+
+    constexpr int kPrograms = 4;
+    constexpr int kEach = 25;
+    for (int i = 0; i < kPrograms; ++i) {
+        if (fork() != 0) continue;
+        std::ofstream taken(folder_.Path("taken" + std::to_string(i)));
+        for (int j = 0; j < kEach; ++j) taken << TakeNextBarCode() << '\n';
+        taken.close();
+        _exit(0);
+    }
+    for (int i = 0; i < kPrograms; ++i) wait(nullptr);
+    std::set<std::string> barCodes;
+    for (int i = 0; i < kPrograms; ++i) {
+        std::ifstream taken(folder_.Path("taken" + std::to_string(i)));
+        for (std::string line; std::getline(taken, line);) barCodes.insert(line);
+    }
+    EXPECT_EQ(barCodes.size(), kPrograms * kEach);
+    EXPECT_EQ(TakeNextBarCode(), "T0251");
+
+    std::filesystem::remove(folder_.Path("home/Quillory 0.INI"));
+    std::filesystem::create_directory(folder_.Path("home/Quillory 0.INI"));
+    EXPECT_NE(ErrorOf([] { TakeNextBarCode(); }).find("can't be read"), std::string::npos);
 }
 
 TEST_F(SettingsJobs, AFileThatCanNotBeReadIsNotTakenForNone) {
