@@ -106,11 +106,10 @@ void MainWindow::MakeFileMenu() {
     QMenu* recent = menu->addMenu(tr("Open &Recent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
     FillRecent(recent);
-    Add(menu, tr("Open the Stor&e"), QKeySequence(tr("Ctrl+Shift+O")), kNothing,
+    QMenu* store = menu->addMenu(tr("Stor&e"));
+    Add(store, tr("&Open the Store"), QKeySequence(tr("Ctrl+Shift+O")), kNothing,
         [this] { OpenStore(); });
-    Add(menu, tr("Open the Sa&mples"), {}, kNothing, [this] { OpenSamples(); });
-    menu->addSeparator();
-    Add(menu, tr("Add a &File to the Store…"), {}, kStore, [this] { ChooseFileForStore(); });
+    Add(store, tr("&Add a File to the Store…"), {}, kStore, [this] { ChooseFileForStore(); });
     menu->addSeparator();
     save_ = Add(menu, tr("&Save"), QKeySequence::Save, kFile, [this] { Save(); });
     Add(menu, tr("Save &As…"), QKeySequence(tr("Ctrl+Shift+S")), kFile, [this] { ChooseTarget(); });
@@ -162,10 +161,6 @@ void MainWindow::MakeRecordMenu() {
     Add(menu, tr("Move Field &Down"), QKeySequence(tr("Alt+Down")), kRows,
         [this] { table_->MoveField(1); });
     menu->addSeparator();
-    Add(menu, tr("&Next Field"), QKeySequence(tr("Ctrl+Down")), kRecord,
-        [this] { table_->GoToNextField(1); });
-    Add(menu, tr("Pre&vious Field"), QKeySequence(tr("Ctrl+Up")), kRecord,
-        [this] { table_->GoToNextField(-1); });
     Add(menu, tr("As Te&xt"), QKeySequence(tr("Ctrl+T")), kRecord, [this] {
         const bool isText = tabs_->currentWidget() == lines_;
         tabs_->setCurrentWidget(isText ? static_cast<QWidget*>(table_) : lines_);
@@ -175,12 +170,16 @@ void MainWindow::MakeRecordMenu() {
             lines_->Box().setFocus();
         }
     });
-    AddCodedActions(menu);
+    AddCodedActions(menu->addMenu(tr("&Coded Fields")));
     Add(menu, tr("Copi&es"), QKeySequence(tr("Ctrl+K")), kRecord, [this] { ShowCopies(); });
     menu->addSeparator();
-    Add(menu, tr("Next Re&cord"), QKeySequence(tr("Ctrl+PgDown")), kFile,
-        [this] { NextRecord(1); });
-    Add(menu, tr("Previous Rec&ord"), QKeySequence(tr("Ctrl+PgUp")), kFile,
+    QMenu* go = menu->addMenu(tr("&Go"));
+    Add(go, tr("Next &Field"), QKeySequence(tr("Ctrl+Down")), kRecord,
+        [this] { table_->GoToNextField(1); });
+    Add(go, tr("Previous F&ield"), QKeySequence(tr("Ctrl+Up")), kRecord,
+        [this] { table_->GoToNextField(-1); });
+    Add(go, tr("Next &Record"), QKeySequence(tr("Ctrl+PgDown")), kFile, [this] { NextRecord(1); });
+    Add(go, tr("Previous R&ecord"), QKeySequence(tr("Ctrl+PgUp")), kFile,
         [this] { NextRecord(-1); });
 }
 
@@ -224,6 +223,7 @@ void MainWindow::MakeOtherMenus() {
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     Add(help, tr("What Is &in Hand"), QKeySequence(tr("F1")), kRecord,
         [this] { help_->setFocus(); });
+    Add(help, tr("Open the &Samples"), {}, kNothing, [this] { OpenSamples(); });
     Add(help, tr("&About"), {}, kNothing, [this] {
         QMessageBox::about(this, QApplication::applicationDisplayName(),
                            tr("Quillory Desk %1\nMARC 21 records, opened, edited and checked.")

@@ -29,8 +29,9 @@ void MainWindow::AddNewActions(QMenu* menu) {
     Add(menu, tr("New Record Like &This"), QKeySequence(tr("Ctrl+Shift+N")), kEditable,
         [this] { CopyRecord(); });
     Add(menu, tr("&Discard the New Record"), {}, kEditable, [this] { DiscardNewRecord(); });
-    Add(menu, tr("Save as &Workform…"), {}, kRecord, [this] { SaveRecordAsWorkform(); });
-    Add(menu, tr("&Edit Workforms…"), {}, kNothing,
+    QMenu* workforms = menu->addMenu(tr("&Workforms"));
+    Add(workforms, tr("&Save as Workform…"), {}, kRecord, [this] { SaveRecordAsWorkform(); });
+    Add(workforms, tr("&Edit Workforms…"), {}, kNothing,
         [this] { Try([this] { WorkformEditor(desk_.Lists(), this).exec(); }); });
     menu->addSeparator();
 }

@@ -10,6 +10,8 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTabWidget>
 #include <initializer_list>
 #include <tests/quillory/desktop/DeskTest.h>
@@ -89,6 +91,11 @@ TEST_F(Looks, EverythingFitsASmallScreen) {
     ASSERT_TRUE(window.Open(QStringLiteral(SAMPLES "catalogue.mrk")));
     Wait(window);
     window.Table().GoTo(*ParsePlace("245 $a"));
+    for (const QAction* action : window.menuBar()->actions()) {
+        // A higher one would stand in two columns.
+        EXPECT_LE(action->menu()->sizeHint().height(), room.height())
+            << action->text().toStdString();
+    }
     window.Palette().Toggle();
     auto& tabs = *window.findChild<QTabWidget*>();
     for (int tab = 0; tab < tabs.count(); ++tab) {
