@@ -1,3 +1,4 @@
+#include <quillory/cards/LabelStock.h>
 #include <quillory/cli/PrintCommands.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/cli/TerminalQuestions.h>
@@ -50,13 +51,19 @@ Status RunList(const QueueCommand& command) {
     Output output("-");
     std::uint64_t panels = 0;
     const auto take = [&](const QueuedItem& queued) {
-        output.Write(ToText(queued));
+        output.Write(ToText(queued, NounOf(command.kind)));
         panels += static_cast<std::uint64_t>(queued.panels);
     };
     const Status status = ListQueue(command.kind, take, reporter);
     output.Finish();
     reporter.Say(Counted(panels, NounOf(command.kind)) + " in the queue");
     return status;
+}
+
+std::vector<std::string> LabelStockNames() {
+    std::vector<std::string> names;
+    for (const LabelStock& stock : LabelStocks()) names.emplace_back(stock.name);
+    return names;
 }
 
 Status RunClear(const QueueCommand& command) {
@@ -109,7 +116,8 @@ void DeclareSheets(Arguments& command, PrintChoice& choice) {
             .Option("--type", choice.stock,
                     "Type of the sheets of labels, such as S1 or SP1; by default that of the "
                     "settings")
-            .Shown("NAME");
+            .Shown("NAME")
+            .Offers(LabelStockNames());
         return;
     }
     command.Choice("--paper", choice.paper, {{"letter", kPaperLetter}, {"a4", kPaperA4}},

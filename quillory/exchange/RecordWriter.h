@@ -29,6 +29,7 @@ struct WriteResult {
     bool written = true;
     bool leaderMended = false;       // the constants in it were wrong
     std::vector<Fault> faults = {};  // why it was not written, or not in full
+    bool isApart = false;  // it was written, but to another file than the one of the records
 };
 
 WriteResult NotWritten(Fault fault);

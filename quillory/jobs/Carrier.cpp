@@ -122,7 +122,7 @@ void Carrier::Write(const Item& item) {
         totals_.status = kStatusFindings;
     }
     if (result.written) {
-        ++totals_.written;
+        if (!result.isApart) ++totals_.written;
         KeepIfPartial(item);
     } else {
         ++totals_.rejected;

@@ -32,7 +32,7 @@ struct CarrierOptions {
 // What became of items.
 struct CarrierTotals {
     Status status = kStatusWell;  // findings, if anything was wrong
-    std::uint64_t written = 0;
+    std::uint64_t written = 0;    // to where the records go
     std::uint64_t rejected = 0;
     std::uint64_t partial = 0;
     std::uint64_t stray = 0;

@@ -35,7 +35,7 @@ public:
             input.files = {options.input.files[i]};
             KeyedFile& file = i == 0 ? before_ : after_;
             status = std::max(status, file.Read(input, take));
-            totals_.doubles += file.NameDoubles();
+            totals_.doubles[i] = file.NameDoubles();
         }
         return status;
     }
@@ -71,7 +71,7 @@ private:
         if (partner) {
             TakeBoth(record, name, *partner);
         } else if (!record.hasKey) {
-            ++totals_.keyless;
+            ++totals_.keyless[0];
             report_.Take({CompareOutcome::NoKey, &name, nullptr, {}});
         } else {
             ++totals_.gone;
@@ -97,7 +97,7 @@ private:
 
     void TakeNew(const KeyedFile::Found& record) {
         const RecordName name = names_.NameOf(record.file, record.item);
-        ++(record.hasKey ? totals_.added : totals_.keyless);
+        ++(record.hasKey ? totals_.added : totals_.keyless[1]);
         report_.Take(
             {record.hasKey ? CompareOutcome::New : CompareOutcome::NoKey, nullptr, &name, {}});
     }
@@ -134,7 +134,8 @@ Status CompareFiles(const CompareOptions& options, CompareReport& report, Report
         totals.changed = 1;
     }
     damage.Finish();
-    const bool isSame = totals.changed + totals.gone + totals.added + totals.keyless == 0;
+    const bool isSame =
+        totals.changed + totals.gone + totals.added + totals.keyless[0] + totals.keyless[1] == 0;
     return std::max({read, damage.Result(), isSame ? kStatusWell : kStatusFindings});
 }
 

@@ -4,6 +4,7 @@
 #include <quillory/jobs/RecordName.h>
 #include <quillory/sets/RecordDifference.h>
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -32,8 +33,9 @@ struct CompareTotals {
     std::uint64_t changed = 0;
     std::uint64_t gone = 0;
     std::uint64_t added = 0;
-    std::uint64_t keyless = 0;  // in either file, without an equal in the other
-    std::uint64_t doubles = 0;  // records whose key an earlier one has, in either file
+    // Records of the two files, the one before and the one after.
+    std::array<std::uint64_t, 2> keyless{};  // without a key, and without an equal in the other
+    std::array<std::uint64_t, 2> doubles{};  // whose key an earlier one has
 };
 
 // Is given what two files differ in.

@@ -44,7 +44,9 @@ public:
     bool HasFileForRemoved() const { return removed_ != nullptr; }
     void Choose(bool isRemoved) { isRemoved_ = isRemoved; }
     WriteResult Write(const Record& record, Losses& losses) override {
-        return (isRemoved_ ? *removed_ : kept_).writer->Write(record, losses);
+        WriteResult result = (isRemoved_ ? *removed_ : kept_).writer->Write(record, losses);
+        result.isApart = isRemoved_;
+        return result;
     }
     void Complete() {
         kept_.Complete();

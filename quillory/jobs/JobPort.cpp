@@ -1,4 +1,5 @@
 #include <quillory/jobs/JobPort.h>
+#include <quillory/text/Visible.h>
 
 namespace quillory {
 
@@ -17,7 +18,7 @@ std::string ItemPlace(std::string_view file, const Item& item) {
     place += " at byte " + std::to_string(item.offset);
     const std::string_view number =
         item.kind == kItemRecord ? item.record.ControlNumber() : item.controlNumber;
-    if (!number.empty()) place += " (001 " + Printable(number) + ")";
+    if (!number.empty()) place += " (001 " + Visible(number) + ")";
     return place;
 }
 

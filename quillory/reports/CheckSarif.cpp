@@ -2,6 +2,7 @@
 #include <quillory/reports/CheckReports.h>
 #include <quillory/reports/FileUri.h>
 #include <quillory/text/JsonWriter.h>
+#include <quillory/text/Visible.h>
 
 #include <utility>
 
@@ -66,7 +67,7 @@ std::string NameOfPlace(const Item& item, const Result& result) {
     if (item.kind == kItemStray) {
         name = item.number == 0 ? "before the first record" : "after " + name;
     }
-    if (!result.controlNumber.empty()) name += " (001 " + Printable(result.controlNumber) + ")";
+    if (!result.controlNumber.empty()) name += " (001 " + Visible(result.controlNumber) + ")";
     const std::string place = PlaceText(result.place);
     return place.empty() ? name : name + ", " + place;
 }

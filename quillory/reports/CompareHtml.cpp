@@ -11,8 +11,13 @@ std::string CompareTiles(const CompareTotals& totals) {
     std::string tiles = Tile("ok", totals.same, "the same") +
                         Tile("warning", totals.changed, "changed") +
                         Tile("error", totals.gone, "gone") + Tile("", totals.added, "new");
-    if (totals.keyless > 0) tiles += Tile("error", totals.keyless, "without a key");
-    if (totals.doubles > 0) tiles += Tile("error", totals.doubles, "with a double key");
+    const auto add = [&tiles](std::uint64_t count, const char* what) {
+        if (count > 0) tiles += Tile("error", count, what);
+    };
+    add(totals.keyless[0], "without a key before");
+    add(totals.keyless[1], "without a key after");
+    add(totals.doubles[0], "with a double key before");
+    add(totals.doubles[1], "with a double key after");
     return tiles;
 }
 

@@ -106,6 +106,14 @@ private:
     Reporter& reporter_;
 };
 
+// ", 3 without a key (1 before, 2 after)" for what is counted of each file.
+std::string CountsText(const std::array<std::uint64_t, 2>& counts, const std::string& what) {
+    const auto& [before, after] = counts;
+    if (before + after == 0) return {};
+    return ", " + std::to_string(before + after) + " " + what + " (" + std::to_string(before) +
+           " before, " + std::to_string(after) + " after)";
+}
+
 }  // namespace
 
 std::string FieldLine(std::string_view tag, std::string_view content, bool colour) {
@@ -132,9 +140,8 @@ std::string TotalsText(const CompareTotals& totals) {
     std::string text = Counted(totals.same, "record") + " the same, " +
                        std::to_string(totals.changed) + " changed, " + std::to_string(totals.gone) +
                        " gone, " + std::to_string(totals.added) + " new";
-    if (totals.keyless > 0) text += ", " + std::to_string(totals.keyless) + " without a key";
-    if (totals.doubles > 0) text += ", " + std::to_string(totals.doubles) + " with a double key";
-    return text;
+    return text + CountsText(totals.keyless, "without a key") +
+           CountsText(totals.doubles, "with a double key");
 }
 
 std::unique_ptr<CompareReport> MakeCompareReport(const CompareReportOptions& options,

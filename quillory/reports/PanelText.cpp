@@ -141,7 +141,7 @@ void TextTarget::Take(const PrintItem&, const std::vector<Panel>& panels) {
     for (const Panel& panel : panels) output_.Write(ToText(panel));
 }
 
-std::string ToText(const QueuedItem& queued) {
+std::string ToText(const QueuedItem& queued, const std::string& noun) {
     constexpr std::size_t kNumberColumns = 14;
     constexpr std::size_t kUseColumns = 12;
     const PrintItem& item = queued.item;
@@ -153,7 +153,9 @@ std::string ToText(const QueuedItem& queued) {
         if (!text.empty()) break;
     }
     return Padded(Visible(item.controlNumber), kNumberColumns) + " " +
-           Padded(std::string(UseName(item.use)), kUseColumns) + Visible(text) + "\n";
+           Padded(std::string(UseName(item.use)), kUseColumns) + Visible(text) +
+           (queued.panels > 1 ? " (" + std::to_string(queued.panels) + " " + noun + "s)" : "") +
+           "\n";
 }
 
 }  // namespace quillory

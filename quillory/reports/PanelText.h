@@ -35,7 +35,8 @@ private:
     ColumnTypesetter typesetter_;
 };
 
-// "1234  main entry   Proust, Marcel, 1871-1922. Du côté de chez Swann.": an item in a list.
-std::string ToText(const QueuedItem& queued);
+// "1234  main entry   Proust, Marcel, 1871-1922. Du côté de chez Swann. (2 cards)": an item in a
+// list. `noun` is what it is printed on, if that takes several.
+std::string ToText(const QueuedItem& queued, const std::string& noun);
 
 }  // namespace quillory

@@ -215,6 +215,15 @@ class Queues(Prints):
         self.assertFalse(self.queue().exists())
         self.quillory("cards", "clear", "--yes")
 
+    def test_list_says_how_many_cards_an_item_takes(self):
+        long = self.records(LEADER + "=001  c1\n=245  00$aMaps.\n=505  0\\$a" +
+                            "Rivers and their valleys -- " * 60 + "\n\n", "long.mrk")
+        _, err = self.quillory("cards", "add", long, "--make", "main")
+        count = int(re.search(r"(\d+) cards added", err)[1])
+        out, err = self.quillory("cards", "list")
+        self.assertIn(f"main entry  Maps. ({count} cards)\n", out.decode())
+        self.assertIn(f"{count} cards in the queue", err)
+
     def test_each_user_and_kind_has_a_queue(self):
         source = self.records(MAP)
         self.quillory("labels", "add", source)

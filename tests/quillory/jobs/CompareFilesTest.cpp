@@ -71,8 +71,9 @@ TEST(CompareFiles, WhatIsNewGoneAndChangedIsNamedInOrder) {
 TEST(CompareFiles, DoubleAndMissingKeysAreNamedNotLost) {
     const std::string two = Titled("a", "X") + Titled("a", "Y");
     EXPECT_EQ(Compare(two, two).status, kStatusWell);
-    EXPECT_EQ(Compare(two, two).lines.back(),
-              "2 records the same, 0 changed, 0 gone, 0 new, 2 with a double key");
+    EXPECT_EQ(
+        Compare(two, two).lines.back(),
+        "2 records the same, 0 changed, 0 gone, 0 new, 2 with a double key (1 before, 1 after)");
     const Report fewer = Compare(two, Titled("a", "X") + Titled("", "N"));
     EXPECT_EQ(fewer.status, kStatusFindings);
     EXPECT_EQ(fewer.text, "gone: A: record 2 (001 a) Y\nno key: B: record 2 N\n");
@@ -80,6 +81,8 @@ TEST(CompareFiles, DoubleAndMissingKeysAreNamedNotLost) {
         Compare(Titled("", "M") + Titled("", "N"), Titled("", "N") + Titled("", "O"));
     EXPECT_EQ(none.status, kStatusFindings);
     EXPECT_EQ(none.text, "no key: A: record 1 M\nno key: B: record 2 O\n");
+    EXPECT_EQ(none.lines.back(),
+              "1 record the same, 0 changed, 0 gone, 0 new, 2 without a key (1 before, 1 after)");
     EXPECT_EQ(Compare(Titled("", "N"), Titled("", "N")).status, kStatusWell);
 }
 

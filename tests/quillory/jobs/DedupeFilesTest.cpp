@@ -51,6 +51,27 @@ std::string Isbn(const std::string& id, const std::string& isbn, const std::stri
     return MarcOf({kLeaderLine, "001" + id, "020  \037a" + isbn, "24510\037a" + more});
 }
 
+// What is written beside the others is not among those that are counted as written.
+TEST(DedupeFiles, SummaryCountsWhatIsKept) {
+    const std::string a = Isbn("a", "0306406152");
+    const TemporaryFile in(a + a + a + "00030 bad\035");
+    const TemporaryFile out;
+    const TemporaryFile removed;
+    DedupeOptions options{.by = {"001"}};
+    options.input.files = {in.Path()};
+    options.output.output = out.Path();
+    options.removed = removed.Path();
+    MemoryPort port;
+    Reporter reporter(port, {});
+    DedupeMessages messages("", options, reporter);
+    EXPECT_EQ(DedupeFiles(options, messages, reporter), kStatusFindings);
+    EXPECT_EQ(out.Read(), a);
+    EXPECT_EQ(removed.Read(), a + a);
+    ASSERT_GE(port.lines.size(), 2U);
+    EXPECT_EQ(port.lines[port.lines.size() - 2], "1 record written, 1 not");
+    EXPECT_EQ(port.lines.back(), "2 of 3 records removed (kept in " + removed.Path() + ")");
+}
+
 TEST(DedupeFiles, WhatGoesIsNamedAndKeptElsewhere) {
     const std::string a = Isbn("a", "0306406152");
     const std::string b = Isbn("b", "978-0-306-40615-7", "x\037blonger");
