@@ -19,7 +19,8 @@ RuleWeights WeightsOfNewRecords() {
                    "issn-invalid",
                    "standard-number-invalid",
                    "url-malformed",
-                   "nonfiling-count"};
+                   "nonfiling-count",
+                   "date-against-type"};
     return RuleWeights(choice);
 }
 

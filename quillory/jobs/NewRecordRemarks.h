@@ -8,7 +8,7 @@
 namespace quillory {
 
 // Says what is wrong with records that were made, as far as the person who makes them can tell at
-// once: no title, a wrong standard number, a subfield that the field lacks ...
+// once: no title, no date, a wrong standard number, a subfield that the field lacks ...
 class NewRecordRemarks {
 public:
     // Settings and dictionaries are in force. Keeps the reference.

@@ -63,7 +63,8 @@ class New(NewRecords):
     def test_what_a_cataloger_would_mend_at_once_is_said(self):
         for given, reason in [("260a=Town", "245 $a: error: "),
                               ("020a=9780306406158", "020 $a: warning: "),
-                              ("245y=Rest", "245 $y: warning: ")]:
+                              ("245y=Rest", "245 $y: warning: "),
+                              ("245a=T", "008/07-10: warning: date 1 is blank")]:
             _, err = self.made("new", "-w", BOOK, "-s", given, "-o", self.path("made.mrc"))
             self.assertIn(reason, err)
 
@@ -164,7 +165,8 @@ class Terminal(NewRecords):
         self.assertIn("\u00fcber alles".encode(), record)
 
     def test_no_input_asks_nothing(self):
-        _, said = self.answered(b"", "--no-input", "--quiet", "--set", "245a=T")
+        _, said = self.answered(b"", "--no-input", "--quiet", "--set", "245a=T",
+                                "--set", "264c=2023")
         self.assertEqual(said, "")
 
 
@@ -200,7 +202,8 @@ class Catalog(NewRecords):
                        'there is no workform "Boks"',
                        '008/35-37: "xx1" is not a code of Language; ']:
             self.assertIn(reason, err)
-        self.assertEqual(err.count("\n"), 5)
+        self.assertEqual(err.count("date 1 is blank"), 2)
+        self.assertEqual(err.count("\n"), 7)
         lines = text.splitlines(keepends=True)
         self.assertEqual(rejects.read_bytes().decode(), "".join(lines[:1] + lines[3:11]))
 
