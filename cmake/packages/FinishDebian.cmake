@@ -18,6 +18,12 @@ foreach(component ${CPACK_COMPONENTS_ALL})
     file(COPY_FILE ${CPACK_ZORBY_LICENSE} ${doc}/copyright)
     file(COPY_FILE ${CPACK_ZORBY_CHANGELOG} ${doc}/changelog)
     pack(${doc}/changelog)
+    # Debian has the licence once.
+    if(EXISTS ${root}/share/doc/quillory/LICENSE)
+        file(REMOVE ${root}/share/doc/quillory/LICENSE)
+        file(CREATE_LINK ../${CPACK_DEBIAN_${part}_PACKAGE_NAME}/copyright
+            ${root}/share/doc/quillory/LICENSE SYMBOLIC)
+    endif()
     file(GLOB pages ${root}/share/man/man1/*.1)
     foreach(page ${pages})
         pack(${page})

@@ -33,6 +33,16 @@ run_from_archive() {
     (cd "$folder" && find . -type f | sed 's|^\./||' | sort) > "$work/archive.txt"
 }
 
+# What the documents link to is installed with them.
+follow_links() {
+    local page link
+    while IFS= read -r page; do
+        while IFS= read -r link; do
+            [[ -e $(dirname "$page")/$link ]] || fail "$page: $link is not there"
+        done < <(grep -o ']([^)#]*' "$page" | sed 's/^](//' | grep -v -e '://' -e '^$' -e ' ')
+    done < <(find "$work/any folder/share/doc" -name '*.md')
+}
+
 # Each file of the archive is in one package, and nothing else but what Debian asks for.
 look_into_packages() {
     local package
@@ -47,6 +57,12 @@ look_into_packages() {
         [[ $(dpkg-deb -f "$package" Depends) == *libzorby0.*libc6* ]] ||
             fail "$package: no dependencies"
     done
+    for package in "$work"/*.deb; do
+        ! dpkg-deb --ctrl-tarfile "$package" | tar -t | grep -E '(post|pre)(inst|rm)' ||
+            fail "$package: a script, where triggers do the work"
+    done
+    [[ $(dpkg-deb --ctrl-tarfile "$work"/libzorby0*.deb | tar -xO ./triggers) == *ldconfig ]] ||
+        fail "the system does not learn of the library"
     ! command -v lintian > /dev/null || lintian --allow-root --fail-on error "$work"/*.deb
 }
 
@@ -54,6 +70,7 @@ rm -rf "$work"
 mkdir -p "$work"
 make_packages TGZ
 run_from_archive
+follow_links
 if command -v dpkg-shlibdeps > /dev/null; then
     make_packages DEB
     look_into_packages
