@@ -1,9 +1,11 @@
 #include <quillory/arguments/Arguments.h>
 #include <quillory/arguments/FoldedText.h>
+#include <quillory/arguments/MeantName.h>
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
 #include <sstream>
 #include <string_view>
@@ -52,6 +54,12 @@ std::string FaultOfEmptyValue(const std::vector<std::string>& words) {
     return empty == end ? std::string() : MissingValue(empty->substr(0, empty->size() - 1));
 }
 
+constexpr std::size_t kTextColumn = 30;  // where what stands beside a name begins in help
+
+std::string FoldedBeside(const std::string& text, std::size_t columns) {
+    return Folded(text, std::max(columns, 2 * kTextColumn) - kTextColumn);
+}
+
 // Help in lines of so many columns, with the words of the manual pages.
 class HelpFormatter : public CLI::Formatter {
 public:
@@ -82,14 +90,20 @@ public:
     }
 
 private:
-    static constexpr std::size_t kTextColumn = 30;
-
-    std::string Text(const std::string& text) const {
-        return Folded(text, std::max(columns_, 2 * kTextColumn) - kTextColumn);
-    }
+    std::string Text(const std::string& text) const { return FoldedBeside(text, columns_); }
 
     std::size_t columns_;
 };
+
+// Terms and what they mean, as --help shows options.
+std::string TextOf(const TermList& list, std::size_t columns) {
+    std::ostringstream text;
+    text << list.title << ":\n";
+    for (const auto& [term, meaning] : list.terms) {
+        CLI::detail::format_help(text, term, FoldedBeside(meaning, columns), kTextColumn);
+    }
+    return text.str();
+}
 
 // What the name of a positional argument says already is not said again.
 std::string ShownValue(const ArgumentDefinition& definition) {
@@ -125,7 +139,7 @@ class ArgumentParser {
 public:
     ArgumentParser(Arguments& program, const std::vector<std::string>& words,
                    std::size_t helpColumns)
-        : words_(words), app_(program.summary_, program.name_) {
+        : words_(words), helpColumns_(helpColumns), app_(program.summary_, program.name_) {
         app_.formatter(std::make_shared<HelpFormatter>(helpColumns));
         Declare(program, app_);
         called_.push_back({program, app_});
@@ -139,12 +153,16 @@ public:
         }
         if (IsGiven(kHelp)) {
             call.text = app_.help();
+            for (const TermList& list : called_.back().command.lists_) {
+                if (!call.text.ends_with("\n\n")) call.text += "\n";
+                call.text += TextOf(list, helpColumns_);
+            }
         } else if (IsGiven(kVersion)) {
             const Arguments& program = called_.front().command;
             call.text = program.name_ + " " + program.version_ + "\n";
         } else {
             call.error = FirstOf({FaultOfEmptyValue(words_), FaultOfExtraWords(), FaultOfPlace(),
-                                  fault, FaultOfValues()});
+                                  fault, FaultOfCommandAsFile(), FaultOfValues()});
             if (call.error.empty()) call.run = called_.back().command.run_;
         }
         return call;
@@ -204,20 +222,56 @@ private:
         });
     }
 
-    static std::string FaultOfExtraWord(const CLI::App& app, const std::string& word) {
+    static std::string FaultOfExtraWord(const Step& step, const std::string& word) {
         if (word.size() > 1 && word.starts_with('-')) {
-            return "there is no option " + word.substr(0, word.find('='));
+            const std::string option = word.substr(0, word.find('='));
+            return "there is no option " + option + MeantNames(option, OptionsOf(step.command));
         }
-        const bool needsCommand = app.get_require_subcommand_min() > 0;
-        return needsCommand ? "there is no command " + InQuotes(word)
+        const bool needsCommand = step.app.get_require_subcommand_min() > 0;
+        return needsCommand ? "there is no command " + InQuotes(word) +
+                                  MeantNames(word, CommandsUnder(step.command))
                             : InQuotes(word) + " is one argument too many";
+    }
+
+    static std::vector<std::string> OptionsOf(const Arguments& command) {
+        std::vector<std::string> names;
+        for (const Argument& argument : command.arguments_) {
+            const ArgumentDefinition& definition = argument.Definition();
+            if (definition.kind == kPositionalArgument) continue;
+            names.insert(names.end(), definition.names.begin(), definition.names.end());
+        }
+        return names;
+    }
+
+    static std::vector<std::string> CommandsUnder(const Arguments& command) {
+        std::vector<std::string> names;
+        for (const Arguments& under : command.commands_) names.push_back(under.name_);
+        return names;
+    }
+
+    // Where a command or files may come, a mistyped command stands in the place of a file.
+    std::string FaultOfCommandAsFile() const {
+        const Step& step = called_.back();
+        if (step.command.commands_.empty()) return {};
+        for (const Argument& argument : step.command.arguments_) {
+            const ArgumentDefinition& definition = argument.Definition();
+            if (definition.kind != kPositionalArgument || !definition.isFile) continue;
+            const auto& values = step.app.get_option(definition.names.back())->results();
+            if (values.empty() || values.front() == "-") return {};
+            std::error_code error;
+            if (std::filesystem::exists(values.front(), error)) return {};
+            const std::string meant = MeantNames(values.front(), CommandsUnder(step.command));
+            if (meant.empty()) return {};
+            return "there is no file or command " + InQuotes(values.front()) + meant;
+        }
+        return {};
     }
 
     std::string FaultOfExtraWords() const {
         for (std::size_t at = 0; at < called_.size(); ++at) {
             for (const std::string& word : called_[at].app.remaining()) {
                 if (word == "--") continue;
-                if (at + 1 == called_.size()) return FaultOfExtraWord(called_[at].app, word);
+                if (at + 1 == called_.size()) return FaultOfExtraWord(called_[at], word);
                 return word + " can't stand before " + called_[at + 1].command.name_;
             }
         }
@@ -262,6 +316,7 @@ private:
     }
 
     const std::vector<std::string>& words_;
+    std::size_t helpColumns_;
     CLI::App app_;
     std::vector<Step> called_;
 };
@@ -287,8 +342,18 @@ Argument& Argument::Shown(std::string value) {
     return *this;
 }
 
+Argument& Argument::NamesCommand() {
+    definition_.namesCommand = true;
+    return *this;
+}
+
 Argument& Argument::Offers(std::vector<std::string> values) {
     definition_.offers = std::move(values);
+    return *this;
+}
+
+Argument& Argument::OffersNow(std::function<std::vector<std::string>()> values) {
+    definition_.offersNow = std::move(values);
     return *this;
 }
 
@@ -348,7 +413,7 @@ void Arguments::Declare() {
 
 CommandDefinition Arguments::Definition() {
     Declare();
-    CommandDefinition definition{name_, summary_, footer_, {}, {}, false};
+    CommandDefinition definition{name_, summary_, footer_, lists_, {}, {}, false};
     for (const Argument& argument : arguments_) {
         definition.arguments.push_back(argument.Definition());
     }

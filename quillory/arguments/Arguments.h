@@ -32,8 +32,12 @@ public:
     Argument& NeverEmpty();
     // What stands for its value in help.
     Argument& Shown(std::string value);
+    // It is a list of words that name a command of the program, such as "records add".
+    Argument& NamesCommand();
     // Values that shells offer, though it takes any others, too.
     Argument& Offers(std::vector<std::string> values);
+    // Values of which only a run of the program knows, such as names that a person has given.
+    Argument& OffersNow(std::function<std::vector<std::string>()> values);
     // An option that can't be given beside this one; it is declared before it.
     Argument& Excludes(std::string option);
     // The numbers that it takes, of all that its type holds; both ends are among them.
@@ -139,6 +143,9 @@ public:
     // table, stay as they are; others are set anew, up to one that ends with a sentence.
     void Footer(std::string text) { footer_ = std::move(text); }
 
+    // A list that --help shows after the footer. The meanings have no full stop at their ends.
+    void List(TermList list) { lists_.push_back(std::move(list)); }
+
     const std::string& Name() const { return name_; }
     const std::string& Version() const { return version_; }
     // All of it as plain data, in the order of declaration.
@@ -175,6 +182,7 @@ private:
     std::string summary_;
     std::string version_;
     std::string footer_;
+    std::vector<TermList> lists_;
     Declaration declare_;  // empty once it is done
     std::function<int()> run_;
     std::list<Argument> arguments_;  // that of its own, whose addresses stay

@@ -18,19 +18,35 @@ _@NAME@() {
         command+=" ${COMP_WORDS[at++]}"
     done
     local before=" ${COMP_WORDS[*]:1:COMP_CWORD-1} "
-    local isvalue='' files='' word commands=() options=() values=()
+    local isvalue='' files='' asked='' names='' word commands=() options=() values=()
     [[ $before != *' -- '* ]] || option=
     case $command in
 @CASES@    esac
     COMPREPLY=()
+    if [[ -n $names ]]; then
+        # The words before the cursor are those of a command, too.
+        command=@PROGRAM@
+        for word in "${COMP_WORDS[@]:at:COMP_CWORD-at}"; do command+=" $word"; done
+        while IFS= read -r -d '|' word; do
+            [[ $word != "$command "* || ${word#"$command "} == *' '* ]] ||
+                values+=("${word#"$command "}")
+        done <<< "$known"
+    fi
+    if [[ -n $asked ]]; then
+        while IFS= read -r word; do
+            [[ $current == [\"\']* ]] || printf -v word %q "$word"
+            values+=("$word")
+        done < <(@PROGRAM@ completion --values "$asked" 2> /dev/null)
+    fi
     if [[ -z $isvalue && $current == -* && $before != *' -- '* ]]; then
         values=("${options[@]}")
         files=
     elif [[ -z $isvalue ]] && ((at == COMP_CWORD)); then
         values+=("${commands[@]}")
     fi
+    local begun=${current#[\"\']}
     for word in "${values[@]}"; do
-        [[ ${word,,} != "${current,,}"* ]] || COMPREPLY+=("$word")
+        [[ ${word,,} != "${begun,,}"* ]] || COMPREPLY+=("$word")
     done
     [[ -n $files ]] || return 0
     compopt -o filenames 2> /dev/null
@@ -48,19 +64,36 @@ std::string List(const std::vector<std::string>& words) {
 }
 
 // What the value of an option, or of the positional arguments, may be.
-std::string BashValues(const std::vector<std::string>& values, bool areFiles) {
-    std::string text;
-    if (!values.empty()) text += " values=" + List(values);
-    if (areFiles) text += " files=yes";
-    return text;
-}
+struct BashValues {
+    std::vector<std::string> offered;
+    bool areFiles = false;
+    bool areNames = false;
+    std::string asked;
+
+    void Add(const NamedCommand& command, const ArgumentDefinition& argument) {
+        const std::vector<std::string>& values = argument.Offered();
+        offered.insert(offered.end(), values.begin(), values.end());
+        areFiles = areFiles || argument.isFile;
+        areNames = areNames || argument.namesCommand;
+        if (argument.offersNow) asked = command.NameOf(argument);
+    }
+    std::string Text() const {
+        std::string text;
+        if (!offered.empty()) text += " values=" + List(offered);
+        if (areFiles) text += " files=yes";
+        if (areNames) text += " names=yes";
+        if (!asked.empty()) text += " asked=" + ShellQuoted(asked);
+        return text;
+    }
+};
 
 // Once an option that takes a value is given, nothing but its value can come.
-std::string OptionCase(const ArgumentDefinition& option) {
+std::string OptionCase(const NamedCommand& command, const ArgumentDefinition& option) {
+    BashValues values;
+    values.Add(command, option);
     std::string pattern;
     for (const std::string& name : option.names) pattern += (pattern.empty() ? "" : " | ") + name;
-    return "                " + pattern + ") isvalue=yes" +
-           BashValues(option.Offered(), option.isFile) + " ;;\n";
+    return "                " + pattern + ") isvalue=yes" + values.Text() + " ;;\n";
 }
 
 std::string Case(const NamedCommand& command) {
@@ -69,23 +102,20 @@ std::string Case(const NamedCommand& command) {
         commands.push_back(under.name);
     }
     std::vector<std::string> options;
-    std::vector<std::string> values;
+    BashValues values;
     std::string cases;
-    bool areFiles = false;
     for (const ArgumentDefinition& argument : command.definition.arguments) {
         if (argument.kind == kPositionalArgument) {
-            const std::vector<std::string>& offered = argument.Offered();
-            values.insert(values.end(), offered.begin(), offered.end());
-            areFiles = areFiles || argument.isFile;
+            values.Add(command, argument);
             continue;
         }
         options.insert(options.end(), argument.names.begin(), argument.names.end());
-        if (argument.kind == kOptionArgument) cases += OptionCase(argument);
+        if (argument.kind == kOptionArgument) cases += OptionCase(command, argument);
     }
     return "        " + ShellQuoted(command.Joined(" ")) +
            ")\n            commands=" + List(commands) + "\n            options=" + List(options) +
-           "\n            case $option in\n" + cases + "                *)" +
-           BashValues(values, areFiles) + " ;;\n            esac ;;\n";
+           "\n            case $option in\n" + cases + "                *)" + values.Text() +
+           " ;;\n            esac ;;\n";
 }
 
 }  // namespace

@@ -17,6 +17,12 @@ function __@NAME@_is
     test "$command" = "$argv"
 end
 
+# What stands next in the name of a command, after the words before the cursor.
+function __@NAME@_names
+    set -l above (string join ' ' @PROGRAM@ (commandline -opc)[3..])
+    string replace -rf "^$above ([^ ]+)\$" '$1' $__@NAME@_commands
+end
+
 complete -c @PROGRAM@ -f
 )";
 
@@ -30,21 +36,28 @@ std::string Spaced(const std::vector<std::string>& words) {
     return text;
 }
 
-std::string FishValues(const ArgumentDefinition& argument) {
+std::string FishValues(const NamedCommand& command, const ArgumentDefinition& argument) {
     std::string text;
+    const std::string& program = command.names.front();
+    if (argument.namesCommand) text = " -a '(__" + ShellName(program) + "_names)'";
+    if (argument.offersNow) {
+        const std::string asked = FishQuoted(command.NameOf(argument));
+        text =
+            " -a " + FishQuoted("(" + program + " completion --values " + asked + " 2> /dev/null)");
+    }
     if (!argument.Offered().empty()) text = " -a " + FishQuoted(Spaced(argument.Offered()));
     return argument.isFile ? text + " -F" : text;
 }
 
-std::string ArgumentPart(const ArgumentDefinition& argument) {
-    if (argument.kind == kPositionalArgument) return FishValues(argument);
+std::string ArgumentPart(const NamedCommand& command, const ArgumentDefinition& argument) {
+    if (argument.kind == kPositionalArgument) return FishValues(command, argument);
     std::string part;
     for (const std::string& name : argument.names) {
         const bool isLong = name.starts_with("--");
         part += isLong ? " -l " + name.substr(2) : " -s " + name.substr(1);
     }
     if (argument.kind == kOptionArgument) {
-        part += (argument.isFile ? " -r" : " -x") + FishValues(argument);
+        part += (argument.isFile ? " -r" : " -x") + FishValues(command, argument);
     }
     return part + " -d " + FishQuoted(argument.text);
 }
@@ -59,7 +72,7 @@ std::string Lines(const NamedCommand& command) {
         lines += begin + " -a " + under.name + " -d " + FishQuoted(under.summary) + "\n";
     }
     for (const ArgumentDefinition& argument : command.definition.arguments) {
-        const std::string part = ArgumentPart(argument);
+        const std::string part = ArgumentPart(command, argument);
         if (!part.empty()) lines += begin + part + "\n";
     }
     return lines;

@@ -19,10 +19,28 @@ _@NAME@() {
 }
 )";
 
+// What the functions of commands call.
+constexpr const char* kHelpers = R"(
+_@NAME@_values() {
+    local -a values=("${(@f)$(@NAME@ completion --values "$*" 2> /dev/null)}")
+    compadd -M 'm:{a-zA-Z}={A-Za-z}' -a values
+}
+
+_@NAME@_names() {
+    local above="@NAME@ ${(j: :)words[2,CURRENT-1]}"
+    local -a known=(@KNOWN@)
+    known=(${${(M)known:#${above% } *}#${above% } })
+    compadd -- ${known:#* *}
+}
+)";
+
 // What may be the value of an argument: one of a few words, a file, or a text.
-std::string Action(const ArgumentDefinition& argument) {
+std::string Action(const NamedCommand& command, const ArgumentDefinition& argument) {
+    const std::string function = " _" + command.names.front();
     std::string action = ":" + Backslashed(argument.value, ":\\") + ":";
     if (argument.isFile) action += "_files";
+    if (argument.namesCommand) action += function + "_names";
+    if (argument.offersNow) action += function + "_values " + command.NameOf(argument);
     if (argument.Offered().empty()) return action;
     action += "(";
     for (const std::string& value : argument.Offered()) {
@@ -42,31 +60,31 @@ std::string Excluded(const ArgumentDefinition& option) {
 }
 
 // What _arguments is told of an option, a word for each of its names.
-std::string OptionWords(const ArgumentDefinition& option) {
+std::string OptionWords(const NamedCommand& command, const ArgumentDefinition& option) {
     std::string words;
     for (const std::string& name : option.names) {
         const bool hasValue = option.kind == kOptionArgument;
         std::string word = Excluded(option) + name;
         if (hasValue) word += name.starts_with("--") ? "=" : "+";
         word += "[" + Backslashed(option.text, "\\[]:") + "]";
-        if (hasValue) word += Action(option);
+        if (hasValue) word += Action(command, option);
         words += " \\\n        " + ShellQuoted(word);
     }
     return words;
 }
 
-std::string PositionalWord(const ArgumentDefinition& argument) {
+std::string PositionalWord(const NamedCommand& command, const ArgumentDefinition& argument) {
     const std::string lead = argument.isList ? "*" : argument.isRequired ? "" : ":";
     ArgumentDefinition shown = argument;
     shown.value = argument.names.front();
-    return " \\\n        " + ShellQuoted(lead + Action(shown));
+    return " \\\n        " + ShellQuoted(lead + Action(command, shown));
 }
 
-std::string ArgumentWords(const CommandDefinition& command) {
+std::string ArgumentWords(const NamedCommand& command) {
     std::string words;
-    for (const ArgumentDefinition& argument : command.arguments) {
-        words +=
-            argument.kind == kPositionalArgument ? PositionalWord(argument) : OptionWords(argument);
+    for (const ArgumentDefinition& argument : command.definition.arguments) {
+        words += argument.kind == kPositionalArgument ? PositionalWord(command, argument)
+                                                      : OptionWords(command, argument);
     }
     return words;
 }
@@ -83,11 +101,17 @@ std::string CommandRows(const CommandDefinition& command) {
 }  // namespace
 
 std::string ZshCompletion(const CommandDefinition& program) {
-    std::string script = "#compdef " + program.name + "\n";
-    for (const NamedCommand& command : AllCommands(program)) {
+    const std::vector<NamedCommand> commands = AllCommands(program);
+    std::string known;
+    for (const NamedCommand& command : commands) {
+        known += "\n        " + ShellQuoted(command.Joined(" "));
+    }
+    std::string script = "#compdef " + program.name + "\n" +
+                         FilledScript(kHelpers, {{"@NAME@", program.name}, {"@KNOWN@", known}});
+    for (const NamedCommand& command : commands) {
         script += FilledScript(kFunction, {{"@NAME@", command.Joined("_")},
                                            {"@COMMANDS@", CommandRows(command.definition)},
-                                           {"@ARGUMENTS@", ArgumentWords(command.definition)}});
+                                           {"@ARGUMENTS@", ArgumentWords(command)}});
     }
     // Loaded from a folder of functions, the file is the function itself.
     return script + FilledScript(

@@ -1,6 +1,7 @@
 #include <quillory/arguments/FoldedText.h>
 #include <quillory/arguments/ManualPage.h>
 
+#include <cctype>
 #include <string_view>
 
 namespace quillory {
@@ -142,6 +143,21 @@ std::string Details(const std::string& footer) {
     return isTable ? text + ".fi\n" : text;
 }
 
+std::string TermSections(const std::vector<TermList>& lists) {
+    std::string text;
+    for (const TermList& list : lists) {
+        std::string title;
+        for (const char c : list.title) {
+            title += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        }
+        text += Section(title);
+        for (const auto& [term, meaning] : list.terms) {
+            text += Item(Bold(term), Plain(meaning) + ".");
+        }
+    }
+    return text;
+}
+
 std::string Reference(const std::string& page) {
     return Bold(page) + "(1)";
 }
@@ -178,7 +194,8 @@ std::string ManualPage(const NamedCommand& command, const std::string& version) 
            "\"\n" + kLeftAligned + Section("NAME") + name + " \\- " +
            Plain(SummaryOf(command.definition)) + "\n" + Section("SYNOPSIS") + Synopsis(command) +
            ArgumentItems(command.definition, true) + ArgumentItems(command.definition, false) +
-           CommandItems(command.definition) + Details(command.definition.footer) + SeeAlso(command);
+           CommandItems(command.definition) + Details(command.definition.footer) +
+           TermSections(command.definition.lists) + SeeAlso(command);
 }
 
 }  // namespace quillory

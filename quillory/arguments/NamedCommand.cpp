@@ -18,6 +18,12 @@ std::string NamedCommand::Joined(const std::string& separator) const {
     return joined;
 }
 
+std::string NamedCommand::NameOf(const ArgumentDefinition& argument) const {
+    std::string name;
+    for (std::size_t i = 1; i < names.size(); ++i) name += names[i] + " ";
+    return name + argument.names.back();
+}
+
 std::vector<NamedCommand> AllCommands(const CommandDefinition& program) {
     std::vector<NamedCommand> commands;
     Collect(program, {}, commands);

@@ -13,6 +13,8 @@ struct NamedCommand {
     CommandDefinition definition;
 
     std::string Joined(const std::string& separator) const;
+    // What `completion --values` knows an argument by, without the program: "new --workform".
+    std::string NameOf(const ArgumentDefinition& argument) const;
 };
 
 // A program and all commands under it, each before its own.

@@ -12,7 +12,6 @@ namespace quillory {
 namespace {
 
 constexpr int kFailed = 2;
-constexpr std::size_t kMostHelpColumns = 100;  // longer lines are hard to read
 
 int Print(std::string_view text) {
     WriteOutput("-", text);
@@ -38,9 +37,9 @@ int RunProgram(Arguments& program, int argc, const char* const* argv) {
     ReserveStandardStreams();
     RemoveUnfinishedFilesOnSignals();
     const std::string& name = program.Name();
-    const std::size_t columns = std::min(ColumnsOfOutput().value_or(80), kMostHelpColumns);
     try {
-        return Answer(name, program.Parse({argv + std::min(argc, 1), argv + argc}, columns));
+        return Answer(name,
+                      program.Parse({argv + std::min(argc, 1), argv + argc}, ColumnsOfHelp()));
     } catch (const ClosedPipe&) {
         return kWell;
     } catch (const std::exception& error) {

@@ -1,5 +1,6 @@
 #include <quillory/arguments/StandardStreams.h>
 
+#include <algorithm>
 #include <fcntl.h>
 #include <initializer_list>
 #include <sys/ioctl.h>
@@ -20,6 +21,12 @@ std::optional<std::size_t> ColumnsOfOutput() {
     winsize size{};
     const bool isTerminal = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
     return isTerminal && size.ws_col > 0 ? std::optional<std::size_t>(size.ws_col) : std::nullopt;
+}
+
+std::size_t ColumnsOfHelp() {
+    constexpr std::size_t kMost = 100;
+    constexpr std::size_t kUsual = 80;
+    return std::min(ColumnsOfOutput().value_or(kUsual), kMost);
 }
 
 }  // namespace quillory

@@ -12,4 +12,7 @@ void ReserveStandardStreams();
 // The columns of the terminal that standard output is; none if it is something else.
 std::optional<std::size_t> ColumnsOfOutput();
 
+// The columns of lines of help: as many as there are, if lines are not hard to read then.
+std::size_t ColumnsOfHelp();
+
 }  // namespace quillory

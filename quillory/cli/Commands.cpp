@@ -1,5 +1,8 @@
 #include <quillory/arguments/ManualCommands.h>
 #include <quillory/cli/Commands.h>
+#include <quillory/jobs/ProgramLists.h>
+
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -68,6 +71,10 @@ constexpr CommandRow kCommands[] = {
 void DeclareCommands(Arguments& program) {
     for (const CommandRow& row : kCommands) program.Command(row.name, row.summary, row.declare);
     DeclareManualCommands(program);
+    program.List({"Exit status", ExitStatuses()});
+    TermsAndMeanings variables = EnvironmentVariables();
+    variables.emplace_back("NO_COLOR", "With any value but an empty one, nothing is in colour");
+    program.List({"Environment", std::move(variables)});
 }
 
 }  // namespace quillory

@@ -5,7 +5,7 @@
 
 namespace quillory {
 
-// All commands of the program, in the order of help.
+// All commands of the program, in the order of help, and what holds for all of them.
 void DeclareCommands(Arguments& program);
 
 // The arguments of each command and what it runs. A command leaves FileError, UsageError and

@@ -45,7 +45,8 @@ void DeclareCompare(Arguments& command) {
     command
         .Option("--by", options.compare.by,
                 "What records that go together have in common, as in dedupe; 001 if not given")
-        .Shown("PLACES");
+        .Shown("PLACES")
+        .Offers(UsualMatchPlaces());
     command
         .Option("--ignore", options.compare.ignored,
                 "Places that are not compared, such as 005,9XX,008/00-05")

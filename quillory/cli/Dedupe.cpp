@@ -51,6 +51,7 @@ void DeclareDedupe(Arguments& command) {
             "--by", options.dedupe.by,
             "What records that are the same have in common: 001, 020, 035, title, or any places")
         .Shown("PLACES")
+        .Offers(UsualMatchPlaces())
         .Required();
     command.Choice("--keep", options.dedupe.keep,
                    {{"first", Keep::First}, {"last", Keep::Last}, {"fullest", Keep::Fullest}},

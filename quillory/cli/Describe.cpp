@@ -1,4 +1,5 @@
 #include <quillory/cli/Commands.h>
+#include <quillory/cli/OfferedNames.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
@@ -115,9 +116,11 @@ Status RunDescribe(const DescribeOptions& options) {
 
 void DeclareDescribe(Arguments& command) {
     DescribeOptions& options = command.Runs(RunDescribe);
-    command.Positional("WHAT", options.words,
-                       "A field 245, a subfield 245a, an indicator 245/2, an element leader/06, "
-                       "008/18, 007c/01 or part 310, or a holdings type");
+    command
+        .Positional("WHAT", options.words,
+                    "A field 245, a subfield 245a, an indicator 245/2, an element leader/06, "
+                    "008/18, 007c/01 or part 310, or a holdings type")
+        .OffersNow(OfferedHoldingsSystems);
     command.Flag("--subfields", options.subfields, "With the field's subfields");
     command.Option("--search", options.search, "Find names that have all these words");
     command.Flag("--holdings", options.holdings,

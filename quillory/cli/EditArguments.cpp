@@ -1,4 +1,5 @@
 #include <quillory/cli/EditArguments.h>
+#include <quillory/cli/OfferedNames.h>
 #include <quillory/edits/TaskFile.h>
 #include <quillory/exchange/Input.h>
 #include <quillory/jobs/Library.h>
@@ -37,6 +38,7 @@ void DeclareParameter(Arguments& command, const ParameterRow& row, EditChoice& c
     }
     Argument& argument = command.Option(option, target, text);
     if (row.isRequired) argument.Required();
+    if (row.name == "system") argument.OffersNow(OfferedHoldingsSystems);
 }
 
 Parameters ParametersOf(const EditChoice& choice) {

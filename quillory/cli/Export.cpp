@@ -1,5 +1,6 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputArguments.h>
+#include <quillory/cli/OfferedNames.h>
 #include <quillory/cli/OutputArguments.h>
 #include <quillory/cli/PolicyArguments.h>
 #include <quillory/cli/TerminalPort.h>
@@ -23,12 +24,14 @@ void DeclareHoldings(Arguments& command, HoldingsOptions& options) {
         .Option("--holdings-type", options.type,
                 "The holdings system to write for, by name or number; that of the settings "
                 "if not given")
-        .NeverEmpty();
+        .NeverEmpty()
+        .OffersNow(OfferedHoldingsSystems);
     command
         .Option("--holdings-from", options.from,
                 "The holdings system whose fields the records hold; the one to write for if "
                 "not given")
-        .NeverEmpty();
+        .NeverEmpty()
+        .OffersNow(OfferedHoldingsSystems);
     command
         .Option("--memory", options.memory,
                 "The most that is held of a file of copies; 64M if "

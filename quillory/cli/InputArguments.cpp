@@ -57,6 +57,10 @@ void DeclareForm(Arguments& command, const std::string& name, const Form*& form,
     command.Choice(name, form, FormChoices(), text);
 }
 
+std::vector<std::string> UsualMatchPlaces() {
+    return {"001", "010", "020", "022", "024", "035", "title"};
+}
+
 void DeclareCharset(Arguments& command, const std::string& name, Charset& charset,
                     const std::string& text) {
     command.Option(name, charset, text).Offers(UsualCharsets());

@@ -4,6 +4,7 @@
 #include <quillory/jobs/ReadFiles.h>
 
 #include <string>
+#include <vector>
 
 namespace quillory {
 
@@ -21,6 +22,9 @@ void DeclareJobs(Arguments& command, CrewOptions& crew);
 
 // --quiet and --verbose.
 void DeclareMessages(Arguments& command, ReporterOptions& messages);
+
+// What records that are the same usually have in common: values of --by for shells to offer.
+std::vector<std::string> UsualMatchPlaces();
 
 // An option that takes the name of a form or a character set.
 void DeclareForm(Arguments& command, const std::string& name, const Form*& form,

@@ -44,7 +44,8 @@ void DeclareMerge(Arguments& command) {
     command
         .Option("--by", options.merge.by,
                 "What records that go together have in common, as in dedupe; 001 if not given")
-        .Shown("PLACES");
+        .Shown("PLACES")
+        .Offers(UsualMatchPlaces());
     command.Choice(
         "--mode", options.merge.mode,
         {{"add", MergeMode::Add}, {"replace", MergeMode::Replace}, {"missing", MergeMode::Missing}},

@@ -1,10 +1,11 @@
 #include <quillory/cli/NewRecordArguments.h>
+#include <quillory/cli/OfferedNames.h>
 
 namespace quillory {
 
 void DeclareNewRecord(Arguments& command, NewRecordChoice& choice,
                       const std::string& workformText) {
-    command.Option("-w,--workform", choice.workform, workformText);
+    command.Option("-w,--workform", choice.workform, workformText).OffersNow(OfferedWorkforms);
     command.KeyValue("-s,--set", choice.sets, "PLACE=TEXT",
                      "What a record has: 245a=Title, 650=_0$aRivers, 008/22=j, language=eng");
     command.Flag("--no-punctuation", choice.noPunctuation,

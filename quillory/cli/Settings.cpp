@@ -1,4 +1,5 @@
 #include <quillory/cli/Commands.h>
+#include <quillory/cli/OfferedNames.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/reports/SettingRows.h>
@@ -58,8 +59,9 @@ Status RunSettings(const SettingsOptions& options) {
 
 void DeclareSettings(Arguments& command) {
     SettingsOptions& options = command.Runs(RunSettings);
-    command.Positional("KEY", options.key,
-                       "A key by name or number, or holdings.NAME; none lists all");
+    command
+        .Positional("KEY", options.key, "A key by name or number, or holdings.NAME; none lists all")
+        .OffersNow(OfferedSettings);
     command.Positional("VALUE", options.value, "The value to write");
     command.Flag("--holdings", options.holdings, "List the holdings settings");
     command.Choice("--format", options.isJson, {{"text", false}, {"json", true}},

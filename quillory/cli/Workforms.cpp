@@ -1,4 +1,5 @@
 #include <quillory/cli/Commands.h>
+#include <quillory/cli/OfferedNames.h>
 #include <quillory/cli/ScreenArguments.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/Library.h>
@@ -71,8 +72,9 @@ Status RunWorkforms(const WorkformsOptions& options) {
 
 void DeclareWorkforms(Arguments& command) {
     WorkformsOptions& options = command.Runs(RunWorkforms);
-    command.Positional("NAME", options.name,
-                       "Show this workform, by its name or ID; none lists all");
+    command
+        .Positional("NAME", options.name, "Show this workform, by its name or ID; none lists all")
+        .OffersNow(OfferedWorkforms);
     command.Choice("--format", options.isJson, {{"text", false}, {"json", true}},
                    "text, or json for a program");
     DeclareWidth(command, options.screen);

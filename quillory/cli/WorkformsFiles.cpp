@@ -1,4 +1,5 @@
 #include <quillory/cli/Commands.h>
+#include <quillory/cli/OfferedNames.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/ExportWorkforms.h>
 #include <quillory/jobs/ImportWorkforms.h>
@@ -25,7 +26,8 @@ void DeclareWorkformsExport(Arguments& command) {
     command.Positional("FILE", options.file, "Where they go; - for standard output")
         .Required()
         .File();
-    command.Positional("NAME", options.names, "Workforms, by name or ID; none for all");
+    command.Positional("NAME", options.names, "Workforms, by name or ID; none for all")
+        .OffersNow(OfferedOwnWorkforms);
 }
 
 void DeclareWorkformsImport(Arguments& command) {

@@ -1,5 +1,6 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/NewRecordArguments.h>
+#include <quillory/cli/OfferedNames.h>
 #include <quillory/cli/TerminalPort.h>
 #include <quillory/jobs/DeleteWorkforms.h>
 #include <quillory/jobs/MakeWorkform.h>
@@ -33,7 +34,8 @@ void DeclareWorkformsSave(Arguments& command) {
     MakeWorkformOptions& options = save.workform;
     command.Positional("NAME", options.name, "What it is to be called").Required();
     command.Option("--from", options.from, "The workform that it begins as, by name or ID")
-        .Required();
+        .Required()
+        .OffersNow(OfferedWorkforms);
     command.KeyValue(
         "--set", save.sets, "PLACE=TEXT",
         "A text that new records begin with, as 040a=TEXT; may be given several times");
@@ -42,7 +44,9 @@ void DeclareWorkformsSave(Arguments& command) {
 
 void DeclareWorkformsDelete(Arguments& command) {
     std::vector<std::string>& names = command.Runs(RunWorkformsDelete);
-    command.Positional("NAME", names, "Workforms, by name or ID").Required();
+    command.Positional("NAME", names, "Workforms, by name or ID")
+        .Required()
+        .OffersNow(OfferedOwnWorkforms);
 }
 
 }  // namespace quillory

@@ -6,6 +6,7 @@
 #include <quillory/desktop/Theme.h>
 #include <quillory/desktop/WindowSize.h>
 #include <quillory/faults/Errors.h>
+#include <quillory/jobs/ProgramLists.h>
 #include <quillory/store/HomeFolder.h>
 
 #include <QApplication>
@@ -69,18 +70,18 @@ void Declare(quillory::Arguments& program) {
     program.Positional("FILE", options.file, "A file of records to open, in any form").File();
     program.Footer(
         "Without FILE, the window begins empty. What was not saved when the program last stopped\n"
-        "is offered again.\n"
-        "Settings and unsaved changes are in the folder that QUILLORY_HOME names, or else in\n"
-        "quillory in the XDG data folder. Options of Qt, such as -style and -platform, are taken,\n"
-        "too.\n"
-        "Status: 0 when the window was closed; 2 for wrong usage or if the program can't start.\n");
+        "is offered again. Options of Qt, such as -style and -platform, are taken, too.\n");
+    program.List({"Exit status",
+                  {{std::to_string(quillory::kWell), "The window was closed"},
+                   {std::to_string(kFailed), "Wrong usage, or the program can't start"}}});
+    program.List({"Environment", quillory::EnvironmentVariables()});
     quillory::DeclareManualCommands(program);
 }
 
 // Help and the like are there without a screen.
 bool NeedsScreen(int argc, char** argv) {
-    constexpr std::array<std::string_view, 5> kTexts{"-h", "--help", "--version", "man",
-                                                     "completion"};
+    constexpr std::array<std::string_view, 6> kTexts{"-h",   "--help", "--version",
+                                                     "help", "man",    "completion"};
     return argc < 2 || std::ranges::find(kTexts, argv[1]) == kTexts.end();
 }
 

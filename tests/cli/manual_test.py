@@ -8,7 +8,10 @@ import unittest
 
 from support import HERE, QUILLORY, Cli, run
 
+ROOT = HERE.parent.parent
 PROGRAM = os.path.basename(QUILLORY)
+# The scripts of the shells call the program by its name.
+os.environ["PATH"] = f"{os.path.dirname(os.path.abspath(QUILLORY))}:{os.environ['PATH']}"
 COMMANDS = {"quillory": 60, "quillory-desk": 3}  # at least so many
 
 # Where the texts of --help begin, beside or under what they tell of.
@@ -26,7 +29,7 @@ class Help:
         self.summary, self.sections = out.decode().split("\n", 1)[0], {}
         section = entry = None
         for line in out.decode().split("\n"):
-            if line in ("Options:", "Arguments:", "Commands:"):
+            if line in ("Options:", "Arguments:", "Commands:", "Exit status:", "Environment:"):
                 section = self.sections.setdefault(line, {})
             elif section is None or not line.startswith("  "):
                 section = None
@@ -38,6 +41,8 @@ class Help:
                 if has_text:
                     section[entry] = line[COLUMN:]
         self.commands = self.sections.get("Commands:", {})
+        self.lists = {term: text for section in ("Exit status:", "Environment:")
+                      for term, text in self.sections.get(section, {}).items()}
         self.options = {tuple(entry.split()[0].split(",")): text
                         for entry, text in self.sections["Options:"].items()}
         self.values = {entry.split()[0].split(",")[-1]: entry.split()[1].split("|")
@@ -83,12 +88,32 @@ class Manual(Cli):
                 told = {}
                 for names, text in command.options.items():
                     told[", ".join(names)] = text
-                told |= command.positionals | command.commands
+                told |= command.positionals | command.commands | command.lists
                 self.assertEqual({re.sub(r"(?<!,) .*", "", term) for term in items}, told.keys())
                 for term, text in items.items():
                     self.assertTrue(text.startswith(told[re.sub(r"(?<!,) .*", "", term)] + "."),
                                     text)
                 self.assertIn(command.summary.removeprefix(PROGRAM + ": "), plain(page))
+
+    def test_program_tells_of_statuses_and_variables(self):
+        """All variables that the sources read, and the guide tells of them, too."""
+        program = HELP[0]
+        self.assertIn("0", program.sections["Exit status:"])
+        self.assertIn("2", program.sections["Exit status:"])
+        told = program.sections["Environment:"].keys()
+        sources = [path.read_text() for path in (ROOT / "quillory").rglob("*.cpp")]
+        read = {name for text in sources
+                for name in re.findall(r'(?:getenv|Variable|PathIn)\("([A-Z_]+)"\)', text)}
+        self.assertGreater(len(read), 3)
+        if PROGRAM == "quillory-desk":
+            read.discard("NO_COLOR")
+        self.assertLessEqual(read - {"HOME"}, told)
+        guide = (ROOT / "docs" / "guide" / "settings.md").read_text()
+        for name in told:
+            self.assertIn(f"`{name}`", guide)
+        page = (self.pages / page_name(program)).read_text()
+        self.assertIn(".SH EXIT STATUS\n", page)
+        self.assertIn(".SH ENVIRONMENT\n", page)
 
     def test_pages_of_all_commands_are_sound(self):
         pages = sorted(self.pages.iterdir())
@@ -109,11 +134,25 @@ class Manual(Cli):
             page = self.pages / ("-".join(["quillory", *names]) + ".1")
             self.assertEqual(run("man", *names), (0, page.read_bytes(), ""))
 
+    def test_values_of_an_argument(self):
+        names = run("completion", "--values", "workforms NAME")[1].decode().splitlines()
+        self.assertIn("DVD video", names)
+        for arguments in ([], ["--values", "convert FILE"], ["--values", "nothing"]):
+            status, out, _ = run("completion", *arguments)
+            self.assertEqual((status, out), (2, b""))
+
     def test_a_page_of_no_command(self):
         for names in (["nothing"], ["records", "nothing"], ["convert", "records"]):
             status, out, err = run("man", *names)
             self.assertEqual((status, out), (2, b""))
             self.assertIn(f'there is no command "{" ".join(names)}"', err)
+
+    def test_help_of_a_command(self):
+        for names in ([], ["records"], ["edit", "sort-fields"]):
+            self.assertEqual(run("help", *names), run(*names, "--help"))
+        status, out, err = run("help", "records", "ad")
+        self.assertEqual((status, out), (2, b""))
+        self.assertIn("did you mean add?", err)
 
     def test_a_folder_that_is_not_there(self):
         status, _, err = run("man", "-o", self.path("nowhere"))
@@ -149,7 +188,7 @@ class Completion:
         """`wanted` has words, or no words, by lines."""
         for (line, words), offer in zip(wanted.items(), self.offered([*wanted])):
             with self.subTest(shell=self.shell, line=line):
-                self.assertEqual({word.replace("\\ ", " ") for word in offer}, set(words))
+                self.assertEqual({re.sub(r"\\(.)", r"\1", word) for word in offer}, set(words))
 
     def test_offers_commands_and_options(self):
         wanted = {}
@@ -190,6 +229,32 @@ class Completion:
             "quillory completion ": ["bash", "zsh", "fish"],
         })
 
+    def test_offers_names_that_a_run_knows(self):
+        self.assertEqual(run("workforms", "save", "My films", "--from", "DVD video")[0], 0)
+        self.check({
+            "quillory new --workform Early": ["Early printed book"],
+            "quillory catalog -w my": ["My films"],
+            "quillory workforms Blu": ["Blu-ray video"],
+            "quillory workforms save films --from Vin": ["Vinyl record (LP, single)"],
+            "quillory workforms delete ": ["My films"],
+            "quillory export --holdings-type Dyn": ["Dynix"],
+            "quillory describe Dyn": ["Dynix"],
+            "quillory settings libraryc": ["LibraryCode"],
+            "quillory settings holdings.next": ["holdings.NextBarCode"],
+            "quillory labels --type SP": ["SP1", "SP2"],
+            "quillory dedupe --by ti": ["title"],
+        })
+
+    def test_offers_names_of_commands(self):
+        self.check({
+            "quillory man rec": ["records"],
+            "quillory man cards ": ["add", "list", "print", "clear"],
+            "quillory help records li": ["list"],
+            "quillory help records edit mo": ["move", "move-element"],
+            "quillory help nothing ": [],
+            "quillory help conv": ["convert"],
+        })
+
     def test_offers_the_rules(self):
         self.check({"quillory check --only issn": ["issn-invalid"]})
 
@@ -215,6 +280,10 @@ class Bash(Completion, Cli):
         self.check({"quillory convert --to = ma": ["marc", "marcxml"],
                     "quillory convert --to = MI": ["microlif"],
                     "quillory convert --normalize =": ["nfc", "nfd"]})
+
+    def test_a_value_in_quotes(self):
+        self.check({"quillory new --workform 'Early": ["Early printed book"],
+                    'quillory new --workform "blu': ["Blu-ray video"]})
 
 
 class Zsh(Completion, Cli):

@@ -1,5 +1,6 @@
 #include <quillory/arguments/Arguments.h>
 #include <quillory/arguments/FoldedText.h>
+#include <quillory/arguments/MeantName.h>
 
 #include <gtest/gtest.h>
 
@@ -8,6 +9,7 @@
 #include <optional>
 #include <sstream>
 #include <string>
+#include <tests/quillory/exchange/TemporaryFile.h>
 #include <utility>
 #include <vector>
 
@@ -165,7 +167,7 @@ TEST(Arguments, WhatIsWrongIsSaid) {
     Check({
         {{}, "tool: a command is missing"},
         {{"store"}, "tool store: a command is missing"},
-        {{"pik", "b"}, "tool: there is no command \"pik\""},
+        {{"fruit", "b"}, "tool: there is no command \"fruit\""},
         {{"store", "pick"}, "tool store: there is no command \"pick\""},
         {{"--quiet", "pick", "b"}, "tool pick: --quiet can't stand before pick"},
         {{"pick", "b", "--colour=red"}, "tool pick: there is no option --colour"},
@@ -200,6 +202,42 @@ TEST(Arguments, WhatIsWrongIsSaid) {
     });
 }
 
+TEST(Arguments, WhatIsMeantIsAsked) {
+    Check({
+        {{"pik", "b"}, "tool: there is no command \"pik\"; did you mean pick?"},
+        {{"Pick", "b"}, "tool: there is no command \"Pick\"; did you mean pick?"},
+        {{"store", "conut"}, "tool store: there is no command \"conut\"; did you mean count?"},
+        {{"pick", "b", "--quite"}, "tool pick: there is no option --quite; did you mean --quiet?"},
+        {{"pick", "b", "--titel=x"},
+         "tool pick: there is no option --titel; did you mean --title?"},
+        {{"pick", "b", "-title"}, "tool pick: there is no option -title; did you mean --title?"},
+        {{"pick", "b", "--ro"}, "tool pick: there is no option --ro; did you mean --rows?"},
+        {{"pick", "b", "--t"}, "tool pick: there is no option --t"},
+    });
+    EXPECT_EQ(MeantNames("--set", {"--set-a", "-s", "--reset", "--offset", "--unset", "--sett"}),
+              "; did you mean --set-a or --reset or --offset?");
+}
+
+// The words before files may name a command.
+TEST(Arguments, FileThatWasToBeACommand) {
+    struct Files {
+        std::vector<std::string> names;
+    };
+    const auto outcome = [](const std::string& file, const std::string& command = "list") {
+        Arguments program("tool", "tool: what it is");
+        Files& files = program.Runs(+[](const Files&) { return 0; });
+        program.Positional("FILE", files.names, "Files").File();
+        program.Command(command, "List them", DeclareList);
+        return program.Parse({file}).error;
+    };
+    EXPECT_EQ(outcome("lsit"), "there is no file or command \"lsit\"; did you mean list?");
+    EXPECT_EQ(outcome("nothing.mrc"), "");
+    EXPECT_EQ(outcome("-"), "");
+    const TemporaryFile there;
+    EXPECT_EQ(outcome(there.Path(), there.Path() + "s"), "");
+    EXPECT_NE(outcome(there.Path() + "r", there.Path() + "s"), "");
+}
+
 TEST(Arguments, HelpComesBeforeWhatIsWrong) {
     Check({
         {{"--help"}, "tool> tool: what it is"},
@@ -222,6 +260,20 @@ TEST(Arguments, HelpTellsWhatIsDeclared) {
           "  --fruit apple|pear ", "  --key KEY=0|1|2 ", "not with: --output", "\nAll of it.\n"}) {
         EXPECT_NE(help.find(part), help.npos) << part << help;
     }
+}
+
+TEST(Arguments, ListsStandAtTheEndOfHelp) {
+    Arguments program("tool", "tool: what it is");
+    program.Footer("All of it.");
+    program.List({"Exit status", {{"0", "Well"}, {"1", "Not so well"}}});
+    program.List({"Environment", {{"TOOL_HOME", "Where it is"}}});
+    const std::string text = program.Parse({"--help"}).text;
+    const std::string end =
+        "\nAll of it.\n"
+        "\nExit status:\n  0                           Well\n"
+        "  1                           Not so well\n"
+        "\nEnvironment:\n  TOOL_HOME                   Where it is\n";
+    EXPECT_TRUE(text.ends_with(end)) << text;
 }
 
 TEST(Arguments, HelpIsFolded) {
