@@ -235,7 +235,8 @@ void HoldingsFile::FindSharedBarCodes() {
 }
 
 std::span<HoldingsFile::Row> HoldingsFile::RowsOf(const std::string& key) {
-    return std::ranges::equal_range(rows_, key, {}, &Row::key);
+    const auto first = std::ranges::lower_bound(rows_, key, {}, &Row::key);
+    return {first, std::ranges::upper_bound(rows_, key, {}, &Row::key)};
 }
 
 bool HoldingsFile::AddCopiesOf(const std::string& key, zorby::CHoldingsDataRecordList& copies) {
