@@ -163,7 +163,8 @@ constexpr Words kWords[] = {
     {FaultCode::kNotMadeOfSubfields, "not-made-of-subfields",
      "not made of two indicators and subfields with codes"},
     // Character sets, and what becomes of records.
-    {FaultCode::kValueReplaced, "value-replaced", "bytes that are no character, written as U+FFFD"},
+    {FaultCode::kValueReplaced, "value-replaced", "bytes that are no character, written as U+FFFD",
+     "if the file is in another character set, name it with --from-charset"},
     {FaultCode::kMislabelled, "mislabelled", "the record says {found}, its bytes are {allowed}"},
     {FaultCode::kNoCharset, "no-charset",
      "\"{found}\" is not a character set; there are {allowed}"},
