@@ -193,7 +193,7 @@ void Output::Close() {
     if (isComplete_) Sync();
     const int closed = close(descriptor_);
     descriptor_ = -1;
-    buffer_ = {};
+    std::vector<char>().swap(buffer_);  // its memory too: outputs may be many
     if (closed != 0) Fail("can't be written: ", errno);
 }
 

@@ -2,7 +2,9 @@
 #include <quillory/faults/Errors.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <charconv>
+#include <cstring>
 #include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -48,6 +50,7 @@ OutputTarget OutputTargetOf(const std::string& name) {
         if (!fs::is_symlink(target.path, error)) break;
         target.path = target.path.parent_path() / fs::read_symlink(target.path, error);
     }
+    if (fs::is_symlink(target.path, error)) throw FileError(name + ": " + std::strerror(ELOOP));
     if (IsFileOf(target.path, STDOUT_FILENO)) target.descriptor = STDOUT_FILENO;
     const fs::file_status status = fs::status(target.path, error);
     target.isFile = !fs::exists(status) || fs::is_regular_file(status);

@@ -16,7 +16,7 @@ struct OutputTarget {
     bool isFile = false;
 };
 
-// Throws UsageError for an empty name.
+// Throws UsageError for an empty name, and FileError for links that lead nowhere but to each other.
 OutputTarget OutputTargetOf(const std::string& name);
 
 bool IsStandardOutput(const std::string& name);

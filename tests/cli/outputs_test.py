@@ -240,6 +240,13 @@ class Outputs(Cli):
             os.chown(real, 12, 34)
             self.convert(self.source, "real")
             self.assertEqual((real.stat().st_uid, real.stat().st_gid), (12, 34))
+        self.path("round").symlink_to("about")
+        self.path("about").symlink_to("round")
+        for option in ("-o", "--rejects"):
+            status, out, err = run("convert", self.source, option, self.path("round"))
+            self.assertEqual((status, out), (2, b""))
+            self.assertIn("round: Too many levels of symbolic links", err)
+        self.assertTrue(self.path("round").is_symlink())
         self.convert(self.source, "x" * 255)
         status, _, err = run("convert", self.source, "-o", self.path("x" * 256))
         self.assertEqual(status, 2)

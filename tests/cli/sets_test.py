@@ -118,6 +118,18 @@ class Sets(Cli):
         rows = [json.loads(line) for line in self.path("t.jsonl").read_text("utf-8").splitlines()]
         self.assertEqual(rows, [{"245a": [title]} for title in titles])
 
+    def test_many_files_take_little_memory(self):
+        def within_limit(*arguments):
+            return subprocess.run(["bash", "-c", 'ulimit -v 200000; exec "$@"', "-", QUILLORY,
+                                   *arguments], check=False, capture_output=True, timeout=120)
+
+        if within_limit("--version").returncode != 0:
+            self.skipTest("the program alone takes more, as under a sanitizer")
+        source = self.path("in.mrc", b"".join(titled(n, b"A") for n in range(1500)))
+        done = within_limit("split", source, "--every", "1", "-o", self.path("part-{}.mrc"))
+        self.assertEqual((done.returncode, len(list(self.folder.glob("part-*")))), (0, 1500),
+                         done.stderr)
+
     def test_bytes_of_values_that_are_no_character_are_named(self):
         records = [titled(n, b"A \xff" if n % 100 == 7 else b"B") for n in range(3000)]
         source = self.path("in.mrc", b"".join(records))
