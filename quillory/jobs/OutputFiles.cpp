@@ -47,7 +47,7 @@ std::optional<struct stat> FileStatus(const std::string& path, int standardStrea
     return status;
 }
 
-bool IsSameFile(const struct stat& one, const struct stat& other) {
+bool IsOneFile(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
 
@@ -60,11 +60,16 @@ struct OwnFiles {
 // In the folder of the settings. SQLite and the locks put files beside the store, and settings are
 // written to a new file first.
 constexpr OwnFiles kOwnFiles[] = {
-    {"quillory.db", "the store"},          {"quillory.db-wal", "the store"},
-    {"quillory.db-shm", "the store"},      {"quillory.db-journal", "the store"},
-    {"quillory.db-*locks", "the store"},   {"Quillory *.ini", "the settings"},
-    {".Quillory *.new", "the settings"},   {"settings.lock", "the settings"},
-    {"CardPrntQ*.prn", "the cards queue"}, {"LabelPrntQ*.prn", "the labels queue"},
+    {"quillory.db", "the store"},
+    {"quillory.db-wal", "the store"},
+    {"quillory.db-shm", "the store"},
+    {"quillory.db-journal", "the store"},
+    {"quillory.db-*locks", "the store"},
+    {"Quillory *.ini", "the settings"},
+    {".Quillory *.new", "the settings"},
+    {"settings.lock", "the settings"},
+    {"CardPrntQ*.prn", "the cards queue"},
+    {"LabelPrntQ*.prn", "the labels queue"},
     {"desk.ini", "the desk"},
 };
 // In the folder of journals, where the desk also puts records for the person.
@@ -94,9 +99,9 @@ const char* OwnerIn(const fs::path& folder, std::span<const OwnFiles> files,
     if (owner != nullptr || !output) return owner;
     for (const fs::directory_entry& entry : fs::directory_iterator(folder, error)) {
         owner = OwnerByName(entry.path(), files);
-        const auto own =
-            owner == nullptr ? std::nullopt : FileStatus(entry.path().string(), STDIN_FILENO, false);
-        if (own && IsSameFile(*own, *output)) return owner;
+        const auto own = owner == nullptr ? std::nullopt
+                                          : FileStatus(entry.path().string(), STDIN_FILENO, false);
+        if (own && IsOneFile(*own, *output)) return owner;
     }
     return nullptr;
 }
@@ -119,7 +124,7 @@ void CheckNotAnInput(const std::vector<std::string>& files, const std::string& p
     for (const std::string& file : files) {
         if (file == "-" && !isStandard) continue;  // it is read to its end before it is replaced
         const auto input = FileStatus(file, STDIN_FILENO, file == "-");
-        if (input && IsSameFile(*input, *output)) {
+        if (input && IsOneFile(*input, *output)) {
             throw UsageError((isStandard ? "standard output" : path) +
                              ": is an input, and would be overwritten");
         }

@@ -31,8 +31,8 @@ std::string ReadHoldingsSetting(const std::string& name);
 void ChangeHoldingsSetting(const std::string& name, const std::string& value);
 
 // The bar code that the next copy gets, as the user's file has it now, so that no other program
-// gives it, too: the file has the one after it from then on. Empty if the settings have none. Throws
-// FileError.
+// gives it, too: the file has the one after it from then on. Empty if the settings have none.
+// Throws FileError.
 std::string TakeNextBarCode();
 
 }  // namespace quillory

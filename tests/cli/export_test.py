@@ -255,7 +255,8 @@ class Faults(Export):
         tsv = self.path("h.tsv", TSV + b"no\tX\t1\t\n")
         many = self.path("many.mrc", self.utf8.read_bytes() * 40)
         for source, where, status, unused in (
-                (self.utf8, '001 = "zs0001"', 1, "1 line"), (self.utf8, '001 = "none"', 1, "3 lines"),
+                (self.utf8, '001 = "zs0001"', 1, "1 line"),
+                (self.utf8, '001 = "none"', 1, "3 lines"),
                 (many, '001 = "none"', 1, "3 lines"), (self.utf8, '001 like "zs*"', 1, "")):
             with self.subTest(where=where):
                 _, err = self.export(source, "-o", self.path("out.mrc"), "--holdings", tsv,

@@ -70,10 +70,11 @@ class Outputs(Cli):
                 ("convert damaged.mrc -o t --rejects t.link", "can't take both the records and"),
                 ("convert damaged.mrc -o t.link --rejects t", "can't take both the records and"),
                 ("pick a.mrc --ids ids -o ids", "is an input, and would be overwritten"),
-                ('convert a.mrc --to marc -o "$QUILLORY_HOME/quillory.db"', "this is a file of the store"),
-                ('new -w 1 --to marc -o "$QUILLORY_HOME/quillory.db"', "this is a file of the store"),
-                ('new -w 1 --rejects "$QUILLORY_HOME/quillory.db"', "this is a file of the store"),
-                ('cards a.mrc -o "$QUILLORY_HOME/quillory.db"', "this is a file of the store")):
+                ('convert a.mrc -o "$QUILLORY_HOME/quillory.db" --to marc',
+                 "is a file of the store"),
+                ('new -w 1 --to marc -o "$QUILLORY_HOME/quillory.db"', "is a file of the store"),
+                ('new -w 1 --rejects "$QUILLORY_HOME/quillory.db"', "is a file of the store"),
+                ('cards a.mrc -o "$QUILLORY_HOME/quillory.db"', "is a file of the store")):
             with self.subTest(arguments=arguments):
                 status, _, err = shell(f'cd "$1"; "$Q" {arguments}', self.folder)
                 self.assertEqual(status, 2)

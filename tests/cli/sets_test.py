@@ -136,8 +136,8 @@ class Sets(Cli):
         said = ("bytes that are no character, written as U+FFFD; if the file is in another "
                 "character set, name it with --from-charset")
         for fields, jobs in (("001,245a", "1"), ("245a,001", "2"), ("001", "2")):
-            status, out, err = run("extract", "--fields", fields, "--from-charset", "utf8", "--jobs",
-                                   jobs, source)
+            status, out, err = run("extract", "--fields", fields, "--from-charset", "utf8",
+                                   "--jobs", jobs, source)
             isNamed = "245a" in fields
             self.assertEqual((status, out.count("\N{REPLACEMENT CHARACTER}".encode())),
                              (1, 30) if isNamed else (0, 0))

@@ -99,7 +99,8 @@ TEST_F(StoreJobs, ARecordThatIsBeingChangedInAWindowIsLeftAsItIs) {
 TEST_F(StoreJobs, TheStoreIsNotOverwritten) {
     Add(kOne);
     const std::string store = folder_.Read("home/quillory.db");
-    const std::string reason = StorePath() + ": this is the store, which would be overwritten";
+    const std::string reason =
+        StorePath() + ": this is a file of the store, which would be overwritten";
     StoreExportOptions options;
     options.output.output = StorePath();
     EXPECT_EQ(ErrorOf([&] { ExportRecordsOfStore(options, reporter_); }), reason);

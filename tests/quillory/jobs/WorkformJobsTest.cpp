@@ -126,7 +126,7 @@ TEST_F(WorkformJobs, WhatIsRefusedSaysWhyAndChangesNothing) {
         {[&] {
              ExportWorkforms({StorePath(), {}}, reporter_);
          },
-         StorePath() + ": this is the store"},
+         StorePath() + ": this is a file of the store"},
         {[&] { Import(Exported()); },
          folder_.Path("out.ttm: workform 1: \"Ours\" is already ther")},
         {[&] { Import(folder_.Path("none.ttm")); },
