@@ -107,9 +107,9 @@ void MainWindow::MakeFileMenu() {
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { FillRecent(recent); });
     FillRecent(recent);
     QMenu* store = menu->addMenu(tr("Stor&e"));
-    Add(store, tr("&Open the Store"), QKeySequence(tr("Ctrl+Shift+O")), kNothing,
+    Add(store, tr("Open the Stor&e"), QKeySequence(tr("Ctrl+Shift+O")), kNothing,
         [this] { OpenStore(); });
-    Add(store, tr("&Add a File to the Store…"), {}, kStore, [this] { ChooseFileForStore(); });
+    Add(store, tr("Add a &File to the Store…"), {}, kStore, [this] { ChooseFileForStore(); });
     menu->addSeparator();
     save_ = Add(menu, tr("&Save"), QKeySequence::Save, kFile, [this] { Save(); });
     Add(menu, tr("Save &As…"), QKeySequence(tr("Ctrl+Shift+S")), kFile, [this] { ChooseTarget(); });
@@ -174,12 +174,12 @@ void MainWindow::MakeRecordMenu() {
     Add(menu, tr("Copi&es"), QKeySequence(tr("Ctrl+K")), kRecord, [this] { ShowCopies(); });
     menu->addSeparator();
     QMenu* go = menu->addMenu(tr("&Go"));
-    Add(go, tr("Next &Field"), QKeySequence(tr("Ctrl+Down")), kRecord,
+    Add(go, tr("&Next Field"), QKeySequence(tr("Ctrl+Down")), kRecord,
         [this] { table_->GoToNextField(1); });
-    Add(go, tr("Previous F&ield"), QKeySequence(tr("Ctrl+Up")), kRecord,
+    Add(go, tr("Pre&vious Field"), QKeySequence(tr("Ctrl+Up")), kRecord,
         [this] { table_->GoToNextField(-1); });
-    Add(go, tr("Next &Record"), QKeySequence(tr("Ctrl+PgDown")), kFile, [this] { NextRecord(1); });
-    Add(go, tr("Previous R&ecord"), QKeySequence(tr("Ctrl+PgUp")), kFile,
+    Add(go, tr("Next Re&cord"), QKeySequence(tr("Ctrl+PgDown")), kFile, [this] { NextRecord(1); });
+    Add(go, tr("Previous Rec&ord"), QKeySequence(tr("Ctrl+PgUp")), kFile,
         [this] { NextRecord(-1); });
 }
 
@@ -223,7 +223,7 @@ void MainWindow::MakeOtherMenus() {
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     Add(help, tr("What Is &in Hand"), QKeySequence(tr("F1")), kRecord,
         [this] { help_->setFocus(); });
-    Add(help, tr("Open the &Samples"), {}, kNothing, [this] { OpenSamples(); });
+    Add(help, tr("Open the Sa&mples"), {}, kNothing, [this] { OpenSamples(); });
     Add(help, tr("&About"), {}, kNothing, [this] {
         QMessageBox::about(this, QApplication::applicationDisplayName(),
                            tr("Quillory Desk %1\nMARC 21 records, opened, edited and checked.")

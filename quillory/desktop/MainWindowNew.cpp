@@ -30,7 +30,7 @@ void MainWindow::AddNewActions(QMenu* menu) {
         [this] { CopyRecord(); });
     Add(menu, tr("&Discard the New Record"), {}, kEditable, [this] { DiscardNewRecord(); });
     QMenu* workforms = menu->addMenu(tr("&Workforms"));
-    Add(workforms, tr("&Save as Workform…"), {}, kRecord, [this] { SaveRecordAsWorkform(); });
+    Add(workforms, tr("Save as &Workform…"), {}, kRecord, [this] { SaveRecordAsWorkform(); });
     Add(workforms, tr("&Edit Workforms…"), {}, kNothing,
         [this] { Try([this] { WorkformEditor(desk_.Lists(), this).exec(); }); });
     menu->addSeparator();
