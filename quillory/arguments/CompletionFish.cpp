@@ -19,7 +19,7 @@ end
 
 # What stands next in the name of a command, after the words before the cursor.
 function __@NAME@_names
-    set -l above (string join ' ' @PROGRAM@ (commandline -opc)[3..])
+    set -l above (string join ' ' @PROGRAM@ (commandline -opc)[3..] | string escape --style=regex)
     string replace -rf "^$above ([^ ]+)\$" '$1' $__@NAME@_commands
 end
 

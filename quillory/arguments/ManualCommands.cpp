@@ -73,7 +73,7 @@ int RunManual(const ManualOptions& options) {
 
 int RunHelp(const HelpOptions& options) {
     const std::vector<NamedCommand> commands = AllCommands(options.program->Definition());
-    FindCommand(commands, options.command);
+    FindCommand(commands, options.command);  // else help would be that of the program
     std::vector<std::string> words = options.command;
     words.emplace_back("--help");
     WriteOutput("-", options.program->Parse(words, ColumnsOfHelp()).text);
