@@ -41,7 +41,8 @@ Status RunCompare(const CompareCommand& command) {
 void DeclareCompare(Arguments& command) {
     CompareCommand& options = command.Runs(RunCompare);
     command.Footer(kCompareDetails);
-    DeclareInput(command, options.compare.input, options.messages);
+    DeclareInputOf(command, "Two files: the one before, and the one after; - is standard input",
+                   options.compare.input, options.messages);
     command
         .Option("--by", options.compare.by,
                 "What records that go together have in common, as in dedupe; 001 if not given")

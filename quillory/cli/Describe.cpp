@@ -3,6 +3,7 @@
 #include <quillory/exchange/Output.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/holdings/HoldingsSystem.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/reports/CodedDocument.h>
 #include <quillory/reports/DictionarySearch.h>
@@ -61,7 +62,8 @@ Status DescribePlace(const std::string& what, const DescribeOptions& options) {
     const std::optional<Place> place = ParsePlace(what);
     const unsigned tag = place ? place->Number() : kNoTag;
     if (tag == kNoTag || place->occurrence != 0) {
-        throw UsageError(Fault{FaultCode::kNoPlace, {}, what});
+        throw UsageError(FaultReason({FaultCode::kNoPlace, {}, what}) +
+                         "; --search looks for words in names");
     }
     const std::string shown = PlaceText(*place);
     if (place->indicator != 0) {
@@ -76,7 +78,9 @@ Status DescribePlace(const std::string& what, const DescribeOptions& options) {
 
 Status DescribeHoldings(const std::string& type, const DescribeOptions& options) {
     if (type.empty()) return Print(DescribeHoldingsTypes(), options);
-    return Print(DescribeHoldingsType(type), "holdings type " + type, options);
+    const std::optional<HoldingsTypeDocument> document = DescribeHoldingsType(type);
+    if (document) return Print(*document, options);
+    throw UsageError({FaultCode::kNoHoldingsType, {}, type, MeantHoldingsType(type)});
 }
 
 // leader/06, 008/18, 007c/01, part 310; or all elements of a field.

@@ -45,6 +45,18 @@ Choices<const Form*> FormChoices() {
     return choices;
 }
 
+// How files are read.
+void DeclareReading(Arguments& command, InputOptions& options, ReporterOptions& messages) {
+    DeclareForm(command, "--from", options.form,
+                "Form of the files; by default recognised by content and name");
+    DeclareCharset(
+        command, "--from-charset", options.charset,
+        "Character set of the files; by default recognised by leader byte 09 and the bytes");
+    command.Flag("--lenient", options.lenient,
+                 "Read damaged records as far as that is certain; what is left out is named");
+    DeclareMessages(command, messages);
+}
+
 }  // namespace
 
 void DeclareMessages(Arguments& command, ReporterOptions& messages) {
@@ -69,14 +81,14 @@ void DeclareCharset(Arguments& command, const std::string& name, Charset& charse
 void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& messages) {
     command.Positional("FILE", options.files, "Files of records; none, or -, is standard input")
         .File();
-    DeclareForm(command, "--from", options.form,
-                "Form of the files; by default recognised by content and name");
-    DeclareCharset(
-        command, "--from-charset", options.charset,
-        "Character set of the files; by default recognised by leader byte 09 and the bytes");
-    command.Flag("--lenient", options.lenient,
-                 "Read damaged records as far as that is certain; what is left out is named");
-    DeclareMessages(command, messages);
+    DeclareReading(command, options, messages);
+}
+
+void DeclareInputOf(Arguments& command, const std::string& files, InputOptions& options,
+                    ReporterOptions& messages) {
+    command.Positional("FILE", options.files, files).File().Required();
+    DeclareReading(command, options, messages);
+    DeclareWhere(command, options.where);
 }
 
 void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& messages) {

@@ -11,6 +11,10 @@ namespace quillory {
 // The files that a command reads, and how; with --quiet and --verbose.
 void DeclareInput(Arguments& command, InputOptions& options, ReporterOptions& messages);
 
+// The same for a command that needs its files, and says what each is.
+void DeclareInputOf(Arguments& command, const std::string& files, InputOptions& options,
+                    ReporterOptions& messages);
+
 // The same without --where.
 void DeclareFiles(Arguments& command, InputOptions& options, ReporterOptions& messages);
 

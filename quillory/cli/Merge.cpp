@@ -34,7 +34,10 @@ Status RunMerge(const MergeCommand& command) {
 void DeclareMerge(Arguments& command) {
     MergeCommand& options = command.Runs(RunMerge);
     command.Footer(kMergeDetails);
-    DeclareInput(command, options.merge.input, options.messages);
+    DeclareInputOf(command,
+                   "Two files: the one whose records are written, and the one whose fields go "
+                   "into them; - is standard input",
+                   options.merge.input, options.messages);
     DeclareOutput(command, options.merge.output);
     command
         .Option("--fields", options.merge.fields,

@@ -61,10 +61,8 @@ const std::string& TomlNode::Text() const {
 void CheckKeys(const TomlNode& table, const std::vector<std::string_view>& keys) {
     for (const TomlMember& member : table.members) {
         if (std::ranges::find(keys, member.key) != keys.end()) continue;
-        std::string allowed = Listed(keys);
-        const auto nearest = NearestNames(member.key, {keys.begin(), keys.end()});
-        if (!nearest.empty()) allowed += "; perhaps " + nearest.front() + " is meant";
-        throw TomlFault(member.at, {FaultCode::kTaskKey, {}, member.key, allowed});
+        const std::string near = PerhapsMeant(member.key, {keys.begin(), keys.end()});
+        throw TomlFault(member.at, {FaultCode::kTaskKey, {}, member.key, Listed(keys) + near});
     }
 }
 

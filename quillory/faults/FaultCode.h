@@ -175,8 +175,8 @@ enum class FaultCode : std::uint16_t {
     kNotADefaultText,
 
     // Copies and holdings systems.
-    kNoHoldingsType,     // found: its name or number
-    kNoHoldingsElement,  // found: the column's name; allowed: the system's name
+    kNoHoldingsType,     // found: its name or number; allowed: what may be meant
+    kNoHoldingsElement,  // found: the column's name; allowed: the system's name, what may be meant
     kNoHoldingsPlace,    // the same, for a system whose values are named by places alone
     kHoldingsFromStandardInput,
     kHoldingsNumberFiles,
@@ -220,8 +220,8 @@ enum class FaultCode : std::uint16_t {
     // Settings and arguments.
     kAlwaysUtf8,
     kNoHomeFolder,
-    kNoSetting,          // found: the name
-    kNoHoldingsSetting,  // found: the name
+    kNoSetting,          // found: the name; allowed: what may be meant
+    kNoHoldingsSetting,  // found: the name; allowed: what may be meant
     kNotASettingValue,   // found: the value
     kNotSettingText,     // found: the value
     kNotHoldingsSettingText,

@@ -278,10 +278,10 @@ constexpr Words kWords[] = {
      "a workform has texts of subfields alone, such as 040a"},
 
     // Copies and holdings systems.
-    {FaultCode::kNoHoldingsType, "no-holdings-type", "there is no holdings type {found}",
+    {FaultCode::kNoHoldingsType, "no-holdings-type", "there is no holdings type {found}{allowed}",
      "`quillory describe --holdings` lists them"},
     {FaultCode::kNoHoldingsElement, "no-holdings-element",
-     "\"{found}\" is not a holdings element of {allowed}, nor a place in its fields"},
+     "\"{found}\" is neither an element nor a place in the holdings fields of {allowed}"},
     {FaultCode::kNoHoldingsPlace, "no-holdings-place",
      "\"{found}\" is not a place in the holdings fields of {allowed}, such as 852$h"},
     {FaultCode::kHoldingsFromStandardInput, "holdings-from-standard-input",
@@ -357,10 +357,10 @@ constexpr Words kWords[] = {
     {FaultCode::kNoHomeFolder, "no-home-folder",
      "there is no folder for settings and the store: set QUILLORY_HOME to one, since neither "
      "XDG_DATA_HOME nor HOME is set"},
-    {FaultCode::kNoSetting, "no-setting", "there is no setting {found}",
+    {FaultCode::kNoSetting, "no-setting", "there is no setting {found}{allowed}",
      "quillory settings lists them"},
-    {FaultCode::kNoHoldingsSetting, "no-holdings-setting", "there is no holdings setting {found}",
-     "quillory settings --holdings lists them"},
+    {FaultCode::kNoHoldingsSetting, "no-holdings-setting",
+     "there is no holdings setting {found}{allowed}", "quillory settings --holdings lists them"},
     {FaultCode::kNotASettingValue, "not-a-setting-value",
      "the value is {allowed}, not \"{found}\""},
     {FaultCode::kNotSettingText, "not-setting-text",

@@ -5,6 +5,8 @@
 #include <quillory/holdings/HoldingsFile.h>
 #include <quillory/holdings/HoldingsJson.h>
 #include <quillory/text/Charset.h>
+#include <quillory/text/NearestNames.h>
+#include <quillory/text/QmText.h>
 #include <quillory/text/Trimmed.h>
 #include <zorby/holdings/HoldingsSelector.h>
 
@@ -179,15 +181,17 @@ bool HoldingsFile::IsForBarCodes(const HoldingsColumn& column) const {
 const HoldingsFile::Column& HoldingsFile::ColumnOf(const std::string& name) {
     if (const auto known = found_.find(name); known != found_.end()) return known->second;
     const auto column = FindColumn(system_, name);
-    if (!column) {
-        if (system_.type == nullptr) {
-            Refuse({FaultCode::kNoHoldingsSystem, {}, name, NamesOfHoldingsSystems()});
-        }
-        Refuse({system_.HasElements() ? FaultCode::kNoHoldingsElement : FaultCode::kNoHoldingsPlace,
-                {},
-                name,
-                system_.name});
+    if (!column && system_.type == nullptr) {
+        Refuse({FaultCode::kNoHoldingsSystem, {}, name, NamesOfHoldingsSystems()});
     }
+    if (!column && system_.HasElements()) {
+        std::vector<std::string> names;
+        for (int i = 0; i < system_.type->GetSize(); ++i) {
+            names.push_back(QmToUtf8(system_.type->GetAt(i)->GetName()));
+        }
+        Refuse({FaultCode::kNoHoldingsElement, {}, name, system_.name + PerhapsMeant(name, names)});
+    }
+    if (!column) Refuse({FaultCode::kNoHoldingsPlace, {}, name, system_.name});
     return found_[name] = {*column, IsForBarCodes(*column)};
 }
 

@@ -2,6 +2,7 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/holdings/HoldingsSystem.h>
 #include <quillory/places/Tag.h>
+#include <quillory/text/NearestNames.h>
 #include <quillory/text/QmText.h>
 #include <zorby/format/MARCFormat.h>
 #include <zorby/holdings/HoldingsSelector.h>
@@ -75,7 +76,16 @@ const CInfoAboutHoldingsType* FindHoldingsType(const std::string& name) {
 HoldingsSystem HoldingsSystemNamed(const std::string& name) {
     if (name.empty()) return HoldingsSystemInForce();
     if (const CInfoAboutHoldingsType* type = FindHoldingsType(name)) return SystemOf(*type);
-    throw UsageError({FaultCode::kNoHoldingsType, {}, name});
+    throw UsageError({FaultCode::kNoHoldingsType, {}, name, MeantHoldingsType(name)});
+}
+
+std::string MeantHoldingsType(const std::string& name) {
+    std::vector<std::string> names;
+    const auto* types = CInfoAboutHoldingsTypeList::TheOneAndOnly();
+    for (int i = 0; types != nullptr && i < types->GetSize(); ++i) {
+        names.push_back(QmToUtf8(types->GetAt(i)->GetName()));
+    }
+    return PerhapsMeant(name, names);
 }
 
 std::string NamesOfHoldingsSystems() {

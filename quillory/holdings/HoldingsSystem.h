@@ -36,6 +36,8 @@ const zorby::CInfoAboutHoldingsType* FindHoldingsType(const std::string& name);
 HoldingsSystem HoldingsSystemNamed(const std::string& name);
 // All systems of the dictionary by number and name: "7 Dynix; 14 Alexandria".
 std::string NamesOfHoldingsSystems();
+// "; perhaps Dynix is meant" for a name that no system has; empty if none is near.
+std::string MeantHoldingsType(const std::string& name);
 // Puts a system in force. The settings change in memory alone, and no file is written.
 void PutInForce(const zorby::CInfoAboutHoldingsType& type);
 

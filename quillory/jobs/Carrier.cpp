@@ -169,6 +169,8 @@ void Carrier::Summarize() const {
     if (totals_.mislabelled > 0) {
         text += ", " + std::to_string(totals_.mislabelled) + " mislabelled";
     }
+    const bool isAllThere = totals_.rejected + totals_.partial + totals_.stray == 0;
+    if (!rejects_ && !isAllThere) text += "; --rejects FILE keeps what is not written in full";
     reporter_.Say(text);
 }
 

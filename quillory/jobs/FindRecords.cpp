@@ -43,7 +43,9 @@ private:
 
 Status FindRecords(const FindOptions& options, FindReport& report, Reporter& reporter) {
     if (options.input.where.AsksForAll()) {
-        throw UsageError("what to look for is missing: --where EXPRESSION");
+        throw UsageError(
+            "what to look for is missing: --where EXPRESSION, such as --where '245a contains "
+            "\"rivers\"'");
     }
     FindRun run(options, report, reporter);
     try {

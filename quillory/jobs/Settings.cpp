@@ -1,9 +1,11 @@
 #include <quillory/checks/Policy.h>
 #include <quillory/faults/Errors.h>
 #include <quillory/faults/FaultCode.h>
+#include <quillory/holdings/HoldingsSystem.h>
 #include <quillory/jobs/Library.h>
 #include <quillory/jobs/Settings.h>
 #include <quillory/jobs/SettingsLock.h>
+#include <quillory/text/NearestNames.h>
 #include <quillory/text/QmText.h>
 #include <zorby/holdings/HoldingsSelector.h>
 #include <zorby/holdings/HoldingsTypeTable.h>
@@ -105,7 +107,16 @@ HoldingsKey HoldingsKeyNamed(std::string_view name) {
     for (const HoldingsKey& key : HoldingsKeys()) {
         if (key.name == name) return key;
     }
-    throw UsageError({FaultCode::kNoHoldingsSetting, {}, std::string(name)});
+    std::vector<std::string> names;
+    for (const HoldingsKey& key : HoldingsKeys()) names.emplace_back(key.name);
+    const std::string wanted(name);
+    throw UsageError({FaultCode::kNoHoldingsSetting, {}, wanted, PerhapsMeant(wanted, names)});
+}
+
+std::string_view WithoutLead(std::string_view name) {
+    constexpr std::string_view kLead = "ZP_";
+    if (name.starts_with(kLead)) name.remove_prefix(kLead.size());
+    return name;
 }
 
 // By number, by name, or by name without "ZP_".
@@ -119,7 +130,12 @@ const zorby::ProfileKeyRow& KeyNamed(const std::string& name) {
             return row;
         }
     }
-    throw UsageError({FaultCode::kNoSetting, {}, name});
+    std::vector<std::string> names{kLibraryCode};
+    for (const zorby::ProfileKeyRow& row : zorby::ProfileKeyTable()) {
+        if (*row.name != 0) names.emplace_back(WithoutLead(row.name));
+    }
+    throw UsageError(
+        {FaultCode::kNoSetting, {}, name, PerhapsMeant(std::string(WithoutLead(name)), names)});
 }
 
 bool IsNumberKey(const zorby::ProfileKeyRow& row) {
@@ -150,7 +166,7 @@ void CheckHoldingsValue(const HoldingsKey& key, const std::string& value) {
     }
     if (key.name == "HoldingsType" &&
         zorby::CInfoAboutHoldingsTypeList::FindFromName(value) == nullptr) {
-        throw UsageError({FaultCode::kNoHoldingsType, {}, value});
+        throw UsageError({FaultCode::kNoHoldingsType, {}, value, MeantHoldingsType(value)});
     }
 }
 

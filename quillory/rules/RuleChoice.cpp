@@ -14,9 +14,7 @@ namespace {
     names.reserve(kRules + ownRules.size());
     for (const Rule& rule : Rules()) names.emplace_back(rule.name);
     for (const Rule& rule : ownRules) names.emplace_back(rule.name);
-    std::string text = "there is no rule " + name;
-    const auto nearest = NearestNames(name, names);
-    if (!nearest.empty()) text += "; perhaps " + nearest.front() + " is meant";
+    std::string text = "there is no rule " + name + PerhapsMeant(name, names);
     const std::string hint =
         HintText(kRulesHint, Place::OfRecord(), "quillory check --rules lists them");
     if (!hint.empty()) text += "; " + hint;

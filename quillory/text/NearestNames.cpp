@@ -48,4 +48,9 @@ std::vector<std::string> NearestNames(const std::string& text,
     return nearest;
 }
 
+std::string PerhapsMeant(const std::string& text, const std::vector<std::string>& names) {
+    const std::vector<std::string> nearest = NearestNames(text, names);
+    return nearest.empty() ? "" : "; perhaps " + nearest.front() + " is meant";
+}
+
 }  // namespace quillory

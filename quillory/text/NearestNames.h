@@ -10,4 +10,7 @@ namespace quillory {
 std::vector<std::string> NearestNames(const std::string& text,
                                       const std::vector<std::string>& names);
 
+// "; perhaps NAME is meant" with the nearest of the names, or an empty text if none is near.
+std::string PerhapsMeant(const std::string& text, const std::vector<std::string>& names);
+
 }  // namespace quillory

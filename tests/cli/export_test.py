@@ -216,7 +216,8 @@ class Faults(Export):
     def test_each_fault_of_the_holdings_is_named_and_nothing_written(self):
         cases = [
             (TSV.replace(b"Price", b"Prise"), ["--holdings-type", "1"],
-             "h.tsv: line 1: \"Prise\" is not a holdings element of Basic circulation system"),
+             "h.tsv: line 1: \"Prise\" is neither an element nor a place in the holdings fields of "
+             "Basic circulation system; perhaps Price is meant"),
             (TSV, [],
              "h.tsv: line 1: \"Call number\" is not a place in the holdings fields, such as 852$h, "
              "and no holdings system is chosen that may have such an element: 1 Basic circulation "

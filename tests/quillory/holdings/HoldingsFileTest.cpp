@@ -89,11 +89,13 @@ TEST_F(HoldingsFileTest, FaultsAreNamedByLineAndColumn) {
     const HoldingsSystem system = System("Follett");
     const std::pair<std::string, const char*> cases[] = {
         {"", "1: the file is empty"},
-        {"\n001\tColour\n", "2: \"Colour\" is not a holdings element of Follett, first release"},
-        {"001\t949$a\n", "1: \"949$a\" is not a holdings element"},
-        {"001\t852[2]$a\n", "1: \"852[2]$a\" is not a holdings element"},
-        {"001\t852/1\n", "1: \"852/1\" is not a holdings element"},
-        {"001\t852$A\n", "1: \"852$A\" is not a holdings element"},
+        {"\n001\tColour\n",
+         "2: \"Colour\" is neither an element nor a place in the holdings fields of Follett, "
+         "first release"},
+        {"001\t949$a\n", "1: \"949$a\" is neither an element nor a place"},
+        {"001\t852[2]$a\n", "1: \"852[2]$a\" is neither an element nor a place"},
+        {"001\t852/1\n", "1: \"852/1\" is neither an element nor a place"},
+        {"001\t852$A\n", "1: \"852$A\" is neither an element nor a place"},
         {"001\tPrice\t\nx\t1\t\nx\t1\t2\n", "3, column 5: a value in a column without a name"},
         {"001\trecord\n", "1: one column must be the key, 001 or record"},
         {"Price\n", "1: one column must be the key, 001 or record"},
@@ -113,7 +115,7 @@ TEST_F(HoldingsFileTest, FaultsAreNamedByLineAndColumn) {
         {"{\"001\": \"x\", \"Price\": [[\"1\"]]}\n", "1: Price: neither a text nor a whole number"},
         {"{\"001\": \"x\", \"Price\": 1, \"Price\": 2}\n", "1: a name more than once"},
         {"{\"001\": \"x\", \"record\": 1, \"Price\": 2}\n", "1: more than one key"},
-        {"{\"001\": \"x\", \"Prise\": 1}\n", "1: \"Prise\" is not a holdings element"},
+        {"{\"001\": \"x\", \"Prise\": 1}\n", "1: \"Prise\" is neither an element nor a place"},
         {"{\"001\": \"x\", \"Public note 1\": [\"a\", \"b\", \"c\", \"d\"]}\n",
          "1: Public note 1: no room for this value: the element takes no more of them, or the "},
     };

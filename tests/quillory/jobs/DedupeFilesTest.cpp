@@ -68,7 +68,8 @@ TEST(DedupeFiles, SummaryCountsWhatIsKept) {
     EXPECT_EQ(out.Read(), a);
     EXPECT_EQ(removed.Read(), a + a);
     ASSERT_GE(port.lines.size(), 2U);
-    EXPECT_EQ(port.lines[port.lines.size() - 2], "1 record written, 1 not");
+    EXPECT_EQ(port.lines[port.lines.size() - 2],
+              "1 record written, 1 not; --rejects FILE keeps what is not written in full");
     EXPECT_EQ(port.lines.back(), "2 of 3 records removed (kept in " + removed.Path() + ")");
 }
 

@@ -53,6 +53,12 @@ TEST_F(SettingsJobs, WhatIsRefusedSaysWhy) {
         return ErrorOf([&] { ChangeHoldingsSetting(name, value); });
     };
     EXPECT_EQ(change("Nope", "1"), "there is no setting Nope; quillory settings lists them");
+    EXPECT_EQ(change("ZP_DisplayNameOrMark", "1"),
+              "there is no setting ZP_DisplayNameOrMark; perhaps DisplayNameOrMARC is meant; "
+              "quillory settings lists them");
+    EXPECT_EQ(change("librarycode", "1"),
+              "there is no setting librarycode; perhaps LibraryCode is meant; "
+              "quillory settings lists them");
     EXPECT_EQ(change("", "1"), "there is no setting ; quillory settings lists them");
     EXPECT_EQ(change("DisplayNameOrMARC", "x"),
               "ZP_DisplayNameOrMARC: the value is a number, not \"x\"");
@@ -80,6 +86,12 @@ TEST_F(SettingsJobs, WhatIsRefusedSaysWhy) {
               "EasyOrCustom: the value is Easy or Custom, not \"no\"");
     EXPECT_EQ(changeHoldings("NextBarCode", "a|b"),
               "NextBarCode: holdings settings can't hold | or a backslash");
+    EXPECT_EQ(changeHoldings("NextBarcode", "1"),
+              "there is no holdings setting NextBarcode; perhaps NextBarCode is meant; "
+              "quillory settings --holdings lists them");
+    EXPECT_EQ(changeHoldings("HoldingsType", "Dynyx"),
+              "there is no holdings type Dynyx; perhaps Dynix is meant; "
+              "`quillory describe --holdings` lists them");
     EXPECT_EQ(changeHoldings("HoldingsType", "zzz"),
               "there is no holdings type zzz; `quillory describe --holdings` lists them");
 }
