@@ -26,7 +26,7 @@ std::string Narrow(std::string_view wide) {
 }  // namespace
 
 CArchive::CArchive(Stream& stream, Mode mode)
-    : stream_(stream), view_(dynamic_cast<MemoryViewStream*>(&stream)), mode_(mode) {}
+    : stream_(stream), mode_(mode), isView_(dynamic_cast<MemoryViewStream*>(&stream) != nullptr) {}
 
 CArchive::~CArchive() {
     try {
@@ -37,8 +37,13 @@ CArchive::~CArchive() {
     }
 }
 
+// The next bytes, if they are in memory.
+inline const char* CArchive::Take(std::size_t size) {
+    return isView_ ? static_cast<MemoryViewStream&>(stream_).Take(size) : nullptr;
+}
+
 inline void CArchive::ReadWhole(void* buffer, std::size_t size, std::uint64_t itemStart) {
-    if (const char* const taken = view_ == nullptr ? nullptr : view_->Take(size)) {
+    if (const char* const taken = Take(size)) {
         std::copy_n(taken, size, static_cast<char*>(buffer));
     } else if (stream_.Read(buffer, size) != size) {
         Fail(CArchiveException::kEndOfFile, itemStart);
@@ -116,7 +121,7 @@ CArchive& CArchive::operator>>(std::string& text) {
 }
 
 std::uint64_t CArchive::LoadingAt() const {
-    const std::uint64_t position = view_ != nullptr ? view_->GetPosition() : stream_.GetPosition();
+    const std::uint64_t position = stream_.GetPosition();
     if (!open_) Fail(CArchiveException::kClosed, position);
     if (mode_ != load) Fail(CArchiveException::kWriteOnly, position);
     return position;
@@ -156,7 +161,7 @@ bool CArchive::ReadLength(std::uint32_t& length, std::uint64_t itemStart) {
 
 // Reads in growing pieces, since a damaged length may promise far more than the stream holds.
 std::string CArchive::ReadBytes(std::uint64_t size, std::uint64_t itemStart) {
-    if (const char* const taken = view_ == nullptr ? nullptr : view_->Take(size)) {
+    if (const char* const taken = Take(size)) {
         return {taken, static_cast<std::size_t>(size)};
     }
     std::string bytes;

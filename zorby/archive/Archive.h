@@ -13,8 +13,6 @@
 
 namespace zorby {
 
-class MemoryViewStream;
-
 // Loads or stores items in order, with no header and no padding. The caller owns the stream and
 // keeps it alive as long as the archive. The stream's position is right after the last item read or
 // written.
@@ -74,6 +72,7 @@ public:
 
 private:
     std::uint64_t LoadingAt() const;
+    const char* Take(std::size_t size);
     Stream& Storing() const;
     template <std::size_t kSize>
     std::uint32_t Number(std::uint64_t itemStart);
@@ -85,9 +84,9 @@ private:
     [[noreturn]] void Fail(CArchiveException::Cause cause, std::uint64_t offset) const;
 
     Stream& stream_;
-    MemoryViewStream* view_;  // the stream, if that is what it is
     Mode mode_;
     bool open_ = true;
+    bool isView_;  // the stream is a MemoryViewStream
 };
 
 }  // namespace zorby

@@ -84,4 +84,8 @@ const std::string& MemoryStream::GetBytes() const {
     return bytes_;
 }
 
+std::uint64_t MemoryViewStream::GetPosition() const {
+    return position_;
+}
+
 }  // namespace zorby

@@ -40,7 +40,7 @@ public:
     std::size_t Read(void* buffer, std::size_t size) final;
     void Write(const void* bytes, std::size_t size) override;
     void Flush() override;
-    std::uint64_t GetPosition() const final { return position_; }
+    std::uint64_t GetPosition() const final;
     void Seek(std::uint64_t position) final;
 
     // Moves over `size` bytes and returns them. If fewer are left, moves nowhere and returns null.
