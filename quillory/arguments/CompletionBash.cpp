@@ -49,8 +49,10 @@ _@NAME@() {
         [[ ${word,,} != "${begun,,}"* ]] || COMPREPLY+=("$word")
     done
     [[ -n $files ]] || return 0
-    compopt -o filenames 2> /dev/null
+    # Beside names, which are quoted already, files are quoted here; else bash does it.
+    [[ -n $asked ]] || compopt -o filenames 2> /dev/null
     while IFS= read -r word; do
+        [[ -z $asked || $current == [\"\']* ]] || printf -v word %q "$word"
         COMPREPLY+=("$word")
     done < <(compgen -f -- "$current")
 }

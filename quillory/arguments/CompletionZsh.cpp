@@ -20,9 +20,9 @@ _@NAME@() {
 )";
 
 // What the functions of commands call.
-constexpr const char* kHelpers = R"(
+constexpr const char* kHelpers = R"zsh(
 _@NAME@_values() {
-    local -a values=("${(@f)$(@NAME@ completion --values "$*" 2> /dev/null)}")
+    local -a values=(${(f)"$(@NAME@ completion --values "$*" 2> /dev/null)"})
     compadd -M 'm:{a-zA-Z}={A-Za-z}' -a values
 }
 
@@ -32,7 +32,7 @@ _@NAME@_names() {
     known=(${${(M)known:#${above% } *}#${above% } })
     compadd -- ${known:#* *}
 }
-)";
+)zsh";
 
 // What may be the value of an argument: one of a few words, a file, or a text.
 std::string Action(const NamedCommand& command, const ArgumentDefinition& argument) {

@@ -27,6 +27,7 @@ struct CompletionOptions {
     Arguments* program = nullptr;
     Completion completion = nullptr;
     std::string values;  // the argument whose values are to be printed
+    std::function<void(const std::string& path)> checkOutput;
     std::string output = "-";
 };
 
@@ -94,6 +95,10 @@ std::string ValuesOf(const std::string& name, const CommandDefinition& program) 
 }
 
 int RunCompletion(const CompletionOptions& options) {
+    if (options.checkOutput) options.checkOutput(options.output);
+    if (!options.values.empty() && options.completion != nullptr) {
+        throw UsageError("--values goes without SHELL");
+    }
     if (!options.values.empty()) {
         WriteOutput(options.output, ValuesOf(options.values, options.program->Definition()));
         return kWell;
@@ -122,9 +127,11 @@ void DeclareHelp(Arguments& program, Arguments& command) {
         .NamesCommand();
 }
 
-void DeclareCompletion(Arguments& program, Arguments& command) {
+void DeclareCompletion(Arguments& program, Arguments& command,
+                       const std::function<void(const std::string& path)>& checkOutput) {
     CompletionOptions& options = command.Runs(RunCompletion);
     options.program = &program;
+    options.checkOutput = checkOutput;
     command.Choice("SHELL", options.completion,
                    {{"bash", BashCompletion}, {"zsh", ZshCompletion}, {"fish", FishCompletion}},
                    "The shell");
@@ -140,14 +147,17 @@ void DeclareCompletion(Arguments& program, Arguments& command) {
 
 }  // namespace
 
-void DeclareManualCommands(Arguments& program) {
+void DeclareManualCommands(Arguments& program,
+                           const std::function<void(const std::string& path)>& checkOutput) {
     program.Command("help", "Print what --help says of a command",
                     [&program](Arguments& command) { DeclareHelp(program, command); });
     program.Command("man", "Print the manual page of a command, in troff",
                     [&program](Arguments& command) { DeclareManual(program, command); });
     program.Command("completion",
                     "Print what makes a shell complete the command lines of the program",
-                    [&program](Arguments& command) { DeclareCompletion(program, command); });
+                    [&program, checkOutput](Arguments& command) {
+                        DeclareCompletion(program, command, checkOutput);
+                    });
 }
 
 }  // namespace quillory

@@ -1,5 +1,6 @@
 #include <quillory/arguments/ManualCommands.h>
 #include <quillory/cli/Commands.h>
+#include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/ProgramLists.h>
 
 #include <utility>
@@ -70,7 +71,7 @@ constexpr CommandRow kCommands[] = {
 
 void DeclareCommands(Arguments& program) {
     for (const CommandRow& row : kCommands) program.Command(row.name, row.summary, row.declare);
-    DeclareManualCommands(program);
+    DeclareManualCommands(program, CheckNotOurs);
     program.List({"Exit status", ExitStatuses()});
     TermsAndMeanings variables = EnvironmentVariables();
     variables.emplace_back("NO_COLOR", "With any value but an empty one, nothing is in colour");

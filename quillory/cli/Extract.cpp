@@ -23,7 +23,10 @@ constexpr const char* kExtractDetails =
     "--repeat rows gives each value a row of its own: a column with one value has it in all rows "
     "of\n"
     "a record, a column with several has the next one in each. jsonl has an object for each row,\n"
-    "with an array of values unless each has a row.";
+    "with an array of values unless each has a row.\n"
+    "Status: 0 if all is well; 1 with damage, or with bytes that are not a character, which "
+    "become\n"
+    "U+FFFD; 2 for wrong usage, or a file that can't be read or written.";
 
 Status RunExtract(const ExtractCommand& command) {
     CheckNotAnInput(command.extract.input.files, command.table.output);

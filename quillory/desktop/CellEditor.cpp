@@ -65,14 +65,18 @@ bool CellEditor::TypeCharacter(unsigned id) {
     return true;
 }
 
-// Nothing if the settings can't give one.
-std::string CellEditor::NextBarCode() const {
+// It takes the place of what is selected. If the settings can't give one, the same stays there.
+std::string CellEditor::NextBarCode(const zorby::CEditMARCAlpha& field) const {
     try {
-        return TakeNextBarCode();
+        const std::string barCode = TakeNextBarCode();
+        if (!barCode.empty()) return barCode;
     } catch (const FaultError& error) {
         Q_EMIT Said(ToQt(error.what()));
-        return {};
     }
+    std::string text;
+    field.GetWindowTextA(text);
+    const auto [start, end] = field.GetSel();
+    return text.substr(static_cast<std::size_t>(start), static_cast<std::size_t>(end - start));
 }
 
 // A box for a text, which grows with it.
@@ -82,7 +86,8 @@ QPlainTextEdit* CellEditor::MakeTextBox(QWidget* parent, const QModelIndex& inde
     if (record != nullptr && record->PartOf(index)) {
         auto* marc = new MarcEdit(parent);
         if (IsPlaceOfBarCode(record->PlaceOf(index)) && HasNextBarCode()) {
-            marc->Field().SetNextNumberCallback([this] { return NextBarCode(); });
+            marc->Field().SetNextNumberCallback(
+                [this, marc] { return NextBarCode(marc->Field()); });
         }
         text = marc;
     } else {

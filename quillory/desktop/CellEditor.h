@@ -5,6 +5,10 @@
 
 class QPlainTextEdit;
 
+namespace zorby {
+class CEditMARCAlpha;
+}
+
 namespace quillory {
 
 // The boxes in which a person types into the cells of a record: a line for tags and codes, the
@@ -41,7 +45,7 @@ protected:
 
 private:
     QPlainTextEdit* MakeTextBox(QWidget* parent, const QModelIndex& index) const;
-    std::string NextBarCode() const;
+    std::string NextBarCode(const zorby::CEditMARCAlpha& field) const;
     QWidget* MakeIndicatorBox(QWidget* parent, const QModelIndex& index) const;
 
     bool IsOfCompanion(const QWidget* widget) const;

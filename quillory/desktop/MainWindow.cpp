@@ -259,7 +259,7 @@ bool MainWindow::Try(const Handler& work) {
     try {
         work();
         return true;
-    } catch (const FaultError& error) {
+    } catch (const std::runtime_error& error) {
         messages_->Warn(ToQt(error.what()));
         return false;
     }

@@ -81,6 +81,7 @@ QWidget* WorkformEditor::MakeContent(const CodeLists& lists) {
     connect(name_, &QLineEdit::textChanged, this, [this] { Note(kNameStep); });
     connect(&record_, &OpenRecord::Changed, this, [this] { Note(kStepOfItsOwn); });
     connect(table_, &RecordTable::PlaceChanged, this, &WorkformEditor::ShowHelp);
+    connect(table_, &RecordTable::Said, this, &WorkformEditor::Say);
     connect(coded_, &CodedEditor::Said, this, &WorkformEditor::Say);
     connect(tabs_, &QTabWidget::currentChanged, this, [this] {
         table_->Finish();

@@ -6,6 +6,7 @@
 #include <quillory/desktop/Theme.h>
 #include <quillory/desktop/WindowSize.h>
 #include <quillory/faults/Errors.h>
+#include <quillory/jobs/OutputFiles.h>
 #include <quillory/jobs/ProgramLists.h>
 #include <quillory/store/HomeFolder.h>
 
@@ -75,7 +76,7 @@ void Declare(quillory::Arguments& program) {
                   {{std::to_string(quillory::kWell), "The window was closed"},
                    {std::to_string(kFailed), "Wrong usage, or the program can't start"}}});
     program.List({"Environment", quillory::EnvironmentVariables()});
-    quillory::DeclareManualCommands(program);
+    quillory::DeclareManualCommands(program, quillory::CheckNotOurs);
 }
 
 // Help and the like are there without a screen.

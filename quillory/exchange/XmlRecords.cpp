@@ -162,6 +162,7 @@ private:
 
     private:
         Library() {
+            static_assert(LIBXML_VERSION < 21400, "newer ones are called libxml2.so.16");
             const LateLibrary library("libxml2.so.2", "libxml2");
             library.Find("xmlCreatePushParserCtxt", makePushParser);
             library.Find("xmlCtxtUseOptions", useOptions);

@@ -140,7 +140,7 @@ constexpr Words kWords[] = {
     {FaultCode::kLeadersFilledUp, "leaders-filled-up",
      "leaders of fewer than 24 characters, filled up with blanks: {found}"},
     {FaultCode::kLeadersAlone, "leaders-alone",
-     "records of a leader alone, with no field before a blank line or the next leader: {found}"},
+     "records of a leader alone, which no field follows: {found}"},
     // Writing.
     {FaultCode::kNothingToWrite, "nothing-to-write", "no field to write"},
     {FaultCode::kFieldTooLong, "field-too-long",
@@ -163,7 +163,8 @@ constexpr Words kWords[] = {
     {FaultCode::kNotMadeOfSubfields, "not-made-of-subfields",
      "not made of two indicators and subfields with codes"},
     // Character sets, and what becomes of records.
-    {FaultCode::kValueReplaced, "value-replaced", "bytes that are no character, written as U+FFFD",
+    {FaultCode::kValueReplaced, "value-replaced",
+     "bytes that are not a character are written as U+FFFD",
      "if the file is in another character set, name it with --from-charset"},
     {FaultCode::kMislabelled, "mislabelled", "the record says {found}, its bytes are {allowed}"},
     {FaultCode::kNoCharset, "no-charset",
@@ -313,7 +314,7 @@ constexpr Words kWords[] = {
     {FaultCode::kHoldingsBarCodes, "holdings-bar-codes",
      "the copy has {allowed} bar codes: {found}"},
     {FaultCode::kHoldingsSharedBarCode, "holdings-shared-bar-code",
-     "the copy has the bar code {found}, as that of {allowed} has"},
+     "the copy has the bar code {found}, which the copy of {allowed} has already"},
     {FaultCode::kNoHoldingsSystem, "no-holdings-system",
      "\"{found}\" is not a place in the holdings fields, such as 852$h, and no holdings system is "
      "chosen that may have such an element: {allowed}",

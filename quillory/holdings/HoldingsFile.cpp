@@ -4,11 +4,11 @@
 #include <quillory/faults/FaultCode.h>
 #include <quillory/holdings/HoldingsFile.h>
 #include <quillory/holdings/HoldingsJson.h>
+#include <quillory/holdings/NextBarCode.h>
 #include <quillory/text/Charset.h>
 #include <quillory/text/NearestNames.h>
 #include <quillory/text/QmText.h>
 #include <quillory/text/Trimmed.h>
-#include <zorby/holdings/HoldingsSelector.h>
 
 #include <algorithm>
 #include <tuple>
@@ -64,7 +64,7 @@ HoldingsFile::HoldingsFile(const std::string& path, const HoldingsSystem& system
         }
     }
     FindSharedBarCodes();
-    std::ranges::sort(doubts_, {}, &Doubt::line);
+    std::ranges::stable_sort(doubts_, {}, &Doubt::line);
     std::ranges::sort(rows_, {}, [](const Row& row) { return std::tie(row.key, row.line); });
 }
 
@@ -166,13 +166,7 @@ std::string HoldingsFile::TakeKey(Cells& cells) {
 
 // Whether a value is a bar code by its element or by where it comes to stand.
 bool HoldingsFile::IsForBarCodes(const HoldingsColumn& column) const {
-    if (!column.place.IsRecord()) {
-        std::string fields;
-        std::string callNumber;
-        std::string barCode;
-        zorby::CHoldingsSelector::GetCurrentHoldingsFields(fields, callNumber, barCode);
-        return ParsePlace(barCode) == column.place;
-    }
+    if (!column.place.IsRecord()) return IsPlaceOfBarCode(column.place);
     zorby::CHoldingsDataRecord copy(system_.id);
     copy.Add(column.element, "x", 1, 0);
     return !copy.GetRecVBarCode().empty();

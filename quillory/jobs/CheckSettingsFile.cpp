@@ -21,7 +21,7 @@ fs::path FileIn(const fs::path& folder) {
     const fs::file_status status = fs::status(file, failed);
     if (fs::is_regular_file(status)) return file;
     throw FileError(file.string() + ": the settings for checks can't be read: " +
-                    (failed ? failed.message() : "it is no file"));
+                    (failed ? failed.message() : "it is not a file"));
 }
 
 bool AreOne(const fs::path& one, const fs::path& other) {

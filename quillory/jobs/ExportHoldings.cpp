@@ -81,7 +81,7 @@ Status ExportHoldings::SayUnused(Reporter& reporter) const {
     reporter.EndFile();
     if (passedOver > 0 && !reporter.Quiet()) {
         reporter.Say(file_->Name() + ": " + Counted(passedOver, "line") +
-                     " not used: the records are not asked for");
+                     " not used, since --where leaves out what would take it");
     }
     return status;
 }

@@ -76,7 +76,7 @@ void CheckProfileFile(const std::string& path) {
         if (errno == ENOENT) return;
         throw FileError(path + kUnread + std::strerror(errno));
     }
-    if (!S_ISREG(status.st_mode)) throw FileError(path + kUnread + "it is no file");
+    if (!S_ISREG(status.st_mode)) throw FileError(path + kUnread + "it is not a file");
     if (faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0) {
         throw FileError(path + kUnread + std::strerror(errno));
     }

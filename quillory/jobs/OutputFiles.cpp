@@ -75,6 +75,7 @@ constexpr OwnFiles kOwnFiles[] = {
 // In the folder of journals, where the desk also puts records for the person.
 constexpr OwnFiles kOwnJournals[] = {
     {"*.journal", "the desk"},
+    {"*.journal.new", "the desk"},
     {"*.lock", "the desk"},
 };
 

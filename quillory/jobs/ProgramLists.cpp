@@ -23,8 +23,7 @@ TermsAndMeanings EnvironmentVariables() {
          "The folder of the dictionary, the code lists and the standard workforms; by default that "
          "of the installation"},
         {"QUILLORY_SYNC",
-         "With the value off, files that are written are not waited for until they are on the "
-         "disk"},
+         "With the value off, no program waits until what it has written is on the disk"},
         {"TMPDIR", "The folder of temporary files; by default /tmp"},
     };
 }

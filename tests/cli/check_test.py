@@ -317,8 +317,8 @@ example = '=650  \\0$aWest (U.S.)'
         self.home.mkdir(exist_ok=True)
         for folder in (self.folder, self.home):
             path = folder / self.NAME
-            for make, reason in ((path.mkdir, "it is no file"),
-                                 (lambda: os.mkfifo(path), "it is no file"),
+            for make, reason in ((path.mkdir, "it is not a file"),
+                                 (lambda: os.mkfifo(path), "it is not a file"),
                                  (lambda: path.symlink_to(path), "Too many levels"),
                                  (lambda: path.symlink_to("none"), "No such file")):
                 make()

@@ -324,7 +324,7 @@ class Dictionary(Cli):
         for command in (["export", SAMPLES], ["check", SAMPLES], ["settings"], ["new", "-w", "1"]):
             status, out, err = run(*command)
             self.assertEqual((status, out), (2, b""))
-            self.assertIn("the settings can't be read: it is no file", err)
+            self.assertIn("the settings can't be read: it is not a file", err)
 
     def test_settings_are_kept(self):
         self.assertEqual(self.say("settings", "ZP_DisplayNameOrMARC"), "2\n")

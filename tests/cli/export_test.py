@@ -252,6 +252,16 @@ class Faults(Export):
         self.assertIn("h.tsv: line 5: no record has 001 no0\n", err)
         self.assertIn("h.tsv: 3 more: lines without a record\n", err)
 
+    def test_a_bar_code_of_several_copies_is_named_and_written(self):
+        lines = [f"zs0001\t{f'B{i}' if i % 2 else 'A'}\tC{i}\n" for i in range(40)]
+        tsv = self.path("h.tsv", "".join(["001\tBar code\t852$p\n", *lines]).encode())
+        out, err = self.export(self.utf8, "--holdings", tsv, "--holdings-type", "1", "--verbose")
+        self.assertEqual(out.count(b"\x1fpA\x1f") + out.count(b"\x1fpA\x1e"), 20)
+        named = [int(n) for n in re.findall(r"h\.tsv: line (\d+): the copy has", err)]
+        self.assertEqual(named, sorted([*range(2, 42), *range(4, 42, 2)]), err)
+        self.assertIn("line 4: the copy has the bar code A, which the copy of line 2 has already",
+                      err)
+
     def test_lines_of_records_that_are_not_asked_for_are_told_from_those_without_a_record(self):
         tsv = self.path("h.tsv", TSV + b"no\tX\t1\t\n")
         many = self.path("many.mrc", self.utf8.read_bytes() * 40)
@@ -262,7 +272,7 @@ class Faults(Export):
             with self.subTest(where=where):
                 _, err = self.export(source, "-o", self.path("out.mrc"), "--holdings", tsv,
                                      "--holdings-type", "1", "--where", where, status=status)
-                passed = f"h.tsv: {unused} not used: the records are not asked for\n"
+                passed = f"h.tsv: {unused} not used, since --where leaves out what would take it\n"
                 self.assertEqual(passed in err, bool(unused), err)
                 self.assertEqual(err.count("no record has"), 1, err)
                 self.assertIn("h.tsv: line 5: no record has 001 no\n", err)

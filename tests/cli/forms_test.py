@@ -48,8 +48,7 @@ class LineForm(Cli):
             with self.subTest(text=text):
                 result, out, err = run("convert", self.path("in.mrk", text), "--to", "mrk")
                 self.assertEqual((result, out.count(b"=LDR")), (status, text.count(b"=LDR")))
-                said = f"in.mrk: records of a leader alone, with no field before a blank line or " \
-                       f"the next leader: {alone}\n"
+                said = f"in.mrk: records of a leader alone, which no field follows: {alone}\n"
                 self.assertEqual(said in err, alone > 0, err)
 
 

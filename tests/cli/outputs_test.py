@@ -99,14 +99,16 @@ class Outputs(Cli):
                    ["records", "export", "-o"], ["records", "edit", "delete", "500", "--report"],
                    ["records", "add", self.source, "--rejects"], ["workforms", "export"],
                    ["extract", self.source, "--fields", "001", "-o"],
-                   ["dedupe", self.source, "--by", "001", "--removed"])
+                   ["dedupe", self.source, "--by", "001", "--removed"],
+                   ["completion", "bash", "-o"])
         owners = {"quillory.db": "the store", "quillory.db-wal": "the store",
                   "quillory.db-shm": "the store", "quillory.db-journal": "the store",
                   "x/../quillory.db": "the store", "soft": "the store",
                   "Quillory 0.INI": "the settings", "hard": "the settings",
                   "settings.lock": "the settings", "CardPrntQ0.prn": "the cards queue",
                   "LabelPrntQ0.prn": "the labels queue", "desk.ini": "the desk",
-                  "journals/new.journal": "the desk", "journals/new.journal.lock": "the desk"}
+                  "journals/new.journal": "the desk", "journals/new.journal.lock": "the desk",
+                  "journals/new.journal.new": "the desk"}
         for command, (name, owner) in itertools.product(outputs, owners.items()):
             with self.subTest(command=command, name=name):
                 status, out, err = run(*command, self.home / name)

@@ -133,7 +133,7 @@ class Sets(Cli):
     def test_bytes_of_values_that_are_no_character_are_named(self):
         records = [titled(n, b"A \xff" if n % 100 == 7 else b"B") for n in range(3000)]
         source = self.path("in.mrc", b"".join(records))
-        said = ("bytes that are no character, written as U+FFFD; if the file is in another "
+        said = ("bytes that are not a character are written as U+FFFD; if the file is in another "
                 "character set, name it with --from-charset")
         for fields, jobs in (("001,245a", "1"), ("245a,001", "2"), ("001", "2")):
             status, out, err = run("extract", "--fields", fields, "--from-charset", "utf8",

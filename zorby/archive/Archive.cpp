@@ -38,7 +38,7 @@ CArchive::~CArchive() {
 }
 
 // The next bytes, if they are in memory.
-inline const char* CArchive::Take(std::size_t size) {
+inline const char* CArchive::Take(std::uint64_t size) {
     return isView_ ? static_cast<MemoryViewStream&>(stream_).Take(size) : nullptr;
 }
 

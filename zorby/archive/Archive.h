@@ -72,7 +72,7 @@ public:
 
 private:
     std::uint64_t LoadingAt() const;
-    const char* Take(std::size_t size);
+    const char* Take(std::uint64_t size);
     Stream& Storing() const;
     template <std::size_t kSize>
     std::uint32_t Number(std::uint64_t itemStart);

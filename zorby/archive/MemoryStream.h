@@ -44,7 +44,7 @@ public:
     void Seek(std::uint64_t position) final;
 
     // Moves over `size` bytes and returns them. If fewer are left, moves nowhere and returns null.
-    const char* Take(std::size_t size) {
+    const char* Take(std::uint64_t size) {
         if (position_ > bytes_.size() || bytes_.size() - position_ < size) return nullptr;
         const char* const taken = bytes_.data() + position_;
         position_ += size;

@@ -231,6 +231,14 @@ TEST_F(DeskTest, TheNextBarCodeComesByAlt) {
     QTest::keyClick(&box, Qt::Key_Return);
     EXPECT_EQ(Cell("852 $p"), "B T0099");
     EXPECT_EQ(zorby::CHoldingsSelector::GetNextBarCode(), "T0100");
+
+    // What is selected stays if another window has left no bar code meanwhile.
+    MarcEdit& again = Edit("852 $p");
+    zorby::CHoldingsSelector::SetNextBarCode("");
+    again.Field().SetSel(0, 3);
+    QTest::keyClick(&again, Qt::Key_Alt);
+    QTest::keyClick(&again, Qt::Key_Return);
+    EXPECT_EQ(Cell("852 $p"), "B T0099");
 }
 
 // However soon a person is elsewhere: nothing of the line is left to be done later.

@@ -139,17 +139,17 @@ TEST_F(HoldingsFileTest, BarCodesThatCanNotBeRightAreNamedByLine) {
         {"Alexandria", "001\tBar code\tPrice\nx\t7\t8\ny\t8\t8\ny\t\t8\n", ""},
         {"Alexandria", "001\tBar code\tBAR CODE\t852p\nx\t7\t\t\ny\t8\t8\t\nz\t9\t\t7\n",
          "3: the copy has 2 bar codes: 8, 8\n4: the copy has 2 bar codes: 9, 7\n"
-         "4: the copy has the bar code 7, as that of line 2 has\n"},
+         "4: the copy has the bar code 7, which the copy of line 2 has already\n"},
         {"Dynix", "001\tBar code\t949b\t949p\nx\t7\t8\t8\ny\t\t8\t9\n",
          "2: the copy has 2 bar codes: 7, 8\n"
-         "3: the copy has the bar code 8, as that of line 2 has\n"},
+         "3: the copy has the bar code 8, which the copy of line 2 has already\n"},
         {"5", kSame,
-         "1: the copy has 2 bar codes: 7, 8\n2: the copy has the bar code 8, as that of line 1 "
-         "has\n"
-         "4: the copy has the bar code 7, as that of line 1 has\n"
-         "5: the copy has the bar code 7, as that of line 1 has\n"},
+         "1: the copy has 2 bar codes: 7, 8\n"
+         "2: the copy has the bar code 8, which the copy of line 1 has already\n"
+         "4: the copy has the bar code 7, which the copy of line 1 has already\n"
+         "5: the copy has the bar code 7, which the copy of line 1 has already\n"},
         {"", "001\t852$p\t852$h\nx\t7\t7\ny\t7\t7\n",
-         "3: the copy has the bar code 7, as that of line 2 has\n"},
+         "3: the copy has the bar code 7, which the copy of line 2 has already\n"},
     };
     for (const auto& [name, text, doubts] : cases) {
         const HoldingsSystem system = *name == '\0' ? HoldingsSystemInForce() : System(name);

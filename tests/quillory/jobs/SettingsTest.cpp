@@ -121,12 +121,19 @@ TEST_F(SettingsJobs, ANextBarCodeIsGivenOnceWhoeverElseChangesTheSettings) {
     constexpr int kEach = 25;
     for (int i = 0; i < kPrograms; ++i) {
         if (fork() != 0) continue;
-        std::ofstream taken(folder_.Path("taken" + std::to_string(i)));
-        for (int j = 0; j < kEach; ++j) taken << TakeNextBarCode() << '\n';
-        taken.close();
+        try {
+            std::ofstream taken(folder_.Path("taken" + std::to_string(i)));
+            for (int j = 0; j < kEach; ++j) taken << TakeNextBarCode() << '\n';
+        } catch (...) {
+            _exit(1);
+        }
         _exit(0);
     }
-    for (int i = 0; i < kPrograms; ++i) wait(nullptr);
+    for (int i = 0; i < kPrograms; ++i) {
+        int status = -1;
+        wait(&status);
+        EXPECT_EQ(status, 0);
+    }
     std::set<std::string> barCodes;
     for (int i = 0; i < kPrograms; ++i) {
         std::ifstream taken(folder_.Path("taken" + std::to_string(i)));
