@@ -179,8 +179,10 @@ const HoldingsFile::Column& HoldingsFile::ColumnOf(const std::string& name) {
         Refuse({FaultCode::kNoHoldingsSystem, {}, name, NamesOfHoldingsSystems()});
     }
     if (!column && system_.HasElements()) {
+        const int count = system_.type->GetSize();
         std::vector<std::string> names;
-        for (int i = 0; i < system_.type->GetSize(); ++i) {
+        names.reserve(static_cast<std::size_t>(count));
+        for (int i = 0; i < count; ++i) {
             names.push_back(QmToUtf8(system_.type->GetAt(i)->GetName()));
         }
         Refuse({FaultCode::kNoHoldingsElement, {}, name, system_.name + PerhapsMeant(name, names)});
