@@ -68,7 +68,7 @@ bool CellEditor::TypeCharacter(unsigned id) {
 // It takes the place of what is selected. If the settings can't give one, the same stays there.
 std::string CellEditor::NextBarCode(const zorby::CEditMARCAlpha& field) const {
     try {
-        const std::string barCode = TakeNextBarCode();
+        std::string barCode = TakeNextBarCode();
         if (!barCode.empty()) return barCode;
     } catch (const FaultError& error) {
         Q_EMIT Said(ToQt(error.what()));
