@@ -6,8 +6,6 @@
 #include <quillory/jobs/WorkformCatalog.h>
 #include <quillory/reports/HoldingsTypeDocument.h>
 
-#include <string_view>
-
 namespace quillory {
 namespace {
 
@@ -49,14 +47,12 @@ std::vector<std::string> OfferedHoldingsSystems() {
     return names;
 }
 
-// "ZP_" before a name may be left out.
 std::vector<std::string> OfferedSettings() {
-    constexpr std::string_view kLead = "ZP_";
     LoadSettings();
     LoadDictionaries();
     std::vector<std::string> names;
     for (const SettingRow& row : ListSettings()) {
-        names.push_back(row.name.substr(row.name.starts_with(kLead) ? kLead.size() : 0));
+        names.emplace_back(ShortSettingName(row.name));
     }
     for (SettingRow& row : ListHoldingsSettings()) names.push_back(std::move(row.name));
     return names;

@@ -113,12 +113,6 @@ HoldingsKey HoldingsKeyNamed(std::string_view name) {
     throw UsageError({FaultCode::kNoHoldingsSetting, {}, wanted, PerhapsMeant(wanted, names)});
 }
 
-std::string_view WithoutLead(std::string_view name) {
-    constexpr std::string_view kLead = "ZP_";
-    if (name.starts_with(kLead)) name.remove_prefix(kLead.size());
-    return name;
-}
-
 // By number, by name, or by name without "ZP_".
 const zorby::ProfileKeyRow& KeyNamed(const std::string& name) {
     const bool isNumber = !name.empty() && name.find_first_not_of("0123456789") == name.npos;
@@ -132,10 +126,12 @@ const zorby::ProfileKeyRow& KeyNamed(const std::string& name) {
     }
     std::vector<std::string> names{kLibraryCode};
     for (const zorby::ProfileKeyRow& row : zorby::ProfileKeyTable()) {
-        if (*row.name != 0) names.emplace_back(WithoutLead(row.name));
+        if (*row.name != 0) names.emplace_back(ShortSettingName(row.name));
     }
-    throw UsageError(
-        {FaultCode::kNoSetting, {}, name, PerhapsMeant(std::string(WithoutLead(name)), names)});
+    throw UsageError({FaultCode::kNoSetting,
+                      {},
+                      name,
+                      PerhapsMeant(std::string(ShortSettingName(name)), names)});
 }
 
 bool IsNumberKey(const zorby::ProfileKeyRow& row) {
@@ -256,6 +252,12 @@ std::vector<SettingRow> ListHoldingsSettings() {
                         QmToUtf8(settings.Get(key))});
     }
     return rows;
+}
+
+std::string_view ShortSettingName(std::string_view name) {
+    constexpr std::string_view kLead = "ZP_";
+    if (name.starts_with(kLead)) name.remove_prefix(kLead.size());
+    return name;
 }
 
 std::string ReadHoldingsSetting(const std::string& name) {

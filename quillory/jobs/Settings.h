@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quillory {
@@ -27,6 +28,9 @@ std::string LibraryCode();
 // The settings of holdings by their own names; the profile keeps them in one text. The dictionaries
 // are in force, too.
 std::vector<SettingRow> ListHoldingsSettings();
+// "LibraryCode" for "ZP_LibraryCode", as a name may be given, too.
+std::string_view ShortSettingName(std::string_view name);
+
 std::string ReadHoldingsSetting(const std::string& name);
 void ChangeHoldingsSetting(const std::string& name, const std::string& value);
 
