@@ -2,6 +2,7 @@
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/Words.h>
 #include <quillory/text/Ascii.h>
+#include <quillory/text/NearestNames.h>
 
 #include <algorithm>
 #include <array>
@@ -62,9 +63,7 @@ void CheckArea(const CheckedField& field, std::string_view code, RemarkSink& rem
     const auto now = ObsoleteAreaCode(code);
     if (!now) {
         return remarks.Add(RuleId::AreaUnknown, place, [code] {
-            const std::string near = AreaCodeNear(code);
-            return RemarkWords{Shown(code),
-                               near.empty() ? near : "; perhaps " + near + " is meant"};
+            return RemarkWords{Shown(code), PerhapsMeant(AreaCodeNear(code))};
         });
     }
     remarks.Add(RuleId::AreaObsolete, place, Shown(code),

@@ -48,9 +48,13 @@ std::vector<std::string> NearestNames(const std::string& text,
     return nearest;
 }
 
+std::string PerhapsMeant(const std::string& name) {
+    return name.empty() ? "" : "; perhaps " + name + " is meant";
+}
+
 std::string PerhapsMeant(const std::string& text, const std::vector<std::string>& names) {
     const std::vector<std::string> nearest = NearestNames(text, names);
-    return nearest.empty() ? "" : "; perhaps " + nearest.front() + " is meant";
+    return PerhapsMeant(nearest.empty() ? "" : nearest.front());
 }
 
 }  // namespace quillory

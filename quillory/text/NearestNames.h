@@ -10,7 +10,9 @@ namespace quillory {
 std::vector<std::string> NearestNames(const std::string& text,
                                       const std::vector<std::string>& names);
 
-// "; perhaps NAME is meant" with the nearest of the names, or an empty text if none is near.
+// "; perhaps NAME is meant", or an empty text if there is no name.
+std::string PerhapsMeant(const std::string& name);
+// The same with the nearest of the names; an empty text if none is near.
 std::string PerhapsMeant(const std::string& text, const std::vector<std::string>& names);
 
 }  // namespace quillory
