@@ -1,5 +1,6 @@
 #include <quillory/cli/Commands.h>
 #include <quillory/cli/InputArguments.h>
+#include <quillory/cli/TerminalPort.h>
 #include <quillory/exchange/Output.h>
 #include <quillory/jobs/RecordFilter.h>
 #include <quillory/jobs/StoredItems.h>
@@ -17,6 +18,11 @@ struct ListOptions {
     std::uint64_t limit = 0;  // 0 for none
     bool isJson = false;
 };
+
+void SayStoreIsEmpty() {
+    TerminalPort terminal;
+    Reporter(terminal, {}).Say("the store has no records; records add FILE adds those of a file");
+}
 
 Status RunStoreList(const ListOptions& options) {
     const std::optional<Database> database = OpenStoreToRead();
@@ -39,7 +45,9 @@ Status RunStoreList(const ListOptions& options) {
     output.Finish();
     const bool isSearch = options.selection.controlNumber || options.selection.titlePrefix ||
                           !options.where.AsksForAll();
-    return isSearch && listed == 0 ? kStatusFindings : kStatusWell;
+    if (isSearch) return listed == 0 ? kStatusFindings : kStatusWell;
+    if (listed == 0 && options.selection.after == 0) SayStoreIsEmpty();
+    return kStatusWell;
 }
 
 }  // namespace

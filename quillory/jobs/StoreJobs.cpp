@@ -45,6 +45,19 @@ void SaySaved(const RecordBatch& batch, const Reporter& reporter) {
     reporter.Say(Counted(batch.Saved(), "record") + " added, " + ids);
 }
 
+// What is in a file that is added a second time is there twice.
+void SayRepeated(const RepeatedNumbersFound& repeated, const RecordStore& store,
+                 const Reporter& reporter) {
+    if (repeated.count == 0) return;
+    const std::optional<StoredRecord> first = store.Find(repeated.first);
+    if (!first) return;  // somebody has deleted it meanwhile
+    reporter.Say(std::to_string(repeated.count) + " of them " +
+                 (repeated.count == 1 ? "has" : "have") +
+                 " a control number that an earlier record of the store has, such as " +
+                 first->summary.controlNumber + " (ID " + std::to_string(first->id) +
+                 "); records list --control-number lists all records of a number");
+}
+
 void AddFiles(const AddOptions& options, Carrier& carrier, RecordBatch& batch, Reporter& reporter) {
     carrier.Raise(ReadFiles(options.input, reporter, [&carrier](Item& item) {
         carrier.Take(item);
@@ -97,7 +110,10 @@ Status AddRecordsToStore(const AddOptions& options, Reporter& reporter) {
         throw;
     }
     carrier.Summarize();
-    if (!reporter.Quiet()) SaySaved(batch, reporter);
+    if (!reporter.Quiet()) {
+        SaySaved(batch, reporter);
+        SayRepeated(batch.Repeated(), store, reporter);
+    }
     return carrier.Result();
 }
 

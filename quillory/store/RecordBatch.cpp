@@ -35,7 +35,10 @@ void RecordBatch::Begin(std::launch how) {
     adding_.clear();
     adding_.swap(gathered_);
     bytes_ = 0;
-    const auto addAll = [this] { return store_.AddAll(adding_); };
+    const auto addAll = [this] {
+        const IdRange ids = store_.AddAll(adding_);
+        return Added{ids, store_.FindRepeatedNumbers(ids)};
+    };
     try {
         const SignalsBlocked blocked;
         added_ = std::async(how, addAll);
@@ -46,9 +49,11 @@ void RecordBatch::Begin(std::launch how) {
 
 void RecordBatch::Await() {
     if (!added_.valid()) return;
-    const IdRange ids = added_.get();
+    const auto [ids, repeated] = added_.get();
     ids_ = {saved_ == 0 ? ids.first : ids_.first, ids.last};
     saved_ += adding_.size();
+    if (repeated_.count == 0) repeated_.first = repeated.first;
+    repeated_.count += repeated.count;
 }
 
 void RecordBatch::Flush() {

@@ -30,8 +30,15 @@ public:
     // Records of which it is known by now that they have been added, and their first and last ID.
     std::uint64_t Saved() const { return saved_; }
     IdRange Ids() const { return ids_; }
+    // Those of them whose control number was there before.
+    const RepeatedNumbersFound& Repeated() const { return repeated_; }
 
 private:
+    struct Added {
+        IdRange ids;
+        RepeatedNumbersFound repeated;
+    };
+
     void Begin(std::launch how);
     void Await();
 
@@ -40,9 +47,10 @@ private:
     std::size_t bytes_ = 0;
     std::vector<NewRecord> gathered_;
     std::vector<NewRecord> adding_;
-    std::future<IdRange> added_;  // valid while there is something to wait for
+    std::future<Added> added_;  // valid while there is something to wait for
     std::uint64_t saved_ = 0;
     IdRange ids_;
+    RepeatedNumbersFound repeated_;
 };
 
 }  // namespace quillory

@@ -10,6 +10,10 @@ namespace {
 constexpr std::string_view kInsert =
     "INSERT INTO records (control_number, title, title_key, type, workform, bytes, added, changed)"
     " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?7)";
+constexpr std::string_view kRepeated =
+    "SELECT count(*), min(id) FROM records AS late WHERE id BETWEEN ?1 AND ?2"
+    " AND control_number <> '' AND EXISTS (SELECT 1 FROM records"
+    " WHERE control_number = late.control_number AND id < late.id)";
 constexpr std::string_view kSelect =
     "SELECT id, control_number, title, type, added, changed, workform, bytes FROM records";
 
@@ -74,6 +78,12 @@ IdRange RecordStore::AddAll(std::span<const NewRecord> records) {
     for (const NewRecord& record : records.subspan(1)) ids.last = Add(record);
     transaction.Commit();
     return ids;
+}
+
+RepeatedNumbersFound RecordStore::FindRepeatedNumbers(IdRange ids) const {
+    Statement row = database_.Prepare(kRepeated);
+    if (!row.Bind(1, ids.first).Bind(2, ids.last).Step()) return {};
+    return {static_cast<std::uint64_t>(row.Number(0)), row.Number(1)};
 }
 
 bool RecordStore::Delete(std::int64_t id) {

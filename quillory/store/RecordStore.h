@@ -47,6 +47,12 @@ struct IdRange {
     std::int64_t last = 0;
 };
 
+// Records whose control number an earlier record of the store has, too.
+struct RepeatedNumbersFound {
+    std::uint64_t count = 0;
+    std::int64_t first = 0;  // its ID; 0 if there is none
+};
+
 // The records that quillory keeps, each by an ID from 1 on that is never given twice. Failures
 // throw FileError.
 class RecordStore {
@@ -57,6 +63,8 @@ public:
     std::int64_t Add(const NewRecord& record);
     // Adds at least one record: all or none. Their IDs follow each other.
     IdRange AddAll(std::span<const NewRecord> records);
+    // Among the records of these IDs.
+    RepeatedNumbersFound FindRepeatedNumbers(IdRange ids) const;
     // False if there is no such record.
     bool Delete(std::int64_t id);
 

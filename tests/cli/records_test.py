@@ -36,8 +36,14 @@ class Roads(Records):
         utf8 = self.convert(SAMPLES, "utf8.mrc")
         marc8 = self.convert(utf8, "marc8.mrc", "--to-charset", "marc8")
         mrk = self.convert(utf8, "utf8.mrk")
+        _, err = self.records("list")
+        self.assertEqual(
+            err, "quillory: the store has no records; records add FILE adds those of a file\n")
         _, err = self.records("add", utf8, marc8)
-        self.assertEqual(err, "quillory: 48 records added, IDs 1 to 48\n")
+        self.assertEqual(
+            err, "quillory: 48 records added, IDs 1 to 48\n"
+            "quillory: 24 of them have a control number that an earlier record of the store has, "
+            "such as zs0001 (ID 25); records list --control-number lists all records of a number\n")
         self.records("add", "-q", stdin=mrk.read_bytes())
         both = utf8.read_bytes() + marc8.read_bytes()
         self.assertEqual(self.records("export")[0], both + utf8.read_bytes())
