@@ -234,6 +234,7 @@ enum class FaultCode : std::uint16_t {
     kNoPlaceGiven,
     kRangeBackwards,      // found: the range of tags
     kQueryExpected,       // allowed: what may come here; found: what does
+    kQueryWordAlone,      // allowed: what may come here; found: the word, quoted
     kQueryTextNotClosed,  // found: the quotation mark
     kQueryNotComparable,  // found: the text
     kQueryNoMaterial,     // found: the name; allowed: the nearest names, or all

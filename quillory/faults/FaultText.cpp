@@ -381,6 +381,8 @@ constexpr Words kWords[] = {
      "tags"},
     {FaultCode::kRangeBackwards, "range-backwards", "{found} ends before it begins"},
     {FaultCode::kQueryExpected, "query-expected", "expected {allowed}, but found {found}"},
+    {FaultCode::kQueryWordAlone, "query-word-alone",
+     "expected {allowed}, but found {found}; XXX contains {found} looks for it in all fields"},
     {FaultCode::kQueryTextNotClosed, "query-text-not-closed",
      "the text lacks its closing quotation mark {found}"},
     {FaultCode::kQueryNotComparable, "query-not-comparable",

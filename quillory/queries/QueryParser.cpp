@@ -120,6 +120,16 @@ std::nullptr_t QueryParser::Expected(std::string_view what) {
     return FailAt(next_, FaultCode::kQueryExpected, FoundText(next_), std::string(what));
 }
 
+// A word without a place is what a search box takes.
+std::nullptr_t QueryParser::ExpectedTest() {
+    const Token after = TokenAt(expression_, next_.End());
+    const bool isWord =
+        next_.kind == kTokenText || (next_.kind == kTokenWord && !IsJoiningWord(next_));
+    const bool isCompared = NumberSignOf(after) != nullptr || TextWordOf(after) != nullptr;
+    if (!isWord || isCompared) return Expected(kTest);
+    return FailAt(next_, FaultCode::kQueryWordAlone, FoundText(next_), std::string(kTest));
+}
+
 QueryNodePtr QueryParser::ParseJoined(bool all, QueryNodePtr (QueryParser::*parsePart)()) {
     std::vector<QueryNodePtr> parts;
     do {
@@ -152,7 +162,7 @@ QueryNodePtr QueryParser::ParsePrimary() {
     if (TakeWord("material")) return ParseMaterial();
     if (TakeWord("valid")) return ParseValid();
     if (BeginsPlace(next_)) return ParseComparison();
-    return Expected(kTest);
+    return ExpectedTest();
 }
 
 QueryNodePtr QueryParser::ParseBracket() {

@@ -56,6 +56,7 @@ private:
     // Keeps a fault, unless there is one. Result: false, or null.
     bool Fail(TextFault fault);
     std::nullptr_t Expected(std::string_view what);
+    std::nullptr_t ExpectedTest();
     std::nullptr_t FailAt(const Token& token, FaultCode code, std::string found,
                           std::string allowed = {});
 
