@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# What convert.sh and check.sh share: a file is divided after record ends (0x1D), and a command runs on each
+# What convert.sh and check.sh share: a file is divided after record terminators (0x1D), and a command runs on each
 # part, as many at once as there are processors.
 
 die() {

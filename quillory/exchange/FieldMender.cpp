@@ -66,7 +66,7 @@ std::string WithoutFieldEnds(std::string_view content, std::vector<Fault>& fault
     return kept;
 }
 
-// Whether a field end is followed by what begins a data field.
+// Whether a field terminator is followed by what begins a data field.
 bool HoldsAnotherField(std::string_view content) {
     for (std::size_t at = content.find(zorby::kFieldEnd); at != content.npos;
          at = content.find(zorby::kFieldEnd, at + 1)) {

@@ -10,8 +10,8 @@
 namespace quillory {
 
 // Mends the content of a data field that is not made of two indicators and subfields with codes,
-// where it is clear what was meant: delimiters without a code and field ends within are left out, a
-// wrong number of indicators becomes two, and text after two blanks is subfield $a.
+// where it is clear what was meant: delimiters without a code and field terminators within are left
+// out, a wrong number of indicators becomes two, and text after two blanks is subfield $a.
 class FieldMender {
 public:
     struct Mended {

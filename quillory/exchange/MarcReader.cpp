@@ -9,7 +9,7 @@
 namespace quillory {
 namespace {
 
-// Bytes without a record end. What is longer comes in pieces.
+// Bytes without a record terminator. What is longer comes in pieces.
 constexpr std::size_t kLongestDamage = std::size_t{4} << 20;
 
 // Of the record length, which begins the leader.
@@ -64,7 +64,7 @@ void MarcReader::Give(Item& item, ItemKind kind, std::string_view bytes) {
     taken_ = bytes.size();
 }
 
-// A doubled record end is not filler, but there is nothing in it to be lost.
+// A doubled record terminator is not filler, but there is nothing in it to be lost.
 bool MarcReader::TakeFiller(Item& item) {
     constexpr std::size_t kMost = 99999;
     static const std::string kFiller = std::string(kRecordFiller) + zorby::kRecordEnd;
@@ -124,8 +124,8 @@ void MarcReader::TakeEndlessDamage(Item& item, std::string_view window) {
     inEndlessDamage_ = true;
 }
 
-// A window with the next record end, if that is not too far. It is no larger than it has to be,
-// since somebody may hold what came before.
+// A window with the next record terminator, if that is not too far. It is no larger than it has to
+// be, since somebody may hold what came before.
 std::string_view MarcReader::PeekDamage() {
     for (std::size_t size = std::size_t{1} << 16; size < kLongestDamage; size *= 4) {
         const std::string_view window = input_.Peek(size);

@@ -11,9 +11,9 @@ namespace quillory {
 // order mark of UTF-8.
 inline constexpr std::string_view kRecordFiller("\n\r\t \0\x1A\xEF\xBB\xBF", 9);
 
-// Reads ISO 2709 records. Damage goes on to the next record end (0x1D); if that is the end of a
-// sound record, only what stands before this record is damage. A record over 99,999 bytes is read
-// if no field of it is in doubt.
+// Reads ISO 2709 records. Damage goes on to the next record terminator (0x1D); if that is the end
+// of a sound record, only what stands before this record is damage. A record over 99,999 bytes is
+// read if no field of it is in doubt.
 class MarcReader : public RecordReader, public RecordRuns {
 public:
     // With `lenient` a damaged record is read as far as that is certain.

@@ -109,7 +109,7 @@ bool MarcSalvage::ReadWhole(std::string_view bytes) {
     return true;
 }
 
-// Where the field end after the directory is; 0 if that is not clear.
+// Where the field terminator after the directory is; 0 if that is not clear.
 std::size_t MarcSalvage::DirectoryEnd(std::string_view bytes) const {
     const auto isEnd = [bytes](std::size_t end) {
         return end > kLeaderSize && end < bytes.size() && bytes[end] == kFieldEnd &&
@@ -180,7 +180,7 @@ bool MarcSalvage::MatchInOrder() {
     return true;
 }
 
-// The entries lay the data out without a gap, and some fields hold a field end.
+// The entries lay the data out without a gap, and some fields hold a field terminator.
 bool MarcSalvage::MatchTiles() {
     std::size_t next = 0;
     matches_.clear();

@@ -63,7 +63,7 @@ private:
     std::string_view bytes_;
     std::string_view data_;
     std::vector<Entry> entries_;
-    std::vector<std::string_view> contents_;  // between the field ends of the data
+    std::vector<std::string_view> contents_;  // between the field terminators of the data
     std::vector<bool> used_;                  // of those
     std::vector<std::string_view> matches_;   // content of each entry; its data is null for none
 

@@ -108,8 +108,8 @@ bool MicrolifReader::Fits(std::string_view head) {
     return head.starts_with(kLeaderLine) || IsHeader(FirstLine(head));
 }
 
-// A record ends after the line that closes with the record end, or before the next head. Filler and
-// a header at the front stand alone, as does what else is before the first head.
+// A record ends after the line that closes with the record terminator, or before the next head.
+// Filler and a header at the front stand alone, as does what else is before the first head.
 std::size_t MicrolifReader::EndOfRecord(std::string_view window) const {
     const std::size_t filler = window.find_first_not_of(kFillers);
     if (filler != 0 && filler != window.npos) return filler;

@@ -11,7 +11,7 @@ namespace quillory {
 
 // Old MicroLIF text: a field a line, with "^`" at the end of a record. Line ends may be CR LF, LF
 // or CR, and the length in the head may be wrong. A file may begin with a header line, which has no
-// field end. Tags may have letters.
+// field terminator. Tags may have letters.
 class MicrolifReader : public LineReader {
 public:
     explicit MicrolifReader(Input& input, bool lenient = false) : LineReader(input, lenient) {}

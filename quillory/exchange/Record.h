@@ -19,7 +19,7 @@ struct Record {
     std::vector<zorby::CommFormatField> fields;
     std::string_view bytes;  // the whole record in ISO 2709; empty if it has to be put together
 
-    // The fields side by side, each with its field end; empty if `bytes` is.
+    // The fields side by side, each with its field terminator; empty if `bytes` is.
     std::string_view Data() const;
     // The content of the first field 001; empty if there is none.
     std::string_view ControlNumber() const;

@@ -22,7 +22,7 @@ public:
     // Whether a text, or the content of a field, is the same in every character set: printable
     // ASCII and delimiters, without references to characters.
     static bool IsUntouched(std::string_view text);
-    // The same for several fields side by side, each with its field end.
+    // The same for several fields side by side, each with its field terminator.
     static bool AreUntouched(std::string_view fields);
 
     void Append(std::string_view text, std::string& out, Losses& losses);

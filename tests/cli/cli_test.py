@@ -220,7 +220,7 @@ class Damage(Cli):
             (b"", "the file is empty"),
             (b"\xff\xd8\xff\xe0 no MARC", "record 1 at byte 0: no MARC record"),
             (first + b"00010" + first[5:], "record 2 at byte %d (001 " % len(first)),
-            (first[:100], "record 1 at byte 0: cut short: no record end (0x1D) (byte 100)"),
+            (first[:100], "record 1 at byte 0: cut short: no record terminator (0x1D) (byte 100)"),
             (first + b"\x1d" + first, "after record 1 at byte %d: stray bytes" % len(first)),
         ]
         for data, message in cases:

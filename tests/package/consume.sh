@@ -51,7 +51,7 @@ read_titles() {
     { cat "$here/build-record.mrc" "$here/host.mrc" && head -c 50 "$here/host.mrc"; } > "$work/three.mrc"
     ! LD_LIBRARY_PATH=$libdir "$program" "$work/three.mrc" &> "$program.txt" ||
         fail "read-titles takes a record that is cut short for whole"
-    printf '%s\n' 'Faust :' 'Faust.' 'record 3, byte 50: cut short: no record end (0x1D)' | diff - "$program.txt" ||
+    printf '%s\n' 'Faust :' 'Faust.' 'record 3, byte 50: cut short: no record terminator (0x1D)' | diff - "$program.txt" ||
         fail "read-titles printed something else"
 }
 

@@ -64,7 +64,8 @@ public:
     // kinds of material keep what they have.
     void NonMusicalSoundRecordingFixup();
 
-    // Returns how many bytes the pair takes in a communications record, including the field ends.
+    // Returns how many bytes the pair takes in a communications record, including the field
+    // terminators.
     unsigned GetMARCSize() const;
     void CloneFrom(const CCFAdditionalMaterial& other);
     // Returns 1 if both are equal. The material type isn't compared; the first byte of the 007

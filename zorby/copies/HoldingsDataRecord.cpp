@@ -14,7 +14,7 @@ namespace {
 
 constexpr unsigned char kRecordVersion = 2;
 constexpr unsigned char kVersionWithoutHolds = 1;
-constexpr unsigned kFieldOverhead = 15;  // directory entry, indicators and field end
+constexpr unsigned kFieldOverhead = 15;  // directory entry, indicators and field terminator
 constexpr auto kTypeNotTold = static_cast<EHOLDINGSTYPE>(-1);
 
 EHOLDINGSTYPE Migrated(EHOLDINGSTYPE stored) {

@@ -20,7 +20,7 @@ inline constexpr char kDelimiter = 0x1F;
 inline constexpr std::size_t kLeaderSize = 24;
 inline constexpr std::size_t kTagSize = 3;
 inline constexpr std::size_t kDirectoryEntrySize = 12;
-inline constexpr std::size_t kLongestField = 9999;    // bytes, including its field end
+inline constexpr std::size_t kLongestField = 9999;    // bytes, including its field terminator
 inline constexpr std::size_t kLongestRecord = 99999;  // bytes
 
 // The leader positions that a reader or a writer uses.
@@ -35,18 +35,18 @@ inline constexpr std::size_t kLeaderEntryMap = 20;        // 20-23, "4500"
 enum CommFormatReason : std::int32_t {
     CFR_None,
     CFR_Empty,             // no bytes at all
-    CFR_CutShort,          // ends before its length, without a record end
+    CFR_CutShort,          // ends before its length, without a record terminator
     CFR_LengthNotNumber,   // leader 00-04
-    CFR_LengthWrong,       // leader 00-04 is not the number of bytes up to the record end
+    CFR_LengthWrong,       // leader 00-04 is not the number of bytes up to the record terminator
     CFR_TooLong,           // over 99,999 bytes, which leader 00-04 cannot say
-    CFR_TextAfterEnd,      // bytes after the record end
+    CFR_TextAfterEnd,      // bytes after the record terminator
     CFR_CountsNotTwo,      // leader 10-11: indicators and characters of a subfield code
     CFR_EntryMap,          // leader 20-21: digits of lengths and starts in the directory
-    CFR_BaseAddressWrong,  // leader 12-16 does not point just past the directory's field end
+    CFR_BaseAddressWrong,  // leader 12-16 does not point just past the directory's terminator
     CFR_DirectorySize,     // the directory is not a whole number of entries
     CFR_DirectoryEntry,    // a bad tag, length or start, or one that points outside the data
     CFR_DirectoryGap,      // fields overlap, or data belongs to no field
-    CFR_FieldEnd,          // a field without a field end as its last byte, or with one before that
+    CFR_FieldEnd,          // a field that lacks its field terminator, or has one before its end
     CFR_Indicators,        // a data field without two indicators before its first delimiter
     CFR_SubfieldCode,      // a delimiter without a subfield code
     CFR_FieldCount,        // rescue: directory and data have different numbers of fields
@@ -67,7 +67,7 @@ ZORBY_EXPORT std::string CommFormatFaultText(CommFormatReason reason);
 // One field in the bytes of a record. The views are valid as long as those bytes.
 struct CommFormatField {
     std::string_view tag;      // three bytes
-    std::string_view content;  // indicators and subfields, or control data; without the field end
+    std::string_view content;  // indicators and subfields, or control data; no field terminator
 
     // True for the tags 001 to 009, and any other that begins with "00".
     bool IsControlField() const { return tag[0] == '0' && tag[1] == '0'; }
@@ -117,9 +117,9 @@ public:
     // bars.
     void SetLeader(std::string_view leader);
 
-    // Adds a field: the three bytes of its tag, and its content without the field end. Returns
-    // false and leaves the field out if the record has no room for it. If a field is longer than
-    // 9,999 bytes, the directory says 9,999.
+    // Adds a field: the three bytes of its tag, and its content without the field terminator.
+    // Returns false and leaves the field out if the record has no room for it. If a field is longer
+    // than 9,999 bytes, the directory says 9,999.
     bool AddField(std::string_view tag, std::string_view content);
 
     // Gives the finished record, which is empty if there is no field or no data. A record of more

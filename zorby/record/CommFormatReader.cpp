@@ -7,7 +7,7 @@
 namespace zorby {
 namespace {
 
-// Checks that the record's length agrees with its record end and with the number of bytes.
+// Checks that the record's length agrees with its record terminator and with the number of bytes.
 CommFormatFault CheckLength(std::string_view bytes) {
     if (bytes.empty()) return Fault(CFR_Empty, 0);
     const std::size_t end = bytes.find(kRecordEnd);
@@ -169,7 +169,7 @@ std::string CommFormatFaultText(CommFormatReason reason) {
         case CFR_Empty:
             return "no bytes";
         case CFR_CutShort:
-            return "cut short: no record end (0x1D)";
+            return "cut short: no record terminator (0x1D)";
         case CFR_LengthNotNumber:
             return "leader 00-04 is not a number";
         case CFR_LengthWrong:
@@ -177,13 +177,13 @@ std::string CommFormatFaultText(CommFormatReason reason) {
         case CFR_TooLong:
             return "longer than 99,999 bytes";
         case CFR_TextAfterEnd:
-            return "bytes after the record end (0x1D)";
+            return "bytes after the record terminator (0x1D)";
         case CFR_CountsNotTwo:
             return "leader 10-11 is not \"22\"";
         case CFR_EntryMap:
             return "leader 20-21 is not \"45\"";
         case CFR_BaseAddressWrong:
-            return "leader 12-16 does not point past the directory's end (0x1E)";
+            return "leader 12-16 does not point past the directory's field terminator (0x1E)";
         case CFR_DirectorySize:
             return "the directory is not a whole number of 12-byte entries";
         case CFR_DirectoryEntry:
@@ -191,7 +191,7 @@ std::string CommFormatFaultText(CommFormatReason reason) {
         case CFR_DirectoryGap:
             return "fields overlap, or data belongs to no field";
         case CFR_FieldEnd:
-            return "a field's end (0x1E) is not where the directory says";
+            return "a field terminator (0x1E) is not where the directory says";
         case CFR_Indicators:
             return "no two indicators before the first delimiter (0x1F)";
         case CFR_SubfieldCode:

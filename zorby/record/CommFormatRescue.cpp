@@ -18,8 +18,8 @@ bool IsDirectory(std::string_view bytes, std::size_t end) {
                         [](char c) { return c >= 0 && c < ' '; });
 }
 
-// Returns where the directory ends: at the first field end, or where the base address says. 0 means
-// that it ends at neither.
+// Returns where the directory ends: at the first field terminator, or where the base address says.
+// 0 means that it ends at neither.
 std::size_t FindDirectoryEnd(std::string_view bytes) {
     const std::size_t first = bytes.find(kFieldEnd);
     if (first != bytes.npos && IsDirectory(bytes, first)) return first;
@@ -28,7 +28,7 @@ std::size_t FindDirectoryEnd(std::string_view bytes) {
     return IsDirectory(bytes, end) ? end : 0;
 }
 
-// Returns the fields between the field ends. The last one may lack its own.
+// Returns the fields between the field terminators. The last one may lack its own.
 std::vector<std::string_view> SplitFields(std::string_view data) {
     std::vector<std::string_view> contents;
     while (!data.empty()) {

@@ -599,7 +599,7 @@ TEST(MarcJson, NamesWhatIsWrongAndGoesOn) {
         {open + "{\"CAT\":{\"ind1\":\" \",\"ind2\":\" \",\"subfields\":[{\"a\":\"\\u001f\"}]}}]}",
          " 2:1 CAT: a delimiter (0x1F) in a subfield"},
         {open + "{\"001\":\"\\u001e\"}]}",
-         "\036 2:1 001: a field or record end (0x1E, 0x1D) in the text"},
+         "\036 2:1 001: a field or record terminator (0x1E, 0x1D) in the text"},
         {JsonRecord("b") + std::string("\0{", 2), "b 2:61 malformed JSON: a NUL byte"},
         {open + std::string(100000, '['),
          " 2:100048 malformed JSON: syntax error while parsing value - unexpected end of input; "

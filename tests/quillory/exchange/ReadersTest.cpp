@@ -166,10 +166,11 @@ TEST(Mrk, NamesBadLines) {
         {"=LDR  x\n=245  10$aText$$b\n", "245: a delimiter ($) without a subfield code"},
         {"=LDR  x\n=001  a\n=LDR  y\n", ""},
         {"=LDR  x\n=245  {acute}", "245: a data field without two indicators"},
-        {"=LDR  x\n=245  10$aA{1E}B\n", "245: a field or record end (0x1E, 0x1D) in the text"},
+        {"=LDR  x\n=245  10$aA{1E}B\n",
+         "245: a field or record terminator (0x1E, 0x1D) in the text"},
         {"=LDR  x\n=245  10$aA\x1F\x1F\n", "245: a delimiter (0x1F) without a subfield code"},
         {"=LDR  0123456789012345678901234\n", "a leader of over 24 bytes"},
-        {"=LDR  {1D}\n=001  a\n", "leader: a field or record end (0x1E, 0x1D) in the text"},
+        {"=LDR  {1D}\n=001  a\n", "leader: a field or record terminator (0x1E, 0x1D) in the text"},
         {"=LDR  x\n=2 5  10$aA\n", "2 5: a tag with bytes that no tag has"},
     };
     for (const auto& [text, fault] : kCases) {

@@ -87,7 +87,7 @@ const DamageCase kDamages[] = {
     {"empty", [](std::string& b) { b.clear(); }, CFR_Empty, 0, CFR_Empty},
     {"cut in the leader", [](std::string& b) { b.resize(20); }, CFR_CutShort, 20, CFR_CutShort},
     {"cut in a field", [](std::string& b) { b.resize(90); }, CFR_CutShort, 90, CFR_CutShort},
-    {"no record end", [](std::string& b) { b.pop_back(); }, CFR_CutShort, 114, CFR_None},
+    {"no record terminator", [](std::string& b) { b.pop_back(); }, CFR_CutShort, 114, CFR_None},
     {"letters for a length", [](std::string& b) { b[2] = 'x'; }, CFR_LengthNotNumber, 0, CFR_None},
     {"wrong length", [](std::string& b) { b[4] = '0'; }, CFR_LengthWrong, 0, CFR_None},
     {"text behind", [](std::string& b) { b += "\n"; }, CFR_TextAfterEnd, 115, CFR_None},
@@ -104,7 +104,7 @@ const DamageCase kDamages[] = {
     {"start outside", [](std::string& b) { b[43] = '9'; }, CFR_DirectoryEntry, 36,
      CFR_DirectoryEntry},
     {"length too small", [](std::string& b) { b[42] = '1'; }, CFR_FieldEnd, 89, CFR_None},
-    {"field end missing", [](std::string& b) { b[77] = 'x'; }, CFR_FieldEnd, 78, CFR_FieldCount},
+    {"no field terminator", [](std::string& b) { b[77] = 'x'; }, CFR_FieldEnd, 78, CFR_FieldCount},
     {"entry twice", [](std::string& b) { b.replace(60, 12, b, 48, 12); }, CFR_DirectoryGap, 24,
      CFR_DirectoryEntry},
     {"no indicator", [](std::string& b) { b[79] = '\x1F'; }, CFR_Indicators, 78, CFR_Indicators},
@@ -152,7 +152,7 @@ TEST(CommFormat, FindsFaultsAnywhereInAField) {
     }
 }
 
-// More field ends than a byte can count, all as far from one another.
+// More field terminators than a byte can count, all as far from one another.
 TEST(CommFormat, ReadsManyFields) {
     CommFormatWriter writer;
     writer.SetLeader("00000nam a2200000 a 4500");

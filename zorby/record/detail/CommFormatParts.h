@@ -36,7 +36,7 @@ inline CommFormatFault Fault(CommFormatReason reason, std::size_t offset,
 
 // What a directory entry says of its field.
 struct FieldSpan {
-    std::size_t length = 0;  // with the field end; 0 if the numbers are not all digits
+    std::size_t length = 0;  // with the field terminator; 0 if the numbers are not all digits
     std::size_t start = 0;
 };
 
