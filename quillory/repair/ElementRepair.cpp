@@ -135,10 +135,17 @@ Judgement ElementRepair::JudgeCountryCode(const Element& element, std::string_vi
         return Left(RepairClass::Case, FaultCode::kTwoCountries);
     }
     if (iso.empty()) return Left(RepairClass::UnknownValue, FaultCode::kNoCodeOfFormat);
-    if (code.size() == 2 && MayBeCut(code) && !IsForeign(facts.Language008())) {
+    if (code.size() == 2 && MayBeCut(code) && !IsForeign(RepairedLanguage(facts))) {
         return Left(RepairClass::NationalCode, FaultCode::kCodeMayBeCut);
     }
     return {RepairClass::NationalCode, iso, kIso3166};
+}
+
+// The language of the 008, once it is repaired.
+std::string ElementRepair::RepairedLanguage(const RecordEvidence& facts) {
+    const std::string_view given = facts.Language008();
+    const auto judgement = Judge(language_, given, true, facts);
+    return judgement && !judgement->value.empty() ? judgement->value : std::string(given);
 }
 
 Judgement ElementRepair::JudgeCountry(const Element& element, std::string_view value,
@@ -210,25 +217,30 @@ std::optional<FaultCode> ElementRepair::WhyNot008(std::string_view field008) {
     if (field008.size() < kEndOfLanguage) return FaultCode::kShort008;
     const bool noLanguage = IsNoCodeIn(field008, language_);
     if (field008.size() != length008_) {
-        const bool isShifted = noLanguage || IsNoCodeIn(field008, country_);
+        const bool isShifted = noLanguage || IsNoCodeIn(field008, country_) ||
+                               (field008.size() > length008_ && IsLanguageBehind(field008));
         return isShifted ? std::optional(FaultCode::kShifted008) : std::nullopt;
     }
     if (!noLanguage) return std::nullopt;
     if (IsNoCodeIn(field008, country_) && !IsNumber(field008.substr(0, 6))) {
         return FaultCode::kDisplaced008;
     }
-    if (IsLanguageBeside(field008)) return FaultCode::kDisplacedLanguage;
-    return std::nullopt;
+    // A byte lost or added before it has moved the language.
+    const bool isBeside =
+        IsLanguageAt(field008, language_.first - 1) || IsLanguageAt(field008, language_.first + 1);
+    return isBeside ? std::optional(FaultCode::kDisplacedLanguage) : std::nullopt;
 }
 
-// Whether a byte lost or added before it has moved the language.
-bool ElementRepair::IsLanguageBeside(std::string_view field008) {
-    const auto isCodeAt = [&](int first) {
-        return allowed_.Allows(
-            language_, AsciiLower(field008.substr(static_cast<std::size_t>(first),
-                                                  static_cast<std::size_t>(language_.Width()))));
-    };
-    return isCodeAt(language_.first - 1) || isCodeAt(language_.first + 1);
+// Whether a byte too many before the language makes another one: "beng" is English.
+bool ElementRepair::IsLanguageBehind(std::string_view field008) {
+    const auto behind = static_cast<std::size_t>(language_.first + language_.Width());
+    return !SaysNothing(field008.substr(behind, 1)) && IsLanguageAt(field008, language_.first + 1);
+}
+
+bool ElementRepair::IsLanguageAt(std::string_view field008, int first) {
+    const auto width = static_cast<std::size_t>(language_.Width());
+    const std::string_view value = field008.substr(static_cast<std::size_t>(first), width);
+    return allowed_.Allows(language_, AsciiLower(value));
 }
 
 bool ElementRepair::IsNoCodeIn(std::string_view field008, const Element& element) {

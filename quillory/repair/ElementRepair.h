@@ -51,7 +51,9 @@ private:
     Judgement JudgeCode(const Element& element, std::string_view value);
     bool IsNoCodeIn(std::string_view field008, const Element& element);
     bool IsNoCode(const Element& element, std::string_view value);
-    bool IsLanguageBeside(std::string_view field008);
+    bool IsLanguageAt(std::string_view field008, int first);
+    bool IsLanguageBehind(std::string_view field008);
+    std::string RepairedLanguage(const RecordEvidence& facts);
     std::optional<std::string> UnknownOf(const Element& element);
     bool IsCurrent(const Element& element, std::string_view code) const;
     bool MayBeCut(std::string_view country) const;

@@ -5,6 +5,7 @@
 #include <quillory/repair/FieldLength.h>
 #include <quillory/repair/RecordRepairer.h>
 #include <quillory/repair/ValueBytes.h>
+#include <quillory/text/Ascii.h>
 
 #include <utility>
 
@@ -41,7 +42,7 @@ Repair RepairOf(const Judgement& judgement, const FieldElement& at, const CodedF
 const std::vector<Repair>& RecordRepairer::PutRight(Record& record) {
     repairs_.clear();
     if (!IsBibliographic(record.leader)) return repairs_;
-    material_ = MaterialOfLeader(record.leader);
+    material_ = MaterialOf(record.leader);
     if (material_ == CF006None) {
         Add({.kind = RepairKind::Left, .fault = FaultCode::kUnknownTypeOfRecord});
         return repairs_;
@@ -56,6 +57,16 @@ const std::vector<Repair>& RecordRepairer::PutRight(Record& record) {
     }
     fields_.PutInto(record);
     return repairs_;
+}
+
+// By the Leader as the repair leaves it: a level in a capital becomes one that may tell a serial.
+CFType RecordRepairer::MaterialOf(std::string_view leader) const {
+    constexpr std::size_t kLevel = 7;
+    const bool mendsCase = !options_.strict && options_.classes.Has(RepairClass::Case);
+    if (!mendsCase || leader.size() <= kLevel) return MaterialOfLeader(leader);
+    std::string toLevel(leader.substr(0, kLevel + 1));
+    toLevel.back() = LowerAscii(toLevel.back());
+    return MaterialOfLeader(toLevel);
 }
 
 void RecordRepairer::FitLengths() {

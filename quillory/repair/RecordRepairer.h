@@ -39,6 +39,7 @@ public:
     const std::vector<Repair>& PutRight(Record& record);
 
 private:
+    zorby::CFType MaterialOf(std::string_view leader) const;
     void FitLengths();
     void FitLength(CodedField& field);
     std::optional<FaultCode> WhyLeft(const CodedField& field);

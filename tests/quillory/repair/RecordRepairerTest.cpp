@@ -167,6 +167,16 @@ TEST_F(ValueTest, OfACountryOrLanguageIsCertain) {
     // Nobody writes German in Delaware.
     EXPECT_EQ(Repaired008(With(With(kBook, 15, "de "), 35, "ger")),
               With(With(kBook, 15, "gw "), 35, "ger"));
+    EXPECT_EQ(Repaired008(With(With(kBook, 15, "de "), 35, "DEU")),
+              With(With(kBook, 15, "gw "), 35, "ger"));
+}
+
+TEST_F(ValueTest, IsThatOfASerialByTheRepairedLeader) {
+    const std::string serial = "980930c19809999nyumr p       0   a0eng d";
+    EXPECT_EQ(Repaired008(serial, {}, "00000naS a2200000 i 4500"), serial);
+    EXPECT_EQ(said_, "case leader/07: S -> s\n");
+    const RepairOptions noCase{.classes = {.skip = {RepairClass::Case}}};
+    EXPECT_NE(Repaired008(serial, noCase, "00000naS a2200000 i 4500"), serial);
 }
 
 TEST_F(ValueTest, IsTheLibrarysWithStrict) {
@@ -237,6 +247,8 @@ TEST_F(RecordRepairerTest, LeavesAn008WhoseBytesHaveNoPlace) {
         {kBook.substr(0, 37), "37 bytes, the format has 40; too short to tell which byte is which"},
         // A byte too many in the middle moves the language.
         {" " + kBook,
+         "41 bytes, the format has 40, and country and language are not in their places"},
+        {kBook.substr(0, 35) + "beng  ",
          "41 bytes, the format has 40, and country and language are not in their places"},
         {kBook + "xy", "42 bytes, more than the format has, and they say something"},
         {"spa|  z927 x   955                 Sir  ",
@@ -497,7 +509,7 @@ TEST_F(RecordRepairerTest, OfAnyBytesIsDoneAtOnce) {
         std::string text(size, ' ');
         for (char& byte : text) {
             byte = random() % 4 == 0 ? static_cast<char>(random())
-                                     : "abcdefhijmnopqrsuvxz |0129-"[random() % 27];
+                                     : "abcdefhijmnopqrsuvxzBS |0129-"[random() % 29];
         }
         return text;
     };
