@@ -2,6 +2,7 @@
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/text/Marc8Escape.h>
 #include <quillory/text/Trimmed.h>
+#include <quillory/text/Utf8.h>
 #include <quillory/text/Visible.h>
 
 #include <algorithm>
@@ -13,11 +14,13 @@ namespace {
 
 constexpr std::size_t kDescriptiveForm = 18;  // in the Leader
 
-constexpr auto kControlSubfields = [] {
-    ByteSet codes;
-    for (const char code : std::string_view("0123456789uw")) codes.Add(code);
-    return codes;
-}();
+constexpr ByteSet SetOf(std::string_view bytes) {
+    ByteSet set;
+    for (const char byte : bytes) set.Add(byte);
+    return set;
+}
+
+constexpr ByteSet kControlSubfields = SetOf("0123456789uw");
 
 bool IsControlSubfield(char code) {
     return kControlSubfields.Has(code);
@@ -100,13 +103,35 @@ bool NeedsFinalMark(const CheckedField& field) {
            (end == End::FinalMarkOfHeading && (thesaurus == '0' || thesaurus == '1'));
 }
 
-// And any letter beyond ASCII.
-constexpr auto kFinalMarks = [] {
-    ByteSet marks;
-    for (const char mark : std::string_view(".?!-)]\"'>")) marks.Add(mark);
-    for (int byte = 0x80; byte <= 0xFF; ++byte) marks.Add(static_cast<char>(byte));
-    return marks;
-}();
+constexpr ByteSet kFinalMarks = SetOf(".?!-)]\"'>");
+
+// The letters of extended Latin, as ANSEL has them.
+constexpr ByteSet kLettersOfMarc8 = SetOf(
+    "\xA1\xA2\xA3\xA4\xA5\xA6\xAC\xAD\xB1\xB2\xB3\xB4\xB5\xB6\xB8\xBA\xBC\xBD\xC7");
+
+bool IsLatinLetter(char32_t codePoint) {
+    const bool isLatin = codePoint < 0x0250 || (0x1E00 <= codePoint && codePoint <= 0x1EFF);
+    const auto category = utf8proc_category(static_cast<utf8proc_int32_t>(codePoint));
+    return isLatin && (category == UTF8PROC_CATEGORY_LL || category == UTF8PROC_CATEGORY_LU);
+}
+
+// In UTF-8 or in MARC-8, whatever marks stand on the letter.
+bool EndsInLatinLetter(std::string_view text) {
+    while (!text.empty()) {
+        const Utf8Char last = DecodeUtf8(LastCharacter(text));
+        if (!last.valid) return kLettersOfMarc8.Has(text.back());
+        if (!IsCombining(last.codePoint)) return IsLatinLetter(last.codePoint);
+        text.remove_suffix(last.size);
+    }
+    return false;
+}
+
+// Beyond ASCII are marks and letters of other scripts, too, after which nothing is missing.
+bool HasFinalMark(std::string_view text) {
+    constexpr unsigned char kLastAscii = 0x7F;
+    const bool isAscii = static_cast<unsigned char>(text.back()) <= kLastAscii;
+    return isAscii ? kFinalMarks.Has(text.back()) : !EndsInLatinLetter(text);
+}
 
 void CheckEnd(const RecordInHand& record, const CheckedField& field, RemarkSink& remarks) {
     const auto subfields = record.SubfieldsOf(field);
@@ -118,7 +143,7 @@ void CheckEnd(const RecordInHand& record, const CheckedField& field, RemarkSink&
     const bool endsInAddress = !subfields.empty() && subfields.back().code == 'u';
     if (last == subfields.rend() || endsInAddress) return;
     const std::string_view text = TrimmedAtEnd(last->text);
-    if (text.empty() || kFinalMarks.Has(text.back())) return;
+    if (text.empty() || HasFinalMark(text)) return;
     const bool hasEscape = !field.isPlain && text.find(kEscape) != text.npos;
     if (hasEscape || text.find("://") != text.npos) return;
     remarks.Add(RuleId::FinalMark, field.GetPlace().Subfield(last->code));
