@@ -1,7 +1,9 @@
 #include <quillory/coded/Material.h>
 #include <quillory/exchange/RecordCharset.h>
 #include <quillory/rules/Inspector.h>
+#include <quillory/rules/StandardNumbers.h>
 #include <quillory/rules/Unimarc.h>
+#include <quillory/text/Ascii.h>
 #include <quillory/text/Trimmed.h>
 
 #include <algorithm>
@@ -180,7 +182,7 @@ void Inspector::NoteNumbers(RecordLook& look) const {
     if (!severity) return;
     record_.ForEachOf({20, 35}, [&](const CheckedField& field) {
         std::string_view text = record_.TextOf(field, 'a');
-        if (field.number == 20) text = text.substr(0, text.find(' '));
+        if (field.number == 20) text = IsbnAtFront(WithoutBlanks(text));
         if (text.empty()) return;
         const char kind = field.number == 20 ? 'i' : 's';
         look.numbers.push_back({RuleId::NumberRepeated, kind, text, field.GetPlace().Subfield('a'),

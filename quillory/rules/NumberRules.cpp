@@ -28,9 +28,8 @@ struct Divided {
 
 Divided DivideIsbn(std::string_view text) {
     text = Trimmed(text);
-    const auto end =
-        static_cast<std::size_t>(std::ranges::find_if_not(text, IsSignOfIsbn) - text.begin());
-    return {text.substr(0, end), Trimmed(text.substr(end))};
+    const std::string_view number = IsbnAtFront(text);
+    return {number, Trimmed(text.substr(number.size()))};
 }
 
 void AddFault(RuleId rule, const Place& place, std::string_view number, std::string fault,
@@ -69,7 +68,7 @@ void CheckIssn(const Place& place, std::string_view text, RemarkSink& remarks) {
     if (text.starts_with("ISSN ")) text.remove_prefix(5);
     auto [number, words] = DivideWords(text);
     // Punctuation before the next subfield is no part of the number.
-    while (!number.empty() && std::string_view(" ;:,.)").find(number.back()) != text.npos) {
+    while (!number.empty() && std::string_view(" ;:,.)=").find(number.back()) != text.npos) {
         number.remove_suffix(1);
     }
     std::string fault = FaultOfIssn(number);

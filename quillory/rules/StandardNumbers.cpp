@@ -11,12 +11,6 @@ constexpr std::size_t kEan = 13;
 constexpr std::size_t kUpc = 12;
 constexpr std::size_t kIssn = 8;
 
-std::string WithoutHyphens(std::string_view text) {
-    std::string number(text);
-    std::erase(number, '-');
-    return number;
-}
-
 std::string WithoutSigns(std::string_view text) {
     std::string number(text);
     std::erase_if(number, [](char c) { return c == '-' || c == ' '; });
@@ -50,34 +44,67 @@ std::string WrongCheckDigit(char right) {
     return std::string("the check digit would be ") + right;
 }
 
-std::string WrongSize(std::string_view digits, std::string_view sizes) {
-    return "it has " + std::to_string(digits.size()) + " digits; there are " + std::string(sizes);
-}
+constexpr std::string_view kOtherSigns = "it has other signs";
 
 char Upper(char c) {
     return c == 'x' ? 'X' : c;
 }
 
+// An X counts as a digit where the check digit may be one.
+std::string WrongSize(std::string_view number, bool mayEndInX, std::string_view sizes) {
+    std::string_view digits = number;
+    if (mayEndInX && !digits.empty() && Upper(digits.back()) == 'X') digits.remove_suffix(1);
+    if (!AreDigits(digits)) return std::string(kOtherSigns);
+    return "it has " + std::to_string(number.size()) + (number.size() == 1 ? " digit" : " digits") +
+           "; there are " + std::string(sizes);
+}
+
 std::string FaultOf11(std::string_view number) {
     const std::string_view digits = number.substr(0, number.size() - 1);
     const char last = Upper(number.back());
-    if (!AreDigits(digits) || (!IsDigit(last) && last != 'X')) return "it has other signs";
+    if (!AreDigits(digits) || (!IsDigit(last) && last != 'X')) return std::string(kOtherSigns);
     const char right = CheckDigit11(digits);
     return last == right ? std::string() : WrongCheckDigit(right);
 }
 
 std::string FaultOf10(std::string_view number) {
-    if (!AreDigits(number)) return "it has other signs";
+    if (!AreDigits(number)) return std::string(kOtherSigns);
     const char right = CheckDigit10(number.substr(0, number.size() - 1));
     return number.back() == right ? std::string() : WrongCheckDigit(right);
 }
 
+// Whether a number with signs between its groups has as many digits as an ISBN.
+bool HasSizeOfIsbn(std::string_view text) {
+    const auto signs = std::ranges::count_if(text, [](char c) { return c == '-' || c == ' '; });
+    const std::size_t digits = text.size() - static_cast<std::size_t>(signs);
+    return digits == kIsbn10 || digits == kEan;
+}
+
+// One of the dashes of Unicode, U+2010 to U+2015.
+bool StartsWithDash(std::string_view text) {
+    return text.size() > 2 && text.starts_with("\xE2\x80") && '\x90' <= text[2] && text[2] <= '\x95';
+}
+
 }  // namespace
 
+std::string_view IsbnAtFront(std::string_view text) {
+    const auto isSign = [](char c) { return IsDigit(c) || Upper(c) == 'X' || c == '-'; };
+    const auto frontOf = [text](auto isOfNumber) {
+        return std::string_view(text.begin(), std::ranges::find_if_not(text, isOfNumber));
+    };
+    const std::string_view number = frontOf(isSign);
+    if (number.size() == text.size() || HasSizeOfIsbn(number)) return number;
+    if (StartsWithDash(text.substr(number.size()))) return text.substr(0, text.find(' '));
+    const std::string_view groups =
+        WithoutBlanks(frontOf([&](char c) { return isSign(c) || c == ' '; }));
+    return HasSizeOfIsbn(groups) ? groups : number;
+}
+
 std::string FaultOfIsbn(std::string_view text) {
+    if (text.empty()) return "the text does not begin with a number";
     const std::string number = WithoutSigns(text);
     if (number.size() == kIsbn10) return FaultOf11(number);
-    if (number.size() != kEan) return WrongSize(number, "10 or 13 in an ISBN");
+    if (number.size() != kEan) return WrongSize(number, true, "10 or 13 in an ISBN");
     if (!number.starts_with("978") && !number.starts_with("979")) {
         return "an ISBN of 13 digits begins with 978 or 979";
     }
@@ -86,8 +113,8 @@ std::string FaultOfIsbn(std::string_view text) {
 
 std::string FaultOfIssn(std::string_view text) {
     constexpr std::size_t kHyphen = 4;
-    const std::string number = WithoutHyphens(text);
-    if (number.size() != kIssn) return WrongSize(number, "8 in an ISSN");
+    const std::string number = WithoutSigns(text);
+    if (number.size() != kIssn) return WrongSize(number, true, "8 in an ISSN");
     std::string fault = FaultOf11(number);
     if (!fault.empty()) return fault;
     const bool isWritten = text.size() == kIssn + 1 && text[kHyphen] == '-';
@@ -97,13 +124,13 @@ std::string FaultOfIssn(std::string_view text) {
 
 std::string FaultOfEan(std::string_view text) {
     const std::string number = WithoutSigns(text);
-    if (number.size() != kEan) return WrongSize(number, "13 in an EAN");
+    if (number.size() != kEan) return WrongSize(number, false, "13 in an EAN");
     return FaultOf10(number);
 }
 
 std::string FaultOfUpc(std::string_view text) {
     const std::string number = WithoutSigns(text);
-    if (number.size() != kUpc) return WrongSize(number, "12 in a UPC");
+    if (number.size() != kUpc) return WrongSize(number, false, "12 in a UPC");
     return FaultOf10(number);
 }
 

@@ -5,6 +5,10 @@
 
 namespace quillory {
 
+// The ISBN at the front of a text, before any words: digits, X and hyphens, and blanks where a
+// number of 10 or 13 digits has them between its groups. Empty for a text that begins otherwise.
+std::string_view IsbnAtFront(std::string_view text);
+
 // What is wrong with a number, in words that follow the number; empty if nothing is. Each takes the
 // number alone.
 

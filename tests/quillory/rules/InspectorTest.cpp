@@ -142,6 +142,8 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         // Numbers and addresses.
         {"020", {"020  $a9780596000272"}, "isbn-invalid 020 $a"},
         {"020", {"020  $a978-0-596-00027-1"}, ""},
+        {"020", {"020  $a0 596 00027 8 (pbk.)"}, "isbn-with-text 020 $a"},
+        {"020", {"020  $a0596000278 500"}, "isbn-with-text 020 $a"},
         {"020", {"020  $a0596000278 (pbk.)", "020  $zwrong"}, "isbn-with-text 020 $a"},
         {"020", {"020  $a080442957X", "020  $c9.95"}, ""},
         {"020", {"020  $a080442957X :$c9.95"}, ""},
@@ -284,6 +286,15 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
          "$q, a price to $c [isbn-with-text]"},
         {"020  $a0596000279",
          "020[2] $a: warning: 0596000279: the check digit would be 8 [isbn-invalid]"},
+        {"020  $aISBN 0596000278",
+         "020[2] $a: warning: ISBN 0596000278: the text does not begin with a number "
+         "[isbn-invalid]"},
+        {"020  $a978\u20130596000271",
+         "020[2] $a: warning: 978\u20130596000271: it has other signs [isbn-invalid]"},
+        {"020  $a1",
+         "020[2] $a: warning: 1: it has 1 digit; there are 10 or 13 in an ISBN [isbn-invalid]"},
+        {"022  $a1050 124x",
+         "022 $a: warning: 1050 124x: it would be 1050-124x [issn-invalid]"},
         {"022  $a0046225X", "022 $a: warning: 0046225X: it would be 0046-225X [issn-invalid]"},
         {"022  $a0046-225X (print)",
          "022 $a: warning: 0046-225X: \"(print)\" is no part of an ISSN [issn-invalid]"},
@@ -291,7 +302,7 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
          "024 $a: warning: 9780596000271: words such as \"(disc)\" go to $q "
          "[standard-number-invalid]"},
         {"0241 $a036000/1",
-         "024 $a: warning: 036000/1: it has 8 digits; there are 12 in a UPC "
+         "024 $a: warning: 036000/1: it has other signs "
          "[standard-number-invalid]"},
         {"88010$6245-07$aX",
          "880 $6: warning: \"245-07\" has no partner; the record needs a field 245 with $6 880-07 "
@@ -421,6 +432,13 @@ TEST_F(InspectorTest, MarksAreAskedForWhereTheLeaderPromisesThem) {
         {'a', "65007$aWest$2fast", ""},
         {'a', "650 0$aWest", "final-mark-missing 650 $a"},
         {'a', "500  $aSee https://example.org/a", ""},
+        // A letter with a mark, composed, decomposed and in MARC-8; other scripts and marks.
+        {'a', "500  $aPar Chass\u00E9", "final-mark-missing 500 $a"},
+        {'a', "500  $aPar Chasse\u0301", "final-mark-missing 500 $a"},
+        {'a', "500  $aPar Chass\xE2" "e", "final-mark-missing 500 $a"},
+        {'a', "500  $aPaa Troms\xB2", "final-mark-missing 500 $a"},
+        {'a', "500  $a\u0417\u0430\u0433\u043B", ""},
+        {'a', "500  $aSo \u00ABso\u00BB", ""},
     };
     for (const auto& row : kCases) {
         const TestRecord test({std::string("LDR00000nam  2200000 ") + row.form + " 4500", row.line},
@@ -498,6 +516,8 @@ TEST_F(InspectorTest, NumbersThatWereMetAreNamedWithTheirFile) {
                         Lists());
     const TestRecord one({"001a", "020  $a9780596000271 (pbk.)", "035  $a(X)1"}, '$');
     const TestRecord other({"001b", "020  $a9780596000271", "020  $a9780596000271"}, '$');
+    EXPECT_EQ(Found(inspector, TestRecord({"020  $a978 0 596 00027 1"}, '$').record, 5), "");
+    EXPECT_EQ(Found(inspector, TestRecord({"020  $a978 0 13 110362 7"}, '$').record, 6), "");
     inspector.BeginFile("one.mrc");
     EXPECT_EQ(Found(inspector, one.record, 7), "");
     EXPECT_EQ(Found(inspector, other.record, 9),
