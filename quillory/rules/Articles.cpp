@@ -17,17 +17,24 @@ struct LanguageArticles {
 // languages of the Latin script, and articles in letters of ASCII.
 constexpr std::array kLanguages = std::to_array<LanguageArticles>({
     {"afr", "die 'n"},
+    {"ara", "al- el-"},
     {"cat", "el els en l' la les lo los un una unes uns"},
     {"dan", "de den det en et"},
-    {"dut", "de een het 's 't"},
+    {"dut", "de een eene het 'n 't"},
     {"eng", "a an the"},
     {"epo", "la"},
     {"fre", "l' la le les un une"},
-    {"ger", "das dem den der des die ein eine einem einen einer eines"},
+    {"ger", "das dem den der des die ein eine einem einen einer eines 's"},
+    {"gla", "am an na"},
+    {"gle", "an na"},
     {"glg", "a as o os unha un"},
     {"gre", "ho he to hoi hai ta"},
+    {"haw", "he ka ke na o"},
+    {"heb", "ha- he-"},
     {"hun", "a az egy"},
     {"ita", "gl' gli i il l' la le lo un un' una uno"},
+    {"mao", "he nga te"},
+    {"mlt", "il- l-"},
     {"nor", "de dei den det ei en et eit"},
     {"nno", "den det dei ein ei eit"},
     {"nob", "de den det en et ei"},
@@ -36,17 +43,23 @@ constexpr std::array kLanguages = std::to_array<LanguageArticles>({
     {"rum", "o un una"},
     {"spa", "el la las lo los un una unas unos"},
     {"swe", "de den det en ett"},
+    {"tgl", "ang mga"},
     {"wel", "y yr"},
     {"yid", "a an der di dem dos"},
 });
 
 // Names and phrases that begin with a word that is an article elsewhere.
-constexpr std::array<std::string_view, 15> kNoArticles{
-    "a is ",        "a to ",       "a priori",  "a cappella",   "a la ",
-    "a posteriori", "los angeles", "las vegas", "el paso",      "el salvador",
-    "la paz",       "le havre",    "le mans",   "le corbusier", "la rochelle"};
+constexpr auto kNoArticles = std::to_array<std::string_view>({
+    "a & ",        "a and ",      "a cappella", "a capella",    "a contrario", "a fortiori",
+    "a is ",       "a la ",       "a level",    "a posteriori", "a priori",    "a propos",
+    "a to ",       "den haag",    "des moines", "el cairo",     "el escorial", "el greco",
+    "el paso",     "el salvador", "l'aquila",   "la fontaine",  "la habana",   "la haya",
+    "la haye",     "la mancha",   "la paz",     "la plata",     "la rioja",    "la rochefoucauld",
+    "la rochelle", "la spezia",   "las palmas", "las vegas",    "le caire",    "le corbusier",
+    "le havre",    "le mans",     "los alamos", "los angeles",
+});
 
-constexpr std::string_view kSignsBefore = "\"'[(<.";
+constexpr std::string_view kSignsBefore = "\"'[(<. ";
 constexpr std::string_view kSignsAfter = "\"'[(<.-";
 
 bool BeginsWith(std::string_view text, std::string_view word) {
@@ -55,16 +68,18 @@ bool BeginsWith(std::string_view text, std::string_view word) {
 }
 
 bool IsJoined(std::string_view article) {
-    return article.back() == '\'';
+    return article.back() == '\'' || article.back() == '-';
 }
 
-// The article stands at the front and is followed by a blank, or by the word that it is joined to.
+// The article stands at the front and is followed by a blank, "]" and a blank, or the word that it
+// is joined to.
 bool IsAt(std::string_view text, std::string_view article) {
     if (text.size() <= article.size() + 1 || LowerAscii(text.front()) != article.front()) {
         return false;
     }
     if (!BeginsWith(text, article)) return false;
-    return IsJoined(article) ? text[article.size()] != ' ' : text[article.size()] == ' ';
+    const std::string_view rest = text.substr(article.size());
+    return IsJoined(article) ? rest.front() != ' ' : rest.front() == ' ' || rest.starts_with("] ");
 }
 
 bool IsNoArticle(std::string_view text) {
@@ -92,12 +107,16 @@ std::size_t StartOf(std::string_view title) {
     return static_cast<std::size_t>(std::ranges::find_if_not(title, isSign) - title.begin());
 }
 
+// The last of the signs before it may be part of the article: "'t".
 Article FindAt(std::string_view title, std::size_t start, std::string_view articles) {
-    const std::string_view text = title.substr(start);
-    const std::string_view word = FindArticle(text, articles);
-    if (word.empty() || IsNoArticle(text)) return {};
-    const std::size_t end = start + word.size();
-    const std::size_t size = std::min(title.find_first_not_of(' ', end), title.size());
+    std::string_view word;
+    if (start != 0 && IsJoined(title.substr(0, start))) {
+        word = FindArticle(title.substr(start - 1), articles);
+    }
+    if (word.empty()) word = FindArticle(title.substr(start), articles);
+    if (word.empty() || IsNoArticle(title.substr(start))) return {};
+    const auto end = static_cast<std::size_t>(word.data() - title.data()) + word.size();
+    const std::size_t size = std::min(title.find_first_not_of("] ", end), title.size());
     return {word, size, std::min(title.find_first_not_of(kSignsAfter, size), title.size())};
 }
 

@@ -106,8 +106,8 @@ bool NeedsFinalMark(const CheckedField& field) {
 constexpr ByteSet kFinalMarks = SetOf(".?!-)]\"'>");
 
 // The letters of extended Latin, as ANSEL has them.
-constexpr ByteSet kLettersOfMarc8 = SetOf(
-    "\xA1\xA2\xA3\xA4\xA5\xA6\xAC\xAD\xB1\xB2\xB3\xB4\xB5\xB6\xB8\xBA\xBC\xBD\xC7");
+constexpr ByteSet kLettersOfMarc8 =
+    SetOf("\xA1\xA2\xA3\xA4\xA5\xA6\xAC\xAD\xB1\xB2\xB3\xB4\xB5\xB6\xB8\xBA\xBC\xBD\xC7");
 
 bool IsLatinLetter(char32_t codePoint) {
     const bool isLatin = codePoint < 0x0250 || (0x1E00 <= codePoint && codePoint <= 0x1EFF);

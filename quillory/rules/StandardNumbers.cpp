@@ -82,7 +82,8 @@ bool HasSizeOfIsbn(std::string_view text) {
 
 // One of the dashes of Unicode, U+2010 to U+2015.
 bool StartsWithDash(std::string_view text) {
-    return text.size() > 2 && text.starts_with("\xE2\x80") && '\x90' <= text[2] && text[2] <= '\x95';
+    return text.size() > 2 && text.starts_with("\xE2\x80") && '\x90' <= text[2] &&
+           text[2] <= '\x95';
 }
 
 }  // namespace

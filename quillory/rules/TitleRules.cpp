@@ -67,12 +67,12 @@ bool IsSizeOf(const Article& article, std::size_t size) {
 // What is wrong with a count; empty if nothing is certain.
 std::string FaultOfCount(std::string_view title, std::size_t count, std::string_view language,
                          bool keepsArticle) {
-    constexpr std::size_t kLooked = 16;
     if (count >= title.size()) {
-        return "the title has " + std::to_string(title.size()) + " characters";
+        return "the title has " + std::to_string(title.size()) +
+               (title.size() == 1 ? " character" : " characters");
     }
     if (count == 0 && !keepsArticle) return {};
-    if (!IsPlain(title.substr(0, kLooked))) return {};
+    if (!IsPlain(title.substr(0, count))) return {};
     const Article own = ArticleOf(title, language);
     if (count == 0) return own.word.empty() ? std::string() : WouldBe(own);
     if (IsSizeOf(own, count) || IsSizeOf(ArticleOfAnyLanguage(title), count)) return {};
