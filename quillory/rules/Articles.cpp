@@ -35,9 +35,9 @@ constexpr std::array kLanguages = std::to_array<LanguageArticles>({
     {"ita", "gl' gli i il l' la le lo un un' una uno"},
     {"mao", "he nga te"},
     {"mlt", "il- l-"},
-    {"nor", "de dei den det ei en et eit"},
     {"nno", "den det dei ein ei eit"},
     {"nob", "de den det en et ei"},
+    {"nor", "de dei den det ei en et eit"},
     {"oci", "l' la las le lo los un una"},
     {"por", "a as o os um uma umas uns"},
     {"rum", "o un una"},
@@ -47,6 +47,15 @@ constexpr std::array kLanguages = std::to_array<LanguageArticles>({
     {"wel", "y yr"},
     {"yid", "a an der di dem dos"},
 });
+
+static_assert(std::ranges::is_sorted(kLanguages, {}, &LanguageArticles::language));
+
+// Null for a language whose articles are not known.
+const LanguageArticles* FindLanguage(std::string_view language) {
+    const auto* found =
+        std::ranges::lower_bound(kLanguages, language, {}, &LanguageArticles::language);
+    return found == kLanguages.end() || found->language != language ? nullptr : found;
+}
 
 // Names and phrases that begin with a word that is an article elsewhere.
 constexpr auto kNoArticles = std::to_array<std::string_view>({
@@ -82,9 +91,12 @@ bool IsAt(std::string_view text, std::string_view article) {
     return IsJoined(article) ? rest.front() != ' ' : rest.front() == ' ' || rest.starts_with("] ");
 }
 
+// For a text that is not empty.
 bool IsNoArticle(std::string_view text) {
-    return std::ranges::any_of(
-        kNoArticles, [text](std::string_view phrase) { return BeginsWith(text, phrase); });
+    const char first = LowerAscii(text.front());
+    return std::ranges::any_of(kNoArticles, [&](std::string_view phrase) {
+        return phrase.front() == first && BeginsWith(text, phrase);
+    });
 }
 
 std::string_view FindArticle(std::string_view text, std::string_view articles) {
@@ -123,12 +135,12 @@ Article FindAt(std::string_view title, std::size_t start, std::string_view artic
 }  // namespace
 
 bool KnowsArticlesOf(std::string_view language) {
-    return std::ranges::find(kLanguages, language, &LanguageArticles::language) != kLanguages.end();
+    return FindLanguage(language) != nullptr;
 }
 
 Article ArticleOf(std::string_view title, std::string_view language) {
-    const auto* known = std::ranges::find(kLanguages, language, &LanguageArticles::language);
-    return known == kLanguages.end() ? Article{} : FindAt(title, StartOf(title), known->articles);
+    const LanguageArticles* known = FindLanguage(language);
+    return known == nullptr ? Article{} : FindAt(title, StartOf(title), known->articles);
 }
 
 Article ArticleOfAnyLanguage(std::string_view title) {

@@ -1,3 +1,4 @@
+#include <quillory/checks/ByteSet.h>
 #include <quillory/rules/StandardNumbers.h>
 #include <quillory/text/Ascii.h>
 
@@ -73,11 +74,32 @@ std::string FaultOf10(std::string_view number) {
     return number.back() == right ? std::string() : WrongCheckDigit(right);
 }
 
-// Whether a number with signs between its groups has as many digits as an ISBN.
-bool HasSizeOfIsbn(std::string_view text) {
-    const auto signs = std::ranges::count_if(text, [](char c) { return c == '-' || c == ' '; });
-    const std::size_t digits = text.size() - static_cast<std::size_t>(signs);
+constexpr ByteSet SetOfSigns(std::string_view signs) {
+    ByteSet set;
+    for (const char sign : signs) set.Add(sign);
+    return set;
+}
+
+constexpr ByteSet kSignsOfIsbn = SetOfSigns("0123456789Xx-");
+constexpr ByteSet kSignsOfGroups = SetOfSigns("0123456789Xx- ");
+
+// The signs at the front of a text.
+std::string_view FrontOf(std::string_view text, const ByteSet& signs) {
+    const char* end = text.data();
+    const char* const last = end + text.size();
+    while (end != last && signs.Has(*end)) ++end;
+    return {text.data(), end};
+}
+
+bool IsSizeOfIsbn(std::size_t digits) {
     return digits == kIsbn10 || digits == kEan;
+}
+
+// Whether a number has as many digits as an ISBN, with or without signs between its groups.
+bool HasSizeOfIsbn(std::string_view number) {
+    if (IsSizeOfIsbn(number.size())) return true;
+    const auto signs = std::ranges::count_if(number, [](char c) { return c == '-' || c == ' '; });
+    return IsSizeOfIsbn(number.size() - static_cast<std::size_t>(signs));
 }
 
 // One of the dashes of Unicode, U+2010 to U+2015.
@@ -89,15 +111,11 @@ bool StartsWithDash(std::string_view text) {
 }  // namespace
 
 std::string_view IsbnAtFront(std::string_view text) {
-    const auto isSign = [](char c) { return IsDigit(c) || Upper(c) == 'X' || c == '-'; };
-    const auto frontOf = [text](auto isOfNumber) {
-        return std::string_view(text.begin(), std::ranges::find_if_not(text, isOfNumber));
-    };
-    const std::string_view number = frontOf(isSign);
-    if (number.size() == text.size() || HasSizeOfIsbn(number)) return number;
-    if (StartsWithDash(text.substr(number.size()))) return text.substr(0, text.find(' '));
-    const std::string_view groups =
-        WithoutBlanks(frontOf([&](char c) { return isSign(c) || c == ' '; }));
+    const std::string_view number = FrontOf(text, kSignsOfIsbn);
+    const std::string_view rest = text.substr(number.size());
+    if (rest.empty() || HasSizeOfIsbn(number)) return number;
+    if (StartsWithDash(rest)) return text.substr(0, text.find(' '));
+    const std::string_view groups = WithoutBlanks(FrontOf(text, kSignsOfGroups));
     return HasSizeOfIsbn(groups) ? groups : number;
 }
 
