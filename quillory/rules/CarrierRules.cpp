@@ -46,7 +46,18 @@ constexpr std::array kCarrierWords = std::to_array<CarrierWords>({
 
 constexpr std::string_view kUnspecified = "zu";  // a carrier of any media
 
-using CodeList = std::vector<std::string_view>;
+struct MediaCode {
+    std::string_view code;
+    const CheckedField* field;
+
+    Place GetPlace() const { return field->GetPlace().Subfield('b'); }
+};
+
+using CodeList = std::vector<MediaCode>;
+
+bool Has(const CodeList& codes, std::string_view code) {
+    return std::ranges::find(codes, code, &MediaCode::code) != codes.end();
+}
 
 // The codes of a field of the RDA lists that the lists have.
 CodeList CodesOf(const RecordInHand& record, unsigned tag) {
@@ -54,7 +65,7 @@ CodeList CodesOf(const RecordInHand& record, unsigned tag) {
     record.ForEachOf({tag}, [&](const CheckedField& field) {
         for (const auto& [subfield, text] : record.SubfieldsOf(field)) {
             if (subfield == 'b' && !MediaTermOf(tag, Trimmed(text)).empty()) {
-                codes.push_back(Trimmed(text));
+                codes.push_back({Trimmed(text), &field});
             }
         }
     });
@@ -79,9 +90,9 @@ void CheckContent(const RecordInHand& record, RemarkSink& remarks) {
     });
     if (type == '\0' || row == kContentOfTypes.end()) return;
     const auto fits = [row](std::string_view code) { return IsAmong(code, row->codes); };
-    if (std::ranges::any_of(codes, fits)) return;
-    remarks.Add(RuleId::ContentAgainstType, Place::OfField(336U, 1).Subfield('b'),
-                '"' + std::string(MediaTermOf(336, codes.front())) + '"',
+    if (std::ranges::any_of(codes, fits, &MediaCode::code)) return;
+    remarks.Add(RuleId::ContentAgainstType, codes.front().GetPlace(),
+                '"' + std::string(MediaTermOf(336, codes.front().code)) + '"',
                 std::string(1, type) + " (" + std::string(row->name) + "), which goes with \"" +
                     std::string(MediaTermOf(336, row->codes.substr(0, 3))) + '"');
 }
@@ -89,12 +100,13 @@ void CheckContent(const RecordInHand& record, RemarkSink& remarks) {
 void CheckMedia(const RecordInHand& record, const CodeList& carriers, RemarkSink& remarks) {
     const CodeList media = CodesOf(record, 337);
     if (media.empty()) return;
-    for (const std::string_view carrier : carriers) {
-        if (carrier == kUnspecified) continue;
-        const std::string_view own(carrier.front() == 'm' ? "g" : carrier.substr(0, 1));
-        if (std::ranges::find(media, own) != media.end()) continue;
-        remarks.Add(RuleId::CarrierAgainstMedia, Place::OfField(338U, 1).Subfield('b'),
-                    '"' + std::string(MediaTermOf(338, carrier)) + '"',
+    for (const MediaCode& carrier : carriers) {
+        if (carrier.code == kUnspecified) continue;
+        const char letter = MediaOf(carrier.code);
+        const std::string_view own(&letter, 1);
+        if (Has(media, own)) continue;
+        remarks.Add(RuleId::CarrierAgainstMedia, carrier.GetPlace(),
+                    '"' + std::string(MediaTermOf(338, carrier.code)) + '"',
                     '"' + std::string(MediaTermOf(337, own)) + '"');
     }
 }
@@ -111,7 +123,7 @@ void CheckExtent(const RecordInHand& record, const CodeList& carriers, RemarkSin
         for (const auto& row : kCarrierWords) {
             const auto isNamed = [&](std::string_view code) { return IsAmong(code, row.codes); };
             if (!NamesCarrier(extent, row.words)) continue;
-            if (std::ranges::any_of(carriers, isNamed)) continue;
+            if (std::ranges::any_of(carriers, isNamed, &MediaCode::code)) continue;
             remarks.Add(RuleId::CarrierAgainstExtent, field.GetPlace().Subfield('a'),
                         '"' + std::string(row.words) + '"',
                         '"' + std::string(MediaTermOf(338, row.codes.substr(0, 2))) + '"');
@@ -146,10 +158,10 @@ bool HasCategory(const RecordInHand& record, char media) {
 void Check007(const RecordInHand& record, const CodeList& carriers, RemarkSink& remarks) {
     for (const char media : std::string_view("chgsv")) {
         const auto isOfMedia = [media](std::string_view code) { return MediaOf(code) == media; };
-        const auto carrier = std::ranges::find_if(carriers, isOfMedia);
+        const auto carrier = std::ranges::find_if(carriers, isOfMedia, &MediaCode::code);
         if (carrier == carriers.end() || HasCategory(record, media)) continue;
         remarks.Add(RuleId::CarrierWithout007, Place::OfField(7U, 0),
-                    '"' + std::string(MediaTermOf(338, *carrier)) + '"');
+                    '"' + std::string(MediaTermOf(338, carrier->code)) + '"');
     }
 }
 
@@ -174,10 +186,10 @@ void CheckFormOfItem(const RecordInHand& record, const CodeList& carriers, Remar
     if (form.field == nullptr || form.value == '|') return;
     const Place place = form.field->GetPlace().Positions(form.position, form.position);
     const bool isOnline =
-        std::ranges::all_of(carriers, [](std::string_view c) { return c == "cr"; });
-    if (form.value == 'o' && std::ranges::find(carriers, "cr") == carriers.end()) {
+        std::ranges::all_of(carriers, [](const auto& carrier) { return carrier.code == "cr"; });
+    if (form.value == 'o' && !Has(carriers, "cr")) {
         remarks.Add(RuleId::FormAgainstCarrier, place, "\"o\" (online)",
-                    '"' + std::string(MediaTermOf(338, carriers.front())) + '"');
+                    '"' + std::string(MediaTermOf(338, carriers.front().code)) + '"');
     } else if (isOnline && form.value != 'o' && form.value != 's') {
         remarks.Add(RuleId::FormAgainstCarrier, place, std::string("\"") + form.value + '"',
                     "\"online resource\", which is o");

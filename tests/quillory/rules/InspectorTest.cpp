@@ -233,7 +233,7 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"336", {"336  $btxt$2rdacontent", "336  $bprm$2rdacontent"}, ""},
         {"338",
          {"338  $bnc$2rdacarrier", "338  $bsd$2rdacarrier"},
-         "carrier-against-media 338 $b; carrier-without-007 007"},
+         "carrier-against-media 338[2] $b; carrier-without-007 007"},
         {"300337338",
          {"300  $a1 Online Resource", "337  $bn$2rdamedia", "338  $bnc$2rdacarrier"},
          "carrier-against-extent 300 $a"},
