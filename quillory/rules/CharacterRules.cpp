@@ -29,7 +29,29 @@ std::string_view FaultOf(char32_t codePoint) {
     }
 }
 
+// Whether the bytes beyond ASCII are characters of UTF-8, and there are any.
+bool IsUtf8(const RecordInHand& inHand) {
+    Utf8Counts counts;
+    for (const CheckedField& field : inHand.Fields()) {
+        if (!field.isPlain) CountUtf8(field.content, counts);
+        if (counts.invalid > 0) return false;
+    }
+    return counts.valid > 0;
+}
+
 }  // namespace
+
+Charset CharacterRules::CharsetOf(const RecordInHand& inHand, RemarkSink& remarks) {
+    const char label = inHand.LeaderByte(zorby::kLeaderCharacterCode);
+    if (label == LabelFor(kCharsetUtf8)) return kCharsetUtf8;
+    if (inHand.IsPlain() || !IsUtf8(inHand)) return kCharsetMarc8;
+    if (label == LabelFor(kCharsetMarc8)) {
+        constexpr int kAt = zorby::kLeaderCharacterCode;
+        remarks.Add(RuleId::CharsetWrong, Place::OfLeader().Positions(kAt, kAt), {},
+                    {'"', LabelFor(kCharsetUtf8), '"'});
+    }
+    return kCharsetUtf8;
+}
 
 // Printable ASCII has nothing that could be wrong.
 void CharacterRules::Check(const Record& record, const RecordInHand& inHand, Charset charset,

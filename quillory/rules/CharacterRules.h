@@ -10,6 +10,9 @@ namespace quillory {
 // defines, and what MARC-8 lacks.
 class CharacterRules {
 public:
+    // The character set of a record's bytes. One that says MARC-8 and is in UTF-8 is remarked on.
+    static Charset CharsetOf(const RecordInHand& inHand, RemarkSink& remarks);
+
     // Nothing is found in other character sets. `inHand` is the record taken apart.
     void Check(const Record& record, const RecordInHand& inHand, Charset charset,
                RemarkSink& remarks);

@@ -1,5 +1,4 @@
 #include <quillory/coded/Material.h>
-#include <quillory/exchange/RecordCharset.h>
 #include <quillory/rules/Inspector.h>
 #include <quillory/rules/StandardNumbers.h>
 #include <quillory/rules/Unimarc.h>
@@ -98,7 +97,9 @@ void Inspector::Look(const Record& record, RecordLook& look) {
     inHand.Take(record);
     look.isUnimarc = IsUnimarc(inHand);
     if (look.isUnimarc) return;
-    characters_.Check(record, inHand, CharsetOf(record), sink);
+    const bool isSaid = options_.charset != kCharsetAuto;
+    const Charset charset = isSaid ? options_.charset : CharacterRules::CharsetOf(inHand, sink);
+    characters_.Check(record, inHand, charset, sink);
     if (isBibliographic) {
         CheckBibliographic(look, sink);
     } else {
@@ -160,11 +161,6 @@ void Inspector::TakeFindings(const Record& record, const RecordInHand& inHand,
         const RuleId rule = RuleOf(finding.code).id;
         if (!IsMoot(rule, inHand)) remarks.Add(rule, finding.place);
     }
-}
-
-Charset Inspector::CharsetOf(const Record& record) const {
-    if (options_.charset != kCharsetAuto) return options_.charset;
-    return record.leader[zorby::kLeaderCharacterCode] == 'a' ? kCharsetUtf8 : kCharsetMarc8;
 }
 
 void Inspector::NoteControlNumber(const Record& record, RecordLook& look) const {

@@ -61,7 +61,6 @@ public:
 private:
     void CheckBibliographic(RecordLook& look, RemarkSink& remarks);
     void TakeFindings(const Record& record, const RecordInHand& inHand, RemarkSink& remarks);
-    Charset CharsetOf(const Record& record) const;
     void NoteControlNumber(const Record& record, RecordLook& look) const;
     void NoteNumbers(RecordLook& look) const;
 

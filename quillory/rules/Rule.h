@@ -56,6 +56,7 @@ enum class RuleId : std::uint16_t {
     Unimarc,
     ControlNumberRepeated,
     InvalidBytes,
+    CharsetWrong,
     CharacterUndefined,
     OutsideMarc8,
     NumberRepeated,

@@ -507,15 +507,18 @@ TEST_F(InspectorTest, CharactersAreLookedAtInTheirSet) {
         {'a', "1901\u20131910", "outside-marc8 500 $a"},
         {' ', "caf\342e \033(Nabc\033(B", ""},
         {' ', "a\377z", "character-undefined 500 $a"},
+        {' ', "\u017Di\u017Eek", "charset-wrong leader/09"},
+        {' ', "caf\u00E9 \342e", ""},
+        {'0', "\u017Di\u017Eek", ""},
     };
     for (const auto& row : kCases) {
         const TestRecord test({std::string("LDR00000nam ") + row.coding + "2200000 c 4500",
                                std::string("500  $a") + row.text},
                               '$');
-        EXPECT_EQ(
-            Found(test.record,
-                  {{{"outside-marc8", "note"}}, {"character-undefined", "outside-marc8"}, {}}),
-            row.found)
+        EXPECT_EQ(Found(test.record, {{{"outside-marc8", "note"}},
+                                      {"character-undefined", "outside-marc8", "charset-wrong"},
+                                      {}}),
+                  row.found)
             << row.text;
     }
     const TestRecord dash({"LDR00000nam a2200000 c 4500", "500  $a\u2013"}, '$');
