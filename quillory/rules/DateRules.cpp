@@ -44,11 +44,15 @@ bool IsYearOfDate(std::string_view date) {
     return std::ranges::all_of(date, [](char c) { return IsDigit(c) || c == 'u'; });
 }
 
+// From 01 on.
+bool IsNumberTo(std::string_view last, std::string_view digits) {
+    return AreDigits(digits) && "01" <= digits && digits <= last;
+}
+
 bool IsMonthAndDay(std::string_view date) {
-    const std::string_view month = date.substr(0, 2);
     const std::string_view day = date.substr(2);
-    const bool hasDay = IsAll(day, ' ') || std::ranges::all_of(day, IsDigit);
-    return IsAll(date, ' ') || (std::ranges::all_of(month, IsDigit) && month <= "12" && hasDay);
+    const bool hasDay = IsAll(day, ' ') || IsNumberTo("31", day);
+    return IsAll(date, ' ') || (IsNumberTo("12", date.substr(0, 2)) && hasDay);
 }
 
 bool Is(DateKind kind, std::string_view date) {

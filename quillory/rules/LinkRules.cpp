@@ -134,6 +134,12 @@ void AddMalformed(const CheckedField& field, std::string_view text, const std::o
                 std::move(right));
 }
 
+void AddUnlinked(const CheckedField& field, RemarkSink& remarks) {
+    remarks.Add(RuleId::LinkMalformed, field.GetPlace(),
+                "the field lacks $6, which names the field that it belongs to",
+                "it would be like 245-01/$1");
+}
+
 bool ArePartners(const Link& one, const Link& other) {
     return one.field->number == other.tag && one.tag == other.field->number &&
            one.number == other.number;
@@ -149,14 +155,26 @@ void CheckPartner(const Link& link, const std::vector<Link>& links, RemarkSink& 
                     std::string(link.number));
 }
 
+// $5 says whose field it is, $6 and $8 link it: none of them says anything by itself.
+constexpr auto kLinkCodes = [] {
+    ByteSet codes;
+    for (const char code : std::string_view("568")) codes.Add(code);
+    return codes;
+}();
+
 }  // namespace
 
 void CheckLinks(const RecordInHand& record, RemarkSink& remarks) {
     std::vector<Link> links;
     for (const CheckedField& field : record.Fields()) {
-        if (!field.Has('6')) continue;
+        if (!field.Has('6')) {
+            if (field.number == kLinkedTag) AddUnlinked(field, remarks);
+            continue;
+        }
         const bool isOfTheFormat = field.IsData() && !field.rule->hasAnyCodes;
         if (!isOfTheFormat) continue;
+        const bool isLinkAlone = field.codes.IsWithin(kLinkCodes) && !field.lacksText;
+        if (isLinkAlone) remarks.Add(RuleId::FieldEmpty, field.GetPlace());
         for (const auto& [code, text] : record.SubfieldsOf(field)) {
             if (code != '6') continue;
             const auto link = LinkOf(field, text);
