@@ -102,6 +102,23 @@ bool IsSchemeSign(char c) {
            c == '-' || c == '.';
 }
 
+// Addresses of these schemes name a server.
+bool NamesServer(std::string_view scheme) {
+    constexpr std::string_view kSchemes[] = {"http", "https", "ftp"};
+    const auto isSame = [scheme](std::string_view other) {
+        return std::ranges::equal(scheme, other, {}, LowerAscii);
+    };
+    return std::ranges::any_of(kSchemes, isSame);
+}
+
+// What follows the colon of the scheme. "//http:" has a port without a number.
+bool HasServer(std::string_view rest) {
+    if (!rest.starts_with("//")) return false;
+    rest.remove_prefix(2);
+    const std::string_view server = rest.substr(0, rest.find_first_of("/?#"));
+    return !server.empty() && server.back() != ':';
+}
+
 void CheckUrl(const Place& place, std::string_view text, RemarkSink& remarks) {
     const std::string_view url = Trimmed(text);
     const std::string_view scheme = url.substr(0, url.find(':'));
@@ -110,6 +127,9 @@ void CheckUrl(const Place& place, std::string_view text, RemarkSink& remarks) {
     if (!hasScheme) {
         remarks.Add(RuleId::UrlMalformed, place, Visible(url),
                     "a URL begins with a scheme such as https://");
+    } else if (NamesServer(scheme) && !HasServer(url.substr(scheme.size() + 1))) {
+        remarks.Add(RuleId::UrlMalformed, place, Visible(url),
+                    "the scheme is followed by :// and the name of a server");
     } else if (url.find_first_of(" \"<>") != url.npos) {
         remarks.Add(RuleId::UrlMalformed, place, Visible(url),
                     "a URL has no blanks, quotation marks or angle brackets");

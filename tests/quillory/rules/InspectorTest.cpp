@@ -153,6 +153,9 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"", {"0242 $aM230671187", "0247 $a10.1000/1$2doi"}, ""},
         {"856", {"85640$uexample.org"}, "url-malformed 856 $u"},
         {"856", {"85640$uhttps://example.org/a b"}, "url-malformed 856 $u"},
+        {"856", {"85640$uhttp:/example.org"}, "url-malformed 856 $u"},
+        {"856", {"85640$uhttp://https://example.org"}, "url-malformed 856 $u"},
+        {"856", {"85640$uHTTP://example.org:80", "85640$uurn:isbn:0596000278"}, ""},
         // Titles and series.
         {"245", {"24510$aThe rivers"}, "nonfiling-count 245/2"},
         {"245", {"24515$aThe rivers"}, "nonfiling-count 245/2"},
