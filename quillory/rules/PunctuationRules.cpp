@@ -43,7 +43,7 @@ std::string Shown(const IsbdMark& mark) {
     return text;
 }
 
-// In brackets, what follows needs no mark before it: "$c(Spirit)".
+// In brackets, what follows needs no mark before it: "$c(Spirit)", "$g(bulk 1950-1955)".
 bool StandsAlone(std::string_view text) {
     return text.starts_with('(') || text.starts_with('[');
 }
@@ -53,7 +53,8 @@ void CheckBetween(char form, const CheckedField& field, const SubfieldInHand& on
                   const SubfieldInHand& next, RemarkSink& remarks) {
     const IsbdMark* mark = IsbdMarkBetween(field.number, one.code, next.code);
     if (mark == nullptr || HasMark(one.text, *mark)) return;
-    if (mark->isHeading && StandsAlone(next.text)) return;
+    const bool mayStandAlone = mark->isHeading || next.code == 'g';
+    if (mayStandAlone && StandsAlone(next.text)) return;
     remarks.Add(mark->isHeading ? RuleId::HeadingMark : RuleId::IsbdMark,
                 field.GetPlace().Subfield(one.code), [&] {
                     std::string needed = Shown(*mark) + " at its end before $" + next.code;

@@ -432,6 +432,7 @@ TEST_F(InspectorTest, MarksAreAskedForWhereTheLeaderPromisesThem) {
         {'a', "24510$aRoughing it$h[text] :$btravels = Reisen /$c[?]", ""},
         {'a', "24510$aRoughing it$htext /$c[?]", "medium-without-brackets 245 $h"},
         {'a', "24510$aRoughing it.$nPart 1,$pOut west!", ""},
+        {'a', "24500$aPapers,$f1939-1973$g(bulk 1950-1955)", ""},
         {'a', "264 1$aNew York ;$aLondon :$bHarper,$c1999.", ""},
         {'a', "264 1$aNew York$aLondon:$bHarper$c1999",
          "isbd-mark-missing 264 $a; isbd-mark-missing 264 $a; isbd-mark-missing 264 $b"},
