@@ -119,8 +119,10 @@ bool IsLatinLetter(char32_t codePoint) {
 // In UTF-8 or in MARC-8, whatever marks stand on the letter.
 bool EndsInLatinLetter(std::string_view text) {
     while (!text.empty()) {
-        const Utf8Char last = DecodeUtf8(LastCharacter(text));
-        if (!last.valid) return kLettersOfMarc8.Has(text.back());
+        const std::string_view bytes = LastCharacter(text);
+        const Utf8Char last = DecodeUtf8(bytes);
+        const bool isUtf8 = last.valid && last.size == bytes.size();
+        if (!isUtf8) return kLettersOfMarc8.Has(text.back());
         if (!IsCombining(last.codePoint)) return IsLatinLetter(last.codePoint);
         text.remove_suffix(last.size);
     }

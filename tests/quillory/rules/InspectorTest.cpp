@@ -455,6 +455,8 @@ TEST_F(InspectorTest, MarksAreAskedForWhereTheLeaderPromisesThem) {
          "e",
          "final-mark-missing 500 $a"},
         {'a', "500  $aPaa Troms\xB2", "final-mark-missing 500 $a"},
+        {'a', "500  $aTver\xA7", ""},
+        {'a', "500  $aTver\u02B9", ""},
         {'a', "500  $a\u0417\u0430\u0433\u043B", ""},
         {'a', "500  $aSo \u00ABso\u00BB", ""},
     };
