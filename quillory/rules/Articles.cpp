@@ -48,13 +48,13 @@ constexpr std::array kLanguages = std::to_array<LanguageArticles>({
     {"yid", "a an der di dem dos"},
 });
 
-static_assert(std::ranges::is_sorted(kLanguages, {}, &LanguageArticles::language));
-
-// Null for a language whose articles are not known.
+// Null for a language whose articles are not known. First letters tell most languages apart.
 const LanguageArticles* FindLanguage(std::string_view language) {
-    const auto* found =
-        std::ranges::lower_bound(kLanguages, language, {}, &LanguageArticles::language);
-    return found == kLanguages.end() || found->language != language ? nullptr : found;
+    if (language.empty()) return nullptr;
+    const auto* found = std::ranges::find_if(kLanguages, [language](const auto& known) {
+        return known.language.front() == language.front() && known.language == language;
+    });
+    return found == kLanguages.end() ? nullptr : found;
 }
 
 // Names and phrases that begin with a word that is an article elsewhere.

@@ -134,10 +134,13 @@ void AddMalformed(const CheckedField& field, std::string_view text, const std::o
                 std::move(right));
 }
 
-void AddUnlinked(const CheckedField& field, RemarkSink& remarks) {
-    remarks.Add(RuleId::LinkMalformed, field.GetPlace(),
-                "the field lacks $6, which names the field that it belongs to",
-                "it would be like 245-01/$1");
+void CheckUnlinked(const RecordInHand& record, RemarkSink& remarks) {
+    record.ForEachOf({kLinkedTag}, [&remarks](const CheckedField& field) {
+        if (field.Has('6')) return;
+        remarks.Add(RuleId::LinkMalformed, field.GetPlace(),
+                    "the field lacks $6, which names the field that it belongs to",
+                    "it would be like 245-01/$1");
+    });
 }
 
 bool ArePartners(const Link& one, const Link& other) {
@@ -167,10 +170,7 @@ constexpr auto kLinkCodes = [] {
 void CheckLinks(const RecordInHand& record, RemarkSink& remarks) {
     std::vector<Link> links;
     for (const CheckedField& field : record.Fields()) {
-        if (!field.Has('6')) {
-            if (field.number == kLinkedTag) AddUnlinked(field, remarks);
-            continue;
-        }
+        if (!field.Has('6')) continue;
         const bool isOfTheFormat = field.IsData() && !field.rule->hasAnyCodes;
         if (!isOfTheFormat) continue;
         const bool isLinkAlone = field.codes.IsWithin(kLinkCodes) && !field.lacksText;
@@ -186,6 +186,7 @@ void CheckLinks(const RecordInHand& record, RemarkSink& remarks) {
             }
         }
     }
+    CheckUnlinked(record, remarks);
     for (const Link& link : links) CheckPartner(link, links, remarks);
 }
 
