@@ -48,7 +48,9 @@ LinesEditor::LinesEditor(OpenRecord& record, QWidget* parent)
     });
 }
 
+// A view that stays active, as text that can't be read makes it, keeps what is typed.
 void LinesEditor::SetActive(bool isActive) {
+    if (isActive == isActive_) return;
     isActive_ = isActive;
     if (isActive) ShowRecord();
 }

@@ -90,6 +90,10 @@ TEST_F(DeskTest, TextAndRowsAreOneRecord) {
     EXPECT_FALSE(window_->Lines().Finish());
     window_->ShowRecord(1);
     EXPECT_EQ(window_->Current(), 0U);  // what was typed is not lost
+    Press(Qt::Key_T, Qt::ControlModifier);
+    Press(Qt::Key_F8);
+    EXPECT_TRUE(box.isVisible());
+    EXPECT_TRUE(box.toPlainText().endsWith("=24"));
     Press(Qt::Key_Z, Qt::ControlModifier);
     window_->ShowRecord(1);
     EXPECT_EQ(window_->Current(), 1U);
