@@ -25,7 +25,6 @@ LinesEditor::LinesEditor(OpenRecord& record, QWidget* parent)
     box_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     box_->setAccessibleName(tr("Record as text"));
     box_->setTabChangesFocus(true);
-    box_->setUndoRedoEnabled(false);
     box_->installEventFilter(this);
     fault_->setWordWrap(true);
     fault_->setMargin(4);
@@ -37,7 +36,7 @@ LinesEditor::LinesEditor(OpenRecord& record, QWidget* parent)
     layout->addWidget(box_);
     layout->addWidget(fault_);
     connect(box_, &QPlainTextEdit::textChanged, this, [this] {
-        isTyped_ = true;
+        isTyped_ = box_->toPlainText() != known_;
         pause_->start();
         Q_EMIT Typed();
     });
@@ -65,17 +64,18 @@ void LinesEditor::ShowRecord() {
                                       ? Qt::TextEditorInteraction
                                       : Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     if (!isActive_) return;
-    const QString text = session == nullptr ? QString() : ToQt(session->Lines());
+    known_ = session == nullptr ? QString() : ToQt(session->Lines());
     const QSignalBlocker quiet(box_);
     const int caret = box_->textCursor().position();
-    box_->setPlainText(text);
+    box_->setPlainText(known_);
     QTextCursor cursor = box_->textCursor();
-    cursor.setPosition(static_cast<int>(qMin<qsizetype>(caret, text.size())));
+    cursor.setPosition(static_cast<int>(qMin<qsizetype>(caret, known_.size())));
     box_->setTextCursor(cursor);
 }
 
 bool LinesEditor::Finish() {
     pause_->stop();
+    if (!isTyped_) fault_->hide();
     if (!isTyped_ || record_.Session() == nullptr) return true;
     std::optional<ItemFault> fault;
     isTaking_ = true;
@@ -85,6 +85,8 @@ bool LinesEditor::Finish() {
     isTyped_ = fault.has_value();
     if (!fault) {
         fault_->hide();
+        known_ = box_->toPlainText();
+        box_->document()->clearUndoRedoStacks();
         return true;
     }
     ShowFault(*fault ? tr("Line %1: %2")
@@ -99,7 +101,20 @@ void LinesEditor::TellTyped() {
     record_.Do([&](EditSession& session) { session.SetLines(box_->toPlainText().toStdString()); });
 }
 
-// The box has no steps of its own: its keys for them are those of the window.
+bool LinesEditor::CanBringBack() const {
+    return isActive_ && box_->document()->isRedoAvailable();
+}
+
+void LinesEditor::TakeBack() {
+    if (!box_->document()->isUndoAvailable()) return ShowRecord();
+    box_->undo();
+}
+
+void LinesEditor::BringBack() {
+    box_->redo();
+}
+
+// The box has only the steps that the record does not know of: the keys are those of the window.
 bool LinesEditor::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto* key = static_cast<QKeyEvent*>(event);

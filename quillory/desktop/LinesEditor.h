@@ -23,9 +23,12 @@ public:
     bool Finish();
     // Takes it if it can be read, without a word.
     void TellTyped();
-    // Whether something has been typed that the record does not know of, and taking it back.
+    // Whether something has been typed that the record does not know of; its last step is taken
+    // back, and can be brought back as long as the record does not change.
     bool IsAhead() const { return isTyped_; }
-    void TakeBack() { ShowRecord(); }
+    bool CanBringBack() const;
+    void TakeBack();
+    void BringBack();
     void SetActive(bool isActive);
     // The box in which a person types.
     QPlainTextEdit& Box() { return *box_; }
@@ -45,6 +48,7 @@ private:
     QLabel* fault_;
     QTimer* pause_;
     bool isActive_ = false;
+    QString known_;          // the text that the record knows of
     bool isTyped_ = false;   // the text is ahead of the record
     bool isTaking_ = false;  // the change of the record comes from here
 };

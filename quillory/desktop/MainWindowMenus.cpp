@@ -85,7 +85,7 @@ void MainWindow::UpdateActions() {
                 isPossible = record_.CanChange() && (session->CanUndo() || lines_->IsAhead());
                 break;
             case kRedo:
-                isPossible = record_.CanChange() && session->CanRedo();
+                isPossible = record_.CanChange() && (session->CanRedo() || lines_->CanBringBack());
                 break;
         }
         action->setEnabled(isPossible);
@@ -326,6 +326,7 @@ void MainWindow::Redo() {
     table_->Finish();
     coded_->Finish();
     copies_->Finish();
+    if (lines_->CanBringBack()) return lines_->BringBack();
     record_.Do([](EditSession& session) { session.Redo(); });
 }
 

@@ -94,6 +94,12 @@ TEST_F(DeskTest, TextAndRowsAreOneRecord) {
     Press(Qt::Key_F8);
     EXPECT_TRUE(box.isVisible());
     EXPECT_TRUE(box.toPlainText().endsWith("=24"));
+    box.appendPlainText("=500  \\\\$aMore.");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(box.toPlainText().endsWith("=24"));
+    Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(box.toPlainText().endsWith("$aMore."));
+    Press(Qt::Key_Z, Qt::ControlModifier);
     Press(Qt::Key_Z, Qt::ControlModifier);
     window_->ShowRecord(1);
     EXPECT_EQ(window_->Current(), 1U);
