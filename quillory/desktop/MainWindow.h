@@ -131,6 +131,7 @@ private:
     void FollowRules();
     bool MayLoseChanges(const QString& question);
     void ShowFile();
+    QString ChangeOnDisk() const;
     void NoteChangeOnDisk();
 
     void WorkOn();

@@ -47,6 +47,10 @@ bool MainWindow::Open(const QString& path) {
         auto opened = std::make_unique<Document>(path.toStdString());
         opened->Listing().Work(1);
         if (!CloseFile()) return;
+        // What was saved before it was closed may be the same file.
+        if (opened->File().HasChangedOnDisk()) {
+            opened = std::make_unique<Document>(path.toStdString());
+        }
         TakeFile(path);
         TakeDocument(std::move(opened));
         settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
@@ -150,7 +154,7 @@ void MainWindow::Reload() {
     if (document_ == nullptr || document_->IsUntitled()) return;
     const QString path = ToQt(document_->File().Path());
     const auto record = current_;
-    if (!CloseFile() || !Open(path)) return;
+    if (!Open(path)) return;
     while (IsWorking() && record && *record >= document_->File().Size()) WorkOn();
     if (record) ShowRecord(*record);
 }
@@ -162,6 +166,10 @@ bool MainWindow::Save() {
         return document_ != nullptr && !document_->IsUntitled();
     }
     if (RefuseHeld()) return false;
+    if (const QString change = ChangeOnDisk(); !change.isEmpty()) {
+        messages_->Warn(tr("Nothing was saved. %1").arg(change));
+        return false;
+    }
     TakeRecord();
     if (const auto obstacle = document_->WhatStopsSaving()) {
         ShowRecord(obstacle->record);
@@ -200,8 +208,9 @@ void MainWindow::ChooseTarget() {
 // The form is that of the name. The window goes on with the new file.
 bool MainWindow::SaveAs(const QString& path) {
     if (document_ == nullptr || !FinishEditing()) return false;
-    const bool isSame =
-        !document_->IsUntitled() && QFileInfo(path) == QFileInfo(ToQt(document_->File().Path()));
+    const QFileInfo target(path);
+    const bool isSame = target.exists() && !document_->IsUntitled() &&
+                        target == QFileInfo(ToQt(document_->File().Path()));
     if (isSame) return Save();
     TakeRecord();
     bool isSaved = false;
@@ -235,11 +244,22 @@ void MainWindow::GoOnWith(std::unique_ptr<Document> document) {
     if (record) ShowRecord(*record);
 }
 
+// What another program did to the file, and what to do about it; empty for nothing.
+QString MainWindow::ChangeOnDisk() const {
+    if (document_ == nullptr || !document_->File().HasChangedOnDisk()) return {};
+    if (!QFileInfo::exists(ToQt(document_->File().Path()))) {
+        return tr(
+            "This file is not there any more. File > Save As keeps its records, with your "
+            "changes, in another one.");
+    }
+    return tr(
+        "Another program has changed this file. File > Reload reads it again; File > Save As "
+        "keeps your changes in another one.");
+}
+
 void MainWindow::NoteChangeOnDisk() {
-    if (document_ == nullptr || !document_->File().HasChangedOnDisk()) return;
-    messages_->Warn(
-        tr("Another program has changed this file. File > Reload reads it again; File "
-           "> Save As keeps your changes in another file."));
+    const QString change = ChangeOnDisk();
+    if (!change.isEmpty()) messages_->Warn(change);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -11,6 +11,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QTreeWidget>
+#include <filesystem>
 #include <tests/quillory/desktop/DeskTest.h>
 
 namespace quillory {
@@ -177,8 +178,33 @@ TEST_F(DeskTest, AFileOfAnotherProgramIsNotOverwritten) {
     TypeInto("245 $a", "Mine /");
     WriteOutput(file_->Path(), Book("Theirs"));
     EXPECT_FALSE(window_->Save());
-    EXPECT_TRUE(window_->Messages().Text().contains("another program"));
+    EXPECT_TRUE(window_->Messages().Text().contains("Another program"));
     EXPECT_EQ(file_->Read(), Book("Theirs"));
+}
+
+TEST_F(DeskTest, AFileThatWasRemovedIsSavedElsewhere) {
+    TypeInto("245 $a", "Mine /");
+    std::filesystem::remove(file_->Path());
+    EXPECT_FALSE(window_->Save());
+    EXPECT_TRUE(window_->Messages().Text().contains("not there any more"));
+    const TemporaryFile other("", ".mrk");
+    std::filesystem::remove(other.Path());
+    EXPECT_TRUE(window_->SaveAs(QString::fromStdString(other.Path())));
+    EXPECT_NE(other.Read().find("$aMine /$cJane Doe."), std::string::npos);
+}
+
+TEST_F(DeskTest, AFileThatIsOpenedAgainIsShownAsItWasSaved) {
+    TypeInto("245 $a", "Mine /");
+    QTimer::singleShot(0, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        box->button(QMessageBox::Save)->click();
+    });
+    EXPECT_TRUE(window_->Open(Path()));
+    Wait();
+    EXPECT_EQ(Cell("245 $a"), "Mine /");
+    TypeInto("245 $a", "Mine again /");
+    EXPECT_TRUE(window_->Save());
 }
 
 TEST_F(DeskTest, SavedInAnotherFormTheWindowGoesOnWithIt) {
