@@ -23,7 +23,9 @@
 #include <QSplitter>
 #include <QTableView>
 #include <QTimer>
+#include <algorithm>
 #include <filesystem>
+#include <ranges>
 
 namespace quillory {
 namespace {
@@ -37,6 +39,12 @@ QString FormFilters() {
         filters << QStringLiteral("%1 (%2)").arg(ToQt(form.words), endings);
     }
     return filters.join(QStringLiteral(";;"));
+}
+
+std::size_t DamagedBefore(const RecordSet& records, std::size_t record) {
+    const auto before = std::views::iota(std::size_t{0}, record);
+    return static_cast<std::size_t>(
+        std::ranges::count_if(before, [&](std::size_t i) { return records.IsDamaged(i); }));
 }
 
 }  // namespace
@@ -223,6 +231,7 @@ bool MainWindow::SaveAs(const QString& path) {
         auto written = std::make_unique<Document>(path.toStdString());
         ForgetChanges();
         KeepIn(std::move(journal));
+        if (current_) *current_ -= DamagedBefore(document_->File(), *current_);
         GoOnWith(std::move(written));
         settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
         SayShortly(tr("Saved as %1.").arg(path));
@@ -232,9 +241,16 @@ bool MainWindow::SaveAs(const QString& path) {
     return isSaved;
 }
 
-// Another file, or the same one read again, at the record that was in hand.
+// Another file, or the same one read again, at the record that was in hand, in a list of what was
+// looked for, in the order that a person chose.
 void MainWindow::GoOnWith(std::unique_ptr<Document> document) {
     const auto record = current_;
+    Try([&] { document->Listing().Filter(filter_->text().toStdString()); });
+    const QHeaderView* header = list_->horizontalHeader();
+    if (isSorted_) {
+        document->Listing().Sort(static_cast<ListColumn>(header->sortIndicatorSection()),
+                                 header->sortIndicatorOrder() == Qt::DescendingOrder);
+    }
     listModel_->SetDocument(nullptr);
     current_.reset();
     record_.Show(nullptr);

@@ -182,6 +182,21 @@ TEST_F(DeskTest, AFileOfAnotherProgramIsNotOverwritten) {
     EXPECT_EQ(file_->Read(), Book("Theirs"));
 }
 
+TEST_F(DeskTest, SavedAsAnotherFileTheListAndTheRecordInHandStay) {
+    Open(Book("Rivers") + "00099nam  22000something\x1D" + Book("Lakes") + Book("Lagoons"));
+    window_->Filter("245a starts L");
+    window_->List().sortByColumn(1, Qt::AscendingOrder);
+    Wait();
+    window_->ShowRecord(2);
+    const TemporaryFile other("", ".mrk");
+    ASSERT_TRUE(window_->SaveAs(QString::fromStdString(other.Path())));
+    Wait();
+    EXPECT_EQ(Cell("245 $a"), "Lakes /");
+    EXPECT_EQ(window_->List().model()->rowCount(), 2);
+    EXPECT_EQ(Listed(0, 1), "Lagoons");
+    EXPECT_EQ(window_->List().currentIndex().row(), 1);
+}
+
 TEST_F(DeskTest, AFileThatWasRemovedIsSavedElsewhere) {
     TypeInto("245 $a", "Mine /");
     std::filesystem::remove(file_->Path());
