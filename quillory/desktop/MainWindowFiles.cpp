@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QSplitter>
 #include <QTableView>
 #include <QTimer>
@@ -39,6 +40,11 @@ QString FormFilters() {
         filters << QStringLiteral("%1 (%2)").arg(ToQt(form.words), endings);
     }
     return filters.join(QStringLiteral(";;"));
+}
+
+// The first ending of such a line, which a name without one gets.
+QString EndingOf(const QString& filter) {
+    return filter.section(QStringLiteral("*."), 1, 1).section(QRegularExpression("[ )]"), 0, 0);
 }
 
 std::size_t DamagedBefore(const RecordSet& records, std::size_t record) {
@@ -209,8 +215,15 @@ void MainWindow::ChooseTarget() {
     const QString now = document_->IsUntitled() ? tr("new records.mrc")
                         : document_->IsStore()  ? tr("store.mrc")
                                                 : ToQt(document_->File().Path());
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save as"), now, FormFilters());
-    if (!path.isEmpty()) SaveAs(path);
+    QFileDialog dialog(this, tr("Save as"), QFileInfo(now).path(), FormFilters());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.selectFile(QFileInfo(now).fileName());
+    const auto follow = [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(EndingOf(filter));
+    };
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    follow(dialog.selectedNameFilter());
+    if (dialog.exec() == QDialog::Accepted) SaveAs(dialog.selectedFiles().value(0));
 }
 
 // The form is that of the name. The window goes on with the new file.

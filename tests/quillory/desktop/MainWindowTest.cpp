@@ -5,6 +5,8 @@
 #include <quillory/exchange/Output.h>
 
 #include <QApplication>
+#include <QFile>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -195,6 +197,23 @@ TEST_F(DeskTest, SavedAsAnotherFileTheListAndTheRecordInHandStay) {
     EXPECT_EQ(window_->List().model()->rowCount(), 2);
     EXPECT_EQ(Listed(0, 1), "Lagoons");
     EXPECT_EQ(window_->List().currentIndex().row(), 1);
+}
+
+// A name without an ending gets that of the form.
+TEST_F(DeskTest, TheFormThatIsChosenInSaveAsIsWritten) {
+    const QTemporaryDir folder;
+    QTimer::singleShot(0, [&folder] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        const QString form = dialog->nameFilters().filter("*.mrk").value(0);
+        dialog->selectNameFilter(form);
+        Q_EMIT dialog->filterSelected(form);
+        dialog->selectFile(folder.filePath("records"));
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    Press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(QFile::exists(folder.filePath("records.mrk")))
+        << window_->windowTitle().toStdString();
 }
 
 TEST_F(DeskTest, AFileThatWasRemovedIsSavedElsewhere) {
