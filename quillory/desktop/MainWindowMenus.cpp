@@ -137,7 +137,8 @@ void MainWindow::MakeEditMenu() {
     Add(menu, tr("Copy &Field"), QKeySequence(tr("Ctrl+Shift+C")), kRecord,
         [this] { table_->CopyField(); });
     Add(menu, tr("&Paste Fields"), QKeySequence(tr("Ctrl+Shift+V")), kEditable, [this] {
-        if (!table_->PasteFields()) messages_->Warn(tr("There are no fields on the clipboard."));
+        const QString fault = table_->PasteFields();
+        if (!fault.isEmpty()) messages_->Warn(fault);
     });
     menu->addSeparator();
     Add(menu, tr("Special &Characters"), QKeySequence(tr("Ctrl+M")), kEditable,

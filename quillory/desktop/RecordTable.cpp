@@ -230,15 +230,23 @@ void RecordTable::CopyField() {
     if (field) QGuiApplication::clipboard()->setText(LinesOf(*field));
 }
 
-bool RecordTable::PasteFields() {
+QString RecordTable::PasteFields() {
     Finish();
-    if (record_.Session() == nullptr) return false;
+    if (record_.Session() == nullptr) return {};
     const std::string lines = QGuiApplication::clipboard()->text().toStdString();
-    const auto fields = FieldsOfLines(lines);
-    if (fields.empty()) return false;
+    std::vector<EditSession::Field> fields;
+    const auto fault = ReadFieldLines(lines, fields);
+    if (fault && fault->lineColumn && lines.starts_with('=')) {
+        return tr("Nothing was pasted. Line %1 of the clipboard can't be read: %2")
+            .arg(fault->lineColumn->line)
+            .arg(ToQt(FaultText(*fault)));
+    }
+    if (fields.empty()) {
+        return tr("There are no fields on the clipboard, such as =500  \\\\$aA note.");
+    }
     const auto current = model_->FieldOf(currentIndex());
     InsertFields(current ? *current + 1 : record_.Session()->Now().fields.size(), fields);
-    return true;
+    return {};
 }
 
 void RecordTable::InsertFields(std::size_t place, const std::vector<EditSession::Field>& fields) {

@@ -63,8 +63,9 @@ public:
     void RenameTag();
     void GoToNextField(int by);
     void CopyField();
-    // Fields of the clipboard in line form come after the current one. False if there are none.
-    bool PasteFields();
+    // Fields of the clipboard in line form come after the current one. Result: why there are none,
+    // or an empty text.
+    QString PasteFields();
 
     // For tests: what carries a row that is dragged in the place of the system, until it is
     // dropped.

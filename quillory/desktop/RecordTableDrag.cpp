@@ -26,8 +26,9 @@ std::vector<EditSession::Field> FieldsIn(const QDropEvent& event) {
     const QMimeData& data = *event.mimeData();
     if (!data.hasText() || data.hasUrls()) return {};
     const QString text = data.text();
-    return text.startsWith(u'=') ? FieldsOfLines(text.toStdString())
-                                 : std::vector<EditSession::Field>();
+    std::vector<EditSession::Field> fields;
+    if (text.startsWith(u'=')) ReadFieldLines(text.toStdString(), fields);
+    return fields;
 }
 
 }  // namespace

@@ -198,11 +198,14 @@ State EditSession::Try(const std::function<void()>& work) {
     return state;
 }
 
-std::vector<Field> FieldsOfLines(std::string_view lines) {
+std::optional<ItemFault> ReadFieldLines(std::string_view lines, std::vector<Field>& fields) {
+    const bool hasLeader = lines.starts_with(kLeaderLine);
+    const std::string leader = hasLeader ? "" : std::string(kLeaderLine) + kSomeLeader;
     State state;
-    const auto fault =
-        ReadLines(std::string(kLeaderLine) + kSomeLeader + std::string(lines), state);
-    return fault ? std::vector<Field>() : std::move(state.fields);
+    auto fault = ReadLines(leader + std::string(lines), state);
+    if (fault && fault->lineColumn && !hasLeader) --fault->lineColumn->line;
+    if (!fault) fields = std::move(state.fields);
+    return fault;
 }
 
 void EditSession::Undo() {

@@ -101,8 +101,10 @@ private:
     Gate gate_;
 };
 
-// The fields that are written in the line form, as new ones; none if one of them can't be read.
-std::vector<EditSession::Field> FieldsOfLines(std::string_view lines);
+// The fields that are written in the line form, as new ones; of a whole record without its leader.
+// What can't be read is a fault with its line, and there are no fields then.
+std::optional<ItemFault> ReadFieldLines(std::string_view lines,
+                                        std::vector<EditSession::Field>& fields);
 
 using RecordState = EditSession::State;
 

@@ -5,6 +5,7 @@
 #include <quillory/exchange/Output.h>
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -75,6 +76,22 @@ TEST_F(DeskTest, FieldsAndSubfieldsComeAndGoByKeys) {
     GoTo("245 $a");
     Press(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(Cell("100[2] $a"), "Doe, Jane.");
+}
+
+TEST_F(DeskTest, LinesOfOtherProgramsArePastedAllOrNone) {
+    const auto paste = [this](const QString& lines) {
+        QGuiApplication::clipboard()->setText(lines);
+        GoTo("245 $a");
+        Press(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+        return window_->Messages().Text();
+    };
+    EXPECT_TRUE(paste("=500  \\\\$aOne\n=50  \\\\$aTwo").contains("Line 2 of the clipboard"));
+    EXPECT_TRUE(paste("One, two").contains("no fields"));
+    EXPECT_EQ(Cell("500 $a"), "");
+    window_->Messages().hide();
+    paste("=LDR  00000nam\\a2200000\\a\\4500\r\n=500  \\\\$aOne\r\n=500  \\\\$aTwo\r\n");
+    EXPECT_EQ(Cell("500[1] $a"), "One");
+    EXPECT_EQ(Cell("500[2] $a"), "Two");
 }
 
 TEST_F(DeskTest, ADelimiterThatIsTypedDividesAText) {
