@@ -30,6 +30,7 @@ public:
         step(*session_);
         if (!isTried_) Q_EMIT Changed();
     }
+    bool IsTried() const { return isTried_; }
     // What the record would be after some work, of which nobody knows and nothing stays.
     template <class Work>
     EditSession::State Try(Work&& work) {

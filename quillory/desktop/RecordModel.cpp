@@ -301,7 +301,18 @@ bool RecordModel::setData(const QModelIndex& index, const QVariant& value, int r
     const Row row = *RowOf(index);
     const QString text = value.toString();
     if (text == TextOf(row, index.column(), true)) return true;
-    return Change(row, index.column(), text);
+    if (Change(row, index.column(), text)) return true;
+    if (!record_.IsTried()) Q_EMIT Refused(RuleOf(row, index.column()));
+    return false;
+}
+
+QString RecordModel::RuleOf(const Row& row, int column) {
+    if (column == Tag) return tr("The tag stays as it was: it needs three digits.");
+    if (row.field < 0) {
+        return tr("The Leader stays as it was: it needs %1 characters.").arg(zorby::kLeaderSize);
+    }
+    return column == Code ? tr("The code stays as it was: it needs one letter, digit or sign.")
+                          : tr("The indicator stays as it was: it needs one digit, letter or #.");
 }
 
 bool RecordModel::Change(const Row& row, int column, const QString& text) {

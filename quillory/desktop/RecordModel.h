@@ -46,6 +46,10 @@ public:
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
+Q_SIGNALS:
+    // What was typed can't stand in its cell.
+    void Refused(const QString& why);
+
 private:
     struct Row {
         int field = -1;  // -1 for the leader
@@ -62,6 +66,7 @@ private:
     QString TextOf(const Row& row, int column, bool isForEditor) const;
     QString NameOf(const Row& row) const;
     QString AccessibleText(const QModelIndex& index) const;
+    static QString RuleOf(const Row& row, int column);
     bool Change(const Row& row, int column, const QString& text);
     bool ChangePart(const Row& row, int column, const QString& text);
 

@@ -50,6 +50,7 @@ RecordTable::RecordTable(OpenRecord& record, CellEditor* editor, QWidget* parent
       editor_(editor) {
     setModel(model_);
     connect(editor_, &CellEditor::Said, this, &RecordTable::Said);
+    connect(model_, &RecordModel::Refused, this, &RecordTable::Said);
     setAccessibleName(tr("Record"));
     setShowGrid(false);
     setWordWrap(true);

@@ -94,6 +94,26 @@ TEST_F(DeskTest, LinesOfOtherProgramsArePastedAllOrNone) {
     EXPECT_EQ(Cell("500[2] $a"), "Two");
 }
 
+TEST_F(DeskTest, WhatCantStandInACellIsSaid) {
+    const auto type = [this](const std::string& place, int column, const QString& text) {
+        window_->statusBar()->clearMessage();
+        GoTo(place);
+        Table().setCurrentIndex(Table().currentIndex().siblingAtColumn(column));
+        Table().edit(Table().currentIndex());
+        QWidget* box = QApplication::focusWidget();
+        QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(box, text);
+        QTest::qWait(600);  // what is being typed is kept, of which nothing is said
+        EXPECT_EQ(window_->statusBar()->currentMessage(), "");
+        QTest::keyClick(box, Qt::Key_Return);
+        return window_->statusBar()->currentMessage();
+    };
+    EXPECT_TRUE(type("LDR", RecordModel::Text, "00000nam").contains("24 characters"));
+    EXPECT_TRUE(type("245 $a", RecordModel::Tag, "24").contains("three digits"));
+    EXPECT_TRUE(type("245 $a", RecordModel::Code, " ").contains("one letter"));
+    EXPECT_FALSE(window_->isWindowModified());
+}
+
 TEST_F(DeskTest, ADelimiterThatIsTypedDividesAText) {
     TypeInto("245 $a", QString::fromUtf8("Rivers :‡ba history /"));
     EXPECT_EQ(Cell("245 $b"), "a history /");
