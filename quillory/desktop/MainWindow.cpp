@@ -175,6 +175,7 @@ QWidget* MainWindow::MakeList() {
     connect(list_->horizontalHeader(), &QHeaderView::sortIndicatorChanged, this, &MainWindow::Sort);
     connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex& now) { FollowRow(now); });
+    connect(list_, &QTableView::activated, this, &MainWindow::GoIntoRecord);
     return list_;
 }
 
@@ -236,14 +237,22 @@ QWidget* MainWindow::MakePalette(QWidget* side) {
     palette_->hide();
     table_->SetCompanion(palette_);
     connect(palette_, &CharacterPalette::Chosen, this, &MainWindow::TypeCharacter);
-    connect(palette_, &CharacterPalette::Left, this, [this] {
-        if (tabs_->currentWidget() == lines_) {
-            lines_->Box().setFocus();
-        } else {
-            table_->TakeFocus();
-        }
-    });
+    connect(palette_, &CharacterPalette::Left, this, &MainWindow::GoIntoRecord);
     return palette_;
+}
+
+// The view that is shown takes the keys.
+void MainWindow::GoIntoRecord() {
+    const QWidget* view = tabs_->currentWidget();
+    if (view == lines_) {
+        lines_->Box().setFocus();
+    } else if (view == coded_) {
+        coded_->GoTo(coded_->CurrentPlace());
+    } else if (view == copies_) {
+        copies_->TakeFocus();
+    } else {
+        table_->TakeFocus();
+    }
 }
 
 void MainWindow::TypeCharacter(unsigned id) {

@@ -140,6 +140,7 @@ private:
     void FollowRow(const QModelIndex& index);
     void SelectCurrentRow();
     void GoToMatch();
+    void GoIntoRecord();
     void GoToRecord();
     void NextRecord(int by);
 

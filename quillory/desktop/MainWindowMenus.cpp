@@ -165,11 +165,7 @@ void MainWindow::MakeRecordMenu() {
     Add(menu, tr("As Te&xt"), QKeySequence(tr("Ctrl+T")), kRecord, [this] {
         const bool isText = tabs_->currentWidget() == lines_;
         tabs_->setCurrentWidget(isText ? static_cast<QWidget*>(table_) : lines_);
-        if (isText) {
-            table_->setFocus();
-        } else {
-            lines_->Box().setFocus();
-        }
+        GoIntoRecord();
     });
     AddCodedActions(menu->addMenu(tr("&Coded Fields")));
     Add(menu, tr("Copi&es"), QKeySequence(tr("Ctrl+K")), kRecord, [this] { ShowCopies(); });

@@ -223,6 +223,7 @@ void RecordTable::GoToNextField(int by) {
     if (!index.isValid()) return;
     setCurrentIndex(index);
     scrollTo(index);
+    if (isVisible()) setFocus();
 }
 
 void RecordTable::CopyField() {

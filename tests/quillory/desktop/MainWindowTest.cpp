@@ -1,3 +1,4 @@
+#include <quillory/desktop/CodedEditor.h>
 #include <quillory/desktop/FindingsList.h>
 #include <quillory/desktop/LinesEditor.h>
 #include <quillory/desktop/MessageBar.h>
@@ -112,6 +113,21 @@ TEST_F(DeskTest, WhatCantStandInACellIsSaid) {
     EXPECT_TRUE(type("245 $a", RecordModel::Tag, "24").contains("three digits"));
     EXPECT_TRUE(type("245 $a", RecordModel::Code, " ").contains("one letter"));
     EXPECT_FALSE(window_->isWindowModified());
+}
+
+TEST_F(DeskTest, KeysLeadFromTheListIntoTheRecord) {
+    QWidget& list = window_->List();
+    const auto press = [&list](Qt::Key key, Qt::KeyboardModifiers with) {
+        list.setFocus();
+        QTest::keyClick(&list, key, with);
+        return QApplication::focusWidget();
+    };
+    EXPECT_EQ(press(Qt::Key_Return, {}), &Table());
+    EXPECT_EQ(press(Qt::Key_Down, Qt::ControlModifier), &Table());
+    Press(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(press(Qt::Key_Return, {}), &window_->Lines().Box());
+    Press(Qt::Key_F8);
+    EXPECT_TRUE(window_->Coded().isAncestorOf(press(Qt::Key_Return, {})));
 }
 
 TEST_F(DeskTest, ADelimiterThatIsTypedDividesAText) {
