@@ -187,9 +187,12 @@ bool MainWindow::Save() {
     TakeRecord();
     if (const auto obstacle = document_->WhatStopsSaving()) {
         ShowRecord(obstacle->record);
-        messages_->Warn(tr("Nothing was saved: record %1 can't be written. %2")
-                            .arg(obstacle->record + 1)
-                            .arg(ToQt(FaultText(obstacle->fault))));
+        const RecordSet& records = document_->File();
+        const QString name = records.IsNew(obstacle->record)
+                                 ? tr("the new record in hand")
+                                 : tr("record %1").arg(records.NumberOf(obstacle->record));
+        messages_->Warn(tr("Nothing was saved: %1 can't be written. %2")
+                            .arg(name, ToQt(FaultText(obstacle->fault))));
         return false;
     }
     bool isSaved = false;

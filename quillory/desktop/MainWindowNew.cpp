@@ -101,8 +101,11 @@ void MainWindow::DiscardNewRecord() {
     if (index > 0) {
         ShowListing();
         ShowRecord(index - 1);
-    } else {
+    } else if (document_->IsUntitled()) {
         CloseFile();
+    } else {
+        ShowListing();
+        UpdateActions();
     }
 }
 

@@ -3,6 +3,7 @@
 #include <quillory/store/RecordStore.h>
 #include <quillory/store/Schema.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -50,6 +51,14 @@ protected:
 TEST_F(StoreTest, AnEmptyStoreSaysHowItIsFilledAndIsEditedLikeAFile) {
     EXPECT_EQ(window_->windowTitle(), "Store[*]");
     EXPECT_NE(Shown(*window_, "&Add the Records of a File…"), nullptr);
+    Record record;
+    record.leader = "00000nam a2200000 a 4500";
+    window_->OpenDocument()->Add(record);
+    window_->ShowRecord(0);
+    for (QAction* action : window_->findChildren<QAction*>()) {
+        if (action->text() == "&Discard the New Record") action->trigger();
+    }
+    EXPECT_NE(Shown(*window_, "&Add the Records of a File…"), nullptr);
     ASSERT_TRUE(window_->AddToStore(Path()));
     Wait();
     EXPECT_EQ(Shown(*window_, "&Add the Records of a File…"), nullptr);
@@ -96,6 +105,11 @@ TEST_F(StoreTest, WhatWasNotSavedIsOfferedAgainThoughOtherRecordsAreGone) {
     });
     ASSERT_TRUE(window_->Open(QString::fromStdString(StorePath())));
     EXPECT_EQ(Cell("245 $a"), "Seas /");
+    TypeInto("245 $a", QString(10000, u'x'));
+    EXPECT_FALSE(window_->Save());
+    EXPECT_TRUE(window_->Messages().Text().contains("record 2 "));
+    Activate();
+    Press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(window_->Save());
     EXPECT_EQ(TitleOf(2), "Seas");
 }
