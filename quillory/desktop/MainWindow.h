@@ -222,6 +222,7 @@ private:
     void TypeCharacter(unsigned id);
     void Undo();
     void Redo();
+    void GoThroughSteps(void (EditSession::*step)());
     void SetDisplay(int display);
     void SetDark(bool isDark);
     // False, with a message, if the work failed.

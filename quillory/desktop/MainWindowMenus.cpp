@@ -316,7 +316,7 @@ void MainWindow::Undo() {
     coded_->Finish();
     copies_->Finish();
     if (lines_->IsAhead()) return lines_->TakeBack();
-    record_.Do([](EditSession& session) { session.Undo(); });
+    GoThroughSteps(&EditSession::Undo);
 }
 
 void MainWindow::Redo() {
@@ -324,7 +324,15 @@ void MainWindow::Redo() {
     coded_->Finish();
     copies_->Finish();
     if (lines_->CanBringBack()) return lines_->BringBack();
-    record_.Do([](EditSession& session) { session.Redo(); });
+    GoThroughSteps(&EditSession::Redo);
+}
+
+// What has become another is seen.
+void MainWindow::GoThroughSteps(void (EditSession::*step)()) {
+    if (record_.Session() == nullptr) return;
+    const auto before = record_.Session()->Shared();
+    record_.Do([step](EditSession& session) { (session.*step)(); });
+    table_->GoToChange(*before);
 }
 
 void MainWindow::SetDisplay(int display) {

@@ -93,6 +93,19 @@ void RecordTable::GoTo(const Place& place) {
     setFocus();
 }
 
+void RecordTable::GoToChange(const RecordState& before) {
+    const auto& now = record_.Session()->Now().fields;
+    const auto changed = std::ranges::mismatch(before.fields, now);
+    const bool isSame = changed.in1 == before.fields.end() && changed.in2 == now.end();
+    if (isSame || now.empty()) return;
+    const auto field =
+        std::min(static_cast<std::size_t>(changed.in2 - now.begin()), now.size() - 1);
+    if (model_->FieldOf(currentIndex()) != field) {
+        setCurrentIndex(model_->IndexOf(field, 0, RecordModel::Text));
+    }
+    scrollTo(currentIndex());
+}
+
 void RecordTable::SetDisplay(zorby::EDISPLAYOPTIONS display) {
     const bool hasCodes = display != zorby::EDO_NameOnly;
     setColumnHidden(RecordModel::Tag, !hasCodes);

@@ -45,6 +45,8 @@ public:
     RecordModel& Model() { return *model_; }
     Place CurrentPlace() const;
     void GoTo(const Place& place);
+    // To the first field that is another one than before, unless it is in hand.
+    void GoToChange(const RecordState& before);
     void SetDisplay(zorby::EDISPLAYOPTIONS display);
     // Takes it, too, and leaves the box open.
     void TellTyped();

@@ -265,6 +265,17 @@ TEST_F(DeskTest, TheCursorLeavesARowThatIsUndone) {
     EXPECT_EQ(Table().Model().rowCount(), 6);
 }
 
+TEST_F(DeskTest, UndoAndRedoLeadToWhatTheyChange) {
+    TypeInto("245 $c", "John Roe.");
+    GoTo("001");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(PlaceText(Table().CurrentPlace()), "245 $a");
+    GoTo("LDR");
+    Press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(PlaceText(Table().CurrentPlace()), "245 $a");
+    EXPECT_EQ(Cell("245 $c"), "John Roe.");
+}
+
 // A field that ends with a delimiter, or has two together, would not be made of subfields.
 TEST_F(DeskTest, ADelimiterWithoutACodeIsNotTaken) {
     TypeInto("245 $a", QString::fromUtf8("Rivers :\u2021\u2021bthree essays\u2021"));
