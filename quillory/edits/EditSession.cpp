@@ -78,9 +78,11 @@ std::optional<ItemFault> ReadLines(std::string_view text, State& state) {
     }
     std::optional<ItemFault> fault = item.fault;
     if (!fault && reader.Next(item)) fault = item.fault.value_or(ItemFault{});
-    if (fault && fault->lineColumn && fault->lineColumn->line <= numbers.size()) {
-        fault->lineColumn->line = numbers[fault->lineColumn->line - 1];
-    }
+    if (!fault || !fault->lineColumn) return fault;
+    std::uint64_t& line = fault->lineColumn->line;
+    // A field that no form can hold is named by its place alone, and stands in a line of its own.
+    if (const auto field = FieldAt(state, fault->place)) line = *field + 2;
+    if (line <= numbers.size()) line = numbers[line - 1];
     return fault;
 }
 

@@ -104,6 +104,9 @@ TEST(EditSession, LinesAndFieldsAreOneRecord) {
     EXPECT_EQ(Given(session), expected);
     const auto before = session.Now();
     EXPECT_NE(session.SetLines(lines + "=24"), std::nullopt);
+    const auto fault =
+        session.SetLines("=LDR  00000nam a2200000 a 4500\n\n=001  x\n=50  \\\\$aTwo");
+    EXPECT_EQ(fault.value().lineColumn.value().line, 4U);
     EXPECT_NE(session.SetLines(""), std::nullopt);
     EXPECT_NE(session.SetLines(lines + "\n" + lines), std::nullopt);
     EXPECT_EQ(session.Now(), before);
