@@ -193,6 +193,8 @@ private:
     void Keep(const KeptChange& change);
     void ForgetChanges();
     void TakeBackKept(std::size_t record);
+    bool AreChangesKept();
+    void ReadUnderChanges();
     void OfferLeft();
     bool WantsLeft(std::size_t count, const std::string& path);
     std::optional<std::size_t> TakeUp(KeptChange& change);

@@ -165,7 +165,10 @@ void MainWindow::OpenSamples() {
 }
 
 void MainWindow::Reload() {
-    if (document_ == nullptr || document_->IsUntitled()) return;
+    if (document_ == nullptr || document_->IsUntitled() || !FinishEditing()) return;
+    TakeRecord();
+    const bool isReplaced = document_->IsChanged() && document_->File().HasChangedOnDisk();
+    if (isReplaced && AreChangesKept()) return ReadUnderChanges();
     const QString path = ToQt(document_->File().Path());
     const auto record = current_;
     if (!Open(path)) return;
@@ -180,11 +183,11 @@ bool MainWindow::Save() {
         return document_ != nullptr && !document_->IsUntitled();
     }
     if (RefuseHeld()) return false;
+    TakeRecord();
     if (const QString change = ChangeOnDisk(); !change.isEmpty()) {
         messages_->Warn(tr("Nothing was saved. %1").arg(change));
         return false;
     }
-    TakeRecord();
     if (const auto obstacle = document_->WhatStopsSaving()) {
         ShowRecord(obstacle->record);
         const RecordSet& records = document_->File();
@@ -285,8 +288,8 @@ QString MainWindow::ChangeOnDisk() const {
             "changes, in another one.");
     }
     return tr(
-        "Another program has changed this file. File > Reload reads it again; File > Save As "
-        "keeps your changes in another one.");
+        "Another program has changed this file. File > Reload reads it again and takes up your "
+        "changes; File > Save As keeps them in another one.");
 }
 
 void MainWindow::NoteChangeOnDisk() {

@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
+#include <ranges>
 #include <set>
 
 // The window's part in keeping changes that are not saved.
@@ -158,6 +159,24 @@ void MainWindow::TakeBackKept(std::size_t record) {
 void MainWindow::ForgetChanges() {
     kept_.clear();
     if (journal_ != nullptr) journal_->Clear();
+}
+
+bool MainWindow::AreChangesKept() {
+    if (journal_ == nullptr || !journal_->IsOurs() || isUnsafe_) return false;
+    const RecordSet& records = document_->File();
+    const auto all = std::views::iota(std::size_t{0}, records.Size());
+    return std::ranges::none_of(
+        all, [&](std::size_t i) { return records.IsChanged(i) && !kept_.contains(i); });
+}
+
+// Another program has written the file: what was changed here is taken up as after a crash.
+void MainWindow::ReadUnderChanges() {
+    Try([this] {
+        auto opened = std::make_unique<Document>(document_->File().Path());
+        TakeFile(ToQt(opened->File().Path()));
+        GoOnWith(std::move(opened));
+        journal_->Rewrite(TakeUp(journal_->Left()));
+    });
 }
 
 void MainWindow::OfferLeft() {

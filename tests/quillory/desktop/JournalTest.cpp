@@ -6,9 +6,11 @@
 #include <quillory/desktop/MessageBar.h>
 #include <quillory/store/HomeFolder.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <fstream>
 #include <tests/quillory/desktop/WindowsTest.h>
 
 namespace quillory {
@@ -89,6 +91,30 @@ TEST_F(JournalTest, ChangesOfARecordThatAnotherProgramReplacedAreKeptApart) {
     EXPECT_NE(std::string(ReadWhole(kept)).find("Jane Doe. Mine"), std::string::npos)
         << said.toStdString();
     EXPECT_EQ(file_.Read(), Book("Another") + Book("Two"));
+}
+
+TEST_F(JournalTest, AFileThatAnotherProgramWritesIsReadAgainUnderTheChanges) {
+    auto window = NewWindow();
+    ASSERT_TRUE(Open(*window));
+    for (const std::size_t record : {0U, 1U}) {
+        window->ShowRecord(record);
+        TypeAt(*window, "245 $c", " Mine");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    }
+    std::ofstream(file_.Path()) << Book("One") << Book("Theirs") << Book("Three");  // in place
+    EXPECT_FALSE(window->Save());
+    for (QAction* action : window->findChildren<QAction*>()) {
+        if (action->text() == "Re&load") action->trigger();
+    }
+    Wait(*window);
+    const QString said = window->Messages().Text();
+    EXPECT_TRUE(said.contains("Changes were taken up, and are not saved yet: 1."))
+        << said.toStdString();
+    EXPECT_TRUE(said.contains("kept-")) << said.toStdString();
+    EXPECT_EQ(Cell(*window, "245 $c"), "Jane Doe. Mine");
+    EXPECT_TRUE(window->Save());
+    EXPECT_NE(file_.Read().find("Jane Doe. Mine"), std::string::npos);
+    EXPECT_TRUE(file_.Read().ends_with(Book("Theirs") + Book("Three")));
 }
 
 // No window lets a person write what can't be saved.
