@@ -279,6 +279,28 @@ void RecordTable::currentChanged(const QModelIndex& current, const QModelIndex& 
     Q_EMIT PlaceChanged();
 }
 
+// Tab leads through what can be typed in: indicators, codes and texts.
+QModelIndex RecordTable::moveCursor(CursorAction action, Qt::KeyboardModifiers with) {
+    const bool isTab = action == MoveNext || action == MovePrevious;
+    const QModelIndex next = isTab ? NextToEdit(action == MoveNext ? 1 : -1) : QModelIndex();
+    return next.isValid() ? next : CellTable::moveCursor(action, with);
+}
+
+// In the order that is seen, from the last cell on to the first one.
+QModelIndex RecordTable::NextToEdit(int by) const {
+    const QHeaderView* header = horizontalHeader();
+    const int count = model_->rowCount() * RecordModel::Columns;
+    const QModelIndex now = currentIndex();
+    const int from = now.row() * RecordModel::Columns + header->visualIndex(now.column());
+    for (int i = 1; now.isValid() && i <= count; ++i) {
+        const int at = (from + by * i + count) % count;
+        const int column = header->logicalIndex(at % RecordModel::Columns);
+        const QModelIndex cell = model_->index(at / RecordModel::Columns, column);
+        if (!isColumnHidden(column) && cell.flags().testFlag(Qt::ItemIsEditable)) return cell;
+    }
+    return {};
+}
+
 // Texts have the most room, names a third of it at most.
 void RecordTable::resizeEvent(QResizeEvent* event) {
     QTableView::resizeEvent(event);

@@ -79,6 +79,7 @@ Q_SIGNALS:
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers with) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void startDrag(Qt::DropActions supported) override;
@@ -103,6 +104,7 @@ private:
         std::optional<std::size_t> part;
     };
 
+    QModelIndex NextToEdit(int by) const;
     QString LinesOf(std::size_t field) const;
     void InsertFields(std::size_t place, const std::vector<EditSession::Field>& fields);
     void MoveFieldTo(std::size_t field, std::size_t place);

@@ -265,6 +265,19 @@ TEST_F(DeskTest, TheCursorLeavesARowThatIsUndone) {
     EXPECT_EQ(Table().Model().rowCount(), 6);
 }
 
+TEST_F(DeskTest, TabLeadsThroughWhatCanBeTypedIn) {
+    MarcEdit& box = Edit("245 $a");
+    QTest::keyClick(&box, Qt::Key_Tab);
+    EXPECT_EQ(PlaceText(Table().CurrentPlace()), "245 $c");
+    EXPECT_EQ(Table().currentIndex().column(), RecordModel::Code);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(Table().currentIndex().column(), RecordModel::Text);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(Table().currentIndex(), Table().Model().index(0, RecordModel::Text));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(PlaceText(Table().CurrentPlace()), "245 $c");
+}
+
 TEST_F(DeskTest, UndoAndRedoLeadToWhatTheyChange) {
     TypeInto("245 $c", "John Roe.");
     GoTo("001");
