@@ -106,10 +106,16 @@ void CopiesEditor::MakeSystems() {
     systems_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     systems_->setMinimumContentsLength(kLeastChars);
     systems_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    systems_->installEventFilter(this);
     connect(systems_, &QComboBox::activated, this, [this](int row) {
         if (row > 0) ChooseSystem(systems_->itemText(row));
         ShowState();
     });
+}
+
+// A wheel that turns over the choice changes no setting.
+bool CopiesEditor::eventFilter(QObject* watched, QEvent* event) {
+    return event->type() == QEvent::Wheel || QWidget::eventFilter(watched, event);
 }
 
 // It is a setting, in force from then on.
@@ -166,7 +172,11 @@ void CopiesEditor::NewLikeThis() {
 
 void CopiesEditor::Add(bool isLikeThis) {
     Finish();
-    if (!record_.CanChange() || !model_->Copies().System().HasElements()) return;
+    if (!record_.CanChange()) return;
+    if (!model_->Copies().System().HasElements()) {
+        Q_EMIT Said(tr("Choose the holdings system above first."));
+        return;
+    }
     const QModelIndex now = table_->currentIndex();
     const QString barCode = NextBarCode();
     model_->New(isLikeThis && now.isValid() ? std::optional(now.row()) : std::nullopt, barCode);

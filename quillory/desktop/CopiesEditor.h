@@ -45,6 +45,9 @@ Q_SIGNALS:
     void PlaceChanged();
     void Said(const QString& text);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QPushButton* Button(const QString& text, const QString& tip, void (CopiesEditor::*work)());
     void MakeTable();

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QTabWidget>
 #include <QTableView>
+#include <QWheelEvent>
 #include <tests/quillory/desktop/DeskTest.h>
 
 namespace quillory {
@@ -88,6 +89,11 @@ TEST_F(CopiesTest, ASystemIsChosenAndReadsTheCopiesInItsWay) {
     QComboBox& systems = window_->Copies().Systems();
     const int dynix = systems.findText("Dynix");
     ASSERT_GE(dynix, 0);
+    const std::string before = ReadHoldingsSetting("HoldingsType");
+    QWheelEvent wheel({5, 5}, systems.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&systems, &wheel);
+    EXPECT_EQ(ReadHoldingsSetting("HoldingsType"), before);
     systems.setCurrentIndex(dynix);
     Q_EMIT systems.activated(dynix);
     EXPECT_EQ(TabText(), "Copies (1)");
