@@ -373,6 +373,7 @@ void MainWindow::GoToMatch() {
     if (!isMatchWanted_ || !listing.IsDone()) return;
     isMatchWanted_ = false;
     const bool isMatch = current_ && listing.RowOf(*current_).has_value();
+    if (listing.Size() == 0) SayShortly(tr("No record is found."));
     if (!isMatch && listing.Size() > 0) ShowRecord(listing.At(0));
 }
 

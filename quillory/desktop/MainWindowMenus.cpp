@@ -266,8 +266,8 @@ void MainWindow::GoToRecord() {
     const qulonglong number = typed.toULongLong(&isNumber);
     const auto record = isNumber ? document_->File().IndexOf(number) : std::nullopt;
     if (record) return ShowRecord(*record);
-    Filter(
-        QStringLiteral("001 = \"%1\"").arg(QString(typed).replace(u'"', QStringLiteral("\"\""))));
+    const QString quoted = QString(typed).replace(u'"', QStringLiteral("\"\""));
+    isMatchWanted_ = Filter(QStringLiteral("001 = \"%1\"").arg(quoted));
 }
 
 void MainWindow::NextRecord(int by) {

@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QFile>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -113,6 +114,25 @@ TEST_F(DeskTest, WhatCantStandInACellIsSaid) {
     EXPECT_TRUE(type("245 $a", RecordModel::Tag, "24").contains("three digits"));
     EXPECT_TRUE(type("245 $a", RecordModel::Code, " ").contains("one letter"));
     EXPECT_FALSE(window_->isWindowModified());
+}
+
+TEST_F(DeskTest, ARecordIsShownByItsNumberOrItsControlNumber) {
+    const auto goTo = [this](const QString& typed) {
+        Activate();
+        QTimer::singleShot(0, [typed] {
+            auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            dialog->setTextValue(typed);
+            dialog->accept();
+        });
+        Press(Qt::Key_G, Qt::ControlModifier);
+        Wait();
+        return window_->Current();
+    };
+    EXPECT_EQ(goTo("2"), 1U);
+    EXPECT_EQ(goTo("A sea"), 2U);
+    EXPECT_EQ(goTo("99"), 2U);
+    EXPECT_EQ(window_->statusBar()->currentMessage(), "No record is found.");
 }
 
 TEST_F(DeskTest, KeysLeadFromTheListIntoTheRecord) {
