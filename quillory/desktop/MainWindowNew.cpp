@@ -57,11 +57,15 @@ void MainWindow::CopyRecord() {
     statusBar()->showMessage(tr("A copy without 001, 003 and 005."));
 }
 
-// Comes last in the file, or in a new one, and is in hand then.
+// Comes last in the file, or in a new one, and is in hand then. A file without records has no room
+// for one that follows them.
 void MainWindow::AddRecord(const Record& record) {
     TakeRecord();
     Try([&] {
-        if (document_ == nullptr) {
+        const bool hasRoom =
+            document_ != nullptr && (document_->IsStore() || document_->File().Size() > 0);
+        if (!hasRoom) {
+            CloseFile();
             TakeFile({});
             TakeDocument(std::make_unique<Document>());
         }

@@ -96,6 +96,19 @@ TEST_F(NewRecordTest, ARecordIsMadeFromAWorkformAndSavedInANewFile) {
     EXPECT_NE(saved.find("$aRivers :"), std::string::npos) << saved;
 }
 
+TEST_F(NewRecordTest, AfterAnEmptyFileARecordComesIntoANewOne) {
+    OpenHere("");
+    New([](WorkformDialog& dialog) {
+        Search(dialog, "book not atlas");
+        Answer(dialog, "245 $a", "One /");
+        dialog.accept();
+    });
+    EXPECT_EQ(Cell("245 $a"), "One /");
+    EXPECT_TRUE(window_->SaveAs(Path()));
+    Wait();
+    EXPECT_NE(file_->Read().find("\037aOne /"), std::string::npos);
+}
+
 TEST_F(NewRecordTest, ANewRecordComesLastInTheOpenFileAndTheOthersStay) {
     OpenHere(Numbered("One") + Numbered("Two"));
     window_->Filter("one");
