@@ -233,7 +233,8 @@ std::optional<FaultCode> ElementRepair::WhyNot008(std::string_view field008) {
 
 // Whether a byte too many before the language makes another one: "beng" is English.
 bool ElementRepair::IsLanguageBehind(std::string_view field008) {
-    const auto behind = static_cast<std::size_t>(language_.first + language_.Width());
+    const auto behind =
+        static_cast<std::size_t>(language_.first) + static_cast<std::size_t>(language_.Width());
     return !SaysNothing(field008.substr(behind, 1)) && IsLanguageAt(field008, language_.first + 1);
 }
 
