@@ -81,7 +81,7 @@ std::optional<ItemFault> ReadLines(std::string_view text, State& state) {
     if (!fault || !fault->lineColumn) return fault;
     std::uint64_t& line = fault->lineColumn->line;
     // A field that no form can hold is named by its place alone, and stands in a line of its own.
-    if (const auto field = FieldAt(state, fault->place)) line = *field + 2;
+    if (const auto field = FieldAt(state, fault->place); field && line == 1) line = *field + 2;
     if (line <= numbers.size()) line = numbers[line - 1];
     return fault;
 }

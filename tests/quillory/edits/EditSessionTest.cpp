@@ -107,6 +107,9 @@ TEST(EditSession, LinesAndFieldsAreOneRecord) {
     const auto fault =
         session.SetLines("=LDR  00000nam a2200000 a 4500\n\n=001  x\n=50  \\\\$aTwo");
     EXPECT_EQ(fault.value().lineColumn.value().line, 4U);
+    const auto first = session.SetLines(
+        "=LDR  00000nam a2200000 a 4500\n=500  \\\\$aOne$$b\n=504  \\\\$aX\n=500  \\\\$aTwo");
+    EXPECT_EQ(first.value().lineColumn.value().line, 2U);
     EXPECT_NE(session.SetLines(""), std::nullopt);
     EXPECT_NE(session.SetLines(lines + "\n" + lines), std::nullopt);
     EXPECT_EQ(session.Now(), before);
