@@ -23,12 +23,38 @@ FieldShape ShapeOf(const EditSession::Field& field) {
     return quillory::ShapeOf(zorby::CommFormatField{field.tag, field.content});
 }
 
+struct SignForDelimiter {
+    QChar sign;
+    QChar standIn;  // no character
+};
+constexpr SignForDelimiter kSigns[] = {{u'‡', u'\uFDD2'}, {u'ǂ', u'\uFDD3'}};
+
+// Whether a sign stood in the text before, beside the same character on one side of it.
+bool StoodBefore(const QString& before, const QString& text, qsizetype at) {
+    return before.contains(text.sliced(at, std::min<qsizetype>(2, text.size() - at))) ||
+           (at > 0 && before.contains(text.sliced(at - 1, 2)));
+}
+
+// The signs that stood in the text before are part of it, and no delimiters.
+QString WithOldSignsHidden(const QString& text, const QString& before) {
+    QString hidden = text;
+    for (const auto& [sign, standIn] : kSigns) {
+        for (auto at = text.indexOf(sign); at >= 0; at = text.indexOf(sign, at + 1)) {
+            if (StoodBefore(before, text, at)) hidden[at] = standIn;
+        }
+    }
+    return hidden;
+}
+
 // A person types a subfield with its delimiter as "‡b" or "ǂb". A delimiter without a code begins
 // no subfield, and is not taken.
-std::string WithDelimiters(QString text) {
+std::string WithDelimiters(const QString& typed, const QString& before) {
     static const QRegularExpression kWithoutCode(QStringLiteral("[‡ǂ\x1F](?=[‡ǂ\x1F]|$)"));
+    QString text = WithOldSignsHidden(typed, before);
     text.replace(u'\n', u' ').replace(u'\t', u' ').remove(kWithoutCode);
-    text.replace(u'‡', QChar(zorby::kDelimiter)).replace(u'ǂ', QChar(zorby::kDelimiter));
+    for (const auto& [sign, standIn] : kSigns) {
+        text.replace(sign, QChar(zorby::kDelimiter)).replace(standIn, sign);
+    }
     return text.toStdString();
 }
 
@@ -329,7 +355,9 @@ bool RecordModel::Change(const Row& row, int column, const QString& text) {
         record_.Do([&](EditSession& session) { session.SetTag(field, bytes); });
         return true;
     }
-    record_.Do([&](EditSession& session) { session.SetContent(field, WithDelimiters(text)); });
+    const QString before = TextOf(row, column, true);
+    record_.Do(
+        [&](EditSession& session) { session.SetContent(field, WithDelimiters(text, before)); });
     return true;
 }
 
@@ -348,7 +376,7 @@ bool RecordModel::ChangePart(const Row& row, int column, const QString& text) {
         if (!IsOneAscii(text)) return false;
         parts[part] = Part(text[0].toLatin1(), quillory::TextOf(parts[part]));
     } else {
-        parts[part] = Part(CodeOf(parts[part]), WithDelimiters(text));
+        parts[part] = Part(CodeOf(parts[part]), WithDelimiters(text, TextOf(row, column, true)));
     }
     record_.Do([&](EditSession& s) { s.SetContent(field, PutTogether(head, parts)); });
     return true;
