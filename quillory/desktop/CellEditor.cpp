@@ -155,7 +155,7 @@ void CellEditor::setModelData(QWidget* editor, QAbstractItemModel* model,
     if (auto* marc = qobject_cast<MarcEdit*>(editor)) {
         model->setData(index, marc->Text(), Qt::EditRole);
     } else if (auto* text = qobject_cast<QPlainTextEdit*>(editor)) {
-        model->setData(index, text->toPlainText(), Qt::EditRole);
+        model->setData(index, TextIn(*text), Qt::EditRole);
     } else if (auto* indicator = qobject_cast<IndicatorEdit*>(editor)) {
         if (!indicator->Value().isEmpty()) model->setData(index, indicator->Value(), Qt::EditRole);
     } else if (auto* line = qobject_cast<QLineEdit*>(editor)) {

@@ -36,7 +36,7 @@ LinesEditor::LinesEditor(OpenRecord& record, QWidget* parent)
     layout->addWidget(box_);
     layout->addWidget(fault_);
     connect(box_, &QPlainTextEdit::textChanged, this, [this] {
-        isTyped_ = box_->toPlainText() != known_;
+        isTyped_ = TextIn(*box_) != known_;
         pause_->start();
         Q_EMIT Typed();
     });
@@ -68,6 +68,7 @@ void LinesEditor::ShowRecord() {
     const QSignalBlocker quiet(box_);
     const int caret = box_->textCursor().position();
     box_->setPlainText(known_);
+    known_ = TextIn(*box_);
     QTextCursor cursor = box_->textCursor();
     cursor.setPosition(static_cast<int>(qMin<qsizetype>(caret, known_.size())));
     box_->setTextCursor(cursor);
@@ -80,12 +81,12 @@ bool LinesEditor::Finish() {
     std::optional<ItemFault> fault;
     isTaking_ = true;
     record_.Do(
-        [&](EditSession& session) { fault = session.SetLines(box_->toPlainText().toStdString()); });
+        [&](EditSession& session) { fault = session.SetLines(TextIn(*box_).toStdString()); });
     isTaking_ = false;
     isTyped_ = fault.has_value();
     if (!fault) {
         fault_->hide();
-        known_ = box_->toPlainText();
+        known_ = TextIn(*box_);
         box_->document()->clearUndoRedoStacks();
         return true;
     }
@@ -98,7 +99,7 @@ bool LinesEditor::Finish() {
 
 void LinesEditor::TellTyped() {
     if (!isTyped_ || !isActive_) return;
-    record_.Do([&](EditSession& session) { session.SetLines(box_->toPlainText().toStdString()); });
+    record_.Do([&](EditSession& session) { session.SetLines(TextIn(*box_).toStdString()); });
 }
 
 bool LinesEditor::CanBringBack() const {

@@ -134,8 +134,7 @@ void MainWindow::KeepRefused(std::size_t record, const RecordState& wanted, cons
 
 void MainWindow::WriteRefused(std::size_t record, const RecordState& wanted) {
     const bool isText = record == current_ && lines_->IsAhead();
-    refused_[record] =
-        isText ? lines_->Box().toPlainText().toStdString() + "\n\n" : LinesOf(wanted);
+    refused_[record] = isText ? TextIn(lines_->Box()).toStdString() + "\n\n" : LinesOf(wanted);
     std::string lines;
     for (const auto& [number, text] : refused_) lines += text;
     WriteOutput(refusedPath_, lines);

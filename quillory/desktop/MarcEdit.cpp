@@ -103,7 +103,7 @@ void MarcEdit::SetText(const QString& text) {
 }
 
 QString MarcEdit::Text() const {
-    if (!isCoded_) return toPlainText();
+    if (!isCoded_) return TextIn(*this);
     std::string code;
     field_.GetWindowTextA(code);
     const QString text = MarcText({code, zorby::kDisplaySIL});

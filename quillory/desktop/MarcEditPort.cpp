@@ -1,5 +1,6 @@
 #include <quillory/desktop/MarcEditPort.h>
 #include <quillory/desktop/MarcView.h>
+#include <quillory/desktop/Texts.h>
 #include <quillory/desktop/WordOverlay.h>
 
 #include <QPlainTextEdit>
@@ -69,7 +70,7 @@ void MarcEditPort::ShowText() {
     if (isPaused_) return;
     view_ = ViewOfDisplay(text_);
     const QString now = MarcText(view_);
-    const QString old = box_.toPlainText();
+    const QString old = TextIn(box_);
     const auto front = std::mismatch(old.begin(), old.end(), now.begin(), now.end());
     const auto back = std::mismatch(old.rbegin(), std::make_reverse_iterator(front.first),
                                     now.rbegin(), std::make_reverse_iterator(front.second));

@@ -1,6 +1,8 @@
 #include <quillory/desktop/Texts.h>
 
 #include <QCoreApplication>
+#include <QPlainTextEdit>
+#include <QTextDocument>
 
 namespace quillory {
 namespace {
@@ -8,6 +10,10 @@ namespace {
 constexpr int kDarkBelow = 128;  // lightness
 
 }  // namespace
+
+QString TextIn(const QPlainTextEdit& box) {
+    return box.document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
+}
 
 QString SignOf(Severity severity) {
     switch (severity) {

@@ -313,7 +313,7 @@ void WorkformEditor::NoteHelp(int kind) {
     SubfieldHelp& help = content.helps[subfield];
     help.isAsked = isAsked_->isChecked();
     for (std::size_t i = 0; i < texts_.size(); ++i) {
-        help.*kHelpTexts[i] = texts_[i]->toPlainText().toStdString();
+        help.*kHelpTexts[i] = TextIn(*texts_[i]).toStdString();
     }
     undo_->push(new Step(*this, std::exchange(now_, content), content, kind));
 }
@@ -351,7 +351,7 @@ void WorkformEditor::ShowHelp() {
     isAsked_->setEnabled(isSubfield && !IsFixed());
     for (std::size_t i = 0; i < texts_.size(); ++i) {
         const QString text = ToQt(help.*kHelpTexts[i]);
-        if (texts_[i]->toPlainText() != text) texts_[i]->setPlainText(text);
+        if (TextIn(*texts_[i]) != text) texts_[i]->setPlainText(text);
         texts_[i]->setReadOnly(!isSubfield || IsFixed());
     }
     isShowing_ = false;
