@@ -30,6 +30,8 @@ EditSession* Document::SessionOf(std::size_t record) {
     file_->ReadToEdit(record, item_);
     if (file_->IsDamaged(record)) return nullptr;
     auto session = std::make_unique<EditSession>(item_.record, CharsetOfFile());
+    // Other programs may write the file before it is changed here.
+    if (!file_->IsChanged(record)) origins_.try_emplace(record, SignOf(session->Now()));
     session->SetGate([this, record](const RecordState& now) { return MayBecome(record, now); });
     return sessions_.emplace(record, std::move(session)).first->second.get();
 }
@@ -49,13 +51,11 @@ Charset Document::CharsetOfFile() const {
 }
 
 std::uint64_t Document::OriginOf(std::size_t record) {
-    const auto [known, isFirst] = origins_.try_emplace(record);
-    if (isFirst) {
-        Item item;
-        file_->ReadAsSaved(record, item);
-        known->second = SignOf(EditSession(item.record, CharsetOfFile()).Now());
-    }
-    return known->second;
+    const auto known = origins_.find(record);
+    if (known != origins_.end()) return known->second;
+    Item item;
+    file_->ReadAsSaved(record, item);
+    return origins_[record] = SignOf(EditSession(item.record, CharsetOfFile()).Now());
 }
 
 Losses Document::Take(std::size_t record) {
@@ -76,7 +76,9 @@ void Document::Leave(std::size_t record) {
     const auto found = sessions_.find(record);
     if (found == sessions_.end()) return;
     const EditSession& session = *found->second;
-    if (!session.CanUndo() && !session.CanRedo()) sessions_.erase(found);
+    if (session.CanUndo() || session.CanRedo()) return;
+    sessions_.erase(found);
+    origins_.erase(record);
 }
 
 std::vector<std::size_t> Document::Outdated() const {

@@ -399,11 +399,12 @@ bool MainWindow::FinishEditing() {
     table_->Finish();
     coded_->Finish();
     copies_->Finish();
-    if (lines_->Finish()) return true;
-    messages_->Warn(
-        tr("The text of the record can't be read yet: see below it. Undo takes back "
-           "what was typed."));
-    return false;
+    const QString unread = tr(
+        "The text of the record can't be read yet: see below it. Undo takes back what was typed.");
+    const bool isRead = lines_->Finish();
+    if (!isRead) messages_->Warn(unread);
+    if (isRead && messages_->Text() == unread) messages_->hide();
+    return isRead;
 }
 
 // The list and the file know of what was edited.

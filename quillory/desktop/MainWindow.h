@@ -190,10 +190,10 @@ private:
     void KeepChanges();
     KeptChange ChangeInHand(const RecordState& typed, bool isTouched);
     void KeepIfNews(const KeptChange& change);
-    void Keep(const KeptChange& change);
+    bool Keep(const KeptChange& change);
     void ForgetChanges();
     void TakeBackKept(std::size_t record);
-    bool AreChangesKept();
+    bool AreChangesKept() const;
     void ReadUnderChanges();
     void OfferLeft();
     bool WantsLeft(std::size_t count, const std::string& path);

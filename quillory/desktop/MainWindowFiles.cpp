@@ -236,20 +236,21 @@ void MainWindow::ChooseTarget() {
 bool MainWindow::SaveAs(const QString& path) {
     if (document_ == nullptr || !FinishEditing()) return false;
     const QFileInfo target(path);
-    const bool isSame = target.exists() && !document_->IsUntitled() &&
-                        target == QFileInfo(ToQt(document_->File().Path()));
-    if (isSame) return Save();
+    const QFileInfo now(document_->IsUntitled() ? QString() : ToQt(document_->File().Path()));
+    if (target.exists() && target == now) return Save();
+    // The file was removed: this window has its name.
+    const bool isOwnName = target.absoluteFilePath() == now.absoluteFilePath();
     TakeRecord();
     bool isSaved = false;
     Try([&] {
         while (document_->File().FindMore(1)) {
         }
-        auto journal = JournalFor(path);
+        auto journal = isOwnName ? nullptr : JournalFor(path);
         if (journal != nullptr && !journal->IsOurs()) return RefuseTarget(*journal);
         const QString said = ToQt(document_->SaveAs(path.toStdString())).trimmed();
         auto written = std::make_unique<Document>(path.toStdString());
         ForgetChanges();
-        KeepIn(std::move(journal));
+        if (!isOwnName) KeepIn(std::move(journal));
         if (current_) *current_ -= DamagedBefore(document_->File(), *current_);
         GoOnWith(std::move(written));
         settings_.AddRecentFile(QFileInfo(path).absoluteFilePath());
@@ -286,6 +287,11 @@ QString MainWindow::ChangeOnDisk() const {
         return tr(
             "This file is not there any more. File > Save As keeps its records, with your "
             "changes, in another one.");
+    }
+    if (!AreChangesKept()) {
+        return tr(
+            "Another program has changed this file. File > Save As keeps your changes in another "
+            "one; File > Reload reads it again without them.");
     }
     return tr(
         "Another program has changed this file. File > Reload reads it again and takes up your "

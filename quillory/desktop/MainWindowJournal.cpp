@@ -127,21 +127,27 @@ void MainWindow::KeepIfNews(const KeptChange& change) {
     const auto known = kept_.find(*current_);
     const bool isKept = known == kept_.end() ? change.isTaken : known->second == sign;
     if (isKept) return;
-    Keep(change);
-    kept_[*current_] = sign;
+    if (Keep(change)) {
+        kept_[*current_] = sign;
+    } else {
+        kept_.erase(*current_);
+    }
 }
 
-void MainWindow::Keep(const KeptChange& change) {
-    if (journal_ == nullptr) return;
+// False if it is not on the disk now, although it should be.
+bool MainWindow::Keep(const KeptChange& change) {
+    if (journal_ == nullptr) return true;
     try {
         journal_->Write(change);
         isUnsafe_ = false;
+        return true;
     } catch (const FileError& error) {
         if (!isUnsafe_) {
             messages_->Warn(tr("Your changes are not safe from a crash until you save them: %1")
                                 .arg(ToQt(error.what())));
         }
         isUnsafe_ = true;
+        return false;
     }
 }
 
@@ -161,7 +167,7 @@ void MainWindow::ForgetChanges() {
     if (journal_ != nullptr) journal_->Clear();
 }
 
-bool MainWindow::AreChangesKept() {
+bool MainWindow::AreChangesKept() const {
     if (journal_ == nullptr || !journal_->IsOurs() || isUnsafe_) return false;
     const RecordSet& records = document_->File();
     const auto all = std::views::iota(std::size_t{0}, records.Size());
@@ -173,7 +179,7 @@ bool MainWindow::AreChangesKept() {
 void MainWindow::ReadUnderChanges() {
     Try([this] {
         auto opened = std::make_unique<Document>(document_->File().Path());
-        TakeFile(ToQt(opened->File().Path()));
+        kept_.clear();
         GoOnWith(std::move(opened));
         journal_->Rewrite(TakeUp(journal_->Left()));
     });

@@ -248,7 +248,8 @@ void RecordTable::CopyField() {
 QString RecordTable::PasteFields() {
     Finish();
     if (record_.Session() == nullptr) return {};
-    const std::string lines = QGuiApplication::clipboard()->text().toStdString();
+    std::string lines = QGuiApplication::clipboard()->text().toStdString();
+    lines.erase(0, lines.find_first_not_of("\r\n"));
     std::vector<EditSession::Field> fields;
     const auto fault = ReadFieldLines(lines, fields);
     if (fault && fault->lineColumn && lines.starts_with('=')) {

@@ -155,6 +155,17 @@ TEST_F(DeskTest, ADelimiterThatIsTypedDividesAText) {
     EXPECT_EQ(Cell("245 $b"), "a history /");
 }
 
+TEST_F(DeskTest, SignsThatStoodInATextStayText) {
+    Press(Qt::Key_T, Qt::ControlModifier);
+    window_->Lines().Box().appendPlainText(QString::fromUtf8("=500  \\\\$aA‡b and\u00A0ǂc"));
+    ASSERT_TRUE(window_->Lines().Finish());
+    Press(Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(Cell("500 $a"), QString::fromUtf8("A‡b and\u00A0ǂc"));
+    TypeInto("500 $a", QString::fromUtf8("A‡b or\u00A0ǂc‡5Here"));
+    EXPECT_EQ(Cell("500 $a"), QString::fromUtf8("A‡b or\u00A0ǂc"));
+    EXPECT_EQ(Cell("500 $5"), "Here");
+}
+
 TEST_F(DeskTest, TextAndRowsAreOneRecord) {
     Press(Qt::Key_T, Qt::ControlModifier);
     QPlainTextEdit& box = window_->Lines().Box();
@@ -298,6 +309,12 @@ TEST_F(DeskTest, AFileThatWasRemovedIsSavedElsewhere) {
     std::filesystem::remove(other.Path());
     EXPECT_TRUE(window_->SaveAs(QString::fromStdString(other.Path())));
     EXPECT_NE(other.Read().find("$aMine /$cJane Doe."), std::string::npos);
+    std::filesystem::remove(other.Path());
+    TypeInto("245 $a", "Again /");
+    EXPECT_TRUE(window_->SaveAs(QString::fromStdString(other.Path()))) << "by the name that it had";
+    EXPECT_NE(other.Read().find("$aAgain /$cJane Doe."), std::string::npos);
+    TypeInto("245 $a", "And again /");
+    EXPECT_TRUE(window_->Save());
 }
 
 TEST_F(DeskTest, AFileThatIsOpenedAgainIsShownAsItWasSaved) {
