@@ -10,6 +10,7 @@
 #include <zorby/holdings/InfoAboutHoldingsTypeList.h>
 
 #include <QComboBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>

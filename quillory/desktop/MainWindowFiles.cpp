@@ -24,9 +24,7 @@
 #include <QSplitter>
 #include <QTableView>
 #include <QTimer>
-#include <algorithm>
 #include <filesystem>
-#include <ranges>
 
 namespace quillory {
 namespace {
@@ -48,9 +46,11 @@ QString EndingOf(const QString& filter) {
 }
 
 std::size_t DamagedBefore(const RecordSet& records, std::size_t record) {
-    const auto before = std::views::iota(std::size_t{0}, record);
-    return static_cast<std::size_t>(
-        std::ranges::count_if(before, [&](std::size_t i) { return records.IsDamaged(i); }));
+    std::size_t damaged = 0;
+    for (std::size_t i = 0; i < record; ++i) {
+        if (records.IsDamaged(i)) ++damaged;
+    }
+    return damaged;
 }
 
 }  // namespace

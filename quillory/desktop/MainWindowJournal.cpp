@@ -18,7 +18,6 @@
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
-#include <ranges>
 #include <set>
 
 // The window's part in keeping changes that are not saved.
@@ -170,9 +169,10 @@ void MainWindow::ForgetChanges() {
 bool MainWindow::AreChangesKept() const {
     if (journal_ == nullptr || !journal_->IsOurs() || isUnsafe_) return false;
     const RecordSet& records = document_->File();
-    const auto all = std::views::iota(std::size_t{0}, records.Size());
-    return std::ranges::none_of(
-        all, [&](std::size_t i) { return records.IsChanged(i) && !kept_.contains(i); });
+    for (std::size_t i = 0; i < records.Size(); ++i) {
+        if (records.IsChanged(i) && !kept_.contains(i)) return false;
+    }
+    return true;
 }
 
 // Another program has written the file: what was changed here is taken up as after a crash.
