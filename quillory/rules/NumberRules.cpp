@@ -111,12 +111,14 @@ bool NamesServer(std::string_view scheme) {
     return std::ranges::any_of(kSchemes, isSame);
 }
 
-// What follows the colon of the scheme. "//http:" has a port without a number.
+// What follows the colon of the scheme. By RFC 3986 a port may lack its number, but in "//http:" a
+// second scheme stands where the server belongs.
 bool HasServer(std::string_view rest) {
     if (!rest.starts_with("//")) return false;
     rest.remove_prefix(2);
     const std::string_view server = rest.substr(0, rest.find_first_of("/?#"));
-    return !server.empty() && server.back() != ':';
+    return !server.empty() &&
+           !(server.back() == ':' && NamesServer(server.substr(0, server.size() - 1)));
 }
 
 void CheckUrl(const Place& place, std::string_view text, RemarkSink& remarks) {

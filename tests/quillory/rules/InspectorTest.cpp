@@ -155,6 +155,9 @@ TEST_F(InspectorTest, EachRuleFindsItsFaultAndNoOther) {
         {"856", {"85640$uhttps://example.org/a b"}, "url-malformed 856 $u"},
         {"856", {"85640$uhttp:/example.org"}, "url-malformed 856 $u"},
         {"856", {"85640$uhttp://https://example.org"}, "url-malformed 856 $u"},
+        {"856", {"85640$uhttp://http://x"}, "url-malformed 856 $u"},
+        {"856", {"85640$uhttp://HTTPS:"}, "url-malformed 856 $u"},
+        {"856", {"85640$uhttp://example.org:/a"}, ""},
         {"856", {"85640$uHTTP://example.org:80", "85640$uurn:isbn:0596000278"}, ""},
         // Titles and series.
         {"245", {"24510$aThe rivers"}, "nonfiling-count 245/2"},
