@@ -137,8 +137,9 @@ std::string FaultOfIssn(std::string_view text) {
     std::string fault = FaultOf11(number);
     if (!fault.empty()) return fault;
     const bool isWritten = text.size() == kIssn + 1 && text[kHyphen] == '-';
-    return isWritten ? fault
-                     : "it would be " + number.substr(0, kHyphen) + '-' + number.substr(kHyphen);
+    if (isWritten) return {};
+    const std::string digits = number.substr(kHyphen, kIssn - kHyphen - 1);
+    return "it would be " + number.substr(0, kHyphen) + '-' + digits + Upper(number.back());
 }
 
 std::string FaultOfEan(std::string_view text) {

@@ -311,7 +311,7 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
          "020[2] $a: warning: 978\u20130596000271: it has other signs [isbn-invalid]"},
         {"020  $a1",
          "020[2] $a: warning: 1: it has 1 digit; there are 10 or 13 in an ISBN [isbn-invalid]"},
-        {"022  $a1050 124x", "022 $a: warning: 1050 124x: it would be 1050-124x [issn-invalid]"},
+        {"022  $a1050 124x", "022 $a: warning: 1050 124x: it would be 1050-124X [issn-invalid]"},
         {"022  $a0046225X", "022 $a: warning: 0046225X: it would be 0046-225X [issn-invalid]"},
         {"022  $a0046-225X (print)",
          "022 $a: warning: 0046-225X: \"(print)\" is no part of an ISSN [issn-invalid]"},
