@@ -1,4 +1,5 @@
 #include <quillory/exchange/SignalsBlocked.h>
+#include <quillory/faults/Errors.h>
 #include <quillory/store/RecordBatch.h>
 
 #include <exception>
@@ -11,6 +12,15 @@ namespace {
 // Of two batches, one is being added.
 constexpr std::size_t kBatchBytes = std::size_t{96} << 20;
 constexpr int kBatchCheckpointPages = 20000;  // a page that every batch changes is written once
+
+// None if the store can't be read: the records have been added all the same.
+RepeatedNumbersFound RepeatedIn(const RecordStore& store, IdRange ids) {
+    try {
+        return store.FindRepeatedNumbers(ids);
+    } catch (const FileError&) {
+        return {};
+    }
+}
 
 }  // namespace
 
@@ -37,7 +47,7 @@ void RecordBatch::Begin(std::launch how) {
     bytes_ = 0;
     const auto addAll = [this] {
         const IdRange ids = store_.AddAll(adding_);
-        return Added{ids, store_.FindRepeatedNumbers(ids)};
+        return Added{ids, RepeatedIn(store_, ids)};
     };
     try {
         const SignalsBlocked blocked;

@@ -92,6 +92,18 @@ TEST_F(RecordStoreTest, ABatchThatCantBeAddedIsReportedWithTheNext) {
     EXPECT_EQ(store_.Count(), 2);
 }
 
+TEST_F(RecordStoreTest, ABatchCountsThoughItsNumbersCantBeLookedUp) {
+    RecordBatch batch(store_, 2);
+    // Records can still be added, but not be found by ID.
+    database_.Execute("ALTER TABLE records RENAME COLUMN id TO place");
+    for (int i = 0; i < 3; ++i) batch.Add({{"1", "", ""}, "b", 0});
+    EXPECT_NO_THROW(batch.Flush());
+    EXPECT_EQ(batch.Saved(), 3U);
+    EXPECT_EQ(batch.Ids().last, 3);
+    EXPECT_EQ(batch.Repeated().count, 0U);
+    EXPECT_EQ(store_.Count(), 3);
+}
+
 TEST_F(RecordStoreTest, IsFoundByNumberAndByTheBeginningOfTheTitle) {
     const std::string beyondKey = "Proceedings of the international conference on ";
     AddTitle(
