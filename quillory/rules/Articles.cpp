@@ -11,13 +11,14 @@ namespace {
 struct LanguageArticles {
     std::string_view language;
     std::string_view articles;  // divided by blanks
+    bool isWhole = true;        // no other spellings, and no articles in a row
 };
 
 // After the list of initial articles in the MARC 21 Format for Bibliographic Data, Appendix F:
 // languages of the Latin script, and articles in letters of ASCII.
 constexpr std::array kLanguages = std::to_array<LanguageArticles>({
     {"afr", "die 'n"},
-    {"ara", "al- el-"},
+    {"ara", "al- el-", false},
     {"cat", "el els en l' la les lo los un una unes uns"},
     {"dan", "de den det en et"},
     {"dut", "de een eene het 'n 't"},
@@ -25,16 +26,16 @@ constexpr std::array kLanguages = std::to_array<LanguageArticles>({
     {"epo", "la"},
     {"fre", "l' la le les un une"},
     {"ger", "das dem den der des die ein eine einem einen einer eines 's"},
-    {"gla", "am an na"},
-    {"gle", "an na"},
+    {"gla", "am an na", false},
+    {"gle", "an na", false},
     {"glg", "a as o os unha un"},
     {"gre", "ho he to hoi hai ta"},
-    {"haw", "he ka ke na o"},
-    {"heb", "ha- he-"},
+    {"haw", "he ka ke na o", false},
+    {"heb", "ha- he-", false},
     {"hun", "a az egy"},
     {"ita", "gl' gli i il l' la le lo un un' una uno"},
-    {"mao", "he nga te"},
-    {"mlt", "il- l-"},
+    {"mao", "he nga te", false},
+    {"mlt", "il- l-", false},
     {"nno", "den det dei ein ei eit"},
     {"nob", "de den det en et ei"},
     {"nor", "de dei den det ei en et eit"},
@@ -43,7 +44,7 @@ constexpr std::array kLanguages = std::to_array<LanguageArticles>({
     {"rum", "o un una"},
     {"spa", "el la las lo los un una unas unos"},
     {"swe", "de den det en ett"},
-    {"tgl", "ang mga"},
+    {"tgl", "ang mga", false},
     {"wel", "y yr"},
     {"yid", "a an der di dem dos"},
 });
@@ -57,7 +58,8 @@ const LanguageArticles* FindLanguage(std::string_view language) {
     return found == kLanguages.end() ? nullptr : found;
 }
 
-// Names and phrases that begin with a word that is an article elsewhere.
+// Names and phrases that begin with a word that is an article elsewhere. Some are common words too,
+// or the beginning of longer ones.
 constexpr auto kNoArticles = std::to_array<std::string_view>({
     "a & ",        "a and ",      "a cappella", "a capella",    "a contrario", "a fortiori",
     "a is ",       "a la ",       "a level",    "a posteriori", "a priori",    "a propos",
@@ -92,7 +94,7 @@ bool IsAt(std::string_view text, std::string_view article) {
 }
 
 // For a text that is not empty.
-bool IsNoArticle(std::string_view text) {
+bool MayBeName(std::string_view text) {
     const char first = LowerAscii(text.front());
     return std::ranges::any_of(kNoArticles, [&](std::string_view phrase) {
         return phrase.front() == first && BeginsWith(text, phrase);
@@ -126,16 +128,18 @@ Article FindAt(std::string_view title, std::size_t start, std::string_view artic
         word = FindArticle(title.substr(start - 1), articles);
     }
     if (word.empty()) word = FindArticle(title.substr(start), articles);
-    if (word.empty() || IsNoArticle(title.substr(start))) return {};
+    if (word.empty()) return {};
     const auto end = static_cast<std::size_t>(word.data() - title.data()) + word.size();
     const std::size_t size = std::min(title.find_first_not_of("] ", end), title.size());
-    return {word, size, std::min(title.find_first_not_of(kSignsAfter, size), title.size())};
+    return {word, size, std::min(title.find_first_not_of(kSignsAfter, size), title.size()),
+            MayBeName(title.substr(start))};
 }
 
 }  // namespace
 
 bool KnowsArticlesOf(std::string_view language) {
-    return FindLanguage(language) != nullptr;
+    const LanguageArticles* known = FindLanguage(language);
+    return known != nullptr && known->isWhole;
 }
 
 Article ArticleOf(std::string_view title, std::string_view language) {

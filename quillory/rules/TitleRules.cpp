@@ -74,15 +74,16 @@ std::string FaultOfCount(std::string_view title, std::size_t count, std::string_
     if (count == 0 && !keepsArticle) return {};
     if (!IsPlain(title.substr(0, count))) return {};
     const Article own = ArticleOf(title, language);
-    if (count == 0) return own.word.empty() ? std::string() : WouldBe(own);
+    const bool isArticle = !own.word.empty() && !own.mayBeName;
+    if (count == 0) return isArticle ? WouldBe(own) : std::string();
     if (IsSizeOf(own, count) || IsSizeOf(ArticleOfAnyLanguage(title), count)) return {};
-    if (!own.word.empty()) return WouldBe(own);
+    const bool isCertain = KnowsArticlesOf(language);
+    if (isArticle && isCertain) return WouldBe(own);
     const std::string skipped = '"' + std::string(title.substr(0, count)) + '"';
     if (!IsBoundary(title, count)) {
         return "no word begins after " + skipped + "; without an article it would be 0";
     }
-    if (!KnowsArticlesOf(language)) return {};
-    return skipped + " is no article, so it would be 0";
+    return isCertain ? skipped + " is no article, so it would be 0" : std::string();
 }
 
 void CheckNonfiling(const RecordInHand& record, const CheckedField& field,
