@@ -43,7 +43,6 @@ constexpr MaterialForm kForms[] = {
 };
 
 constexpr std::size_t kTypeOfRecord = 6;
-constexpr std::size_t kBibliographicLevel = 7;
 // Type b was archival and manuscripts control until 1995; its records are mixed materials now.
 constexpr char kArchivalType = 'b';
 

@@ -2,11 +2,14 @@
 
 #include <zorby/elements/CFType.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
 
 namespace quillory {
+
+inline constexpr std::size_t kBibliographicLevel = 7;  // in the Leader
 
 // The MARC 21 formats. A type of record that is unknown to all of them counts as bibliographic.
 enum MarcFormat : std::int32_t {

@@ -61,10 +61,9 @@ const std::vector<Repair>& RecordRepairer::PutRight(Record& record) {
 
 // By the Leader as the repair leaves it: a level in a capital becomes one that may tell a serial.
 CFType RecordRepairer::MaterialOf(std::string_view leader) const {
-    constexpr std::size_t kLevel = 7;
     const bool mendsCase = !options_.strict && options_.classes.Has(RepairClass::Case);
-    if (!mendsCase || leader.size() <= kLevel) return MaterialOfLeader(leader);
-    std::string toLevel(leader.substr(0, kLevel + 1));
+    if (!mendsCase || leader.size() <= kBibliographicLevel) return MaterialOfLeader(leader);
+    std::string toLevel(leader.substr(0, kBibliographicLevel + 1));
     toLevel.back() = LowerAscii(toLevel.back());
     return MaterialOfLeader(toLevel);
 }
