@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace quillory {
 
@@ -60,5 +61,11 @@ private:
 
     std::array<std::uint64_t, kWords> words_{};
 };
+
+constexpr ByteSet SetOf(std::string_view bytes) {
+    ByteSet set;
+    for (const char byte : bytes) set.Add(byte);
+    return set;
+}
 
 }  // namespace quillory

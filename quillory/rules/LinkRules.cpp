@@ -1,3 +1,4 @@
+#include <quillory/checks/ByteSet.h>
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/Words.h>
 #include <quillory/text/Ascii.h>
@@ -159,11 +160,7 @@ void CheckPartner(const Link& link, const std::vector<Link>& links, RemarkSink& 
 }
 
 // $5 says whose field it is, $6 and $8 link it: none of them says anything by itself.
-constexpr auto kLinkCodes = [] {
-    ByteSet codes;
-    for (const char code : std::string_view("568")) codes.Add(code);
-    return codes;
-}();
+constexpr ByteSet kLinkCodes = SetOf("568");
 
 }  // namespace
 

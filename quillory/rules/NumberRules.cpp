@@ -12,10 +12,6 @@
 namespace quillory {
 namespace {
 
-bool IsSignOfIsbn(char c) {
-    return IsDigit(c) || c == 'X' || c == 'x' || c == '-';
-}
-
 bool IsMark(char c) {
     return c == ':' || c == ';' || c == ',' || c == '.';
 }
@@ -55,10 +51,9 @@ void CheckIsbn(const Place& place, std::string_view text, RemarkSink& remarks) {
 Divided DivideWords(std::string_view text) {
     text = Trimmed(text);
     const std::size_t begin = text.starts_with('M') || text.starts_with('m') ? 1 : 0;
-    const auto isOfNumber = [](char c) { return IsSignOfIsbn(c) || c == ' '; };
-    const auto end = std::ranges::find_if_not(text.substr(begin), isOfNumber);
-    const std::string_view rest(end, text.end());
-    const std::string_view number = Trimmed({text.begin(), end});
+    const std::size_t end = begin + GroupsAtFront(text.substr(begin)).size();
+    const std::string_view rest = text.substr(end);
+    const std::string_view number = Trimmed(text.substr(0, end));
     const bool hasWords = rest.starts_with('(') || (!rest.empty() && IsAsciiLetter(rest.front()));
     return hasWords && number.size() > begin ? Divided{number, rest} : Divided{text, {}};
 }

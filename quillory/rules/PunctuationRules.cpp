@@ -1,3 +1,4 @@
+#include <quillory/checks/ByteSet.h>
 #include <quillory/coded/IsbdMarks.h>
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/text/Marc8Escape.h>
@@ -13,12 +14,6 @@ namespace quillory {
 namespace {
 
 constexpr std::size_t kDescriptiveForm = 18;  // in the Leader
-
-constexpr ByteSet SetOf(std::string_view bytes) {
-    ByteSet set;
-    for (const char byte : bytes) set.Add(byte);
-    return set;
-}
 
 constexpr ByteSet kControlSubfields = SetOf("0123456789uw");
 

@@ -74,14 +74,8 @@ std::string FaultOf10(std::string_view number) {
     return number.back() == right ? std::string() : WrongCheckDigit(right);
 }
 
-constexpr ByteSet SetOfSigns(std::string_view signs) {
-    ByteSet set;
-    for (const char sign : signs) set.Add(sign);
-    return set;
-}
-
-constexpr ByteSet kSignsOfIsbn = SetOfSigns("0123456789Xx-");
-constexpr ByteSet kSignsOfGroups = SetOfSigns("0123456789Xx- ");
+constexpr ByteSet kSignsOfIsbn = SetOf("0123456789Xx-");
+constexpr ByteSet kSignsOfGroups = SetOf("0123456789Xx- ");
 
 // The signs at the front of a text.
 std::string_view FrontOf(std::string_view text, const ByteSet& signs) {
@@ -110,12 +104,16 @@ bool StartsWithDash(std::string_view text) {
 
 }  // namespace
 
+std::string_view GroupsAtFront(std::string_view text) {
+    return FrontOf(text, kSignsOfGroups);
+}
+
 std::string_view IsbnAtFront(std::string_view text) {
     const std::string_view number = FrontOf(text, kSignsOfIsbn);
     const std::string_view rest = text.substr(number.size());
     if (rest.empty() || HasSizeOfIsbn(number)) return number;
     if (StartsWithDash(rest)) return text.substr(0, text.find(' '));
-    const std::string_view groups = WithoutBlanks(FrontOf(text, kSignsOfGroups));
+    const std::string_view groups = WithoutBlanks(GroupsAtFront(text));
     return HasSizeOfIsbn(groups) ? groups : number;
 }
 

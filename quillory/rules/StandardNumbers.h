@@ -5,6 +5,9 @@
 
 namespace quillory {
 
+// The digits, X, hyphens and blanks at the front of a text.
+std::string_view GroupsAtFront(std::string_view text);
+
 // The ISBN at the front of a text, before any words: digits, X and hyphens, and blanks where a
 // number of 10 or 13 digits has them between its groups. Empty for a text that begins otherwise.
 std::string_view IsbnAtFront(std::string_view text);
