@@ -40,12 +40,7 @@ std::vector<FieldCheck> ChecksOf(FieldRole role, const ErrorCodeSet& wanted) {
 
 // The size of a record as the communications format counts it, ends included.
 std::size_t SizeOf(const Record& record) {
-    if (!record.bytes.empty()) return record.bytes.size();
-    std::size_t size = kLeaderSize + 2;
-    for (const CommFormatField& field : record.fields) {
-        size += kDirectoryEntrySize + field.content.size() + 1;
-    }
-    return size;
+    return record.bytes.empty() ? CommFormatSize(record.fields) : record.bytes.size();
 }
 
 }  // namespace

@@ -40,11 +40,7 @@ std::size_t CommFormatSize(const CommFormatField& field) {
 }
 
 std::size_t CommFormatSize(const Record& record) {
-    std::size_t size = zorby::kLeaderSize + 2;
-    for (const CommFormatField& field : record.fields) {
-        size += zorby::kDirectoryEntrySize + CommFormatSize(field);
-    }
-    return size;
+    return zorby::CommFormatSize(record.fields);
 }
 
 // `field` is its index, `size` of the field or of the whole record.
@@ -54,21 +50,14 @@ Fault MarcAssembler::FaultOf(FaultCode code, const Record& record, std::size_t f
     return {code, places_.After(fields.first(field), fields[field].tag), std::to_string(size)};
 }
 
-// Why a record can't be written as it is.
-WriteResult MarcAssembler::Refuse(const Record& record) {
-    if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
-    if (record.leader.find(zorby::kRecordEnd) != record.leader.npos) {
-        return NotWritten({FaultCode::kEndInText, Place::OfLeader()});
-    }
-    if (oversize_ != kOversizeRefuse) return {};
+// Why a record without room for all its fields is not written.
+WriteResult MarcAssembler::RefuseSize(const Record& record) {
     const std::size_t largest = LargestField(record);
     const std::size_t size = CommFormatSize(record.fields[largest]);
     if (size > zorby::kLongestField) {
         return NotWritten(FaultOf(FaultCode::kFieldTooLong, record, largest, size));
     }
-    const std::size_t whole = CommFormatSize(record);
-    if (whole <= zorby::kLongestRecord) return {};
-    return NotWritten(FaultOf(FaultCode::kRecordTooLong, record, largest, whole));
+    return NotWritten(FaultOf(FaultCode::kRecordTooLong, record, largest, CommFormatSize(record)));
 }
 
 void MarcAssembler::AddAsItIs(const Record& record, std::size_t field, WriteResult& result) {
@@ -98,13 +87,12 @@ void MarcAssembler::AddToFit(const Record& record, std::size_t field, WriteResul
     result.faults.push_back(std::move(fault));
 }
 
-WriteResult MarcAssembler::AssembleFields(const Record& record) {
-    const std::string_view leader = MendLeader(record.leader, leader_);
+// As many fields as the record has room for.
+void MarcAssembler::AssembleSome(const Record& record, std::string_view leader,
+                                 WriteResult& result) {
     writer_.Clear();
     writer_.SetLeader(leader);
     size_ = zorby::kLeaderSize + 2;
-    WriteResult result;
-    result.leaderMended = leader.data() == leader_.data();
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
         if (oversize_ == kOversizeCut) {
             AddToFit(record, i, result);
@@ -114,16 +102,27 @@ WriteResult MarcAssembler::AssembleFields(const Record& record) {
     }
     const std::size_t cut = writer_.Finish(text_);
     if (cut != 0) result.faults.push_back({FaultCode::kRecordCut, {}, std::to_string(cut)});
+}
+
+WriteResult MarcAssembler::AssembleFields(const Record& record) {
+    if (record.fields.empty()) return NotWritten({FaultCode::kNothingToWrite});
+    if (record.leader.find(zorby::kRecordEnd) != record.leader.npos) {
+        return NotWritten({FaultCode::kEndInText, Place::OfLeader()});
+    }
+    const std::string_view leader = MendLeader(record.leader, leader_);
+    WriteResult result;
+    result.leaderMended = leader.data() == leader_.data();
+    if (!zorby::WriteCommFormat(leader, record.fields, text_)) {
+        if (oversize_ == kOversizeRefuse) return RefuseSize(record);
+        AssembleSome(record, leader, result);
+    }
     bytes_ = text_;
     return result;
 }
 
 WriteResult MarcAssembler::Assemble(const Record& record) {
     places_.Clear();
-    if (record.bytes.empty()) {
-        WriteResult refused = Refuse(record);
-        return refused.written ? AssembleFields(record) : refused;
-    }
+    if (record.bytes.empty()) return AssembleFields(record);
     bytes_ = record.bytes;
     const std::string_view leader = MendLeader(record.leader, leader_);
     if (leader.data() == record.bytes.data()) return {};

@@ -25,8 +25,9 @@ public:
 
 private:
     Fault FaultOf(FaultCode code, const Record& record, std::size_t field, std::size_t size);
-    WriteResult Refuse(const Record& record);
+    WriteResult RefuseSize(const Record& record);
     WriteResult AssembleFields(const Record& record);
+    void AssembleSome(const Record& record, std::string_view leader, WriteResult& result);
     void AddAsItIs(const Record& record, std::size_t field, WriteResult& result);
     void AddToFit(const Record& record, std::size_t field, WriteResult& result);
 

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -104,6 +105,15 @@ ZORBY_EXPORT CommFormatFault RescueCommFormat(std::string_view bytes, CommFormat
 // Reads one record into a list of fields: the leader as tag 000, then the fields in the order of
 // the directory. This replaces what `record` held. After a fault `record` is empty.
 ZORBY_EXPORT CommFormatFault ReadCommFormat(std::string_view bytes, CPmarc& record);
+
+// The bytes of a record with these fields, the leader, the directory and all terminators included.
+ZORBY_EXPORT std::size_t CommFormatSize(std::span<const CommFormatField> fields);
+
+// Writes a record, which replaces what `record` held; the views must not point there. The leader is
+// set as by CommFormatWriter. Returns false, and leaves `record` as it is, if there is no field, a
+// field is longer than kLongestField, or the record is longer than kLongestRecord.
+ZORBY_EXPORT bool WriteCommFormat(std::string_view leader, std::span<const CommFormatField> fields,
+                                  std::string& record);
 
 // Builds a record in the communications format, field by field.
 class ZORBY_EXPORT CommFormatWriter {

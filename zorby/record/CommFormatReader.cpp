@@ -140,7 +140,6 @@ CommFormatFault Reader::Read(std::vector<CommFormatField>& fields) const {
 }  // namespace
 
 CommFormatFault ReadCommFormat(std::string_view bytes, CommFormatFields& fields) {
-    fields.fields.clear();
     if (CommFormatFault fault = CheckLength(bytes)) return fault;
     fields.leader = bytes.substr(0, kLeaderSize);
     if (CommFormatFault fault = CheckCounts(fields.leader)) return fault;

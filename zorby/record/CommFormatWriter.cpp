@@ -31,6 +31,32 @@ void PutDecimal(char* target, std::size_t number) {
     std::copy_n(kPairs[rest % 100].data(), 2, target + 2);
 }
 
+// Writes the 12 bytes of a field in the directory. A tag that is too short has zeros before it.
+void PutEntry(char* target, std::string_view tag, std::size_t length, std::size_t start) {
+    if (tag.size() == kTagSize) {
+        std::copy_n(tag.data(), kTagSize, target);
+    } else {
+        const std::size_t tagSize = std::min(tag.size(), kTagSize);
+        std::fill_n(target, kTagSize, '0');
+        std::copy_n(tag.data(), tagSize, target + kTagSize - tagSize);
+    }
+    PutDecimal<4>(target + kTagSize, std::min(length, kLongestField));
+    PutDecimal<5>(target + kTagSize + 4, start);
+}
+
+// Writes the 24 bytes of a leader that is known as far as it goes.
+void PutLeader(char* target, std::string_view leader, std::size_t total, std::size_t baseAddress) {
+    const std::size_t known = std::min(leader.size(), kLeaderSize);
+    std::copy_n(leader.data(), known, target);
+    std::fill_n(target + known, kLeaderSize - known, kUnknownLeaderByte);
+    PutDecimal<5>(target + kLeaderLength, total);
+    PutDecimal<5>(target + kLeaderBaseAddress, baseAddress);
+}
+
+bool IsTooLong(const CommFormatField& field) {
+    return field.content.size() + 1 > kLongestField;
+}
+
 // Returns how many bytes of data a record of `total` bytes must give up, in whole tens.
 std::size_t BytesToCut(std::size_t total, std::size_t dataSize) {
     if (total <= kLongestRecord) return 0;
@@ -38,6 +64,35 @@ std::size_t BytesToCut(std::size_t total, std::size_t dataSize) {
 }
 
 }  // namespace
+
+std::size_t CommFormatSize(std::span<const CommFormatField> fields) {
+    constexpr std::size_t kEnds = 2;  // those of the directory and of the record
+    std::size_t size = kLeaderSize + kEnds + fields.size() * (kDirectoryEntrySize + 1);
+    for (const CommFormatField& field : fields) size += field.content.size();
+    return size;
+}
+
+bool WriteCommFormat(std::string_view leader, std::span<const CommFormatField> fields,
+                     std::string& record) {
+    const std::size_t total = CommFormatSize(fields);
+    if (fields.empty() || total > kLongestRecord) return false;
+    if (total > kLongestField && std::ranges::any_of(fields, IsTooLong)) return false;
+    record.resize(total);
+    const std::size_t baseAddress = kLeaderSize + fields.size() * kDirectoryEntrySize + 1;
+    PutLeader(record.data(), leader, total, baseAddress);
+    char* entry = record.data() + kLeaderSize;
+    char* const data = record.data() + baseAddress;
+    char* to = data;
+    for (const auto& [tag, content] : fields) {
+        PutEntry(entry, tag, content.size() + 1, static_cast<std::size_t>(to - data));
+        entry += kDirectoryEntrySize;
+        to = std::copy(content.begin(), content.end(), to);
+        *to++ = kFieldEnd;
+    }
+    *entry = kFieldEnd;
+    *to = kRecordEnd;
+    return true;
+}
 
 void CommFormatWriter::Clear() {
     leader_.clear();
@@ -57,12 +112,9 @@ void CommFormatWriter::SetLeader(std::string_view leader) {
 bool CommFormatWriter::AddField(std::string_view tag, std::string_view content) {
     const std::size_t length = content.size() + 1;
     if (data_.size() + length >= kDataLimit) return false;
-    const std::size_t tagSize = std::min(tag.size(), kTagSize);
-    directory_.resize(directory_.size() + kDirectoryEntrySize, '0');
-    char* const entry = directory_.data() + directory_.size() - kDirectoryEntrySize;
-    std::copy_n(tag.data(), tagSize, entry + kTagSize - tagSize);
-    PutDecimal<4>(entry + 3, std::min(length, kLongestField));
-    PutDecimal<5>(entry + 7, data_.size());
+    char entry[kDirectoryEntrySize];
+    PutEntry(entry, tag, length, data_.size());
+    directory_.append(entry, kDirectoryEntrySize);
     data_.append(content);
     data_ += kFieldEnd;
     return true;
@@ -75,10 +127,8 @@ std::size_t CommFormatWriter::Finish(std::string& record) const {
     const std::size_t total = kLeaderSize + directory_.size() + data_.size() + kEnds;
     const std::size_t cut = BytesToCut(total, data_.size());
     record.reserve(total - cut);
-    record = leader_;
-    record.resize(kLeaderSize, kUnknownLeaderByte);
-    PutDecimal<5>(record.data() + kLeaderLength, total - cut);
-    PutDecimal<5>(record.data() + kLeaderBaseAddress, kLeaderSize + directory_.size() + 1);
+    record.resize(kLeaderSize);
+    PutLeader(record.data(), leader_, total - cut, kLeaderSize + directory_.size() + 1);
     record += directory_;
     record += kFieldEnd;
     record.append(data_, 0, data_.size() - cut);

@@ -152,6 +152,45 @@ TEST(CommFormat, FindsFaultsAnywhereInAField) {
     }
 }
 
+// Both ways of writing give the same bytes up to the longest field and the longest record, and only
+// the builder goes on from there.
+TEST(CommFormat, WritesAtOnceWhatTheBuilderWrites) {
+    const std::string longest = "  \037a" + std::string(kLongestField - 5, 'x');
+    const std::string tooLong = longest + "x";
+    std::vector<CommFormatField> nine(9, {"500", longest});
+    struct {
+        std::string_view leader;
+        std::vector<CommFormatField> fields;
+        bool fits;
+    } const kCases[] = {
+        {"00000nam a2200000 a 4500", {{"001", "1"}, {"5", ""}, {"", "x"}, {"9999", "y"}}, true},
+        {"00000nam", {{"245", "10\037aShort leader"}}, true},
+        {"", {{"245", longest}}, true},
+        {"", {{"245", tooLong}}, false},
+        {"", {nine[0], nine[1], {"500", tooLong}}, false},
+        {"", nine, true},
+        {"", {}, false},
+    };
+    for (const auto& c : kCases) {
+        std::string record = "as it was";
+        EXPECT_EQ(WriteCommFormat(c.leader, c.fields, record), c.fits) << c.fields.size();
+        CommFormatWriter writer;
+        writer.SetLeader(c.leader);
+        for (const auto& [tag, content] : c.fields) writer.AddField(tag, content);
+        std::string built;
+        EXPECT_EQ(writer.Finish(built), 0U);
+        EXPECT_EQ(record, c.fits ? built : "as it was");
+    }
+    nine.push_back({"900", ""});
+    const std::string last(kLongestRecord - CommFormatSize(nine) + 1, 'y');
+    std::string record;
+    nine.back().content = last;
+    EXPECT_FALSE(WriteCommFormat("", nine, record));
+    nine.back().content.remove_suffix(1);
+    EXPECT_TRUE(WriteCommFormat("", nine, record));
+    EXPECT_EQ(record.size(), kLongestRecord);
+}
+
 // More field terminators than a byte can count, all as far from one another.
 TEST(CommFormat, ReadsManyFields) {
     CommFormatWriter writer;
