@@ -11,24 +11,15 @@ namespace quillory {
 // A set of bytes, such as the codes of the subfields that a field may have.
 class ByteSet {
 public:
+    static ByteSet All() {
+        ByteSet all;
+        all.words_.fill(~std::uint64_t{0});
+        return all;
+    }
+
     constexpr bool Has(char byte) const { return (words_[Word(byte)] & Bit(byte)) != 0; }
     constexpr void Add(char byte) { words_[Word(byte)] |= Bit(byte); }
-    // Whether the byte is new.
-    bool Insert(char byte) {
-        std::uint64_t& word = words_[Word(byte)];
-        const bool isNew = (word & Bit(byte)) == 0;
-        word |= Bit(byte);
-        return isNew;
-    }
     bool IsEmpty() const { return (words_[0] | words_[1] | words_[2] | words_[3]) == 0; }
-    bool IsWithin(const ByteSet& other) const {
-        return ((words_[0] & ~other.words_[0]) | (words_[1] & ~other.words_[1]) |
-                (words_[2] & ~other.words_[2]) | (words_[3] & ~other.words_[3])) == 0;
-    }
-    bool Meets(const ByteSet& other) const {
-        return ((words_[0] & other.words_[0]) | (words_[1] & other.words_[1]) |
-                (words_[2] & other.words_[2]) | (words_[3] & other.words_[3])) != 0;
-    }
     ByteSet Without(const ByteSet& other) const {
         ByteSet rest = *this;
         for (std::size_t i = 0; i < kWords; ++i) rest.words_[i] &= ~other.words_[i];

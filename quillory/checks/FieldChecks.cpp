@@ -70,7 +70,7 @@ const FieldRule& RuleFor(const FieldInHand& inHand) {
 // Names each code once a field.
 void CheckSubfields(const FieldInHand& inHand, FindingSink& findings) {
     const FieldRule& rule = RuleFor(inHand);
-    if (rule.Allows(inHand.field.codes, inHand.field.repeated)) return;
+    if (rule.IsUsual(inHand.field.codes, inHand.field.repeated)) return;
     ByteSet seen;
     ByteSet repeated;
     for (const auto& [code, text] : inHand.Subfields()) {

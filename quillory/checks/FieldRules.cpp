@@ -147,7 +147,17 @@ void FieldRules::AllowAny(unsigned tag) {
 }
 
 void FieldRules::Finish() {
-    for (FieldRule& rule : rules_) rule.currentCodes = rule.codes.Without(rule.obsoleteCodes);
+    for (FieldRule& rule : rules_) {
+        rule.codes.Without(rule.obsoleteCodes).ForEach([&rule](unsigned char byte) {
+            const char code = static_cast<char>(byte);
+            const CodeSet usual = CodeSet::Of(code).LettersAndDigits();
+            rule.usual.AddAll(usual);
+            if (rule.repeatableCodes.Has(code)) rule.usualRepeatable.AddAll(usual);
+        });
+        for (IndicatorRule& values : rule.indicators) {
+            values.allowed = values.current.IsEmpty() ? ByteSet::All() : values.current;
+        }
+    }
     rules_.resize(kTags);
     rules_.emplace_back();  // for kNoTag
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <quillory/checks/ByteSet.h>
+#include <quillory/checks/CodeSet.h>
 #include <quillory/places/Tag.h>
 
 #include <array>
@@ -28,8 +29,9 @@ inline constexpr std::size_t kRoles = kRoleLinked + 1;
 struct IndicatorRule {
     ByteSet current;
     ByteSet obsolete;
+    ByteSet allowed;  // what is current, or all
 
-    bool Allows(char value) const { return current.Has(value) || current.IsEmpty(); }
+    bool Allows(char value) const { return allowed.Has(value); }
 };
 
 // What is allowed in the fields of a tag.
@@ -43,16 +45,15 @@ struct FieldRule {
     ByteSet codes;
     ByteSet repeatableCodes;
     ByteSet obsoleteCodes;
-    ByteSet currentCodes;  // the others
+    // Letters and digits that are allowed and not obsolete, and those of them that may be repeated.
+    CodeSet usual;
+    CodeSet usualRepeatable;
     std::array<IndicatorRule, 2> indicators;
 
-    // Whether a field may have these subfields, the second of them more than once.
-    bool Allows(const ByteSet& has, const ByteSet& repeats) const {
-        return hasAnyCodes || (has.IsWithin(codes) && repeats.IsWithin(repeatableCodes));
-    }
-    // The same, and none of them is obsolete.
-    bool IsCurrent(const ByteSet& has, const ByteSet& repeats) const {
-        return hasAnyCodes || (has.IsWithin(currentCodes) && repeats.IsWithin(repeatableCodes));
+    // Whether nothing can be wrong with a field that has these subfields, the second of them more
+    // than once. If not, each has to be looked at.
+    bool IsUsual(CodeSet has, CodeSet repeats) const {
+        return hasAnyCodes || (has.IsWithin(usual) && repeats.IsWithin(usualRepeatable));
     }
 };
 

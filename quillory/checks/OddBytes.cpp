@@ -42,8 +42,12 @@ BlockBits OddOfBlock(const char* bytes) {
 }
 #endif
 
-// Of bytes that are too few for a block.
-BlockBits OddOfRest(std::string_view bytes) {
+// Of the bytes behind the last whole block, which are too few for another.
+BlockBits OddOfRest(std::string_view bytes, std::size_t size) {
+    if (size == 0) return 0;
+    if (bytes.size() >= kBlock) {
+        return OddOfBlock(bytes.data() + bytes.size() - kBlock) >> (kBlock - size);
+    }
     char filled[kBlock];
     std::memset(filled, ' ', kBlock);
     std::copy(bytes.begin(), bytes.end(), filled);
@@ -56,7 +60,7 @@ void OddBytes::Find(std::string_view bytes) {
     const std::size_t blocks = bytes.size() / kBlock;
     words_.resize(std::max(words_.size(), blocks + 1));
     for (std::size_t i = 0; i < blocks; ++i) words_[i] = OddOfBlock(bytes.data() + i * kBlock);
-    words_[blocks] = OddOfRest(bytes.substr(blocks * kBlock));
+    words_[blocks] = OddOfRest(bytes, bytes.size() % kBlock);
     bytes_ = bytes;
 }
 

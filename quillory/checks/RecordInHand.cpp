@@ -10,8 +10,12 @@ namespace {
 // code, are no subfields. They are put where there is room for them.
 void TakeSubfields(OddBytes::Cursor odd, CheckedField& field, SubfieldInHand* room) {
     const char* const end = odd.End();
-    const auto nextDelimiter = [&odd, &field, end] {
-        for (;; field.isPlain = false) {
+    bool isPlain = true;
+    bool lacksText = false;
+    CodeSet codes;
+    CodeSet repeated;
+    const auto nextDelimiter = [&odd, &isPlain, end] {
+        for (;; isPlain = false) {
             const char* const at = odd.Next();
             if (at == end || *at == zorby::kDelimiter) return at;
         }
@@ -21,16 +25,20 @@ void TakeSubfields(OddBytes::Cursor odd, CheckedField& field, SubfieldInHand* ro
         const char* const next = nextDelimiter();
         const char* const text = at + 2;
         if (text <= next) {
-            const char code = at[1];
-            *subfield++ = {code, {text, next}};
-            if (!field.codes.Insert(code)) field.repeated.Add(code);
+            *subfield++ = {at[1], {text, next}};
+            const CodeSet code = CodeSet::Of(at[1]);
+            repeated.AddAll(codes.And(code));
+            codes.AddAll(code);
             const bool mayBeBlank = text == next || *text == ' ';
-            if (mayBeBlank && IsBlank({text, next})) field.lacksText = true;
+            if (mayBeBlank && IsBlank({text, next})) lacksText = true;
         }
         at = next;
     }
     field.subfields = static_cast<std::uint32_t>(subfield - room);
-    field.lacksText = field.lacksText || subfield == room;
+    field.codes = codes;
+    field.repeated = repeated;
+    field.isPlain = isPlain;
+    field.lacksText = lacksText || subfield == room;
 }
 
 }  // namespace
@@ -97,7 +105,9 @@ const CheckedField* RecordInHand::Whole008() const {
 
 std::string_view RecordInHand::TextOf(const CheckedField& field, char code) const {
     if (!field.Has(code)) return {};
-    return std::ranges::find(SubfieldsOf(field), code, &SubfieldInHand::code)->text;
+    const auto subfields = SubfieldsOf(field);
+    const auto found = std::ranges::find(subfields, code, &SubfieldInHand::code);
+    return found != subfields.end() ? found->text : std::string_view();
 }
 
 const FieldRule& RecordInHand::RuleFor(const CheckedField& field) const {

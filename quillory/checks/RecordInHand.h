@@ -31,8 +31,8 @@ struct CheckedField {
     std::uint32_t occurrence = 0;
     std::uint32_t firstSubfield = 0;
     std::uint32_t subfields = 0;
-    ByteSet codes;           // of its subfields
-    ByteSet repeated;        // those of them that stand there more than once
+    CodeSet codes;           // of its subfields
+    CodeSet repeated;        // those of them that stand there more than once
     bool isPlain = true;     // printable ASCII and delimiters
     bool lacksText = false;  // in one of its subfields, or as a whole
 
@@ -50,7 +50,8 @@ struct CheckedField {
         lacksText = false;
     }
     bool IsData() const { return number != kNoTag && number >= kFirstDataTag; }
-    bool Has(char code) const { return codes.Has(code); }
+    // Of a letter or a digit.
+    bool Has(char code) const { return codes.MayHave(code); }
     Place GetPlace() const { return Place::OfField(tag, occurrence); }
     // 1 or 2; NUL where the field is too short to have it.
     char Indicator(int which) const {
@@ -104,7 +105,7 @@ public:
     }
     // The first 008, if it has all its 40 positions; null otherwise.
     const CheckedField* Whole008() const;
-    // The first subfield of a code, of a field; empty if there is none.
+    // The first subfield of a code, a letter or a digit; empty if the field has none.
     std::string_view TextOf(const CheckedField& field, char code) const;
     const FieldRule& RuleOf(unsigned tag) const { return rules_->Of(tag); }
     // What the field may have: for an 880 the rules of the field that it is linked to.

@@ -1,4 +1,3 @@
-#include <quillory/checks/ByteSet.h>
 #include <quillory/rules/RuleFamilies.h>
 #include <quillory/rules/Words.h>
 #include <quillory/text/Ascii.h>
@@ -160,7 +159,7 @@ void CheckPartner(const Link& link, const std::vector<Link>& links, RemarkSink& 
 }
 
 // $5 says whose field it is, $6 and $8 link it: none of them says anything by itself.
-constexpr ByteSet kLinkCodes = SetOf("568");
+constexpr CodeSet kLinkCodes = CodeSet::Of("568");
 
 }  // namespace
 

@@ -115,7 +115,7 @@ void CheckFirst(const RuledField& ruled, char code, RemarkSink& remarks) {
 // Each code is named once a field, and so is what stands too often.
 void CheckCodes(const RecordInHand& record, const CheckedField& field, const FieldRule& rule,
                 RemarkSink& remarks) {
-    if (rule.IsCurrent(field.codes, field.repeated)) return;
+    if (rule.IsUsual(field.codes, field.repeated)) return;
     std::array<std::uint8_t, 256> counts{};
     for (const SubfieldInHand& subfield : record.SubfieldsOf(field)) {
         std::uint8_t& count = counts[static_cast<unsigned char>(subfield.code)];
@@ -173,7 +173,7 @@ bool IsInOrder(const CheckedField& field, const FieldRule& rule) {
     if (!field.IsData()) return field.isPlain;
     return rule.indicators[0].Allows(field.Indicator(1)) &&
            rule.indicators[1].Allows(field.Indicator(2)) &&
-           rule.IsCurrent(field.codes, field.repeated);
+           rule.IsUsual(field.codes, field.repeated);
 }
 
 void CheckKnownField(const RecordInHand& record, const CheckedField& field, const FieldRule& rule,

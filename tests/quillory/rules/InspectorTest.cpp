@@ -298,6 +298,7 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
          "would be 0 [nonfiling-count]"},
         {"1041 $aX", "104: warning: MARC 21 has no field 104 [undefined]"},
         {"500  $aX$DY", "500 $D: warning: field 500 has no subfield $D [undefined]"},
+        {"500  $aX$%Y$DZ$%V", "500 $D: warning: field 500 has no subfield $D [undefined]"},
         {"880  $6500-00$aX$jY",
          "880 $j: warning: field 880 for 500 has no subfield $j [undefined]"},
         {"300  $aX$3Y$3Z",
