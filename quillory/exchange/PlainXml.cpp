@@ -12,9 +12,15 @@ constexpr bool IsBlank(char c) {
     return c == ' ' || c == '\n' || c == '\t' || c == '\r';
 }
 
-// Whether that can be the value of an attribute, all of it as it stands there.
+// The characters that stand in the value of an attribute as they are.
+constexpr auto kPlainInValues = [] {
+    std::array<bool, 256> isPlain{};
+    for (unsigned char c = ' '; c < 0x7F; ++c) isPlain[c] = c != '"' && c != '&' && c != '<';
+    return isPlain;
+}();
+
 constexpr bool IsPlainValue(char c) {
-    return c >= ' ' && c < 0x7F && c != '"' && c != '&' && c != '<';
+    return kPlainInValues[static_cast<unsigned char>(c)];
 }
 
 bool IsPlainValue(std::string_view value) {
@@ -248,7 +254,7 @@ bool PlainXml::ReadUsualTag() {
         return std::memcmp(rest_.data() + from, kForm.data() + from, to - from) == 0;
     };
     if (rest_.size() < kForm.size()) return false;
-    const std::string_view tag = rest_.substr(0, kTagSize);
+    const std::string_view tag(rest_.data(), kTagSize);
     const char first = rest_[kFirstAt];
     const char second = rest_[kSecondAt];
     const bool isUsual = isAsInForm(kTagSize, kFirstAt) && isAsInForm(kFirstAt + 1, kSecondAt) &&

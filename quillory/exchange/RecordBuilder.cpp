@@ -150,8 +150,7 @@ bool RecordBuilder::AddSubfield(std::string_view code, std::string_view text) {
 
 void RecordBuilder::BeginDataField(std::string_view tag, char first, char second) {
     BeginField(tag);
-    const std::array<char, kIndicators> indicators{first, second};
-    text_ += std::string_view(indicators.data(), indicators.size());
+    text_.AppendPair(first, second);
     haveIndicator_ = {true, true};
 }
 

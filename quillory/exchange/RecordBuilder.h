@@ -43,10 +43,7 @@ public:
     bool BeginControlField(std::string_view tag);
     void EndControlField() { EndField(); }
     void BeginDataField(std::string_view tag, char first, char second);
-    void BeginSubfield(char code) {
-        const std::array<char, 2> begin{zorby::kDelimiter, code};
-        text_ += std::string_view(begin.data(), begin.size());
-    }
+    void BeginSubfield(char code) { text_.AppendPair(zorby::kDelimiter, code); }
     TextBuilder& Text() { return text_; }
 
     bool End();

@@ -21,8 +21,25 @@ namespace quillory {
 // Misfits are controls, the signs < > & ", and what is beyond ASCII.
 class PlainXmlBlocks {
 public:
-    // Copies the plain bytes at the front of a text. Result: how many they are.
+    // Copies the plain bytes at the front of a text. Result: how many they are. Most texts end in
+    // their first block.
     static std::size_t Append(std::string_view text, TextBuilder& out) {
+#ifdef __SSE2__
+        if (text.size() >= kBlock) {
+            const std::size_t plain = AppendBlock<kBlock>(text.data(), out);
+            if (plain < kBlock) return plain;
+            text.remove_prefix(kBlock);
+            return kBlock + AppendBlocks(text, out);
+        }
+#endif
+        return AppendBlocks(text, out);
+    }
+
+private:
+    using Word = std::uint64_t;  // eight bytes of a text, the first of them lowest
+    static constexpr bool kIsFirstLowest = std::endian::native == std::endian::little;
+
+    static std::size_t AppendBlocks(std::string_view text, TextBuilder& out) {
         std::size_t size = 0;
 #ifdef __SSE2__
         while (text.size() - size >= kBlock) {
@@ -38,10 +55,6 @@ public:
 #endif
         return size + AppendWords(text.substr(size), out);
     }
-
-private:
-    using Word = std::uint64_t;  // eight bytes of a text, the first of them lowest
-    static constexpr bool kIsFirstLowest = std::endian::native == std::endian::little;
 
 #ifdef __SSE2__
     static constexpr std::size_t kBlock = 32;

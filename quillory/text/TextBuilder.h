@@ -44,6 +44,13 @@ public:
         return *this;
     }
 
+    void AppendPair(char first, char second) {
+        char* const at = Room(2);
+        at[0] = first;
+        at[1] = second;
+        Take(2);
+    }
+
     // Where the next piece is to stand, with room for so many bytes, which may be put there.
     char* Room(std::size_t size) {
         if (static_cast<std::size_t>(limit_ - end_) < size) Grow(size);
