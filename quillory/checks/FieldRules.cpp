@@ -45,6 +45,10 @@ bool IsLocalTag(unsigned tag) {
 
 }  // namespace
 
+bool NamesSource(std::string_view name) {
+    return name.ends_with(" in subfield $2") || name.ends_with(" in $2");
+}
+
 FieldRules::FieldRules(bool allowLocal) : rules_(kTags) {
     AddDictionary();
     AddHoldings();
@@ -89,8 +93,10 @@ void FieldRules::AddIndicators(unsigned tag) {
         IndicatorRule& rule = rules_[tag].indicators[static_cast<std::size_t>(which - 1)];
         const auto* value = CMARCFormat::GetIndicatorValueMatchFirst(tag, which);
         for (; value != nullptr; value = CMARCFormat::GetIndicatorValueMatchNext(tag, which)) {
+            const char byte = value->GetValue() == kBlank ? ' ' : value->GetValue();
             ByteSet& values = IsObsolete(value->GetName()) ? rule.obsolete : rule.current;
-            values.Add(value->GetValue() == kBlank ? ' ' : value->GetValue());
+            values.Add(byte);
+            if (NamesSource(value->GetName())) rule.sourced.Add(byte);
         }
     }
 }
@@ -156,6 +162,7 @@ void FieldRules::Finish() {
         });
         for (IndicatorRule& values : rule.indicators) {
             values.allowed = values.current.IsEmpty() ? ByteSet::All() : values.current;
+            rule.mayNameSource = rule.mayNameSource || !values.sourced.IsEmpty();
         }
     }
     rules_.resize(kTags);

@@ -30,6 +30,7 @@ struct IndicatorRule {
     ByteSet current;
     ByteSet obsolete;
     ByteSet allowed;  // what is current, or all
+    ByteSet sourced;  // those of the current that leave it to $2 to name a source
 
     bool Allows(char value) const { return allowed.Has(value); }
 };
@@ -41,6 +42,7 @@ struct FieldRule {
     bool isRepeatable = true;
     bool hasAnyCodes = false;  // any subfield, any number of times
     bool isHoldings = false;
+    bool mayNameSource = false;  // an indicator may leave that to $2
     FieldRole role = kRoleOther;
     ByteSet codes;
     ByteSet repeatableCodes;
@@ -56,6 +58,9 @@ struct FieldRule {
         return hasAnyCodes || (has.IsWithin(usual) && repeats.IsWithin(usualRepeatable));
     }
 };
+
+// Whether the name of an indicator's value says that a source, or the like, stands in $2.
+bool NamesSource(std::string_view name);
 
 // The format's dictionary and the holdings system in force when the object is made, by tag.
 class FieldRules {

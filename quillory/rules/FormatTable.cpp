@@ -165,6 +165,7 @@ private:
         if (which != 1 && which != 2) RefuseCell("no indicator", cells[1]);
         IndicatorRule& values = KnownField(cells[0]).indicators[which - 1];
         AddValues(IsObsolete(cells[3]) ? values.obsolete : values.current, cells[2]);
+        if (NamesSource(cells[3])) AddValues(values.sourced, cells[2]);
     }
 
     void ReadSubfield(const Cells& cells) {

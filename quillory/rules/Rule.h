@@ -43,6 +43,7 @@ enum class RuleId : std::uint16_t {
     // What a record is made of.
     IndicatorUndefined,
     IndicatorObsolete,
+    SourceMissing,
     FieldObsolete,
     SubfieldObsolete,
     FieldEmpty,

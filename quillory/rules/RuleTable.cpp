@@ -111,6 +111,11 @@ constexpr Rule kTable[] = {
     {RuleId::IndicatorObsolete, "indicator-obsolete", Note, "Obsolete indicator",
      "{found}, which is obsolete; it can be {allowed}", "The format has withdrawn the value.",
      "=050  \\1$aPS1234", kFormat},
+    {RuleId::SourceMissing, "source-missing", Warning, "Source that is not named",
+     "{found}, by which $2 names the {allowed}, and the field has no $2: give it, or change the "
+     "indicator",
+     "Nobody can tell which list or system a heading or number belongs to.", "=650  \\7$aRivers",
+     kFormat},
     {RuleId::FieldObsolete, "field-obsolete", Note, "Obsolete field",
      "the format has withdrawn this field{allowed}", "Newer systems may not index or show it.",
      "=440  \\0$aBlue book series", kFormat},

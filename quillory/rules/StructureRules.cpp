@@ -41,6 +41,29 @@ void CheckIndicators(const CheckedField& field, const FieldRule& rule, RemarkSin
     }
 }
 
+// The indicator that leaves it to $2 to name a source, in a field that has no $2; 0 if there is
+// none.
+int IndicatorWithoutSource(const CheckedField& field, const FieldRule& rule) {
+    if (!rule.mayNameSource || field.Has('2')) return 0;
+    if (rule.indicators[0].sourced.Has(field.Indicator(1))) return 1;
+    return rule.indicators[1].sourced.Has(field.Indicator(2)) ? 2 : 0;
+}
+
+// What $2 names in these fields where it is no source of a heading, term or number.
+std::string_view NamedIn2(std::string_view tag) {
+    if (tag == "082" || tag == "083") return "edition";
+    return tag == "342" || tag == "856" || tag == "857" ? "method" : "source";
+}
+
+void CheckSource(const CheckedField& field, const FieldRule& rule, RemarkSink& remarks) {
+    const int which = IndicatorWithoutSource(field, rule);
+    if (which == 0) return;
+    remarks.Add(RuleId::SourceMissing, field.GetPlace().Indicator(which), [&] {
+        return RemarkWords{IndicatorText(which, field.Indicator(which)),
+                           std::string(NamedIn2(field.tag))};
+    });
+}
+
 // "MARC 21", of which other formats than the bibliographic one are parts with a name.
 std::string FormatName(const RecordInHand& record) {
     if (MarcFormatOf(record.Leader()) == kFormatBibliographic) return "MARC 21";
@@ -171,6 +194,7 @@ bool IsInOrder(const CheckedField& field, const FieldRule& rule) {
     if (!rule.isKnown || rule.isObsolete || rule.role == kRoleLinked) return false;
     if (field.lacksText || IsOneTooMany(field, rule)) return false;
     if (!field.IsData()) return field.isPlain;
+    if (IndicatorWithoutSource(field, rule) != 0) return false;
     return rule.indicators[0].Allows(field.Indicator(1)) &&
            rule.indicators[1].Allows(field.Indicator(2)) &&
            rule.IsUsual(field.codes, field.repeated);
@@ -195,7 +219,10 @@ void CheckKnownField(const RecordInHand& record, const CheckedField& field, cons
         return;
     }
     const FieldRule& linked = rule.role == kRoleLinked ? record.RuleFor(field) : rule;
-    if (!linked.isObsolete) CheckIndicators(field, linked, remarks);
+    if (!linked.isObsolete) {
+        CheckIndicators(field, linked, remarks);
+        CheckSource(field, linked, remarks);
+    }
     CheckCodes(record, field, linked, remarks);
     // What systems keep in fields of their own is their affair.
     if (!rule.hasAnyCodes) CheckTexts(record, field, remarks);

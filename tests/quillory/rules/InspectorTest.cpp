@@ -296,6 +296,15 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
         {"24514$aMoby Dick",
          "245/2: warning: the indicator is 4; no word begins after \"Moby\"; without an article it "
          "would be 0 [nonfiling-count]"},
+        {"650 7$aRivers",
+         "650[2]/2: warning: the second indicator is 7, by which $2 names the source, and the field "
+         "has no $2: give it, or change the indicator [source-missing]"},
+        {"880 7$6650-00$aX",
+         "880/2: warning: the second indicator is 7, by which $2 names the source, and the field "
+         "has no $2: give it, or change the indicator [source-missing]"},
+        {"0827 $a551.48",
+         "082/1: warning: the first indicator is 7, by which $2 names the edition, and the field "
+         "has no $2: give it, or change the indicator [source-missing]"},
         {"1041 $aX", "104: warning: MARC 21 has no field 104 [undefined]"},
         {"500  $aX$DY", "500 $D: warning: field 500 has no subfield $D [undefined]"},
         {"500  $aX$%Y$DZ$%V", "500 $D: warning: field 500 has no subfield $D [undefined]"},

@@ -109,6 +109,7 @@ TEST_F(OtherFormatsTest, EachFormatHasRulesOfItsOwn) {
          {"55180$aX"},
          "indicator-undefined 551[2]/1; indicator-obsolete 551[2]/2"},
         {&kAuthority, "", {"7500 $aX"}, "indicator-undefined 750/1; indicator-undefined 750/2"},
+        {&kAuthority, "", {"750 7$aX", "750 7$aX$2fast"}, "source-missing 750/2"},
         {&kAuthority, "", {"668  $aX"}, "field-obsolete 668"},
         {&kAuthority, "", {"4510 $aX$bY"}, "indicator-undefined 451/1; subfield-obsolete 451 $b"},
         {&kAuthority, "", {"670  $aX$b"}, "subfield-empty 670[2] $b"},
