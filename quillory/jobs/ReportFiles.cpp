@@ -6,6 +6,7 @@
 #include <quillory/jobs/RepeatedNumbers.h>
 #include <quillory/jobs/ReportFiles.h>
 #include <quillory/jobs/ResultFile.h>
+#include <quillory/rules/StandardNumbers.h>
 #include <quillory/text/Trimmed.h>
 
 #include <algorithm>
@@ -80,7 +81,9 @@ private:
         for (const std::string& given : line_.numbers) {
             const auto number = ParseGivenNumber(given);
             if (!number) Refuse(lines);
-            key.assign(number->place.Tag()).append(number->number);
+            const std::string_view tag = number->place.Tag();
+            key.assign(tag).append(tag == "020" ? IsbnKey(number->number)
+                                                : std::string(number->number));
             numbers_.Add(key, {index_, file_, line_.item.number}, which++);
         }
         ++index_;

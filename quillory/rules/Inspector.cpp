@@ -180,9 +180,12 @@ void Inspector::NoteNumbers(RecordLook& look) const {
         std::string_view text = record_.TextOf(field, 'a');
         if (field.number == 20) text = IsbnAtFront(WithoutBlanks(text));
         if (text.empty()) return;
-        const char kind = field.number == 20 ? 'i' : 's';
+        const bool isIsbn = field.number == 20;
+        const char kind = isIsbn ? 'i' : 's';
+        const std::uint64_t hash =
+            isIsbn ? SeenNumbers::HashOf(kind, IsbnKey(text)) : SeenNumbers::HashOf(kind, text);
         look.numbers.push_back({RuleId::NumberRepeated, kind, text, field.GetPlace().Subfield('a'),
-                                look.remarks.size(), *severity, SeenNumbers::HashOf(kind, text)});
+                                look.remarks.size(), *severity, hash});
     });
 }
 

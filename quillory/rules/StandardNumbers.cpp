@@ -1,4 +1,5 @@
 #include <quillory/checks/ByteSet.h>
+#include <quillory/coded/CheckDigits.h>
 #include <quillory/rules/StandardNumbers.h>
 #include <quillory/text/Ascii.h>
 
@@ -16,29 +17,6 @@ std::string WithoutSigns(std::string_view text) {
     std::string number(text);
     std::erase_if(number, [](char c) { return c == '-' || c == ' '; });
     return number;
-}
-
-char Eleven(int rest) {
-    return rest == 10 ? 'X' : static_cast<char>('0' + rest);
-}
-
-// Weights fall from the length to 2; the check digit makes the sum a multiple of 11.
-char CheckDigit11(std::string_view digits) {
-    int sum = 0;
-    int weight = static_cast<int>(digits.size()) + 1;
-    for (const char digit : digits) sum += (digit - '0') * weight--;
-    return Eleven((11 - sum % 11) % 11);
-}
-
-// Weights are 3 and 1 in turn, 3 beside the check digit, which makes the sum a multiple of 10.
-char CheckDigit10(std::string_view digits) {
-    int sum = 0;
-    int weight = 3;
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        sum += (*digit - '0') * weight;
-        weight = 4 - weight;
-    }
-    return static_cast<char>('0' + (10 - sum % 10) % 10);
 }
 
 std::string WrongCheckDigit(char right) {
@@ -115,6 +93,14 @@ std::string_view IsbnAtFront(std::string_view text) {
     if (StartsWithDash(rest)) return text.substr(0, text.find(' '));
     const std::string_view groups = WithoutBlanks(GroupsAtFront(text));
     return HasSizeOfIsbn(groups) ? groups : number;
+}
+
+std::string IsbnKey(std::string_view number) {
+    std::string key = WithoutSigns(number);
+    if (key.empty()) return key;
+    key.back() = Upper(key.back());
+    const bool isSound10 = key.size() == kIsbn10 && FaultOf11(key).empty();
+    return isSound10 ? Isbn13Of(key) : key;
 }
 
 std::string FaultOfIsbn(std::string_view text) {

@@ -1,3 +1,4 @@
+#include <quillory/coded/CheckDigits.h>
 #include <quillory/sets/StandardNumbers.h>
 #include <quillory/text/Ascii.h>
 
@@ -33,39 +34,15 @@ std::string NumberAtFront(std::string_view text) {
 constexpr std::size_t kIsbn10 = 10;
 constexpr std::size_t kIsbn13 = 13;
 
-int ValueOf(char digit) {
-    constexpr int kTen = 10;
-    return digit == 'x' ? kTen : digit - '0';
-}
-
 bool IsIsbn10(std::string_view number) {
-    constexpr int kModulus = 11;
-    if (number.size() != kIsbn10 || !AreDigits(number.substr(0, kIsbn10 - 1))) return false;
-    int sum = 0;
-    int weight = static_cast<int>(kIsbn10);
-    for (const char c : number) sum += weight-- * ValueOf(c);
-    return sum % kModulus == 0;
-}
-
-// The sum of the digits, with weights 1 and 3 by turns.
-int WeightedSum(std::string_view digits) {
-    int sum = 0;
-    int weight = 1;
-    for (const char c : digits) {
-        sum += weight * ValueOf(c);
-        weight = 4 - weight;
-    }
-    return sum;
-}
-
-std::string Isbn13Of(std::string_view isbn10) {
-    std::string digits = "978" + std::string(isbn10.substr(0, kIsbn10 - 1));
-    digits += static_cast<char>('0' + (10 - WeightedSum(digits) % 10) % 10);
-    return digits;
+    if (number.size() != kIsbn10) return false;
+    const std::string_view digits = number.substr(0, kIsbn10 - 1);
+    return AreDigits(digits) && LowerAscii(CheckDigit11(digits)) == number.back();
 }
 
 bool IsIsbn13(std::string_view number) {
-    return number.size() == kIsbn13 && AreDigits(number) && WeightedSum(number) % 10 == 0;
+    return number.size() == kIsbn13 && AreDigits(number) &&
+           CheckDigit10(number.substr(0, kIsbn13 - 1)) == number.back();
 }
 
 std::string_view WithoutZeros(std::string_view digits) {

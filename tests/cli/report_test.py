@@ -84,6 +84,20 @@ class Report(Cli):
                     if '"number-repeated"' in line]
         self.assertEqual(repeated, [7, 8, 9])
 
+    def test_an_isbn_in_several_forms(self):
+        record = b"=LDR  00000nam a2200000 a 4500\n=001  %d\n=020  \\\\$a%s\n\n"
+        forms = [b"0-13-110362-8 (pbk.)", b"9780131103627", b"0131103629"]
+        whole, *parts = [self.convert(self.path("i.mrk", text), f"{at}.mrc") for at, text in
+                         enumerate([b"".join(record % form for form in enumerate(forms)),
+                                    *(record % form for form in enumerate(forms))])]
+        _, wanted = self.check(whole, to="whole.jsonl", options=("--only", "number-repeated"))
+        results = [self.check(part, to=f"{part.name}.jsonl",
+                              options=("--only", "number-repeated"))[1] for part in parts]
+        _, text, _ = self.report(*results, "--format", "jsonl")
+        repeated = [["number-repeated" in line for line in lines.splitlines()]
+                    for lines in (wanted.read_text(), text)]
+        self.assertEqual(repeated, [[False, True, False]] * 2)
+
     def test_a_file_of_unimarc_in_parts(self):
         record = (b"=LDR  00000nam a2200000 a 4500\n=001  %d\n"
                   b"=100  \\\\$a20010115d1998\\\\\\\\m\\y0frey50\\\\\\\\\\ba\n=200  1\\$aTitre\n"

@@ -297,8 +297,8 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
          "245/2: warning: the indicator is 4; no word begins after \"Moby\"; without an article it "
          "would be 0 [nonfiling-count]"},
         {"650 7$aRivers",
-         "650[2]/2: warning: the second indicator is 7, by which $2 names the source, and the field "
-         "has no $2: give it, or change the indicator [source-missing]"},
+         "650[2]/2: warning: the second indicator is 7, by which $2 names the source, and the "
+         "field has no $2: give it, or change the indicator [source-missing]"},
         {"880 7$6650-00$aX",
          "880/2: warning: the second indicator is 7, by which $2 names the source, and the field "
          "has no $2: give it, or change the indicator [source-missing]"},
@@ -567,7 +567,7 @@ TEST_F(InspectorTest, NumbersThatWereMetAreNamedWithTheirFile) {
                         Lists());
     const TestRecord one({"001a", "020  $a9780596000271 (pbk.)", "035  $a(X)1"}, '$');
     const TestRecord other({"001b", "020  $a9780596000271", "020  $a9780596000271"}, '$');
-    EXPECT_EQ(Found(inspector, TestRecord({"020  $a978 0 596 00027 1"}, '$').record, 5), "");
+    EXPECT_EQ(Found(inspector, TestRecord({"020  $a978 0 596 00028 8"}, '$').record, 5), "");
     EXPECT_EQ(Found(inspector, TestRecord({"020  $a978 0 13 110362 7"}, '$').record, 6), "");
     inspector.BeginFile("one.mrc");
     EXPECT_EQ(Found(inspector, one.record, 7), "");
@@ -584,6 +584,23 @@ TEST_F(InspectorTest, NumbersThatWereMetAreNamedWithTheirFile) {
     }
     EXPECT_EQ(Found(inspector, TestRecord({"001n17"}, '$').record, 6000),
               "control-number-repeated 001");
+}
+
+// One with a wrong check digit is another.
+TEST_F(InspectorTest, AnIsbnIsTheSameInAllItsForms) {
+    Inspector inspector({}, RuleWeights({{}, {"number-repeated"}, {}}), Lists());
+    std::uint64_t number = 0;
+    const auto found = [&](const std::string& isbn) {
+        return Found(inspector, TestRecord({"020  $a" + isbn}, '$').record, ++number);
+    };
+    EXPECT_EQ(found("0-13-110362-8 (pbk.)"), "");
+    EXPECT_EQ(found("080442957X"), "");
+    EXPECT_EQ(found("0131103629"), "");
+    EXPECT_EQ(found("9790131103628"), "");
+    for (const char* isbn : {"0131103628", "9780131103627", "978-0-13-110362-7", "0-8044-2957-x",
+                             "978 0 8044 2957 3", "0131103629 :"}) {
+        EXPECT_EQ(found(isbn), "number-repeated 020 $a") << isbn;
+    }
 }
 
 TEST_F(InspectorTest, BytesAndControlNumbersAreOfAnyFormat) {

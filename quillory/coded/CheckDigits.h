@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace quillory {
+
+// The check digits of standard numbers, from the digits before them.
+
+// Of an ISBN of 10 digits or an ISSN, modulo 11: a digit or X (ISO 2108, ISO 3297).
+char CheckDigit11(std::string_view digits);
+// Of an ISBN of 13 digits, an EAN or a UPC, modulo 10 (GS1 General Specifications).
+char CheckDigit10(std::string_view digits);
+
+// The 13 digits of an ISBN that has 10, whatever its check digit is.
+std::string Isbn13Of(std::string_view isbn10);
+
+}  // namespace quillory
