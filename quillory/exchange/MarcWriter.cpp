@@ -92,7 +92,7 @@ void MarcAssembler::AssembleSome(const Record& record, std::string_view leader,
                                  WriteResult& result) {
     writer_.Clear();
     writer_.SetLeader(leader);
-    size_ = zorby::kLeaderSize + 2;
+    size_ = zorby::CommFormatSize({});
     for (std::size_t i = 0; i < record.fields.size(); ++i) {
         if (oversize_ == kOversizeCut) {
             AddToFit(record, i, result);

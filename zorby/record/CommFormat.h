@@ -106,7 +106,7 @@ ZORBY_EXPORT CommFormatFault RescueCommFormat(std::string_view bytes, CommFormat
 // the directory. This replaces what `record` held. After a fault `record` is empty.
 ZORBY_EXPORT CommFormatFault ReadCommFormat(std::string_view bytes, CPmarc& record);
 
-// The bytes of a record with these fields, the leader, the directory and all terminators included.
+// The size, in bytes, of a record with these fields: leader, directory, fields and all terminators.
 ZORBY_EXPORT std::size_t CommFormatSize(std::span<const CommFormatField> fields);
 
 // Writes a record, which replaces what `record` held; the views must not point there. The leader is

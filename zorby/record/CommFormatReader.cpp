@@ -137,9 +137,7 @@ CommFormatFault Reader::Read(std::vector<CommFormatField>& fields) const {
     return {};
 }
 
-}  // namespace
-
-CommFormatFault ReadCommFormat(std::string_view bytes, CommFormatFields& fields) {
+CommFormatFault ReadFields(std::string_view bytes, CommFormatFields& fields) {
     if (CommFormatFault fault = CheckLength(bytes)) return fault;
     fields.leader = bytes.substr(0, kLeaderSize);
     if (CommFormatFault fault = CheckCounts(fields.leader)) return fault;
@@ -148,6 +146,14 @@ CommFormatFault ReadCommFormat(std::string_view bytes, CommFormatFields& fields)
     const Reader reader(bytes, static_cast<std::size_t>(base));
     if (reader.ReadPlain(fields.fields)) return {};
     return reader.Read(fields.fields);
+}
+
+}  // namespace
+
+CommFormatFault ReadCommFormat(std::string_view bytes, CommFormatFields& fields) {
+    CommFormatFault fault = ReadFields(bytes, fields);
+    if (fault) fields.fields.clear();
+    return fault;
 }
 
 CommFormatFault ReadCommFormat(std::string_view bytes, CPmarc& record) {

@@ -8,6 +8,7 @@ namespace zorby {
 namespace {
 
 constexpr char kUnknownLeaderByte = '|';
+constexpr std::size_t kEnds = 2;           // terminators, of the directory and of the record
 constexpr std::size_t kDataLimit = 99999;  // bytes; all fields together stay below this
 
 // The numbers from 00 to 99.
@@ -66,7 +67,6 @@ std::size_t BytesToCut(std::size_t total, std::size_t dataSize) {
 }  // namespace
 
 std::size_t CommFormatSize(std::span<const CommFormatField> fields) {
-    constexpr std::size_t kEnds = 2;  // those of the directory and of the record
     std::size_t size = kLeaderSize + kEnds + fields.size() * (kDirectoryEntrySize + 1);
     for (const CommFormatField& field : fields) size += field.content.size();
     return size;
@@ -121,7 +121,6 @@ bool CommFormatWriter::AddField(std::string_view tag, std::string_view content) 
 }
 
 std::size_t CommFormatWriter::Finish(std::string& record) const {
-    constexpr std::size_t kEnds = 2;  // those of the directory and of the record
     record.clear();
     if (directory_.empty() || data_.empty()) return 0;
     const std::size_t total = kLeaderSize + directory_.size() + data_.size() + kEnds;

@@ -164,6 +164,7 @@ TEST(CommFormat, WritesAtOnceWhatTheBuilderWrites) {
         bool fits;
     } const kCases[] = {
         {"00000nam a2200000 a 4500", {{"001", "1"}, {"5", ""}, {"", "x"}, {"9999", "y"}}, true},
+        {"00000nam a2200000 a 4500 and more", {{"001", "1"}}, true},
         {"00000nam", {{"245", "10\037aShort leader"}}, true},
         {"", {{"245", longest}}, true},
         {"", {{"245", tooLong}}, false},
@@ -172,14 +173,15 @@ TEST(CommFormat, WritesAtOnceWhatTheBuilderWrites) {
         {"", {}, false},
     };
     for (const auto& c : kCases) {
-        std::string record = "as it was";
+        const std::string before(70, '.');  // longer than some of them
+        std::string record = before;
         EXPECT_EQ(WriteCommFormat(c.leader, c.fields, record), c.fits) << c.fields.size();
         CommFormatWriter writer;
         writer.SetLeader(c.leader);
         for (const auto& [tag, content] : c.fields) writer.AddField(tag, content);
         std::string built;
         EXPECT_EQ(writer.Finish(built), 0U);
-        EXPECT_EQ(record, c.fits ? built : "as it was");
+        EXPECT_EQ(record, c.fits ? built : before);
     }
     nine.push_back({"900", ""});
     const std::string last(kLongestRecord - CommFormatSize(nine) + 1, 'y');
