@@ -7,7 +7,7 @@
 namespace quillory {
 
 // The codes of the subfields in a field: which letters from a to z, which digits, and whether there
-// is any other, as seldom as that is.
+// is any other.
 class CodeSet {
 public:
     constexpr CodeSet() = default;
@@ -20,7 +20,8 @@ public:
         return set;
     }
 
-    // Of a code that is neither letter nor digit: whether there is any of that kind.
+    // Whether the code is there, or, for one that is no letter from a to z and no digit, any such
+    // one.
     constexpr bool MayHave(char code) const { return (bits_ & Of(code).bits_) != 0; }
     constexpr bool IsWithin(CodeSet other) const { return (bits_ & ~other.bits_) == 0; }
     constexpr CodeSet And(CodeSet other) const { return CodeSet(bits_ & other.bits_); }

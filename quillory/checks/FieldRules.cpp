@@ -153,6 +153,8 @@ void FieldRules::AllowAny(unsigned tag) {
 }
 
 void FieldRules::Finish() {
+    rules_.resize(kTags);
+    rules_.emplace_back();  // for kNoTag
     for (FieldRule& rule : rules_) {
         rule.codes.Without(rule.obsoleteCodes).ForEach([&rule](unsigned char byte) {
             const char code = static_cast<char>(byte);
@@ -165,8 +167,6 @@ void FieldRules::Finish() {
             rule.mayNameSource = rule.mayNameSource || !values.sourced.IsEmpty();
         }
     }
-    rules_.resize(kTags);
-    rules_.emplace_back();  // for kNoTag
 }
 
 }  // namespace quillory

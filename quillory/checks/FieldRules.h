@@ -30,7 +30,7 @@ struct IndicatorRule {
     ByteSet current;
     ByteSet obsolete;
     ByteSet allowed;  // what is current, or all
-    ByteSet sourced;  // those of the current that leave it to $2 to name a source
+    ByteSet sourced;  // those that leave the source, or the like, to $2
 
     bool Allows(char value) const { return allowed.Has(value); }
 };
@@ -42,7 +42,7 @@ struct FieldRule {
     bool isRepeatable = true;
     bool hasAnyCodes = false;  // any subfield, any number of times
     bool isHoldings = false;
-    bool mayNameSource = false;  // an indicator may leave that to $2
+    bool mayNameSource = false;  // an indicator may leave the source to $2
     FieldRole role = kRoleOther;
     ByteSet codes;
     ByteSet repeatableCodes;

@@ -50,7 +50,7 @@ struct CheckedField {
         lacksText = false;
     }
     bool IsData() const { return number != kNoTag && number >= kFirstDataTag; }
-    // Of a letter or a digit.
+    // As CodeSet::MayHave: for letters from a to z and digits.
     bool Has(char code) const { return codes.MayHave(code); }
     Place GetPlace() const { return Place::OfField(tag, occurrence); }
     // 1 or 2; NUL where the field is too short to have it.
@@ -105,7 +105,7 @@ public:
     }
     // The first 008, if it has all its 40 positions; null otherwise.
     const CheckedField* Whole008() const;
-    // The first subfield of a code, a letter or a digit; empty if the field has none.
+    // The first subfield of a code; empty if the field has none.
     std::string_view TextOf(const CheckedField& field, char code) const;
     const FieldRule& RuleOf(unsigned tag) const { return rules_->Of(tag); }
     // What the field may have: for an 880 the rules of the field that it is linked to.

@@ -12,7 +12,8 @@ char CheckDigit11(std::string_view digits);
 // Of an ISBN of 13 digits, an EAN or a UPC, modulo 10 (GS1 General Specifications).
 char CheckDigit10(std::string_view digits);
 
-// The 13 digits of an ISBN that has 10, whatever its check digit is.
-std::string Isbn13Of(std::string_view isbn10);
+// The 13 digits of an ISBN that has 10 or 13 of them, without hyphens, and the right check digit;
+// empty for anything else. The last of 10 may be an X or x.
+std::string SoundIsbn13(std::string_view number);
 
 }  // namespace quillory

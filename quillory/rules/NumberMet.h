@@ -17,7 +17,7 @@ struct NumberMet {
     Place place;
     std::size_t at;          // where a remark on it comes among the others
     Severity severity;       // of such a remark
-    std::uint64_t hash = 0;  // SeenNumbers::HashOf of kind and number
+    std::uint64_t hash = 0;  // SeenNumbers::HashOf of kind and number, or IsbnKey
 };
 
 // The rules about a number that another record has, too.

@@ -111,8 +111,8 @@ constexpr Rule kTable[] = {
     {RuleId::IndicatorObsolete, "indicator-obsolete", Note, "Obsolete indicator",
      "{found}, which is obsolete; it can be {allowed}", "The format has withdrawn the value.",
      "=050  \\1$aPS1234", kFormat},
-    {RuleId::SourceMissing, "source-missing", Warning, "Source that is not named",
-     "{found}, by which $2 names the {allowed}, and the field has no $2: give it, or change the "
+    {RuleId::SourceMissing, "source-missing", Warning, "Missing source in $2",
+     "{found}, which leaves the {allowed} to $2, and the field has no $2: add $2, or change the "
      "indicator",
      "Nobody can tell which list or system a heading or number belongs to.", "=650  \\7$aRivers",
      kFormat},
@@ -175,7 +175,7 @@ constexpr Rule kTable[] = {
      "MARC-8 lacks {found}", "A system in MARC-8 gets a code such as &#x2013; for it.",
      "=245  10$aWorks, 1901\u20131910", "MARC 21 Specifications: Character Sets"},
     {RuleId::NumberRepeated, "number-repeated", Note, "Repeated ISBN or system number",
-     "record {allowed} has {found}, too",
+     "record {allowed} has the same number, {found}",
      "Files are matched by these numbers, so that one of the two records may go.",
      "two records with 020 $a 9780596000271", kFormat},
     {RuleId::IsbnInvalid, "isbn-invalid", Warning, "Wrong ISBN", "{found}: {allowed}",

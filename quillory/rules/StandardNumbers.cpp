@@ -96,11 +96,9 @@ std::string_view IsbnAtFront(std::string_view text) {
 }
 
 std::string IsbnKey(std::string_view number) {
-    std::string key = WithoutSigns(number);
-    if (key.empty()) return key;
-    key.back() = Upper(key.back());
-    const bool isSound10 = key.size() == kIsbn10 && FaultOf11(key).empty();
-    return isSound10 ? Isbn13Of(key) : key;
+    constexpr std::size_t kLongest = 17;  // 13 digits in five groups
+    const std::string sound = number.size() <= kLongest ? SoundIsbn13(WithoutSigns(number)) : "";
+    return sound.empty() ? std::string(number) : sound;
 }
 
 std::string FaultOfIsbn(std::string_view text) {

@@ -11,8 +11,8 @@ std::string_view GroupsAtFront(std::string_view text);
 // The ISBN at the front of a text, before any words: digits, X and hyphens, and blanks where a
 // number of 10 or 13 digits has them between its groups. Empty for a text that begins otherwise.
 std::string_view IsbnAtFront(std::string_view text);
-// A text that is the same for one ISBN, however it is written: with hyphens or without, with 10
-// digits or 13. `number` is what stands at the front. A number with another check digit is another.
+// What an ISBN is compared by. It is the same whether a sound ISBN has 10 digits or 13, with
+// hyphens or blanks between its groups or without; any other number is compared as it is written.
 std::string IsbnKey(std::string_view number);
 
 // What is wrong with a number, in words that follow the number; empty if nothing is. Each takes the

@@ -41,26 +41,32 @@ void CheckIndicators(const CheckedField& field, const FieldRule& rule, RemarkSin
     }
 }
 
-// The indicator that leaves it to $2 to name a source, in a field that has no $2; 0 if there is
-// none.
+// The indicator that leaves the source to $2, in a field that has no $2; 0 if there is none.
 int IndicatorWithoutSource(const CheckedField& field, const FieldRule& rule) {
     if (!rule.mayNameSource || field.Has('2')) return 0;
     if (rule.indicators[0].sourced.Has(field.Indicator(1))) return 1;
     return rule.indicators[1].sourced.Has(field.Indicator(2)) ? 2 : 0;
 }
 
-// What $2 names in these fields where it is no source of a heading, term or number.
+// The tag by whose rule a field goes: of an 880 that of the field to which it belongs.
+std::string_view RuledTag(const RecordInHand& record, const CheckedField& field) {
+    const bool isLinked = &record.RuleFor(field) != field.rule;
+    return isLinked ? record.TextOf(field, '6').substr(0, kTagSize) : field.tag;
+}
+
+// What $2 names; in most fields it is the source of a heading, term or number.
 std::string_view NamedIn2(std::string_view tag) {
     if (tag == "082" || tag == "083") return "edition";
     return tag == "342" || tag == "856" || tag == "857" ? "method" : "source";
 }
 
-void CheckSource(const CheckedField& field, const FieldRule& rule, RemarkSink& remarks) {
+void CheckSource(const RecordInHand& record, const CheckedField& field, const FieldRule& rule,
+                 RemarkSink& remarks) {
     const int which = IndicatorWithoutSource(field, rule);
     if (which == 0) return;
     remarks.Add(RuleId::SourceMissing, field.GetPlace().Indicator(which), [&] {
         return RemarkWords{IndicatorText(which, field.Indicator(which)),
-                           std::string(NamedIn2(field.tag))};
+                           std::string(NamedIn2(RuledTag(record, field)))};
     });
 }
 
@@ -78,10 +84,9 @@ void AddUndefinedField(const RecordInHand& record, const CheckedField& field, Re
 
 // "field 245"; of an 880 with the field to which it belongs.
 std::string FieldName(const RecordInHand& record, const CheckedField& field) {
-    std::string name = "field " + std::string(field.tag);
-    const bool isLinked = &record.RuleFor(field) != field.rule;
-    if (!isLinked) return name;
-    return name + " for " + std::string(record.TextOf(field, '6').substr(0, kTagSize));
+    const std::string_view tag = RuledTag(record, field);
+    const std::string name = "field " + std::string(field.tag);
+    return tag == field.tag ? name : name + " for " + std::string(tag);
 }
 
 // How to keep both of two subfields.
@@ -221,7 +226,7 @@ void CheckKnownField(const RecordInHand& record, const CheckedField& field, cons
     const FieldRule& linked = rule.role == kRoleLinked ? record.RuleFor(field) : rule;
     if (!linked.isObsolete) {
         CheckIndicators(field, linked, remarks);
-        CheckSource(field, linked, remarks);
+        CheckSource(record, field, linked, remarks);
     }
     CheckCodes(record, field, linked, remarks);
     // What systems keep in fields of their own is their affair.

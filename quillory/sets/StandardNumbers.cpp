@@ -34,17 +34,6 @@ std::string NumberAtFront(std::string_view text) {
 constexpr std::size_t kIsbn10 = 10;
 constexpr std::size_t kIsbn13 = 13;
 
-bool IsIsbn10(std::string_view number) {
-    if (number.size() != kIsbn10) return false;
-    const std::string_view digits = number.substr(0, kIsbn10 - 1);
-    return AreDigits(digits) && LowerAscii(CheckDigit11(digits)) == number.back();
-}
-
-bool IsIsbn13(std::string_view number) {
-    return number.size() == kIsbn13 && AreDigits(number) &&
-           CheckDigit10(number.substr(0, kIsbn13 - 1)) == number.back();
-}
-
 std::string_view WithoutZeros(std::string_view digits) {
     digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
     return digits;
@@ -57,9 +46,8 @@ std::string_view WithoutZeros(std::string_view digits) {
 std::string NormalIsbn(std::string_view text) {
     const std::string number = NumberAtFront(text);
     for (const std::size_t size : {kIsbn13, kIsbn10}) {
-        const std::string_view front = std::string_view(number).substr(0, size);
-        if (IsIsbn13(front)) return std::string(front);
-        if (IsIsbn10(front)) return Isbn13Of(front);
+        const std::string sound = SoundIsbn13(std::string_view(number).substr(0, size));
+        if (!sound.empty()) return sound;
     }
     return number.size() >= kIsbn10 ? number : Signs(text);
 }

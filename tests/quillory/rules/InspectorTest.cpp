@@ -297,14 +297,17 @@ TEST_F(InspectorTest, SaysWhatIsThereAndWhatWouldBeRight) {
          "245/2: warning: the indicator is 4; no word begins after \"Moby\"; without an article it "
          "would be 0 [nonfiling-count]"},
         {"650 7$aRivers",
-         "650[2]/2: warning: the second indicator is 7, by which $2 names the source, and the "
-         "field has no $2: give it, or change the indicator [source-missing]"},
-        {"880 7$6650-00$aX",
-         "880/2: warning: the second indicator is 7, by which $2 names the source, and the field "
-         "has no $2: give it, or change the indicator [source-missing]"},
+         "650[2]/2: warning: the second indicator is 7, which leaves the source to $2, and the "
+         "field has no $2: add $2, or change the indicator [source-missing]"},
+        {"8807 $6856-00$uhttp://a.org/",
+         "880/1: warning: the first indicator is 7, which leaves the method to $2, and the field "
+         "has no $2: add $2, or change the indicator [source-missing]"},
         {"0827 $a551.48",
-         "082/1: warning: the first indicator is 7, by which $2 names the edition, and the field "
-         "has no $2: give it, or change the indicator [source-missing]"},
+         "082/1: warning: the first indicator is 7, which leaves the edition to $2, and the field "
+         "has no $2: add $2, or change the indicator [source-missing]"},
+        {"086  $aA 1.2",
+         "086/1: warning: the first indicator is blank, which leaves the source to $2, and the "
+         "field has no $2: add $2, or change the indicator [source-missing]"},
         {"1041 $aX", "104: warning: MARC 21 has no field 104 [undefined]"},
         {"500  $aX$DY", "500 $D: warning: field 500 has no subfield $D [undefined]"},
         {"500  $aX$%Y$DZ$%V", "500 $D: warning: field 500 has no subfield $D [undefined]"},
@@ -601,6 +604,11 @@ TEST_F(InspectorTest, AnIsbnIsTheSameInAllItsForms) {
                              "978 0 8044 2957 3", "0131103629 :"}) {
         EXPECT_EQ(found(isbn), "number-repeated 020 $a") << isbn;
     }
+    const std::vector<std::string> both{"020  $a0306406152", "020  $a9780306406157"};
+    EXPECT_EQ(Found(inspector, TestRecord(both, '$').record, ++number), "");
+    EXPECT_EQ(Found(inspector, TestRecord(both, '$').record, ++number),
+              "number-repeated 020 $a; number-repeated 020[2] $a");
+    for (const char* text : {"-", "--", "X", "x", "\u2010-"}) EXPECT_EQ(found(text), "") << text;
 }
 
 TEST_F(InspectorTest, BytesAndControlNumbersAreOfAnyFormat) {
