@@ -97,8 +97,10 @@ std::string_view IsbnAtFront(std::string_view text) {
 
 std::string IsbnKey(std::string_view number) {
     constexpr std::size_t kLongest = 17;  // 13 digits in five groups
-    const std::string sound = number.size() <= kLongest ? SoundIsbn13(WithoutSigns(number)) : "";
-    return sound.empty() ? std::string(number) : sound;
+    if (number.size() > kLongest) return std::string(number);
+    std::string sound = SoundIsbn13(WithoutSigns(number));
+    if (sound.empty()) sound = number;
+    return sound;
 }
 
 std::string FaultOfIsbn(std::string_view text) {

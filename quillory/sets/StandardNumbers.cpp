@@ -46,7 +46,7 @@ std::string_view WithoutZeros(std::string_view digits) {
 std::string NormalIsbn(std::string_view text) {
     const std::string number = NumberAtFront(text);
     for (const std::size_t size : {kIsbn13, kIsbn10}) {
-        const std::string sound = SoundIsbn13(std::string_view(number).substr(0, size));
+        std::string sound = SoundIsbn13(std::string_view(number).substr(0, size));
         if (!sound.empty()) return sound;
     }
     return number.size() >= kIsbn10 ? number : Signs(text);
