@@ -1,5 +1,6 @@
 #include <quillory/rules/MediaTypes.h>
 #include <quillory/rules/RuleFamilies.h>
+#include <quillory/rules/Words.h>
 #include <quillory/text/Trimmed.h>
 
 #include <algorithm>
@@ -191,7 +192,7 @@ void CheckFormOfItem(const RecordInHand& record, const CodeList& carriers, Remar
         remarks.Add(RuleId::FormAgainstCarrier, place, "\"o\" (online)",
                     '"' + std::string(MediaTermOf(338, carriers.front().code)) + '"');
     } else if (isOnline && form.value != 'o' && form.value != 's') {
-        remarks.Add(RuleId::FormAgainstCarrier, place, std::string("\"") + form.value + '"',
+        remarks.Add(RuleId::FormAgainstCarrier, place, Shown({&form.value, 1}),
                     "\"online resource\", which is o");
     }
 }

@@ -1,5 +1,6 @@
 #include <quillory/faults/Errors.h>
 #include <quillory/rules/Inspector.h>
+#include <quillory/text/Utf8.h>
 
 #include <gtest/gtest.h>
 
@@ -8,6 +9,7 @@
 #include <random>
 #include <tests/quillory/Records.h>
 #include <tests/quillory/checks/DictionariesInForce.h>
+#include <utility>
 
 namespace quillory {
 namespace {
@@ -445,6 +447,41 @@ TEST_F(InspectorTest, SaysWhatThePositionsOf008HoldAndWouldHold) {
             lines, [](const std::string& line) { return line.starts_with("008"); },
             With008(row.position, row.value));
         EXPECT_EQ(FirstLine(inspector, lines), row.words);
+    }
+}
+
+// Whatever byte stands wherever: words are UTF-8 without controls.
+TEST_F(InspectorTest, WordsCanBeShown) {
+    const auto canBeShown = [](std::string_view words) {
+        while (!words.empty()) {
+            const Utf8Char c = DecodeUtf8(words);
+            if (!c.valid || c.codePoint < ' ' || (0x7F <= c.codePoint && c.codePoint < 0xA0)) {
+                return false;
+            }
+            words.remove_prefix(c.size);
+        }
+        return true;
+    };
+    Inspector inspector({}, RuleWeights(), Lists());
+    std::vector<Remark> remarks;
+    std::uint64_t number = 0;
+    for (const char* carrier : {"338  $avolume$bnc", "338  $aonline resource$bcr"}) {
+        Lines lines = kSound;
+        lines.emplace_back("LDR00000nam a2200000 a 4500");
+        std::ranges::replace_if(
+            lines, [](const std::string& line) { return line.starts_with("338"); }, carrier);
+        for (std::string& line : lines) {
+            for (std::size_t at = kTagSize; at < line.size(); ++at) {
+                for (const char byte : {'\xFF', '\x1B', '\x7F', '\x9B', ' ', '7'}) {
+                    const char before = std::exchange(line[at], byte);
+                    inspector.Inspect(TestRecord(lines, '$').record, ++number, remarks);
+                    for (const Remark& remark : remarks) {
+                        EXPECT_TRUE(canBeShown(RemarkLine(remark))) << RemarkLine(remark) << line;
+                    }
+                    line[at] = before;
+                }
+            }
+        }
     }
 }
 
