@@ -86,7 +86,7 @@ struct CommFormatFields {
 };
 
 // Reads one record, which takes up all of `bytes`, without copying. The bytes may be anything.
-// After a fault, `fields` holds nothing useful.
+// After a fault there are no fields.
 ZORBY_EXPORT CommFormatFault ReadCommFormat(std::string_view bytes, CommFormatFields& fields);
 
 // A damaged record, read by its terminators and delimiters. The views point into the bytes or into

@@ -113,13 +113,16 @@ const DamageCase kDamages[] = {
 };
 
 TEST(CommFormat, NamesEachDamage) {
+    const std::string sound = SoundRecord();
     for (const DamageCase& c : kDamages) {
-        std::string bytes = SoundRecord();
+        std::string bytes = sound;
         c.damage(bytes);
         CommFormatFields fields;
+        ASSERT_FALSE(ReadCommFormat(sound, fields));  // of which nothing may stay
         const CommFormatFault fault = ReadCommFormat(bytes, fields);
         EXPECT_EQ(fault.reason, c.reason) << c.name << ": " << CommFormatFaultText(fault.reason);
         EXPECT_EQ(fault.offset, c.offset) << c.name;
+        EXPECT_TRUE(fields.fields.empty()) << c.name;
         CPmarc record;
         EXPECT_EQ(ReadCommFormat(bytes, record).reason, c.reason) << c.name;
         EXPECT_EQ(record.FieldCount(), 0U) << c.name;
